@@ -1,0 +1,22 @@
+# What every target of the project is built with.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(PLANVIEW_CCACHE ccache)
+if(PLANVIEW_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${PLANVIEW_CCACHE}")
+endif()
+
+if(PLANVIEW_SANITIZE)
+  add_compile_options("-fsanitize=${PLANVIEW_SANITIZE}" -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options("-fsanitize=${PLANVIEW_SANITIZE}")
+endif()
+
+# planview_warnings(TARGET): the project's warnings, as errors.
+function(planview_warnings target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+endfunction()

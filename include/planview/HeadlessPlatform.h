@@ -1,0 +1,27 @@
+#pragma once
+
+#include <memory>
+
+#include <planview/Platform.h>
+
+namespace planview {
+
+/// A platform without a screen, for hosts that build and read a view in a service or a test.
+///
+/// Message boxes answer with their default button, forms are never shown, and the system information is that of the
+/// operating system. The log folder is "planview" in the user's state folder (`XDG_STATE_HOME`, else "~/.local/state").
+class HeadlessPlatform {
+public:
+    HeadlessPlatform();
+    ~HeadlessPlatform();
+    HeadlessPlatform(const HeadlessPlatform&) = delete;
+    HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
+
+    [[nodiscard]] Platform Interfaces() noexcept;
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace planview

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <planview/AutomationObject.h>
+
+namespace planview {
+
+/// A ready-made host table that keeps its rows in memory.
+///
+/// Offers what the control asks of every table: `rowCount`, the default member (row, field) to get and to put, and
+/// `Rows` with `Rows(i)` and `Add`. Rows are numbered from 1. A field that was not listed at construction is an
+/// UnknownMember error, a row outside 1 .. RowCount() a SubscriptOutOfRange error. Field names are compared exactly.
+class MemoryTable final : public AutomationObject {
+public:
+    explicit MemoryTable(std::vector<std::string> fields);
+    ~MemoryTable() override;
+    MemoryTable(const MemoryTable&) = delete;
+    MemoryTable& operator=(const MemoryTable&) = delete;
+
+    [[nodiscard]] std::int32_t RowCount() const noexcept;
+    [[nodiscard]] const std::vector<std::string>& Fields() const noexcept;
+
+    /// Appends a row whose fields are all Empty and returns its number.
+    std::int32_t AddRow();
+    /// Appends a row with these values in the order of Fields(); missing ones at the end stay Empty.
+    std::int32_t AddRow(std::vector<Variant> values);
+    void RemoveRow(std::int32_t row);
+    void Clear() noexcept;
+    void Reserve(std::int32_t rows);
+
+    [[nodiscard]] const Variant& Value(std::int32_t row, std::string_view field) const;
+    void SetValue(std::int32_t row, std::string_view field, Variant value);
+
+    [[nodiscard]] DispatchId IdOf(std::string_view name) const override;
+    [[nodiscard]] Variant Get(DispatchId member, Arguments arguments) override;
+    void Put(DispatchId member, Arguments arguments, const Variant& value) override;
+    Variant Call(DispatchId member, Arguments arguments) override;
+
+private:
+    struct State;  // shared with the row collections handed out, so that these may outlive the table
+    std::shared_ptr<State> state_;
+};
+
+}  // namespace planview

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace planview {
+
+enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
+enum class MessageIcon { None, Information, Question, Exclamation, Error };
+enum class MessageAnswer { Ok, Cancel, Yes, No };
+
+struct MessageBoxRequest {
+    std::string text;
+    std::string title;
+    MessageButtons buttons = MessageButtons::Ok;
+    MessageIcon icon = MessageIcon::None;
+    /// The button that Return presses; one of `buttons`.
+    MessageAnswer defaultAnswer = MessageAnswer::Ok;
+};
+
+/// Asks or tells the user something and waits for the answer.
+class MessageBoxes {
+public:
+    virtual ~MessageBoxes() = default;
+    virtual MessageAnswer Show(const MessageBoxRequest& request) = 0;
+};
+
+/// A form of the control: its state and behaviour without its window. The desktop finds the window by `Name()`.
+class Form {
+public:
+    virtual ~Form() = default;
+    [[nodiscard]] virtual std::string_view Name() const noexcept = 0;
+    [[nodiscard]] virtual std::string_view Caption() const noexcept = 0;
+};
+
+/// Gives forms their windows. A form may be shown while it is not loaded; showing loads it.
+class Forms {
+public:
+    virtual ~Forms() = default;
+    /// Makes the window ready without showing it.
+    virtual void Load(Form& form) = 0;
+    /// Returns when the user has closed or hidden the window.
+    virtual void ShowModal(Form& form) = 0;
+    virtual void Hide(Form& form) = 0;
+    /// Ends the window; the form object itself stays.
+    virtual void Unload(Form& form) = 0;
+};
+
+/// Sizes in bytes.
+struct MemoryStatus {
+    std::int64_t totalPhysical = 0;
+    std::int64_t totalPageFile = 0;
+    std::int64_t availablePageFile = 0;
+};
+
+/// What the operating system says of itself.
+class SystemInformation {
+public:
+    virtual ~SystemInformation() = default;
+    /// No value when the system does not tell.
+    [[nodiscard]] virtual std::optional<MemoryStatus> Memory() const = 0;
+    /// The platform identifier: 0, 1 and 2 are the three that the trace knows by name, any other number is one it does
+    /// not know. No value when the query fails.
+    [[nodiscard]] virtual std::optional<int> PlatformId() const = 0;
+    /// The folder for the trace log, without a separator at its end. Created on demand; empty when there is none.
+    [[nodiscard]] virtual std::string LogFolder() const = 0;
+    /// The decimal mark of the user's regional settings, "." or ",".
+    [[nodiscard]] virtual char DecimalMark() const = 0;
+};
+
+/// What the control needs of the desktop it runs on. The referred objects must outlive the control.
+struct Platform {
+    MessageBoxes& messageBoxes;
+    Forms& forms;
+    SystemInformation& system;
+};
+
+}  // namespace planview

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <variant>
+
+namespace planview {
+
+class AutomationObject;
+
+/// A counted reference to an object shared between the host and the control.
+using ObjectRef = std::shared_ptr<AutomationObject>;
+
+/// A value that crosses the border between the control and its host.
+///
+/// The conversions follow one set of rules everywhere: booleans count as -1 and 0, a number is rounded to the nearest
+/// whole number (halves to the even one), texts are read by ParseNumber(). A conversion that cannot be made throws
+/// AutomationError with the code TypeMismatch, one that leaves the range of the target throws Overflow.
+class Variant {
+public:
+    enum class Kind : std::uint8_t { Empty, Nothing, Boolean, Int16, Int32, Double, Text, Object };
+
+    Variant() noexcept = default;
+    Variant(bool value) noexcept : value_(value) {}
+    Variant(std::int16_t value) noexcept : value_(value) {}
+    Variant(std::int32_t value) noexcept : value_(value) {}
+    Variant(double value) noexcept : value_(value) {}
+    Variant(std::string value) noexcept : value_(std::move(value)) {}
+    Variant(std::string_view value) : value_(std::string(value)) {}
+    Variant(const char* value) : value_(std::string(value)) {}
+    /// A null reference becomes Nothing.
+    Variant(ObjectRef object) noexcept;
+    template <class Object, class = std::enable_if_t<std::is_base_of_v<AutomationObject, Object>>>
+    Variant(std::shared_ptr<Object> object) noexcept : Variant(ObjectRef(std::move(object))) {}
+
+    /// The object reference that refers to no object.
+    [[nodiscard]] static Variant Nothing() noexcept { return Variant(ObjectRef()); }
+
+    [[nodiscard]] Kind GetKind() const noexcept { return static_cast<Kind>(value_.index()); }
+    [[nodiscard]] bool IsEmpty() const noexcept { return GetKind() == Kind::Empty; }
+
+    /// The text itself when the value is a text, else a null pointer. For readers that must not copy.
+    [[nodiscard]] const std::string* TextIf() const noexcept { return std::get_if<std::string>(&value_); }
+
+    [[nodiscard]] bool AsBoolean() const;
+    [[nodiscard]] std::int16_t AsInt16() const;
+    [[nodiscard]] std::int32_t AsInt32() const;
+    [[nodiscard]] double AsDouble() const;
+    /// Empty gives the empty text, booleans give "True" or "False", numbers use the decimal mark ".".
+    [[nodiscard]] std::string AsText() const;
+    /// Nothing gives a null reference; every other kind but Object is a TypeMismatch.
+    [[nodiscard]] ObjectRef AsObject() const;
+
+    friend bool operator==(const Variant& left, const Variant& right) noexcept { return left.value_ == right.value_; }
+
+private:
+    struct NothingTag {
+        friend bool operator==(NothingTag, NothingTag) noexcept { return true; }
+    };
+    // The order of the alternatives is the order of Kind.
+    std::variant<std::monostate, NothingTag, bool, std::int16_t, std::int32_t, double, std::string, ObjectRef> value_;
+};
+
+}  // namespace planview

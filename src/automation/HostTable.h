@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include <planview/AutomationObject.h>
+
+namespace planview {
+
+/// The longest text that is taken from a host's field, in bytes of UTF-8.
+inline constexpr std::size_t MaxFieldBytes = 65535;
+
+/// Reads and writes a host's table. The one place where the control touches a table; nothing is cached.
+///
+/// The table is any object that answers `rowCount`, the default member (row, field) to get and put, and `Rows` with
+/// `Add`. Rows are numbered from 1. Every method throws AutomationError: ObjectNotSet when there is no table, Overflow
+/// when a row count or number does not fit 16 bits, TypeMismatch when a value is of the wrong kind, a text is longer
+/// than MaxFieldBytes or no valid UTF-8, and whatever the table itself throws.
+class HostTable {
+public:
+    using Row = std::int16_t;
+
+    HostTable() noexcept = default;
+    explicit HostTable(ObjectRef object) noexcept : object_(std::move(object)) {}
+
+    [[nodiscard]] bool IsSet() const noexcept { return object_ != nullptr; }
+    [[nodiscard]] const ObjectRef& Object() const noexcept { return object_; }
+
+    [[nodiscard]] Row RowCount() const;
+
+    [[nodiscard]] Variant Value(Row row, std::string_view field) const;
+    [[nodiscard]] std::string Text(Row row, std::string_view field) const;
+    /// True for the text "X" alone.
+    [[nodiscard]] bool Flag(Row row, std::string_view field) const;
+    [[nodiscard]] std::int16_t Int16(Row row, std::string_view field) const;
+    [[nodiscard]] double Double(Row row, std::string_view field) const;
+
+    void Put(Row row, std::string_view field, Variant value) const;
+    void PutFlag(Row row, std::string_view field, bool set) const { Put(row, field, set ? "X" : ""); }
+
+    /// The first row whose field holds this text, 0 when there is none.
+    [[nodiscard]] Row FindRow(std::string_view field, std::string_view text) const;
+    /// Appends a row through `Rows` and `Add` and returns its number.
+    Row AddRow() const;
+
+private:
+    [[nodiscard]] AutomationObject& Table() const;
+
+    ObjectRef object_;
+};
+
+}  // namespace planview

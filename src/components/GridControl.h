@@ -1,0 +1,192 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <planview/Variant.h>
+
+#include "components/GridEvents.h"
+#include "components/GridSelection.h"
+#include "components/GridStyle.h"
+#include "components/GridTypes.h"
+
+namespace planview {
+
+/// One column: its key, its place and its sizes.
+struct GridColumn {
+    std::string key;
+    ColumnArea area = ColumnArea::Center;
+    std::int16_t width = DefaultColumnWidth;
+    std::int16_t height = DefaultRowHeight;  ///< of the row it is shown as when the grid is switched
+    bool hidden = false;
+    bool selectable = true;
+};
+
+struct GridRow {
+    std::string key;
+    RowArea area = RowArea::Center;
+    std::int16_t height = DefaultRowHeight;
+    std::int16_t width = DefaultColumnWidth;  ///< of the column it is shown as when the grid is switched
+    bool hidden = false;
+    bool selectable = true;
+};
+
+/// Settings of the grid as a whole.
+struct GridSettingsState {
+    bool created = false;
+    bool moveAllowed = false;
+    bool resizeAllowed = true;
+    bool dragDrop = false;
+    bool doubleBuffering = false;
+    bool switched = false;
+    bool labelAutoFit = false;
+    std::int16_t labelColumnWidth = DefaultLabelColumnWidth;
+    std::int16_t gridLineColor = -1;    ///< index into Colors(), -1: the view's own
+    std::int16_t backgroundColor = -1;  ///< index into Colors(), -1: the view's own
+};
+
+/// The grid as a model without a screen: keyed columns (left, centre, right) and rows (top, centre, bottom), contents,
+/// attribute layers (grid < column < row < cell), selection, scroll position and named colours.
+///
+/// The control changes it by keys and gets a GridStatus; a status other than Ok means that nothing changed. A view
+/// reads it by ids and reports what the user does. Changes reach the view through one GridWatcher, user actions reach
+/// the control through one GridEvents listener.
+///
+/// Redraw: a change made with `redraw` false is noted but not reported; the next one with `redraw` true reports both.
+/// While SetRedraw(false) holds, nothing is reported at all.
+class GridControl {
+public:
+    GridControl();
+    ~GridControl();
+    GridControl(const GridControl&) = delete;
+    GridControl& operator=(const GridControl&) = delete;
+
+    void SetWatcher(GridWatcher* watcher) noexcept;
+    void SetEvents(GridEvents* events) noexcept;
+
+    // --- Building, by key
+    // ---------------------------------------------------------------------------------------------
+
+    /// An empty grid with the label column "FLC0" and the heading row "FTR0".
+    GridStatus CreateLabelled(bool redraw);
+    /// Ends all columns, rows, contents, selection and colours. The settings return to their defaults.
+    GridStatus Destroy(bool redraw);
+    /// The key's prefix says the area: "COL" centre, "FLC" left, "FRC" right. `position` is 1-based within the area,
+    /// 1 .. count + 1 (not counting the label column); 0 appends.
+    GridStatus CreateColumn(std::string_view key, std::int16_t position, bool redraw);
+    /// "ROW" centre, "FTR" top, "FBR" bottom; otherwise as CreateColumn().
+    GridStatus CreateRow(std::string_view key, std::int16_t position, bool redraw);
+    GridStatus CreateColor(std::string_view name, std::uint8_t red, std::uint8_t green, std::uint8_t blue);
+    /// Names that `Bitmap` attributes may use beside the built-in ones. They survive Destroy().
+    void RegisterBitmap(std::string_view name);
+    /// Font names that `Font` attributes may use; while none is registered every name is taken.
+    void RegisterFonts(std::vector<std::string> names);
+
+    /// Sets an attribute of the grid (no keys), a column (column key), a row (row key) or a cell (both keys).
+    /// Attributes of a column or row hold for all its cells, fixed ones included.
+    GridStatus SetAttribute(GridElement element, CellKeyView keys, GridAttribute attribute, const Variant& value,
+                            bool redraw);
+    /// As SetAttribute() for a column or row, but only for its cells in the centre area. `Hidden` hides the column or
+    /// row as a whole.
+    GridStatus SetCenterAttribute(GridElement element, CellKeyView keys, GridAttribute attribute, const Variant& value,
+                                  bool redraw);
+
+    /// Moves a planning column to a 1-based position within its area.
+    GridStatus MoveColumn(std::string_view key, std::int16_t position, bool redraw);
+    GridStatus MoveRow(std::string_view key, std::int16_t position, bool redraw);
+
+    void SetRedraw(bool on);
+    [[nodiscard]] bool RedrawOn() const noexcept;
+    /// Reports what is still unreported (nothing while redraw is off).
+    void Redraw();
+
+    // --- Scroll position
+    // ----------------------------------------------------------------------------------------------
+
+    /// Makes this planning column the first visible one of the centre area.
+    GridStatus SetFirstColumn(std::string_view key, bool redraw);
+    GridStatus SetFirstRow(std::string_view key, bool redraw);
+    /// The first centre column or row on screen that is not hidden; no value in a grid without any.
+    [[nodiscard]] std::optional<ColumnId> FirstColumn() const;
+    [[nodiscard]] std::optional<RowId> FirstRow() const;
+
+    // --- Selection and current cell
+    // ------------------------------------------------------------------------------------
+
+    /// Selects a cell (both keys), a whole column (row key empty or the heading row) or a whole row (column key empty
+    /// or the label column), in addition to what is selected.
+    GridStatus SetSelection(CellKeyView keys, bool redraw);
+    /// The same places taken out of the selection; the corner (label column, heading row) clears all of it.
+    GridStatus DeleteSelection(CellKeyView keys, bool redraw);
+    /// 19 for a selectable column header, 20 for a selectable row header, else 0.
+    [[nodiscard]] int HeaderKind(CellKeyView keys) const;
+    /// Whether the whole column or row (one key empty) or the cell (both keys) is selected.
+    [[nodiscard]] bool IsSelected(CellKeyView keys) const;
+
+    [[nodiscard]] const GridSelection& Selection() const noexcept;
+    /// The cell that keys act on; it is never hidden. No value in a grid without visible planning cells.
+    [[nodiscard]] std::optional<Cell> CurrentCell() const;
+
+    // --- What the user does (called by the view)
+    // -----------------------------------------------------------------------
+
+    /// Makes the cell current and selects it: alone (Replace), from the anchor to it (Extend), or besides (Add).
+    GridStatus SelectCell(Cell cell, SelectionMode mode);
+    GridStatus SelectColumn(ColumnId column, SelectionMode mode);
+    GridStatus SelectRow(RowId row, SelectionMode mode);
+    void SelectAll();
+    /// Leaves the current cell alone and selects nothing else.
+    void ClearSelection();
+    GridStatus ScrollToColumn(ColumnId column);
+    GridStatus ScrollToRow(RowId row);
+
+    /// Resizing by the header border: press, any number of drags, release. Sizes are clamped to 1 .. MaxTrackSize.
+    /// The listener hears one event, at the release. `switchedSize` means the size that counts when switched.
+    GridStatus PressColumnBorder(ColumnId column, bool switchedSize);
+    GridStatus PressRowBorder(RowId row, bool switchedSize);
+    GridStatus DragBorder(int size);
+    GridStatus ReleaseBorder();
+    /// Gives the size back that the header had when it was pressed; no event.
+    GridStatus CancelBorder();
+
+    void ReportFocus(bool in);
+
+    // --- Reading, by id
+    // ------------------------------------------------------------------------------------------------
+
+    [[nodiscard]] const GridSettingsState& Settings() const noexcept;
+    [[nodiscard]] std::span<const GridColor> Colors() const noexcept;
+
+    /// In their order; the label column is the first left one, the heading row the first top one.
+    [[nodiscard]] std::span<const ColumnId> Columns(ColumnArea area) const noexcept;
+    [[nodiscard]] std::span<const RowId> Rows(RowArea area) const noexcept;
+    [[nodiscard]] const GridColumn& Column(ColumnId column) const;
+    [[nodiscard]] const GridRow& Row(RowId row) const;
+    [[nodiscard]] std::optional<ColumnId> FindColumn(std::string_view key) const;
+    [[nodiscard]] std::optional<RowId> FindRow(std::string_view key) const;
+    [[nodiscard]] std::optional<Cell> FindCell(CellKeyView keys) const;
+    [[nodiscard]] CellKey KeyOf(Cell cell) const;
+    /// The 0-based place among all columns (left, centre, right), hidden ones included.
+    [[nodiscard]] int OrderOf(ColumnId column) const;
+    [[nodiscard]] int OrderOf(RowId row) const;
+
+    [[nodiscard]] const std::string& Contents(Cell cell) const;
+    [[nodiscard]] const std::string& Tooltip(Cell cell) const;
+    [[nodiscard]] CellLook Look(Cell cell) const;
+    /// The contents as they are shown: by the cell's number format where they are a number.
+    [[nodiscard]] std::string DisplayText(Cell cell) const;
+    [[nodiscard]] std::string DisplayText(Cell cell, const CellLook& look) const;
+    /// Counts up with every change of order, sizes, hidden state or switched state.
+    [[nodiscard]] std::uint64_t LayoutVersion() const noexcept;
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace planview

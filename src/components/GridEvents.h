@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "components/GridTypes.h"
+
+namespace planview {
+
+/// Which part of the grid looks different now. The one record by which every view learns of a change.
+struct GridChange {
+    /// Columns or rows were created, destroyed, moved, hidden, shown, resized or switched, or the scroll position is
+    /// another one: the layout must be computed anew and all of it painted.
+    bool layout = false;
+    /// Selection, current cell or a grid-wide look changed: all of it must be painted.
+    bool everything = false;
+    /// Otherwise the one changed cell; when several changed, `everything` is set instead.
+    bool oneCell = false;
+    Cell cell;
+};
+
+/// Hears what changed on screen. Called once per change whose redraw flag was set, with all changes made since the last
+/// call; never while redraw is switched off.
+class GridWatcher {
+public:
+    virtual ~GridWatcher() = default;
+    virtual void GridChanged(const GridChange& change) = 0;
+};
+
+/// Hears what the user did. Called after the grid itself has taken the action over.
+class GridEvents {
+public:
+    virtual ~GridEvents() = default;
+    /// Sizes in logical pixels. The heading sizes are those of columns shown as rows and rows shown as columns.
+    virtual void ColumnResized(const std::string& column, int width) = 0;
+    virtual void RowResized(const std::string& row, int height) = 0;
+    virtual void HeaderHeightResized(const std::string& column, int height) = 0;
+    virtual void HeaderWidthResized(const std::string& row, int width) = 0;
+    virtual void SelectionChanged(const CellKey& cell, bool selected) = 0;
+    virtual void FocusIn() = 0;
+    virtual void FocusOut() = 0;
+};
+
+}  // namespace planview

@@ -1,0 +1,119 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace planview {
+
+/// What a grid operation answers. 0 is success; the numbers are fixed, because the trace turns them into texts.
+enum class GridStatus : std::int16_t {
+    Ok = 0,
+    RowDefined = 1,              ///< a row with this key exists
+    ColumnDefined = 2,           ///< a column with this key exists
+    UnknownRow = 3,              ///< no row with this key
+    UnknownColumn = 4,           ///< no column with this key
+    InvalidName = 5,             ///< a key without a known prefix and a number behind it, or an empty colour name
+    UndefinedGridAttribute = 6,  ///< the grid as a whole has no such attribute
+    UndefinedRowAttribute = 7,
+    UndefinedColumnAttribute = 8,
+    UndefinedCellAttribute = 9,
+    NoItemAtLocation = 10,    ///< nothing selectable or visible at the place asked for
+    InvalidRowPosition = 11,  ///< outside 1 .. number of rows of the area + 1
+    InvalidColumnPosition = 12,
+    InvalidCellPosition = 13,  ///< neither the column nor the row of a cell exists
+    AttributeNotPossible =
+        14,  ///< the attribute exists but cannot be set now (the grid is not created, a label is hidden)
+    UnknownBitmap = 15,
+    UnknownColor = 16,
+    UnknownFont = 17,
+    TooManyElements = 18,  ///< more columns or rows than a 16-bit number counts; has no text of its own
+    InvalidText = 19,      ///< a text that is no valid UTF-8; has no text of its own
+    Busy = 20,             ///< the grid is being destroyed or built by an outer call; has no text of its own
+    ColorDefined = 21,     ///< a colour with this name exists
+    NoRegisterPress = 22,  ///< a header is dragged or released that was not pressed before
+    InvalidAttribute = 23  ///< a value of the wrong kind or outside the attribute's range
+};
+
+enum class ColumnArea : std::uint8_t { Left, Center, Right };
+enum class RowArea : std::uint8_t { Top, Center, Bottom };
+
+/// What an attribute is set on.
+enum class GridElement : std::uint8_t { Grid, Column, Row, Cell };
+
+enum class GridAttribute : std::uint8_t {
+    // Of cells; also of columns, rows and the grid, which give them to the cells that have none of their own
+    // (grid < column < row < cell).
+    BackgroundColor,  ///< text: a registered colour's name
+    ForegroundColor,  ///< text: a registered colour's name
+    Format,           ///< text: a number code ("#,##0.0"); empty shows the contents as they are
+    Font,             ///< text: "name;size;style", missing pieces take the defaults
+    Alignment,        ///< number: 0 right, 1 left, 2 centre
+    Relief,           ///< boolean
+    Bitmap,           ///< text: a registered bitmap's name; empty for none
+    BitmapAlignment,  ///< number: 0 right, 1 left, 2 centre
+    ReadOnly,         ///< boolean
+    TextLine,         ///< boolean: carries text, takes no planning values
+    HelpLine,         ///< boolean: drawn as a help line
+    // Of cells only.
+    Contents,  ///< text
+    Tooltip,   ///< text
+    // Of columns and rows only.
+    Hidden,      ///< boolean
+    Width,       ///< number of logical pixels, 0 takes the default. A row's width is that of its column when switched.
+    Height,      ///< number of logical pixels, 0 takes the default. A column's height is that of its row when switched.
+    Selectable,  ///< boolean: whether the header can be selected
+    // Of the grid only.
+    GridLineColor,     ///< text: a registered colour's name
+    MovePermission,    ///< number: 0 or 1
+    ResizePermission,  ///< number: 0 or 1
+    DragDrop,          ///< number: 0 or 1
+    DoubleBuffering,   ///< number: 0 or 1; kept only, the desktop always paints buffered
+    LabelColumnWidth,  ///< number of logical pixels, 0 takes the default
+    LabelAutoFit,      ///< boolean: the label column is as wide as its longest text
+    Switched           ///< boolean: columns are shown as rows and rows as columns
+};
+
+/// `ROW_ALIGN`, `BMP_ALIGN` and `TEXTALIGN` use these numbers.
+enum class GridAlignment : std::int8_t { Right = 0, Left = 1, Center = 2 };
+
+/// Keys as the caller has them; empty where a call has none.
+struct CellKeyView {
+    std::string_view column;
+    std::string_view row;
+};
+
+struct CellKey {
+    std::string column;
+    std::string row;
+    operator CellKeyView() const noexcept { return {column, row}; }
+    friend bool operator==(const CellKey&, const CellKey&) = default;
+};
+
+/// Names a column inside one GridControl for as long as the grid is not destroyed; moving does not change it.
+struct ColumnId {
+    std::int32_t value = -1;
+    friend bool operator==(ColumnId, ColumnId) = default;
+};
+
+struct RowId {
+    std::int32_t value = -1;
+    friend bool operator==(RowId, RowId) = default;
+};
+
+struct Cell {
+    ColumnId column;
+    RowId row;
+    friend bool operator==(Cell, Cell) = default;
+};
+
+inline constexpr int DefaultColumnWidth = 80;
+inline constexpr int DefaultRowHeight = 22;
+inline constexpr int DefaultLabelColumnWidth = 160;
+inline constexpr int MaxTrackSize = 4000;
+
+/// The heading row above the planning columns and the label column left of the planning rows.
+inline constexpr std::string_view HeadingRowKey = "FTR0";
+inline constexpr std::string_view LabelColumnKey = "FLC0";
+
+}  // namespace planview

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace planview {
+
+struct ListColumn {
+    std::string key;
+    std::string caption;
+    int width = 0;  ///< in twips, 1/1440 inch
+};
+
+/// One row of a report list: the item's own text and four more for the columns behind the first.
+struct ListItem {
+    std::string key;
+    std::string text;
+    std::array<std::string, 4> subItems;
+};
+
+/// Hears what happens to a ListView. Indices are 0-based.
+class ListViewWatcher {
+public:
+    virtual ~ListViewWatcher() = default;
+    virtual void ItemAdded() = 0;
+    virtual void FirstItemRemoved() = 0;
+    virtual void Cleared() = 0;
+};
+
+/// A list in report view without a screen. Items are appended at the end and dropped at the front in constant time; the
+/// storage of a dropped item is used again for the next one. Keys are the caller's to keep unique.
+class ListView {
+public:
+    void SetWatcher(ListViewWatcher* watcher) noexcept { watcher_ = watcher; }
+
+    void AddColumn(ListColumn column) { columns_.push_back(std::move(column)); }
+    [[nodiscard]] const std::vector<ListColumn>& Columns() const noexcept { return columns_; }
+
+    [[nodiscard]] std::size_t Count() const noexcept { return items_.size(); }
+    [[nodiscard]] const ListItem& Item(std::size_t index) const { return items_.at(index); }
+
+    /// Appends an item and makes it the current one.
+    void Add(std::string_view key, std::string_view text, const std::array<std::string_view, 4>& subItems);
+    void RemoveFirst();
+    void Clear();
+    /// The index of the current item; Count() when there is none.
+    [[nodiscard]] std::size_t Current() const noexcept { return current_; }
+
+private:
+    std::vector<ListColumn> columns_;
+    std::deque<ListItem> items_;
+    ListItem spare_;
+    std::size_t current_ = 0;
+    ListViewWatcher* watcher_ = nullptr;
+};
+
+}  // namespace planview
