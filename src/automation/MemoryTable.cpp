@@ -1,0 +1,222 @@
+#include <utility>
+
+#include <planview/MemoryTable.h>
+
+#include "automation/CheckedInt.h"
+#include "automation/MemberNames.h"
+
+namespace planview {
+
+namespace {
+
+constexpr DispatchId RowCountMember = 1;
+constexpr DispatchId RowsMember = 2;
+constexpr DispatchId AddMember = 3;
+
+}  // namespace
+
+struct MemoryTable::State {
+    std::vector<std::string> fields;
+    std::vector<std::vector<Variant>> rows;
+
+    [[nodiscard]] std::size_t FieldIndex(std::string_view name) const {
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            if (fields[i] == name) {
+                return i;
+            }
+        }
+        ThrowUnknownMember("The table", name);
+    }
+
+    [[nodiscard]] std::vector<Variant>& Row(std::int32_t row) {
+        if (row < 1 || static_cast<std::size_t>(row) > rows.size()) {
+            throw AutomationError(AutomationErrorCode::SubscriptOutOfRange,
+                                  "The table has no row " + std::to_string(row));
+        }
+        return rows[static_cast<std::size_t>(row) - 1];
+    }
+
+    [[nodiscard]] Variant& At(std::int32_t row, std::string_view field) {
+        std::vector<Variant>& values = Row(row);
+        return values[FieldIndex(field)];
+    }
+
+    std::int32_t AddRow(std::vector<Variant> values) {
+        if (values.size() > fields.size()) {
+            throw AutomationError(AutomationErrorCode::WrongArguments, "A row of " + std::to_string(fields.size()) +
+                                                                           " fields cannot take " +
+                                                                           std::to_string(values.size()) + " values");
+        }
+        values.resize(fields.size());
+        rows.push_back(std::move(values));
+        return CheckedCast<std::int32_t>(rows.size());
+    }
+};
+
+namespace {
+
+/// The field name of a two-argument access, without a copy when it is a text.
+class FieldName {
+public:
+    explicit FieldName(const Variant& argument) : copy_(argument.TextIf() ? std::string() : argument.AsText()) {
+        name_ = argument.TextIf() ? std::string_view(*argument.TextIf()) : std::string_view(copy_);
+    }
+    operator std::string_view() const noexcept { return name_; }
+
+private:
+    std::string copy_;
+    std::string_view name_;
+};
+
+/// `Rows(i)`: one row, whose default member is a field by name.
+template <class State>
+class RowObject final : public AutomationObject {
+public:
+    RowObject(std::shared_ptr<State> state, std::int32_t row) : state_(std::move(state)), row_(row) {}
+
+    DispatchId IdOf(std::string_view name) const override { ThrowUnknownMember("The row", name); }
+    Variant Get(DispatchId member, Arguments arguments) override { return Field(member, arguments); }
+    void Put(DispatchId member, Arguments arguments, const Variant& value) override {
+        Field(member, arguments) = value;
+    }
+    Variant Call(DispatchId member, Arguments) override { ThrowUnknownMember("The row", member); }
+
+private:
+    Variant& Field(DispatchId member, Arguments arguments) {
+        if (member != DefaultMember) {
+            ThrowUnknownMember("The row", member);
+        }
+        ExpectArguments(arguments, 1, "the field of a row");
+        return state_->At(row_, FieldName(arguments[0]));
+    }
+
+    std::shared_ptr<State> state_;
+    std::int32_t row_;
+};
+
+/// `Rows`: the collection that appends.
+template <class State>
+class RowsObject final : public AutomationObject {
+public:
+    explicit RowsObject(std::shared_ptr<State> state) : state_(std::move(state)) {}
+
+    DispatchId IdOf(std::string_view name) const override {
+        if (SameMemberName(name, "Add")) {
+            return AddMember;
+        }
+        if (SameMemberName(name, "Count")) {
+            return RowCountMember;
+        }
+        ThrowUnknownMember("The row collection", name);
+    }
+    Variant Get(DispatchId member, Arguments arguments) override {
+        if (member == RowCountMember) {
+            return CheckedCast<std::int32_t>(state_->rows.size());
+        }
+        if (member != DefaultMember) {
+            ThrowUnknownMember("The row collection", member);
+        }
+        ExpectArguments(arguments, 1, "Rows");
+        const std::int32_t row = arguments[0].AsInt32();
+        static_cast<void>(state_->Row(row));
+        return ObjectRef(std::make_shared<RowObject<State>>(state_, row));
+    }
+    void Put(DispatchId member, Arguments, const Variant&) override {
+        ThrowUnknownMember("The row collection", member);
+    }
+    Variant Call(DispatchId member, Arguments arguments) override {
+        if (member != AddMember) {
+            ThrowUnknownMember("The row collection", member);
+        }
+        ExpectArguments(arguments, 0, "Add");
+        return ObjectRef(std::make_shared<RowObject<State>>(state_, state_->AddRow({})));
+    }
+
+private:
+    std::shared_ptr<State> state_;
+};
+
+}  // namespace
+
+MemoryTable::MemoryTable(std::vector<std::string> fields) : state_(std::make_shared<State>()) {
+    state_->fields = std::move(fields);
+}
+
+MemoryTable::~MemoryTable() = default;
+
+std::int32_t MemoryTable::RowCount() const noexcept {
+    return static_cast<std::int32_t>(state_->rows.size());
+}
+
+const std::vector<std::string>& MemoryTable::Fields() const noexcept {
+    return state_->fields;
+}
+
+std::int32_t MemoryTable::AddRow() {
+    return state_->AddRow({});
+}
+
+std::int32_t MemoryTable::AddRow(std::vector<Variant> values) {
+    return state_->AddRow(std::move(values));
+}
+
+void MemoryTable::RemoveRow(std::int32_t row) {
+    static_cast<void>(state_->Row(row));
+    state_->rows.erase(state_->rows.begin() + (row - 1));
+}
+
+void MemoryTable::Clear() noexcept {
+    state_->rows.clear();
+}
+
+void MemoryTable::Reserve(std::int32_t rows) {
+    state_->rows.reserve(static_cast<std::size_t>(rows));
+}
+
+const Variant& MemoryTable::Value(std::int32_t row, std::string_view field) const {
+    return state_->At(row, field);
+}
+
+void MemoryTable::SetValue(std::int32_t row, std::string_view field, Variant value) {
+    state_->At(row, field) = std::move(value);
+}
+
+DispatchId MemoryTable::IdOf(std::string_view name) const {
+    if (SameMemberName(name, "rowCount")) {
+        return RowCountMember;
+    }
+    if (SameMemberName(name, "Rows")) {
+        return RowsMember;
+    }
+    ThrowUnknownMember("The table", name);
+}
+
+Variant MemoryTable::Get(DispatchId member, Arguments arguments) {
+    switch (member) {
+        case DefaultMember:
+            ExpectArguments(arguments, 2, "the field of a table");
+            return state_->At(arguments[0].AsInt32(), FieldName(arguments[1]));
+        case RowCountMember:
+            return RowCount();
+        case RowsMember: {
+            const auto rows = std::make_shared<RowsObject<State>>(state_);
+            return arguments.empty() ? Variant(ObjectRef(rows)) : rows->Get(DefaultMember, arguments);
+        }
+        default:
+            ThrowUnknownMember("The table", member);
+    }
+}
+
+void MemoryTable::Put(DispatchId member, Arguments arguments, const Variant& value) {
+    if (member != DefaultMember) {
+        ThrowUnknownMember("The table", member);
+    }
+    ExpectArguments(arguments, 2, "the field of a table");
+    state_->At(arguments[0].AsInt32(), FieldName(arguments[1])) = value;
+}
+
+Variant MemoryTable::Call(DispatchId member, Arguments arguments) {
+    return Get(member, arguments);
+}
+
+}  // namespace planview

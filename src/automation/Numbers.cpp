@@ -1,0 +1,239 @@
+#include "automation/Numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include <planview/AutomationObject.h>
+
+namespace planview {
+
+namespace {
+
+constexpr int SignificantDigits = 15;
+/// Decimals beyond these make a number so small that only an exponent shows it.
+constexpr int MaxPlainDecimals = 20;
+/// Longer texts are no numbers that anybody entered; the bound keeps the reader's buffer on the stack.
+constexpr std::size_t MaxNumberLength = 400;
+
+bool IsDigit(char c) noexcept {
+    return c >= '0' && c <= '9';
+}
+
+std::string_view TrimBlanks(std::string_view text) noexcept {
+    while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
+struct Marks {
+    char decimal = '\0';
+    char group = '\0';
+};
+
+/// Which of "." and "," is the decimal mark and which groups; no value when the text uses them in no known way.
+std::optional<Marks> FindMarks(std::string_view mantissa) noexcept {
+    const auto points = std::count(mantissa.begin(), mantissa.end(), '.');
+    const auto commas = std::count(mantissa.begin(), mantissa.end(), ',');
+    if (points > 0 && commas > 0) {
+        const bool pointIsLast = mantissa.rfind('.') > mantissa.rfind(',');
+        if ((pointIsLast ? points : commas) != 1) {
+            return std::nullopt;
+        }
+        return pointIsLast ? Marks{'.', ','} : Marks{',', '.'};
+    }
+    if (points + commas == 0) {
+        return Marks{};
+    }
+    const char mark = points > 0 ? '.' : ',';
+    return points + commas == 1 ? Marks{mark, '\0'} : Marks{'\0', mark};
+}
+
+/// Whether the digits before the decimal mark form groups of three, the first of one to three.
+bool GroupsAreRegular(std::string_view whole, char group) noexcept {
+    const std::size_t first = whole.find(group);
+    if (first == std::string_view::npos) {
+        return true;
+    }
+    if (first < 1 || first > 3) {
+        return false;
+    }
+    constexpr std::size_t GroupLength = 4;  // the mark and three digits
+    const std::string_view rest = whole.substr(first);
+    if (rest.size() % GroupLength != 0) {
+        return false;
+    }
+    for (std::size_t i = 0; i < rest.size(); ++i) {
+        if ((rest[i] == group) != (i % GroupLength == 0)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// The length of the mantissa: everything before "E" or "e".
+std::size_t MantissaLength(std::string_view text) noexcept {
+    const std::size_t exponent = text.find_first_of("eE");
+    return exponent == std::string_view::npos ? text.size() : exponent;
+}
+
+}  // namespace
+
+std::optional<double> TryParseNumber(std::string_view text) noexcept {
+    text = TrimBlanks(text);
+    if (text.empty() || text.size() > MaxNumberLength) {
+        return std::nullopt;
+    }
+    bool negative = false;
+    if (text.front() == '+' || text.front() == '-') {
+        negative = text.front() == '-';
+        text.remove_prefix(1);
+    }
+    const std::size_t mantissaLength = MantissaLength(text);
+    const std::string_view mantissa = text.substr(0, mantissaLength);
+    const std::optional<Marks> marks = FindMarks(mantissa);
+    if (!marks) {
+        return std::nullopt;
+    }
+    const std::size_t decimal = marks->decimal != '\0' ? mantissa.find(marks->decimal) : std::string_view::npos;
+    if (marks->group != '\0' && !GroupsAreRegular(mantissa.substr(0, decimal), marks->group)) {
+        return std::nullopt;
+    }
+
+    std::array<char, MaxNumberLength> plain{};
+    std::size_t length = 0;
+    bool hasDigits = false;
+    for (std::size_t i = 0; i < mantissa.size(); ++i) {
+        const char c = mantissa[i];
+        if (IsDigit(c)) {
+            hasDigits = true;
+            plain[length++] = c;
+        } else if (i == decimal) {
+            plain[length++] = '.';
+        } else if (c != marks->group || marks->group == '\0' || i > decimal) {
+            return std::nullopt;
+        }
+    }
+    if (!hasDigits) {
+        return std::nullopt;
+    }
+    std::string_view exponent = text.substr(mantissaLength);
+    if (exponent.size() > 1 && exponent[1] == '+') {  // from_chars takes no plus sign
+        plain[length++] = 'E';
+        exponent.remove_prefix(2);
+    }
+    length =
+        static_cast<std::size_t>(std::copy(exponent.begin(), exponent.end(), plain.data() + length) - plain.data());
+
+    double value = 0;
+    const auto [end, error] = std::from_chars(plain.data(), plain.data() + length, value);
+    if (error != std::errc() || end != plain.data() + length || !std::isfinite(value)) {
+        return std::nullopt;
+    }
+    return negative ? -value : value;
+}
+
+double ParseNumber(std::string_view text) {
+    if (const std::optional<double> number = TryParseNumber(text)) {
+        return *number;
+    }
+    constexpr std::size_t ShownLength = 40;
+    std::string shown(text.substr(0, ShownLength));
+    if (text.size() > ShownLength) {
+        shown += "...";
+    }
+    throw AutomationError(AutomationErrorCode::TypeMismatch, "Type mismatch: '" + shown + "' is no number");
+}
+
+double ParseNumber(const Variant& value) {
+    return value.AsDouble();
+}
+
+std::string NumberText(double value, char decimalMark) {
+    if (!std::isfinite(value)) {
+        throw AutomationError(AutomationErrorCode::TypeMismatch, "Type mismatch: not a finite number");
+    }
+    if (value == 0) {
+        return "0";
+    }
+    std::array<char, 64> buffer{};
+    const auto scientific = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
+                                          std::chars_format::scientific, SignificantDigits - 1);
+    std::string_view text(buffer.data(), static_cast<std::size_t>(scientific.ptr - buffer.data()));
+    const std::size_t mark = text.find('e');
+    std::string digits(1, text[0]);
+    digits += text.substr(2, mark - 2);
+    digits.erase(digits.find_last_not_of('0') + 1);
+    int exponent = 0;
+    const bool negativeExponent = text[mark + 1] == '-';
+    std::from_chars(text.data() + mark + 2, text.data() + text.size(), exponent);
+    exponent = negativeExponent ? -exponent : exponent;
+
+    const int count = static_cast<int>(digits.size());
+    std::string result = value < 0 ? "-" : "";
+    if (exponent >= SignificantDigits || count - 1 - exponent > MaxPlainDecimals) {
+        result += digits[0];
+        if (count > 1) {
+            result += decimalMark;
+            result.append(digits, 1);
+        }
+        result += exponent < 0 ? "E-" : "E+";
+        const std::string power = std::to_string(std::abs(exponent));
+        return result + (power.size() < 2 ? "0" : "") + power;
+    }
+    if (exponent < 0) {
+        result += '0';
+        result += decimalMark;
+        result.append(static_cast<std::size_t>(-exponent - 1), '0');
+        return result + digits;
+    }
+    const auto whole = static_cast<std::size_t>(exponent) + 1;
+    if (digits.size() <= whole) {
+        result += digits;
+        result.append(whole - digits.size(), '0');
+        return result;
+    }
+    result.append(digits, 0, whole);
+    result += decimalMark;
+    result.append(digits, whole);
+    return result;
+}
+
+namespace {
+
+/// Rounds halves to the even number, whatever the processor's rounding mode is.
+double RoundHalfToEven(double value) {
+    const double below = std::floor(value);
+    const double rest = value - below;
+    if (rest != 0.5) {
+        return rest < 0.5 ? below : below + 1;
+    }
+    return std::fmod(below, 2) == 0 ? below : below + 1;
+}
+
+template <class Integer>
+Integer RoundTo(double value) {
+    const double rounded = RoundHalfToEven(value);
+    if (!(rounded >= std::numeric_limits<Integer>::min() && rounded <= std::numeric_limits<Integer>::max())) {
+        throw AutomationError(AutomationErrorCode::Overflow, "Overflow: the number is too large");
+    }
+    return static_cast<Integer>(rounded);
+}
+
+}  // namespace
+
+std::int16_t RoundToInt16(double value) {
+    return RoundTo<std::int16_t>(value);
+}
+
+std::int32_t RoundToInt32(double value) {
+    return RoundTo<std::int32_t>(value);
+}
+
+}  // namespace planview

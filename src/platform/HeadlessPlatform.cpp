@@ -1,0 +1,51 @@
+#include <clocale>
+
+#include <planview/HeadlessPlatform.h>
+
+#include "platform/LinuxSystem.h"
+
+namespace planview {
+
+namespace {
+
+/// Answers with the default button, as a user does who presses Return.
+class DefaultAnswers final : public MessageBoxes {
+public:
+    MessageAnswer Show(const MessageBoxRequest& request) override { return request.defaultAnswer; }
+};
+
+/// Without a screen a form is neither shown nor waited for.
+class NoForms final : public Forms {
+public:
+    void Load(Form&) override {}
+    void ShowModal(Form&) override {}
+    void Hide(Form&) override {}
+    void Unload(Form&) override {}
+};
+
+class LinuxInformation final : public SystemInformation {
+public:
+    std::optional<MemoryStatus> Memory() const override { return LinuxMemoryStatus(); }
+    std::optional<int> PlatformId() const override { return LinuxPlatformId(); }
+    std::string LogFolder() const override { return LinuxLogFolder(); }
+    /// That of the process: "." until the host has called setlocale().
+    char DecimalMark() const override { return *std::localeconv()->decimal_point == ',' ? ',' : '.'; }
+};
+
+}  // namespace
+
+struct HeadlessPlatform::State {
+    DefaultAnswers messageBoxes;
+    NoForms forms;
+    LinuxInformation system;
+};
+
+HeadlessPlatform::HeadlessPlatform() : state_(std::make_unique<State>()) {}
+
+HeadlessPlatform::~HeadlessPlatform() = default;
+
+Platform HeadlessPlatform::Interfaces() noexcept {
+    return {state_->messageBoxes, state_->forms, state_->system};
+}
+
+}  // namespace planview

@@ -1,0 +1,63 @@
+#include "platform/LinuxSystem.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include <sys/utsname.h>
+
+namespace planview {
+
+std::optional<MemoryStatus> LinuxMemoryStatus() {
+    std::ifstream file("/proc/meminfo");
+    std::string name;
+    std::int64_t kibibytes = 0;
+    std::int64_t total = -1;
+    std::int64_t available = 0;
+    std::int64_t swapTotal = 0;
+    std::int64_t swapFree = 0;
+    for (std::string line; file >> name >> kibibytes && std::getline(file, line);) {
+        if (name == "MemTotal:") {
+            total = kibibytes;
+        } else if (name == "MemAvailable:") {
+            available = kibibytes;
+        } else if (name == "SwapTotal:") {
+            swapTotal = kibibytes;
+        } else if (name == "SwapFree:") {
+            swapFree = kibibytes;
+        }
+    }
+    if (total < 0) {
+        return std::nullopt;
+    }
+    constexpr std::int64_t BytesPerKibibyte = 1024;
+    return MemoryStatus{total * BytesPerKibibyte, (total + swapTotal) * BytesPerKibibyte,
+                        (available + swapFree) * BytesPerKibibyte};
+}
+
+std::optional<int> LinuxPlatformId() {
+    constexpr int Linux = 3;
+    utsname name{};
+    if (uname(&name) != 0) {
+        return std::nullopt;
+    }
+    return Linux;
+}
+
+std::string LinuxLogFolder() {
+    const auto variable = [](const char* name) {
+        const char* value = std::getenv(name);
+        return std::filesystem::path(value ? value : "");
+    };
+    std::filesystem::path state = variable("XDG_STATE_HOME");
+    if (!state.is_absolute()) {
+        const std::filesystem::path home = variable("HOME");
+        if (!home.is_absolute()) {
+            return {};
+        }
+        state = home / ".local" / "state";
+    }
+    return (state / "planview").string();
+}
+
+}  // namespace planview
