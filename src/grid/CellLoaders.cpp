@@ -1,0 +1,77 @@
+#include <string>
+
+#include "automation/Numbers.h"
+#include "grid/LoaderSupport.h"
+#include "grid/modGrid.h"
+
+namespace planview {
+
+namespace {
+
+/// A value of TAB as the grid keeps it: a number in the control's own form, or nothing.
+std::string CellText(const HostTable& table, HostTable::Row i) {
+    const Variant value = table.Value(i, "V");
+    const std::string* text = value.TextIf();
+    if (value.IsEmpty() || (text && text->empty())) {
+        return {};
+    }
+    return modPlan::ReplacePoint(NumberText(ParseNumber(value)));
+}
+
+}  // namespace
+
+void FillCells(const LoaderContext& context) noexcept {
+    RunLoader("FillCells", "#TAB#", [&] {
+        const HostTable& table = context.tables.TAB;
+        CurrentKeys& keys = context.keys;
+        ForEachRow(table, [&](HostTable::Row i) {
+            keys.column = modGrid::ColumnKey(table.Int16(i, "C"), "");
+            keys.row = modGrid::RowKey(table.Int16(i, "Z"), "");
+            modGrid::Contents(context.grid, {keys.column, keys.row}, CellText(table, i), NoRedraw);
+        });
+    });
+}
+
+void FillFixedCells(const LoaderContext& context) noexcept {
+    RunLoader("FillFixedCells", "#FIXED_TAB#", [&] {
+        GridControl& grid = context.grid;
+        const HostTable& table = context.tables.FIXED_TAB;
+        CurrentKeys& keys = context.keys;
+        ForEachRow(table, [&](HostTable::Row i) {
+            keys.column = modGrid::ColumnKey(table.Int16(i, "COLUMN"), table.Text(i, "FLG_COL_FIX"));
+            keys.row = modGrid::RowKey(table.Int16(i, "LINE"), table.Text(i, "FLG_LINE_FIX"));
+            const CellKeyView cell{keys.column, keys.row};
+            if (const std::string value = table.Text(i, "VALUE"); !value.empty()) {
+                modGrid::Contents(grid, cell, value, NoRedraw);
+            }
+            if (const std::string tooltip = table.Text(i, "TOOLTIP"); !tooltip.empty()) {
+                modGrid::Tooltip(grid, cell, tooltip, NoRedraw);
+            }
+            modGrid::BackgroundColor(grid, cell, table.Int16(i, "BGCOLOR"), NoRedraw);
+            modGrid::ForegroundColor(grid, cell, table.Int16(i, "FGCOLOR"), NoRedraw);
+            modGrid::Bitmap(grid, cell, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);
+            modGrid::Alignment(grid, cell, table.Int16(i, "TEXTALIGN"), NoRedraw);
+        });
+    });
+}
+
+void CellAttributes(const LoaderContext& context) noexcept {
+    RunLoader("CellAttributes", "#CELL_ATTR#", [&] {
+        GridControl& grid = context.grid;
+        const HostTable& table = context.tables.CELL_ATTR;
+        CurrentKeys& keys = context.keys;
+        ForEachRow(table, [&](HostTable::Row i) {
+            keys.column = modGrid::ColumnKey(table.Int16(i, "COLUMN"), "");
+            keys.row = modGrid::RowKey(table.Int16(i, "LINE"), "");
+            const CellKeyView cell{keys.column, keys.row};
+            modGrid::BackgroundColor(grid, cell, table.Int16(i, "BGCOLOR"), NoRedraw);
+            modGrid::ForegroundColor(grid, cell, table.Int16(i, "FGCOLOR"), NoRedraw);
+            modGrid::Bitmap(grid, cell, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);
+            if (const std::string tooltip = table.Text(i, "TOOLTIP"); !tooltip.empty()) {
+                modGrid::Tooltip(grid, cell, tooltip, NoRedraw);
+            }
+        });
+    });
+}
+
+}  // namespace planview

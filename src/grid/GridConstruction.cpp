@@ -1,0 +1,57 @@
+#include "grid/GridConstruction.h"
+
+#include <string>
+
+#include "grid/LoaderSupport.h"
+#include "grid/modGrid.h"
+
+namespace planview {
+
+void GridConstruction::CreateEmpty() {
+    GridControl& grid = context_.grid;
+    modGrid::Destructor(grid, NoRedraw);
+    modGrid::CreateLabelled(grid);
+    modGrid::CreatePalette(grid);
+    modGrid::DoubleBuffering(grid, 1, NoRedraw);
+    modGrid::MovePermission(grid, settings_.moveAllowed, NoRedraw);
+    modGrid::ResizePermission(grid, settings_.resizeAllowed, NoRedraw);
+    modGrid::DragDrop(grid, settings_.moveAllowed, NoRedraw);
+    modGrid::BackgroundColor(grid, {}, settings_.backgroundColor, NoRedraw);
+    modGrid::GridlinesColor(grid, settings_.gridLineColor, NoRedraw);
+}
+
+void GridConstruction::CreateFromTables() {
+    GridControl& grid = context_.grid;
+    grid.SetRedraw(false);
+    CreateEmpty();
+    RunLoaders();
+    ScrollToFirst();
+    modGrid::Switch(grid, settings_.switched, NoRedraw);
+    modGrid::LabelColWidth(grid, settings_.labelColumnWidth);
+    grid.SetRedraw(true);
+    grid.Redraw();
+}
+
+void GridConstruction::RunLoaders() {
+    Creation_Columns(context_);
+    Creation_Rows(context_);
+    Creation_FixedColumns(context_);
+    Creation_FixedLines(context_);
+    FillCells(context_);
+    FillFixedCells(context_);
+    CellAttributes(context_);
+}
+
+void GridConstruction::ScrollToFirst() {
+    constexpr std::string_view CenterKind = "C";
+    if (settings_.firstColumn != 0) {
+        modGrid::FirstColumn(context_.grid, modGrid::ColumnKey(settings_.firstColumn, CenterKind), NoRedraw);
+    }
+    if (settings_.firstRow != 0) {
+        modGrid::FirstRow(context_.grid, modGrid::RowKey(settings_.firstRow, CenterKind), NoRedraw);
+    }
+    settings_.firstColumn = 0;
+    settings_.firstRow = 0;
+}
+
+}  // namespace planview

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "grid/GridSettings.h"
+#include "grid/Loaders.h"
+
+namespace planview {
+
+/// Builds the grid from the host's tables.
+class GridConstruction {
+public:
+    GridConstruction(const LoaderContext& context, GridSettings& settings) : context_(context), settings_(settings) {}
+
+    /// Ends the grid that is there and builds an empty one with the label column, the palette and the settings.
+    void CreateEmpty();
+    /// The whole way from the tables to a grid on screen; it is drawn once, at the end. The scroll positions of the
+    /// settings are used up by it.
+    void CreateFromTables();
+
+private:
+    void RunLoaders();
+    void ScrollToFirst();
+
+    LoaderContext context_;
+    GridSettings& settings_;
+};
+
+}  // namespace planview

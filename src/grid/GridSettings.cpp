@@ -1,0 +1,38 @@
+#include "grid/GridSettings.h"
+
+namespace planview {
+
+void ReadGridAttributes(const HostTable& gridAttr, bool layoutMode, GridSettings& settings) {
+    constexpr HostTable::Row Row = 1;
+    const auto flag = [&](const char* field) { return gridAttr.Flag(Row, field); };
+    const auto permission = [&](const char* forbidden) { return static_cast<std::int16_t>(flag(forbidden) ? 0 : 1); };
+    const auto number = [&](const char* field) { return gridAttr.Int16(Row, field); };
+    const auto real = [&](const char* field) { return gridAttr.Double(Row, field); };
+
+    settings.chartShown = flag("CHART");
+    settings.treeShown = flag("HIDDEN_LIST");
+    settings.moveAllowed = permission("NOMOVE_ALLOWED");
+    settings.resizeAllowed = permission("NORESIZE_ALLOWED");
+    settings.singleValue = flag("SINGLEVALUE") ? 1 : 0;
+    settings.switched = flag("SWITCHED");
+    settings.zoomed = flag("ZOOMED");
+    settings.backgroundColor = number("BGCOLOR");
+    settings.gridLineColor = number("GRIDLINE_COLOR");
+    settings.firstColumn = number("FIRST_COL");
+    settings.firstRow = number("FIRST_ROW");
+    settings.chartType = number("CHART_TYPE");
+    settings.autoMinimum = !flag("NO_AUTOMIN");
+    settings.autoMaximum = !flag("NO_AUTOMAX");
+    settings.minimum = real("MINVALUE");
+    settings.maximum = real("MAXVALUE");
+    settings.rangeMinimum = real("MINRANGE");
+    settings.rangeMaximum = real("MAXRANGE");
+    settings.optimum = real("OPTIMUM");
+    settings.labelColumnWidth = number("LABELCOL_WIDTH");
+    settings.titleText = gridAttr.Text(Row, "TITELTEXT");
+    if (!layoutMode) {
+        settings.treeShown = false;
+    }
+}
+
+}  // namespace planview

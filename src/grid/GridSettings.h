@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "automation/HostTable.h"
+
+namespace planview {
+
+/// What GRID_ATTR says of the view, kept until it is read again.
+struct GridSettings {
+    bool chartShown = false;
+    bool treeShown = false;
+    std::int16_t moveAllowed = 1;    ///< 0 or 1
+    std::int16_t resizeAllowed = 1;  ///< 0 or 1
+    std::int16_t singleValue = 0;    ///< 0 or 1
+    bool switched = false;
+    bool zoomed = false;
+    std::int16_t backgroundColor = 0;  ///< palette index
+    std::int16_t gridLineColor = 8;    ///< palette index
+    std::int16_t firstColumn = 0;      ///< position, 0 for none
+    std::int16_t firstRow = 0;         ///< position, 0 for none
+    std::int16_t chartType = 0;
+    bool autoMinimum = true;
+    bool autoMaximum = true;
+    double minimum = 0;
+    double maximum = 0;
+    double rangeMinimum = 0;
+    double rangeMaximum = 0;
+    double optimum = 0;
+    std::int16_t labelColumnWidth = 0;  ///< 0 takes the default
+    std::string titleText;
+};
+
+/// Reads row 1 of GRID_ATTR, field by field in a fixed order. A field that cannot be read throws and leaves those
+/// behind it as they were. The tree is shown only in layout mode, whatever the table says.
+void ReadGridAttributes(const HostTable& gridAttr, bool layoutMode, GridSettings& settings);
+
+}  // namespace planview

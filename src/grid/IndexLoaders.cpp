@@ -1,0 +1,111 @@
+#include <string>
+
+#include "grid/LineCaption.h"
+#include "grid/LoaderSupport.h"
+#include "grid/modGrid.h"
+#include "trace/TraceText.h"
+
+namespace planview {
+
+namespace {
+
+void LoadColumn(const LoaderContext& context, HostTable::Row i, std::int16_t& position) {
+    GridControl& grid = context.grid;
+    const HostTable& table = context.tables.COLS_INDEX;
+
+    std::string& key = context.keys.column;
+    key = modGrid::ColumnKey(table.Int16(i, "COLUMN"), "");
+    modGrid::CreateColumn(grid, key, position, NoRedraw);
+    if (modGrid::Status == GridStatus::Ok) {
+        ++position;
+    }
+    modGrid::ColumnWidth(grid, key, table.Int16(i, "COL_WIDTH"), NoRedraw);
+    modGrid::ColumnHeight(grid, key, table.Int16(i, "COL_HEIGHT"), NoRedraw);
+
+    const CellKeyView heading{key, HeadingRowKey};
+    modGrid::Bitmap(grid, heading, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);
+    const std::string period = table.Text(i, "PERDY");
+    modGrid::Contents(grid, heading, period, NoRedraw);
+    modGrid::Tooltip(grid, heading, period, NoRedraw);
+    modGrid::CenterHidden(grid, {key, {}}, table.Flag(i, "COL_HIDDEN"), NoRedraw);
+    table.Put(i, "GRID_ID", key);
+}
+
+void SetRowLook(const LoaderContext& context, HostTable::Row i, CellKeyView row) {
+    GridControl& grid = context.grid;
+    const HostTable& table = context.tables.LINE_INDEX;
+    modGrid::CenterBgColor(grid, row, table.Int16(i, "ROW_BG"), NoRedraw);
+    modGrid::CenterFgColor(grid, row, table.Int16(i, "ROW_FG"), NoRedraw);
+    modGrid::CenterReadOnly(grid, row, table.Flag(i, "READONLY"), NoRedraw);
+    modGrid::CenterTextLine(grid, row, table.Text(i, "ROW_TEXT"), NoRedraw);
+    modGrid::CenterHelpLine(grid, row, table.Text(i, "LINETYPE"), NoRedraw);
+    modGrid::CenterRelief(grid, row, table.Flag(i, "RELIEF"), NoRedraw);
+    modGrid::CenterFormat(grid, row, table.Text(i, "ROW_FORMAT"), NoRedraw);
+    modGrid::CenterFont(grid, row, table.Text(i, "ROW_FONT"), NoRedraw);
+    modGrid::CenterAlignment(grid, row, table.Int16(i, "ROW_ALIGN"), NoRedraw);
+}
+
+void LoadRow(const LoaderContext& context, HostTable::Row i, std::int16_t& position) {
+    GridControl& grid = context.grid;
+    const HostTable& table = context.tables.LINE_INDEX;
+
+    if (table.Text(i, "LINETYPE") != "H") {
+        context.keys.column.clear();
+    }
+    std::string& key = context.keys.row;
+    key = modGrid::RowKey(table.Int16(i, "LINE"), "");
+    modGrid::CreateRow(grid, key, position, NoRedraw);
+    if (modGrid::Status == GridStatus::Ok) {
+        ++position;
+    }
+    modGrid::RowWidth(grid, key, table.Int16(i, "ROW_WIDTH"), NoRedraw);
+    modGrid::RowHeight(grid, key, table.Int16(i, "ROW_HEIGHT"), NoRedraw);
+    SetRowLook(context, i, {{}, key});
+
+    const CellKeyView label{LabelColumnKey, key};
+    modGrid::Bitmap(grid, label, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);
+    const std::string caption = LineCaption(table, i);
+    modGrid::Contents(grid, label, caption, NoRedraw);
+    modGrid::Tooltip(grid, label, caption, NoRedraw);
+    modGrid::CenterHidden(grid, {{}, key}, table.Flag(i, "ROW_HIDDEN"), NoRedraw);
+    table.Put(i, "GRID_ID", key);
+}
+
+/// The second pass: lines that only show planning values.
+void LockRow(const LoaderContext& context, HostTable::Row i) {
+    GridControl& grid = context.grid;
+    const HostTable& table = context.tables.LINE_INDEX;
+    if (!table.Flag(i, "READONLY") || table.Flag(i, "ROW_TEXT")) {
+        return;
+    }
+    std::string& key = context.keys.row;
+    key = table.Text(i, "GRID_ID");
+    if (modPlan::TraceEnabled) {
+        modPlan::TraceWrite("GRIDCTL", "", "Column in the past",
+                            TraceText("{cid: ", context.keys.column, " - rid: ", key, "}"));
+    }
+    const CellKeyView row{{}, key};
+    modGrid::ReadOnly(grid, row, true, NoRedraw);
+    modGrid::BackgroundColor(grid, row, modGrid::ReadOnlyBackground, NoRedraw);
+    modGrid::ForegroundColor(grid, row, modGrid::ReadOnlyForeground, NoRedraw);
+    table.Put(i, "GRID_ID", key);
+}
+
+}  // namespace
+
+void Creation_Columns(const LoaderContext& context) noexcept {
+    RunLoader("Creation_Columns", "#COLS_INDEX#", [&] {
+        std::int16_t position = 1;
+        ForEachRow(context.tables.COLS_INDEX, [&](HostTable::Row i) { LoadColumn(context, i, position); });
+    });
+}
+
+void Creation_Rows(const LoaderContext& context) noexcept {
+    RunLoader("Creation_Rows", "#LINE_INDEX#", [&] {
+        std::int16_t position = 1;
+        ForEachRow(context.tables.LINE_INDEX, [&](HostTable::Row i) { LoadRow(context, i, position); });
+        ForEachRow(context.tables.LINE_INDEX, [&](HostTable::Row i) { LockRow(context, i); });
+    });
+}
+
+}  // namespace planview

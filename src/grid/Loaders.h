@@ -1,0 +1,37 @@
+#pragma once
+
+#include "automation/TableSlots.h"
+#include "components/GridControl.h"
+#include "grid/CurrentKeys.h"
+
+namespace planview {
+
+/// What the loaders work on.
+struct LoaderContext {
+    GridControl& grid;
+    const TableSlots& tables;
+    CurrentKeys& keys;
+};
+
+/// The seven loaders turn one host table each into a part of the grid. Each walks its table once from row 1, changes
+/// the grid with redraw off, and opens with a trace entry that names the table. A failure (a table that is not set, a
+/// field that cannot be read) ends the loader with an "ERROR" entry; what it has built so far stays.
+///
+/// Columns and rows come before the cells that refer to them.
+
+/// COLS_INDEX: planning columns with their headings; writes each key into `GRID_ID`.
+void Creation_Columns(const LoaderContext& context) noexcept;
+/// LINE_INDEX: planning rows with their labels and looks; writes each key into `GRID_ID`.
+void Creation_Rows(const LoaderContext& context) noexcept;
+/// FIXED_COLS: fixed columns on the left and right; writes each key into `GRID_ID`.
+void Creation_FixedColumns(const LoaderContext& context) noexcept;
+/// FIXED_LINES: fixed rows at the top and bottom; reads `GRID_ID` and leaves it as it is.
+void Creation_FixedLines(const LoaderContext& context) noexcept;
+/// TAB: the planning cells' values.
+void FillCells(const LoaderContext& context) noexcept;
+/// FIXED_TAB: contents and looks of cells in fixed columns or rows.
+void FillFixedCells(const LoaderContext& context) noexcept;
+/// CELL_ATTR: looks of single planning cells. A cell that the grid does not have is traced and passed over.
+void CellAttributes(const LoaderContext& context) noexcept;
+
+}  // namespace planview

@@ -1,0 +1,38 @@
+#include "grid/MarkedRows.h"
+
+#include "grid/LoaderSupport.h"
+#include "grid/modGrid.h"
+#include "trace/TraceText.h"
+
+namespace planview {
+
+namespace {
+
+void SetMarkedRowsHidden(const HostTable& lineIndex, GridControl& grid, CurrentKeys& keys, bool hidden) {
+    ForEachRow(lineIndex, [&](HostTable::Row i) {
+        if (!lineIndex.Flag(i, "ROW_MARKED")) {
+            return;
+        }
+        keys.column.clear();
+        keys.row = lineIndex.Text(i, "GRID_ID");
+        lineIndex.PutFlag(i, "ROW_HIDDEN", hidden);
+        if (modPlan::TraceEnabled) {
+            modPlan::TraceWrite("GRIDCTL", "", hidden ? "MarkedRowsHide" : "MarkedRowsShow",
+                                TraceText("{cid: ", keys.column, " - rid: ", keys.row, "}"));
+        }
+        modGrid::CenterHidden(grid, {{}, keys.row}, hidden, NoRedraw);
+    });
+    grid.Redraw();
+}
+
+}  // namespace
+
+void HideMarkedRows(const HostTable& lineIndex, GridControl& grid, CurrentKeys& keys) {
+    SetMarkedRowsHidden(lineIndex, grid, keys, true);
+}
+
+void ShowMarkedRows(const HostTable& lineIndex, GridControl& grid, CurrentKeys& keys) {
+    SetMarkedRowsHidden(lineIndex, grid, keys, false);
+}
+
+}  // namespace planview

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "automation/HostTable.h"
+#include "components/GridControl.h"
+#include "grid/CurrentKeys.h"
+
+namespace planview {
+
+/// Hides or shows every row of LINE_INDEX whose `ROW_MARKED` is "X": in the table, in the grid, and with one entry per
+/// row under this method. The grid is redrawn once, also when no row is marked.
+void HideMarkedRows(const HostTable& lineIndex, GridControl& grid, CurrentKeys& keys);
+void ShowMarkedRows(const HostTable& lineIndex, GridControl& grid, CurrentKeys& keys);
+
+}  // namespace planview

@@ -1,0 +1,195 @@
+#include "trace/modPlan.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <ostream>
+
+#include <planview/Trace.h>
+
+#include "automation/CheckedInt.h"
+#include "trace/ErrorTrap.h"
+#include "trace/TraceText.h"
+#include "trace/frmTrace.h"
+
+namespace planview {
+
+bool TraceIsOn() noexcept {
+    return modPlan::TraceEnabled;
+}
+
+void WriteTraceLog(std::ostream& out) {
+    modPlan::WriteTraceLines(out);
+}
+
+namespace modPlan {
+
+namespace {
+
+constexpr const char* LogFileName = "MORVIDA.LOG";
+
+/// A field of a log line: the column it starts in (1-based) and the longest text behind which the next field still
+/// stands on the same line.
+struct LogField {
+    std::size_t column;
+    std::size_t longest;
+};
+
+constexpr std::array<LogField, 4> LogFields{{{1, 14}, {15, 19}, {35, 29}, {65, std::string::npos}}};
+
+std::size_t CharacterCount(std::string_view utf8) {
+    return static_cast<std::size_t>(std::count_if(
+        utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80; }));
+}
+
+void WriteLogLine(std::ostream& out, const std::array<std::string_view, 4>& fields) {
+    std::size_t column = 1;
+    bool fits = true;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (!fits) {
+            out << "\r\n";
+            column = 1;
+        }
+        out << std::string(LogFields[i].column - column, ' ') << fields[i];
+        const std::size_t length = CharacterCount(fields[i]);
+        column = LogFields[i].column + length;
+        fits = length <= LogFields[i].longest;
+    }
+    out << "\r\n";
+}
+
+std::string KilobytesText(std::int64_t bytes) {
+    constexpr double BytesPerKilobyte = 1024;
+    const std::int64_t capped = std::clamp<std::int64_t>(bytes, 0, std::numeric_limits<std::int32_t>::max());
+    return NumberText(static_cast<double>(capped) / BytesPerKilobyte, TraceDecimalMark) + " KBytes}";
+}
+
+std::string_view PlatformText(int platformId) {
+    switch (platformId) {
+        case 0:
+            return "{OS platform: Windows 3.1 [Win32s]}";
+        case 1:
+            return "{OS platform: Windows 95 [Win32]}";
+        case 2:
+            return "{OS platform: Windows Nt [Win32]}";
+        default:
+            return "{OS platform: !!! Unknown !!!}";
+    }
+}
+
+}  // namespace
+
+void TraceWrite(std::string_view control, std::string_view message, std::string_view method,
+                std::string_view parameter) noexcept {
+    if (!TraceEnabled) {
+        return;
+    }
+    ResumeNext([&] {
+        ListView& list = frmTrace::Instance().TraceView;
+        if (list.Count() >= MaxTraceEntries) {
+            list.RemoveFirst();
+        }
+        TraceCounter = CheckedAdd(TraceCounter, 1);
+        TraceKey.assign("TRACE{");
+        trace_text::Append(TraceKey, TraceCounter);
+        TraceKey += '}';
+        list.Add(TraceKey, control, {message, method, parameter, TraceKey});
+    });
+}
+
+void Trace_Enable(const Platform& platform) {
+    TraceEnabled = true;
+    TraceCounter = 0;
+    ResumeNext([&] { platform.forms.Load(frmTrace::Instance()); }, [] { frmTrace::Instance().TraceView.Clear(); });
+    TraceWrite("USERCONTROL", "", "Trace_Enable", "{}");
+    TraceWrite("USERCONTROL", "", "Morvida", TraceText("{version: ", ControlVersion, "}"));
+    MemoryCheck(platform.system);
+    OsCheck(platform.system);
+}
+
+void Trace_Disable(const Platform& platform) {
+    TraceEnabled = false;
+    TraceWrite("USERCONTROL", "", "Trace_Disable", "{}");
+    TraceSave(platform);
+    ResumeNext([] { frmTrace::Instance().TraceView.Clear(); }, [&] { platform.forms.Unload(frmTrace::Instance()); });
+    frmTrace::End();
+}
+
+void Trace_Show(const Platform& platform) {
+    if (!TraceEnabled) {
+        return;
+    }
+    ResumeNext([&] { platform.forms.ShowModal(frmTrace::Instance()); });
+}
+
+void TraceSave(const Platform& platform) {
+    TraceSaveAnswer = MessageAnswer::No;
+    ResumeNext([&] {
+        TraceSaveAnswer = platform.messageBoxes.Show(
+            {"Save trace to file ?", "Trace", MessageButtons::YesNo, MessageIcon::Exclamation, MessageAnswer::No});
+    });
+    if (TraceSaveAnswer != MessageAnswer::Yes) {
+        return;
+    }
+    ResumeNext([&] {
+        const std::filesystem::path folder(platform.system.LogFolder());
+        std::filesystem::create_directories(folder);
+        std::ofstream file(folder / LogFileName, std::ios::binary | std::ios::trunc);
+        WriteTraceLines(file);
+    });
+}
+
+void WriteTraceLines(std::ostream& out) {
+    if (!frmTrace::Exists()) {
+        return;
+    }
+    const ListView& list = frmTrace::Instance().TraceView;
+    for (std::size_t i = 0; i < list.Count(); ++i) {
+        const ListItem& item = list.Item(i);
+        WriteLogLine(out, {item.text, item.subItems[0], item.subItems[1], item.subItems[2]});
+    }
+}
+
+void MemoryCheck(const SystemInformation& system) {
+    if (!TraceEnabled) {
+        return;
+    }
+    ResumeNext([&] {
+        const std::optional<MemoryStatus> memory = system.Memory();
+        if (!memory) {
+            return;
+        }
+        const auto write = [](std::string_view label, std::int64_t bytes) {
+            TraceWrite("USERCONTROL", "MEMORY CHECK", "", TraceText("{", label, ": ", KilobytesText(bytes)));
+        };
+        write("total physical memory", memory->totalPhysical);
+        write("free memory..........", memory->availablePageFile);
+        write("used memory..........", memory->totalPageFile - memory->availablePageFile);
+    });
+}
+
+void OsCheck(const SystemInformation& system) {
+    if (!TraceEnabled) {
+        return;
+    }
+    ResumeNext([&] {
+        if (const std::optional<int> platformId = system.PlatformId()) {
+            TraceWrite("USERCONTROL", "OS CHECK", "", PlatformText(*platformId));
+        }
+    });
+}
+
+std::string ReplacePoint(std::string_view text) {
+    std::string result(text);
+    std::replace(result.begin(), result.end(), '.', ',');
+    if (TraceEnabled) {
+        TraceWrite("GRIDCTL", "", "ReplacePoint", TraceText("{before: ", text, " - after: ", result, "}"));
+    }
+    return result;
+}
+
+}  // namespace modPlan
+
+}  // namespace planview

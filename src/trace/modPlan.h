@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+#include <string_view>
+
+#include <planview/Platform.h>
+
+namespace planview::modPlan {
+
+/// The trace log: one switch, one counter and one list for all controls of the process. Used from the one thread that
+/// the controls run on.
+///
+/// Every procedure here goes on after a failure of its own: tracing never breaks what is being traced.
+
+/// The most entries that are kept; each further one drops the oldest.
+inline constexpr std::size_t MaxTraceEntries = 5000;
+
+/// Tested at the head of every traced procedure, before any text is built.
+inline bool TraceEnabled = false;
+/// The number of the newest entry since the trace was switched on.
+inline std::int32_t TraceCounter = 0;
+/// The key of the newest entry, "TRACE{" + number + "}".
+inline std::string TraceKey;
+/// major.minor.revision of the control; set when a control is created.
+inline std::string ControlVersion;
+/// The last answer to "Save trace to file ?".
+inline MessageAnswer TraceSaveAnswer = MessageAnswer::No;
+/// How numbers are written in entries; from the user's regional settings, set when a control is created.
+inline char TraceDecimalMark = '.';
+
+/// Appends an entry; does nothing while the trace is off.
+void TraceWrite(std::string_view control, std::string_view message, std::string_view method,
+                std::string_view parameter) noexcept;
+
+/// Switches the trace on with an empty list and writes what the log needs to know of the machine.
+void Trace_Enable(const Platform& platform);
+/// Switches the trace off, offers to save the list, and empties it. The entry about the switch itself is written after
+/// the switch and so never recorded: the log ends with the last entry before it.
+void Trace_Disable(const Platform& platform);
+/// Shows the trace window and waits for its end; does nothing while the trace is off.
+void Trace_Show(const Platform& platform);
+/// Asks and then writes the list to "MORVIDA.LOG" in the platform's log folder, replacing an earlier one. A file that
+/// cannot be written is given up without a message.
+void TraceSave(const Platform& platform);
+/// The list in the form of the log file; see planview::WriteTraceLog().
+void WriteTraceLines(std::ostream& out);
+
+/// Three entries on the memory. The figures are 32-bit byte counts: more than 2,147,483,647 bytes count as that.
+void MemoryCheck(const SystemInformation& system);
+/// One entry on the operating system, none when it does not tell.
+void OsCheck(const SystemInformation& system);
+
+/// The text with every "." replaced by ",".
+[[nodiscard]] std::string ReplacePoint(std::string_view text);
+
+}  // namespace planview::modPlan
