@@ -1,0 +1,184 @@
+#include <string>
+
+#include <planview/PlanView.h>
+#include <planview/Version.h>
+
+#include "control/Guarded.h"
+#include "grid/MarkedRows.h"
+#include "grid/modGrid.h"
+#include "trace/TraceText.h"
+
+namespace planview {
+
+using modPlan::TraceEnabled;
+using modPlan::TraceWrite;
+
+namespace {
+
+constexpr std::string_view UserControl = "USERCONTROL";
+
+std::string VersionText() {
+    return std::to_string(VersionMajor) + "." + std::to_string(VersionMinor) + "." + std::to_string(VersionRevision);
+}
+
+void TraceCall(std::string_view method) noexcept {
+    TraceWrite(UserControl, "", method, "{}");
+}
+
+}  // namespace
+
+PlanView::PlanView(const Platform& platform) : state_(std::make_shared<State>(platform)) {
+    modPlan::ControlVersion = VersionText();
+    modPlan::TraceDecimalMark = platform.system.DecimalMark();
+    TraceWrite(UserControl, "CONSTRUCTOR", "Initialize", "{}");
+    Guarded(state_, UserControl, "Initialize", [](ControlContext& context) {
+        context.layout.Apply(context.settings.treeShown, context.settings.chartShown, context.settings.zoomed);
+        context.construction.CreateEmpty();
+    });
+}
+
+PlanView::~PlanView() {
+    Terminate();
+}
+
+// --- Trace ----------------------------------------------------------------------------------------------------------
+
+PlanView::Status PlanView::plv_EnableTrace() {
+    return Guarded(state_, UserControl, "plv_EnableTrace", [](ControlContext& context) {
+        if (!TraceEnabled) {
+            modPlan::Trace_Enable(context.platform);
+        }
+    });
+}
+
+PlanView::Status PlanView::plv_DisableTrace() {
+    return Guarded(state_, UserControl, "plv_DisableTrace", [](ControlContext& context) {
+        if (TraceEnabled) {
+            modPlan::Trace_Disable(context.platform);
+        }
+    });
+}
+
+// --- Panes ----------------------------------------------------------------------------------------------------------
+
+PlanView::Status PlanView::plv_LayoutShow() {
+    return Guarded(state_, UserControl, "plv_LayoutShow", [](ControlContext& context) {
+        TraceCall("plv_LayoutShow");
+        if (!context.tables.MACRO_TREE.IsSet()) {
+            context.platform.messageBoxes.Show(
+                {"NOTHING", "", MessageButtons::Ok, MessageIcon::None, MessageAnswer::Ok});
+        }
+        if (context.layout.LayoutMode()) {
+            context.settings.treeShown = true;
+            context.layout.ShowTree(true);
+            context.layout.LayOutTreeSplitter();
+        }
+    });
+}
+
+PlanView::Status PlanView::plv_LayoutHide() {
+    return Guarded(state_, UserControl, "plv_LayoutHide", [](ControlContext& context) {
+        TraceCall("plv_LayoutHide");
+        if (context.tables.MACRO_TREE.IsSet() && context.layout.LayoutMode()) {
+            context.settings.treeShown = false;
+            context.layout.ShowTree(false);
+        }
+    });
+}
+
+PlanView::Status PlanView::plv_LayoutMode() {
+    return Guarded(state_, UserControl, "plv_LayoutMode", [](ControlContext& context) {
+        context.layout.SetLayoutMode(true);
+        TraceWrite("GRIDCTL", "", "LayoutMode", "{Enabled}");
+    });
+}
+
+PlanView::Status PlanView::plv_LayoutModeDisable() {
+    return Guarded(state_, UserControl, "plv_LayoutModeDisable", [](ControlContext& context) {
+        context.layout.SetLayoutMode(false);
+        TraceWrite("GRIDCTL", "", "LayoutMode", "{Disabled}");
+    });
+}
+
+// --- Macro tree -----------------------------------------------------------------------------------------------------
+
+PlanView::Status PlanView::plv_ActiveNode(const std::string& vNode) {
+    return Guarded(state_, UserControl, "plv_ActiveNode", [&](ControlContext& context) {
+        if (TraceEnabled) {
+            TraceWrite("MACROTREE", "", "ActiveNode", TraceText("{node: ", vNode, "}"));
+        }
+        if (context.macroTreeState.empty()) {
+            context.activeNode = vNode;
+        }
+    });
+}
+
+// --- Rows -----------------------------------------------------------------------------------------------------------
+
+PlanView::Status PlanView::plv_MarkedRowsHide() {
+    return Guarded(state_, UserControl, "plv_MarkedRowsHide", [](ControlContext& context) {
+        HideMarkedRows(context.tables.LINE_INDEX, context.grid, context.keys);
+    });
+}
+
+PlanView::Status PlanView::plv_MarkedRowsShow() {
+    return Guarded(state_, UserControl, "plv_MarkedRowsShow", [](ControlContext& context) {
+        ShowMarkedRows(context.tables.LINE_INDEX, context.grid, context.keys);
+    });
+}
+
+// --- Import ---------------------------------------------------------------------------------------------------------
+
+PlanView::Status PlanView::DP_Import_Texts() {
+    return Guarded(state_, UserControl, "DP_Import_Texts", [](ControlContext&) { TraceCall("DP_Import_Texts"); });
+}
+
+PlanView::Status PlanView::DP_Import_Attribute() {
+    return Guarded(state_, UserControl, "DP_Import_Attribute", [](ControlContext& context) {
+        TraceCall("DP_Import_Attribute");
+        ReadGridAttributes(context.tables.GRID_ATTR, context.layout.LayoutMode(), context.settings);
+        context.layout.Apply(context.settings.treeShown, context.settings.chartShown, context.settings.zoomed);
+    });
+}
+
+PlanView::Status PlanView::DP_Import_Create() {
+    return Guarded(state_, UserControl, "DP_Import_Create", [](ControlContext& context) {
+        TraceCall("DP_Import_Create");
+        context.construction.CreateFromTables();
+    });
+}
+
+PlanView::Status PlanView::DP_Import_Update() {
+    return Guarded(state_, UserControl, "DP_Import_Update", [this](ControlContext&) {
+        TraceCall("DP_Import_Update");
+        if (Call(IdOf("DP_Import_Create"), {}).AsInt16() != 0) {
+            throw AutomationError(AutomationErrorCode::Failed, "The grid could not be built again");
+        }
+    });
+}
+
+PlanView::Status PlanView::DP_Import_PopupMenu() {
+    return Guarded(state_, UserControl, "DP_Import_PopupMenu",
+                   [](ControlContext&) { TraceCall("DP_Import_PopupMenu"); });
+}
+
+PlanView::Status PlanView::DP_Import_MacroTree() {
+    return Guarded(state_, UserControl, "DP_Import_MacroTree",
+                   [](ControlContext&) { TraceCall("DP_Import_MacroTree"); });
+}
+
+// --- Events ---------------------------------------------------------------------------------------------------------
+
+void PlanView::AddSink(EventSink& sink) {
+    state_->context.events.AddSink(sink);
+}
+
+void PlanView::RemoveSink(EventSink& sink) noexcept {
+    state_->context.events.RemoveSink(sink);
+}
+
+GridControl& PlanView::Grid() noexcept {
+    return state_->context.grid;
+}
+
+}  // namespace planview
