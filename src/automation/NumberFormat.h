@@ -17,6 +17,8 @@ public:
     /// No value when the code is none of the above. An empty code is none.
     [[nodiscard]] static std::optional<NumberFormat> Parse(std::string_view code);
 
+    /// Rounds the number's 15 significant decimal digits, halves away from zero, as people do it on paper: 1.005 by
+    /// "0.00" is "1,01". A number that rounds to zero is shown without a sign. The empty text for no finite number.
     [[nodiscard]] std::string Format(double value) const;
     [[nodiscard]] const std::string& Code() const noexcept { return code_; }
     /// The number of digits behind the decimal mark, counted in what is shown.
@@ -31,9 +33,14 @@ private:
         int minimumDecimals = 0;
         bool grouped = false;
         bool percent = false;
+        bool decimalMark = false;
     };
+    struct Digits;
+
     [[nodiscard]] static std::optional<Section> ParseSection(std::string_view code);
-    [[nodiscard]] static std::string FormatSection(const Section& section, double magnitude);
+    [[nodiscard]] static bool ParseDigits(std::string_view code, Section& section);
+    [[nodiscard]] static Digits RoundedDigits(const Section& section, double magnitude);
+    static void Append(std::string& text, const Section& section, const Digits& digits);
 
     std::string code_;
     Section positive_;
