@@ -15,9 +15,10 @@ inline constexpr std::size_t MaxFieldBytes = 65535;
 /// Reads and writes a host's table. The one place where the control touches a table; nothing is cached.
 ///
 /// The table is any object that answers `rowCount`, the default member (row, field) to get and put, and `Rows` with
-/// `Add`. Rows are numbered from 1. Every method throws AutomationError: ObjectNotSet when there is no table, Overflow
-/// when a row count or number does not fit 16 bits, TypeMismatch when a value is of the wrong kind, a text is longer
-/// than MaxFieldBytes or no valid UTF-8, and whatever the table itself throws.
+/// `Add`. Rows are numbered from 1. Whoever reads more than one field holds a HostTable of its own, so that the object
+/// lives on when the host takes it back meanwhile. Every method throws AutomationError: ObjectNotSet when there is no
+/// table, Overflow when a row count or number does not fit 16 bits, TypeMismatch when a value is of the wrong kind, a
+/// text is longer than MaxFieldBytes or no valid UTF-8, and whatever the table itself throws.
 class HostTable {
 public:
     using Row = std::int16_t;

@@ -170,11 +170,11 @@ NumberFormat::Digits NumberFormat::RoundedDigits(const Section& section, double 
     significant[1] = buffer[0];
     std::copy_n(buffer.data() + 2, SignificantDigits - 1, significant.data() + 2);
     // The digit at index i counts 10 to the power of (top - i).
-    int top = (magnitude != 0 ? exponent : 0) + (section.percent ? PercentPower : 0) + 1;
+    const int top = (magnitude != 0 ? exponent : 0) + (section.percent ? PercentPower : 0) + 1;
 
     const int firstDropped = top + section.decimals + 1;
     if (firstDropped <= SignificantDigits) {
-        const bool up = firstDropped >= 0 && significant[static_cast<std::size_t>(firstDropped)] >= '5';
+        const bool up = firstDropped > 0 && significant[static_cast<std::size_t>(firstDropped)] >= '5';
         std::fill(significant.begin() + std::max(firstDropped, 0), significant.end(), '0');
         for (int i = firstDropped - 1; up && i >= 0; --i) {
             char& digit = significant[static_cast<std::size_t>(i)];
@@ -182,10 +182,6 @@ NumberFormat::Digits NumberFormat::RoundedDigits(const Section& section, double 
             if (digit != '0') {
                 break;
             }
-        }
-        if (up && firstDropped == 0) {
-            significant[0] = '1';
-            ++top;
         }
     }
 

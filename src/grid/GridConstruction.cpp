@@ -32,14 +32,17 @@ void GridConstruction::CreateFromTables() {
     grid.Redraw();
 }
 
-void GridConstruction::RunLoaders() {
-    Creation_Columns(context_);
-    Creation_Rows(context_);
-    Creation_FixedColumns(context_);
-    Creation_FixedLines(context_);
-    FillCells(context_);
-    FillFixedCells(context_);
-    CellAttributes(context_);
+void GridConstruction::RunLoaders() const {
+    // A host may take its tables back, or end the control, while one of them is being read.
+    const TableSlots held = context_.tables;
+    const LoaderContext context{context_.grid, held, context_.keys};
+    Creation_Columns(context);
+    Creation_Rows(context);
+    Creation_FixedColumns(context);
+    Creation_FixedLines(context);
+    FillCells(context);
+    FillFixedCells(context);
+    CellAttributes(context);
 }
 
 void GridConstruction::ScrollToFirst() {

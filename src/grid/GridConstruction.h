@@ -17,7 +17,7 @@ public:
     void CreateFromTables();
 
 private:
-    void RunLoaders();
+    void RunLoaders() const;
     void ScrollToFirst();
 
     LoaderContext context_;

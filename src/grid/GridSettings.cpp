@@ -2,7 +2,7 @@
 
 namespace planview {
 
-void ReadGridAttributes(const HostTable& gridAttr, bool layoutMode, GridSettings& settings) {
+void ReadGridAttributes(const HostTable gridAttr, bool layoutMode, GridSettings& settings) {
     constexpr HostTable::Row Row = 1;
     const auto flag = [&](const char* field) { return gridAttr.Flag(Row, field); };
     const auto permission = [&](const char* forbidden) { return static_cast<std::int16_t>(flag(forbidden) ? 0 : 1); };

@@ -34,6 +34,6 @@ struct GridSettings {
 
 /// Reads row 1 of GRID_ATTR, field by field in a fixed order. A field that cannot be read throws and leaves those
 /// behind it as they were. The tree is shown only in layout mode, whatever the table says.
-void ReadGridAttributes(const HostTable& gridAttr, bool layoutMode, GridSettings& settings);
+void ReadGridAttributes(HostTable gridAttr, bool layoutMode, GridSettings& settings);
 
 }  // namespace planview

@@ -17,7 +17,7 @@ void HostUpdate::ReturnKeyPressed() {
 
 void HostUpdate::WriteFirstColumnAndRow() {
     constexpr HostTable::Row Row = 1;
-    const HostTable& gridAttr = tables_.GRID_ATTR;
+    const HostTable gridAttr = tables_.GRID_ATTR;
     if (gridAttr.IsSet()) {
         const std::optional<ColumnId> column = grid_.FirstColumn();
         const std::optional<RowId> row = grid_.FirstRow();

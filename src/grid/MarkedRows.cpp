@@ -27,11 +27,11 @@ void SetMarkedRowsHidden(const HostTable& lineIndex, GridControl& grid, CurrentK
 
 }  // namespace
 
-void HideMarkedRows(const HostTable& lineIndex, GridControl& grid, CurrentKeys& keys) {
+void HideMarkedRows(const HostTable lineIndex, GridControl& grid, CurrentKeys& keys) {
     SetMarkedRowsHidden(lineIndex, grid, keys, true);
 }
 
-void ShowMarkedRows(const HostTable& lineIndex, GridControl& grid, CurrentKeys& keys) {
+void ShowMarkedRows(const HostTable lineIndex, GridControl& grid, CurrentKeys& keys) {
     SetMarkedRowsHidden(lineIndex, grid, keys, false);
 }
 
