@@ -1,0 +1,2 @@
+#pragma once
+#include <string>  // BAD: a public header without a layer

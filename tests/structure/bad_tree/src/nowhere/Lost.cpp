@@ -1,0 +1,1 @@
+#include <string>  // BAD: a folder without a layer
