@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QString>
+#include <filesystem>
+#include <string>
+
+#include "book/BookSchema.h"
+
+namespace planbook {
+
+/// One SQLite connection to one file, closed at its end. Whatever fails throws BookError.
+class BookConnection {
+public:
+    enum class Access { ReadOnly, ReadWrite };
+    /// What is being done, for messages.
+    enum class Work { Open, Read, Write };
+
+    /// Makes the file when there is none and it may be written.
+    BookConnection(const std::filesystem::path& file, Access access);
+    ~BookConnection();
+    BookConnection(const BookConnection&) = delete;
+    BookConnection& operator=(const BookConnection&) = delete;
+
+    QSqlQuery Run(Work work, const QString& statement) const;
+    [[nodiscard]] QSqlQuery Prepare(Work work, const QString& statement) const;
+
+    /// Throws unless the table is there with all its fields.
+    void CheckTable(const TableDescription& table) const;
+
+    [[noreturn]] void Fail(Work work, const QSqlError& error) const;
+    [[noreturn]] void Refuse(Work work, const std::string& why) const;
+
+    [[nodiscard]] QSqlDatabase Database() const;
+
+private:
+    std::filesystem::path file_;
+    QString name_;
+};
+
+/// A transaction that rolls back unless it was committed.
+class BookTransaction {
+public:
+    BookTransaction(const BookConnection& connection, BookConnection::Work work);
+    ~BookTransaction();
+    BookTransaction(const BookTransaction&) = delete;
+    BookTransaction& operator=(const BookTransaction&) = delete;
+
+    void Commit();
+
+private:
+    const BookConnection& connection_;
+    BookConnection::Work work_;
+    QSqlDatabase database_;
+    bool committed_ = false;
+};
+
+/// A name in an SQL statement.
+[[nodiscard]] QString Quoted(std::string_view name);
+
+}  // namespace planbook

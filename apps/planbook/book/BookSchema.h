@@ -1,0 +1,69 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace planbook {
+
+/// The seventeen tables of a book, in the order of BookSchema().
+enum class BookTable : std::uint8_t {
+    GridAttr,
+    ColsIndex,
+    LineIndex,
+    Tab,
+    TabOld,
+    FixedCols,
+    FixedLines,
+    FixedTab,
+    CellAttr,
+    GridTree,
+    MacroTree,
+    Texts,
+    ColMenu,
+    RowMenu,
+    GridMenu,
+    CellMenu,
+    MacroRec
+};
+
+inline constexpr std::size_t BookTableCount = 17;
+
+/// How a field is kept in the file. Text, Integer and Real are what the field normally holds; Any is kept exactly as
+/// it was put, because the user may enter numbers and texts there.
+enum class FieldType : std::uint8_t { Text, Integer, Real, Any };
+
+struct FieldDescription {
+    std::string_view name;
+    FieldType type;
+};
+
+struct TableDescription {
+    BookTable table;
+    std::string_view name;
+    std::span<const FieldDescription> fields;
+};
+
+/// Every table has this field beside its own: the row's number, from 1. It orders the rows and is the primary key.
+inline constexpr std::string_view RowNumberField = "ROW_NO";
+
+/// The control counts the rows of a table with a 16-bit number.
+inline constexpr std::int32_t MaxTableRows = 32767;
+
+/// "PlBk" in the file's header tells a book from other SQLite files.
+inline constexpr std::int32_t BookApplicationId = 0x506C426B;
+/// Goes up with every change of the schema.
+inline constexpr std::int32_t BookVersion = 1;
+
+/// `PFID` of the menu entries that planbook answers.
+inline constexpr std::int32_t HostCommandReload = 1;
+
+[[nodiscard]] std::span<const TableDescription, BookTableCount> BookSchema() noexcept;
+[[nodiscard]] const TableDescription& Describe(BookTable table) noexcept;
+
+/// All tables, for what is done with each of them.
+[[nodiscard]] std::span<const BookTable, BookTableCount> AllBookTables() noexcept;
+
+}  // namespace planbook

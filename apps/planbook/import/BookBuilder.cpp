@@ -1,0 +1,464 @@
+#include "import/BookBuilder.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string_view>
+#include <utility>
+
+#include "import/Periods.h"
+
+namespace planbook {
+
+using planview::MemoryTable;
+using planview::Variant;
+
+namespace {
+
+// Palette indices. 0 and 1 stand for the view's own background and text.
+constexpr int White = 0;
+constexpr int Black = 1;
+constexpr int Gray = 8;
+constexpr int LightRed = 13;
+
+enum class Align { Right = 0, Left = 1, Center = 2 };
+
+constexpr const char* Set = "X";
+constexpr const char* LeftSide = "L";
+constexpr const char* RightSide = "R";
+constexpr const char* TopSide = "T";
+constexpr const char* BottomSide = "B";
+constexpr const char* Planning = "";
+
+// Sizes in logical pixels.
+constexpr int RowHeight = 23;
+constexpr int HeadingHeight = 24;
+constexpr int DigitWidth = 8;
+constexpr int LetterWidth = 7;
+constexpr int CellMargins = 16;
+constexpr int LabelMargins = 26;  // the margins and the mark of a line that is in the chart
+constexpr std::pair<int, int> ColumnWidths = {76, 200};
+constexpr std::pair<int, int> UnitWidths = {72, 160};
+constexpr std::pair<int, int> LabelWidths = {185, 320};
+
+/// More digits behind the mark are kept but not shown.
+constexpr int MaxDecimals = 4;
+
+/// Sets the fields of a new row.
+class NewRow {
+public:
+    explicit NewRow(MemoryTable& table) : table_(table), row_(table.AddRow()) {}
+
+    NewRow& Put(std::string_view field, Variant value) {
+        table_.SetValue(row_, field, std::move(value));
+        return *this;
+    }
+    NewRow& Put(std::string_view field, Align value) { return Put(field, static_cast<std::int32_t>(value)); }
+
+private:
+    MemoryTable& table_;
+    std::int32_t row_;
+};
+
+/// The number of characters, counted as code points.
+int Length(std::string_view text) {
+    return static_cast<int>(std::count_if(text.begin(), text.end(),
+                                          [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
+int FittingWidth(int characters, int characterWidth, int margins, std::pair<int, int> limits) {
+    return std::clamp(characters * characterWidth + margins, limits.first, limits.second);
+}
+
+std::string NumberFormat(int decimals) {
+    return decimals == 0 ? "#,##0" : "#,##0." + std::string(static_cast<std::size_t>(decimals), '0');
+}
+
+/// Characters of the number as it is shown, with groups.
+int ShownLength(double number, int decimals) {
+    const int digits = std::abs(number) < 1 ? 1 : static_cast<int>(std::log10(std::abs(number))) + 1;
+    return (number < 0 ? 1 : 0) + digits + (digits - 1) / 3 + (decimals > 0 ? decimals + 1 : 0);
+}
+
+/// One line of the book to be: the source's numbers and what the names file says about them.
+struct PlannedLine {
+    LineName name;
+    const std::vector<std::optional<double>>* values;
+    int decimals = 0;
+    std::optional<double> mean;
+
+    PlannedLine(LineName lineName, const SourceLine& source) : name(std::move(lineName)), values(&source.values) {
+        double sum = 0;
+        int count = 0;
+        for (const std::optional<double>& value : source.values) {
+            if (value) {
+                sum += *value;
+                ++count;
+                decimals = std::max(decimals, std::min(DecimalsOf(*value), MaxDecimals));
+            }
+        }
+        if (count > 0) {
+            mean = sum / count;
+        }
+    }
+
+    [[nodiscard]] bool IsHelp() const noexcept { return name.kind == LineKind::Help; }
+    [[nodiscard]] bool IsEditable() const noexcept { return name.kind == LineKind::Plain; }
+};
+
+std::vector<PlannedLine> PlanLines(const SourceTable& source, const NamesFile& names) {
+    std::vector<PlannedLine> lines;
+    lines.reserve(source.lines.size());
+    std::vector<bool> named(source.lines.size());
+    for (const LineName& name : names.lines) {
+        for (std::size_t i = 0; i < source.lines.size(); ++i) {
+            if (source.lines[i].name == name.column) {
+                lines.emplace_back(name, source.lines[i]);
+                named[i] = true;
+            }
+        }
+    }
+    for (std::size_t i = 0; i < source.lines.size(); ++i) {
+        if (!named[i]) {
+            const std::string& column = source.lines[i].name;
+            lines.emplace_back(LineName{column, ReadableName(column), LineKind::Plain, names.unit, 0}, source.lines[i]);
+        }
+    }
+    return lines;
+}
+
+/// Fills the tables of a book, one function per table or per side of the grid.
+class Builder {
+public:
+    Builder(const SourceTable& source, const NamesFile& names)
+        : source_(source), names_(names), axis_(DescribePeriods(source.periods)), lines_(PlanLines(source, names)) {
+        for (const PlannedLine& line : lines_) {
+            hasUnits_ = hasUnits_ || !line.name.unit.empty();
+            meanDecimals_ = std::max(meanDecimals_, line.decimals);
+        }
+    }
+
+    Book Build() {
+        AddSettings();
+        AddColumns();
+        AddLines();
+        AddCells();
+        AddCorner();
+        AddYears();
+        AddUnits();
+        AddMeans();
+        AddSource();
+        AddTexts();
+        AddMacros();
+        AddMenus();
+        return std::move(book_);
+    }
+
+private:
+    void AddSettings() {
+        int labelLength = Length(names_.title);
+        for (const PlannedLine& line : lines_) {
+            labelLength = std::max(labelLength, Length(Label(line)));
+        }
+        NewRow(book_[BookTable::GridAttr])
+            .Put("CHART", "")
+            .Put("HIDDEN_LIST", "")
+            .Put("NOMOVE_ALLOWED", Set)  // periods stay in their order
+            .Put("NORESIZE_ALLOWED", "")
+            .Put("SINGLEVALUE", "")
+            .Put("SWITCHED", "")
+            .Put("ZOOMED", "")
+            .Put("BGCOLOR", White)
+            .Put("GRIDLINE_COLOR", Gray)
+            .Put("FIRST_COL", FirstColumn())
+            .Put("FIRST_ROW", 0)
+            .Put("CHART_TYPE", 0)
+            .Put("NO_AUTOMIN", "")
+            .Put("NO_AUTOMAX", "")
+            .Put("MINVALUE", 0.0)
+            .Put("MAXVALUE", 0.0)
+            .Put("MINRANGE", 0.0)
+            .Put("MAXRANGE", 0.0)
+            .Put("OPTIMUM", 0.0)
+            .Put("LABELCOL_WIDTH", FittingWidth(labelLength, LetterWidth, LabelMargins, LabelWidths))
+            .Put("TITELTEXT", names_.title);
+    }
+
+    /// 0 leaves the view at its beginning.
+    [[nodiscard]] int FirstColumn() const {
+        const auto found = std::find(source_.periods.begin(), source_.periods.end(), names_.openAt);
+        return found == source_.periods.end() ? 0 : static_cast<int>(found - source_.periods.begin()) + 1;
+    }
+
+    void AddColumns() {
+        const int width = FittingWidth(LongestCell(), DigitWidth, CellMargins, ColumnWidths);
+        for (std::size_t i = 0; i < axis_.captions.size(); ++i) {
+            NewRow(book_[BookTable::ColsIndex])
+                .Put("GRID_ID", "")
+                .Put("COLUMN", static_cast<std::int32_t>(i) + 1)
+                .Put("PERDY", axis_.captions[i])
+                .Put("COL_WIDTH", width)
+                .Put("COL_HEIGHT", HeadingHeight)
+                .Put("BITMAP", "")
+                .Put("BMP_ALIGN", Align::Right)
+                .Put("COL_HIDDEN", "")
+                .Put("COL_MARKED", "")
+                .Put("SHOW_CHART", "")
+                .Put("CHART_ID", 0)
+                .Put("CHART_TYPE", 0);
+        }
+    }
+
+    [[nodiscard]] int LongestCell() const {
+        int longest = 0;
+        for (const std::string& caption : axis_.captions) {
+            longest = std::max(longest, Length(caption));
+        }
+        for (const PlannedLine& line : lines_) {
+            for (const std::optional<double>& value : *line.values) {
+                longest = std::max(longest, value ? ShownLength(*value, line.decimals) : 0);
+            }
+        }
+        return longest;
+    }
+
+    void AddLines() {
+        std::int32_t number = 0;
+        for (const PlannedLine& line : lines_) {
+            NewRow(book_[BookTable::LineIndex])
+                .Put("GRID_ID", "")
+                .Put("LINE", ++number)
+                .Put("LINETYPE", line.IsHelp() ? "H" : "")
+                .Put("ROW_WIDTH", ColumnWidths.first)
+                .Put("ROW_HEIGHT", RowHeight)
+                .Put("READONLY", line.IsEditable() ? "" : Set)
+                .Put("ROW_TEXT", "")
+                .Put("ROW_FORMAT", NumberFormat(line.decimals))
+                .Put("ROW_FONT", line.IsHelp() ? ";;Cursiv" : "")
+                .Put("ROW_ALIGN", Align::Right)
+                .Put("ROW_BG", White)
+                .Put("ROW_FG", Black)
+                .Put("RELIEF", "")
+                .Put("BITMAP", "")
+                .Put("BMP_ALIGN", Align::Right)
+                .Put("LTEXT", "F")
+                .Put("FREET", Label(line))
+                .Put("DDICT", line.name.column)
+                .Put("PLOBT", "")
+                .Put("ROW_HIDDEN", "")
+                .Put("ROW_MARKED", "")
+                .Put("SHOW_CHART", "")
+                .Put("CHART_ID", 0)
+                .Put("CHART_TYPE", 0);
+        }
+    }
+
+    static std::string Label(const PlannedLine& line) {
+        constexpr std::size_t BlanksPerIndent = 3;
+        return std::string(BlanksPerIndent * static_cast<std::size_t>(line.name.indent), ' ') + line.name.label;
+    }
+
+    void AddCells() {
+        for (std::size_t line = 0; line < lines_.size(); ++line) {
+            for (std::size_t column = 0; column < lines_[line].values->size(); ++column) {
+                if (const std::optional<double> value = (*lines_[line].values)[column]) {
+                    NewRow(book_[BookTable::Tab])
+                        .Put("Z", static_cast<std::int32_t>(line) + 1)
+                        .Put("C", static_cast<std::int32_t>(column) + 1)
+                        .Put("V", *value);
+                    if (*value < 0) {
+                        AddNegative(line, column, *value);
+                    }
+                }
+            }
+        }
+    }
+
+    void AddNegative(std::size_t line, std::size_t column, double value) {
+        NewRow(book_[BookTable::CellAttr])
+            .Put("COLUMN", static_cast<std::int32_t>(column) + 1)
+            .Put("LINE", static_cast<std::int32_t>(line) + 1)
+            .Put("BGCOLOR", White)
+            .Put("FGCOLOR", LightRed)
+            .Put("BITMAP", "")
+            .Put("BMP_ALIGN", Align::Right)
+            .Put("TOOLTIP",
+                 lines_[line].name.label + ", " + axis_.captions[column] + ": " + GridNumber(value) + " (negative)");
+    }
+
+    /// A fixed cell; `columnSide` and `lineSide` say of which side its column and its row are.
+    NewRow AddFixedCell(const char* columnSide, std::size_t column, const char* lineSide, std::size_t line,
+                        const std::string& value, Align align) {
+        NewRow row(book_[BookTable::FixedTab]);
+        row.Put("COLUMN", static_cast<std::int32_t>(column))
+            .Put("FLG_COL_FIX", columnSide)
+            .Put("LINE", static_cast<std::int32_t>(line))
+            .Put("FLG_LINE_FIX", lineSide)
+            .Put("VALUE", value)
+            .Put("TOOLTIP", "")
+            .Put("BGCOLOR", White)
+            .Put("FGCOLOR", Black)
+            .Put("BITMAP", "")
+            .Put("BMP_ALIGN", Align::Right)
+            .Put("TEXTALIGN", align);
+        return row;
+    }
+
+    void AddFixedColumn(const char* side, int width, const std::string& format, Align align) {
+        NewRow(book_[BookTable::FixedCols])
+            .Put("COLUMN_FIX", 1)
+            .Put("FLG_POSITION", side)
+            .Put("COL_WIDTH", width)
+            .Put("COL_HEIGHT", HeadingHeight)
+            .Put("COL_FORMAT", format)
+            .Put("COL_ALIGN", align)
+            .Put("READONLY", Set)
+            .Put("GRID_ID", "");
+    }
+
+    void AddFixedLine(const char* side) {
+        NewRow(book_[BookTable::FixedLines])
+            .Put("LINE_FIX", 1)
+            .Put("FLG_POSITION", side)
+            .Put("ROW_WIDTH", ColumnWidths.first)
+            .Put("ROW_HEIGHT", RowHeight)
+            .Put("ROW_FORMAT", "")
+            .Put("ROW_ALIGN", Align::Left)
+            .Put("READONLY", Set)
+            .Put("GRID_ID", "");
+    }
+
+    void AddCorner() { AddFixedCell(LeftSide, 0, TopSide, 0, names_.title, Align::Left); }
+
+    void AddYears() {
+        if (std::all_of(axis_.years.begin(), axis_.years.end(), [](const std::string& year) { return year.empty(); })) {
+            return;
+        }
+        AddFixedLine(TopSide);
+        for (std::size_t i = 0; i < axis_.years.size(); ++i) {
+            if (!axis_.years[i].empty()) {
+                AddFixedCell(Planning, i + 1, TopSide, 1, axis_.years[i], Align::Left);
+            }
+        }
+    }
+
+    void AddUnits() {
+        if (!hasUnits_) {
+            return;
+        }
+        const std::string heading = "Unit";
+        int longest = Length(heading);
+        for (const PlannedLine& line : lines_) {
+            longest = std::max(longest, Length(line.name.unit));
+        }
+        AddFixedColumn(LeftSide, FittingWidth(longest, LetterWidth, CellMargins, UnitWidths), "", Align::Left);
+        AddFixedCell(LeftSide, 1, TopSide, 0, heading, Align::Center);
+        for (std::size_t i = 0; i < lines_.size(); ++i) {
+            AddFixedCell(LeftSide, 1, Planning, i + 1, lines_[i].name.unit, Align::Left);
+        }
+    }
+
+    void AddMeans() {
+        int longest = 0;
+        for (const PlannedLine& line : lines_) {
+            longest = std::max(longest, line.mean ? ShownLength(*line.mean, meanDecimals_) : 0);
+        }
+        AddFixedColumn(RightSide, FittingWidth(longest, DigitWidth, CellMargins, ColumnWidths),
+                       NumberFormat(meanDecimals_), Align::Right);
+        AddFixedCell(RightSide, 1, TopSide, 0, "Mean", Align::Center);
+        for (std::size_t i = 0; i < lines_.size(); ++i) {
+            if (lines_[i].mean) {
+                AddFixedCell(RightSide, 1, Planning, i + 1, GridNumber(*lines_[i].mean), Align::Right)
+                    .Put("TOOLTIP", "Mean of " + lines_[i].name.label);
+            }
+        }
+    }
+
+    void AddSource() {
+        if (names_.source.empty()) {
+            return;
+        }
+        AddFixedLine(BottomSide);
+        AddFixedCell(LeftSide, 0, BottomSide, 1, "Source", Align::Left).Put("TOOLTIP", names_.source);
+        // Once per year, so that it can be read wherever the view stands.
+        for (std::size_t i = 0; i < axis_.years.size(); ++i) {
+            if (i == 0 || !axis_.years[i].empty()) {
+                AddFixedCell(Planning, i + 1, BottomSide, 1, names_.source, Align::Left).Put("TOOLTIP", names_.source);
+            }
+        }
+    }
+
+    void AddTexts() {
+        struct Entry {
+            std::int32_t number;
+            std::string text;
+        };
+        const std::array<Entry, 6> entries = {{
+            {97, "stacked"},
+            {98, "stacked to 100 %"},
+            {180, names_.title},
+            {181, names_.unit.empty() ? "selected lines" : names_.unit},
+            {183, "Mark the line that holds the forecast: click its heading until it shows the forecast mark."},
+            {184, "Mark the line that holds the sales: click its heading until it shows the sales mark."},
+        }};
+        for (const Entry& entry : entries) {
+            // The captions of the macro elements stand in every row: a reader may take them from any.
+            NewRow(book_[BookTable::Texts])
+                .Put("ENTRY", entry.number)
+                .Put("TEXT", entry.text)
+                .Put("CONDSTRING", "Condition text")
+                .Put("CONDITION", "Condition")
+                .Put("TABLINE", "Line of the table")
+                .Put("TABELEMENT", "Cell of the table")
+                .Put("TABAREA", "Area of the table")
+                .Put("OPERATOR", "Operator")
+                .Put("FUNCTION", "Function")
+                .Put("MAKLINE", "Line of the macro")
+                .Put("MAKELEMENT", "Value of the macro")
+                .Put("MAKAREA", "Area of the macro")
+                .Put("ATTRIBUTE", "Attribute")
+                .Put("GENERATE", "Generated")
+                .Put("INACTIVE", "Inactive");
+        }
+    }
+
+    void AddMacros() {
+        constexpr std::int32_t Last = 1;
+        constexpr std::int32_t Child = 4;
+        const auto add = [&](const char* key, const char* parent, std::int32_t relation, const char* text) {
+            NewRow(book_[BookTable::MacroTree])
+                .Put("NODEKEY", key)
+                .Put("NODEREF", parent)
+                .Put("RELATION", relation)
+                .Put("NODETEXT", text)
+                .Put("IMAGE", "")
+                .Put("IMAGE_SEL", "")
+                .Put("EXPANDED", Set);
+        };
+        add("MACROS", "", Last, "Macros");
+        add("RECORDED", "MACROS", Child, "Recorded");
+    }
+
+    void AddMenus() {
+        NewRow(book_[BookTable::GridMenu])
+            .Put("PFID", HostCommandReload)
+            .Put("TEXT", "Reload book")
+            .Put("ENABLED", Set);
+    }
+
+    const SourceTable& source_;
+    const NamesFile& names_;
+    PeriodAxis axis_;
+    std::vector<PlannedLine> lines_;
+    bool hasUnits_ = false;
+    int meanDecimals_ = 1;
+    Book book_;
+};
+
+}  // namespace
+
+Book BuildBook(const SourceTable& source, const NamesFile& names) {
+    return Builder(source, names).Build();
+}
+
+}  // namespace planbook

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "book/Book.h"
+#include "import/NamesFile.h"
+#include "import/SourceTable.h"
+
+namespace planbook {
+
+/// Lays out a table of numbers as a planning book: a column per period, a row per line, the years above the months, the
+/// unit at the left, the mean at the right, the source at the bottom, negative numbers coloured. Empty cells get no row
+/// in TAB. The tables may be longer than a book can hold; BookStore::Save() refuses those.
+[[nodiscard]] Book BuildBook(const SourceTable& source, const NamesFile& names);
+
+}  // namespace planbook

@@ -1,0 +1,142 @@
+#include "import/Import.h"
+
+#include <QFile>
+#include <QString>
+#include <cerrno>
+#include <cstring>
+#include <string>
+
+#include <unistd.h>
+
+#include "book/BookError.h"
+#include "book/BookStore.h"
+#include "import/BookBuilder.h"
+#include "import/NamesFile.h"
+#include "import/SourceTable.h"
+#include "import/TextFile.h"
+
+namespace planbook {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void Refuse(const fs::path& book, const std::string& why) {
+    throw BookError("Cannot make the book \"" + book.string() + "\": " + why);
+}
+
+/// Where the book is to stand: a link is followed, so that the file behind it is replaced and not the link.
+fs::path TargetOf(const fs::path& book) {
+    std::error_code error;
+    const fs::path target = fs::weakly_canonical(fs::absolute(book, error), error);
+    if (error) {
+        Refuse(book, error.message() + ". Choose another name.");
+    }
+    return target;
+}
+
+void CheckTarget(const ImportRequest& request, const fs::path& target) {
+    std::error_code ignored;
+    const fs::path folder = target.parent_path();
+    if (!fs::is_directory(folder, ignored)) {
+        Refuse(request.book, "there is no folder \"" + folder.string() + "\". Make it first.");
+    }
+    if (access(folder.c_str(), W_OK) != 0) {
+        Refuse(request.book,
+               "the folder \"" + folder.string() + "\": " + std::strerror(errno) + ". Check your access to it.");
+    }
+    if (fs::is_directory(target, ignored)) {
+        Refuse(request.book, "it is a folder. Name a file in it.");
+    }
+    if (!fs::exists(fs::symlink_status(target, ignored))) {
+        return;
+    }
+    if (!request.force) {
+        Refuse(request.book, "there is such a file. Choose another name, or add --force to replace the book.");
+    }
+    try {
+        CheckBookHeader(target);
+    } catch (const BookError& error) {
+        Refuse(request.book, "--force replaces books only, and this file is none. Choose another name. (" +
+                                 std::string(error.what()) + ")");
+    }
+    for (const char* suffix : {"-journal", "-wal"}) {
+        if (fs::exists(target.string() + suffix, ignored)) {
+            Refuse(request.book, "a change to it is under way or was cut short (there is \"" + target.string() +
+                                     suffix + "\"). Open the book once with planbook, close it and try again.");
+        }
+    }
+}
+
+/// A file beside the target that is removed again unless it took the target's place.
+class PartFile {
+public:
+    explicit PartFile(const fs::path& target)
+        : path_(target.parent_path() / ("." + target.filename().string() + "." + std::to_string(getpid()) + ".part")) {
+        std::error_code ignored;
+        fs::remove(path_, ignored);  // left by a process that had the same number
+    }
+    ~PartFile() {
+        std::error_code ignored;
+        fs::remove(path_, ignored);
+    }
+    PartFile(const PartFile&) = delete;
+    PartFile& operator=(const PartFile&) = delete;
+
+    [[nodiscard]] const fs::path& Path() const noexcept { return path_; }
+
+    void MoveTo(const ImportRequest& request, const fs::path& target) {
+        if (request.force) {
+            std::error_code error;
+            fs::rename(path_, target, error);
+            if (error) {
+                Refuse(request.book, error.message() + ". Check your access to the folder.");
+            }
+            return;
+        }
+        // Unlike the above, this never replaces a file that has appeared in the meantime.
+        QFile part(QString::fromStdString(path_.string()));
+        if (!part.rename(QString::fromStdString(target.string()))) {
+            Refuse(request.book, part.errorString().toStdString() + ". Choose another name.");
+        }
+    }
+
+private:
+    fs::path path_;
+};
+
+NamesFile ReadNames(const ImportRequest& request, const SourceTable& source) {
+    NamesFile names;
+    if (request.names) {
+        Faults faults;
+        names = ReadNamesFile(ReadTextFile(*request.names, "names file"), faults);
+        CheckNamesAgainst(source, names, faults);
+        faults.Throw(request.names->string());
+    }
+    if (names.title.empty()) {
+        names.title = ReadableName(request.source.stem().string());
+    }
+    return names;
+}
+
+}  // namespace
+
+ImportResult ImportBook(const ImportRequest& request) {
+    const fs::path target = TargetOf(request.book);
+    CheckTarget(request, target);
+
+    Faults faults;
+    const SourceTable source =
+        ReadSourceTable(ReadTextFile(request.source, "table of numbers"), request.decimalMark, faults);
+    faults.Throw(request.source.string());
+    const Book book = BuildBook(source, ReadNames(request, source));
+
+    PartFile part(target);
+    BookStore::Create(part.Path()).Save(book, AllBookTables());
+    part.MoveTo(request, target);
+
+    return {static_cast<int>(source.periods.size()), static_cast<int>(source.lines.size()),
+            book[BookTable::Tab].RowCount()};
+}
+
+}  // namespace planbook

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+#include "import/CsvNumbers.h"
+
+namespace planbook {
+
+struct ImportRequest {
+    std::filesystem::path source;
+    std::filesystem::path book;
+    std::optional<std::filesystem::path> names;
+    DecimalMark decimalMark = DecimalMark::Automatic;
+    /// Whether an existing book may be replaced. Any other existing file is never replaced.
+    bool force = false;
+};
+
+struct ImportResult {
+    int periods = 0;
+    int lines = 0;
+    int cells = 0;
+};
+
+/// Makes a book from a table of numbers. The book is written beside its place and moved there when it is complete.
+/// Throws BookError; then neither the book nor anything beside it has changed.
+ImportResult ImportBook(const ImportRequest& request);
+
+}  // namespace planbook

@@ -1,0 +1,224 @@
+#include <array>
+#include <ostream>
+#include <set>
+
+#include <gtest/gtest.h>
+
+#include "book/BookError.h"
+#include "book/BookStore.h"
+#include "import/BookBuilder.h"
+#include "import/Import.h"
+#include "import/Periods.h"
+#include "planbook/TestFolder.h"
+
+namespace planbook {
+namespace {
+
+using planview::MemoryTable;
+
+/// The rows of a table as text, the given fields divided by "|".
+std::string Show(const Book& book, BookTable table, const std::vector<const char*>& fields) {
+    std::string text;
+    for (std::int32_t row = 1; row <= book[table].RowCount(); ++row) {
+        for (const char* field : fields) {
+            text += (field == fields.front() ? "" : "|") + book[table].Value(row, field).AsText();
+        }
+        text += "\n";
+    }
+    return text;
+}
+
+Book ImportText(std::string_view csv, std::string_view names = "", DecimalMark mark = DecimalMark::Automatic) {
+    const TestFolder folder;
+    ImportRequest request{folder.Write("my_plan.csv", csv), folder.Path("book"), {}, mark, false};
+    if (!names.empty()) {
+        request.names = folder.Write("names", names);
+    }
+    ImportBook(request);
+    return LoadBook(folder.Path("book"));
+}
+
+struct NumberCase {
+    const char* name;
+    const char* csv;
+    const char* cells;  ///< Z|C|V of TAB
+    DecimalMark mark = DecimalMark::Automatic;
+};
+
+void PrintTo(const NumberCase& number, std::ostream* stream) {
+    *stream << number.name;
+}
+
+class ImportNumbers : public testing::TestWithParam<NumberCase> {};
+
+TEST_P(ImportNumbers, ReachTheTableUnchanged) {
+    EXPECT_EQ(Show(ImportText(GetParam().csv, "", GetParam().mark), BookTable::Tab, {"Z", "C", "V"}), GetParam().cells);
+}
+
+const NumberCase Numbers[] = {
+    {"Plain", "p,a,b\nx,5840.4,-229\ny,0,1e3\n", "1|1|5840.4\n1|2|0\n2|1|-229\n2|2|1000\n"},
+    {"EmptyFieldsGetNoCell", "p,a,b\nx,,1\ny,\"\", \n", "2|1|1\n"},
+    {"ByteOrderMarkAndCrLf", "\xEF\xBB\xBFp,a\r\nx,1\r\ny,2", "1|1|1\n1|2|2\n"},
+    {"OldMacLineEnds", "p,a\rx,1\ry,2\r", "1|1|1\n1|2|2\n"},
+    {"QuotedFields", "\"p\",\"a, \"\"b\"\"\"\n\"x\ny\",\"1.5\"\n", "1|1|1.5\n"},
+    {"DecimalComma", "p;a;b\nx;1,5;1.234,25\n", "1|1|1.5\n2|1|1234.25\n"},
+    {"CommaThatGroups", "p;a;b\nx;1,234;1,234,567.5\n", "1|1|1234\n2|1|1234567.5\n"},
+    {"PointThatGroups", "p;a;b\nx;1.234;0,5\n", "1|1|1234\n2|1|0.5\n"},
+    {"PointAloneIsDecimal", "p;a\nx;1.234\n", "1|1|1.234\n"},
+    {"CommaByCommand", "p;a\nx;1,234\n", "1|1|1.234\n", DecimalMark::Comma},
+    {"PointByCommand", "p;a\nx;1,234\n", "1|1|1234\n", DecimalMark::Point},
+    {"Tabs", "p\ta\nx\t-.5\n", "1|1|-0.5\n"},
+    {"ManyDigits", "p,a\nx,0.1234567890123\n", "1|1|0.1234567890123\n"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Files, ImportNumbers, testing::ValuesIn(Numbers),
+                         [](const auto& testCase) { return testCase.param.name; });
+
+TEST(Periods, AreShownByTheirKind) {
+    using Texts = std::vector<std::string>;
+    struct Case {
+        Texts periods, captions, years;
+    };
+    const Case cases[] = {
+        {{"2008-11-01", "2008-12-01", "2009-01-01"}, {"Nov 08", "Dec 08", "Jan 09"}, {"2008", "", "2009"}},
+        {{"1999-12", "2000-01"}, {"Dec 99", "Jan 00"}, {"1999", "2000"}},
+        {{"2008-01-01", "2008-01-15"}, {"01 Jan 08", "15 Jan 08"}, {"2008", ""}},
+        {{"2008", "2009"}, {"2008", "2009"}, {"", ""}},
+        {{"2008-02-29", "2009-02-29"}, {"2008-02-29", "2009-02-29"}, {"", ""}},  // the second is no date
+        {{"2008-01", "2008-02-01"}, {"2008-01", "2008-02-01"}, {"", ""}},
+        {{"Spring", "2008-01"}, {"Spring", "2008-01"}, {"", ""}},
+    };
+    for (const Case& c : cases) {
+        const PeriodAxis axis = DescribePeriods(c.periods);
+        EXPECT_EQ(axis.captions, c.captions) << c.periods.back();
+        EXPECT_EQ(axis.years, c.years) << c.periods.back();
+    }
+}
+
+TEST(Import, WithoutNamesMakesAReadableBook) {
+    const Book book = ImportText("month,net_sales,growth\n2007-12,10,0.25\n2008-01,20,-0.5\n");
+    EXPECT_EQ(Show(book, BookTable::ColsIndex, {"COLUMN", "PERDY"}), "1|Dec 07\n2|Jan 08\n");
+    EXPECT_EQ(Show(book, BookTable::LineIndex, {"LINE", "FREET", "DDICT", "READONLY", "ROW_FORMAT", "LTEXT"}),
+              "1|Net sales|net_sales||#,##0|F\n2|Growth|growth||#,##0.00|F\n");
+    EXPECT_EQ(Show(book, BookTable::FixedTab, {"FLG_COL_FIX", "COLUMN", "FLG_LINE_FIX", "LINE", "VALUE"}),
+              "L|0|T|0|My plan\n"
+              "|1|T|1|2007\n|2|T|1|2008\n"
+              "R|1|T|0|Mean\nR|1||1|15\nR|1||2|-0,125\n");
+    EXPECT_EQ(Show(book, BookTable::CellAttr, {"COLUMN", "LINE", "TOOLTIP"}), "2|2|Growth, Jan 08: -0,5 (negative)\n");
+    EXPECT_EQ(book[BookTable::GridAttr].Value(1, "FIRST_COL").AsInt32(), 0);
+}
+
+TEST(Import, NamesOrderLabelAndLockTheLines) {
+    const Book book = ImportText("month,a,b,c,d\n2008-01,1,2,3,4\n2008-02,1,2,3,4\n",
+                                 "\xEF\xBB\xBF# comment\n[book]\ntitle = Plan = B\nunit=EUR\nsource = me\r\n"
+                                 "open-at = 2008-02\n[lines]\nc = Head | help | pcs\nb = All | total\na = | | | 2\n");
+    EXPECT_EQ(Show(book, BookTable::LineIndex, {"LINE", "FREET", "LINETYPE", "READONLY", "ROW_FONT"}),
+              "1|Head|H|X|;;Cursiv\n2|All||X|\n3|      A|||\n4|D|||\n");
+    EXPECT_EQ(Show(book, BookTable::Tab, {"Z", "C", "V"}), "1|1|3\n1|2|3\n2|1|2\n2|2|2\n3|1|1\n3|2|1\n4|1|4\n4|2|4\n");
+    const std::string fixed =
+        Show(book, BookTable::FixedTab, {"FLG_COL_FIX", "COLUMN", "FLG_LINE_FIX", "LINE", "VALUE"});
+    EXPECT_TRUE(Contains(fixed, "L|0|T|0|Plan = B\n")) << fixed;
+    EXPECT_TRUE(Contains(fixed, "L|1|T|0|Unit\nL|1||1|pcs\nL|1||2|EUR\nL|1||3|EUR\nL|1||4|EUR\n")) << fixed;
+    EXPECT_TRUE(Contains(fixed, "L|0|B|1|Source\n|1|B|1|me\n")) << fixed;
+    EXPECT_EQ(book[BookTable::GridAttr].Value(1, "FIRST_COL").AsInt32(), 2);
+}
+
+TEST(Import, FaultsInTheNamesFileAreNamed) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"title = x\n", "line 1: this stands before the first section"},
+        {"[book]\n[columns]\n", "line 2: unknown section \"[columns]\""},
+        {"[book]\ncolour = red\n", "line 2: unknown setting \"colour\""},
+        {"[book]\ntitle\n", "line 2: \"title\" is no setting"},
+        {"[book]\nunit = a\nunit = b\n", "line 3: \"unit\" stands twice"},
+        {"[lines]\na = A | sum\n", "line 2: unknown kind \"sum\""},
+        {"[lines]\na = A | line | | 9\n", "line 2: the indent \"9\" is no number from 0 to 5"},
+        {"[lines]\na = A | line | EUR | 1 | x\n", "line 2: too many parts"},
+        {"[lines]\na = A\na = B\n", "line 3: \"a\" stands twice"},
+        {"[lines]\nz = Z\n", "it names the line \"z\", which the table of numbers does not have"},
+        {"[book]\nopen-at = 2009\n", "open-at is \"2009\", which is no period"},
+    };
+    for (const auto& [names, expected] : cases) {
+        const std::string message =
+            MessageOf<BookError>([&, text = names] { static_cast<void>(ImportText("p,a\n2008,1\n", text)); });
+        EXPECT_TRUE(Contains(message, expected)) << message;
+    }
+}
+
+TEST(Import, ReplacesBooksOnlyAndOnlyWhenAsked) {
+    const TestFolder folder;
+    const auto csv = folder.Write("data.csv", "p,a\nx,1\n");
+    const auto import = [&](const char* book, bool force) {
+        return MessageOf<BookError>([&] { ImportBook({csv, folder.Path(book), {}, {}, force}); });
+    };
+    ASSERT_EQ(import("book", false), "");
+    std::filesystem::create_symlink(folder.Path("book"), folder.Path("link"));
+    std::filesystem::create_directory(folder.Path("folder"));
+    folder.Write("other", "text");
+    folder.Write("data.csv", "p,a\nx,2\n");
+
+    const auto before = folder.Contents();
+    const struct {
+        const char* book;
+        bool force;
+        const char* message;
+    } refusals[] = {
+        {"book", false, "there is such a file. Choose another name, or add --force"},
+        {"link", false, "there is such a file"},
+        {"other", true, "--force replaces books only"},
+        {"data.csv", true, "--force replaces books only"},
+        {"folder", true, "it is a folder"},
+        {"nowhere/book", true, "there is no folder"},
+    };
+    for (const auto& refusal : refusals) {
+        const std::string message = import(refusal.book, refusal.force);
+        EXPECT_TRUE(Contains(message, refusal.message)) << message;
+        EXPECT_EQ(folder.Contents(), before) << refusal.book;
+    }
+    folder.Write("book-journal", "a change under way");
+    EXPECT_TRUE(Contains(import("book", true), "a change to it is under way"));
+    std::filesystem::remove(folder.Path("book-journal"));
+
+    EXPECT_EQ(import("link", true), "");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link")));
+    EXPECT_EQ(LoadBook(folder.Path("book"))[BookTable::Tab].Value(1, "V").AsInt32(), 2);
+    EXPECT_EQ(folder.Contents().size(), before.size()) << "something was left behind";
+}
+
+TEST(Import, TheSampleMakesABookWorthLookingAt) {
+    const TestFolder folder;
+    const std::filesystem::path examples = EXAMPLES_FOLDER;
+    const ImportResult result =
+        ImportBook({examples / "us-employment.csv", folder.Path("book"), examples / "us-employment.names", {}, false});
+    EXPECT_EQ(result.periods, 120);
+    EXPECT_EQ(result.lines, 23);
+    EXPECT_EQ(result.cells, 2760);
+
+    const Book book = LoadBook(folder.Path("book"));
+    const MemoryTable& lines = book[BookTable::LineIndex];
+    const std::int32_t january08 = book[BookTable::GridAttr].Value(1, "FIRST_COL").AsInt32();
+    EXPECT_EQ(book[BookTable::ColsIndex].Value(january08, "PERDY").AsText(), "Jan 08");
+    std::int32_t construction = 0;
+    std::int32_t change = 0;
+    for (std::int32_t row = 1; row <= lines.RowCount(); ++row) {
+        construction = lines.Value(row, "FREET").AsText() == "Construction" ? row : construction;
+        change = lines.Value(row, "FREET").AsText() == "Change on month" ? row : change;
+        EXPECT_FALSE(Contains(lines.Value(row, "FREET").AsText(), "_")) << "a line without a readable name";
+    }
+    EXPECT_TRUE(Contains(Show(book, BookTable::Tab, {"Z", "C", "V"}),
+                         std::to_string(construction) + "|" + std::to_string(january08) + "|7476\n"));
+    EXPECT_EQ(lines.Value(construction, "ROW_FORMAT").AsText(), "#,##0");
+
+    // Every month in which the total fell is coloured, and nothing else.
+    const std::string source = ReadFile(examples / "us-employment.csv");
+    std::int32_t falls = 0;
+    for (std::size_t at = source.find(",-"); at != std::string::npos; at = source.find(",-", at + 1)) {
+        ++falls;
+    }
+    EXPECT_EQ(book[BookTable::CellAttr].RowCount(), falls);
+    for (std::int32_t row = 1; row <= falls; ++row) {
+        EXPECT_EQ(book[BookTable::CellAttr].Value(row, "LINE").AsInt32(), change);
+    }
+}
+
+}  // namespace
+}  // namespace planbook
