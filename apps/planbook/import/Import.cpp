@@ -1,12 +1,10 @@
 #include "import/Import.h"
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QString>
-#include <cerrno>
-#include <cstring>
 #include <string>
-
-#include <unistd.h>
 
 #include "book/BookError.h"
 #include "book/BookStore.h"
@@ -41,9 +39,9 @@ void CheckTarget(const ImportRequest& request, const fs::path& target) {
     if (!fs::is_directory(folder, ignored)) {
         Refuse(request.book, "there is no folder \"" + folder.string() + "\". Make it first.");
     }
-    if (access(folder.c_str(), W_OK) != 0) {
+    if (!QFileInfo(QString::fromStdString(folder.string())).isWritable()) {
         Refuse(request.book,
-               "the folder \"" + folder.string() + "\": " + std::strerror(errno) + ". Check your access to it.");
+               "the folder \"" + folder.string() + "\" does not let you write. Check your access to it.");
     }
     if (fs::is_directory(target, ignored)) {
         Refuse(request.book, "it is a folder. Name a file in it.");
@@ -72,7 +70,8 @@ void CheckTarget(const ImportRequest& request, const fs::path& target) {
 class PartFile {
 public:
     explicit PartFile(const fs::path& target)
-        : path_(target.parent_path() / ("." + target.filename().string() + "." + std::to_string(getpid()) + ".part")) {
+        : path_(target.parent_path() / ("." + target.filename().string() + "." +
+                                        std::to_string(QCoreApplication::applicationPid()) + ".part")) {
         std::error_code ignored;
         fs::remove(path_, ignored);  // left by a process that had the same number
     }

@@ -1,0 +1,201 @@
+#include "app/CommandLine.h"
+
+#include <QCommandLineOption>
+#include <QCommandLineParser>
+#include <QRegularExpression>
+
+namespace planbook {
+
+namespace {
+
+constexpr const char* Import = "import";
+constexpr const char* Names = "names";
+constexpr const char* Decimal = "decimal";
+constexpr const char* Force = "force";
+constexpr const char* Screenshot = "screenshot";
+constexpr const char* Size = "size";
+constexpr const char* Scale = "scale";
+constexpr const char* Light = "light";
+constexpr const char* Dark = "dark";
+constexpr const char* Trace = "trace";
+constexpr const char* Help = "help";
+constexpr const char* Version = "version";
+
+constexpr int MinSide = 200;
+constexpr int MaxSide = 10000;
+constexpr double MinScale = 0.5;
+constexpr double MaxScale = 4.0;
+
+[[noreturn]] void Refuse(const QString& why) {
+    throw UsageError(why.toStdString());
+}
+
+std::filesystem::path ToPath(const QString& text) {
+    return text.toStdString();
+}
+
+QSize ReadSize(const QString& text) {
+    static const QRegularExpression form("^(\\d{1,5})[xX](\\d{1,5})$");
+    const QRegularExpressionMatch match = form.match(text);
+    const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
+    if (!match.hasMatch() || size.width() < MinSide || size.height() < MinSide || size.width() > MaxSide ||
+        size.height() > MaxSide) {
+        Refuse(QString("--size takes a width and a height from %1 to %2, such as 1440x900, not \"%3\"")
+                   .arg(MinSide)
+                   .arg(MaxSide)
+                   .arg(text));
+    }
+    return size;
+}
+
+double ReadScale(const QString& text) {
+    bool isNumber = false;
+    const double scale = text.toDouble(&isNumber);
+    if (!isNumber || !(scale >= MinScale && scale <= MaxScale)) {
+        Refuse(QString("--scale takes a number from %1 to %2, not \"%3\"").arg(MinScale).arg(MaxScale).arg(text));
+    }
+    return scale;
+}
+
+DecimalMark ReadDecimalMark(const QString& text) {
+    if (text == "point") {
+        return DecimalMark::Point;
+    }
+    if (text == "comma") {
+        return DecimalMark::Comma;
+    }
+    Refuse(QString("--decimal takes point or comma, not \"%1\"").arg(text));
+}
+
+/// Refuses an option that says nothing without another one.
+void RequireWith(const QCommandLineParser& parser, const char* option, const char* other) {
+    if (parser.isSet(option) && !parser.isSet(other)) {
+        Refuse(QString("--%1 needs --%2").arg(option, other));
+    }
+}
+
+void RefuseTogether(const QCommandLineParser& parser, const char* option, const char* other) {
+    if (parser.isSet(option) && parser.isSet(other)) {
+        Refuse(QString("--%1 and --%2 do not go together").arg(option, other));
+    }
+}
+
+void CheckCombination(const QCommandLineParser& parser) {
+    for (const char* option : {Names, Decimal, Force}) {
+        RequireWith(parser, option, Import);
+    }
+    for (const char* option : {Size, Scale}) {
+        RequireWith(parser, option, Screenshot);
+    }
+    for (const char* option : {Screenshot, Trace, Light, Dark}) {
+        RefuseTogether(parser, Import, option);
+    }
+    RefuseTogether(parser, Light, Dark);
+    if (parser.positionalArguments().size() > 1) {
+        Refuse(QString("one BOOK at a time; \"%1\" is one too many").arg(parser.positionalArguments().at(1)));
+    }
+    for (const char* option : {Import, Screenshot, Trace}) {
+        if (parser.isSet(option) && parser.positionalArguments().isEmpty()) {
+            Refuse(QString("--%1 needs a BOOK").arg(option));
+        }
+    }
+}
+
+ImportRequest ReadImport(const QCommandLineParser& parser) {
+    ImportRequest request;
+    request.source = ToPath(parser.value(Import));
+    request.book = ToPath(parser.positionalArguments().first());
+    if (parser.isSet(Names)) {
+        request.names = ToPath(parser.value(Names));
+    }
+    if (parser.isSet(Decimal)) {
+        request.decimalMark = ReadDecimalMark(parser.value(Decimal));
+    }
+    request.force = parser.isSet(Force);
+    return request;
+}
+
+ViewRequest ReadView(const QCommandLineParser& parser) {
+    ViewRequest request;
+    if (!parser.positionalArguments().isEmpty()) {
+        request.book = ToPath(parser.positionalArguments().first());
+    }
+    if (parser.isSet(Screenshot)) {
+        request.screenshot = ToPath(parser.value(Screenshot));
+    }
+    if (parser.isSet(Trace)) {
+        request.trace = ToPath(parser.value(Trace));
+    }
+    if (parser.isSet(Size)) {
+        request.size = ReadSize(parser.value(Size));
+    }
+    if (parser.isSet(Scale)) {
+        request.scale = ReadScale(parser.value(Scale));
+    }
+    if (parser.isSet(Light)) {
+        request.scheme = ViewRequest::Scheme::Light;
+    } else if (parser.isSet(Dark)) {
+        request.scheme = ViewRequest::Scheme::Dark;
+    }
+    return request;
+}
+
+}  // namespace
+
+CommandLine ParseCommandLine(const QStringList& arguments) {
+    QCommandLineParser parser;
+    for (const char* option : {Import, Names, Decimal, Screenshot, Size, Scale, Trace}) {
+        parser.addOption(QCommandLineOption(option, QString(), "value"));
+    }
+    for (const char* option : {Force, Light, Dark}) {
+        parser.addOption(QCommandLineOption(option));
+    }
+    parser.addOption(QCommandLineOption({"h", Help}));
+    parser.addOption(QCommandLineOption({"v", Version}));
+    if (!parser.parse(QStringList{"planbook"} + arguments)) {
+        Refuse(parser.errorText());
+    }
+
+    CommandLine commandLine;
+    commandLine.help = parser.isSet(Help);
+    commandLine.version = parser.isSet(Version);
+    if (commandLine.help || commandLine.version) {
+        return commandLine;
+    }
+    CheckCombination(parser);
+    if (parser.isSet(Import)) {
+        commandLine.import = ReadImport(parser);
+    } else {
+        commandLine.view = ReadView(parser);
+    }
+    return commandLine;
+}
+
+QString HelpText() {
+    return QStringLiteral(R"(planbook shows and makes planning books.
+
+  planbook [BOOK]                            opens a window with the book
+  planbook --import DATA.csv BOOK            makes a book from a table of numbers
+  planbook --screenshot PICTURE.png BOOK     writes a picture of the book
+  planbook --trace FILE BOOK                 writes what the view did when it ends
+
+Import: the first column of DATA.csv holds the periods, every further one a line.
+  --names FILE        how the lines are called, their order, totals, units, the title
+  --decimal MARK      point or comma, where the numbers do not tell
+  --force             replaces BOOK when it is a book; another file is never replaced
+
+View:
+  --light, --dark     the colours; else those of the desktop
+  --size WIDTHxHEIGHT of the picture's window, 1440x900
+  --scale FACTOR      pixels of the picture per pixel of the window, 0.5 to 4
+
+  --help, --version
+
+A picture and a trace need no display; a trace without a display ends by itself.
+
+Exit codes: 0 done; 1 failed, the message says what, where and what now; 2 a command
+line that cannot be understood. A failure changes no file.
+)");
+}
+
+}  // namespace planbook

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QSize>
+#include <QString>
+#include <QStringList>
+#include <filesystem>
+#include <optional>
+#include <stdexcept>
+
+#include "import/Import.h"
+
+namespace planbook {
+
+enum class ExitCode : int {
+    Done = 0,
+    Failed = 1,  ///< an operation that could not be done
+    Usage = 2    ///< a command line that says nothing sensible
+};
+
+/// A command line that cannot be understood. `what()` says why.
+class UsageError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// What the user wants to see, and how.
+struct ViewRequest {
+    std::optional<std::filesystem::path> book;
+    std::optional<std::filesystem::path> screenshot;
+    std::optional<std::filesystem::path> trace;
+    QSize size = {1440, 900};  ///< of the window, in logical pixels
+    double scale = 1.0;        ///< pixels of the picture per logical pixel
+    enum class Scheme { System, Light, Dark } scheme = Scheme::System;
+};
+
+/// Exactly one of these is wanted.
+struct CommandLine {
+    bool help = false;
+    bool version = false;
+    std::optional<ImportRequest> import;
+    ViewRequest view;
+};
+
+/// `arguments` without the program's name. Throws UsageError. Needs no application object.
+[[nodiscard]] CommandLine ParseCommandLine(const QStringList& arguments);
+
+[[nodiscard]] QString HelpText();
+
+}  // namespace planbook
