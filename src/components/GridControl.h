@@ -72,7 +72,8 @@ public:
     // --- Building, by key
     // ---------------------------------------------------------------------------------------------
 
-    /// An empty grid with the label column "FLC0" and the heading row "FTR0".
+    /// An empty grid with the label column "FLC0" and the heading row "FTR0". ColumnDefined when there is a grid; until
+    /// there is one, everything that needs it answers AttributeNotPossible.
     GridStatus CreateLabelled(bool redraw);
     /// Ends all columns, rows, contents, selection and colours. The settings return to their defaults.
     GridStatus Destroy(bool redraw);
@@ -88,7 +89,8 @@ public:
     void RegisterFonts(std::vector<std::string> names);
 
     /// Sets an attribute of the grid (no keys), a column (column key), a row (row key) or a cell (both keys).
-    /// Attributes of a column or row hold for all its cells, fixed ones included.
+    /// Attributes of a column or row hold for all its cells, fixed ones included, and take the place of those set on
+    /// its centre alone.
     GridStatus SetAttribute(GridElement element, CellKeyView keys, GridAttribute attribute, const Variant& value,
                             bool redraw);
     /// As SetAttribute() for a column or row, but only for its cells in the centre area. `Hidden` hides the column or
@@ -96,10 +98,12 @@ public:
     GridStatus SetCenterAttribute(GridElement element, CellKeyView keys, GridAttribute attribute, const Variant& value,
                                   bool redraw);
 
-    /// Moves a planning column to a 1-based position within its area.
+    /// Moves a column to a 1-based position within its area (not counting the label column). Whole columns and rows
+    /// stay selected, blocks of cells do not. Permissions bind the user only: a view asks Settings().moveAllowed first.
     GridStatus MoveColumn(std::string_view key, std::int16_t position, bool redraw);
     GridStatus MoveRow(std::string_view key, std::int16_t position, bool redraw);
 
+    /// Switching it on reports what is still unreported.
     void SetRedraw(bool on);
     [[nodiscard]] bool RedrawOn() const noexcept;
     /// Reports what is still unreported (nothing while redraw is off).
@@ -108,7 +112,7 @@ public:
     // --- Scroll position
     // ----------------------------------------------------------------------------------------------
 
-    /// Makes this planning column the first visible one of the centre area.
+    /// Makes this planning column the first one on screen of the centre area; while it is hidden, the next one is.
     GridStatus SetFirstColumn(std::string_view key, bool redraw);
     GridStatus SetFirstRow(std::string_view key, bool redraw);
     /// The first centre column or row on screen that is not hidden; no value in a grid without any.
@@ -119,7 +123,7 @@ public:
     // ------------------------------------------------------------------------------------
 
     /// Selects a cell (both keys), a whole column (row key empty or the heading row) or a whole row (column key empty
-    /// or the label column), in addition to what is selected.
+    /// or the label column), in addition to what is selected. Hidden ones can be selected, so that they can be shown.
     GridStatus SetSelection(CellKeyView keys, bool redraw);
     /// The same places taken out of the selection; the corner (label column, heading row) clears all of it.
     GridStatus DeleteSelection(CellKeyView keys, bool redraw);
@@ -135,10 +139,13 @@ public:
     // --- What the user does (called by the view)
     // -----------------------------------------------------------------------
 
-    /// Makes the cell current and selects it: alone (Replace), from the anchor to it (Extend), or besides (Add).
+    /// Makes the cell current and selects it: alone (Replace), from the anchor to it (Extend), or besides (Add). The
+    /// anchor is the place that was last selected otherwise; Add takes a selected place out again. NoItemAtLocation for
+    /// what is hidden, a heading or not selectable; hidden ones within a block are selected with it.
     GridStatus SelectCell(Cell cell, SelectionMode mode);
     GridStatus SelectColumn(ColumnId column, SelectionMode mode);
     GridStatus SelectRow(RowId row, SelectionMode mode);
+    /// All selectable columns and rows.
     void SelectAll();
     /// Leaves the current cell alone and selects nothing else.
     void ClearSelection();
@@ -146,7 +153,9 @@ public:
     GridStatus ScrollToRow(RowId row);
 
     /// Resizing by the header border: press, any number of drags, release. Sizes are clamped to 1 .. MaxTrackSize.
-    /// The listener hears one event, at the release. `switchedSize` means the size that counts when switched.
+    /// The listener hears one event, at the release, when the size is another one then. `switchedSize` means the size
+    /// that counts when switched. The label column's own border changes LabelColumnWidth; the lower border of a heading
+    /// changes the size that it takes from the first planning column or row.
     GridStatus PressColumnBorder(ColumnId column, bool switchedSize);
     GridStatus PressRowBorder(RowId row, bool switchedSize);
     GridStatus DragBorder(int size);
@@ -178,6 +187,10 @@ public:
     [[nodiscard]] const std::string& Contents(Cell cell) const;
     [[nodiscard]] const std::string& Tooltip(Cell cell) const;
     [[nodiscard]] CellLook Look(Cell cell) const;
+    /// The number that the contents are; no value for other contents and in text lines.
+    [[nodiscard]] std::optional<double> Number(Cell cell, const CellLook& look) const;
+    /// The look's own alignment; without one, numbers stand right and texts left.
+    [[nodiscard]] GridAlignment Alignment(Cell cell, const CellLook& look) const;
     /// The contents as they are shown: by the cell's number format where they are a number.
     [[nodiscard]] std::string DisplayText(Cell cell) const;
     [[nodiscard]] std::string DisplayText(Cell cell, const CellLook& look) const;
