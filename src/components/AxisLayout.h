@@ -43,7 +43,7 @@ private:
     std::vector<AxisItem> leading_;
     std::vector<AxisItem> center_;
     std::vector<AxisItem> trailing_;
-    std::vector<int> centerIndex_;  // by track; -1 where hidden or fixed
+    std::vector<int> index_;  // by track, within its area; -1 where hidden
 };
 
 }  // namespace planview

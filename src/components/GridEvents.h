@@ -20,14 +20,16 @@ struct GridChange {
 };
 
 /// Hears what changed on screen. Called once per change whose redraw flag was set, with all changes made since the last
-/// call; never while redraw is switched off.
+/// call; never while redraw is switched off. It may change attributes and selection, of which it hears when it has
+/// returned, but not build or destroy (GridStatus::Busy).
 class GridWatcher {
 public:
     virtual ~GridWatcher() = default;
     virtual void GridChanged(const GridChange& change) = 0;
 };
 
-/// Hears what the user did. Called after the grid itself has taken the action over.
+/// Hears what the user did. Called after the grid itself has taken the action over; may change, destroy and build the
+/// grid.
 class GridEvents {
 public:
     virtual ~GridEvents() = default;
@@ -36,6 +38,8 @@ public:
     virtual void RowResized(const std::string& row, int height) = 0;
     virtual void HeaderHeightResized(const std::string& column, int height) = 0;
     virtual void HeaderWidthResized(const std::string& row, int width) = 0;
+    /// A whole column is named by its heading cell, a whole row by its label cell, everything by the corner (label
+    /// column, heading row). `selected` is the state of that place now. Not called where the selection stays the same.
     virtual void SelectionChanged(const CellKey& cell, bool selected) = 0;
     virtual void FocusIn() = 0;
     virtual void FocusOut() = 0;

@@ -45,6 +45,11 @@ public:
     void ReplaceLastRange(const CellRange& range);
     /// Takes one cell out; a block around it is cut into the blocks that remain.
     void RemoveCell(int column, int row);
+    void ClearRanges() noexcept { ranges_.clear(); }
+    /// Keeps the blocks on their cells when a column or row is put in at this place; one inside a block joins it.
+    void ColumnInserted(int order) noexcept;
+    void RowInserted(int order) noexcept;
+    friend bool operator==(const GridSelection&, const GridSelection&) = default;
 
 private:
     std::vector<bool> columns_;  // by ColumnId

@@ -18,7 +18,7 @@ enum class GridStatus : std::int16_t {
     UndefinedRowAttribute = 7,
     UndefinedColumnAttribute = 8,
     UndefinedCellAttribute = 9,
-    NoItemAtLocation = 10,    ///< nothing selectable or visible at the place asked for
+    NoItemAtLocation = 10,    ///< nothing selectable, visible or scrolled at the place asked for
     InvalidRowPosition = 11,  ///< outside 1 .. number of rows of the area + 1
     InvalidColumnPosition = 12,
     InvalidCellPosition = 13,  ///< neither the column nor the row of a cell exists
@@ -27,9 +27,9 @@ enum class GridStatus : std::int16_t {
     UnknownBitmap = 15,
     UnknownColor = 16,
     UnknownFont = 17,
-    TooManyElements = 18,  ///< more columns or rows than a 16-bit number counts; has no text of its own
+    TooManyElements = 18,  ///< more columns, rows or colours than a 16-bit number counts; has no text of its own
     InvalidText = 19,      ///< a text that is no valid UTF-8; has no text of its own
-    Busy = 20,             ///< the grid is being destroyed or built by an outer call; has no text of its own
+    Busy = 20,  ///< the watcher tries to build, move or destroy while it is told of a change; no text of its own
     ColorDefined = 21,     ///< a colour with this name exists
     NoRegisterPress = 22,  ///< a header is dragged or released that was not pressed before
     InvalidAttribute = 23  ///< a value of the wrong kind or outside the attribute's range
@@ -46,11 +46,12 @@ enum class GridAttribute : std::uint8_t {
     // (grid < column < row < cell).
     BackgroundColor,  ///< text: a registered colour's name
     ForegroundColor,  ///< text: a registered colour's name
-    Format,           ///< text: a number code ("#,##0.0"); empty shows the contents as they are
-    Font,             ///< text: "name;size;style", missing pieces take the defaults
+    // An empty text takes Format, Font and Bitmap back from the element, which then follows the layers below it.
+    Format,           ///< text: a number code ("#,##0.0"); with none, the contents are shown as they are
+    Font,             ///< text: "name;size;style", style of Normal, Bold, Cursiv; missing pieces take the defaults
     Alignment,        ///< number: 0 right, 1 left, 2 centre
     Relief,           ///< boolean
-    Bitmap,           ///< text: a registered bitmap's name; empty for none
+    Bitmap,           ///< text: a built-in or registered bitmap's name
     BitmapAlignment,  ///< number: 0 right, 1 left, 2 centre
     ReadOnly,         ///< boolean
     TextLine,         ///< boolean: carries text, takes no planning values
@@ -59,9 +60,11 @@ enum class GridAttribute : std::uint8_t {
     Contents,  ///< text
     Tooltip,   ///< text
     // Of columns and rows only.
-    Hidden,      ///< boolean
-    Width,       ///< number of logical pixels, 0 takes the default. A row's width is that of its column when switched.
-    Height,      ///< number of logical pixels, 0 takes the default. A column's height is that of its row when switched.
+    Hidden,  ///< boolean
+    // Sizes are numbers of logical pixels up to MaxTrackSize, 0 takes the default. The width of the label column and of
+    // the heading row is LabelColumnWidth.
+    Width,       ///< of a column; a row's width is that of its column when switched
+    Height,      ///< of a row; a column's height is that of its row when switched
     Selectable,  ///< boolean: whether the header can be selected
     // Of the grid only.
     GridLineColor,     ///< text: a registered colour's name

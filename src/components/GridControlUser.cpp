@@ -1,0 +1,223 @@
+#include <algorithm>
+
+#include "components/GridControl.h"
+#include "components/GridState.h"
+
+namespace planview {
+
+namespace {
+
+using Size = PressedBorder::Size;
+
+/// Looked up once per layout: with thousands of hidden rows before the next visible one, not for every cell painted.
+template <class Tracks, class Area, class Id>
+std::optional<Id> FirstOnScreen(const Tracks& tracks, Area center, ScrollPlace<Id>& scroll, std::uint64_t version) {
+    if (scroll.foundFor != version) {
+        scroll.found.reset();
+        if (!tracks.Of(center).empty()) {
+            scroll.found = tracks.VisibleFrom(scroll.wanted.value_or(tracks.Of(center).front()));
+        }
+        scroll.foundFor = version;
+    }
+    return scroll.found;
+}
+
+}  // namespace
+
+// --- Scroll position
+
+std::optional<ColumnId> GridControl::FirstColumn() const {
+    return FirstOnScreen(state_->columns, ColumnArea::Center, state_->firstColumn, state_->layoutVersion);
+}
+
+std::optional<RowId> GridControl::FirstRow() const {
+    return FirstOnScreen(state_->rows, RowArea::Center, state_->firstRow, state_->layoutVersion);
+}
+
+GridStatus GridControl::SetFirstColumn(std::string_view key, bool redraw) {
+    ColumnId column;
+    if (const GridStatus status = state_->Find(key, column); status != GridStatus::Ok) {
+        return status;
+    }
+    if (state_->columns.At(column).area != ColumnArea::Center) {
+        return GridStatus::NoItemAtLocation;
+    }
+    const std::optional<ColumnId> before = FirstColumn();
+    state_->firstColumn.Want(column);
+    if (FirstColumn() != before) {
+        state_->reports.NoteLayout();
+    }
+    return state_->Done(redraw);
+}
+
+GridStatus GridControl::SetFirstRow(std::string_view key, bool redraw) {
+    RowId row;
+    if (const GridStatus status = state_->Find(key, row); status != GridStatus::Ok) {
+        return status;
+    }
+    if (state_->rows.At(row).area != RowArea::Center) {
+        return GridStatus::NoItemAtLocation;
+    }
+    const std::optional<RowId> before = FirstRow();
+    state_->firstRow.Want(row);
+    if (FirstRow() != before) {
+        state_->reports.NoteLayout();
+    }
+    return state_->Done(redraw);
+}
+
+GridStatus GridControl::ScrollToColumn(ColumnId column) {
+    return state_->columns.Has(column) ? SetFirstColumn(state_->columns.At(column).key, true)
+                                       : GridStatus::UnknownColumn;
+}
+
+GridStatus GridControl::ScrollToRow(RowId row) {
+    return state_->rows.Has(row) ? SetFirstRow(state_->rows.At(row).key, true) : GridStatus::UnknownRow;
+}
+
+// --- Header borders
+
+std::int16_t& GridControl::State::SizeOf(const PressedBorder& which) {
+    switch (which.size) {
+        case Size::ColumnWidth:
+            return columns.At(ColumnId{which.track}).width;
+        case Size::ColumnHeight:
+            return columns.At(ColumnId{which.track}).height;
+        case Size::RowWidth:
+            return rows.At(RowId{which.track}).width;
+        case Size::RowHeight:
+            return rows.At(RowId{which.track}).height;
+        case Size::LabelWidth:
+            break;
+    }
+    return settings.labelColumnWidth;
+}
+
+bool GridControl::State::Resize(const PressedBorder& which, std::int16_t size) {
+    std::int16_t& target = SizeOf(which);
+    if (target == size) {
+        return false;
+    }
+    target = size;
+    if (which.size == Size::LabelWidth) {
+        columns.At(LabelColumn).width = size;
+    }
+    LayoutChanged();
+    return true;
+}
+
+GridStatus GridControl::State::Press(PressedBorder border) {
+    const bool followsTexts = border.size == Size::LabelWidth && settings.labelAutoFit;
+    if (!settings.resizeAllowed || followsTexts) {
+        return GridStatus::AttributeNotPossible;
+    }
+    border.before = SizeOf(border);
+    pressed = border;
+    return GridStatus::Ok;
+}
+
+/// A heading has no size of its own: its lower border is that of the first planning column's heading, and when the grid
+/// is switched, that of the first planning row's.
+GridStatus GridControl::PressColumnBorder(ColumnId column, bool switchedSize) {
+    State& state = *state_;
+    if (!state.columns.Has(column)) {
+        return GridStatus::UnknownColumn;
+    }
+    if (column != LabelColumn) {
+        return state.Press({switchedSize ? Size::ColumnHeight : Size::ColumnWidth, column.value});
+    }
+    if (!switchedSize) {
+        return state.Press({Size::LabelWidth});
+    }
+    const std::vector<RowId>& rows = state.rows.Of(RowArea::Center);
+    return rows.empty() ? GridStatus::NoItemAtLocation : state.Press({Size::RowHeight, rows.front().value});
+}
+
+GridStatus GridControl::PressRowBorder(RowId row, bool switchedSize) {
+    State& state = *state_;
+    if (!state.rows.Has(row)) {
+        return GridStatus::UnknownRow;
+    }
+    if (row != HeadingRow) {
+        return state.Press({switchedSize ? Size::RowWidth : Size::RowHeight, row.value});
+    }
+    if (switchedSize) {
+        return state.Press({Size::LabelWidth});
+    }
+    const std::vector<ColumnId>& columns = state.columns.Of(ColumnArea::Center);
+    return columns.empty() ? GridStatus::NoItemAtLocation : state.Press({Size::ColumnHeight, columns.front().value});
+}
+
+GridStatus GridControl::DragBorder(int size) {
+    State& state = *state_;
+    if (!state.pressed) {
+        return GridStatus::NoRegisterPress;
+    }
+    state.Resize(*state.pressed, static_cast<std::int16_t>(std::clamp(size, 1, MaxTrackSize)));
+    return state.Done(true);
+}
+
+GridStatus GridControl::ReleaseBorder() {
+    State& state = *state_;
+    if (!state.pressed) {
+        return GridStatus::NoRegisterPress;
+    }
+    const PressedBorder released = *state.pressed;
+    state.pressed.reset();
+    if (state.SizeOf(released) != released.before) {
+        state.ReportResized(released);
+    }
+    return GridStatus::Ok;
+}
+
+GridStatus GridControl::CancelBorder() {
+    State& state = *state_;
+    if (!state.pressed) {
+        return GridStatus::NoRegisterPress;
+    }
+    const PressedBorder cancelled = *state.pressed;
+    state.pressed.reset();
+    state.Resize(cancelled, cancelled.before);
+    return state.Done(true);
+}
+
+void GridControl::State::ReportResized(const PressedBorder& released) {
+    if (!events) {
+        return;
+    }
+    const int size = SizeOf(released);
+    // The listener may end the grid and with it the key.
+    const bool isRow = released.size == Size::RowWidth || released.size == Size::RowHeight;
+    std::string key(LabelColumnKey);
+    if (released.track >= 0) {
+        key = isRow ? rows.At(RowId{released.track}).key : columns.At(ColumnId{released.track}).key;
+    }
+    switch (released.size) {
+        case Size::ColumnWidth:
+        case Size::LabelWidth:
+            events->ColumnResized(key, size);
+            break;
+        case Size::ColumnHeight:
+            events->HeaderHeightResized(key, size);
+            break;
+        case Size::RowHeight:
+            events->RowResized(key, size);
+            break;
+        case Size::RowWidth:
+            events->HeaderWidthResized(key, size);
+            break;
+    }
+}
+
+void GridControl::ReportFocus(bool in) {
+    if (!state_->events) {
+        return;
+    }
+    if (in) {
+        state_->events->FocusIn();
+    } else {
+        state_->events->FocusOut();
+    }
+}
+
+}  // namespace planview

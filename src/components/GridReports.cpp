@@ -1,0 +1,57 @@
+#include "components/GridReports.h"
+
+#include <utility>
+
+namespace planview {
+
+void GridReports::NoteLayout() noexcept {
+    noted_.layout = true;
+    anyNoted_ = true;
+}
+
+void GridReports::NoteEverything() noexcept {
+    noted_.everything = true;
+    noted_.oneCell = false;
+    anyNoted_ = true;
+}
+
+void GridReports::NoteCell(Cell cell) noexcept {
+    if (noted_.everything || (noted_.oneCell && noted_.cell == cell)) {
+        return;
+    }
+    if (noted_.oneCell) {
+        NoteEverything();
+        return;
+    }
+    noted_.oneCell = true;
+    noted_.cell = cell;
+    anyNoted_ = true;
+}
+
+void GridReports::Report(bool now) {
+    if (!now || !redrawOn_ || !anyNoted_) {
+        return;
+    }
+    if (reporting_) {
+        reportAgain_ = true;
+        return;
+    }
+    struct Reporting {
+        explicit Reporting(bool& flag) noexcept : flag_(flag) { flag_ = true; }
+        ~Reporting() { flag_ = false; }
+        Reporting(const Reporting&) = delete;
+        Reporting& operator=(const Reporting&) = delete;
+        bool& flag_;
+    };
+    const Reporting reporting(reporting_);
+    do {
+        reportAgain_ = false;
+        const GridChange change = std::exchange(noted_, GridChange());
+        anyNoted_ = false;
+        if (watcher_) {
+            watcher_->GridChanged(change);
+        }
+    } while (reportAgain_ && redrawOn_);
+}
+
+}  // namespace planview

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "components/GridEvents.h"
+#include "components/GridTypes.h"
+
+namespace planview {
+
+/// Gathers what changed on screen and tells the watcher when a change is to be reported and redraw is on.
+class GridReports {
+public:
+    void SetWatcher(GridWatcher* watcher) noexcept { watcher_ = watcher; }
+
+    void NoteLayout() noexcept;
+    void NoteEverything() noexcept;
+    void NoteCell(Cell cell) noexcept;
+
+    /// Reports what was noted, when `now` and while redraw is on; otherwise it stays noted. What the watcher itself
+    /// changes meanwhile is reported when it has returned.
+    void Report(bool now);
+    void SetRedraw(bool on) noexcept { redrawOn_ = on; }
+    [[nodiscard]] bool RedrawOn() const noexcept { return redrawOn_; }
+    /// Whether the watcher is being called.
+    [[nodiscard]] bool IsReporting() const noexcept { return reporting_; }
+
+private:
+    GridWatcher* watcher_ = nullptr;
+    GridChange noted_;
+    bool anyNoted_ = false;
+    bool reportAgain_ = false;
+    bool redrawOn_ = true;
+    bool reporting_ = false;
+};
+
+}  // namespace planview
