@@ -48,6 +48,19 @@ public:
     virtual void Unload(Form& form) = 0;
 };
 
+/// What is on the clipboard, in the two forms that spreadsheets exchange. Either may be empty.
+struct ClipboardContents {
+    std::string text;
+    std::string html;
+};
+
+class Clipboard {
+public:
+    virtual ~Clipboard() = default;
+    [[nodiscard]] virtual ClipboardContents Get() = 0;
+    virtual void Set(const ClipboardContents& contents) = 0;
+};
+
 /// Sizes in bytes.
 struct MemoryStatus {
     std::int64_t totalPhysical = 0;
@@ -74,6 +87,7 @@ public:
 struct Platform {
     MessageBoxes& messageBoxes;
     Forms& forms;
+    Clipboard& clipboard;
     SystemInformation& system;
 };
 

@@ -1,24 +1,10 @@
 #include <string>
 
-#include "automation/Numbers.h"
+#include "grid/CellText.h"
 #include "grid/LoaderSupport.h"
 #include "grid/modGrid.h"
 
 namespace planview {
-
-namespace {
-
-/// A value of TAB as the grid keeps it: a number in the control's own form, or nothing.
-std::string CellText(const HostTable& table, HostTable::Row i) {
-    const Variant value = table.Value(i, "V");
-    const std::string* text = value.TextIf();
-    if (value.IsEmpty() || (text && text->empty())) {
-        return {};
-    }
-    return modPlan::ReplacePoint(NumberText(ParseNumber(value)));
-}
-
-}  // namespace
 
 void FillCells(const LoaderContext& context) noexcept {
     RunLoader("FillCells", "#TAB#", [&] {
@@ -27,7 +13,7 @@ void FillCells(const LoaderContext& context) noexcept {
         ForEachRow(table, [&](HostTable::Row i) {
             keys.column = modGrid::ColumnKey(table.Int16(i, "C"), "");
             keys.row = modGrid::RowKey(table.Int16(i, "Z"), "");
-            modGrid::Contents(context.grid, {keys.column, keys.row}, CellText(table, i), NoRedraw);
+            modGrid::Contents(context.grid, {keys.column, keys.row}, CellText(table.Value(i, "V")), NoRedraw);
         });
     });
 }

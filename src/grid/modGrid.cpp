@@ -324,6 +324,10 @@ void CenterHidden(GridControl& grid, CellKeyView keys, bool hidden, bool redraw)
     SetCenter(grid, "CenterHidden", keys, GridAttribute::Hidden, hidden, "hidden", hidden, redraw);
 }
 
+int HeaderSelected(const GridControl& grid, CellKeyView keys) {
+    return grid.HeaderKind(keys) != 0 && grid.IsSelected(keys) ? 1 : 0;
+}
+
 void Contents(GridControl& grid, CellKeyView keys, std::string_view text, bool redraw) {
     Set(grid, "Contents", keys, GridAttribute::Contents, text, "contents", text, redraw);
 }

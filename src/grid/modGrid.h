@@ -76,6 +76,8 @@ void SelectionFlag(GridControl& grid, CellKeyView keys, bool redraw);
 void SetSelection(GridControl& grid, CellKeyView keys, bool redraw);
 void DeleteSelection(GridControl& grid, CellKeyView keys, bool redraw);
 void CenterHidden(GridControl& grid, CellKeyView keys, bool hidden, bool redraw);
+/// 1 when the header of this column (empty row) or row (empty column) can be selected and is, else 0. Leaves no entry.
+[[nodiscard]] int HeaderSelected(const GridControl& grid, CellKeyView keys);
 
 // --- Cells ----------------------------------------------------------------------------------------------------------
 

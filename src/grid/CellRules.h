@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string_view>
+
+#include "components/GridControl.h"
+
+namespace planview {
+
+/// Why a cell does not take a value.
+enum class Refusal {
+    None,
+    ReadOnly,  ///< the cell, its line or its column cannot be edited
+    TextLine,  ///< the line carries text and no planning values
+    Heading,   ///< a label or a period heading
+    NoNumber   ///< a planning cell takes a number or nothing
+};
+
+[[nodiscard]] bool IsPlanningCell(CellKeyView keys) noexcept;
+/// Whether the user may change the cell at all: None, ReadOnly, TextLine or Heading.
+[[nodiscard]] Refusal RefusalOf(const GridControl& grid, Cell cell);
+/// Whether the cell takes this text.
+[[nodiscard]] Refusal RefusalOf(const GridControl& grid, Cell cell, std::string_view text);
+/// A sentence for the user: what it is and what now.
+[[nodiscard]] std::string_view RefusalText(Refusal refusal) noexcept;
+
+}  // namespace planview

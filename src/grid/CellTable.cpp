@@ -1,0 +1,47 @@
+#include "grid/CellTable.h"
+
+#include <utility>
+
+namespace planview {
+
+CellTable::CellTable(HostTable table, Lookup lookup) : table_(std::move(table)), indexed_(lookup == Lookup::Indexed) {
+    if (indexed_) {
+        BuildIndex();
+    }
+}
+
+HostTable::Row CellTable::Find(std::int16_t row, std::int16_t column) const {
+    if (indexed_) {
+        const auto found = index_.find(Key(row, column));
+        return found == index_.end() ? HostTable::Row{0} : found->second;
+    }
+    const int count = table_.RowCount();
+    for (int i = 1; i <= count; ++i) {
+        const auto tableRow = static_cast<HostTable::Row>(i);
+        if (table_.Int16(tableRow, "Z") == row && table_.Int16(tableRow, "C") == column) {
+            return tableRow;
+        }
+    }
+    return 0;
+}
+
+void CellTable::Add(std::int16_t row, std::int16_t column, const Variant& value) {
+    const HostTable::Row tableRow = table_.AddRow();
+    table_.Put(tableRow, "Z", row);
+    table_.Put(tableRow, "C", column);
+    table_.Put(tableRow, "V", value);
+    if (indexed_) {
+        index_.emplace(Key(row, column), tableRow);
+    }
+}
+
+void CellTable::BuildIndex() {
+    const int count = table_.RowCount();
+    index_.reserve(static_cast<std::size_t>(count));
+    for (int i = 1; i <= count; ++i) {
+        const auto tableRow = static_cast<HostTable::Row>(i);
+        index_.emplace(Key(table_.Int16(tableRow, "Z"), table_.Int16(tableRow, "C")), tableRow);
+    }
+}
+
+}  // namespace planview

@@ -1,0 +1,65 @@
+#include "grid/GridCommands.h"
+
+#include "grid/Selection.h"
+#include "trace/modPlan.h"
+
+namespace planview {
+
+namespace {
+
+/// The waiting pointer for as long as the object lives.
+class Waiting {
+public:
+    explicit Waiting(GridControl& grid) : grid_(grid) { grid_.SetWaiting(true); }
+    ~Waiting() { grid_.SetWaiting(false); }
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+
+private:
+    GridControl& grid_;
+};
+
+}  // namespace
+
+template <class Operation>
+void GridCommands::Run(std::string_view command, const Operation& operation) {
+    modPlan::TraceWrite("GRIDCTL", "{}", command, "BEGIN");
+    const Waiting waiting(grid_);
+    grid_.Redraw();
+    operation();
+    grid_.Redraw();
+    chartStep_();
+    hostUpdate_.StartUpdate();
+}
+
+void GridCommands::HideColumns() {
+    Run("#HIDE COLUMNS#", [&] { HideColumn(tables_.COLS_INDEX, grid_); });
+}
+
+void GridCommands::ShowColumns() {
+    Run("#SHOW COLUMNS#", [&] { ShowColumn(tables_.COLS_INDEX, grid_); });
+}
+
+void GridCommands::HideRows() {
+    Run("#HIDE ROWS#", [&] { HideRow(tables_.LINE_INDEX, grid_); });
+}
+
+void GridCommands::ShowRows() {
+    Run("#SHOW ROWS#", [&] { ShowRow(tables_.LINE_INDEX, grid_); });
+}
+
+void GridCommands::ResetHeights() {
+    Run("#RESET HEIGHT#", [&] {
+        RowHeightReset(tables_.LINE_INDEX, grid_, ResetScope::All);
+        RowHeightReset(tables_.LINE_INDEX, grid_, ResetScope::Selected);
+    });
+}
+
+void GridCommands::ResetWidths() {
+    Run("#RESET WIDTH#", [&] {
+        ColWidthReset(tables_.COLS_INDEX, grid_, ResetScope::All);
+        ColWidthReset(tables_.COLS_INDEX, grid_, ResetScope::Selected);
+    });
+}
+
+}  // namespace planview

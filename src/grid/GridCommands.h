@@ -1,0 +1,35 @@
+#pragma once
+
+#include <functional>
+
+#include "automation/TableSlots.h"
+#include "components/GridControl.h"
+#include "grid/HostUpdate.h"
+
+namespace planview {
+
+/// The menu-level commands on whole columns and rows. Each shows the waiting pointer while it works, repaints the grid
+/// once, brings the chart up to date where it is shown, and ends by telling the host.
+class GridCommands {
+public:
+    GridCommands(const TableSlots& tables, GridControl& grid, HostUpdate& hostUpdate, std::function<void()> chartStep)
+        : tables_(tables), grid_(grid), hostUpdate_(hostUpdate), chartStep_(std::move(chartStep)) {}
+
+    void HideColumns();   ///< "#HIDE COLUMNS#"
+    void ShowColumns();   ///< "#SHOW COLUMNS#"
+    void HideRows();      ///< "#HIDE ROWS#"
+    void ShowRows();      ///< "#SHOW ROWS#"
+    void ResetHeights();  ///< "#RESET HEIGHT#"
+    void ResetWidths();   ///< "#RESET WIDTH#"
+
+private:
+    template <class Operation>
+    void Run(std::string_view command, const Operation& operation);
+
+    const TableSlots& tables_;
+    GridControl& grid_;
+    HostUpdate& hostUpdate_;
+    std::function<void()> chartStep_;
+};
+
+}  // namespace planview

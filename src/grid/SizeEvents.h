@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "automation/TableSlots.h"
+#include "components/GridControl.h"
+#include "grid/CurrentKeys.h"
+#include "grid/HostUpdate.h"
+
+namespace planview {
+
+/// Takes over what the user did to the size of a header: into the table row of that column or row, and to all marked
+/// ones as well, in the table and in the grid. Then the grid is redrawn once and the host is told. Keys other than
+/// planning keys are ignored. Sizes in logical pixels.
+class SizeEvents {
+public:
+    SizeEvents(const TableSlots& tables, GridControl& grid, CurrentKeys& keys, HostUpdate& hostUpdate)
+        : tables_(tables), grid_(grid), keys_(keys), hostUpdate_(hostUpdate) {}
+
+    void ColumnResized(const std::string& column, int width);
+    void RowResized(const std::string& row, int height);
+    /// The height of the row that a column is shown as in the switched view.
+    void SwitchedColumnResized(const std::string& column, int height);
+    /// The width of the column that a row is shown as in the switched view.
+    void SwitchedRowResized(const std::string& row, int width);
+
+private:
+    struct Change;
+    void Apply(const Change& change, const std::string& key, int size);
+
+    const TableSlots& tables_;
+    GridControl& grid_;
+    CurrentKeys& keys_;
+    HostUpdate& hostUpdate_;
+};
+
+}  // namespace planview

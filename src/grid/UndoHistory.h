@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include <planview/Variant.h>
+
+#include "components/GridTypes.h"
+
+namespace planview {
+
+/// One cell's change by the user: what TAB held and what it holds now.
+struct CellChange {
+    CellKey cell;
+    Variant before;
+    Variant after;
+};
+
+/// What one action of the user changed; undone and redone as one.
+using UndoStep = std::vector<CellChange>;
+
+/// The user's value changes in their order, for undo and redo. Steps that hold nothing are not kept.
+class UndoHistory {
+public:
+    /// The most steps that are kept; each further one drops the oldest.
+    static constexpr std::size_t MaxSteps = 1000;
+
+    void Record(UndoStep step);
+    [[nodiscard]] bool CanUndo() const noexcept { return done_ > 0; }
+    [[nodiscard]] bool CanRedo() const noexcept { return done_ < steps_.size(); }
+    /// The step to undo, which then can be redone; the reference holds until the next Record() or Clear().
+    [[nodiscard]] const UndoStep& TakeUndo();
+    [[nodiscard]] const UndoStep& TakeRedo();
+    void Clear() noexcept;
+
+private:
+    std::vector<UndoStep> steps_;
+    std::size_t done_ = 0;  // the steps before this one are done, the others undone
+};
+
+}  // namespace planview

@@ -1,0 +1,211 @@
+#include "grid/ValueEntry.h"
+
+#include "grid/CellText.h"
+#include "grid/LoaderSupport.h"
+#include "grid/modGrid.h"
+#include "trace/TraceText.h"
+
+namespace planview {
+
+using modPlan::TraceEnabled;
+using modPlan::TraceWrite;
+
+namespace {
+
+/// From this many cells on an index over TAB is built faster than the table is walked for each.
+constexpr std::size_t IndexedFrom = 4;
+
+void TraceStep(std::string_view method, const std::string& parameter) {
+    TraceWrite("GRIDCTL", "", method, parameter);
+}
+
+/// A value as a trace entry shows it.
+std::string Shown(const Variant& value) {
+    return value.GetKind() == Variant::Kind::Double ? NumberText(value.AsDouble(), modPlan::TraceDecimalMark)
+                                                    : value.AsText();
+}
+
+/// Holds the grid's repaint back until the outermost change ends.
+class RedrawHeld {
+public:
+    explicit RedrawHeld(GridControl& grid) : grid_(grid), wasOn_(grid.RedrawOn()) { grid_.SetRedraw(false); }
+    ~RedrawHeld() {
+        if (wasOn_) {
+            grid_.SetRedraw(true);
+            grid_.Redraw();
+        }
+    }
+    RedrawHeld(const RedrawHeld&) = delete;
+    RedrawHeld& operator=(const RedrawHeld&) = delete;
+
+private:
+    GridControl& grid_;
+    bool wasOn_;
+};
+
+}  // namespace
+
+/// What one user action needs of the tables, held for its length.
+class ValueEntry::Transaction {
+public:
+    Transaction(const TableSlots& tables, std::size_t cells)
+        : tab(tables.TAB, LookupFor(cells)), tabOld(tables.TAB_OLD, LookupFor(cells)), lookup(tables) {}
+
+    CellTable tab;
+    CellTable tabOld;
+    KeyLookup lookup;
+    UndoStep step;
+
+private:
+    static CellTable::Lookup LookupFor(std::size_t cells) noexcept {
+        return cells < IndexedFrom ? CellTable::Lookup::Walk : CellTable::Lookup::Indexed;
+    }
+};
+
+void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text) {
+    const CellKey cell{std::string(keys.column), std::string(keys.row)};
+    Transaction transaction(parts_.tables, 1);
+    ChangeOne(transaction, cell, text, Announce::EachValue);
+    parts_.history.Record(std::move(transaction.step));
+    parts_.chartStep();
+}
+
+BulkResult ValueEntry::ChangeCells(std::span<const NewValue> values) {
+    BulkResult result;
+    const RedrawHeld held(parts_.grid);
+    const Announce announce = AnnounceFor(values.size());
+    Transaction transaction(parts_.tables, values.size());
+    for (const NewValue& next : values) {
+        const std::string* text = next.value.TextIf();
+        const Refusal refusal = text ? RefusalOf(parts_.grid, next.cell, *text) : RefusalOf(parts_.grid, next.cell);
+        const CellKey key = parts_.grid.KeyOf(next.cell);
+        if (refusal == Refusal::None) {
+            ChangeOne(transaction, key, next.value, announce);
+            ++result.changed;
+            continue;
+        }
+        ++(refusal == Refusal::NoNumber ? result.noNumber : result.readOnly);
+        if (!result.firstRefused) {
+            result.firstRefused = key;
+        }
+    }
+    parts_.history.Record(std::move(transaction.step));
+    if (result.changed > 0) {
+        parts_.chartStep();
+        if (announce == Announce::Silently) {
+            parts_.hostUpdate.StartUpdate();
+        }
+    }
+    return result;
+}
+
+void ValueEntry::Undo() {
+    if (parts_.history.CanUndo()) {
+        Apply(parts_.history.TakeUndo(), true);
+    }
+}
+
+void ValueEntry::Redo() {
+    if (parts_.history.CanRedo()) {
+        Apply(parts_.history.TakeRedo(), false);
+    }
+}
+
+void ValueEntry::Apply(const UndoStep& step, bool backwards) {
+    const UndoStep changes = step;  // the host may end the history from inside an event
+    const RedrawHeld held(parts_.grid);
+    const Announce announce = AnnounceFor(changes.size());
+    Transaction transaction(parts_.tables, changes.size());
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        const CellChange& change = changes[backwards ? changes.size() - 1 - i : i];
+        ChangeOne(transaction, change.cell, backwards ? change.before : change.after, announce);
+    }
+    parts_.chartStep();
+    if (announce == Announce::Silently) {
+        parts_.hostUpdate.StartUpdate();
+    }
+}
+
+ValueEntry::Announce ValueEntry::AnnounceFor(std::size_t count) const {
+    return count == 1 || parts_.settings.singleValue != 0 ? Announce::EachValue : Announce::Silently;
+}
+
+void ValueEntry::ChangeOne(Transaction& transaction, const CellKey& cell, const Variant& value, Announce announce) {
+    parts_.keys.column = cell.column;
+    parts_.keys.row = cell.row;
+    std::string parameter;
+    if (TraceEnabled) {
+        parameter = TraceText("{cid: ", cell.column, " - rid: ", cell.row, " - value: ", Shown(value), "}");
+        TraceStep("ContentsChanged", parameter);
+    }
+    std::optional<CellChange> change;
+    const std::optional<std::string> error = ErrorTextOf([&] {
+        change = TakeOver(transaction, cell, value, announce);
+        modGrid::Contents(parts_.grid, cell, IsPlanningCell(cell) ? CellText(value) : value.AsText(), true);
+    });
+    if (error) {
+        ShowWhatTabHolds(cell);
+        throw AutomationError(AutomationErrorCode::Failed, *error);
+    }
+    if (change) {
+        transaction.step.push_back(std::move(*change));
+    }
+}
+
+std::optional<CellChange> ValueEntry::TakeOver(Transaction& transaction, CellKeyView keys, const Variant& value,
+                                               Announce announce) {
+    const KeyPositions at = transaction.lookup.PositionsOf(keys);
+    const auto isFixed = [](std::string_view key) { return key.starts_with("F"); };
+    if (!at.planning && !isFixed(keys.column) && !isFixed(keys.row)) {
+        return std::nullopt;
+    }
+    if (announce == Announce::EachValue) {
+        if (TraceEnabled) {
+            TraceStep("ValueChanged fired",
+                      TraceText("{cid: ", keys.column, " - rid: ", keys.row, " - value: ", Shown(value), "}"));
+        }
+        const std::array<Variant, 5> arguments{at.column, keys.column, at.row, keys.row, value};
+        parts_.events.Raise(EventId::GridValueChanged, arguments);
+    }
+    CellChange change{{std::string(keys.column), std::string(keys.row)}, {}, value};
+    change.before = StoreInTab(transaction.tab, at, value);
+    KeepInTabOld(transaction.tabOld, at, change.before);
+    return change;
+}
+
+/// Returns what TAB held before.
+Variant ValueEntry::StoreInTab(CellTable& tab, const KeyPositions& at, const Variant& value) {
+    const HostTable::Row row = tab.Find(at.row, at.column);
+    if (row == 0) {
+        TraceStep("ContentsChanged", "{TAB: no entry found}");
+        tab.Add(at.row, at.column, value);
+        return {};
+    }
+    Variant before = tab.Value(row);
+    if (TraceEnabled) {
+        TraceStep("ContentsChanged", TraceText("{TAB: entry found - oldvalue:", Shown(before), "}"));
+    }
+    tab.SetValue(row, value);
+    return before;
+}
+
+/// A cell's first value stays in TAB_OLD until the host clears it.
+void ValueEntry::KeepInTabOld(CellTable& tabOld, const KeyPositions& at, const Variant& before) {
+    const HostTable::Row row = tabOld.Find(at.row, at.column);
+    if (row == 0) {
+        TraceStep("ContentsChanged", "{TAB_OLD: no entry found}");
+        tabOld.Add(at.row, at.column, before);
+    } else if (TraceEnabled) {
+        TraceStep("ContentsChanged", TraceText("{TAB_OLD: entry found - oldvalue:", Shown(tabOld.Value(row)), "}"));
+    }
+}
+
+void ValueEntry::ShowWhatTabHolds(const CellKey& cell) noexcept {
+    ResumeNext([&] {
+        const CellTable tab(parts_.tables.TAB, CellTable::Lookup::Walk);
+        const HostTable::Row row = tab.Find(modGrid::PositionOf(cell.row), modGrid::PositionOf(cell.column));
+        modGrid::Contents(parts_.grid, cell, row == 0 ? std::string() : CellText(tab.Value(row)), true);
+    });
+}
+
+}  // namespace planview
