@@ -1,0 +1,76 @@
+// How much the heap grows by a finished grid. Each subject is measured in a process of its own, so that neither finds
+// memory that the other one has left behind.
+
+#include "Memory.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+
+#include <planview/HeadlessPlatform.h>
+#include <planview/PlanView.h>
+
+#include "BenchTables.h"
+#include "Peers.h"
+
+namespace planview::bench {
+
+namespace {
+
+constexpr int Side = 181;
+
+std::int64_t HeapBytes() {
+    const struct mallinfo2 info = mallinfo2();
+    return static_cast<std::int64_t>(info.uordblks + info.hblkhd);
+}
+
+std::int64_t GrowthByGrid() {
+    const test::Tables tables = MakeTables(Plan(Side));
+    HeadlessPlatform platform;
+    PlanView control(platform.Interfaces());
+    tables.GiveTo(control);
+    control.DP_Import_Attribute();
+    const std::int64_t before = HeapBytes();
+    control.DP_Import_Create();
+    return HeapBytes() - before;
+}
+
+std::int64_t GrowthByPeer() {
+    const PeerSource source{Plan(Side)};
+    QTableWidget table;
+    const std::int64_t before = HeapBytes();
+    FillPeer(table, source);
+    return HeapBytes() - before;
+}
+
+void HeapGrowth(benchmark::State& state, const char* subject) {
+    const std::string program = std::filesystem::read_symlink("/proc/self/exe").string();
+    const std::string command = "exec '" + program + "' " + std::string(HeapGrowthArgument) + subject;
+    std::int64_t bytes = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        const std::unique_ptr<std::FILE, int (*)(std::FILE*)> output(popen(command.c_str(), "r"), pclose);
+        if (!output || std::fscanf(output.get(), "%ld", &bytes) != 1) {
+            state.SkipWithError("the measuring process did not answer");
+            return;
+        }
+    }
+    state.counters["bytes"] = static_cast<double>(bytes);
+}
+
+BENCHMARK_CAPTURE(HeapGrowth, grid, "grid")->Iterations(1);
+BENCHMARK_CAPTURE(HeapGrowth, peer, "peer")->Iterations(1);
+
+}  // namespace
+
+int PrintHeapGrowth(std::string_view subject) {
+    std::cout << (subject == "grid" ? GrowthByGrid() : GrowthByPeer()) << '\n';
+    return 0;
+}
+
+}  // namespace planview::bench

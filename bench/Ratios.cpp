@@ -1,0 +1,123 @@
+#include "Ratios.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <iterator>
+#include <limits>
+#include <ostream>
+#include <string_view>
+
+namespace planview::bench {
+
+namespace {
+
+/// One line of the table: a subject is held against its peer.
+struct Comparison {
+    std::string_view work;
+    std::string_view peerName;
+    std::string_view subject;
+    std::string_view peer;
+    double bar;
+    double hope;
+};
+
+constexpr std::array<Comparison, 5> Comparisons{{
+    {"`DP_Import_Create`, 181 × 181 cells with texts and colours", "`QTableWidget` filled with the same", "Create/181",
+     "PeerCreate/181", 1.0, 0.4},
+    {"the same with the trace on", "trace off", "CreateTraced/181", "Create/181", 4.0, 2.0},
+    {"memory of the built grid", "`QTableWidget`'s", "HeapGrowth/grid", "HeapGrowth/peer", 0.5, 0.25},
+    {"full repaint of 1280 × 800, fixed columns and rows on all sides", "`QTableView`, no fixed sides", "Repaint",
+     "PeerRepaint", 1.0, 0.5},
+    {"one scroll step of it", "the same", "ScrollStep", "PeerScrollStep", 1.5, 1.0},
+}};
+
+constexpr std::array<const char*, 3> FlatSubjects{"Create/20", "Create/60", "Create/181"};
+constexpr double FlatBar = 1.5;
+
+void WriteLine(std::ostream& out, std::string_view work, std::string_view peer, double ratio, double bar, double hope) {
+    std::array<char, 64> figures;
+    std::snprintf(figures.data(), figures.size(), " | %.2f × | %.1f × | ", ratio, bar);
+    out << "| " << work << " | " << peer << figures.data();
+    if (hope > 0) {
+        std::snprintf(figures.data(), figures.size(), "%.3g ×", hope);
+        out << figures.data();
+    }
+    out << " | "
+        << (ratio > bar                ? "**missed**"
+            : hope > 0 && ratio > hope ? "bar"
+            : hope > 0                 ? "hope"
+                                       : "bar")
+        << " |\n";
+}
+
+/// The name without what the library appends ("/iterations:1", "/repeats:9").
+std::string PlainName(const benchmark::BenchmarkReporter::Run& run) {
+    std::string name = run.run_name.function_name;
+    if (!run.run_name.args.empty()) {
+        name += '/' + run.run_name.args;
+    }
+    return name;
+}
+
+}  // namespace
+
+void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
+    for (const Run& run : runs) {
+        if (run.run_type != Run::RT_Iteration || run.error_occurred) {
+            continue;
+        }
+        const auto iterations = static_cast<double>(run.iterations);
+        const double seconds = run.cpu_accumulated_time / iterations;
+        const auto bytes = run.counters.find("bytes");
+        const auto rate = run.counters.find("items_per_second");
+        samples_[PlainName(run)].push_back({bytes != run.counters.end() ? bytes->second.value : seconds,
+                                            rate != run.counters.end() ? rate->second.value * seconds : 1});
+    }
+    std::vector<Run> shown;
+    std::copy_if(runs.begin(), runs.end(), std::back_inserter(shown), [](const Run& run) {
+        return run.aggregate_name == "median" || (run.run_type == Run::RT_Iteration && run.repetitions == 1);
+    });
+    if (!shown.empty()) {
+        ConsoleReporter::ReportRuns(shown);
+    }
+}
+
+double RatioReporter::Median(const std::string& benchmark, bool perItem) const {
+    const auto found = samples_.find(benchmark);
+    if (found == samples_.end()) {
+        return std::numeric_limits<double>::quiet_NaN();
+    }
+    std::vector<double> values;
+    for (const Sample& sample : found->second) {
+        values.push_back(perItem ? sample.amount / sample.items : sample.amount);
+    }
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+bool RatioReporter::WriteRatios(std::ostream& out) const {
+    bool kept = true;
+    out << "\n| Work | Against | Measured | Bar | Hope | Reached |\n|---|---|---|---|---|---|\n";
+    for (const Comparison& line : Comparisons) {
+        const double ratio = Median(std::string(line.subject)) / Median(std::string(line.peer));
+        if (!std::isnan(ratio)) {
+            WriteLine(out, line.work, line.peerName, ratio, line.bar, line.hope);
+            kept = kept && ratio <= line.bar;
+        }
+    }
+    std::array<double, FlatSubjects.size()> perCell{};
+    std::transform(FlatSubjects.begin(), FlatSubjects.end(), perCell.begin(),
+                   [&](const char* subject) { return Median(subject, true); });
+    if (std::none_of(perCell.begin(), perCell.end(), [](double cost) { return std::isnan(cost); })) {
+        const auto [least, most] = std::minmax_element(perCell.begin(), perCell.end());
+        WriteLine(out, "cost per cell at 20 × 20, 60 × 60, 181 × 181", "the cheapest of them", *most / *least, FlatBar,
+                  0);
+        kept = kept && *most / *least <= FlatBar;
+    }
+    return kept;
+}
+
+}  // namespace planview::bench
