@@ -259,6 +259,13 @@ bool GridControl::RedrawOn() const noexcept {
     return state_->reports.RedrawOn();
 }
 
+void GridControl::SetWaiting(bool waiting) {
+    if (state_->settings.waiting != waiting) {
+        state_->settings.waiting = waiting;
+        state_->reports.ReportPointer();
+    }
+}
+
 void GridControl::Redraw() {
     state_->reports.Report(true);
 }

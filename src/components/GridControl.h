@@ -45,6 +45,7 @@ struct GridSettingsState {
     bool doubleBuffering = false;
     bool switched = false;
     bool labelAutoFit = false;
+    bool waiting = false;  ///< the pointer says that the control is at work
     std::int16_t labelColumnWidth = DefaultLabelColumnWidth;
     std::int16_t gridLineColor = -1;    ///< index into Colors(), -1: the view's own
     std::int16_t backgroundColor = -1;  ///< index into Colors(), -1: the view's own
@@ -108,6 +109,8 @@ public:
     [[nodiscard]] bool RedrawOn() const noexcept;
     /// Reports what is still unreported (nothing while redraw is off).
     void Redraw();
+    /// Shows the waiting pointer over the grid; reported at once, whatever redraw says.
+    void SetWaiting(bool waiting);
 
     // --- Scroll position
     // ----------------------------------------------------------------------------------------------
@@ -163,6 +166,14 @@ public:
     /// Gives the size back that the header had when it was pressed; no event.
     GridStatus CancelBorder();
 
+    /// Gives the cell the text that the user entered and tells the listener. Whether the cell takes it is asked before.
+    GridStatus EnterText(Cell cell, const std::string& text);
+    void ReportStay();
+    void ReportDoubleClick(Cell cell);
+    void ReportSimpleClick(Cell cell);
+    void ReportMouseDown(Cell cell, std::int16_t button, std::int16_t shift);
+    bool ReportKeyDown(std::int16_t shift, std::int16_t keyCode);
+    void ReportKeyPress(std::int16_t character);
     void ReportFocus(bool in);
 
     // --- Reading, by id

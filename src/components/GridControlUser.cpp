@@ -209,6 +209,58 @@ void GridControl::State::ReportResized(const PressedBorder& released) {
     }
 }
 
+// --- Entries, keys and clicks
+
+GridStatus GridControl::EnterText(Cell cell, const std::string& text) {
+    State& state = *state_;
+    if (const GridStatus status = state.Check(cell); status != GridStatus::Ok) {
+        return status;
+    }
+    const CellKey key = state.KeyOf(cell);
+    if (const GridStatus status = state.SetOnCell(cell, GridAttribute::Contents, text); status != GridStatus::Ok) {
+        return status;
+    }
+    state.Done(true);
+    if (state.events) {
+        state.events->ContentsChanged(key, text);
+    }
+    return GridStatus::Ok;
+}
+
+void GridControl::ReportStay() {
+    if (state_->events) {
+        state_->events->StayCell();
+    }
+}
+
+void GridControl::ReportDoubleClick(Cell cell) {
+    if (state_->events && state_->Check(cell) == GridStatus::Ok) {
+        state_->events->DoubleClick(state_->KeyOf(cell));
+    }
+}
+
+void GridControl::ReportSimpleClick(Cell cell) {
+    if (state_->events && state_->Check(cell) == GridStatus::Ok) {
+        state_->events->SimpleClick(state_->KeyOf(cell));
+    }
+}
+
+void GridControl::ReportMouseDown(Cell cell, std::int16_t button, std::int16_t shift) {
+    if (state_->events && state_->Check(cell) == GridStatus::Ok) {
+        state_->events->MouseDown(state_->KeyOf(cell), button, shift);
+    }
+}
+
+bool GridControl::ReportKeyDown(std::int16_t shift, std::int16_t keyCode) {
+    return state_->events && state_->events->KeyDown(shift, keyCode);
+}
+
+void GridControl::ReportKeyPress(std::int16_t character) {
+    if (state_->events) {
+        state_->events->KeyPress(character);
+    }
+}
+
 void GridControl::ReportFocus(bool in) {
     if (!state_->events) {
         return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,8 @@ struct GridChange {
     /// Otherwise the one changed cell; when several changed, `everything` is set instead.
     bool oneCell = false;
     Cell cell;
+    /// Only the pointer over the grid is another one (GridSettingsState::waiting).
+    bool pointer = false;
 };
 
 /// Hears what changed on screen. Called once per change whose redraw flag was set, with all changes made since the last
@@ -41,6 +44,21 @@ public:
     /// A whole column is named by its heading cell, a whole row by its label cell, everything by the corner (label
     /// column, heading row). `selected` is the state of that place now. Not called where the selection stays the same.
     virtual void SelectionChanged(const CellKey& cell, bool selected) = 0;
+    /// The user gave a cell this text, which the grid shows already.
+    virtual void ContentsChanged(const CellKey& cell, const std::string& text) = 0;
+    /// The user ended an entry without leaving the cell.
+    virtual void StayCell() = 0;
+    virtual void DoubleClick(const CellKey& cell) = 0;
+    /// A click on the cell or header that neither selected more than it nor dragged.
+    virtual void SimpleClick(const CellKey& cell) = 0;
+    /// `button`: 1 left, 2 right. `shift`: 1 Shift, 2 Ctrl and 4 Alt, added; 512 and 2048 as desktops with more
+    /// modifier keys report them.
+    virtual void MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) = 0;
+    /// A key that edits nothing; answers whether it was a command. `keyCode` is 46 for Delete, else the capital
+    /// letter's code; `shift` as in MouseDown().
+    virtual bool KeyDown(std::int16_t shift, std::int16_t keyCode) = 0;
+    /// A typed character that edits nothing; 13 is Return.
+    virtual void KeyPress(std::int16_t character) = 0;
     virtual void FocusIn() = 0;
     virtual void FocusOut() = 0;
 };

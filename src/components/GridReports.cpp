@@ -28,6 +28,14 @@ void GridReports::NoteCell(Cell cell) noexcept {
     anyNoted_ = true;
 }
 
+void GridReports::ReportPointer() {
+    if (watcher_) {
+        GridChange change;
+        change.pointer = true;
+        watcher_->GridChanged(change);
+    }
+}
+
 void GridReports::Report(bool now) {
     if (!now || !redrawOn_ || !anyNoted_) {
         return;

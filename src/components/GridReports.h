@@ -17,6 +17,8 @@ public:
     /// Reports what was noted, when `now` and while redraw is on; otherwise it stays noted. What the watcher itself
     /// changes meanwhile is reported when it has returned.
     void Report(bool now);
+    /// Reports another pointer at once: nothing is painted for it.
+    void ReportPointer();
     void SetRedraw(bool on) noexcept { redrawOn_ = on; }
     [[nodiscard]] bool RedrawOn() const noexcept { return redrawOn_; }
     /// Whether the watcher is being called.

@@ -7,6 +7,22 @@ namespace planview {
 ControlContext::ControlContext(const Platform& desktop)
     : platform(desktop),
       events([](std::string_view event, std::string_view error) { TraceError("USERCONTROL", event, error); }),
-      construction({grid, tables, keys}, settings) {}
+      hostUpdate(grid, tables, events),
+      construction({grid, tables, keys}, settings),
+      valueEntry({grid, tables, settings, keys, events, hostUpdate, history, [this] { ChartStep(); }}),
+      clipboard({grid, keys, valueEntry, desktop.clipboard, desktop.messageBoxes}),
+      keyHandling({grid, keys, clipboard, hostUpdate, busy, [this] { ChartStep(); },
+                   [this] { modPlan::Trace_Show(platform); }}),
+      commands(tables, grid, hostUpdate, [this] { ChartStep(); }),
+      sizeEvents(tables, grid, keys, hostUpdate),
+      gridHandlers(*this) {
+    grid.SetEvents(&gridHandlers);
+}
+
+ControlContext::~ControlContext() {
+    grid.SetEvents(nullptr);
+}
+
+void ControlContext::ChartStep() {}
 
 }  // namespace planview

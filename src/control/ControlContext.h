@@ -8,16 +8,33 @@
 #include "automation/EventSource.h"
 #include "automation/TableSlots.h"
 #include "components/GridControl.h"
+#include "control/GridHandlers.h"
+#include "grid/ClipboardCommands.h"
 #include "grid/CurrentKeys.h"
+#include "grid/GridCommands.h"
 #include "grid/GridConstruction.h"
 #include "grid/GridSettings.h"
+#include "grid/HostUpdate.h"
+#include "grid/KeyHandling.h"
+#include "grid/SizeEvents.h"
+#include "grid/UndoHistory.h"
+#include "grid/ValueEntry.h"
 #include "layout/PaneLayout.h"
 
 namespace planview {
 
+/// What a left press with one of the two special shift states recorded last.
+enum class PressMode : std::int16_t { None = 0, First = 1, Second = 2, Whole = 4 };
+
 /// What the parts of one control share. Each part is handed only what it uses.
 struct ControlContext {
     explicit ControlContext(const Platform& desktop);
+    ~ControlContext();
+    ControlContext(const ControlContext&) = delete;
+    ControlContext& operator=(const ControlContext&) = delete;
+
+    /// Brings the chart up to date where it is shown.
+    void ChartStep();
 
     Platform platform;
     TableSlots tables;
@@ -26,7 +43,20 @@ struct ControlContext {
     GridControl grid;
     PaneLayout layout;
     EventSource events;
+    /// The two lines of the forecast view are compared in the chart.
+    bool forecastView = false;
+    PressMode pressMode = PressMode::None;
+    /// Set while the control itself changes the grid; keys and popups wait for its end.
+    bool busy = false;
+    UndoHistory history;
+    HostUpdate hostUpdate;
     GridConstruction construction;
+    ValueEntry valueEntry;
+    ClipboardCommands clipboard;
+    KeyHandling keyHandling;
+    GridCommands commands;
+    SizeEvents sizeEvents;
+    GridHandlers gridHandlers;
 
     /// The macro tree node last made active by the host.
     std::string activeNode;

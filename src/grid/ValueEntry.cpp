@@ -1,5 +1,6 @@
 #include "grid/ValueEntry.h"
 
+#include "automation/Numbers.h"
 #include "grid/CellText.h"
 #include "grid/LoaderSupport.h"
 #include "grid/modGrid.h"
@@ -23,6 +24,12 @@ void TraceStep(std::string_view method, const std::string& parameter) {
 std::string Shown(const Variant& value) {
     return value.GetKind() == Variant::Kind::Double ? NumberText(value.AsDouble(), modPlan::TraceDecimalMark)
                                                     : value.AsText();
+}
+
+/// What the grid shows of an entered value: a number in the control's own form, any other text as it is.
+std::string EnteredText(CellKeyView cell, const Variant& value) {
+    const std::string* text = value.TextIf();
+    return IsPlanningCell(cell) && (!text || TryParseNumber(*text)) ? CellText(value) : value.AsText();
 }
 
 /// Holds the grid's repaint back until the outermost change ends.
@@ -141,7 +148,7 @@ void ValueEntry::ChangeOne(Transaction& transaction, const CellKey& cell, const 
     std::optional<CellChange> change;
     const std::optional<std::string> error = ErrorTextOf([&] {
         change = TakeOver(transaction, cell, value, announce);
-        modGrid::Contents(parts_.grid, cell, IsPlanningCell(cell) ? CellText(value) : value.AsText(), true);
+        modGrid::Contents(parts_.grid, cell, EnteredText(cell, value), true);
     });
     if (error) {
         ShowWhatTabHolds(cell);

@@ -1,0 +1,137 @@
+#include "control/GridHandlers.h"
+
+#include <array>
+
+#include "control/ControlContext.h"
+#include "grid/ForecastLine.h"
+#include "grid/IndexAxis.h"
+#include "grid/Selection.h"
+#include "grid/modGrid.h"
+#include "trace/ErrorTrap.h"
+#include "trace/TraceText.h"
+
+namespace planview {
+
+using modPlan::TraceEnabled;
+using modPlan::TraceWrite;
+
+namespace {
+
+constexpr std::string_view GridControlLabel = "GRIDCTL";
+
+constexpr std::int16_t LeftButton = 1;
+// Shift states of a left press that only desktops with more modifier keys report.
+constexpr std::int16_t ShiftState512 = 512;
+constexpr std::int16_t ShiftState2048 = 2048;
+
+std::string KeysText(const CellKey& cell) {
+    return TraceText("{cid: ", cell.column, " - rid: ", cell.row, "}");
+}
+
+}  // namespace
+
+void GridHandlers::KeepKeys(const CellKey& cell) {
+    context_.keys.column = cell.column;
+    context_.keys.row = cell.row;
+}
+
+void GridHandlers::ColumnResized(const std::string& column, int width) {
+    ErrorTrap(GridControlLabel, "ColumnResized", [&] { context_.sizeEvents.ColumnResized(column, width); });
+}
+
+void GridHandlers::RowResized(const std::string& row, int height) {
+    ErrorTrap(GridControlLabel, "RowResized", [&] { context_.sizeEvents.RowResized(row, height); });
+}
+
+void GridHandlers::HeaderHeightResized(const std::string& column, int height) {
+    ErrorTrap(GridControlLabel, "SwitchedColumnResized",
+              [&] { context_.sizeEvents.SwitchedColumnResized(column, height); });
+}
+
+void GridHandlers::HeaderWidthResized(const std::string& row, int width) {
+    ErrorTrap(GridControlLabel, "SwitchedRowResized", [&] { context_.sizeEvents.SwitchedRowResized(row, width); });
+}
+
+void GridHandlers::SelectionChanged(const CellKey& cell, bool selected) {
+    ErrorTrap(GridControlLabel, "Selected", [&] {
+        KeepKeys(cell);
+        if (TraceEnabled) {
+            TraceWrite(GridControlLabel, "", "Selected",
+                       TraceText("{cid: ", cell.column, " - rid: ", cell.row, " - selected: ", selected, "}"));
+        }
+        MirrorSelection(context_.tables.COLS_INDEX, context_.tables.LINE_INDEX, context_.grid);
+    });
+}
+
+void GridHandlers::ContentsChanged(const CellKey& cell, const std::string& text) {
+    ErrorTrap(GridControlLabel, "ContentsChanged", [&] { context_.valueEntry.ContentsChanged(cell, text); });
+}
+
+void GridHandlers::StayCell() {
+    ErrorTrap(GridControlLabel, "GridStayCell", [&] { context_.keyHandling.GridStayCell(); });
+}
+
+void GridHandlers::DoubleClick(const CellKey& cell) {
+    ErrorTrap(GridControlLabel, "GridCellDblClick", [&] {
+        KeepKeys(cell);
+        if (TraceEnabled) {
+            TraceWrite(GridControlLabel, "", "GridCellDblClick", KeysText(cell));
+        }
+        const std::array<Variant, 5> arguments{modGrid::PositionOf(cell.column), cell.column,
+                                               modGrid::PositionOf(cell.row), cell.row,
+                                               context_.settings.switched ? "X" : ""};
+        context_.events.Raise(EventId::GridCellDblClick, arguments);
+    });
+}
+
+void GridHandlers::SimpleClick(const CellKey& cell) {
+    ErrorTrap(GridControlLabel, "SimpleClick", [&] {
+        KeepKeys(cell);
+        if (TraceEnabled) {
+            TraceWrite(GridControlLabel, "", "SimpleClick", KeysText(cell));
+        }
+        if (context_.forecastView && cell.row.starts_with(RowAxis.keyPrefix)) {
+            ChooseForecastLine(context_.tables.LINE_INDEX, cell.row);
+            context_.ChartStep();
+            context_.hostUpdate.StartUpdate();
+        }
+    });
+}
+
+void GridHandlers::MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) {
+    ErrorTrap(GridControlLabel, "OnMouseDown", [&] {
+        const bool firstPress = context_.pressMode == PressMode::None;
+        KeepKeys(cell);
+        if (TraceEnabled) {
+            TraceWrite(GridControlLabel, "", "OnMouseDown",
+                       TraceText("{cid: ", cell.column, " - rid: ", cell.row, " - mousebutton: ", button,
+                                 " - shift: ", shift, "}"));
+        }
+        if (button == LeftButton && shift == ShiftState512) {
+            context_.pressMode = firstPress ? PressMode::First : PressMode::Second;
+        } else if (button == LeftButton && shift == ShiftState2048) {
+            context_.pressMode = PressMode::Whole;
+        }
+    });
+}
+
+bool GridHandlers::KeyDown(std::int16_t shift, std::int16_t keyCode) {
+    bool taken = false;
+    const bool done =
+        ErrorTrap(GridControlLabel, "GridKeyDown", [&] { taken = context_.keyHandling.GridKeyDown(shift, keyCode); });
+    return taken || !done;
+}
+
+void GridHandlers::KeyPress(std::int16_t character) {
+    ErrorTrap(GridControlLabel, "GridKeyPress", [&] { context_.keyHandling.GridKeyPress(character); });
+}
+
+void GridHandlers::FocusIn() {
+    TraceWrite(GridControlLabel, "{}", "FocusInGrid", "");
+}
+
+void GridHandlers::FocusOut() {
+    TraceWrite(GridControlLabel, "{}", "FocusOutGrid", "");
+}
+
+}  // namespace planview

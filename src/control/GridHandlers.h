@@ -1,0 +1,38 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "components/GridEvents.h"
+
+namespace planview {
+
+struct ControlContext;
+
+/// Hears what the user does in the grid and hands each event to the job that it belongs to, under an error trap.
+class GridHandlers final : public GridEvents {
+public:
+    explicit GridHandlers(ControlContext& context) : context_(context) {}
+
+    void ColumnResized(const std::string& column, int width) override;
+    void RowResized(const std::string& row, int height) override;
+    void HeaderHeightResized(const std::string& column, int height) override;
+    void HeaderWidthResized(const std::string& row, int width) override;
+    void SelectionChanged(const CellKey& cell, bool selected) override;
+    void ContentsChanged(const CellKey& cell, const std::string& text) override;
+    void StayCell() override;
+    void DoubleClick(const CellKey& cell) override;
+    void SimpleClick(const CellKey& cell) override;
+    void MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) override;
+    bool KeyDown(std::int16_t shift, std::int16_t keyCode) override;
+    void KeyPress(std::int16_t character) override;
+    void FocusIn() override;
+    void FocusOut() override;
+
+private:
+    void KeepKeys(const CellKey& cell);
+
+    ControlContext& context_;
+};
+
+}  // namespace planview
