@@ -138,6 +138,21 @@ public:
     void AddSink(EventSink& sink);
     void RemoveSink(EventSink& sink) noexcept;
 
+    // --- Commands for the host's own menus --------------------------------------------------------------------------
+
+    /// Takes back the user's last change of values, however many cells it was; nothing where there is none. Undoing and
+    /// redoing write the tables and raise the events as any other change does. A rebuild ends the history.
+    void Undo();
+    void Redo();
+    [[nodiscard]] bool CanUndo() const noexcept;
+    [[nodiscard]] bool CanRedo() const noexcept;
+    void Copy();
+    void Cut();
+    void Paste();
+    /// Gives every selected cell the current cell's value.
+    void Fill();
+    void Delete();
+
     // --- Late binding -----------------------------------------------------------------------------------------------
 
     [[nodiscard]] DispatchId IdOf(std::string_view name) const override;

@@ -4,6 +4,7 @@
 #include <planview/Version.h>
 
 #include "control/Guarded.h"
+#include "grid/BusyScope.h"
 #include "grid/MarkedRows.h"
 #include "grid/modGrid.h"
 #include "trace/TraceText.h"
@@ -144,6 +145,8 @@ PlanView::Status PlanView::DP_Import_Attribute() {
 PlanView::Status PlanView::DP_Import_Create() {
     return Guarded(state_, UserControl, "DP_Import_Create", [](ControlContext& context) {
         TraceCall("DP_Import_Create");
+        context.history.Clear();
+        const BusyScope busy(context.busy);
         context.construction.CreateFromTables();
     });
 }

@@ -1,6 +1,9 @@
 #include "grid/ValueEntry.h"
 
+#include <array>
+
 #include "automation/Numbers.h"
+#include "grid/BusyScope.h"
 #include "grid/CellText.h"
 #include "grid/LoaderSupport.h"
 #include "grid/modGrid.h"
@@ -71,6 +74,7 @@ private:
 
 void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text) {
     const CellKey cell{std::string(keys.column), std::string(keys.row)};
+    const BusyScope busy(parts_.busy);
     Transaction transaction(parts_.tables, 1);
     ChangeOne(transaction, cell, text, Announce::EachValue);
     parts_.history.Record(std::move(transaction.step));
@@ -79,6 +83,7 @@ void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text) {
 
 BulkResult ValueEntry::ChangeCells(std::span<const NewValue> values) {
     BulkResult result;
+    const BusyScope busy(parts_.busy);
     const RedrawHeld held(parts_.grid);
     const Announce announce = AnnounceFor(values.size());
     Transaction transaction(parts_.tables, values.size());
@@ -120,6 +125,7 @@ void ValueEntry::Redo() {
 
 void ValueEntry::Apply(const UndoStep& step, bool backwards) {
     const UndoStep changes = step;  // the host may end the history from inside an event
+    const BusyScope busy(parts_.busy);
     const RedrawHeld held(parts_.grid);
     const Announce announce = AnnounceFor(changes.size());
     Transaction transaction(parts_.tables, changes.size());
@@ -152,6 +158,7 @@ void ValueEntry::ChangeOne(Transaction& transaction, const CellKey& cell, const 
     });
     if (error) {
         ShowWhatTabHolds(cell);
+        TellNotStored(*error);
         throw AutomationError(AutomationErrorCode::Failed, *error);
     }
     if (change) {
@@ -205,6 +212,13 @@ void ValueEntry::KeepInTabOld(CellTable& tabOld, const KeyPositions& at, const V
     } else if (TraceEnabled) {
         TraceStep("ContentsChanged", TraceText("{TAB_OLD: entry found - oldvalue:", Shown(tabOld.Value(row)), "}"));
     }
+}
+
+void ValueEntry::TellNotStored(const std::string& error) noexcept {
+    ResumeNext([&] {
+        parts_.messageBoxes.Show({"The value could not be stored; the cell shows again what the table holds.\n" + error,
+                                  "Grid", MessageButtons::Ok, MessageIcon::Exclamation, MessageAnswer::Ok});
+    });
 }
 
 void ValueEntry::ShowWhatTabHolds(const CellKey& cell) noexcept {

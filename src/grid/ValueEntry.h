@@ -29,6 +29,8 @@ struct ValueEntryParts {
     EventSource& events;
     HostUpdate& hostUpdate;
     UndoHistory& history;
+    bool& busy;
+    MessageBoxes& messageBoxes;
     /// Brings the chart up to date when it is shown.
     std::function<void()> chartStep;
 };
@@ -82,6 +84,7 @@ private:
     Variant StoreInTab(CellTable& tab, const KeyPositions& at, const Variant& value);
     void KeepInTabOld(CellTable& tabOld, const KeyPositions& at, const Variant& before);
     void ShowWhatTabHolds(const CellKey& cell) noexcept;
+    void TellNotStored(const std::string& error) noexcept;
     [[nodiscard]] Announce AnnounceFor(std::size_t count) const;
 
     ValueEntryParts parts_;

@@ -23,6 +23,16 @@ public:
     void Unload(Form&) override {}
 };
 
+/// A clipboard of its own, which no other program sees.
+class OwnClipboard final : public Clipboard {
+public:
+    ClipboardContents Get() override { return contents_; }
+    void Set(const ClipboardContents& contents) override { contents_ = contents; }
+
+private:
+    ClipboardContents contents_;
+};
+
 class LinuxInformation final : public SystemInformation {
 public:
     std::optional<MemoryStatus> Memory() const override { return LinuxMemoryStatus(); }
@@ -37,6 +47,7 @@ public:
 struct HeadlessPlatform::State {
     DefaultAnswers messageBoxes;
     NoForms forms;
+    OwnClipboard clipboard;
     LinuxInformation system;
 };
 
@@ -45,7 +56,7 @@ HeadlessPlatform::HeadlessPlatform() : state_(std::make_unique<State>()) {}
 HeadlessPlatform::~HeadlessPlatform() = default;
 
 Platform HeadlessPlatform::Interfaces() noexcept {
-    return {state_->messageBoxes, state_->forms, state_->system};
+    return {state_->messageBoxes, state_->forms, state_->clipboard, state_->system};
 }
 
 }  // namespace planview

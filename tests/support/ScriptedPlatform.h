@@ -10,9 +10,9 @@
 namespace planview::test {
 
 /// A platform that does what the test says and remembers what it was asked.
-class ScriptedPlatform : public MessageBoxes, public Forms, public SystemInformation {
+class ScriptedPlatform : public MessageBoxes, public Forms, public Clipboard, public SystemInformation {
 public:
-    [[nodiscard]] Platform Interfaces() { return {*this, *this, *this}; }
+    [[nodiscard]] Platform Interfaces() { return {*this, *this, *this, *this}; }
 
     // What to answer.
     std::optional<MessageAnswer> answer;  ///< none: the default button
@@ -21,6 +21,8 @@ public:
     std::string logFolder;
     char decimalMark = '.';
     std::function<void(Form&)> whileShown;
+
+    ClipboardContents onClipboard;
 
     // What was asked.
     std::vector<MessageBoxRequest> messages;
@@ -39,6 +41,8 @@ public:
     }
     void Hide(Form& form) override { Note("hide ", form); }
     void Unload(Form& form) override { Note("unload ", form); }
+    ClipboardContents Get() override { return onClipboard; }
+    void Set(const ClipboardContents& contents) override { onClipboard = contents; }
     std::optional<MemoryStatus> Memory() const override { return memory; }
     std::optional<int> PlatformId() const override { return platformId; }
     std::string LogFolder() const override { return logFolder; }

@@ -40,7 +40,7 @@ protected:
     void ExpectErrors() { errorsExpected_ = true; }
     static void ForgetEntries() { frmTrace::Instance().TraceView.Clear(); }
 
-    static bool IsError(const ListItem& item) { return item.subItems[0] == "ERROR" || item.subItems[1] == "ERROR"; }
+    static bool IsError(const ListItem& item) { return item.subItems[0] == "ERROR" || item.subItems[1] == "ERROR" || item.subItems[2] == "ERROR"; }
 
     [[nodiscard]] static std::vector<std::string> Entries(const std::function<bool(const ListItem&)>& wanted = {}) {
         std::vector<std::string> entries;

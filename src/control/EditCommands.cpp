@@ -1,0 +1,50 @@
+#include <planview/PlanView.h>
+
+#include "control/Guarded.h"
+
+namespace planview {
+
+namespace {
+
+constexpr std::string_view GridControlLabel = "GRIDCTL";
+
+}  // namespace
+
+void PlanView::Undo() {
+    Guarded(state_, GridControlLabel, "Undo", [](ControlContext& context) { context.valueEntry.Undo(); });
+}
+
+void PlanView::Redo() {
+    Guarded(state_, GridControlLabel, "Redo", [](ControlContext& context) { context.valueEntry.Redo(); });
+}
+
+bool PlanView::CanUndo() const noexcept {
+    return state_->context.history.CanUndo();
+}
+
+bool PlanView::CanRedo() const noexcept {
+    return state_->context.history.CanRedo();
+}
+
+void PlanView::Copy() {
+    Guarded(state_, GridControlLabel, "Copy", [](ControlContext& context) { context.clipboard.Copy(); });
+}
+
+void PlanView::Cut() {
+    Guarded(state_, GridControlLabel, "Cut", [](ControlContext& context) { context.clipboard.Cut(); });
+}
+
+void PlanView::Paste() {
+    Guarded(state_, GridControlLabel, "Paste", [](ControlContext& context) { context.clipboard.Paste(); });
+}
+
+void PlanView::Fill() {
+    Guarded(state_, GridControlLabel, "Fill", [](ControlContext& context) { context.clipboard.Fill(); });
+}
+
+void PlanView::Delete() {
+    Guarded(state_, GridControlLabel, "DeleteCellContents",
+            [](ControlContext& context) { context.clipboard.DeleteCellContents(); });
+}
+
+}  // namespace planview

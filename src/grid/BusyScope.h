@@ -1,0 +1,18 @@
+#pragma once
+
+namespace planview {
+
+/// Keeps the busy flag set for as long as the object lives; nests.
+class BusyScope {
+public:
+    explicit BusyScope(bool& busy) noexcept : busy_(busy), before_(busy) { busy_ = true; }
+    ~BusyScope() { busy_ = before_; }
+    BusyScope(const BusyScope&) = delete;
+    BusyScope& operator=(const BusyScope&) = delete;
+
+private:
+    bool& busy_;
+    bool before_;
+};
+
+}  // namespace planview

@@ -1,0 +1,148 @@
+#include <gtest/gtest.h>
+
+#include <planview/PlanView.h>
+
+#include "components/GridControl.h"
+#include "control/ControlContext.h"
+#include "grid/Selection.h"
+#include "support/SampleTables.h"
+#include "support/TraceOracle.h"
+
+namespace planview {
+
+using test::Lines;
+using test::Tables;
+
+namespace {
+
+/// Five columns and five rows.
+class SelectionTest : public test::TracedTest {
+protected:
+    SelectionTest() : context(platform.Interfaces()) {
+        for (int i = 1; i <= 5; ++i) {
+            tables.AddColumn(i, "P", {{"COL_WIDTH", 70}});
+            tables.AddLine(i, "Line", {{"ROW_HEIGHT", 24}});
+        }
+        context.tables.COLS_INDEX = HostTable(tables.colsIndex);
+        context.tables.LINE_INDEX = HostTable(tables.lineIndex);
+        context.tables.TAB = HostTable(tables.tab);
+        context.tables.FIXED_COLS = HostTable(tables.fixedCols);
+        context.tables.FIXED_LINES = HostTable(tables.fixedLines);
+        context.tables.FIXED_TAB = HostTable(tables.fixedTab);
+        context.tables.CELL_ATTR = HostTable(tables.cellAttr);
+        context.construction.CreateFromTables();
+        ForgetEntries();
+    }
+
+    void SelectColumns(std::initializer_list<int> numbers) {
+        context.grid.ClearSelection();
+        for (const int number : numbers) {
+            context.grid.SetSelection({"COL" + std::to_string(number), ""}, false);
+        }
+    }
+    /// "X" or "." per row of the table.
+    static std::string Flags(const MemoryTable& table, const char* field) {
+        std::string flags;
+        for (std::int32_t row = 1; row <= table.RowCount(); ++row) {
+            flags += table.Value(row, field) == Variant("X") ? 'X' : '.';
+        }
+        return flags;
+    }
+    [[nodiscard]] std::string Marked() const { return Flags(*tables.colsIndex, "COL_MARKED"); }
+    [[nodiscard]] std::string Widths() const {
+        std::string widths;
+        for (const ColumnId column : context.grid.Columns(ColumnArea::Center)) {
+            widths += std::to_string(context.grid.Column(column).width) + " ";
+        }
+        return widths;
+    }
+
+    Tables tables;
+    ControlContext context;
+};
+
+}  // namespace
+
+TEST_F(SelectionTest, BlocksRunUpToTheNextSelectedHeader) {
+    const struct {
+        std::initializer_list<int> selected;
+        const char* marked;
+    } cases[] = {{{2, 4}, ".XX.."}, {{3}, "..XXX"}, {{}, "....."}, {{1, 2}, "X...."}, {{2, 3, 5}, ".X..."}};
+    for (const auto& row : cases) {
+        DeselectAllColumns(context.tables.COLS_INDEX, context.grid);
+        SelectColumns(row.selected);
+        SelectBlockColumns(context.tables.COLS_INDEX, context.grid);
+        EXPECT_EQ(Marked(), row.marked);
+    }
+}
+
+TEST_F(SelectionTest, SelectingAllAndNoneMarksTheTables) {
+    SelectAllRows(context.tables.LINE_INDEX, context.grid);
+    EXPECT_EQ(Flags(*tables.lineIndex, "ROW_MARKED"), "XXXXX");
+    EXPECT_TRUE(context.grid.IsSelected({"", "ROW5"}));
+    EXPECT_EQ(EntriesOf("SelectAllRows").back(), "GRIDCTL | {rid: ROW5} | SelectAllRows | ");
+    DeselectAllRows(context.tables.LINE_INDEX, context.grid);
+    EXPECT_EQ(Flags(*tables.lineIndex, "ROW_MARKED"), ".....");
+    EXPECT_TRUE(context.grid.Selection().IsEmpty());
+}
+
+TEST_F(SelectionTest, CommandsHideAndShowWhatIsSelectedAndTellTheHost) {
+    struct Host : PlanViewEvents {
+        int updates = 0;
+        void GridStartUpdate() override { ++updates; }
+    } host;
+    context.events.AddSink(host);
+    SelectColumns({2, 3});
+    context.commands.HideColumns();
+    EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), ".XX..");
+    EXPECT_TRUE(context.grid.Column(*context.grid.FindColumn("COL3")).hidden);
+    EXPECT_EQ(host.updates, 1);
+    EXPECT_EQ(EntriesOf("#HIDE COLUMNS#"), Lines{"GRIDCTL | {} | #HIDE COLUMNS# | BEGIN"});
+    EXPECT_EQ(EntriesOf("HideColumn"),
+              (Lines{"GRIDCTL | {cid: COL2} | HideColumn | ", "GRIDCTL | {cid: COL3} | HideColumn | "}));
+    context.commands.ShowColumns();
+    EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), ".....");
+    context.events.RemoveSink(host);
+}
+
+TEST_F(SelectionTest, ResetReachesEveryColumnWhateverIsSelected) {
+    context.commands.ResetWidths();
+    EXPECT_EQ(Widths(), "80 80 80 80 80 ");
+    EXPECT_EQ(tables.colsIndex->Value(5, "COL_WIDTH"), Variant(std::int16_t{80}));
+    context.commands.ResetHeights();
+    EXPECT_EQ(tables.lineIndex->Value(1, "ROW_HEIGHT"), Variant(std::int16_t{22}));
+    EXPECT_EQ(EntriesOf("RowHeightReset").back(), "GRIDCTL | {rid: ROW5 - height: 22} | RowHeightReset | ");
+}
+
+TEST_F(SelectionTest, AResizeReachesTheMarkedColumns) {
+    context.sizeEvents.ColumnResized("COL1", 90);
+    EXPECT_EQ(tables.colsIndex->Value(1, "COL_WIDTH"), Variant(std::int16_t{90}));
+    EXPECT_EQ(tables.colsIndex->Value(2, "COL_WIDTH"), Variant(70));
+    SelectAllColumns(context.tables.COLS_INDEX, context.grid);
+    tables.colsIndex->SetValue(4, "COL_MARKED", "");
+    context.sizeEvents.ColumnResized("COL2", 55);
+    EXPECT_EQ(Widths(), "55 70 55 70 55 ") << "the resized one itself has its size from the user's drag";
+    EXPECT_EQ(tables.colsIndex->Value(2, "COL_WIDTH"), Variant(std::int16_t{55}));
+    context.sizeEvents.ColumnResized("ROW2", 33);
+    EXPECT_EQ(tables.lineIndex->Value(2, "ROW_HEIGHT"), Variant(24)) << "no column key";
+    context.sizeEvents.SwitchedRowResized("ROW2", 33);
+    EXPECT_EQ(tables.lineIndex->Value(2, "ROW_WIDTH"), Variant(std::int16_t{33}));
+}
+
+TEST_F(SelectionTest, TheUsersSelectionIsMirroredIntoBothTables) {
+    tables.colsIndex->SetValue(5, "COL_MARKED", "X");
+    context.grid.SelectColumn(*context.grid.FindColumn("COL2"), SelectionMode::Replace);
+    context.grid.SelectColumn(*context.grid.FindColumn("COL3"), SelectionMode::Extend);
+    EXPECT_EQ(Marked(), ".XX..");
+    context.grid.SelectRow(*context.grid.FindRow("ROW4"), SelectionMode::Add);
+    EXPECT_EQ(Flags(*tables.lineIndex, "ROW_MARKED"), "...X.");
+    EXPECT_EQ(Marked(), ".XX..");
+}
+
+TEST_F(SelectionTest, AFailureEndsTheWalkWithItsKey) {
+    ExpectErrors();
+    SelectAllColumns(HostTable(), context.grid);
+    EXPECT_EQ(Entries(IsError), Lines{"GRIDCTL | {cid: } | SelectAllColumns | ERROR"});
+}
+
+}  // namespace planview

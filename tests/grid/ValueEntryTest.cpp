@@ -1,0 +1,285 @@
+#include <gtest/gtest.h>
+
+#include <planview/PlanView.h>
+
+#include "components/GridControl.h"
+#include "grid/CellRules.h"
+#include "support/SampleTables.h"
+#include "support/TraceOracle.h"
+
+namespace planview {
+
+using test::AddRow;
+using test::Lines;
+using test::Tables;
+
+namespace {
+
+/// A host that writes down what it hears.
+struct Host : PlanViewEvents {
+    Lines heard;
+    std::function<void()> onValue;
+
+    void GridValueChanged(std::int16_t column, const std::string& colPos, std::int16_t row, const std::string& rowPos,
+                          const Variant& value) override {
+        heard.push_back(std::to_string(column) + "/" + colPos + " " + std::to_string(row) + "/" + rowPos + " = " +
+                        value.AsText());
+        if (onValue) {
+            onValue();
+        }
+    }
+    void GridStartUpdate() override { heard.push_back("update"); }
+    void GridReturnKeyPressed() override { heard.push_back("return"); }
+};
+
+/// Three periods, three lines (the last one read-only), a fixed column on the right that can be edited.
+class ValueEntryTest : public test::TracedTest {
+protected:
+    ValueEntryTest() : control(std::make_unique<PlanView>(platform.Interfaces())) {
+        for (int i = 1; i <= 3; ++i) {
+            tables.AddColumn(i, "P");
+            tables.AddLine(i, "Line", {{"READONLY", i == 3 ? "X" : ""}});
+        }
+        AddRow(*tables.fixedCols, {{"COLUMN_FIX", 1}, {"FLG_POSITION", "R"}});
+        tables.AddValue(1, 1, 10);
+        tables.AddValue(1, 2, 20);
+        tables.AddValue(2, 1, 30);
+        tables.GiveTo(*control);
+        control->AddSink(host);
+        control->DP_Import_Create();
+        ForgetEntries();
+    }
+    ~ValueEntryTest() override { control->RemoveSink(host); }
+
+    [[nodiscard]] GridControl& Grid() { return control->Grid(); }
+    [[nodiscard]] Cell At(const char* column, const char* row) {
+        const std::optional<Cell> cell = Grid().FindCell({column, row});
+        EXPECT_TRUE(cell) << column << "/" << row;
+        return cell.value_or(Cell{});
+    }
+    void Type(const char* column, const char* row, const char* text) { Grid().EnterText(At(column, row), text); }
+    void Select(const char* fromColumn, const char* fromRow, const char* toColumn, const char* toRow) {
+        Grid().SelectCell(At(fromColumn, fromRow), SelectionMode::Replace);
+        Grid().SelectCell(At(toColumn, toRow), SelectionMode::Extend);
+    }
+    [[nodiscard]] static std::string Rows(const MemoryTable& table) {
+        std::string text;
+        for (std::int32_t row = 1; row <= table.RowCount(); ++row) {
+            text += (row > 1 ? " " : "") + table.Value(row, "Z").AsText() + "," + table.Value(row, "C").AsText() + "=" +
+                    table.Value(row, "V").AsText();
+        }
+        return text;
+    }
+    /// The planning cells as they are shown, line by line.
+    [[nodiscard]] std::string Shown() {
+        std::string text;
+        for (const RowId row : Grid().Rows(RowArea::Center)) {
+            text += text.empty() ? "" : " | ";
+            for (const ColumnId column : Grid().Columns(ColumnArea::Center)) {
+                text += "[" + Grid().Contents({column, row}) + "]";
+            }
+        }
+        return text;
+    }
+
+    Tables tables;
+    Host host;
+    std::unique_ptr<PlanView> control;
+};
+
+}  // namespace
+
+TEST_F(ValueEntryTest, AnEditTakesItsSteps) {
+    Type("COL2", "ROW1", "12.5");
+    EXPECT_EQ(host.heard, Lines{"2/COL2 1/ROW1 = 12.5"});
+    EXPECT_EQ(Rows(*tables.tab), "1,1=10 1,2=12.5 2,1=30") << "the value stays as it was entered";
+    EXPECT_EQ(Rows(*tables.tabOld), "1,2=20");
+    EXPECT_EQ(Grid().Contents(At("COL2", "ROW1")), "12,5") << "the grid shows the control's form";
+    const Lines entries = Entries([](const ListItem& item) {
+        return item.subItems[1] == "ContentsChanged" || item.subItems[1] == "ValueChanged fired";
+    });
+    EXPECT_EQ(entries, (Lines{"GRIDCTL |  | ContentsChanged | {cid: COL2 - rid: ROW1 - value: 12.5}",
+                              "GRIDCTL |  | ValueChanged fired | {cid: COL2 - rid: ROW1 - value: 12.5}",
+                              "GRIDCTL |  | ContentsChanged | {TAB: entry found - oldvalue:20}",
+                              "GRIDCTL |  | ContentsChanged | {TAB_OLD: no entry found}"}));
+    ForgetEntries();
+    Type("COL2", "ROW1", "7");
+    EXPECT_EQ(Rows(*tables.tabOld), "1,2=20") << "the first value stays";
+    EXPECT_EQ(EntriesOf("ContentsChanged").back(),
+              "GRIDCTL |  | ContentsChanged | {TAB_OLD: entry found - oldvalue:20}");
+}
+
+TEST_F(ValueEntryTest, ACellWithoutARowGetsOneAndThenKeepsIt) {
+    Type("COL3", "ROW2", "5");
+    EXPECT_EQ(Rows(*tables.tab), "1,1=10 1,2=20 2,1=30 2,3=5");
+    EXPECT_EQ(Rows(*tables.tabOld), "2,3=");
+    Type("COL3", "ROW2", "6");
+    EXPECT_EQ(Rows(*tables.tab), "1,1=10 1,2=20 2,1=30 2,3=6");
+}
+
+TEST_F(ValueEntryTest, OnlyTheFirstMatchingRowIsTouched) {
+    tables.AddValue(1, 1, 99);
+    Type("COL1", "ROW1", "11");
+    EXPECT_EQ(Rows(*tables.tab), "1,1=11 1,2=20 2,1=30 1,1=99");
+}
+
+TEST_F(ValueEntryTest, FixedCellsAreTakenOverByTheirKeyAlone) {
+    Type("FRC1", "ROW2", "8");
+    EXPECT_EQ(host.heard, Lines{"0/FRC1 2/ROW2 = 8"});
+    EXPECT_EQ(Rows(*tables.tab), "1,1=10 1,2=20 2,1=30 2,0=8");
+}
+
+TEST_F(ValueEntryTest, AKeyThatTheTablesLostIsNotTakenOver) {
+    tables.colsIndex->SetValue(2, "GRID_ID", "");
+    Type("COL2", "ROW1", "1");
+    EXPECT_EQ(host.heard, Lines{});
+    EXPECT_EQ(Rows(*tables.tab), "1,1=10 1,2=20 2,1=30");
+}
+
+TEST_F(ValueEntryTest, ATableThatFailsLeavesTheGridWithWhatItHolds) {
+    ExpectErrors();
+    class Refusing final : public AutomationObject {
+    public:
+        explicit Refusing(std::shared_ptr<MemoryTable> inner) : inner_(std::move(inner)) {}
+        DispatchId IdOf(std::string_view name) const override { return inner_->IdOf(name); }
+        Variant Get(DispatchId member, Arguments a) override { return inner_->Get(member, a); }
+        void Put(DispatchId, Arguments, const Variant&) override { throw std::runtime_error("disk full"); }
+        Variant Call(DispatchId member, Arguments a) override { return inner_->Call(member, a); }
+
+    private:
+        std::shared_ptr<MemoryTable> inner_;
+    };
+    control->PROP_Set_TAB(std::make_shared<Refusing>(tables.tab));
+    Type("COL2", "ROW1", "12");
+    EXPECT_EQ(Grid().Contents(At("COL2", "ROW1")), "20");
+    EXPECT_FALSE(control->CanUndo());
+    ASSERT_EQ(platform.messages.size(), 1U);
+    EXPECT_NE(platform.messages[0].text.find("disk full"), std::string::npos) << platform.messages[0].text;
+    control->PROP_Set_TAB(nullptr);
+    Type("COL2", "ROW1", "13");
+    EXPECT_EQ(Entries(IsError).back(), "GRIDCTL | ERROR | ContentsChanged | {error: The table is not set}");
+}
+
+TEST_F(ValueEntryTest, DeleteEmptiesWritablePlanningCellsOnly) {
+    const struct {
+        const char* why;
+        const char* column;
+        const char* row;
+        Lines heard;
+    } cases[] = {
+        {"a fixed cell", "FRC1", "ROW1", {}},
+        {"a heading", "COL1", "FTR0", {}},
+        {"a read-only line", "COL1", "ROW3", {}},
+        {"a planning cell", "COL2", "ROW1", {"2/COL2 1/ROW1 = "}},
+    };
+    for (const auto& row : cases) {
+        host.heard.clear();
+        Grid().SelectCell(At(row.column, row.row), SelectionMode::Replace);
+        EXPECT_TRUE(Grid().ReportKeyDown(0, 46));
+        EXPECT_EQ(host.heard, row.heard) << row.why;
+    }
+    EXPECT_EQ(Shown(), "[10][][] | [30][][] | [][][]");
+    EXPECT_EQ(EntriesOf("DeleteCellContents").size(), 1U);
+}
+
+TEST_F(ValueEntryTest, BlocksArePastedFromTheCurrentCellToTheEdge) {
+    Grid().SelectCell(At("COL2", "ROW1"), SelectionMode::Replace);
+    platform.onClipboard.text = "1,5\t2.5\t3\n4\tx\n";
+    control->Paste();
+    EXPECT_EQ(Shown(), "[10][1,5][2,5] | [30][4][] | [][][]") << "the third column does not exist";
+    EXPECT_EQ(host.heard, Lines{"update"}) << "several cells are announced as one";
+    ASSERT_EQ(platform.messages.size(), 1U);
+    EXPECT_NE(platform.messages[0].text.find("1 cell would have got a text that is not a number"), std::string::npos);
+    EXPECT_EQ(Rows(*tables.tabOld), "1,2=20 1,3= 2,2=");
+}
+
+TEST_F(ValueEntryTest, SingleValueModeAnnouncesEachCell) {
+    tables.gridAttr->SetValue(1, "SINGLEVALUE", "X");
+    control->DP_Import_Attribute();
+    platform.onClipboard.text = "1\t2";
+    Grid().SelectCell(At("COL1", "ROW2"), SelectionMode::Replace);
+    control->Paste();
+    EXPECT_EQ(host.heard, (Lines{"1/COL1 2/ROW2 = 1", "2/COL2 2/ROW2 = 2"}));
+}
+
+TEST_F(ValueEntryTest, OneValueOrOneRowFillsASelection) {
+    Select("COL1", "ROW1", "COL3", "ROW3");
+    platform.onClipboard.text = "7";
+    control->Paste();
+    EXPECT_EQ(Shown(), "[7][7][7] | [7][7][7] | [][][]");
+    EXPECT_NE(platform.messages[0].text.find("3 cells cannot be edited"), std::string::npos);
+    Select("COL1", "ROW1", "COL3", "ROW2");
+    platform.onClipboard.text = "1\t2\t3\r\n";
+    control->Paste();
+    EXPECT_EQ(Shown(), "[1][2][3] | [1][2][3] | [][][]");
+    control->Undo();
+    control->Undo();
+    EXPECT_EQ(Shown(), "[10][20][] | [30][][] | [][][]");
+}
+
+TEST_F(ValueEntryTest, CopyAndCutTakeTheVisibleBlock) {
+    tables.colsIndex->SetValue(2, "COL_HIDDEN", "X");
+    control->DP_Import_Update();
+    Type("COL3", "ROW1", "1234.5");
+    Select("COL1", "ROW1", "COL3", "ROW2");
+    EXPECT_TRUE(Grid().ReportKeyDown(2, 'C'));
+    EXPECT_EQ(platform.onClipboard.text, "10\t1234,5\n30\t\n");
+    EXPECT_NE(platform.onClipboard.html.find("sdval=\"1234.5\""), std::string::npos);
+    EXPECT_TRUE(Grid().ReportKeyDown(2, 'X'));
+    EXPECT_EQ(Shown(), "[][20][] | [][][] | [][][]") << "the hidden cell keeps its value";
+}
+
+TEST_F(ValueEntryTest, UndoAndRedoFollowTheUsersActions) {
+    Type("COL1", "ROW1", "11");
+    Type("COL1", "ROW1", "12");
+    Select("COL1", "ROW1", "COL2", "ROW2");
+    EXPECT_TRUE(Grid().ReportKeyDown(0, 46));
+    EXPECT_EQ(Shown(), "[][][] | [][][] | [][][]");
+    host.heard.clear();
+    control->Undo();
+    EXPECT_EQ(Shown(), "[12][20][] | [30][][] | [][][]");
+    EXPECT_EQ(host.heard, Lines{"update"});
+    control->Undo();
+    EXPECT_EQ(Shown(), "[11][20][] | [30][][] | [][][]");
+    EXPECT_EQ(host.heard.back(), "1/COL1 1/ROW1 = 11");
+    EXPECT_EQ(tables.tabOld->Value(1, "V"), Variant(10)) << "the first value stays";
+    control->Redo();
+    EXPECT_EQ(Grid().Contents(At("COL1", "ROW1")), "12");
+    Type("COL3", "ROW2", "1");
+    EXPECT_FALSE(control->CanRedo()) << "a new action ends what could be repeated";
+    control->DP_Import_Update();
+    EXPECT_FALSE(control->CanUndo()) << "a rebuild ends the history";
+}
+
+TEST_F(ValueEntryTest, TheHostMayRebuildFromItsOwnEvent) {
+    host.onValue = [&] {
+        host.onValue = nullptr;
+        control->DP_Import_Update();
+    };
+    Type("COL1", "ROW1", "77");
+    EXPECT_EQ(tables.tab->Value(1, "V"), Variant("77"));
+    EXPECT_EQ(Grid().Contents(At("COL1", "ROW1")), "77");
+}
+
+TEST_F(ValueEntryTest, TheTraceShortcutIsArmedFirst) {
+    Grid().SelectCell(At("COL1", "ROW2"), SelectionMode::Replace);
+    ForgetEntries();
+    EXPECT_TRUE(Grid().ReportKeyDown(2, 'D'));
+    EXPECT_EQ(platform.formCalls.back(), "load frmTrace");
+    EXPECT_TRUE(Grid().ReportKeyDown(6, 'D'));
+    EXPECT_TRUE(Grid().ReportKeyDown(2, 'D'));
+    EXPECT_EQ(platform.formCalls.back(), "show frmTrace");
+    EXPECT_EQ(Entries(), (Lines{"GRIDCTL |  | GridKeyDown | {cid: COL1 - rid: ROW2 - modifier:2 - key:68}",
+                                "GRIDCTL |  | GridKeyDown | {cid: COL1 - rid: ROW2 - modifier:6 - key:68}",
+                                "GRIDCTL |  | GridKeyDown | {cid: COL1 - rid: ROW2 - modifier:2 - key:68}"}));
+    EXPECT_FALSE(Grid().ReportKeyDown(0, 'D'));
+}
+
+TEST_F(ValueEntryTest, ReturnTellsTheHost) {
+    Grid().ReportKeyPress(13);
+    Grid().ReportKeyPress('a');
+    EXPECT_EQ(host.heard, Lines{"return"});
+    EXPECT_EQ(tables.gridAttr->Value(1, "FIRST_COL"), Variant(std::int16_t{1}));
+}
+
+}  // namespace planview
