@@ -13,6 +13,7 @@
 namespace planview {
 
 class GridControl;
+class PaneLayout;
 
 /// One member of the control's automation interface.
 struct MemberDescription {
@@ -176,6 +177,8 @@ public:
 
     /// The grid, for the layer that puts it on the screen.
     [[nodiscard]] GridControl& Grid() noexcept;
+    /// The panes, for the same layer.
+    [[nodiscard]] PaneLayout& Panes() noexcept;
 
 private:
     struct State;
