@@ -184,4 +184,6 @@ GridControl& PlanView::Grid() noexcept {
     return state_->context.grid;
 }
 
+PaneLayout& PlanView::Panes() noexcept { return state_->context.layout; }
+
 }  // namespace planview
