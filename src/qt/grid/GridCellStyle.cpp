@@ -74,7 +74,8 @@ QRgb GridStyler::ownText(const PlacedCell& cell, const CellLook& look) const {
 void GridStyler::setFontStyle(const PlacedCell& cell, const CellLook& look, GridCellStyle& style) const {
     const bool totals = cell.column.area == Area::Trailing || (cell.row.area == Area::Trailing && cell.row.sums);
     const bool helpLine = cell.row.helpLine || look.helpLine;
-    style.bold = cell.top() || cell.row.area == Area::Leading || totals || style.marked || (cell.left() && helpLine);
+    const bool fixedTop = cell.left() ? cell.vertical.area == Area::Leading : cell.row.area == Area::Leading;
+    style.bold = cell.top() || fixedTop || totals || (cell.left() && helpLine);
     style.italic = !totals && (helpLine || (cell.row.area == Area::Trailing && !cell.top()));
 }
 

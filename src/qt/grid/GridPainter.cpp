@@ -11,6 +11,8 @@ using Area = AxisLayout::Area;
 
 constexpr int FrameWidth = 2;
 constexpr int MarkWidth = 2;
+constexpr int HintLength = 14;
+constexpr int HintInset = 3;
 /// How far to the left a text is looked for that runs on into the first visible cell.
 constexpr int LongestLookBack = 32;
 
@@ -188,10 +190,13 @@ void GridPainter::addMarks(const PlacedTrack& horizontal, const PlacedTrack& ver
 void GridPainter::addHiddenHint(const PlacedTrack& track, const QRect& heading, bool alongTop) {
     const QRgb color = QColor::fromRgb(scene_.theme.muted).rgba();
     const int gap = 2 * line_;
+    // Along the left side only at the start of the labels, where no text is.
+    const int length = alongTop ? heading.height() / 2 : std::min(scene_.geometry.pixels(HintLength), heading.width());
+    const int inset = alongTop ? heading.height() / 4 : scene_.geometry.pixels(HintInset);
     const auto addDoubleLine = [&](int border) {
         for (const int start : {border - gap - line_, border + gap - line_}) {
-            marks_.push_back({alongTop ? QRect(start, heading.top() + heading.height() / 4, line_, heading.height() / 2)
-                                       : QRect(heading.left() + heading.width() / 4, start, heading.width() / 2, line_),
+            marks_.push_back({alongTop ? QRect(start, heading.top() + inset, line_, length)
+                                       : QRect(heading.left() + inset, start, length, line_),
                               color});
         }
     };

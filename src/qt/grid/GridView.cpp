@@ -14,6 +14,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "qt/grid/GridAccessible.h"
 #include "qt/grid/GridLabelWidth.h"
@@ -61,12 +62,6 @@ GridView::GridView(GridControl& grid, std::shared_ptr<void> owner, QWidget* pare
     viewport()->setMouseTracking(true);
     setTheme(GridTheme::forPalette(QApplication::palette()));
     grid_.SetWatcher(this);
-
-    const auto follow = [this](bool horizontal) {
-        return [this, horizontal](int value) { scrollTo(horizontal, value); };
-    };
-    connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, follow(true));
-    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, follow(false));
 }
 
 GridView::~GridView() {
@@ -154,16 +149,17 @@ void GridView::updateScrollBars() {
     const GridGeometry bare = geometryFor(deviceSize(maximumViewportSize(), ratio), geometry_.unit);
     const bool fits = bare.horizontal.maxFirst() == 0 && bare.vertical.maxFirst() == 0;
     const auto update = [fits](QScrollBar* bar, const GridAxis& axis) {
-        const QSignalBlocker silent(bar);
         bar->setRange(0, fits ? 0 : axis.maxFirst());
         bar->setPageStep(axis.page());
         bar->setValue(axis.first());
     };
-    // Copies: showing or hiding a bar resizes the viewport and lays out again.
-    const GridAxis horizontal = geometry_.horizontal;
-    const GridAxis vertical = geometry_.vertical;
-    update(horizontalScrollBar(), horizontal);
-    update(verticalScrollBar(), vertical);
+    const bool outer = !std::exchange(updatingBars_, true);
+    // Showing or hiding a bar resizes the viewport and lays out again; the second bar then gets what is true by then.
+    update(horizontalScrollBar(), geometry_.horizontal);
+    update(verticalScrollBar(), geometry_.vertical);
+    if (outer) {
+        updatingBars_ = false;
+    }
 }
 
 void GridView::resizeEvent(QResizeEvent* event) {
@@ -258,6 +254,19 @@ void GridView::scrollTo(bool horizontal, int index) {
         grid_.ScrollToColumn(ColumnId{track});
     } else {
         grid_.ScrollToRow(RowId{track});
+    }
+}
+
+/// The user has moved a bar.
+void GridView::scrollContentsBy(int dx, int dy) {
+    if (updatingBars_) {
+        return;
+    }
+    if (dx != 0) {
+        scrollTo(true, horizontalScrollBar()->value());
+    }
+    if (dy != 0) {
+        scrollTo(false, verticalScrollBar()->value());
     }
 }
 

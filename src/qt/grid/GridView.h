@@ -71,6 +71,7 @@ Q_SIGNALS:
 protected:
     bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -112,6 +113,7 @@ private:
     std::uint64_t layoutVersion_ = 0;
     bool layoutKnown_ = false;
     GridGeometry geometry_;
+    bool updatingBars_ = false;
 
     GridMouse mouse_;
     GridWheel wheel_;

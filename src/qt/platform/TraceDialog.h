@@ -4,6 +4,8 @@
 
 #include "components/ListView.h"
 
+class QTreeWidget;
+
 namespace planview {
 
 /// Shows the trace as it was when the window came up: one line per entry, the newest in sight.
@@ -18,7 +20,7 @@ protected:
 
 private:
     const ListView& entries_;
-    class QTreeWidget* list_;
+    QTreeWidget* list_;
 };
 
 }  // namespace planview
