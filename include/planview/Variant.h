@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <variant>
 
 namespace planview {
@@ -29,8 +30,8 @@ public:
     Variant(std::int32_t value) noexcept : value_(value) {}
     Variant(double value) noexcept : value_(value) {}
     Variant(std::string value) noexcept : value_(std::move(value)) {}
-    Variant(std::string_view value) : value_(std::string(value)) {}
-    Variant(const char* value) : value_(std::string(value)) {}
+    Variant(std::string_view value) : value_(std::in_place_type<std::string>, value) {}
+    Variant(const char* value) : value_(std::in_place_type<std::string>, value) {}
     /// A null reference becomes Nothing.
     Variant(ObjectRef object) noexcept;
     template <class Object, class = std::enable_if_t<std::is_base_of_v<AutomationObject, Object>>>

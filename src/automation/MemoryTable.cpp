@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <utility>
 
 #include <planview/MemoryTable.h>
@@ -19,13 +20,20 @@ struct MemoryTable::State {
     std::vector<std::string> fields;
     std::vector<std::vector<Variant>> rows;
 
-    [[nodiscard]] std::size_t FieldIndex(std::string_view name) const {
-        for (std::size_t i = 0; i < fields.size(); ++i) {
-            if (fields[i] == name) {
-                return i;
-            }
+    explicit State(std::vector<std::string> names) : fields(std::move(names)), following_(fields.size()) {}
+
+    [[nodiscard]] std::size_t FieldIndex(std::string_view name) {
+        // Whoever walks a table asks for the same fields in the same order in each row.
+        if (last_ < fields.size() && fields[following_[last_]] == name) {
+            return last_ = following_[last_];
         }
-        ThrowUnknownMember("The table", name);
+        const auto found = std::find(fields.begin(), fields.end(), name);
+        if (found == fields.end()) {
+            ThrowUnknownMember("The table", name);
+        }
+        const auto index = static_cast<std::size_t>(found - fields.begin());
+        following_[last_] = index;
+        return last_ = index;
     }
 
     [[nodiscard]] std::vector<Variant>& Row(std::int32_t row) {
@@ -41,6 +49,12 @@ struct MemoryTable::State {
         return values[FieldIndex(field)];
     }
 
+    /// As above with the name as it comes in a call; a text is not copied.
+    [[nodiscard]] Variant& At(std::int32_t row, const Variant& field) {
+        const std::string* name = field.TextIf();
+        return name ? At(row, std::string_view(*name)) : At(row, std::string_view(field.AsText()));
+    }
+
     std::int32_t AddRow(std::vector<Variant> values) {
         if (values.size() > fields.size()) {
             throw AutomationError(AutomationErrorCode::WrongArguments, "A row of " + std::to_string(fields.size()) +
@@ -51,22 +65,13 @@ struct MemoryTable::State {
         rows.push_back(std::move(values));
         return CheckedCast<std::int32_t>(rows.size());
     }
+
+private:
+    std::size_t last_ = 0;                // the field asked for last
+    std::vector<std::size_t> following_;  // by field: the one that was asked for after it
 };
 
 namespace {
-
-/// The field name of a two-argument access, without a copy when it is a text.
-class FieldName {
-public:
-    explicit FieldName(const Variant& argument) : copy_(argument.TextIf() ? std::string() : argument.AsText()) {
-        name_ = argument.TextIf() ? std::string_view(*argument.TextIf()) : std::string_view(copy_);
-    }
-    operator std::string_view() const noexcept { return name_; }
-
-private:
-    std::string copy_;
-    std::string_view name_;
-};
 
 /// `Rows(i)`: one row, whose default member is a field by name.
 template <class State>
@@ -87,7 +92,7 @@ private:
             ThrowUnknownMember("The row", member);
         }
         ExpectArguments(arguments, 1, "the field of a row");
-        return state_->At(row_, FieldName(arguments[0]));
+        return state_->At(row_, arguments[0]);
     }
 
     std::shared_ptr<State> state_;
@@ -138,9 +143,7 @@ private:
 
 }  // namespace
 
-MemoryTable::MemoryTable(std::vector<std::string> fields) : state_(std::make_shared<State>()) {
-    state_->fields = std::move(fields);
-}
+MemoryTable::MemoryTable(std::vector<std::string> fields) : state_(std::make_shared<State>(std::move(fields))) {}
 
 MemoryTable::~MemoryTable() = default;
 
@@ -195,7 +198,7 @@ Variant MemoryTable::Get(DispatchId member, Arguments arguments) {
     switch (member) {
         case DefaultMember:
             ExpectArguments(arguments, 2, "the field of a table");
-            return state_->At(arguments[0].AsInt32(), FieldName(arguments[1]));
+            return state_->At(arguments[0].AsInt32(), arguments[1]);
         case RowCountMember:
             return RowCount();
         case RowsMember: {
@@ -212,7 +215,7 @@ void MemoryTable::Put(DispatchId member, Arguments arguments, const Variant& val
         ThrowUnknownMember("The table", member);
     }
     ExpectArguments(arguments, 2, "the field of a table");
-    state_->At(arguments[0].AsInt32(), FieldName(arguments[1])) = value;
+    state_->At(arguments[0].AsInt32(), arguments[1]) = value;
 }
 
 Variant MemoryTable::Call(DispatchId member, Arguments arguments) {

@@ -155,12 +155,45 @@ double ParseNumber(const Variant& value) {
     return value.AsDouble();
 }
 
+namespace {
+
+/// The text of a number that has at most two decimals, as nearly all planning values have; empty for any other.
+std::string ShortNumberText(double value, char decimalMark) {
+    constexpr std::int64_t Scale = 100;
+    constexpr double Largest = 1e12;  // times the scale still no more than 15 digits
+    const double magnitude = std::abs(value);
+    if (!(magnitude < Largest)) {
+        return {};
+    }
+    const auto scaled = static_cast<std::int64_t>(magnitude * double{Scale} + 0.5);
+    if (static_cast<double>(scaled) / double{Scale} != magnitude) {
+        return {};
+    }
+    std::array<char, 24> buffer;
+    buffer[0] = '-';
+    char* end = buffer.data() + (value < 0 ? 1 : 0);
+    end = std::to_chars(end, buffer.data() + buffer.size(), scaled / Scale).ptr;
+    if (const auto decimals = static_cast<char>(scaled % Scale); decimals != 0) {
+        *end++ = decimalMark;
+        *end++ = static_cast<char>('0' + decimals / 10);
+        if (decimals % 10 != 0) {
+            *end++ = static_cast<char>('0' + decimals % 10);
+        }
+    }
+    return {buffer.data(), end};
+}
+
+}  // namespace
+
 std::string NumberText(double value, char decimalMark) {
     if (!std::isfinite(value)) {
         throw AutomationError(AutomationErrorCode::TypeMismatch, "Type mismatch: not a finite number");
     }
     if (value == 0) {
         return "0";
+    }
+    if (std::string text = ShortNumberText(value, decimalMark); !text.empty()) {
+        return text;
     }
     std::array<char, 64> buffer{};
     const auto scientific = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),

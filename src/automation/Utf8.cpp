@@ -7,7 +7,7 @@ namespace planview {
 
 namespace {
 
-/// The length of the sequence that starts here and the smallest code point that may need it; 0 for no start byte.
+/// The length of a sequence of more than one byte and the smallest code point that may need it; 0 for no first byte.
 struct Sequence {
     std::size_t length;
     std::uint32_t smallest;
@@ -15,9 +15,6 @@ struct Sequence {
 };
 
 Sequence SequenceOf(unsigned char first) noexcept {
-    if (first < 0x80) {
-        return {1, 0, first};
-    }
     if (first >= 0xC2 && first <= 0xDF) {
         return {2, 0x80, first & 0x1FU};
     }
@@ -36,6 +33,10 @@ bool IsValidUtf8(std::string_view text) noexcept {
     constexpr std::uint32_t LastCodePoint = 0x10FFFF;
     std::size_t i = 0;
     while (i < text.size()) {
+        if (static_cast<unsigned char>(text[i]) < 0x80) {
+            ++i;
+            continue;
+        }
         const Sequence sequence = SequenceOf(static_cast<unsigned char>(text[i]));
         if (sequence.length == 0 || text.size() - i < sequence.length) {
             return false;

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include <planview/AutomationObject.h>
 #include <planview/Variant.h>
 
@@ -37,11 +39,18 @@ std::int16_t Variant::AsInt16() const {
     if (const auto* number = std::get_if<std::int16_t>(&value_)) {
         return *number;
     }
+    const auto* number = std::get_if<std::int32_t>(&value_);
+    if (number && std::in_range<std::int16_t>(*number)) {
+        return static_cast<std::int16_t>(*number);
+    }
     return RoundToInt16(AsDouble());
 }
 
 std::int32_t Variant::AsInt32() const {
     if (const auto* number = std::get_if<std::int32_t>(&value_)) {
+        return *number;
+    }
+    if (const auto* number = std::get_if<std::int16_t>(&value_)) {
         return *number;
     }
     return RoundToInt32(AsDouble());

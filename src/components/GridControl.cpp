@@ -132,7 +132,7 @@ GridStatus GridControl::CreateColumn(std::string_view key, std::int16_t position
     if (!area) {
         return GridStatus::InvalidName;
     }
-    if (state.columns.Find(key)) {
+    if (state.columns.Has(state.columns.Find(key))) {
         return GridStatus::ColumnDefined;
     }
     const std::optional<std::size_t> place = PlaceForNew(state.columns, *area, position);
@@ -165,7 +165,7 @@ GridStatus GridControl::CreateRow(std::string_view key, std::int16_t position, b
     if (!area) {
         return GridStatus::InvalidName;
     }
-    if (state.rows.Find(key)) {
+    if (state.rows.Has(state.rows.Find(key))) {
         return GridStatus::RowDefined;
     }
     const std::optional<std::size_t> place = PlaceForNew(state.rows, *area, position);
@@ -276,8 +276,8 @@ GridStatus GridControl::State::Find(std::string_view key, ColumnId& column) cons
     if (!settings.created) {
         return GridStatus::AttributeNotPossible;
     }
-    if (const std::optional<ColumnId> found = columns.Find(key)) {
-        column = *found;
+    column = columns.Find(key);
+    if (columns.Has(column)) {
         return GridStatus::Ok;
     }
     return ColumnAreaOf(key) ? GridStatus::UnknownColumn : GridStatus::InvalidName;
@@ -287,8 +287,8 @@ GridStatus GridControl::State::Find(std::string_view key, RowId& row) const {
     if (!settings.created) {
         return GridStatus::AttributeNotPossible;
     }
-    if (const std::optional<RowId> found = rows.Find(key)) {
-        row = *found;
+    row = rows.Find(key);
+    if (rows.Has(row)) {
         return GridStatus::Ok;
     }
     return RowAreaOf(key) ? GridStatus::UnknownRow : GridStatus::InvalidName;
@@ -343,17 +343,18 @@ const GridRow& GridControl::Row(RowId row) const {
 }
 
 std::optional<ColumnId> GridControl::FindColumn(std::string_view key) const {
-    return state_->columns.Find(key);
+    const ColumnId column = state_->columns.Find(key);
+    return state_->columns.Has(column) ? std::optional(column) : std::nullopt;
 }
 
 std::optional<RowId> GridControl::FindRow(std::string_view key) const {
-    return state_->rows.Find(key);
+    const RowId row = state_->rows.Find(key);
+    return state_->rows.Has(row) ? std::optional(row) : std::nullopt;
 }
 
 std::optional<Cell> GridControl::FindCell(CellKeyView keys) const {
-    const std::optional<ColumnId> column = state_->columns.Find(keys.column);
-    const std::optional<RowId> row = state_->rows.Find(keys.row);
-    return column && row ? std::optional(Cell{*column, *row}) : std::nullopt;
+    const Cell cell{state_->columns.Find(keys.column), state_->rows.Find(keys.row)};
+    return state_->Check(cell) == GridStatus::Ok ? std::optional(cell) : std::nullopt;
 }
 
 CellKey GridControl::KeyOf(Cell cell) const {

@@ -113,13 +113,16 @@ constexpr std::array<PaletteColor, PaletteSize> Palette{{
     {"tovLightYellow", 255, 255, 0},
 }};
 
-std::string Key(std::string_view prefix, std::int16_t position, std::string_view operation) {
-    std::string key(prefix);
-    trace_text::Append(key, position);
+/// The prefix with its closing 0, as it stands in a literal.
+using KeyPrefix = char[4];
+
+std::string Key(const KeyPrefix& prefix, std::int16_t position, std::string_view operation) {
+    std::array<char, 12> key{prefix[0], prefix[1], prefix[2]};
+    char* end = std::to_chars(key.data() + 3, key.data() + key.size(), position).ptr;
     if (TraceEnabled) {
         TraceWrite("GRIDCTL", "", operation, TraceText("{index: ", position, "}"));
     }
-    return key;
+    return {key.data(), end};
 }
 
 }  // namespace
@@ -357,11 +360,14 @@ void Relief(GridControl& grid, CellKeyView keys, bool relief, bool redraw) {
 }
 
 void Bitmap(GridControl& grid, CellKeyView keys, std::string_view bitmap, std::int16_t alignment, bool redraw) {
+    // Nearly all cells have no bitmap, and then there is nothing to align.
+    const bool nothingToAlign = bitmap.empty() && alignment == static_cast<std::int16_t>(GridAlignment::Right);
     Run(
         "bitmap", keys,
         [&] {
-            const GridStatus status = grid.SetAttribute(ElementOf(keys), keys, GridAttribute::Bitmap, bitmap, false);
-            if (status != GridStatus::Ok) {
+            const GridStatus status =
+                grid.SetAttribute(ElementOf(keys), keys, GridAttribute::Bitmap, bitmap, nothingToAlign && redraw);
+            if (status != GridStatus::Ok || nothingToAlign) {
                 return status;
             }
             return grid.SetAttribute(ElementOf(keys), keys, GridAttribute::BitmapAlignment, alignment, redraw);

@@ -1,0 +1,184 @@
+#pragma once
+
+#include <QIcon>
+#include <QImage>
+#include <QMetaType>
+#include <QSize>
+#include <QString>
+#include <QVariant>
+#include <QWidget>
+#include <memory>
+
+#include <planview/AutomationObject.h>
+#include <planview/PlanView.h>
+#include <planview/Platform.h>
+
+Q_DECLARE_METATYPE(planview::ObjectRef)
+
+namespace planview {
+
+/// Pieces of the desktop that a host or a test puts in the place of our own; null ones stay ours. The objects must
+/// outlive the widget.
+struct PlatformOverrides {
+    MessageBoxes* messageBoxes = nullptr;
+    Forms* forms = nullptr;
+    SystemInformation* system = nullptr;
+};
+
+/// The planning table as a widget.
+///
+/// The 65 members of PlanView are invokable and its 20 events are signals, both with their own names and in their own
+/// order, so that every Qt host (C++, QML, script) can use them by name. A table is any planview::ObjectRef. See
+/// PlanView for what the members do, for the order of calls and for errors.
+///
+/// The widget may be deleted at any time, also inside a slot that one of its own signals called.
+class PlanViewWidget : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(ColorScheme colorScheme READ colorScheme WRITE setColorScheme NOTIFY colorSchemeChanged)
+    Q_PROPERTY(double textScale READ textScale WRITE setTextScale NOTIFY textScaleChanged)
+
+public:
+    enum class ColorScheme { System, Light, Dark };
+    Q_ENUM(ColorScheme)
+
+    explicit PlanViewWidget(QWidget* parent = nullptr);
+    explicit PlanViewWidget(const PlatformOverrides& platform, QWidget* parent = nullptr);
+    ~PlanViewWidget() override;
+
+    /// The control behind the widget, for late binding and for event sinks; lives as long as the widget.
+    [[nodiscard]] PlanView& control();
+
+    /// System follows the widget's palette, which follows the desktop.
+    [[nodiscard]] ColorScheme colorScheme() const;
+    void setColorScheme(ColorScheme scheme);
+
+    /// 0.5 .. 3.0, as Ctrl and the wheel set it. Scales what is seen, not the sizes in the tables.
+    [[nodiscard]] double textScale() const;
+    void setTextScale(double scale);
+
+    /// Makes a name known that `BITMAP` fields may hold. Goes before a built-in one of the same name.
+    void registerBitmap(const QString& name, const QIcon& icon);
+
+    /// What the widget shows, in another size in logical pixels and without scroll bars; works without being shown.
+    /// `scale` is the picture's device pixel ratio.
+    [[nodiscard]] QImage renderToImage(QSize size, qreal scale = 1.0);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+    // --- The members, in their order
+
+    Q_INVOKABLE short plv_EnableTrace();
+    Q_INVOKABLE short plv_DisableTrace();
+    Q_INVOKABLE short plv_LayoutShow();
+    Q_INVOKABLE short plv_LayoutHide();
+    Q_INVOKABLE short plv_LayoutMode();
+    Q_INVOKABLE short plv_LayoutModeDisable();
+    Q_INVOKABLE short plv_ActiveNode(const QString& vNode);
+    Q_INVOKABLE short plv_MarkedRowsHide();
+    Q_INVOKABLE short plv_MarkedRowsShow();
+    Q_INVOKABLE short DP_Import_Texts();
+    Q_INVOKABLE short DP_Import_Attribute();
+    Q_INVOKABLE short DP_Import_Create();
+    Q_INVOKABLE short DP_Import_Update();
+    Q_INVOKABLE short DP_Import_PopupMenu();
+    Q_INVOKABLE short DP_Import_MacroTree();
+
+    Q_INVOKABLE planview::ObjectRef PROP_Get_GRID_ATTR();
+    Q_INVOKABLE short PROP_Set_GRID_ATTR(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_GRID_ATTR(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_COLS_INDEX();
+    Q_INVOKABLE short PROP_Set_COLS_INDEX(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_COLS_INDEX(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_LINE_INDEX();
+    Q_INVOKABLE short PROP_Set_LINE_INDEX(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_LINE_INDEX(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_TAB();
+    Q_INVOKABLE short PROP_Set_TAB(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_TAB(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_TAB_OLD();
+    Q_INVOKABLE short PROP_Set_TAB_OLD(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_TAB_OLD(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_FIXED_COLS();
+    Q_INVOKABLE short PROP_Set_FIXED_COLS(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_FIXED_COLS(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_FIXED_LINES();
+    Q_INVOKABLE short PROP_Set_FIXED_LINES(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_FIXED_LINES(const planview::ObjectRef& table);
+    Q_INVOKABLE short PROP_Set_FIXED_TAB(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_FIXED_TAB(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_CELL_ATTR();
+    Q_INVOKABLE short PROP_Set_CELL_ATTR(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_CELL_ATTR(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_GRID_TREE();
+    Q_INVOKABLE short PROP_Set_GRID_TREE(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_GRID_TREE(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_MACRO_TREE();
+    Q_INVOKABLE short PROP_Set_MACRO_TREE(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_MACRO_TREE(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_TEXTS();
+    Q_INVOKABLE short PROP_Set_TEXTS(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_TEXTS(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_COLMENU();
+    Q_INVOKABLE short PROP_Set_COLMENU(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_COLMENU(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_ROWMENU();
+    Q_INVOKABLE short PROP_Set_ROWMENU(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_ROWMENU(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_GRIDMENU();
+    Q_INVOKABLE short PROP_Set_GRIDMENU(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_GRIDMENU(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_CELLMENU();
+    Q_INVOKABLE short PROP_Set_CELLMENU(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_CELLMENU(const planview::ObjectRef& table);
+    Q_INVOKABLE planview::ObjectRef PROP_Get_MACROREC();
+    Q_INVOKABLE short PROP_Set_MACROREC(const planview::ObjectRef& table);
+    Q_INVOKABLE short plvSet_MACROREC(const planview::ObjectRef& table);
+
+Q_SIGNALS:
+    // The events, in their order
+    void GridValueChanged(short Column, const QString& ColPos, short Row, const QString& RowPos,
+                          const QVariant& strValue);
+    void GridCellDblClick(short Column, const QString& ColPos, short Row, const QString& RowPos, const QString& Switch);
+    void GridCellMouseDown(short MouseButton, short Column, const QString& ColPos, short Row, const QString& RowPos,
+                           const QString& Switch);
+    void ColumnResized(short Column, const QString& ColPos, int vValue, const QString& Switch);
+    void RowResized(short Row, const QString& RowPos, int vValue, const QString& Switch);
+    void ChartMouseDown(short MouseButton);
+    void GridStartUpdate();
+    void GridTreeNodeClick(const QString& NodeKey, const QString& Switch);
+    void GridTreeNodeExpand(const QString& NodeKey, const QString& Switch);
+    void GridTreeMacroClick(const QString& NodeKey, const QString& Switch);
+    void GridTreeMacroExpand(const QString& NodeKey, const QString& Switch);
+    void MacroTreeMouseDown(const QString& NodeKey, const QString& Switch);
+    void GridTreeMacroCollapse(const QString& NodeKey, const QString& Switch);
+    void GridPopupMenuPressed(short Popup, const QString& UComm, short Column, const QString& ColPos, short Row,
+                              const QString& RowPos);
+    void GridReturnKeyPressed();
+    void MacroTreeNodeDropped(const QString& NodeRefKey, const QString& NodeType, short Action);
+    void MacroTreeExpand();
+    void MacroTreeCollapse();
+    void MacroDragSelection(const QString& Selection);
+    void MacroRecordSave();
+
+    // The widget's own
+    void colorSchemeChanged(planview::PlanViewWidget::ColorScheme scheme);
+    void textScaleChanged(double scale);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    struct State;
+
+    /// Calls a member; the control lives on until the call is over, even when the widget is deleted meanwhile.
+    template <class Member>
+    auto call(Member&& member);
+    void applyTheme();
+    void focusMoved(QWidget* from, QWidget* to);
+
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace planview

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+
+#include <planview/qt/PlanViewWidget.h>
+
+#include "qt/SignalSink.h"
+#include "qt/grid/GridView.h"
+#include "qt/platform/QtForms.h"
+#include "qt/platform/QtMessageBoxes.h"
+#include "qt/platform/QtSystemInformation.h"
+
+namespace planview {
+
+/// The control with the desktop that it runs on. Outlives its widget while one of its members is being called.
+struct PlanViewCore {
+    PlanViewCore(PlanViewWidget& widget, const PlatformOverrides& overrides);
+
+    QtMessageBoxes messageBoxes;
+    QtForms forms;
+    QtSystemInformation system;
+    SignalSink sink;
+    PlanView view;
+};
+
+struct PlanViewWidget::State {
+    std::shared_ptr<PlanViewCore> core;
+    GridView* grid = nullptr;  // a child of the widget
+    ColorScheme colorScheme = ColorScheme::System;
+    bool hasFocus = false;
+};
+
+}  // namespace planview

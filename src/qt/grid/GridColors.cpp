@@ -1,0 +1,81 @@
+#include "qt/grid/GridColors.h"
+
+#include <string_view>
+
+namespace planview {
+
+namespace {
+
+constexpr double ReadableContrast = 4.5;
+/// Below this a text cannot be told from its ground at all.
+constexpr double VisibleContrast = 1.5;
+constexpr QRgb White = 0xffffffff;
+constexpr QRgb Black = 0xff000000;
+
+}  // namespace
+
+GridColors::GridColors(const GridControl& grid, const GridTheme& theme) : theme_(theme) {
+    colors_.reserve(grid.Colors().size());
+    for (const GridColor& color : grid.Colors()) {
+        const std::string_view name = color.name;
+        const Role role = name == "tovWhite"   ? Role::White
+                          : name == "tovBlack" ? Role::Black
+                          : name == "tovGray"  ? Role::Gray
+                                               : Role::Other;
+        colors_.push_back({qRgb(color.red, color.green, color.blue), role});
+    }
+    const GridSettingsState& settings = grid.Settings();
+    base_ = isOwnBackground(settings.backgroundColor) ? theme.base : background(settings.backgroundColor);
+    const Role lineRole = roleOf(settings.gridLineColor, Role::Gray);
+    line_ = lineRole == Role::Gray ? theme.line : background(settings.gridLineColor);
+}
+
+GridColors::Role GridColors::roleOf(std::int16_t index, Role none) const {
+    return index < 0 || static_cast<std::size_t>(index) >= colors_.size()
+               ? none
+               : colors_[static_cast<std::size_t>(index)].role;
+}
+
+bool GridColors::isReadOnlyPair(std::int16_t background, std::int16_t foreground) const {
+    return roleOf(background) == Role::Gray && isOwnForeground(foreground);
+}
+
+QRgb GridColors::text(std::int16_t index, QRgb ownText, QRgb ground, bool ownGround) {
+    const bool ownForeground = isOwnForeground(index);
+    if (ownForeground && ownGround) {
+        return ownText;
+    }
+    const QRgb wanted = ownForeground ? ownText : background(index);
+    constexpr QRgb OwnGroundMark = 0xff000000;  // colours are opaque, their first byte is free
+    const std::uint64_t key =
+        (static_cast<std::uint64_t>(wanted) << 32) | (ground & RGB_MASK) | (ownGround ? OwnGroundMark : 0);
+    const auto known = readable_.find(key);
+    if (known != readable_.end()) {
+        return known->second;
+    }
+    const QRgb result = ownForeground || theme_.dark ? readable(wanted, ownText, ground, ownGround)
+                        : contrastRatio(wanted, ground) < VisibleContrast
+                            ? readable(ownText, ownText, ground, ownGround)
+                            : wanted;
+    readable_.emplace(key, result);
+    return result;
+}
+
+QRgb GridColors::readable(QRgb text, QRgb ownText, QRgb ground, bool ownGround) const {
+    if (contrastRatio(text, ground) >= ReadableContrast) {
+        return text;
+    }
+    if (!ownGround) {
+        return contrastRatio(White, ground) > contrastRatio(Black, ground) ? White : Black;
+    }
+    constexpr double Step = 0.1;
+    for (double weight = Step; weight < 1.0; weight += Step) {
+        const QRgb lighter = mixColors(text, theme_.dark ? White : Black, weight);
+        if (contrastRatio(lighter, ground) >= ReadableContrast) {
+            return lighter;
+        }
+    }
+    return ownText;
+}
+
+}  // namespace planview

@@ -1,0 +1,185 @@
+#include "qt/grid/GridContents.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+namespace planview {
+
+namespace {
+
+using Area = AxisLayout::Area;
+
+/// A text may run on over this many empty cells.
+constexpr int LongestRun = 64;
+
+bool isLabel(const PlacedTrack& horizontal, const PlacedTrack& vertical) {
+    return horizontal.traits.header && vertical.traits.area == Area::Center;
+}
+
+}  // namespace
+
+GridContents::Room GridContents::textRoom(const PlacedTrack& horizontal, const PlacedTrack& vertical,
+                                          const CellLook& look, const GridCellStyle& style) {
+    const GridGeometry& geometry = scene_.geometry;
+    const QRect rect = trackRect(horizontal.track, vertical.track);
+    const int padding = geometry.pixels(CellPadding);
+    const int indent = isLabel(horizontal, vertical) ? geometry.pixels(LabelIndent) : 0;
+    const int height = rect.height() - geometry.hairline();
+
+    Room room;
+    room.face = &scene_.fonts.face(look.font, style.bold, style.italic);
+    room.left = rect.left() + padding + indent;
+    room.width = rect.width() - geometry.hairline() - 2 * padding - indent;
+    room.baseLine = rect.top() + (height - room.face->height() + 1) / 2 + room.face->ascent();
+    room.tooLow = 2 * height < room.face->height();
+    room.alignment = style.alignment;
+    return room;
+}
+
+const QPixmap* GridContents::placeBitmap(const CellLook& look, const PlacedTrack& vertical, bool hasText, Room& room,
+                                         QPoint& at) {
+    const GridGeometry& geometry = scene_.geometry;
+    const int height = vertical.track.size() - geometry.hairline();
+    const int side = std::min(geometry.pixels(BitmapPixels), height);
+    if (side <= 0) {
+        return nullptr;
+    }
+    const QPixmap& pixmap = scene_.bitmaps.pixmap(*look.bitmap, side, scene_.theme);
+    const int free = room.width - side;
+    int x = room.left;
+    const int taken = side + geometry.pixels(BitmapGap);
+    if (look.bitmapAlignment == GridAlignment::Right) {
+        x += free;
+        room.width -= taken;
+    } else if (look.bitmapAlignment == GridAlignment::Center && !hasText) {
+        x += free / 2;
+    } else {
+        room.left += taken;
+        room.width -= taken;
+    }
+    at = {std::max(x, room.left - taken), vertical.track.start + (height - side) / 2};
+    return &pixmap;
+}
+
+void GridContents::add(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
+                       const GridCellStyle& style, std::optional<double> number) {
+    const Cell cell = scene_.geometry.cell(horizontal.track.id, vertical.track.id);
+    const std::string text = scene_.grid.DisplayText(cell, look);
+    if (text.empty() && !look.bitmap) {
+        return;
+    }
+    Room room = textRoom(horizontal, vertical, look, style);
+    if (look.bitmap) {
+        QPoint at;
+        if (const QPixmap* pixmap = placeBitmap(look, vertical, !text.empty(), room, at)) {
+            pictures_.push_back({at, pixmap});
+        }
+    }
+    if (text.empty() || room.tooLow) {
+        return;
+    }
+    if (number && room.face->isPlainNumber(text)) {
+        addNumber(text, room, style.text);
+    } else if (number && room.face->shape(text).width > room.width) {
+        addNumber(TooNarrow, room, style.text);
+    } else {
+        addText(text, horizontal, vertical, room, style);
+    }
+}
+
+void GridContents::addNumber(std::string_view text, const Room& room, QRgb color) {
+    qreal width = room.face->numberWidth(text);
+    if (width > room.width || !room.face->isPlainNumber(text)) {
+        text = TooNarrow;
+        while (!text.empty() && room.face->shape(std::string(text)).width > room.width) {
+            text.remove_suffix(1);
+        }
+        const ShapedText& mark = room.face->shape(std::string(text));
+        texts_.addText(mark, QPointF(std::round(room.left + room.width - mark.width), room.baseLine), color);
+        return;
+    }
+    const qreal free = room.width - width;
+    const qreal shift = room.alignment == GridAlignment::Right    ? free
+                        : room.alignment == GridAlignment::Center ? free / 2
+                                                                  : 0;
+    texts_.addNumber(*room.face, text, QPointF(std::round(room.left + shift), room.baseLine), color);
+}
+
+void GridContents::addText(const std::string& text, const PlacedTrack& horizontal, const PlacedTrack& vertical,
+                           const Room& room, const GridCellStyle& style) {
+    const qreal whole = room.face->shape(text).width;
+    int width = room.width;
+    if (whole > width && room.alignment == GridAlignment::Left) {
+        width += runOn(horizontal, vertical, static_cast<int>(std::ceil(whole)) - width, &style.ground);
+    }
+    if (width <= 0) {
+        return;
+    }
+    const ShapedText& shaped = room.face->shapeElided(text, width);
+    const qreal free = std::max<qreal>(room.width - shaped.width, 0);
+    const qreal shift = room.alignment == GridAlignment::Right    ? free
+                        : room.alignment == GridAlignment::Center ? free / 2
+                                                                  : 0;
+    texts_.addText(shaped, QPointF(std::round(room.left + shift), room.baseLine), style.text);
+}
+
+int GridContents::runOn(const PlacedTrack& horizontal, const PlacedTrack& vertical, int wanted, const QRgb* ground) {
+    if (horizontal.track.area != Area::Center || vertical.traits.header) {
+        return 0;
+    }
+    const GridAxis& axis = scene_.geometry.horizontal;
+    const int count = static_cast<int>(axis.layout().Items(Area::Center).size());
+    const int line = scene_.geometry.hairline();
+    int room = 0;
+    int end = horizontal.track.end;
+    for (int i = horizontal.track.index + 1; i < std::min(count, horizontal.track.index + LongestRun); ++i) {
+        const std::int32_t id = axis.layout().Items(Area::Center)[static_cast<std::size_t>(i)].track;
+        const Cell cell = scene_.geometry.cell(id, vertical.track.id);
+        if (room >= wanted || !scene_.grid.Contents(cell).empty() || scene_.grid.Look(cell).bitmap) {
+            break;
+        }
+        if (ground) {
+            patches_.push_back({QRect(end - line, vertical.track.start, line, vertical.track.size() - line), *ground});
+        }
+        const GridBand band = axis.centerBand(i);
+        end = band.end;
+        room += band.size();
+    }
+    return room;
+}
+
+bool GridContents::isCut(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
+                         const GridCellStyle& style, std::optional<double> number) {
+    const std::string text =
+        scene_.grid.DisplayText(scene_.geometry.cell(horizontal.track.id, vertical.track.id), look);
+    if (text.empty()) {
+        return false;
+    }
+    Room room = textRoom(horizontal, vertical, look, style);
+    QPoint at;
+    if (look.bitmap) {
+        placeBitmap(look, vertical, true, room, at);
+    }
+    const qreal width =
+        number && room.face->isPlainNumber(text) ? room.face->numberWidth(text) : room.face->shape(text).width;
+    if (width <= room.width) {
+        return room.tooLow;
+    }
+    const int missing = static_cast<int>(std::ceil(width)) - room.width;
+    return number || room.alignment != GridAlignment::Left || runOn(horizontal, vertical, missing, nullptr) < missing;
+}
+
+void GridContents::paint(QPainter& painter) {
+    for (const Patch& patch : patches_) {
+        painter.fillRect(patch.rect, QColor::fromRgb(patch.color));
+    }
+    patches_.clear();
+    for (const Picture& picture : pictures_) {
+        painter.drawPixmap(picture.place, *picture.pixmap);
+    }
+    pictures_.clear();
+    texts_.paint(painter);
+}
+
+}  // namespace planview

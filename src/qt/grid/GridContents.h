@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QRect>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "qt/grid/GridCellStyle.h"
+#include "qt/grid/GridScene.h"
+#include "qt/grid/GridTextBatch.h"
+#include "qt/grid/GridTraits.h"
+
+class QPainter;
+
+namespace planview {
+
+/// The air beside the text of a cell, in logical pixels.
+inline constexpr int CellPadding = 7;
+/// Room at the start of a label, so that marks and labels of all lines stand in line, in logical pixels.
+inline constexpr int LabelIndent = 13;
+/// Between a bitmap and the text beside it, in logical pixels.
+inline constexpr int BitmapGap = 4;
+/// What stands for a number that its cell is too narrow for.
+inline constexpr std::string_view TooNarrow = "###";
+
+/// Places texts and bitmaps in cells, collects them and paints them together.
+///
+/// A left-aligned text that its cell is too narrow for runs on over empty planning cells beside it; any other one is
+/// cut with an ellipsis.
+class GridContents {
+public:
+    explicit GridContents(const GridScene& scene) : scene_(scene), texts_(scene.fonts) {}
+
+    void add(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
+             const GridCellStyle& style, std::optional<double> number);
+    void paint(QPainter& painter);
+
+    [[nodiscard]] bool isCut(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
+                             const GridCellStyle& style, std::optional<double> number);
+
+private:
+    struct Picture {
+        QPoint place;
+        const QPixmap* pixmap;
+    };
+    struct Patch {
+        QRect rect;
+        QRgb color;
+    };
+    /// Where the text of a cell may go.
+    struct Room {
+        int left = 0;
+        int width = 0;
+        int baseLine = 0;
+        bool tooLow = false;  ///< the cell is too low for any text
+        GridFace* face = nullptr;
+        GridAlignment alignment = GridAlignment::Left;
+    };
+
+    [[nodiscard]] Room textRoom(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
+                                const GridCellStyle& style);
+    const QPixmap* placeBitmap(const CellLook& look, const PlacedTrack& vertical, bool hasText, Room& room, QPoint& at);
+    void addNumber(std::string_view text, const Room& room, QRgb color);
+    void addText(const std::string& text, const PlacedTrack& horizontal, const PlacedTrack& vertical, const Room& room,
+                 const GridCellStyle& style);
+    /// The pixels that a text may take from empty neighbours, at most a little more than `wanted`; optionally covers
+    /// the lines in between.
+    int runOn(const PlacedTrack& horizontal, const PlacedTrack& vertical, int wanted, const QRgb* ground);
+
+    GridScene scene_;
+    GridTextBatch texts_;
+    std::vector<Picture> pictures_;
+    std::vector<Patch> patches_;
+};
+
+/// The rectangle where two tracks cross, whether or not all of it is visible.
+[[nodiscard]] inline QRect trackRect(const GridTrack& horizontal, const GridTrack& vertical) {
+    return {horizontal.start, vertical.start, horizontal.size(), vertical.size()};
+}
+
+}  // namespace planview

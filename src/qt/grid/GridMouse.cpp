@@ -1,0 +1,218 @@
+#include "qt/grid/GridMouse.h"
+
+#include <QPointer>
+#include <algorithm>
+#include <cmath>
+
+#include "qt/grid/GridView.h"
+
+namespace planview {
+
+namespace {
+
+using Area = AxisLayout::Area;
+using Border = GridHit::Border;
+using Place = GridHit::Place;
+
+SelectionMode modeFor(Qt::KeyboardModifiers modifiers) {
+    return modifiers.testFlag(Qt::ShiftModifier)     ? SelectionMode::Extend
+           : modifiers.testFlag(Qt::ControlModifier) ? SelectionMode::Add
+                                                     : SelectionMode::Replace;
+}
+
+int sizeOf(const AxisLayout& layout, std::int32_t track) {
+    for (const Area area : {Area::Leading, Area::Center, Area::Trailing}) {
+        const int index = layout.IndexOf(area, track);
+        if (index >= 0) {
+            return layout.Items(area)[static_cast<std::size_t>(index)].size;
+        }
+    }
+    return 0;
+}
+
+/// The nearest position that has a cell and no heading.
+int clampToCells(const GridAxis& axis, int position) {
+    const int first = axis.header() ? axis.header()->end : 0;
+    return std::clamp(position, first, std::max(first, axis.contentEnd() - 1));
+}
+
+/// -1 or 1 where the position lies beyond the centre on a side that it can be scrolled to.
+int directionBeyond(const GridAxis& axis, int position) {
+    const GridBand center = axis.band(Area::Center);
+    if (position < center.start && axis.first() > 0) {
+        return -1;
+    }
+    return position >= center.end && axis.first() < axis.maxFirst() ? 1 : 0;
+}
+
+/// Selects the column or row that a track of the axis shows.
+void selectTrack(GridControl& grid, const GridAxis& axis, std::int32_t track, SelectionMode mode) {
+    if (axis.showsColumns()) {
+        grid.SelectColumn(ColumnId{track}, mode);
+    } else {
+        grid.SelectRow(RowId{track}, mode);
+    }
+}
+
+bool isSelected(GridControl& grid, const GridGeometry& geometry, const GridHit& hit) {
+    const Cell cell = geometry.cell(hit.horizontal, hit.vertical);
+    return grid.Selection().HasCell(cell, grid.OrderOf(cell.column), grid.OrderOf(cell.row));
+}
+
+}  // namespace
+
+void GridMouse::press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
+    const GridHit hit = view_.hitTest(point);
+    last_ = point;
+    if (button == Qt::RightButton) {
+        // The menu that follows is about what was clicked; a selection around it stays.
+        if (doing_ == Doing::Nothing && hit.place != Place::Nothing && hit.place != Place::Corner &&
+            !isSelected(view_.grid(), view_.geometry(), hit)) {
+            select(hit, SelectionMode::Replace);
+        }
+        return;
+    }
+    if (button != Qt::LeftButton || doing_ != Doing::Nothing) {
+        return;
+    }
+    if (hit.border != Border::None && pressBorder(hit, point)) {
+        return;
+    }
+    doing_ = hit.place == Place::TopHeading    ? Doing::TopHeadings
+             : hit.place == Place::LeftHeading ? Doing::LeftHeadings
+             : hit.place == Place::Cell        ? Doing::Cells
+                                               : Doing::Nothing;
+    select(hit, modeFor(modifiers));
+}
+
+void GridMouse::select(const GridHit& hit, SelectionMode mode) {
+    const GridGeometry& geometry = view_.geometry();
+    switch (hit.place) {
+        case Place::Corner:
+            view_.grid().SelectAll();
+            break;
+        case Place::TopHeading:
+            selectTrack(view_.grid(), geometry.horizontal, hit.horizontal, mode);
+            break;
+        case Place::LeftHeading:
+            selectTrack(view_.grid(), geometry.vertical, hit.vertical, mode);
+            break;
+        case Place::Cell:
+            view_.selectCurrent(geometry.cell(hit.horizontal, hit.vertical), mode);
+            break;
+        case Place::Nothing:
+            break;
+    }
+}
+
+bool GridMouse::pressBorder(const GridHit& hit, QPoint point) {
+    const GridGeometry& geometry = view_.geometry();
+    const bool horizontal = hit.border == Border::Horizontal;
+    const GridAxis& axis = horizontal ? geometry.horizontal : geometry.vertical;
+    GridControl& grid = view_.grid();
+    // Columns have their own size across the screen, rows down the screen; the other way round counts when switched.
+    const GridStatus status = axis.showsColumns() ? grid.PressColumnBorder(ColumnId{hit.borderTrack}, !horizontal)
+                                                  : grid.PressRowBorder(RowId{hit.borderTrack}, horizontal);
+    if (status != GridStatus::Ok) {
+        return false;
+    }
+    const QPoint device = view_.toDevice(point);
+    resizing_ = {hit.border, hit.borderDirection, horizontal ? device.x() : device.y(),
+                 sizeOf(axis.layout(), hit.borderTrack)};
+    doing_ = Doing::Resizing;
+    return true;
+}
+
+void GridMouse::move(QPoint point) {
+    last_ = point;
+    if (doing_ == Doing::Resizing) {
+        resizeTo(point);
+        return;
+    }
+    if (doing_ == Doing::Nothing) {
+        return;
+    }
+    view_.setAutoScroll(!scrollDirection(point).isNull());
+    extendTo(point);
+}
+
+void GridMouse::resizeTo(QPoint point) {
+    const QPoint device = view_.toDevice(point);
+    const int moved = (resizing_.axis == Border::Horizontal ? device.x() : device.y()) - resizing_.start;
+    const double logical = moved / view_.geometry().unit;
+    view_.grid().DragBorder(resizing_.size + resizing_.direction * static_cast<int>(std::lround(logical)));
+}
+
+void GridMouse::extendTo(QPoint point) {
+    const GridGeometry& geometry = view_.geometry();
+    const QPoint device = view_.toDevice(point);
+    const GridTrack* h = geometry.horizontal.at(clampToCells(geometry.horizontal, device.x()));
+    const GridTrack* v = geometry.vertical.at(clampToCells(geometry.vertical, device.y()));
+    switch (doing_) {
+        case Doing::TopHeadings:
+            if (h) {
+                selectTrack(view_.grid(), geometry.horizontal, h->id, SelectionMode::Extend);
+            }
+            break;
+        case Doing::LeftHeadings:
+            if (v) {
+                selectTrack(view_.grid(), geometry.vertical, v->id, SelectionMode::Extend);
+            }
+            break;
+        case Doing::Cells:
+            if (h && v && view_.grid().CurrentCell() != geometry.cell(h->id, v->id)) {
+                view_.grid().SelectCell(geometry.cell(h->id, v->id), SelectionMode::Extend);
+            }
+            break;
+        default:
+            break;
+    }
+}
+
+void GridMouse::release() {
+    const bool resized = doing_ == Doing::Resizing;
+    doing_ = Doing::Nothing;
+    view_.setAutoScroll(false);
+    if (resized) {
+        view_.grid().ReleaseBorder();
+    }
+}
+
+bool GridMouse::cancel() {
+    if (doing_ != Doing::Resizing) {
+        return false;
+    }
+    doing_ = Doing::Nothing;
+    view_.grid().CancelBorder();
+    return true;
+}
+
+QPoint GridMouse::scrollDirection(QPoint point) const {
+    const GridGeometry& geometry = view_.geometry();
+    const QPoint device = view_.toDevice(point);
+    const int x = doing_ == Doing::LeftHeadings ? 0 : directionBeyond(geometry.horizontal, device.x());
+    const int y = doing_ == Doing::TopHeadings ? 0 : directionBeyond(geometry.vertical, device.y());
+    return {x, y};
+}
+
+void GridMouse::autoScroll() {
+    const QPoint direction = scrollDirection(last_);
+    if (direction.isNull()) {
+        view_.setAutoScroll(false);
+        return;
+    }
+    view_.scrollBy(direction.x(), direction.y());
+    extendTo(last_);
+}
+
+Qt::CursorShape GridMouse::cursorAt(QPoint point) const {
+    const Border border = doing_ == Doing::Resizing  ? resizing_.axis
+                          : doing_ == Doing::Nothing ? view_.hitTest(point).border
+                                                     : Border::None;
+    if (border == Border::None || !view_.grid().Settings().resizeAllowed) {
+        return Qt::ArrowCursor;
+    }
+    return border == Border::Horizontal ? Qt::SplitHCursor : Qt::SplitVCursor;
+}
+
+}  // namespace planview

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QPoint>
+#include <Qt>
+
+#include "components/GridSelection.h"
+#include "qt/grid/GridHit.h"
+
+namespace planview {
+
+class GridView;
+
+/// What the mouse does in the grid: selects cells, columns and rows, and drags header borders.
+///
+/// Every method may end with the view deleted, because the host may do so when it hears what happened; none touches
+/// anything after it has told the grid.
+class GridMouse {
+public:
+    explicit GridMouse(GridView& view) : view_(view) {}
+
+    void press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
+    void move(QPoint point);
+    void release();
+    /// Gives up a resizing that is under way; false when there is none.
+    bool cancel();
+    /// Scrolls towards a pointer beyond the cells and takes the selection along.
+    void autoScroll();
+
+    [[nodiscard]] Qt::CursorShape cursorAt(QPoint point) const;
+
+private:
+    enum class Doing { Nothing, Cells, TopHeadings, LeftHeadings, Resizing };
+    struct Resizing {
+        GridHit::Border axis = GridHit::Border::None;
+        int direction = 1;
+        int start = 0;  ///< of the pointer, in pixels of the device
+        int size = 0;   ///< of the track, in logical pixels
+    };
+
+    bool pressBorder(const GridHit& hit, QPoint point);
+    void select(const GridHit& hit, SelectionMode mode);
+    void extendTo(QPoint point);
+    void resizeTo(QPoint point);
+    [[nodiscard]] QPoint scrollDirection(QPoint point) const;
+
+    GridView& view_;
+    Doing doing_ = Doing::Nothing;
+    Resizing resizing_;
+    QPoint last_;
+};
+
+}  // namespace planview

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QRect>
+#include <vector>
+
+#include "qt/grid/GridCellStyle.h"
+#include "qt/grid/GridColors.h"
+#include "qt/grid/GridContents.h"
+#include "qt/grid/GridScene.h"
+#include "qt/grid/GridTraits.h"
+
+class QPainter;
+
+namespace planview {
+
+/// Paints the grid: all nine regions in one pass, only what is visible and lies in the clip.
+///
+/// The painter's coordinates must be the geometry's paint pixels. Fills are merged, and texts are painted once per font
+/// and colour, so that a cell costs no change of the painter's state.
+class GridPainter {
+public:
+    explicit GridPainter(const GridScene& scene);
+
+    void paint(QPainter& painter, const QRect& clip);
+
+    /// Whether the cell is visible and its text is not shown in full (cut, or "###").
+    [[nodiscard]] bool isCut(Cell cell);
+
+private:
+    using Area = AxisLayout::Area;
+    struct Fill {
+        QRect rect;
+        QRgb color = 0;
+    };
+
+    void paintRegion(QPainter& painter, Area horizontal, Area vertical, const QRect& clip);
+    void paintRow(QPainter& painter, const std::vector<PlacedTrack>& columns, const PlacedTrack& row);
+    void addSpillFromLeft(const PlacedTrack& first, const PlacedTrack& row);
+    void addMarks(const PlacedTrack& horizontal, const PlacedTrack& vertical, const GridCellStyle& style, bool relief);
+    void addHiddenHint(const PlacedTrack& track, const QRect& heading, bool alongTop);
+    void paintLines(QPainter& painter, const std::vector<PlacedTrack>& columns,
+                    const std::vector<PlacedTrack>& rows) const;
+    void paintEdges(QPainter& painter) const;
+    void paintCurrentCell(QPainter& painter) const;
+
+    GridScene scene_;
+    GridColors colors_;
+    GridTraits traits_;
+    GridStyler styler_;
+    GridContents contents_;
+    std::vector<Fill> marks_;  // over the lines
+    int line_;
+};
+
+}  // namespace planview

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "components/GridControl.h"
+#include "qt/grid/GridBitmaps.h"
+#include "qt/grid/GridFonts.h"
+#include "qt/grid/GridGeometry.h"
+#include "qt/grid/GridTheme.h"
+
+namespace planview {
+
+/// All that a picture of the grid is made from; no widget among it, so that screen, print and files share the painter.
+struct GridScene {
+    const GridControl& grid;
+    const GridGeometry& geometry;
+    const GridTheme& theme;
+    GridFonts& fonts;  ///< made for the geometry's unit
+    GridBitmaps& bitmaps;
+    bool focused = true;  ///< the current cell's frame steps back while the grid does not have the focus
+};
+
+}  // namespace planview

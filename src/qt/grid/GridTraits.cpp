@@ -1,0 +1,91 @@
+#include "qt/grid/GridTraits.h"
+
+#include <algorithm>
+
+namespace planview {
+
+namespace {
+
+using Area = AxisLayout::Area;
+
+/// How many columns are asked whether a row at the bottom sums up.
+constexpr std::size_t SampledColumns = 64;
+
+/// The orders of all tracks of an area, hidden ones included, as a half-open range.
+std::pair<int, int> areaOrders(const GridControl& grid, bool columns, Area area) {
+    const auto range = [&](const auto& ids) {
+        return ids.empty() ? std::pair(0, 0) : std::pair(grid.OrderOf(ids.front()), grid.OrderOf(ids.back()) + 1);
+    };
+    const auto index = static_cast<std::uint8_t>(area);
+    return columns ? range(grid.Columns(static_cast<ColumnArea>(index)))
+                   : range(grid.Rows(static_cast<RowArea>(index)));
+}
+
+void findHidden(const GridControl& grid, const GridAxis& axis, const GridTrack& track, TrackTraits& traits) {
+    const bool columns = axis.showsColumns();
+    const std::span<const AxisItem> items = axis.layout().Items(track.area);
+    const auto [first, end] = areaOrders(grid, columns, track.area);
+    const auto index = static_cast<std::size_t>(track.index);
+    const int before = index > 0 ? trackOrder(grid, columns, items[index - 1].track) : first - 1;
+    traits.hiddenBefore = traits.order - before > 1;
+    traits.hiddenBehind = index + 1 == items.size() && end - traits.order > 1;
+}
+
+bool sumsUp(const GridControl& grid, RowId row, std::span<const AxisItem> columns) {
+    for (const AxisItem& column : columns.first(std::min(columns.size(), SampledColumns))) {
+        const Cell cell{ColumnId{column.track}, row};
+        if (!grid.Contents(cell).empty()) {
+            return grid.Number(cell, grid.Look(cell)).has_value();
+        }
+    }
+    return false;
+}
+
+void describeRow(const GridControl& grid, const GridColors& colors, std::span<const AxisItem> columns, RowId row,
+                 TrackTraits& traits) {
+    if (columns.empty()) {
+        return;
+    }
+    if (traits.area == Area::Trailing) {
+        traits.sums = sumsUp(grid, row, columns);
+    } else if (traits.area == Area::Center) {
+        const CellLook look = grid.Look({ColumnId{columns.front().track}, row});
+        traits.helpLine = look.helpLine;
+        traits.readOnly = look.readOnly && colors.isReadOnlyPair(look.background, look.foreground);
+    }
+}
+
+std::vector<TrackTraits> describe(const GridControl& grid, const GridColors& colors, const GridAxis& axis,
+                                  const GridAxis& across) {
+    std::vector<TrackTraits> result;
+    result.reserve(axis.tracks().size());
+    const bool columns = axis.showsColumns();
+    const GridSelection& selection = grid.Selection();
+    for (const GridTrack& track : axis.tracks()) {
+        TrackTraits traits;
+        traits.area = track.area;
+        traits.order = trackOrder(grid, columns, track.id);
+        traits.header = &track == axis.header();
+        if (columns) {
+            traits.touched = selection.TouchesColumn(ColumnId{track.id}, traits.order);
+        } else {
+            traits.touched = selection.TouchesRow(RowId{track.id}, traits.order);
+            describeRow(grid, colors, across.layout().Items(Area::Center), RowId{track.id}, traits);
+        }
+        findHidden(grid, axis, track, traits);
+        result.push_back(traits);
+    }
+    return result;
+}
+
+}  // namespace
+
+int trackOrder(const GridControl& grid, bool column, std::int32_t id) {
+    return column ? grid.OrderOf(ColumnId{id}) : grid.OrderOf(RowId{id});
+}
+
+GridTraits::GridTraits(const GridControl& grid, const GridColors& colors, const GridGeometry& geometry)
+    : horizontal(describe(grid, colors, geometry.horizontal, geometry.vertical)),
+      vertical(describe(grid, colors, geometry.vertical, geometry.horizontal)) {}
+
+}  // namespace planview

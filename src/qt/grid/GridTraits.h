@@ -1,0 +1,41 @@
+#pragma once
+
+#include <vector>
+
+#include "components/GridControl.h"
+#include "qt/grid/GridColors.h"
+#include "qt/grid/GridGeometry.h"
+
+namespace planview {
+
+/// What a column or row lends to the look of its cells.
+struct TrackTraits {
+    AxisLayout::Area area = AxisLayout::Area::Center;
+    int order = 0;              ///< see GridControl::OrderOf()
+    bool header = false;        ///< carries the headings of the other axis
+    bool touched = false;       ///< the selection reaches into it
+    bool hiddenBefore = false;  ///< hidden ones stand between it and the visible one before it
+    bool hiddenBehind = false;  ///< it is the last visible one of its area, and hidden ones follow
+    // Rows only.
+    bool helpLine = false;
+    bool readOnly = false;  ///< all its planning cells
+    bool sums = false;      ///< a fixed row at the bottom that holds numbers
+};
+
+struct PlacedTrack {
+    GridTrack track;
+    TrackTraits traits;
+};
+
+/// The traits of the visible tracks of both axes, in the order of GridAxis::tracks().
+struct GridTraits {
+    GridTraits(const GridControl& grid, const GridColors& colors, const GridGeometry& geometry);
+
+    std::vector<TrackTraits> horizontal;
+    std::vector<TrackTraits> vertical;
+};
+
+/// The place of a column or row among all of its kind, hidden ones included.
+[[nodiscard]] int trackOrder(const GridControl& grid, bool column, std::int32_t id);
+
+}  // namespace planview

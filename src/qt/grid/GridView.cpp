@@ -1,0 +1,523 @@
+#include "qt/grid/GridView.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QScrollBar>
+#include <QTextDocument>
+#include <QTimerEvent>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "qt/grid/GridAccessible.h"
+#include "qt/grid/GridLabelWidth.h"
+#include "qt/grid/GridPainter.h"
+
+namespace planview {
+
+namespace {
+
+using Area = AxisLayout::Area;
+
+constexpr double SmallestScale = 0.5;
+constexpr double LargestScale = 3.0;
+constexpr double ScaleStep = 0.1;
+constexpr int AutoScrollMilliseconds = 60;
+/// Repaints of more separate places than this are done as one.
+constexpr int MostPaintRects = 8;
+constexpr qsizetype LongestToolTip = 2000;
+
+QRect toDevicePixels(const QRect& rect, qreal ratio) {
+    const int left = static_cast<int>(std::floor(rect.left() * ratio));
+    const int top = static_cast<int>(std::floor(rect.top() * ratio));
+    const int right = static_cast<int>(std::ceil((rect.right() + 1) * ratio));
+    const int bottom = static_cast<int>(std::ceil((rect.bottom() + 1) * ratio));
+    return {left, top, right - left, bottom - top};
+}
+
+QRect toLogicalPixels(const QRect& rect, qreal ratio) {
+    return QRectF(rect.x() / ratio, rect.y() / ratio, rect.width() / ratio, rect.height() / ratio).toAlignedRect();
+}
+
+QSize deviceSize(QSize logical, qreal ratio) {
+    return {static_cast<int>(logical.width() * ratio), static_cast<int>(logical.height() * ratio)};
+}
+
+}  // namespace
+
+GridView::GridView(GridControl& grid, std::shared_ptr<void> owner, QWidget* parent)
+    : QAbstractScrollArea(parent), grid_(grid), owner_(std::move(owner)), theme_(nullptr), mouse_(*this) {
+    installGridAccessibility();
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("Planning table"));
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    viewport()->setMouseTracking(true);
+    setTheme(GridTheme::forPalette(QApplication::palette()));
+    grid_.SetWatcher(this);
+}
+
+GridView::~GridView() {
+    grid_.SetWatcher(nullptr);
+}
+
+// --- Look
+
+void GridView::setTheme(const GridTheme& theme) {
+    theme_ = &theme;
+    setPalette(theme.widgetPalette(QApplication::palette()));
+    viewport()->update();
+}
+
+void GridView::setTextScale(double scale) {
+    const double clamped = std::clamp(scale, SmallestScale, LargestScale);
+    if (clamped == textScale_) {
+        return;
+    }
+    textScale_ = clamped;
+    relayout();
+    viewport()->update();
+    Q_EMIT textScaleChanged(textScale_);
+}
+
+void GridView::changeEvent(QEvent* event) {
+    QAbstractScrollArea::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        fonts_.reset();
+        layoutKnown_ = false;
+        viewport()->update();
+    }
+}
+
+GridFonts& GridView::fonts() {
+    if (!fonts_ || fonts_->unit() != geometry_.unit) {
+        fonts_ = std::make_unique<GridFonts>(font(), geometry_.unit);
+    }
+    return *fonts_;
+}
+
+// --- Layout
+
+int GridView::labelWidth() const {
+    const GridSettingsState& settings = grid_.Settings();
+    if (!settings.labelAutoFit) {
+        return settings.labelColumnWidth;
+    }
+    return widestLabel(grid_, font());
+}
+
+GridGeometry GridView::geometryFor(QSize devicePixels, double unit) const {
+    const auto firstOf = [this](const AxisLayout& layout) {
+        const auto track = layout.ShowsColumns() ? grid_.FirstColumn().value_or(ColumnId{}).value
+                                                 : grid_.FirstRow().value_or(RowId{}).value;
+        return std::max(0, layout.IndexOf(Area::Center, track));
+    };
+    return {GridAxis(horizontalLayout_, firstOf(horizontalLayout_), unit, devicePixels.width()),
+            GridAxis(verticalLayout_, firstOf(verticalLayout_), unit, devicePixels.height()), unit};
+}
+
+void GridView::relayout() {
+    if (!layoutKnown_ || layoutVersion_ != grid_.LayoutVersion()) {
+        layoutVersion_ = grid_.LayoutVersion();
+        layoutKnown_ = true;
+        horizontalLayout_.Update(grid_, AxisLayout::Axis::Horizontal, labelWidth());
+        verticalLayout_.Update(grid_, AxisLayout::Axis::Vertical, labelWidth());
+    }
+    const qreal ratio = devicePixelRatioF();
+    geometry_ = geometryFor(deviceSize(viewport()->size(), ratio), textScale_ * ratio);
+    updateScrollBars();
+}
+
+const GridGeometry& GridView::geometry() {
+    if (!layoutKnown_ || layoutVersion_ != grid_.LayoutVersion() ||
+        geometry_.unit != textScale_ * devicePixelRatioF()) {
+        relayout();
+    }
+    return geometry_;
+}
+
+void GridView::updateScrollBars() {
+    // Without either bar everything may fit, although each bar alone would make the other one necessary.
+    const qreal ratio = devicePixelRatioF();
+    const GridGeometry bare = geometryFor(deviceSize(maximumViewportSize(), ratio), geometry_.unit);
+    const bool fits = bare.horizontal.maxFirst() == 0 && bare.vertical.maxFirst() == 0;
+    const auto update = [fits](QScrollBar* bar, const GridAxis& axis) {
+        bar->setRange(0, fits ? 0 : axis.maxFirst());
+        bar->setPageStep(axis.page());
+        bar->setValue(axis.first());
+    };
+    const bool outer = !std::exchange(updatingBars_, true);
+    // Showing or hiding a bar resizes the viewport and lays out again; the second bar then gets what is true by then.
+    update(horizontalScrollBar(), geometry_.horizontal);
+    update(verticalScrollBar(), geometry_.vertical);
+    if (outer) {
+        updatingBars_ = false;
+    }
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+    QAbstractScrollArea::resizeEvent(event);
+    relayout();
+    viewport()->update();
+}
+
+QPoint GridView::toDevice(QPoint point) const {
+    const qreal ratio = devicePixelRatioF();
+    return {static_cast<int>(std::floor(point.x() * ratio)), static_cast<int>(std::floor(point.y() * ratio))};
+}
+
+QRect GridView::cellRect(Cell cell) {
+    const QRect rect = geometry().cellRect(cell);
+    return rect.isEmpty() ? QRect() : toLogicalPixels(rect, devicePixelRatioF());
+}
+
+GridHit GridView::hitTest(QPoint point) {
+    return GridHit::test(geometry(), toDevice(point));
+}
+
+// --- Changes of the grid
+
+void GridView::GridChanged(const GridChange& change) {
+    const bool labelsMayGrow = grid_.Settings().labelAutoFit && !change.layout;
+    if (labelsMayGrow) {
+        layoutKnown_ = false;
+    }
+    const bool sameLayout = layoutKnown_ && layoutVersion_ == grid_.LayoutVersion();
+    if (change.layout && sameLayout && !change.everything && !change.oneCell) {
+        const GridGeometry before = geometry_;
+        relayout();
+        showScrolled(before);
+        return;
+    }
+    if (!sameLayout || change.layout) {
+        relayout();
+        viewport()->update();
+        notifyGridAccessibility(*this, GridAccessibleChange::Layout);
+    } else if (change.everything) {
+        viewport()->update();
+        notifyGridAccessibility(*this, GridAccessibleChange::CurrentCell);
+    } else if (change.oneCell) {
+        updateCell(change.cell);
+    }
+}
+
+/// Repaints the cell's whole line: its text may run on over neighbours, and theirs over it.
+void GridView::updateCell(Cell cell) {
+    const GridTrack* line = geometry_.vertical.find(geometry_.verticalId(cell));
+    if (line) {
+        const QRect strip(0, line->start, geometry_.horizontal.extent(), line->size());
+        viewport()->update(toLogicalPixels(strip, devicePixelRatioF()));
+    }
+}
+
+/// Moves what is already painted where that is exact, and lets the rest be painted.
+void GridView::showScrolled(const GridGeometry& before) {
+    const int dx = before.horizontal.offset() - geometry_.horizontal.offset();
+    const int dy = before.vertical.offset() - geometry_.vertical.offset();
+    if (dx == 0 && dy == 0) {
+        return;
+    }
+    const bool across = dx != 0;
+    const GridBand band = (across ? geometry_.horizontal : geometry_.vertical).band(Area::Center);
+    const double ratio = devicePixelRatioF();
+    const auto whole = [ratio](int pixels) { return std::fmod(pixels, ratio) == 0.0; };
+    const auto logical = [ratio](int pixels) { return static_cast<int>(pixels / ratio); };
+    const int distance = across ? dx : dy;
+    const bool movable = (dx == 0 || dy == 0) && std::abs(distance) < band.size() && whole(distance) &&
+                         whole(band.start) && whole(band.size());
+    if (!movable) {
+        viewport()->update();
+    } else if (across) {
+        viewport()->scroll(logical(dx), 0, QRect(logical(band.start), 0, logical(band.size()), viewport()->height()));
+    } else {
+        viewport()->scroll(0, logical(dy), QRect(0, logical(band.start), viewport()->width(), logical(band.size())));
+    }
+}
+
+// --- Scrolling
+
+void GridView::scrollTo(bool horizontal, int index) {
+    const GridAxis& axis = horizontal ? geometry().horizontal : geometry().vertical;
+    const std::span<const AxisItem> items = axis.layout().Items(Area::Center);
+    if (items.empty()) {
+        return;
+    }
+    const std::int32_t track = items[static_cast<std::size_t>(std::clamp(index, 0, axis.maxFirst()))].track;
+    if (axis.showsColumns()) {
+        grid_.ScrollToColumn(ColumnId{track});
+    } else {
+        grid_.ScrollToRow(RowId{track});
+    }
+}
+
+/// The user has moved a bar.
+void GridView::scrollContentsBy(int dx, int dy) {
+    if (updatingBars_) {
+        return;
+    }
+    if (dx != 0) {
+        scrollTo(true, horizontalScrollBar()->value());
+    }
+    if (dy != 0) {
+        scrollTo(false, verticalScrollBar()->value());
+    }
+}
+
+void GridView::scrollBy(int columns, int rows) {
+    if (columns != 0) {
+        scrollTo(true, geometry().horizontal.first() + columns);
+    }
+    if (rows != 0) {
+        scrollTo(false, geometry().vertical.first() + rows);
+    }
+}
+
+void GridView::ensureVisible(Cell cell) {
+    for (const bool across : {true, false}) {
+        const GridGeometry& now = geometry();
+        const GridAxis& axis = across ? now.horizontal : now.vertical;
+        const int index = axis.layout().IndexOf(Area::Center, across ? now.horizontalId(cell) : now.verticalId(cell));
+        const int first = axis.firstToShow(index);
+        if (first != axis.first()) {
+            scrollTo(across, first);
+        }
+    }
+}
+
+void GridView::wheelEvent(QWheelEvent* event) {
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        setTextScale(textScale_ + ScaleStep * wheel_.scaleSteps(*event));
+    } else {
+        const QPoint steps = wheel_.scrollSteps(*event);
+        scrollBy(steps.x(), steps.y());
+    }
+    event->accept();
+}
+
+// --- Keyboard
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && mouse_.cancel()) {
+        return;
+    }
+    const std::optional<GridKey> key = GridKey::of(*event);
+    const bool nothingToClear = grid_.Selection().IsEmpty();
+    if (!key || (key->action == GridKey::Action::ClearSelection && nothingToClear)) {
+        QAbstractScrollArea::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    handleKey(*key);
+}
+
+void GridView::handleKey(const GridKey& key) {
+    const std::shared_ptr<void> keepGrid = owner_;
+    const std::optional<Cell> current = grid_.CurrentCell();
+    switch (key.action) {
+        case GridKey::Action::SelectAll:
+            grid_.SelectAll();
+            return;
+        case GridKey::Action::ClearSelection:
+            grid_.ClearSelection();
+            return;
+        case GridKey::Action::SelectColumn:
+            if (current) {
+                grid_.SelectColumn(current->column, SelectionMode::Replace);
+            }
+            return;
+        case GridKey::Action::SelectRow:
+            if (current) {
+                grid_.SelectRow(current->row, SelectionMode::Replace);
+            }
+            return;
+        case GridKey::Action::Move:
+            move(key.move, SelectionMode::Replace);
+            return;
+        case GridKey::Action::Extend:
+            move(key.move, SelectionMode::Extend);
+            return;
+    }
+}
+
+void GridView::move(GridMove move, SelectionMode mode) {
+    const std::optional<Cell> current = grid_.CurrentCell();
+    if (!current) {
+        return;
+    }
+    const std::optional<Cell> target = GridNavigation(grid_, geometry()).target(*current, move);
+    if (!target) {
+        QAbstractScrollArea::focusNextPrevChild(move == GridMove::Next);
+        return;
+    }
+    const GridGeometry& now = geometry();
+    switch (move) {
+        case GridMove::PageUp:
+        case GridMove::PageDown:
+            scrollBy(0, move == GridMove::PageDown ? now.vertical.page() : -now.vertical.page());
+            break;
+        case GridMove::PageLeft:
+        case GridMove::PageRight:
+            scrollBy(move == GridMove::PageRight ? now.horizontal.page() : -now.horizontal.page(), 0);
+            break;
+        default:
+            break;
+    }
+    selectCurrent(*target, mode);
+}
+
+void GridView::selectCurrent(Cell cell, SelectionMode mode) {
+    const std::shared_ptr<void> keepGrid = owner_;
+    const QPointer<GridView> self(this);
+    const GridStatus status = grid_.SelectCell(cell, mode);
+    if (self && status == GridStatus::Ok && grid_.CurrentCell() == cell) {
+        ensureVisible(cell);
+    }
+}
+
+/// Tab moves within the grid and leaves it behind the last cell only.
+bool GridView::focusNextPrevChild(bool next) {
+    const std::optional<Cell> current = grid_.CurrentCell();
+    const GridMove move = next ? GridMove::Next : GridMove::Previous;
+    if (hasFocus() && current && GridNavigation(grid_, geometry()).target(*current, move)) {
+        return false;
+    }
+    return QAbstractScrollArea::focusNextPrevChild(next);
+}
+
+void GridView::focusInEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+    const std::shared_ptr<void> keepGrid = owner_;
+    grid_.ReportFocus(true);
+}
+
+void GridView::focusOutEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusOutEvent(event);
+    viewport()->update();
+    const std::shared_ptr<void> keepGrid = owner_;
+    grid_.ReportFocus(false);
+}
+
+// --- Mouse
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+    const std::shared_ptr<void> keepGrid = owner_;
+    mouse_.press(event->position().toPoint(), event->button(), event->modifiers());
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    const std::shared_ptr<void> keepGrid = owner_;
+    mouse_.press(event->position().toPoint(), event->button(), event->modifiers());
+}
+
+void GridView::mouseMoveEvent(QMouseEvent* event) {
+    const std::shared_ptr<void> keepGrid = owner_;
+    const QPoint point = event->position().toPoint();
+    viewport()->setCursor(mouse_.cursorAt(point));
+    mouse_.move(point);
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+    const std::shared_ptr<void> keepGrid = owner_;
+    if (event->button() == Qt::LeftButton) {
+        mouse_.release();
+    }
+}
+
+void GridView::setAutoScroll(bool on) {
+    if (on && !autoScroll_.isActive()) {
+        autoScroll_.start(AutoScrollMilliseconds, this);
+    } else if (!on) {
+        autoScroll_.stop();
+    }
+}
+
+void GridView::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != autoScroll_.timerId()) {
+        QAbstractScrollArea::timerEvent(event);
+        return;
+    }
+    const std::shared_ptr<void> keepGrid = owner_;
+    mouse_.autoScroll();
+}
+
+bool GridView::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        showToolTip(*static_cast<QHelpEvent*>(event));
+        return true;
+    }
+    return QAbstractScrollArea::viewportEvent(event);
+}
+
+void GridView::showToolTip(const QHelpEvent& event) {
+    const GridHit hit = hitTest(event.pos());
+    if (hit.place == GridHit::Place::Nothing) {
+        QToolTip::hideText();
+        return;
+    }
+    const Cell cell = geometry().cell(hit.horizontal, hit.vertical);
+    QStringList lines;
+    GridPainter painter({grid_, geometry(), *theme_, fonts(), bitmaps_, true});
+    if (painter.isCut(cell)) {
+        lines << QString::fromStdString(grid_.DisplayText(cell)).left(LongestToolTip);
+    }
+    const QString tip = QString::fromStdString(grid_.Tooltip(cell)).left(LongestToolTip);
+    if (!tip.isEmpty() && !lines.contains(tip)) {
+        lines << tip;
+    }
+    // Not plain, because the tip might look like markup and because only rich text is wrapped.
+    const QString text = lines.isEmpty() ? QString() : Qt::convertFromPlainText(lines.join(QLatin1Char('\n')));
+    QToolTip::showText(event.globalPos(), text, viewport(), cellRect(cell));
+}
+
+// --- Painting
+
+void GridView::paintEvent(QPaintEvent* event) {
+    const GridGeometry& now = geometry();
+    const qreal ratio = devicePixelRatioF();
+    QPainter painter(viewport());
+    painter.scale(1 / ratio, 1 / ratio);
+    const QRegion& region = event->region();
+    if (region.rectCount() > MostPaintRects) {
+        paintGrid(painter, now, fonts(), toDevicePixels(region.boundingRect(), ratio));
+        return;
+    }
+    for (const QRect& rect : region) {
+        paintGrid(painter, now, fonts(), toDevicePixels(rect, ratio));
+    }
+}
+
+void GridView::paintGrid(QPainter& painter, const GridGeometry& geometry, GridFonts& fonts, const QRect& clip) {
+    GridPainter grid({grid_, geometry, *theme_, fonts, bitmaps_, hasFocus()});
+    grid.paint(painter, clip);
+    if (hasFocus() && !grid_.CurrentCell()) {
+        // Nothing else would show where the focus is.
+        painter.setPen(QColor::fromRgb(theme_->accent));
+        painter.drawRect(0, 0, geometry.horizontal.extent() - 1, geometry.vertical.extent() - 1);
+    }
+}
+
+QImage GridView::renderToImage(QSize size, qreal scale) {
+    static_cast<void>(geometry());
+    const double unit = textScale_ * scale;
+    const QSize pixels = deviceSize(size, scale);
+    const GridGeometry picture = geometryFor(pixels, unit);
+    GridFonts pictureFonts(font(), unit);
+    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+    image.fill(QColor::fromRgb(theme_->panel));
+    {
+        QPainter painter(&image);
+        paintGrid(painter, picture, pictureFonts, image.rect());
+    }
+    image.setDevicePixelRatio(scale);
+    return image;
+}
+
+}  // namespace planview

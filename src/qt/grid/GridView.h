@@ -1,0 +1,123 @@
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QBasicTimer>
+#include <QImage>
+#include <memory>
+#include <optional>
+
+#include "components/AxisLayout.h"
+#include "components/GridControl.h"
+#include "qt/grid/GridBitmaps.h"
+#include "qt/grid/GridFonts.h"
+#include "qt/grid/GridGeometry.h"
+#include "qt/grid/GridHit.h"
+#include "qt/grid/GridMouse.h"
+#include "qt/grid/GridNavigation.h"
+#include "qt/grid/GridTheme.h"
+#include "qt/grid/GridWheel.h"
+
+class QHelpEvent;
+
+namespace planview {
+
+/// Shows a GridControl and hands it what the user does.
+///
+/// The grid keeps the scroll position, the selection and the sizes; the view keeps only what belongs to the screen: the
+/// theme, the scale and where everything stands. The host may delete the view from inside an event that an input
+/// raised; therefore every handler looks whether the view is still there after the grid has been told.
+class GridView final : public QAbstractScrollArea, private GridWatcher {
+    Q_OBJECT
+
+public:
+    /// `owner` keeps the grid alive while the view handles an input; it may be null where the grid outlives the view
+    /// anyway.
+    explicit GridView(GridControl& grid, std::shared_ptr<void> owner = nullptr, QWidget* parent = nullptr);
+    ~GridView() override;
+
+    [[nodiscard]] GridControl& grid() const { return grid_; }
+    [[nodiscard]] GridBitmaps& bitmaps() { return bitmaps_; }
+
+    [[nodiscard]] const GridTheme& theme() const { return *theme_; }
+    void setTheme(const GridTheme& theme);
+
+    /// 0.5 .. 3.0; scales text, columns and rows on the screen and nothing in the grid.
+    [[nodiscard]] double textScale() const { return textScale_; }
+    void setTextScale(double scale);
+
+    /// Where everything stands now, in pixels of the device.
+    [[nodiscard]] const GridGeometry& geometry();
+    /// The visible part of a cell in the viewport's coordinates; empty when it is out of sight.
+    [[nodiscard]] QRect cellRect(Cell cell);
+    /// What lies under a point of the viewport.
+    [[nodiscard]] GridHit hitTest(QPoint point);
+    /// A point of the viewport in pixels of the device.
+    [[nodiscard]] QPoint toDevice(QPoint point) const;
+
+    /// Scrolls as little as needed.
+    void ensureVisible(Cell cell);
+    void scrollBy(int columns, int rows);
+    void selectCurrent(Cell cell, SelectionMode mode);
+
+    /// Calls timerEvent() regularly while the mouse drags beyond the cells.
+    void setAutoScroll(bool on);
+
+    /// The grid as it is now, in another size.
+    [[nodiscard]] QImage renderToImage(QSize size, qreal scale);
+
+Q_SIGNALS:
+    void textScaleChanged(double scale);
+
+protected:
+    bool viewportEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    void GridChanged(const GridChange& change) override;
+
+    void relayout();
+    void updateScrollBars();
+    void showScrolled(const GridGeometry& before);
+    void updateCell(Cell cell);
+    void scrollTo(bool horizontal, int index);
+    [[nodiscard]] GridGeometry geometryFor(QSize devicePixels, double unit) const;
+    [[nodiscard]] int labelWidth() const;
+    [[nodiscard]] GridFonts& fonts();
+    void paintGrid(QPainter& painter, const GridGeometry& geometry, GridFonts& fonts, const QRect& clip);
+    void handleKey(const GridKey& key);
+    void move(GridMove move, SelectionMode mode);
+    void showToolTip(const QHelpEvent& event);
+
+    GridControl& grid_;
+    std::shared_ptr<void> owner_;
+    GridBitmaps bitmaps_;
+    const GridTheme* theme_;
+    double textScale_ = 1.0;
+    std::unique_ptr<GridFonts> fonts_;
+
+    AxisLayout horizontalLayout_;
+    AxisLayout verticalLayout_;
+    std::uint64_t layoutVersion_ = 0;
+    bool layoutKnown_ = false;
+    GridGeometry geometry_;
+    bool updatingBars_ = false;
+
+    GridMouse mouse_;
+    GridWheel wheel_;
+    QBasicTimer autoScroll_;
+};
+
+}  // namespace planview

@@ -1,0 +1,85 @@
+#include <cmath>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "automation/NumberFormat.h"
+
+namespace planview {
+namespace {
+
+TEST(NumberFormatTest, ShowsNumbersByCode) {
+    struct Row {
+        const char* code;
+        double value;
+        const char* shown;
+    };
+    for (const Row& row : {
+             Row{"0", 1234.5, "1235"},
+             {"0", 0, "0"},
+             {"0", -0.4, "0"},
+             {"0", -0.5, "-1"},
+             {"0", 0.5, "1"},
+             {"0", 0.049, "0"},
+             {"0", 9.5, "10"},
+             {"000", 7, "007"},
+             {"#", 0, ""},
+             {"#.##", 0.5, ",5"},
+             {"0.00", 1.005, "1,01"},  // binary doubles lie below it
+             {"0.00", 2.675, "2,68"},
+             {"0.00", 99.995, "100,00"},
+             {"0.00", -12.3, "-12,30"},
+             {"0.0#", 1.2, "1,2"},
+             {"0.0#", 1.25, "1,25"},
+             {"0.0##", 1.0, "1,0"},
+             {"#,##0", 0, "0"},
+             {"#,##0", 999, "999"},
+             {"#,##0", 1000, "1.000"},
+             {"#,##0", 999999.5, "1.000.000"},
+             {"#,##0.0", 1234.5, "1.234,5"},
+             {"#,##0.0", -1234567.89, "-1.234.567,9"},
+             {"0,000", 7, "0.007"},
+             {"0%", 0.256, "26%"},
+             {"0.0 %", 0.2565, "25,7 %"},
+             {"%0", 1.005, "%101"},
+             {"+0", 5, "+5"},
+             {"\"ca. \"0\" t; x\"", 5, "ca. 5 t; x"},
+             {"\"€ \"#,##0.00", 1e6, "€ 1.000.000,00"},
+             {"0;(0)", 5, "5"},
+             {"0;(0)", -5, "(5)"},
+             {"0;(0)", -0.2, "0"},
+             {"0.00;(0)", -4.6, "(5)"},
+             {"0.0 ;-0.0%", -0.5, "-50,0%"},
+             {"0", 1e20, "100000000000000000000"},
+             {"0.00", std::numeric_limits<double>::denorm_min(), "0,00"},
+             {"0", std::numeric_limits<double>::infinity(), ""},
+             {"0", std::numeric_limits<double>::quiet_NaN(), ""},
+         }) {
+        const std::optional<NumberFormat> format = NumberFormat::Parse(row.code);
+        ASSERT_TRUE(format) << row.code;
+        EXPECT_EQ(format->Format(row.value), row.shown) << row.value << " by " << row.code;
+        EXPECT_EQ(format->Code(), row.code);
+    }
+    const std::string largest = NumberFormat::Parse("0.0%")->Format(std::numeric_limits<double>::max());
+    EXPECT_EQ(largest.substr(0, 16), "1797693134862320");
+    EXPECT_EQ(largest.size(), 309U + 2U + 3U) << largest;
+}
+
+TEST(NumberFormatTest, RefusesOtherCodes) {
+    const std::string long30(31, '0');
+    for (const std::string& code : {std::string(), std::string("General"), std::string("0.0.0"), std::string("0,"),
+                                    std::string(",0"), std::string("0,,0"), std::string("0.0,0"), std::string("0%%"),
+                                    std::string("\"open"), std::string("\"only text\""), std::string("0;"),
+                                    std::string("0;0;0"), std::string("0 0"), std::string("yyyy"), std::string("."),
+                                    std::string("0E+00"), long30, "0." + long30, std::string(300, ' ') + "0"}) {
+        EXPECT_FALSE(NumberFormat::Parse(code)) << "'" << code << "'";
+    }
+}
+
+TEST(NumberFormatTest, CountsDecimalsShown) {
+    EXPECT_EQ(NumberFormat::Parse("#,##0.0#")->Decimals(), 2);
+    EXPECT_EQ(NumberFormat::Parse("0%")->Decimals(), 0);
+}
+
+}  // namespace
+}  // namespace planview
