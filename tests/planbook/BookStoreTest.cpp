@@ -124,7 +124,7 @@ TEST(BookStore, AFailedSaveChangesNothing) {
     Book book = FullBook();
     MakeBook(folder.Path("book"), book);
     book[BookTable::GridAttr].SetValue(1, "CHART", "changed");  // written before the row that fails
-    book[BookTable::Tab].SetValue(1, "V", Variant(book.Share(BookTable::Tab)));
+    book[BookTable::Tab].SetValue(1, "V", Variant(book.Share(BookTable::Texts)));
     const std::string message =
         MessageOf<BookError>([&] { BookStore::Open(folder.Path("book")).Save(book, AllBookTables()); });
     EXPECT_TRUE(Contains(message, "V in row 1 of the table TAB holds an object")) << message;

@@ -150,8 +150,8 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
     for (const char* option : {Force, Light, Dark}) {
         parser.addOption(QCommandLineOption(option));
     }
-    parser.addOption(QCommandLineOption({"h", Help}));
-    parser.addOption(QCommandLineOption({"v", Version}));
+    parser.addOption(QCommandLineOption(QStringList{"h", Help}));
+    parser.addOption(QCommandLineOption(QStringList{"v", Version}));
     if (!parser.parse(QStringList{"planbook"} + arguments)) {
         Refuse(parser.errorText());
     }

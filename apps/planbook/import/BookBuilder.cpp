@@ -34,8 +34,10 @@ constexpr const char* Planning = "";
 constexpr int RowHeight = 23;
 constexpr int HeadingHeight = 24;
 constexpr int DigitWidth = 8;
+constexpr int MarkWidth = 4;  // of "." and ","
 constexpr int LetterWidth = 7;
 constexpr int CellMargins = 16;
+constexpr int BoldMargins = 26;   // means are bold
 constexpr int LabelMargins = 26;  // the margins and the mark of a line that is in the chart
 constexpr std::pair<int, int> ColumnWidths = {76, 200};
 constexpr std::pair<int, int> UnitWidths = {72, 160};
@@ -66,18 +68,23 @@ int Length(std::string_view text) {
                                           [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
-int FittingWidth(int characters, int characterWidth, int margins, std::pair<int, int> limits) {
-    return std::clamp(characters * characterWidth + margins, limits.first, limits.second);
+int FittingWidth(int contents, int margins, std::pair<int, int> limits) {
+    return std::clamp(contents + margins, limits.first, limits.second);
+}
+
+int TextWidth(std::string_view text) {
+    return Length(text) * LetterWidth;
 }
 
 std::string NumberFormat(int decimals) {
     return decimals == 0 ? "#,##0" : "#,##0." + std::string(static_cast<std::size_t>(decimals), '0');
 }
 
-/// Characters of the number as it is shown, with groups.
-int ShownLength(double number, int decimals) {
+/// The width of the number as it is shown, with groups.
+int NumberWidth(double number, int decimals) {
     const int digits = std::abs(number) < 1 ? 1 : static_cast<int>(std::log10(std::abs(number))) + 1;
-    return (number < 0 ? 1 : 0) + digits + (digits - 1) / 3 + (decimals > 0 ? decimals + 1 : 0);
+    const int marks = (digits - 1) / 3 + (decimals > 0 ? 1 : 0);
+    return (digits + decimals + (number < 0 ? 1 : 0)) * DigitWidth + marks * MarkWidth;
 }
 
 /// One line of the book to be: the source's numbers and what the names file says about them.
@@ -156,9 +163,9 @@ public:
 
 private:
     void AddSettings() {
-        int labelLength = Length(names_.title);
+        int labelWidth = TextWidth(names_.title);
         for (const PlannedLine& line : lines_) {
-            labelLength = std::max(labelLength, Length(Label(line)));
+            labelWidth = std::max(labelWidth, TextWidth(Label(line)));
         }
         NewRow(book_[BookTable::GridAttr])
             .Put("CHART", "")
@@ -180,7 +187,7 @@ private:
             .Put("MINRANGE", 0.0)
             .Put("MAXRANGE", 0.0)
             .Put("OPTIMUM", 0.0)
-            .Put("LABELCOL_WIDTH", FittingWidth(labelLength, LetterWidth, LabelMargins, LabelWidths))
+            .Put("LABELCOL_WIDTH", FittingWidth(labelWidth, LabelMargins, LabelWidths))
             .Put("TITELTEXT", names_.title);
     }
 
@@ -191,7 +198,7 @@ private:
     }
 
     void AddColumns() {
-        const int width = FittingWidth(LongestCell(), DigitWidth, CellMargins, ColumnWidths);
+        const int width = FittingWidth(WidestCell(), CellMargins, ColumnWidths);
         for (std::size_t i = 0; i < axis_.captions.size(); ++i) {
             NewRow(book_[BookTable::ColsIndex])
                 .Put("GRID_ID", "")
@@ -209,17 +216,17 @@ private:
         }
     }
 
-    [[nodiscard]] int LongestCell() const {
-        int longest = 0;
+    [[nodiscard]] int WidestCell() const {
+        int widest = 0;
         for (const std::string& caption : axis_.captions) {
-            longest = std::max(longest, Length(caption));
+            widest = std::max(widest, TextWidth(caption));
         }
         for (const PlannedLine& line : lines_) {
             for (const std::optional<double>& value : *line.values) {
-                longest = std::max(longest, value ? ShownLength(*value, line.decimals) : 0);
+                widest = std::max(widest, value ? NumberWidth(*value, line.decimals) : 0);
             }
         }
-        return longest;
+        return widest;
     }
 
     void AddLines() {
@@ -347,11 +354,11 @@ private:
             return;
         }
         const std::string heading = "Unit";
-        int longest = Length(heading);
+        int widest = TextWidth(heading);
         for (const PlannedLine& line : lines_) {
-            longest = std::max(longest, Length(line.name.unit));
+            widest = std::max(widest, TextWidth(line.name.unit));
         }
-        AddFixedColumn(LeftSide, FittingWidth(longest, LetterWidth, CellMargins, UnitWidths), "", Align::Left);
+        AddFixedColumn(LeftSide, FittingWidth(widest, CellMargins, UnitWidths), "", Align::Left);
         AddFixedCell(LeftSide, 1, TopSide, 0, heading, Align::Center);
         for (std::size_t i = 0; i < lines_.size(); ++i) {
             AddFixedCell(LeftSide, 1, Planning, i + 1, lines_[i].name.unit, Align::Left);
@@ -359,12 +366,12 @@ private:
     }
 
     void AddMeans() {
-        int longest = 0;
+        int widest = 0;
         for (const PlannedLine& line : lines_) {
-            longest = std::max(longest, line.mean ? ShownLength(*line.mean, meanDecimals_) : 0);
+            widest = std::max(widest, line.mean ? NumberWidth(*line.mean, meanDecimals_) : 0);
         }
-        AddFixedColumn(RightSide, FittingWidth(longest, DigitWidth, CellMargins, ColumnWidths),
-                       NumberFormat(meanDecimals_), Align::Right);
+        AddFixedColumn(RightSide, FittingWidth(widest, BoldMargins, ColumnWidths), NumberFormat(meanDecimals_),
+                       Align::Right);
         AddFixedCell(RightSide, 1, TopSide, 0, "Mean", Align::Center);
         for (std::size_t i = 0; i < lines_.size(); ++i) {
             if (lines_[i].mean) {

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QPalette>
+#include <QString>
+
+namespace planbook {
+
+/// The colours of the window around the view, which bring it and the view together.
+struct FrameTheme {
+    QPalette palette;
+    QString styleSheet;  ///< of the main window: the menu bar with the hairline under it
+
+    [[nodiscard]] static FrameTheme make(bool dark);
+};
+
+/// Whether the desktop's own palette is a dark one.
+[[nodiscard]] bool isDark(const QPalette& palette);
+
+}  // namespace planbook

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "app/CommandLine.h"
+
+namespace planbook {
+
+/// Shows a book in a window until that is closed, or writes a picture of it; then writes the trace where one is asked
+/// for. Makes the application object. Throws BookError.
+void RunView(int& argc, char** argv, const ViewRequest& request);
+
+}  // namespace planbook

@@ -1,0 +1,158 @@
+#include <QImage>
+#include <QProcess>
+#include <QStringList>
+#include <ostream>
+
+#include <gtest/gtest.h>
+
+#include "planbook/TestFolder.h"
+
+namespace {
+
+struct Outcome {
+    int exitCode = -1;  ///< -1 for a crash
+    std::string out;
+    std::string error;
+};
+
+/// Runs planbook in a folder, with no display unless one is named.
+Outcome RunPlanbook(const TestFolder& folder, const QStringList& arguments, const QString& display = {}) {
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR"}) {
+        environment.remove(name);
+    }
+    if (!display.isEmpty()) {
+        environment.insert("DISPLAY", display);
+    }
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(QString::fromStdString(folder.Path("").string()));
+    process.start(PLANBOOK_PROGRAM, arguments);
+    Outcome outcome;
+    if (process.waitForFinished() && process.exitStatus() == QProcess::NormalExit) {
+        outcome.exitCode = process.exitCode();
+    }
+    outcome.out = process.readAllStandardOutput().toStdString();
+    outcome.error = process.readAllStandardError().toStdString();
+    return outcome;
+}
+
+void MakeSample(const TestFolder& folder) {
+    const Outcome outcome = RunPlanbook(folder, {"--import", EXAMPLES_FOLDER "/us-employment.csv", "--names",
+                                                 EXAMPLES_FOLDER "/us-employment.names", "us.planbook"});
+    ASSERT_EQ(outcome.exitCode, 0) << outcome.error;
+    EXPECT_EQ(outcome.out, "us.planbook: 120 periods, 23 lines, 2760 numbers\n");
+    EXPECT_EQ(outcome.error, "");
+}
+
+struct CommandCase {
+    const char* name;
+    QStringList arguments;
+    int exitCode;
+    const char* error;
+};
+
+void PrintTo(const CommandCase& command, std::ostream* stream) {
+    *stream << command.name;
+}
+
+class Command : public testing::TestWithParam<CommandCase> {};
+
+TEST_P(Command, EndsWithItsCodeAndMessageAndChangesNothing) {
+    const TestFolder folder;
+    folder.Write("bad.csv", "month,a\n2008-01,x\n");
+    folder.Write("text.txt", "no book");
+    MakeSample(folder);
+    const auto before = folder.Contents();
+    const Outcome outcome = RunPlanbook(folder, GetParam().arguments);
+    EXPECT_EQ(outcome.exitCode, GetParam().exitCode);
+    EXPECT_TRUE(Contains(outcome.error, GetParam().error)) << outcome.error;
+    EXPECT_TRUE(outcome.error.starts_with("planbook: ")) << outcome.error;
+    EXPECT_EQ(folder.Contents(), before);
+}
+
+const CommandCase Commands[] = {
+    {"UnknownOption", {"--zoom", "us.planbook"}, 2, "planbook --help says what there is."},
+    {"TwoBooks", {"a", "b"}, 2, "\"b\" is one too many"},
+    {"ImportWithoutBook", {"--import", "bad.csv"}, 2, "--import needs a BOOK"},
+    {"NamesWithoutImport", {"--names", "x", "us.planbook"}, 2, "--names needs --import"},
+    {"LightAndDark", {"--light", "--dark", "us.planbook"}, 2, "--light and --dark do not go together"},
+    {"BadSize", {"--screenshot", "p.png", "--size", "1440", "us.planbook"}, 2, "such as 1440x900, not \"1440\""},
+    {"BadScale", {"--screenshot", "p.png", "--scale", "nan", "us.planbook"}, 2, "--scale takes a number"},
+    {"BadDecimal", {"--import", "bad.csv", "--decimal", ";", "b"}, 2, "--decimal takes point or comma"},
+    {"BadCsv", {"--import", "bad.csv", "b"}, 1, "line 2, column 2: \"x\" (a) is no number"},
+    {"NoCsv", {"--import", "none.csv", "b"}, 1, "there is no such file"},
+    {"CsvIsFolder", {"--import", ".", "b"}, 1, "it is a folder"},
+    {"BookExists", {"--import", EXAMPLES_FOLDER "/us-employment.csv", "us.planbook"}, 1, "add --force"},
+    {"NoBook", {"--screenshot", "p.png", "text.txt"}, 1, "it is no planning book"},
+    {"NoSuchBook", {"--trace", "t", "none"}, 1, "there is no such file"},
+    {"NoDisplay", {"us.planbook"}, 1, "Cannot open a window: there is no display"},
+    {"PictureInNoFolder", {"--screenshot", "none/p.png", "us.planbook"}, 1, "Cannot write the picture \"none/p.png\""},
+    {"PictureOverBook", {"--screenshot", "us.planbook", "us.planbook"}, 1, "it is the book"},
+    {"TraceOverBook", {"--trace", "./us.planbook", "us.planbook"}, 1, "it is the book"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Refused, Command, testing::ValuesIn(Commands),
+                         [](const auto& testCase) { return testCase.param.name; });
+
+TEST(Planbook, ADisplayThatDoesNotAnswerIsAMessage) {
+    const TestFolder folder;
+    MakeSample(folder);
+    const Outcome outcome = RunPlanbook(folder, {"us.planbook"}, "localhost:4711");
+    EXPECT_EQ(outcome.exitCode, 1) << outcome.error;
+    EXPECT_TRUE(Contains(outcome.error, "planbook: Cannot open a window: ")) << outcome.error;
+}
+
+TEST(Planbook, HelpAndVersionNeedNothing) {
+    const TestFolder folder;
+    EXPECT_TRUE(Contains(RunPlanbook(folder, {"--help"}).out, "--import DATA.csv BOOK"));
+    EXPECT_TRUE(RunPlanbook(folder, {"--version"}).out.starts_with("planbook "));
+}
+
+int PixelsLike(const QImage& picture, bool (*matches)(QColor)) {
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            count += matches(picture.pixelColor(x, y)) ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+TEST(Planbook, WritesPicturesOfTheSizeAndSchemeAskedFor) {
+    const TestFolder folder;
+    MakeSample(folder);
+    const auto book = ReadFile(folder.Path("us.planbook"));
+    const auto picture = [&](const QStringList& options) {
+        const Outcome outcome = RunPlanbook(folder, QStringList{"--screenshot", "p.png", "us.planbook"} + options);
+        EXPECT_EQ(outcome.exitCode, 0) << outcome.error;
+        EXPECT_EQ(outcome.error, "");
+        return QImage(QString::fromStdString(folder.Path("p.png").string()), "PNG");
+    };
+    const auto isRed = [](QColor color) { return color.red() > 180 && color.green() < 90 && color.blue() < 90; };
+
+    const QImage light = picture({"--light"});
+    EXPECT_EQ(light.size(), QSize(1440, 900));
+    EXPECT_GT(PixelsLike(light, [](QColor color) { return color.lightness() > 200; }), 1440 * 900 / 2);
+    EXPECT_GT(PixelsLike(light, isRed), 50) << "the months in which the total fell are not red";
+
+    const QImage dark = picture({"--dark", "--size", "800x500", "--scale", "1.5"});
+    EXPECT_EQ(dark.size(), QSize(1200, 750));
+    EXPECT_GT(PixelsLike(dark, [](QColor color) { return color.lightness() < 60; }), 1200 * 750 / 2);
+    EXPECT_EQ(ReadFile(folder.Path("us.planbook")), book) << "looking at a book changed it";
+}
+
+TEST(Planbook, WritesTheTraceWithoutADisplayAndWithoutErrors) {
+    const TestFolder folder;
+    folder.Write("small.csv", "month,a,b\n2008-01,1,-2\n2008-02,3,4.5\n");
+    ASSERT_EQ(RunPlanbook(folder, {"--import", "small.csv", "small"}).exitCode, 0);
+    const Outcome outcome = RunPlanbook(folder, {"--trace", "trace.txt", "small"});
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.error;
+    const std::string trace = ReadFile(folder.Path("trace.txt"));
+    for (const char* entry : {"{table: GRID_ATTR}", "{table: MACROREC}", "DP_Import_Create", "#CELL_ATTR#"}) {
+        EXPECT_TRUE(Contains(trace, entry)) << entry << " is missing in\n" << trace;
+    }
+    EXPECT_FALSE(Contains(trace, "ERROR")) << trace;
+}
+
+}  // namespace
