@@ -26,6 +26,7 @@ std::string Plan::ValueText(int row, int column) const {
 test::Tables MakeTables(const Plan& plan) {
     test::Tables tables;
     tables.gridAttr->SetValue(1, "LABELCOL_WIDTH", LabelWidth);
+    tables.gridAttr->SetValue(1, "GRIDLINE_COLOR", 8);
     for (int i = 1; i <= plan.Side(); ++i) {
         tables.AddColumn(i, Plan::ColumnTitle(i).c_str(), {{"COL_WIDTH", ColumnWidth}, {"COL_HEIGHT", RowHeight}});
         tables.AddLine(i, Plan::RowTitle(i).c_str(), {{"ROW_HEIGHT", RowHeight}, {"ROW_WIDTH", ColumnWidth}});
@@ -57,6 +58,10 @@ void AddFixedSides(const test::Tables& tables, const Plan& plan) {
     };
     for (int fixed = 1; fixed <= FixedPerSide; ++fixed) {
         for (const char* side : {"L", "R"}) {
+            for (int row = 1; row <= FixedPerSide; ++row) {
+                addCell(fixed, side, row, "T");
+                addCell(fixed, side, row, "B");
+            }
             test::AddRow(
                 *tables.fixedCols,
                 {{"COLUMN_FIX", fixed}, {"FLG_POSITION", side}, {"COL_WIDTH", ColumnWidth}, {"COL_HEIGHT", RowHeight}});

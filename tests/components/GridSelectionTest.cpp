@@ -65,6 +65,12 @@ TEST_F(GridSelectionTest, CellsAloneExtendedAndBesides) {
     Select({"COL3", "ROW3"}, Mode::Extend);
     EXPECT_EQ(Pattern(), "xxx xxx xxx") << "and extended from there";
     EXPECT_EQ(grid_.KeyOf(*grid_.CurrentCell()), (CellKey{"COL3", "ROW3"}));
+    Select({"COL1", "ROW1"});
+    Select({"COL3", "ROW3"}, Mode::Add);
+    Select({"COL1", "ROW1"}, Mode::Add);
+    EXPECT_EQ(Pattern(), "... ... ..x");
+    Select({"COL1", "ROW2"}, Mode::Extend);
+    EXPECT_EQ(Pattern(), "x.. x.. ..x") << "another cell's block is not the anchor's";
     Select({"COL2", "ROW1"});
     EXPECT_EQ(Pattern(), ".x. ... ...");
     Select({"FRC1", "FBR1"}, Mode::Extend);
