@@ -32,6 +32,16 @@ std::string ManyNumbers(int rows) {
     return csv;
 }
 
+std::string ManyLines(int lines) {
+    std::string header = "row";
+    std::string row = "x";
+    for (int i = 0; i < lines; ++i) {
+        header += ",a" + std::to_string(i);
+        row += ",1";
+    }
+    return header + "\n" + row + "\n";
+}
+
 class CsvFault : public testing::TestWithParam<FaultCase> {};
 
 TEST_P(CsvFault, IsNamedAndNothingIsWritten) {
@@ -73,6 +83,7 @@ const FaultCase Cases[] = {
      "2 uses the decimal comma"},
     {"UnclearMark", "p;a;b\nx;1,234;2\n",
      "line 2, column 2: \"1,234\" (a) can mean a fraction or thousands; add --decimal point or --decimal comma"},
+    {"MoreLinesThanFixedCells", ManyLines(32767), "take 32769 rows of the table FIXED_TAB"},
     {"OneNumberTooMany", ManyNumbers(32768), "it has 32768 numbers, a book holds at most 32767; divide the file"},
 };
 

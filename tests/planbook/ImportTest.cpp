@@ -103,9 +103,16 @@ TEST(Import, WithoutNamesMakesAReadableBook) {
     EXPECT_EQ(Show(book, BookTable::FixedTab, {"FLG_COL_FIX", "COLUMN", "FLG_LINE_FIX", "LINE", "VALUE"}),
               "L|0|T|0|My plan\n"
               "|1|T|1|2007\n|2|T|1|2008\n"
-              "R|1|T|0|Mean\nR|1||1|15\nR|1||2|-0,125\n");
+              "R|1|T|0|Mean\nR|1||1|15\nR|1||2|-0,13\n");
     EXPECT_EQ(Show(book, BookTable::CellAttr, {"COLUMN", "LINE", "TOOLTIP"}), "2|2|Growth, Jan 08: -0,5 (negative)\n");
     EXPECT_EQ(book[BookTable::GridAttr].Value(1, "FIRST_COL").AsInt32(), 0);
+}
+
+TEST(Import, MeansShowTheDigitsOfTheirLine) {
+    const Book book = ImportText("p,whole,fine,none,huge\nx,1,0.25,,1e308\ny,2,0.5,,1e308\nz,2,0.5,,-1\n");
+    EXPECT_EQ(Show(book, BookTable::FixedCols, {"FLG_POSITION", "COL_FORMAT"}), "R|#,##0.0#\n");
+    const std::string fixed = Show(book, BookTable::FixedTab, {"FLG_COL_FIX", "LINE", "VALUE"});
+    EXPECT_TRUE(fixed.ends_with("R|0|Mean\nR|1|1,7\nR|2|0,42\n")) << fixed;
 }
 
 TEST(Import, NamesOrderLabelAndLockTheLines) {

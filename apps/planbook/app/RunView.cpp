@@ -49,10 +49,10 @@ bool applicationRuns = false;
 /// words then.
 void reportMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     if (type == QtFatalMsg && !applicationRuns) {
-        std::fprintf(stderr,
-                     "planbook: Cannot open a window: %s\nCheck the display, or write a picture: planbook --screenshot "
-                     "PICTURE.png BOOK\n",
-                     qPrintable(text.section(u'\n', 0, 0)));
+        std::fputs(
+            "planbook: Cannot open a window: the display cannot be used, the lines above say why. Check DISPLAY, or "
+            "write a picture: planbook --screenshot PICTURE.png BOOK\n",
+            stderr);
         std::fflush(nullptr);
         std::_Exit(static_cast<int>(ExitCode::Failed));
     }

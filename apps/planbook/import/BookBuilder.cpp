@@ -76,8 +76,17 @@ int TextWidth(std::string_view text) {
     return Length(text) * LetterWidth;
 }
 
-std::string NumberFormat(int decimals) {
-    return decimals == 0 ? "#,##0" : "#,##0." + std::string(static_cast<std::size_t>(decimals), '0');
+/// Shows `decimals` digits behind the mark always and up to `optional` more where there are any.
+std::string NumberFormat(int decimals, int optional = 0) {
+    const std::string digits =
+        std::string(static_cast<std::size_t>(decimals), '0') + std::string(static_cast<std::size_t>(optional), '#');
+    return digits.empty() ? "#,##0" : "#,##0." + digits;
+}
+
+double Rounded(double number, int decimals) {
+    const double unit = std::pow(10.0, decimals);
+    const double rounded = std::round(number * unit) / unit;
+    return std::isfinite(rounded) ? rounded : number;
 }
 
 /// The width of the number as it is shown, with groups.
@@ -104,10 +113,12 @@ struct PlannedLine {
                 decimals = std::max(decimals, std::min(DecimalsOf(*value), MaxDecimals));
             }
         }
-        if (count > 0) {
-            mean = sum / count;
+        if (count > 0 && std::isfinite(sum)) {
+            mean = Rounded(sum / count, MeanDecimals());
         }
     }
+
+    [[nodiscard]] int MeanDecimals() const noexcept { return std::max(decimals, 1); }
 
     [[nodiscard]] bool IsHelp() const noexcept { return name.kind == LineKind::Help; }
     [[nodiscard]] bool IsEditable() const noexcept { return name.kind == LineKind::Plain; }
@@ -141,7 +152,6 @@ public:
         : source_(source), names_(names), axis_(DescribePeriods(source.periods)), lines_(PlanLines(source, names)) {
         for (const PlannedLine& line : lines_) {
             hasUnits_ = hasUnits_ || !line.name.unit.empty();
-            meanDecimals_ = std::max(meanDecimals_, line.decimals);
         }
     }
 
@@ -367,10 +377,14 @@ private:
 
     void AddMeans() {
         int widest = 0;
+        int fewest = MaxDecimals;
+        int most = 1;
         for (const PlannedLine& line : lines_) {
-            widest = std::max(widest, line.mean ? NumberWidth(*line.mean, meanDecimals_) : 0);
+            widest = std::max(widest, line.mean ? NumberWidth(*line.mean, line.MeanDecimals()) : 0);
+            fewest = std::min(fewest, line.MeanDecimals());
+            most = std::max(most, line.MeanDecimals());
         }
-        AddFixedColumn(RightSide, FittingWidth(widest, BoldMargins, ColumnWidths), NumberFormat(meanDecimals_),
+        AddFixedColumn(RightSide, FittingWidth(widest, BoldMargins, ColumnWidths), NumberFormat(fewest, most - fewest),
                        Align::Right);
         AddFixedCell(RightSide, 1, TopSide, 0, "Mean", Align::Center);
         for (std::size_t i = 0; i < lines_.size(); ++i) {
@@ -458,7 +472,6 @@ private:
     PeriodAxis axis_;
     std::vector<PlannedLine> lines_;
     bool hasUnits_ = false;
-    int meanDecimals_ = 1;
     Book book_;
 };
 

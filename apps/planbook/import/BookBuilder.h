@@ -8,7 +8,7 @@ namespace planbook {
 
 /// Lays out a table of numbers as a planning book: a column per period, a row per line, the years above the months, the
 /// unit at the left, the mean at the right, the source at the bottom, negative numbers coloured. Empty cells get no row
-/// in TAB. The tables may be longer than a book can hold; BookStore::Save() refuses those.
+/// in TAB. The tables may be longer than a book file can hold.
 [[nodiscard]] Book BuildBook(const SourceTable& source, const NamesFile& names);
 
 }  // namespace planbook

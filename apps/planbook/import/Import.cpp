@@ -40,8 +40,7 @@ void CheckTarget(const ImportRequest& request, const fs::path& target) {
         Refuse(request.book, "there is no folder \"" + folder.string() + "\". Make it first.");
     }
     if (!QFileInfo(QString::fromStdString(folder.string())).isWritable()) {
-        Refuse(request.book,
-               "the folder \"" + folder.string() + "\" does not let you write. Check your access to it.");
+        Refuse(request.book, "the folder \"" + folder.string() + "\" does not let you write. Check your access to it.");
     }
     if (fs::is_directory(target, ignored)) {
         Refuse(request.book, "it is a folder. Name a file in it.");
@@ -104,6 +103,19 @@ private:
     fs::path path_;
 };
 
+/// Headings, units and means take rows too, so that fewer numbers than a table holds may still be too many.
+void CheckTables(const ImportRequest& request, const SourceTable& source, const Book& book) {
+    for (const TableDescription& table : BookSchema()) {
+        const std::int32_t rows = book[table.table].RowCount();
+        if (rows > MaxTableRows) {
+            throw BookError("Nothing was imported: the " + std::to_string(source.lines.size()) + " lines and " +
+                            std::to_string(source.periods.size()) + " periods of \"" + request.source.string() +
+                            "\" take " + std::to_string(rows) + " rows of the table " + std::string(table.name) +
+                            ", which holds at most " + std::to_string(MaxTableRows) + ". Divide the file.");
+        }
+    }
+}
+
 NamesFile ReadNames(const ImportRequest& request, const SourceTable& source) {
     NamesFile names;
     if (request.names) {
@@ -129,6 +141,7 @@ ImportResult ImportBook(const ImportRequest& request) {
         ReadSourceTable(ReadTextFile(request.source, "table of numbers"), request.decimalMark, faults);
     faults.Throw(request.source.string());
     const Book book = BuildBook(source, ReadNames(request, source));
+    CheckTables(request, source, book);
 
     PartFile part(target);
     BookStore::Create(part.Path()).Save(book, AllBookTables());

@@ -63,12 +63,13 @@ QRgb GridStyler::ownText(const PlacedCell& cell, const CellLook& look) const {
         return cell.row.sums ? theme_.text : theme_.muted;
     }
     if (cell.left()) {
-        return cell.row.readOnly ? theme_.muted : theme_.text;
+        return cell.row.readOnly && !cell.row.helpLine ? theme_.muted : theme_.text;
     }
     if (cell.column.area == Area::Leading) {
         return theme_.muted;
     }
-    return look.readOnly && colors_.isReadOnlyPair(look.background, look.foreground) ? theme_.muted : theme_.text;
+    const bool locked = look.readOnly && colors_.isReadOnlyPair(look.background, look.foreground);
+    return locked && !look.helpLine ? theme_.muted : theme_.text;  // a help line tells itself apart by its tint
 }
 
 void GridStyler::setFontStyle(const PlacedCell& cell, const CellLook& look, GridCellStyle& style) const {

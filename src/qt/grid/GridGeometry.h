@@ -110,6 +110,8 @@ struct GridGeometry {
     [[nodiscard]] int pixels(double logical) const;
     /// The width of the line between two cells.
     [[nodiscard]] int hairline() const { return unit < 2.0 ? 1 : static_cast<int>(unit); }
+    /// The width of the line between two areas, which takes the place of the last hairline before it.
+    [[nodiscard]] int edge() const { return 2 * hairline(); }
 };
 
 }  // namespace planview

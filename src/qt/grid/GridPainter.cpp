@@ -164,7 +164,7 @@ void GridPainter::addMarks(const PlacedTrack& horizontal, const PlacedTrack& ver
         const GridAxis& axis = top ? scene_.geometry.vertical : scene_.geometry.horizontal;
         const GridTrack& header = top ? vertical.track : horizontal.track;
         const bool atEdge = header.end >= axis.band(Area::Leading).end;
-        const int end = header.end - (atEdge ? 2 : 1) * line_;
+        const int end = header.end - (atEdge ? scene_.geometry.edge() : line_);
         marks_.push_back({top ? QRect(rect.left(), end - width, rect.width() - line_, width)
                               : QRect(end - width, rect.top(), width, rect.height() - line_),
                           accent.rgba()});
@@ -238,10 +238,10 @@ void GridPainter::paintEdges(QPainter& painter) const {
         const int x = geometry.horizontal.band(next).start;
         const int y = geometry.vertical.band(next).start;
         if (across && (area == Area::Leading || !geometry.horizontal.layout().Items(next).empty())) {
-            painter.fillRect(QRect(x - 2 * line_, 0, 2 * line_, height), color);
+            painter.fillRect(QRect(x - geometry.edge(), 0, geometry.edge(), height), color);
         }
         if (down && (area == Area::Leading || !geometry.vertical.layout().Items(next).empty())) {
-            painter.fillRect(QRect(0, y - 2 * line_, width, 2 * line_), color);
+            painter.fillRect(QRect(0, y - geometry.edge(), width, geometry.edge()), color);
         }
     }
 }

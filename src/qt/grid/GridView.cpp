@@ -225,7 +225,11 @@ void GridView::showScrolled(const GridGeometry& before) {
         return;
     }
     const bool across = dx != 0;
-    const GridBand band = (across ? geometry_.horizontal : geometry_.vertical).band(Area::Center);
+    const GridAxis& axis = across ? geometry_.horizontal : geometry_.vertical;
+    GridBand band = axis.band(Area::Center);
+    if (!axis.layout().Items(Area::Trailing).empty()) {
+        band.end -= geometry_.edge();  // stands still with the area behind it
+    }
     const double ratio = devicePixelRatioF();
     const auto whole = [ratio](int pixels) { return std::fmod(pixels, ratio) == 0.0; };
     const auto logical = [ratio](int pixels) { return static_cast<int>(pixels / ratio); };
@@ -310,7 +314,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     const std::optional<GridKey> key = GridKey::of(*event);
     const bool nothingToClear = grid_.Selection().IsEmpty();
     if (!key || (key->action == GridKey::Action::ClearSelection && nothingToClear)) {
-        QAbstractScrollArea::keyPressEvent(event);
+        event->ignore();
         return;
     }
     event->accept();
