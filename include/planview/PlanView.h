@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <planview/AutomationObject.h>
 #include <planview/Events.h>
@@ -12,6 +13,7 @@
 
 namespace planview {
 
+struct Cell;
 class GridControl;
 class PaneLayout;
 
@@ -177,6 +179,8 @@ public:
 
     /// The grid, for the layer that puts it on the screen.
     [[nodiscard]] GridControl& Grid() noexcept;
+    /// The planning cells whose value the user has changed since TAB_OLD was last emptied, for the same layer.
+    [[nodiscard]] std::vector<Cell> PendingCells() const;
     /// The panes, for the same layer.
     [[nodiscard]] PaneLayout& Panes() noexcept;
 

@@ -80,6 +80,7 @@ GridStatus GridControl::CreateLabelled(bool redraw) {
         return GridStatus::ColumnDefined;
     }
     state_->settings.created = true;
+    ++state_->buildVersion;
     ColumnTrack label;
     label.key = LabelColumnKey;
     label.area = ColumnArea::Left;
@@ -114,6 +115,7 @@ GridStatus GridControl::Destroy(bool redraw) {
     state.firstRow = {};
     state.pressed.reset();
     if (wasCreated) {
+        ++state.buildVersion;
         state.LayoutChanged();
         state.reports.NoteEverything();
     }
@@ -403,6 +405,10 @@ std::string GridControl::DisplayText(Cell cell, const CellLook& look) const {
         }
     }
     return Contents(cell);
+}
+
+std::uint64_t GridControl::BuildVersion() const noexcept {
+    return state_->buildVersion;
 }
 
 std::uint64_t GridControl::LayoutVersion() const noexcept {

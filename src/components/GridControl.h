@@ -205,6 +205,8 @@ public:
     /// The contents as they are shown: by the cell's number format where they are a number.
     [[nodiscard]] std::string DisplayText(Cell cell) const;
     [[nodiscard]] std::string DisplayText(Cell cell, const CellLook& look) const;
+    /// Counts up whenever the grid is created or destroyed: ids from before then name nothing.
+    [[nodiscard]] std::uint64_t BuildVersion() const noexcept;
     /// Counts up with every change of order, sizes, hidden state or switched state.
     [[nodiscard]] std::uint64_t LayoutVersion() const noexcept;
 

@@ -83,6 +83,7 @@ struct GridControl::State {
     ScrollPlace<RowId> firstRow;
     std::optional<PressedBorder> pressed;
     std::uint64_t layoutVersion = 1;
+    std::uint64_t buildVersion = 1;
 
     void LayoutChanged() noexcept {
         ++layoutVersion;

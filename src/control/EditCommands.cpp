@@ -1,6 +1,7 @@
 #include <planview/PlanView.h>
 
 #include "control/Guarded.h"
+#include "grid/PendingCells.h"
 
 namespace planview {
 
@@ -45,6 +46,14 @@ void PlanView::Fill() {
 void PlanView::Delete() {
     Guarded(state_, GridControlLabel, "DeleteCellContents",
             [](ControlContext& context) { context.clipboard.DeleteCellContents(); });
+}
+
+std::vector<Cell> PlanView::PendingCells() const {
+    std::vector<Cell> pending;
+    Guarded(state_, GridControlLabel, "PendingCells", [&](const ControlContext& context) {
+        pending = planview::PendingCells(context.grid, context.tables.TAB_OLD);
+    });
+    return pending;
 }
 
 }  // namespace planview

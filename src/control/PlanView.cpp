@@ -184,6 +184,8 @@ GridControl& PlanView::Grid() noexcept {
     return state_->context.grid;
 }
 
-PaneLayout& PlanView::Panes() noexcept { return state_->context.layout; }
+PaneLayout& PlanView::Panes() noexcept {
+    return state_->context.layout;
+}
 
 }  // namespace planview

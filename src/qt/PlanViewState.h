@@ -5,7 +5,9 @@
 #include <planview/qt/PlanViewWidget.h>
 
 #include "qt/SignalSink.h"
+#include "qt/StatusInfo.h"
 #include "qt/grid/GridView.h"
+#include "qt/platform/QtClipboard.h"
 #include "qt/platform/QtForms.h"
 #include "qt/platform/QtMessageBoxes.h"
 #include "qt/platform/QtSystemInformation.h"
@@ -18,6 +20,7 @@ struct PlanViewCore {
 
     QtMessageBoxes messageBoxes;
     QtForms forms;
+    QtClipboard clipboard;
     QtSystemInformation system;
     SignalSink sink;
     PlanView view;
@@ -25,7 +28,8 @@ struct PlanViewCore {
 
 struct PlanViewWidget::State {
     std::shared_ptr<PlanViewCore> core;
-    GridView* grid = nullptr;  // a child of the widget
+    GridView* grid = nullptr;      // children of the widget
+    StatusInfo* status = nullptr;
     ColorScheme colorScheme = ColorScheme::System;
     bool hasFocus = false;
 };

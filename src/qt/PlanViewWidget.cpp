@@ -1,10 +1,13 @@
 #include <QApplication>
 #include <QEvent>
+#include <QPointer>
 #include <QResizeEvent>
 #include <QVBoxLayout>
+#include <optional>
 
 #include <planview/qt/PlanViewWidget.h>
 
+#include "automation/NumberFormat.h"
 #include "qt/PlanViewState.h"
 
 namespace planview {
@@ -19,6 +22,12 @@ Interface& chosen(Interface* override, Interface& own) {
     return override ? *override : own;
 }
 
+/// With grouped digits and no more decimals than are worth reading; the empty text for what is no finite number.
+QString shownNumber(double value) {
+    static const std::optional<NumberFormat> Format = NumberFormat::Parse("#,##0.##");
+    return QString::fromStdString(Format->Format(value));
+}
+
 }  // namespace
 
 PlanViewCore::PlanViewCore(PlanViewWidget& widget, const PlatformOverrides& overrides)
@@ -26,6 +35,7 @@ PlanViewCore::PlanViewCore(PlanViewWidget& widget, const PlatformOverrides& over
       forms(widget),
       sink(widget),
       view(Platform{chosen<MessageBoxes>(overrides.messageBoxes, messageBoxes), chosen<Forms>(overrides.forms, forms),
+                    chosen<Clipboard>(overrides.clipboard, clipboard),
                     chosen<SystemInformation>(overrides.system, system)}) {
     view.AddSink(sink);
 }
@@ -41,6 +51,11 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(state_->grid);
     setFocusProxy(state_->grid);
+    state_->status = new StatusInfo(*this, state_->core->view, *state_->grid);
+    state_->grid->setHistory({[this] { undo(); }, [this] { redo(); }});
+    const auto valuesChanged = [this] { state_->status->valuesChanged(); };
+    connect(this, &PlanViewWidget::GridValueChanged, state_->status, valuesChanged);
+    connect(this, &PlanViewWidget::GridStartUpdate, state_->status, valuesChanged);
     connect(state_->grid, &GridView::textScaleChanged, this, &PlanViewWidget::textScaleChanged);
     connect(qApp, &QApplication::focusChanged, this, &PlanViewWidget::focusMoved);
     applyTheme();
@@ -48,6 +63,7 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
 
 PlanViewWidget::~PlanViewWidget() {
     disconnect(qApp, nullptr, this, nullptr);
+    delete state_->status;
     delete state_->grid;
     // The control itself may have to wait for a member that is being called; its work ends here.
     state_->core->view.RemoveSink(state_->core->sink);
@@ -103,6 +119,7 @@ void PlanViewWidget::registerBitmap(const QString& name, const QIcon& icon) {
 }
 
 QImage PlanViewWidget::renderToImage(QSize size, qreal scale) {
+    state_->status->update();
     return state_->grid->renderToImage(size, scale);
 }
 
@@ -112,6 +129,89 @@ QSize PlanViewWidget::sizeHint() const {
 
 QSize PlanViewWidget::minimumSizeHint() const {
     return SmallestSize;
+}
+
+// --- Commands
+
+template <class Command>
+void PlanViewWidget::runCommand(Command&& command) {
+    const std::shared_ptr<PlanViewCore> core = state_->core;
+    const QPointer<PlanViewWidget> self(this);
+    if (finishEditing() && self) {
+        command(core->view);
+    }
+    if (self) {
+        state_->status->gridChanged();
+    }
+}
+
+bool PlanViewWidget::canUndo() const {
+    return state_->core->view.CanUndo();
+}
+
+bool PlanViewWidget::canRedo() const {
+    return state_->core->view.CanRedo();
+}
+
+void PlanViewWidget::undo() {
+    runCommand([](PlanView& view) { view.Undo(); });
+}
+
+void PlanViewWidget::redo() {
+    runCommand([](PlanView& view) { view.Redo(); });
+}
+
+void PlanViewWidget::copy() {
+    runCommand([](PlanView& view) { view.Copy(); });
+}
+
+void PlanViewWidget::cut() {
+    runCommand([](PlanView& view) { view.Cut(); });
+}
+
+void PlanViewWidget::paste() {
+    runCommand([](PlanView& view) { view.Paste(); });
+}
+
+void PlanViewWidget::fill() {
+    runCommand([](PlanView& view) { view.Fill(); });
+}
+
+void PlanViewWidget::deleteContents() {
+    runCommand([](PlanView& view) { view.Delete(); });
+}
+
+bool PlanViewWidget::finishEditing() {
+    return state_->grid->finishEditing();
+}
+
+// --- Status
+
+QString PlanViewWidget::currentCellName() const {
+    return state_->status->cellName();
+}
+
+int PlanViewWidget::selectedCells() const {
+    return state_->status->summary().cells;
+}
+
+QString PlanViewWidget::selectionSum() const {
+    const SelectionSummary& summary = state_->status->summary();
+    return summary.numbers > 0 ? shownNumber(summary.sum) : QString();
+}
+
+QString PlanViewWidget::selectionMean() const {
+    const std::optional<double> mean = state_->status->summary().Mean();
+    return mean ? shownNumber(*mean) : QString();
+}
+
+int PlanViewWidget::pendingChanges() const {
+    return state_->status->pending();
+}
+
+void PlanViewWidget::refreshPendingChanges() {
+    state_->status->valuesChanged();
+    state_->status->update();
 }
 
 // --- What the window tells the control

@@ -52,6 +52,25 @@ void CheckMessageBoxes(MessageBoxes& boxes, PressReturn pressReturn) {
         << "a long text with markup in it";
 }
 
+inline void CheckClipboard(Clipboard& clipboard) {
+    const struct {
+        const char* name;
+        ClipboardContents contents;
+    } cases[] = {
+        {"one value", {"12,5", "<table><tr><td>12,5</td></tr></table>"}},
+        {"a block", {"1\t2\n3\t\"a\"\"b\"\n", "<table><tr><td>1</td><td>2</td></tr></table>"}},
+        {"no table beside the text", {"only text", ""}},
+        {"letters of other scripts", {"\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80", ""}},
+        {"line ends of other systems", {"1\r\n2\r3", ""}},
+        {"nothing", {"", ""}},
+    };
+    for (const auto& row : cases) {
+        clipboard.Set(row.contents);
+        EXPECT_EQ(clipboard.Get().text, row.contents.text) << row.name;
+        EXPECT_EQ(clipboard.Get().html, row.contents.html) << row.name << ": what was there before is gone";
+    }
+}
+
 /// `closeForm` is run while the form is shown, for implementations that wait for a user.
 template <class CloseForm>
 void CheckForms(Forms& forms, Form& form, CloseForm closeForm) {

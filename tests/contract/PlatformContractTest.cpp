@@ -12,6 +12,7 @@ void NobodyThere() {}
 
 void CheckPlatform(const Platform& platform) {
     test::CheckSystemInformation(platform.system);
+    test::CheckClipboard(platform.clipboard);
     test::CheckMessageBoxes(platform.messageBoxes, NobodyThere);
     test::CheckForms(platform.forms, frmTrace::Instance(), NobodyThere);
     frmTrace::End();

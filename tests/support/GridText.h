@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -133,11 +134,33 @@ public:
     }
     void FocusIn() override { events.emplace_back("FocusIn"); }
     void FocusOut() override { events.emplace_back("FocusOut"); }
+    void ContentsChanged(const CellKey& cell, const std::string& text) override { Act("ContentsChanged", cell, text); }
+    void StayCell() override { actions.emplace_back("StayCell"); }
+    void DoubleClick(const CellKey& cell) override {
+        Act("DoubleClick", cell, "");
+        if (onDoubleClick) {
+            onDoubleClick();
+        }
+    }
+    void SimpleClick(const CellKey& cell) override { Act("SimpleClick", cell, ""); }
+    void MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) override {
+        Act("MouseDown", cell, std::to_string(button) + " " + std::to_string(shift));
+    }
+    bool KeyDown(std::int16_t shift, std::int16_t keyCode) override {
+        actions.push_back("KeyDown " + std::to_string(shift) + " " + std::to_string(keyCode));
+        return true;
+    }
+    void KeyPress(std::int16_t character) override { actions.push_back("KeyPress " + std::to_string(character)); }
 
     std::vector<GridChange> changes;
-    std::vector<std::string> events;
+    std::vector<std::string> events;   ///< of sizes, selection and focus
+    std::vector<std::string> actions;  ///< of values, keys and clicks
+    std::function<void()> onDoubleClick;
 
 private:
+    void Act(const char* action, const CellKey& cell, const std::string& rest) {
+        actions.push_back(std::string(action) + " " + cell.column + "/" + cell.row + (rest.empty() ? "" : " ") + rest);
+    }
     void Add(const std::string& event, const std::string& key, int value) {
         events.push_back(event + " " + key + " " + std::to_string(value));
     }

@@ -22,6 +22,7 @@ namespace planview {
 struct PlatformOverrides {
     MessageBoxes* messageBoxes = nullptr;
     Forms* forms = nullptr;
+    Clipboard* clipboard = nullptr;
     SystemInformation* system = nullptr;
 };
 
@@ -36,6 +37,13 @@ class PlanViewWidget : public QWidget {
     Q_OBJECT
     Q_PROPERTY(ColorScheme colorScheme READ colorScheme WRITE setColorScheme NOTIFY colorSchemeChanged)
     Q_PROPERTY(double textScale READ textScale WRITE setTextScale NOTIFY textScaleChanged)
+    Q_PROPERTY(bool canUndo READ canUndo NOTIFY undoAvailable)
+    Q_PROPERTY(bool canRedo READ canRedo NOTIFY redoAvailable)
+    Q_PROPERTY(QString currentCellName READ currentCellName NOTIFY selectionSummaryChanged)
+    Q_PROPERTY(int selectedCells READ selectedCells NOTIFY selectionSummaryChanged)
+    Q_PROPERTY(QString selectionSum READ selectionSum NOTIFY selectionSummaryChanged)
+    Q_PROPERTY(QString selectionMean READ selectionMean NOTIFY selectionSummaryChanged)
+    Q_PROPERTY(int pendingChanges READ pendingChanges NOTIFY pendingChangesChanged)
 
 public:
     enum class ColorScheme { System, Light, Dark };
@@ -62,6 +70,35 @@ public:
     /// What the widget shows, in another size in logical pixels and without scroll bars; works without being shown.
     /// `scale` is the picture's device pixel ratio.
     [[nodiscard]] QImage renderToImage(QSize size, qreal scale = 1.0);
+
+    // --- Commands for the host's own menus; each first ends an entry that is open
+
+    [[nodiscard]] bool canUndo() const;
+    [[nodiscard]] bool canRedo() const;
+    Q_INVOKABLE void undo();
+    Q_INVOKABLE void redo();
+    Q_INVOKABLE void copy();
+    Q_INVOKABLE void cut();
+    Q_INVOKABLE void paste();
+    /// Gives every selected cell the current cell's value.
+    Q_INVOKABLE void fill();
+    Q_INVOKABLE void deleteContents();
+    /// Ends an entry that is open. False when its text is refused; it then stays open. Ask before closing or saving.
+    Q_INVOKABLE bool finishEditing();
+
+    // --- For the host's status bar
+
+    /// "Construction · May 08"; empty without a current cell.
+    [[nodiscard]] QString currentCellName() const;
+    /// The number of selected cells that are visible, 1 when only the current cell is.
+    [[nodiscard]] int selectedCells() const;
+    /// Of the selected cells that hold numbers, as the grid writes numbers; empty when none does.
+    [[nodiscard]] QString selectionSum() const;
+    [[nodiscard]] QString selectionMean() const;
+    /// The number of planning cells that show another value than TAB_OLD keeps for them.
+    [[nodiscard]] int pendingChanges() const;
+    /// Looks at TAB_OLD again. Needed only when the host has changed it without building the grid anew.
+    Q_INVOKABLE void refreshPendingChanges();
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -164,6 +201,11 @@ Q_SIGNALS:
     // The widget's own
     void colorSchemeChanged(planview::PlanViewWidget::ColorScheme scheme);
     void textScaleChanged(double scale);
+    void undoAvailable(bool available);
+    void redoAvailable(bool available);
+    /// Current cell, selection or a selected value is another one.
+    void selectionSummaryChanged();
+    void pendingChangesChanged(int count);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -177,6 +219,8 @@ private:
     auto call(Member&& member);
     void applyTheme();
     void focusMoved(QWidget* from, QWidget* to);
+    template <class Command>
+    void runCommand(Command&& command);
 
     std::unique_ptr<State> state_;
 };

@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "qt/grid/GridView.h"
 
@@ -13,6 +14,10 @@ namespace {
 using Area = AxisLayout::Area;
 using Border = GridHit::Border;
 using Place = GridHit::Place;
+
+// As the grid's listener counts them.
+constexpr std::int16_t LeftButton = 1;
+constexpr std::int16_t RightButton = 2;
 
 SelectionMode modeFor(Qt::KeyboardModifiers modifiers) {
     return modifiers.testFlag(Qt::ShiftModifier)     ? SelectionMode::Extend
@@ -64,25 +69,60 @@ bool isSelected(GridControl& grid, const GridGeometry& geometry, const GridHit& 
 void GridMouse::press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
     const GridHit hit = view_.hitTest(point);
     last_ = point;
+    clicked_.reset();
+    const QPointer<GridView> view(&view_);
     if (button == Qt::RightButton) {
         // The menu that follows is about what was clicked; a selection around it stays.
         if (doing_ == Doing::Nothing && hit.place != Place::Nothing && hit.place != Place::Corner &&
             !isSelected(view_.grid(), view_.geometry(), hit)) {
             select(hit, SelectionMode::Replace);
         }
+    } else if (button == Qt::LeftButton && doing_ == Doing::Nothing) {
+        if (hit.border != Border::None && pressBorder(hit, point)) {
+            return;
+        }
+        doing_ = hit.place == Place::TopHeading    ? Doing::TopHeadings
+                 : hit.place == Place::LeftHeading ? Doing::LeftHeadings
+                 : hit.place == Place::Cell        ? Doing::Cells
+                                                   : Doing::Nothing;
+        if (doing_ != Doing::Nothing && modeFor(modifiers) == SelectionMode::Replace) {
+            clicked_ = view_.geometry().cell(hit.horizontal, hit.vertical);
+        }
+        select(hit, modeFor(modifiers));
+    } else {
         return;
     }
-    if (button != Qt::LeftButton || doing_ != Doing::Nothing) {
+    if (view && hit.place != Place::Nothing) {
+        report(hit, button, modifiers);
+    }
+}
+
+void GridMouse::report(const GridHit& hit, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
+    const auto bit = [modifiers](Qt::KeyboardModifier modifier, int value) {
+        return modifiers.testFlag(modifier) ? value : 0;
+    };
+    const int shift = bit(Qt::ShiftModifier, 1) + bit(Qt::ControlModifier, 2) + bit(Qt::AltModifier, 4);
+    view_.grid().ReportMouseDown(view_.geometry().cell(hit.horizontal, hit.vertical),
+                                 button == Qt::RightButton ? RightButton : LeftButton,
+                                 static_cast<std::int16_t>(shift));
+}
+
+void GridMouse::doubleClick(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
+    const GridHit hit = view_.hitTest(point);
+    const bool onBorder = hit.border != Border::None && view_.grid().Settings().resizeAllowed;
+    if (button != Qt::LeftButton || onBorder || hit.place == Place::Nothing || modifiers != Qt::NoModifier) {
+        press(point, button, modifiers);
         return;
     }
-    if (hit.border != Border::None && pressBorder(hit, point)) {
-        return;
+    GridControl& grid = view_.grid();
+    const std::uint64_t built = grid.BuildVersion();
+    const Cell cell = view_.geometry().cell(hit.horizontal, hit.vertical);
+    const QPointer<GridView> view(&view_);
+    grid.ReportDoubleClick(cell);
+    // The host may have built the grid anew, or have gone.
+    if (view && grid.BuildVersion() == built) {
+        view->edit(cell);
     }
-    doing_ = hit.place == Place::TopHeading    ? Doing::TopHeadings
-             : hit.place == Place::LeftHeading ? Doing::LeftHeadings
-             : hit.place == Place::Cell        ? Doing::Cells
-                                               : Doing::Nothing;
-    select(hit, modeFor(modifiers));
 }
 
 void GridMouse::select(const GridHit& hit, SelectionMode mode) {
@@ -132,6 +172,10 @@ void GridMouse::move(QPoint point) {
     if (doing_ == Doing::Nothing) {
         return;
     }
+    const GridHit hit = view_.hitTest(point);
+    if (clicked_ && (hit.place == Place::Nothing || view_.geometry().cell(hit.horizontal, hit.vertical) != *clicked_)) {
+        clicked_.reset();
+    }
     view_.setAutoScroll(!scrollDirection(point).isNull());
     extendTo(point);
 }
@@ -171,10 +215,13 @@ void GridMouse::extendTo(QPoint point) {
 
 void GridMouse::release() {
     const bool resized = doing_ == Doing::Resizing;
+    const std::optional<Cell> clicked = std::exchange(clicked_, std::nullopt);
     doing_ = Doing::Nothing;
     view_.setAutoScroll(false);
     if (resized) {
         view_.grid().ReleaseBorder();
+    } else if (clicked) {
+        view_.grid().ReportSimpleClick(*clicked);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <QPoint>
 #include <Qt>
+#include <optional>
 
 #include "components/GridSelection.h"
 #include "qt/grid/GridHit.h"
@@ -19,6 +20,7 @@ public:
     explicit GridMouse(GridView& view) : view_(view) {}
 
     void press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
+    void doubleClick(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     void move(QPoint point);
     void release();
     /// Gives up a resizing that is under way; false when there is none.
@@ -37,6 +39,7 @@ private:
         int size = 0;   ///< of the track, in logical pixels
     };
 
+    void report(const GridHit& hit, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     bool pressBorder(const GridHit& hit, QPoint point);
     void select(const GridHit& hit, SelectionMode mode);
     void extendTo(QPoint point);
@@ -47,6 +50,8 @@ private:
     Doing doing_ = Doing::Nothing;
     Resizing resizing_;
     QPoint last_;
+    /// The cell or heading of a press that may become a simple click.
+    std::optional<Cell> clicked_;
 };
 
 }  // namespace planview

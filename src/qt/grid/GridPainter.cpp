@@ -9,8 +9,8 @@ namespace {
 
 using Area = AxisLayout::Area;
 
-constexpr int FrameWidth = 2;
 constexpr int MarkWidth = 2;
+constexpr int PendingCornerSize = 7;
 constexpr int HintLength = 14;
 constexpr int HintInset = 3;
 /// How far to the left a text is looked for that runs on into the first visible cell.
@@ -176,6 +176,9 @@ void GridPainter::addMarks(const PlacedTrack& horizontal, const PlacedTrack& ver
         addHiddenHint(vertical, rect, false);
     }
     const bool planning = horizontal.track.area == Area::Center && vertical.track.area == Area::Center;
+    if (planning && scene_.pending.contains(scene_.geometry.cell(horizontal.track.id, vertical.track.id))) {
+        addPendingCorner(rect.adjusted(0, 0, -line_, -line_));
+    }
     if (relief && planning) {
         const QRect inner = rect.adjusted(0, 0, -line_, -line_);
         marks_.push_back({QRect(inner.left(), inner.top(), inner.width(), line_), scene_.theme.reliefLight});
@@ -184,6 +187,15 @@ void GridPainter::addMarks(const PlacedTrack& horizontal, const PlacedTrack& ver
             {QRect(inner.left(), inner.bottom() - line_ + 1, inner.width(), line_), scene_.theme.reliefShade});
         marks_.push_back(
             {QRect(inner.right() - line_ + 1, inner.top(), line_, inner.height()), scene_.theme.reliefShade});
+    }
+}
+
+/// A triangle in the upper right corner, line by line as every other mark.
+void GridPainter::addPendingCorner(const QRect& inner) {
+    const int size = std::min({scene_.geometry.pixels(PendingCornerSize), inner.width(), inner.height()});
+    const QRgb color = QColor::fromRgb(scene_.theme.accent).rgba();
+    for (int i = 0; i < size; ++i) {
+        marks_.push_back({QRect(inner.right() + 1 - (size - i), inner.top() + i, size - i, 1), color});
     }
 }
 
@@ -260,7 +272,7 @@ void GridPainter::paintCurrentCell(QPainter& painter) const {
     painter.save();
     painter.setClipRect(regionRect(geometry, h->area, v->area), Qt::IntersectClip);
     const QRect frame = trackRect(*h, *v).adjusted(-line_, -line_, 0, 0);
-    const int width = geometry.pixels(FrameWidth);
+    const int width = geometry.pixels(CurrentFrameWidth);
     const QColor color = QColor::fromRgb(scene_.focused ? scene_.theme.accent : scene_.theme.muted);
     painter.fillRect(QRect(frame.left(), frame.top(), frame.width(), width), color);
     painter.fillRect(QRect(frame.left(), frame.bottom() + 1 - width, frame.width(), width), color);

@@ -13,6 +13,9 @@ class QPainter;
 
 namespace planview {
 
+/// The frame around the current cell, in logical pixels.
+inline constexpr int CurrentFrameWidth = 2;
+
 /// Paints the grid: all nine regions in one pass, only what is visible and lies in the clip.
 ///
 /// The painter's coordinates must be the geometry's paint pixels. Fills are merged, and texts are painted once per font
@@ -37,6 +40,7 @@ private:
     void paintRow(QPainter& painter, const std::vector<PlacedTrack>& columns, const PlacedTrack& row);
     void addSpillFromLeft(const PlacedTrack& first, const PlacedTrack& row);
     void addMarks(const PlacedTrack& horizontal, const PlacedTrack& vertical, const GridCellStyle& style, bool relief);
+    void addPendingCorner(const QRect& inner);
     void addHiddenHint(const PlacedTrack& track, const QRect& heading, bool alongTop);
     void paintLines(QPainter& painter, const std::vector<PlacedTrack>& columns,
                     const std::vector<PlacedTrack>& rows) const;

@@ -5,6 +5,7 @@
 #include "qt/grid/GridFonts.h"
 #include "qt/grid/GridGeometry.h"
 #include "qt/grid/GridTheme.h"
+#include "qt/grid/PendingMarks.h"
 
 namespace planview {
 
@@ -15,6 +16,7 @@ struct GridScene {
     const GridTheme& theme;
     GridFonts& fonts;  ///< made for the geometry's unit
     GridBitmaps& bitmaps;
+    const PendingMarks& pending;
     bool focused = true;  ///< the current cell's frame steps back while the grid does not have the focus
 };
 

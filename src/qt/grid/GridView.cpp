@@ -2,14 +2,10 @@
 
 #include <QApplication>
 #include <QHelpEvent>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QPointer>
 #include <QScrollBar>
 #include <QTextDocument>
-#include <QTimerEvent>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
@@ -17,6 +13,7 @@
 #include <utility>
 
 #include "qt/grid/GridAccessible.h"
+#include "grid/SelectionSummary.h"
 #include "qt/grid/GridLabelWidth.h"
 #include "qt/grid/GridPainter.h"
 
@@ -29,7 +26,6 @@ using Area = AxisLayout::Area;
 constexpr double SmallestScale = 0.5;
 constexpr double LargestScale = 3.0;
 constexpr double ScaleStep = 0.1;
-constexpr int AutoScrollMilliseconds = 60;
 /// Repaints of more separate places than this are done as one.
 constexpr int MostPaintRects = 8;
 constexpr qsizetype LongestToolTip = 2000;
@@ -53,13 +49,14 @@ QSize deviceSize(QSize logical, qreal ratio) {
 }  // namespace
 
 GridView::GridView(GridControl& grid, std::shared_ptr<void> owner, QWidget* parent)
-    : QAbstractScrollArea(parent), grid_(grid), owner_(std::move(owner)), theme_(nullptr), mouse_(*this) {
+    : QAbstractScrollArea(parent), grid_(grid), owner_(std::move(owner)), theme_(nullptr), mouse_(*this), editor_(*this) {
     installGridAccessibility();
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Planning table"));
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setMouseTracking(true);
+    setAttribute(Qt::WA_InputMethodEnabled);
     setTheme(GridTheme::forPalette(QApplication::palette()));
     grid_.SetWatcher(this);
 }
@@ -73,6 +70,7 @@ GridView::~GridView() {
 void GridView::setTheme(const GridTheme& theme) {
     theme_ = &theme;
     setPalette(theme.widgetPalette(QApplication::palette()));
+    editor_.follow();
     viewport()->update();
 }
 
@@ -83,6 +81,7 @@ void GridView::setTextScale(double scale) {
     }
     textScale_ = clamped;
     relayout();
+    editor_.follow();
     viewport()->update();
     Q_EMIT textScaleChanged(textScale_);
 }
@@ -92,6 +91,14 @@ void GridView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange) {
         fonts_.reset();
         layoutKnown_ = false;
+        editor_.follow();
+        viewport()->update();
+    }
+}
+
+void GridView::setPending(PendingMarks marks) {
+    if (!(marks == pending_)) {
+        pending_ = std::move(marks);
         viewport()->update();
     }
 }
@@ -165,6 +172,7 @@ void GridView::updateScrollBars() {
 void GridView::resizeEvent(QResizeEvent* event) {
     QAbstractScrollArea::resizeEvent(event);
     relayout();
+    editor_.follow();
     viewport()->update();
 }
 
@@ -178,6 +186,22 @@ QRect GridView::cellRect(Cell cell) {
     return rect.isEmpty() ? QRect() : toLogicalPixels(rect, devicePixelRatioF());
 }
 
+QFont GridView::cellFont(Cell cell) {
+    static_cast<void>(geometry());
+    const CellLook look = grid_.Look(cell);
+    QFont font = fonts().face(look.font, false, look.helpLine).font();
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(font.pixelSize() / devicePixelRatioF()))));
+    return font;
+}
+
+QString GridView::cellName(Cell cell) const {
+    return QString::fromStdString(CellName(grid_, cell));
+}
+
+int GridView::frameWidth() const {
+    return std::max(1, static_cast<int>(std::lround(CurrentFrameWidth * textScale_)));
+}
+
 GridHit GridView::hitTest(QPoint point) {
     return GridHit::test(geometry(), toDevice(point));
 }
@@ -185,6 +209,19 @@ GridHit GridView::hitTest(QPoint point) {
 // --- Changes of the grid
 
 void GridView::GridChanged(const GridChange& change) {
+    if (change.pointer) {
+        viewport()->setCursor(grid_.Settings().waiting ? Qt::WaitCursor : Qt::ArrowCursor);
+        return;
+    }
+    showChange(change);
+    if (!editor_.isOpen() && (change.layout || change.everything)) {
+        editor_.hideMessage();
+    }
+    editor_.follow();
+    Q_EMIT gridChanged();
+}
+
+void GridView::showChange(const GridChange& change) {
     const bool labelsMayGrow = grid_.Settings().labelAutoFit && !change.layout;
     if (labelsMayGrow) {
         layoutKnown_ = false;
@@ -305,152 +342,7 @@ void GridView::wheelEvent(QWheelEvent* event) {
     event->accept();
 }
 
-// --- Keyboard
-
-void GridView::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && mouse_.cancel()) {
-        return;
-    }
-    const std::optional<GridKey> key = GridKey::of(*event);
-    const bool nothingToClear = grid_.Selection().IsEmpty();
-    if (!key || (key->action == GridKey::Action::ClearSelection && nothingToClear)) {
-        event->ignore();
-        return;
-    }
-    event->accept();
-    handleKey(*key);
-}
-
-void GridView::handleKey(const GridKey& key) {
-    const std::shared_ptr<void> keepGrid = owner_;
-    const std::optional<Cell> current = grid_.CurrentCell();
-    switch (key.action) {
-        case GridKey::Action::SelectAll:
-            grid_.SelectAll();
-            return;
-        case GridKey::Action::ClearSelection:
-            grid_.ClearSelection();
-            return;
-        case GridKey::Action::SelectColumn:
-            if (current) {
-                grid_.SelectColumn(current->column, SelectionMode::Replace);
-            }
-            return;
-        case GridKey::Action::SelectRow:
-            if (current) {
-                grid_.SelectRow(current->row, SelectionMode::Replace);
-            }
-            return;
-        case GridKey::Action::Move:
-            move(key.move, SelectionMode::Replace);
-            return;
-        case GridKey::Action::Extend:
-            move(key.move, SelectionMode::Extend);
-            return;
-    }
-}
-
-void GridView::move(GridMove move, SelectionMode mode) {
-    const std::optional<Cell> current = grid_.CurrentCell();
-    if (!current) {
-        return;
-    }
-    const std::optional<Cell> target = GridNavigation(grid_, geometry()).target(*current, move);
-    if (!target) {
-        QAbstractScrollArea::focusNextPrevChild(move == GridMove::Next);
-        return;
-    }
-    const GridGeometry& now = geometry();
-    switch (move) {
-        case GridMove::PageUp:
-        case GridMove::PageDown:
-            scrollBy(0, move == GridMove::PageDown ? now.vertical.page() : -now.vertical.page());
-            break;
-        case GridMove::PageLeft:
-        case GridMove::PageRight:
-            scrollBy(move == GridMove::PageRight ? now.horizontal.page() : -now.horizontal.page(), 0);
-            break;
-        default:
-            break;
-    }
-    selectCurrent(*target, mode);
-}
-
-void GridView::selectCurrent(Cell cell, SelectionMode mode) {
-    const std::shared_ptr<void> keepGrid = owner_;
-    const QPointer<GridView> self(this);
-    const GridStatus status = grid_.SelectCell(cell, mode);
-    if (self && status == GridStatus::Ok && grid_.CurrentCell() == cell) {
-        ensureVisible(cell);
-    }
-}
-
-/// Tab moves within the grid and leaves it behind the last cell only.
-bool GridView::focusNextPrevChild(bool next) {
-    const std::optional<Cell> current = grid_.CurrentCell();
-    const GridMove move = next ? GridMove::Next : GridMove::Previous;
-    if (hasFocus() && current && GridNavigation(grid_, geometry()).target(*current, move)) {
-        return false;
-    }
-    return QAbstractScrollArea::focusNextPrevChild(next);
-}
-
-void GridView::focusInEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusInEvent(event);
-    viewport()->update();
-    const std::shared_ptr<void> keepGrid = owner_;
-    grid_.ReportFocus(true);
-}
-
-void GridView::focusOutEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusOutEvent(event);
-    viewport()->update();
-    const std::shared_ptr<void> keepGrid = owner_;
-    grid_.ReportFocus(false);
-}
-
-// --- Mouse
-
-void GridView::mousePressEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> keepGrid = owner_;
-    mouse_.press(event->position().toPoint(), event->button(), event->modifiers());
-}
-
-void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> keepGrid = owner_;
-    mouse_.press(event->position().toPoint(), event->button(), event->modifiers());
-}
-
-void GridView::mouseMoveEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> keepGrid = owner_;
-    const QPoint point = event->position().toPoint();
-    viewport()->setCursor(mouse_.cursorAt(point));
-    mouse_.move(point);
-}
-
-void GridView::mouseReleaseEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> keepGrid = owner_;
-    if (event->button() == Qt::LeftButton) {
-        mouse_.release();
-    }
-}
-
-void GridView::setAutoScroll(bool on) {
-    if (on && !autoScroll_.isActive()) {
-        autoScroll_.start(AutoScrollMilliseconds, this);
-    } else if (!on) {
-        autoScroll_.stop();
-    }
-}
-
-void GridView::timerEvent(QTimerEvent* event) {
-    if (event->timerId() != autoScroll_.timerId()) {
-        QAbstractScrollArea::timerEvent(event);
-        return;
-    }
-    const std::shared_ptr<void> keepGrid = owner_;
-    mouse_.autoScroll();
-}
+// --- Tool tips
 
 bool GridView::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
@@ -468,7 +360,7 @@ void GridView::showToolTip(const QHelpEvent& event) {
     }
     const Cell cell = geometry().cell(hit.horizontal, hit.vertical);
     QStringList lines;
-    GridPainter painter({grid_, geometry(), *theme_, fonts(), bitmaps_, true});
+    GridPainter painter({grid_, geometry(), *theme_, fonts(), bitmaps_, pending_, true});
     if (painter.isCut(cell)) {
         lines << QString::fromStdString(grid_.DisplayText(cell)).left(LongestToolTip);
     }
@@ -499,9 +391,9 @@ void GridView::paintEvent(QPaintEvent* event) {
 }
 
 void GridView::paintGrid(QPainter& painter, const GridGeometry& geometry, GridFonts& fonts, const QRect& clip) {
-    GridPainter grid({grid_, geometry, *theme_, fonts, bitmaps_, hasFocus()});
+    GridPainter grid({grid_, geometry, *theme_, fonts, bitmaps_, pending_, hasGridFocus()});
     grid.paint(painter, clip);
-    if (hasFocus() && !grid_.CurrentCell()) {
+    if (hasGridFocus() && !grid_.CurrentCell()) {
         // Nothing else would show where the focus is.
         painter.setPen(QColor::fromRgb(theme_->accent));
         painter.drawRect(0, 0, geometry.horizontal.extent() - 1, geometry.vertical.extent() - 1);

@@ -3,12 +3,14 @@
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <QImage>
+#include <functional>
 #include <memory>
 #include <optional>
 
 #include "components/AxisLayout.h"
 #include "components/GridControl.h"
 #include "qt/grid/GridBitmaps.h"
+#include "qt/grid/GridEditor.h"
 #include "qt/grid/GridFonts.h"
 #include "qt/grid/GridGeometry.h"
 #include "qt/grid/GridHit.h"
@@ -16,10 +18,17 @@
 #include "qt/grid/GridNavigation.h"
 #include "qt/grid/GridTheme.h"
 #include "qt/grid/GridWheel.h"
+#include "qt/grid/PendingMarks.h"
 
 class QHelpEvent;
 
 namespace planview {
+
+/// The commands of the control that the view has keys for; empty ones have no keys.
+struct GridHistory {
+    std::function<void()> undo;
+    std::function<void()> redo;
+};
 
 /// Shows a GridControl and hands it what the user does.
 ///
@@ -36,6 +45,8 @@ public:
     ~GridView() override;
 
     [[nodiscard]] GridControl& grid() const { return grid_; }
+    [[nodiscard]] const std::shared_ptr<void>& owner() const { return owner_; }
+    void setHistory(GridHistory history) { history_ = std::move(history); }
     [[nodiscard]] GridBitmaps& bitmaps() { return bitmaps_; }
 
     [[nodiscard]] const GridTheme& theme() const { return *theme_; }
@@ -45,10 +56,19 @@ public:
     [[nodiscard]] double textScale() const { return textScale_; }
     void setTextScale(double scale);
 
+    /// The cells to be marked as changed.
+    void setPending(PendingMarks marks);
+
     /// Where everything stands now, in pixels of the device.
     [[nodiscard]] const GridGeometry& geometry();
     /// The visible part of a cell in the viewport's coordinates; empty when it is out of sight.
     [[nodiscard]] QRect cellRect(Cell cell);
+    /// The font of its text, in logical pixels.
+    [[nodiscard]] QFont cellFont(Cell cell);
+    /// Its line and period, as people call it.
+    [[nodiscard]] QString cellName(Cell cell) const;
+    /// Of the current cell's frame, in logical pixels.
+    [[nodiscard]] int frameWidth() const;
     /// What lies under a point of the viewport.
     [[nodiscard]] GridHit hitTest(QPoint point);
     /// A point of the viewport in pixels of the device.
@@ -59,6 +79,15 @@ public:
     void scrollBy(int columns, int rows);
     void selectCurrent(Cell cell, SelectionMode mode);
 
+    [[nodiscard]] GridEditor& editor() { return editor_; }
+    void edit(Cell cell);
+    /// Ends the entry that is open, if any; false when its text is refused.
+    bool finishEditing();
+    /// Ends the entry and, when it was taken, moves on.
+    void finishAndMove(GridMove direction, bool byReturn);
+    /// Looks whether the grid, its editor included, has got or lost the focus.
+    void reportFocus();
+
     /// Calls timerEvent() regularly while the mouse drags beyond the cells.
     void setAutoScroll(bool on);
 
@@ -67,6 +96,8 @@ public:
 
 Q_SIGNALS:
     void textScaleChanged(double scale);
+    /// What is on screen may be other than before.
+    void gridChanged();
 
 protected:
     bool viewportEvent(QEvent* event) override;
@@ -75,6 +106,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     bool focusNextPrevChild(bool next) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -88,6 +121,7 @@ protected:
 private:
     void GridChanged(const GridChange& change) override;
 
+    void showChange(const GridChange& change);
     void relayout();
     void updateScrollBars();
     void showScrolled(const GridGeometry& before);
@@ -97,8 +131,12 @@ private:
     [[nodiscard]] int labelWidth() const;
     [[nodiscard]] GridFonts& fonts();
     void paintGrid(QPainter& painter, const GridGeometry& geometry, GridFonts& fonts, const QRect& clip);
+    bool handleCommand(const QKeyEvent& event);
+    bool handleGridKey(const QKeyEvent& event);
+    bool handleTyping(QKeyEvent& event);
     void handleKey(const GridKey& key);
     void move(GridMove move, SelectionMode mode);
+    [[nodiscard]] bool hasGridFocus() const;
     void showToolTip(const QHelpEvent& event);
 
     GridControl& grid_;
@@ -117,7 +155,11 @@ private:
 
     GridMouse mouse_;
     GridWheel wheel_;
+    GridHistory history_;
+    PendingMarks pending_;
+    bool focusReported_ = false;
     QBasicTimer autoScroll_;
+    GridEditor editor_;
 };
 
 }  // namespace planview

@@ -1,0 +1,56 @@
+#include "grid/SelectionSummary.h"
+
+#include <cmath>
+
+#include "grid/SelectedCells.h"
+
+namespace planview {
+
+namespace {
+
+/// Adds up without losing the small numbers among large ones.
+class ExactSum {
+public:
+    void Add(double value) noexcept {
+        const double next = sum_ + value;
+        lost_ += std::abs(sum_) >= std::abs(value) ? (sum_ - next) + value : (value - next) + sum_;
+        sum_ = next;
+    }
+    [[nodiscard]] double Value() const noexcept { return sum_ + lost_; }
+
+private:
+    double sum_ = 0;
+    double lost_ = 0;
+};
+
+std::string HeadingText(const GridControl& grid, CellKeyView heading, const std::string& key) {
+    const std::optional<Cell> cell = grid.FindCell(heading);
+    return cell && !grid.Contents(*cell).empty() ? grid.Contents(*cell) : key;
+}
+
+}  // namespace
+
+SelectionSummary SummaryOfSelection(const GridControl& grid) {
+    SelectionSummary summary;
+    ExactSum sum;
+    for (const Cell cell : CellsOfSelection(grid)) {
+        ++summary.cells;
+        if (grid.Contents(cell).empty()) {
+            continue;
+        }
+        if (const std::optional<double> number = grid.Number(cell, grid.Look(cell))) {
+            ++summary.numbers;
+            sum.Add(*number);
+        }
+    }
+    summary.sum = sum.Value();
+    return summary;
+}
+
+std::string CellName(const GridControl& grid, Cell cell) {
+    const CellKey key = grid.KeyOf(cell);
+    return HeadingText(grid, {LabelColumnKey, key.row}, key.row) + " \u00B7 " +
+           HeadingText(grid, {key.column, HeadingRowKey}, key.column);
+}
+
+}  // namespace planview

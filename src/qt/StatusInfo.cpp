@@ -1,0 +1,82 @@
+#include "qt/StatusInfo.h"
+
+#include <QPointer>
+#include <QTimer>
+#include <utility>
+#include <vector>
+
+#include <planview/qt/PlanViewWidget.h>
+
+#include "qt/grid/GridView.h"
+
+namespace planview {
+
+StatusInfo::StatusInfo(PlanViewWidget& widget, PlanView& view, GridView& grid)
+    : QObject(&widget), widget_(widget), view_(view), grid_(grid), soon_(new QTimer(this)) {
+    soon_->setSingleShot(true);
+    soon_->setInterval(0);
+    connect(soon_, &QTimer::timeout, this, &StatusInfo::update);
+    connect(&grid_, &GridView::gridChanged, this, &StatusInfo::gridChanged);
+}
+
+void StatusInfo::valuesChanged() {
+    pendingKnown_ = false;
+    soon_->start();
+}
+
+void StatusInfo::gridChanged() {
+    soon_->start();
+}
+
+void StatusInfo::update() {
+    soon_->stop();
+    const QPointer<StatusInfo> self(this);  // a slot may delete the widget
+    updatePending();
+    if (self) {
+        updateSummary();
+    }
+    if (self) {
+        updateHistory();
+    }
+}
+
+void StatusInfo::updatePending() {
+    const std::uint64_t built = view_.Grid().BuildVersion();
+    if (pendingKnown_ && builtFor_ == built) {
+        return;
+    }
+    pendingKnown_ = true;
+    builtFor_ = built;
+    const std::vector<Cell> cells = view_.PendingCells();
+    grid_.setPending(PendingMarks(cells));
+    const int count = static_cast<int>(cells.size());
+    if (std::exchange(pending_, count) != count) {
+        Q_EMIT widget_.pendingChangesChanged(count);
+    }
+}
+
+void StatusInfo::updateSummary() {
+    const GridControl& grid = view_.Grid();
+    const std::optional<Cell> current = grid.CurrentCell();
+    const SelectionSummary summary = SummaryOfSelection(grid);
+    const QString name = current ? grid_.cellName(*current) : QString();
+    if (summary != summary_ || name != cellName_) {
+        summary_ = summary;
+        cellName_ = name;
+        Q_EMIT widget_.selectionSummaryChanged();
+    }
+}
+
+void StatusInfo::updateHistory() {
+    const QPointer<StatusInfo> self(this);
+    const bool undo = view_.CanUndo();
+    const bool redo = view_.CanRedo();
+    if (std::exchange(canUndo_, undo) != undo) {
+        Q_EMIT widget_.undoAvailable(undo);
+    }
+    if (self && std::exchange(canRedo_, redo) != redo) {
+        Q_EMIT widget_.redoAvailable(redo);
+    }
+}
+
+}  // namespace planview

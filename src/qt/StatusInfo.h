@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <planview/PlanView.h>
+
+#include "grid/SelectionSummary.h"
+
+class QTimer;
+
+namespace planview {
+
+class GridView;
+class PlanViewWidget;
+
+/// Keeps what the widget tells its host of the selection, the pending changes and the undo history. Brings it up to date
+/// once per turn of the event loop, however much has changed in it.
+class StatusInfo final : public QObject {
+    Q_OBJECT
+
+public:
+    StatusInfo(PlanViewWidget& widget, PlanView& view, GridView& grid);
+
+    [[nodiscard]] const SelectionSummary& summary() const { return summary_; }
+    [[nodiscard]] const QString& cellName() const { return cellName_; }
+    [[nodiscard]] int pending() const { return pending_; }
+
+    /// The control has changed values or announced that tables changed.
+    void valuesChanged();
+    void gridChanged();
+    /// Does at once what is still to be done.
+    void update();
+
+private:
+    void updatePending();
+    void updateSummary();
+    void updateHistory();
+
+    PlanViewWidget& widget_;
+    PlanView& view_;
+    GridView& grid_;
+    QTimer* soon_;
+    SelectionSummary summary_;
+    QString cellName_;
+    int pending_ = 0;
+    std::uint64_t builtFor_ = 0;
+    bool pendingKnown_ = false;
+    bool canUndo_ = false;
+    bool canRedo_ = false;
+};
+
+}  // namespace planview

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <cstdint>
+#include <string>
+
+#include "grid/CellRules.h"
+
+class QKeyEvent;
+
+namespace planview {
+
+class EditLine;
+class GridBubble;
+class GridView;
+
+/// Edits one cell in its place.
+///
+/// An entry that the cell does not take stays open with the reason beside it, so that no text is lost; the editor then
+/// waits, out of sight if need be, until the text is mended or given up. The editor stands on its cell while the grid
+/// is scrolled, sized or scaled. Scrolling the cell away and leaving the editor finish the entry. When the grid is built
+/// anew the entry is given up, because what it was made for is gone.
+///
+/// Finishing tells the grid's listener, who may delete the view and the editor with it.
+class GridEditor final : public QObject {
+    Q_OBJECT
+
+public:
+    enum class Start {
+        Typed,  ///< the entry replaces the contents; arrow keys finish it
+        Edited  ///< the contents are changed; arrow keys move within them
+    };
+
+    explicit GridEditor(GridView& view);
+    ~GridEditor() override;
+
+    [[nodiscard]] bool isOpen() const { return open_; }
+    [[nodiscard]] bool hasFocus() const;
+    /// The text line, for tests; null while none was ever needed.
+    [[nodiscard]] QWidget* line() const;
+    /// What is shown beside the cell now; empty when nothing is.
+    [[nodiscard]] QString message() const;
+
+    /// False where the cell cannot be edited; the reason is then shown beside it.
+    bool open(Cell cell, Start start);
+    /// Gives the entry an input that came in beside it, and brings it into sight.
+    void pass(QEvent& event);
+    /// Ends the entry; false when its text is refused. True when there is none.
+    bool finish();
+    void giveUp();
+    /// Takes the editor to where its cell stands now.
+    void follow();
+    void hideMessage();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void makeLine();
+    void place(const QRect& cell);
+    void close();
+    void say(Refusal refusal, Cell cell);
+    void refuse(Refusal refusal);
+    void finishOutOfSight();
+    [[nodiscard]] std::string entered() const;
+    [[nodiscard]] bool handleKey(const QKeyEvent& event);
+    [[nodiscard]] bool isForUs(const QKeyEvent& event) const;
+
+    GridView& view_;
+    QPointer<EditLine> line_;      // children of the viewport
+    QPointer<GridBubble> bubble_;
+    Cell cell_;
+    std::uint64_t builtFor_ = 0;
+    std::string before_;
+    Start start_ = Start::Typed;
+    Refusal refused_ = Refusal::None;  ///< why the text that stands there was not taken
+    bool open_ = false;
+    bool placing_ = false;
+};
+
+}  // namespace planview

@@ -1,0 +1,336 @@
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QTimerEvent>
+#include <optional>
+
+#include "qt/grid/GridView.h"
+
+// What the user does in the view: keys, typed text, focus and the mouse.
+
+namespace planview {
+
+namespace {
+
+constexpr int AutoScrollMilliseconds = 60;
+
+/// The codes that the grid's listener knows keys by.
+struct CommandKey {
+    std::int16_t shift = 0;
+    std::int16_t code = 0;
+};
+constexpr std::int16_t ShiftControl = 2;
+constexpr std::int16_t ShiftControlAlt = 6;
+constexpr std::int16_t CodeDelete = 46;
+constexpr std::int16_t CharacterReturn = 13;
+
+std::optional<CommandKey> commandOf(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    if (event.matches(QKeySequence::Copy)) {
+        return CommandKey{ShiftControl, 'C'};
+    }
+    if (event.matches(QKeySequence::Paste)) {
+        return CommandKey{ShiftControl, 'V'};
+    }
+    if (event.matches(QKeySequence::Cut)) {
+        return CommandKey{ShiftControl, 'X'};
+    }
+    if (event.key() == Qt::Key_Delete && modifiers == Qt::NoModifier) {
+        return CommandKey{0, CodeDelete};
+    }
+    if (event.key() == Qt::Key_D && modifiers == Qt::ControlModifier) {
+        return CommandKey{ShiftControl, 'D'};
+    }
+    if (event.key() == Qt::Key_D && modifiers == (Qt::ControlModifier | Qt::AltModifier)) {
+        return CommandKey{ShiftControlAlt, 'D'};
+    }
+    return std::nullopt;
+}
+
+bool isUndo(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Z && event.modifiers() == Qt::ControlModifier;
+}
+
+bool isRedo(const QKeyEvent& event) {
+    return (event.key() == Qt::Key_Z && event.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier)) ||
+           (event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier);
+}
+
+/// Whether the key begins an entry: it types something, or takes back what stands there.
+bool startsEntry(const QKeyEvent& event) {
+    constexpr Qt::KeyboardModifiers NotTyping = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    if ((event.modifiers() & NotTyping) != Qt::NoModifier) {
+        return false;
+    }
+    return event.key() == Qt::Key_Backspace || (!event.text().isEmpty() && event.text().front().isPrint());
+}
+
+bool isReturn(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+}  // namespace
+
+// --- Keyboard
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    const std::shared_ptr<void> keepGrid = owner_;
+    if (editor_.isOpen()) {
+        if (editor_.hasFocus()) {
+            event->ignore();  // what the editor itself has no use for
+        } else {
+            editor_.pass(*event);
+        }
+        return;
+    }
+    editor_.hideMessage();
+    if (event->key() == Qt::Key_Escape && mouse_.cancel()) {
+        return;
+    }
+    if (!handleCommand(*event) && !handleGridKey(*event) && !handleTyping(*event)) {
+        QAbstractScrollArea::keyPressEvent(event);
+    }
+}
+
+bool GridView::handleCommand(const QKeyEvent& event) {
+    if (isUndo(event) && history_.undo) {
+        history_.undo();
+        return true;
+    }
+    if (isRedo(event) && history_.redo) {
+        history_.redo();
+        return true;
+    }
+    const std::optional<CommandKey> command = commandOf(event);
+    return command && grid_.ReportKeyDown(command->shift, command->code);
+}
+
+bool GridView::handleGridKey(const QKeyEvent& event) {
+    const std::optional<GridKey> key = GridKey::of(event);
+    if (!key || (key->action == GridKey::Action::ClearSelection && grid_.Selection().IsEmpty())) {
+        return false;
+    }
+    if (isReturn(event)) {
+        finishAndMove(key->move, true);
+    } else {
+        handleKey(*key);
+    }
+    return true;
+}
+
+bool GridView::handleTyping(QKeyEvent& event) {
+    const std::optional<Cell> current = grid_.CurrentCell();
+    if (!current) {
+        return false;
+    }
+    if (event.key() == Qt::Key_F2 && event.modifiers() == Qt::NoModifier) {
+        editor_.open(*current, GridEditor::Start::Edited);
+        return true;
+    }
+    if (!startsEntry(event)) {
+        return false;
+    }
+    if (editor_.open(*current, GridEditor::Start::Typed)) {
+        editor_.pass(event);
+    }
+    return true;
+}
+
+void GridView::inputMethodEvent(QInputMethodEvent* event) {
+    const std::optional<Cell> current = grid_.CurrentCell();
+    const bool nothing = event->preeditString().isEmpty() && event->commitString().isEmpty();
+    if (nothing || !current || (!editor_.isOpen() && !editor_.open(*current, GridEditor::Start::Typed))) {
+        event->ignore();
+        return;
+    }
+    editor_.pass(*event);
+}
+
+QVariant GridView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    const std::optional<Cell> current = grid_.CurrentCell();
+    switch (query) {
+        case Qt::ImEnabled:
+            return current.has_value();
+        case Qt::ImCursorRectangle:
+            return current ? geometry_.cellRect(*current) : QRect();
+        default:
+            return QAbstractScrollArea::inputMethodQuery(query);
+    }
+}
+
+void GridView::finishAndMove(GridMove direction, bool byReturn) {
+    const std::shared_ptr<void> keepGrid = owner_;
+    const QPointer<GridView> self(this);
+    if (!editor_.finish() || !self) {
+        return;
+    }
+    if (byReturn) {
+        grid_.ReportKeyPress(CharacterReturn);
+    }
+    if (self) {
+        move(direction, SelectionMode::Replace);
+    }
+}
+
+void GridView::handleKey(const GridKey& key) {
+    const std::shared_ptr<void> keepGrid = owner_;
+    const std::optional<Cell> current = grid_.CurrentCell();
+    switch (key.action) {
+        case GridKey::Action::SelectAll:
+            grid_.SelectAll();
+            return;
+        case GridKey::Action::ClearSelection:
+            grid_.ClearSelection();
+            return;
+        case GridKey::Action::SelectColumn:
+            if (current) {
+                grid_.SelectColumn(current->column, SelectionMode::Replace);
+            }
+            return;
+        case GridKey::Action::SelectRow:
+            if (current) {
+                grid_.SelectRow(current->row, SelectionMode::Replace);
+            }
+            return;
+        case GridKey::Action::Move:
+            move(key.move, SelectionMode::Replace);
+            return;
+        case GridKey::Action::Extend:
+            move(key.move, SelectionMode::Extend);
+            return;
+    }
+}
+
+void GridView::move(GridMove move, SelectionMode mode) {
+    const std::optional<Cell> current = grid_.CurrentCell();
+    if (!current) {
+        return;
+    }
+    const std::optional<Cell> target = GridNavigation(grid_, geometry()).target(*current, move);
+    if (!target) {
+        QAbstractScrollArea::focusNextPrevChild(move == GridMove::Next);
+        return;
+    }
+    const GridGeometry& now = geometry();
+    switch (move) {
+        case GridMove::PageUp:
+        case GridMove::PageDown:
+            scrollBy(0, move == GridMove::PageDown ? now.vertical.page() : -now.vertical.page());
+            break;
+        case GridMove::PageLeft:
+        case GridMove::PageRight:
+            scrollBy(move == GridMove::PageRight ? now.horizontal.page() : -now.horizontal.page(), 0);
+            break;
+        default:
+            break;
+    }
+    selectCurrent(*target, mode);
+}
+
+void GridView::selectCurrent(Cell cell, SelectionMode mode) {
+    const std::shared_ptr<void> keepGrid = owner_;
+    const QPointer<GridView> self(this);
+    const GridStatus status = grid_.SelectCell(cell, mode);
+    if (self && status == GridStatus::Ok && grid_.CurrentCell() == cell) {
+        ensureVisible(cell);
+    }
+}
+
+bool GridView::finishEditing() {
+    const std::shared_ptr<void> keepGrid = owner_;
+    return editor_.finish();
+}
+
+/// Tab moves within the grid and leaves it behind the last cell only.
+bool GridView::focusNextPrevChild(bool next) {
+    const std::optional<Cell> current = grid_.CurrentCell();
+    const GridMove move = next ? GridMove::Next : GridMove::Previous;
+    if (hasFocus() && current && GridNavigation(grid_, geometry()).target(*current, move)) {
+        return false;
+    }
+    return QAbstractScrollArea::focusNextPrevChild(next);
+}
+
+void GridView::focusInEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusInEvent(event);
+    reportFocus();
+}
+
+void GridView::focusOutEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusOutEvent(event);
+    reportFocus();
+}
+
+bool GridView::hasGridFocus() const {
+    return hasFocus() || editor_.hasFocus();
+}
+
+/// The editor is a part of the grid: going from one to the other is no change.
+void GridView::reportFocus() {
+    const bool now = hasGridFocus();
+    if (std::exchange(focusReported_, now) == now) {
+        return;
+    }
+    viewport()->update();
+    const std::shared_ptr<void> keepGrid = owner_;
+    grid_.ReportFocus(now);
+}
+
+// --- Mouse
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+    const std::shared_ptr<void> keepGrid = owner_;
+    const QPointer<GridView> self(this);
+    if (editor_.finish() && self) {
+        editor_.hideMessage();
+        mouse_.press(event->position().toPoint(), event->button(), event->modifiers());
+    }
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    const std::shared_ptr<void> keepGrid = owner_;
+    const QPointer<GridView> self(this);
+    if (editor_.finish() && self) {
+        editor_.hideMessage();
+        mouse_.doubleClick(event->position().toPoint(), event->button(), event->modifiers());
+    }
+}
+
+void GridView::edit(Cell cell) {
+    editor_.open(cell, GridEditor::Start::Edited);
+}
+
+void GridView::mouseMoveEvent(QMouseEvent* event) {
+    const std::shared_ptr<void> keepGrid = owner_;
+    const QPoint point = event->position().toPoint();
+    viewport()->setCursor(mouse_.cursorAt(point));
+    mouse_.move(point);
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+    const std::shared_ptr<void> keepGrid = owner_;
+    if (event->button() == Qt::LeftButton) {
+        mouse_.release();
+    }
+}
+
+void GridView::setAutoScroll(bool on) {
+    if (on && !autoScroll_.isActive()) {
+        autoScroll_.start(AutoScrollMilliseconds, this);
+    } else if (!on) {
+        autoScroll_.stop();
+    }
+}
+
+void GridView::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != autoScroll_.timerId()) {
+        QAbstractScrollArea::timerEvent(event);
+        return;
+    }
+    const std::shared_ptr<void> keepGrid = owner_;
+    mouse_.autoScroll();
+}
+
+}  // namespace planview
