@@ -146,6 +146,19 @@ inline int countColor(const QImage& image, const QRect& part, QRgb color) {
     return count;
 }
 
+/// How many pixels of a part of a picture can be told from its ground.
+inline int countInk(const QImage& image, const QRect& part, QRgb ground) {
+    constexpr double Visible = 1.3;
+    int count = 0;
+    const QRect inside = part & image.rect();
+    for (int y = inside.top(); y <= inside.bottom(); ++y) {
+        for (int x = inside.left(); x <= inside.right(); ++x) {
+            count += contrastRatio(image.pixel(x, y), ground) > Visible ? 1 : 0;
+        }
+    }
+    return count;
+}
+
 inline void useTestFont() {
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setPixelSize(13);
