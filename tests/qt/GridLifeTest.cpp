@@ -79,7 +79,7 @@ private slots:
         Deleter deleter(screen);
         const QPointer<GridView> view(&screen.view());
         screen.grid().SetEvents(&deleter);
-        QTest::mouseMove(screen.port(), screen.middle(screen.cell(4, 5)));
+        moveMouse(screen.port(), screen.middle(screen.cell(4, 5)), Qt::LeftButton);
         QTRY_VERIFY(!view);
     }
 
@@ -87,7 +87,7 @@ private slots:
         GridOnScreen screen;
         const QPoint border = headingBorder(screen);
         QTest::mousePress(screen.port(), Qt::LeftButton, Qt::NoModifier, border);
-        QTest::mouseMove(screen.port(), border + QPoint(20, 0));
+        moveMouse(screen.port(), border + QPoint(20, 0), Qt::LeftButton);
         Deleter deleter(screen);
         const QPointer<GridView> view(&screen.view());
         screen.grid().SetEvents(&deleter);

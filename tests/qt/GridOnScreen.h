@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QImage>
+#include <QMouseEvent>
 #include <QtTest>
 #include <cstdlib>
 #include <string>
@@ -157,6 +158,12 @@ inline int countInk(const QImage& image, const QRect& part, QRgb ground) {
         }
     }
     return count;
+}
+
+/// Moves the mouse without regard to the size of the screen, which QTest's own moves are confined to.
+inline void moveMouse(QWidget* port, QPoint point, Qt::MouseButtons buttons = Qt::NoButton) {
+    QMouseEvent event(QEvent::MouseMove, point, port->mapToGlobal(point), Qt::NoButton, buttons, Qt::NoModifier);
+    QApplication::sendEvent(port, &event);
 }
 
 inline void useTestFont() {
