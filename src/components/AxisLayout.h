@@ -10,6 +10,9 @@ namespace planview {
 
 class GridControl;
 
+/// The id of the label column and of the heading row alike.
+inline constexpr std::int32_t HeaderTrack = 0;
+
 /// One visible column or row on its way along a screen axis, in logical pixels.
 struct AxisItem {
     std::int32_t track = -1;  ///< the ColumnId's or RowId's value, see AxisLayout::ShowsColumns()

@@ -14,7 +14,8 @@ namespace {
 
 constexpr int MaxTracks = std::numeric_limits<std::int16_t>::max();
 
-/// The label column or the heading row is the first of its area and does not count as one of its places.
+/// The label column and the heading row do not count as places of their areas: the label column is the first of its
+/// area, the heading row the last one, next to the cells that it heads.
 constexpr int LabelsIn(ColumnArea area) noexcept {
     return area == ColumnArea::Left ? 1 : 0;
 }
@@ -23,20 +24,30 @@ constexpr int LabelsIn(RowArea area) noexcept {
     return area == RowArea::Top ? 1 : 0;
 }
 
+constexpr std::size_t FirstPlaceIn(ColumnArea area) noexcept {
+    return area == ColumnArea::Left ? 1 : 0;
+}
+
+constexpr std::size_t FirstPlaceIn(RowArea) noexcept {
+    return 0;
+}
+
 /// The 0-based place of a new track for a 1-based position, 0 meaning behind the last one; no value outside.
 template <class Tracks, class Area>
 std::optional<std::size_t> PlaceForNew(const Tracks& tracks, Area area, int position) {
-    const int count = static_cast<int>(tracks.Of(area).size());
-    const int place = position == 0 ? count : LabelsIn(area) + position - 1;
-    return position >= 0 && place <= count ? std::optional(static_cast<std::size_t>(place)) : std::nullopt;
+    const int others = static_cast<int>(tracks.Of(area).size()) - LabelsIn(area);
+    const int place = position == 0 ? others : position - 1;
+    return position >= 0 && place <= others ? std::optional(FirstPlaceIn(area) + static_cast<std::size_t>(place))
+                                            : std::nullopt;
 }
 
 /// The same for a track that is moved within its area, where there is no 0.
 template <class Tracks, class Area>
 std::optional<std::size_t> PlaceForMoved(const Tracks& tracks, Area area, int position) {
-    const int count = static_cast<int>(tracks.Of(area).size());
-    const int place = LabelsIn(area) + position - 1;
-    return position >= 1 && place < count ? std::optional(static_cast<std::size_t>(place)) : std::nullopt;
+    const int others = static_cast<int>(tracks.Of(area).size()) - LabelsIn(area);
+    const int place = position - 1;
+    return position >= 1 && place < others ? std::optional(FirstPlaceIn(area) + static_cast<std::size_t>(place))
+                                           : std::nullopt;
 }
 
 template <class Tracks, class Area>

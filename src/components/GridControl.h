@@ -182,7 +182,7 @@ public:
     [[nodiscard]] const GridSettingsState& Settings() const noexcept;
     [[nodiscard]] std::span<const GridColor> Colors() const noexcept;
 
-    /// In their order; the label column is the first left one, the heading row the first top one.
+    /// In their order; the label column is the first left one, the heading row the last top one, next to the cells.
     [[nodiscard]] std::span<const ColumnId> Columns(ColumnArea area) const noexcept;
     [[nodiscard]] std::span<const RowId> Rows(RowArea area) const noexcept;
     [[nodiscard]] const GridColumn& Column(ColumnId column) const;

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QEvent>
+#include <QLineEdit>
 #include <QPointer>
 #include <QResizeEvent>
 #include <QVBoxLayout>
@@ -133,12 +134,16 @@ QSize PlanViewWidget::minimumSizeHint() const {
 
 // --- Commands
 
-template <class Command>
-void PlanViewWidget::runCommand(Command&& command) {
+void PlanViewWidget::runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&)) {
+    GridEditor& editor = state_->grid->editor();
+    if (editor.isOpen() && inEditor) {
+        inEditor(*editor.line());
+        return;
+    }
     const std::shared_ptr<PlanViewCore> core = state_->core;
     const QPointer<PlanViewWidget> self(this);
     if (finishEditing() && self) {
-        command(core->view);
+        (core->view.*command)();
     }
     if (self) {
         state_->status->gridChanged();
@@ -154,31 +159,31 @@ bool PlanViewWidget::canRedo() const {
 }
 
 void PlanViewWidget::undo() {
-    runCommand([](PlanView& view) { view.Undo(); });
+    runCommand(&PlanView::Undo, [](QLineEdit& line) { line.undo(); });
 }
 
 void PlanViewWidget::redo() {
-    runCommand([](PlanView& view) { view.Redo(); });
+    runCommand(&PlanView::Redo, [](QLineEdit& line) { line.redo(); });
 }
 
 void PlanViewWidget::copy() {
-    runCommand([](PlanView& view) { view.Copy(); });
+    runCommand(&PlanView::Copy, [](QLineEdit& line) { line.copy(); });
 }
 
 void PlanViewWidget::cut() {
-    runCommand([](PlanView& view) { view.Cut(); });
+    runCommand(&PlanView::Cut, [](QLineEdit& line) { line.cut(); });
 }
 
 void PlanViewWidget::paste() {
-    runCommand([](PlanView& view) { view.Paste(); });
+    runCommand(&PlanView::Paste, [](QLineEdit& line) { line.paste(); });
 }
 
 void PlanViewWidget::fill() {
-    runCommand([](PlanView& view) { view.Fill(); });
+    runCommand(&PlanView::Fill, nullptr);
 }
 
 void PlanViewWidget::deleteContents() {
-    runCommand([](PlanView& view) { view.Delete(); });
+    runCommand(&PlanView::Delete, nullptr);
 }
 
 bool PlanViewWidget::finishEditing() {

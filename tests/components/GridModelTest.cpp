@@ -30,34 +30,41 @@ protected:
         return area.empty() ? nullptr : &area[static_cast<std::size_t>(Random(static_cast<int>(area.size())))];
     }
 
+    /// The label column stands before the others of its area, the heading row behind them.
+    static int FirstPlace(const std::vector<PlainGrid::Track>& tracks) {
+        return !tracks.empty() && tracks.front().key == LabelColumnKey ? 1 : 0;
+    }
+    static int Others(const std::vector<PlainGrid::Track>& tracks, std::size_t area) {
+        return static_cast<int>(tracks.size()) - (area == 0 ? 1 : 0);
+    }
+
     template <class Create>
     void CreateAny(std::array<std::vector<PlainGrid::Track>, 3>& areas, const std::array<const char*, 3>& prefixes,
                    Create create) {
         const auto area = static_cast<std::size_t>(Random(3));
         std::vector<PlainGrid::Track>& tracks = areas[area];
-        const int labels = area == 0 ? 1 : 0;
-        const int position = Random(static_cast<int>(tracks.size()) - labels + 2);
+        const int others = Others(tracks, area);
+        const int position = Random(others + 2);
         const std::string key = prefixes[area] + std::to_string(++lastNumber_);
         ASSERT_EQ(create(key, static_cast<std::int16_t>(position)), GridStatus::Ok) << key << " at " << position;
-        const auto place = position == 0 ? tracks.end() : tracks.begin() + labels + position - 1;
-        tracks.insert(place, {key});
+        tracks.insert(tracks.begin() + FirstPlace(tracks) + (position == 0 ? others : position - 1), {key});
     }
 
     template <class Move>
     void MoveAny(std::array<std::vector<PlainGrid::Track>, 3>& areas, Move move) {
         const auto area = static_cast<std::size_t>(Random(3));
         std::vector<PlainGrid::Track>& tracks = areas[area];
-        const int labels = area == 0 ? 1 : 0;
-        const int count = static_cast<int>(tracks.size()) - labels;
+        const int first = FirstPlace(tracks);
+        const int count = Others(tracks, area);
         if (count == 0) {
             return;
         }
         const int from = Random(count);
         const int position = 1 + Random(count);
-        const PlainGrid::Track track = tracks[static_cast<std::size_t>(labels + from)];
+        const PlainGrid::Track track = tracks[static_cast<std::size_t>(first + from)];
         ASSERT_EQ(move(track.key, static_cast<std::int16_t>(position)), GridStatus::Ok);
-        tracks.erase(tracks.begin() + labels + from);
-        tracks.insert(tracks.begin() + labels + position - 1, track);
+        tracks.erase(tracks.begin() + first + from);
+        tracks.insert(tracks.begin() + first + position - 1, track);
     }
 
     void Step() {

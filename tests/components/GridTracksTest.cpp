@@ -23,9 +23,9 @@ TEST_F(GridTracksTest, PutsNewOnesInTheirPlaces) {
     SetCell({"FRC1", "FBR1"}, GridAttribute::Contents, "end");
     EXPECT_EQ(GridText(grid_), R"(     | FLC0 FLC5 FLC1 | COL1 COL10 COL2 COL3 | FRC1 FRC123456789
 ----------------------------------------------------------------
-FTR0 |                |                      |
 FTR5 |                |                      |
 FTR1 |                |                      |
+FTR0 |                |                      |
 ----------------------------------------------------------------
 ROW1 |                | <>                   |
 ROW2 |                |                      |
@@ -44,8 +44,8 @@ TEST_F(GridTracksTest, MovesWithContentsAndAttributes) {
     EXPECT_EQ(grid_.MoveRow("ROW3", 1, false), GridStatus::Ok);
     EXPECT_EQ(GridText(grid_), R"(     | FLC0 FLC1 | COL2 COL3 COL1 | FRC1
 ----------------------------------------
-FTR0 |           |                |
 FTR1 |           |                |
+FTR0 |           |                |
 ----------------------------------------
 ROW3 |           | <>   c         |
 ROW1 |           | b         a    |

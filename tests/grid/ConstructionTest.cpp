@@ -142,7 +142,7 @@ TEST_F(ConstructionTest, FixedColumnsAndRowsStandOnTheirSides) {
     Build();
     EXPECT_EQ(Keys(ColumnArea::Right), Lines{"FRC2"});
     EXPECT_EQ(Keys(ColumnArea::Left), (Lines{"FLC0", "FLC2"}));
-    EXPECT_EQ(Keys(RowArea::Top), (Lines{"FTR0", "FTR4"}));
+    EXPECT_EQ(Keys(RowArea::Top), (Lines{"FTR4", "FTR0"}));
     EXPECT_EQ(Keys(RowArea::Bottom), Lines{"FBR1"});
     EXPECT_EQ(tables.fixedCols->Value(1, "GRID_ID"), Variant("FRC2"));
     EXPECT_TRUE(tables.fixedLines->Value(1, "GRID_ID").IsEmpty()) << "the host's own key stays";

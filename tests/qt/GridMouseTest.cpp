@@ -12,8 +12,8 @@ using Screen = GridOnScreen;
 
 void drag(QWidget* port, QPoint from, QPoint to) {
     QTest::mousePress(port, Qt::LeftButton, Qt::NoModifier, from);
-    QTest::mouseMove(port, (from + to) / 2);
-    QTest::mouseMove(port, to);
+    moveMouse(port, (from + to) / 2, Qt::LeftButton);
+    moveMouse(port, to, Qt::LeftButton);
     QTest::mouseRelease(port, Qt::LeftButton, Qt::NoModifier, to);
 }
 
@@ -100,7 +100,7 @@ private slots:
         Screen screen;
         const QPoint start = screen.middle(screen.cell(2, 3));
         QTest::mousePress(screen.port(), Qt::LeftButton, Qt::NoModifier, start);
-        QTest::mouseMove(screen.port(), QPoint(start.x(), screen.port()->height() + 30));
+        moveMouse(screen.port(), QPoint(start.x(), screen.port()->height() + 30), Qt::LeftButton);
         QTRY_VERIFY(screen.grid().FirstRow() != screen.grid().FindRow("ROW1"));
         QTRY_VERIFY(screen.isSelected("COL2", "ROW25"));
         QTest::mouseRelease(screen.port(), Qt::LeftButton, Qt::NoModifier, start);
@@ -144,8 +144,7 @@ private slots:
                               : acrossScreen ? QPoint(heading.right(), heading.center().y())
                                              : QPoint(heading.center().x(), heading.bottom());
         const QPoint target = border + (acrossScreen ? QPoint(inwards ? -by : by, 3) : QPoint(3, by));
-        QTest::mouseMove(screen.port(), screen.port()->rect().center());
-        QTest::mouseMove(screen.port(), border);
+        moveMouse(screen.port(), border);
         QCOMPARE(screen.port()->cursor().shape(), acrossScreen ? Qt::SplitHCursor : Qt::SplitVCursor);
         drag(screen.port(), border, target);
         QCOMPARE(screen.log().events, std::vector<std::string>{event.toStdString()});
@@ -156,10 +155,10 @@ private slots:
         const QRect heading = screen.view().cellRect(screen.cell("COL2", "FTR0"));
         const QPoint border(heading.right(), heading.center().y());
         QTest::mousePress(screen.port(), Qt::LeftButton, Qt::NoModifier, border);
-        QTest::mouseMove(screen.port(), border + QPoint(40, 0));
+        moveMouse(screen.port(), border + QPoint(40, 0), Qt::LeftButton);
         QCOMPARE(screen.view().cellRect(screen.cell(2, 1)).width(), Screen::ColumnWidth + 40);
         QTest::keyClick(&screen.view(), Qt::Key_Escape);
-        QTest::mouseMove(screen.port(), border + QPoint(60, 0));
+        moveMouse(screen.port(), border + QPoint(60, 0), Qt::LeftButton);
         QTest::mouseRelease(screen.port(), Qt::LeftButton, Qt::NoModifier, border + QPoint(60, 0));
         QCOMPARE(screen.view().cellRect(screen.cell(2, 1)).width(), int{Screen::ColumnWidth});
         QVERIFY(screen.log().events.empty());
@@ -170,7 +169,7 @@ private slots:
         screen.set({}, GridAttribute::ResizePermission, std::int16_t{0});
         const QRect heading = screen.view().cellRect(screen.cell("COL2", "FTR0"));
         const QPoint border(heading.right(), heading.center().y());
-        QTest::mouseMove(screen.port(), border);
+        moveMouse(screen.port(), border);
         QCOMPARE(screen.port()->cursor().shape(), Qt::ArrowCursor);
         drag(screen.port(), border, border + QPoint(30, 0));
         QCOMPARE(screen.view().cellRect(screen.cell(2, 1)).width(), int{Screen::ColumnWidth});

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QImage>
+#include <QMouseEvent>
 #include <QtTest>
 #include <cstdlib>
 #include <string>
@@ -144,6 +145,25 @@ inline int countColor(const QImage& image, const QRect& part, QRgb color) {
         }
     }
     return count;
+}
+
+/// How many pixels of a part of a picture can be told from its ground.
+inline int countInk(const QImage& image, const QRect& part, QRgb ground) {
+    constexpr double Visible = 1.3;
+    int count = 0;
+    const QRect inside = part & image.rect();
+    for (int y = inside.top(); y <= inside.bottom(); ++y) {
+        for (int x = inside.left(); x <= inside.right(); ++x) {
+            count += contrastRatio(image.pixel(x, y), ground) > Visible ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+/// Moves the mouse without regard to the size of the screen, which QTest's own moves are confined to.
+inline void moveMouse(QWidget* port, QPoint point, Qt::MouseButtons buttons = Qt::NoButton) {
+    QMouseEvent event(QEvent::MouseMove, point, port->mapToGlobal(point), Qt::NoButton, buttons, Qt::NoModifier);
+    QApplication::sendEvent(port, &event);
 }
 
 inline void useTestFont() {

@@ -31,21 +31,6 @@ QRect inner(Screen& screen, Cell cell) {
     return screen.view().cellRect(cell).adjusted(3, 3, -4, -4);
 }
 
-bool isInk(QRgb pixel, QRgb under) {
-    return contrastRatio(pixel, under) > 1.3;
-}
-
-/// How many pixels of a part are written on its ground.
-int countInk(const QImage& image, const QRect& part, QRgb under) {
-    int count = 0;
-    for (int y = part.top(); y <= part.bottom(); ++y) {
-        for (int x = part.left(); x <= part.right(); ++x) {
-            count += isInk(image.pixel(x, y), under) ? 1 : 0;
-        }
-    }
-    return count;
-}
-
 /// The first and the last column of a part that are written on; -1 where none is.
 std::pair<int, int> writtenColumns(const QImage& image, const QRect& part, QRgb under) {
     std::pair<int, int> found(-1, -1);

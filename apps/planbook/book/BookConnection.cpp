@@ -9,7 +9,7 @@ namespace planbook {
 
 namespace {
 
-constexpr int BusyTimeoutMilliseconds = 3000;
+constexpr int BusyTimeoutMilliseconds = 2000;
 
 const char* Name(BookConnection::Work work) {
     switch (work) {
@@ -42,12 +42,17 @@ enum SqliteCode {
     Corrupt = 11,
     Full = 13,
     CannotOpen = 14,
-    NoDatabase = 26
+    NoDatabase = 26,
+    FileMoved = 8 | 4 << 8  // an extended code of ReadOnly
 };
 
 std::string WhatNow(const QSqlError& error) {
     constexpr int PrimaryCodeMask = 0xFF;  // extended codes have more above it
-    switch (error.nativeErrorCode().toInt() & PrimaryCodeMask) {
+    const int code = error.nativeErrorCode().toInt();
+    if (code == FileMoved) {
+        return "The file was moved, deleted or replaced by another one. Reload the book.";
+    }
+    switch (code & PrimaryCodeMask) {
         case Busy:
         case Locked:
             return "Another program is writing to it; try again when that is done.";
@@ -80,6 +85,11 @@ BookConnection::BookConnection(const std::filesystem::path& file, Access access)
         database = QSqlDatabase();
         QSqlDatabase::removeDatabase(name_);
         Fail(Work::Open, error);
+    }
+    if (access == Access::ReadWrite) {
+        // What was committed is on the disk, and the journal's end too, whatever happens to the machine afterwards.
+        // The rollback journal (and not a write-ahead log) keeps a book one file that can be copied.
+        Run(Work::Open, "PRAGMA synchronous = EXTRA");
     }
 }
 
@@ -132,27 +142,37 @@ void BookConnection::Refuse(Work work, const std::string& why) const {
     throw BookError("Cannot " + std::string(Name(work)) + " the book \"" + file_.string() + "\": " + why);
 }
 
+std::optional<qlonglong> BookConnection::ChangeCounter() const {
+    SetBusyTimeout(0);
+    QSqlQuery query(Database());
+    const bool answered = query.exec("PRAGMA data_version") && query.next();
+    const std::optional<qlonglong> counter = answered ? std::optional(query.value(0).toLongLong()) : std::nullopt;
+    query.finish();
+    SetBusyTimeout(BusyTimeoutMilliseconds);
+    return counter;
+}
+
+void BookConnection::SetBusyTimeout(int milliseconds) const {
+    QSqlQuery(Database()).exec(QString("PRAGMA busy_timeout = %1").arg(milliseconds));
+}
+
 QSqlDatabase BookConnection::Database() const {
     return QSqlDatabase::database(name_, false);
 }
 
 BookTransaction::BookTransaction(const BookConnection& connection, BookConnection::Work work)
-    : connection_(connection), work_(work), database_(connection.Database()) {
-    if (!database_.transaction()) {
-        connection_.Fail(work_, database_.lastError());
-    }
+    : connection_(connection), work_(work) {
+    connection_.Run(work_, work_ == BookConnection::Work::Write ? "BEGIN IMMEDIATE" : "BEGIN");
 }
 
 BookTransaction::~BookTransaction() {
     if (!committed_) {
-        database_.rollback();
+        QSqlQuery(connection_.Database()).exec("ROLLBACK");
     }
 }
 
 void BookTransaction::Commit() {
-    if (!database_.commit()) {
-        connection_.Fail(work_, database_.lastError());
-    }
+    connection_.Run(work_, "COMMIT");
     committed_ = true;
 }
 

@@ -5,6 +5,7 @@
 #include <QSqlQuery>
 #include <QString>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "book/BookSchema.h"
@@ -33,14 +34,21 @@ public:
     [[noreturn]] void Fail(Work work, const QSqlError& error) const;
     [[noreturn]] void Refuse(Work work, const std::string& why) const;
 
+    /// A number that changes whenever another connection has changed the file. No value while somebody is writing:
+    /// this does not wait.
+    [[nodiscard]] std::optional<qlonglong> ChangeCounter() const;
+
     [[nodiscard]] QSqlDatabase Database() const;
 
 private:
+    void SetBusyTimeout(int milliseconds) const;
+
     std::filesystem::path file_;
     QString name_;
 };
 
-/// A transaction that rolls back unless it was committed.
+/// A transaction that rolls back unless it was committed. One that writes has the book for itself from its beginning on,
+/// so that what it reads is still true when it writes.
 class BookTransaction {
 public:
     BookTransaction(const BookConnection& connection, BookConnection::Work work);
@@ -53,7 +61,6 @@ public:
 private:
     const BookConnection& connection_;
     BookConnection::Work work_;
-    QSqlDatabase database_;
     bool committed_ = false;
 };
 

@@ -1,16 +1,15 @@
 #include "book/BookStore.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 #include <QStringList>
-#include <QVariant>
-#include <limits>
-#include <optional>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "book/BookConnection.h"
 #include "book/BookError.h"
+#include "book/BookWriter.h"
+#include "book/SqlValue.h"
 
 namespace planbook {
 
@@ -52,65 +51,13 @@ QString SelectStatement(const TableDescription& table) {
     return "SELECT " + columns.join(", ") + " FROM " + Quoted(table.name) + " ORDER BY " + Quoted(RowNumberField);
 }
 
-/// Inserts a row or, when there is one with its number, overwrites the fields of the schema in it.
-QString WriteStatement(const TableDescription& table) {
-    QStringList columns{Quoted(RowNumberField)};
-    QStringList marks{"?"};
-    QStringList updates;
-    for (const FieldDescription& field : table.fields) {
-        columns << Quoted(field.name);
-        marks << "?";
-        updates << Quoted(field.name) + " = excluded." + Quoted(field.name);
-    }
-    const QString conflict = updates.isEmpty() ? QString("NOTHING") : "UPDATE SET " + updates.join(", ");
-    return "INSERT INTO " + Quoted(table.name) + " (" + columns.join(", ") + ") VALUES (" + marks.join(", ") +
-           ") ON CONFLICT (" + Quoted(RowNumberField) + ") DO " + conflict;
-}
-
-/// No value for an object reference, which no file can keep.
-std::optional<QVariant> ToSql(const Variant& value) {
-    switch (value.GetKind()) {
-        case Variant::Kind::Empty:
-            return QVariant();
-        case Variant::Kind::Boolean:
-        case Variant::Kind::Int16:
-        case Variant::Kind::Int32:
-            return value.AsInt32();
-        case Variant::Kind::Double:
-            return value.AsDouble();
-        case Variant::Kind::Text:
-            return QString::fromStdString(*value.TextIf());
-        case Variant::Kind::Nothing:
-        case Variant::Kind::Object:
-            break;
-    }
-    return std::nullopt;
-}
-
-/// No value for bytes, which no field holds.
-std::optional<Variant> FromSql(const QVariant& value) {
-    if (value.isNull()) {
-        return Variant();
-    }
-    switch (value.typeId()) {
-        case QMetaType::Int:
-        case QMetaType::LongLong: {
-            const qlonglong number = value.toLongLong();
-            const bool fits = number >= std::numeric_limits<std::int32_t>::min() &&
-                              number <= std::numeric_limits<std::int32_t>::max();
-            return fits ? Variant(static_cast<std::int32_t>(number)) : Variant(static_cast<double>(number));
-        }
-        case QMetaType::Double:
-            return value.toDouble();
-        case QMetaType::QString:
-            return value.toString().toStdString();
-        default:
-            return std::nullopt;
-    }
-}
-
 std::string Place(const TableDescription& table, std::int32_t row, const FieldDescription& field) {
     return std::string(field.name) + " in row " + std::to_string(row) + " of the table " + std::string(table.name);
+}
+
+qint64 BirthOf(const std::filesystem::path& file) {
+    const QDateTime born = QFileInfo(QString::fromStdString(file.string())).birthTime();
+    return born.isValid() ? born.toMSecsSinceEpoch() : 0;
 }
 
 /// Removes a new file again unless it was completed.
@@ -134,7 +81,8 @@ private:
 
 }  // namespace
 
-BookStore::BookStore(std::unique_ptr<BookConnection> connection) noexcept : connection_(std::move(connection)) {}
+BookStore::BookStore(std::unique_ptr<BookConnection> connection, std::filesystem::path file, bool readOnly)
+    : connection_(std::move(connection)), file_(std::move(file)), readOnly_(readOnly), bornAt_(BirthOf(file_)) {}
 BookStore::BookStore(BookStore&&) noexcept = default;
 BookStore& BookStore::operator=(BookStore&&) noexcept = default;
 BookStore::~BookStore() = default;
@@ -155,7 +103,7 @@ BookStore BookStore::Open(const std::filesystem::path& file) {
     for (const TableDescription& table : BookSchema()) {
         connection->CheckTable(table);
     }
-    return BookStore(std::move(connection));
+    return BookStore(std::move(connection), file, !writable);
 }
 
 BookStore BookStore::Create(const std::filesystem::path& file) {
@@ -174,13 +122,14 @@ BookStore BookStore::Create(const std::filesystem::path& file) {
     }
     transaction.Commit();
     newFile.Keep();
-    return BookStore(std::move(connection));
+    return BookStore(std::move(connection), file, false);
 }
 
 Book BookStore::Load() {
     Book book;
     // One transaction, so that all tables are of the same moment.
     const BookTransaction moment(*connection_, Work::Read);
+    loadedAt_ = connection_->ChangeCounter();
     for (const TableDescription& description : BookSchema()) {
         MemoryTable& table = book[description.table];
         QSqlQuery rows = connection_->Run(Work::Read, SelectStatement(description));
@@ -211,32 +160,33 @@ Book BookStore::Load() {
 void BookStore::Save(const Book& book, std::span<const BookTable> tables) {
     BookTransaction transaction(*connection_, Work::Write);
     for (const BookTable which : tables) {
-        const TableDescription& description = Describe(which);
-        const MemoryTable& table = book[which];
-        if (table.RowCount() > MaxTableRows) {
-            connection_->Refuse(Work::Write, "the table " + std::string(description.name) + " has " +
-                                                 std::to_string(table.RowCount()) + " rows, a book holds at most " +
-                                                 std::to_string(MaxTableRows) + " in a table. Divide the book.");
-        }
-        connection_->Run(Work::Write, "DELETE FROM " + Quoted(description.name) + " WHERE " + Quoted(RowNumberField) +
-                                          " NOT BETWEEN 1 AND " + QString::number(table.RowCount()));
-        QSqlQuery write = connection_->Prepare(Work::Write, WriteStatement(description));
-        for (std::int32_t row = 1; row <= table.RowCount(); ++row) {
-            write.addBindValue(row);
-            for (const FieldDescription& field : description.fields) {
-                const std::optional<QVariant> value = ToSql(table.Value(row, field.name));
-                if (!value) {
-                    connection_->Refuse(Work::Write, "the field " + Place(description, row, field) +
-                                                         " holds an object, which no book can keep.");
-                }
-                write.addBindValue(*value);
-            }
-            if (!write.exec()) {
-                connection_->Fail(Work::Write, write.lastError());
-            }
-        }
+        WriteRows(*connection_, Describe(which), RowsOf(book[which], Describe(which)));
     }
     transaction.Commit();
+}
+
+std::vector<CellConflict> BookStore::Write(const BookChanges& changes) {
+    return WriteChanges(*connection_, changes);
+}
+
+bool BookStore::IsChangedElsewhere() const {
+    const std::optional<qlonglong> counter = connection_->ChangeCounter();
+    const qint64 bornAt = BirthOf(file_);
+    return (counter && counter != loadedAt_) || (bornAt != 0 && bornAt != bornAt_);
+}
+
+bool BookStore::EndPendingChanges(OldValues what) {
+    BookTransaction transaction(*connection_, Work::Write);
+    if (IsChangedElsewhere()) {
+        return false;
+    }
+    if (what == OldValues::PutBack) {
+        PutOldValuesBack(*connection_);
+    } else {
+        ForgetOldValues(*connection_);
+    }
+    transaction.Commit();
+    return true;
 }
 
 Book LoadBook(const std::filesystem::path& file) {

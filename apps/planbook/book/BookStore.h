@@ -1,14 +1,19 @@
 #pragma once
 
+#include <QtGlobal>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <span>
+#include <vector>
 
 #include "book/Book.h"
+#include "book/BookSnapshot.h"
 
 namespace planbook {
 
 class BookConnection;
+struct CellConflict;
 
 /// A book file: SQLite, one SQL table per table of the schema, the fields as columns and ROW_NO as primary key.
 ///
@@ -26,16 +31,34 @@ public:
     BookStore& operator=(BookStore&&) noexcept;
     ~BookStore();
 
+    /// The file or the folder does not let the user write.
+    [[nodiscard]] bool IsReadOnly() const noexcept { return readOnly_; }
+
     [[nodiscard]] Book Load();
 
     /// Writes the rows of these tables in one transaction. Columns that the schema does not know keep their values in
     /// the rows that stay.
     void Save(const Book& book, std::span<const BookTable> tables);
 
+    /// Writes the changes in one transaction, or nothing when there are conflicts.
+    [[nodiscard]] std::vector<CellConflict> Write(const BookChanges& changes);
+
+    /// Whether somebody else has changed or replaced the book since it was loaded.
+    [[nodiscard]] bool IsChangedElsewhere() const;
+
+    enum class OldValues { Forget, PutBack };
+    /// Ends the record of pending changes in TAB_OLD; the changes stay, or their old values come back. Does nothing and
+    /// answers false when the book was changed elsewhere: nobody has looked at those changes.
+    [[nodiscard]] bool EndPendingChanges(OldValues what);
+
 private:
-    explicit BookStore(std::unique_ptr<BookConnection> connection) noexcept;
+    BookStore(std::unique_ptr<BookConnection> connection, std::filesystem::path file, bool readOnly);
 
     std::unique_ptr<BookConnection> connection_;
+    std::filesystem::path file_;
+    bool readOnly_ = false;
+    qint64 bornAt_ = 0;  // tells the file from another one that took its place; 0 where the file system does not say
+    std::optional<qlonglong> loadedAt_;  // the change counter
 };
 
 /// Opens, loads and closes.

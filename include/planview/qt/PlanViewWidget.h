@@ -15,6 +15,8 @@
 
 Q_DECLARE_METATYPE(planview::ObjectRef)
 
+class QLineEdit;
+
 namespace planview {
 
 /// Pieces of the desktop that a host or a test puts in the place of our own; null ones stay ours. The objects must
@@ -71,7 +73,7 @@ public:
     /// `scale` is the picture's device pixel ratio.
     [[nodiscard]] QImage renderToImage(QSize size, qreal scale = 1.0);
 
-    // --- Commands for the host's own menus; each first ends an entry that is open
+    // --- Commands for the host's own menus; while an entry is open, those that it knows are about its text
 
     [[nodiscard]] bool canUndo() const;
     [[nodiscard]] bool canRedo() const;
@@ -219,8 +221,7 @@ private:
     auto call(Member&& member);
     void applyTheme();
     void focusMoved(QWidget* from, QWidget* to);
-    template <class Command>
-    void runCommand(Command&& command);
+    void runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&));
 
     std::unique_ptr<State> state_;
 };

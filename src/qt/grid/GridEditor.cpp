@@ -96,7 +96,7 @@ bool GridEditor::hasFocus() const {
     return line_ && line_->hasFocus();
 }
 
-QWidget* GridEditor::line() const {
+QLineEdit* GridEditor::line() const {
     return line_;
 }
 

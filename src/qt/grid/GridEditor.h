@@ -9,6 +9,7 @@
 #include "grid/CellRules.h"
 
 class QKeyEvent;
+class QLineEdit;
 
 namespace planview {
 
@@ -38,8 +39,8 @@ public:
 
     [[nodiscard]] bool isOpen() const { return open_; }
     [[nodiscard]] bool hasFocus() const;
-    /// The text line, for tests; null while none was ever needed.
-    [[nodiscard]] QWidget* line() const;
+    /// The text line; null while none was ever needed.
+    [[nodiscard]] QLineEdit* line() const;
     /// What is shown beside the cell now; empty when nothing is.
     [[nodiscard]] QString message() const;
 

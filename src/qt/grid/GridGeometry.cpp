@@ -93,8 +93,7 @@ const GridTrack* GridAxis::find(std::int32_t id) const {
 }
 
 const GridTrack* GridAxis::header() const {
-    const bool has = !tracks_.empty() && tracks_.front().area == Area::Leading && tracks_.front().index == 0;
-    return has ? &tracks_.front() : nullptr;
+    return find(HeaderTrack);
 }
 
 int GridAxis::firstToShow(int index) const {

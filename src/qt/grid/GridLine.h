@@ -13,6 +13,7 @@ class GridLine {
 public:
     explicit GridLine(const AxisLayout& layout)
         : layout_(layout),
+          header_(layout.IndexOf(Area::Leading, HeaderTrack)),
           leading_(std::max(0, count(Area::Leading) - 1)),
           center_(count(Area::Center)),
           trailing_(count(Area::Trailing)) {}
@@ -34,8 +35,10 @@ public:
         for (const Area area : {Area::Leading, Area::Center, Area::Trailing}) {
             const int index = layout_.IndexOf(area, track);
             if (index >= 0) {
-                const int start = area == Area::Leading ? -1 : area == Area::Center ? leading_ : leading_ + center_;
-                return clamped(start + index);
+                if (area == Area::Leading) {
+                    return clamped(index < header_ ? index : index - 1);
+                }
+                return clamped((area == Area::Center ? leading_ : leading_ + center_) + index);
             }
         }
         return 0;
@@ -45,7 +48,7 @@ public:
         const auto item = [&](Area area, int index) {
             return layout_.Items(area)[static_cast<std::size_t>(index)].track;
         };
-        return place < leading_  ? item(Area::Leading, place + 1)
+        return place < leading_  ? item(Area::Leading, place < header_ ? place : place + 1)
                : inCenter(place) ? item(Area::Center, place - leading_)
                                  : item(Area::Trailing, place - leading_ - center_);
     }
@@ -55,6 +58,7 @@ private:
     [[nodiscard]] int count(Area area) const { return static_cast<int>(layout_.Items(area).size()); }
 
     const AxisLayout& layout_;
+    int header_;  // its index in the leading area
     int leading_;
     int center_;
     int trailing_;

@@ -1,13 +1,9 @@
 #include "qt/grid/GridView.h"
 
 #include <QApplication>
-#include <QHelpEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QTextDocument>
-#include <QToolTip>
-#include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -25,10 +21,8 @@ using Area = AxisLayout::Area;
 
 constexpr double SmallestScale = 0.5;
 constexpr double LargestScale = 3.0;
-constexpr double ScaleStep = 0.1;
 /// Repaints of more separate places than this are done as one.
 constexpr int MostPaintRects = 8;
-constexpr qsizetype LongestToolTip = 2000;
 
 QRect toDevicePixels(const QRect& rect, qreal ratio) {
     const int left = static_cast<int>(std::floor(rect.left() * ratio));
@@ -330,47 +324,6 @@ void GridView::ensureVisible(Cell cell) {
             scrollTo(across, first);
         }
     }
-}
-
-void GridView::wheelEvent(QWheelEvent* event) {
-    if (event->modifiers().testFlag(Qt::ControlModifier)) {
-        setTextScale(textScale_ + ScaleStep * wheel_.scaleSteps(*event));
-    } else {
-        const QPoint steps = wheel_.scrollSteps(*event);
-        scrollBy(steps.x(), steps.y());
-    }
-    event->accept();
-}
-
-// --- Tool tips
-
-bool GridView::viewportEvent(QEvent* event) {
-    if (event->type() == QEvent::ToolTip) {
-        showToolTip(*static_cast<QHelpEvent*>(event));
-        return true;
-    }
-    return QAbstractScrollArea::viewportEvent(event);
-}
-
-void GridView::showToolTip(const QHelpEvent& event) {
-    const GridHit hit = hitTest(event.pos());
-    if (hit.place == GridHit::Place::Nothing) {
-        QToolTip::hideText();
-        return;
-    }
-    const Cell cell = geometry().cell(hit.horizontal, hit.vertical);
-    QStringList lines;
-    GridPainter painter({grid_, geometry(), *theme_, fonts(), bitmaps_, pending_, true});
-    if (painter.isCut(cell)) {
-        lines << QString::fromStdString(grid_.DisplayText(cell)).left(LongestToolTip);
-    }
-    const QString tip = QString::fromStdString(grid_.Tooltip(cell)).left(LongestToolTip);
-    if (!tip.isEmpty() && !lines.contains(tip)) {
-        lines << tip;
-    }
-    // Not plain, because the tip might look like markup and because only rich text is wrapped.
-    const QString text = lines.isEmpty() ? QString() : Qt::convertFromPlainText(lines.join(QLatin1Char('\n')));
-    QToolTip::showText(event.globalPos(), text, viewport(), cellRect(cell));
 }
 
 // --- Painting

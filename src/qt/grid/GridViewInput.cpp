@@ -1,20 +1,28 @@
-#include <QApplication>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QTextDocument>
 #include <QTimerEvent>
+#include <QToolTip>
+#include <QWheelEvent>
 #include <optional>
+#include <utility>
 
+#include "qt/grid/GridPainter.h"
 #include "qt/grid/GridView.h"
 
-// What the user does in the view: keys, typed text, focus and the mouse.
+// What the user does with the view. Before the grid is told, its owner is held: the host may delete the view from
+// inside the event that follows.
 
 namespace planview {
 
 namespace {
 
+constexpr double ScaleStep = 0.1;
 constexpr int AutoScrollMilliseconds = 60;
+constexpr qsizetype LongestToolTip = 2000;
 
 /// The codes that the grid's listener knows keys by.
 struct CommandKey {
@@ -73,6 +81,16 @@ bool isReturn(const QKeyEvent& event) {
 
 }  // namespace
 
+void GridView::wheelEvent(QWheelEvent* event) {
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        setTextScale(textScale_ + ScaleStep * wheel_.scaleSteps(*event));
+    } else {
+        const QPoint steps = wheel_.scrollSteps(*event);
+        scrollBy(steps.x(), steps.y());
+    }
+    event->accept();
+}
+
 // --- Keyboard
 
 void GridView::keyPressEvent(QKeyEvent* event) {
@@ -90,7 +108,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
         return;
     }
     if (!handleCommand(*event) && !handleGridKey(*event) && !handleTyping(*event)) {
-        QAbstractScrollArea::keyPressEvent(event);
+        event->ignore();
     }
 }
 
@@ -331,6 +349,35 @@ void GridView::timerEvent(QTimerEvent* event) {
     }
     const std::shared_ptr<void> keepGrid = owner_;
     mouse_.autoScroll();
+}
+
+bool GridView::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        showToolTip(*static_cast<QHelpEvent*>(event));
+        return true;
+    }
+    return QAbstractScrollArea::viewportEvent(event);
+}
+
+void GridView::showToolTip(const QHelpEvent& event) {
+    const GridHit hit = hitTest(event.pos());
+    if (hit.place == GridHit::Place::Nothing) {
+        QToolTip::hideText();
+        return;
+    }
+    const Cell cell = geometry().cell(hit.horizontal, hit.vertical);
+    QStringList lines;
+    GridPainter painter({grid_, geometry(), *theme_, fonts(), bitmaps_, pending_, true});
+    if (painter.isCut(cell)) {
+        lines << QString::fromStdString(grid_.DisplayText(cell)).left(LongestToolTip);
+    }
+    const QString tip = QString::fromStdString(grid_.Tooltip(cell)).left(LongestToolTip);
+    if (!tip.isEmpty() && !lines.contains(tip)) {
+        lines << tip;
+    }
+    // Not plain, because the tip might look like markup and because only rich text is wrapped.
+    const QString text = lines.isEmpty() ? QString() : Qt::convertFromPlainText(lines.join(QLatin1Char('\n')));
+    QToolTip::showText(event.globalPos(), text, viewport(), cellRect(cell));
 }
 
 }  // namespace planview

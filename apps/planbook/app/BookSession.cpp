@@ -1,0 +1,272 @@
+#include "app/BookSession.h"
+
+#include <algorithm>
+#include <chrono>
+#include <iterator>
+#include <utility>
+
+#include <planview/qt/PlanViewWidget.h>
+
+#include "app/Questions.h"
+#include "book/BookError.h"
+#include "book/CellValue.h"
+#include "book/LineCaption.h"
+
+namespace planbook {
+
+using planview::ObjectRef;
+using planview::PlanViewWidget;
+using planview::Variant;
+
+namespace {
+
+constexpr std::chrono::seconds WatchInterval{1};
+
+using Setter = short (PlanViewWidget::*)(const ObjectRef&);
+
+/// Which member takes which table.
+struct Slot {
+    BookTable table;
+    Setter set;
+};
+
+constexpr Slot Slots[] = {
+    {BookTable::GridAttr, &PlanViewWidget::PROP_Set_GRID_ATTR},
+    {BookTable::ColsIndex, &PlanViewWidget::PROP_Set_COLS_INDEX},
+    {BookTable::LineIndex, &PlanViewWidget::PROP_Set_LINE_INDEX},
+    {BookTable::Tab, &PlanViewWidget::PROP_Set_TAB},
+    {BookTable::TabOld, &PlanViewWidget::PROP_Set_TAB_OLD},
+    {BookTable::FixedCols, &PlanViewWidget::PROP_Set_FIXED_COLS},
+    {BookTable::FixedLines, &PlanViewWidget::PROP_Set_FIXED_LINES},
+    {BookTable::FixedTab, &PlanViewWidget::PROP_Set_FIXED_TAB},
+    {BookTable::CellAttr, &PlanViewWidget::PROP_Set_CELL_ATTR},
+    {BookTable::GridTree, &PlanViewWidget::PROP_Set_GRID_TREE},
+    {BookTable::MacroTree, &PlanViewWidget::PROP_Set_MACRO_TREE},
+    {BookTable::Texts, &PlanViewWidget::PROP_Set_TEXTS},
+    {BookTable::ColMenu, &PlanViewWidget::PROP_Set_COLMENU},
+    {BookTable::RowMenu, &PlanViewWidget::PROP_Set_ROWMENU},
+    {BookTable::GridMenu, &PlanViewWidget::PROP_Set_GRIDMENU},
+    {BookTable::CellMenu, &PlanViewWidget::PROP_Set_CELLMENU},
+    {BookTable::MacroRec, &PlanViewWidget::PROP_Set_MACROREC},
+};
+static_assert(std::size(Slots) == BookTableCount);
+
+/// A value as an event carries it.
+Variant toVariant(const QVariant& value) {
+    switch (value.typeId()) {
+        case QMetaType::UnknownType:
+            return {};
+        case QMetaType::Bool:
+            return value.toBool();
+        case QMetaType::Short:
+        case QMetaType::Int:
+            return static_cast<std::int32_t>(value.toInt());
+        case QMetaType::Double:
+            return value.toDouble();
+        default:
+            return value.toString().toStdString();
+    }
+}
+
+QString toText(const Variant& value) {
+    return QString::fromStdString(value.AsText());
+}
+
+}  // namespace
+
+BookSession::BookSession(PlanViewWidget& view, Questions& questions, QObject* parent)
+    : QObject(parent), view_(view), questions_(questions) {
+    connect(&view_, &PlanViewWidget::GridValueChanged, this,
+            [this](short column, const QString& /*columnKey*/, short row, const QString& /*rowKey*/,
+                   const QVariant& value) { valueChanged(column, row, value); });
+    connect(&view_, &PlanViewWidget::GridStartUpdate, this, &BookSession::tablesChanged);
+    connect(&view_, &PlanViewWidget::GridReturnKeyPressed, this, &BookSession::tablesChanged);
+    connect(&watch_, &QTimer::timeout, this, &BookSession::watch);
+    watch_.setInterval(WatchInterval);
+}
+
+BookSession::~BookSession() = default;
+
+void BookSession::open(const std::filesystem::path& file) {
+    const std::filesystem::path whole = std::filesystem::absolute(file);
+    auto store = std::make_unique<BookStore>(BookStore::Open(whole));
+    book_ = store->Load();
+    store_ = std::move(store);
+    file_ = whole;
+    snapshot_ = BookSnapshot(book_);
+    afterwards_ = Afterwards::Nothing;
+    setChangedElsewhere(false);
+    show();
+    watch_.start();
+    Q_EMIT opened();
+}
+
+void BookSession::reload() {
+    if (!isOpen()) {
+        return;
+    }
+    try {
+        open(file_);
+    } catch (const BookError& error) {
+        questions_.tellFailure(QString::fromUtf8(error.what()));
+    }
+}
+
+void BookSession::show() {
+    for (const Slot& slot : Slots) {
+        (view_.*slot.set)(book_.Share(slot.table));
+    }
+    view_.DP_Import_Attribute();
+    view_.DP_Import_Texts();
+    view_.DP_Import_MacroTree();
+    view_.DP_Import_PopupMenu();
+    view_.DP_Import_Create();
+}
+
+// --- Saving
+
+void BookSession::valueChanged(short column, short row, const QVariant& value) {
+    const CellPlace cell{row, column};
+    const Variant before = snapshot_.ValueOf(cell);
+    BookChanges changes;
+    changes.cells.push_back({cell, before, toVariant(value)});
+    changes.oldValues.push_back({cell, before});
+    commit(changes);
+}
+
+void BookSession::tablesChanged() {
+    if (!isOpen() || afterwards_ != Afterwards::Nothing) {
+        return;  // the tables hold what the file refused
+    }
+    BookChanges changes = snapshot_.ChangesIn(book_);
+    if (changes.IsEmpty() || (isReadOnly() && changes.IsViewOnly())) {
+        return;
+    }
+    commit(changes);
+}
+
+bool BookSession::commit(BookChanges& changes) {
+    if (!isOpen() || afterwards_ == Afterwards::ShowSnapshot) {
+        return false;  // what follows a failure within one action of the user fails with it
+    }
+    try {
+        for (std::vector<CellConflict> conflicts; !(conflicts = store_->Write(changes)).empty();) {
+            settle(changes, conflicts);
+        }
+    } catch (const BookError& error) {
+        afterwards(Afterwards::ShowSnapshot, QString::fromUtf8(error.what()));
+        return false;
+    }
+    snapshot_.Apply(changes);
+    watch();
+    return true;
+}
+
+void BookSession::settle(BookChanges& changes, const std::vector<CellConflict>& conflicts) {
+    std::vector<DisputedCell> cells;
+    for (const CellConflict& conflict : conflicts) {
+        cells.push_back({nameOf(conflict.cell), toText(conflict.mine), toText(conflict.theirs)});
+    }
+    busy_ = true;
+    const bool keepMine = questions_.whoseValues(cells) == Questions::Keep::Mine;
+    busy_ = false;
+    for (const CellConflict& conflict : conflicts) {
+        const auto isDisputed = [&](const auto& change) { return change.cell == conflict.cell; };
+        if (keepMine) {
+            std::find_if(changes.cells.begin(), changes.cells.end(), isDisputed)->before = conflict.theirs;
+            for (OldValue& old : changes.oldValues) {
+                old.value = isDisputed(old) ? conflict.theirs : old.value;
+            }
+        } else {
+            std::erase_if(changes.cells, isDisputed);
+            std::erase_if(changes.oldValues, isDisputed);
+            afterwards(Afterwards::Reload, {});
+        }
+    }
+}
+
+// --- Pending changes
+
+void BookSession::acceptChanges() {
+    if (isOpen() && view_.finishEditing()) {
+        endPendingChanges(BookStore::OldValues::Forget);
+    }
+}
+
+void BookSession::revertChanges() {
+    if (!isOpen() || !view_.finishEditing()) {
+        return;
+    }
+    busy_ = true;
+    const bool may = questions_.mayRevert(view_.pendingChanges());
+    busy_ = false;
+    if (may) {
+        endPendingChanges(BookStore::OldValues::PutBack);
+    }
+}
+
+void BookSession::endPendingChanges(BookStore::OldValues what) {
+    try {
+        if (!store_->EndPendingChanges(what)) {
+            reload();
+            questions_.tell("Another window has changed the book meanwhile. It has been reloaded; look at the changes, then accept or revert them.");
+        } else if (what == BookStore::OldValues::Forget) {
+            snapshot_.ForgetOldValues();
+            book_[BookTable::TabOld].Clear();
+            view_.refreshPendingChanges();
+        } else {
+            reload();
+        }
+    } catch (const BookError& error) {
+        questions_.tellFailure(QString::fromUtf8(error.what()));
+    }
+}
+
+// --- Other windows
+
+void BookSession::watch() {
+    if (isOpen() && !busy_ && !changedElsewhere_ && store_->IsChangedElsewhere()) {
+        setChangedElsewhere(true);
+    }
+}
+
+void BookSession::setChangedElsewhere(bool changed) {
+    if (changedElsewhere_ != changed) {
+        changedElsewhere_ = changed;
+        Q_EMIT changedElsewhereChanged(changed);
+    }
+}
+
+QString BookSession::nameOf(CellPlace cell) const {
+    return QString::fromStdString(CellName(book_, cell));
+}
+
+// --- What has to wait for the view
+
+void BookSession::afterwards(Afterwards what, const QString& failure) {
+    if (afterwards_ == Afterwards::Nothing) {
+        QTimer::singleShot(0, this, &BookSession::doAfterwards);
+    }
+    if (afterwards_ != Afterwards::ShowSnapshot) {
+        afterwards_ = what;
+        failure_ = failure;
+    }
+}
+
+void BookSession::doAfterwards() {
+    const Afterwards what = std::exchange(afterwards_, Afterwards::Nothing);
+    if (what == Afterwards::Reload) {
+        reload();
+    } else if (what == Afterwards::ShowSnapshot) {
+        snapshot_.PutInto(book_);
+        rebuild();
+        questions_.tellFailure(failure_ + "\n\nNothing was saved; the table shows again what the book holds.");
+    }
+}
+
+void BookSession::rebuild() {
+    view_.DP_Import_Attribute();
+    view_.DP_Import_Update();
+}
+
+}  // namespace planbook

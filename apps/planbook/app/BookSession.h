@@ -1,0 +1,90 @@
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <QVariant>
+#include <filesystem>
+#include <memory>
+
+#include "book/Book.h"
+#include "book/BookSnapshot.h"
+#include "book/BookStore.h"
+#include "book/BookWriter.h"
+
+namespace planview {
+class PlanViewWidget;
+}
+
+namespace planbook {
+
+class Questions;
+
+/// One open book and the view that shows it.
+///
+/// What the view announces is in the file before the announcement's handler returns, in one transaction. When that
+/// fails the tables go back to what the file holds and the view is built anew, after the view has ended what it is
+/// doing: the view itself writes the tables only after the announcement.
+class BookSession : public QObject {
+    Q_OBJECT
+
+public:
+    BookSession(planview::PlanViewWidget& view, Questions& questions, QObject* parent = nullptr);
+    ~BookSession() override;
+
+    /// Throws BookError; the book that was open stays open then.
+    void open(const std::filesystem::path& file);
+    /// Reads the book again; tells the user when that fails.
+    void reload();
+
+    [[nodiscard]] bool isOpen() const { return store_ != nullptr; }
+    [[nodiscard]] bool isReadOnly() const { return store_ && store_->IsReadOnly(); }
+    [[nodiscard]] bool isChangedElsewhere() const { return changedElsewhere_; }
+    [[nodiscard]] const std::filesystem::path& file() const { return file_; }
+    /// Its tables are those that the view shows.
+    [[nodiscard]] const Book& book() const { return book_; }
+
+    void acceptChanges();
+    /// Asks first.
+    void revertChanges();
+
+    /// Looks whether another window has changed the book; also done once a second.
+    void watch();
+
+Q_SIGNALS:
+    void opened();
+    /// Another window has changed the book, or the book has been read again since.
+    void changedElsewhereChanged(bool changed);
+
+private:
+    void valueChanged(short column, short row, const QVariant& value);
+    void tablesChanged();
+    /// False when the changes could not be written; the failure is then dealt with.
+    bool commit(BookChanges& changes);
+    /// Settles a dispute in `changes`; those that give way are taken out.
+    void settle(BookChanges& changes, const std::vector<CellConflict>& conflicts);
+    void endPendingChanges(BookStore::OldValues what);
+
+    enum class Afterwards { Nothing, ShowSnapshot, Reload };
+    /// Has it done when the view has ended what it is doing.
+    void afterwards(Afterwards what, const QString& failure);
+    void doAfterwards();
+
+    void show();
+    void rebuild();
+    void setChangedElsewhere(bool changed);
+    [[nodiscard]] QString nameOf(CellPlace cell) const;
+
+    planview::PlanViewWidget& view_;
+    Questions& questions_;
+    std::filesystem::path file_;
+    std::unique_ptr<BookStore> store_;
+    Book book_;
+    BookSnapshot snapshot_;  // what the file held when this window last read or wrote it
+    QTimer watch_;
+    bool changedElsewhere_ = false;
+    bool busy_ = false;  // while the user is being asked
+    Afterwards afterwards_ = Afterwards::Nothing;
+    QString failure_;
+};
+
+}  // namespace planbook

@@ -1,0 +1,71 @@
+#include "app/Questions.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStringList>
+
+namespace planbook {
+
+namespace {
+
+constexpr std::size_t CellsInText = 8;
+
+QString shown(const QString& value) {
+    return value.isEmpty() ? QStringLiteral("(empty)") : value;
+}
+
+QStringList linesOf(const std::vector<DisputedCell>& cells) {
+    QStringList lines;
+    for (const DisputedCell& cell : cells) {
+        lines << QString("%1: yours %2, theirs %3").arg(cell.name, shown(cell.mine), shown(cell.theirs));
+    }
+    return lines;
+}
+
+}  // namespace
+
+QString counted(int count, const QString& what) {
+    return QString("%1 %2%3").arg(count).arg(what, count == 1 ? "" : "s");
+}
+
+void QuestionWindows::tellFailure(const QString& text) {
+    QMessageBox::warning(parent_, "planbook", text);
+}
+
+void QuestionWindows::tell(const QString& text) {
+    QMessageBox::information(parent_, "planbook", text);
+}
+
+bool QuestionWindows::mayRevert(int changes) {
+    QMessageBox box(QMessageBox::Question, "planbook",
+                    QString("Revert %1?\nThe old values come back, this cannot be undone.")
+                        .arg(counted(changes, "pending change")),
+                    QMessageBox::Cancel, parent_);
+    const QPushButton* revert = box.addButton("Revert", QMessageBox::DestructiveRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == revert;
+}
+
+Questions::Keep QuestionWindows::whoseValues(const std::vector<DisputedCell>& cells) {
+    const QStringList lines = linesOf(cells);
+    QMessageBox box(parent_);
+    box.setIcon(QMessageBox::Question);
+    box.setWindowTitle("planbook");
+    box.setText(cells.size() == 1 ? QString("Another window has changed this cell too.")
+                                  : QString("Another window has changed %1 of these cells too.").arg(cells.size()));
+    QString text = lines.mid(0, CellsInText).join('\n');
+    if (cells.size() > CellsInText) {
+        text += QString("\nand %1 more").arg(cells.size() - CellsInText);
+        box.setDetailedText(lines.join('\n'));
+    }
+    box.setInformativeText(text);
+    const QPushButton* mine = box.addButton("Keep mine", QMessageBox::AcceptRole);
+    QPushButton* theirs = box.addButton("Take theirs", QMessageBox::RejectRole);
+    box.setEscapeButton(theirs);
+    box.setDefaultButton(theirs);
+    box.exec();
+    return box.clickedButton() == mine ? Keep::Mine : Keep::Theirs;
+}
+
+}  // namespace planbook

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QString>
+#include <vector>
+
+class QWidget;
+
+namespace planbook {
+
+/// A cell with two new values, as the user sees it.
+struct DisputedCell {
+    QString name;
+    QString mine;
+    QString theirs;
+};
+
+/// What planbook tells and asks the user. A test answers in the user's place.
+class Questions {
+public:
+    enum class Keep { Mine, Theirs };
+
+    virtual ~Questions() = default;
+    /// Something could not be done; the text says what and what now.
+    virtual void tellFailure(const QString& text) = 0;
+    virtual void tell(const QString& text) = 0;
+    [[nodiscard]] virtual bool mayRevert(int changes) = 0;
+    /// Whose values the cells get. Theirs are in the book.
+    [[nodiscard]] virtual Keep whoseValues(const std::vector<DisputedCell>& cells) = 0;
+};
+
+/// Asks in windows.
+class QuestionWindows final : public Questions {
+public:
+    explicit QuestionWindows(QWidget* parent) : parent_(parent) {}
+
+    void tellFailure(const QString& text) override;
+    void tell(const QString& text) override;
+    [[nodiscard]] bool mayRevert(int changes) override;
+    [[nodiscard]] Keep whoseValues(const std::vector<DisputedCell>& cells) override;
+
+private:
+    QWidget* parent_;
+};
+
+/// "1 change", "3 changes".
+[[nodiscard]] QString counted(int count, const QString& what);
+
+}  // namespace planbook

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <vector>
+
+#include "book/BookConnection.h"
+#include "book/BookSnapshot.h"
+
+namespace planbook {
+
+/// A cell that somebody else has changed since this window last read it, so that writing it would lose their value.
+struct CellConflict {
+    CellPlace cell;
+    planview::Variant mine;
+    planview::Variant theirs;
+};
+
+/// Writes the changes in one transaction, or nothing when there are conflicts. Throws BookError; then nothing was
+/// written either.
+[[nodiscard]] std::vector<CellConflict> WriteChanges(const BookConnection& connection, const BookChanges& changes);
+
+// Those below are parts of a transaction of the caller's.
+
+/// Gives a table exactly these rows; columns that the schema does not know keep their values in the rows that stay.
+void WriteRows(const BookConnection& connection, const TableDescription& table, const BookRows& rows);
+
+/// Empties TAB_OLD.
+void ForgetOldValues(const BookConnection& connection);
+
+/// Gives the cells of TAB_OLD their values back and empties it.
+void PutOldValuesBack(const BookConnection& connection);
+
+}  // namespace planbook
