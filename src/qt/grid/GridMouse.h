@@ -46,6 +46,9 @@ private:
     GridView& view_;
     Doing doing_ = Doing::Nothing;
     Resizing resizing_;
+    // Whether what is dragged was taken hold of in the centre, which then scrolls along.
+    bool scrollsAcross_ = false;
+    bool scrollsDown_ = false;
     QPoint last_;
 };
 

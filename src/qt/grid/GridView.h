@@ -62,7 +62,7 @@ public:
     /// Calls timerEvent() regularly while the mouse drags beyond the cells.
     void setAutoScroll(bool on);
 
-    /// The grid as it is now, in another size.
+    /// The grid as it is now in another size, with the focus.
     [[nodiscard]] QImage renderToImage(QSize size, qreal scale);
 
 Q_SIGNALS:
@@ -96,7 +96,7 @@ private:
     [[nodiscard]] GridGeometry geometryFor(QSize devicePixels, double unit) const;
     [[nodiscard]] int labelWidth() const;
     [[nodiscard]] GridFonts& fonts();
-    void paintGrid(QPainter& painter, const GridGeometry& geometry, GridFonts& fonts, const QRect& clip);
+    void paintGrid(QPainter& painter, const QRect& clip);
     void handleKey(const GridKey& key);
     void move(GridMove move, SelectionMode mode);
     void showToolTip(const QHelpEvent& event);
