@@ -303,12 +303,18 @@ void GridView::paintEvent(QPaintEvent* event) {
 }
 
 void GridView::paintGrid(QPainter& painter, const QRect& clip) {
-    GridPainter({grid_, geometry_, *theme_, fonts(), bitmaps_, hasFocus()}).paint(painter, clip);
+    GridPainter({grid_, geometry_, *theme_, fonts(), bitmaps_, showsFocus()}).paint(painter, clip);
     if (hasFocus() && !grid_.CurrentCell()) {
         // Nothing else would show where the focus is.
         painter.setPen(QColor::fromRgb(theme_->accent));
         painter.drawRect(0, 0, geometry_.horizontal.extent() - 1, geometry_.vertical.extent() - 1);
     }
+}
+
+/// Another widget of its window has to have the focus before the grid steps back; a window in the background, or one that
+/// is only painted, shows what has the focus in it.
+bool GridView::showsFocus() const {
+    return hasFocus() || (!isActiveWindow() && window()->focusWidget() == this);
 }
 
 QImage GridView::renderToImage(QSize size, qreal scale) {

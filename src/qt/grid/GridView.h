@@ -96,6 +96,7 @@ private:
     [[nodiscard]] GridGeometry geometryFor(QSize devicePixels, double unit) const;
     [[nodiscard]] int labelWidth() const;
     [[nodiscard]] GridFonts& fonts();
+    [[nodiscard]] bool showsFocus() const;
     void paintGrid(QPainter& painter, const QRect& clip);
     void handleKey(const GridKey& key);
     void move(GridMove move, SelectionMode mode);
