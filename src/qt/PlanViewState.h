@@ -7,6 +7,7 @@
 #include "qt/SignalSink.h"
 #include "qt/StatusInfo.h"
 #include "qt/grid/GridView.h"
+#include "qt/panes/PaneHost.h"
 #include "qt/platform/QtClipboard.h"
 #include "qt/platform/QtForms.h"
 #include "qt/platform/QtMessageBoxes.h"
@@ -28,7 +29,8 @@ struct PlanViewCore {
 
 struct PlanViewWidget::State {
     std::shared_ptr<PlanViewCore> core;
-    GridView* grid = nullptr;      // children of the widget
+    PaneHost* panes = nullptr;  // children of the widget
+    GridView* grid = nullptr;
     StatusInfo* status = nullptr;
     ColorScheme colorScheme = ColorScheme::System;
     bool hasFocus = false;

@@ -47,10 +47,11 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
     : QWidget(parent), state_(std::make_unique<State>()) {
     qRegisterMetaType<ObjectRef>("planview::ObjectRef");
     state_->core = std::make_shared<PlanViewCore>(*this, platform);
-    state_->grid = new GridView(state_->core->view.Grid(), state_->core, this);
+    state_->grid = new GridView(state_->core->view.Grid(), state_->core);
+    state_->panes = new PaneHost(state_->core->view.Panes(), state_->grid, this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(state_->grid);
+    layout->addWidget(state_->panes);
     setFocusProxy(state_->grid);
     state_->status = new StatusInfo(*this, state_->core->view, *state_->grid);
     state_->grid->setHistory({[this] { undo(); }, [this] { redo(); }});
@@ -65,7 +66,7 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
 PlanViewWidget::~PlanViewWidget() {
     disconnect(qApp, nullptr, this, nullptr);
     delete state_->status;
-    delete state_->grid;
+    delete state_->panes;
     // The control itself may have to wait for a member that is being called; its work ends here.
     state_->core->view.RemoveSink(state_->core->sink);
     state_->core->view.Terminate();
@@ -93,13 +94,13 @@ void PlanViewWidget::setColorScheme(ColorScheme scheme) {
 void PlanViewWidget::applyTheme() {
     switch (state_->colorScheme) {
         case ColorScheme::System:
-            state_->grid->setTheme(GridTheme::forPalette(palette()));
+            state_->panes->setTheme(GridTheme::forPalette(palette()));
             break;
         case ColorScheme::Light:
-            state_->grid->setTheme(GridTheme::light());
+            state_->panes->setTheme(GridTheme::light());
             break;
         case ColorScheme::Dark:
-            state_->grid->setTheme(GridTheme::darkTheme());
+            state_->panes->setTheme(GridTheme::darkTheme());
             break;
     }
 }
@@ -121,7 +122,7 @@ void PlanViewWidget::registerBitmap(const QString& name, const QIcon& icon) {
 
 QImage PlanViewWidget::renderToImage(QSize size, qreal scale) {
     state_->status->update();
-    return state_->grid->renderToImage(size, scale);
+    return state_->panes->renderToImage(size, scale);
 }
 
 QSize PlanViewWidget::sizeHint() const {
@@ -188,6 +189,27 @@ void PlanViewWidget::deleteContents() {
 
 bool PlanViewWidget::finishEditing() {
     return state_->grid->finishEditing();
+}
+
+bool PlanViewWidget::selectCell(const QString& column, const QString& row) {
+    const std::shared_ptr<PlanViewCore> core = state_->core;
+    const QPointer<PlanViewWidget> self(this);
+    if (!finishEditing() || !self) {
+        return false;
+    }
+    GridControl& grid = core->view.Grid();
+    const std::string columnKey = column.toStdString();
+    const std::string rowKey = row.toStdString();
+    const std::optional<Cell> cell = grid.FindCell({columnKey, rowKey});
+    if (!cell) {
+        return false;
+    }
+    const bool selected = grid.SelectCell(*cell, SelectionMode::Replace) == GridStatus::Ok;
+    if (selected && self) {
+        state_->grid->ensureVisible(*cell);
+        state_->status->gridChanged();
+    }
+    return selected;
 }
 
 // --- Status

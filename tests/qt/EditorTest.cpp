@@ -255,10 +255,17 @@ private slots:
 
     void theTraceWindowOpensOnlyAfterItsKeyWasArmed() {
         Screen screen;
+        const auto shown = [&screen] {
+            const std::vector<std::string>& calls = screen.platform.formCalls;
+            return std::count(calls.begin(), calls.end(), "show frmTrace");
+        };
+        screen.widget->plv_EnableTrace();
         Screen::press(QStringLiteral("<Ctrl+D>"));
-        QVERIFY(screen.platform.formCalls.empty());
+        QCOMPARE(shown(), 0);
         Screen::press(QStringLiteral("<Ctrl+Alt+D><Ctrl+D>"));
-        QVERIFY(!screen.platform.formCalls.empty());
+        QCOMPARE(shown(), 1);
+        screen.platform.answer = MessageAnswer::No;
+        screen.widget->plv_DisableTrace();
     }
 
     void commandsOfTheHostsMenus() {

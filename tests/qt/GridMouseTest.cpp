@@ -109,6 +109,17 @@ private slots:
         QVERIFY(screen.grid().FirstRow() == stopped);
     }
 
+    /// The fixed row stands above the headings; what is dragged along it must not reach down into the scrolled centre.
+    void draggingAlongAFixedRowStaysThere() {
+        Screen screen;
+        screen.view().scrollBy(0, 5);
+        drag(screen.port(), screen.middle(screen.cell("COL2", "FTR1")), screen.middle(screen.cell("COL4", "FTR1")));
+        QVERIFY(screen.isSelected("COL3", "FTR1") && !screen.isSelected("COL3", "ROW6"));
+        QCOMPARE(firstRow(screen), std::string("ROW6"));
+        drag(screen.port(), screen.middle(screen.cell("COL2", "ROW7")), screen.middle(screen.cell("COL2", "FTR0")));
+        QVERIFY(screen.isSelected("COL2", "ROW6") && !screen.isSelected("COL2", "FTR1"));
+    }
+
     void bordersResize_data() {
         QTest::addColumn<bool>("switched");
         QTest::addColumn<QString>("column");

@@ -240,6 +240,31 @@ private slots:
         QVERIFY(!boxes.widget);
     }
 
+    /// Deleting the widget ends the grid, which has told of the selection and is still on its way back.
+    void deletedByAnInputToItsGrid() {
+        class Deleting final : public ReportLog {
+        public:
+            QPointer<PlanViewWidget> widget;
+            void SelectionChanged(const CellKey&, bool) override { delete widget; }
+        } listener;
+        for (const bool byKey : {false, true}) {
+            listener.widget = new PlanViewWidget;
+            listener.widget->resize(500, 300);
+            listener.widget->show();
+            build(*listener.widget, smallTables());
+            auto* view = listener.widget->findChild<GridView*>();
+            GridControl& grid = listener.widget->control().Grid();
+            const QPoint place = view->cellRect(*grid.FindCell({"COL2", "ROW1"})).center();
+            grid.SetEvents(&listener);
+            if (byKey) {
+                QTest::keyPress(view, Qt::Key_Right);
+            } else {
+                QTest::mousePress(view->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+            }
+            QVERIFY(!listener.widget);
+        }
+    }
+
     void focusAndSizeReachTheControl() {
         test::ScriptedPlatform platform;
         QWidget window;

@@ -87,6 +87,9 @@ public:
     Q_INVOKABLE void deleteContents();
     /// Ends an entry that is open. False when its text is refused; it then stays open. Ask before closing or saving.
     Q_INVOKABLE bool finishEditing();
+    /// Ends an entry that is open, then makes the cell with these keys the current one, selects it alone and scrolls it
+    /// into sight. False when the entry is refused, or when there is no such cell or it is hidden.
+    Q_INVOKABLE bool selectCell(const QString& column, const QString& row);
 
     // --- For the host's status bar
 

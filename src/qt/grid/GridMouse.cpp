@@ -37,8 +37,14 @@ int sizeOf(const AxisLayout& layout, std::int32_t track) {
 
 /// The nearest position that has a cell and no heading.
 int clampToCells(const GridAxis& axis, int position) {
-    const int first = axis.header() ? axis.header()->end : 0;
-    return std::clamp(position, first, std::max(first, axis.contentEnd() - 1));
+    const GridTrack* header = axis.header();
+    const int inside = std::clamp(position, 0, std::max(0, axis.contentEnd() - 1));
+    return header && inside >= header->start && inside < header->end ? header->end : inside;
+}
+
+int clampToCenter(const GridAxis& axis, int position) {
+    const GridBand center = axis.band(Area::Center);
+    return std::clamp(position, center.start, std::max(center.start, center.end - 1));
 }
 
 /// -1 or 1 where the position lies beyond the centre on a side that it can be scrolled to.
@@ -48,6 +54,10 @@ int directionBeyond(const GridAxis& axis, int position) {
         return -1;
     }
     return position >= center.end && axis.first() < axis.maxFirst() ? 1 : 0;
+}
+
+bool isInCenter(const GridAxis& axis, std::int32_t track) {
+    return axis.layout().IndexOf(Area::Center, track) >= 0;
 }
 
 /// Selects the column or row that a track of the axis shows.
@@ -85,6 +95,9 @@ void GridMouse::press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifier
                  : hit.place == Place::LeftHeading ? Doing::LeftHeadings
                  : hit.place == Place::Cell        ? Doing::Cells
                                                    : Doing::Nothing;
+        const GridGeometry& geometry = view_.geometry();
+        scrollsAcross_ = doing_ != Doing::LeftHeadings && isInCenter(geometry.horizontal, hit.horizontal);
+        scrollsDown_ = doing_ != Doing::TopHeadings && isInCenter(geometry.vertical, hit.vertical);
         if (doing_ != Doing::Nothing && modeFor(modifiers) == SelectionMode::Replace) {
             clicked_ = view_.geometry().cell(hit.horizontal, hit.vertical);
         }
@@ -190,8 +203,12 @@ void GridMouse::resizeTo(QPoint point) {
 void GridMouse::extendTo(QPoint point) {
     const GridGeometry& geometry = view_.geometry();
     const QPoint device = view_.toDevice(point);
-    const GridTrack* h = geometry.horizontal.at(clampToCells(geometry.horizontal, device.x()));
-    const GridTrack* v = geometry.vertical.at(clampToCells(geometry.vertical, device.y()));
+    const QPoint beyond = scrollDirection(point);
+    const auto trackNear = [](const GridAxis& axis, int position, bool scrolls) {
+        return axis.at(scrolls ? clampToCenter(axis, position) : clampToCells(axis, position));
+    };
+    const GridTrack* h = trackNear(geometry.horizontal, device.x(), beyond.x() != 0);
+    const GridTrack* v = trackNear(geometry.vertical, device.y(), beyond.y() != 0);
     switch (doing_) {
         case Doing::TopHeadings:
             if (h) {
@@ -237,9 +254,8 @@ bool GridMouse::cancel() {
 QPoint GridMouse::scrollDirection(QPoint point) const {
     const GridGeometry& geometry = view_.geometry();
     const QPoint device = view_.toDevice(point);
-    const int x = doing_ == Doing::LeftHeadings ? 0 : directionBeyond(geometry.horizontal, device.x());
-    const int y = doing_ == Doing::TopHeadings ? 0 : directionBeyond(geometry.vertical, device.y());
-    return {x, y};
+    return {scrollsAcross_ ? directionBeyond(geometry.horizontal, device.x()) : 0,
+            scrollsDown_ ? directionBeyond(geometry.vertical, device.y()) : 0};
 }
 
 void GridMouse::autoScroll() {

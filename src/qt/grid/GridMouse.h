@@ -49,6 +49,9 @@ private:
     GridView& view_;
     Doing doing_ = Doing::Nothing;
     Resizing resizing_;
+    // Whether what is dragged was taken hold of in the centre, which then scrolls along.
+    bool scrollsAcross_ = false;
+    bool scrollsDown_ = false;
     QPoint last_;
     /// The cell or heading of a press that may become a simple click.
     std::optional<Cell> clicked_;

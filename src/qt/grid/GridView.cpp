@@ -69,7 +69,8 @@ void GridView::setTheme(const GridTheme& theme) {
 }
 
 void GridView::setTextScale(double scale) {
-    const double clamped = std::clamp(scale, SmallestScale, LargestScale);
+    constexpr double Percent = 100.0;  // many small steps must lead back to 1
+    const double clamped = std::clamp(std::round(scale * Percent) / Percent, SmallestScale, LargestScale);
     if (clamped == textScale_) {
         return;
     }
@@ -329,28 +330,33 @@ void GridView::ensureVisible(Cell cell) {
 // --- Painting
 
 void GridView::paintEvent(QPaintEvent* event) {
-    const GridGeometry& now = geometry();
+    static_cast<void>(geometry());
     const qreal ratio = devicePixelRatioF();
     QPainter painter(viewport());
     painter.scale(1 / ratio, 1 / ratio);
     const QRegion& region = event->region();
     if (region.rectCount() > MostPaintRects) {
-        paintGrid(painter, now, fonts(), toDevicePixels(region.boundingRect(), ratio));
+        paintGrid(painter, toDevicePixels(region.boundingRect(), ratio));
         return;
     }
     for (const QRect& rect : region) {
-        paintGrid(painter, now, fonts(), toDevicePixels(rect, ratio));
+        paintGrid(painter, toDevicePixels(rect, ratio));
     }
 }
 
-void GridView::paintGrid(QPainter& painter, const GridGeometry& geometry, GridFonts& fonts, const QRect& clip) {
-    GridPainter grid({grid_, geometry, *theme_, fonts, bitmaps_, pending_, hasGridFocus()});
-    grid.paint(painter, clip);
+void GridView::paintGrid(QPainter& painter, const QRect& clip) {
+    GridPainter({grid_, geometry_, *theme_, fonts(), bitmaps_, pending_, showsFocus()}).paint(painter, clip);
     if (hasGridFocus() && !grid_.CurrentCell()) {
         // Nothing else would show where the focus is.
         painter.setPen(QColor::fromRgb(theme_->accent));
-        painter.drawRect(0, 0, geometry.horizontal.extent() - 1, geometry.vertical.extent() - 1);
+        painter.drawRect(0, 0, geometry_.horizontal.extent() - 1, geometry_.vertical.extent() - 1);
     }
+}
+
+/// Another widget of its window has to have the focus before the grid steps back; a window in the background, or one that
+/// is only painted, shows what has the focus in it.
+bool GridView::showsFocus() const {
+    return hasGridFocus() || (!isActiveWindow() && window()->focusWidget() == this);
 }
 
 QImage GridView::renderToImage(QSize size, qreal scale) {
@@ -363,7 +369,7 @@ QImage GridView::renderToImage(QSize size, qreal scale) {
     image.fill(QColor::fromRgb(theme_->panel));
     {
         QPainter painter(&image);
-        paintGrid(painter, picture, pictureFonts, image.rect());
+        GridPainter({grid_, picture, *theme_, pictureFonts, bitmaps_, pending_, true}).paint(painter, image.rect());
     }
     image.setDevicePixelRatio(scale);
     return image;

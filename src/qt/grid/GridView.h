@@ -91,7 +91,7 @@ public:
     /// Calls timerEvent() regularly while the mouse drags beyond the cells.
     void setAutoScroll(bool on);
 
-    /// The grid as it is now, in another size.
+    /// The grid as it is now in another size, with the focus.
     [[nodiscard]] QImage renderToImage(QSize size, qreal scale);
 
 Q_SIGNALS:
@@ -130,7 +130,8 @@ private:
     [[nodiscard]] GridGeometry geometryFor(QSize devicePixels, double unit) const;
     [[nodiscard]] int labelWidth() const;
     [[nodiscard]] GridFonts& fonts();
-    void paintGrid(QPainter& painter, const GridGeometry& geometry, GridFonts& fonts, const QRect& clip);
+    [[nodiscard]] bool showsFocus() const;
+    void paintGrid(QPainter& painter, const QRect& clip);
     bool handleCommand(const QKeyEvent& event);
     bool handleGridKey(const QKeyEvent& event);
     bool handleTyping(QKeyEvent& event);

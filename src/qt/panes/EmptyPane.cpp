@@ -1,0 +1,49 @@
+#include "qt/panes/EmptyPane.h"
+
+#include <QPainter>
+
+#include "qt/grid/GridFonts.h"
+
+namespace planview {
+
+namespace {
+
+constexpr int HeadingLeft = 12;
+constexpr int HeadingTop = 8;
+constexpr QSize SmallestSize(40, 28);
+
+}  // namespace
+
+EmptyPane::EmptyPane(const QString& heading, Ground ground, QWidget* parent)
+    : QWidget(parent), heading_(heading), ground_(ground) {
+    setAccessibleName(heading);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void EmptyPane::setTheme(const GridTheme& theme) {
+    theme_ = &theme;
+    update();
+}
+
+void EmptyPane::paintOn(QPainter& painter, const QRect& rect) const {
+    painter.fillRect(rect, QColor::fromRgb(ground_ == Ground::Panel ? theme_->panel : theme_->base));
+    QFont heading = font();
+    heading.setPixelSize(BaseTextPixels);
+    heading.setBold(true);
+    painter.setFont(heading);
+    painter.setPen(QColor::fromRgb(theme_->muted));
+    const QRect place = rect.adjusted(HeadingLeft, HeadingTop, -HeadingLeft, 0);
+    const QString fitting = QFontMetrics(heading).elidedText(heading_, Qt::ElideRight, place.width());
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, fitting);
+}
+
+QSize EmptyPane::minimumSizeHint() const {
+    return SmallestSize;
+}
+
+void EmptyPane::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    paintOn(painter, rect());
+}
+
+}  // namespace planview

@@ -1,0 +1,105 @@
+#include "qt/panes/PaneHost.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "qt/grid/GridView.h"
+#include "qt/panes/EmptyPane.h"
+#include "qt/panes/PaneSplitter.h"
+
+namespace planview {
+
+namespace {
+
+using Ground = EmptyPane::Ground;
+
+constexpr std::size_t indexOf(Splitter splitter) {
+    return static_cast<std::size_t>(splitter);
+}
+
+}  // namespace
+
+PaneHost::PaneHost(PaneLayout& layout, GridView* grid, QWidget* parent)
+    : QWidget(parent), layout_(layout), gridView_(grid) {
+    EmptyPane* tree = addPane("TreePane", new EmptyPane(tr("Macros"), Ground::Panel));
+    EmptyPane* list = addPane("MacroPane", new EmptyPane(tr("Macro"), Ground::Panel));
+    EmptyPane* operands = addPane("OperandPane", new EmptyPane(tr("Operands"), Ground::Panel));
+    chart_ = addPane("ChartPane", new EmptyPane(tr("Chart"), Ground::Base));
+    PaneSplitter* macro = addSplitter(Splitter::MacroSplit, "MacroSplit", Qt::Horizontal, list, operands);
+    PaneSplitter* left = addSplitter(Splitter::TreeSplit, "TreeSplit", Qt::Vertical, tree, macro);
+    PaneSplitter* right = addSplitter(Splitter::GridSplit, "GridSplit", Qt::Vertical, grid, chart_);
+    PaneSplitter* all = addSplitter(Splitter::CtrlSplit, "CtrlSplit", Qt::Horizontal, left, right);
+
+    auto* only = new QVBoxLayout(this);
+    only->setContentsMargins(0, 0, 0, 0);
+    only->addWidget(all);
+    layout_.SetWatcher(this);
+    PanesChanged();
+}
+
+PaneHost::~PaneHost() {
+    layout_.SetWatcher(nullptr);
+}
+
+EmptyPane* PaneHost::addPane(const char* name, EmptyPane* pane) {
+    pane->setObjectName(QLatin1String(name));
+    empty_.push_back(pane);
+    return pane;
+}
+
+PaneSplitter* PaneHost::addSplitter(Splitter which, const char* name, Qt::Orientation orientation, QWidget* first,
+                                    QWidget* second) {
+    auto* splitter = new PaneSplitter(which, orientation, layout_);
+    splitter->setObjectName(QLatin1String(name));
+    splitter->addWidget(first);
+    splitter->addWidget(second);
+    splitters_[indexOf(which)] = splitter;
+    return splitter;
+}
+
+void PaneHost::setTheme(const GridTheme& theme) {
+    gridView_->setTheme(theme);
+    for (EmptyPane* pane : empty_) {
+        pane->setTheme(theme);
+    }
+    for (PaneSplitter* splitter : splitters_) {
+        splitter->setTheme(theme);
+    }
+}
+
+void PaneHost::PanesChanged() {
+    splitters_[indexOf(Splitter::TreeSplit)]->setVisible(layout_.TreePaneVisible());
+    chart_->setVisible(layout_.ChartPaneVisible());
+    for (PaneSplitter* splitter : splitters_) {
+        splitter->follow();
+    }
+}
+
+QImage PaneHost::renderToImage(QSize size, qreal scale) const {
+    QImage image((QSizeF(size) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
+    QPainter painter(&image);
+    paintPane(painter, splitters_[indexOf(Splitter::CtrlSplit)], QRect(QPoint(0, 0), size), scale);
+    return image;
+}
+
+void PaneHost::paintPane(QPainter& painter, QWidget* pane, const QRect& rect, qreal scale) const {
+    if (rect.isEmpty()) {
+        return;
+    }
+    if (pane == gridView_) {
+        painter.drawImage(rect.topLeft(), gridView_->renderToImage(rect.size(), scale));
+    } else if (const auto* empty = dynamic_cast<const EmptyPane*>(pane)) {
+        empty->paintOn(painter, rect);
+    } else if (const auto* splitter = qobject_cast<const PaneSplitter*>(pane)) {
+        const PaneSplitter::Places places = splitter->placesIn(rect);
+        for (int i = 0; i < splitter->count(); ++i) {
+            paintPane(painter, splitter->widget(i), places.panes[static_cast<std::size_t>(i)], scale);
+        }
+        if (!places.handle.isEmpty()) {
+            splitter->paintHandle(painter, places.handle, false);
+        }
+    }
+}
+
+}  // namespace planview

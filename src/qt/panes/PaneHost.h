@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+#include <array>
+#include <vector>
+
+#include "layout/PaneLayout.h"
+#include "qt/grid/GridTheme.h"
+
+namespace planview {
+
+class EmptyPane;
+class GridView;
+class PaneSplitter;
+
+/// Holds the control's panes and shows those that the layout says.
+class PaneHost final : public QWidget, private PaneWatcher {
+    Q_OBJECT
+
+public:
+    /// Takes the grid's view.
+    PaneHost(PaneLayout& layout, GridView* grid, QWidget* parent = nullptr);
+    ~PaneHost() override;
+
+    void setTheme(const GridTheme& theme);
+    /// All visible panes in another size in logical pixels; works without being shown.
+    [[nodiscard]] QImage renderToImage(QSize size, qreal scale) const;
+
+private:
+    void PanesChanged() override;
+    void paintPane(QPainter& painter, QWidget* pane, const QRect& rect, qreal scale) const;
+    PaneSplitter* addSplitter(Splitter which, const char* name, Qt::Orientation orientation, QWidget* first,
+                              QWidget* second);
+    EmptyPane* addPane(const char* name, EmptyPane* pane);
+
+    PaneLayout& layout_;
+    GridView* gridView_;
+    std::vector<EmptyPane*> empty_;
+    std::array<PaneSplitter*, SplitterCount> splitters_{};
+    QWidget* chart_ = nullptr;
+};
+
+}  // namespace planview

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QSplitter>
+#include <array>
+
+#include "layout/PaneLayout.h"
+#include "qt/grid/GridTheme.h"
+
+namespace planview {
+
+/// One of the control's splitters: two panes, and between them a handle while both are shown. Stands where the layout
+/// says, whatever its size is, and tells the layout where the user has moved it to.
+class PaneSplitter final : public QSplitter {
+    Q_OBJECT
+
+public:
+    static constexpr int HandleWidth = 7;
+
+    PaneSplitter(Splitter which, Qt::Orientation orientation, PaneLayout& layout);
+
+    void setTheme(const GridTheme& theme);
+    [[nodiscard]] const GridTheme& theme() const { return *theme_; }
+    /// Takes the position from the layout.
+    void follow();
+    /// The user has let the handle go.
+    void handleReleased();
+
+    /// Where the two panes and the handle between them stand within a rectangle; a pane that is not shown is empty.
+    struct Places {
+        std::array<QRect, 2> panes;
+        QRect handle;
+    };
+    [[nodiscard]] Places placesIn(const QRect& rect) const;
+    void paintHandle(QPainter& painter, const QRect& rect, bool pointedAt) const;
+
+protected:
+    QSplitterHandle* createHandle() override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    [[nodiscard]] bool bothShown() const;
+
+    Splitter which_;
+    PaneLayout& layout_;
+    const GridTheme* theme_ = &GridTheme::light();
+};
+
+}  // namespace planview

@@ -1,0 +1,156 @@
+#include <QSplitter>
+#include <QSplitterHandle>
+
+#include "layout/PaneLayout.h"
+#include "qt/WidgetOnScreen.h"
+
+namespace planview {
+
+using Screen = WidgetOnScreen;
+
+/// Which panes are on screen, and where their splitters stand.
+class PanesTest : public QObject {
+    Q_OBJECT
+
+    static QWidget& part(Screen& screen, const char* name) {
+        auto* found = screen.widget->findChild<QWidget*>(QLatin1String(name));
+        if (!found) {
+            qFatal("no %s", name);
+        }
+        return *found;
+    }
+    /// "tree grid chart", those that are visible.
+    static QString visible(Screen& screen) {
+        QStringList names;
+        if (part(screen, "TreePane").isVisible() && part(screen, "OperandPane").isVisible()) {
+            names << QStringLiteral("tree");
+        }
+        if (screen.view().isVisible()) {
+            names << QStringLiteral("grid");
+        }
+        if (part(screen, "ChartPane").isVisible()) {
+            names << QStringLiteral("chart");
+        }
+        return names.join(' ');
+    }
+
+private slots:
+    void initTestCase() { useTestFont(); }
+
+    void panesFollowTheTableAndTheMembers_data() {
+        QTest::addColumn<QString>("fields");  // of GRID_ATTR that are "X"
+        QTest::addColumn<bool>("layoutMode");
+        QTest::addColumn<QString>("members");
+        QTest::addColumn<QString>("visible");
+        const auto row = [](const char* name, const char* fields, bool layoutMode, const char* members,
+                            const char* shown) {
+            QTest::newRow(name) << fields << layoutMode << members << shown;
+        };
+        row("the grid alone", "", true, "", "grid");
+        row("chart", "CHART", false, "", "grid chart");
+        row("tree needs layout mode", "HIDDEN_LIST CHART", false, "", "grid chart");
+        row("all", "HIDDEN_LIST CHART", true, "", "tree grid chart");
+        row("zoomed", "HIDDEN_LIST CHART ZOOMED", true, "", "grid");
+        row("shown by the host", "", true, "plv_LayoutShow", "tree grid");
+        row("and hidden again", "CHART", true, "plv_LayoutShow plv_LayoutHide", "grid chart");
+        row("not without layout mode", "", false, "plv_LayoutShow", "grid");
+        row("not after it was switched off", "", true, "plv_LayoutModeDisable plv_LayoutShow", "grid");
+    }
+
+    void panesFollowTheTableAndTheMembers() {
+        QFETCH(QString, fields);
+        QFETCH(bool, layoutMode);
+        QFETCH(QString, members);
+        QFETCH(QString, visible);
+        Screen screen(false);
+        for (const QString& field : fields.split(' ', Qt::SkipEmptyParts)) {
+            screen.tables.gridAttr->SetValue(1, field.toStdString(), "X");
+        }
+        if (layoutMode) {
+            screen.widget->plv_LayoutMode();
+        }
+        screen.widget->DP_Import_Attribute();
+        screen.widget->DP_Import_Create();
+        for (const QString& member : members.split(' ', Qt::SkipEmptyParts)) {
+            short status = -1;
+            QVERIFY(QMetaObject::invokeMethod(screen.widget.get(), member.toLatin1().constData(),
+                                              Q_RETURN_ARG(short, status)));
+        }
+        QCOMPARE(PanesTest::visible(screen), visible);
+        QCOMPARE(screen.view().cellRect(screen.cell(QStringLiteral("COL1/ROW1"))).isEmpty(), false);
+    }
+
+    void splittersStandWhereTheLayoutSays() {
+        Screen screen(false);
+        showAll(screen);
+        const PaneLayout& layout = screen.widget->control().Panes();
+        for (const QSize size : {QSize(800, 400), QSize(1200, 700)}) {
+            screen.widget->resize(size);
+            const struct {
+                const char* name;
+                Splitter which;
+            } splitters[] = {{"CtrlSplit", Splitter::CtrlSplit},
+                             {"TreeSplit", Splitter::TreeSplit},
+                             {"GridSplit", Splitter::GridSplit},
+                             {"MacroSplit", Splitter::MacroSplit}};
+            for (const auto& row : splitters) {
+                const auto& splitter = dynamic_cast<QSplitter&>(part(screen, row.name));
+                const QList<int> sizes = splitter.sizes();
+                const double share = 1000.0 * sizes[0] / (sizes[0] + sizes[1]);
+                QVERIFY2(std::abs(share - layout.Position(row.which)) < 12, row.name);
+                QCOMPARE(splitter.handle(1)->width() < splitter.handle(1)->height() ? splitter.handle(1)->width()
+                                                                                     : splitter.handle(1)->height(),
+                         7);
+            }
+        }
+    }
+
+    void theUsersMoveReachesTheLayoutAndStays() {
+        Screen screen(false);
+        showAll(screen);
+        PaneLayout& layout = screen.widget->control().Panes();
+        QSplitterHandle* handle = dynamic_cast<QSplitter&>(part(screen, "CtrlSplit")).handle(1);
+        const int before = layout.Position(Splitter::CtrlSplit);
+        const QPoint grip = handle->rect().center();
+        QTest::mousePress(handle, Qt::LeftButton, Qt::NoModifier, grip);
+        QTest::mouseMove(handle, grip + QPoint(80, 0));
+        QTest::mouseRelease(handle, Qt::LeftButton, Qt::NoModifier, grip);
+        const int after = layout.Position(Splitter::CtrlSplit);
+        QVERIFY2(std::abs(after - before - 100) <= 3, qPrintable(QString::number(after)));
+        QTest::mouseClick(handle, Qt::LeftButton, Qt::NoModifier, grip);
+        QCOMPARE(layout.Position(Splitter::CtrlSplit), after);
+        layout.SetZoomed(true);
+        layout.SetZoomed(false);
+        QCOMPARE(layout.Position(Splitter::CtrlSplit), after);
+        QVERIFY(std::abs(part(screen, "TreePane").width() - 793 * after / 1000) <= 1);
+    }
+
+    void pictureShowsAllPanes() {
+        Screen screen(false);
+        showAll(screen);
+        const QImage picture = screen.widget->renderToImage(QSize(1000, 600), 2.0);
+        QCOMPARE(picture.size(), QSize(2000, 1200));
+        QCOMPARE(picture.pixel(10, 1190), GridTheme::light().panel);
+        QCOMPARE(picture.pixel(1990, 1190), GridTheme::light().base);
+        const QImage plain = [] {
+            const Screen alone;
+            return alone.widget->renderToImage(QSize(600, 300), 1.0);
+        }();
+        QCOMPARE(plain.size(), QSize(600, 300));
+    }
+
+private:
+    static void showAll(Screen& screen) {
+        screen.tables.gridAttr->SetValue(1, "CHART", "X");
+        screen.tables.gridAttr->SetValue(1, "HIDDEN_LIST", "X");
+        screen.widget->plv_LayoutMode();
+        screen.widget->DP_Import_Attribute();
+        screen.widget->DP_Import_Create();
+        QCOMPARE(visible(screen), QStringLiteral("tree grid chart"));
+    }
+};
+
+}  // namespace planview
+
+QTEST_MAIN(planview::PanesTest)
+#include "PanesTest.moc"
