@@ -1,5 +1,6 @@
 #include "qt/panes/PaneSplitter.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <algorithm>
 
@@ -65,6 +66,9 @@ void PaneSplitter::follow() {
     }
     const int extent = orientation() == Qt::Horizontal ? width() : height();
     const int first = firstExtent(extent, layout_.Position(which_));
+    if (sizes().value(0) == first && sizes().value(1) == extent - HandleWidth - first) {
+        return;
+    }
     setSizes({first, std::max(0, extent - HandleWidth - first)});
 }
 
@@ -77,6 +81,15 @@ void PaneSplitter::handleReleased() {
     if (bothShown() && now[0] != firstExtent(extent, layout_.Position(which_))) {
         layout_.MoveSplitter(which_, position);
     }
+}
+
+/// A pane that came or went has been given its place only by now.
+bool PaneSplitter::event(QEvent* event) {
+    const bool done = QSplitter::event(event);
+    if (event->type() == QEvent::LayoutRequest) {
+        follow();
+    }
+    return done;
 }
 
 void PaneSplitter::resizeEvent(QResizeEvent* event) {

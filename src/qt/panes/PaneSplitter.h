@@ -35,6 +35,7 @@ public:
 
 protected:
     QSplitterHandle* createHandle() override;
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:

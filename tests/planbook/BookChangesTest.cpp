@@ -1,0 +1,263 @@
+#include <functional>
+#include <ostream>
+
+#include <gtest/gtest.h>
+
+#include "book/BookError.h"
+#include "book/BookStore.h"
+#include "book/BookWriter.h"
+#include "planbook/TestBook.h"
+
+namespace planbook {
+namespace {
+
+using planview::MemoryTable;
+using planview::Variant;
+
+/// A book that is open: the file, the tables in memory and what was last known of the file.
+struct OpenBook {
+    explicit OpenBook(const std::filesystem::path& name)
+        : file(name), store(BookStore::Open(name)), book(store.Load()), snapshot(book) {}
+
+    /// Writes what differs and remembers it, as a window does.
+    void Save() {
+        const BookChanges changes = snapshot.ChangesIn(book);
+        ASSERT_TRUE(store.Write(changes).empty());
+        snapshot.Apply(changes);
+    }
+
+    [[nodiscard]] MemoryTable& Tab() const { return book[BookTable::Tab]; }
+
+    std::filesystem::path file;
+    BookStore store;
+    Book book;
+    BookSnapshot snapshot;
+};
+
+struct ChangeCase {
+    const char* name;
+    std::function<void(Book&)> change;
+};
+
+void PrintTo(const ChangeCase& change, std::ostream* stream) {
+    *stream << change.name;
+}
+
+class BookChange : public testing::TestWithParam<ChangeCase> {};
+
+TEST_P(BookChange, ReachesTheFileAsItIsInMemoryAndIsWrittenOnce) {
+    const TestFolder folder;
+    OpenBook open(MakeSmallBook(folder));
+    GetParam().change(open.book);
+    open.Save();
+    EXPECT_EQ(DumpFile(open.file), DumpBook(open.book));
+    EXPECT_TRUE(open.snapshot.ChangesIn(open.book).IsEmpty());
+    GetParam().change(open.book);
+    open.Save();
+    EXPECT_EQ(DumpFile(open.file), DumpBook(open.book)) << "the second time";
+}
+
+const ChangeCase Changes[] = {
+    {"Nothing", [](Book&) {}},
+    {"Cell", [](Book& book) { book[BookTable::Tab].SetValue(2, "V", "12,50"); }},
+    {"EmptiedCell", [](Book& book) { book[BookTable::Tab].SetValue(2, "V", Variant()); }},
+    {"NewCells",
+     [](Book& book) {
+         book[BookTable::Tab].AddRow({std::int16_t{3}, std::int16_t{4}, "7"});
+         book[BookTable::TabOld].AddRow({std::int16_t{3}, std::int16_t{4}, Variant()});
+         book[BookTable::TabOld].AddRow({std::int16_t{1}, std::int16_t{1}, 1.0});
+     }},
+    {"PlaceOfACell", [](Book& book) { book[BookTable::Tab].SetValue(2, "Z", std::int16_t{9}); }},
+    {"RemovedCells",
+     [](Book& book) {
+         book[BookTable::Tab].RemoveRow(1);
+         book[BookTable::TabOld].Clear();
+     }},
+    {"Widths",
+     [](Book& book) {
+         book[BookTable::ColsIndex].SetValue(1, "COL_WIDTH", std::int16_t{33});
+         book[BookTable::LineIndex].SetValue(3, "ROW_HIDDEN", "X");
+         book[BookTable::GridAttr].SetValue(1, "FIRST_COL", std::int16_t{2});
+     }},
+    {"RowsOfOtherTables",
+     [](Book& book) {
+         book[BookTable::Texts].RemoveRow(1);
+         book[BookTable::MacroTree].AddRow({"NODE", "MACROS"});
+     }},
+};
+
+INSTANTIATE_TEST_SUITE_P(Tables, BookChange, testing::ValuesIn(Changes),
+                         [](const auto& testCase) { return testCase.param.name; });
+
+TEST(BookChanges, OnlyTheFirstRowOfACellIsTouched) {
+    const TestFolder folder;
+    const std::filesystem::path file = MakeSmallBook(folder);
+    ChangeBook(file, "INSERT INTO TAB (Z, C, V) VALUES (1, 1, 'second')");
+    OpenBook open(file);
+    EXPECT_EQ(open.snapshot.ValueOf({1, 1}), Variant(1.0));
+    ASSERT_TRUE(open.store.Write({{{{1, 1}, 1.0, 5.0}}, {{{1, 1}, 1.0}}, {}}).empty());
+    const Book book = LoadBook(file);
+    EXPECT_EQ(book[BookTable::Tab].Value(1, "V"), Variant(5.0));
+    EXPECT_EQ(book[BookTable::Tab].Value(book[BookTable::Tab].RowCount(), "V"), Variant("second"));
+}
+
+TEST(BookChanges, TheFirstOldValueStays) {
+    const TestFolder folder;
+    OpenBook open(MakeSmallBook(folder));
+    ASSERT_TRUE(open.store.Write({{{{1, 1}, 1.0, 5.0}}, {{{1, 1}, 1.0}}, {}}).empty());
+    ASSERT_TRUE(open.store.Write({{{{1, 1}, 5.0, 6.0}}, {{{1, 1}, 5.0}}, {}}).empty());
+    EXPECT_EQ(DumpTable(LoadBook(open.file), BookTable::TabOld), "TAB_OLD 1: 1 1 1\n");
+}
+
+TEST(BookChanges, AFullTableTakesNoMore) {
+    const TestFolder folder;
+    const std::filesystem::path file = MakeSmallBook(folder);
+    ChangeBook(file,
+               "DELETE FROM TAB; INSERT INTO TAB (Z, C, V) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 "
+               "FROM n WHERE i < 32767) SELECT i, 1, 0 FROM n");
+    OpenBook open(file);
+    const std::string message = MessageOf<BookError>([&] {
+        static_cast<void>(open.store.Write({{{{5, 1}, 0, 1}, {{5, 2}, Variant(), 1}}, {}, {}}));
+    });
+    EXPECT_TRUE(Contains(message, "the table TAB has 32768 rows")) << message;
+    EXPECT_EQ(LoadBook(file)[BookTable::Tab].Value(5, "V"), Variant(0)) << "half of a transaction was kept";
+}
+
+// --- Two windows
+
+TEST(TwoWindows, ACellChangedInBothIsAConflictAndNothingIsWritten) {
+    const TestFolder folder;
+    OpenBook mine(MakeSmallBook(folder));
+    ChangeBook(mine.file, "UPDATE TAB SET V = 70 WHERE Z = 1 AND C = 1");
+    mine.Tab().SetValue(1, "V", 50.0);
+    mine.Tab().SetValue(2, "V", 60.0);
+    const std::string before = DumpFile(mine.file);
+    const std::vector<CellConflict> conflicts = mine.store.Write(mine.snapshot.ChangesIn(mine.book));
+    ASSERT_EQ(conflicts.size(), 1U);
+    EXPECT_EQ(conflicts[0].cell, (CellPlace{1, 1}));
+    EXPECT_EQ(conflicts[0].theirs, Variant(70));
+    EXPECT_EQ(conflicts[0].mine, Variant(50.0));
+    EXPECT_EQ(DumpFile(mine.file), before);
+}
+
+TEST(TwoWindows, OtherCellsAndTheSameValueAreNoConflict) {
+    const TestFolder folder;
+    OpenBook mine(MakeSmallBook(folder));
+    ChangeBook(mine.file,
+               "UPDATE TAB SET V = 70 WHERE Z = 2 AND C = 2; UPDATE TAB SET V = '50,0' WHERE Z = 1 AND C = 1;"
+               "INSERT INTO TAB (Z, C, V) VALUES (3, 4, 400)");
+    EXPECT_TRUE(mine.store.IsChangedElsewhere());
+    mine.Tab().SetValue(1, "V", 50.0);
+    mine.Tab().AddRow({3, 5, 500.0});
+    mine.Save();
+    const Book both = LoadBook(mine.file);
+    EXPECT_EQ(BookSnapshot(both).ValueOf({1, 1}), Variant(50.0));
+    EXPECT_EQ(BookSnapshot(both).ValueOf({2, 2}), Variant(70));
+    EXPECT_EQ(BookSnapshot(both).ValueOf({3, 4}), Variant(400));
+    EXPECT_EQ(BookSnapshot(both).ValueOf({3, 5}), Variant(500.0));
+}
+
+TEST(TwoWindows, OnesOwnChangeIsNobodyElses) {
+    const TestFolder folder;
+    OpenBook mine(MakeSmallBook(folder));
+    mine.Tab().SetValue(1, "V", 50.0);
+    mine.Save();
+    EXPECT_FALSE(mine.store.IsChangedElsewhere());
+    EXPECT_TRUE(mine.store.EndPendingChanges(BookStore::OldValues::Forget));
+    EXPECT_FALSE(mine.store.IsChangedElsewhere());
+}
+
+TEST(TwoWindows, AReplacedFileIsNoticedAndNotWrittenTo) {
+    const TestFolder folder;
+    OpenBook mine(MakeSmallBook(folder));
+    std::filesystem::copy_file(mine.file, folder.Path("other"));
+    std::filesystem::rename(folder.Path("other"), mine.file);
+    EXPECT_TRUE(mine.store.IsChangedElsewhere());
+    mine.Tab().SetValue(1, "V", 50.0);
+    const std::string message = MessageOf<BookError>([&] { mine.Save(); });
+    EXPECT_TRUE(Contains(message, "replaced by another one. Reload the book.")) << message;
+}
+
+// --- Pending changes
+
+TEST(PendingChanges, AreForgottenOrTakenBack) {
+    const TestFolder folder;
+    const std::filesystem::path file = MakeSmallBook(folder);
+    const std::string original = DumpTable(LoadBook(file), BookTable::Tab);
+    const auto change = [&] {
+        OpenBook open(file);
+        // The last one has had no row; its old value is none.
+        EXPECT_TRUE(open.store.Write({{{{1, 1}, 1.0, 5.0}, {{2, 3}, 30.5, "6,5"}, {{3, 4}, Variant(), 7.0}},
+                                      {{{1, 1}, 1.0}, {{2, 3}, 30.5}, {{3, 4}, Variant()}},
+                                      {}})
+                        .empty());
+        return open;
+    };
+    EXPECT_TRUE(change().store.EndPendingChanges(BookStore::OldValues::PutBack));
+    EXPECT_EQ(DumpTable(LoadBook(file), BookTable::Tab), original + "TAB 12: 3 4 -\n");
+    EXPECT_EQ(DumpTable(LoadBook(file), BookTable::TabOld), "");
+
+    ChangeBook(file, "DELETE FROM TAB WHERE V IS NULL");
+    EXPECT_TRUE(change().store.EndPendingChanges(BookStore::OldValues::Forget));
+    EXPECT_EQ(BookSnapshot(LoadBook(file)).ValueOf({2, 3}), Variant("6,5"));
+    EXPECT_EQ(DumpTable(LoadBook(file), BookTable::TabOld), "");
+}
+
+TEST(PendingChanges, ThatNobodyHereHasSeenStay) {
+    const TestFolder folder;
+    OpenBook mine(MakeSmallBook(folder));
+    ChangeBook(mine.file, "UPDATE TAB SET V = 70 WHERE Z = 1 AND C = 1; INSERT INTO TAB_OLD (Z, C, V) VALUES (1, 1, 1)");
+    const std::string before = DumpFile(mine.file);
+    EXPECT_FALSE(mine.store.EndPendingChanges(BookStore::OldValues::PutBack));
+    EXPECT_FALSE(mine.store.EndPendingChanges(BookStore::OldValues::Forget));
+    EXPECT_EQ(DumpFile(mine.file), before);
+}
+
+// --- Failures
+
+struct FailureCase {
+    const char* name;
+    Obstacle::Kind kind;
+    const char* message;
+};
+
+void PrintTo(const FailureCase& failure, std::ostream* stream) {
+    *stream << failure.name;
+}
+
+class WriteFailure : public testing::TestWithParam<FailureCase> {};
+
+TEST_P(WriteFailure, SaysWhatAndWhatNowAndLeavesTheBookUsable) {
+    const TestFolder folder;
+    const std::filesystem::path file = MakeSmallBook(folder);
+    const std::string before = DumpFile(file);
+    const BookChanges changes{{{{1, 1}, 1.0, 5.0}}, {{{1, 1}, 1.0}}, {}};
+    OpenBook open(file);
+    {
+        const Obstacle obstacle(GetParam().kind, file);
+        const std::string message = MessageOf<BookError>([&] {
+            if (GetParam().kind == Obstacle::Kind::NoPermission) {
+                open.store = BookStore::Open(file);  // SQLite looks at the permissions when it opens a file
+            }
+            static_cast<void>(open.store.Write(changes));
+        });
+        EXPECT_TRUE(Contains(message, "Cannot write the book \"" + file.string())) << message;
+        EXPECT_TRUE(Contains(message, GetParam().message)) << message;
+    }
+    EXPECT_EQ(DumpFile(file), before);
+    if (GetParam().kind != Obstacle::Kind::NoPermission) {
+        EXPECT_TRUE(open.store.Write(changes).empty()) << "the same connection works when the obstacle is gone";
+    }
+}
+
+const FailureCase Failures[] = {
+    {"FullDisk", Obstacle::Kind::FullDisk, "Make room on the disk"},
+    {"NoPermission", Obstacle::Kind::NoPermission, "Check your access to the file"},
+    {"Locked", Obstacle::Kind::Locked, "Another program is writing to it"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Obstacles, WriteFailure, testing::ValuesIn(Failures),
+                         [](const auto& testCase) { return testCase.param.name; });
+
+}  // namespace
+}  // namespace planbook
