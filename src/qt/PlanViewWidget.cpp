@@ -9,6 +9,7 @@
 #include <planview/qt/PlanViewWidget.h>
 
 #include "automation/NumberFormat.h"
+#include "automation/Numbers.h"
 #include "qt/PlanViewState.h"
 
 namespace planview {
@@ -26,7 +27,11 @@ Interface& chosen(Interface* override, Interface& own) {
 /// With grouped digits and no more decimals than are worth reading; the empty text for what is no finite number.
 QString shownNumber(double value) {
     static const std::optional<NumberFormat> Format = NumberFormat::Parse("#,##0.##");
-    return QString::fromStdString(Format->Format(value));
+    std::string text = Format->Format(value);
+    if (text.ends_with(GridDecimalMark)) {
+        text.pop_back();  // a number code shows its mark in front of no decimals, too
+    }
+    return QString::fromStdString(text);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <utility>
 
+#include "qt/grid/GridFit.h"
 #include "qt/grid/GridView.h"
 
 namespace planview {
@@ -91,6 +92,12 @@ void GridMouse::press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifier
         if (hit.border != Border::None && pressBorder(hit, point)) {
             return;
         }
+        if (modifiers == Qt::NoModifier && heading_.press(hit, point)) {
+            doing_ = Doing::Moving;
+            clicked_ = view_.geometry().cell(hit.horizontal, hit.vertical);
+            report(hit, button, modifiers);
+            return;
+        }
         doing_ = hit.place == Place::TopHeading    ? Doing::TopHeadings
                  : hit.place == Place::LeftHeading ? Doing::LeftHeadings
                  : hit.place == Place::Cell        ? Doing::Cells
@@ -122,8 +129,11 @@ void GridMouse::report(const GridHit& hit, Qt::MouseButton button, Qt::KeyboardM
 
 void GridMouse::doubleClick(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
     const GridHit hit = view_.hitTest(point);
-    const bool onBorder = hit.border != Border::None && view_.grid().Settings().resizeAllowed;
-    if (button != Qt::LeftButton || onBorder || hit.place == Place::Nothing || modifiers != Qt::NoModifier) {
+    if (button == Qt::LeftButton && hit.border != Border::None && pressBorder(hit, point)) {
+        fitContents(hit);
+        return;
+    }
+    if (button != Qt::LeftButton || hit.place == Place::Nothing || modifiers != Qt::NoModifier) {
         press(point, button, modifiers);
         return;
     }
@@ -136,6 +146,25 @@ void GridMouse::doubleClick(QPoint point, Qt::MouseButton button, Qt::KeyboardMo
     if (view && grid.BuildVersion() == built) {
         view->edit(cell);
     }
+}
+
+/// As if the user had dragged the border to where everything fits.
+void GridMouse::fitContents(const GridHit& hit) {
+    const GridGeometry& geometry = view_.geometry();
+    GridControl& grid = view_.grid();
+    const QFont font = view_.font();
+    const bool across = hit.border == Border::Horizontal;
+    doing_ = Doing::Nothing;
+    int size = 0;
+    if ((across ? geometry.horizontal : geometry.vertical).showsColumns()) {
+        const ColumnId column{hit.borderTrack};
+        size = across ? fittingWidth(grid, font, column) : fittingHeight(grid, font, column);
+    } else {
+        const RowId row{hit.borderTrack};
+        size = across ? fittingWidth(grid, font, row) : fittingHeight(grid, font, row);
+    }
+    grid.DragBorder(size);
+    grid.ReleaseBorder();
 }
 
 void GridMouse::select(const GridHit& hit, SelectionMode mode) {
@@ -180,6 +209,10 @@ void GridMouse::move(QPoint point) {
     last_ = point;
     if (doing_ == Doing::Resizing) {
         resizeTo(point);
+        return;
+    }
+    if (doing_ == Doing::Moving) {
+        heading_.move(point);
         return;
     }
     if (doing_ == Doing::Nothing) {
@@ -231,18 +264,37 @@ void GridMouse::extendTo(QPoint point) {
 }
 
 void GridMouse::release() {
-    const bool resized = doing_ == Doing::Resizing;
+    const Doing done = std::exchange(doing_, Doing::Nothing);
     const std::optional<Cell> clicked = std::exchange(clicked_, std::nullopt);
-    doing_ = Doing::Nothing;
     view_.setAutoScroll(false);
-    if (resized) {
+    if (done == Doing::Resizing) {
         view_.grid().ReleaseBorder();
+    } else if (done == Doing::Moving) {
+        releaseHeading(clicked);
     } else if (clicked) {
         view_.grid().ReportSimpleClick(*clicked);
     }
 }
 
+void GridMouse::releaseHeading(const std::optional<Cell>& clicked) {
+    if (heading_.release()) {
+        return;
+    }
+    // It was a click on a selected heading after all.
+    const QPointer<GridView> view(&view_);
+    select(heading_.taken(), SelectionMode::Replace);
+    if (view && clicked) {
+        view->grid().ReportSimpleClick(*clicked);
+    }
+}
+
 bool GridMouse::cancel() {
+    if (doing_ == Doing::Moving) {
+        doing_ = Doing::Nothing;
+        clicked_.reset();
+        heading_.cancel();
+        return true;
+    }
     if (doing_ != Doing::Resizing) {
         return false;
     }

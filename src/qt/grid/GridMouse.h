@@ -6,24 +6,25 @@
 
 #include "components/GridSelection.h"
 #include "qt/grid/GridHit.h"
+#include "qt/grid/HeadingDrag.h"
 
 namespace planview {
 
 class GridView;
 
-/// What the mouse does in the grid: selects cells, columns and rows, and drags header borders.
+/// What the mouse does in the grid: selects cells, columns and rows, drags header borders and headings.
 ///
 /// Every method may end with the view deleted, because the host may do so when it hears what happened; none touches
 /// anything after it has told the grid.
 class GridMouse {
 public:
-    explicit GridMouse(GridView& view) : view_(view) {}
+    explicit GridMouse(GridView& view) : view_(view), heading_(view) {}
 
     void press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     void doubleClick(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     void move(QPoint point);
     void release();
-    /// Gives up a resizing that is under way; false when there is none.
+    /// Gives up a resizing or moving that is under way; false when there is none.
     bool cancel();
     /// Scrolls towards a pointer beyond the cells and takes the selection along.
     void autoScroll();
@@ -31,7 +32,7 @@ public:
     [[nodiscard]] Qt::CursorShape cursorAt(QPoint point) const;
 
 private:
-    enum class Doing { Nothing, Cells, TopHeadings, LeftHeadings, Resizing };
+    enum class Doing { Nothing, Cells, TopHeadings, LeftHeadings, Resizing, Moving };
     struct Resizing {
         GridHit::Border axis = GridHit::Border::None;
         int direction = 1;
@@ -41,6 +42,8 @@ private:
 
     void report(const GridHit& hit, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     bool pressBorder(const GridHit& hit, QPoint point);
+    void releaseHeading(const std::optional<Cell>& clicked);
+    void fitContents(const GridHit& hit);
     void select(const GridHit& hit, SelectionMode mode);
     void extendTo(QPoint point);
     void resizeTo(QPoint point);
@@ -49,6 +52,7 @@ private:
     GridView& view_;
     Doing doing_ = Doing::Nothing;
     Resizing resizing_;
+    HeadingDrag heading_;
     // Whether what is dragged was taken hold of in the centre, which then scrolls along.
     bool scrollsAcross_ = false;
     bool scrollsDown_ = false;

@@ -346,11 +346,31 @@ void GridView::paintEvent(QPaintEvent* event) {
 
 void GridView::paintGrid(QPainter& painter, const QRect& clip) {
     GridPainter({grid_, geometry_, *theme_, fonts(), bitmaps_, pending_, showsFocus()}).paint(painter, clip);
+    paintDropMark(painter);
     if (hasGridFocus() && !grid_.CurrentCell()) {
         // Nothing else would show where the focus is.
         painter.setPen(QColor::fromRgb(theme_->accent));
         painter.drawRect(0, 0, geometry_.horizontal.extent() - 1, geometry_.vertical.extent() - 1);
     }
+}
+
+void GridView::setDropMark(bool across, std::optional<int> position) {
+    const DropMark mark{across, position};
+    if (!(mark == dropMark_)) {
+        dropMark_ = mark;
+        viewport()->update();
+    }
+}
+
+void GridView::paintDropMark(QPainter& painter) const {
+    if (!dropMark_.position) {
+        return;
+    }
+    const int width = geometry_.pixels(CurrentFrameWidth);
+    const int start = *dropMark_.position - width;
+    const int length = (dropMark_.across ? geometry_.vertical : geometry_.horizontal).contentEnd();
+    painter.fillRect(dropMark_.across ? QRect(start, 0, width, length) : QRect(0, start, length, width),
+                     QColor::fromRgb(theme_->accent));
 }
 
 /// Another widget of its window has to have the focus before the grid steps back; a window in the background, or one that

@@ -88,6 +88,8 @@ public:
     /// Looks whether the grid, its editor included, has got or lost the focus.
     void reportFocus();
 
+    /// Shows a line across the grid where dragged columns or rows would go, at a device pixel of an axis; none hides it.
+    void setDropMark(bool across, std::optional<int> position);
     /// Calls timerEvent() regularly while the mouse drags beyond the cells.
     void setAutoScroll(bool on);
 
@@ -132,6 +134,7 @@ private:
     [[nodiscard]] GridFonts& fonts();
     [[nodiscard]] bool showsFocus() const;
     void paintGrid(QPainter& painter, const QRect& clip);
+    void paintDropMark(QPainter& painter) const;
     bool handleCommand(const QKeyEvent& event);
     bool handleGridKey(const QKeyEvent& event);
     bool handleTyping(QKeyEvent& event);
@@ -158,6 +161,12 @@ private:
     GridWheel wheel_;
     GridHistory history_;
     PendingMarks pending_;
+    struct DropMark {
+        bool across = false;
+        std::optional<int> position;
+        friend bool operator==(const DropMark&, const DropMark&) = default;
+    };
+    DropMark dropMark_;
     bool focusReported_ = false;
     QBasicTimer autoScroll_;
     GridEditor editor_;

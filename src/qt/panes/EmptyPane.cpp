@@ -2,14 +2,14 @@
 
 #include <QPainter>
 
-#include "qt/grid/GridFonts.h"
-
 namespace planview {
 
 namespace {
 
 constexpr int HeadingLeft = 12;
+constexpr int HeadingRight = 4;
 constexpr int HeadingTop = 8;
+constexpr int HeadingPixels = 11;
 constexpr QSize SmallestSize(40, 28);
 
 }  // namespace
@@ -28,11 +28,12 @@ void EmptyPane::setTheme(const GridTheme& theme) {
 void EmptyPane::paintOn(QPainter& painter, const QRect& rect) const {
     painter.fillRect(rect, QColor::fromRgb(ground_ == Ground::Panel ? theme_->panel : theme_->base));
     QFont heading = font();
-    heading.setPixelSize(BaseTextPixels);
+    heading.setPixelSize(HeadingPixels);
+    heading.setCapitalization(QFont::AllUppercase);
     heading.setBold(true);
     painter.setFont(heading);
     painter.setPen(QColor::fromRgb(theme_->muted));
-    const QRect place = rect.adjusted(HeadingLeft, HeadingTop, -HeadingLeft, 0);
+    const QRect place = rect.adjusted(HeadingLeft, HeadingTop, -HeadingRight, 0);
     const QString fitting = QFontMetrics(heading).elidedText(heading_, Qt::ElideRight, place.width());
     painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, fitting);
 }

@@ -23,7 +23,7 @@ PaneHost::PaneHost(PaneLayout& layout, GridView* grid, QWidget* parent)
     : QWidget(parent), layout_(layout), gridView_(grid) {
     EmptyPane* tree = addPane("TreePane", new EmptyPane(tr("Macros"), Ground::Panel));
     EmptyPane* list = addPane("MacroPane", new EmptyPane(tr("Macro"), Ground::Panel));
-    EmptyPane* operands = addPane("OperandPane", new EmptyPane(tr("Operands"), Ground::Panel));
+    EmptyPane* operands = addPane("OperandPane", new EmptyPane(tr("Operand"), Ground::Panel));
     chart_ = addPane("ChartPane", new EmptyPane(tr("Chart"), Ground::Base));
     PaneSplitter* macro = addSplitter(Splitter::MacroSplit, "MacroSplit", Qt::Horizontal, list, operands);
     PaneSplitter* left = addSplitter(Splitter::TreeSplit, "TreeSplit", Qt::Vertical, tree, macro);
