@@ -311,8 +311,8 @@ void GridView::paintGrid(QPainter& painter, const QRect& clip) {
     }
 }
 
-/// Another widget of its window has to have the focus before the grid steps back; a window in the background, or one that
-/// is only painted, shows what has the focus in it.
+/// Another widget of its window has to have the focus before the grid steps back; a window in the background, or one
+/// that is only painted, shows what has the focus in it.
 bool GridView::showsFocus() const {
     return hasFocus() || (!isActiveWindow() && window()->focusWidget() == this);
 }
