@@ -7,6 +7,7 @@
 #include "automation/CheckedInt.h"
 #include "automation/MemberNames.h"
 #include "automation/ShortText.h"
+#include "automation/TableFields.h"
 
 namespace planview {
 
@@ -176,6 +177,11 @@ MemoryTable::MemoryTable(std::vector<std::string> fields) : state_(std::make_sha
 
 MemoryTable::~MemoryTable() = default;
 
+std::shared_ptr<MemoryTable> MemoryTable::WithFieldsOf(std::string_view tableName) {
+    const std::span<const std::string_view> fields = TableFields(tableName);
+    return std::make_shared<MemoryTable>(std::vector<std::string>(fields.begin(), fields.end()));
+}
+
 std::int32_t MemoryTable::RowCount() const noexcept {
     return state_->RowCount();
 }
@@ -190,6 +196,14 @@ std::int32_t MemoryTable::AddRow() {
 
 std::int32_t MemoryTable::AddRow(std::vector<Variant> values) {
     return state_->AddRow(std::move(values));
+}
+
+std::int32_t MemoryTable::AddRowWith(std::initializer_list<std::pair<std::string_view, Variant>> fields) {
+    const std::int32_t row = AddRow();
+    for (const auto& [field, value] : fields) {
+        SetValue(row, field, value);
+    }
+    return row;
 }
 
 void MemoryTable::RemoveRow(std::int32_t row) {
