@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <planview/AutomationObject.h>
@@ -18,6 +20,9 @@ namespace planview {
 class MemoryTable final : public AutomationObject {
 public:
     explicit MemoryTable(std::vector<std::string> fields);
+    /// An empty table with all the fields that the control knows of the host's table of this name ("COLS_INDEX", "TAB"
+    /// ...). Throws UnknownMember for a name that is none of the seventeen.
+    [[nodiscard]] static std::shared_ptr<MemoryTable> WithFieldsOf(std::string_view tableName);
     ~MemoryTable() override;
     MemoryTable(const MemoryTable&) = delete;
     MemoryTable& operator=(const MemoryTable&) = delete;
@@ -29,6 +34,8 @@ public:
     std::int32_t AddRow();
     /// Appends a row with these values in the order of Fields(); missing ones at the end stay Empty.
     std::int32_t AddRow(std::vector<Variant> values);
+    /// Appends a row with these fields; those not named stay Empty.
+    std::int32_t AddRowWith(std::initializer_list<std::pair<std::string_view, Variant>> fields);
     void RemoveRow(std::int32_t row);
     void Clear() noexcept;
     void Reserve(std::int32_t rows);

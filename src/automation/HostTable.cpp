@@ -5,6 +5,7 @@
 
 #include "automation/CheckedInt.h"
 #include "automation/Late.h"
+#include "automation/ShortText.h"
 #include "automation/Utf8.h"
 
 namespace planview {
@@ -35,6 +36,51 @@ auto Converted(HostTable::Row row, std::string_view field, Convert convert) {
     }
 }
 
+using AccessArguments = std::array<Variant, 2>;
+
+/// The arguments (row, field) of an access, kept for the next one to the same field: of all that reading a field takes,
+/// making them anew would be the dearest part. As all of the control, for one thread.
+struct KeptArguments {
+    AccessArguments arguments;
+    bool inUse = false;
+};
+
+std::array<KeptArguments, 64> keptArguments;
+
+KeptArguments& KeptArgumentsOf(std::string_view field) noexcept {
+    if (field.empty()) {
+        return keptArguments[0];
+    }
+    // Tells nearly all fields of a table apart; those that it does not only take each other's place.
+    const auto at = [field](std::size_t i) { return std::size_t{static_cast<unsigned char>(field[i])}; };
+    const std::size_t size = field.size();
+    return keptArguments[(size * 7 + at(0) * 13 + at(size / 2) * 3 + at(size - 1)) % keptArguments.size()];
+}
+
+/// Calls use(arguments). Where the table, while it answers, leads to another access to the same field, that one gets
+/// arguments of its own.
+template <class Use>
+auto WithArguments(HostTable::Row row, std::string_view field, const Use& use) {
+    KeptArguments& kept = KeptArgumentsOf(field);
+    if (kept.inUse) {
+        const AccessArguments own{Variant(row), Variant(field)};
+        return use(own);
+    }
+    struct InUse {
+        bool& flag;
+        explicit InUse(bool& f) noexcept : flag(f) { flag = true; }
+        ~InUse() { flag = false; }
+        InUse(const InUse&) = delete;
+        InUse& operator=(const InUse&) = delete;
+    } const inUse(kept.inUse);
+    const std::string* known = kept.arguments[1].TextIf();
+    if (!known || !SameShortText(*known, field)) {
+        kept.arguments[1] = Variant(field);
+    }
+    kept.arguments[0] = Variant(row);
+    return use(kept.arguments);
+}
+
 }  // namespace
 
 AutomationObject& HostTable::Table() const {
@@ -55,8 +101,8 @@ HostTable::Row HostTable::RowCount() const {
 }
 
 Variant HostTable::Value(Row row, std::string_view field) const {
-    const std::array<Variant, 2> arguments{Variant(row), Variant(field)};
-    return Table().Get(DefaultMember, arguments);
+    return WithArguments(row, field,
+                         [&](AutomationObject::Arguments arguments) { return Table().Get(DefaultMember, arguments); });
 }
 
 std::string HostTable::Text(Row row, std::string_view field) const {
@@ -84,8 +130,8 @@ double HostTable::Double(Row row, std::string_view field) const {
 }
 
 void HostTable::Put(Row row, std::string_view field, Variant value) const {
-    const std::array<Variant, 2> arguments{Variant(row), Variant(field)};
-    Table().Put(DefaultMember, arguments, value);
+    WithArguments(row, field,
+                  [&](AutomationObject::Arguments arguments) { Table().Put(DefaultMember, arguments, value); });
 }
 
 HostTable::Row HostTable::FindRow(std::string_view field, std::string_view text) const {

@@ -1,10 +1,13 @@
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include <planview/MemoryTable.h>
 
 #include "automation/CheckedInt.h"
 #include "automation/MemberNames.h"
+#include "automation/ShortText.h"
+#include "automation/TableFields.h"
 
 namespace planview {
 
@@ -18,35 +21,22 @@ constexpr DispatchId AddMember = 3;
 
 struct MemoryTable::State {
     std::vector<std::string> fields;
-    std::vector<std::vector<Variant>> rows;
 
     explicit State(std::vector<std::string> names) : fields(std::move(names)), following_(fields.size()) {}
 
-    [[nodiscard]] std::size_t FieldIndex(std::string_view name) {
-        // Whoever walks a table asks for the same fields in the same order in each row.
-        if (last_ < fields.size() && fields[following_[last_]] == name) {
-            return last_ = following_[last_];
-        }
-        const auto found = std::find(fields.begin(), fields.end(), name);
-        if (found == fields.end()) {
-            ThrowUnknownMember("The table", name);
-        }
-        const auto index = static_cast<std::size_t>(found - fields.begin());
-        following_[last_] = index;
-        return last_ = index;
-    }
+    [[nodiscard]] std::int32_t RowCount() const noexcept { return rowCount_; }
 
-    [[nodiscard]] std::vector<Variant>& Row(std::int32_t row) {
-        if (row < 1 || static_cast<std::size_t>(row) > rows.size()) {
-            throw AutomationError(AutomationErrorCode::SubscriptOutOfRange,
-                                  "The table has no row " + std::to_string(row));
+    void Reserve(std::int32_t rows) { values_.reserve(static_cast<std::size_t>(rows) * fields.size()); }
+
+    void CheckRow(std::int32_t row) const {
+        if (row < 1 || row > rowCount_) {
+            ThrowNoRow(row);
         }
-        return rows[static_cast<std::size_t>(row) - 1];
     }
 
     [[nodiscard]] Variant& At(std::int32_t row, std::string_view field) {
-        std::vector<Variant>& values = Row(row);
-        return values[FieldIndex(field)];
+        CheckRow(row);
+        return values_[FirstOf(row) + FieldIndex(field)];
     }
 
     /// As above with the name as it comes in a call; a text is not copied.
@@ -61,13 +51,53 @@ struct MemoryTable::State {
                                                                            " fields cannot take " +
                                                                            std::to_string(values.size()) + " values");
         }
-        values.resize(fields.size());
-        rows.push_back(std::move(values));
-        return CheckedCast<std::int32_t>(rows.size());
+        const std::int32_t added = CheckedAdd(rowCount_, 1);
+        values_.insert(values_.end(), std::make_move_iterator(values.begin()), std::make_move_iterator(values.end()));
+        values_.resize(FirstOf(added) + fields.size());
+        return rowCount_ = added;
+    }
+
+    void RemoveRow(std::int32_t row) {
+        CheckRow(row);
+        const auto first = values_.begin() + static_cast<std::ptrdiff_t>(FirstOf(row));
+        values_.erase(first, first + static_cast<std::ptrdiff_t>(fields.size()));
+        --rowCount_;
+    }
+
+    void Clear() noexcept {
+        values_.clear();
+        rowCount_ = 0;
     }
 
 private:
+    [[nodiscard]] std::size_t FirstOf(std::int32_t row) const noexcept {
+        return static_cast<std::size_t>(row - 1) * following_.size();
+    }
+
+    [[nodiscard]] std::size_t FieldIndex(std::string_view name) {
+        // Whoever walks a table asks for the same fields in the same order in each row.
+        const bool asExpected = expected_ < following_.size() && SameShortText(fields[expected_], name);
+        last_ = asExpected ? expected_ : FindField(name);
+        expected_ = following_[last_];
+        return last_;
+    }
+
+    // The rare cases stand apart, so that the common one stays short.
+    [[gnu::noinline]] std::size_t FindField(std::string_view name) {
+        const auto found = std::find(fields.begin(), fields.end(), name);
+        if (found == fields.end()) {
+            ThrowUnknownMember("The table", name);
+        }
+        return following_[last_] = static_cast<std::size_t>(found - fields.begin());
+    }
+    [[noreturn, gnu::noinline]] static void ThrowNoRow(std::int32_t row) {
+        throw AutomationError(AutomationErrorCode::SubscriptOutOfRange, "The table has no row " + std::to_string(row));
+    }
+
+    std::vector<Variant> values_;  // row by row
+    std::int32_t rowCount_ = 0;
     std::size_t last_ = 0;                // the field asked for last
+    std::size_t expected_ = 0;            // the one that will be asked for next, as it seems
     std::vector<std::size_t> following_;  // by field: the one that was asked for after it
 };
 
@@ -116,14 +146,14 @@ public:
     }
     Variant Get(DispatchId member, Arguments arguments) override {
         if (member == RowCountMember) {
-            return CheckedCast<std::int32_t>(state_->rows.size());
+            return state_->RowCount();
         }
         if (member != DefaultMember) {
             ThrowUnknownMember("The row collection", member);
         }
         ExpectArguments(arguments, 1, "Rows");
         const std::int32_t row = arguments[0].AsInt32();
-        static_cast<void>(state_->Row(row));
+        state_->CheckRow(row);
         return ObjectRef(std::make_shared<RowObject<State>>(state_, row));
     }
     void Put(DispatchId member, Arguments, const Variant&) override {
@@ -147,8 +177,13 @@ MemoryTable::MemoryTable(std::vector<std::string> fields) : state_(std::make_sha
 
 MemoryTable::~MemoryTable() = default;
 
+std::shared_ptr<MemoryTable> MemoryTable::WithFieldsOf(std::string_view tableName) {
+    const std::span<const std::string_view> fields = TableFields(tableName);
+    return std::make_shared<MemoryTable>(std::vector<std::string>(fields.begin(), fields.end()));
+}
+
 std::int32_t MemoryTable::RowCount() const noexcept {
-    return static_cast<std::int32_t>(state_->rows.size());
+    return state_->RowCount();
 }
 
 const std::vector<std::string>& MemoryTable::Fields() const noexcept {
@@ -163,17 +198,24 @@ std::int32_t MemoryTable::AddRow(std::vector<Variant> values) {
     return state_->AddRow(std::move(values));
 }
 
+std::int32_t MemoryTable::AddRowWith(std::initializer_list<std::pair<std::string_view, Variant>> fields) {
+    const std::int32_t row = AddRow();
+    for (const auto& [field, value] : fields) {
+        SetValue(row, field, value);
+    }
+    return row;
+}
+
 void MemoryTable::RemoveRow(std::int32_t row) {
-    static_cast<void>(state_->Row(row));
-    state_->rows.erase(state_->rows.begin() + (row - 1));
+    state_->RemoveRow(row);
 }
 
 void MemoryTable::Clear() noexcept {
-    state_->rows.clear();
+    state_->Clear();
 }
 
 void MemoryTable::Reserve(std::int32_t rows) {
-    state_->rows.reserve(static_cast<std::size_t>(rows));
+    state_->Reserve(rows);
 }
 
 const Variant& MemoryTable::Value(std::int32_t row, std::string_view field) const {

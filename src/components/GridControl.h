@@ -136,7 +136,8 @@ public:
     [[nodiscard]] bool IsSelected(CellKeyView keys) const;
 
     [[nodiscard]] const GridSelection& Selection() const noexcept;
-    /// The cell that keys act on; it is never hidden. No value in a grid without visible planning cells.
+    /// The cell that keys act on; it is never hidden. Before the user chooses one it is the first one on screen. No
+    /// value in a grid without visible planning cells.
     [[nodiscard]] std::optional<Cell> CurrentCell() const;
 
     // --- What the user does (called by the view)

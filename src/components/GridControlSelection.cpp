@@ -192,10 +192,10 @@ std::optional<Cell> GridControl::State::CurrentCell() {
         row = rows.NearestVisible(current->row);
     }
     if (!column) {
-        column = columns.VisibleFrom(columns.Of(ColumnArea::Center).front());
+        column = columns.VisibleFrom(firstColumn.wanted.value_or(columns.Of(ColumnArea::Center).front()));
     }
     if (!row) {
-        row = rows.VisibleFrom(rows.Of(RowArea::Center).front());
+        row = rows.VisibleFrom(firstRow.wanted.value_or(rows.Of(RowArea::Center).front()));
     }
     current = Cell{*column, *row};
     return current;

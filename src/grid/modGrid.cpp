@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "automation/ShortText.h"
 #include "trace/TraceText.h"
 #include "trace/modPlan.h"
 
@@ -18,12 +19,19 @@ void ReportError() {
     }
 }
 
+/// Most operations go to the same column or row as the one before.
+void Keep(std::string& last, std::string_view key) {
+    if (!SameShortText(last, key)) {
+        last = key;
+    }
+}
+
 /// The four steps of every operation. `call` answers the status, `parameter` the trace text.
 template <class Call, class Parameter>
 void Run(std::string_view operation, CellKeyView keys, const Call& call, const Parameter& parameter,
          std::string_view message = {}) {
-    LastColumnKey = keys.column;
-    LastRowKey = keys.row;
+    Keep(LastColumnKey, keys.column);
+    Keep(LastRowKey, keys.row);
     Status = call();
     if (TraceEnabled) {
         TraceWrite("GRIDCTL", message, operation, parameter());
@@ -81,10 +89,10 @@ void SetCenter(GridControl& grid, std::string_view operation, CellKeyView keys, 
         [&] { return KeysText(keys, label, shown, redraw); });
 }
 
-/// The name of a palette colour; empty, which no grid knows, outside the palette.
-std::string_view ColorName(std::int16_t color) noexcept {
-    return color >= 0 && color < PaletteSize ? std::string_view(ColorNames[static_cast<std::size_t>(color)])
-                                             : std::string_view();
+/// The name of a palette colour; the empty one, which no grid knows, outside the palette.
+const Variant& ColorName(std::int16_t color) {
+    static const Variant NoName("");
+    return color >= 0 && color < PaletteSize ? ColorNames[static_cast<std::size_t>(color)] : NoName;
 }
 
 struct PaletteColor {

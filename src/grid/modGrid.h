@@ -26,8 +26,8 @@ inline GridStatus Status = GridStatus::Ok;
 // --- Palette --------------------------------------------------------------------------------------------------------
 
 inline constexpr std::int16_t PaletteSize = 16;
-/// The names of the registered colours by palette index; empty until CreatePalette().
-inline std::array<std::string, PaletteSize> ColorNames;
+/// The names of the registered colours by palette index, as the grid takes them; Empty until CreatePalette().
+inline std::array<Variant, PaletteSize> ColorNames;
 /// The look of what the user cannot edit, as palette indices.
 inline constexpr std::int16_t ReadOnlyBackground = 8;
 inline constexpr std::int16_t ReadOnlyForeground = 1;

@@ -14,8 +14,8 @@ namespace planview {
 class GridView;
 class PlanViewWidget;
 
-/// Keeps what the widget tells its host of the selection, the pending changes and the undo history. Brings it up to date
-/// once per turn of the event loop, however much has changed in it.
+/// Keeps what the widget tells its host of the selection, the pending changes and the undo history. Brings it up to
+/// date once per turn of the event loop, however much has changed in it.
 class StatusInfo final : public QObject {
     Q_OBJECT
 

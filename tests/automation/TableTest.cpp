@@ -7,10 +7,30 @@
 
 #include "automation/HostTable.h"
 #include "automation/Late.h"
+#include "automation/ShortText.h"
 
 namespace planview {
 
 namespace {
+
+/// Answers from the next row, which it reads as the control does: while it is being read itself.
+class ChainedTable final : public AutomationObject {
+public:
+    std::weak_ptr<ChainedTable> self;
+
+    DispatchId IdOf(std::string_view) const override { return 1; }
+    Variant Get(DispatchId, Arguments a) override {
+        constexpr std::int16_t LastRow = 5;
+        const std::int16_t row = a[0].AsInt16();
+        if (row == LastRow) {
+            return Variant("end");
+        }
+        const std::string next = HostTable(self.lock()).Text(static_cast<std::int16_t>(row + 1), a[1].AsText());
+        return Variant(std::to_string(a[0].AsInt16()) + a[1].AsText() + " " + next);
+    }
+    void Put(DispatchId, Arguments, const Variant&) override {}
+    Variant Call(DispatchId, Arguments) override { return {}; }
+};
 
 /// A host's own table over its own data: column-wise, with other member numbers, sharing nothing with MemoryTable.
 class ForeignTable final : public AutomationObject {
@@ -110,6 +130,15 @@ TEST(HostTable, HostileTablesGiveErrors) {
     EXPECT_EQ(CodeOf([] { static_cast<void>(HostTable().RowCount()); }), AutomationErrorCode::ObjectNotSet);
 }
 
+TEST(HostTable, ATableMayBeReadWhileItAnswers) {
+    const auto chained = std::make_shared<ChainedTable>();
+    chained->self = chained;
+    EXPECT_EQ(HostTable(chained).Text(1, "V"), "1V 2V 3V 4V end");
+    EXPECT_EQ(HostTable(chained).Text(3, "AN_UNUSUALLY_LONG_NAME"),
+              "3AN_UNUSUALLY_LONG_NAME 4AN_UNUSUALLY_LONG_NAME end");
+    EXPECT_EQ(HostTable(chained).Text(4, ""), "4 end");
+}
+
 TEST(HostTable, ConversionErrorsNameTheirPlace) {
     const auto memory = std::make_shared<MemoryTable>(std::vector<std::string>{"WIDTH"});
     memory->AddRow({Variant("wide")});
@@ -148,6 +177,46 @@ TEST(MemoryTable, RowsAppendsAndOutlivesTheTable) {
     EXPECT_EQ(CodeOf([&] { memory->SetValue(1, "a", 1); }), AutomationErrorCode::UnknownMember);
     EXPECT_EQ(CodeOf([&] { static_cast<void>(table.Get("Columns")); }), AutomationErrorCode::UnknownMember);
     EXPECT_EQ(CodeOf([&] { memory->AddRow({1, 2, 3}); }), AutomationErrorCode::WrongArguments);
+}
+
+TEST(MemoryTable, FieldsAreFoundInWhateverOrderTheyAreAsked) {
+    MemoryTable table({"A", "B", "C"});
+    for (int row = 1; row <= 4; ++row) {
+        table.AddRow({row * 10 + 1, row * 10 + 2});
+    }
+    for (const char* order : {"ABC", "CBA", "AAB", "BCA", "CCC", "ACB"}) {
+        for (const char* field = order; *field; ++field) {
+            const Variant expected = *field == 'C' ? Variant() : Variant(30 + *field - 'A' + 1);
+            EXPECT_EQ(table.Value(3, std::string_view(field, 1)), expected) << order << ": " << *field;
+        }
+    }
+    table.RemoveRow(2);
+    EXPECT_EQ(table.RowCount(), 3);
+    EXPECT_EQ(table.Value(2, "B"), Variant(32));
+    EXPECT_EQ(table.Value(3, "A"), Variant(41));
+    table.Clear();
+    EXPECT_EQ(table.AddRow(), 1);
+    EXPECT_EQ(table.Value(1, "A"), Variant());
+
+    MemoryTable without({});
+    EXPECT_EQ(without.AddRow(), 1);
+    EXPECT_EQ(without.AddRow(), 2);
+    without.RemoveRow(1);
+    EXPECT_EQ(without.RowCount(), 1);
+    EXPECT_EQ(CodeOf([&] { static_cast<void>(without.Value(1, "A")); }), AutomationErrorCode::UnknownMember);
+}
+
+TEST(ShortText, EveryCharacterCounts) {
+    for (std::size_t size = 0; size <= 20; ++size) {
+        const std::string text(size, 'a');
+        EXPECT_TRUE(SameShortText(text, std::string(size, 'a'))) << size;
+        EXPECT_FALSE(SameShortText(text, std::string(size + 1, 'a'))) << size;
+        for (std::size_t i = 0; i < size; ++i) {
+            std::string other = text;
+            other[i] = 'b';
+            EXPECT_FALSE(SameShortText(text, other)) << size << " at " << i;
+        }
+    }
 }
 
 TEST(Late, StepsOverNothingAndValuesAreErrors) {

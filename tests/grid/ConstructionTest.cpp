@@ -260,6 +260,7 @@ TEST_F(ConstructionTest, TheFirstColumnAndRowAreScrolledToOnce) {
     Build();
     EXPECT_EQ(Grid().Column(*Grid().FirstColumn()).key, "COL7");
     EXPECT_EQ(Grid().Row(*Grid().FirstRow()).key, "ROW5");
+    EXPECT_EQ(Grid().KeyOf(*Grid().CurrentCell()), (CellKey{"COL7", "ROW5"})) << "keys start where the user looks";
     control.DP_Import_Update();
     EXPECT_EQ(Grid().Column(*Grid().FirstColumn()).key, "COL3") << "used up; the host sets it anew";
 }

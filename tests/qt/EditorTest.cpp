@@ -97,8 +97,10 @@ private slots:
     void cellsThatCannotBeEditedSayWhy_data() {
         QTest::addColumn<QString>("place");
         QTest::addColumn<QString>("message");
-        QTest::newRow("read-only line") << "COL2/ROW4" << "read-only";
-        QTest::newRow("text line") << "COL2/ROW5" << "carries text";
+        QTest::newRow("read-only line") << "COL2/ROW4"
+                                        << "read-only";
+        QTest::newRow("text line") << "COL2/ROW5"
+                                   << "carries text";
     }
 
     void cellsThatCannotBeEditedSayWhy() {
@@ -239,8 +241,9 @@ private slots:
     void pastesWhatASpreadsheetCopies() {
         Screen screen;
         auto* data = new QMimeData;
-        data->setHtml(QStringLiteral("<html><body><table><tr><td sdval=\"1234.5\">1.234,5</td><td>2</td></tr>"
-                                     "<tr><td>3</td><td>x</td></tr></table></body></html>"));
+        data->setHtml(
+            QStringLiteral("<html><body><table><tr><td sdval=\"1234.5\">1.234,5</td><td>2</td></tr>"
+                           "<tr><td>3</td><td>x</td></tr></table></body></html>"));
         QApplication::clipboard()->setMimeData(data);
         screen.goTo(QStringLiteral("COL2/ROW1"));
         Screen::press(QStringLiteral("<Ctrl+V>"));
@@ -313,8 +316,8 @@ private slots:
         QVERIFY2(grown.width() > cell.width() && grown.right() == cell.right(), "a long entry grows to the left");
         screen.widget->setTextScale(scale / 2);
         QVERIFY(screen.editor()->geometry() != grown);
-        QVERIFY(screen.editor()->geometry().intersects(
-            screen.view().cellRect(screen.cell(QStringLiteral("COL2/ROW2")))));
+        QVERIFY(
+            screen.editor()->geometry().intersects(screen.view().cellRect(screen.cell(QStringLiteral("COL2/ROW2")))));
     }
 
     void goingIntoTheEditorIsNoChangeOfFocus() {
@@ -325,8 +328,8 @@ private slots:
         for (const std::string& event : screen.log().events) {
             QVERIFY2(event.rfind("Focus", 0) != 0, event.c_str());
         }
-        QCOMPARE(screen.log().actions, (std::vector<std::string>{"ContentsChanged COL2/ROW2 5", "KeyPress 13",
-                                                                 "StayCell"}));
+        QCOMPARE(screen.log().actions,
+                 (std::vector<std::string>{"ContentsChanged COL2/ROW2 5", "KeyPress 13", "StayCell"}));
     }
 
     void clicksAreReported() {

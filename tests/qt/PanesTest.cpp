@@ -43,9 +43,7 @@ private slots:
         QTest::addColumn<QString>("members");
         QTest::addColumn<QString>("visible");
         const auto row = [](const char* name, const char* fields, bool layoutMode, const char* members,
-                            const char* shown) {
-            QTest::newRow(name) << fields << layoutMode << members << shown;
-        };
+                            const char* shown) { QTest::newRow(name) << fields << layoutMode << members << shown; };
         row("the grid alone", "", true, "", "grid");
         row("chart", "CHART", false, "", "grid chart");
         row("tree needs layout mode", "HIDDEN_LIST CHART", false, "", "grid chart");
@@ -100,7 +98,7 @@ private slots:
                 const int wanted = (sizes[0] + sizes[1]) * layout.Position(row.which) / PaneLayout::WholeExtent;
                 QVERIFY2(std::abs(sizes[0] - wanted) <= 1, row.name);
                 QCOMPARE(splitter.handle(1)->width() < splitter.handle(1)->height() ? splitter.handle(1)->width()
-                                                                                     : splitter.handle(1)->height(),
+                                                                                    : splitter.handle(1)->height(),
                          7);
             }
         }

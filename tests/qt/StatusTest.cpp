@@ -35,8 +35,8 @@ private slots:
         Screen::press(keys);
         const auto shown = [&screen] {
             const PlanViewWidget& widget = *screen.widget;
-            return QStringList{widget.currentCellName(), QString::number(widget.selectedCells()),
-                               widget.selectionSum(), widget.selectionMean()}
+            return QStringList{widget.currentCellName(), QString::number(widget.selectedCells()), widget.selectionSum(),
+                               widget.selectionMean()}
                 .join(QLatin1String("; "));
         };
         QTRY_COMPARE(shown(), summary);

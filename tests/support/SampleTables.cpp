@@ -4,10 +4,6 @@ namespace planview::test {
 
 namespace {
 
-TableRef MakeTable(std::vector<std::string> fields) {
-    return std::make_shared<MemoryTable>(std::move(fields));
-}
-
 void SetFields(MemoryTable& table, std::int32_t row, FieldValues values) {
     for (const auto& [field, value] : values) {
         table.SetValue(row, field, value);
@@ -23,34 +19,23 @@ std::int32_t AddRow(MemoryTable& table, FieldValues values) {
 }
 
 Tables::Tables()
-    : gridAttr(
-          MakeTable({"CHART",      "HIDDEN_LIST",    "NOMOVE_ALLOWED", "NORESIZE_ALLOWED", "SINGLEVALUE", "SWITCHED",
-                     "ZOOMED",     "BGCOLOR",        "GRIDLINE_COLOR", "FIRST_COL",        "FIRST_ROW",   "CHART_TYPE",
-                     "NO_AUTOMIN", "NO_AUTOMAX",     "MINVALUE",       "MAXVALUE",         "MINRANGE",    "MAXRANGE",
-                     "OPTIMUM",    "LABELCOL_WIDTH", "TITELTEXT"})),
-      colsIndex(MakeTable({"GRID_ID", "COLUMN", "PERDY", "COL_WIDTH", "COL_HEIGHT", "BITMAP", "BMP_ALIGN", "COL_HIDDEN",
-                           "COL_MARKED", "SHOW_CHART", "CHART_ID"})),
-      lineIndex(MakeTable({"GRID_ID",  "LINE",       "LINETYPE",  "ROW_WIDTH",  "ROW_HEIGHT", "READONLY",
-                           "ROW_TEXT", "ROW_FORMAT", "ROW_FONT",  "ROW_ALIGN",  "ROW_BG",     "ROW_FG",
-                           "RELIEF",   "BITMAP",     "BMP_ALIGN", "ROW_HIDDEN", "ROW_MARKED", "SHOW_CHART",
-                           "CHART_ID", "CHART_TYPE", "LTEXT",     "FREET",      "DDICT",      "PLOBT"})),
-      tab(MakeTable({"Z", "C", "V"})),
-      tabOld(MakeTable({"Z", "C", "V"})),
-      fixedCols(MakeTable(
-          {"COLUMN_FIX", "FLG_POSITION", "COL_WIDTH", "COL_HEIGHT", "COL_FORMAT", "COL_ALIGN", "READONLY", "GRID_ID"})),
-      fixedLines(MakeTable(
-          {"LINE_FIX", "FLG_POSITION", "ROW_WIDTH", "ROW_HEIGHT", "ROW_FORMAT", "ROW_ALIGN", "READONLY", "GRID_ID"})),
-      fixedTab(MakeTable({"COLUMN", "FLG_COL_FIX", "LINE", "FLG_LINE_FIX", "VALUE", "TOOLTIP", "BGCOLOR", "FGCOLOR",
-                          "BITMAP", "BMP_ALIGN", "TEXTALIGN"})),
-      cellAttr(MakeTable({"COLUMN", "LINE", "BGCOLOR", "FGCOLOR", "BITMAP", "BMP_ALIGN", "TOOLTIP"})),
-      gridTree(MakeTable({})),
-      macroTree(MakeTable({"NODEKEY", "NODEREF", "RELATION", "NODETEXT", "IMAGE_SEL", "EXPANDED"})),
-      texts(MakeTable({"ENTRY", "TEXT"})),
-      colMenu(MakeTable({"ENABLED"})),
-      rowMenu(MakeTable({"ENABLED"})),
-      gridMenu(MakeTable({"ENABLED"})),
-      cellMenu(MakeTable({"ENABLED"})),
-      macroRec(MakeTable({})) {
+    : gridAttr(MemoryTable::WithFieldsOf("GRID_ATTR")),
+      colsIndex(MemoryTable::WithFieldsOf("COLS_INDEX")),
+      lineIndex(MemoryTable::WithFieldsOf("LINE_INDEX")),
+      tab(MemoryTable::WithFieldsOf("TAB")),
+      tabOld(MemoryTable::WithFieldsOf("TAB_OLD")),
+      fixedCols(MemoryTable::WithFieldsOf("FIXED_COLS")),
+      fixedLines(MemoryTable::WithFieldsOf("FIXED_LINES")),
+      fixedTab(MemoryTable::WithFieldsOf("FIXED_TAB")),
+      cellAttr(MemoryTable::WithFieldsOf("CELL_ATTR")),
+      gridTree(MemoryTable::WithFieldsOf("GRID_TREE")),
+      macroTree(MemoryTable::WithFieldsOf("MACRO_TREE")),
+      texts(MemoryTable::WithFieldsOf("TEXTS")),
+      colMenu(MemoryTable::WithFieldsOf("COLMENU")),
+      rowMenu(MemoryTable::WithFieldsOf("ROWMENU")),
+      gridMenu(MemoryTable::WithFieldsOf("GRIDMENU")),
+      cellMenu(MemoryTable::WithFieldsOf("CELLMENU")),
+      macroRec(MemoryTable::WithFieldsOf("MACROREC")) {
     gridAttr->AddRow();
 }
 

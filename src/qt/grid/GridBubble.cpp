@@ -51,7 +51,8 @@ void GridBubble::say(const QString& text, const QRect& place, const GridTheme& t
     const QRect ground = parentWidget()->rect();
     const int across = pixels(2 * PaddingAcross + StripeWidth, scale);
     const int widest = std::max(1, std::min(pixels(WidestText, scale), ground.width() - across));
-    const QSize needed = fontMetrics().boundingRect(QRect(0, 0, widest, ground.height()), Qt::TextWordWrap, text).size();
+    const QSize needed =
+        fontMetrics().boundingRect(QRect(0, 0, widest, ground.height()), Qt::TextWordWrap, text).size();
     const QSize size(needed.width() + across, needed.height() + pixels(2 * PaddingDown, scale));
     const int distance = pixels(Distance, scale);
     const bool below = place.bottom() + distance + size.height() <= ground.bottom();

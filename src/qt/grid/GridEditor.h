@@ -21,8 +21,8 @@ class GridView;
 ///
 /// An entry that the cell does not take stays open with the reason beside it, so that no text is lost; the editor then
 /// waits, out of sight if need be, until the text is mended or given up. The editor stands on its cell while the grid
-/// is scrolled, sized or scaled. Scrolling the cell away and leaving the editor finish the entry. When the grid is built
-/// anew the entry is given up, because what it was made for is gone.
+/// is scrolled, sized or scaled. Scrolling the cell away and leaving the editor finish the entry. When the grid is
+/// built anew the entry is given up, because what it was made for is gone.
 ///
 /// Finishing tells the grid's listener, who may delete the view and the editor with it.
 class GridEditor final : public QObject {
@@ -70,7 +70,7 @@ private:
     [[nodiscard]] bool isForUs(const QKeyEvent& event) const;
 
     GridView& view_;
-    QPointer<EditLine> line_;      // children of the viewport
+    QPointer<EditLine> line_;  // children of the viewport
     QPointer<GridBubble> bubble_;
     Cell cell_;
     std::uint64_t builtFor_ = 0;

@@ -24,8 +24,8 @@ public:
         const CellLook look = grid_.Look(cell);
         const std::string text = grid_.DisplayText(cell, look);
         // Headings and totals are painted bold.
-        const bool bold = grid_.Row(cell.row).area != RowArea::Center ||
-                          grid_.Column(cell.column).area != ColumnArea::Center;
+        const bool bold =
+            grid_.Row(cell.row).area != RowArea::Center || grid_.Column(cell.column).area != ColumnArea::Center;
         GridFace& face = fonts_.face(look.font, bold, look.helpLine);
         double needed = 0;
         if (!text.empty()) {

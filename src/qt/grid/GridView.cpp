@@ -8,8 +8,8 @@
 #include <cmath>
 #include <utility>
 
-#include "qt/grid/GridAccessible.h"
 #include "grid/SelectionSummary.h"
+#include "qt/grid/GridAccessible.h"
 #include "qt/grid/GridLabelWidth.h"
 #include "qt/grid/GridPainter.h"
 
@@ -43,7 +43,12 @@ QSize deviceSize(QSize logical, qreal ratio) {
 }  // namespace
 
 GridView::GridView(GridControl& grid, std::shared_ptr<void> owner, QWidget* parent)
-    : QAbstractScrollArea(parent), grid_(grid), owner_(std::move(owner)), theme_(nullptr), mouse_(*this), editor_(*this) {
+    : QAbstractScrollArea(parent),
+      grid_(grid),
+      owner_(std::move(owner)),
+      theme_(nullptr),
+      mouse_(*this),
+      editor_(*this) {
     installGridAccessibility();
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
@@ -373,8 +378,8 @@ void GridView::paintDropMark(QPainter& painter) const {
                      QColor::fromRgb(theme_->accent));
 }
 
-/// Another widget of its window has to have the focus before the grid steps back; a window in the background, or one that
-/// is only painted, shows what has the focus in it.
+/// Another widget of its window has to have the focus before the grid steps back; a window in the background, or one
+/// that is only painted, shows what has the focus in it.
 bool GridView::showsFocus() const {
     return hasGridFocus() || (!isActiveWindow() && window()->focusWidget() == this);
 }

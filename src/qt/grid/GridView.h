@@ -88,7 +88,8 @@ public:
     /// Looks whether the grid, its editor included, has got or lost the focus.
     void reportFocus();
 
-    /// Shows a line across the grid where dragged columns or rows would go, at a device pixel of an axis; none hides it.
+    /// Shows a line across the grid where dragged columns or rows would go, at a device pixel of an axis; none hides
+    /// it.
     void setDropMark(bool across, std::optional<int> position);
     /// Calls timerEvent() regularly while the mouse drags beyond the cells.
     void setAutoScroll(bool on);

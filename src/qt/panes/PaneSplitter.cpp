@@ -125,12 +125,12 @@ void PaneSplitter::paintHandle(QPainter& painter, const QRect& rect, bool pointe
     const bool across = orientation() == Qt::Horizontal;
     const QColor line = QColor::fromRgb(theme_->line);
     painter.fillRect(rect, QColor::fromRgb(pointedAt ? theme_->accentTint : theme_->panel));
-    painter.fillRect(across ? QRect(rect.left(), rect.top(), 1, rect.height())
-                            : QRect(rect.left(), rect.top(), rect.width(), 1),
-                     line);
-    painter.fillRect(across ? QRect(rect.right(), rect.top(), 1, rect.height())
-                            : QRect(rect.left(), rect.bottom(), rect.width(), 1),
-                     line);
+    painter.fillRect(
+        across ? QRect(rect.left(), rect.top(), 1, rect.height()) : QRect(rect.left(), rect.top(), rect.width(), 1),
+        line);
+    painter.fillRect(
+        across ? QRect(rect.right(), rect.top(), 1, rect.height()) : QRect(rect.left(), rect.bottom(), rect.width(), 1),
+        line);
     const int length = std::min(GripLength, (across ? rect.height() : rect.width()) / 2);
     const QPoint middle = rect.center();
     painter.fillRect(across ? QRect(middle.x(), middle.y() - length / 2, GripWidth, length)
