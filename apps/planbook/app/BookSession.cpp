@@ -151,7 +151,7 @@ bool BookSession::commit(BookChanges& changes) {
     }
     try {
         for (std::vector<CellConflict> conflicts; !(conflicts = store_->Write(changes)).empty();) {
-            settle(changes, conflicts);
+            decide(changes, conflicts);
         }
     } catch (const BookError& error) {
         afterwards(Afterwards::ShowSnapshot, QString::fromUtf8(error.what()));
@@ -162,7 +162,7 @@ bool BookSession::commit(BookChanges& changes) {
     return true;
 }
 
-void BookSession::settle(BookChanges& changes, const std::vector<CellConflict>& conflicts) {
+void BookSession::decide(BookChanges& changes, const std::vector<CellConflict>& conflicts) {
     std::vector<DisputedCell> cells;
     for (const CellConflict& conflict : conflicts) {
         cells.push_back({nameOf(conflict.cell), toText(conflict.mine), toText(conflict.theirs)});
@@ -253,7 +253,11 @@ void BookSession::afterwards(Afterwards what, const QString& failure) {
     }
 }
 
-void BookSession::doAfterwards() {
+bool BookSession::settle() {
+    return doAfterwards();
+}
+
+bool BookSession::doAfterwards() {
     const Afterwards what = std::exchange(afterwards_, Afterwards::Nothing);
     if (what == Afterwards::Reload) {
         reload();
@@ -262,6 +266,7 @@ void BookSession::doAfterwards() {
         rebuild();
         questions_.tellFailure(failure_ + "\n\nNothing was saved; the table shows again what the book holds.");
     }
+    return what != Afterwards::ShowSnapshot;
 }
 
 void BookSession::rebuild() {

@@ -9,7 +9,6 @@
 #include "book/Book.h"
 #include "book/BookSnapshot.h"
 #include "book/BookStore.h"
-#include "book/BookWriter.h"
 
 namespace planview {
 class PlanViewWidget;
@@ -47,6 +46,9 @@ public:
     /// Asks first.
     void revertChanges();
 
+    /// Does at once what waits for the view to end what it is doing; false when something had failed.
+    bool settle();
+
     /// Looks whether another window has changed the book; also done once a second.
     void watch();
 
@@ -60,14 +62,14 @@ private:
     void tablesChanged();
     /// False when the changes could not be written; the failure is then dealt with.
     bool commit(BookChanges& changes);
-    /// Settles a dispute in `changes`; those that give way are taken out.
-    void settle(BookChanges& changes, const std::vector<CellConflict>& conflicts);
+    /// Asks whose values count; mine that give way are taken out of `changes`.
+    void decide(BookChanges& changes, const std::vector<CellConflict>& conflicts);
     void endPendingChanges(BookStore::OldValues what);
 
     enum class Afterwards { Nothing, ShowSnapshot, Reload };
     /// Has it done when the view has ended what it is doing.
     void afterwards(Afterwards what, const QString& failure);
-    void doAfterwards();
+    bool doAfterwards();
 
     void show();
     void rebuild();

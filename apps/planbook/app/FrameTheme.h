@@ -8,7 +8,7 @@ namespace planbook {
 /// The colours of the window around the view, which bring it and the view together.
 struct FrameTheme {
     QPalette palette;
-    QString styleSheet;  ///< of the main window: the menu bar with the hairline under it
+    QString styleSheet;  ///< of the main window: its bars with hairlines, their buttons as links
 
     [[nodiscard]] static FrameTheme make(bool dark);
 };

@@ -3,59 +3,34 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QFileDialog>
 #include <QLabel>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include <planview/Version.h>
 #include <planview/qt/PlanViewWidget.h>
 
+#include "app/BookSession.h"
+#include "app/FindBar.h"
 #include "app/FrameTheme.h"
+#include "app/NoticeBar.h"
+#include "app/Questions.h"
+#include "app/RecentBooks.h"
+#include "app/StatusLine.h"
 #include "book/BookError.h"
-#include "book/BookStore.h"
+#include "book/BookSchema.h"
 
 namespace planbook {
 
-using planview::ObjectRef;
 using planview::PlanViewWidget;
 
 namespace {
-
-constexpr double TextStep = 1.1;
-
-using Setter = short (PlanViewWidget::*)(const ObjectRef&);
-
-/// Which member takes which table.
-struct Slot {
-    BookTable table;
-    Setter set;
-};
-
-constexpr Slot Slots[] = {
-    {BookTable::GridAttr, &PlanViewWidget::PROP_Set_GRID_ATTR},
-    {BookTable::ColsIndex, &PlanViewWidget::PROP_Set_COLS_INDEX},
-    {BookTable::LineIndex, &PlanViewWidget::PROP_Set_LINE_INDEX},
-    {BookTable::Tab, &PlanViewWidget::PROP_Set_TAB},
-    {BookTable::TabOld, &PlanViewWidget::PROP_Set_TAB_OLD},
-    {BookTable::FixedCols, &PlanViewWidget::PROP_Set_FIXED_COLS},
-    {BookTable::FixedLines, &PlanViewWidget::PROP_Set_FIXED_LINES},
-    {BookTable::FixedTab, &PlanViewWidget::PROP_Set_FIXED_TAB},
-    {BookTable::CellAttr, &PlanViewWidget::PROP_Set_CELL_ATTR},
-    {BookTable::GridTree, &PlanViewWidget::PROP_Set_GRID_TREE},
-    {BookTable::MacroTree, &PlanViewWidget::PROP_Set_MACRO_TREE},
-    {BookTable::Texts, &PlanViewWidget::PROP_Set_TEXTS},
-    {BookTable::ColMenu, &PlanViewWidget::PROP_Set_COLMENU},
-    {BookTable::RowMenu, &PlanViewWidget::PROP_Set_ROWMENU},
-    {BookTable::GridMenu, &PlanViewWidget::PROP_Set_GRIDMENU},
-    {BookTable::CellMenu, &PlanViewWidget::PROP_Set_CELLMENU},
-    {BookTable::MacroRec, &PlanViewWidget::PROP_Set_MACROREC},
-};
-static_assert(std::size(Slots) == BookTableCount);
 
 QString toQt(const std::filesystem::path& path) {
     return QString::fromStdString(path.string());
@@ -63,21 +38,38 @@ QString toQt(const std::filesystem::path& path) {
 
 }  // namespace
 
-MainWindow::MainWindow(planview::MessageBoxes& messageBoxes, bool trace)
-    : view_(new PlanViewWidget(planview::PlatformOverrides{&messageBoxes, nullptr, nullptr}, this)),
+MainWindow::MainWindow(planview::MessageBoxes& messageBoxes, bool trace, Questions* questions)
+    : ownQuestions_(questions ? nullptr : std::make_unique<QuestionWindows>(this)),
+      questions_(questions ? *questions : *ownQuestions_),
+      view_(new PlanViewWidget(planview::PlatformOverrides{.messageBoxes = &messageBoxes}, this)),
+      session_(new BookSession(*view_, questions_, this)),
+      recent_(new RecentBooks(this)),
       pages_(new QStackedWidget(this)),
       desktopIsDark_(isDark(QApplication::palette())) {
     if (trace) {
         view_->plv_EnableTrace();
     }
     pages_->addWidget(buildWelcome());
-    pages_->addWidget(view_);
+    bookPage_ = buildBookPage();
+    pages_->addWidget(bookPage_);
     setCentralWidget(pages_);
+    status_ = new StatusLine(*view_, this);
+    setStatusBar(status_);
+    status_->hide();
     setWindowTitle("planbook");
     buildMenus();
+
     connect(view_, &PlanViewWidget::GridPopupMenuPressed, this,
             [this](short /*popup*/, const QString& command) { hostCommand(command); });
+    connect(view_, &PlanViewWidget::pendingChangesChanged, this, &MainWindow::pendingChanged);
+    connect(session_, &BookSession::opened, this, &MainWindow::bookOpened);
+    connect(session_, &BookSession::changedElsewhereChanged, changedNotice_, &QWidget::setVisible);
+    connect(status_, &StatusLine::acceptPressed, session_, &BookSession::acceptChanges);
+    connect(status_, &StatusLine::revertPressed, session_, &BookSession::revertChanges);
+    connect(recent_, &RecentBooks::chosen, this, [this](const QString& file) { tryToOpen(file.toStdString()); });
 }
+
+MainWindow::~MainWindow() = default;
 
 QWidget* MainWindow::buildWelcome() {
     auto* page = new QWidget;
@@ -92,38 +84,22 @@ QWidget* MainWindow::buildWelcome() {
     return page;
 }
 
-void MainWindow::buildMenus() {
-    QMenu* file = menuBar()->addMenu("&File");
-    file->addAction("&Open…", QKeySequence::Open, this, &MainWindow::chooseBook);
-    reloadAction_ = file->addAction("&Reload", QKeySequence(Qt::Key_F5), this, [this] { tryToOpen(file_); });
-    reloadAction_->setEnabled(false);
-    file->addSeparator();
-    file->addAction("&Quit", QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
-
-    QMenu* view = menuBar()->addMenu("&View");
-    buildSchemeMenu(*view);
-    view->addSeparator();
-    view->addAction("&Larger text", QKeySequence::ZoomIn, this,
-                    [this] { view_->setTextScale(view_->textScale() * TextStep); });
-    view->addAction("&Smaller text", QKeySequence::ZoomOut, this,
-                    [this] { view_->setTextScale(view_->textScale() / TextStep); });
-    view->addAction("&Usual text", QKeySequence(Qt::CTRL | Qt::Key_0), this, [this] { view_->setTextScale(1.0); });
-
-    menuBar()->addMenu("&Help")->addAction("&About planbook", this, &MainWindow::showAbout);
-}
-
-void MainWindow::buildSchemeMenu(QMenu& menu) {
-    using Scheme = ViewRequest::Scheme;
-    schemes_ = new QActionGroup(this);
-    const auto add = [&](const QString& text, Scheme scheme) {
-        QAction* action = menu.addAction(text, this, [this, scheme] { setScheme(scheme); });
-        action->setCheckable(true);
-        action->setData(static_cast<int>(scheme));
-        schemes_->addAction(action);
-    };
-    add("Colours of the &desktop", Scheme::System);
-    add("L&ight", Scheme::Light);
-    add("Dar&k", Scheme::Dark);
+QWidget* MainWindow::buildBookPage() {
+    auto* page = new QWidget;
+    changedNotice_ = new NoticeBar("This book was changed by another window.", "Reload");
+    findBar_ = new FindBar([this] { return session_->isOpen() ? &session_->book() : nullptr; });
+    changedNotice_->hide();
+    findBar_->hide();
+    auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(changedNotice_);
+    layout->addWidget(findBar_);
+    layout->addWidget(view_, 1);
+    connect(changedNotice_, &NoticeBar::actionPressed, this, &MainWindow::reload);
+    connect(findBar_, &FindBar::found, view_, &PlanViewWidget::selectCell);
+    connect(findBar_, &FindBar::closed, view_, qOverload<>(&QWidget::setFocus));
+    return page;
 }
 
 void MainWindow::setScheme(ViewRequest::Scheme scheme) {
@@ -137,8 +113,10 @@ void MainWindow::setScheme(ViewRequest::Scheme scheme) {
     }
 }
 
+// --- Opening and closing
+
 void MainWindow::chooseBook() {
-    const QString name = QFileDialog::getOpenFileName(this, "Open a book", toQt(file_.parent_path()),
+    const QString name = QFileDialog::getOpenFileName(this, "Open a book", toQt(session_->file().parent_path()),
                                                       "Planning books (*.planbook);;All files (*)");
     if (!name.isEmpty()) {
         tryToOpen(name.toStdString());
@@ -146,39 +124,77 @@ void MainWindow::chooseBook() {
 }
 
 void MainWindow::tryToOpen(const std::filesystem::path& file) {
+    if (!finishWork()) {
+        return;
+    }
     try {
         openBook(file);
     } catch (const BookError& error) {
-        QMessageBox::warning(this, "planbook", QString::fromUtf8(error.what()));
+        questions_.tellFailure(QString::fromUtf8(error.what()));
     }
 }
 
 void MainWindow::openBook(const std::filesystem::path& file) {
-    book_ = LoadBook(file);
-    file_ = std::filesystem::absolute(file);
-    setWindowTitle(toQt(file_.stem()));
-    setWindowFilePath(toQt(file_));
-    reloadAction_->setEnabled(true);
-    pages_->setCurrentWidget(view_);
-    showBook();
-    view_->setFocus();
+    session_->open(file);
 }
 
-void MainWindow::showBook() {
-    for (const Slot& slot : Slots) {
-        (view_->*slot.set)(book_->Share(slot.table));
+void MainWindow::reload() {
+    if (finishWork()) {
+        session_->reload();
     }
-    view_->DP_Import_Attribute();
-    view_->DP_Import_Texts();
-    view_->DP_Import_MacroTree();
-    view_->DP_Import_PopupMenu();
-    view_->DP_Import_Create();
+}
+
+bool MainWindow::finishWork() {
+    return view_->finishEditing() && session_->settle();
+}
+
+void MainWindow::bookOpened() {
+    const QString name = toQt(session_->file().stem());
+    setWindowTitle(name + (session_->isReadOnly() ? " (read-only)" : "") + "[*] – planbook");
+    setWindowFilePath(toQt(session_->file()));
+    bookActions_->setEnabled(true);
+    pages_->setCurrentWidget(bookPage_);
+    status_->show();
+    pendingChanged(view_->pendingChanges());
+    view_->setFocus();
+    remember();
+}
+
+void MainWindow::remember() {
+    // A picture or a trace leaves nothing behind.
+    if (isVisible() && session_->isOpen()) {
+        recent_->add(toQt(session_->file()));
+    }
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    remember();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->setAccepted(finishWork());
+}
+
+// --- While a book is open
+
+void MainWindow::pendingChanged(int count) {
+    setWindowModified(count > 0);
+    status_->showPendingChanges(count);
+    acceptAction_->setEnabled(count > 0);
+    revertAction_->setEnabled(count > 0);
+}
+
+void MainWindow::startToFind() {
+    if (view_->finishEditing()) {
+        findBar_->start();
+    }
 }
 
 void MainWindow::hostCommand(const QString& command) {
     if (command.toInt() == HostCommandReload) {
         // After the event: the view must not be rebuilt while it is raising one.
-        QTimer::singleShot(0, this, [this] { tryToOpen(file_); });
+        QTimer::singleShot(0, this, &MainWindow::reload);
     }
 }
 

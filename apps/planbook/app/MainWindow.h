@@ -2,12 +2,11 @@
 
 #include <QMainWindow>
 #include <filesystem>
-#include <optional>
+#include <memory>
 
 #include <planview/Platform.h>
 
 #include "app/CommandLine.h"
-#include "book/Book.h"
 
 class QAction;
 class QActionGroup;
@@ -20,37 +19,71 @@ class PlanViewWidget;
 
 namespace planbook {
 
-/// planbook's window: a menu bar and the view with one book.
+class BookSession;
+class FindBar;
+class NoticeBar;
+class Questions;
+class RecentBooks;
+class StatusLine;
+
+/// planbook's window: a menu bar, the view with one book, and the line below it.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// With `trace` the view's trace is on before anything else happens to it.
-    MainWindow(planview::MessageBoxes& messageBoxes, bool trace);
+    /// With `trace` the view's trace is on before anything else happens to it. `questions` take the place of the
+    /// window's own ones and must outlive it.
+    MainWindow(planview::MessageBoxes& messageBoxes, bool trace, Questions* questions = nullptr);
+    ~MainWindow() override;
 
     /// Throws BookError; the book shown so far stays then.
     void openBook(const std::filesystem::path& file);
 
     void setScheme(ViewRequest::Scheme scheme);
 
+    [[nodiscard]] planview::PlanViewWidget& view() { return *view_; }
+    [[nodiscard]] BookSession& session() { return *session_; }
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     QWidget* buildWelcome();
+    QWidget* buildBookPage();
     void buildMenus();
+    void buildFileMenu();
+    void buildEditMenu();
+    void buildViewMenu();
     void buildSchemeMenu(QMenu& menu);
     void chooseBook();
     /// Opens and tells the user when that fails.
     void tryToOpen(const std::filesystem::path& file);
-    void showBook();
+    void reload();
+    /// Ends an open entry and whatever waits for the view; false when the user has to mend something first.
+    bool finishWork();
+    void bookOpened();
+    void remember();
+    void pendingChanged(int count);
+    void startToFind();
     void hostCommand(const QString& command);
     void showAbout();
 
+    std::unique_ptr<Questions> ownQuestions_;
+    Questions& questions_;
     planview::PlanViewWidget* view_;
+    BookSession* session_;
+    RecentBooks* recent_;
     QStackedWidget* pages_;
-    QAction* reloadAction_ = nullptr;
+    QWidget* bookPage_ = nullptr;
+    NoticeBar* changedNotice_ = nullptr;
+    FindBar* findBar_ = nullptr;
+    StatusLine* status_ = nullptr;
+    QActionGroup* bookActions_ = nullptr;  // for those that need a book
+    QAction* acceptAction_ = nullptr;
+    QAction* revertAction_ = nullptr;
     QActionGroup* schemes_ = nullptr;
     bool desktopIsDark_;
-    std::filesystem::path file_;
-    std::optional<Book> book_;
 };
 
 }  // namespace planbook

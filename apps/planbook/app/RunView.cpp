@@ -101,6 +101,8 @@ void RunView(int& argc, char** argv, const ViewRequest& request) {
     QApplication application(argc, argv);
     applicationRuns = true;
     QApplication::setStyle("Fusion");
+    QApplication::setOrganizationName("planbook");  // both name the user's settings
+    QApplication::setApplicationName("planbook");
     QApplication::setApplicationDisplayName("planbook");
     QApplication::setWindowIcon(QIcon(":/planbook/planbook.svg"));
 

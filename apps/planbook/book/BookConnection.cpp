@@ -61,7 +61,7 @@ std::string WhatNow(const QSqlError& error) {
         case CannotOpen:
             return "Check your access to the file and its folder.";
         case InputOutput:
-            return "Check the medium it is on.";
+            return "Check the medium it is on and the room there.";
         case Corrupt:
         case NoDatabase:
             return "The file is damaged; take it from a backup.";

@@ -8,6 +8,7 @@
 
 #include "book/BookConnection.h"
 #include "book/BookError.h"
+#include "book/BookSnapshot.h"
 #include "book/BookWriter.h"
 #include "book/SqlValue.h"
 

@@ -8,12 +8,11 @@
 #include <vector>
 
 #include "book/Book.h"
-#include "book/BookSnapshot.h"
+#include "book/BookChanges.h"
 
 namespace planbook {
 
 class BookConnection;
-struct CellConflict;
 
 /// A book file: SQLite, one SQL table per table of the schema, the fields as columns and ROW_NO as primary key.
 ///

@@ -3,16 +3,9 @@
 #include <vector>
 
 #include "book/BookConnection.h"
-#include "book/BookSnapshot.h"
+#include "book/BookChanges.h"
 
 namespace planbook {
-
-/// A cell that somebody else has changed since this window last read it, so that writing it would lose their value.
-struct CellConflict {
-    CellPlace cell;
-    planview::Variant mine;
-    planview::Variant theirs;
-};
 
 /// Writes the changes in one transaction, or nothing when there are conflicts. Throws BookError; then nothing was
 /// written either.

@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "book/BookSnapshot.h"
+#include "book/Book.h"
+#include "book/BookChanges.h"
 
 namespace planbook {
 

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "find/BookFinder.h"
+
+class QLabel;
+class QLineEdit;
+
+namespace planbook {
+
+/// A slim bar that finds captions, periods and values of a book.
+class FindBar : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `book` answers the book that is open, or null.
+    explicit FindBar(std::function<const Book*()> book, QWidget* parent = nullptr);
+
+    /// Shows the bar, ready for typing.
+    void start();
+    void findNext() { find(Direction::Forward); }
+    void findPrevious() { find(Direction::Backward); }
+
+Q_SIGNALS:
+    void found(const QString& column, const QString& row);
+    void closed();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    enum class Direction { Here, Forward, Backward };
+    void find(Direction direction);
+    void close();
+
+    std::function<const Book*()> book_;
+    QLineEdit* text_;
+    QLabel* outcome_;
+    FoundPlace last_;  // where the search stands
+};
+
+}  // namespace planbook

@@ -1,0 +1,100 @@
+#include <QAction>
+#include <QActionGroup>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <planview/qt/PlanViewWidget.h>
+
+#include "app/BookSession.h"
+#include "app/FindBar.h"
+#include "app/MainWindow.h"
+#include "app/RecentBooks.h"
+
+namespace planbook {
+
+using planview::PlanViewWidget;
+
+namespace {
+
+constexpr double TextStep = 1.1;
+
+}  // namespace
+
+void MainWindow::buildMenus() {
+    bookActions_ = new QActionGroup(this);
+    bookActions_->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
+    buildFileMenu();
+    buildEditMenu();
+    buildViewMenu();
+    menuBar()->addMenu("&Help")->addAction("&About planbook", this, &MainWindow::showAbout);
+    bookActions_->setEnabled(false);
+}
+
+void MainWindow::buildFileMenu() {
+    QMenu* file = menuBar()->addMenu("&File");
+    file->addAction("&Open…", QKeySequence::Open, this, &MainWindow::chooseBook);
+    recent_->attach(*file->addMenu("Recent &books"));
+    bookActions_->addAction(file->addAction("&Reload", QKeySequence(Qt::Key_F5), this, &MainWindow::reload));
+    file->addSeparator();
+    file->addAction("&Quit", QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
+}
+
+void MainWindow::buildEditMenu() {
+    QMenu* edit = menuBar()->addMenu("&Edit");
+    // The view has these keys itself while it has the focus, and an entry field has its own: the menu only names them.
+    const auto add = [&](const QString& text, void (PlanViewWidget::*command)()) {
+        QAction* action = edit->addAction(text, view_, command);
+        bookActions_->addAction(action);
+        return action;
+    };
+    QAction* undo = add("&Undo\tCtrl+Z", &PlanViewWidget::undo);
+    QAction* redo = add("&Redo\tCtrl+Y", &PlanViewWidget::redo);
+    connect(edit, &QMenu::aboutToShow, this, [this, undo, redo] {
+        undo->setEnabled(session_->isOpen() && view_->canUndo());
+        redo->setEnabled(session_->isOpen() && view_->canRedo());
+    });
+    edit->addSeparator();
+    add("Cu&t\tCtrl+X", &PlanViewWidget::cut);
+    add("&Copy\tCtrl+C", &PlanViewWidget::copy);
+    add("&Paste\tCtrl+V", &PlanViewWidget::paste);
+    add("&Fill with the current value", &PlanViewWidget::fill);
+    add("&Delete\tDel", &PlanViewWidget::deleteContents);
+    edit->addSeparator();
+    bookActions_->addAction(edit->addAction("F&ind…", QKeySequence::Find, this, &MainWindow::startToFind));
+    bookActions_->addAction(
+        edit->addAction("Find &next", QKeySequence(Qt::Key_F3), findBar_, &FindBar::findNext));
+    bookActions_->addAction(edit->addAction("Find pre&vious", QKeySequence(Qt::SHIFT | Qt::Key_F3), findBar_,
+                                            &FindBar::findPrevious));
+    edit->addSeparator();
+    acceptAction_ = edit->addAction("&Accept changes", session_, &BookSession::acceptChanges);
+    revertAction_ = edit->addAction("R&evert changes…", session_, &BookSession::revertChanges);
+    acceptAction_->setEnabled(false);
+    revertAction_->setEnabled(false);
+}
+
+void MainWindow::buildViewMenu() {
+    QMenu* view = menuBar()->addMenu("&View");
+    buildSchemeMenu(*view);
+    view->addSeparator();
+    view->addAction("&Larger text", QKeySequence::ZoomIn, this,
+                    [this] { view_->setTextScale(view_->textScale() * TextStep); });
+    view->addAction("&Smaller text", QKeySequence::ZoomOut, this,
+                    [this] { view_->setTextScale(view_->textScale() / TextStep); });
+    view->addAction("&Usual text", QKeySequence(Qt::CTRL | Qt::Key_0), this, [this] { view_->setTextScale(1.0); });
+}
+
+void MainWindow::buildSchemeMenu(QMenu& menu) {
+    using Scheme = ViewRequest::Scheme;
+    schemes_ = new QActionGroup(this);
+    const auto add = [&](const QString& text, Scheme scheme) {
+        QAction* action = menu.addAction(text, this, [this, scheme] { setScheme(scheme); });
+        action->setCheckable(true);
+        action->setData(static_cast<int>(scheme));
+        schemes_->addAction(action);
+    };
+    add("Colours of the &desktop", Scheme::System);
+    add("L&ight", Scheme::Light);
+    add("Dar&k", Scheme::Dark);
+}
+
+}  // namespace planbook

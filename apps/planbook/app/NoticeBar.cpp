@@ -1,0 +1,33 @@
+#include "app/NoticeBar.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QToolButton>
+
+namespace planbook {
+
+NoticeBar::NoticeBar(const QString& text, const QString& action, QWidget* parent) : QWidget(parent) {
+    setObjectName("noticeBar");
+    setAttribute(Qt::WA_StyledBackground);
+    auto* button = new QToolButton;
+    button->setText(action);
+    button->setObjectName("noticeAction");
+    button->setAutoRaise(true);
+    auto* end = new QToolButton;
+    end->setText("×");
+    end->setToolTip("Not now");
+    end->setAccessibleName("Not now");
+    end->setAutoRaise(true);
+
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(8, 3, 8, 3);
+    layout->setSpacing(6);
+    layout->addWidget(new QLabel(text));
+    layout->addWidget(button);
+    layout->addStretch();
+    layout->addWidget(end);
+    connect(button, &QToolButton::clicked, this, &NoticeBar::actionPressed);
+    connect(end, &QToolButton::clicked, this, &QWidget::hide);
+}
+
+}  // namespace planbook

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+namespace planbook {
+
+/// A quiet line above the view with something to know and one thing to do about it.
+class NoticeBar : public QWidget {
+    Q_OBJECT
+
+public:
+    NoticeBar(const QString& text, const QString& action, QWidget* parent = nullptr);
+
+Q_SIGNALS:
+    void actionPressed();
+};
+
+}  // namespace planbook

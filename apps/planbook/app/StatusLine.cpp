@@ -1,0 +1,73 @@
+#include "app/StatusLine.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStringList>
+#include <QToolButton>
+
+#include <planview/qt/PlanViewWidget.h>
+
+#include "app/Questions.h"
+
+namespace planbook {
+
+using planview::PlanViewWidget;
+
+namespace {
+
+QToolButton* linkButton(const QString& text, const QString& toolTip, const QString& name) {
+    auto* button = new QToolButton;
+    button->setText(text);
+    button->setToolTip(toolTip);
+    button->setObjectName(name);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    return button;
+}
+
+}  // namespace
+
+StatusLine::StatusLine(PlanViewWidget& view, QWidget* parent)
+    : QStatusBar(parent),
+      view_(view),
+      pending_(new QLabel),
+      accept_(linkButton("Accept", "Keep the new values and forget the old ones", "accept")),
+      revert_(linkButton("Revert", "Bring the old values back", "revert")),
+      selection_(new QLabel) {
+    setSizeGripEnabled(false);
+    pending_->setObjectName("pending");
+    selection_->setObjectName("selection");
+    // One widget: a status bar would draw a frame around each.
+    auto* left = new QWidget;
+    auto* layout = new QHBoxLayout(left);
+    layout->setContentsMargins(6, 0, 0, 0);
+    layout->setSpacing(4);
+    layout->addWidget(pending_);
+    layout->addWidget(accept_);
+    layout->addWidget(revert_);
+    addWidget(left);
+    addPermanentWidget(selection_);
+    connect(accept_, &QToolButton::clicked, this, &StatusLine::acceptPressed);
+    connect(revert_, &QToolButton::clicked, this, &StatusLine::revertPressed);
+    connect(&view_, &PlanViewWidget::selectionSummaryChanged, this, &StatusLine::showSelection);
+    showPendingChanges(0);
+}
+
+void StatusLine::showPendingChanges(int count) {
+    pending_->setText(count == 0 ? QString("No pending changes") : counted(count, "pending change"));
+    accept_->setVisible(count > 0);
+    revert_->setVisible(count > 0);
+}
+
+void StatusLine::showSelection() {
+    QStringList parts{view_.currentCellName()};
+    if (view_.selectedCells() > 1) {
+        if (!view_.selectionSum().isEmpty()) {
+            parts << "Sum " + view_.selectionSum() << "Mean " + view_.selectionMean();
+        }
+        parts << QString("Count %1").arg(view_.selectedCells());
+    }
+    selection_->setText(parts.join("    "));
+}
+
+}  // namespace planbook

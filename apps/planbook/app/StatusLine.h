@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QStatusBar>
+
+class QLabel;
+class QToolButton;
+
+namespace planview {
+class PlanViewWidget;
+}
+
+namespace planbook {
+
+/// The line at the bottom: the pending changes with what can be done about them, and the cell or the selection.
+class StatusLine : public QStatusBar {
+    Q_OBJECT
+
+public:
+    explicit StatusLine(planview::PlanViewWidget& view, QWidget* parent = nullptr);
+
+    void showPendingChanges(int count);
+
+Q_SIGNALS:
+    void acceptPressed();
+    void revertPressed();
+
+private:
+    void showSelection();
+
+    planview::PlanViewWidget& view_;
+    QLabel* pending_;
+    QToolButton* accept_;
+    QToolButton* revert_;
+    QLabel* selection_;
+};
+
+}  // namespace planbook
