@@ -16,9 +16,35 @@ public:
     explicit Deleter(GridOnScreen& screen) : screen_(screen) {}
     void SelectionChanged(const CellKey&, bool) override { screen_.deleteView(); }
     void ColumnResized(const std::string&, int) override { screen_.deleteView(); }
+    void DoubleClick(const CellKey&) override { screen_.deleteView(); }
 
 private:
     GridOnScreen& screen_;
+};
+
+/// Deletes the view when one certain event comes.
+class ChoosyDeleter final : public ReportLog {
+public:
+    ChoosyDeleter(GridOnScreen& screen, QString event) : screen_(screen), event_(std::move(event)) {}
+    void SelectionChanged(const CellKey&, bool) override {}
+    void ContentsChanged(const CellKey&, const std::string&) override { heard("ContentsChanged"); }
+    void StayCell() override { heard("StayCell"); }
+    void SimpleClick(const CellKey&) override { heard("SimpleClick"); }
+    void MouseDown(const CellKey&, std::int16_t, std::int16_t) override { heard("MouseDown"); }
+    bool KeyDown(std::int16_t, std::int16_t) override {
+        heard("KeyDown");
+        return true;
+    }
+    void KeyPress(std::int16_t) override { heard("KeyPress"); }
+
+private:
+    void heard(const char* event) {
+        if (event_ == QLatin1String(event)) {
+            screen_.deleteView();
+        }
+    }
+    GridOnScreen& screen_;
+    QString event_;
 };
 
 QPoint headingBorder(GridOnScreen& screen) {
@@ -71,6 +97,40 @@ private slots:
         QVERIFY2(!view, "the input raised no event");
         screen.grid().SetEvents(nullptr);
         screen.grid().Redraw();
+    }
+
+    void deletedByOneOfSeveralEvents_data() {
+        using Input = std::function<void(GridOnScreen&)>;
+        QTest::addColumn<Input>("input");
+        const auto add = [](const char* event, Input input) { QTest::newRow(event) << std::move(input); };
+        const auto click = [](GridOnScreen& screen) {
+            QTest::mouseClick(screen.port(), Qt::LeftButton, Qt::NoModifier, screen.middle(screen.cell(2, 3)));
+        };
+        const auto press = [](Qt::Key key) {
+            return [key](GridOnScreen& screen) {
+                QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("5"));
+                static_cast<void>(screen);
+                QTest::keyClick(QApplication::focusWidget(), key);
+            };
+        };
+        add("MouseDown", [](GridOnScreen& screen) {
+            QTest::mousePress(screen.port(), Qt::LeftButton, Qt::NoModifier, screen.middle(screen.cell(2, 3)));
+        });
+        add("SimpleClick", click);
+        add("KeyDown", [](GridOnScreen& screen) { QTest::keyPress(&screen.view(), Qt::Key_Delete); });
+        add("KeyPress", press(Qt::Key_Return));
+        add("ContentsChanged", press(Qt::Key_Tab));
+        add("StayCell", press(Qt::Key_Escape));
+    }
+    void deletedByOneOfSeveralEvents() {
+        QFETCH(std::function<void(GridOnScreen&)>, input);
+        GridOnScreen screen;
+        ChoosyDeleter deleter(screen, QString::fromLatin1(QTest::currentDataTag()));
+        const QPointer<GridView> view(&screen.view());
+        screen.grid().SetEvents(&deleter);
+        input(screen);
+        QVERIFY2(!view, "the input raised no event");
+        screen.grid().SetEvents(nullptr);
     }
 
     void deletedWhileDragging() {

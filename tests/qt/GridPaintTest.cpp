@@ -219,7 +219,7 @@ private slots:
         GridFonts fonts(screen.view().font(), screen.view().geometry().unit);
         const auto isCut = [&](Cell which) {
             return GridPainter({screen.grid(), screen.view().geometry(), GridTheme::light(), fonts,
-                                screen.view().bitmaps(), true})
+                                screen.view().bitmaps(), PendingMarks(), true})
                 .isCut(which);
         };
         QVERIFY(isCut(cell));

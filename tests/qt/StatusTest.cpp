@@ -57,9 +57,10 @@ private slots:
         const QSignalSpy spy(screen.widget.get(), &PlanViewWidget::pendingChangesChanged);
         const auto corner = [&screen](const char* place) {
             const QRect cell = screen.view().cellRect(screen.cell(QString::fromLatin1(place)));
-            const QRect area(cell.right() - 8, cell.top(), 8, 8);
-            return countColor(screen.port()->grab().toImage().convertToFormat(QImage::Format_RGB32), area,
-                              GridTheme::light().accent) > 8;
+            const QImage picture = screen.port()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+            const double ratio = picture.devicePixelRatio();
+            const QRectF area((cell.right() - 5) * ratio, (cell.top() + 1) * ratio, 4 * ratio, 3 * ratio);
+            return countColor(picture, area.toRect(), GridTheme::light().accent) > 4;
         };
         screen.goTo(QStringLiteral("COL2/ROW2"));
         Screen::press(QStringLiteral("5<Enter>6<Enter>"));

@@ -73,38 +73,6 @@ public:
     /// `scale` is the picture's device pixel ratio.
     [[nodiscard]] QImage renderToImage(QSize size, qreal scale = 1.0);
 
-    // --- Commands for the host's own menus; while an entry is open, those that it knows are about its text
-
-    [[nodiscard]] bool canUndo() const;
-    [[nodiscard]] bool canRedo() const;
-    Q_INVOKABLE void undo();
-    Q_INVOKABLE void redo();
-    Q_INVOKABLE void copy();
-    Q_INVOKABLE void cut();
-    Q_INVOKABLE void paste();
-    /// Gives every selected cell the current cell's value.
-    Q_INVOKABLE void fill();
-    Q_INVOKABLE void deleteContents();
-    /// Ends an entry that is open. False when its text is refused; it then stays open. Ask before closing or saving.
-    Q_INVOKABLE bool finishEditing();
-    /// Ends an entry that is open, then makes the cell with these keys the current one, selects it alone and scrolls it
-    /// into sight. False when the entry is refused, or when there is no such cell or it is hidden.
-    Q_INVOKABLE bool selectCell(const QString& column, const QString& row);
-
-    // --- For the host's status bar
-
-    /// "Construction · May 08"; empty without a current cell.
-    [[nodiscard]] QString currentCellName() const;
-    /// The number of selected cells that are visible, 1 when only the current cell is.
-    [[nodiscard]] int selectedCells() const;
-    /// Of the selected cells that hold numbers, as the grid writes numbers; empty when none does.
-    [[nodiscard]] QString selectionSum() const;
-    [[nodiscard]] QString selectionMean() const;
-    /// The number of planning cells that show another value than TAB_OLD keeps for them.
-    [[nodiscard]] int pendingChanges() const;
-    /// Looks at TAB_OLD again. Needed only when the host has changed it without building the grid anew.
-    Q_INVOKABLE void refreshPendingChanges();
-
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -176,6 +144,38 @@ public:
     Q_INVOKABLE planview::ObjectRef PROP_Get_MACROREC();
     Q_INVOKABLE short PROP_Set_MACROREC(const planview::ObjectRef& table);
     Q_INVOKABLE short plvSet_MACROREC(const planview::ObjectRef& table);
+
+    // --- Commands for the host's own menus; while an entry is open, those that it knows are about its text
+
+    [[nodiscard]] bool canUndo() const;
+    [[nodiscard]] bool canRedo() const;
+    Q_INVOKABLE void undo();
+    Q_INVOKABLE void redo();
+    Q_INVOKABLE void copy();
+    Q_INVOKABLE void cut();
+    Q_INVOKABLE void paste();
+    /// Gives every selected cell the current cell's value.
+    Q_INVOKABLE void fill();
+    Q_INVOKABLE void deleteContents();
+    /// Ends an entry that is open. False when its text is refused; it then stays open. Ask before closing or saving.
+    Q_INVOKABLE bool finishEditing();
+    /// Ends an entry that is open, then makes the cell with these keys the current one, selects it alone and scrolls it
+    /// into sight. False when the entry is refused, or when there is no such cell or it is hidden.
+    Q_INVOKABLE bool selectCell(const QString& column, const QString& row);
+
+    // --- For the host's status bar
+
+    /// "Construction · May 08"; empty without a current cell.
+    [[nodiscard]] QString currentCellName() const;
+    /// The number of selected cells that are visible, 1 when only the current cell is.
+    [[nodiscard]] int selectedCells() const;
+    /// Of the selected cells that hold numbers, as the grid writes numbers; empty when none does.
+    [[nodiscard]] QString selectionSum() const;
+    [[nodiscard]] QString selectionMean() const;
+    /// The number of planning cells that show another value than TAB_OLD keeps for them.
+    [[nodiscard]] int pendingChanges() const;
+    /// Looks at TAB_OLD again. Needed only when the host has changed it without building the grid anew.
+    Q_INVOKABLE void refreshPendingChanges();
 
 Q_SIGNALS:
     // The events, in their order

@@ -1,0 +1,362 @@
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSettings>
+#include <QToolButton>
+#include <ostream>
+
+#include <gtest/gtest.h>
+
+#include <planview/qt/PlanViewWidget.h>
+
+#include "app/BookSession.h"
+#include "app/FindBar.h"
+#include "app/HostMessageBoxes.h"
+#include "app/MainWindow.h"
+#include "app/Questions.h"
+#include "app/RecentBooks.h"
+#include "book/BookSnapshot.h"
+#include "book/BookStore.h"
+#include "components/GridControl.h"
+#include "planbook/TestBook.h"
+
+namespace planbook {
+namespace {
+
+using planview::Cell;
+using planview::GridControl;
+using planview::SelectionMode;
+using planview::Variant;
+
+/// Answers in the user's place and keeps what was said.
+class ScriptedQuestions final : public Questions {
+public:
+    void tellFailure(const QString& text) override { failures.push_back(text.toStdString()); }
+    void tell(const QString& text) override { news.push_back(text.toStdString()); }
+    [[nodiscard]] bool mayRevert(int changes) override {
+        revertAsked = changes;
+        return revert;
+    }
+    [[nodiscard]] Keep whoseValues(const std::vector<DisputedCell>& cells) override {
+        disputes.push_back(cells);
+        return keep;
+    }
+
+    bool revert = true;
+    Keep keep = Keep::Mine;
+    int revertAsked = 0;
+    std::vector<std::string> failures;
+    std::vector<std::string> news;
+    std::vector<std::vector<DisputedCell>> disputes;
+};
+
+/// planbook's window with a book, as a user would have it.
+struct Window {
+    explicit Window(const std::filesystem::path& book) : file(book), window(boxes, false, &questions) {
+        window.openBook(file);
+    }
+
+    GridControl& Grid() { return window.view().control().Grid(); }
+    Cell At(int line, int period) {
+        const std::string column = "COL" + std::to_string(period);
+        const std::string row = "ROW" + std::to_string(line);
+        return Grid().FindCell({column, row}).value();
+    }
+    void Type(int line, int period, const char* text) {
+        Grid().EnterText(At(line, period), text);
+        QApplication::processEvents();
+    }
+    void EmptyBlock(int line, int period, int lastLine, int lastPeriod) {
+        Grid().SelectCell(At(line, period), SelectionMode::Replace);
+        Grid().SelectCell(At(lastLine, lastPeriod), SelectionMode::Extend);
+        window.view().deleteContents();
+        QApplication::processEvents();
+    }
+    std::string Shown(int line, int period) { return Grid().Contents(At(line, period)); }
+    std::string InFile(int line, int period) const {
+        return BookSnapshot(LoadBook(file)).ValueOf({line, period}).AsText();
+    }
+    /// The tables that the view has and those in the file are the same.
+    void ExpectSaved() {
+        const Book saved = LoadBook(file);
+        for (const BookTable table : {BookTable::Tab, BookTable::TabOld, BookTable::ColsIndex, BookTable::LineIndex}) {
+            if (!DumpTable(saved, table).empty()) {
+                EXPECT_EQ(DumpTable(saved, table), DumpTable(window.session().book(), table));
+            }
+        }
+    }
+    template <class Widget>
+    Widget* Find(const char* name) {
+        return window.findChild<Widget*>(name);
+    }
+    std::string Text(const char* label) { return Find<QLabel>(label)->text().toStdString(); }
+    void Press(const char* button) {
+        Find<QToolButton>(button)->click();
+        QApplication::processEvents();
+    }
+
+    std::filesystem::path file;
+    ScriptedQuestions questions;
+    HostMessageBoxes boxes;
+    MainWindow window;
+};
+
+// --- Saving
+
+TEST(Window, EveryKindOfChangeIsInTheFileAtOnce) {
+    const TestFolder folder;
+    Window w(MakeSmallBook(folder));
+    w.Type(1, 1, "12,5");
+    w.Type(3, 4, "7");  // a cell without a row
+    w.Type(1, 1, "13");
+    EXPECT_EQ(w.InFile(1, 1), "13");
+    w.ExpectSaved();
+    w.EmptyBlock(1, 1, 2, 3);
+    EXPECT_EQ(w.InFile(2, 3), "");
+    w.ExpectSaved();
+    w.window.view().undo();
+    EXPECT_EQ(w.InFile(2, 3), "30.5");
+    EXPECT_EQ(w.InFile(1, 1), "13");
+    w.ExpectSaved();
+    w.window.view().redo();
+    w.ExpectSaved();
+
+    GridControl& grid = w.Grid();
+    grid.PressColumnBorder(*grid.FindColumn("COL2"), false);
+    grid.DragBorder(133);
+    grid.ReleaseBorder();
+    EXPECT_EQ(LoadBook(w.file)[BookTable::ColsIndex].Value(2, "COL_WIDTH"), Variant(133));
+    w.ExpectSaved();
+    EXPECT_TRUE(w.questions.failures.empty());
+}
+
+TEST(Window, PendingChangesAreCountedAcceptedAndReverted) {
+    const TestFolder folder;
+    Window w(MakeSmallBook(folder));
+    EXPECT_FALSE(w.window.isWindowModified());
+    w.Type(1, 1, "50");
+    w.Type(2, 2, "60");
+    w.Type(2, 2, "20,5");  // as it was
+    EXPECT_EQ(w.Text("pending"), "1 pending change");
+    EXPECT_TRUE(w.window.isWindowModified());
+    EXPECT_EQ(w.window.windowTitle(), "small[*] – planbook");
+
+    w.Press("accept");
+    EXPECT_EQ(w.Text("pending"), "No pending changes");
+    EXPECT_EQ(DumpTable(LoadBook(w.file), BookTable::TabOld), "");
+    w.ExpectSaved();
+
+    w.Type(1, 1, "51");
+    w.EmptyBlock(2, 1, 3, 2);
+    EXPECT_EQ(w.Text("pending"), "5 pending changes");
+    w.questions.revert = false;
+    w.Press("revert");
+    EXPECT_EQ(w.InFile(1, 1), "51");
+    w.questions.revert = true;
+    w.Press("revert");
+    EXPECT_EQ(w.questions.revertAsked, 5);
+    EXPECT_EQ(w.InFile(1, 1), "50");
+    EXPECT_EQ(w.Shown(1, 1), "50");
+    EXPECT_EQ(w.Shown(2, 1), "10,5");
+    EXPECT_EQ(w.Text("pending"), "No pending changes");
+    EXPECT_FALSE(w.window.isWindowModified());
+    w.ExpectSaved();
+}
+
+struct FailureCase {
+    const char* name;
+    Obstacle::Kind kind;
+};
+
+void PrintTo(const FailureCase& failure, std::ostream* stream) {
+    *stream << failure.name;
+}
+
+class WindowFailure : public testing::TestWithParam<FailureCase> {};
+
+TEST_P(WindowFailure, IsToldOnceAndTheGridShowsWhatTheBookHolds) {
+    const TestFolder folder;
+    const std::filesystem::path file = MakeSmallBook(folder);
+    ChangeBook(file, "UPDATE GRID_ATTR SET SINGLEVALUE = 1");  // each cell of a block is announced
+    Window w(file);
+    w.Type(1, 2, "22");
+    const std::string before = DumpTable(LoadBook(file), BookTable::Tab);
+    {
+        const Obstacle obstacle(GetParam().kind, file);
+        if (GetParam().kind == Obstacle::Kind::NoPermission) {
+            w.window.session().reload();  // SQLite looks at the permissions when it opens a file
+        }
+        w.Type(1, 1, "50");
+        ASSERT_EQ(w.questions.failures.size(), 1U);
+        EXPECT_TRUE(Contains(w.questions.failures[0], "Cannot write the book")) << w.questions.failures[0];
+        EXPECT_EQ(w.Shown(1, 1), "1");
+        w.EmptyBlock(1, 1, 3, 3);
+        EXPECT_EQ(w.questions.failures.size(), 2U) << "once for the whole block";
+        EXPECT_EQ(w.Shown(3, 3), "300");
+        EXPECT_EQ(w.Shown(1, 2), "22");
+        w.window.session().acceptChanges();
+        EXPECT_EQ(w.questions.failures.size(), 3U);
+        EXPECT_EQ(w.Text("pending"), "1 pending change");
+    }
+    EXPECT_EQ(DumpTable(LoadBook(file), BookTable::Tab), before);
+    w.window.session().reload();
+    w.Type(1, 1, "50");
+    EXPECT_EQ(w.InFile(1, 1), "50") << "when the obstacle is gone";
+    w.ExpectSaved();
+}
+
+const FailureCase Failures[] = {
+    {"FullDisk", Obstacle::Kind::FullDisk},
+    {"NoPermission", Obstacle::Kind::NoPermission},
+    {"Locked", Obstacle::Kind::Locked},
+};
+
+INSTANTIATE_TEST_SUITE_P(Obstacles, WindowFailure, testing::ValuesIn(Failures),
+                         [](const auto& testCase) { return testCase.param.name; });
+
+TEST(Window, DoesNotCloseOverAnEntryThatCouldNotBeSaved) {
+    const TestFolder folder;
+    const std::filesystem::path file = MakeSmallBook(folder);
+    Window w(file);
+    w.window.show();
+    {
+        const Obstacle obstacle(Obstacle::Kind::FullDisk, file);
+        w.Grid().EnterText(w.At(1, 1), "50");
+        EXPECT_FALSE(w.window.close());
+        EXPECT_EQ(w.questions.failures.size(), 1U);
+    }
+    EXPECT_TRUE(w.window.close());
+}
+
+// --- Two windows on one book
+
+TEST(TwoPlanbooks, TheSecondNoticesAndReloads) {
+    const TestFolder folder;
+    const std::filesystem::path file = MakeSmallBook(folder);
+    Window mine(file);
+    Window theirs(file);
+    theirs.Type(1, 1, "70");
+    mine.window.session().watch();
+    EXPECT_FALSE(mine.Find<QWidget>("noticeBar")->isHidden());
+    theirs.window.session().watch();
+    EXPECT_TRUE(theirs.Find<QWidget>("noticeBar")->isHidden()) << "one's own change is no news";
+    mine.Press("noticeAction");
+    EXPECT_TRUE(mine.Find<QWidget>("noticeBar")->isHidden());
+    EXPECT_EQ(mine.Shown(1, 1), "70");
+    EXPECT_EQ(mine.Text("pending"), "1 pending change");
+    mine.ExpectSaved();
+}
+
+TEST(TwoPlanbooks, NobodysValueIsOverwrittenUnasked) {
+    const TestFolder folder;
+    const std::filesystem::path file = MakeSmallBook(folder);
+    Window mine(file);
+    Window theirs(file);
+    theirs.Type(1, 1, "70");
+    theirs.Type(1, 2, "71");
+    mine.Type(2, 2, "80");  // nobody else's cell
+    EXPECT_TRUE(mine.questions.disputes.empty());
+    EXPECT_EQ(mine.InFile(1, 1), "70");
+    EXPECT_EQ(mine.InFile(2, 2), "80");
+
+    mine.Type(1, 1, "90");
+    ASSERT_EQ(mine.questions.disputes.size(), 1U);
+    EXPECT_EQ(mine.questions.disputes[0][0].name, "Alpha, Jan 08");
+    EXPECT_EQ(mine.questions.disputes[0][0].mine, "90");
+    EXPECT_EQ(mine.questions.disputes[0][0].theirs, "70");
+    EXPECT_EQ(mine.InFile(1, 1), "90") << "mine was kept";
+
+    mine.questions.keep = Questions::Keep::Theirs;
+    mine.EmptyBlock(1, 1, 1, 3);
+    ASSERT_EQ(mine.questions.disputes.size(), 2U);
+    EXPECT_EQ(mine.questions.disputes[1].size(), 1U) << "only the cell that both have changed";
+    EXPECT_EQ(mine.InFile(1, 1), "");
+    EXPECT_EQ(mine.InFile(1, 2), "71") << "theirs was taken";
+    EXPECT_EQ(mine.Shown(1, 2), "71");
+    EXPECT_EQ(mine.InFile(1, 3), "");
+    mine.ExpectSaved();
+}
+
+TEST(TwoPlanbooks, ChangesThatNobodyHasSeenAreNeitherAcceptedNorReverted) {
+    const TestFolder folder;
+    const std::filesystem::path file = MakeSmallBook(folder);
+    Window mine(file);
+    Window theirs(file);
+    mine.Type(2, 2, "80");
+    theirs.Type(1, 1, "70");
+    mine.window.session().revertChanges();
+    EXPECT_EQ(mine.questions.news.size(), 1U);
+    EXPECT_EQ(mine.InFile(1, 1), "70");
+    EXPECT_EQ(mine.Text("pending"), "2 pending changes");
+    mine.window.session().revertChanges();
+    EXPECT_EQ(mine.InFile(1, 1), "1");
+    EXPECT_EQ(mine.InFile(2, 2), "20.5");
+}
+
+// --- Find, recent books, status
+
+TEST(Window, FindsAndWrapsAndSelectsTheCell) {
+    const TestFolder folder;
+    Window w(MakeSmallBook(folder));
+    w.window.findChild<FindBar*>("findBar")->start();
+    auto* text = w.Find<QLineEdit>("findText");
+    text->setText("30");
+    EXPECT_EQ(w.Text("findOutcome"), "1 of 2");
+    EXPECT_EQ(w.Grid().KeyOf(*w.Grid().CurrentCell()), (planview::CellKey{"COL3", "ROW2"}));
+    w.Press("findNext");
+    EXPECT_EQ(w.Text("findOutcome"), "2 of 2");
+    EXPECT_EQ(w.Grid().KeyOf(*w.Grid().CurrentCell()), (planview::CellKey{"COL3", "ROW3"}));
+    w.Press("findNext");
+    EXPECT_EQ(w.Text("findOutcome"), "1 of 2") << "it goes round";
+    w.Press("findPrevious");
+    EXPECT_EQ(w.Text("findOutcome"), "2 of 2");
+    text->setText("gam");
+    EXPECT_EQ(w.Grid().KeyOf(*w.Grid().CurrentCell()).row, "ROW3");
+    text->setText("Feb 0");
+    EXPECT_EQ(w.Grid().KeyOf(*w.Grid().CurrentCell()).column, "COL2");
+    text->setText("xyz");
+    EXPECT_EQ(w.Text("findOutcome"), "nothing found");
+}
+
+TEST(Window, TellsOfTheSelection) {
+    const TestFolder folder;
+    Window w(MakeSmallBook(folder));
+    w.Grid().SelectCell(w.At(2, 1), SelectionMode::Replace);
+    w.Grid().SelectCell(w.At(2, 3), SelectionMode::Extend);
+    QApplication::processEvents();
+    const std::string text = w.Text("selection");
+    for (const char* part : {"Beta", "Sum 61,5", "Mean 20,5", "Count 3"}) {
+        EXPECT_TRUE(Contains(text, part)) << text;
+    }
+}
+
+TEST(RecentBooks, TheLatestEightThatAreStillThere) {
+    const TestFolder folder;
+    QSettings().clear();
+    RecentBooks recent;
+    QStringList expected;
+    for (int i = 0; i < 10; ++i) {
+        const QString file = QString::fromStdString(folder.Write("book" + std::to_string(i), "").string());
+        recent.add(file);
+        expected.prepend(file);
+    }
+    recent.add(expected[3]);
+    expected.move(3, 0);
+    EXPECT_EQ(recent.files(), expected.mid(0, 8));
+    std::filesystem::remove(expected[1].toStdString());
+    expected.removeAt(1);
+    EXPECT_EQ(recent.files(), expected.mid(0, 7));
+}
+
+}  // namespace
+}  // namespace planbook
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+    testing::InitGoogleTest(&argc, argv);
+    QApplication::setOrganizationName("planbook-test");
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
