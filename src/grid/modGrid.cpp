@@ -28,7 +28,7 @@ void Keep(std::string& last, std::string_view key) {
 
 /// The four steps of every operation. `call` answers the status, `parameter` the trace text.
 template <class Call, class Parameter>
-void Run(std::string_view operation, CellKeyView keys, const Call& call, const Parameter& parameter,
+void Run(std::string_view operation, const CellKeyView& keys, const Call& call, const Parameter& parameter,
          std::string_view message = {}) {
     Keep(LastColumnKey, keys.column);
     Keep(LastRowKey, keys.row);
@@ -41,7 +41,7 @@ void Run(std::string_view operation, CellKeyView keys, const Call& call, const P
     }
 }
 
-GridElement ElementOf(CellKeyView keys) noexcept {
+GridElement ElementOf(const CellKeyView& keys) noexcept {
     if (keys.column.empty()) {
         return keys.row.empty() ? GridElement::Grid : GridElement::Row;
     }
@@ -58,7 +58,7 @@ void SetOfGrid(GridControl& grid, std::string_view operation, GridAttribute attr
 }
 
 /// A size of a column or row: "{cid: key - label:size - redraw:flag}".
-void SetSize(GridControl& grid, std::string_view operation, CellKeyView keys, GridAttribute attribute,
+void SetSize(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
              std::string_view label, std::int16_t size, bool redraw) {
     Run(
         operation, keys, [&] { return grid.SetAttribute(ElementOf(keys), keys, attribute, size, redraw); },
@@ -67,14 +67,14 @@ void SetSize(GridControl& grid, std::string_view operation, CellKeyView keys, Gr
 
 /// The parameter of an operation on keys: "{cid: column - rid: row - label:value - redraw:flag}".
 template <class Value>
-std::string KeysText(CellKeyView keys, std::string_view label, const Value& value, bool redraw) {
+std::string KeysText(const CellKeyView& keys, std::string_view label, const Value& value, bool redraw) {
     return TraceText("{cid: ", keys.column, " - rid: ", keys.row, " - ", label, ":", value, " - redraw:", redraw, "}");
 }
 
 /// An attribute of a cell, column, row or grid. `shown` is what the trace says of the value.
 template <class Shown>
-void Set(GridControl& grid, std::string_view operation, CellKeyView keys, GridAttribute attribute, const Variant& value,
-         std::string_view label, const Shown& shown, bool redraw) {
+void Set(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
+         const Variant& value, std::string_view label, const Shown& shown, bool redraw) {
     Run(
         operation, keys, [&] { return grid.SetAttribute(ElementOf(keys), keys, attribute, value, redraw); },
         [&] { return KeysText(keys, label, shown, redraw); });
@@ -82,7 +82,7 @@ void Set(GridControl& grid, std::string_view operation, CellKeyView keys, GridAt
 
 /// An attribute of the centre cells of a column or row.
 template <class Shown>
-void SetCenter(GridControl& grid, std::string_view operation, CellKeyView keys, GridAttribute attribute,
+void SetCenter(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
                const Variant& value, std::string_view label, const Shown& shown, bool redraw) {
     Run(
         operation, keys, [&] { return grid.SetCenterAttribute(ElementOf(keys), keys, attribute, value, redraw); },
@@ -311,63 +311,63 @@ namespace {
 
 /// An operation that has keys and no value.
 template <class Call>
-void RunOnKeys(std::string_view operation, CellKeyView keys, bool redraw, const Call& call) {
+void RunOnKeys(std::string_view operation, const CellKeyView& keys, bool redraw, const Call& call) {
     Run(operation, keys, call,
         [&] { return TraceText("{cid: ", keys.column, " - rid: ", keys.row, " - redraw:", redraw, "}"); });
 }
 
 }  // namespace
 
-void SelectionFlag(GridControl& grid, CellKeyView keys, bool redraw) {
+void SelectionFlag(GridControl& grid, const CellKeyView& keys, bool redraw) {
     RunOnKeys("SelectionFlag", keys, redraw,
               [&] { return grid.SetAttribute(ElementOf(keys), keys, GridAttribute::Selectable, false, redraw); });
 }
 
-void SetSelection(GridControl& grid, CellKeyView keys, bool redraw) {
+void SetSelection(GridControl& grid, const CellKeyView& keys, bool redraw) {
     RunOnKeys("SetSelection", keys, redraw, [&] { return grid.SetSelection(keys, redraw); });
 }
 
-void DeleteSelection(GridControl& grid, CellKeyView keys, bool redraw) {
+void DeleteSelection(GridControl& grid, const CellKeyView& keys, bool redraw) {
     RunOnKeys("DeleteSelection", keys, redraw, [&] { return grid.DeleteSelection(keys, redraw); });
 }
 
-void CenterHidden(GridControl& grid, CellKeyView keys, bool hidden, bool redraw) {
+void CenterHidden(GridControl& grid, const CellKeyView& keys, bool hidden, bool redraw) {
     SetCenter(grid, "CenterHidden", keys, GridAttribute::Hidden, hidden, "hidden", hidden, redraw);
 }
 
-int HeaderSelected(const GridControl& grid, CellKeyView keys) {
+int HeaderSelected(const GridControl& grid, const CellKeyView& keys) {
     return grid.HeaderKind(keys) != 0 && grid.IsSelected(keys) ? 1 : 0;
 }
 
-void Contents(GridControl& grid, CellKeyView keys, std::string_view text, bool redraw) {
+void Contents(GridControl& grid, const CellKeyView& keys, std::string_view text, bool redraw) {
     Set(grid, "Contents", keys, GridAttribute::Contents, text, "contents", text, redraw);
 }
 
-void Tooltip(GridControl& grid, CellKeyView keys, std::string_view text, bool redraw) {
+void Tooltip(GridControl& grid, const CellKeyView& keys, std::string_view text, bool redraw) {
     Set(grid, "Tooltip", keys, GridAttribute::Tooltip, text, "contents", text, redraw);
 }
 
-void ReadOnly(GridControl& grid, CellKeyView keys, bool readOnly, bool redraw) {
+void ReadOnly(GridControl& grid, const CellKeyView& keys, bool readOnly, bool redraw) {
     Set(grid, "ReadOnly", keys, GridAttribute::ReadOnly, readOnly, "readonly", readOnly, redraw);
 }
 
-void Format(GridControl& grid, CellKeyView keys, std::string_view format, bool redraw) {
+void Format(GridControl& grid, const CellKeyView& keys, std::string_view format, bool redraw) {
     Set(grid, "format", keys, GridAttribute::Format, format, "format", format, redraw);
 }
 
-void Font(GridControl& grid, CellKeyView keys, std::string_view font, bool redraw) {
+void Font(GridControl& grid, const CellKeyView& keys, std::string_view font, bool redraw) {
     Set(grid, "font", keys, GridAttribute::Font, font, "font", font, redraw);
 }
 
-void Alignment(GridControl& grid, CellKeyView keys, std::int16_t alignment, bool redraw) {
+void Alignment(GridControl& grid, const CellKeyView& keys, std::int16_t alignment, bool redraw) {
     Set(grid, "Alignment", keys, GridAttribute::Alignment, alignment, "align", alignment, redraw);
 }
 
-void Relief(GridControl& grid, CellKeyView keys, bool relief, bool redraw) {
+void Relief(GridControl& grid, const CellKeyView& keys, bool relief, bool redraw) {
     Set(grid, "relief", keys, GridAttribute::Relief, relief, "relief", relief, redraw);
 }
 
-void Bitmap(GridControl& grid, CellKeyView keys, std::string_view bitmap, std::int16_t alignment, bool redraw) {
+void Bitmap(GridControl& grid, const CellKeyView& keys, std::string_view bitmap, std::int16_t alignment, bool redraw) {
     // Nearly all cells have no bitmap, and then there is nothing to align.
     const bool nothingToAlign = bitmap.empty() && alignment == static_cast<std::int16_t>(GridAlignment::Right);
     Run(
@@ -383,47 +383,47 @@ void Bitmap(GridControl& grid, CellKeyView keys, std::string_view bitmap, std::i
         [&] { return KeysText(keys, "bitmap", bitmap, redraw); });
 }
 
-void BackgroundColor(GridControl& grid, CellKeyView keys, std::int16_t color, bool redraw) {
+void BackgroundColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw) {
     Set(grid, "background colour", keys, GridAttribute::BackgroundColor, ColorName(color), "color", color, redraw);
 }
 
-void ForegroundColor(GridControl& grid, CellKeyView keys, std::int16_t color, bool redraw) {
+void ForegroundColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw) {
     Set(grid, "foreground colour", keys, GridAttribute::ForegroundColor, ColorName(color), "color", color, redraw);
 }
 
-void CenterFormat(GridControl& grid, CellKeyView keys, std::string_view format, bool redraw) {
+void CenterFormat(GridControl& grid, const CellKeyView& keys, std::string_view format, bool redraw) {
     SetCenter(grid, "CenterFormat", keys, GridAttribute::Format, format, "format", format, redraw);
 }
 
-void CenterFont(GridControl& grid, CellKeyView keys, std::string_view font, bool redraw) {
+void CenterFont(GridControl& grid, const CellKeyView& keys, std::string_view font, bool redraw) {
     SetCenter(grid, "CenterFont", keys, GridAttribute::Font, font, "font", font, redraw);
 }
 
-void CenterAlignment(GridControl& grid, CellKeyView keys, std::int16_t alignment, bool redraw) {
+void CenterAlignment(GridControl& grid, const CellKeyView& keys, std::int16_t alignment, bool redraw) {
     SetCenter(grid, "CenterAlignment", keys, GridAttribute::Alignment, alignment, "align", alignment, redraw);
 }
 
-void CenterReadOnly(GridControl& grid, CellKeyView keys, bool readOnly, bool redraw) {
+void CenterReadOnly(GridControl& grid, const CellKeyView& keys, bool readOnly, bool redraw) {
     SetCenter(grid, "CenterReadOnly", keys, GridAttribute::ReadOnly, readOnly, "readonly", readOnly, redraw);
 }
 
-void CenterTextLine(GridControl& grid, CellKeyView keys, std::string_view textLine, bool redraw) {
+void CenterTextLine(GridControl& grid, const CellKeyView& keys, std::string_view textLine, bool redraw) {
     SetCenter(grid, "CenterTextLine", keys, GridAttribute::TextLine, textLine == "X", "textline", textLine, redraw);
 }
 
-void CenterHelpLine(GridControl& grid, CellKeyView keys, std::string_view lineType, bool redraw) {
+void CenterHelpLine(GridControl& grid, const CellKeyView& keys, std::string_view lineType, bool redraw) {
     SetCenter(grid, "CenterHelpLine", keys, GridAttribute::HelpLine, lineType == "H", "helpline", lineType, redraw);
 }
 
-void CenterRelief(GridControl& grid, CellKeyView keys, bool relief, bool redraw) {
+void CenterRelief(GridControl& grid, const CellKeyView& keys, bool relief, bool redraw) {
     SetCenter(grid, "CenterRelief", keys, GridAttribute::Relief, relief, "relief", relief, redraw);
 }
 
-void CenterBgColor(GridControl& grid, CellKeyView keys, std::int16_t color, bool redraw) {
+void CenterBgColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw) {
     SetCenter(grid, "CenterBgColor", keys, GridAttribute::BackgroundColor, ColorName(color), "color", color, redraw);
 }
 
-void CenterFgColor(GridControl& grid, CellKeyView keys, std::int16_t color, bool redraw) {
+void CenterFgColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw) {
     SetCenter(grid, "CenterFgColor", keys, GridAttribute::ForegroundColor, ColorName(color), "color", color, redraw);
 }
 

@@ -72,44 +72,44 @@ void ColumnHeight(GridControl& grid, std::string_view key, std::int16_t height, 
 void RowHeight(GridControl& grid, std::string_view key, std::int16_t height, bool redraw);
 void RowWidth(GridControl& grid, std::string_view key, std::int16_t width, bool redraw);
 /// Takes the header of a fixed column or row out of the selection, so that only planning ones can be marked.
-void SelectionFlag(GridControl& grid, CellKeyView keys, bool redraw);
-void SetSelection(GridControl& grid, CellKeyView keys, bool redraw);
-void DeleteSelection(GridControl& grid, CellKeyView keys, bool redraw);
-void CenterHidden(GridControl& grid, CellKeyView keys, bool hidden, bool redraw);
+void SelectionFlag(GridControl& grid, const CellKeyView& keys, bool redraw);
+void SetSelection(GridControl& grid, const CellKeyView& keys, bool redraw);
+void DeleteSelection(GridControl& grid, const CellKeyView& keys, bool redraw);
+void CenterHidden(GridControl& grid, const CellKeyView& keys, bool hidden, bool redraw);
 /// 1 when the header of this column (empty row) or row (empty column) can be selected and is, else 0. Leaves no entry.
-[[nodiscard]] int HeaderSelected(const GridControl& grid, CellKeyView keys);
+[[nodiscard]] int HeaderSelected(const GridControl& grid, const CellKeyView& keys);
 
 // --- Cells ----------------------------------------------------------------------------------------------------------
 
-void Contents(GridControl& grid, CellKeyView keys, std::string_view text, bool redraw);
-void Tooltip(GridControl& grid, CellKeyView keys, std::string_view text, bool redraw);
+void Contents(GridControl& grid, const CellKeyView& keys, std::string_view text, bool redraw);
+void Tooltip(GridControl& grid, const CellKeyView& keys, std::string_view text, bool redraw);
 
 // --- Attributes of cells, columns and rows --------------------------------------------------------------------------
 
-void ReadOnly(GridControl& grid, CellKeyView keys, bool readOnly, bool redraw);
-void Format(GridControl& grid, CellKeyView keys, std::string_view format, bool redraw);
-void Font(GridControl& grid, CellKeyView keys, std::string_view font, bool redraw);
-void Alignment(GridControl& grid, CellKeyView keys, std::int16_t alignment, bool redraw);
-void Relief(GridControl& grid, CellKeyView keys, bool relief, bool redraw);
+void ReadOnly(GridControl& grid, const CellKeyView& keys, bool readOnly, bool redraw);
+void Format(GridControl& grid, const CellKeyView& keys, std::string_view format, bool redraw);
+void Font(GridControl& grid, const CellKeyView& keys, std::string_view font, bool redraw);
+void Alignment(GridControl& grid, const CellKeyView& keys, std::int16_t alignment, bool redraw);
+void Relief(GridControl& grid, const CellKeyView& keys, bool relief, bool redraw);
 /// The bitmap and its place beside the text.
-void Bitmap(GridControl& grid, CellKeyView keys, std::string_view bitmap, std::int16_t alignment, bool redraw);
+void Bitmap(GridControl& grid, const CellKeyView& keys, std::string_view bitmap, std::int16_t alignment, bool redraw);
 /// `color` is a palette index.
-void BackgroundColor(GridControl& grid, CellKeyView keys, std::int16_t color, bool redraw);
-void ForegroundColor(GridControl& grid, CellKeyView keys, std::int16_t color, bool redraw);
+void BackgroundColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw);
+void ForegroundColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw);
 
 // --- Attributes of the centre cells of a column or row --------------------------------------------------------------
 
-void CenterFormat(GridControl& grid, CellKeyView keys, std::string_view format, bool redraw);
-void CenterFont(GridControl& grid, CellKeyView keys, std::string_view font, bool redraw);
-void CenterAlignment(GridControl& grid, CellKeyView keys, std::int16_t alignment, bool redraw);
-void CenterReadOnly(GridControl& grid, CellKeyView keys, bool readOnly, bool redraw);
+void CenterFormat(GridControl& grid, const CellKeyView& keys, std::string_view format, bool redraw);
+void CenterFont(GridControl& grid, const CellKeyView& keys, std::string_view font, bool redraw);
+void CenterAlignment(GridControl& grid, const CellKeyView& keys, std::int16_t alignment, bool redraw);
+void CenterReadOnly(GridControl& grid, const CellKeyView& keys, bool readOnly, bool redraw);
 /// `textLine` is the table's `ROW_TEXT`: "X" makes a text line.
-void CenterTextLine(GridControl& grid, CellKeyView keys, std::string_view textLine, bool redraw);
+void CenterTextLine(GridControl& grid, const CellKeyView& keys, std::string_view textLine, bool redraw);
 /// `lineType` is the table's `LINETYPE`: "H" makes a help line.
-void CenterHelpLine(GridControl& grid, CellKeyView keys, std::string_view lineType, bool redraw);
-void CenterRelief(GridControl& grid, CellKeyView keys, bool relief, bool redraw);
-void CenterBgColor(GridControl& grid, CellKeyView keys, std::int16_t color, bool redraw);
-void CenterFgColor(GridControl& grid, CellKeyView keys, std::int16_t color, bool redraw);
+void CenterHelpLine(GridControl& grid, const CellKeyView& keys, std::string_view lineType, bool redraw);
+void CenterRelief(GridControl& grid, const CellKeyView& keys, bool relief, bool redraw);
+void CenterBgColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw);
+void CenterFgColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw);
 
 // --- Errors ---------------------------------------------------------------------------------------------------------
 

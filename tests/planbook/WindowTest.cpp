@@ -76,20 +76,22 @@ struct Window {
     std::string InFile(int line, int period) const {
         return BookSnapshot(LoadBook(file)).ValueOf({line, period}).AsText();
     }
-    /// The tables that the view has and those in the file are the same.
+    /// The cells that the view has and those in the file are the same, row by row.
     void ExpectSaved() {
         const Book saved = LoadBook(file);
-        for (const BookTable table : {BookTable::Tab, BookTable::TabOld, BookTable::ColsIndex, BookTable::LineIndex}) {
-            if (!DumpTable(saved, table).empty()) {
-                EXPECT_EQ(DumpTable(saved, table), DumpTable(window.session().book(), table));
-            }
+        for (const BookTable table : {BookTable::Tab, BookTable::TabOld}) {
+            EXPECT_EQ(DumpTable(saved, table), DumpTable(window.session().book(), table));
         }
+        EXPECT_TRUE(questions.failures.empty()) << questions.failures[0];
     }
     template <class Widget>
     Widget* Find(const char* name) {
         return window.findChild<Widget*>(name);
     }
-    std::string Text(const char* label) { return Find<QLabel>(label)->text().toStdString(); }
+    std::string Text(const char* label) {
+        QApplication::processEvents();
+        return Find<QLabel>(label)->text().toStdString();
+    }
     void Press(const char* button) {
         Find<QToolButton>(button)->click();
         QApplication::processEvents();
@@ -127,7 +129,6 @@ TEST(Window, EveryKindOfChangeIsInTheFileAtOnce) {
     grid.ReleaseBorder();
     EXPECT_EQ(LoadBook(w.file)[BookTable::ColsIndex].Value(2, "COL_WIDTH"), Variant(133));
     w.ExpectSaved();
-    EXPECT_TRUE(w.questions.failures.empty());
 }
 
 TEST(Window, PendingChangesAreCountedAcceptedAndReverted) {
@@ -202,7 +203,6 @@ TEST_P(WindowFailure, IsToldOnceAndTheGridShowsWhatTheBookHolds) {
     w.window.session().reload();
     w.Type(1, 1, "50");
     EXPECT_EQ(w.InFile(1, 1), "50") << "when the obstacle is gone";
-    w.ExpectSaved();
 }
 
 const FailureCase Failures[] = {
