@@ -156,6 +156,7 @@ void MainWindow::bookOpened() {
     pages_->setCurrentWidget(bookPage_);
     status_->show();
     pendingChanged(view_->pendingChanges());
+    status_->showSelection();
     view_->setFocus();
     remember();
 }

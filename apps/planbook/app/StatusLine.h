@@ -19,14 +19,13 @@ public:
     explicit StatusLine(planview::PlanViewWidget& view, QWidget* parent = nullptr);
 
     void showPendingChanges(int count);
+    void showSelection();
 
 Q_SIGNALS:
     void acceptPressed();
     void revertPressed();
 
 private:
-    void showSelection();
-
     planview::PlanViewWidget& view_;
     QLabel* pending_;
     QToolButton* accept_;

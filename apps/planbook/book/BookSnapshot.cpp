@@ -60,16 +60,16 @@ std::vector<FieldEdit> Differences(const BookRows& before, const MemoryTable& ta
     return edits;
 }
 
-/// Whether rows were added at the end at most, and of the others only values that may change did.
-bool CellsKeptTheirPlaces(BookTable table, const std::vector<FieldEdit>& edits) {
-    return std::all_of(edits.begin(), edits.end(),
-                       [&](const FieldEdit& edit) { return table == BookTable::Tab && edit.field == ValueField; });
+bool CellsKeptTheirPlaces(const std::vector<FieldEdit>& edits) {
+    return std::all_of(edits.begin(), edits.end(), [](const FieldEdit& edit) { return edit.field == ValueField; });
 }
 
 void AddCellChanges(const BookRows& before, const MemoryTable& table, const TableDescription& description,
                     const std::vector<FieldEdit>& edits, BookChanges& changes) {
     for (const FieldEdit& edit : edits) {
-        if (const std::optional<CellPlace> cell = PlaceOf(before[edit.row])) {
+        const std::optional<CellPlace> cell = PlaceOf(before[edit.row]);
+        // An old value that is there stays as it is in the file.
+        if (cell && description.table == BookTable::Tab) {
             changes.cells.push_back({*cell, before[edit.row][ValueField], edit.after});
         }
     }
@@ -122,7 +122,7 @@ BookChanges BookSnapshot::ChangesIn(const Book& book) const {
         const bool holdsCells = HoldsCells(description.table);
         if (count == before.size() || (holdsCells && count > before.size())) {
             std::vector<FieldEdit> edits = Differences(before, table, description);
-            if (holdsCells && CellsKeptTheirPlaces(description.table, edits)) {
+            if (holdsCells && CellsKeptTheirPlaces(edits)) {
                 AddCellChanges(before, table, description, edits, changes);
                 continue;
             }
