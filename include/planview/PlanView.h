@@ -152,7 +152,7 @@ public:
     void Copy();
     void Cut();
     void Paste();
-    /// Gives every selected cell the current cell's value.
+    /// Gives every selected cell the value of the first one.
     void Fill();
     void Delete();
 

@@ -29,14 +29,17 @@ bool IsSingle(const TextBlock& block) noexcept {
     return block.size() == 1 && block.front().size() == 1;
 }
 
-/// Where a block goes: onto the selection when it fits into it a whole number of times, else from the current cell on.
-std::vector<NewValue> PlaceBlock(const GridControl& grid, const TextBlock& block, Cell current) {
+/// Where a block goes: onto the selection when it fits into it a whole number of times, else from its first cell on.
+std::vector<NewValue> PlaceBlock(const GridControl& grid, const TextBlock& block) {
     const SelectedBlock selected = BlockOfSelection(grid);
+    if (selected.CellCount() == 0) {
+        return {};
+    }
     const std::size_t width = block.front().size();
     const bool fills = !grid.Selection().IsEmpty() && selected.CellCount() > 1 &&
                        selected.rows.size() % block.size() == 0 && selected.columns.size() % width == 0;
-    const std::vector<ColumnId> columns = fills ? selected.columns : ColumnsFrom(grid, current.column);
-    const std::vector<RowId> rows = fills ? selected.rows : RowsFrom(grid, current.row);
+    const std::vector<ColumnId> columns = fills ? selected.columns : ColumnsFrom(grid, selected.columns.front());
+    const std::vector<RowId> rows = fills ? selected.rows : RowsFrom(grid, selected.rows.front());
     const std::size_t rowCount = fills ? rows.size() : std::min(rows.size(), block.size());
 
     std::vector<NewValue> values;
@@ -77,8 +80,7 @@ void ClipboardCommands::Cut() {
 }
 
 void ClipboardCommands::Paste() {
-    const std::optional<Cell> current = parts_.grid.CurrentCell();
-    if (!current) {
+    if (!parts_.grid.CurrentCell()) {
         return;
     }
     const TextBlock block = ParseBlock(parts_.clipboard.Get().text);
@@ -86,21 +88,15 @@ void ClipboardCommands::Paste() {
         TraceWrite("GRIDCTL", "", "Ctrl-V", TraceText("{cid: ", parts_.keys.column, " - rid: ", parts_.keys.row, "}"));
     }
     if (!block.empty()) {
-        Report(parts_.valueEntry.ChangeCells(PlaceBlock(parts_.grid, block, *current)), "pasted");
+        Report(parts_.valueEntry.ChangeCells(PlaceBlock(parts_.grid, block)), "pasted");
     }
 }
 
 void ClipboardCommands::Fill() {
-    const std::optional<Cell> current = parts_.grid.CurrentCell();
-    if (!current) {
-        return;
-    }
-    const std::string text = parts_.grid.Contents(*current);
+    const std::vector<Cell> cells = CellsOfSelection(parts_.grid);
     std::vector<NewValue> values;
-    for (const Cell cell : CellsOfSelection(parts_.grid)) {
-        if (cell != *current) {
-            values.push_back({cell, text});
-        }
+    for (std::size_t i = 1; i < cells.size(); ++i) {
+        values.push_back({cells[i], parts_.grid.Contents(cells.front())});
     }
     Report(parts_.valueEntry.ChangeCells(values), "filled");
 }

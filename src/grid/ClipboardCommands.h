@@ -27,10 +27,10 @@ public:
     /// The selected block, the current cell when there is none; hidden cells are left out.
     void Copy();
     void Cut();
-    /// From the current cell on, to the edge of the planning cells. One value, or one row or column, fills a selection
+    /// From the first selected cell on, to the edge of the planning cells. One value, or one row or column, fills a selection
     /// of several.
     void Paste();
-    /// Gives every selected cell the current cell's value.
+    /// Gives every selected cell the value of the first one.
     void Fill();
     /// Empties what is selected. The current cell alone is emptied only if it is a planning cell that can be edited.
     void DeleteCellContents();

@@ -193,6 +193,16 @@ TEST_F(ValueEntryTest, BlocksArePastedFromTheCurrentCellToTheEdge) {
     EXPECT_EQ(Rows(*tables.tabOld), "1,2=20 1,3= 2,2=");
 }
 
+TEST_F(ValueEntryTest, ASelectionIsTheTargetFromItsFirstCellOn) {
+    Select("COL1", "ROW1", "COL3", "ROW2");
+    platform.onClipboard.text = "1\t2\n3\t4";
+    control->Paste();
+    EXPECT_EQ(Shown(), "[1][2][] | [3][4][] | [][][]") << "two columns do not fit into three";
+    Select("COL2", "ROW1", "COL3", "ROW2");
+    control->Fill();
+    EXPECT_EQ(Shown(), "[1][2][2] | [3][2][2] | [][][]");
+}
+
 TEST_F(ValueEntryTest, SingleValueModeAnnouncesEachCell) {
     tables.gridAttr->SetValue(1, "SINGLEVALUE", "X");
     control->DP_Import_Attribute();
