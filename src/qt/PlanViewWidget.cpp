@@ -219,6 +219,18 @@ bool PlanViewWidget::selectCell(const QString& column, const QString& row) {
 
 // --- Status
 
+QString PlanViewWidget::currentColumn() const {
+    const GridControl& grid = state_->core->view.Grid();
+    const std::optional<Cell> cell = grid.CurrentCell();
+    return cell ? QString::fromStdString(grid.Column(cell->column).key) : QString();
+}
+
+QString PlanViewWidget::currentRow() const {
+    const GridControl& grid = state_->core->view.Grid();
+    const std::optional<Cell> cell = grid.CurrentCell();
+    return cell ? QString::fromStdString(grid.Row(cell->row).key) : QString();
+}
+
 QString PlanViewWidget::currentCellName() const {
     return state_->status->cellName();
 }

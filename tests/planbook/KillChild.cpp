@@ -3,8 +3,9 @@
 #include <QApplication>
 #include <cstdlib>
 
-#include <planview/qt/PlanViewWidget.h>
 #include <unistd.h>
+
+#include <planview/qt/PlanViewWidget.h>
 
 #include "app/HostMessageBoxes.h"
 #include "app/MainWindow.h"

@@ -8,7 +8,7 @@
 struct KillEdit {
     /// One cell gets the value; or all cells of a block are emptied at once.
     enum class Kind { Type, EmptyBlock } kind = Kind::Type;
-    int line = 0;    // the cell, or the first one of the block; from 1
+    int line = 0;  // the cell, or the first one of the block; from 1
     int period = 0;
     std::string value;
 };
@@ -24,8 +24,8 @@ inline std::vector<KillEdit> KillScript(unsigned seed, int count) {
     std::vector<KillEdit> edits;
     for (int i = 1; i <= count; ++i) {
         if (i % BlockEvery == 0) {
-            edits.push_back({KillEdit::Kind::EmptyBlock, KillLines - KillBlockSide + 1,
-                             upTo(KillPeriods - KillBlockSide + 1), ""});
+            edits.push_back(
+                {KillEdit::Kind::EmptyBlock, KillLines - KillBlockSide + 1, upTo(KillPeriods - KillBlockSide + 1), ""});
         } else {
             edits.push_back({KillEdit::Kind::Type, upTo(KillLines), upTo(KillPeriods),
                              std::to_string(i) + (i % 2 == 0 ? ",5" : ".25")});

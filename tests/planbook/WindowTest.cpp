@@ -187,10 +187,12 @@ TEST_P(WindowFailure, IsToldOnceAndTheGridShowsWhatTheBookHolds) {
         if (GetParam().kind == Obstacle::Kind::NoPermission) {
             w.window.session().reload();  // SQLite looks at the permissions when it opens a file
         }
+        w.Grid().SelectCell(w.At(2, 1), SelectionMode::Replace);
         w.Type(1, 1, "50");
         ASSERT_EQ(w.questions.failures.size(), 1U);
         EXPECT_TRUE(Contains(w.questions.failures[0], "Cannot write the book")) << w.questions.failures[0];
         EXPECT_EQ(w.Shown(1, 1), "1");
+        EXPECT_EQ(w.window.view().currentRow(), "ROW2") << "where the user was";
         w.EmptyBlock(1, 1, 3, 3);
         EXPECT_EQ(w.questions.failures.size(), 2U) << "once for the whole block";
         EXPECT_EQ(w.Shown(3, 3), "300");
@@ -310,6 +312,9 @@ TEST(Window, FindsAndWrapsAndSelectsTheCell) {
     EXPECT_EQ(w.Text("findOutcome"), "1 of 2") << "it goes round";
     w.Press("findPrevious");
     EXPECT_EQ(w.Text("findOutcome"), "2 of 2");
+    w.Grid().SelectCell(w.At(3, 1), SelectionMode::Replace);
+    w.Press("findPrevious");
+    EXPECT_EQ(w.Text("findOutcome"), "1 of 2") << "from where the user has gone";
     text->setText("gam");
     EXPECT_EQ(w.Grid().KeyOf(*w.Grid().CurrentCell()).row, "ROW3");
     text->setText("Feb 0");

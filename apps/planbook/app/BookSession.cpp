@@ -105,8 +105,11 @@ void BookSession::reload() {
     if (!isOpen()) {
         return;
     }
+    const QString column = view_.currentColumn();
+    const QString row = view_.currentRow();
     try {
         open(file_);
+        view_.selectCell(column, row);
     } catch (const BookError& error) {
         questions_.tellFailure(QString::fromUtf8(error.what()));
     }
@@ -209,7 +212,9 @@ void BookSession::endPendingChanges(BookStore::OldValues what) {
     try {
         if (!store_->EndPendingChanges(what)) {
             reload();
-            questions_.tell("Another window has changed the book meanwhile. It has been reloaded; look at the changes, then accept or revert them.");
+            questions_.tell(
+                "Another window has changed the book meanwhile. It has been reloaded; look at the changes, then accept "
+                "or revert them.");
         } else if (what == BookStore::OldValues::Forget) {
             snapshot_.ForgetOldValues();
             book_[BookTable::TabOld].Clear();
@@ -270,8 +275,11 @@ bool BookSession::doAfterwards() {
 }
 
 void BookSession::rebuild() {
+    const QString column = view_.currentColumn();
+    const QString row = view_.currentRow();
     view_.DP_Import_Attribute();
     view_.DP_Import_Update();
+    view_.selectCell(column, row);
 }
 
 }  // namespace planbook

@@ -32,7 +32,7 @@ public:
 
     /// Throws BookError; the book that was open stays open then.
     void open(const std::filesystem::path& file);
-    /// Reads the book again; tells the user when that fails.
+    /// Reads the book again and goes back to the current cell; tells the user when that fails.
     void reload();
 
     [[nodiscard]] bool isOpen() const { return store_ != nullptr; }
@@ -72,6 +72,7 @@ private:
     bool doAfterwards();
 
     void show();
+    /// Builds the view anew from the tables as they are now.
     void rebuild();
     void setChangedElsewhere(bool changed);
     [[nodiscard]] QString nameOf(CellPlace cell) const;

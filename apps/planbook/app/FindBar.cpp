@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QToolButton>
 #include <algorithm>
+#include <utility>
 
 namespace planbook {
 
@@ -25,8 +26,12 @@ QToolButton* barButton(const QString& text, const QString& toolTip, const QStrin
 
 }  // namespace
 
-FindBar::FindBar(std::function<const Book*()> book, QWidget* parent)
-    : QWidget(parent), book_(std::move(book)), text_(new QLineEdit), outcome_(new QLabel) {
+FindBar::FindBar(std::function<const Book*()> book, std::function<CellKeys()> current, QWidget* parent)
+    : QWidget(parent),
+      book_(std::move(book)),
+      current_(std::move(current)),
+      text_(new QLineEdit),
+      outcome_(new QLabel) {
     setObjectName("findBar");
     setAttribute(Qt::WA_StyledBackground);
     text_->setPlaceholderText("Find a line, a period or a value");
@@ -75,6 +80,13 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+void FindBar::startFromCurrentCell(const Book& book) {
+    const CellKeys current = current_();
+    if (KeysOf(book, last_) != current) {
+        last_ = PlaceOf(book, current);
+    }
+}
+
 void FindBar::find(Direction direction) {
     const Book* book = book_();
     // The book may have changed since the last time.
@@ -83,6 +95,7 @@ void FindBar::find(Direction direction) {
         outcome_->setText(text_->text().trimmed().isEmpty() ? QString() : QString("nothing found"));
         return;
     }
+    startFromCurrentCell(*book);
     auto place = direction == Direction::Forward ? std::upper_bound(places.begin(), places.end(), last_)
                                                  : std::lower_bound(places.begin(), places.end(), last_);
     if (direction == Direction::Backward) {

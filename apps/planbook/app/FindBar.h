@@ -15,8 +15,8 @@ class FindBar : public QWidget {
     Q_OBJECT
 
 public:
-    /// `book` answers the book that is open, or null.
-    explicit FindBar(std::function<const Book*()> book, QWidget* parent = nullptr);
+    /// `book` answers the book that is open, or null; `current` the keys of the current cell.
+    FindBar(std::function<const Book*()> book, std::function<CellKeys()> current, QWidget* parent = nullptr);
 
     /// Shows the bar, ready for typing.
     void start();
@@ -34,8 +34,11 @@ private:
     enum class Direction { Here, Forward, Backward };
     void find(Direction direction);
     void close();
+    /// Follows the user who has gone elsewhere meanwhile.
+    void startFromCurrentCell(const Book& book);
 
     std::function<const Book*()> book_;
+    std::function<CellKeys()> current_;
     QLineEdit* text_;
     QLabel* outcome_;
     FoundPlace last_;  // where the search stands

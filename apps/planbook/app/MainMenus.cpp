@@ -61,10 +61,9 @@ void MainWindow::buildEditMenu() {
     add("&Delete\tDel", &PlanViewWidget::deleteContents);
     edit->addSeparator();
     bookActions_->addAction(edit->addAction("F&ind…", QKeySequence::Find, this, &MainWindow::startToFind));
+    bookActions_->addAction(edit->addAction("Find &next", QKeySequence(Qt::Key_F3), findBar_, &FindBar::findNext));
     bookActions_->addAction(
-        edit->addAction("Find &next", QKeySequence(Qt::Key_F3), findBar_, &FindBar::findNext));
-    bookActions_->addAction(edit->addAction("Find pre&vious", QKeySequence(Qt::SHIFT | Qt::Key_F3), findBar_,
-                                            &FindBar::findPrevious));
+        edit->addAction("Find pre&vious", QKeySequence(Qt::SHIFT | Qt::Key_F3), findBar_, &FindBar::findPrevious));
     edit->addSeparator();
     acceptAction_ = edit->addAction("&Accept changes", session_, &BookSession::acceptChanges);
     revertAction_ = edit->addAction("R&evert changes…", session_, &BookSession::revertChanges);

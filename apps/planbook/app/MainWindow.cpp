@@ -87,7 +87,10 @@ QWidget* MainWindow::buildWelcome() {
 QWidget* MainWindow::buildBookPage() {
     auto* page = new QWidget;
     changedNotice_ = new NoticeBar("This book was changed by another window.", "Reload");
-    findBar_ = new FindBar([this] { return session_->isOpen() ? &session_->book() : nullptr; });
+    findBar_ = new FindBar([this] { return session_->isOpen() ? &session_->book() : nullptr; },
+                           [this] {
+                               return CellKeys{view_->currentColumn(), view_->currentRow()};
+                           });
     changedNotice_->hide();
     findBar_->hide();
     auto* layout = new QVBoxLayout(page);

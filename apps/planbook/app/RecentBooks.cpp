@@ -30,8 +30,9 @@ void RecentBooks::add(const QString& file) {
 
 QStringList RecentBooks::files() const {
     QStringList books = QSettings().value(SettingsKey).toStringList();
-    books.erase(std::remove_if(books.begin(), books.end(), [](const QString& book) { return !QFileInfo::exists(book); }),
-                books.end());
+    books.erase(
+        std::remove_if(books.begin(), books.end(), [](const QString& book) { return !QFileInfo::exists(book); }),
+        books.end());
     return books;
 }
 

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "book/BookConnection.h"
 #include "book/BookChanges.h"
+#include "book/BookConnection.h"
 
 namespace planbook {
 

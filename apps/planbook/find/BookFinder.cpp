@@ -106,4 +106,16 @@ CellKeys KeysOf(const Book& book, FoundPlace place) {
             key(book[BookTable::LineIndex], place.line, ShownLines(book))};
 }
 
+FoundPlace PlaceOf(const Book& book, const CellKeys& keys) {
+    const auto rowOf = [](const MemoryTable& table, const std::string& key) {
+        std::int32_t row = table.RowCount();
+        while (row > 0 && table.Value(row, "GRID_ID").AsText() != key) {
+            --row;
+        }
+        return row;
+    };
+    return {rowOf(book[BookTable::LineIndex], keys.row.toStdString()),
+            rowOf(book[BookTable::ColsIndex], keys.column.toStdString())};
+}
+
 }  // namespace planbook

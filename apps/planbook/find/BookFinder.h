@@ -21,6 +21,7 @@ struct FoundPlace {
 struct CellKeys {
     QString column;
     QString row;
+    friend bool operator==(const CellKeys&, const CellKeys&) = default;
 };
 
 /// The captions, periods and values that hold the text, in whatever case; hidden lines and periods are left out. A
@@ -30,5 +31,8 @@ struct CellKeys {
 /// The keys of the cell that stands for the place: for a caption or a heading the first one that is not hidden. The
 /// view must have built the book.
 [[nodiscard]] CellKeys KeysOf(const Book& book, FoundPlace place);
+
+/// Where a cell stands; 0 for what is no line or period.
+[[nodiscard]] FoundPlace PlaceOf(const Book& book, const CellKeys& keys);
 
 }  // namespace planbook

@@ -40,11 +40,10 @@ QStringList ReadingsOf(const QString& text) {
 QString ShownDigits(double number, std::string_view format) {
     const std::string_view code = format.substr(0, format.find(';'));
     const std::size_t point = code.find('.');
-    const auto decimals =
-        point == std::string_view::npos
-            ? 0
-            : std::count_if(code.begin() + static_cast<std::ptrdiff_t>(point), code.end(),
-                            [](char c) { return c == '0' || c == '#'; });
+    const auto decimals = point == std::string_view::npos
+                              ? 0
+                              : std::count_if(code.begin() + static_cast<std::ptrdiff_t>(point), code.end(),
+                                              [](char c) { return c == '0' || c == '#'; });
     const bool percent = code.find('%') != std::string_view::npos;
     return QString::number(percent ? number * Percent : number, 'f', static_cast<int>(decimals));
 }

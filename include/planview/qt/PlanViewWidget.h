@@ -162,6 +162,9 @@ public:
     /// Ends an entry that is open, then makes the cell with these keys the current one, selects it alone and scrolls it
     /// into sight. False when the entry is refused, or when there is no such cell or it is hidden.
     Q_INVOKABLE bool selectCell(const QString& column, const QString& row);
+    /// The keys of the current cell, as selectCell() takes them; empty without one.
+    [[nodiscard]] QString currentColumn() const;
+    [[nodiscard]] QString currentRow() const;
 
     // --- For the host's status bar
 
