@@ -1,37 +1,52 @@
 #include "components/ListView.h"
 
-#include <utility>
+#include <algorithm>
+#include <cstddef>
+#include <stdexcept>
 
 namespace planview {
 
+const ListItem& ListView::Item(std::size_t index) const {
+    if (index >= count_) {
+        throw std::out_of_range("ListView::Item");
+    }
+    return slots_[SlotOf(index)];
+}
+
 void ListView::Add(std::string_view key, std::string_view text, const std::array<std::string_view, 4>& subItems) {
-    ListItem item = std::move(spare_);
+    if (count_ == slots_.size()) {
+        std::rotate(slots_.begin(), slots_.begin() + static_cast<std::ptrdiff_t>(first_), slots_.end());
+        first_ = 0;
+        slots_.emplace_back();
+    }
+    ListItem& item = slots_[SlotOf(count_)];
     item.key = key;
     item.text = text;
     for (std::size_t i = 0; i < subItems.size(); ++i) {
         item.subItems[i] = subItems[i];
     }
-    items_.push_back(std::move(item));
-    current_ = items_.size() - 1;
+    current_ = count_++;
     if (watcher_) {
         watcher_->ItemAdded();
     }
 }
 
 void ListView::RemoveFirst() {
-    if (items_.empty()) {
+    if (count_ == 0) {
         return;
     }
-    spare_ = std::move(items_.front());
-    items_.pop_front();
-    current_ = current_ > 0 ? current_ - 1 : items_.size();
+    first_ = SlotOf(1);
+    --count_;
+    current_ = current_ > 0 ? current_ - 1 : count_;
     if (watcher_) {
         watcher_->FirstItemRemoved();
     }
 }
 
 void ListView::Clear() {
-    items_.clear();
+    slots_.clear();
+    first_ = 0;
+    count_ = 0;
     current_ = 0;
     if (watcher_) {
         watcher_->Cleared();

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,8 +40,9 @@ public:
     void AddColumn(ListColumn column) { columns_.push_back(std::move(column)); }
     [[nodiscard]] const std::vector<ListColumn>& Columns() const noexcept { return columns_; }
 
-    [[nodiscard]] std::size_t Count() const noexcept { return items_.size(); }
-    [[nodiscard]] const ListItem& Item(std::size_t index) const { return items_.at(index); }
+    [[nodiscard]] std::size_t Count() const noexcept { return count_; }
+    /// Throws std::out_of_range for an index that is none of 0 .. Count() - 1.
+    [[nodiscard]] const ListItem& Item(std::size_t index) const;
 
     /// Appends an item and makes it the current one.
     void Add(std::string_view key, std::string_view text, const std::array<std::string_view, 4>& subItems);
@@ -52,9 +52,13 @@ public:
     [[nodiscard]] std::size_t Current() const noexcept { return current_; }
 
 private:
+    [[nodiscard]] std::size_t SlotOf(std::size_t index) const noexcept { return (first_ + index) % slots_.size(); }
+
     std::vector<ListColumn> columns_;
-    std::deque<ListItem> items_;
-    ListItem spare_;
+    // A ring: the items are the count_ slots from first_ on; the slots behind them keep the storage of dropped items.
+    std::vector<ListItem> slots_;
+    std::size_t first_ = 0;
+    std::size_t count_ = 0;
     std::size_t current_ = 0;
     ListViewWatcher* watcher_ = nullptr;
 };

@@ -25,7 +25,7 @@ constexpr std::int16_t ShiftState512 = 512;
 constexpr std::int16_t ShiftState2048 = 2048;
 
 std::string KeysText(const CellKey& cell) {
-    return TraceText("{cid: ", cell.column, " - rid: ", cell.row, "}");
+    return TraceText("{cid: ", cell.column, " - rid: ", cell.row, "}").Text();
 }
 
 }  // namespace

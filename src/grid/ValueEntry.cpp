@@ -19,7 +19,7 @@ namespace {
 /// From this many cells on an index over TAB is built faster than the table is walked for each.
 constexpr std::size_t IndexedFrom = 4;
 
-void TraceStep(std::string_view method, const std::string& parameter) {
+void TraceStep(std::string_view method, std::string_view parameter) {
     TraceWrite("GRIDCTL", "", method, parameter);
 }
 
@@ -148,7 +148,7 @@ void ValueEntry::ChangeOne(Transaction& transaction, const CellKey& cell, const 
     parts_.keys.row = cell.row;
     std::string parameter;
     if (TraceEnabled) {
-        parameter = TraceText("{cid: ", cell.column, " - rid: ", cell.row, " - value: ", Shown(value), "}");
+        parameter = TraceText("{cid: ", cell.column, " - rid: ", cell.row, " - value: ", Shown(value), "}").Text();
         TraceStep("ContentsChanged", parameter);
     }
     std::optional<CellChange> change;

@@ -67,7 +67,7 @@ void SetSize(GridControl& grid, std::string_view operation, const CellKeyView& k
 
 /// The parameter of an operation on keys: "{cid: column - rid: row - label:value - redraw:flag}".
 template <class Value>
-std::string KeysText(const CellKeyView& keys, std::string_view label, const Value& value, bool redraw) {
+TraceBuffer KeysText(const CellKeyView& keys, std::string_view label, const Value& value, bool redraw) {
     return TraceText("{cid: ", keys.column, " - rid: ", keys.row, " - ", label, ":", value, " - redraw:", redraw, "}");
 }
 

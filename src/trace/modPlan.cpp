@@ -92,9 +92,7 @@ void TraceWrite(std::string_view control, std::string_view message, std::string_
             list.RemoveFirst();
         }
         TraceCounter = CheckedAdd(TraceCounter, 1);
-        TraceKey.assign("TRACE{");
-        trace_text::Append(TraceKey, TraceCounter);
-        TraceKey += '}';
+        TraceKey = std::string_view(TraceText("TRACE{", TraceCounter, "}"));
         list.Add(TraceKey, control, {message, method, parameter, TraceKey});
     });
 }

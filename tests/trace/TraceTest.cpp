@@ -191,8 +191,10 @@ TEST_F(TraceTest, ShowNeedsTheTrace) {
 
 TEST_F(TraceTest, ParameterTextsConvertTheirValues) {
     modPlan::TraceDecimalMark = ',';
-    EXPECT_EQ(TraceText("{flag: ", true, " - n: ", std::int16_t{-5}, " - v: ", 12.5, "}"),
+    EXPECT_EQ(TraceText("{flag: ", true, " - n: ", std::int16_t{-5}, " - v: ", 12.5, "}").Text(),
               "{flag: True - n: -5 - v: 12,5}");
+    const std::string longText(5000, 'x');
+    EXPECT_EQ(TraceText("{before: ", longText, " - after: ", 7, "}").Text(), "{before: " + longText + " - after: 7}");
     modPlan::TraceDecimalMark = '.';
 }
 
