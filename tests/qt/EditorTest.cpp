@@ -291,7 +291,7 @@ private slots:
         screen.goTo(QStringLiteral("COL1/ROW1"));
         Screen::press(QStringLiteral("<Shift+Right>"));
         QMetaObject::invokeMethod(&widget, "fill");
-        QCOMPARE(screen.rows(screen.tables.tab), QStringLiteral("1,1=12"));
+        QCOMPARE(screen.rows(screen.tables.tab), QStringLiteral("1,1=5 1,2=5"));
     }
 
     void theEditorFitsItsCell_data() {
