@@ -99,6 +99,7 @@ void GridStyles::Clear() {
     formats_.clear();
     formatsByCode_.Clear();
     sets_.assign(1, AttributeSet());
+    steps_.fill(Step());
     buckets_.assign(FirstBucketCount, PlainStyle);
 }
 
@@ -272,7 +273,18 @@ bool GridStyles::FontIsRegistered(std::string_view name) const noexcept {
 }
 
 StyleId GridStyles::With(StyleId style, GridAttribute attribute, std::optional<std::int32_t> meaning) {
-    AttributeSet set = sets_[style];
+    if (!meaning && !sets_[style].Has(attribute)) {
+        return style;
+    }
+    const auto number = static_cast<std::uint32_t>(meaning.value_or(0));
+    Step& step = steps_[(style * 31U + static_cast<std::uint32_t>(attribute) * 17U + number) % steps_.size()];
+    if (step.from != style || step.attribute != attribute || step.meaning != meaning) {
+        step = {style, attribute, meaning, Intern(Changed(sets_[style], attribute, meaning))};
+    }
+    return step.to;
+}
+
+AttributeSet GridStyles::Changed(AttributeSet set, GridAttribute attribute, std::optional<std::int32_t> meaning) {
     const std::uint16_t bit = AttributeSet::BitOf(attribute);
     const AttributeSet none;
     set.set = static_cast<std::uint16_t>(meaning ? set.set | bit : set.set & ~bit);
@@ -302,7 +314,7 @@ StyleId GridStyles::With(StyleId style, GridAttribute attribute, std::optional<s
             set.flags = static_cast<std::uint16_t>(meaning.value_or(0) != 0 ? set.flags | bit : set.flags & ~bit);
             break;
     }
-    return Intern(set);
+    return set;
 }
 
 StyleId GridStyles::Intern(const AttributeSet& set) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -78,6 +79,16 @@ private:
         GridFont font;
     };
 
+    /// A change of a set that was made before: cells repeat a few of them thousands of times.
+    struct Step {
+        StyleId from = UINT32_MAX;
+        GridAttribute attribute = GridAttribute::BackgroundColor;
+        std::optional<std::int32_t> meaning;
+        StyleId to = PlainStyle;
+    };
+
+    [[nodiscard]] static AttributeSet Changed(AttributeSet set, GridAttribute attribute,
+                                              std::optional<std::int32_t> meaning);
     GridStatus ReadText(GridAttribute attribute, const Variant& value, std::optional<std::int32_t>& meaning);
     GridStatus ReadFont(const std::string& text, std::optional<std::int32_t>& index);
     GridStatus ReadFormat(const std::string& code, std::optional<std::int32_t>& index);
@@ -97,6 +108,7 @@ private:
     std::deque<NumberFormat> formats_;
     NameIndex formatsByCode_;
     std::vector<AttributeSet> sets_;
+    std::array<Step, 256> steps_;
     std::vector<StyleId> buckets_;  // open addressing over sets_; PlainStyle where free
 };
 

@@ -179,13 +179,13 @@ void OsCheck(const SystemInformation& system) {
     });
 }
 
-std::string ReplacePoint(std::string_view text) {
-    std::string result(text);
-    std::replace(result.begin(), result.end(), '.', ',');
+std::string ReplacePoint(std::string text) {
+    const std::string before = TraceEnabled ? text : std::string();
+    std::replace(text.begin(), text.end(), '.', ',');
     if (TraceEnabled) {
-        TraceWrite("GRIDCTL", "", "ReplacePoint", TraceText("{before: ", text, " - after: ", result, "}"));
+        TraceWrite("GRIDCTL", "", "ReplacePoint", TraceText("{before: ", before, " - after: ", text, "}"));
     }
-    return result;
+    return text;
 }
 
 }  // namespace modPlan

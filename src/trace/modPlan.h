@@ -53,6 +53,6 @@ void MemoryCheck(const SystemInformation& system);
 void OsCheck(const SystemInformation& system);
 
 /// The text with every "." replaced by ",".
-[[nodiscard]] std::string ReplacePoint(std::string_view text);
+[[nodiscard]] std::string ReplacePoint(std::string text);
 
 }  // namespace planview::modPlan
