@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <exception>
 #include <optional>
 #include <string>
@@ -15,7 +16,9 @@ template <class Body>
         body();
         return std::nullopt;
     } catch (const std::exception& error) {
-        return error.what();
+        constexpr std::size_t LongestText = 1000;
+        const char* const text = error.what();
+        return text ? std::string(text).substr(0, LongestText) : "unknown exception";
     } catch (...) {
         return "unknown exception";
     }

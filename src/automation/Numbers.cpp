@@ -125,6 +125,9 @@ std::optional<double> TryParseNumber(std::string_view text) noexcept {
     }
     std::string_view exponent = text.substr(mantissaLength);
     if (exponent.size() > 1 && exponent[1] == '+') {  // from_chars takes no plus sign
+        if (exponent.size() == 2 || !IsDigit(exponent[2])) {
+            return std::nullopt;
+        }
         plain[length++] = 'E';
         exponent.remove_prefix(2);
     }

@@ -11,9 +11,10 @@ void FillCells(const LoaderContext& context) noexcept {
         const HostTable& table = context.tables.TAB;
         CurrentKeys& keys = context.keys;
         ForEachRow(table, [&](HostTable::Row i) {
-            keys.column = modGrid::ColumnKey(table.Int16(i, "C"), "");
-            keys.row = modGrid::RowKey(table.Int16(i, "Z"), "");
-            modGrid::Contents(context.grid, {keys.column, keys.row}, CellText(table.Value(i, "V")), NoRedraw);
+            const std::string column = modGrid::ColumnKey(table.Int16(i, "C"), "");
+            const std::string row = modGrid::RowKey(table.Int16(i, "Z"), "");
+            keys = {column, row};
+            modGrid::Contents(context.grid, {column, row}, CellText(table.Value(i, "V")), NoRedraw);
         });
     });
 }
@@ -24,9 +25,10 @@ void FillFixedCells(const LoaderContext& context) noexcept {
         const HostTable& table = context.tables.FIXED_TAB;
         CurrentKeys& keys = context.keys;
         ForEachRow(table, [&](HostTable::Row i) {
-            keys.column = modGrid::ColumnKey(table.Int16(i, "COLUMN"), table.Text(i, "FLG_COL_FIX"));
-            keys.row = modGrid::RowKey(table.Int16(i, "LINE"), table.Text(i, "FLG_LINE_FIX"));
-            const CellKeyView cell{keys.column, keys.row};
+            const std::string column = modGrid::ColumnKey(table.Int16(i, "COLUMN"), table.Text(i, "FLG_COL_FIX"));
+            const std::string row = modGrid::RowKey(table.Int16(i, "LINE"), table.Text(i, "FLG_LINE_FIX"));
+            keys = {column, row};
+            const CellKeyView cell{column, row};
             if (const std::string value = table.Text(i, "VALUE"); !value.empty()) {
                 modGrid::Contents(grid, cell, value, NoRedraw);
             }
@@ -47,9 +49,10 @@ void CellAttributes(const LoaderContext& context) noexcept {
         const HostTable& table = context.tables.CELL_ATTR;
         CurrentKeys& keys = context.keys;
         ForEachRow(table, [&](HostTable::Row i) {
-            keys.column = modGrid::ColumnKey(table.Int16(i, "COLUMN"), "");
-            keys.row = modGrid::RowKey(table.Int16(i, "LINE"), "");
-            const CellKeyView cell{keys.column, keys.row};
+            const std::string column = modGrid::ColumnKey(table.Int16(i, "COLUMN"), "");
+            const std::string row = modGrid::RowKey(table.Int16(i, "LINE"), "");
+            keys = {column, row};
+            const CellKeyView cell{column, row};
             modGrid::BackgroundColor(grid, cell, table.Int16(i, "BGCOLOR"), NoRedraw);
             modGrid::ForegroundColor(grid, cell, table.Int16(i, "FGCOLOR"), NoRedraw);
             modGrid::Bitmap(grid, cell, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);

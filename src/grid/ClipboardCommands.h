@@ -27,8 +27,8 @@ public:
     /// The selected block, the current cell when there is none; hidden cells are left out.
     void Copy();
     void Cut();
-    /// From the first selected cell on, to the edge of the planning cells. One value, or one row or column, fills a selection
-    /// of several.
+    /// From the first selected cell on, to the edge of the planning cells. One value, or one row or column, fills a
+    /// selection of several.
     void Paste();
     /// Gives every selected cell the value of the first one.
     void Fill();

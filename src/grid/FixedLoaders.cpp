@@ -30,8 +30,8 @@ void LoadFixedColumn(const LoaderContext& context, HostTable::Row i, std::int16_
     const HostTable& table = context.tables.FIXED_COLS;
     const std::string side = table.Text(i, "FLG_POSITION");
 
-    std::string& key = context.keys.column;
-    key = modGrid::ColumnKey(table.Int16(i, "COLUMN_FIX"), side);
+    const std::string key = modGrid::ColumnKey(table.Int16(i, "COLUMN_FIX"), side);
+    context.keys.column = key;
     if (side == "L" || side == "R") {
         std::int16_t& position = side == "L" ? left : right;
         modGrid::CreateColumn(grid, key, position, NoRedraw);
@@ -56,8 +56,8 @@ void LoadFixedLine(const LoaderContext& context, HostTable::Row i, std::int16_t&
     const HostTable& table = context.tables.FIXED_LINES;
     const std::string side = table.Text(i, "FLG_POSITION");
 
-    std::string& key = context.keys.row;
-    key = modGrid::RowKey(table.Int16(i, "LINE_FIX"), side);
+    const std::string key = modGrid::RowKey(table.Int16(i, "LINE_FIX"), side);
+    context.keys.row = key;
     if (side == "T" || side == "B") {
         std::int16_t& position = side == "T" ? top : bottom;
         modGrid::CreateRow(grid, key, position, NoRedraw);
@@ -85,8 +85,8 @@ void Creation_FixedColumns(const LoaderContext& context) noexcept {
         std::int16_t right = 1;
         ForEachRow(table, [&](HostTable::Row i) { LoadFixedColumn(context, i, left, right); });
         ForEachRow(table, [&](HostTable::Row i) {
-            std::string& key = context.keys.column;
-            key = table.Text(i, "GRID_ID");
+            const std::string key = table.Text(i, "GRID_ID");
+            context.keys.column = key;
             if (!key.empty()) {
                 FinishFixed(context.grid, {key, {}}, table.Flag(i, "READONLY"));
             }
@@ -101,8 +101,8 @@ void Creation_FixedLines(const LoaderContext& context) noexcept {
         std::int16_t bottom = 1;
         ForEachRow(table, [&](HostTable::Row i) { LoadFixedLine(context, i, top, bottom); });
         ForEachRow(table, [&](HostTable::Row i) {
-            std::string& key = context.keys.row;
-            key = table.Text(i, "GRID_ID");
+            const std::string key = table.Text(i, "GRID_ID");
+            context.keys.row = key;
             if (!key.empty()) {
                 FinishFixed(context.grid, {{}, key}, table.Flag(i, "READONLY"));
             }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "grid/BusyScope.h"
 #include "grid/LoaderSupport.h"
 #include "grid/modGrid.h"
 
@@ -21,6 +22,10 @@ void GridConstruction::CreateEmpty() {
 }
 
 void GridConstruction::CreateFromTables() {
+    if (building_) {
+        throw AutomationError(AutomationErrorCode::Failed, "The grid is being built already");
+    }
+    const BusyScope building(building_);
     GridControl& grid = context_.grid;
     grid.SetRedraw(false);
     CreateEmpty();

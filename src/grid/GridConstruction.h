@@ -13,7 +13,7 @@ public:
     /// Ends the grid that is there and builds an empty one with the label column, the palette and the settings.
     void CreateEmpty();
     /// The whole way from the tables to a grid on screen; it is drawn once, at the end. The scroll positions of the
-    /// settings are used up by it.
+    /// settings are used up by it. Throws Failed when a table, while it is read, leads to another build.
     void CreateFromTables();
 
 private:
@@ -21,6 +21,7 @@ private:
     void ScrollToFirst();
 
     LoaderContext context_;
+    bool building_ = false;
     GridSettings& settings_;
 };
 

@@ -10,7 +10,7 @@ void ReadGridAttributes(const HostTable gridAttr, bool layoutMode, GridSettings&
     const auto real = [&](const char* field) { return gridAttr.Double(Row, field); };
 
     settings.chartShown = flag("CHART");
-    settings.treeShown = flag("HIDDEN_LIST");
+    settings.treeShown = layoutMode && flag("HIDDEN_LIST");
     settings.moveAllowed = permission("NOMOVE_ALLOWED");
     settings.resizeAllowed = permission("NORESIZE_ALLOWED");
     settings.singleValue = flag("SINGLEVALUE") ? 1 : 0;
@@ -30,9 +30,6 @@ void ReadGridAttributes(const HostTable gridAttr, bool layoutMode, GridSettings&
     settings.optimum = real("OPTIMUM");
     settings.labelColumnWidth = number("LABELCOL_WIDTH");
     settings.titleText = gridAttr.Text(Row, "TITELTEXT");
-    if (!layoutMode) {
-        settings.treeShown = false;
-    }
 }
 
 }  // namespace planview

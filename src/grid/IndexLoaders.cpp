@@ -13,8 +13,8 @@ void LoadColumn(const LoaderContext& context, HostTable::Row i, std::int16_t& po
     GridControl& grid = context.grid;
     const HostTable& table = context.tables.COLS_INDEX;
 
-    std::string& key = context.keys.column;
-    key = modGrid::ColumnKey(table.Int16(i, "COLUMN"), "");
+    const std::string key = modGrid::ColumnKey(table.Int16(i, "COLUMN"), "");
+    context.keys.column = key;
     modGrid::CreateColumn(grid, key, position, NoRedraw);
     if (modGrid::Status == GridStatus::Ok) {
         ++position;
@@ -52,8 +52,8 @@ void LoadRow(const LoaderContext& context, HostTable::Row i, std::int16_t& posit
     if (table.Text(i, "LINETYPE") != "H") {
         context.keys.column.clear();
     }
-    std::string& key = context.keys.row;
-    key = modGrid::RowKey(table.Int16(i, "LINE"), "");
+    const std::string key = modGrid::RowKey(table.Int16(i, "LINE"), "");
+    context.keys.row = key;
     modGrid::CreateRow(grid, key, position, NoRedraw);
     if (modGrid::Status == GridStatus::Ok) {
         ++position;
@@ -78,8 +78,11 @@ void LockRow(const LoaderContext& context, HostTable::Row i) {
     if (!table.Flag(i, "READONLY") || table.Flag(i, "ROW_TEXT")) {
         return;
     }
-    std::string& key = context.keys.row;
-    key = table.Text(i, "GRID_ID");
+    const std::string key = table.Text(i, "GRID_ID");
+    if (key.empty()) {
+        return;  // the host has not kept the key; an empty one would mean the whole grid
+    }
+    context.keys.row = key;
     if (modPlan::TraceEnabled) {
         modPlan::TraceWrite("GRIDCTL", "", "Column in the past",
                             TraceText("{cid: ", context.keys.column, " - rid: ", key, "}"));

@@ -17,7 +17,8 @@ struct LoaderContext {
 /// the grid with redraw off, and opens with a trace entry that names the table. A failure (a table that is not set, a
 /// field that cannot be read) ends the loader with an "ERROR" entry; what it has built so far stays.
 ///
-/// Columns and rows come before the cells that refer to them.
+/// Columns and rows come before the cells that refer to them. Reading a field runs the host's code, which may call the
+/// control: a loader keeps its keys to itself and only shows them in `keys`.
 
 /// COLS_INDEX: planning columns with their headings; writes each key into `GRID_ID`.
 void Creation_Columns(const LoaderContext& context) noexcept;

@@ -231,6 +231,39 @@ TEST_F(ConstructionTest, AFailingLoaderEndsAloneAndTheOthersRun) {
                                        "GRIDCTL | ERROR | FillCells | {error: Type mismatch: 'n/a' is no number}"}));
 }
 
+TEST_F(ConstructionTest, AHostThatCallsBackWhileItIsReadGetsItsOwnKeys) {
+    ExpectErrors();
+    /// Calls the control whenever a period is read.
+    class CallsBack final : public AutomationObject {
+    public:
+        CallsBack(std::shared_ptr<MemoryTable> inner, PlanView& control)
+            : inner_(std::move(inner)), control_(control) {}
+        DispatchId IdOf(std::string_view name) const override { return inner_->IdOf(name); }
+        Variant Get(DispatchId member, Arguments a) override {
+            if (a.size() == 2 && a[1] == Variant("PERDY")) {
+                control_.plv_MarkedRowsHide();
+                control_.DP_Import_Create();
+            }
+            return inner_->Get(member, a);
+        }
+        void Put(DispatchId member, Arguments a, const Variant& value) override { inner_->Put(member, a, value); }
+        Variant Call(DispatchId member, Arguments a) override { return inner_->Call(member, a); }
+
+    private:
+        std::shared_ptr<MemoryTable> inner_;
+        PlanView& control_;
+    };
+    tables.lineIndex->SetValue(1, "ROW_MARKED", "X");
+    tables.lineIndex->SetValue(1, "GRID_ID", "a key that is longer than any that the grid itself would give");
+    control.PROP_Set_COLS_INDEX(std::make_shared<CallsBack>(tables.colsIndex, control));
+    Build();
+    EXPECT_EQ(tables.colsIndex->Value(1, "GRID_ID"), Variant("COL3"));
+    EXPECT_EQ(tables.colsIndex->Value(2, "GRID_ID"), Variant("COL7"));
+    EXPECT_EQ(Contents("COL7", "FTR0"), "Jul");
+    EXPECT_EQ(Entries(IsError).back(),
+              "USERCONTROL | ERROR | DP_Import_Create | {error: The grid is being built already}");
+}
+
 TEST_F(ConstructionTest, LoadersOpenInTheirOrder) {
     Build();
     EXPECT_EQ(EntriesOf("BEGIN"), (Lines{"GRIDCTL |  | BEGIN | #COLS_INDEX#", "GRIDCTL |  | BEGIN | #LINE_INDEX#",

@@ -25,12 +25,15 @@ protected:
         modPlan::Trace_Enable(platform.Interfaces());
         ForgetEntries();
     }
-    ~TracedTest() override {
-        if (!errorsExpected_) {
+    /// Before the members of a derived fixture end: a control that ends takes the trace with it.
+    void TearDown() override {
+        if (!errorsExpected_ && modPlan::TraceEnabled) {
             for (const std::string& entry : Entries(IsError)) {
                 ADD_FAILURE() << "unasked error in the trace: " << entry;
             }
         }
+    }
+    ~TracedTest() override {
         if (modPlan::TraceEnabled) {
             platform.answer = MessageAnswer::No;
             modPlan::Trace_Disable(platform.Interfaces());
@@ -40,7 +43,9 @@ protected:
     void ExpectErrors() { errorsExpected_ = true; }
     static void ForgetEntries() { frmTrace::Instance().TraceView.Clear(); }
 
-    static bool IsError(const ListItem& item) { return item.subItems[0] == "ERROR" || item.subItems[1] == "ERROR" || item.subItems[2] == "ERROR"; }
+    static bool IsError(const ListItem& item) {
+        return item.subItems[0] == "ERROR" || item.subItems[1] == "ERROR" || item.subItems[2] == "ERROR";
+    }
 
     [[nodiscard]] static std::vector<std::string> Entries(const std::function<bool(const ListItem&)>& wanted = {}) {
         std::vector<std::string> entries;
