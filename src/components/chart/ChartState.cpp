@@ -1,0 +1,17 @@
+#include "components/chart/ChartState.h"
+
+#include <algorithm>
+
+namespace planview {
+
+int ChartState::VisibleCount() const noexcept {
+    const int asked = categoryAxis.visibleCategories;
+    return asked <= 0 ? CategoryCount() : std::min(asked, CategoryCount());
+}
+
+int ChartState::FirstVisible() const noexcept {
+    const int last = CategoryCount() - VisibleCount() + 1;
+    return std::clamp(static_cast<int>(categoryAxis.startAtCategory), 1, std::max(1, last));
+}
+
+}  // namespace planview
