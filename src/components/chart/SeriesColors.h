@@ -6,8 +6,9 @@
 
 namespace planview {
 
-/// The colours of series in the order in which they are given out: blue, orange, green, purple, teal, red, yellow-brown,
-/// grey, then lighter steps of them. Neighbours differ in lightness too, for those who do not tell the hues apart.
+/// The colours of series in the order in which they are given out: blue, orange, green, purple, teal, red,
+/// yellow-brown, grey, then lighter steps of them. Neighbours differ in lightness too, for those who do not tell the
+/// hues apart.
 inline constexpr std::array<ChartColor, 16> SeriesColors{{
     {36, 99, 214},
     {224, 138, 30},

@@ -12,8 +12,8 @@ namespace planview {
 /// A trend line through the values of a series, of which the first stands at x = 1, the second at 2 and so on.
 ///
 /// Linear y = a + b x, logarithmic y = a + b ln x, power y = a x^b and exponential y = a e^(b x) are fitted by least
-/// squares; the last two through the logarithms of the values, and only where all values are above zero. A moving average
-/// has no formula: it is the mean of the last `period` values, from the period's first whole window on.
+/// squares; the last two through the logarithms of the values, and only where all values are above zero. A moving
+/// average has no formula: it is the mean of the last `period` values, from the period's first whole window on.
 class TrendFit {
 public:
     /// `period` counts for the moving average only, at least 2.
