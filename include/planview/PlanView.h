@@ -14,6 +14,7 @@
 namespace planview {
 
 struct Cell;
+class ChartControl;
 class GridControl;
 class PaneLayout;
 
@@ -155,6 +156,12 @@ public:
     /// Gives every selected cell the value of the first one.
     void Fill();
     void Delete();
+    /// Shows or hides the chart pane.
+    void SwitchChart();
+    [[nodiscard]] bool ChartShown() const noexcept;
+    /// Puts exactly the columns (rows) whose headers are selected into the chart.
+    void ShowSelectedColumnsInChart();
+    void ShowSelectedRowsInChart();
 
     // --- Late binding -----------------------------------------------------------------------------------------------
 
@@ -179,6 +186,8 @@ public:
 
     /// The grid, for the layer that puts it on the screen.
     [[nodiscard]] GridControl& Grid() noexcept;
+    /// The chart, for the same layer.
+    [[nodiscard]] ChartControl& Chart() noexcept;
     /// The planning cells whose value the user has changed since TAB_OLD was last emptied, for the same layer.
     [[nodiscard]] std::vector<Cell> PendingCells() const;
     /// The panes, for the same layer.

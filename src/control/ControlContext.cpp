@@ -16,14 +16,23 @@ ControlContext::ControlContext(const Platform& desktop)
                    [this] { modPlan::Trace_Show(platform); }}),
       commands(tables, grid, hostUpdate, [this] { ChartStep(); }),
       sizeEvents(tables, grid, keys, hostUpdate),
-      gridHandlers(*this) {
+      chartData({chart, grid, tables, settings, chartSettings, desktop.messageBoxes}),
+      chartCommands({chart, grid, tables, settings, chartSettings, chartData, hostUpdate, desktop.messageBoxes,
+                     [this] { layout.Apply(settings.treeShown, settings.chartShown, settings.zoomed); },
+                     [this] { return chooseColor ? chooseColor() : std::nullopt; }}),
+      gridHandlers(*this),
+      chartHandlers(*this) {
     grid.SetEvents(&gridHandlers);
+    chart.SetEvents(&chartHandlers);
 }
 
 ControlContext::~ControlContext() {
+    chart.SetEvents(nullptr);
     grid.SetEvents(nullptr);
 }
 
-void ControlContext::ChartStep() {}
+void ControlContext::ChartStep() {
+    chartCommands.ChartStep();
+}
 
 }  // namespace planview

@@ -7,7 +7,9 @@
 
 #include "automation/EventSource.h"
 #include "automation/TableSlots.h"
+#include "chart/ChartCommands.h"
 #include "components/GridControl.h"
+#include "control/ChartHandlers.h"
 #include "control/GridHandlers.h"
 #include "grid/ClipboardCommands.h"
 #include "grid/CurrentKeys.h"
@@ -41,10 +43,10 @@ struct ControlContext {
     GridSettings settings;
     CurrentKeys keys;
     GridControl grid;
+    ChartControl chart;
+    ChartSettings chartSettings;
     PaneLayout layout;
     EventSource events;
-    /// The two lines of the forecast view are compared in the chart.
-    bool forecastView = false;
     PressMode pressMode = PressMode::None;
     /// Set while the control itself changes the grid; keys and popups wait for its end.
     bool busy = false;
@@ -56,7 +58,17 @@ struct ControlContext {
     KeyHandling keyHandling;
     GridCommands commands;
     SizeEvents sizeEvents;
+    ChartData chartData;
+    ChartCommands chartCommands;
     GridHandlers gridHandlers;
+    ChartHandlers chartHandlers;
+
+    /// "DRAG" while the chart itself is being dragged, else empty.
+    std::string chartDragMode;
+    /// Shows the popup of the place "CHART", "SERIES" or "TRENDLINE".
+    std::function<void(std::string_view place)> showChartPopup;
+    /// Shows the colour palette; see ChartCommandParts.
+    std::function<std::optional<int>()> chooseColor;
 
     /// The macro tree node last made active by the host.
     std::string activeNode;

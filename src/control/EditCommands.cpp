@@ -8,6 +8,7 @@ namespace planview {
 namespace {
 
 constexpr std::string_view GridControlLabel = "GRIDCTL";
+constexpr std::string_view ChartLabel = "CHART";
 
 }  // namespace
 
@@ -46,6 +47,25 @@ void PlanView::Fill() {
 void PlanView::Delete() {
     Guarded(state_, GridControlLabel, "DeleteCellContents",
             [](ControlContext& context) { context.clipboard.DeleteCellContents(); });
+}
+
+void PlanView::SwitchChart() {
+    Guarded(state_, ChartLabel, "SwitchDisplay",
+            [](ControlContext& context) { context.chartCommands.SwitchDisplay(); });
+}
+
+bool PlanView::ChartShown() const noexcept {
+    return state_->context.settings.chartShown;
+}
+
+void PlanView::ShowSelectedColumnsInChart() {
+    Guarded(state_, ChartLabel, "ColsShowInChart",
+            [](ControlContext& context) { context.chartCommands.ColsShowInChart(); });
+}
+
+void PlanView::ShowSelectedRowsInChart() {
+    Guarded(state_, ChartLabel, "RowsShowInChart",
+            [](ControlContext& context) { context.chartCommands.RowsShowInChart(); });
 }
 
 std::vector<Cell> PlanView::PendingCells() const {

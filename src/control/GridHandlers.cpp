@@ -90,7 +90,7 @@ void GridHandlers::SimpleClick(const CellKey& cell) {
         if (TraceEnabled) {
             TraceWrite(GridControlLabel, "", "SimpleClick", KeysText(cell));
         }
-        if (context_.forecastView && cell.row.starts_with(RowAxis.keyPrefix)) {
+        if (context_.chartCommands.IsForecastView() && cell.row.starts_with(RowAxis.keyPrefix)) {
             ChooseForecastLine(context_.tables.LINE_INDEX, cell.row);
             context_.ChartStep();
             context_.hostUpdate.StartUpdate();

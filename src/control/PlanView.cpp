@@ -119,12 +119,14 @@ PlanView::Status PlanView::plv_ActiveNode(const std::string& vNode) {
 PlanView::Status PlanView::plv_MarkedRowsHide() {
     return Guarded(state_, UserControl, "plv_MarkedRowsHide", [](ControlContext& context) {
         HideMarkedRows(context.tables.LINE_INDEX, context.grid, context.keys);
+        context.ChartStep();
     });
 }
 
 PlanView::Status PlanView::plv_MarkedRowsShow() {
     return Guarded(state_, UserControl, "plv_MarkedRowsShow", [](ControlContext& context) {
         ShowMarkedRows(context.tables.LINE_INDEX, context.grid, context.keys);
+        context.ChartStep();
     });
 }
 
@@ -138,6 +140,7 @@ PlanView::Status PlanView::DP_Import_Attribute() {
     return Guarded(state_, UserControl, "DP_Import_Attribute", [](ControlContext& context) {
         TraceCall("DP_Import_Attribute");
         ReadGridAttributes(context.tables.GRID_ATTR, context.layout.LayoutMode(), context.settings);
+        FollowChartType(context.settings, context.chartSettings);
         context.layout.Apply(context.settings.treeShown, context.settings.chartShown, context.settings.zoomed);
     });
 }
@@ -148,6 +151,10 @@ PlanView::Status PlanView::DP_Import_Create() {
         context.history.Clear();
         const BusyScope busy(context.busy);
         context.construction.CreateFromTables();
+        if (context.settings.chartShown) {
+            context.chartData.Initialize();
+            context.chartData.Update();
+        }
     });
 }
 
@@ -182,6 +189,10 @@ void PlanView::RemoveSink(EventSink& sink) noexcept {
 
 GridControl& PlanView::Grid() noexcept {
     return state_->context.grid;
+}
+
+ChartControl& PlanView::Chart() noexcept {
+    return state_->context.chart;
 }
 
 PaneLayout& PlanView::Panes() noexcept {

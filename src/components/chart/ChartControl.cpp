@@ -50,6 +50,12 @@ void ChartControl::SetComparison(bool on) {
     }
 }
 
+void ChartControl::CopyPicture() const {
+    if (model_->watcher) {
+        model_->watcher->CopyPicture();
+    }
+}
+
 // The listener may end the chart: the model is kept while it is told.
 
 void ChartControl::UserPressed(std::int16_t button, std::int16_t shift, const ChartHit& hit) {

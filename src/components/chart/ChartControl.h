@@ -18,6 +18,8 @@ class ChartWatcher {
 public:
     virtual ~ChartWatcher() = default;
     virtual void ChartChanged() = 0;
+    /// Asked to put the picture of the chart, as it is on screen, on the clipboard.
+    virtual void CopyPicture() = 0;
 };
 
 /// Hears what the user did in the chart. May change and rebuild it. Buttons and shift states as in GridEvents.
@@ -72,6 +74,8 @@ public:
     /// The colour of a key that has been a series; none before.
     [[nodiscard]] std::optional<ChartColor> ColorOf(std::string_view key) const;
     void SetComparison(bool on);
+    /// Asks the view for it; nothing without one.
+    void CopyPicture() const;
 
     // --- What the user does in a view -------------------------------------------------------------------------------
 

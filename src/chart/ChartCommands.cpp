@@ -1,0 +1,188 @@
+#include "chart/ChartCommands.h"
+
+#include <algorithm>
+#include <array>
+
+#include "automation/Late.h"
+#include "chart/ChartMarks.h"
+#include "chart/ChartRun.h"
+#include "chart/modChart.h"
+#include "components/chart/TrendFit.h"
+#include "grid/modGrid.h"
+
+namespace planview {
+
+namespace {
+
+/// The chart's own number of each colour in the palette popup, by position.
+constexpr std::array<std::int16_t, 16> ChartColorOfPosition{1, 10, 8, 13, 9, 12, 11, 14, 15, 6, 4, 5, 2, 7, 3, 0};
+
+void TraceCommand(std::string_view method) {
+    modPlan::TraceWrite(modChart::Label, "", method, "{}");
+}
+
+}  // namespace
+
+void ChartCommands::ChartStep() const {
+    if (parts_.gridSettings.chartShown) {
+        parts_.chartData.Update();
+    }
+}
+
+void ChartCommands::SwitchDisplay() {
+    GridSettings& settings = parts_.gridSettings;
+    const bool shown = !settings.chartShown;
+    if (modPlan::TraceEnabled) {
+        modPlan::TraceWrite(modChart::Label, "", "SwitchDisplay", TraceText("{value:", shown, "}"));
+    }
+    settings.chartShown = shown;
+    const bool endZoom = shown && settings.zoomed;  // the zoomed grid would hide the chart
+    settings.zoomed = settings.zoomed && !endZoom;
+    if (const HostTable gridAttr = parts_.tables.GRID_ATTR; gridAttr.IsSet()) {
+        gridAttr.PutFlag(1, "CHART", shown);
+        if (endZoom) {
+            gridAttr.PutFlag(1, "ZOOMED", false);
+        }
+    }
+    parts_.layOutPanes();
+    if (shown) {
+        parts_.chartData.Initialize();
+        parts_.chartData.Update();
+    }
+    parts_.hostUpdate.StartUpdate();
+}
+
+void ChartCommands::SerieType(std::int16_t code) {
+    const HostTable lineIndex = parts_.tables.LINE_INDEX;
+    ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
+        const std::string key = lineIndex.Text(row, "GRID_ID");
+        const std::int16_t series = CodeIn(lineIndex, row, "CHART_ID");
+        if (series != 0 && modGrid::HeaderSelected(parts_.grid, {{}, key}) == 1) {
+            lineIndex.Put(row, "CHART_TYPE", code);
+            modChart::SeriesCollection(parts_.chart.Object(), series, code);
+        }
+    });
+    if (modPlan::TraceEnabled) {
+        modPlan::TraceWrite(modChart::Label, "", "SerieType", TraceText("{type:", code, "}"));
+    }
+    ChartStep();
+    parts_.grid.Redraw();
+    parts_.hostUpdate.StartUpdate();
+}
+
+void ChartCommands::ColsShowInChart() {
+    ShowInChart(parts_.tables.COLS_INDEX, true);
+}
+
+void ChartCommands::RowsShowInChart() {
+    ShowInChart(parts_.tables.LINE_INDEX, false);
+}
+
+void ChartCommands::ShowInChart(const HostTable& slot, bool columns) {
+    const HostTable table = slot;
+    if (!table.IsSet()) {
+        return;
+    }
+    ForEachIndexRow(table, [&](HostTable::Row row) {
+        const std::string key = table.Text(row, "GRID_ID");
+        const CellKeyView keys = columns ? CellKeyView{key, {}} : CellKeyView{{}, key};
+        table.PutFlag(row, ShowChart, modGrid::HeaderSelected(parts_.grid, keys) == 1);
+        if (modPlan::TraceEnabled) {
+            modPlan::TraceWrite(modChart::Label, "", columns ? "ColsShowInChart" : "RowsShowInChart",
+                                TraceText("{column:", key, "}"));
+        }
+    });
+    parts_.grid.Redraw();
+    ChartStep();
+    parts_.hostUpdate.StartUpdate();
+}
+
+void ChartCommands::StandardView() {
+    TraceCommand("StandardView");
+    const HostTable lineIndex = parts_.tables.LINE_INDEX;
+    if (IsForecastView() && !linesBeforeForecast_.empty()) {
+        ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
+            const std::string key = lineIndex.Text(row, "GRID_ID");
+            const bool before =
+                std::find(linesBeforeForecast_.begin(), linesBeforeForecast_.end(), key) != linesBeforeForecast_.end();
+            lineIndex.PutFlag(row, ShowChart, before);
+        });
+        linesBeforeForecast_.clear();
+    }
+    parts_.chartSettings.viewMode = ChartViewMode::Normal;
+    ChartStep();
+    parts_.hostUpdate.StartUpdate();
+}
+
+void ChartCommands::ForecastView() {
+    TraceCommand("ForecastView");
+    const HostTable lineIndex = parts_.tables.LINE_INDEX;
+    if (!IsForecastView()) {
+        linesBeforeForecast_.clear();
+        ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
+            if (FieldIs(lineIndex, row, ShowChart, InChart)) {
+                linesBeforeForecast_.push_back(lineIndex.Text(row, "GRID_ID"));
+            }
+        });
+    }
+    parts_.chartSettings.viewMode = ChartViewMode::Forecast;
+    ChartStep();
+    parts_.hostUpdate.StartUpdate();
+}
+
+void ChartCommands::AutoArrange() const {
+    modChart::AutoArrange(parts_.chart.Object());
+}
+
+void ChartCommands::CopyToClipboard() const {
+    TraceCommand("CopyToClipboard");
+    parts_.chart.CopyPicture();
+}
+
+void ChartCommands::TrendlineAdd(std::int16_t kind) {
+    ObjectRef trendline = modChart::TrendlineAdd(parts_.chart.Object(), parts_.grid, parts_.tables.LINE_INDEX, kind);
+    if (trendline) {
+        currentTrendline_ = std::move(trendline);
+        TellTrendLimit();
+    }
+}
+
+/// A kind of trend line may be impossible for the values of its line.
+void ChartCommands::TellTrendLimit() const {
+    const std::string key = Late(currentTrendline_).Get("Name").Value().AsText();
+    for (const ChartSeries& series : parts_.chart.State().series) {
+        if (series.key != key || series.look->trends.empty()) {
+            continue;
+        }
+        const ChartTrend& trend = *series.look->trends.front();
+        const TrendFit fit(trend.kind, series.values, trend.period);
+        if (!fit.IsValid()) {
+            parts_.messageBoxes.Show({series.caption + ": " + fit.Limit(), "Trend line", MessageButtons::Ok,
+                                      MessageIcon::Information, MessageAnswer::Ok});
+        }
+        return;
+    }
+}
+
+void ChartCommands::TrendlineColor() {
+    if (!currentTrendline_) {
+        return;
+    }
+    const std::optional<int> position = parts_.chooseColor();
+    if (!position || *position < 0 || *position >= static_cast<int>(ChartColorOfPosition.size())) {
+        return;
+    }
+    const std::int16_t color = ChartColorOfPosition[static_cast<std::size_t>(*position)];
+    Late(currentTrendline_).Get("Border").Put("ColorIndex", color);
+    if (modPlan::TraceEnabled) {
+        modPlan::TraceWrite(modChart::Label, "", "TrendlineColor", TraceText("{color:", color, "}"));
+    }
+}
+
+void ChartCommands::TrendlineDelete() {
+    if (currentTrendline_) {
+        modChart::TrendlineDelete(currentTrendline_);
+    }
+}
+
+}  // namespace planview

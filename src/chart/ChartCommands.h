@@ -1,0 +1,82 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <planview/Platform.h>
+
+#include "automation/TableSlots.h"
+#include "chart/ChartData.h"
+#include "chart/ChartSettings.h"
+#include "components/GridControl.h"
+#include "components/chart/ChartControl.h"
+#include "grid/GridSettings.h"
+#include "grid/HostUpdate.h"
+
+namespace planview {
+
+/// What the chart's commands work on.
+struct ChartCommandParts {
+    ChartControl& chart;
+    GridControl& grid;
+    const TableSlots& tables;
+    GridSettings& gridSettings;
+    ChartSettings& chartSettings;
+    const ChartData& chartData;
+    HostUpdate& hostUpdate;
+    MessageBoxes& messageBoxes;
+    /// Lays the panes out as the settings say.
+    std::function<void()> layOutPanes;
+    /// Shows the colour palette and answers the position of the chosen colour in it, 0 .. 15; none when it was closed.
+    std::function<std::optional<int>()> chooseColor;
+};
+
+/// What the user can do with the chart by menu. Commands that write the host's tables end by telling the host.
+class ChartCommands {
+public:
+    explicit ChartCommands(ChartCommandParts parts) : parts_(std::move(parts)) {}
+
+    /// Brings the chart up to date where it is shown.
+    void ChartStep() const;
+    /// Shows or hides the chart pane.
+    void SwitchDisplay();
+
+    /// Gives the selected lines this type in the chart.
+    void SerieType(std::int16_t code);
+    /// Puts exactly the selected columns (lines) into the chart; nothing without the table.
+    void ColsShowInChart();
+    void RowsShowInChart();
+
+    /// All marked lines against the periods. Lines that were in the chart before the forecast view are again.
+    void StandardView();
+    /// The sales line against the forecast line.
+    void ForecastView();
+    [[nodiscard]] bool IsForecastView() const noexcept {
+        return parts_.chartSettings.viewMode == ChartViewMode::Forecast;
+    }
+
+    void AutoArrange() const;
+    /// The picture of the chart as it is on screen.
+    void CopyToClipboard() const;
+
+    /// `kind` as TrendKind. Says so when the values of the line do not allow that kind.
+    void TrendlineAdd(std::int16_t kind);
+    void TrendlineColor();
+    void TrendlineDelete();
+    [[nodiscard]] bool HasTrendline() const noexcept { return currentTrendline_ != nullptr; }
+    /// The trend line that the commands mean; null for none.
+    void SetCurrentTrendline(ObjectRef trendline) noexcept { currentTrendline_ = std::move(trendline); }
+
+private:
+    void ShowInChart(const HostTable& table, bool columns);
+    void TellTrendLimit() const;
+
+    ChartCommandParts parts_;
+    ObjectRef currentTrendline_;
+    /// The keys of the lines that were in the chart when the forecast view began.
+    std::vector<std::string> linesBeforeForecast_;
+};
+
+}  // namespace planview

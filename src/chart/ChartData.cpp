@@ -1,0 +1,260 @@
+#include "chart/ChartData.h"
+
+#include "automation/CheckedInt.h"
+#include "automation/Late.h"
+#include "automation/Numbers.h"
+#include "chart/ChartMarks.h"
+#include "chart/ChartRun.h"
+#include "chart/ChartTexts.h"
+#include "chart/modChart.h"
+#include "grid/LineCaption.h"
+
+namespace planview {
+
+namespace {
+
+constexpr std::int16_t PlainColumn = 0;
+constexpr std::int16_t PlainLine = 23;
+constexpr std::int16_t StackedLine = 21;
+constexpr std::int16_t StackedLine100 = 22;
+
+void TraceMarker(std::string_view marker) {
+    modPlan::TraceWrite(modChart::Label, "{}", marker, "BEGIN");
+}
+
+/// The value of a grid text; nothing counts as 0. Throws TypeMismatch for what is no number.
+double ValueOf(const std::string& text) {
+    return text.empty() ? 0.0 : ParseNumber(std::string_view(modPlan::ReplacePoint(text)));
+}
+
+/// Says which number a row has in the chart. A host that keeps its tables on disk is not bothered with what stands
+/// there already.
+void PutChartId(const HostTable& table, HostTable::Row row, std::int16_t id) {
+    const Variant now = table.Value(row, "CHART_ID");
+    const bool isNumber = now.GetKind() == Variant::Kind::Int16 || now.GetKind() == Variant::Kind::Int32;
+    if (!isNumber || now.AsInt32() != id) {
+        table.Put(row, "CHART_ID", id);
+    }
+}
+
+}  // namespace
+
+void ChartData::Initialize() const {
+    TraceMarker("#INITIALIZE#");
+    const GridSettings& grid = parts_.gridSettings;
+    const ChartSettings& settings = parts_.chartSettings;
+    const ObjectRef& chart = Chart();
+    constexpr std::int16_t OwnBackground = 0;
+    modChart::Redraw(chart, false);
+    modChart::ChartType(chart, grid.chartType);
+    modChart::AllowContextMenus(chart, settings.ownMenusAndDialogs);
+    modChart::AllowDialogs(chart, settings.ownMenusAndDialogs);
+    modChart::AllowSelection(chart, settings.selectionAllowed);
+    modChart::AllowValueChange(chart, settings.valueChangeAllowed);
+    modChart::AreaBgColor(chart, OwnBackground);
+    modChart::PlotBgColor(chart, OwnBackground);
+    modChart::LegendBgColor(chart, OwnBackground);
+    modChart::LegendBorderColor(chart, OwnBackground);
+    modChart::LegendFont(chart, settings.fontName);
+    modChart::HasLegend(chart, settings.legendShown);
+    modChart::LegendPosition(chart, static_cast<std::int16_t>(settings.legendPosition));
+    modChart::MinValue(chart, grid.minimum);
+    modChart::MaxValue(chart, grid.maximum);
+    modChart::AutoScale(chart, grid.autoMinimum, grid.autoMaximum);
+    modChart::MinRange(chart, grid.rangeMinimum);
+    modChart::MaxRange(chart, grid.rangeMaximum);
+    modChart::Optimum(chart, grid.optimum);
+    modChart::XaxisOrientation(chart, static_cast<std::int16_t>(settings.categoryOrientation));
+    modChart::LabelX(chart, settings.categoryLabels);
+    modChart::LabelY(chart, settings.valueLabels);
+    modChart::XScrollBar(chart, settings.scrollBar);
+    modChart::Caterogies(chart, settings.visibleCategories);
+    modChart::StackView(chart, settings.stacked);
+    modChart::StackView100(chart, settings.stacked100);
+    modChart::Redraw(chart, true);
+}
+
+void ChartData::Update() const {
+    TraceMarker("#UPDATE#");
+    modChart::Redraw(Chart(), false);
+    const bool forecast = parts_.chartSettings.viewMode == ChartViewMode::Forecast;
+    parts_.chart.SetComparison(forecast);
+    if (forecast) {
+        UpdateForecastView();
+    } else {
+        UpdateNormalView();
+    }
+    modChart::Redraw(Chart(), true);
+}
+
+void ChartData::UpdateNormalView() const {
+    const HostTable colsIndex = parts_.tables.COLS_INDEX;
+    const HostTable lineIndex = parts_.tables.LINE_INDEX;
+    const ChartSettings& settings = parts_.chartSettings;
+    std::int16_t cols = modChart::GetColumns(colsIndex);
+    std::int16_t lines = modChart::GetLines(lineIndex);
+    if (cols == 0) {
+        cols = modChart::SetAllColumns(colsIndex);
+    }
+    if (lines < 1) {
+        lines = modChart::SetAllLines(lineIndex);
+    }
+    modChart::DeleteContents(Chart());
+    modChart::CreateDataRows(Chart(), cols, lines, settings.dataRows);
+    Fill();
+    if (settings.visibleCategories < cols) {
+        modChart::Caterogies(Chart(), cols);
+    }
+    if (settings.scrollBar) {
+        modChart::Caterogies(Chart(), settings.visibleCategories);
+    }
+    modChart::StackView(Chart(), settings.stacked);
+    modChart::StackView100(Chart(), settings.stacked100);
+    ErrorTrap(modChart::Label, "Update", [&] {
+        ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
+            const std::int16_t type = CodeIn(lineIndex, row, "CHART_TYPE");
+            if ((type == StackedLine || type == StackedLine100) && IsInChart(row)) {
+                modChart::SeriesCollection(Chart(), CodeIn(lineIndex, row, "CHART_ID"), type);
+            }
+        });
+    });
+}
+
+void ChartData::UpdateForecastView() const {
+    const HostTable lineIndex = parts_.tables.LINE_INDEX;
+    const std::int16_t cols = modChart::SetAllColumns(parts_.tables.COLS_INDEX);
+    const std::int16_t lines = modChart::ResetAllLines(lineIndex);
+    modChart::DeleteContents(Chart());
+    modChart::CreateDataRows(Chart(), cols, lines, parts_.chartSettings.dataRows);
+    ErrorTrap(modChart::Label, "Update", [&] {
+        const auto tell = [&](ChartText text, const char* caption) {
+            parts_.messageBoxes.Show({TextOf(parts_.tables.TEXTS, text), caption, MessageButtons::Ok,
+                                      MessageIcon::Information, MessageAnswer::Ok});
+        };
+        if (!modChart::CheckSetSales(CountLines(lineIndex, SalesLine))) {
+            tell(ChartText::NoSalesLine, "Sales");
+        } else if (!modChart::CheckSetForecast(CountLines(lineIndex, ForecastLine))) {
+            tell(ChartText::NoForecastLine, "Forecast");
+        } else {
+            FillForecast();
+        }
+    });
+}
+
+bool ChartData::IsInChart(HostTable::Row line) const {
+    const HostTable& lineIndex = parts_.tables.LINE_INDEX;
+    return FieldIs(lineIndex, line, ShowChart, InChart) && !FieldIs(lineIndex, line, "ROW_HIDDEN", "X");
+}
+
+void ChartData::Fill() const {
+    ErrorTrap(modChart::Label, "Fill", [&] {
+        FillSheet([&](HostTable::Row line) { return IsInChart(line); });
+        ApplyLineTypes();
+        ApplyTitle();
+    });
+}
+
+/// Shows the sales line and the forecast line, whether they are hidden in the grid or not.
+void ChartData::FillForecast() const {
+    ErrorTrap(modChart::Label, "FillForecast", [&] {
+        const HostTable lineIndex = parts_.tables.LINE_INDEX;
+        FillSheet([&](HostTable::Row line) {
+            return FieldIs(lineIndex, line, ShowChart, SalesLine) || FieldIs(lineIndex, line, ShowChart, ForecastLine);
+        });
+        const GridSettings& grid = parts_.gridSettings;
+        const ChartSettings& settings = parts_.chartSettings;
+        modChart::MinValue(Chart(), grid.minimum);
+        modChart::MaxValue(Chart(), grid.maximum);
+        modChart::AutoScale(Chart(), grid.autoMinimum, grid.autoMaximum);
+        modChart::LabelY(Chart(), settings.valueLabels);
+        modChart::AllowSelection(Chart(), settings.selectionAllowed);
+        modChart::AllowValueChange(Chart(), settings.valueChangeAllowed);
+        ApplyTitle();
+    });
+}
+
+template <class IsLine>
+void ChartData::FillSheet(const IsLine& isLine) const {
+    const HostTable colsIndex = parts_.tables.COLS_INDEX;
+    std::int16_t category = 0;
+    std::vector<Line> lines;
+    ForEachIndexRow(colsIndex, [&](HostTable::Row row) {
+        if (!FieldIs(colsIndex, row, ShowChart, InChart) || FieldIs(colsIndex, row, "COL_HIDDEN", "X")) {
+            PutChartId(colsIndex, row, 0);
+            return;
+        }
+        category = CheckedAdd(category, std::int16_t{1});
+        PutChartId(colsIndex, row, category);
+        if (const std::string period = colsIndex.Text(row, "PERDY"); !period.empty()) {
+            modChart::CellTextY(Late(Chart()).Get("DataSheet").Value().AsObject(), category, period);
+        }
+        const bool firstColumn = category == 1;
+        if (firstColumn) {
+            lines = NumberLines(isLine);
+        }
+        FillColumn(category, colsIndex.Text(row, "GRID_ID"), lines, firstColumn);
+    });
+}
+
+/// Which line is which series is the same for every column, so the line table is walked at the first one only.
+template <class IsLine>
+std::vector<ChartData::Line> ChartData::NumberLines(const IsLine& isLine) const {
+    const HostTable lineIndex = parts_.tables.LINE_INDEX;
+    std::vector<Line> lines;
+    std::int16_t series = 0;
+    ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
+        if (!isLine(row)) {
+            PutChartId(lineIndex, row, 0);
+            return;
+        }
+        series = CheckedAdd(series, std::int16_t{1});
+        PutChartId(lineIndex, row, series);
+        Line line{row, series, lineIndex.Text(row, "GRID_ID"), LineCaption(lineIndex, row), std::nullopt};
+        line.gridRow = parts_.grid.FindRow(line.key);
+        lines.push_back(std::move(line));
+    });
+    return lines;
+}
+
+void ChartData::FillColumn(std::int16_t category, std::string_view columnKey, const std::vector<Line>& lines,
+                           bool nameSeries) const {
+    const HostTable lineIndex = parts_.tables.LINE_INDEX;
+    const ObjectRef dataSheet = Late(Chart()).Get("DataSheet").Value().AsObject();
+    const std::optional<ColumnId> column = parts_.grid.FindColumn(columnKey);
+    for (const Line& line : lines) {
+        modChart::CellTextX(dataSheet, line.series, line.caption);
+        if (nameSeries) {
+            parts_.chart.NameSeries(line.series, line.key, lineIndex.Text(line.row, "ROW_FORMAT"));
+        }
+        const double value = column && line.gridRow ? ValueOf(parts_.grid.Contents({*column, *line.gridRow})) : 0.0;
+        modChart::CellValue(dataSheet, category, line.series, value);
+    }
+}
+
+/// Columns or lines for now; the stacked kinds are put back when the rest of the chart stands.
+void ChartData::ApplyLineTypes() const {
+    const HostTable lineIndex = parts_.tables.LINE_INDEX;
+    ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
+        if (IsInChart(row)) {
+            const bool plain = FieldIs(lineIndex, row, "CHART_TYPE", "0") || FieldIs(lineIndex, row, "CHART_TYPE", "");
+            modChart::SeriesCollection(Chart(), CodeIn(lineIndex, row, "CHART_ID"), plain ? PlainColumn : PlainLine);
+        }
+    });
+}
+
+void ChartData::ApplyTitle() const {
+    const HostTable texts = parts_.tables.TEXTS;
+    const std::string title = TextOf(texts, ChartText::Title) + ": ";
+    modChart::ChartTitle(Chart(), title + TextOf(texts, ChartText::StandardView));
+    if (parts_.chartSettings.stacked) {
+        modChart::ChartTitle(Chart(), title + TextOf(texts, ChartText::StackedView));
+    }
+    if (parts_.chartSettings.stacked100) {
+        modChart::ChartTitle(Chart(), title + TextOf(texts, ChartText::StackedView100));
+    }
+    if (!parts_.gridSettings.titleText.empty()) {
+        modChart::ChartTitle(Chart(), parts_.gridSettings.titleText);
+    }
+}
+
+}  // namespace planview

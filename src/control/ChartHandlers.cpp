@@ -1,0 +1,152 @@
+#include "control/ChartHandlers.h"
+
+#include "automation/Numbers.h"
+#include "chart/ChartMarks.h"
+#include "chart/ChartRun.h"
+#include "chart/modChart.h"
+#include "control/ControlContext.h"
+#include "grid/modGrid.h"
+
+namespace planview {
+
+using modPlan::TraceEnabled;
+using modPlan::TraceWrite;
+
+namespace {
+
+constexpr std::string_view ChartLabel = modChart::Label;
+constexpr std::int16_t LeftButton = 1;
+constexpr std::int16_t RightButton = 2;
+constexpr std::int16_t AltKey = 4;
+
+/// The key of the table's row that has this number in the chart; empty for none.
+std::string KeyOf(const HostTable& table, int chartId) {
+    const int count = table.RowCount();
+    for (int row = 1; chartId > 0 && row <= count; ++row) {
+        const auto at = static_cast<HostTable::Row>(row);
+        if (CodeIn(table, at, "CHART_ID") == chartId) {
+            return table.Text(at, "GRID_ID");
+        }
+    }
+    return {};
+}
+
+void TraceSource(std::string_view event, const std::string& source) {
+    if (TraceEnabled) {
+        TraceWrite(ChartLabel, "", event, TraceText("{source:", source, "}"));
+    }
+}
+
+}  // namespace
+
+std::string ChartHandlers::LineKeyOf(int series) const {
+    const HostTable lineIndex = context_.tables.LINE_INDEX;
+    return KeyOf(lineIndex, series);
+}
+
+std::optional<Cell> ChartHandlers::CellOf(int series, int category) const {
+    const HostTable colsIndex = context_.tables.COLS_INDEX;
+    const std::string column = KeyOf(colsIndex, category);
+    const std::string row = LineKeyOf(series);
+    if (column.empty() || row.empty()) {
+        return std::nullopt;
+    }
+    return context_.grid.FindCell({column, row});
+}
+
+void ChartHandlers::MouseDown(std::int16_t button, std::int16_t shift, const ChartHit& hit) {
+    ErrorTrap(ChartLabel, "MouseDown", [&] {
+        if (TraceEnabled) {
+            TraceWrite(ChartLabel, "", "MouseDown", TraceText("{mousebutton:", button, " - shift: ", shift, "}"));
+        }
+        if (button == LeftButton && shift == AltKey) {
+            context_.chartDragMode = "DRAG";
+        } else if (button == RightButton) {
+            ShowPopup(hit);
+        }
+    });
+}
+
+void ChartHandlers::ShowPopup(const ChartHit& hit) {
+    if (!context_.showChartPopup) {
+        return;
+    }
+    switch (hit.code) {
+        case ChartHitCode::Series:
+            context_.showChartPopup("SERIES");
+            break;
+        case ChartHitCode::Trendline:
+            context_.showChartPopup("TRENDLINE");
+            break;
+        default:
+            context_.showChartPopup("CHART");
+    }
+}
+
+void ChartHandlers::Selected(const ChartHit& hit) {
+    ErrorTrap(ChartLabel, "Selected", [&] {
+        if (TraceEnabled) {
+            TraceWrite(ChartLabel, "", "Selected",
+                       TraceText("{index: ", hit.series, " - hitcode: ", static_cast<std::int16_t>(hit.code), "}"));
+        }
+        GridControl& grid = context_.grid;
+        if (hit.code == ChartHitCode::Series) {
+            if (const std::optional<RowId> row = grid.FindRow(LineKeyOf(hit.series))) {
+                grid.SelectRow(*row, SelectionMode::Replace);
+            }
+        } else if (hit.code == ChartHitCode::Point && hit.category >= 0) {
+            if (const std::optional<Cell> cell = CellOf(hit.series, hit.category)) {
+                grid.SelectCell(*cell, SelectionMode::Replace);
+            }
+        } else if (hit.code == ChartHitCode::Trendline) {
+            context_.chartCommands.SetCurrentTrendline(
+                modChart::GetTrendline(context_.chart.Object(), static_cast<std::int16_t>(hit.series)));
+        }
+    });
+}
+
+void ChartHandlers::Drag(const std::string& source) {
+    TraceSource("Drag", source);
+}
+
+void ChartHandlers::DragDrop(const std::string& source) {
+    TraceSource("DragDrop", source);
+    context_.chartDragMode.clear();
+}
+
+void ChartHandlers::GotFocus() {
+    TraceWrite(ChartLabel, "", "GotFocus", "{}");
+}
+
+void ChartHandlers::LostFocus() {
+    TraceWrite(ChartLabel, "", "LostFocus", "{}");
+}
+
+bool ChartHandlers::PointMayChange(int series, int category) {
+    bool may = false;
+    ErrorTrap(ChartLabel, "PointMayChange", [&] {
+        const std::optional<Cell> cell = CellOf(series, category);
+        may = !context_.busy && cell && RefusalOf(context_.grid, *cell) == Refusal::None;
+    });
+    return may;
+}
+
+void ChartHandlers::PointValueChanged(int series, int category, double value) {
+    ErrorTrap(ChartLabel, "PointValueChanged", [&] {
+        if (TraceEnabled) {
+            TraceWrite(ChartLabel, "", "PointValueChanged",
+                       TraceText("{series: ", series, " - point: ", category, " - value: ", value, "}"));
+        }
+        const std::optional<Cell> cell = CellOf(series, category);
+        if (!cell || RefusalOf(context_.grid, *cell) != Refusal::None) {
+            context_.ChartStep();
+            return;
+        }
+        const CellKey keys = context_.grid.KeyOf(*cell);
+        const std::string text = modPlan::ReplacePoint(NumberText(value));
+        modGrid::Contents(context_.grid, keys, text, true);
+        context_.valueEntry.ContentsChanged(keys, text);
+    });
+}
+
+}  // namespace planview

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "components/chart/ChartControl.h"
+#include "grid/CellRules.h"
+
+namespace planview {
+
+struct ControlContext;
+
+/// Hears what the user does in the chart and hands each event to the job that it belongs to, under an error trap.
+class ChartHandlers final : public ChartEvents {
+public:
+    explicit ChartHandlers(ControlContext& context) : context_(context) {}
+
+    void MouseDown(std::int16_t button, std::int16_t shift, const ChartHit& hit) override;
+    void Selected(const ChartHit& hit) override;
+    void Drag(const std::string& source) override;
+    void DragDrop(const std::string& source) override;
+    void GotFocus() override;
+    void LostFocus() override;
+    [[nodiscard]] bool PointMayChange(int series, int category) override;
+    void PointValueChanged(int series, int category, double value) override;
+
+private:
+    /// The grid cell behind a point; none where the chart and the tables have parted.
+    [[nodiscard]] std::optional<Cell> CellOf(int series, int category) const;
+    [[nodiscard]] std::string LineKeyOf(int series) const;
+    void ShowPopup(const ChartHit& hit);
+
+    ControlContext& context_;
+};
+
+}  // namespace planview
