@@ -1,0 +1,135 @@
+#include "automation/TableSlots.h"
+#include "chart/ChartBook.h"
+#include "control/ControlContext.h"
+
+namespace planview {
+
+using test::Lines;
+
+namespace {
+
+/// The commands on a control of their own, as the menus call them.
+class ChartCommandsTest : public test::TracedTest {
+protected:
+    ChartCommandsTest() : context(platform.Interfaces()) {
+        tables.gridAttr->SetValue(1, "CHART", "X");
+        tables.AddColumn(1, "Jan");
+        tables.AddColumn(2, "Feb");
+        tables.AddLine(1, "Wages", {{"SHOW_CHART", "X"}});
+        tables.AddLine(2, "Sales", {{"SHOW_CHART", "X"}});
+        tables.AddLine(3, "Rent");
+        tables.AddValue(1, 1, 4.0);
+        tables.AddValue(1, 2, 8.0);
+        tables.AddValue(2, 1, 1.0);
+        tables.AddValue(2, 2, -1.0);
+        context.tables.COLS_INDEX = HostTable(tables.colsIndex);
+        context.tables.LINE_INDEX = HostTable(tables.lineIndex);
+        context.tables.TAB = HostTable(tables.tab);
+        context.tables.TEXTS = HostTable(tables.texts);
+        context.settings.chartShown = true;
+        context.construction.CreateFromTables();
+        context.chartData.Initialize();
+        context.chartData.Update();
+        ForgetEntries();
+    }
+
+    [[nodiscard]] const ChartState& Chart() const { return context.chart.State(); }
+    void SelectRow(const char* key) {
+        context.grid.SelectRow(*context.grid.FindRow(key), SelectionMode::Replace);
+        ForgetEntries();
+    }
+
+    test::Tables tables;
+    ControlContext context;
+};
+
+TEST_F(ChartCommandsTest, ASeriesTypeGoesToTheSelectedLines) {
+    SelectRow("ROW2");
+    context.chartCommands.SerieType(22);
+    EXPECT_EQ(tables.lineIndex->Value(2, "CHART_TYPE").AsInt16(), 22);
+    EXPECT_EQ(Chart().series[1].type, ChartType::StackedLine100);
+    EXPECT_EQ(Chart().series[0].type, ChartType::Column);
+    EXPECT_EQ(EntriesOf("SerieType"), (Lines{"CHART |  | SerieType | {type:22}"}));
+    SelectRow("ROW3");
+    context.chartCommands.SerieType(23);
+    EXPECT_TRUE(tables.lineIndex->Value(3, "CHART_TYPE").IsEmpty()) << "a line that is not in the chart";
+}
+
+TEST_F(ChartCommandsTest, ATrendLineBelongsToTheSelectedLine) {
+    SelectRow("ROW1");
+    context.chartCommands.TrendlineAdd(1);
+    EXPECT_EQ(Entries(), (Lines{"CHART |  | GetTrendline | {index:1}", "CHART |  | AddTrendline | {index:1}",
+                                "CHART |  | TrendlineAdd | {type:1 - index:1}"}));
+    ForgetEntries();
+    context.chartCommands.TrendlineAdd(4);
+    EXPECT_EQ(Entries(), (Lines{"CHART |  | GetTrendline | {index:1}", "CHART |  | GetTrendline | {index:1}",
+                                "CHART |  | TrendlineAdd | {type:4 - index:1}"}));
+    ASSERT_EQ(Chart().series[0].look->trends.size(), 1u) << "reused, never a second one";
+    EXPECT_EQ(Chart().series[0].look->trends[0]->kind, TrendKind::MovingAverage);
+    EXPECT_TRUE(platform.messages.empty());
+
+    context.chooseColor = [] { return std::optional(1); };
+    context.chartCommands.TrendlineColor();
+    EXPECT_EQ(Chart().series[0].look->trends[0]->borderColorIndex, 10);
+    context.chooseColor = [] { return std::optional<int>(); };
+    context.chartCommands.TrendlineColor();
+    EXPECT_EQ(EntriesOf("TrendlineColor"), (Lines{"CHART |  | TrendlineColor | {color:10}"}));
+
+    context.ChartStep();
+    ForgetEntries();
+    context.chartCommands.TrendlineDelete();
+    EXPECT_EQ(Entries(), (Lines{"CHART |  | TrendlineDelete | {trendline:ROW1}"}));
+    EXPECT_FALSE(context.chartCommands.HasTrendline());
+    EXPECT_TRUE(Chart().series[0].look->trends.empty());
+}
+
+TEST_F(ChartCommandsTest, AnImpossibleTrendIsSaid) {
+    SelectRow("ROW2");
+    context.chartCommands.TrendlineAdd(3);
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_NE(platform.messages[0].text.find("Sales"), std::string::npos);
+    EXPECT_NE(platform.messages[0].text.find("-1"), std::string::npos) << platform.messages[0].text;
+}
+
+TEST_F(ChartCommandsTest, WithoutAQualifyingLineNoTrendIsAdded) {
+    ExpectErrors();
+    SelectRow("ROW3");
+    context.chartCommands.TrendlineAdd(0);
+    EXPECT_FALSE(context.chartCommands.HasTrendline());
+    EXPECT_EQ(Entries(IsError).size(), 1u);
+}
+
+TEST_F(ChartCommandsTest, TheForecastViewComparesTwoLinesAndGivesTheMarksBack) {
+    context.chartCommands.ForecastView();
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].title, "Sales");
+    EXPECT_EQ(platform.messages[0].icon, MessageIcon::Information);
+    context.gridHandlers.SimpleClick({"FLC0", "ROW2"});
+    EXPECT_EQ(tables.lineIndex->Value(2, "SHOW_CHART").AsText(), "S");
+    ASSERT_EQ(platform.messages.size(), 2u);
+    EXPECT_EQ(platform.messages[1].title, "Forecast");
+    context.gridHandlers.SimpleClick({"FLC0", "ROW3"});
+    EXPECT_EQ(platform.messages.size(), 2u);
+    EXPECT_TRUE(Chart().comparison);
+    ASSERT_EQ(Chart().SeriesCount(), 2);
+    EXPECT_EQ(Chart().series[0].caption, "Sales");
+    EXPECT_EQ(Chart().series[1].caption, "Rent");
+    EXPECT_EQ(tables.lineIndex->Value(1, "SHOW_CHART").AsText(), "");
+
+    context.chartCommands.StandardView();
+    EXPECT_FALSE(Chart().comparison);
+    EXPECT_EQ(tables.lineIndex->Value(1, "SHOW_CHART").AsText(), "X");
+    EXPECT_EQ(tables.lineIndex->Value(2, "SHOW_CHART").AsText(), "X");
+    EXPECT_EQ(tables.lineIndex->Value(3, "SHOW_CHART").AsText(), "");
+}
+
+TEST_F(ChartCommandsTest, TheForecastViewShowsTheHostsTexts) {
+    test::AddRow(*tables.texts, {{"ENTRY", std::int16_t{184}}, {"TEXT", "Choose the sales."}});
+    context.chartCommands.ForecastView();
+    ASSERT_EQ(platform.messages.size(), 1u);
+    EXPECT_EQ(platform.messages[0].text, "Choose the sales.");
+}
+
+}  // namespace
+
+}  // namespace planview
