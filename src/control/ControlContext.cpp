@@ -16,6 +16,11 @@ ControlContext::ControlContext(const Platform& desktop)
                    [this] { modPlan::Trace_Show(platform); }}),
       commands(tables, grid, hostUpdate, [this] { ChartStep(); }),
       sizeEvents(tables, grid, keys, hostUpdate),
+      generalOptions({settings, tables, grid, hostUpdate, desktop.forms, [this] { return layout.LayoutMode(); },
+                      [this] { return chooseColor ? chooseColor() : std::nullopt; }}),
+      rowAttributes({tables, grid, hostUpdate, desktop.forms, desktop.messageBoxes,
+                     [this] { return layout.LayoutMode(); },
+                     [this] { return chooseColor ? chooseColor() : std::nullopt; }, [this] { ChartStep(); }}),
       gridHandlers(*this) {
     grid.SetEvents(&gridHandlers);
 }

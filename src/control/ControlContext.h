@@ -9,6 +9,8 @@
 #include "automation/TableSlots.h"
 #include "components/GridControl.h"
 #include "control/GridHandlers.h"
+#include "dialogs/GeneralOptions.h"
+#include "dialogs/RowAttributes.h"
 #include "grid/ClipboardCommands.h"
 #include "grid/CurrentKeys.h"
 #include "grid/GridCommands.h"
@@ -56,6 +58,10 @@ struct ControlContext {
     KeyHandling keyHandling;
     GridCommands commands;
     SizeEvents sizeEvents;
+    /// The "Colors" popup; none answers as a closed one.
+    ColorChooser chooseColor;
+    GeneralOptions generalOptions;
+    RowAttributes rowAttributes;
     GridHandlers gridHandlers;
 
     /// The macro tree node last made active by the host.
