@@ -83,6 +83,13 @@ public:
     [[nodiscard]] virtual char DecimalMark() const = 0;
 };
 
+struct Rgb {
+    std::uint8_t red = 0;
+    std::uint8_t green = 0;
+    std::uint8_t blue = 0;
+    friend bool operator==(const Rgb&, const Rgb&) = default;
+};
+
 /// What the control needs of the desktop it runs on. The referred objects must outlive the control.
 struct Platform {
     MessageBoxes& messageBoxes;

@@ -9,7 +9,7 @@
 
 #include "automation/TableSlots.h"
 #include "chart/ChartData.h"
-#include "chart/ChartSettings.h"
+#include "grid/ChartSettings.h"
 #include "components/GridControl.h"
 #include "components/chart/ChartControl.h"
 #include "grid/GridSettings.h"

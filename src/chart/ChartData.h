@@ -5,7 +5,7 @@
 #include <planview/Platform.h>
 
 #include "automation/TableSlots.h"
-#include "chart/ChartSettings.h"
+#include "grid/ChartSettings.h"
 #include "components/GridControl.h"
 #include "components/chart/ChartControl.h"
 #include "grid/GridSettings.h"

@@ -41,7 +41,7 @@ struct GridSettingsState {
     bool created = false;
     bool moveAllowed = false;
     bool resizeAllowed = true;
-    bool dragDrop = false;
+    std::int16_t dragDrop = 0;  ///< 0 none, 1 allowed, 2 only inside the grid
     bool doubleBuffering = false;
     bool switched = false;
     bool labelAutoFit = false;

@@ -6,6 +6,8 @@ namespace planview {
 
 namespace {
 
+constexpr std::int32_t MaxDragMode = 2;
+
 /// A size in logical pixels, 0 giving the default.
 std::optional<std::int16_t> ReadSize(const Variant& value, int defaultSize) {
     const std::optional<std::int32_t> size = ReadNumber(value, 0, MaxTrackSize);
@@ -100,6 +102,11 @@ GridStatus GridControl::State::SetOption(GridAttribute attribute, const Variant&
     if (attribute == GridAttribute::LabelColumnWidth) {
         return SetLabelWidth(value);
     }
+    if (attribute == GridAttribute::DragDrop) {
+        const std::optional<std::int32_t> mode = ReadNumber(value, 0, MaxDragMode);
+        settings.dragDrop = static_cast<std::int16_t>(mode.value_or(settings.dragDrop));
+        return mode ? GridStatus::Ok : GridStatus::InvalidAttribute;
+    }
     const bool isFlag = attribute == GridAttribute::LabelAutoFit || attribute == GridAttribute::Switched;
     const std::optional<bool> on = isFlag ? ReadFlag(value) : ReadPermission(value);
     if (!on) {
@@ -111,9 +118,6 @@ GridStatus GridControl::State::SetOption(GridAttribute attribute, const Variant&
             break;
         case GridAttribute::ResizePermission:
             settings.resizeAllowed = *on;
-            break;
-        case GridAttribute::DragDrop:
-            settings.dragDrop = *on;
             break;
         case GridAttribute::DoubleBuffering:
             settings.doubleBuffering = *on;

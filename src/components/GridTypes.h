@@ -70,7 +70,7 @@ enum class GridAttribute : std::uint8_t {
     GridLineColor,     ///< text: a registered colour's name
     MovePermission,    ///< number: 0 or 1
     ResizePermission,  ///< number: 0 or 1
-    DragDrop,          ///< number: 0 or 1
+    DragDrop,          ///< number: 0 none, 1 allowed, 2 only inside the grid
     DoubleBuffering,   ///< number: 0 or 1; kept only, the desktop always paints buffered
     LabelColumnWidth,  ///< number of logical pixels, 0 takes the default
     LabelAutoFit,      ///< boolean: the label column is as wide as its longest text

@@ -6,6 +6,12 @@
 
 namespace planview {
 
+ListView::~ListView() {
+    if (watcher_) {
+        watcher_->Ended();
+    }
+}
+
 const ListItem& ListView::Item(std::size_t index) const {
     if (index >= count_) {
         throw std::out_of_range("ListView::Item");

@@ -29,12 +29,19 @@ public:
     virtual void ItemAdded() = 0;
     virtual void FirstItemRemoved() = 0;
     virtual void Cleared() = 0;
+    /// The list is gone after this call.
+    virtual void Ended() = 0;
 };
 
 /// A list in report view without a screen. Items are appended at the end and dropped at the front in constant time; the
 /// storage of a dropped item is used again for the next one. Keys are the caller's to keep unique.
 class ListView {
 public:
+    ListView() = default;
+    ~ListView();
+    ListView(const ListView&) = delete;
+    ListView& operator=(const ListView&) = delete;
+
     void SetWatcher(ListViewWatcher* watcher) noexcept { watcher_ = watcher; }
 
     void AddColumn(ListColumn column) { columns_.push_back(std::move(column)); }

@@ -20,6 +20,11 @@ ControlContext::ControlContext(const Platform& desktop)
       chartCommands({chart, grid, tables, settings, chartSettings, chartData, hostUpdate, desktop.messageBoxes,
                      [this] { layout.Apply(settings.treeShown, settings.chartShown, settings.zoomed); },
                      [this] { return chooseColor ? chooseColor() : std::nullopt; }}),
+      generalOptions({settings, tables, grid, hostUpdate, desktop.forms, [this] { return layout.LayoutMode(); },
+                      [this] { return chooseColor ? chooseColor() : std::nullopt; }}),
+      rowAttributes({tables, grid, hostUpdate, desktop.forms, desktop.messageBoxes,
+                     [this] { return layout.LayoutMode(); },
+                     [this] { return chooseColor ? chooseColor() : std::nullopt; }, [this] { ChartStep(); }}),
       gridHandlers(*this),
       chartHandlers(*this) {
     grid.SetEvents(&gridHandlers);

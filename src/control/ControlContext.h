@@ -11,6 +11,8 @@
 #include "components/GridControl.h"
 #include "control/ChartHandlers.h"
 #include "control/GridHandlers.h"
+#include "dialogs/GeneralOptions.h"
+#include "dialogs/RowAttributes.h"
 #include "grid/ClipboardCommands.h"
 #include "grid/CurrentKeys.h"
 #include "grid/GridCommands.h"
@@ -58,8 +60,12 @@ struct ControlContext {
     KeyHandling keyHandling;
     GridCommands commands;
     SizeEvents sizeEvents;
+    /// The "Colors" popup; none answers as a closed one.
+    ColorChooser chooseColor;
     ChartData chartData;
     ChartCommands chartCommands;
+    GeneralOptions generalOptions;
+    RowAttributes rowAttributes;
     GridHandlers gridHandlers;
     ChartHandlers chartHandlers;
 
@@ -67,8 +73,6 @@ struct ControlContext {
     std::string chartDragMode;
     /// Shows the popup of the place "CHART", "SERIES" or "TRENDLINE".
     std::function<void(std::string_view place)> showChartPopup;
-    /// Shows the colour palette; see ChartCommandParts.
-    std::function<std::optional<int>()> chooseColor;
 
     /// The macro tree node last made active by the host.
     std::string activeNode;

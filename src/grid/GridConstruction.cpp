@@ -16,7 +16,7 @@ void GridConstruction::CreateEmpty() {
     modGrid::DoubleBuffering(grid, 1, NoRedraw);
     modGrid::MovePermission(grid, settings_.moveAllowed, NoRedraw);
     modGrid::ResizePermission(grid, settings_.resizeAllowed, NoRedraw);
-    modGrid::DragDrop(grid, settings_.moveAllowed, NoRedraw);
+    modGrid::DragDrop(grid, settings_.dragMode, NoRedraw);
     modGrid::BackgroundColor(grid, {}, settings_.backgroundColor, NoRedraw);
     modGrid::GridlinesColor(grid, settings_.gridLineColor, NoRedraw);
 }

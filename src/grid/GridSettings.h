@@ -14,6 +14,7 @@ struct GridSettings {
     std::int16_t moveAllowed = 1;    ///< 0 or 1
     std::int16_t resizeAllowed = 1;  ///< 0 or 1
     std::int16_t singleValue = 0;    ///< 0 or 1
+    std::int16_t dragMode = 1;       ///< 0 none, 1 allowed, 2 only inside the grid; no field of GRID_ATTR holds it
     bool switched = false;
     bool zoomed = false;
     std::int16_t backgroundColor = 0;  ///< palette index

@@ -190,6 +190,12 @@ void CreatePalette(GridControl& grid) {
     }
 }
 
+Rgb PaletteColorOf(std::int16_t index) noexcept {
+    const bool known = index >= 0 && index < PaletteSize;
+    const PaletteColor& color = Palette[known ? static_cast<std::size_t>(index) : 0];
+    return {color.red, color.green, color.blue};
+}
+
 void CreateColor(GridControl& grid, std::string_view name, std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
     Run(
         "CreateColor", {}, [&] { return grid.CreateColor(name, red, green, blue); },

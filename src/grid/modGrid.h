@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include <planview/Platform.h>
+
 #include "components/GridControl.h"
 
 /// Every change of the grid goes through one of these procedures: each keeps the keys it was given, makes its call on
@@ -35,6 +37,12 @@ inline constexpr std::int16_t ReadOnlyForeground = 1;
 inline constexpr std::int16_t EditableBackground = 0;
 
 void CreatePalette(GridControl& grid);
+/// What a palette index looks like; white for a number that is none.
+[[nodiscard]] Rgb PaletteColorOf(std::int16_t index) noexcept;
+/// The palette index of a position in the "Colors" popup, where white stands last instead of first.
+[[nodiscard]] constexpr std::int16_t PaletteIndexOf(int position) noexcept {
+    return static_cast<std::int16_t>((position + 1) % PaletteSize);
+}
 void CreateColor(GridControl& grid, std::string_view name, std::uint8_t red, std::uint8_t green, std::uint8_t blue);
 
 // --- Keys and positions ---------------------------------------------------------------------------------------------

@@ -119,7 +119,12 @@ void Trace_Show(const Platform& platform) {
     if (!TraceEnabled) {
         return;
     }
+    // The window's menu works with the desktop of the control that shows it.
+    auto before = frmTrace::Instance().SetPlatform(std::make_shared<const Platform>(platform));
     ResumeNext([&] { platform.forms.ShowModal(frmTrace::Instance()); });
+    if (frmTrace::Exists()) {
+        frmTrace::Instance().SetPlatform(std::move(before));
+    }
 }
 
 void TraceSave(const Platform& platform) {

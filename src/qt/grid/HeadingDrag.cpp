@@ -74,7 +74,7 @@ const GridAxis& HeadingDrag::axis() const {
 
 bool HeadingDrag::press(const GridHit& hit, QPoint point) {
     const GridControl& grid = view_.grid();
-    if (!grid.Settings().moveAllowed || !grid.Settings().dragDrop ||
+    if (!grid.Settings().moveAllowed || grid.Settings().dragDrop == 0 ||
         (hit.place != GridHit::Place::TopHeading && hit.place != GridHit::Place::LeftHeading)) {
         return false;
     }

@@ -1,0 +1,41 @@
+#include "dialogs/FormControls.h"
+
+#include <algorithm>
+
+#include "grid/modGrid.h"
+
+namespace planview {
+
+namespace {
+
+bool EqualIgnoringCase(std::string_view left, std::string_view right) {
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [&](char a, char b) { return lower(a) == lower(b); });
+}
+
+}  // namespace
+
+void ListBox::Choose(std::string_view text) {
+    auto found = std::find_if(Items.begin(), Items.end(),
+                              [&](const std::string& item) { return EqualIgnoringCase(item, text); });
+    if (found == Items.end()) {
+        found = Items.emplace(Items.end(), text);
+    }
+    ListIndex = static_cast<int>(found - Items.begin());
+}
+
+void ColorBox::Set(int index) noexcept {
+    if (index >= 0 && index < modGrid::PaletteSize) {
+        index_ = static_cast<std::int16_t>(index);
+    }
+}
+
+void ColorBox::Click(const ColorChooser& choose) {
+    const std::optional<int> position = choose ? choose() : std::nullopt;
+    if (position && *position >= 0 && *position < modGrid::PaletteSize) {
+        index_ = modGrid::PaletteIndexOf(*position);
+    }
+}
+
+}  // namespace planview

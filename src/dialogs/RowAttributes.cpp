@@ -1,0 +1,129 @@
+#include "dialogs/RowAttributes.h"
+
+#include "dialogs/frmRow.h"
+#include "grid/BusyScope.h"
+#include "grid/modGrid.h"
+#include "trace/ErrorTrap.h"
+
+namespace planview {
+
+using modPlan::TraceWrite;
+
+void RowAttributes::Run() {
+    if (open_) {
+        return;
+    }
+    const BusyScope open(open_);
+    ErrorTrap("GRIDCTL", "RowAttributes", [this] {
+        TraceWrite("GRIDCTL", "{}", "#CHANGE ROW ATTRIBUTES#", "BEGIN");
+        bool changed = false;
+        {
+            frmRow form(parts_.forms, parts_.messageBoxes, parts_.chooseColor);
+            const LoadedForm loaded(parts_.forms, form);
+            changed = Edit(form);
+        }
+        if (changed) {
+            parts_.hostUpdate.StartUpdate();
+        }
+    });
+}
+
+bool RowAttributes::Edit(frmRow& form) const {
+    form.Set_Text();
+    form.Set_Layoutmode(parts_.layoutMode());
+    const Template line = FindTemplate();
+    if (line.row == 0) {
+        return false;
+    }
+    Fill(form, line);
+    parts_.forms.ShowModal(form);
+    if (form.ButtonPressed != "OK") {
+        return false;
+    }
+    // While the dialog was open, the host may have built the grid anew from other rows.
+    if (line.row > line.table.RowCount() || line.table.Text(line.row, "GRID_ID") != line.key) {
+        return false;
+    }
+    Take(form, line);
+    parts_.grid.Redraw();
+    TraceWrite("GRIDCTL", "{changed}", "RowAttributes", "");
+    parts_.chartStep();
+    return true;
+}
+
+RowAttributes::Template RowAttributes::FindTemplate() const {
+    const HostTable table = parts_.tables.LINE_INDEX;
+    const int count = table.RowCount();
+    for (int i = 1; i <= count; ++i) {
+        const auto row = static_cast<HostTable::Row>(i);
+        std::string key = table.Text(row, "GRID_ID");
+        if (!key.empty() && modGrid::HeaderSelected(parts_.grid, {{}, key}) == 1) {
+            return {table, row, std::move(key)};
+        }
+    }
+    return {};
+}
+
+void RowAttributes::Fill(frmRow& form, const Template& line) const {
+    const HostTable& table = line.table;
+    if (const std::optional<Cell> label = parts_.grid.FindCell({LabelColumnKey, line.key})) {
+        form.lblRowLabel = parts_.grid.Contents(*label);
+    }
+    form.chkRelief.Value = table.Flag(line.row, "RELIEF") ? 1 : 0;
+    form.chkChart.Value = table.Flag(line.row, "SHOW_CHART") ? 1 : 0;
+    form.Set_Alignment(table.Int16(line.row, "ROW_ALIGN"));
+    form.Set_Height(table.Int16(line.row, "ROW_HEIGHT"));
+    form.Set_BgColor(table.Int16(line.row, "ROW_BG"));
+    form.Set_FgColor(table.Int16(line.row, "ROW_FG"));
+    form.Set_Font(table.Text(line.row, "ROW_FONT"));
+    FillSample(form, line);
+}
+
+void RowAttributes::FillSample(frmRow& form, const Template& line) const {
+    constexpr std::size_t MostCells = 3;
+    const GridControl& grid = parts_.grid;
+    RowSample& sample = form.Sample;
+    sample.format = line.table.Text(line.row, "ROW_FORMAT");
+    sample.readOnly = line.table.Flag(line.row, "READONLY");
+    sample.textLine = line.table.Flag(line.row, "ROW_TEXT");
+    sample.helpLine = line.table.Text(line.row, "LINETYPE") == "H";
+    const std::optional<RowId> row = grid.FindRow(line.key);
+    for (const ColumnId column : grid.Columns(ColumnArea::Center)) {
+        if (row && sample.contents.size() < MostCells && !grid.Column(column).hidden) {
+            sample.contents.push_back(grid.Contents({column, *row}));
+        }
+    }
+}
+
+void RowAttributes::Take(const frmRow& form, const Template& line) const {
+    constexpr bool NoRedraw = false;
+    const HostTable& table = line.table;
+    const HostTable::Row row = line.row;
+    GridControl& grid = parts_.grid;
+    const CellKeyView keys{{}, line.key};
+    const bool inChart = form.chkChart.Value == 1;
+
+    if (table.Text(row, "LINETYPE") == "H" || modGrid::HeaderSelected(grid, keys) == 1) {
+        table.PutFlag(row, "SHOW_CHART", inChart);
+        table.Put(row, "ROW_BG", form.Get_BgColor());
+        table.Put(row, "ROW_FG", form.Get_FgColor());
+        modGrid::CenterBgColor(grid, keys, form.Get_BgColor(), NoRedraw);
+        modGrid::CenterFgColor(grid, keys, form.Get_FgColor(), NoRedraw);
+    }
+    if (table.Flag(row, "ROW_TEXT")) {
+        table.PutFlag(row, "SHOW_CHART", inChart);
+    }
+    const bool relief = form.chkRelief.Value == 1;
+    const std::int16_t height = form.Height().value_or(table.Int16(row, "ROW_HEIGHT"));
+    table.PutFlag(row, "RELIEF", relief);
+    table.Put(row, "ROW_ALIGN", form.Alignment());
+    table.Put(row, "ROW_HEIGHT", height);
+    table.Put(row, "ROW_FONT", form.FontRC);
+    modGrid::CenterRelief(grid, keys, relief, NoRedraw);
+    modGrid::CenterAlignment(grid, keys, form.Alignment(), NoRedraw);
+    modGrid::RowHeight(grid, keys.row, height, NoRedraw);
+    modGrid::CenterFont(grid, keys, form.FontRC, NoRedraw);
+    modGrid::DeleteSelection(grid, keys, NoRedraw);
+}
+
+}  // namespace planview
