@@ -1,9 +1,9 @@
 #include "chart/ChartCommands.h"
 
 #include <algorithm>
-#include <array>
 
 #include "automation/Late.h"
+#include "chart/ChartColors.h"
 #include "chart/ChartMarks.h"
 #include "chart/ChartRun.h"
 #include "chart/modChart.h"
@@ -13,9 +13,6 @@
 namespace planview {
 
 namespace {
-
-/// The chart's own number of each colour in the palette popup, by position.
-constexpr std::array<std::int16_t, 16> ChartColorOfPosition{1, 10, 8, 13, 9, 12, 11, 14, 15, 6, 4, 5, 2, 7, 3, 0};
 
 void TraceCommand(std::string_view method) {
     modPlan::TraceWrite(modChart::Label, "", method, "{}");
@@ -45,10 +42,7 @@ void ChartCommands::SwitchDisplay() {
         }
     }
     parts_.layOutPanes();
-    if (shown) {
-        parts_.chartData.Initialize();
-        parts_.chartData.Update();
-    }
+    Rebuild();
     parts_.hostUpdate.StartUpdate();
 }
 
@@ -68,6 +62,28 @@ void ChartCommands::SerieType(std::int16_t code) {
     ChartStep();
     parts_.grid.Redraw();
     parts_.hostUpdate.StartUpdate();
+}
+
+void ChartCommands::ChooseType(ChartType type) {
+    const HostTable lineIndex = parts_.tables.LINE_INDEX;
+    parts_.gridSettings.chartType = static_cast<std::int16_t>(type);
+    FollowChartType(parts_.gridSettings, parts_.chartSettings);
+    if (type == ChartType::StackedColumn || type == ChartType::StackedColumn100) {
+        modChart::ResetTypes(lineIndex);
+        return;
+    }
+    ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
+        if (FieldIs(lineIndex, row, ShowChart, InChart)) {
+            lineIndex.Put(row, "CHART_TYPE", static_cast<std::int16_t>(type));
+        }
+    });
+}
+
+void ChartCommands::Rebuild() const {
+    if (parts_.gridSettings.chartShown) {
+        parts_.chartData.Initialize();
+        parts_.chartData.Update();
+    }
 }
 
 void ChartCommands::ColsShowInChart() {
@@ -169,10 +185,10 @@ void ChartCommands::TrendlineColor() {
         return;
     }
     const std::optional<int> position = parts_.chooseColor();
-    if (!position || *position < 0 || *position >= static_cast<int>(ChartColorOfPosition.size())) {
+    const std::int16_t color = position ? ChartColorAt(*position) : NoChartColor;
+    if (color == NoChartColor) {
         return;
     }
-    const std::int16_t color = ChartColorOfPosition[static_cast<std::size_t>(*position)];
     Late(currentTrendline_).Get("Border").Put("ColorIndex", color);
     if (modPlan::TraceEnabled) {
         modPlan::TraceWrite(modChart::Label, "", "TrendlineColor", TraceText("{color:", color, "}"));

@@ -9,9 +9,9 @@
 
 #include "automation/TableSlots.h"
 #include "chart/ChartData.h"
-#include "grid/ChartSettings.h"
 #include "components/GridControl.h"
 #include "components/chart/ChartControl.h"
+#include "grid/ChartSettings.h"
 #include "grid/GridSettings.h"
 #include "grid/HostUpdate.h"
 
@@ -45,6 +45,11 @@ public:
 
     /// Gives the selected lines this type in the chart.
     void SerieType(std::int16_t code);
+    /// Gives the whole chart this type: the stacked columns by themselves, every other type through the lines that are
+    /// in the chart.
+    void ChooseType(ChartType type);
+    /// Sets the chart up and fills it, where it is shown.
+    void Rebuild() const;
     /// Puts exactly the selected columns (lines) into the chart; nothing without the table.
     void ColsShowInChart();
     void RowsShowInChart();

@@ -3,6 +3,7 @@
 #include "automation/CheckedInt.h"
 #include "automation/Late.h"
 #include "automation/Numbers.h"
+#include "chart/ChartColors.h"
 #include "chart/ChartMarks.h"
 #include "chart/ChartRun.h"
 #include "chart/ChartTexts.h"
@@ -71,7 +72,22 @@ void ChartData::Initialize() const {
     modChart::Caterogies(chart, settings.visibleCategories);
     modChart::StackView(chart, settings.stacked);
     modChart::StackView100(chart, settings.stacked100);
+    ApplyColors();
     modChart::Redraw(chart, true);
+}
+
+/// The grounds that the user has chosen; the chart's own ones stand already.
+void ChartData::ApplyColors() const {
+    const ChartSettings& settings = parts_.chartSettings;
+    if (settings.areaColor != 0) {
+        modChart::AreaBgColor(Chart(), ChartColorOfPalette(settings.areaColor));
+    }
+    if (settings.plotColor != 0) {
+        modChart::PlotBgColor(Chart(), ChartColorOfPalette(settings.plotColor));
+    }
+    if (settings.legendColor != 0) {
+        modChart::LegendBgColor(Chart(), ChartColorOfPalette(settings.legendColor));
+    }
 }
 
 void ChartData::Update() const {

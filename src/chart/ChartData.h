@@ -5,9 +5,9 @@
 #include <planview/Platform.h>
 
 #include "automation/TableSlots.h"
-#include "grid/ChartSettings.h"
 #include "components/GridControl.h"
 #include "components/chart/ChartControl.h"
+#include "grid/ChartSettings.h"
 #include "grid/GridSettings.h"
 
 namespace planview {
@@ -57,6 +57,7 @@ private:
                     bool nameSeries) const;
     void ApplyLineTypes() const;
     void ApplyTitle() const;
+    void ApplyColors() const;
     [[nodiscard]] bool IsInChart(HostTable::Row line) const;
     [[nodiscard]] const ObjectRef& Chart() const noexcept { return parts_.chart.Object(); }
 

@@ -25,6 +25,9 @@ ControlContext::ControlContext(const Platform& desktop)
       rowAttributes({tables, grid, hostUpdate, desktop.forms, desktop.messageBoxes,
                      [this] { return layout.LayoutMode(); },
                      [this] { return chooseColor ? chooseColor() : std::nullopt; }, [this] { ChartStep(); }}),
+      chartOptions({settings, chartSettings, tables, hostUpdate, desktop.forms, desktop.messageBoxes,
+                    [this] { return chooseColor ? chooseColor() : std::nullopt; },
+                    [this](ChartType type) { chartCommands.ChooseType(type); }, [this] { chartCommands.Rebuild(); }}),
       gridHandlers(*this),
       chartHandlers(*this) {
     grid.SetEvents(&gridHandlers);

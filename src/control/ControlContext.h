@@ -11,6 +11,7 @@
 #include "components/GridControl.h"
 #include "control/ChartHandlers.h"
 #include "control/GridHandlers.h"
+#include "dialogs/ChartOptions.h"
 #include "dialogs/GeneralOptions.h"
 #include "dialogs/RowAttributes.h"
 #include "grid/ClipboardCommands.h"
@@ -66,6 +67,7 @@ struct ControlContext {
     ChartCommands chartCommands;
     GeneralOptions generalOptions;
     RowAttributes rowAttributes;
+    ChartOptions chartOptions;
     GridHandlers gridHandlers;
     ChartHandlers chartHandlers;
 

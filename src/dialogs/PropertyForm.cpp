@@ -34,11 +34,9 @@ void PropertyForm::SetButtonTexts() {
 }
 
 void PropertyForm::Close(std::string_view button, std::string_view entry) {
-    // The buttons of every form leave their entries under this one label.
-    constexpr std::string_view ButtonLabel = "FRMGRID";
     ButtonPressed = button;
     forms_.Hide(*this);
-    TraceWrite(ButtonLabel, "{}", entry, "");
+    TraceWrite(ButtonLabel(), "{}", entry, "");
 }
 
 LoadedForm::LoadedForm(Forms& forms, PropertyForm& form) : forms_(forms), form_(form) {

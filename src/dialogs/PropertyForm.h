@@ -31,6 +31,8 @@ public:
 protected:
     /// The label of the form's own trace entries.
     [[nodiscard]] virtual std::string_view TraceLabel() const noexcept = 0;
+    /// The label of the entries of its buttons: the grid's and the row's dialog share one.
+    [[nodiscard]] virtual std::string_view ButtonLabel() const noexcept { return "FRMGRID"; }
     /// Fills the form's lists.
     virtual void OnLoad() {}
     /// Whether what was entered can be taken; tells the user where it cannot.

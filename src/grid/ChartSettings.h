@@ -23,6 +23,10 @@ struct ChartSettings {
     LabelOrientation categoryOrientation = LabelOrientation::Automatic;
     bool categoryLabels = true;
     bool valueLabels = true;
+    // Palette indices; 0 is the view's own ground.
+    std::int16_t areaColor = 0;
+    std::int16_t plotColor = 0;
+    std::int16_t legendColor = 0;
     bool scrollBar = false;
     std::int16_t visibleCategories = 24;
     bool stacked = false;       ///< all series as stacked columns
