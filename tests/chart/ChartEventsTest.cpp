@@ -1,6 +1,7 @@
 #include <planview/Events.h>
 
 #include "chart/ChartBook.h"
+#include "layout/PaneLayout.h"
 
 namespace planview {
 

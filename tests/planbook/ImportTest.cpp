@@ -130,6 +130,20 @@ TEST(Import, NamesOrderLabelAndLockTheLines) {
     EXPECT_EQ(book[BookTable::GridAttr].Value(1, "FIRST_COL").AsInt32(), 2);
 }
 
+TEST(Import, TheChartSectionSaysWhatTheChartShows) {
+    const Book book = ImportText("month,a,b\n2008-01,1,2\n2008-02,1,2\n2008-03,1,2\n",
+                                 "[chart]\ntitle = Plan\nfrom = 2008-02\noptimum = 2.5\nrange-to = 4\n"
+                                 "[lines]\nb = B | | | | stacked-line\n");
+    EXPECT_EQ(Show(book, BookTable::GridAttr, {"CHART", "OPTIMUM", "MINRANGE", "MAXRANGE", "TITELTEXT"}),
+              "X|2.5|0|4|Plan\n");
+    EXPECT_EQ(Show(book, BookTable::ColsIndex, {"SHOW_CHART"}), "\nX\nX\n");
+    EXPECT_EQ(Show(book, BookTable::LineIndex, {"FREET", "SHOW_CHART", "CHART_TYPE"}), "B|X|21\nA||0\n");
+
+    const Book plain = ImportText("p,a,b,c,d\nx,1,2,3,4\n");
+    EXPECT_EQ(Show(plain, BookTable::GridAttr, {"CHART"}), "\n");
+    EXPECT_EQ(Show(plain, BookTable::LineIndex, {"SHOW_CHART", "CHART_TYPE"}), "X|23\nX|23\nX|23\n|0\n");
+}
+
 TEST(Import, FaultsInTheNamesFileAreNamed) {
     const std::pair<const char*, const char*> cases[] = {
         {"title = x\n", "line 1: this stands before the first section"},
@@ -139,7 +153,11 @@ TEST(Import, FaultsInTheNamesFileAreNamed) {
         {"[book]\nunit = a\nunit = b\n", "line 3: \"unit\" stands twice"},
         {"[lines]\na = A | sum\n", "line 2: unknown kind \"sum\""},
         {"[lines]\na = A | line | | 9\n", "line 2: the indent \"9\" is no number from 0 to 5"},
-        {"[lines]\na = A | line | EUR | 1 | x\n", "line 2: too many parts"},
+        {"[lines]\na = A | line | EUR | 1 | pie\n", "line 2: unknown chart type \"pie\""},
+        {"[lines]\na = A | line | EUR | 1 | line | x\n", "line 2: too many parts"},
+        {"[chart]\noptimum = 1,5\n", "line 2: optimum: \"1,5\" is no number above 0"},
+        {"[chart]\nfrom = 1999\n", "the chart's from is \"1999\", which is no period"},
+        {"[chart]\nwings = 2\n", "line 2: unknown setting \"wings\""},
         {"[lines]\na = A\na = B\n", "line 3: \"a\" stands twice"},
         {"[lines]\nz = Z\n", "it names the line \"z\", which the table of numbers does not have"},
         {"[book]\nopen-at = 2009\n", "open-at is \"2009\", which is no period"},

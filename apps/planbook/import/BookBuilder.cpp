@@ -126,6 +126,7 @@ struct PlannedLine {
 
 std::vector<PlannedLine> PlanLines(const SourceTable& source, const NamesFile& names) {
     std::vector<PlannedLine> lines;
+    constexpr int UsualChartLines = 3;
     lines.reserve(source.lines.size());
     std::vector<bool> named(source.lines.size());
     for (const LineName& name : names.lines) {
@@ -139,7 +140,15 @@ std::vector<PlannedLine> PlanLines(const SourceTable& source, const NamesFile& n
     for (std::size_t i = 0; i < source.lines.size(); ++i) {
         if (!named[i]) {
             const std::string& column = source.lines[i].name;
-            lines.emplace_back(LineName{column, ReadableName(column), LineKind::Plain, names.unit, 0}, source.lines[i]);
+            lines.emplace_back(LineName{column, ReadableName(column), LineKind::Plain, names.unit}, source.lines[i]);
+        }
+    }
+    if (!names.chart.shown) {
+        int free = UsualChartLines;
+        for (PlannedLine& line : lines) {
+            if (line.IsEditable() && free-- > 0) {
+                line.name.chart = ChartUse::Line;
+            }
         }
     }
     return lines;
@@ -178,7 +187,7 @@ private:
             labelWidth = std::max(labelWidth, TextWidth(Label(line)));
         }
         NewRow(book_[BookTable::GridAttr])
-            .Put("CHART", "")
+            .Put("CHART", names_.chart.shown ? Set : "")
             .Put("HIDDEN_LIST", "")
             .Put("NOMOVE_ALLOWED", Set)  // periods stay in their order
             .Put("NORESIZE_ALLOWED", "")
@@ -194,11 +203,25 @@ private:
             .Put("NO_AUTOMAX", "")
             .Put("MINVALUE", 0.0)
             .Put("MAXVALUE", 0.0)
-            .Put("MINRANGE", 0.0)
-            .Put("MAXRANGE", 0.0)
-            .Put("OPTIMUM", 0.0)
+            .Put("MINRANGE", names_.chart.rangeFrom.value_or(0.0))
+            .Put("MAXRANGE", names_.chart.rangeTo.value_or(0.0))
+            .Put("OPTIMUM", names_.chart.optimum.value_or(0.0))
             .Put("LABELCOL_WIDTH", FittingWidth(labelWidth, LabelMargins, LabelWidths))
-            .Put("TITELTEXT", names_.title);
+            .Put("TITELTEXT", names_.chart.title);
+    }
+
+    [[nodiscard]] std::size_t PlaceOf(const std::string& period, std::size_t otherwise) const {
+        const auto found = std::find(source_.periods.begin(), source_.periods.end(), period);
+        return found == source_.periods.end() ? otherwise : static_cast<std::size_t>(found - source_.periods.begin());
+    }
+
+    /// Whether the period is in the chart: those that the names file says, else two years from where the book opens.
+    [[nodiscard]] bool IsCharted(std::size_t column) const {
+        constexpr std::size_t UsualPeriods = 24;
+        const std::size_t last = source_.periods.size() - 1;
+        const std::size_t start = PlaceOf(names_.openAt, 0);
+        return names_.chart.shown ? column >= PlaceOf(names_.chart.from, 0) && column <= PlaceOf(names_.chart.to, last)
+                                  : column >= start && column < start + UsualPeriods;
     }
 
     /// 0 leaves the view at its beginning.
@@ -220,7 +243,7 @@ private:
                 .Put("BMP_ALIGN", Align::Right)
                 .Put("COL_HIDDEN", "")
                 .Put("COL_MARKED", "")
-                .Put("SHOW_CHART", "")
+                .Put("SHOW_CHART", IsCharted(i) ? Set : "")
                 .Put("CHART_ID", 0)
                 .Put("CHART_TYPE", 0);
         }
@@ -264,9 +287,22 @@ private:
                 .Put("PLOBT", "")
                 .Put("ROW_HIDDEN", "")
                 .Put("ROW_MARKED", "")
-                .Put("SHOW_CHART", "")
+                .Put("SHOW_CHART", line.name.chart == ChartUse::None ? "" : Set)
                 .Put("CHART_ID", 0)
-                .Put("CHART_TYPE", 0);
+                .Put("CHART_TYPE", ChartTypeCode(line.name.chart));
+        }
+    }
+
+    static std::int32_t ChartTypeCode(ChartUse use) {
+        switch (use) {
+            case ChartUse::Line:
+                return 23;
+            case ChartUse::StackedLine:
+                return 21;
+            case ChartUse::StackedLine100:
+                return 22;
+            default:
+                return 0;
         }
     }
 

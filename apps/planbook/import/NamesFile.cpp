@@ -1,6 +1,9 @@
 #include "import/NamesFile.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
 #include <set>
 #include <utility>
 
@@ -32,7 +35,7 @@ public:
     }
 
 private:
-    enum class Section { None, Book, Lines };
+    enum class Section { None, Book, Chart, Lines };
 
     void ReadLine(std::string_view text) {
         if (text.empty() || text.front() == '#') {
@@ -57,11 +60,14 @@ private:
             case Section::Book:
                 ReadBookSetting(name, value);
                 break;
+            case Section::Chart:
+                ReadChartSetting(name, value);
+                break;
             case Section::Lines:
                 ReadLineName(name, value);
                 break;
             case Section::None:
-                faults_.Add(line_, 0, "this stands before the first section; begin with [book] or [lines]");
+                faults_.Add(line_, 0, "this stands before the first section; begin with [book], [chart] or [lines]");
                 break;
         }
     }
@@ -69,10 +75,13 @@ private:
     void ReadSection(std::string_view text) {
         if (text == "[book]") {
             section_ = Section::Book;
+        } else if (text == "[chart]") {
+            section_ = Section::Chart;
+            names_.chart.shown = true;
         } else if (text == "[lines]") {
             section_ = Section::Lines;
         } else {
-            faults_.Add(line_, 0, "unknown section " + Shown(text) + "; there are [book] and [lines]");
+            faults_.Add(line_, 0, "unknown section " + Shown(text) + "; there are [book], [chart] and [lines]");
         }
     }
 
@@ -90,11 +99,43 @@ private:
         }
     }
 
+    void ReadChartSetting(const std::string& name, std::string_view value) {
+        ChartNames& chart = names_.chart;
+        if (name == "title") {
+            chart.title = value;
+        } else if (name == "from") {
+            chart.from = value;
+        } else if (name == "to") {
+            chart.to = value;
+        } else if (name == "optimum") {
+            chart.optimum = ReadAmount(name, value);
+        } else if (name == "range-from") {
+            chart.rangeFrom = ReadAmount(name, value);
+        } else if (name == "range-to") {
+            chart.rangeTo = ReadAmount(name, value);
+        } else {
+            faults_.Add(
+                line_, 0,
+                "unknown setting " + Shown(name) + "; there are title, from, to, optimum, range-from and range-to");
+        }
+    }
+
+    /// The chart shows limits above zero only.
+    std::optional<double> ReadAmount(const std::string& name, std::string_view text) {
+        double amount = 0;
+        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), amount);
+        if (error != std::errc() || end != text.data() + text.size() || !(amount > 0) || !std::isfinite(amount)) {
+            faults_.Add(line_, 0, name + ": " + Shown(text) + " is no number above 0; write it with a point");
+            return std::nullopt;
+        }
+        return amount;
+    }
+
     void ReadLineName(const std::string& column, std::string_view value) {
         const std::vector<std::string_view> parts = Divide(value);
-        enum Part { Label, Kind, Unit, Indent, PartCount };
+        enum Part { Label, Kind, Unit, Indent, Chart, PartCount };
         if (parts.size() > PartCount) {
-            faults_.Add(line_, 0, "too many parts; a line is: name = label | kind | unit | indent");
+            faults_.Add(line_, 0, "too many parts; a line is: name = label | kind | unit | indent | chart");
             return;
         }
         const auto part = [&](Part which) { return which < parts.size() ? parts[which] : std::string_view(); };
@@ -104,6 +145,7 @@ private:
         line.kind = ReadKind(part(Kind));
         line.unit = part(Unit);
         line.indent = ReadIndent(part(Indent));
+        line.chart = ReadChartUse(part(Chart));
         names_.lines.push_back(std::move(line));
     }
 
@@ -132,6 +174,25 @@ private:
         return LineKind::Plain;
     }
 
+    ChartUse ReadChartUse(std::string_view text) {
+        constexpr std::array<std::pair<std::string_view, ChartUse>, 4> Uses{
+            {{"column", ChartUse::Column},
+             {"line", ChartUse::Line},
+             {"stacked-line", ChartUse::StackedLine},
+             {"stacked-line-100", ChartUse::StackedLine100}}};
+        for (const auto& [name, use] : Uses) {
+            if (text == name) {
+                return use;
+            }
+        }
+        if (!text.empty()) {
+            faults_.Add(
+                line_, 0,
+                "unknown chart type " + Shown(text) + "; there are column, line, stacked-line and stacked-line-100");
+        }
+        return ChartUse::None;
+    }
+
     int ReadIndent(std::string_view text) {
         if (text.empty()) {
             return 0;
@@ -150,6 +211,12 @@ private:
     int line_ = 0;
 };
 
+void CheckPeriod(const SourceTable& source, const std::string& setting, const std::string& period, Faults& faults) {
+    if (!period.empty() && std::find(source.periods.begin(), source.periods.end(), period) == source.periods.end()) {
+        faults.Add(0, 0, setting + " is " + Shown(period) + ", which is no period of the table of numbers");
+    }
+}
+
 }  // namespace
 
 NamesFile ReadNamesFile(std::string_view text, Faults& faults) {
@@ -165,10 +232,9 @@ void CheckNamesAgainst(const SourceTable& source, const NamesFile& names, Faults
             faults.Add(0, 0, "it names the line " + Shown(line.column) + ", which the table of numbers does not have");
         }
     }
-    if (!names.openAt.empty() &&
-        std::find(source.periods.begin(), source.periods.end(), names.openAt) == source.periods.end()) {
-        faults.Add(0, 0, "open-at is " + Shown(names.openAt) + ", which is no period of the table of numbers");
-    }
+    CheckPeriod(source, "open-at", names.openAt, faults);
+    CheckPeriod(source, "the chart's from", names.chart.from, faults);
+    CheckPeriod(source, "the chart's to", names.chart.to, faults);
 }
 
 std::string ReadableName(std::string_view name) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,36 +16,61 @@ enum class LineKind {
     Help    ///< a sub-aggregate that heads the lines below it: not editable, drawn as a help line
 };
 
+/// How a line is drawn in the chart, if at all.
+enum class ChartUse { None, Column, Line, StackedLine, StackedLine100 };
+
 struct LineName {
     std::string column;  ///< the line's name in the source
     std::string label;
     LineKind kind = LineKind::Plain;
     std::string unit;
     int indent = 0;
+    ChartUse chart = ChartUse::None;
+};
+
+/// What the book opens its chart with.
+struct ChartNames {
+    bool shown = false;  ///< the file has a chart section
+    std::string title;
+    std::string from;  ///< the first period in the chart; empty: the book's first
+    std::string to;    ///< the last one; empty: the book's last
+    std::optional<double> optimum;
+    std::optional<double> rangeFrom;
+    std::optional<double> rangeTo;
 };
 
 /// What a names file says about a table of numbers. Texts that it leaves out are empty.
 ///
-/// The file is UTF-8 text with two sections; a line that begins with "#" is a comment:
+/// The file is UTF-8 text with up to three sections; a line that begins with "#" is a comment:
 ///
 ///     [book]
 ///     title = US employment
 ///     unit = thousand
 ///     source = Bureau of Labor Statistics
 ///     open-at = 2008-01-01
+///     [chart]
+///     title = Employment
+///     from = 2008-01-01
+///     to = 2009-12-01
+///     optimum = 13500
+///     range-from = 12500
+///     range-to = 14500
 ///     [lines]
 ///     goods_producing = Goods producing | help
-///     construction = Construction | line | thousand | 1
+///     construction = Construction | line | thousand | 1 | column
 ///
 /// The title stands in the corner, the source in the note row at the bottom, the book opens at the period open-at.
-/// A line of the second section is: name in the source = label | kind | unit | indent. Kind is line, total or help;
-/// what is left out takes line, the book's unit and 0. The lines of the book stand in this order; those of the source
-/// that the file does not name follow in their own.
+/// With a chart section the book opens with a chart of the periods from .. to; the optimum and the range are optional.
+/// A line of the last section is: name in the source = label | kind | unit | indent | chart. Kind is line, total or
+/// help; chart is column, line, stacked-line or stacked-line-100 for a line that is in the chart. What is left out
+/// takes line, the book's unit, 0 and no chart. The lines of the book stand in this order; those of the source that the
+/// file does not name follow in their own.
 struct NamesFile {
     std::string title;
     std::string unit;
     std::string source;
     std::string openAt;
+    ChartNames chart;
     std::vector<LineName> lines;
 };
 
