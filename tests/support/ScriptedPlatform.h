@@ -20,7 +20,9 @@ public:
     std::optional<int> platformId = 2;
     std::string logFolder;
     char decimalMark = '.';
+    std::function<void(Form&)> whenLoaded;
     std::function<void(Form&)> whileShown;
+    std::function<void()> whileAsking;
 
     ClipboardContents onClipboard;
 
@@ -30,9 +32,17 @@ public:
 
     MessageAnswer Show(const MessageBoxRequest& request) override {
         messages.push_back(request);
+        if (whileAsking) {
+            whileAsking();
+        }
         return answer.value_or(request.defaultAnswer);
     }
-    void Load(Form& form) override { Note("load ", form); }
+    void Load(Form& form) override {
+        Note("load ", form);
+        if (whenLoaded) {
+            whenLoaded(form);
+        }
+    }
     void ShowModal(Form& form) override {
         Note("show ", form);
         if (whileShown) {
