@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <planview/Platform.h>
@@ -22,7 +23,7 @@ public:
     char decimalMark = '.';
     std::function<void(Form&)> whenLoaded;
     std::function<void(Form&)> whileShown;
-    std::function<void()> whileAsking;
+    std::function<void()> whileAsking;  ///< at the next question only
 
     ClipboardContents onClipboard;
 
@@ -32,8 +33,8 @@ public:
 
     MessageAnswer Show(const MessageBoxRequest& request) override {
         messages.push_back(request);
-        if (whileAsking) {
-            whileAsking();
+        if (const auto action = std::exchange(whileAsking, nullptr)) {
+            action();
         }
         return answer.value_or(request.defaultAnswer);
     }
