@@ -380,6 +380,20 @@ TEST_F(ConstructionTest, BuildingTwiceLeavesOneGridDrawnOnce) {
     control.Grid().SetWatcher(nullptr);
 }
 
+TEST(ConstructionAtItsLimit, TheLastColumnThatATableCanCountIsWhole) {
+    constexpr std::int16_t Last = 32767;
+    test::ScriptedPlatform platform;
+    PlanView control(platform.Interfaces());
+    const Tables tables;
+    for (int column = 1; column <= Last; ++column) {
+        tables.AddColumn(column, "P");
+    }
+    tables.GiveTo(control);
+    control.DP_Import_Create();
+    EXPECT_EQ(control.Grid().Columns(ColumnArea::Center).size(), 32767U);
+    EXPECT_EQ(tables.colsIndex->Value(Last, "GRID_ID"), Variant("COL32767"));
+}
+
 TEST(ConstructionWithoutTables, EveryLoaderEndsAtItsTrap) {
     test::ScriptedPlatform platform;
     PlanView control(platform.Interfaces());
