@@ -80,6 +80,7 @@ private:
     }
     void FirstItemRemoved() override {}
     void Cleared() override {}
+    void Ended() override {}
 
     bool errorsExpected_ = false;
     std::vector<std::string> errors_;
