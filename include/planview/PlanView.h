@@ -40,7 +40,9 @@ struct MemberDescription {
 /// 5. after a change of tables `DP_Import_Update`; after a change of GRID_ATTR first `DP_Import_Attribute`.
 ///
 /// Errors: every method that returns a Status returns 0, whatever happens. A failure ends the method quietly and can be
-/// seen in the trace (an entry with the message "ERROR"). Nothing throws.
+/// seen in the trace (an entry with the message "ERROR"). None of the methods, table properties and commands throws.
+/// What does: the constructor, when memory or the platform fails it, and a late-bound access to a member that there is
+/// not or with arguments that it does not take (AutomationError).
 ///
 /// The control keeps a counted reference to each table, copies none, and reads the host's object at every access. All
 /// calls and events run on the thread that created the control. The trace is shared by all controls of a process.
@@ -165,11 +167,13 @@ public:
 
     // --- Late binding -----------------------------------------------------------------------------------------------
 
+    /// Throws UnknownMember for a name that is none of the 65.
     [[nodiscard]] DispatchId IdOf(std::string_view name) const override;
     /// Throws UnknownMember: the control has methods only.
     [[nodiscard]] Variant Get(DispatchId member, Arguments arguments) override;
     void Put(DispatchId member, Arguments arguments, const Variant& value) override;
-    /// Calls member 1 to 65. Getters answer their table, all others the status.
+    /// Calls member 1 to 65. Getters answer their table, all others the status. Throws UnknownMember for another
+    /// number, and for arguments of the wrong number or kind.
     Variant Call(DispatchId member, Arguments arguments) override;
 
     // --- What the window tells the control --------------------------------------------------------------------------
@@ -180,8 +184,9 @@ public:
     void LostFocus();
     /// The control's new size in logical pixels.
     void Resize(int width, int height);
-    /// Ends the grid, releases the tables in their order and, when tracing is on, ends the trace. Safe to call twice;
-    /// afterwards every other call does nothing.
+    /// Ends the grid, releases the tables in their order and, when tracing is on, ends the trace. Safe to call twice.
+    /// Afterwards the methods and setters do nothing; the getters answer a null reference, and where another control
+    /// has switched the trace on they still leave their entry.
     void Terminate();
 
     /// The grid, for the layer that puts it on the screen.

@@ -5,9 +5,12 @@
 #include <optional>
 #include <string>
 
+#include "automation/Utf8.h"
+
 namespace planview {
 
-/// Runs the body and returns the text of what it threw, no value when it went through.
+/// Runs the body and returns the text of what it threw (valid UTF-8, cut where it is very long), no value when it went
+/// through.
 ///
 /// The one place where exceptions of any type end: error traps and the event source are built on it.
 template <class Body>
@@ -18,7 +21,7 @@ template <class Body>
     } catch (const std::exception& error) {
         constexpr std::size_t LongestText = 1000;
         const char* const text = error.what();
-        return text ? std::string(text).substr(0, LongestText) : "unknown exception";
+        return text ? ToValidUtf8(text, LongestText) : "unknown exception";
     } catch (...) {
         return "unknown exception";
     }

@@ -60,7 +60,8 @@ void PlanView::Terminate() {
                    if (TraceEnabled) {
                        modPlan::Trace_Disable(context.platform);
                    }
-               });
+               },
+               [&] { modPlan::Trace_Leave(context.platform); });
 }
 
 namespace {

@@ -118,6 +118,7 @@ PlanView::Status PlanView::plv_ActiveNode(const std::string& vNode) {
 
 PlanView::Status PlanView::plv_MarkedRowsHide() {
     return Guarded(state_, UserControl, "plv_MarkedRowsHide", [](ControlContext& context) {
+        TraceCall("plv_MarkedRowsHide");
         HideMarkedRows(context.tables.LINE_INDEX, context.grid, context.keys);
         context.ChartStep();
     });
@@ -125,6 +126,7 @@ PlanView::Status PlanView::plv_MarkedRowsHide() {
 
 PlanView::Status PlanView::plv_MarkedRowsShow() {
     return Guarded(state_, UserControl, "plv_MarkedRowsShow", [](ControlContext& context) {
+        TraceCall("plv_MarkedRowsShow");
         ShowMarkedRows(context.tables.LINE_INDEX, context.grid, context.keys);
         context.ChartStep();
     });

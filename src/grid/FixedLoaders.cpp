@@ -25,7 +25,7 @@ void FinishFixed(GridControl& grid, CellKeyView keys, bool readOnly) {
     SetFixedLook(grid, keys, readOnly);
 }
 
-void LoadFixedColumn(const LoaderContext& context, HostTable::Row i, std::int16_t& left, std::int16_t& right) {
+void LoadFixedColumn(const LoaderContext& context, HostTable::Row i, AreaPlaces& left, AreaPlaces& right) {
     GridControl& grid = context.grid;
     const HostTable& table = context.tables.FIXED_COLS;
     const std::string side = table.Text(i, "FLG_POSITION");
@@ -33,11 +33,8 @@ void LoadFixedColumn(const LoaderContext& context, HostTable::Row i, std::int16_
     const std::string key = modGrid::ColumnKey(table.Int16(i, "COLUMN_FIX"), side);
     context.keys.column = key;
     if (side == "L" || side == "R") {
-        std::int16_t& position = side == "L" ? left : right;
-        modGrid::CreateColumn(grid, key, position, NoRedraw);
-        if (modGrid::Status == GridStatus::Ok) {
-            ++position;
-        }
+        AreaPlaces& places = side == "L" ? left : right;
+        places.Append([&](std::int16_t position) { modGrid::CreateColumn(grid, key, position, NoRedraw); });
     }
     const CellKeyView column{key, {}};
     modGrid::Font(grid, column, side == "R" ? ProminentFont : PlainFont, NoRedraw);
@@ -51,7 +48,7 @@ void LoadFixedColumn(const LoaderContext& context, HostTable::Row i, std::int16_
     table.Put(i, "GRID_ID", key);
 }
 
-void LoadFixedLine(const LoaderContext& context, HostTable::Row i, std::int16_t& top, std::int16_t& bottom) {
+void LoadFixedLine(const LoaderContext& context, HostTable::Row i, AreaPlaces& top, AreaPlaces& bottom) {
     GridControl& grid = context.grid;
     const HostTable& table = context.tables.FIXED_LINES;
     const std::string side = table.Text(i, "FLG_POSITION");
@@ -59,11 +56,8 @@ void LoadFixedLine(const LoaderContext& context, HostTable::Row i, std::int16_t&
     const std::string key = modGrid::RowKey(table.Int16(i, "LINE_FIX"), side);
     context.keys.row = key;
     if (side == "T" || side == "B") {
-        std::int16_t& position = side == "T" ? top : bottom;
-        modGrid::CreateRow(grid, key, position, NoRedraw);
-        if (modGrid::Status == GridStatus::Ok) {
-            ++position;
-        }
+        AreaPlaces& places = side == "T" ? top : bottom;
+        places.Append([&](std::int16_t position) { modGrid::CreateRow(grid, key, position, NoRedraw); });
     }
     const CellKeyView row{{}, key};
     modGrid::Font(grid, row, side == "T" ? ProminentFont : PlainFont, NoRedraw);
@@ -81,8 +75,8 @@ void LoadFixedLine(const LoaderContext& context, HostTable::Row i, std::int16_t&
 void Creation_FixedColumns(const LoaderContext& context) noexcept {
     RunLoader("Creation_FixedColumns", "#FIXED_COLS#", [&] {
         const HostTable& table = context.tables.FIXED_COLS;
-        std::int16_t left = 1;
-        std::int16_t right = 1;
+        AreaPlaces left;
+        AreaPlaces right;
         ForEachRow(table, [&](HostTable::Row i) { LoadFixedColumn(context, i, left, right); });
         ForEachRow(table, [&](HostTable::Row i) {
             const std::string key = table.Text(i, "GRID_ID");
@@ -97,8 +91,8 @@ void Creation_FixedColumns(const LoaderContext& context) noexcept {
 void Creation_FixedLines(const LoaderContext& context) noexcept {
     RunLoader("Creation_FixedLines", "#FIXED_LINES#", [&] {
         const HostTable& table = context.tables.FIXED_LINES;
-        std::int16_t top = 1;
-        std::int16_t bottom = 1;
+        AreaPlaces top;
+        AreaPlaces bottom;
         ForEachRow(table, [&](HostTable::Row i) { LoadFixedLine(context, i, top, bottom); });
         ForEachRow(table, [&](HostTable::Row i) {
             const std::string key = table.Text(i, "GRID_ID");

@@ -27,14 +27,12 @@ void GridConstruction::CreateFromTables() {
     }
     const BusyScope building(building_);
     GridControl& grid = context_.grid;
-    grid.SetRedraw(false);
+    const modGrid::RedrawAtEnd redraw(grid);
     CreateEmpty();
     RunLoaders();
     ScrollToFirst();
     modGrid::Switch(grid, settings_.switched, NoRedraw);
     modGrid::LabelColWidth(grid, settings_.labelColumnWidth);
-    grid.SetRedraw(true);
-    grid.Redraw();
 }
 
 void GridConstruction::RunLoaders() const {
@@ -51,12 +49,20 @@ void GridConstruction::RunLoaders() const {
 }
 
 void GridConstruction::ScrollToFirst() {
+    // A position whose column or row the tables no longer have leaves the grid where it is.
     constexpr std::string_view CenterKind = "C";
+    GridControl& grid = context_.grid;
     if (settings_.firstColumn != 0) {
-        modGrid::FirstColumn(context_.grid, modGrid::ColumnKey(settings_.firstColumn, CenterKind), NoRedraw);
+        const std::string key = modGrid::ColumnKey(settings_.firstColumn, CenterKind);
+        if (grid.FindColumn(key)) {
+            modGrid::FirstColumn(grid, key, NoRedraw);
+        }
     }
     if (settings_.firstRow != 0) {
-        modGrid::FirstRow(context_.grid, modGrid::RowKey(settings_.firstRow, CenterKind), NoRedraw);
+        const std::string key = modGrid::RowKey(settings_.firstRow, CenterKind);
+        if (grid.FindRow(key)) {
+            modGrid::FirstRow(grid, key, NoRedraw);
+        }
     }
     settings_.firstColumn = 0;
     settings_.firstRow = 0;

@@ -10,7 +10,7 @@ void ReadGridAttributes(const HostTable gridAttr, bool layoutMode, GridSettings&
     const auto real = [&](const char* field) { return gridAttr.Double(Row, field); };
 
     settings.chartShown = flag("CHART");
-    settings.treeShown = layoutMode && flag("HIDDEN_LIST");
+    settings.treeShown = flag("HIDDEN_LIST") && layoutMode;
     settings.moveAllowed = permission("NOMOVE_ALLOWED");
     settings.resizeAllowed = permission("NORESIZE_ALLOWED");
     settings.singleValue = flag("SINGLEVALUE") ? 1 : 0;

@@ -9,16 +9,13 @@ namespace planview {
 
 namespace {
 
-void LoadColumn(const LoaderContext& context, HostTable::Row i, std::int16_t& position) {
+void LoadColumn(const LoaderContext& context, HostTable::Row i, AreaPlaces& places) {
     GridControl& grid = context.grid;
     const HostTable& table = context.tables.COLS_INDEX;
 
     const std::string key = modGrid::ColumnKey(table.Int16(i, "COLUMN"), "");
     context.keys.column = key;
-    modGrid::CreateColumn(grid, key, position, NoRedraw);
-    if (modGrid::Status == GridStatus::Ok) {
-        ++position;
-    }
+    places.Append([&](std::int16_t position) { modGrid::CreateColumn(grid, key, position, NoRedraw); });
     modGrid::ColumnWidth(grid, key, table.Int16(i, "COL_WIDTH"), NoRedraw);
     modGrid::ColumnHeight(grid, key, table.Int16(i, "COL_HEIGHT"), NoRedraw);
 
@@ -45,7 +42,7 @@ void SetRowLook(const LoaderContext& context, HostTable::Row i, CellKeyView row)
     modGrid::CenterAlignment(grid, row, table.Int16(i, "ROW_ALIGN"), NoRedraw);
 }
 
-void LoadRow(const LoaderContext& context, HostTable::Row i, std::int16_t& position) {
+void LoadRow(const LoaderContext& context, HostTable::Row i, AreaPlaces& places) {
     GridControl& grid = context.grid;
     const HostTable& table = context.tables.LINE_INDEX;
 
@@ -54,10 +51,7 @@ void LoadRow(const LoaderContext& context, HostTable::Row i, std::int16_t& posit
     }
     const std::string key = modGrid::RowKey(table.Int16(i, "LINE"), "");
     context.keys.row = key;
-    modGrid::CreateRow(grid, key, position, NoRedraw);
-    if (modGrid::Status == GridStatus::Ok) {
-        ++position;
-    }
+    places.Append([&](std::int16_t position) { modGrid::CreateRow(grid, key, position, NoRedraw); });
     modGrid::RowWidth(grid, key, table.Int16(i, "ROW_WIDTH"), NoRedraw);
     modGrid::RowHeight(grid, key, table.Int16(i, "ROW_HEIGHT"), NoRedraw);
     SetRowLook(context, i, {{}, key});
@@ -80,7 +74,7 @@ void LockRow(const LoaderContext& context, HostTable::Row i) {
     }
     const std::string key = table.Text(i, "GRID_ID");
     if (key.empty()) {
-        return;  // the host has not kept the key; an empty one would mean the whole grid
+        return;  // the host has not kept the key
     }
     context.keys.row = key;
     if (modPlan::TraceEnabled) {
@@ -98,15 +92,15 @@ void LockRow(const LoaderContext& context, HostTable::Row i) {
 
 void Creation_Columns(const LoaderContext& context) noexcept {
     RunLoader("Creation_Columns", "#COLS_INDEX#", [&] {
-        std::int16_t position = 1;
-        ForEachRow(context.tables.COLS_INDEX, [&](HostTable::Row i) { LoadColumn(context, i, position); });
+        AreaPlaces places;
+        ForEachRow(context.tables.COLS_INDEX, [&](HostTable::Row i) { LoadColumn(context, i, places); });
     });
 }
 
 void Creation_Rows(const LoaderContext& context) noexcept {
     RunLoader("Creation_Rows", "#LINE_INDEX#", [&] {
-        std::int16_t position = 1;
-        ForEachRow(context.tables.LINE_INDEX, [&](HostTable::Row i) { LoadRow(context, i, position); });
+        AreaPlaces places;
+        ForEachRow(context.tables.LINE_INDEX, [&](HostTable::Row i) { LoadRow(context, i, places); });
         ForEachRow(context.tables.LINE_INDEX, [&](HostTable::Row i) { LockRow(context, i); });
     });
 }

@@ -2,13 +2,32 @@
 
 #include <string_view>
 
+#include "automation/CheckedInt.h"
 #include "grid/Loaders.h"
+#include "grid/modGrid.h"
 #include "trace/ErrorTrap.h"
 
 namespace planview {
 
 /// The loaders never redraw; the grid is drawn once when all of them have run.
 inline constexpr bool NoRedraw = false;
+
+/// Counts what a loader has created in one area, so that the next one stands behind it. A refused one takes no place.
+class AreaPlaces {
+public:
+    /// Calls create(position) with the 1-based position behind the last one created.
+    template <class Create>
+    void Append(const Create& create) {
+        const std::int16_t position = CheckedAdd<std::int16_t>(created_, 1);
+        create(position);
+        if (modGrid::Status == GridStatus::Ok) {
+            created_ = position;
+        }
+    }
+
+private:
+    std::int16_t created_ = 0;
+};
 
 /// The frame of every loader: the opening entry, then the body under an error trap.
 template <class Body>

@@ -9,6 +9,7 @@ namespace planview {
 namespace {
 
 void SetMarkedRowsHidden(const HostTable& lineIndex, GridControl& grid, CurrentKeys& keys, bool hidden) {
+    const modGrid::RedrawAtEnd redraw(grid);
     ForEachRow(lineIndex, [&](HostTable::Row i) {
         if (!lineIndex.Flag(i, "ROW_MARKED")) {
             return;
@@ -20,9 +21,10 @@ void SetMarkedRowsHidden(const HostTable& lineIndex, GridControl& grid, CurrentK
             modPlan::TraceWrite("GRIDCTL", "", hidden ? "MarkedRowsHide" : "MarkedRowsShow",
                                 TraceText("{cid: ", keys.column, " - rid: ", keys.row, "}"));
         }
-        modGrid::CenterHidden(grid, {{}, keys.row}, hidden, NoRedraw);
+        if (!keys.row.empty()) {  // before a build a row has no key yet; the build then reads the field
+            modGrid::CenterHidden(grid, {{}, keys.row}, hidden, NoRedraw);
+        }
     });
-    grid.Redraw();
 }
 
 }  // namespace

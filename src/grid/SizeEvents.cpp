@@ -54,7 +54,7 @@ void SizeEvents::Apply(const Change& change, const std::string& key, int size) {
             change.set(grid_, table.Text(i, "GRID_ID"), value, NoRedraw);
         }
     });
-    grid_.Redraw();
+    modGrid::Redraw(grid_);
     hostUpdate_.StartUpdate();
 }
 

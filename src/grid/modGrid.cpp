@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "automation/ShortText.h"
+#include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 #include "trace/modPlan.h"
 
@@ -48,6 +49,15 @@ GridElement ElementOf(const CellKeyView& keys) noexcept {
     return keys.row.empty() ? GridElement::Column : GridElement::Cell;
 }
 
+/// Sets an attribute of the cell, column or row that the keys name. A key that a caller does not have must not mean the
+/// whole grid.
+GridStatus SetByKeys(GridControl& grid, const CellKeyView& keys, GridAttribute attribute, const Variant& value,
+                     bool redraw) {
+    const GridElement element = ElementOf(keys);
+    return element == GridElement::Grid ? GridStatus::InvalidName
+                                        : grid.SetAttribute(element, keys, attribute, value, redraw);
+}
+
 /// An attribute of the grid as a whole: "{label:value - redraw:flag}".
 template <class Value>
 void SetOfGrid(GridControl& grid, std::string_view operation, GridAttribute attribute, std::string_view label,
@@ -61,7 +71,7 @@ void SetOfGrid(GridControl& grid, std::string_view operation, GridAttribute attr
 void SetSize(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
              std::string_view label, std::int16_t size, bool redraw) {
     Run(
-        operation, keys, [&] { return grid.SetAttribute(ElementOf(keys), keys, attribute, size, redraw); },
+        operation, keys, [&] { return SetByKeys(grid, keys, attribute, size, redraw); },
         [&] { return TraceText("{cid: ", keys.column, keys.row, " - ", label, ":", size, " - redraw:", redraw, "}"); });
 }
 
@@ -71,12 +81,12 @@ TraceBuffer KeysText(const CellKeyView& keys, std::string_view label, const Valu
     return TraceText("{cid: ", keys.column, " - rid: ", keys.row, " - ", label, ":", value, " - redraw:", redraw, "}");
 }
 
-/// An attribute of a cell, column, row or grid. `shown` is what the trace says of the value.
+/// An attribute of a cell, column or row. `shown` is what the trace says of the value.
 template <class Shown>
 void Set(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
          const Variant& value, std::string_view label, const Shown& shown, bool redraw) {
     Run(
-        operation, keys, [&] { return grid.SetAttribute(ElementOf(keys), keys, attribute, value, redraw); },
+        operation, keys, [&] { return SetByKeys(grid, keys, attribute, value, redraw); },
         [&] { return KeysText(keys, label, shown, redraw); });
 }
 
@@ -85,7 +95,12 @@ template <class Shown>
 void SetCenter(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
                const Variant& value, std::string_view label, const Shown& shown, bool redraw) {
     Run(
-        operation, keys, [&] { return grid.SetCenterAttribute(ElementOf(keys), keys, attribute, value, redraw); },
+        operation, keys,
+        [&] {
+            const GridElement element = ElementOf(keys);
+            return element == GridElement::Grid ? GridStatus::InvalidName
+                                                : grid.SetCenterAttribute(element, keys, attribute, value, redraw);
+        },
         [&] { return KeysText(keys, label, shown, redraw); });
 }
 
@@ -273,6 +288,37 @@ void Switch(GridControl& grid, bool switched, bool redraw) {
     SetOfGrid(grid, "switch", GridAttribute::Switched, "switched", switched, redraw);
 }
 
+void SetRedraw(GridControl& grid, bool on) {
+    Run(
+        "SetRedraw", {},
+        [&] {
+            grid.SetRedraw(on);
+            return GridStatus::Ok;
+        },
+        [&] { return TraceText("{redraw:", on, "}"); });
+}
+
+void Redraw(GridControl& grid) {
+    Run(
+        "Redraw", {},
+        [&] {
+            grid.Redraw();
+            return GridStatus::Ok;
+        },
+        [] { return std::string_view("{}"); });
+}
+
+RedrawAtEnd::RedrawAtEnd(GridControl& grid) : grid_(grid), before_(grid.RedrawOn()) {
+    SetRedraw(grid_, false);
+}
+
+RedrawAtEnd::~RedrawAtEnd() {
+    ErrorTrap("GRIDCTL", "Redraw", [&] {
+        SetRedraw(grid_, before_);
+        Redraw(grid_);
+    });
+}
+
 void FirstColumn(GridControl& grid, std::string_view key, bool redraw) {
     Run(
         "FirstColumn", {key, {}}, [&] { return grid.SetFirstColumn(key, redraw); },
@@ -326,7 +372,7 @@ void RunOnKeys(std::string_view operation, const CellKeyView& keys, bool redraw,
 
 void SelectionFlag(GridControl& grid, const CellKeyView& keys, bool redraw) {
     RunOnKeys("SelectionFlag", keys, redraw,
-              [&] { return grid.SetAttribute(ElementOf(keys), keys, GridAttribute::Selectable, false, redraw); });
+              [&] { return SetByKeys(grid, keys, GridAttribute::Selectable, false, redraw); });
 }
 
 void SetSelection(GridControl& grid, const CellKeyView& keys, bool redraw) {
@@ -376,21 +422,31 @@ void Relief(GridControl& grid, const CellKeyView& keys, bool relief, bool redraw
 void Bitmap(GridControl& grid, const CellKeyView& keys, std::string_view bitmap, std::int16_t alignment, bool redraw) {
     // Nearly all cells have no bitmap, and then there is nothing to align.
     const bool nothingToAlign = bitmap.empty() && alignment == static_cast<std::int16_t>(GridAlignment::Right);
+    const bool canAlign = alignment >= static_cast<std::int16_t>(GridAlignment::Right) &&
+                          alignment <= static_cast<std::int16_t>(GridAlignment::Center);
     Run(
         "bitmap", keys,
         [&] {
-            const GridStatus status =
-                grid.SetAttribute(ElementOf(keys), keys, GridAttribute::Bitmap, bitmap, nothingToAlign && redraw);
+            GridStatus status = GridStatus::Ok;
+            if (canAlign) {  // an alignment that the grid will refuse must not leave the bitmap behind
+                status = SetByKeys(grid, keys, GridAttribute::Bitmap, bitmap, nothingToAlign && redraw);
+            }
             if (status != GridStatus::Ok || nothingToAlign) {
                 return status;
             }
-            return grid.SetAttribute(ElementOf(keys), keys, GridAttribute::BitmapAlignment, alignment, redraw);
+            return SetByKeys(grid, keys, GridAttribute::BitmapAlignment, alignment, redraw);
         },
         [&] { return KeysText(keys, "bitmap", bitmap, redraw); });
 }
 
 void BackgroundColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw) {
-    Set(grid, "background colour", keys, GridAttribute::BackgroundColor, ColorName(color), "color", color, redraw);
+    // The one attribute here that the grid as a whole has too.
+    Run(
+        "background colour", keys,
+        [&] {
+            return grid.SetAttribute(ElementOf(keys), keys, GridAttribute::BackgroundColor, ColorName(color), redraw);
+        },
+        [&] { return KeysText(keys, "color", color, redraw); });
 }
 
 void ForegroundColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw) {

@@ -14,7 +14,8 @@
 /// caller; it has had no effect, and only the trace shows it.
 ///
 /// `redraw` false leaves the screen as it is until a call with true. Keys with an empty row mean the column as a whole,
-/// with an empty column the row, with both empty the grid.
+/// with an empty column the row; both empty name nothing and give InvalidName, except where the grid is said to be
+/// meant.
 namespace planview::modGrid {
 
 // --- Process-wide state ---------------------------------------------------------------------------------------------
@@ -66,6 +67,25 @@ void ResizePermission(GridControl& grid, std::int16_t value, bool redraw);
 void DragDrop(GridControl& grid, std::int16_t value, bool redraw);
 void GridlinesColor(GridControl& grid, std::int16_t color, bool redraw);
 void Switch(GridControl& grid, bool switched, bool redraw);
+/// Off holds every change back from the screen, whatever its own flag says; on shows them.
+void SetRedraw(GridControl& grid, bool on);
+/// Shows what was changed without redraw; nothing while the redraw is off.
+void Redraw(GridControl& grid);
+
+/// Keeps the redraw off for as long as the object lives, then draws the grid once, however its scope is left. Inside
+/// another one the drawing waits for the outer end.
+class RedrawAtEnd {
+public:
+    explicit RedrawAtEnd(GridControl& grid);
+    ~RedrawAtEnd();
+    RedrawAtEnd(const RedrawAtEnd&) = delete;
+    RedrawAtEnd& operator=(const RedrawAtEnd&) = delete;
+
+private:
+    GridControl& grid_;
+    bool before_;
+};
+
 /// Makes the key's column the first visible one.
 void FirstColumn(GridControl& grid, std::string_view key, bool redraw);
 void FirstRow(GridControl& grid, std::string_view key, bool redraw);
@@ -101,7 +121,7 @@ void Alignment(GridControl& grid, const CellKeyView& keys, std::int16_t alignmen
 void Relief(GridControl& grid, const CellKeyView& keys, bool relief, bool redraw);
 /// The bitmap and its place beside the text.
 void Bitmap(GridControl& grid, const CellKeyView& keys, std::string_view bitmap, std::int16_t alignment, bool redraw);
-/// `color` is a palette index.
+/// `color` is a palette index. The background of the grid as a whole has no keys.
 void BackgroundColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw);
 void ForegroundColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw);
 

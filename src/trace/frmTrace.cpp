@@ -1,6 +1,5 @@
 #include "trace/frmTrace.h"
 
-#include <memory>
 #include <utility>
 
 #include "trace/ErrorTrap.h"
@@ -17,7 +16,7 @@ constexpr std::string_view TraceLabel = "TRACE WINDOW";
 constexpr int WidthBeside = 180;
 constexpr int HeightBeside = 720;
 
-std::unique_ptr<frmTrace> instance;
+std::shared_ptr<frmTrace> instance;
 
 }  // namespace
 
@@ -42,6 +41,11 @@ frmTrace& frmTrace::Instance() {
         instance.reset(new frmTrace);
     }
     return *instance;
+}
+
+std::shared_ptr<frmTrace> frmTrace::Share() {
+    static_cast<void>(Instance());
+    return instance;
 }
 
 bool frmTrace::Exists() noexcept {
@@ -99,10 +103,11 @@ void frmTrace::ToggleOnTop() {
 }
 
 void frmTrace::DeleteAll(const Platform& platform) {
+    const std::shared_ptr<frmTrace> asked = Share();
     modPlan::TraceSave(platform);
-    // While the question stood, the trace may have been switched off and the form with it.
-    if (Exists()) {
-        Instance().TraceView.Clear();
+    // While the question stood, the trace may have been switched off and the form with it, and on again.
+    if (instance == asked) {
+        asked->TraceView.Clear();
         TraceWrite(TraceLabel, "", "All items deleted", "{}");
     }
 }

@@ -39,7 +39,9 @@ public:
     [[nodiscard]] static frmTrace& Instance();
     /// Whether there is an instance now.
     [[nodiscard]] static bool Exists() noexcept;
-    /// Ends the instance and its entries.
+    /// The instance as one who needs its entries beyond End() holds it.
+    [[nodiscard]] static std::shared_ptr<frmTrace> Share();
+    /// Ends the instance; its entries end with the last one who shares it.
     static void End() noexcept;
 
     [[nodiscard]] std::string_view Name() const noexcept override { return FormName; }

@@ -5,11 +5,15 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <memory>
 #include <ostream>
+#include <utility>
+#include <vector>
 
 #include <planview/Trace.h>
 
 #include "automation/CheckedInt.h"
+#include "automation/Utf8.h"
 #include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 #include "trace/frmTrace.h"
@@ -79,6 +83,79 @@ std::string_view PlatformText(int platformId) {
     }
 }
 
+/// A window of the trace: of which list, and who made it.
+struct TraceWindow {
+    std::shared_ptr<frmTrace> form;
+    Forms* forms;
+};
+
+std::vector<TraceWindow> windows;
+
+/// The list that a save question is open for; a trace that begins meanwhile must not go on in it.
+const frmTrace* beingSaved = nullptr;
+
+void NoteWindow(Forms& forms) {
+    const std::shared_ptr<frmTrace> form = frmTrace::Share();
+    const auto isNoted = [&](const TraceWindow& window) { return window.form == form && window.forms == &forms; };
+    if (std::none_of(windows.begin(), windows.end(), isNoted)) {
+        windows.push_back({form, &forms});
+    }
+}
+
+/// Ends those windows that `wanted` says. Each is forgotten first: ending it may lead back here.
+template <class Wanted>
+void EndWindows(const Wanted& wanted) noexcept {
+    for (auto window = std::find_if(windows.begin(), windows.end(), wanted); window != windows.end();
+         window = std::find_if(windows.begin(), windows.end(), wanted)) {
+        const TraceWindow ended = *window;
+        windows.erase(window);
+        ResumeNext([&] { ended.forms->Unload(*ended.form); });
+    }
+}
+
+void WriteList(std::ostream& out, const ListView& list) {
+    for (std::size_t i = 0; i < list.Count(); ++i) {
+        const ListItem& item = list.Item(i);
+        WriteLogLine(out, {item.text, item.subItems[0], item.subItems[1], item.subItems[2]});
+    }
+}
+
+void Save(const Platform& platform, const ListView& list) {
+    MessageAnswer answer = MessageAnswer::No;
+    ResumeNext([&] {
+        answer = platform.messageBoxes.Show(
+            {"Save trace to file ?", "Trace", MessageButtons::YesNo, MessageIcon::Exclamation, MessageAnswer::No});
+    });
+    TraceSaveAnswer = answer;
+    if (answer != MessageAnswer::Yes) {
+        return;
+    }
+    ResumeNext([&] {
+        const std::filesystem::path folder(platform.system.LogFolder());
+        std::filesystem::create_directories(folder);
+        std::ofstream file(folder / LogFileName, std::ios::binary | std::ios::trunc);
+        WriteList(file, list);
+    });
+}
+
+/// The text as the list and the log can show it; nearly always it is so already.
+class ShownText {
+public:
+    explicit ShownText(std::string_view text) : text_(text) {
+        if (!IsValidUtf8(text)) {
+            valid_ = ToValidUtf8(text);
+            text_ = valid_;
+        }
+    }
+    ShownText(const ShownText&) = delete;
+    ShownText& operator=(const ShownText&) = delete;
+    operator std::string_view() const noexcept { return text_; }
+
+private:
+    std::string valid_;
+    std::string_view text_;
+};
+
 }  // namespace
 
 void TraceWrite(std::string_view control, std::string_view message, std::string_view method,
@@ -93,14 +170,18 @@ void TraceWrite(std::string_view control, std::string_view message, std::string_
         }
         TraceCounter = CheckedAdd(TraceCounter, 1);
         TraceKey = std::string_view(TraceText("TRACE{", TraceCounter, "}"));
-        list.Add(TraceKey, control, {message, method, parameter, TraceKey});
+        list.Add(TraceKey, control, {ShownText(message), method, ShownText(parameter), TraceKey});
     });
 }
 
 void Trace_Enable(const Platform& platform) {
     TraceEnabled = true;
     TraceCounter = 0;
-    ResumeNext([&] { platform.forms.Load(frmTrace::Instance()); }, [] { frmTrace::Instance().TraceView.Clear(); });
+    if (frmTrace::Exists() && &frmTrace::Instance() == beingSaved) {
+        frmTrace::End();
+    }
+    ResumeNext([&] { NoteWindow(platform.forms); }, [&] { platform.forms.Load(frmTrace::Instance()); },
+               [] { frmTrace::Instance().TraceView.Clear(); });
     TraceWrite("USERCONTROL", "", "Trace_Enable", "{}");
     TraceWrite("USERCONTROL", "", "Morvida", TraceText("{version: ", ControlVersion, "}"));
     MemoryCheck(platform.system);
@@ -110,48 +191,40 @@ void Trace_Enable(const Platform& platform) {
 void Trace_Disable(const Platform& platform) {
     TraceEnabled = false;
     TraceWrite("USERCONTROL", "", "Trace_Disable", "{}");
-    TraceSave(platform);
-    ResumeNext([] { frmTrace::Instance().TraceView.Clear(); }, [&] { platform.forms.Unload(frmTrace::Instance()); });
-    frmTrace::End();
+    const std::shared_ptr<frmTrace> ended = frmTrace::Share();
+    const frmTrace* const savedBefore = std::exchange(beingSaved, ended.get());
+    Save(platform, ended->TraceView);
+    beingSaved = savedBefore;
+    ended->TraceView.Clear();
+    EndWindows([&](const TraceWindow& window) { return window.form == ended; });
+    if (frmTrace::Exists() && &frmTrace::Instance() == ended.get()) {
+        frmTrace::End();
+    }
+}
+
+void Trace_Leave(const Platform& platform) noexcept {
+    EndWindows([&](const TraceWindow& window) { return window.forms == &platform.forms; });
 }
 
 void Trace_Show(const Platform& platform) {
     if (!TraceEnabled) {
         return;
     }
+    // The window may end, and with it the trace, while it is shown.
+    const std::shared_ptr<frmTrace> shown = frmTrace::Share();
     // The window's menu works with the desktop of the control that shows it.
-    auto before = frmTrace::Instance().SetPlatform(std::make_shared<const Platform>(platform));
-    ResumeNext([&] { platform.forms.ShowModal(frmTrace::Instance()); });
-    if (frmTrace::Exists()) {
-        frmTrace::Instance().SetPlatform(std::move(before));
-    }
+    auto before = shown->SetPlatform(std::make_shared<const Platform>(platform));
+    ResumeNext([&] { NoteWindow(platform.forms); }, [&] { platform.forms.ShowModal(*shown); });
+    shown->SetPlatform(std::move(before));
 }
 
 void TraceSave(const Platform& platform) {
-    TraceSaveAnswer = MessageAnswer::No;
-    ResumeNext([&] {
-        TraceSaveAnswer = platform.messageBoxes.Show(
-            {"Save trace to file ?", "Trace", MessageButtons::YesNo, MessageIcon::Exclamation, MessageAnswer::No});
-    });
-    if (TraceSaveAnswer != MessageAnswer::Yes) {
-        return;
-    }
-    ResumeNext([&] {
-        const std::filesystem::path folder(platform.system.LogFolder());
-        std::filesystem::create_directories(folder);
-        std::ofstream file(folder / LogFileName, std::ios::binary | std::ios::trunc);
-        WriteTraceLines(file);
-    });
+    Save(platform, frmTrace::Share()->TraceView);
 }
 
 void WriteTraceLines(std::ostream& out) {
-    if (!frmTrace::Exists()) {
-        return;
-    }
-    const ListView& list = frmTrace::Instance().TraceView;
-    for (std::size_t i = 0; i < list.Count(); ++i) {
-        const ListItem& item = list.Item(i);
-        WriteLogLine(out, {item.text, item.subItems[0], item.subItems[1], item.subItems[2]});
+    if (frmTrace::Exists()) {
+        WriteList(out, frmTrace::Instance().TraceView);
     }
 }
 

@@ -15,6 +15,26 @@ protected:
         std::function<GridStatus()> call;
     };
 
+    /// An attribute of COL1, of ROW1, of the cell where they cross, or of the grid.
+    struct AttributeRow {
+        const char* name;
+        GridStatus status;
+        GridElement element;
+        GridAttribute attribute;
+        Variant value;
+    };
+
+    void CheckAttributes(const std::vector<AttributeRow>& rows) {
+        grid_.Redraw();
+        for (const AttributeRow& row : rows) {
+            const bool hasColumn = row.element == GridElement::Column || row.element == GridElement::Cell;
+            const bool hasRow = row.element == GridElement::Row || row.element == GridElement::Cell;
+            const CellKeyView keys{hasColumn ? "COL1" : "", hasRow ? "ROW1" : ""};
+            Check({{row.name, row.status,
+                    [&] { return grid_.SetAttribute(row.element, keys, row.attribute, row.value, true); }}});
+        }
+    }
+
     /// Makes each call and sees that nothing changes by it.
     void Check(const std::vector<Row>& rows) {
         ReportLog log;
@@ -95,68 +115,71 @@ TEST_F(GridStatusTest, RefusalsByKeyAndPosition) {
     });
 }
 
-TEST_F(GridStatusTest, RefusedAttributes) {
+TEST_F(GridStatusTest, AttributesThatTheElementDoesNotHave) {
     CreateSmallGrid();
-    grid_.RegisterFonts({"Arial", "Courier New"});
-    grid_.Redraw();
-    const CellKeyView cell{"COL1", "ROW1"};
-    const auto setCell = [this, cell](GridAttribute attribute, const Variant& value) {
-        return [this, cell, attribute, value] { return SetCell(cell, attribute, value, true); };
-    };
-    const auto setGrid = [this](GridAttribute attribute, const Variant& value) {
-        return [this, attribute, value] { return SetGrid(attribute, value, true); };
-    };
-    const auto setRow = [this](GridAttribute attribute, const Variant& value) {
-        return [this, attribute, value] { return SetRow("ROW1", attribute, value, true); };
-    };
-    const auto setColumn = [this](const char* key, GridAttribute attribute, const Variant& value) {
-        return [this, key, attribute, value] { return SetColumn(key, attribute, value, true); };
-    };
+    CheckAttributes({
+        {"contents of the grid", GridStatus::UndefinedGridAttribute, GridElement::Grid, GridAttribute::Contents, "x"},
+        {"hidden grid", GridStatus::UndefinedGridAttribute, GridElement::Grid, GridAttribute::Hidden, true},
+        {"tooltip of a row", GridStatus::UndefinedRowAttribute, GridElement::Row, GridAttribute::Tooltip, "x"},
+        {"switched column", GridStatus::UndefinedColumnAttribute, GridElement::Column, GridAttribute::Switched, true},
+        {"width of a cell", GridStatus::UndefinedCellAttribute, GridElement::Cell, GridAttribute::Width, 9},
+        {"no attribute at all", GridStatus::UndefinedGridAttribute, GridElement::Grid, static_cast<GridAttribute>(200),
+         1},
+    });
     Check({
-        {"contents of the grid", GridStatus::UndefinedGridAttribute, setGrid(GridAttribute::Contents, "x")},
-        {"hidden grid", GridStatus::UndefinedGridAttribute, setGrid(GridAttribute::Hidden, true)},
-        {"tooltip of a row", GridStatus::UndefinedRowAttribute, setRow(GridAttribute::Tooltip, "x")},
-        {"switched column", GridStatus::UndefinedColumnAttribute, setColumn("COL1", GridAttribute::Switched, true)},
-        {"width of a cell", GridStatus::UndefinedCellAttribute, setCell(GridAttribute::Width, 9)},
-        {"no attribute at all", GridStatus::UndefinedGridAttribute, setGrid(static_cast<GridAttribute>(200), 1)},
         {"the centre of a cell", GridStatus::UndefinedCellAttribute,
-         [this, cell] {
-             return grid_.SetCenterAttribute(GridElement::Cell, cell, GridAttribute::ReadOnly, true, true);
+         [this] {
+             return grid_.SetCenterAttribute(GridElement::Cell, {"COL1", "ROW1"}, GridAttribute::ReadOnly, true, true);
          }},
-        {"hidden labels", GridStatus::AttributeNotPossible, setColumn("FLC0", GridAttribute::Hidden, true)},
+        {"hidden labels", GridStatus::AttributeNotPossible,
+         [this] { return SetColumn("FLC0", GridAttribute::Hidden, true, true); }},
         {"hidden heading", GridStatus::AttributeNotPossible,
          [this] { return SetRow("FTR0", GridAttribute::Hidden, "X", true); }},
-        {"bitmap", GridStatus::UnknownBitmap, setCell(GridAttribute::Bitmap, "skull")},
-        {"colour", GridStatus::UnknownColor, setCell(GridAttribute::BackgroundColor, "pink")},
-        {"no colour", GridStatus::UnknownColor, setRow(GridAttribute::ForegroundColor, "")},
-        {"line colour", GridStatus::UnknownColor, setGrid(GridAttribute::GridLineColor, "pink")},
-        {"font family", GridStatus::UnknownFont, setCell(GridAttribute::Font, "Wingdings;10;Bold")},
-        {"font too small", GridStatus::UnknownFont, setCell(GridAttribute::Font, "Arial;3")},
-        {"font too large", GridStatus::UnknownFont, setCell(GridAttribute::Font, "Arial;97")},
-        {"font size no number", GridStatus::UnknownFont, setCell(GridAttribute::Font, "Arial;ten")},
-        {"font style", GridStatus::UnknownFont, setCell(GridAttribute::Font, "Arial;10;Fat")},
-        {"four pieces", GridStatus::UnknownFont, setCell(GridAttribute::Font, "Arial;10;Bold;x")},
-        {"text of bad bytes", GridStatus::InvalidText, setCell(GridAttribute::Contents, InvalidUtf8)},
-        {"tooltip of bad bytes", GridStatus::InvalidText, setCell(GridAttribute::Tooltip, InvalidUtf8)},
-        {"colour of bad bytes", GridStatus::InvalidText, setCell(GridAttribute::BackgroundColor, InvalidUtf8)},
-        {"new colour of bad bytes", GridStatus::InvalidText,
-         [this] { return grid_.CreateColor(InvalidUtf8, 1, 2, 3); }},
-        {"quoted bad bytes", GridStatus::InvalidText, setCell(GridAttribute::Format, "0\"\xFF\"")},
-        {"number code", GridStatus::InvalidAttribute, setCell(GridAttribute::Format, "yyyy")},
-        {"contents of a number", GridStatus::InvalidAttribute, setCell(GridAttribute::Contents, 12)},
-        {"colour of a number", GridStatus::InvalidAttribute, setCell(GridAttribute::BackgroundColor, 1)},
-        {"alignment 3", GridStatus::InvalidAttribute, setCell(GridAttribute::Alignment, 3)},
-        {"alignment as text", GridStatus::InvalidAttribute, setCell(GridAttribute::BitmapAlignment, "1")},
-        {"flag H", GridStatus::InvalidAttribute, setRow(GridAttribute::HelpLine, "H")},
-        {"flag empty", GridStatus::InvalidAttribute, setRow(GridAttribute::ReadOnly, Variant())},
-        {"flag nothing", GridStatus::InvalidAttribute, setRow(GridAttribute::ReadOnly, Variant::Nothing())},
-        {"width below 0", GridStatus::InvalidAttribute, setColumn("COL1", GridAttribute::Width, -1)},
-        {"width too large", GridStatus::InvalidAttribute, setColumn("COL1", GridAttribute::Width, MaxTrackSize + 1)},
-        {"height no number", GridStatus::InvalidAttribute, setRow(GridAttribute::Height, std::nan(""))},
-        {"height infinite", GridStatus::InvalidAttribute, setRow(GridAttribute::Height, HUGE_VAL)},
-        {"height 1E10", GridStatus::InvalidAttribute, setRow(GridAttribute::Height, 1e10)},
-        {"permission 2", GridStatus::InvalidAttribute, setGrid(GridAttribute::MovePermission, 2)},
-        {"permission text", GridStatus::InvalidAttribute, setGrid(GridAttribute::DragDrop, "X")},
+    });
+}
+
+TEST_F(GridStatusTest, NamesAndTextsThatTheGridDoesNotTake) {
+    CreateSmallGrid();
+    grid_.RegisterFonts({"Arial", "Courier New"});
+    CheckAttributes({
+        {"bitmap", GridStatus::UnknownBitmap, GridElement::Cell, GridAttribute::Bitmap, "skull"},
+        {"colour", GridStatus::UnknownColor, GridElement::Cell, GridAttribute::BackgroundColor, "pink"},
+        {"no colour", GridStatus::UnknownColor, GridElement::Row, GridAttribute::ForegroundColor, ""},
+        {"line colour", GridStatus::UnknownColor, GridElement::Grid, GridAttribute::GridLineColor, "pink"},
+        {"font family", GridStatus::UnknownFont, GridElement::Cell, GridAttribute::Font, "Wingdings;10;Bold"},
+        {"font too small", GridStatus::UnknownFont, GridElement::Cell, GridAttribute::Font, "Arial;3"},
+        {"font too large", GridStatus::UnknownFont, GridElement::Cell, GridAttribute::Font, "Arial;97"},
+        {"font size no number", GridStatus::UnknownFont, GridElement::Cell, GridAttribute::Font, "Arial;ten"},
+        {"font style", GridStatus::UnknownFont, GridElement::Cell, GridAttribute::Font, "Arial;10;Fat"},
+        {"four pieces", GridStatus::UnknownFont, GridElement::Cell, GridAttribute::Font, "Arial;10;Bold;x"},
+        {"text of bad bytes", GridStatus::InvalidText, GridElement::Cell, GridAttribute::Contents, InvalidUtf8},
+        {"tooltip of bad bytes", GridStatus::InvalidText, GridElement::Cell, GridAttribute::Tooltip, InvalidUtf8},
+        {"colour of bad bytes", GridStatus::InvalidText, GridElement::Cell, GridAttribute::BackgroundColor,
+         InvalidUtf8},
+        {"quoted bad bytes", GridStatus::InvalidText, GridElement::Cell, GridAttribute::Format, "0\"\xFF\""},
+    });
+    Check({{"new colour of bad bytes", GridStatus::InvalidText,
+            [this] { return grid_.CreateColor(InvalidUtf8, 1, 2, 3); }}});
+}
+
+TEST_F(GridStatusTest, ValuesOfTheWrongKindOrRange) {
+    CreateSmallGrid();
+    CheckAttributes({
+        {"number code", GridStatus::InvalidAttribute, GridElement::Cell, GridAttribute::Format, "yyyy"},
+        {"contents of a number", GridStatus::InvalidAttribute, GridElement::Cell, GridAttribute::Contents, 12},
+        {"colour of a number", GridStatus::InvalidAttribute, GridElement::Cell, GridAttribute::BackgroundColor, 1},
+        {"alignment 3", GridStatus::InvalidAttribute, GridElement::Cell, GridAttribute::Alignment, 3},
+        {"alignment as text", GridStatus::InvalidAttribute, GridElement::Cell, GridAttribute::BitmapAlignment, "1"},
+        {"flag H", GridStatus::InvalidAttribute, GridElement::Row, GridAttribute::HelpLine, "H"},
+        {"flag empty", GridStatus::InvalidAttribute, GridElement::Row, GridAttribute::ReadOnly, Variant()},
+        {"flag nothing", GridStatus::InvalidAttribute, GridElement::Row, GridAttribute::ReadOnly, Variant::Nothing()},
+        {"width below 0", GridStatus::InvalidAttribute, GridElement::Column, GridAttribute::Width, -1},
+        {"width too large", GridStatus::InvalidAttribute, GridElement::Column, GridAttribute::Width, MaxTrackSize + 1},
+        {"height no number", GridStatus::InvalidAttribute, GridElement::Row, GridAttribute::Height, std::nan("")},
+        {"height infinite", GridStatus::InvalidAttribute, GridElement::Row, GridAttribute::Height, HUGE_VAL},
+        {"height 1E10", GridStatus::InvalidAttribute, GridElement::Row, GridAttribute::Height, 1e10},
+        {"permission 2", GridStatus::InvalidAttribute, GridElement::Grid, GridAttribute::MovePermission, 2},
+        {"permission text", GridStatus::InvalidAttribute, GridElement::Grid, GridAttribute::DragDrop, "X"},
     });
     EXPECT_EQ(SetGrid(GridAttribute::ResizePermission, 0), GridStatus::Ok);
     Check({{"resize without permission", GridStatus::AttributeNotPossible,

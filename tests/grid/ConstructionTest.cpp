@@ -66,6 +66,7 @@ TEST_F(ConstructionTest, ColumnsAndRowsTakeTheirKeysFromTheTables) {
     tables.colsIndex->SetValue(2, "COL_HIDDEN", "X");
     tables.colsIndex->SetValue(1, "BITMAP", "lock");
     tables.lineIndex->SetValue(1, "ROW_HEIGHT", 28);
+    tables.lineIndex->SetValue(1, "ROW_WIDTH", 99);
     tables.lineIndex->SetValue(2, "ROW_HIDDEN", "X");
     Build();
     EXPECT_EQ(Keys(ColumnArea::Center), (Lines{"COL3", "COL7"}));
@@ -79,8 +80,26 @@ TEST_F(ConstructionTest, ColumnsAndRowsTakeTheirKeysFromTheTables) {
     EXPECT_EQ(Grid().Column(*Grid().FindColumn("COL3")).height, 30);
     EXPECT_TRUE(Grid().Column(*Grid().FindColumn("COL7")).hidden);
     EXPECT_EQ(Grid().Row(*Grid().FindRow("ROW2")).height, 28);
+    EXPECT_EQ(Grid().Row(*Grid().FindRow("ROW2")).width, 99);
     EXPECT_TRUE(Grid().Row(*Grid().FindRow("ROW5")).hidden);
     EXPECT_EQ(Contents("FLC0", "ROW2"), "Retail");
+    EXPECT_EQ(Grid().Tooltip(At("FLC0", "ROW2")), "Retail");
+}
+
+TEST_F(ConstructionTest, SettingsReachTheGrid) {
+    for (const bool forbidden : {true, false}) {
+        tables.gridAttr->SetValue(1, "NOMOVE_ALLOWED", forbidden ? "X" : "");
+        tables.gridAttr->SetValue(1, "NORESIZE_ALLOWED", forbidden ? "" : "X");
+        tables.gridAttr->SetValue(1, "BGCOLOR", 11);
+        tables.gridAttr->SetValue(1, "GRIDLINE_COLOR", 9);
+        Build();
+        EXPECT_EQ(Grid().Settings().moveAllowed, !forbidden);
+        EXPECT_EQ(Grid().Settings().dragDrop, !forbidden) << "what may be moved may be dragged";
+        EXPECT_EQ(Grid().Settings().resizeAllowed, forbidden);
+        EXPECT_EQ(Grid().Settings().backgroundColor, 11);
+        EXPECT_EQ(Grid().Settings().gridLineColor, 9);
+        EXPECT_TRUE(Grid().Settings().doubleBuffering);
+    }
 }
 
 TEST_F(ConstructionTest, LabelsFollowTheTextKind) {
@@ -128,6 +147,11 @@ TEST_F(ConstructionTest, ReadOnlyLinesAreLockedInASecondPass) {
     Build();
     EXPECT_EQ(EntriesOf("Column in the past"), Lines{"GRIDCTL |  | Column in the past | {cid:  - rid: ROW2}"})
         << "text lines have nothing to lock";
+    EXPECT_EQ(EntriesOf("CenterReadOnly"),
+              (Lines{"GRIDCTL |  | CenterReadOnly | {cid:  - rid: ROW2 - readonly:True - redraw:False}",
+                     "GRIDCTL |  | CenterReadOnly | {cid:  - rid: ROW5 - readonly:True - redraw:False}"}));
+    EXPECT_TRUE(Look("COL3", "ROW5").readOnly) << "the first pass has locked it";
+    EXPECT_FALSE(Look("FLC0", "ROW5").readOnly);
     EXPECT_TRUE(Look("COL3", "ROW2").readOnly);
     EXPECT_EQ(Look("COL3", "ROW2").background, modGrid::ReadOnlyBackground);
     EXPECT_EQ(Look("COL3", "ROW2").foreground, modGrid::ReadOnlyForeground);
@@ -156,6 +180,25 @@ TEST_F(ConstructionTest, FixedColumnsAndRowsStandOnTheirSides) {
     EXPECT_TRUE(Look("COL3", "FBR1").readOnly);
 }
 
+TEST_F(ConstructionTest, FixedColumnsAndRowsCarryTheirFormats) {
+    AddRow(*tables.fixedCols,
+           {{"COLUMN_FIX", 1}, {"FLG_POSITION", "R"}, {"COL_HEIGHT", 27}, {"COL_FORMAT", "0.00"}, {"COL_ALIGN", 2}});
+    AddRow(*tables.fixedLines,
+           {{"LINE_FIX", 1}, {"FLG_POSITION", "B"}, {"ROW_WIDTH", 77}, {"ROW_FORMAT", "#,##0"}, {"ROW_ALIGN", 1}});
+    AddRow(*tables.fixedTab, {{"COLUMN", 1}, {"FLG_COL_FIX", "R"}, {"LINE", 2}, {"VALUE", "1234,5"}});
+    AddRow(*tables.fixedTab, {{"COLUMN", 3}, {"LINE", 1}, {"FLG_LINE_FIX", "B"}, {"VALUE", "1234,4"}});
+    Build();
+    EXPECT_EQ(Grid().DisplayText(At("FRC1", "ROW2")), "1234,50");
+    EXPECT_EQ(Grid().DisplayText(At("COL3", "FBR1")), "1.234");
+    EXPECT_EQ(Look("FRC1", "ROW5").alignment, GridAlignment::Center);
+    EXPECT_TRUE(Look("COL7", "FBR1").hasAlignment);
+    EXPECT_EQ(Look("COL7", "FBR1").alignment, GridAlignment::Left);
+    EXPECT_EQ(Grid().Column(*Grid().FindColumn("FRC1")).height, 27);
+    EXPECT_EQ(Grid().Row(*Grid().FindRow("FBR1")).width, 77);
+    EXPECT_TRUE(Look("FRC1", "ROW5").font->bold) << "totals on the right stand out";
+    EXPECT_FALSE(Look("COL7", "FBR1").font->bold);
+}
+
 TEST_F(ConstructionTest, CellsShowNumbersInTheGridsForm) {
     const struct {
         Variant value;
@@ -174,16 +217,19 @@ TEST_F(ConstructionTest, CellsShowNumbersInTheGridsForm) {
 
 TEST_F(ConstructionTest, FixedCellsAndCellAttributes) {
     AddRow(*tables.fixedCols, {{"COLUMN_FIX", 1}, {"FLG_POSITION", "R"}});
-    AddRow(*tables.fixedTab, {{"COLUMN", 1},
-                              {"FLG_COL_FIX", "R"},
-                              {"LINE", 2},
-                              {"VALUE", "137"},
-                              {"TOOLTIP", "Mean"},
-                              {"FGCOLOR", 5},
-                              {"TEXTALIGN", 1}});
+    AddRow(*tables.fixedTab,
+           {{"COLUMN", 1}, {"FLG_COL_FIX", "R"}, {"LINE", 2}, {"VALUE", "137"}, {"TOOLTIP", "Mean"}, {"FGCOLOR", 6}});
     AddRow(*tables.fixedTab,
            {{"COLUMN", 1}, {"FLG_COL_FIX", "R"}, {"LINE", 0}, {"FLG_LINE_FIX", "T"}, {"VALUE", "Mean"}});
-    AddRow(*tables.fixedTab, {{"COLUMN", 1}, {"FLG_COL_FIX", "R"}, {"LINE", 2}, {"VALUE", ""}, {"FGCOLOR", 5}});
+    AddRow(*tables.fixedTab,
+           {{"COLUMN", 1}, {"FLG_COL_FIX", "R"}, {"LINE", 2}, {"VALUE", ""}, {"FGCOLOR", 5}, {"TEXTALIGN", 1}});
+    AddRow(*tables.fixedTab, {{"COLUMN", 1},
+                              {"FLG_COL_FIX", "R"},
+                              {"LINE", 5},
+                              {"BGCOLOR", 12},
+                              {"FGCOLOR", 6},
+                              {"BITMAP", "note"},
+                              {"BMP_ALIGN", 2}});
     AddRow(*tables.cellAttr, {{"COLUMN", 7},
                               {"LINE", 5},
                               {"BGCOLOR", 11},
@@ -195,6 +241,12 @@ TEST_F(ConstructionTest, FixedCellsAndCellAttributes) {
     EXPECT_EQ(Contents("FRC1", "ROW2"), "137") << "an empty value leaves the contents alone";
     EXPECT_EQ(Grid().Tooltip(At("FRC1", "ROW2")), "Mean");
     EXPECT_EQ(Look("FRC1", "ROW2").foreground, 5);
+    EXPECT_EQ(Look("FRC1", "ROW2").alignment, GridAlignment::Left);
+    EXPECT_TRUE(Look("FRC1", "ROW2").hasAlignment);
+    EXPECT_EQ(Look("FRC1", "ROW5").background, 12);
+    EXPECT_EQ(Look("FRC1", "ROW5").foreground, 6);
+    EXPECT_EQ(*Look("FRC1", "ROW5").bitmap, "note");
+    EXPECT_EQ(Look("FRC1", "ROW5").bitmapAlignment, GridAlignment::Center);
     EXPECT_EQ(Contents("FRC1", "FTR0"), "Mean");
     EXPECT_EQ(Look("COL7", "ROW5").background, 11);
     EXPECT_EQ(*Look("COL7", "ROW5").bitmap, "flag-red");
@@ -298,6 +350,23 @@ TEST_F(ConstructionTest, TheFirstColumnAndRowAreScrolledToOnce) {
     EXPECT_EQ(Grid().Column(*Grid().FirstColumn()).key, "COL3") << "used up; the host sets it anew";
 }
 
+TEST_F(ConstructionTest, AFirstColumnThatThereIsNotLeavesTheGridAlone) {
+    tables.gridAttr->SetValue(1, "FIRST_COL", 6);
+    tables.gridAttr->SetValue(1, "FIRST_ROW", 6);
+    Build();
+    EXPECT_EQ(Grid().Column(*Grid().FirstColumn()).key, "COL3");
+    EXPECT_EQ(Grid().Row(*Grid().FirstRow()).key, "ROW2");
+    EXPECT_EQ(EntriesOf("FirstColumn"), Lines{});
+}
+
+TEST_F(ConstructionTest, ARefusedRowTakesNoPlace) {
+    ExpectErrors();
+    tables.AddColumn(3, "again");
+    tables.AddColumn(9, "Sep");
+    Build();
+    EXPECT_EQ(EntriesOf("CreateColumn").back(), "GRIDCTL |  | CreateColumn | {cid: COL9 - pos:3 - redraw:False}");
+}
+
 TEST_F(ConstructionTest, BuildingTwiceLeavesOneGridDrawnOnce) {
     struct Counter : GridWatcher {
         int calls = 0;
@@ -311,30 +380,26 @@ TEST_F(ConstructionTest, BuildingTwiceLeavesOneGridDrawnOnce) {
     control.Grid().SetWatcher(nullptr);
 }
 
+TEST(ConstructionAtItsLimit, TheLastColumnThatATableCanCountIsWhole) {
+    constexpr std::int16_t Last = 32767;
+    test::ScriptedPlatform platform;
+    PlanView control(platform.Interfaces());
+    const Tables tables;
+    for (int column = 1; column <= Last; ++column) {
+        tables.AddColumn(column, "P");
+    }
+    tables.GiveTo(control);
+    control.DP_Import_Create();
+    EXPECT_EQ(control.Grid().Columns(ColumnArea::Center).size(), 32767U);
+    EXPECT_EQ(tables.colsIndex->Value(Last, "GRID_ID"), Variant("COL32767"));
+}
+
 TEST(ConstructionWithoutTables, EveryLoaderEndsAtItsTrap) {
     test::ScriptedPlatform platform;
     PlanView control(platform.Interfaces());
     EXPECT_EQ(control.DP_Import_Update(), 0);
     EXPECT_EQ(control.Grid().Columns(ColumnArea::Left).size(), 1U);
     EXPECT_TRUE(control.Grid().Columns(ColumnArea::Center).empty());
-}
-
-TEST(GridStatusText, EveryStatusHasItsText) {
-    EXPECT_EQ(modGrid::StatusText(GridStatus::RowDefined), "Row is already defined");
-    EXPECT_EQ(modGrid::StatusText(GridStatus::InvalidAttribute), "Invalid attribute");
-    for (const int gap : {18, 19, 20, 24, -1}) {
-        EXPECT_EQ(modGrid::StatusText(static_cast<GridStatus>(gap)), "Unknown error");
-    }
-}
-
-TEST(GridKeys, PositionsComeBackFromPlanningKeysOnly) {
-    EXPECT_EQ(modGrid::ColumnKey(7, ""), "COL7");
-    EXPECT_EQ(modGrid::ColumnKey(2, "R"), "FRC2");
-    EXPECT_EQ(modGrid::RowKey(1, "B"), "FBR1");
-    EXPECT_EQ(modGrid::PositionOf("COL7"), 7);
-    EXPECT_EQ(modGrid::PositionOf("ROW181"), 181);
-    EXPECT_EQ(modGrid::PositionOf("FLC3"), 0);
-    EXPECT_EQ(modGrid::PositionOf(""), 0);
 }
 
 }  // namespace planview

@@ -184,9 +184,10 @@ TEST(PendingChanges, AreForgottenOrTakenBack) {
     const auto change = [&] {
         OpenBook open(file);
         // The last one has had no row; its old value is none.
-        EXPECT_TRUE(open.store.Write({{{{1, 1}, 1.0, 5.0}, {{2, 3}, 30.5, "6,5"}, {{3, 4}, Variant(), 7.0}},
-                                      {{{1, 1}, 1.0}, {{2, 3}, 30.5}, {{3, 4}, Variant()}},
-                                      {}})
+        EXPECT_TRUE(open.store
+                        .Write({{{{1, 1}, 1.0, 5.0}, {{2, 3}, 30.5, "6,5"}, {{3, 4}, Variant(), 7.0}},
+                                {{{1, 1}, 1.0}, {{2, 3}, 30.5}, {{3, 4}, Variant()}},
+                                {}})
                         .empty());
         return open;
     };
@@ -203,7 +204,8 @@ TEST(PendingChanges, AreForgottenOrTakenBack) {
 TEST(PendingChanges, ThatNobodyHereHasSeenStay) {
     const TestFolder folder;
     OpenBook mine(MakeSmallBook(folder));
-    ChangeBook(mine.file, "UPDATE TAB SET V = 70 WHERE Z = 1 AND C = 1; INSERT INTO TAB_OLD (Z, C, V) VALUES (1, 1, 1)");
+    ChangeBook(mine.file,
+               "UPDATE TAB SET V = 70 WHERE Z = 1 AND C = 1; INSERT INTO TAB_OLD (Z, C, V) VALUES (1, 1, 1)");
     const std::string before = DumpFile(mine.file);
     EXPECT_FALSE(mine.store.EndPendingChanges(BookStore::OldValues::PutBack));
     EXPECT_FALSE(mine.store.EndPendingChanges(BookStore::OldValues::Forget));

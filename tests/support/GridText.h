@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <iostream>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -14,68 +15,84 @@ namespace planview {
 
 /// The visible part of a grid as people would draw it: keys around it, "|" and lines of "-" between the areas, selected
 /// cells as [text], the current one as <text>. What is hidden is named below.
-inline std::string GridText(const GridControl& grid) {
+class GridDrawing {
+public:
+    explicit GridDrawing(const GridControl& grid) : grid_(grid) {
+        AddKeys();
+        for (const RowArea area : {RowArea::Top, RowArea::Center, RowArea::Bottom}) {
+            lines_.emplace_back();
+            for (const RowId row : grid_.Rows(area)) {
+                AddRow(row);
+            }
+        }
+    }
+
+    [[nodiscard]] std::string Text() const {
+        std::vector<std::size_t> widths(columns_.size() + 1);
+        for (const Line& line : lines_) {
+            for (std::size_t i = 0; i < line.size(); ++i) {
+                widths[i] = std::max(widths[i], line[i].size());
+            }
+        }
+        const std::size_t total = std::accumulate(widths.begin(), widths.end(), widths.size() - 1);
+        std::string text;
+        for (const Line& line : lines_) {
+            std::string shown = line.empty() ? std::string(total, '-') : "";
+            for (std::size_t i = 0; i < line.size(); ++i) {
+                shown += line[i] + std::string(widths[i] - line[i].size() + 1, ' ');
+            }
+            text += shown.substr(0, shown.find_last_not_of(' ') + 1) + "\n";
+        }
+        return hidden_.empty() ? text : text + "hidden:" + hidden_ + "\n";
+    }
+
+private:
     using Line = std::vector<std::string>;
-    std::vector<ColumnId> columns;
-    std::string hidden;
-    Line keys{""};
-    for (const ColumnArea area : {ColumnArea::Left, ColumnArea::Center, ColumnArea::Right}) {
-        keys.emplace_back("|");
-        columns.push_back(ColumnId{});
-        for (const ColumnId id : grid.Columns(area)) {
-            const GridColumn& column = grid.Column(id);
-            if (column.hidden) {
-                hidden += " " + column.key;
-            } else {
-                keys.push_back(column.key);
-                columns.push_back(id);
-            }
-        }
-    }
-    std::vector<Line> lines{keys};
-    for (const RowArea area : {RowArea::Top, RowArea::Center, RowArea::Bottom}) {
-        lines.emplace_back();
-        for (const RowId id : grid.Rows(area)) {
-            const GridRow& row = grid.Row(id);
-            if (row.hidden) {
-                hidden += " " + row.key;
-                continue;
-            }
-            Line line{row.key};
-            for (const ColumnId column : columns) {
-                if (column == ColumnId{}) {
-                    line.emplace_back("|");
-                    continue;
+
+    void AddKeys() {
+        lines_.push_back({""});
+        for (const ColumnArea area : {ColumnArea::Left, ColumnArea::Center, ColumnArea::Right}) {
+            lines_[0].emplace_back("|");
+            columns_.push_back(ColumnId{});
+            for (const ColumnId id : grid_.Columns(area)) {
+                const GridColumn& column = grid_.Column(id);
+                if (column.hidden) {
+                    hidden_ += " " + column.key;
+                } else {
+                    lines_[0].push_back(column.key);
+                    columns_.push_back(id);
                 }
-                const Cell cell{column, id};
-                std::string text = grid.DisplayText(cell);
-                if (grid.Selection().HasCell(cell, grid.OrderOf(column), grid.OrderOf(id))) {
-                    text = "[" + text + "]";
-                }
-                line.push_back(grid.CurrentCell() == cell ? "<" + text + ">" : text);
             }
-            lines.push_back(std::move(line));
         }
     }
-    std::vector<std::size_t> widths(keys.size());
-    for (const Line& line : lines) {
-        for (std::size_t i = 0; i < line.size(); ++i) {
-            widths[i] = std::max(widths[i], line[i].size());
+    void AddRow(RowId id) {
+        const GridRow& row = grid_.Row(id);
+        if (row.hidden) {
+            hidden_ += " " + row.key;
+            return;
         }
-    }
-    std::size_t total = 0;
-    for (const std::size_t width : widths) {
-        total += width + 1;
-    }
-    std::string text;
-    for (const Line& line : lines) {
-        std::string shown = line.empty() ? std::string(total - 1, '-') : "";
-        for (std::size_t i = 0; i < line.size(); ++i) {
-            shown += line[i] + std::string(widths[i] - line[i].size() + 1, ' ');
+        Line line{row.key};
+        for (const ColumnId column : columns_) {
+            line.push_back(column == ColumnId{} ? "|" : CellText({column, id}));
         }
-        text += shown.substr(0, shown.find_last_not_of(' ') + 1) + "\n";
+        lines_.push_back(std::move(line));
     }
-    return hidden.empty() ? text : text + "hidden:" + hidden + "\n";
+    [[nodiscard]] std::string CellText(Cell cell) const {
+        std::string text = grid_.DisplayText(cell);
+        if (grid_.Selection().HasCell(cell, grid_.OrderOf(cell.column), grid_.OrderOf(cell.row))) {
+            text = "[" + text + "]";
+        }
+        return grid_.CurrentCell() == cell ? "<" + text + ">" : text;
+    }
+
+    const GridControl& grid_;
+    std::vector<ColumnId> columns_;  ///< no id: the mark between two areas
+    std::vector<Line> lines_;        ///< without pieces: the line between two areas
+    std::string hidden_;
+};
+
+inline std::string GridText(const GridControl& grid) {
+    return GridDrawing(grid).Text();
 }
 
 /// A test of a grid, which is printed when the test fails.

@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <planview/Platform.h>
@@ -20,7 +21,9 @@ public:
     std::optional<int> platformId = 2;
     std::string logFolder;
     char decimalMark = '.';
+    std::function<void(Form&)> whenLoaded;
     std::function<void(Form&)> whileShown;
+    std::function<void()> whileAsking;  ///< at the next question only
 
     ClipboardContents onClipboard;
 
@@ -30,9 +33,17 @@ public:
 
     MessageAnswer Show(const MessageBoxRequest& request) override {
         messages.push_back(request);
+        if (const auto action = std::exchange(whileAsking, nullptr)) {
+            action();
+        }
         return answer.value_or(request.defaultAnswer);
     }
-    void Load(Form& form) override { Note("load ", form); }
+    void Load(Form& form) override {
+        Note("load ", form);
+        if (whenLoaded) {
+            whenLoaded(form);
+        }
+    }
     void ShowModal(Form& form) override {
         Note("show ", form);
         if (whileShown) {

@@ -19,30 +19,33 @@ inline std::string EntryText(const ListItem& item) {
 }
 
 /// A fixture with the trace switched on. An entry that reports an error fails the test unless the test asked for it.
-class TracedTest : public testing::Test {
+/// Entries are looked at as they are written: a control that ends takes the list with it.
+class TracedTest : public testing::Test, private ListViewWatcher {
 protected:
     TracedTest() {
+        platform.whenLoaded = [this](Form& form) { Watch(form); };
         modPlan::Trace_Enable(platform.Interfaces());
         ForgetEntries();
     }
-    /// Before the members of a derived fixture end: a control that ends takes the trace with it.
-    void TearDown() override {
-        if (!errorsExpected_ && modPlan::TraceEnabled) {
-            for (const std::string& entry : Entries(IsError)) {
-                ADD_FAILURE() << "unasked error in the trace: " << entry;
-            }
-        }
-    }
+    /// After the members of a derived fixture, so that what a control writes at its end counts too.
     ~TracedTest() override {
         if (modPlan::TraceEnabled) {
             platform.answer = MessageAnswer::No;
+            platform.whileAsking = nullptr;
             modPlan::Trace_Disable(platform.Interfaces());
+        }
+        if (frmTrace::Exists()) {
+            frmTrace::Instance().TraceView.SetWatcher(nullptr);
+        }
+        for (const std::string& entry : errorsExpected_ ? std::vector<std::string>() : errors_) {
+            ADD_FAILURE() << "unasked error in the trace: " << entry;
         }
     }
 
     void ExpectErrors() { errorsExpected_ = true; }
     static void ForgetEntries() { frmTrace::Instance().TraceView.Clear(); }
 
+    /// A trap says so in the message, a grid operation in the method, a walk over an index table in the parameter.
     static bool IsError(const ListItem& item) {
         return item.subItems[0] == "ERROR" || item.subItems[1] == "ERROR" || item.subItems[2] == "ERROR";
     }
@@ -64,7 +67,23 @@ protected:
     ScriptedPlatform platform;
 
 private:
+    void Watch(Form& form) {
+        if (auto* trace = dynamic_cast<frmTrace*>(&form)) {
+            trace->TraceView.SetWatcher(this);
+        }
+    }
+    void ItemAdded() override {
+        const ListView& list = frmTrace::Instance().TraceView;
+        if (const ListItem& newest = list.Item(list.Count() - 1); IsError(newest)) {
+            errors_.push_back(EntryText(newest));
+        }
+    }
+    void FirstItemRemoved() override {}
+    void Cleared() override {}
+    void Ended() override {}
+
     bool errorsExpected_ = false;
+    std::vector<std::string> errors_;
 };
 
 using Lines = std::vector<std::string>;

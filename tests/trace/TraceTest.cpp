@@ -198,6 +198,32 @@ TEST_F(TraceTest, ParameterTextsConvertTheirValues) {
     modPlan::TraceDecimalMark = '.';
 }
 
+TEST_F(TraceTest, EntriesAreValidUtf8WhateverTheHostSays) {
+    const struct {
+        const char* why;
+        std::string text, shown;
+    } cases[] = {
+        {"well-formed", "Ü € 😀", "Ü € 😀"},
+        {"a byte that begins nothing", "a\xFF z", "a? z"},
+        {"a character without its end", "a\xE2\x82", "a??"},
+        {"an overlong form", "\xC0\xAF", "??"},
+        {"a surrogate", "\xED\xA0\x80", "???"},
+    };
+    for (const auto& row : cases) {
+        ForgetEntries();
+        modPlan::TraceWrite("GRIDCTL", row.text, "Contents", row.text);
+        EXPECT_EQ(Entries(), Lines{"GRIDCTL | " + row.shown + " | Contents | " + row.shown}) << row.why;
+    }
+}
+
+TEST_F(TraceTest, LongErrorTextsEndBetweenCharacters) {
+    ExpectErrors();
+    ErrorTrap("CHART", "Redraw", [] { throw std::runtime_error(std::string(999, 'x') + "Ü"); });
+    ErrorTrap("CHART", "Redraw", [] { throw std::runtime_error(std::string(998, 'x') + "Üz"); });
+    EXPECT_EQ(Entries(), (Lines{"CHART | ERROR | Redraw | {error: " + std::string(999, 'x') + "}",
+                                "CHART | ERROR | Redraw | {error: " + std::string(998, 'x') + "Ü}"}));
+}
+
 TEST_F(TraceTest, TrapsEndWhatFailsAndNameIt) {
     ExpectErrors();
     bool reached = false;
