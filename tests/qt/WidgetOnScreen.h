@@ -36,6 +36,7 @@ public:
         PlatformOverrides overrides;
         overrides.messageBoxes = &platform;
         overrides.forms = &platform;
+        overrides.popups = &platform;
         widget = std::make_unique<PlanViewWidget>(overrides);
         widget->setColorScheme(PlanViewWidget::ColorScheme::Light);
         widget->resize(800, 400);
