@@ -247,7 +247,8 @@ private slots:
                 menu.close();
             });
             rightClick(screen, QStringLiteral("COL1/ROW1"));
-            QCOMPARE(ground, QColor(screen.view().theme().base));
+            const GridTheme& theme = screen.view().theme();
+            QCOMPARE(ground, QColor(theme.dark ? theme.panel : theme.base));
         }
     }
 };

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int SwatchSize = 14;
 constexpr qreal SwatchRadius = 3;
+constexpr int SwatchEdgeAlpha = 90;
 /// Wider captions are cut; the whole text is the entry's tip then.
 constexpr int WidestCaption = 420;
 /// No more characters are measured for a caption, or shown as a tip.
@@ -82,7 +83,8 @@ void addEntry(QMenu& menu, const PopupEntry& entry) {
         action->setShortcutVisibleInContextMenu(true);
     }
     if (entry.swatch) {
-        const QColor edge = menu.palette().color(QPalette::Disabled, QPalette::WindowText);
+        QColor edge = menu.palette().color(QPalette::WindowText);
+        edge.setAlpha(SwatchEdgeAlpha);
         action->setIcon(swatchIcon(*entry.swatch, edge, menu.devicePixelRatioF()));
         action->setIconVisibleInMenu(true);
     }
@@ -102,8 +104,10 @@ QString styleSheetFor(const GridTheme& theme) {
                "QMenu::item:selected { background: %4; color: %2; }"
                "QMenu::item:disabled { color: %5; }"
                "QMenu::item:disabled:selected { background: transparent; }"
+               "QMenu::indicator, QMenu::icon { left: 6px; }"
                "QMenu::separator { height: 1px; background: %3; margin: 4px 6px; }")
-        .arg(name(theme.base), name(theme.text), name(theme.line), name(theme.accentTint), name(theme.muted));
+        .arg(name(theme.dark ? theme.panel : theme.base), name(theme.text), name(theme.line), name(theme.accentTint),
+             name(theme.muted));
 }
 
 }  // namespace
