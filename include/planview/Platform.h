@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace planview {
 
@@ -90,12 +91,42 @@ struct Rgb {
     friend bool operator==(const Rgb&, const Rgb&) = default;
 };
 
+/// One entry of a popup menu. Captions are shown letter by letter: none of their characters is a mnemonic.
+struct PopupEntry {
+    std::string name;      ///< what Popups::Choose() answers; empty for separators and submenus
+    std::string caption;   ///< of any length
+    std::string shortcut;  ///< shown beside the caption ("Ctrl+C"), not listened to
+    bool separator = false;
+    bool enabled = true;
+    bool checked = false;
+    std::optional<Rgb> swatch;        ///< shown before the caption
+    std::vector<PopupEntry> entries;  ///< those of a submenu
+};
+
+struct PopupMenu {
+    std::string caption;  ///< not shown; for screen readers
+    std::vector<PopupEntry> entries;
+};
+
+/// Where a popup opens: at the mouse, at the grid's current cell, or below what has the focus.
+enum class PopupPlace { Mouse, CurrentCell, Focus };
+
+/// Shows popup menus.
+class Popups {
+public:
+    virtual ~Popups() = default;
+    /// Waits for the user. Returns the name of the chosen entry, which is an enabled one, or the empty text when the
+    /// popup was closed without a choice or its control has ended meanwhile.
+    [[nodiscard]] virtual std::string Choose(const PopupMenu& menu, PopupPlace place) = 0;
+};
+
 /// What the control needs of the desktop it runs on. The referred objects must outlive the control.
 struct Platform {
     MessageBoxes& messageBoxes;
     Forms& forms;
     Clipboard& clipboard;
     SystemInformation& system;
+    Popups& popups;
 };
 
 }  // namespace planview

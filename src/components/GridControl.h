@@ -173,6 +173,7 @@ public:
     void ReportDoubleClick(Cell cell);
     void ReportSimpleClick(Cell cell);
     void ReportMouseDown(Cell cell, std::int16_t button, std::int16_t shift);
+    void ReportMenuKey();
     bool ReportKeyDown(std::int16_t shift, std::int16_t keyCode);
     void ReportKeyPress(std::int16_t character);
     void ReportFocus(bool in);

@@ -251,6 +251,20 @@ void GridControl::ReportMouseDown(Cell cell, std::int16_t button, std::int16_t s
     }
 }
 
+void GridControl::ReportMenuKey() {
+    if (!state_->events || !state_->settings.created) {
+        return;
+    }
+    CellKey key{std::string(LabelColumnKey), std::string(HeadingRowKey)};
+    if (const std::optional<Cell> current = CurrentCell()) {
+        const CellKey cell = state_->KeyOf(*current);
+        // A whole column is named by its heading, a whole row by its label, both together by the corner.
+        key.column = Selection().HasRow(current->row) ? key.column : cell.column;
+        key.row = Selection().HasColumn(current->column) ? key.row : cell.row;
+    }
+    state_->events->MenuKey(key);
+}
+
 bool GridControl::ReportKeyDown(std::int16_t shift, std::int16_t keyCode) {
     return state_->events && state_->events->KeyDown(shift, keyCode);
 }

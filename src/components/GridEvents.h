@@ -54,6 +54,9 @@ public:
     /// `button`: 1 left, 2 right. `shift`: 1 Shift, 2 Ctrl and 4 Alt, added; 512 and 2048 as desktops with more
     /// modifier keys report them.
     virtual void MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) = 0;
+    /// The user asked by key for the menu of what is selected: the current cell, the heading of its column or the label
+    /// of its row where those are selected as a whole, and the corner where both are, or where no cell is current.
+    virtual void MenuKey(const CellKey& cell) = 0;
     /// A key that edits nothing; answers whether it was a command. `keyCode` is 46 for Delete, else the capital
     /// letter's code; `shift` as in MouseDown().
     virtual bool KeyDown(std::int16_t shift, std::int16_t keyCode) = 0;

@@ -1,5 +1,6 @@
 #include "control/ControlContext.h"
 
+#include "control/MenuWiring.h"
 #include "trace/ErrorTrap.h"
 
 namespace planview {
@@ -28,8 +29,11 @@ ControlContext::ControlContext(const Platform& desktop)
       chartOptions({settings, chartSettings, tables, hostUpdate, desktop.forms, desktop.messageBoxes,
                     [this] { return chooseColor ? chooseColor() : std::nullopt; },
                     [this](ChartType type) { chartCommands.ChooseType(type); }, [this] { chartCommands.Rebuild(); }}),
+      menus({tables, events, platform.popups, busy,
+             [this](const CellKey& clicked) { return MenuStateOf(*this, clicked); }}),
       gridHandlers(*this),
       chartHandlers(*this) {
+    BindMenuCommands(*this);
     grid.SetEvents(&gridHandlers);
     chart.SetEvents(&chartHandlers);
 }

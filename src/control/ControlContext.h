@@ -25,6 +25,7 @@
 #include "grid/UndoHistory.h"
 #include "grid/ValueEntry.h"
 #include "layout/PaneLayout.h"
+#include "menus/MenuDispatch.h"
 
 namespace planview {
 
@@ -68,6 +69,7 @@ struct ControlContext {
     GeneralOptions generalOptions;
     RowAttributes rowAttributes;
     ChartOptions chartOptions;
+    MenuDispatch menus;
     GridHandlers gridHandlers;
     ChartHandlers chartHandlers;
 

@@ -20,6 +20,7 @@ namespace {
 constexpr std::string_view GridControlLabel = "GRIDCTL";
 
 constexpr std::int16_t LeftButton = 1;
+constexpr std::int16_t RightButton = 2;
 // Shift states of a left press that only desktops with more modifier keys report.
 constexpr std::int16_t ShiftState512 = 512;
 constexpr std::int16_t ShiftState2048 = 2048;
@@ -111,7 +112,16 @@ void GridHandlers::MouseDown(const CellKey& cell, std::int16_t button, std::int1
             context_.pressMode = firstPress ? PressMode::First : PressMode::Second;
         } else if (button == LeftButton && shift == ShiftState2048) {
             context_.pressMode = PressMode::Whole;
+        } else if (button == RightButton) {
+            context_.menus.Open(cell.column, cell.row, PopupPlace::Mouse);
         }
+    });
+}
+
+void GridHandlers::MenuKey(const CellKey& cell) {
+    ErrorTrap(GridControlLabel, "MenuKey", [&] {
+        KeepKeys(cell);
+        context_.menus.Open(cell.column, cell.row, PopupPlace::CurrentCell);
     });
 }
 

@@ -24,6 +24,7 @@ public:
     void DoubleClick(const CellKey& cell) override;
     void SimpleClick(const CellKey& cell) override;
     void MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) override;
+    void MenuKey(const CellKey& cell) override;
     bool KeyDown(std::int16_t shift, std::int16_t keyCode) override;
     void KeyPress(std::int16_t character) override;
     void FocusIn() override;

@@ -42,6 +42,12 @@ public:
     char DecimalMark() const override { return *std::localeconv()->decimal_point == ',' ? ',' : '.'; }
 };
 
+/// Without a screen every popup is closed at once.
+class NoPopups final : public Popups {
+public:
+    std::string Choose(const PopupMenu&, PopupPlace) override { return {}; }
+};
+
 }  // namespace
 
 struct HeadlessPlatform::State {
@@ -49,6 +55,7 @@ struct HeadlessPlatform::State {
     NoForms forms;
     OwnClipboard clipboard;
     LinuxInformation system;
+    NoPopups popups;
 };
 
 HeadlessPlatform::HeadlessPlatform() : state_(std::make_unique<State>()) {}
@@ -56,7 +63,7 @@ HeadlessPlatform::HeadlessPlatform() : state_(std::make_unique<State>()) {}
 HeadlessPlatform::~HeadlessPlatform() = default;
 
 Platform HeadlessPlatform::Interfaces() noexcept {
-    return {state_->messageBoxes, state_->forms, state_->clipboard, state_->system};
+    return {state_->messageBoxes, state_->forms, state_->clipboard, state_->system, state_->popups};
 }
 
 }  // namespace planview

@@ -11,6 +11,7 @@
 #include "qt/platform/QtClipboard.h"
 #include "qt/platform/QtForms.h"
 #include "qt/platform/QtMessageBoxes.h"
+#include "qt/platform/QtPopups.h"
 #include "qt/platform/QtSystemInformation.h"
 
 namespace planview {
@@ -23,6 +24,7 @@ struct PlanViewCore {
     QtForms forms;
     QtClipboard clipboard;
     QtSystemInformation system;
+    QtPopups popups;
     SignalSink sink;
     PlanView view;
 };

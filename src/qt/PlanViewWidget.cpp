@@ -39,10 +39,12 @@ QString shownNumber(double value) {
 PlanViewCore::PlanViewCore(PlanViewWidget& widget, const PlatformOverrides& overrides)
     : messageBoxes(widget),
       forms(widget),
+      popups(widget),
       sink(widget),
       view(Platform{chosen<MessageBoxes>(overrides.messageBoxes, messageBoxes), chosen<Forms>(overrides.forms, forms),
                     chosen<Clipboard>(overrides.clipboard, clipboard),
-                    chosen<SystemInformation>(overrides.system, system)}) {
+                    chosen<SystemInformation>(overrides.system, system),
+                    chosen<Popups>(overrides.popups, popups)}) {
     view.AddSink(sink);
 }
 
@@ -53,6 +55,7 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
     qRegisterMetaType<ObjectRef>("planview::ObjectRef");
     state_->core = std::make_shared<PlanViewCore>(*this, platform);
     state_->grid = new GridView(state_->core->view.Grid(), state_->core);
+    state_->core->popups.setGrid(state_->grid);
     state_->panes = new PaneHost(state_->core->view.Panes(), state_->grid, this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -87,6 +88,40 @@ void CheckForms(Forms& forms, Form& form, CloseForm closeForm) {
     closeForm();
     forms.ShowModal(form);  // showing loads
     forms.Unload(form);
+}
+
+/// `choose` is told a name before each popup and has the user choose the entry of that name, where he can, else close
+/// the popup; the empty name closes it. `hasUser` is false for implementations that close every popup.
+template <class Choose>
+void CheckPopups(Popups& popups, bool hasUser, Choose choose) {
+    const auto entry = [](std::string name, std::string caption) {
+        PopupEntry made;
+        made.name = std::move(name);
+        made.caption = std::move(caption);
+        return made;
+    };
+    PopupMenu menu{"Menu",
+                   {entry("first", "Profit && loss\tCtrl+Q"), entry("disabled", "Disabled"), entry("", "-"),
+                    entry("long", std::string(10000, 'm') + "&x"), entry("", "Submenu")}};
+    menu.entries[1].enabled = false;
+    menu.entries[2].separator = true;
+    menu.entries[3].checked = true;
+    menu.entries[4].entries = {entry("below", "Below"), entry("color", "")};
+    menu.entries[4].entries[1].swatch = Rgb{255, 0, 0};
+    menu.entries[4].entries[1].shortcut = "Ctrl+X";
+
+    for (const PopupPlace place : {PopupPlace::Mouse, PopupPlace::CurrentCell, PopupPlace::Focus}) {
+        for (const std::string name : {"first", "long", "below", "color"}) {
+            choose(name);
+            EXPECT_EQ(popups.Choose(menu, place), hasUser ? name : "");
+        }
+        for (const std::string name : {"disabled", ""}) {
+            choose(name);
+            EXPECT_EQ(popups.Choose(menu, place), "") << name;
+        }
+    }
+    choose("");
+    EXPECT_EQ(popups.Choose({}, PopupPlace::Mouse), "") << "without entries";
 }
 
 }  // namespace planview::test

@@ -23,11 +23,13 @@ void CheckPlatform(const Platform& platform) {
 TEST(PlatformContract, Headless) {
     HeadlessPlatform platform;
     CheckPlatform(platform.Interfaces());
+    test::CheckPopups(platform.Interfaces().popups, false, [](const std::string&) {});
 }
 
 TEST(PlatformContract, Scripted) {
     test::ScriptedPlatform platform;
     CheckPlatform(platform.Interfaces());
+    test::CheckPopups(platform, true, [&](const std::string& name) { platform.choices = {name}; });
 }
 
 TEST(HeadlessPlatform, TellsOfThisMachine) {

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QTimer>
@@ -9,6 +10,7 @@
 #include "qt/platform/QtClipboard.h"
 #include "qt/platform/QtForms.h"
 #include "qt/platform/QtMessageBoxes.h"
+#include "qt/platform/QtPopups.h"
 #include "qt/platform/QtSystemInformation.h"
 #include "trace/frmTrace.h"
 
@@ -41,6 +43,41 @@ void CloseWindow() {
     WhenModal([](QWidget& window) { window.close(); });
 }
 
+QAction* FindAction(const QMenu& menu, const QString& name) {
+    for (QAction* action : menu.actions()) {
+        if (QAction* found = action->menu() ? FindAction(*action->menu(), name) : nullptr) {
+            return found;
+        }
+        if (action->data().toString() == name && !name.isEmpty()) {
+            return action;
+        }
+    }
+    return nullptr;
+}
+
+/// Chooses an entry as the keyboard does: Return on the entry that has the focus, which a disabled one cannot have.
+void ChooseFromPopup(const std::string& name) {
+    QTimer::singleShot(SoonMilliseconds, qApp, [name] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (!menu) {
+            return;
+        }
+        QAction* action = FindAction(*menu, QString::fromStdString(name));
+        if (!action || !action->isEnabled()) {
+            menu->close();
+            return;
+        }
+        for (auto* below = qobject_cast<QMenu*>(action->parent()); below != menu;
+             below = qobject_cast<QMenu*>(below->parent())) {
+            qobject_cast<QMenu*>(below->parent())->setActiveAction(below->menuAction());
+        }
+        auto* owner = qobject_cast<QMenu*>(action->parent());
+        owner->setActiveAction(action);
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QApplication::sendEvent(owner, &press);
+    });
+}
+
 void PutOnClipboard(const QString& text, const QString& html) {
     auto* data = new QMimeData;
     if (!text.isNull()) {
@@ -61,6 +98,8 @@ TEST(PlatformContract, Qt) {
     test::CheckClipboard(clipboard);
     test::CheckMessageBoxes(boxes, PressReturn);
     test::CheckForms(forms, frmTrace::Instance(), CloseWindow);
+    QtPopups popups(control);
+    test::CheckPopups(popups, true, ChooseFromPopup);
     frmTrace::End();
 }
 

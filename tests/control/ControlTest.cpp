@@ -130,7 +130,7 @@ TEST_F(ControlTest, TheEndReleasesTheTablesInTheirOrder) {
     private:
         Lines& out_;
     } peek(entries);
-    control = std::make_unique<PlanView>(Platform{peek, platform, platform, platform});
+    control = std::make_unique<PlanView>(Platform{peek, platform, platform, platform, platform});
     tables.GiveTo(*control);
     modPlan::Trace_Enable(platform.Interfaces());
     ForgetEntries();

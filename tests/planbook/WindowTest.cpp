@@ -18,6 +18,7 @@
 #include "book/BookSnapshot.h"
 #include "book/BookStore.h"
 #include "components/GridControl.h"
+#include "planbook/ScriptedQuestions.h"
 #include "planbook/TestBook.h"
 
 namespace planbook {
@@ -27,28 +28,6 @@ using planview::Cell;
 using planview::GridControl;
 using planview::SelectionMode;
 using planview::Variant;
-
-/// Answers in the user's place and keeps what was said.
-class ScriptedQuestions final : public Questions {
-public:
-    void tellFailure(const QString& text) override { failures.push_back(text.toStdString()); }
-    void tell(const QString& text) override { news.push_back(text.toStdString()); }
-    [[nodiscard]] bool mayRevert(int changes) override {
-        revertAsked = changes;
-        return revert;
-    }
-    [[nodiscard]] Keep whoseValues(const std::vector<DisputedCell>& cells) override {
-        disputes.push_back(cells);
-        return keep;
-    }
-
-    bool revert = true;
-    Keep keep = Keep::Mine;
-    int revertAsked = 0;
-    std::vector<std::string> failures;
-    std::vector<std::string> news;
-    std::vector<std::vector<DisputedCell>> disputes;
-};
 
 /// planbook's window with a book, as a user would have it.
 struct Window {

@@ -17,6 +17,7 @@ public:
     void SelectionChanged(const CellKey&, bool) override { screen_.deleteView(); }
     void ColumnResized(const std::string&, int) override { screen_.deleteView(); }
     void DoubleClick(const CellKey&) override { screen_.deleteView(); }
+    void MenuKey(const CellKey&) override { screen_.deleteView(); }
 
 private:
     GridOnScreen& screen_;
@@ -82,6 +83,7 @@ private slots:
             QApplication::sendEvent(screen.port(), &event);
         });
         add("arrow", [](GridOnScreen& screen) { QTest::keyPress(&screen.view(), Qt::Key_Right); });
+        add("menu key", [](GridOnScreen& screen) { QTest::keyPress(&screen.view(), Qt::Key_Menu); });
         add("page", [](GridOnScreen& screen) { QTest::keyPress(&screen.view(), Qt::Key_PageDown); });
         add("tab", [](GridOnScreen& screen) { QTest::keyPress(&screen.view(), Qt::Key_Tab); });
         add("select all",

@@ -19,7 +19,8 @@ namespace planview {
 /// right. The planning cells hold ten times the line plus the period: COL2/ROW3 is 32.
 class WidgetOnScreen {
 public:
-    explicit WidgetOnScreen(bool build = true) {
+    /// Popups are scripted, or those of the desktop.
+    explicit WidgetOnScreen(bool build = true, bool scriptedPopups = true) {
         for (int i = 1; i <= 4; ++i) {
             tables.AddColumn(i, ("Month " + std::to_string(i)).c_str());
         }
@@ -36,6 +37,7 @@ public:
         PlatformOverrides overrides;
         overrides.messageBoxes = &platform;
         overrides.forms = &platform;
+        overrides.popups = scriptedPopups ? &platform : nullptr;
         widget = std::make_unique<PlanViewWidget>(overrides);
         widget->setColorScheme(PlanViewWidget::ColorScheme::Light);
         widget->resize(800, 400);

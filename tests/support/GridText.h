@@ -163,6 +163,7 @@ public:
     void MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) override {
         Act("MouseDown", cell, std::to_string(button) + " " + std::to_string(shift));
     }
+    void MenuKey(const CellKey& cell) override { Act("MenuKey", cell, ""); }
     bool KeyDown(std::int16_t shift, std::int16_t keyCode) override {
         actions.push_back("KeyDown " + std::to_string(shift) + " " + std::to_string(keyCode));
         return true;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
@@ -11,9 +13,9 @@
 namespace planview::test {
 
 /// A platform that does what the test says and remembers what it was asked.
-class ScriptedPlatform : public MessageBoxes, public Forms, public Clipboard, public SystemInformation {
+class ScriptedPlatform : public MessageBoxes, public Forms, public Clipboard, public SystemInformation, public Popups {
 public:
-    [[nodiscard]] Platform Interfaces() { return {*this, *this, *this, *this}; }
+    [[nodiscard]] Platform Interfaces() { return {*this, *this, *this, *this, *this}; }
 
     // What to answer.
     std::optional<MessageAnswer> answer;  ///< none: the default button
@@ -24,12 +26,17 @@ public:
     std::function<void(Form&)> whenLoaded;
     std::function<void(Form&)> whileShown;
     std::function<void()> whileAsking;  ///< at the next question only
+    /// The names to choose from the popups, one after another; closed without a choice when there is none. A name that
+    /// the popup does not offer enabled is dropped, as a user could not choose it.
+    std::deque<std::string> choices;
 
     ClipboardContents onClipboard;
 
     // What was asked.
     std::vector<MessageBoxRequest> messages;
     std::vector<std::string> formCalls;
+    std::vector<PopupMenu> popups;  ///< in the order in which they were opened
+    std::vector<PopupPlace> popupPlaces;
 
     MessageAnswer Show(const MessageBoxRequest& request) override {
         messages.push_back(request);
@@ -59,7 +66,23 @@ public:
     std::string LogFolder() const override { return logFolder; }
     char DecimalMark() const override { return decimalMark; }
 
+    std::string Choose(const PopupMenu& menu, PopupPlace place) override {
+        popups.push_back(menu);
+        popupPlaces.push_back(place);
+        if (choices.empty()) {
+            return {};
+        }
+        const std::string wanted = choices.front();
+        choices.pop_front();
+        return Offers(menu.entries, wanted) ? wanted : std::string();
+    }
+
 private:
+    static bool Offers(const std::vector<PopupEntry>& entries, const std::string& name) {
+        return std::any_of(entries.begin(), entries.end(), [&](const PopupEntry& entry) {
+            return entry.enabled && (entry.entries.empty() ? entry.name == name : Offers(entry.entries, name));
+        });
+    }
     void Note(const char* what, const Form& form) { formCalls.push_back(what + std::string(form.Name())); }
 };
 

@@ -227,6 +227,17 @@ void BookSession::endPendingChanges(BookStore::OldValues what) {
     }
 }
 
+bool BookSession::change(const std::function<bool(const Book&)>& work) {
+    if (!isOpen() || isReadOnly() || !view_.finishEditing() || !settle() || !work(book_)) {
+        return false;
+    }
+    tablesChanged();
+    if (settle()) {
+        rebuild();
+    }
+    return true;
+}
+
 // --- Other windows
 
 void BookSession::watch() {
@@ -280,6 +291,7 @@ void BookSession::rebuild() {
     view_.DP_Import_Attribute();
     view_.DP_Import_Update();
     view_.selectCell(column, row);
+    view_.refreshPendingChanges();
 }
 
 }  // namespace planbook

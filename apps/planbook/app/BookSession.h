@@ -4,6 +4,7 @@
 #include <QTimer>
 #include <QVariant>
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 #include "book/Book.h"
@@ -45,6 +46,10 @@ public:
     void acceptChanges();
     /// Asks first.
     void revertChanges();
+
+    /// Has the tables changed by `work`, which answers whether it changed something, saves them and shows them. False
+    /// when nothing was changed; a read-only book stays as it is.
+    bool change(const std::function<bool(const Book&)>& work);
 
     /// Does at once what waits for the view to end what it is doing; false when something had failed.
     bool settle();

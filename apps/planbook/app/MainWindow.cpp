@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include <planview/Version.h>
@@ -19,12 +18,12 @@
 #include "app/BookSession.h"
 #include "app/FindBar.h"
 #include "app/FrameTheme.h"
+#include "app/HostMenus.h"
 #include "app/NoticeBar.h"
 #include "app/Questions.h"
 #include "app/RecentBooks.h"
 #include "app/StatusLine.h"
 #include "book/BookError.h"
-#include "book/BookSchema.h"
 
 namespace planbook {
 
@@ -43,6 +42,7 @@ MainWindow::MainWindow(planview::MessageBoxes& messageBoxes, bool trace, Questio
       questions_(questions ? *questions : *ownQuestions_),
       view_(new PlanViewWidget(planview::PlatformOverrides{.messageBoxes = &messageBoxes}, this)),
       session_(new BookSession(*view_, questions_, this)),
+      hostMenus_(new HostMenus(*view_, *session_, questions_, this)),
       recent_(new RecentBooks(this)),
       pages_(new QStackedWidget(this)),
       desktopIsDark_(isDark(QApplication::palette())) {
@@ -59,8 +59,7 @@ MainWindow::MainWindow(planview::MessageBoxes& messageBoxes, bool trace, Questio
     setWindowTitle("planbook");
     buildMenus();
 
-    connect(view_, &PlanViewWidget::GridPopupMenuPressed, this,
-            [this](short /*popup*/, const QString& command) { hostCommand(command); });
+    connect(hostMenus_, &HostMenus::reloadWanted, this, &MainWindow::reload);
     connect(view_, &PlanViewWidget::pendingChangesChanged, this, &MainWindow::pendingChanged);
     connect(session_, &BookSession::opened, this, &MainWindow::bookOpened);
     connect(session_, &BookSession::changedElsewhereChanged, changedNotice_, &QWidget::setVisible);
@@ -192,13 +191,6 @@ void MainWindow::pendingChanged(int count) {
 void MainWindow::startToFind() {
     if (view_->finishEditing()) {
         findBar_->start();
-    }
-}
-
-void MainWindow::hostCommand(const QString& command) {
-    if (command.toInt() == HostCommandReload) {
-        // After the event: the view must not be rebuilt while it is raising one.
-        QTimer::singleShot(0, this, &MainWindow::reload);
     }
 }
 

@@ -21,6 +21,7 @@ namespace planbook {
 
 class BookSession;
 class FindBar;
+class HostMenus;
 class NoticeBar;
 class Questions;
 class RecentBooks;
@@ -66,13 +67,13 @@ private:
     void remember();
     void pendingChanged(int count);
     void startToFind();
-    void hostCommand(const QString& command);
     void showAbout();
 
     std::unique_ptr<Questions> ownQuestions_;
     Questions& questions_;
     planview::PlanViewWidget* view_;
     BookSession* session_;
+    HostMenus* hostMenus_;
     RecentBooks* recent_;
     QStackedWidget* pages_;
     QWidget* bookPage_ = nullptr;

@@ -1,8 +1,12 @@
 #include "app/Questions.h"
 
+#include <QComboBox>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStringList>
+
+#include "book/CellValue.h"
 
 namespace planbook {
 
@@ -37,10 +41,10 @@ void QuestionWindows::tell(const QString& text) {
 }
 
 bool QuestionWindows::mayRevert(int changes) {
-    QMessageBox box(QMessageBox::Question, "planbook",
-                    QString("Revert %1?\nThe old values come back, this cannot be undone.")
-                        .arg(counted(changes, "pending change")),
-                    QMessageBox::Cancel, parent_);
+    QMessageBox box(
+        QMessageBox::Question, "planbook",
+        QString("Revert %1?\nThe old values come back, this cannot be undone.").arg(counted(changes, "pending change")),
+        QMessageBox::Cancel, parent_);
     const QPushButton* revert = box.addButton("Revert", QMessageBox::DestructiveRole);
     box.setDefaultButton(QMessageBox::Cancel);
     box.exec();
@@ -66,6 +70,32 @@ Questions::Keep QuestionWindows::whoseValues(const std::vector<DisputedCell>& ce
     box.setDefaultButton(theirs);
     box.exec();
     return box.clickedButton() == mine ? Keep::Mine : Keep::Theirs;
+}
+
+int QuestionWindows::chooseLine(const QString& text, const QStringList& lines) {
+    QInputDialog dialog(parent_);
+    dialog.setWindowTitle("planbook");
+    dialog.setLabelText(text);
+    dialog.setComboBoxItems(lines);
+    const bool chosen = dialog.exec() == QDialog::Accepted;
+    // By place: two lines may have the same caption.
+    const auto* box = dialog.findChild<QComboBox*>();
+    return chosen && box ? box->currentIndex() : -1;
+}
+
+std::optional<double> QuestionWindows::askNumber(const QString& text, double present) {
+    QString entered = QString::number(present, 'f', 2).replace('.', ',');
+    for (;;) {
+        bool ok = false;
+        entered = QInputDialog::getText(parent_, "planbook", text, QLineEdit::Normal, entered, &ok);
+        if (!ok) {
+            return std::nullopt;
+        }
+        if (const std::optional<double> number = NumberOf(planview::Variant(entered.toStdString()))) {
+            return number;
+        }
+        tellFailure(QString("\"%1\" is not a number. Enter one such as 1234,5.").arg(entered));
+    }
 }
 
 }  // namespace planbook

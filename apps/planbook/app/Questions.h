@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
+#include <optional>
 #include <vector>
 
 class QWidget;
@@ -26,6 +28,9 @@ public:
     [[nodiscard]] virtual bool mayRevert(int changes) = 0;
     /// Whose values the cells get. Theirs are in the book.
     [[nodiscard]] virtual Keep whoseValues(const std::vector<DisputedCell>& cells) = 0;
+    /// The place of one of the lines, from 0; -1 when the user chose none.
+    [[nodiscard]] virtual int chooseLine(const QString& text, const QStringList& lines) = 0;
+    [[nodiscard]] virtual std::optional<double> askNumber(const QString& text, double present) = 0;
 };
 
 /// Asks in windows.
@@ -37,6 +42,8 @@ public:
     void tell(const QString& text) override;
     [[nodiscard]] bool mayRevert(int changes) override;
     [[nodiscard]] Keep whoseValues(const std::vector<DisputedCell>& cells) override;
+    [[nodiscard]] int chooseLine(const QString& text, const QStringList& lines) override;
+    [[nodiscard]] std::optional<double> askNumber(const QString& text, double present) override;
 
 private:
     QWidget* parent_;

@@ -57,9 +57,6 @@ inline constexpr std::int32_t BookApplicationId = 0x506C426B;
 /// Goes up with every change of the schema.
 inline constexpr std::int32_t BookVersion = 1;
 
-/// `PFID` of the menu entries that planbook answers.
-inline constexpr std::int32_t HostCommandReload = 1;
-
 [[nodiscard]] std::span<const TableDescription, BookTableCount> BookSchema() noexcept;
 [[nodiscard]] const TableDescription& Describe(BookTable table) noexcept;
 

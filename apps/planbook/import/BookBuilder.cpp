@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "book/HostCommands.h"
 #include "import/Periods.h"
 
 namespace planbook {
@@ -497,10 +498,19 @@ private:
     }
 
     void AddMenus() {
-        NewRow(book_[BookTable::GridMenu])
-            .Put("PFID", HostCommandReload)
-            .Put("TEXT", "Reload book")
-            .Put("ENABLED", Set);
+        const auto add = [this](BookTable menu, HostCommand command, const char* text) {
+            NewRow(book_[menu]).Put("PFID", static_cast<std::int32_t>(command)).Put("TEXT", text).Put("ENABLED", Set);
+        };
+        add(BookTable::GridMenu, HostCommand::Reload, "Reload book");
+        add(BookTable::GridMenu, HostCommand::AcceptChanges, "Accept all changes");
+        add(BookTable::GridMenu, HostCommand::RevertChanges, "Revert all changes…");
+        add(BookTable::ColMenu, HostCommand::CopyPeriod, "Copy to next period");
+        add(BookTable::ColMenu, HostCommand::ClearPeriod, "Clear pending changes in period");
+        add(BookTable::RowMenu, HostCommand::CopyLine, "Copy line to…");
+        add(BookTable::RowMenu, HostCommand::SpreadTotal, "Spread total over periods…");
+        add(BookTable::RowMenu, HostCommand::ClearLine, "Clear pending changes in line");
+        add(BookTable::CellMenu, HostCommand::CopyValue, "Copy value to following periods");
+        add(BookTable::CellMenu, HostCommand::ClearCell, "Clear pending change");
     }
 
     const SourceTable& source_;

@@ -26,6 +26,7 @@ struct PlatformOverrides {
     Forms* forms = nullptr;
     Clipboard* clipboard = nullptr;
     SystemInformation* system = nullptr;
+    Popups* popups = nullptr;
 };
 
 /// The planning table as a widget.

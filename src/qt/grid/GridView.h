@@ -118,6 +118,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
 
@@ -136,6 +137,7 @@ private:
     [[nodiscard]] bool showsFocus() const;
     void paintGrid(QPainter& painter, const QRect& clip);
     void paintDropMark(QPainter& painter) const;
+    bool handleMenuKey(const QKeyEvent& event);
     bool handleCommand(const QKeyEvent& event);
     bool handleGridKey(const QKeyEvent& event);
     bool handleTyping(QKeyEvent& event);

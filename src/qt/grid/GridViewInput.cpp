@@ -1,3 +1,4 @@
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -107,9 +108,28 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape && mouse_.cancel()) {
         return;
     }
-    if (!handleCommand(*event) && !handleGridKey(*event) && !handleTyping(*event)) {
+    if (!handleMenuKey(*event) && !handleCommand(*event) && !handleGridKey(*event) && !handleTyping(*event)) {
         event->ignore();
     }
+}
+
+/// Reported as a key rather than by contextMenuEvent(), which no desktop sends for both keys.
+bool GridView::handleMenuKey(const QKeyEvent& event) {
+    const bool menuKey = event.key() == Qt::Key_Menu && event.modifiers() == Qt::NoModifier;
+    const bool shiftF10 = event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
+    if (!menuKey && !shiftF10) {
+        return false;
+    }
+    if (const std::optional<Cell> current = grid_.CurrentCell()) {
+        ensureVisible(*current);
+    }
+    grid_.ReportMenuKey();
+    return true;
+}
+
+/// The popup has been opened at the press of the button or key; the host's own must not follow.
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
 }
 
 bool GridView::handleCommand(const QKeyEvent& event) {

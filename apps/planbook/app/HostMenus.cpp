@@ -1,0 +1,184 @@
+#include "app/HostMenus.h"
+
+#include <QTimer>
+#include <algorithm>
+#include <vector>
+
+#include <planview/qt/PlanViewWidget.h>
+
+#include "app/BookSession.h"
+#include "app/Questions.h"
+#include "book/LineCaption.h"
+#include "book/PlanEdits.h"
+
+namespace planbook {
+
+using planview::MemoryTable;
+using planview::ObjectRef;
+using planview::PlanViewWidget;
+
+namespace {
+
+struct MenuSlot {
+    BookTable table;
+    const char* name;
+    short (PlanViewWidget::*set)(const ObjectRef&);
+};
+
+constexpr MenuSlot MenuSlots[] = {
+    {BookTable::GridMenu, "GRIDMENU", &PlanViewWidget::PROP_Set_GRIDMENU},
+    {BookTable::ColMenu, "COLMENU", &PlanViewWidget::PROP_Set_COLMENU},
+    {BookTable::RowMenu, "ROWMENU", &PlanViewWidget::PROP_Set_ROWMENU},
+    {BookTable::CellMenu, "CELLMENU", &PlanViewWidget::PROP_Set_CELLMENU},
+};
+
+QString captionOf(const Book& book, std::int32_t line) {
+    const MemoryTable& table = book[BookTable::LineIndex];
+    for (std::int32_t row = 1; row <= table.RowCount(); ++row) {
+        if (table.Value(row, "LINE").AsText() == std::to_string(line)) {
+            return QString::fromStdString(LineCaption(table, row));
+        }
+    }
+    return QString("line %1").arg(line);
+}
+
+}  // namespace
+
+HostMenus::HostMenus(PlanViewWidget& view, BookSession& session, Questions& questions, QObject* parent)
+    : QObject(parent), view_(view), session_(session), questions_(questions) {
+    connect(&session_, &BookSession::opened, this, &HostMenus::offer);
+    connect(&view_, &PlanViewWidget::pendingChangesChanged, this, &HostMenus::offer);
+    connect(&view_, &PlanViewWidget::GridPopupMenuPressed, this,
+            [this](short /*popup*/, const QString& command, short column, const QString& /*columnKey*/, short row) {
+                const auto number = static_cast<HostCommand>(command.toInt());
+                // After the event: the view must not be rebuilt while it is raising one.
+                QTimer::singleShot(0, this, [this, number, row, column] { run(number, {row, column}); });
+            });
+}
+
+/// Copies, so that what is possible at the moment does not get into the book.
+void HostMenus::offer() {
+    if (!session_.isOpen()) {
+        return;
+    }
+    for (const MenuSlot& slot : MenuSlots) {
+        const MemoryTable& inBook = session_.book()[slot.table];
+        const std::shared_ptr<MemoryTable> offered = MemoryTable::WithFieldsOf(slot.name);
+        for (std::int32_t row = 1; row <= inBook.RowCount(); ++row) {
+            const planview::Variant& number = inBook.Value(row, "PFID");
+            const auto command = static_cast<HostCommand>(std::atoi(number.AsText().c_str()));
+            const bool enabled = inBook.Value(row, "ENABLED").AsText() == "X" && canDo(command);
+            offered->AddRowWith(
+                {{"PFID", number}, {"TEXT", inBook.Value(row, "TEXT")}, {"ENABLED", enabled ? "X" : ""}});
+        }
+        (view_.*slot.set)(offered);
+    }
+}
+
+bool HostMenus::canDo(HostCommand command) const {
+    switch (command) {
+        case HostCommand::Reload:
+            return true;
+        case HostCommand::AcceptChanges:
+        case HostCommand::RevertChanges:
+        case HostCommand::ClearPeriod:
+        case HostCommand::ClearLine:
+        case HostCommand::ClearCell:
+            return !session_.isReadOnly() && view_.pendingChanges() > 0;
+        default:
+            return !session_.isReadOnly();
+    }
+}
+
+void HostMenus::run(HostCommand command, CellPlace place) {
+    if (!session_.isOpen() || !canDo(command)) {
+        return;
+    }
+    switch (command) {
+        case HostCommand::Reload:
+            Q_EMIT reloadWanted();
+            break;
+        case HostCommand::AcceptChanges:
+            session_.acceptChanges();
+            break;
+        case HostCommand::RevertChanges:
+            session_.revertChanges();
+            break;
+        case HostCommand::CopyPeriod:
+            copyPeriod(place.column);
+            break;
+        case HostCommand::ClearPeriod:
+            clear([place](CellPlace cell) { return cell.column == place.column; });
+            break;
+        case HostCommand::CopyLine:
+            copyLine(place.row);
+            break;
+        case HostCommand::SpreadTotal:
+            spreadTotal(place.row);
+            break;
+        case HostCommand::ClearLine:
+            clear([place](CellPlace cell) { return cell.row == place.row; });
+            break;
+        case HostCommand::CopyValue:
+            change([place](const Book& book) { return CopyValueOn(book, place); },
+                   "The following periods hold this value already, or the line cannot be edited.");
+            break;
+        case HostCommand::ClearCell:
+            clear([place](CellPlace cell) { return cell == place; });
+            break;
+    }
+}
+
+void HostMenus::change(const std::function<int(const Book&)>& work, const QString& nothingChanged) {
+    bool changed = false;
+    session_.change([&](const Book& book) { return changed = work(book) > 0; });
+    if (!changed) {
+        questions_.tell(nothingChanged);
+    }
+}
+
+void HostMenus::copyLine(std::int32_t line) {
+    std::vector<std::int32_t> targets = EditableLines(session_.book());
+    targets.erase(std::remove(targets.begin(), targets.end(), line), targets.end());
+    QStringList captions;
+    for (const std::int32_t target : targets) {
+        captions << captionOf(session_.book(), target);
+    }
+    if (captions.isEmpty()) {
+        questions_.tell("There is no other line that can be edited.");
+        return;
+    }
+    const int chosen = questions_.chooseLine(QString("Copy \"%1\" to").arg(captionOf(session_.book(), line)), captions);
+    if (chosen >= 0) {
+        const std::int32_t target = targets[static_cast<std::size_t>(chosen)];
+        change([&](const Book& book) { return CopyLine(book, line, target); }, "Both lines hold the same values.");
+    }
+}
+
+void HostMenus::copyPeriod(std::int32_t period) {
+    const std::int32_t next = PeriodBehind(session_.book(), period);
+    if (next == 0) {
+        questions_.tell("There is no period behind this one.");
+        return;
+    }
+    change([&](const Book& book) { return CopyPeriod(book, period, next); }, "The next period holds the same values.");
+}
+
+void HostMenus::spreadTotal(std::int32_t line) {
+    const std::vector<std::int32_t> lines = EditableLines(session_.book());
+    if (std::find(lines.begin(), lines.end(), line) == lines.end()) {
+        questions_.tell("This line cannot be edited.");
+        return;
+    }
+    const QString text =
+        QString("Total of \"%1\" over all periods that are shown").arg(captionOf(session_.book(), line));
+    if (const std::optional<double> total = questions_.askNumber(text, TotalOf(session_.book(), line))) {
+        change([&](const Book& book) { return SpreadTotal(book, line, *total); }, "The line has this total already.");
+    }
+}
+
+void HostMenus::clear(const std::function<bool(CellPlace)>& which) {
+    change([&](const Book& book) { return ClearPending(book, which); }, "There is no pending change here.");
+}
+
+}  // namespace planbook

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QObject>
+#include <cstdint>
+#include <functional>
+
+#include "book/Book.h"
+#include "book/BookChanges.h"
+#include "book/HostCommands.h"
+
+namespace planview {
+class PlanViewWidget;
+}
+
+namespace planbook {
+
+class BookSession;
+class Questions;
+
+/// planbook's own entries in the view's popups: offers those of the book's menu tables, enabled when they can be done
+/// now, and does what the user chooses.
+class HostMenus : public QObject {
+    Q_OBJECT
+
+public:
+    HostMenus(planview::PlanViewWidget& view, BookSession& session, Questions& questions, QObject* parent = nullptr);
+
+Q_SIGNALS:
+    void reloadWanted();
+
+private:
+    /// Gives the view its tables anew.
+    void offer();
+    [[nodiscard]] bool canDo(HostCommand command) const;
+    void run(HostCommand command, CellPlace place);
+    /// Tells the user when `work` changed no cell.
+    void change(const std::function<int(const Book&)>& work, const QString& nothingChanged);
+    void copyLine(std::int32_t line);
+    void copyPeriod(std::int32_t period);
+    void spreadTotal(std::int32_t line);
+    void clear(const std::function<bool(CellPlace)>& which);
+
+    planview::PlanViewWidget& view_;
+    BookSession& session_;
+    Questions& questions_;
+};
+
+}  // namespace planbook

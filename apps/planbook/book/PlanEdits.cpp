@@ -1,0 +1,204 @@
+#include "book/PlanEdits.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <utility>
+
+#include "book/CellValue.h"
+
+namespace planbook {
+
+using planview::MemoryTable;
+using planview::Variant;
+
+namespace {
+
+using Place = std::pair<std::int32_t, std::int32_t>;
+
+Place PlaceAt(const MemoryTable& table, std::int32_t row) {
+    const auto number = [&](const char* field) {
+        return static_cast<std::int32_t>(NumberOf(table.Value(row, field)).value_or(0));
+    };
+    return {number("Z"), number("C")};
+}
+
+/// The first row of each cell of TAB or TAB_OLD.
+std::map<Place, std::int32_t> RowsByPlace(const MemoryTable& table) {
+    std::map<Place, std::int32_t> rows;
+    for (std::int32_t row = 1; row <= table.RowCount(); ++row) {
+        rows.emplace(PlaceAt(table, row), row);
+    }
+    return rows;
+}
+
+bool IsSet(const MemoryTable& table, std::int32_t row, const char* field) {
+    return table.Value(row, field).AsText() == "X";
+}
+
+std::int32_t NumberIn(const MemoryTable& table, std::int32_t row, const char* field) {
+    return static_cast<std::int32_t>(NumberOf(table.Value(row, field)).value_or(0));
+}
+
+std::vector<std::int32_t> PeriodsOf(const Book& book, bool hiddenToo) {
+    const MemoryTable& table = book[BookTable::ColsIndex];
+    std::vector<std::int32_t> periods;
+    for (std::int32_t row = 1; row <= table.RowCount(); ++row) {
+        if (hiddenToo || !IsSet(table, row, "COL_HIDDEN")) {
+            periods.push_back(NumberIn(table, row, "COLUMN"));
+        }
+    }
+    return periods;
+}
+
+/// Reads and writes the planning cells of a book.
+class Cells {
+public:
+    explicit Cells(const Book& book)
+        : tab_(book[BookTable::Tab]),
+          tabOld_(book[BookTable::TabOld]),
+          rows_(RowsByPlace(tab_)),
+          oldRows_(RowsByPlace(tabOld_)),
+          lines_(EditableLines(book)) {}
+
+    [[nodiscard]] Variant ValueOf(CellPlace cell) const {
+        const auto found = rows_.find({cell.row, cell.column});
+        return found == rows_.end() ? Variant() : tab_.Value(found->second, "V");
+    }
+    void Set(CellPlace cell, const Variant& value) {
+        const Variant before = ValueOf(cell);
+        if (std::find(lines_.begin(), lines_.end(), cell.row) == lines_.end() || SameValue(before, value)) {
+            return;
+        }
+        Put(tab_, rows_, cell, value);
+        if (oldRows_.find({cell.row, cell.column}) == oldRows_.end()) {
+            Put(tabOld_, oldRows_, cell, before);
+        }
+        ++changed_;
+    }
+    [[nodiscard]] int Changed() const noexcept { return changed_; }
+
+private:
+    static void Put(MemoryTable& table, std::map<Place, std::int32_t>& rows, CellPlace cell, const Variant& value) {
+        const auto [found, isNew] = rows.try_emplace({cell.row, cell.column}, 0);
+        if (isNew) {
+            found->second = table.AddRowWith({{"Z", cell.row}, {"C", cell.column}});
+        }
+        table.SetValue(found->second, "V", value);
+    }
+
+    MemoryTable& tab_;
+    MemoryTable& tabOld_;
+    std::map<Place, std::int32_t> rows_;
+    std::map<Place, std::int32_t> oldRows_;
+    std::vector<std::int32_t> lines_;
+    int changed_ = 0;
+};
+
+double ToCents(double number) {
+    return std::round(number * 100) / 100;
+}
+
+}  // namespace
+
+std::vector<std::int32_t> EditableLines(const Book& book) {
+    const MemoryTable& table = book[BookTable::LineIndex];
+    std::vector<std::int32_t> lines;
+    for (std::int32_t row = 1; row <= table.RowCount(); ++row) {
+        if (!IsSet(table, row, "READONLY") && !IsSet(table, row, "ROW_TEXT")) {
+            lines.push_back(NumberIn(table, row, "LINE"));
+        }
+    }
+    return lines;
+}
+
+std::int32_t PeriodBehind(const Book& book, std::int32_t period) {
+    const std::vector<std::int32_t> periods = PeriodsOf(book, true);
+    const auto found = std::find(periods.begin(), periods.end(), period);
+    return found == periods.end() || found + 1 == periods.end() ? 0 : *(found + 1);
+}
+
+double TotalOf(const Book& book, std::int32_t line) {
+    const Cells cells(book);
+    double total = 0;
+    for (const std::int32_t period : PeriodsOf(book, false)) {
+        total += NumberOf(cells.ValueOf({line, period})).value_or(0);
+    }
+    return total;
+}
+
+int CopyLine(const Book& book, std::int32_t from, std::int32_t to) {
+    Cells cells(book);
+    for (const std::int32_t period : PeriodsOf(book, true)) {
+        cells.Set({to, period}, cells.ValueOf({from, period}));
+    }
+    return cells.Changed();
+}
+
+int CopyPeriod(const Book& book, std::int32_t from, std::int32_t to) {
+    Cells cells(book);
+    for (const std::int32_t line : EditableLines(book)) {
+        cells.Set({line, to}, cells.ValueOf({line, from}));
+    }
+    return cells.Changed();
+}
+
+int CopyValueOn(const Book& book, CellPlace cell) {
+    Cells cells(book);
+    const Variant value = cells.ValueOf(cell);
+    const std::vector<std::int32_t> periods = PeriodsOf(book, true);
+    for (auto next = std::find(periods.begin(), periods.end(), cell.column); next != periods.end(); ++next) {
+        cells.Set({cell.row, *next}, value);
+    }
+    return cells.Changed();
+}
+
+int SpreadTotal(const Book& book, std::int32_t line, double total) {
+    Cells cells(book);
+    const std::vector<std::int32_t> periods = PeriodsOf(book, false);
+    std::vector<double> weights;
+    double sum = 0;
+    bool usable = true;
+    for (const std::int32_t period : periods) {
+        weights.push_back(NumberOf(cells.ValueOf({line, period})).value_or(0));
+        usable = usable && weights.back() >= 0;
+        sum += weights.back();
+    }
+    if (!usable || sum <= 0 || !std::isfinite(sum)) {
+        std::fill(weights.begin(), weights.end(), 1.0);
+        sum = static_cast<double>(weights.size());
+    }
+    // Each part ends where the rounded sum of all parts up to it ends, so that nothing is lost by rounding.
+    double weight = 0;
+    double spread = 0;
+    for (std::size_t i = 0; i < periods.size(); ++i) {
+        weight += weights[i];
+        const double upToHere = i + 1 == periods.size() ? total : ToCents(total * (weight / sum));
+        cells.Set({line, periods[i]}, ToCents(upToHere - spread));
+        spread = upToHere;
+    }
+    return cells.Changed();
+}
+
+int ClearPending(const Book& book, const std::function<bool(CellPlace)>& which) {
+    MemoryTable& tab = book[BookTable::Tab];
+    MemoryTable& tabOld = book[BookTable::TabOld];
+    const std::map<Place, std::int32_t> rows = RowsByPlace(tab);
+    int changed = 0;
+    for (std::int32_t row = tabOld.RowCount(); row >= 1; --row) {
+        const Place place = PlaceAt(tabOld, row);
+        if (!which({place.first, place.second})) {
+            continue;
+        }
+        const Variant before = tabOld.Value(row, "V");
+        const auto found = rows.find(place);
+        if (found != rows.end() && !SameValue(tab.Value(found->second, "V"), before)) {
+            tab.SetValue(found->second, "V", before);
+            ++changed;
+        }
+        tabOld.RemoveRow(row);
+    }
+    return changed;
+}
+
+}  // namespace planbook

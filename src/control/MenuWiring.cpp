@@ -1,0 +1,111 @@
+#include "control/MenuWiring.h"
+
+#include "control/ControlContext.h"
+#include "control/ViewCommands.h"
+#include "grid/CellRules.h"
+#include "grid/RowColors.h"
+#include "grid/Selection.h"
+#include "grid/TestData.h"
+#include "grid/modGrid.h"
+#include "trace/modPlan.h"
+
+namespace planview {
+
+namespace {
+
+/// Selecting by command is no change of the user's that the grid reports: it marks the tables itself.
+template <class Operation>
+void Select(ControlContext& context, const HostTable& table, const Operation& operation) {
+    operation(table, context.grid);
+    context.grid.Redraw();
+}
+
+template <class Operation>
+void Deselect(ControlContext& context, const HostTable& table, const Operation& operation) {
+    Select(context, table, operation);
+    context.hostUpdate.StartUpdate();
+}
+
+void ColorRows(ControlContext& context, RowColor which) {
+    const std::optional<int> position = context.menus.ChooseColor(context.menus.Place());
+    if (position) {
+        ColorSelectedRows(context.tables.LINE_INDEX, context.grid, which, modGrid::PaletteIndexOf(*position));
+        context.hostUpdate.StartUpdate();
+    }
+}
+
+void ToggleTrace(ControlContext& context) {
+    if (modPlan::TraceEnabled) {
+        modPlan::Trace_Disable(context.platform);
+    } else {
+        modPlan::Trace_Enable(context.platform);
+    }
+}
+
+void BindGridCommands(ControlContext& context) {
+    MenuCommands& commands = context.menus.Commands();
+    commands.Bind("MacroTree", [&] { ToggleMacroTree(context); });
+    commands.Bind("Switch", [&] { SwitchGrid(context); });
+    commands.Bind("Zoom", [&] { ZoomGrid(context); });
+    commands.Bind("TestData",
+                  [&] { FillWithTestData(context.grid, context.valueEntry, context.platform.messageBoxes); });
+    commands.Bind("Trace", [&] { ToggleTrace(context); });
+    commands.Bind("ShowTrace", [&] { modPlan::Trace_Show(context.platform); });
+    commands.Bind("CellCut", [&] { context.clipboard.Cut(); });
+    commands.Bind("CellCopy", [&] { context.clipboard.Copy(); });
+    commands.Bind("CellPaste", [&] { context.clipboard.Paste(); });
+}
+
+void BindColumnCommands(ControlContext& context) {
+    MenuCommands& commands = context.menus.Commands();
+    const HostTable& table = context.tables.COLS_INDEX;
+    commands.Bind("ColsSelectAll", [&] { Select(context, table, SelectAllColumns); });
+    commands.Bind("ColsSelectBlock", [&] { Select(context, table, SelectBlockColumns); });
+    commands.Bind("ColsDeselect", [&] { Deselect(context, table, DeselectAllColumns); });
+    commands.Bind("ColsHide", [&] { context.commands.HideColumns(); });
+    commands.Bind("ColsShow", [&] { context.commands.ShowColumns(); });
+    for (const std::string_view command : {"WidthReset", "WidthResetAll"}) {
+        commands.Bind(command, [&] { context.commands.ResetWidths(); });
+    }
+}
+
+void BindRowCommands(ControlContext& context) {
+    MenuCommands& commands = context.menus.Commands();
+    const HostTable& table = context.tables.LINE_INDEX;
+    commands.Bind("RowsSelectAll", [&] { Select(context, table, SelectAllRows); });
+    commands.Bind("RowsSelectBlock", [&] { Select(context, table, SelectBlockRows); });
+    commands.Bind("RowsDeselect", [&] { Deselect(context, table, DeselectAllRows); });
+    commands.Bind("RowsHide", [&] { context.commands.HideRows(); });
+    commands.Bind("RowsShow", [&] { context.commands.ShowRows(); });
+    commands.Bind("RowBgColor", [&] { ColorRows(context, RowColor::Background); });
+    commands.Bind("RowFgColor", [&] { ColorRows(context, RowColor::Foreground); });
+    for (const std::string_view command : {"HeightReset", "HeightResetAll"}) {
+        commands.Bind(command, [&] { context.commands.ResetHeights(); });
+    }
+}
+
+}  // namespace
+
+void BindMenuCommands(ControlContext& context) {
+    BindGridCommands(context);
+    BindColumnCommands(context);
+    BindRowCommands(context);
+}
+
+MenuState MenuStateOf(const ControlContext& context, const CellKey& clicked) {
+    MenuState state;
+    state.layoutMode = context.layout.LayoutMode();
+    state.treeShown = context.settings.treeShown;
+    state.chartShown = context.settings.chartShown;
+    state.switched = context.settings.switched;
+    state.zoomed = context.settings.zoomed;
+    state.traceOn = modPlan::TraceEnabled;
+    state.columns = ColumnState(context.grid);
+    state.rows = RowState(context.grid);
+    state.forecastView = context.forecastView;
+    const std::optional<Cell> cell = context.grid.FindCell(clicked);
+    state.editable = cell && RefusalOf(context.grid, *cell) == Refusal::None;
+    return state;
+}
+
+}  // namespace planview

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+
+#include "automation/HostTable.h"
+#include "components/GridControl.h"
+
+namespace planview {
+
+enum class RowColor { Background, Foreground };
+
+/// Writes the palette index into `ROW_BG` or `ROW_FG` of the rows whose header is selected, then shows it.
+void ColorSelectedRows(HostTable lineIndex, GridControl& grid, RowColor which, std::int16_t color);
+
+}  // namespace planview

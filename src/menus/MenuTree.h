@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace planview {
+
+/// The popups, by the index of their top entry. The gaps are part of the design.
+enum class MainMenu : std::int16_t {
+    Grid = 10,
+    Column = 20,
+    Row = 30,
+    Cell = 40,
+    Chart = 50,
+    Series = 60,
+    Trendline = 70,
+    Colors = 100,
+    Macro = 110,
+    MacroFunction = 120
+};
+
+/// One line of the menu tree. Lines follow each other as they are shown; those deeper than a line and directly behind
+/// it stand below it.
+struct MenuLine {
+    int depth;                       ///< 0 for the top entries, of which each holds one popup
+    std::string_view name;           ///< unique but for the entries of a control array
+    std::string_view caption;        ///< "-" makes a separator
+    std::string_view command = {};   ///< what choosing the entry asks for; none where it opens a submenu
+    std::string_view shortcut = {};  ///< shown only
+    int index = -1;                  ///< within its control array; -1 outside of one
+
+    [[nodiscard]] bool IsSeparator() const noexcept { return caption == "-"; }
+};
+
+[[nodiscard]] std::span<const MenuLine> MenuTree() noexcept;
+
+/// The place of the entry in the tree; throws InvalidArgument for a name that it does not have.
+[[nodiscard]] std::size_t FindMenuLine(std::string_view name, int index = -1);
+
+}  // namespace planview

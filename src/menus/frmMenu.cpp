@@ -1,0 +1,109 @@
+#include "menus/frmMenu.h"
+
+#include <algorithm>
+
+#include "grid/modGrid.h"
+#include "trace/TraceText.h"
+
+namespace planview {
+
+namespace {
+
+/// "mnuChart", or "mnuColor(3)" within a control array.
+std::string EntryName(const MenuLine& line) {
+    return line.index < 0 ? std::string(line.name) : std::string(line.name) + "(" + std::to_string(line.index) + ")";
+}
+
+PopupEntry MakeEntry(const MenuLine& line) {
+    PopupEntry entry;
+    if (line.IsSeparator()) {
+        entry.separator = true;
+        return entry;
+    }
+    entry.name = EntryName(line);
+    entry.caption = line.caption;
+    entry.shortcut = line.shortcut;
+    if (line.name == "mnuColor") {
+        entry.swatch = modGrid::PaletteColorOf(modGrid::PaletteIndexOf(line.index));
+    }
+    return entry;
+}
+
+}  // namespace
+
+frmMenu::frmMenu() : states_(MenuTree().size()) {}
+
+void frmMenu::Enable(std::string_view name, bool enabled) {
+    states_[FindMenuLine(name)].enabled = enabled;
+}
+
+void frmMenu::Check(std::string_view name, bool checked) {
+    states_[FindMenuLine(name)].checked = checked;
+}
+
+bool frmMenu::IsEnabled(std::string_view name) const {
+    return states_[FindMenuLine(name)].enabled;
+}
+
+bool frmMenu::IsChecked(std::string_view name) const {
+    return states_[FindMenuLine(name)].checked;
+}
+
+void frmMenu::EnableCommand(std::string_view command, bool enabled) {
+    for (std::size_t i = 0; i < states_.size(); ++i) {
+        if (MenuTree()[i].command == command) {
+            states_[i].enabled = enabled;
+        }
+    }
+}
+
+std::vector<PopupEntry> frmMenu::EntriesBelow(std::size_t line) const {
+    const auto tree = MenuTree();
+    const int depth = tree[line].depth;
+    std::vector<PopupEntry> entries;
+    for (std::size_t i = line + 1; i < tree.size() && tree[i].depth > depth; ++i) {
+        if (tree[i].depth != depth + 1) {
+            continue;  // stands below one of the entries
+        }
+        PopupEntry entry = MakeEntry(tree[i]);
+        entry.enabled = states_[i].enabled;
+        entry.checked = states_[i].checked;
+        if (!entry.separator && tree[i].command.empty()) {
+            entry.name.clear();
+            entry.entries = EntriesBelow(i);
+            entry.enabled = entry.enabled && std::any_of(entry.entries.begin(), entry.entries.end(),
+                                                         [](const auto& e) { return !e.separator && e.enabled; });
+        }
+        entries.push_back(std::move(entry));
+    }
+    return entries;
+}
+
+/// The popups of the grid stand one level deeper than those of the chart and the macro tree.
+PopupMenu frmMenu::PopupOf(MainMenu which) const {
+    const auto index = static_cast<int>(which);
+    const std::size_t top = FindMenuLine("mnuMain", index);
+    return {std::string(MenuTree()[top].caption), EntriesBelow(which <= MainMenu::Cell ? top + 1 : top)};
+}
+
+void frmMenu::Click(std::string_view entryName) {
+    for (const MenuLine& line : MenuTree()) {
+        if (!line.command.empty() && EntryName(line) == entryName) {
+            Keep(line.command, 0);
+            return;
+        }
+    }
+}
+
+void frmMenu::ClickHostEntry(std::string_view command, int slot) {
+    Keep(command, slot);
+}
+
+void frmMenu::Keep(std::string_view command, int slot) {
+    if (modPlan::TraceEnabled) {
+        modPlan::TraceWrite("POPUP", TraceText("{menu: ", command, "}"), "Selected", "");
+    }
+    pending_ = {std::string(command), slot};
+}
+
+}  // namespace planview

@@ -1,0 +1,187 @@
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+#include <planview/qt/PlanViewWidget.h>
+
+#include "app/BookSession.h"
+#include "app/HostMessageBoxes.h"
+#include "app/MainWindow.h"
+#include "book/BookSnapshot.h"
+#include "book/BookStore.h"
+#include "book/HostCommands.h"
+#include "book/PlanEdits.h"
+#include "components/GridControl.h"
+#include "planbook/ScriptedQuestions.h"
+#include "planbook/TestBook.h"
+
+namespace planbook {
+namespace {
+
+using planview::MemoryTable;
+using planview::PlanViewWidget;
+using planview::Variant;
+
+/// The values of a line, period by period.
+std::string LineOf(const Book& book, int line) {
+    const BookSnapshot snapshot(book);
+    std::string text;
+    for (int period = 1; period <= 4; ++period) {
+        text += (period == 1 ? "" : " ") + snapshot.ValueOf({line, period}).AsText();
+    }
+    return text;
+}
+
+std::string OldValues(const Book& book) {
+    const MemoryTable& table = book[BookTable::TabOld];
+    std::string text;
+    for (std::int32_t row = 1; row <= table.RowCount(); ++row) {
+        const auto field = [&](const char* name) { return table.Value(row, name).AsText(); };
+        text += (row == 1 ? "" : " ") + field("Z") + "," + field("C") + "=" + field("V");
+    }
+    return text;
+}
+
+/// planbook's window with the small book and someone who chooses host entries.
+struct Host {
+    explicit Host(const std::filesystem::path& book) : file(book), window(boxes, false, &questions) {
+        window.openBook(file);
+    }
+    void Choose(HostCommand command, int line, int period) {
+        const QString number = QString::number(static_cast<int>(command));
+        Q_EMIT window.view().GridPopupMenuPressed(0, number, static_cast<short>(period), QString(),
+                                                  static_cast<short>(line), QString());
+        QApplication::processEvents();
+    }
+    /// "1 11 (12)": the numbers of the entries that the view offers, those that are disabled in brackets.
+    std::string Offered(const planview::ObjectRef& object) {
+        const auto& table = dynamic_cast<const MemoryTable&>(*object);
+        std::string text;
+        for (std::int32_t row = 1; row <= table.RowCount(); ++row) {
+            const std::string number = table.Value(row, "PFID").AsText();
+            text += (row == 1 ? "" : " ") + (table.Value(row, "ENABLED").AsText() == "X" ? number : "(" + number + ")");
+        }
+        return text;
+    }
+    std::string Line(int line) { return LineOf(LoadBook(file), line); }
+
+    std::filesystem::path file;
+    ScriptedQuestions questions;
+    HostMessageBoxes boxes;
+    MainWindow window;
+};
+
+}  // namespace
+
+TEST(PlanEdits, SpreadingKeepsTheTotalAndTheProportions) {
+    const TestFolder folder;
+    const std::filesystem::path file = MakeSmallBook(folder);
+    const struct {
+        const char* name;
+        std::vector<double> present;
+        double total;
+        const char* line;
+    } cases[] = {
+        {"proportions stay", {1, 2, 3, 4}, 100, "10 20 30 40"},
+        {"nothing is lost by rounding", {1, 1, 1, 0}, 100, "33.33 33.34 33.33 0"},
+        {"evenly where there was nothing", {0, 0, 0, 0}, 10, "2.5 2.5 2.5 2.5"},
+        {"evenly where something was negative", {-1, 5, 0, 0}, 8, "2 2 2 2"},
+        {"a total below zero", {1, 1, 2, 0}, -8, "-2 -2 -4 0"},
+    };
+    for (const auto& row : cases) {
+        const Book book = LoadBook(file);
+        MemoryTable& tab = book[BookTable::Tab];
+        tab.Clear();
+        for (std::size_t i = 0; i < row.present.size(); ++i) {
+            tab.AddRowWith({{"Z", 1}, {"C", static_cast<std::int32_t>(i) + 1}, {"V", row.present[i]}});
+        }
+        SpreadTotal(book, 1, row.total);
+        EXPECT_EQ(LineOf(book, 1), row.line) << row.name;
+    }
+}
+
+TEST(PlanEdits, LeaveAloneWhatCannotBeEdited) {
+    const TestFolder folder;
+    const Book book = LoadBook(MakeSmallBook(folder));
+    book[BookTable::LineIndex].SetValue(2, "READONLY", "X");
+    book[BookTable::LineIndex].SetValue(3, "ROW_TEXT", "X");
+    EXPECT_EQ(EditableLines(book), (std::vector<std::int32_t>{1}));
+    const std::string before = DumpBook(book);
+    EXPECT_EQ(CopyLine(book, 1, 2), 0);
+    EXPECT_EQ(CopyLine(book, 1, 3), 0);
+    EXPECT_EQ(SpreadTotal(book, 2, 5), 0);
+    EXPECT_EQ(CopyValueOn(book, {2, 1}), 0);
+    EXPECT_EQ(DumpBook(book), before);
+    EXPECT_EQ(CopyPeriod(book, 1, 2), 1);
+}
+
+TEST(HostMenus, EveryEntryDoesItsWorkInTheFile) {
+    const TestFolder folder;
+    Host host(MakeSmallBook(folder));
+    const std::string beta = host.Line(2);
+    host.questions.chosenLine = 0;  // Beta: the line itself is not offered
+    host.Choose(HostCommand::CopyLine, 1, 0);
+    EXPECT_EQ(host.questions.asked, "Copy \"Alpha\" to: Beta, Gamma");
+    EXPECT_EQ(host.Line(2), host.Line(1));
+    EXPECT_EQ(host.window.view().pendingChanges(), 4);
+    host.Choose(HostCommand::ClearCell, 2, 1);
+    EXPECT_EQ(host.window.view().pendingChanges(), 3);
+    host.Choose(HostCommand::ClearLine, 2, 0);
+    EXPECT_EQ(host.Line(2), beta);
+    EXPECT_EQ(OldValues(LoadBook(host.file)), "");
+
+    host.questions.number = 100;
+    host.Choose(HostCommand::SpreadTotal, 1, 0);
+    EXPECT_EQ(host.questions.asked.substr(0, 60), "Total of \"Alpha\" over all periods that are shown: 10.000000");
+    EXPECT_EQ(host.Line(1), "10 20 30 40");
+    host.Choose(HostCommand::CopyValue, 1, 2);
+    EXPECT_EQ(host.Line(1), "10 20 20 20");
+    EXPECT_EQ(OldValues(LoadBook(host.file)), "1,1=1 1,2=2 1,3=3 1,4=4") << "the first value before all changes";
+    host.Choose(HostCommand::CopyPeriod, 0, 1);
+    EXPECT_EQ(host.Line(1), "10 10 20 20");
+    host.Choose(HostCommand::ClearPeriod, 0, 2);
+    EXPECT_EQ(host.Line(1), "10 2 20 20");
+    EXPECT_EQ(host.Line(2), beta);
+    host.Choose(HostCommand::RevertChanges, 0, 0);
+    EXPECT_EQ(host.Line(1), "1 2 3 4");
+    host.questions.number = 40;
+    host.Choose(HostCommand::SpreadTotal, 1, 0);
+    host.Choose(HostCommand::AcceptChanges, 0, 0);
+    EXPECT_EQ(OldValues(LoadBook(host.file)), "");
+    EXPECT_EQ(host.Line(1), "4 8 12 16");
+    EXPECT_TRUE(host.questions.failures.empty());
+    EXPECT_TRUE(host.questions.news.empty()) << host.questions.news.front();
+}
+
+TEST(HostMenus, NothingChosenOrNothingToDoChangesNothing) {
+    const TestFolder folder;
+    Host host(MakeSmallBook(folder));
+    const std::string before = DumpFile(host.file);
+    host.questions.chosenLine = -1;
+    host.Choose(HostCommand::CopyLine, 1, 0);
+    host.Choose(HostCommand::SpreadTotal, 1, 0);
+    EXPECT_TRUE(host.questions.news.empty());
+    host.Choose(HostCommand::CopyPeriod, 0, 4);
+    EXPECT_EQ(host.questions.news.back(), "There is no period behind this one.");
+    host.Choose(HostCommand::ClearCell, 1, 1);  // disabled: there is no pending change at all
+    host.Choose(static_cast<HostCommand>(999), 1, 1);
+    EXPECT_EQ(DumpFile(host.file), before);
+}
+
+TEST(HostMenus, EntriesAreEnabledWhenTheyCanBeDone) {
+    const TestFolder folder;
+    Host host(MakeSmallBook(folder));
+    PlanViewWidget& view = host.window.view();
+    EXPECT_EQ(host.Offered(view.PROP_Get_GRIDMENU()), "1 (2) (3)");
+    EXPECT_EQ(host.Offered(view.PROP_Get_COLMENU()), "11 (12)");
+    EXPECT_EQ(host.Offered(view.PROP_Get_ROWMENU()), "21 22 (23)");
+    EXPECT_EQ(host.Offered(view.PROP_Get_CELLMENU()), "31 (32)");
+    const std::string menus = DumpTable(LoadBook(host.file), BookTable::GridMenu);
+    host.Choose(HostCommand::CopyValue, 1, 1);
+    QApplication::processEvents();
+    EXPECT_EQ(host.Offered(view.PROP_Get_GRIDMENU()), "1 2 3");
+    EXPECT_EQ(host.Offered(view.PROP_Get_CELLMENU()), "31 32");
+    EXPECT_EQ(DumpTable(LoadBook(host.file), BookTable::GridMenu), menus) << "the book keeps its own";
+}
+
+}  // namespace planbook

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/Questions.h"
+
+namespace planbook {
+
+/// Answers in the user's place and keeps what was said.
+class ScriptedQuestions final : public Questions {
+public:
+    void tellFailure(const QString& text) override { failures.push_back(text.toStdString()); }
+    void tell(const QString& text) override { news.push_back(text.toStdString()); }
+    [[nodiscard]] bool mayRevert(int changes) override {
+        revertAsked = changes;
+        return revert;
+    }
+    [[nodiscard]] Keep whoseValues(const std::vector<DisputedCell>& cells) override {
+        disputes.push_back(cells);
+        return keep;
+    }
+
+    [[nodiscard]] int chooseLine(const QString& text, const QStringList& lines) override {
+        asked = text.toStdString() + ": " + lines.join(", ").toStdString();
+        return chosenLine;
+    }
+    [[nodiscard]] std::optional<double> askNumber(const QString& text, double present) override {
+        asked = text.toStdString() + ": " + std::to_string(present);
+        return number;
+    }
+
+    int chosenLine = 0;
+    std::optional<double> number;
+    std::string asked;
+    bool revert = true;
+    Keep keep = Keep::Mine;
+    int revertAsked = 0;
+    std::vector<std::string> failures;
+    std::vector<std::string> news;
+    std::vector<std::vector<DisputedCell>> disputes;
+};
+
+}  // namespace planbook
