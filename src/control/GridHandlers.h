@@ -26,6 +26,8 @@ public:
     void MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) override;
     bool KeyDown(std::int16_t shift, std::int16_t keyCode) override;
     void KeyPress(std::int16_t character) override;
+    void ShowHiddenColumns(const std::vector<std::string>& columns) override;
+    void ShowHiddenRows(const std::vector<std::string>& rows) override;
     void FocusIn() override;
     void FocusOut() override;
 
