@@ -10,19 +10,36 @@ CellTable::CellTable(HostTable table, Lookup lookup) : table_(std::move(table)),
     }
 }
 
-HostTable::Row CellTable::Find(std::int16_t row, std::int16_t column) const {
-    if (indexed_) {
-        const auto found = index_.find(Key(row, column));
-        return found == index_.end() ? HostTable::Row{0} : found->second;
+HostTable::Row CellTable::Find(std::int16_t row, std::int16_t column) {
+    if (!indexed_) {
+        return FirstMatch(row, column);
     }
+    const HostTable::Row found = InIndex(row, column);
+    if (table_.RowCount() == indexedRows_ && (found == 0 || IsAt(found, row, column))) {
+        return found;
+    }
+    BuildIndex();
+    return InIndex(row, column);
+}
+
+HostTable::Row CellTable::FirstMatch(std::int16_t row, std::int16_t column) const {
     const int count = table_.RowCount();
     for (int i = 1; i <= count; ++i) {
         const auto tableRow = static_cast<HostTable::Row>(i);
-        if (table_.Int16(tableRow, "Z") == row && table_.Int16(tableRow, "C") == column) {
+        if (IsAt(tableRow, row, column)) {
             return tableRow;
         }
     }
     return 0;
+}
+
+HostTable::Row CellTable::InIndex(std::int16_t row, std::int16_t column) const {
+    const auto found = index_.find(Key(row, column));
+    return found == index_.end() ? HostTable::Row{0} : found->second;
+}
+
+bool CellTable::IsAt(HostTable::Row tableRow, std::int16_t row, std::int16_t column) const {
+    return table_.Int16(tableRow, "Z") == row && table_.Int16(tableRow, "C") == column;
 }
 
 void CellTable::Add(std::int16_t row, std::int16_t column, const Variant& value) {
@@ -32,11 +49,14 @@ void CellTable::Add(std::int16_t row, std::int16_t column, const Variant& value)
     table_.Put(tableRow, "V", value);
     if (indexed_) {
         index_.emplace(Key(row, column), tableRow);
+        indexedRows_ = table_.RowCount();
     }
 }
 
 void CellTable::BuildIndex() {
     const int count = table_.RowCount();
+    indexedRows_ = count;
+    index_.clear();
     index_.reserve(static_cast<std::size_t>(count));
     for (int i = 1; i <= count; ++i) {
         const auto tableRow = static_cast<HostTable::Row>(i);

@@ -72,6 +72,28 @@ private:
     }
 };
 
+/// Brackets the events of an action that announces several values, also when it fails half-way.
+class ValueEntry::BulkAnnouncement {
+public:
+    BulkAnnouncement(const ValueEntryParts& parts, Announce announce, std::size_t count)
+        : parts_(parts), running_(announce == Announce::EachValue && count > 1) {
+        Tell(true);
+    }
+    ~BulkAnnouncement() { Tell(false); }
+    BulkAnnouncement(const BulkAnnouncement&) = delete;
+    BulkAnnouncement& operator=(const BulkAnnouncement&) = delete;
+
+private:
+    void Tell(bool running) const noexcept {
+        if (running_ && parts_.tellBulk) {
+            ResumeNext([&] { parts_.tellBulk(running); });
+        }
+    }
+
+    const ValueEntryParts& parts_;
+    bool running_;
+};
+
 void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text) {
     const CellKey cell{std::string(keys.column), std::string(keys.row)};
     const BusyScope busy(parts_.busy);
@@ -83,9 +105,10 @@ void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text) {
 
 BulkResult ValueEntry::ChangeCells(std::span<const NewValue> values) {
     BulkResult result;
+    const Announce announce = AnnounceFor(values.size());
+    const BulkAnnouncement bulk(parts_, announce, values.size());
     const BusyScope busy(parts_.busy);
     const RedrawHeld held(parts_.grid);
-    const Announce announce = AnnounceFor(values.size());
     Transaction transaction(parts_.tables, values.size());
     for (const NewValue& next : values) {
         const std::string* text = next.value.TextIf();
@@ -125,9 +148,10 @@ void ValueEntry::Redo() {
 
 void ValueEntry::Apply(const UndoStep& step, bool backwards) {
     const UndoStep changes = step;  // the host may end the history from inside an event
+    const Announce announce = AnnounceFor(changes.size());
+    const BulkAnnouncement bulk(parts_, announce, changes.size());
     const BusyScope busy(parts_.busy);
     const RedrawHeld held(parts_.grid);
-    const Announce announce = AnnounceFor(changes.size());
     Transaction transaction(parts_.tables, changes.size());
     for (std::size_t i = 0; i < changes.size(); ++i) {
         const CellChange& change = changes[backwards ? changes.size() - 1 - i : i];
@@ -223,7 +247,7 @@ void ValueEntry::TellNotStored(const std::string& error) noexcept {
 
 void ValueEntry::ShowWhatTabHolds(const CellKey& cell) noexcept {
     ResumeNext([&] {
-        const CellTable tab(parts_.tables.TAB, CellTable::Lookup::Walk);
+        CellTable tab(parts_.tables.TAB, CellTable::Lookup::Walk);
         const HostTable::Row row = tab.Find(modGrid::PositionOf(cell.row), modGrid::PositionOf(cell.column));
         modGrid::Contents(parts_.grid, cell, row == 0 ? std::string() : CellText(tab.Value(row)), true);
     });
