@@ -44,10 +44,11 @@ struct Limit {
     double hope;
 };
 
-constexpr std::array<Limit, 3> Limits{{
+constexpr std::array<Limit, 4> Limits{{
     {"one edit in a TAB of 32,767 rows, the last row", "EditLastCell", 2, 0.5},
     {"key press to painted cell, 181 × 181", "TypeAndPaint", 8, 4},
-    {"select all of 181 × 181 and add it up", "SelectAll", 16, 8},
+    {"select all of 181 × 181 and add it up", "SelectAll/181", 16, 8},
+    {"the same of 5,000 × 181", "SelectAll/5000", 16, 8},
 }};
 
 constexpr std::array<const char*, 3> FlatSubjects{"Create/20", "Create/60", "Create/181"};

@@ -32,33 +32,31 @@ Cell CellAt(GridControl& grid, int row, int column) {
     return grid.FindCell({"COL" + std::to_string(column), "ROW" + std::to_string(row)}).value();
 }
 
-/// A control without a window, over a TAB of 32,767 rows of which the last one is the cell in the lower right corner.
-struct FullControl {
-    FullControl() : tables(MakeTables(Plan(Side))), control(platform.Interfaces()) {
-        tables.tab->RemoveRow(tables.tab->RowCount());
-        while (tables.tab->RowCount() < FullTable - 1) {
-            tables.AddValue(0, tables.tab->RowCount(), 0);
-        }
-        tables.AddValue(Side, Side, 1);
-        tables.GiveTo(control);
-        control.DP_Import_Attribute();
-        control.DP_Import_Create();
+/// A TAB of 32,767 rows of which the last one is the cell in the lower right corner.
+test::Tables FullTables() {
+    test::Tables tables = MakeTables(Plan(Side));
+    tables.tab->RemoveRow(tables.tab->RowCount());
+    while (tables.tab->RowCount() < FullTable - 1) {
+        tables.AddValue(0, tables.tab->RowCount(), 0);
     }
-
-    test::Tables tables;
-    test::ScriptedPlatform platform;
-    PlanView control;
-};
+    tables.AddValue(Side, Side, 1);
+    return tables;
+}
 
 void EditLastCell(benchmark::State& state) {
-    FullControl full;
-    GridControl& grid = full.control.Grid();
+    const test::Tables tables = FullTables();
+    test::ScriptedPlatform platform;
+    PlanView control(platform.Interfaces());
+    tables.GiveTo(control);
+    control.DP_Import_Attribute();
+    control.DP_Import_Create();
+    GridControl& grid = control.Grid();
     const Cell cell = CellAt(grid, Side, Side);
     int count = 0;
     for ([[maybe_unused]] auto _ : state) {
         grid.EnterText(cell, std::to_string(++count) + ",5");
     }
-    if (full.tables.tab->Value(FullTable, "V") != Variant(std::to_string(count) + ",5")) {
+    if (tables.tab->Value(FullTable, "V") != Variant(std::to_string(count) + ",5")) {
         state.SkipWithError("the edits did not reach the last row");
     }
 }
@@ -75,22 +73,32 @@ std::string Block(int salt) {
     return text;
 }
 
-/// Each paste finds no old values, as after accepting changes, and writes one for each cell.
+// --- On the screen
+
+/// On the screen, painted. Each paste finds no old values, as after accepting changes, and writes one for each cell.
 void PasteBlock(benchmark::State& state) {
-    FullControl full;
-    GridControl& grid = full.control.Grid();
+    test::Tables tables = FullTables();
+    test::ScriptedPlatform platform;
+    PlanViewWidget widget(PlatformOverrides{.clipboard = &platform});
+    tables.GiveTo(widget.control());
+    widget.DP_Import_Attribute();
+    widget.DP_Import_Create();
+    widget.resize(WindowSize);
+    widget.show();
     const std::string blocks[] = {Block(0), Block(1)};
     std::size_t count = 0;
     for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
-        full.tables.tabOld->Clear();
-        full.platform.onClipboard.text = blocks[++count % 2];
-        grid.SelectCell(CellAt(grid, 1, 1), SelectionMode::Replace);
+        tables.tabOld->Clear();
+        platform.onClipboard.text = blocks[++count % 2];
+        widget.selectCell("COL1", "ROW1");
+        QApplication::processEvents();
         state.ResumeTiming();
 
-        full.control.Paste();
+        widget.paste();
+        QApplication::processEvents();
     }
-    if (full.tables.tabOld->RowCount() != BlockSide * BlockSide) {
+    if (tables.tabOld->RowCount() != BlockSide * BlockSide) {
         state.SkipWithError("not every cell was pasted");
     }
 }
@@ -98,6 +106,9 @@ void PasteBlock(benchmark::State& state) {
 void PeerPasteBlock(benchmark::State& state) {
     QTableWidget table;
     FillPeer(table, PeerSource(Plan(Side)));
+    table.resize(WindowSize);
+    table.show();
+    QApplication::processEvents();
     const QString blocks[] = {QString::fromStdString(Block(0)), QString::fromStdString(Block(1))};
     std::size_t count = 0;
     for ([[maybe_unused]] auto _ : state) {
@@ -108,10 +119,9 @@ void PeerPasteBlock(benchmark::State& state) {
                 table.setItem(row, column, new QTableWidgetItem(texts[column]));
             }
         }
+        QApplication::processEvents();
     }
 }
-
-// --- On the screen
 
 constexpr int ManyRows = 5000;
 constexpr int HideEvery = 5;
@@ -220,9 +230,14 @@ void TypeAndPaint(benchmark::State& state) {
     }
 }
 
+/// As many values as TAB holds, in a grid with this many rows of 181 columns.
 void SumUp(benchmark::State& state) {
+    const auto rows = static_cast<int>(state.range(0));
     const Plan plan(Side);
-    const test::Tables tables = MakeTables(plan);
+    test::Tables tables = MakeTables(plan);
+    for (int row = Side + 1; row <= rows; ++row) {
+        tables.AddLine(row, "Line", {{"ROW_HEIGHT", RowHeight}, {"ROW_WIDTH", ColumnWidth}});
+    }
     PlanViewWidget widget;
     tables.GiveTo(widget.control());
     widget.DP_Import_Attribute();
@@ -234,7 +249,7 @@ void SumUp(benchmark::State& state) {
         grid.SelectAll();
         QApplication::processEvents();
         state.PauseTiming();
-        if (widget.selectedCells() < plan.CellCount()) {
+        if (widget.selectedCells() != rows * Side) {
             state.SkipWithError("not everything is summed up");
         }
         grid.ClearSelection();
@@ -249,7 +264,7 @@ BENCHMARK(PeerPasteBlock)->Unit(benchmark::kMicrosecond);
 BENCHMARK(HideRows)->Unit(benchmark::kMicrosecond);
 BENCHMARK(PeerHideRows)->Unit(benchmark::kMicrosecond);
 BENCHMARK(TypeAndPaint)->Unit(benchmark::kMicrosecond);
-BENCHMARK(SumUp)->Name("SelectAll")->Unit(benchmark::kMicrosecond);
+BENCHMARK(SumUp)->Name("SelectAll")->Arg(Side)->Arg(ManyRows)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
