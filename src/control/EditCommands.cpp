@@ -68,6 +68,7 @@ void PlanView::ShowSelectedColumnsInChart() {
 void PlanView::ShowSelectedRowsInChart() {
     Guarded(state_, ChartLabel, "RowsShowInChart",
             [](ControlContext& context) { context.chartCommands.RowsShowInChart(); });
+}
 
 void PlanView::HideColumns() {
     Guarded(state_, GridControlLabel, "#HIDE COLUMNS#",

@@ -1,20 +1,24 @@
 #pragma once
 
 #include <cstdint>
-#include <unordered_map>
 
 #include "automation/HostTable.h"
+#include "grid/CellIndex.h"
 
 namespace planview {
 
 /// TAB or TAB_OLD as a place of cells: finds the first row whose `Z` and `C` match.
 ///
 /// One search walks the table. For the length of a bulk change an index over the rows can be kept; it is dropped with
-/// the object, because between user actions the host may change its tables at will. Should it do so even in between,
-/// when it hears of a value, the index is built anew.
+/// the object, because between user actions the host may change its tables at will. Should it do so in between, the
+/// index is built anew.
 class CellTable {
 public:
-    enum class Lookup { Walk, Indexed };
+    enum class Lookup {
+        Walk,
+        Indexed,        ///< for an action in which the host hears nothing
+        IndexedWatched  ///< for one in which it may change the rows at every value that it hears of
+    };
 
     CellTable(HostTable table, Lookup lookup);
 
@@ -26,18 +30,14 @@ public:
     void Add(std::int16_t row, std::int16_t column, const Variant& value);
 
 private:
-    [[nodiscard]] static std::uint32_t Key(std::int16_t row, std::int16_t column) noexcept {
-        return static_cast<std::uint32_t>(static_cast<std::uint16_t>(row)) << 16U | static_cast<std::uint16_t>(column);
-    }
     void BuildIndex();
     [[nodiscard]] HostTable::Row FirstMatch(std::int16_t row, std::int16_t column) const;
-    [[nodiscard]] HostTable::Row InIndex(std::int16_t row, std::int16_t column) const;
     [[nodiscard]] bool IsAt(HostTable::Row tableRow, std::int16_t row, std::int16_t column) const;
 
     HostTable table_;
-    bool indexed_;
+    Lookup lookup_;
     int indexedRows_ = 0;
-    std::unordered_map<std::uint32_t, HostTable::Row> index_;
+    CellIndex index_;
 };
 
 }  // namespace planview

@@ -32,7 +32,14 @@ std::string Shown(const Variant& value) {
 /// What the grid shows of an entered value: a number in the control's own form, any other text as it is.
 std::string EnteredText(CellKeyView cell, const Variant& value) {
     const std::string* text = value.TextIf();
-    return IsPlanningCell(cell) && (!text || TryParseNumber(*text)) ? CellText(value) : value.AsText();
+    if (!IsPlanningCell(cell)) {
+        return value.AsText();
+    }
+    if (!text) {
+        return CellText(value);
+    }
+    const std::optional<double> number = TryParseNumber(*text);
+    return number ? NumberText(*number, GridDecimalMark) : *text;
 }
 
 /// Holds the grid's repaint back until the outermost change ends.
@@ -58,8 +65,12 @@ private:
 /// What one user action needs of the tables, held for its length.
 class ValueEntry::Transaction {
 public:
-    Transaction(const TableSlots& tables, std::size_t cells)
-        : tab(tables.TAB, LookupFor(cells)), tabOld(tables.TAB_OLD, LookupFor(cells)), lookup(tables) {}
+    Transaction(const TableSlots& tables, std::size_t cells, Announce announce)
+        : tab(tables.TAB, LookupFor(cells, announce)),
+          tabOld(tables.TAB_OLD, LookupFor(cells, announce)),
+          lookup(tables) {
+        step.reserve(cells);
+    }
 
     CellTable tab;
     CellTable tabOld;
@@ -67,8 +78,11 @@ public:
     UndoStep step;
 
 private:
-    static CellTable::Lookup LookupFor(std::size_t cells) noexcept {
-        return cells < IndexedFrom ? CellTable::Lookup::Walk : CellTable::Lookup::Indexed;
+    static CellTable::Lookup LookupFor(std::size_t cells, Announce announce) noexcept {
+        using Lookup = CellTable::Lookup;
+        return cells < IndexedFrom              ? Lookup::Walk
+               : announce == Announce::Silently ? Lookup::Indexed
+                                                : Lookup::IndexedWatched;
     }
 };
 
@@ -97,7 +111,7 @@ private:
 void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text) {
     const CellKey cell{std::string(keys.column), std::string(keys.row)};
     const BusyScope busy(parts_.busy);
-    Transaction transaction(parts_.tables, 1);
+    Transaction transaction(parts_.tables, 1, Announce::EachValue);
     ChangeOne(transaction, cell, text, Announce::EachValue);
     parts_.history.Record(std::move(transaction.step));
     parts_.chartStep();
@@ -109,7 +123,7 @@ BulkResult ValueEntry::ChangeCells(std::span<const NewValue> values) {
     const BulkAnnouncement bulk(parts_, announce, values.size());
     const BusyScope busy(parts_.busy);
     const RedrawHeld held(parts_.grid);
-    Transaction transaction(parts_.tables, values.size());
+    Transaction transaction(parts_.tables, values.size(), announce);
     for (const NewValue& next : values) {
         const std::string* text = next.value.TextIf();
         const Refusal refusal = text ? RefusalOf(parts_.grid, next.cell, *text) : RefusalOf(parts_.grid, next.cell);
@@ -152,7 +166,7 @@ void ValueEntry::Apply(const UndoStep& step, bool backwards) {
     const BulkAnnouncement bulk(parts_, announce, changes.size());
     const BusyScope busy(parts_.busy);
     const RedrawHeld held(parts_.grid);
-    Transaction transaction(parts_.tables, changes.size());
+    Transaction transaction(parts_.tables, changes.size(), announce);
     for (std::size_t i = 0; i < changes.size(); ++i) {
         const CellChange& change = changes[backwards ? changes.size() - 1 - i : i];
         ChangeOne(transaction, change.cell, backwards ? change.before : change.after, announce);
