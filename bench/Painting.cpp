@@ -5,7 +5,6 @@
 
 #include <QAbstractScrollArea>
 #include <QApplication>
-#include <QEvent>
 #include <QHeaderView>
 #include <QImage>
 #include <QScrollBar>
@@ -17,6 +16,7 @@
 #include <planview/qt/PlanViewWidget.h>
 
 #include "BenchTables.h"
+#include "PaintCounter.h"
 #include "Peers.h"
 
 namespace planview::bench {
@@ -94,22 +94,6 @@ void RepaintAll(benchmark::State& state) {
         image.save(folder + '/' + Shown::Name + ".png");
     }
 }
-
-/// Counts how often the watched widget paints.
-class PaintCounter final : public QObject {
-public:
-    explicit PaintCounter(QWidget& watched) { watched.installEventFilter(this); }
-    [[nodiscard]] benchmark::IterationCount Count() const noexcept { return count_; }
-
-protected:
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        count_ += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-
-private:
-    benchmark::IterationCount count_ = 0;
-};
 
 /// Down row by row and back again, each step painted before the next one.
 template <class Shown>

@@ -23,7 +23,7 @@ struct Comparison {
     double hope;
 };
 
-constexpr std::array<Comparison, 5> Comparisons{{
+constexpr std::array<Comparison, 7> Comparisons{{
     {"`DP_Import_Create`, 181 × 181 cells with texts and colours", "`QTableWidget` filled with the same", "Create/181",
      "PeerCreate/181", 1.0, 0.4},
     {"the same with the trace on", "trace off", "CreateTraced/181", "Create/181", 4.0, 2.0},
@@ -31,17 +31,36 @@ constexpr std::array<Comparison, 5> Comparisons{{
     {"full repaint of 1280 × 800, fixed columns and rows on all sides", "`QTableView`, no fixed sides", "Repaint",
      "PeerRepaint", 1.0, 0.5},
     {"one scroll step of it", "the same", "ScrollStep", "PeerScrollStep", 1.5, 1.0},
+    {"paste of 10,000 cells into a TAB of 32,767 rows", "`QTableWidget::setItem` for each", "PasteBlock",
+     "PeerPasteBlock", 1.0, 0.3},
+    {"hide 1,000 of 5,000 rows", "`QTableView::hideRow` one by one", "HideRows", "PeerHideRows", 0.5, 0.1},
+}};
+
+/// One line for what has to be quick by itself; in milliseconds.
+struct Limit {
+    std::string_view work;
+    std::string_view subject;
+    double bar;
+    double hope;
+};
+
+constexpr std::array<Limit, 4> Limits{{
+    {"one edit in a TAB of 32,767 rows, the last row", "EditLastCell", 2, 0.5},
+    {"key press to painted cell, 181 × 181", "TypeAndPaint", 8, 4},
+    {"select all of 181 × 181 and add it up", "SelectAll/181", 16, 8},
+    {"the same of 5,000 × 181", "SelectAll/5000", 16, 8},
 }};
 
 constexpr std::array<const char*, 3> FlatSubjects{"Create/20", "Create/60", "Create/181"};
 constexpr double FlatBar = 1.5;
 
-void WriteLine(std::ostream& out, std::string_view work, std::string_view peer, double ratio, double bar, double hope) {
+void WriteLine(std::ostream& out, std::string_view work, std::string_view peer, double ratio, double bar, double hope,
+               const char* unit = "×") {
     std::array<char, 64> figures;
-    std::snprintf(figures.data(), figures.size(), " | %.2f × | %.1f × | ", ratio, bar);
+    std::snprintf(figures.data(), figures.size(), " | %.2f %s | %.1f %s | ", ratio, unit, bar, unit);
     out << "| " << work << " | " << peer << figures.data();
     if (hope > 0) {
-        std::snprintf(figures.data(), figures.size(), "%.3g ×", hope);
+        std::snprintf(figures.data(), figures.size(), "%.3g %s", hope, unit);
         out << figures.data();
     }
     out << " | "
@@ -106,6 +125,13 @@ bool RatioReporter::WriteRatios(std::ostream& out) const {
         if (!std::isnan(ratio)) {
             WriteLine(out, line.work, line.peerName, ratio, line.bar, line.hope);
             kept = kept && ratio <= line.bar;
+        }
+    }
+    for (const Limit& line : Limits) {
+        const double milliseconds = Median(std::string(line.subject)) * 1000;
+        if (!std::isnan(milliseconds)) {
+            WriteLine(out, line.work, "the clock", milliseconds, line.bar, line.hope, "ms");
+            kept = kept && milliseconds <= line.bar;
         }
     }
     std::array<double, FlatSubjects.size()> perCell{};

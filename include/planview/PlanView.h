@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -144,6 +145,11 @@ public:
     void AddSink(EventSink& sink);
     void RemoveSink(EventSink& sink) noexcept;
 
+    /// Called when an action of the user begins (true) that announces several values by `GridValueChanged`, and when it
+    /// has ended (false), so that a host can keep what it hears in between as one. A single value's event comes outside
+    /// of any. There is one listener; an empty one takes it away.
+    void SetBulkListener(std::function<void(bool running)> listener);
+
     // --- Commands for the host's own menus --------------------------------------------------------------------------
 
     /// Takes back the user's last change of values, however many cells it was; nothing where there is none. Undoing and
@@ -164,6 +170,12 @@ public:
     /// Puts exactly the columns (rows) whose headers are selected into the chart.
     void ShowSelectedColumnsInChart();
     void ShowSelectedRowsInChart();
+    /// Hides the columns whose headings are selected, writes it into COLS_INDEX and raises `GridStartUpdate`; hidden ones
+    /// can be selected along with those around them, and so be shown again. The same for rows and LINE_INDEX.
+    void HideColumns();
+    void ShowColumns();
+    void HideRows();
+    void ShowRows();
 
     // --- Late binding -----------------------------------------------------------------------------------------------
 

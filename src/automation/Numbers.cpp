@@ -83,6 +83,37 @@ std::size_t MantissaLength(std::string_view text) noexcept {
     return exponent == std::string_view::npos ? text.size() : exponent;
 }
 
+/// The value of up to 15 digits with at most one mark among them ("15284,7"), as nearly all numbers are; no value for
+/// any other text, number or not. The digits and the power of ten are whole numbers that a double holds exactly, so
+/// that their quotient is the nearest one to what is written.
+std::optional<double> ShortNumber(std::string_view text) noexcept {
+    constexpr std::array<double, SignificantDigits + 1> Powers{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    if (text.size() > SignificantDigits + 1) {
+        return std::nullopt;
+    }
+    std::int64_t digits = 0;
+    std::size_t count = 0;
+    std::size_t beforeMark = 0;
+    bool hasMark = false;
+    for (const char c : text) {
+        if (IsDigit(c)) {
+            digits = digits * 10 + (c - '0');
+            ++count;
+        } else if ((c == '.' || c == ',') && !hasMark) {
+            hasMark = true;
+            beforeMark = count;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (count == 0 || count > SignificantDigits) {
+        return std::nullopt;
+    }
+    const auto value = static_cast<double>(digits);
+    return hasMark ? value / Powers[count - beforeMark] : value;
+}
+
 }  // namespace
 
 std::optional<double> TryParseNumber(std::string_view text) noexcept {
@@ -95,6 +126,9 @@ std::optional<double> TryParseNumber(std::string_view text) noexcept {
         negative = text.front() == '-';
         text.remove_prefix(1);
     }
+    if (const std::optional<double> number = ShortNumber(text)) {
+        return negative ? -*number : *number;
+    }
     const std::size_t mantissaLength = MantissaLength(text);
     const std::string_view mantissa = text.substr(0, mantissaLength);
     const std::optional<Marks> marks = FindMarks(mantissa);
@@ -106,7 +140,7 @@ std::optional<double> TryParseNumber(std::string_view text) noexcept {
         return std::nullopt;
     }
 
-    std::array<char, MaxNumberLength> plain{};
+    std::array<char, MaxNumberLength> plain;  // as far as it is written
     std::size_t length = 0;
     bool hasDigits = false;
     for (std::size_t i = 0; i < mantissa.size(); ++i) {

@@ -139,13 +139,17 @@ public:
     /// The cell that keys act on; it is never hidden. Before the user chooses one it is the first one on screen. No
     /// value in a grid without visible planning cells.
     [[nodiscard]] std::optional<Cell> CurrentCell() const;
+    /// How far the selection was extended from the current cell, where extending it goes on; the current cell itself
+    /// before it was. It is never hidden.
+    [[nodiscard]] std::optional<Cell> SelectionEnd() const;
 
     // --- What the user does (called by the view)
     // -----------------------------------------------------------------------
 
-    /// Makes the cell current and selects it: alone (Replace), from the anchor to it (Extend), or besides (Add). The
-    /// anchor is the place that was last selected otherwise; Add takes a selected place out again. NoItemAtLocation for
-    /// what is hidden, a heading or not selectable; hidden ones within a block are selected with it.
+    /// Selects the cell: alone (Replace), from the anchor to it (Extend), or besides (Add). The anchor is the place
+    /// that was last selected otherwise, and the current cell stays there; Add takes a selected place out again.
+    /// NoItemAtLocation for what is hidden, a heading or not selectable; hidden ones within a block are selected with
+    /// it.
     GridStatus SelectCell(Cell cell, SelectionMode mode);
     GridStatus SelectColumn(ColumnId column, SelectionMode mode);
     GridStatus SelectRow(RowId row, SelectionMode mode);
@@ -177,6 +181,10 @@ public:
     bool ReportKeyDown(std::int16_t shift, std::int16_t keyCode);
     void ReportKeyPress(std::int16_t character);
     void ReportFocus(bool in);
+    /// Asks the listener to show the hidden columns that stand right before or behind this one, up to the next one that
+    /// is not hidden. NoItemAtLocation where there are none.
+    GridStatus ReportShowHidden(ColumnId beside, HiddenSide side);
+    GridStatus ReportShowHidden(RowId beside, HiddenSide side);
 
     // --- Reading, by id
     // ------------------------------------------------------------------------------------------------

@@ -108,6 +108,7 @@ GridStatus GridControl::DeleteSelection(CellKeyView keys, bool redraw) {
                 break;
             default:
                 state.selection.Clear();
+                state.anchor = SelectionAnchor();
                 break;
         }
         state.anchor.ownsRange = false;
@@ -205,6 +206,17 @@ std::optional<Cell> GridControl::CurrentCell() const {
     return state_->CurrentCell();
 }
 
+std::optional<Cell> GridControl::SelectionEnd() const {
+    State& state = *state_;
+    const std::optional<Cell> current = state.CurrentCell();
+    if (!current || state.anchor.kind == Kind::Nothing) {
+        return current;
+    }
+    const Cell end = state.anchor.end;
+    return Cell{state.columns.NearestVisible(end.column).value_or(current->column),
+                state.rows.NearestVisible(end.row).value_or(current->row)};
+}
+
 // --- What the user selects
 
 void GridControl::State::SelectCell(Cell cell, SelectionMode mode) {
@@ -235,7 +247,7 @@ void GridControl::State::SelectCell(Cell cell, SelectionMode mode) {
         }
         anchor = {Kind::Cell, cell, cell, add};
     }
-    current = cell;
+    current = anchor.start;
 }
 
 template <class Tracks, class Id>
@@ -279,7 +291,7 @@ void GridControl::State::SelectTrack(const Tracks& tracks, Id id, SelectionMode 
         anchor = {OwnKind, end, end, false};
     }
     if (place) {
-        current = end;
+        current = anchor.start;
     }
 }
 

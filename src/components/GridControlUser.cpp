@@ -22,6 +22,24 @@ std::optional<Id> FirstOnScreen(const Tracks& tracks, Area center, ScrollPlace<I
     return scroll.found;
 }
 
+/// The keys of the hidden tracks on one side of a track up to the next visible one, in their order.
+template <class Tracks, class Id>
+std::vector<std::string> HiddenKeysBeside(const Tracks& tracks, Id beside, HiddenSide side) {
+    const int step = side == HiddenSide::Before ? -1 : 1;
+    std::vector<std::string> keys;
+    for (int order = tracks.OrderOf(beside) + step; order >= 0 && order < tracks.Count(); order += step) {
+        const auto& track = tracks.At(tracks.AtOrder(order));
+        if (!track.hidden) {
+            break;
+        }
+        keys.push_back(track.key);
+    }
+    if (side == HiddenSide::Before) {
+        std::reverse(keys.begin(), keys.end());
+    }
+    return keys;
+}
+
 }  // namespace
 
 // --- Scroll position
@@ -273,6 +291,34 @@ void GridControl::ReportKeyPress(std::int16_t character) {
     if (state_->events) {
         state_->events->KeyPress(character);
     }
+}
+
+GridStatus GridControl::ReportShowHidden(ColumnId beside, HiddenSide side) {
+    if (!state_->columns.Has(beside)) {
+        return GridStatus::UnknownColumn;
+    }
+    const std::vector<std::string> keys = HiddenKeysBeside(state_->columns, beside, side);
+    if (keys.empty()) {
+        return GridStatus::NoItemAtLocation;
+    }
+    if (state_->events) {
+        state_->events->ShowHiddenColumns(keys);
+    }
+    return GridStatus::Ok;
+}
+
+GridStatus GridControl::ReportShowHidden(RowId beside, HiddenSide side) {
+    if (!state_->rows.Has(beside)) {
+        return GridStatus::UnknownRow;
+    }
+    const std::vector<std::string> keys = HiddenKeysBeside(state_->rows, beside, side);
+    if (keys.empty()) {
+        return GridStatus::NoItemAtLocation;
+    }
+    if (state_->events) {
+        state_->events->ShowHiddenRows(keys);
+    }
+    return GridStatus::Ok;
 }
 
 void GridControl::ReportFocus(bool in) {

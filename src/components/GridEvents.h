@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "components/GridTypes.h"
 
@@ -62,6 +63,9 @@ public:
     virtual bool KeyDown(std::int16_t shift, std::int16_t keyCode) = 0;
     /// A typed character that edits nothing; 13 is Return.
     virtual void KeyPress(std::int16_t character) = 0;
+    /// The user wants these hidden columns or rows to be seen again. The grid has not shown them.
+    virtual void ShowHiddenColumns(const std::vector<std::string>& columns) = 0;
+    virtual void ShowHiddenRows(const std::vector<std::string>& rows) = 0;
     virtual void FocusIn() = 0;
     virtual void FocusOut() = 0;
 };

@@ -9,6 +9,9 @@ namespace planview {
 
 enum class SelectionMode { Replace, Extend, Add };
 
+/// Where hidden columns or rows stand, seen from a visible one.
+enum class HiddenSide { Before, Behind };
+
 /// A block of cells by 0-based places among all columns and all rows (see GridControl::OrderOf), bounds included.
 struct CellRange {
     int firstColumn = 0;

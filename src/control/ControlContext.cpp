@@ -11,7 +11,7 @@ ControlContext::ControlContext(const Platform& desktop)
       hostUpdate(grid, tables, events),
       construction({grid, tables, keys}, settings),
       valueEntry({grid, tables, settings, keys, events, hostUpdate, history, busy, desktop.messageBoxes,
-                  [this] { ChartStep(); }}),
+                  [this] { ChartStep(); }, [this](bool running) { TellBulk(running); }}),
       clipboard({grid, keys, valueEntry, desktop.clipboard, desktop.messageBoxes}),
       keyHandling({grid, keys, clipboard, hostUpdate, busy, [this] { ChartStep(); },
                    [this] { modPlan::Trace_Show(platform); }}),
@@ -45,6 +45,12 @@ ControlContext::~ControlContext() {
 
 void ControlContext::ChartStep() {
     chartCommands.ChartStep();
+}
+
+void ControlContext::TellBulk(bool running) const {
+    if (const auto listener = bulkListener) {  // a copy: it may take itself away
+        listener(running);
+    }
 }
 
 }  // namespace planview

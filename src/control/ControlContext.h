@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include <planview/PlanView.h>
@@ -41,6 +42,8 @@ struct ControlContext {
 
     /// Brings the chart up to date where it is shown.
     void ChartStep();
+    /// Tells the host that an action with several announced values begins or has ended.
+    void TellBulk(bool running) const;
 
     Platform platform;
     TableSlots tables;
@@ -55,6 +58,7 @@ struct ControlContext {
     /// Set while the control itself changes the grid; keys and popups wait for its end.
     bool busy = false;
     UndoHistory history;
+    std::function<void(bool running)> bulkListener;
     HostUpdate hostUpdate;
     GridConstruction construction;
     ValueEntry valueEntry;

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include <planview/PlanView.h>
 
 #include "control/Guarded.h"
@@ -66,6 +68,28 @@ void PlanView::ShowSelectedColumnsInChart() {
 void PlanView::ShowSelectedRowsInChart() {
     Guarded(state_, ChartLabel, "RowsShowInChart",
             [](ControlContext& context) { context.chartCommands.RowsShowInChart(); });
+}
+
+void PlanView::HideColumns() {
+    Guarded(state_, GridControlLabel, "#HIDE COLUMNS#",
+            [](ControlContext& context) { context.commands.HideColumns(); });
+}
+
+void PlanView::ShowColumns() {
+    Guarded(state_, GridControlLabel, "#SHOW COLUMNS#",
+            [](ControlContext& context) { context.commands.ShowColumns(); });
+}
+
+void PlanView::HideRows() {
+    Guarded(state_, GridControlLabel, "#HIDE ROWS#", [](ControlContext& context) { context.commands.HideRows(); });
+}
+
+void PlanView::ShowRows() {
+    Guarded(state_, GridControlLabel, "#SHOW ROWS#", [](ControlContext& context) { context.commands.ShowRows(); });
+}
+
+void PlanView::SetBulkListener(std::function<void(bool running)> listener) {
+    state_->context.bulkListener = std::move(listener);
 }
 
 std::vector<Cell> PlanView::PendingCells() const {

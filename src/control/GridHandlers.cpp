@@ -91,7 +91,8 @@ void GridHandlers::SimpleClick(const CellKey& cell) {
         if (TraceEnabled) {
             TraceWrite(GridControlLabel, "", "SimpleClick", KeysText(cell));
         }
-        if (context_.chartCommands.IsForecastView() && cell.row.starts_with(RowAxis.keyPrefix)) {
+        const bool onRowHeader = cell.column == LabelColumnKey && cell.row.starts_with(RowAxis.keyPrefix);
+        if (context_.chartCommands.IsForecastView() && onRowHeader) {
             ChooseForecastLine(context_.tables.LINE_INDEX, cell.row);
             context_.ChartStep();
             context_.hostUpdate.StartUpdate();
@@ -134,6 +135,14 @@ bool GridHandlers::KeyDown(std::int16_t shift, std::int16_t keyCode) {
 
 void GridHandlers::KeyPress(std::int16_t character) {
     ErrorTrap(GridControlLabel, "GridKeyPress", [&] { context_.keyHandling.GridKeyPress(character); });
+}
+
+void GridHandlers::ShowHiddenColumns(const std::vector<std::string>& columns) {
+    ErrorTrap(GridControlLabel, "#SHOW COLUMNS#", [&] { context_.commands.ShowColumns(columns); });
+}
+
+void GridHandlers::ShowHiddenRows(const std::vector<std::string>& rows) {
+    ErrorTrap(GridControlLabel, "#SHOW ROWS#", [&] { context_.commands.ShowRows(rows); });
 }
 
 void GridHandlers::FocusIn() {

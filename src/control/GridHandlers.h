@@ -27,6 +27,8 @@ public:
     void MenuKey(const CellKey& cell) override;
     bool KeyDown(std::int16_t shift, std::int16_t keyCode) override;
     void KeyPress(std::int16_t character) override;
+    void ShowHiddenColumns(const std::vector<std::string>& columns) override;
+    void ShowHiddenRows(const std::vector<std::string>& rows) override;
     void FocusIn() override;
     void FocusOut() override;
 

@@ -21,7 +21,8 @@ Refusal RefusalOf(const GridControl& grid, Cell cell) {
 
 Refusal RefusalOf(const GridControl& grid, Cell cell, std::string_view text) {
     const Refusal refusal = RefusalOf(grid, cell);
-    if (refusal != Refusal::None || text.empty() || !IsPlanningCell(grid.KeyOf(cell))) {
+    const CellKeyView keys{grid.Column(cell.column).key, grid.Row(cell.row).key};
+    if (refusal != Refusal::None || text.empty() || !IsPlanningCell(keys)) {
         return refusal;
     }
     return TryParseNumber(text) ? Refusal::None : Refusal::NoNumber;

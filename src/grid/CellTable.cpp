@@ -4,25 +4,37 @@
 
 namespace planview {
 
-CellTable::CellTable(HostTable table, Lookup lookup) : table_(std::move(table)), indexed_(lookup == Lookup::Indexed) {
-    if (indexed_) {
+CellTable::CellTable(HostTable table, Lookup lookup) : table_(std::move(table)), lookup_(lookup) {
+    if (lookup_ != Lookup::Walk) {
         BuildIndex();
     }
 }
 
-HostTable::Row CellTable::Find(std::int16_t row, std::int16_t column) const {
-    if (indexed_) {
-        const auto found = index_.find(Key(row, column));
-        return found == index_.end() ? HostTable::Row{0} : found->second;
+HostTable::Row CellTable::Find(std::int16_t row, std::int16_t column) {
+    if (lookup_ == Lookup::Walk) {
+        return FirstMatch(row, column);
     }
+    const HostTable::Row found = index_.Find(row, column);
+    if (lookup_ == Lookup::Indexed || (table_.RowCount() == indexedRows_ && (found == 0 || IsAt(found, row, column)))) {
+        return found;
+    }
+    BuildIndex();
+    return index_.Find(row, column);
+}
+
+HostTable::Row CellTable::FirstMatch(std::int16_t row, std::int16_t column) const {
     const int count = table_.RowCount();
     for (int i = 1; i <= count; ++i) {
         const auto tableRow = static_cast<HostTable::Row>(i);
-        if (table_.Int16(tableRow, "Z") == row && table_.Int16(tableRow, "C") == column) {
+        if (IsAt(tableRow, row, column)) {
             return tableRow;
         }
     }
     return 0;
+}
+
+bool CellTable::IsAt(HostTable::Row tableRow, std::int16_t row, std::int16_t column) const {
+    return table_.Int16(tableRow, "Z") == row && table_.Int16(tableRow, "C") == column;
 }
 
 void CellTable::Add(std::int16_t row, std::int16_t column, const Variant& value) {
@@ -30,17 +42,19 @@ void CellTable::Add(std::int16_t row, std::int16_t column, const Variant& value)
     table_.Put(tableRow, "Z", row);
     table_.Put(tableRow, "C", column);
     table_.Put(tableRow, "V", value);
-    if (indexed_) {
-        index_.emplace(Key(row, column), tableRow);
+    if (lookup_ != Lookup::Walk) {
+        index_.Add(row, column, tableRow);
+        indexedRows_ = tableRow;
     }
 }
 
 void CellTable::BuildIndex() {
     const int count = table_.RowCount();
-    index_.reserve(static_cast<std::size_t>(count));
+    indexedRows_ = count;
+    index_.Reset(static_cast<std::size_t>(count));
     for (int i = 1; i <= count; ++i) {
         const auto tableRow = static_cast<HostTable::Row>(i);
-        index_.emplace(Key(table_.Int16(tableRow, "Z"), table_.Int16(tableRow, "C")), tableRow);
+        index_.Add(table_.Int16(tableRow, "Z"), table_.Int16(tableRow, "C"), tableRow);
     }
 }
 

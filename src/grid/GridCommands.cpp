@@ -40,12 +40,20 @@ void GridCommands::ShowColumns() {
     Run("#SHOW COLUMNS#", [&] { ShowColumn(tables_.COLS_INDEX, grid_); });
 }
 
+void GridCommands::ShowColumns(const std::vector<std::string>& keys) {
+    Run("#SHOW COLUMNS#", [&] { ShowColumn(tables_.COLS_INDEX, grid_, keys); });
+}
+
 void GridCommands::HideRows() {
     Run("#HIDE ROWS#", [&] { HideRow(tables_.LINE_INDEX, grid_); });
 }
 
 void GridCommands::ShowRows() {
     Run("#SHOW ROWS#", [&] { ShowRow(tables_.LINE_INDEX, grid_); });
+}
+
+void GridCommands::ShowRows(const std::vector<std::string>& keys) {
+    Run("#SHOW ROWS#", [&] { ShowRow(tables_.LINE_INDEX, grid_, keys); });
 }
 
 void GridCommands::ResetHeights() {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "automation/TableSlots.h"
 #include "components/GridControl.h"
@@ -15,10 +17,13 @@ public:
     GridCommands(const TableSlots& tables, GridControl& grid, HostUpdate& hostUpdate, std::function<void()> chartStep)
         : tables_(tables), grid_(grid), hostUpdate_(hostUpdate), chartStep_(std::move(chartStep)) {}
 
-    void HideColumns();   ///< "#HIDE COLUMNS#"
-    void ShowColumns();   ///< "#SHOW COLUMNS#"
-    void HideRows();      ///< "#HIDE ROWS#"
-    void ShowRows();      ///< "#SHOW ROWS#"
+    void HideColumns();  ///< "#HIDE COLUMNS#"
+    void ShowColumns();  ///< "#SHOW COLUMNS#"
+    void HideRows();     ///< "#HIDE ROWS#"
+    void ShowRows();     ///< "#SHOW ROWS#"
+    /// The same commands for the columns or rows with these keys, in the place of those that are selected.
+    void ShowColumns(const std::vector<std::string>& keys);
+    void ShowRows(const std::vector<std::string>& keys);
     void ResetHeights();  ///< "#RESET HEIGHT#"
     void ResetWidths();   ///< "#RESET WIDTH#"
 

@@ -11,11 +11,10 @@ KeyPositions KeyLookup::PositionsOf(CellKeyView keys) {
 }
 
 bool KeyLookup::Holds(Known& known, const HostTable& table, std::string_view key) {
-    const auto [entry, isNew] = known.try_emplace(std::string(key), false);
-    if (isNew) {
-        entry->second = table.FindRow("GRID_ID", key) != 0;
+    if (const auto found = known.find(key); found != known.end()) {
+        return found->second;
     }
-    return entry->second;
+    return known.emplace(key, table.FindRow("GRID_ID", key) != 0).first->second;
 }
 
 }  // namespace planview

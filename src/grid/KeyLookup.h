@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 
 #include "automation/TableSlots.h"
@@ -25,7 +27,10 @@ public:
     [[nodiscard]] KeyPositions PositionsOf(CellKeyView keys);
 
 private:
-    using Known = std::unordered_map<std::string, bool>;
+    struct KeyHash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
+    using Known = std::unordered_map<std::string, bool, KeyHash, std::equal_to<>>;
     [[nodiscard]] static bool Holds(Known& known, const HostTable& table, std::string_view key);
 
     HostTable colsIndex_;

@@ -1,7 +1,6 @@
 #include "grid/PendingCells.h"
 
-#include <unordered_set>
-
+#include "grid/CellIndex.h"
 #include "grid/CellText.h"
 #include "grid/modGrid.h"
 
@@ -12,13 +11,14 @@ std::vector<Cell> PendingCells(const GridControl& grid, const HostTable& tabOld)
     if (!tabOld.IsSet()) {
         return pending;
     }
-    std::unordered_set<std::int32_t> seen;
     const int count = tabOld.RowCount();
+    CellIndex seen;
+    seen.Reset(static_cast<std::size_t>(count));
     for (int i = 1; i <= count; ++i) {
         const auto tableRow = static_cast<HostTable::Row>(i);
         const std::int16_t row = tabOld.Int16(tableRow, "Z");
         const std::int16_t column = tabOld.Int16(tableRow, "C");
-        const bool first = seen.insert((std::int32_t{row} << 16) | static_cast<std::uint16_t>(column)).second;
+        const bool first = seen.Add(row, column, tableRow);
         const std::optional<Cell> cell =
             first ? grid.FindCell({modGrid::ColumnKey(column, ""), modGrid::RowKey(row, "")}) : std::nullopt;
         if (cell && CellText(tabOld.Value(tableRow, "V")) != grid.Contents(*cell)) {

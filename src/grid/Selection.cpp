@@ -1,6 +1,8 @@
 #include "grid/Selection.h"
 
 #include <string>
+#include <unordered_set>
+#include <utility>
 
 #include "grid/IndexAxis.h"
 #include "grid/LoaderSupport.h"
@@ -114,16 +116,28 @@ void SelectBlock(IndexWalk walk, GridControl& grid) {
     });
 }
 
-void SetSelectedHidden(IndexWalk walk, GridControl& grid, bool hidden) {
+/// `concerns` says by its key whether a column or row is meant.
+template <class Concerns>
+void SetHidden(IndexWalk walk, GridControl& grid, bool hidden, const Concerns& concerns) {
     walk.Run([&](HostTable::Row i, const std::string& key) {
-        const CellKeyView keys = walk.Axis().KeysOf(key);
-        if (modGrid::HeaderSelected(grid, keys) == 1) {
-            modGrid::CenterHidden(grid, keys, hidden, NoRedraw);
+        if (concerns(key)) {
+            modGrid::CenterHidden(grid, walk.Axis().KeysOf(key), hidden, NoRedraw);
             walk.Table().PutFlag(i, walk.Axis().hiddenField, hidden);
             walk.Trace();
         }
         return true;
     });
+}
+
+void SetSelectedHidden(IndexWalk walk, GridControl& grid, bool hidden) {
+    const IndexAxis& axis = walk.Axis();
+    SetHidden(std::move(walk), grid, hidden,
+              [&](const std::string& key) { return modGrid::HeaderSelected(grid, axis.KeysOf(key)) == 1; });
+}
+
+void ShowNamed(IndexWalk walk, GridControl& grid, const std::vector<std::string>& keys) {
+    const std::unordered_set<std::string_view> named(keys.begin(), keys.end());
+    SetHidden(std::move(walk), grid, false, [&](const std::string& key) { return named.contains(key); });
 }
 
 template <class SetColor>
@@ -181,12 +195,20 @@ void ShowColumn(HostTable colsIndex, GridControl& grid) {
     SetSelectedHidden({"ShowColumn", ColumnAxis, std::move(colsIndex)}, grid, false);
 }
 
+void ShowColumn(HostTable colsIndex, GridControl& grid, const std::vector<std::string>& keys) {
+    ShowNamed({"ShowColumn", ColumnAxis, std::move(colsIndex)}, grid, keys);
+}
+
 void HideRow(HostTable lineIndex, GridControl& grid) {
     SetSelectedHidden({"HideRow", RowAxis, std::move(lineIndex)}, grid, true);
 }
 
 void ShowRow(HostTable lineIndex, GridControl& grid) {
     SetSelectedHidden({"ShowRow", RowAxis, std::move(lineIndex)}, grid, false);
+}
+
+void ShowRow(HostTable lineIndex, GridControl& grid, const std::vector<std::string>& keys) {
+    ShowNamed({"ShowRow", RowAxis, std::move(lineIndex)}, grid, keys);
 }
 
 void ColWidthReset(HostTable colsIndex, GridControl& grid, ResetScope scope) {

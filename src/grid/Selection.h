@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "automation/HostTable.h"
 #include "components/GridControl.h"
 
@@ -17,12 +20,15 @@ void SelectBlockColumns(HostTable colsIndex, GridControl& grid);
 void DeselectAllColumns(HostTable colsIndex, GridControl& grid);
 void HideColumn(HostTable colsIndex, GridControl& grid);
 void ShowColumn(HostTable colsIndex, GridControl& grid);
+/// Those with these keys, selected or not.
+void ShowColumn(HostTable colsIndex, GridControl& grid, const std::vector<std::string>& keys);
 
 void SelectAllRows(HostTable lineIndex, GridControl& grid);
 void SelectBlockRows(HostTable lineIndex, GridControl& grid);
 void DeselectAllRows(HostTable lineIndex, GridControl& grid);
 void HideRow(HostTable lineIndex, GridControl& grid);
 void ShowRow(HostTable lineIndex, GridControl& grid);
+void ShowRow(HostTable lineIndex, GridControl& grid, const std::vector<std::string>& keys);
 
 /// Which columns or rows a reset is for.
 enum class ResetScope { All, Selected };

@@ -25,6 +25,8 @@ class UndoHistory {
 public:
     /// The most steps that are kept; each further one drops the oldest.
     static constexpr std::size_t MaxSteps = 1000;
+    /// The most cell changes in all of them; the last step is kept whatever its size.
+    static constexpr std::size_t MaxChanges = 500000;
 
     void Record(UndoStep step);
     [[nodiscard]] bool CanUndo() const noexcept { return done_ > 0; }
@@ -35,8 +37,11 @@ public:
     void Clear() noexcept;
 
 private:
+    void DropOldest();
+
     std::vector<UndoStep> steps_;
-    std::size_t done_ = 0;  // the steps before this one are done, the others undone
+    std::size_t changes_ = 0;  // in all steps
+    std::size_t done_ = 0;     // the steps before this one are done, the others undone
 };
 
 }  // namespace planview

@@ -32,7 +32,14 @@ std::string Shown(const Variant& value) {
 /// What the grid shows of an entered value: a number in the control's own form, any other text as it is.
 std::string EnteredText(CellKeyView cell, const Variant& value) {
     const std::string* text = value.TextIf();
-    return IsPlanningCell(cell) && (!text || TryParseNumber(*text)) ? CellText(value) : value.AsText();
+    if (!IsPlanningCell(cell)) {
+        return value.AsText();
+    }
+    if (!text) {
+        return CellText(value);
+    }
+    const std::optional<double> number = TryParseNumber(*text);
+    return number ? NumberText(*number, GridDecimalMark) : *text;
 }
 
 /// Holds the grid's repaint back until the outermost change ends.
@@ -58,8 +65,12 @@ private:
 /// What one user action needs of the tables, held for its length.
 class ValueEntry::Transaction {
 public:
-    Transaction(const TableSlots& tables, std::size_t cells)
-        : tab(tables.TAB, LookupFor(cells)), tabOld(tables.TAB_OLD, LookupFor(cells)), lookup(tables) {}
+    Transaction(const TableSlots& tables, std::size_t cells, Announce announce)
+        : tab(tables.TAB, LookupFor(cells, announce)),
+          tabOld(tables.TAB_OLD, LookupFor(cells, announce)),
+          lookup(tables) {
+        step.reserve(cells);
+    }
 
     CellTable tab;
     CellTable tabOld;
@@ -67,15 +78,40 @@ public:
     UndoStep step;
 
 private:
-    static CellTable::Lookup LookupFor(std::size_t cells) noexcept {
-        return cells < IndexedFrom ? CellTable::Lookup::Walk : CellTable::Lookup::Indexed;
+    static CellTable::Lookup LookupFor(std::size_t cells, Announce announce) noexcept {
+        using Lookup = CellTable::Lookup;
+        return cells < IndexedFrom              ? Lookup::Walk
+               : announce == Announce::Silently ? Lookup::Indexed
+                                                : Lookup::IndexedWatched;
     }
+};
+
+/// Brackets the events of an action that announces several values, also when it fails half-way.
+class ValueEntry::BulkAnnouncement {
+public:
+    BulkAnnouncement(const ValueEntryParts& parts, Announce announce, std::size_t count)
+        : parts_(parts), running_(announce == Announce::EachValue && count > 1) {
+        Tell(true);
+    }
+    ~BulkAnnouncement() { Tell(false); }
+    BulkAnnouncement(const BulkAnnouncement&) = delete;
+    BulkAnnouncement& operator=(const BulkAnnouncement&) = delete;
+
+private:
+    void Tell(bool running) const noexcept {
+        if (running_ && parts_.tellBulk) {
+            ResumeNext([&] { parts_.tellBulk(running); });
+        }
+    }
+
+    const ValueEntryParts& parts_;
+    bool running_;
 };
 
 void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text) {
     const CellKey cell{std::string(keys.column), std::string(keys.row)};
     const BusyScope busy(parts_.busy);
-    Transaction transaction(parts_.tables, 1);
+    Transaction transaction(parts_.tables, 1, Announce::EachValue);
     ChangeOne(transaction, cell, text, Announce::EachValue);
     parts_.history.Record(std::move(transaction.step));
     parts_.chartStep();
@@ -83,10 +119,11 @@ void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text) {
 
 BulkResult ValueEntry::ChangeCells(std::span<const NewValue> values) {
     BulkResult result;
+    const Announce announce = AnnounceFor(values.size());
+    const BulkAnnouncement bulk(parts_, announce, values.size());
     const BusyScope busy(parts_.busy);
     const RedrawHeld held(parts_.grid);
-    const Announce announce = AnnounceFor(values.size());
-    Transaction transaction(parts_.tables, values.size());
+    Transaction transaction(parts_.tables, values.size(), announce);
     for (const NewValue& next : values) {
         const std::string* text = next.value.TextIf();
         const Refusal refusal = text ? RefusalOf(parts_.grid, next.cell, *text) : RefusalOf(parts_.grid, next.cell);
@@ -125,10 +162,11 @@ void ValueEntry::Redo() {
 
 void ValueEntry::Apply(const UndoStep& step, bool backwards) {
     const UndoStep changes = step;  // the host may end the history from inside an event
+    const Announce announce = AnnounceFor(changes.size());
+    const BulkAnnouncement bulk(parts_, announce, changes.size());
     const BusyScope busy(parts_.busy);
     const RedrawHeld held(parts_.grid);
-    const Announce announce = AnnounceFor(changes.size());
-    Transaction transaction(parts_.tables, changes.size());
+    Transaction transaction(parts_.tables, changes.size(), announce);
     for (std::size_t i = 0; i < changes.size(); ++i) {
         const CellChange& change = changes[backwards ? changes.size() - 1 - i : i];
         ChangeOne(transaction, change.cell, backwards ? change.before : change.after, announce);
@@ -223,7 +261,7 @@ void ValueEntry::TellNotStored(const std::string& error) noexcept {
 
 void ValueEntry::ShowWhatTabHolds(const CellKey& cell) noexcept {
     ResumeNext([&] {
-        const CellTable tab(parts_.tables.TAB, CellTable::Lookup::Walk);
+        CellTable tab(parts_.tables.TAB, CellTable::Lookup::Walk);
         const HostTable::Row row = tab.Find(modGrid::PositionOf(cell.row), modGrid::PositionOf(cell.column));
         modGrid::Contents(parts_.grid, cell, row == 0 ? std::string() : CellText(tab.Value(row)), true);
     });

@@ -33,6 +33,8 @@ struct ValueEntryParts {
     MessageBoxes& messageBoxes;
     /// Brings the chart up to date when it is shown.
     std::function<void()> chartStep;
+    /// An action that announces several values begins or has ended.
+    std::function<void(bool running)> tellBulk;
 };
 
 /// A value on its way into a cell.
@@ -76,6 +78,7 @@ public:
 private:
     enum class Announce { EachValue, Silently };
     class Transaction;
+    class BulkAnnouncement;
 
     void Apply(const UndoStep& step, bool backwards);
     void ChangeOne(Transaction& transaction, const CellKey& cell, const Variant& value, Announce announce);

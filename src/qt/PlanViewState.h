@@ -35,6 +35,7 @@ struct PlanViewWidget::State {
     GridView* grid = nullptr;
     StatusInfo* status = nullptr;
     ColorScheme colorScheme = ColorScheme::System;
+    bool announcesSeveral = false;
     bool hasFocus = false;
 };
 

@@ -62,6 +62,12 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
     layout->addWidget(state_->panes);
     setFocusProxy(state_->grid);
     state_->status = new StatusInfo(*this, state_->core->view, *state_->grid);
+    state_->core->view.SetBulkListener([this](bool running) {
+        state_->announcesSeveral = running;
+        if (!running) {
+            Q_EMIT severalValuesAnnounced();
+        }
+    });
     state_->grid->setHistory({[this] { undo(); }, [this] { redo(); }});
     const auto valuesChanged = [this] { state_->status->valuesChanged(); };
     connect(this, &PlanViewWidget::GridValueChanged, state_->status, valuesChanged);
@@ -76,6 +82,7 @@ PlanViewWidget::~PlanViewWidget() {
     delete state_->status;
     delete state_->panes;
     // The control itself may have to wait for a member that is being called; its work ends here.
+    state_->core->view.SetBulkListener({});
     state_->core->view.RemoveSink(state_->core->sink);
     state_->core->view.Terminate();
 }
@@ -195,6 +202,22 @@ void PlanViewWidget::deleteContents() {
     runCommand(&PlanView::Delete, nullptr);
 }
 
+void PlanViewWidget::hideColumns() {
+    runCommand(&PlanView::HideColumns, nullptr);
+}
+
+void PlanViewWidget::showColumns() {
+    runCommand(&PlanView::ShowColumns, nullptr);
+}
+
+void PlanViewWidget::hideRows() {
+    runCommand(&PlanView::HideRows, nullptr);
+}
+
+void PlanViewWidget::showRows() {
+    runCommand(&PlanView::ShowRows, nullptr);
+}
+
 bool PlanViewWidget::finishEditing() {
     return state_->grid->finishEditing();
 }
@@ -250,6 +273,10 @@ QString PlanViewWidget::selectionSum() const {
 QString PlanViewWidget::selectionMean() const {
     const std::optional<double> mean = state_->status->summary().Mean();
     return mean ? shownNumber(*mean) : QString();
+}
+
+bool PlanViewWidget::isAnnouncingSeveral() const {
+    return state_->announcesSeveral;
 }
 
 int PlanViewWidget::pendingChanges() const {

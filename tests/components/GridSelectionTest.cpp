@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "support/GridText.h"
 
 namespace planview {
@@ -64,7 +66,8 @@ TEST_F(GridSelectionTest, CellsAloneExtendedAndBesides) {
     EXPECT_EQ(Pattern(), "xxx x.x x..") << "taken out again";
     Select({"COL3", "ROW3"}, Mode::Extend);
     EXPECT_EQ(Pattern(), "xxx xxx xxx") << "and extended from there";
-    EXPECT_EQ(grid_.KeyOf(*grid_.CurrentCell()), (CellKey{"COL3", "ROW3"}));
+    EXPECT_EQ(grid_.KeyOf(*grid_.CurrentCell()), (CellKey{"COL2", "ROW2"})) << "where it began";
+    EXPECT_EQ(grid_.KeyOf(*grid_.SelectionEnd()), (CellKey{"COL3", "ROW3"}));
     Select({"COL1", "ROW1"});
     Select({"COL3", "ROW3"}, Mode::Add);
     Select({"COL1", "ROW1"}, Mode::Add);
@@ -79,7 +82,8 @@ TEST_F(GridSelectionTest, CellsAloneExtendedAndBesides) {
     EXPECT_FALSE(grid_.IsSelected({"FLC1", "ROW1"}));
     grid_.ClearSelection();
     EXPECT_EQ(Pattern(), "... ... ...");
-    EXPECT_EQ(grid_.KeyOf(*grid_.CurrentCell()), (CellKey{"FRC1", "FBR1"}));
+    EXPECT_EQ(grid_.KeyOf(*grid_.CurrentCell()), (CellKey{"COL2", "ROW1"}));
+    EXPECT_EQ(grid_.SelectionEnd(), grid_.CurrentCell()) << "the next extension begins anew";
 }
 
 TEST_F(GridSelectionTest, WholeColumnsAndRows) {
@@ -103,6 +107,42 @@ TEST_F(GridSelectionTest, WholeColumnsAndRows) {
     EXPECT_EQ(Whole(), "FLC1 COL1 COL2 COL3 FRC1 FTR1 ROW1 ROW2 ROW3 FBR1 ");
     Select({"COL1", "ROW1"}, Mode::Extend);
     EXPECT_EQ(Whole(), "");
+}
+
+TEST_F(GridSelectionTest, WholeColumnsAreExtendedFromTheCurrentCell) {
+    Select({"COL1", "ROW2"});
+    grid_.SelectColumn(ColumnAt("COL3"), Mode::Replace);
+    grid_.SelectColumn(ColumnAt("COL1"), Mode::Extend);
+    EXPECT_EQ(grid_.KeyOf(*grid_.CurrentCell()), (CellKey{"COL3", "ROW2"}));
+    EXPECT_EQ(grid_.KeyOf(*grid_.SelectionEnd()), (CellKey{"COL1", "ROW2"}));
+    SetColumn("COL1", GridAttribute::Hidden, true);
+    EXPECT_EQ(grid_.KeyOf(*grid_.SelectionEnd()), (CellKey{"COL2", "ROW2"})) << "keys never go on from a hidden one";
+    grid_.DeleteSelection({LabelColumnKey, HeadingRowKey}, false);
+    EXPECT_EQ(grid_.SelectionEnd(), grid_.CurrentCell());
+}
+
+TEST_F(GridSelectionTest, HiddenOnesBesideAreNamedToTheListener) {
+    const struct {
+        std::vector<const char*> hidden;
+        const char* beside;
+        HiddenSide side;
+        const char* named;
+    } cases[] = {{{"COL2"}, "COL3", HiddenSide::Before, "ShowHiddenColumns COL2"},
+                 {{"COL1", "COL2"}, "COL3", HiddenSide::Before, "ShowHiddenColumns COL1 COL2"},
+                 {{"COL1", "COL3"}, "COL2", HiddenSide::Behind, "ShowHiddenColumns COL3"},
+                 {{"COL1", "COL2", "COL3"}, "FLC1", HiddenSide::Behind, "ShowHiddenColumns COL1 COL2 COL3"},
+                 {{}, "COL2", HiddenSide::Behind, ""}};
+    for (const auto& row : cases) {
+        for (const char* key : {"COL1", "COL2", "COL3"}) {
+            const bool hides = std::count_if(row.hidden.begin(), row.hidden.end(),
+                                             [&](std::string_view hidden) { return hidden == key; }) > 0;
+            SetColumn(key, GridAttribute::Hidden, hides);
+        }
+        log_.actions.clear();
+        const GridStatus status = grid_.ReportShowHidden(ColumnAt(row.beside), row.side);
+        EXPECT_EQ(status == GridStatus::Ok, *row.named != 0) << row.beside;
+        EXPECT_EQ(log_.actions.empty() ? "" : log_.actions.back(), row.named);
+    }
 }
 
 TEST_F(GridSelectionTest, HeadersThatCannotBeSelectedAreSkipped) {

@@ -102,6 +102,21 @@ TEST_F(SelectionTest, CommandsHideAndShowWhatIsSelectedAndTellTheHost) {
               (Lines{"GRIDCTL | {cid: COL2} | HideColumn | ", "GRIDCTL | {cid: COL3} | HideColumn | "}));
     context.commands.ShowColumns();
     EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), ".....");
+    tables.colsIndex->SetValue(5, "COL_HIDDEN", "X");
+    context.commands.HideColumns();
+    host.updates = 0;
+    ForgetEntries();
+    context.grid.ReportShowHidden(*context.grid.FindColumn("COL4"), HiddenSide::Before);
+    EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), "....X") << "only those at the place";
+    EXPECT_EQ(EntriesOf("#SHOW COLUMNS#"), Lines{"GRIDCTL | {} | #SHOW COLUMNS# | BEGIN"});
+    EXPECT_EQ(EntriesOf("ShowColumn"),
+              (Lines{"GRIDCTL | {cid: COL2} | ShowColumn | ", "GRIDCTL | {cid: COL3} | ShowColumn | "}));
+    EXPECT_EQ(host.updates, 1);
+    context.grid.SelectRow(*context.grid.FindRow("ROW2"), SelectionMode::Replace);
+    context.commands.HideRows();
+    context.grid.ReportShowHidden(*context.grid.FindRow("ROW1"), HiddenSide::Behind);
+    EXPECT_EQ(Flags(*tables.lineIndex, "ROW_HIDDEN"), ".....");
+    EXPECT_FALSE(context.grid.Row(*context.grid.FindRow("ROW2")).hidden);
     context.events.RemoveSink(host);
 }
 
@@ -137,6 +152,30 @@ TEST_F(SelectionTest, TheUsersSelectionIsMirroredIntoBothTables) {
     context.grid.SelectRow(*context.grid.FindRow("ROW4"), SelectionMode::Add);
     EXPECT_EQ(Flags(*tables.lineIndex, "ROW_MARKED"), "...X.");
     EXPECT_EQ(Marked(), ".XX..");
+}
+
+/// Only a line's header chooses it for the comparison; its cells are there to be edited.
+TEST_F(SelectionTest, AClickOnARowHeaderChoosesTheForecastLine) {
+    const auto chosen = [&] {
+        std::string flags;
+        for (std::int32_t row = 1; row <= 3; ++row) {
+            flags += tables.lineIndex->Value(row, "SHOW_CHART").AsText() + ".";
+        }
+        return flags;
+    };
+    const auto click = [&](CellKeyView keys) { context.grid.ReportSimpleClick(*context.grid.FindCell(keys)); };
+    for (std::int32_t row = 1; row <= 3; ++row) {
+        tables.lineIndex->SetValue(row, "SHOW_CHART", "");
+    }
+    click({"FLC0", "ROW1"});
+    EXPECT_EQ(chosen(), "...") << "not in the forecast view";
+    context.chartCommands.ForecastView();
+    click({"COL1", "ROW1"});
+    click({"COL1", "FTR0"});
+    EXPECT_EQ(chosen(), "...");
+    click({"FLC0", "ROW1"});
+    click({"FLC0", "ROW3"});
+    EXPECT_EQ(chosen(), "S..F.");
 }
 
 TEST_F(SelectionTest, AFailureEndsTheWalkWithItsKey) {

@@ -212,6 +212,43 @@ TEST_F(ValueEntryTest, SingleValueModeAnnouncesEachCell) {
     EXPECT_EQ(host.heard, (Lines{"1/COL1 2/ROW2 = 1", "2/COL2 2/ROW2 = 2"}));
 }
 
+TEST_F(ValueEntryTest, SeveralAnnouncedValuesAreBracketed) {
+    control->SetBulkListener([&](bool running) { host.heard.emplace_back(running ? "begin" : "end"); });
+    platform.onClipboard.text = "1\t2";
+    Grid().SelectCell(At("COL1", "ROW2"), SelectionMode::Replace);
+    control->Paste();
+    EXPECT_EQ(host.heard, Lines{"update"}) << "one event says it all";
+    tables.gridAttr->SetValue(1, "SINGLEVALUE", "X");
+    control->DP_Import_Attribute();
+    host.heard.clear();
+    Type("COL1", "ROW1", "5");
+    EXPECT_EQ(host.heard, Lines{"1/COL1 1/ROW1 = 5"}) << "nor is there anything to gather";
+    host.heard.clear();
+    control->Paste();
+    control->Undo();
+    EXPECT_EQ(host.heard, (Lines{"begin", "1/COL1 2/ROW2 = 1", "2/COL2 2/ROW2 = 2", "end", "begin", "2/COL2 2/ROW2 = 2",
+                                 "1/COL1 2/ROW2 = 1", "end"}));
+    host.heard.clear();
+    control->PROP_Set_TAB_OLD(nullptr);
+    ExpectErrors();
+    control->Paste();
+    EXPECT_EQ(host.heard.back(), "end") << "an action that fails ends, too";
+}
+
+TEST_F(ValueEntryTest, TheRowsOfTabMayMoveWithinAnAction) {
+    tables.gridAttr->SetValue(1, "SINGLEVALUE", "X");
+    control->DP_Import_Attribute();
+    host.onValue = [&] {
+        host.onValue = nullptr;
+        tables.tab->RemoveRow(2);
+        tables.tab->AddRow({1, 2, 99});
+    };
+    Grid().SelectCell(At("COL1", "ROW1"), SelectionMode::Replace);
+    platform.onClipboard.text = "1\t2\n4\t5";
+    control->Paste();
+    EXPECT_EQ(Rows(*tables.tab), "1,1=1 2,1=4 1,2=2 2,2=5");
+}
+
 TEST_F(ValueEntryTest, OneValueOrOneRowFillsASelection) {
     Select("COL1", "ROW1", "COL3", "ROW3");
     platform.onClipboard.text = "7";

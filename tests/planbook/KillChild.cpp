@@ -1,5 +1,5 @@
 // planbook_kill_child BOOK SEED EDITS: edits a book in a real window of planbook and reports on standard output the
-// number of each edit when the handlers of its event have returned. For KillTest, which kills it.
+// number of each edit when the handlers of its events have returned. For KillTest, which kills it.
 #include <QApplication>
 #include <cstdlib>
 
@@ -53,7 +53,12 @@ int main(int argc, char** argv) {
     window.openBook(argv[1]);
     int number = 0;
     // After the window's own handlers, because these are connected later.
-    QObject::connect(&window.view(), &PlanViewWidget::GridValueChanged, [&] { report(number); });
+    QObject::connect(&window.view(), &PlanViewWidget::GridValueChanged, [&] {
+        if (!window.view().isAnnouncingSeveral()) {
+            report(number);
+        }
+    });
+    QObject::connect(&window.view(), &PlanViewWidget::severalValuesAnnounced, [&] { report(number); });
     QObject::connect(&window.view(), &PlanViewWidget::GridStartUpdate, [&] { report(number); });
     for (const KillEdit& edit : KillScript(static_cast<unsigned>(std::atoi(argv[2])), std::atoi(argv[3]))) {
         ++number;

@@ -26,7 +26,8 @@ constexpr int Edits = 200;
 using Cells = std::map<std::pair<int, int>, Variant>;
 
 /// The book that is edited: every cell holds 1000 times its line plus its period.
-std::filesystem::path MakeBook(const TestFolder& folder) {
+/// With `singleValue` each cell of a block is announced, else the block as a whole.
+std::filesystem::path MakeBook(const TestFolder& folder, bool singleValue) {
     std::string csv = "month";
     for (int line = 1; line <= KillLines; ++line) {
         csv += ",line" + std::to_string(line);
@@ -41,6 +42,8 @@ std::filesystem::path MakeBook(const TestFolder& folder) {
     request.source = folder.Write("kill.csv", csv + "\n");
     request.book = folder.Path("kill.planbook");
     planbook::ImportBook(request);
+    ChangeBook(request.book,
+               singleValue ? "UPDATE GRID_ATTR SET SINGLEVALUE = 'X'" : "UPDATE GRID_ATTR SET SINGLEVALUE = ''");
     return request.book;
 }
 
@@ -117,7 +120,7 @@ TEST_P(Kill, LosesNoEditWhoseEventWasHandled) {
     const unsigned seed = GetParam();
     std::mt19937 random(seed);
     const TestFolder folder;
-    const std::filesystem::path file = MakeBook(folder);
+    const std::filesystem::path file = MakeBook(folder, seed % 2 == 0);
     Cells cells = CellsOf(planbook::LoadBook(file), BookTable::Tab);
     Cells old;
 

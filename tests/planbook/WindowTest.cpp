@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QSettings>
 #include <QToolButton>
+#include <fstream>
 #include <ostream>
 
 #include <gtest/gtest.h>
@@ -108,6 +109,35 @@ TEST(Window, EveryKindOfChangeIsInTheFileAtOnce) {
     grid.ReleaseBorder();
     EXPECT_EQ(LoadBook(w.file)[BookTable::ColsIndex].Value(2, "COL_WIDTH"), Variant(133));
     w.ExpectSaved();
+}
+
+/// SQLite counts the transactions that have written to a file in its header.
+unsigned TransactionsOf(const std::filesystem::path& book) {
+    constexpr int Place = 24;
+    std::ifstream file(book, std::ios::binary);
+    file.seekg(Place);
+    unsigned count = 0;
+    for (int i = 0; i < 4; ++i) {
+        count = count << 8U | static_cast<unsigned>(file.get());
+    }
+    return count;
+}
+
+TEST(Window, CellsThatOneActionAnnouncesAreOneTransaction) {
+    const TestFolder folder;
+    const std::filesystem::path file = MakeSmallBook(folder);
+    ChangeBook(file, "UPDATE GRID_ATTR SET SINGLEVALUE = 1");
+    Window w(file);
+    w.Type(1, 1, "2");  // makes the indexes
+    const unsigned before = TransactionsOf(file);
+    w.EmptyBlock(1, 1, 3, 3);
+    EXPECT_EQ(TransactionsOf(file), before + 1);
+    w.ExpectSaved();
+    w.window.view().undo();
+    EXPECT_EQ(TransactionsOf(file), before + 2);
+    w.ExpectSaved();
+    w.Type(1, 1, "3");
+    EXPECT_EQ(TransactionsOf(file), before + 3);
 }
 
 TEST(Window, PendingChangesAreCountedAcceptedAndReverted) {

@@ -101,7 +101,9 @@ private slots:
         QVERIFY(screen.isSelected("COL3", "ROW4") && screen.isSelected("COL4", "ROW6"));
         QTest::keyClick(&screen.view(), Qt::Key_Up, Qt::ShiftModifier);
         QVERIFY(screen.isSelected("COL4", "ROW5") && !screen.isSelected("COL4", "ROW6"));
+        QCOMPARE(screen.current(), QStringLiteral("COL3/ROW4"));
         QTest::keyClick(&screen.view(), Qt::Key_Right);
+        QCOMPARE(screen.current(), QStringLiteral("COL4/ROW4"));
         QVERIFY(!screen.isSelected("COL3", "ROW4"));
     }
 

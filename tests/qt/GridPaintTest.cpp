@@ -83,7 +83,7 @@ private slots:
             {"FLC0", "ROW5", theme.heading, theme.muted},     {"FRC1", "ROW6", theme.total, theme.text},
             {"COL1", "ROW4", theme.helpLine, theme.text},     {"FLC0", "ROW4", theme.helpLine, theme.text},
             {"COL1", "ROW5", theme.readOnly, theme.muted},    {"COL1", "ROW6", theme.base, theme.negative},
-            {"COL3", "ROW8", theme.accentTint, theme.text},   {"COL2", "ROW8", theme.base, theme.text},
+            {"COL3", "ROW8", theme.accentTint, theme.text},   {"COL3", "ROW7", theme.base, theme.text},
             {"COL1", "FBR1", theme.panel, theme.muted},       {"COL1", "FTR1", theme.heading, theme.text},
         };
         screen.set({"FLC1", "ROW1"}, GridAttribute::Contents, "unit");

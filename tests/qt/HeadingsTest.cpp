@@ -146,6 +146,68 @@ private slots:
         QCOMPARE(int{width("COL5")}, before);
     }
 
+    void aDoubleClickOnAMarkShowsWhatIsHidden_data() {
+        QTest::addColumn<bool>("switched");
+        QTest::addColumn<QString>("hidden");
+        QTest::addColumn<QString>("beside");
+        QTest::addColumn<bool>("atEnd");
+        QTest::addColumn<QString>("stillHidden");
+        const auto row = [](const char* name, bool switched, const char* hidden, const char* beside, bool atEnd,
+                            const char* still) {
+            QTest::newRow(name) << switched << hidden << beside << atEnd << still;
+        };
+        row("between two columns", false, "COL2", "COL1/FTR0", true, "");
+        row("right of the mark", false, "COL2", "COL3/FTR0", false, "");
+        row("several at once, others not", false, "COL1 COL2 COL4", "COL3/FTR0", false, "COL4");
+        row("before the first column", false, "COL1", "FLC0/FTR0", true, "");
+        row("behind the last one", false, "COL4", "COL3/FTR0", true, "");
+        row("all of them", false, "COL1 COL2 COL3 COL4", "FLC0/FTR0", true, "");
+        row("rows", false, "ROW2 ROW3", "FLC0/ROW1", true, "");
+        row("the first row", false, "ROW1", "FLC0/ROW2", false, "");
+        row("switched: columns stand in rows", true, "COL2", "COL1/FTR0", true, "");
+    }
+
+    void aDoubleClickOnAMarkShowsWhatIsHidden() {
+        QFETCH(bool, switched);
+        QFETCH(QString, hidden);
+        QFETCH(QString, beside);
+        QFETCH(bool, atEnd);
+        QFETCH(QString, stillHidden);
+        WidgetOnScreen screen;
+        screen.tables.gridAttr->SetValue(1, "SWITCHED", switched ? "X" : "");
+        const auto tableOf = [&](const QString& key) {
+            const bool column = key.startsWith(QLatin1String("COL"));
+            return std::pair(column ? screen.tables.colsIndex : screen.tables.lineIndex,
+                             column ? "COL_HIDDEN" : "ROW_HIDDEN");
+        };
+        for (const QString& key : hidden.split(' ')) {
+            const auto [table, field] = tableOf(key);
+            table->SetValue(key.last(1).toInt(), field, "X");
+        }
+        screen.widget->DP_Import_Attribute();
+        screen.widget->DP_Import_Update();
+        const bool across = beside.endsWith(QLatin1String("FTR0")) != switched;
+        const QRect rect = screen.view().cellRect(screen.cell(beside));
+        const QPoint mark = across ? QPoint(atEnd ? rect.right() : rect.left() + 1, rect.center().y())
+                                   : QPoint(rect.center().x(), atEnd ? rect.bottom() : rect.top() + 1);
+        QTest::mouseClick(screen.port(), Qt::LeftButton, Qt::NoModifier, mark);
+        QVERIFY2(screen.heard.isEmpty(), "one click shows nothing yet");
+        QTest::mouseDClick(screen.port(), Qt::LeftButton, Qt::NoModifier, mark);
+        QStringList left;
+        for (const QString& key : hidden.split(' ')) {
+            const auto [table, field] = tableOf(key);
+            if (table->Value(key.last(1).toInt(), field).AsText() == "X") {
+                left << key;
+            }
+        }
+        QCOMPARE(left.join(' '), stillHidden);
+        QCOMPARE(screen.heard, QStringList{QStringLiteral("update")});
+        QVERIFY(!screen.editor());
+        const auto& grid = screen.grid();
+        QCOMPARE(grid.Column(*grid.FindColumn("COL4")).hidden, stillHidden == QLatin1String("COL4"));
+        QVERIFY(!grid.Column(*grid.FindColumn("COL2")).hidden && !grid.Row(*grid.FindRow("ROW1")).hidden);
+    }
+
     void markedColumnsFollowInGridAndTables() {
         WidgetOnScreen screen;
         const auto heading = [&screen](const QString& key) { return screen.middle(key + QStringLiteral("/FTR0")); };

@@ -138,7 +138,45 @@ private slots:
         QCOMPARE(plain.size(), QSize(600, 300));
     }
 
+    void headingsFollowTheTextScale() {
+        Screen screen(false);
+        showAll(screen);
+        const int small = inkOf(part(screen, "ChartPane")).height();
+        screen.widget->setTextScale(2.0);
+        QVERIFY(std::abs(inkOf(part(screen, "ChartPane")).height() - 2 * small) <= 2);
+    }
+
+    void aNarrowPaneKeepsItsHeadingWhole() {
+        Screen screen(false);
+        showAll(screen);
+        for (const double scale : {1.0, 1.5}) {
+            screen.widget->setTextScale(scale);
+            QWidget& pane = part(screen, "OperandPane");
+            QVERIFY(pane.width() < 80);
+            const QRect ink = inkOf(pane);
+            QVERIFY(ink.left() >= 3 && ink.right() < pane.width() - 3);
+            // It ends with a letter and not with the dots of a shortened text.
+            const QRect end = inkOf(pane, QRect(ink.right() - 2, 0, 3, pane.height()));
+            QVERIFY2(end.height() > ink.height() / 2, qPrintable(QString::number(end.height())));
+        }
+    }
+
 private:
+    /// Where a pane's picture, or a part of it, differs from its ground.
+    static QRect inkOf(QWidget& pane, const QRect& part = {}) {
+        QImage picture(pane.size(), QImage::Format_RGB32);
+        pane.render(&picture);
+        const QRect all = part.isEmpty() ? picture.rect() : part & picture.rect();
+        QRect ink;
+        for (int y = all.top(); y <= all.bottom(); ++y) {
+            for (int x = all.left(); x <= all.right(); ++x) {
+                if (picture.pixel(x, y) != picture.pixel(picture.width() - 1, picture.height() - 1)) {
+                    ink |= QRect(x, y, 1, 1);
+                }
+            }
+        }
+        return ink;
+    }
     static void showAll(Screen& screen) {
         screen.tables.gridAttr->SetValue(1, "CHART", "X");
         screen.tables.gridAttr->SetValue(1, "HIDDEN_LIST", "X");

@@ -19,8 +19,8 @@ private slots:
             QTest::newRow(name) << from << keys << summary;
         };
         row("one cell", "COL2/ROW3", "", "Line 3 \u00B7 Month 2; 1; 32; 32");
-        row("a block", "COL1/ROW1", "<Shift+Right><Shift+Down>", "Line 2 \u00B7 Month 2; 4; 66; 16,5");
-        row("cells without numbers count as cells", "COL4/ROW4", "<Shift+Down>", "Line 5 \u00B7 Month 4; 2; 44; 44");
+        row("a block", "COL1/ROW1", "<Shift+Right><Shift+Down>", "Line 1 \u00B7 Month 1; 4; 66; 16,5");
+        row("cells without numbers count as cells", "COL4/ROW4", "<Shift+Down>", "Line 4 \u00B7 Month 4; 2; 44; 44");
         row("nothing to add up", "COL4/ROW5", "", "Line 5 \u00B7 Month 4; 1; ; ");
         row("groups and decimals", "COL1/ROW1", "123456,25<Tab>", "Line 1 \u00B7 Month 2; 1; 12; 12");
     }

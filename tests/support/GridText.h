@@ -149,6 +149,8 @@ public:
     void SelectionChanged(const CellKey& cell, bool selected) override {
         Add("SelectionChanged", cell.column + "/" + cell.row, selected ? 1 : 0);
     }
+    void ShowHiddenColumns(const std::vector<std::string>& columns) override { Show("ShowHiddenColumns", columns); }
+    void ShowHiddenRows(const std::vector<std::string>& rows) override { Show("ShowHiddenRows", rows); }
     void FocusIn() override { events.emplace_back("FocusIn"); }
     void FocusOut() override { events.emplace_back("FocusOut"); }
     void ContentsChanged(const CellKey& cell, const std::string& text) override { Act("ContentsChanged", cell, text); }
@@ -176,6 +178,12 @@ public:
     std::function<void()> onDoubleClick;
 
 private:
+    void Show(std::string action, const std::vector<std::string>& keys) {
+        for (const std::string& key : keys) {
+            action += " " + key;
+        }
+        actions.push_back(std::move(action));
+    }
     void Act(const char* action, const CellKey& cell, const std::string& rest) {
         actions.push_back(std::string(action) + " " + cell.column + "/" + cell.row + (rest.empty() ? "" : " ") + rest);
     }

@@ -79,6 +79,7 @@ BookSession::BookSession(PlanViewWidget& view, Questions& questions, QObject* pa
     connect(&view_, &PlanViewWidget::GridValueChanged, this,
             [this](short column, const QString& /*columnKey*/, short row, const QString& /*rowKey*/,
                    const QVariant& value) { valueChanged(column, row, value); });
+    connect(&view_, &PlanViewWidget::severalValuesAnnounced, this, &BookSession::severalAnnounced);
     connect(&view_, &PlanViewWidget::GridStartUpdate, this, &BookSession::tablesChanged);
     connect(&view_, &PlanViewWidget::GridReturnKeyPressed, this, &BookSession::tablesChanged);
     connect(&watch_, &QTimer::timeout, this, &BookSession::watch);
@@ -95,6 +96,7 @@ void BookSession::open(const std::filesystem::path& file) {
     file_ = whole;
     snapshot_ = BookSnapshot(book_);
     afterwards_ = Afterwards::Nothing;
+    announced_ = {};
     setChangedElsewhere(false);
     show();
     watch_.start();
@@ -131,10 +133,18 @@ void BookSession::show() {
 void BookSession::valueChanged(short column, short row, const QVariant& value) {
     const CellPlace cell{row, column};
     const Variant before = snapshot_.ValueOf(cell);
-    BookChanges changes;
-    changes.cells.push_back({cell, before, toVariant(value)});
-    changes.oldValues.push_back({cell, before});
-    commit(changes);
+    announced_.cells.push_back({cell, before, toVariant(value)});
+    announced_.oldValues.push_back({cell, before});
+    if (!view_.isAnnouncingSeveral()) {
+        severalAnnounced();
+    }
+}
+
+void BookSession::severalAnnounced() {
+    BookChanges changes = std::exchange(announced_, {});
+    if (!changes.IsEmpty()) {
+        commit(changes);
+    }
 }
 
 void BookSession::tablesChanged() {

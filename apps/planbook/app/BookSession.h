@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "book/Book.h"
+#include "book/BookChanges.h"
 #include "book/BookSnapshot.h"
 #include "book/BookStore.h"
 
@@ -21,7 +22,8 @@ class Questions;
 
 /// One open book and the view that shows it.
 ///
-/// What the view announces is in the file before the announcement's handler returns, in one transaction. When that
+/// What the view announces is in the file before the announcement's handler returns, in one transaction; when one
+/// action of the user changes several cells, before that action ends, in one transaction for all of them. When that
 /// fails the tables go back to what the file holds and the view is built anew, after the view has ended what it is
 /// doing: the view itself writes the tables only after the announcement.
 class BookSession : public QObject {
@@ -64,6 +66,8 @@ Q_SIGNALS:
 
 private:
     void valueChanged(short column, short row, const QVariant& value);
+    /// Writes what was announced cell by cell.
+    void severalAnnounced();
     void tablesChanged();
     /// False when the changes could not be written; the failure is then dealt with.
     bool commit(BookChanges& changes);
@@ -88,6 +92,7 @@ private:
     std::unique_ptr<BookStore> store_;
     Book book_;
     BookSnapshot snapshot_;  // what the file held when this window last read or wrote it
+    BookChanges announced_;  // of the action that is under way, cell by cell
     QTimer watch_;
     bool changedElsewhere_ = false;
     bool busy_ = false;  // while the user is being asked

@@ -75,6 +75,14 @@ void MainWindow::buildViewMenu() {
     QMenu* view = menuBar()->addMenu("&View");
     buildSchemeMenu(*view);
     view->addSeparator();
+    const auto add = [&](const QString& text, void (PlanViewWidget::*command)()) {
+        bookActions_->addAction(view->addAction(text, view_, command));
+    };
+    add("&Hide selected rows", &PlanViewWidget::hideRows);
+    add("Hide selected &columns", &PlanViewWidget::hideColumns);
+    add("Sho&w selected rows", &PlanViewWidget::showRows);
+    add("Show selected c&olumns", &PlanViewWidget::showColumns);
+    view->addSeparator();
     view->addAction("&Larger text", QKeySequence::ZoomIn, this,
                     [this] { view_->setTextScale(view_->textScale() * TextStep); });
     view->addAction("&Smaller text", QKeySequence::ZoomOut, this,

@@ -155,9 +155,14 @@ public:
     Q_INVOKABLE void copy();
     Q_INVOKABLE void cut();
     Q_INVOKABLE void paste();
-    /// Gives every selected cell the current cell's value.
+    /// Gives every selected cell the value of the first one.
     Q_INVOKABLE void fill();
     Q_INVOKABLE void deleteContents();
+    /// The columns or rows whose headings are selected; hidden ones can be selected along with those around them.
+    Q_INVOKABLE void hideColumns();
+    Q_INVOKABLE void showColumns();
+    Q_INVOKABLE void hideRows();
+    Q_INVOKABLE void showRows();
     /// Ends an entry that is open. False when its text is refused; it then stays open. Ask before closing or saving.
     Q_INVOKABLE bool finishEditing();
     /// Ends an entry that is open, then makes the cell with these keys the current one, selects it alone and scrolls it
@@ -166,6 +171,12 @@ public:
     /// The keys of the current cell, as selectCell() takes them; empty without one.
     [[nodiscard]] QString currentColumn() const;
     [[nodiscard]] QString currentRow() const;
+
+    // --- For a host that keeps the changes
+
+    /// True while the user's action announces several values by GridValueChanged, one after the other, so that a host
+    /// can gather them; severalValuesAnnounced() follows before the user can do anything else.
+    [[nodiscard]] bool isAnnouncingSeveral() const;
 
     // --- For the host's status bar
 
@@ -215,6 +226,8 @@ Q_SIGNALS:
     /// Current cell, selection or a selected value is another one.
     void selectionSummaryChanged();
     void pendingChangesChanged(int count);
+    /// What isAnnouncingSeveral() announced has come to its end.
+    void severalValuesAnnounced();
 
 protected:
     void changeEvent(QEvent* event) override;

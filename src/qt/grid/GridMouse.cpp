@@ -7,6 +7,7 @@
 
 #include "qt/grid/GridFit.h"
 #include "qt/grid/GridView.h"
+#include "qt/grid/HiddenMarks.h"
 
 namespace planview {
 
@@ -129,6 +130,9 @@ void GridMouse::report(const GridHit& hit, Qt::MouseButton button, Qt::KeyboardM
 
 void GridMouse::doubleClick(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
     const GridHit hit = view_.hitTest(point);
+    if (button == Qt::LeftButton && modifiers == Qt::NoModifier && showHidden(point)) {
+        return;
+    }
     if (button == Qt::LeftButton && hit.border != Border::None && pressBorder(hit, point)) {
         fitContents(hit);
         return;
@@ -146,6 +150,20 @@ void GridMouse::doubleClick(QPoint point, Qt::MouseButton button, Qt::KeyboardMo
     if (view && grid.BuildVersion() == built) {
         view->edit(cell);
     }
+}
+
+/// What a mark at a header border stands for; false where there is none.
+bool GridMouse::showHidden(QPoint point) {
+    const std::optional<HiddenMark> mark = hiddenMarkAt(view_.grid(), view_.geometry(), view_.toDevice(point));
+    if (!mark) {
+        return false;
+    }
+    if (mark->columns) {
+        view_.grid().ReportShowHidden(ColumnId{mark->track}, mark->side);
+    } else {
+        view_.grid().ReportShowHidden(RowId{mark->track}, mark->side);
+    }
+    return true;
 }
 
 /// As if the user had dragged the border to where everything fits.
@@ -254,7 +272,7 @@ void GridMouse::extendTo(QPoint point) {
             }
             break;
         case Doing::Cells:
-            if (h && v && view_.grid().CurrentCell() != geometry.cell(h->id, v->id)) {
+            if (h && v && view_.grid().SelectionEnd() != geometry.cell(h->id, v->id)) {
                 view_.grid().SelectCell(geometry.cell(h->id, v->id), SelectionMode::Extend);
             }
             break;

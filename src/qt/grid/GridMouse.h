@@ -43,6 +43,7 @@ private:
     void report(const GridHit& hit, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     bool pressBorder(const GridHit& hit, QPoint point);
     void releaseHeading(const std::optional<Cell>& clicked);
+    bool showHidden(QPoint point);
     void fitContents(const GridHit& hit);
     void select(const GridHit& hit, SelectionMode mode);
     void extendTo(QPoint point);

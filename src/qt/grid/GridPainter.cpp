@@ -212,10 +212,10 @@ void GridPainter::addHiddenHint(const PlacedTrack& track, const QRect& heading, 
                               color});
         }
     };
-    if (track.traits.hiddenBefore) {
+    if (track.traits.hidden.before) {
         addDoubleLine(track.track.start);
     }
-    if (track.traits.hiddenBehind) {
+    if (track.traits.hidden.behind) {
         addDoubleLine(track.track.end);
     }
 }

@@ -11,26 +11,6 @@ using Area = AxisLayout::Area;
 /// How many columns are asked whether a row at the bottom sums up.
 constexpr std::size_t SampledColumns = 64;
 
-/// The orders of all tracks of an area, hidden ones included, as a half-open range.
-std::pair<int, int> areaOrders(const GridControl& grid, bool columns, Area area) {
-    const auto range = [&](const auto& ids) {
-        return ids.empty() ? std::pair(0, 0) : std::pair(grid.OrderOf(ids.front()), grid.OrderOf(ids.back()) + 1);
-    };
-    const auto index = static_cast<std::uint8_t>(area);
-    return columns ? range(grid.Columns(static_cast<ColumnArea>(index)))
-                   : range(grid.Rows(static_cast<RowArea>(index)));
-}
-
-void findHidden(const GridControl& grid, const GridAxis& axis, const GridTrack& track, TrackTraits& traits) {
-    const bool columns = axis.showsColumns();
-    const std::span<const AxisItem> items = axis.layout().Items(track.area);
-    const auto [first, end] = areaOrders(grid, columns, track.area);
-    const auto index = static_cast<std::size_t>(track.index);
-    const int before = index > 0 ? trackOrder(grid, columns, items[index - 1].track) : first - 1;
-    traits.hiddenBefore = traits.order - before > 1;
-    traits.hiddenBehind = index + 1 == items.size() && end - traits.order > 1;
-}
-
 bool sumsUp(const GridControl& grid, RowId row, std::span<const AxisItem> columns) {
     for (const AxisItem& column : columns.first(std::min(columns.size(), SampledColumns))) {
         const Cell cell{ColumnId{column.track}, row};
@@ -72,7 +52,7 @@ std::vector<TrackTraits> describe(const GridControl& grid, const GridColors& col
             traits.touched = selection.TouchesRow(RowId{track.id}, traits.order);
             describeRow(grid, colors, across.layout().Items(Area::Center), RowId{track.id}, traits);
         }
-        findHidden(grid, axis, track, traits);
+        traits.hidden = hiddenBeside(grid, axis, track);
         result.push_back(traits);
     }
     return result;

@@ -5,17 +5,17 @@
 #include "components/GridControl.h"
 #include "qt/grid/GridColors.h"
 #include "qt/grid/GridGeometry.h"
+#include "qt/grid/HiddenMarks.h"
 
 namespace planview {
 
 /// What a column or row lends to the look of its cells.
 struct TrackTraits {
     AxisLayout::Area area = AxisLayout::Area::Center;
-    int order = 0;              ///< see GridControl::OrderOf()
-    bool header = false;        ///< carries the headings of the other axis
-    bool touched = false;       ///< the selection reaches into it
-    bool hiddenBefore = false;  ///< hidden ones stand between it and the visible one before it
-    bool hiddenBehind = false;  ///< it is the last visible one of its area, and hidden ones follow
+    int order = 0;         ///< see GridControl::OrderOf()
+    bool header = false;   ///< carries the headings of the other axis
+    bool touched = false;  ///< the selection reaches into it
+    HiddenBeside hidden;
     // Rows only.
     bool helpLine = false;
     bool readOnly = false;  ///< all its planning cells

@@ -13,6 +13,7 @@
 
 #include "qt/grid/GridPainter.h"
 #include "qt/grid/GridView.h"
+#include "qt/grid/HiddenMarks.h"
 
 // What the user does with the view. Before the grid is told, its owner is held: the host may delete the view from
 // inside the event that follows.
@@ -242,11 +243,11 @@ void GridView::handleKey(const GridKey& key) {
 }
 
 void GridView::move(GridMove move, SelectionMode mode) {
-    const std::optional<Cell> current = grid_.CurrentCell();
-    if (!current) {
+    const std::optional<Cell> from = mode == SelectionMode::Extend ? grid_.SelectionEnd() : grid_.CurrentCell();
+    if (!from) {
         return;
     }
-    const std::optional<Cell> target = GridNavigation(grid_, geometry()).target(*current, move);
+    const std::optional<Cell> target = GridNavigation(grid_, geometry()).target(*from, move);
     if (!target) {
         QAbstractScrollArea::focusNextPrevChild(move == GridMove::Next);
         return;
@@ -271,7 +272,7 @@ void GridView::selectCurrent(Cell cell, SelectionMode mode) {
     const std::shared_ptr<void> keepGrid = owner_;
     const QPointer<GridView> self(this);
     const GridStatus status = grid_.SelectCell(cell, mode);
-    if (self && status == GridStatus::Ok && grid_.CurrentCell() == cell) {
+    if (self && status == GridStatus::Ok && grid_.SelectionEnd() == cell) {
         ensureVisible(cell);
     }
 }
@@ -380,6 +381,12 @@ bool GridView::viewportEvent(QEvent* event) {
 }
 
 void GridView::showToolTip(const QHelpEvent& event) {
+    if (const std::optional<HiddenMark> mark = hiddenMarkAt(grid_, geometry(), toDevice(event.pos()))) {
+        const QString text = mark->columns ? QStringLiteral("Hidden columns: a double click shows them")
+                                           : QStringLiteral("Hidden rows: a double click shows them");
+        QToolTip::showText(event.globalPos(), text, viewport());
+        return;
+    }
     const GridHit hit = hitTest(event.pos());
     if (hit.place == GridHit::Place::Nothing) {
         QToolTip::hideText();

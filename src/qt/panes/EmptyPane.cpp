@@ -1,15 +1,18 @@
 #include "qt/panes/EmptyPane.h"
 
 #include <QPainter>
+#include <algorithm>
 
 namespace planview {
 
 namespace {
 
 constexpr int HeadingLeft = 12;
-constexpr int HeadingRight = 4;
 constexpr int HeadingTop = 8;
 constexpr int HeadingPixels = 11;
+/// What a narrow pane leaves of these for its heading to be read whole.
+constexpr int LeastSideMargin = 4;
+constexpr int LeastHeadingPixels = 8;
 constexpr QSize SmallestSize(40, 28);
 
 }  // namespace
@@ -25,16 +28,38 @@ void EmptyPane::setTheme(const GridTheme& theme) {
     update();
 }
 
-void EmptyPane::paintOn(QPainter& painter, const QRect& rect) const {
-    painter.fillRect(rect, QColor::fromRgb(ground_ == Ground::Panel ? theme_->panel : theme_->base));
+void EmptyPane::setTextScale(double scale) {
+    textScale_ = scale;
+    update();
+}
+
+int EmptyPane::scaled(int logical) const {
+    return qRound(logical * textScale_);
+}
+
+QFont EmptyPane::headingFont(int width) const {
     QFont heading = font();
-    heading.setPixelSize(HeadingPixels);
     heading.setCapitalization(QFont::AllUppercase);
     heading.setBold(true);
+    for (int pixels = scaled(HeadingPixels);; --pixels) {
+        heading.setPixelSize(std::max(pixels, LeastHeadingPixels));
+        if (pixels <= LeastHeadingPixels || QFontMetrics(heading).horizontalAdvance(heading_) <= width) {
+            return heading;
+        }
+    }
+}
+
+void EmptyPane::paintOn(QPainter& painter, const QRect& rect) const {
+    painter.fillRect(rect, QColor::fromRgb(ground_ == Ground::Panel ? theme_->panel : theme_->base));
+    const int room = rect.width() - 2 * LeastSideMargin;
+    const QFont heading = headingFont(room);
+    const QFontMetrics metrics(heading);
     painter.setFont(heading);
     painter.setPen(QColor::fromRgb(theme_->muted));
-    const QRect place = rect.adjusted(HeadingLeft, HeadingTop, -HeadingRight, 0);
-    const QString fitting = QFontMetrics(heading).elidedText(heading_, Qt::ElideRight, place.width());
+    const int spare = room - metrics.horizontalAdvance(heading_);
+    const int left = LeastSideMargin + std::clamp(spare, 0, std::max(0, scaled(HeadingLeft) - LeastSideMargin));
+    const QRect place = rect.adjusted(left, scaled(HeadingTop), -LeastSideMargin, 0);
+    const QString fitting = spare < 0 ? metrics.elidedText(heading_, Qt::ElideRight, place.width()) : heading_;
     painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, fitting);
 }
 

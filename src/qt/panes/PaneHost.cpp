@@ -33,6 +33,11 @@ PaneHost::PaneHost(PaneLayout& layout, GridView* grid, QWidget* parent)
     auto* only = new QVBoxLayout(this);
     only->setContentsMargins(0, 0, 0, 0);
     only->addWidget(all);
+    connect(gridView_, &GridView::textScaleChanged, this, [this](double scale) {
+        for (EmptyPane* pane : empty_) {
+            pane->setTextScale(scale);
+        }
+    });
     layout_.SetWatcher(this);
     PanesChanged();
 }
