@@ -67,19 +67,20 @@ void ChartHandlers::MouseDown(std::int16_t button, std::int16_t shift, const Cha
     });
 }
 
+/// A point stands for its series here: the series' entries are about the line as a whole. What was clicked becomes what
+/// the commands are about.
 void ChartHandlers::ShowPopup(const ChartHit& hit) {
     if (!context_.showChartPopup) {
         return;
     }
-    switch (hit.code) {
-        case ChartHitCode::Series:
-            context_.showChartPopup("SERIES");
-            break;
-        case ChartHitCode::Trendline:
-            context_.showChartPopup("TRENDLINE");
-            break;
-        default:
-            context_.showChartPopup("CHART");
+    if (hit.code == ChartHitCode::Series || hit.code == ChartHitCode::Point) {
+        context_.chart.UserSelected({ChartHitCode::Series, hit.series, hit.category});
+        context_.showChartPopup(PlaceSeries);
+    } else if (hit.code == ChartHitCode::Trendline) {
+        context_.chart.UserSelected(hit);
+        context_.showChartPopup(PlaceTrendline);
+    } else {
+        context_.showChartPopup(PlaceChart);
     }
 }
 

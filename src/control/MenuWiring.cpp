@@ -84,12 +84,50 @@ void BindRowCommands(ControlContext& context) {
     }
 }
 
+void BindDialogCommands(ControlContext& context) {
+    MenuCommands& commands = context.menus.Commands();
+    commands.Bind("General", [&] { context.generalOptions.Run(); });
+    commands.Bind("RowAttributes", [&] { context.rowAttributes.Run(); });
+    commands.Bind("ChartAttribute", [&] { context.chartOptions.Run(); });
+}
+
+void BindChartCommands(ControlContext& context) {
+    MenuCommands& commands = context.menus.Commands();
+    ChartCommands& chart = context.chartCommands;
+    commands.Bind("Chart", [&] { chart.SwitchDisplay(); });
+    commands.Bind("ChartRedraw", [&] { chart.AutoArrange(); });
+    commands.Bind("Default", [&] { chart.StandardView(); });
+    commands.Bind("Forecast1", [&] { chart.ForecastView(); });
+    commands.Bind("ChartCopy", [&] { chart.CopyToClipboard(); });
+    constexpr std::pair<std::string_view, ChartType> Types[] = {{"ChartLine", ChartType::Line},
+                                                                {"ChartColumn", ChartType::Column},
+                                                                {"LineStacked", ChartType::StackedLine},
+                                                                {"LineStacked100", ChartType::StackedLine100}};
+    for (const auto& [command, type] : Types) {
+        commands.Bind(command, [&chart, type = type] { chart.SerieType(static_cast<std::int16_t>(type)); });
+    }
+    constexpr std::pair<std::string_view, TrendKind> Trends[] = {{"Linear", TrendKind::Linear},
+                                                                 {"Logarithmic", TrendKind::Logarithmic},
+                                                                 {"Potential", TrendKind::Power},
+                                                                 {"Expotential", TrendKind::Exponential},
+                                                                 {"Average", TrendKind::MovingAverage}};
+    for (const auto& [command, kind] : Trends) {
+        commands.Bind(command, [&chart, kind = kind] { chart.TrendlineAdd(static_cast<std::int16_t>(kind)); });
+    }
+    commands.Bind("TrendlineColor", [&] { chart.TrendlineColor(); });
+    commands.Bind("TrendlineDelete", [&] { chart.TrendlineDelete(); });
+}
+
 }  // namespace
 
 void BindMenuCommands(ControlContext& context) {
     BindGridCommands(context);
     BindColumnCommands(context);
     BindRowCommands(context);
+    BindDialogCommands(context);
+    BindChartCommands(context);
+    context.chooseColor = [&context] { return context.menus.ChooseColor(context.menus.Place()); };
+    context.showChartPopup = [&context](std::string_view place) { context.menus.Open(place, {}, PopupPlace::Mouse); };
 }
 
 MenuState MenuStateOf(const ControlContext& context, const CellKey& clicked) {
@@ -102,7 +140,12 @@ MenuState MenuStateOf(const ControlContext& context, const CellKey& clicked) {
     state.traceOn = modPlan::TraceEnabled;
     state.columns = ColumnState(context.grid);
     state.rows = RowState(context.grid);
-    state.forecastView = context.forecastView;
+    state.forecastView = context.chartCommands.IsForecastView();
+    state.hasTrendline = context.chartCommands.HasTrendline();
+    const ChartState& chart = context.chart.State();
+    if (const int series = chart.selected.series; series > 0 && series <= chart.SeriesCount()) {
+        state.seriesType = static_cast<std::int16_t>(chart.series[static_cast<std::size_t>(series) - 1].type);
+    }
     const std::optional<Cell> cell = context.grid.FindCell(clicked);
     state.editable = cell && RefusalOf(context.grid, *cell) == Refusal::None;
     return state;
