@@ -90,6 +90,8 @@ void RowAttributes::FillSample(frmRow& form, const Template& line) const {
     const std::optional<RowId> row = grid.FindRow(line.key);
     for (const ColumnId column : grid.Columns(ColumnArea::Center)) {
         if (row && sample.contents.size() < MostCells && !grid.Column(column).hidden) {
+            const std::optional<Cell> heading = grid.FindCell({grid.Column(column).key, HeadingRowKey});
+            sample.headings.push_back(heading ? grid.Contents(*heading) : std::string());
             sample.contents.push_back(grid.Contents({column, *row}));
         }
     }

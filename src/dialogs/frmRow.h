@@ -11,7 +11,8 @@ namespace planview {
 
 /// What a preview of the row needs beside the form's own controls.
 struct RowSample {
-    std::vector<std::string> contents;  ///< of its first planning cells
+    std::vector<std::string> headings;  ///< of its first planning cells
+    std::vector<std::string> contents;  ///< of the same cells
     std::string format;
     bool readOnly = false;
     bool textLine = false;

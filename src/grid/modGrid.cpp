@@ -211,6 +211,11 @@ Rgb PaletteColorOf(std::int16_t index) noexcept {
     return {color.red, color.green, color.blue};
 }
 
+std::string_view PaletteName(std::int16_t index) noexcept {
+    const bool known = index >= 0 && index < PaletteSize;
+    return Palette[known ? static_cast<std::size_t>(index) : 0].name;
+}
+
 void CreateColor(GridControl& grid, std::string_view name, std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
     Run(
         "CreateColor", {}, [&] { return grid.CreateColor(name, red, green, blue); },

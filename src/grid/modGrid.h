@@ -40,6 +40,8 @@ inline constexpr std::int16_t EditableBackground = 0;
 void CreatePalette(GridControl& grid);
 /// What a palette index looks like; white for a number that is none.
 [[nodiscard]] Rgb PaletteColorOf(std::int16_t index) noexcept;
+/// The name of the registered colour with this palette index, in every grid; white's for a number that is none.
+[[nodiscard]] std::string_view PaletteName(std::int16_t index) noexcept;
 /// The palette index of a position in the "Colors" popup, where white stands last instead of first.
 [[nodiscard]] constexpr std::int16_t PaletteIndexOf(int position) noexcept {
     return static_cast<std::int16_t>((position + 1) % PaletteSize);

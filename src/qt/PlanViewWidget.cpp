@@ -107,17 +107,11 @@ void PlanViewWidget::setColorScheme(ColorScheme scheme) {
 }
 
 void PlanViewWidget::applyTheme() {
-    switch (state_->colorScheme) {
-        case ColorScheme::System:
-            state_->panes->setTheme(GridTheme::forPalette(palette()));
-            break;
-        case ColorScheme::Light:
-            state_->panes->setTheme(GridTheme::light());
-            break;
-        case ColorScheme::Dark:
-            state_->panes->setTheme(GridTheme::darkTheme());
-            break;
-    }
+    const GridTheme& theme = state_->colorScheme == ColorScheme::System  ? GridTheme::forPalette(palette())
+                             : state_->colorScheme == ColorScheme::Light ? GridTheme::light()
+                                                                         : GridTheme::darkTheme();
+    state_->panes->setTheme(theme);
+    state_->core->forms.setTheme(theme);
 }
 
 double PlanViewWidget::textScale() const {

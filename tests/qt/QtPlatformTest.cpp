@@ -1,32 +1,16 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTimer>
-#include <QTreeWidget>
 #include <QtTest>
 
+#include "qt/WhenShown.h"
 #include "qt/platform/QtForms.h"
 #include "qt/platform/QtMessageBoxes.h"
 #include "qt/platform/QtSystemInformation.h"
-#include "trace/frmTrace.h"
 
 namespace planview {
 
 namespace {
-
-/// Runs when the next modal window is up.
-template <class Window, class Action>
-void whenShown(Action action) {
-    auto* timer = new QTimer(qApp);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, action] {
-        if (auto* window = qobject_cast<Window*>(QApplication::activeModalWidget())) {
-            timer->stop();
-            timer->deleteLater();
-            action(window);
-        }
-    });
-    timer->start(5);
-}
 
 class UnknownForm final : public Form {
 public:
@@ -83,33 +67,6 @@ private slots:
         whenShown<QMessageBox>([](QMessageBox* box) { QTest::keyClick(box, Qt::Key_Return); });
         QCOMPARE(static_cast<int>(boxes.Show({"?", "", MessageButtons::YesNo, MessageIcon::None, MessageAnswer::No})),
                  static_cast<int>(MessageAnswer::No));
-    }
-
-    void theTraceWindowShowsTheList() {
-        QWidget control;
-        QtForms forms(control);
-        frmTrace& form = frmTrace::Instance();
-        form.TraceView.Clear();
-        form.TraceView.Add("1", "GRIDCTL", {"message", "Contents", "{cid: COL1}", "1"});
-        form.TraceView.Add("2", "CHART", {"", "Update", "{}", "2"});
-        QStringList lines;
-        QString title;
-        for (int round = 0; round < 2; ++round) {
-            whenShown<QDialog>([&](QDialog* dialog) {
-                title = dialog->windowTitle();
-                auto* list = dialog->findChild<QTreeWidget*>();
-                for (int i = 0; i < list->topLevelItemCount(); ++i) {
-                    lines << list->topLevelItem(i)->text(0) + "/" + list->topLevelItem(i)->text(2);
-                }
-                QTest::keyClick(dialog, Qt::Key_Escape);
-            });
-            forms.ShowModal(form);
-        }
-        QCOMPARE(lines, (QStringList{"GRIDCTL/Contents", "CHART/Update", "GRIDCTL/Contents", "CHART/Update"}));
-        QCOMPARE(title, QStringLiteral("Trace [Morvida]"));
-        forms.Unload(form);
-        forms.Unload(form);
-        frmTrace::End();
     }
 
     void aFormWithoutAWindowIsNotWaitedFor() {

@@ -260,7 +260,7 @@ void GridPainter::paintEdges(QPainter& painter) const {
 
 void GridPainter::paintCurrentCell(QPainter& painter) const {
     const std::optional<Cell> current = scene_.grid.CurrentCell();
-    if (!current) {
+    if (!current || !scene_.framed) {
         return;
     }
     const GridGeometry& geometry = scene_.geometry;

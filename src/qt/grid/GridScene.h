@@ -17,6 +17,7 @@ struct GridScene {
     GridFonts& fonts;  ///< made for the geometry's unit
     GridBitmaps& bitmaps;
     const PendingMarks& pending;
+    bool framed = true;   ///< the current cell has its frame
     bool focused = true;  ///< the current cell's frame steps back while the grid does not have the focus
 };
 

@@ -350,7 +350,8 @@ void GridView::paintEvent(QPaintEvent* event) {
 }
 
 void GridView::paintGrid(QPainter& painter, const QRect& clip) {
-    GridPainter({grid_, geometry_, *theme_, fonts(), bitmaps_, pending_, showsFocus()}).paint(painter, clip);
+    GridPainter({grid_, geometry_, *theme_, fonts(), bitmaps_, pending_, framesCurrent_, showsFocus()})
+        .paint(painter, clip);
     paintDropMark(painter);
     if (hasGridFocus() && !grid_.CurrentCell()) {
         // Nothing else would show where the focus is.

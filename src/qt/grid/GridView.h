@@ -52,6 +52,9 @@ public:
     [[nodiscard]] const GridTheme& theme() const { return *theme_; }
     void setTheme(const GridTheme& theme);
 
+    /// Whether the current cell has its frame; a view that only shows cells has none.
+    void setFramesCurrent(bool frames) { framesCurrent_ = frames; }
+
     /// 0.5 .. 3.0; scales text, columns and rows on the screen and nothing in the grid.
     [[nodiscard]] double textScale() const { return textScale_; }
     void setTextScale(double scale);
@@ -159,6 +162,7 @@ private:
     bool layoutKnown_ = false;
     GridGeometry geometry_;
     bool updatingBars_ = false;
+    bool framesCurrent_ = true;
 
     GridMouse mouse_;
     GridWheel wheel_;

@@ -1,20 +1,8 @@
 #include "qt/platform/QtForms.h"
 
-#include "qt/platform/TraceDialog.h"
-#include "trace/frmTrace.h"
+#include "qt/dialogs/FormWindows.h"
 
 namespace planview {
-
-namespace {
-
-QDialog* makeWindow(Form& form, QWidget* parent) {
-    if (auto* trace = dynamic_cast<frmTrace*>(&form)) {
-        return new TraceDialog(trace->TraceView, parent);
-    }
-    return nullptr;
-}
-
-}  // namespace
 
 QtForms::~QtForms() {
     for (const auto& [form, dialog] : windows_) {
@@ -22,28 +10,49 @@ QtForms::~QtForms() {
     }
 }
 
-QDialog* QtForms::window(Form& form) const {
+void QtForms::setTheme(const GridTheme& theme) {
+    theme_ = &theme;
+    for (const auto& [form, dialog] : windows_) {
+        if (dialog) {
+            dialog->setTheme(theme);
+        }
+    }
+}
+
+ThemedDialog* QtForms::window(Form& form) const {
     const auto found = windows_.find(&form);
-    return found == windows_.end() ? nullptr : found->second.data();
+    ThemedDialog* dialog = found == windows_.end() ? nullptr : found->second.data();
+    return dialog && !dialog->hasEnded() ? dialog : nullptr;
 }
 
 void QtForms::Load(Form& form) {
     if (window(form)) {
         return;
     }
-    QDialog* dialog = makeWindow(form, control_ ? control_->window() : nullptr);
-    if (dialog) {
-        const std::string_view caption = form.Caption();
-        dialog->setWindowTitle(QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
-        windows_[&form] = dialog;
+    ThemedDialog* dialog = makeFormWindow(form, control_ ? control_->window() : nullptr);
+    if (!dialog) {
+        return;
     }
+    const std::string_view caption = form.Caption();
+    dialog->setWindowTitle(QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
+    dialog->setTheme(*theme_);
+    if (control_) {
+        QObject::connect(control_.data(), &QObject::destroyed, dialog, &QDialog::reject);
+    }
+    windows_[&form] = dialog;
 }
 
 void QtForms::ShowModal(Form& form) {
     Load(form);
-    if (QDialog* dialog = window(form)) {
-        dialog->exec();
+    ThemedDialog* dialog = window(form);
+    if (!dialog) {
+        return;
     }
+    if (dialog->isVisible()) {
+        dialog->raise();  // it is waited for already
+        return;
+    }
+    dialog->exec();
 }
 
 void QtForms::Hide(Form& form) {
@@ -53,7 +62,10 @@ void QtForms::Hide(Form& form) {
 }
 
 void QtForms::Unload(Form& form) {
-    delete window(form);
+    // The call may come from inside one of the window's own handlers.
+    if (ThemedDialog* dialog = window(form)) {
+        dialog->endForm();
+    }
     windows_.erase(&form);
 }
 

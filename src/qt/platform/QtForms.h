@@ -1,21 +1,25 @@
 #pragma once
 
-#include <QDialog>
 #include <QPointer>
 #include <map>
 
 #include <planview/Platform.h>
 
+#include "qt/dialogs/ThemedDialog.h"
+
 namespace planview {
 
 /// The windows of the control's forms, each made when its form is loaded. A form that the desktop has no window for
-/// stays unseen.
+/// stays unseen. A window that is shown when the control's widget goes closes as by its frame.
 class QtForms final : public Forms {
 public:
-    explicit QtForms(QWidget& control) : control_(&control) {}
+    explicit QtForms(QWidget& control) : control_(&control), theme_(&GridTheme::light()) {}
     ~QtForms() override;
     QtForms(const QtForms&) = delete;
     QtForms& operator=(const QtForms&) = delete;
+
+    /// The colours of the control's view, which its windows share.
+    void setTheme(const GridTheme& theme);
 
     void Load(Form& form) override;
     void ShowModal(Form& form) override;
@@ -23,10 +27,11 @@ public:
     void Unload(Form& form) override;
 
 private:
-    [[nodiscard]] QDialog* window(Form& form) const;
+    [[nodiscard]] ThemedDialog* window(Form& form) const;
 
     QPointer<QWidget> control_;
-    std::map<const Form*, QPointer<QDialog>> windows_;
+    const GridTheme* theme_;
+    std::map<const Form*, QPointer<ThemedDialog>> windows_;
 };
 
 }  // namespace planview

@@ -1,7 +1,8 @@
 #include "qt/platform/QtMessageBoxes.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 
 namespace planview {
 
@@ -70,15 +71,21 @@ MessageAnswer answerOf(int button, MessageButtons buttons) {
 }  // namespace
 
 MessageAnswer QtMessageBoxes::Show(const MessageBoxRequest& request) {
-    QMessageBox box(control_ ? control_->window() : nullptr);
-    box.setIcon(iconOf(request.icon));
-    box.setWindowTitle(request.title.empty() ? QCoreApplication::applicationName()
-                                             : QString::fromStdString(request.title));
-    box.setTextFormat(Qt::PlainText);
-    box.setText(QString::fromStdString(request.text));
-    box.setStandardButtons(buttonsOf(request.buttons));
-    box.setDefaultButton(buttonOf(request.defaultAnswer));
-    return answerOf(box.exec(), request.buttons);
+    // Above the window that waits for the user already, such as a form, else above the control's.
+    QWidget* above = QApplication::activeModalWidget();
+    // The window above which it stands may be destroyed while it waits, and takes it along.
+    const QPointer<QMessageBox> box(new QMessageBox(above || !control_ ? above : control_->window()));
+    box->setIcon(iconOf(request.icon));
+    box->setWindowTitle(request.title.empty() ? QCoreApplication::applicationName()
+                                              : QString::fromStdString(request.title));
+    box->setTextFormat(Qt::PlainText);
+    box->setText(QString::fromStdString(request.text));
+    box->setStandardButtons(buttonsOf(request.buttons));
+    box->setDefaultButton(buttonOf(request.defaultAnswer));
+    const int button = box->exec();
+    const MessageAnswer answer = answerOf(box ? button : QMessageBox::NoButton, request.buttons);
+    delete box;
+    return answer;
 }
 
 }  // namespace planview

@@ -1,0 +1,186 @@
+#include "qt/dialogs/FormDialog.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPointer>
+#include <QRadioButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+namespace planview {
+
+namespace {
+
+constexpr int EdgeSpace = 18;
+constexpr int RowSpace = 6;
+constexpr int SectionSpace = 14;
+
+}  // namespace
+
+FormDialog::FormDialog(PropertyForm& form, QWidget* parent)
+    : ThemedDialog(parent), form_(form), content_(new QVBoxLayout(this)), theme_(&GridTheme::light()) {
+    content_->setContentsMargins(EdgeSpace, EdgeSpace, EdgeSpace, EdgeSpace);
+    content_->setSpacing(0);
+    content_->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void FormDialog::setTheme(const GridTheme& theme) {
+    ThemedDialog::setTheme(theme);
+    theme_ = &theme;
+    for (ColorButton* button : colors_) {
+        button->setTheme(theme);
+    }
+}
+
+void FormDialog::setVisible(bool visible) {
+    if (visible && !isVisible()) {
+        if (!std::exchange(built_, true)) {
+            build();
+            addButtons();
+            setTheme(*theme_);
+        }
+        showState();
+        if (!focusWidget()) {
+            focusNextChild();  // the first control
+        }
+    }
+    ThemedDialog::setVisible(visible);
+}
+
+void FormDialog::accept() {
+    if (!hasEnded()) {
+        form_.cmdOk_Click();  // hides the window
+    }
+}
+
+void FormDialog::reject() {
+    if (!hasEnded()) {
+        form_.cmdCancel_Click();
+    }
+}
+
+QGridLayout* FormDialog::addSection(QVBoxLayout& column, const QString& title) {
+    if (column.count() > 0) {
+        column.addSpacing(SectionSpace);
+    }
+    auto* group = new QGroupBox(title, this);
+    group->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    auto* section = new QGridLayout(group);
+    section->setContentsMargins(0, 0, 0, 0);
+    section->setHorizontalSpacing(14);
+    section->setVerticalSpacing(RowSpace);
+    section->setColumnStretch(1, 1);
+    column.addWidget(group);
+    return section;
+}
+
+void FormDialog::addRow(QGridLayout& section, const QString& caption, QWidget* field) const {
+    const int row = section.rowCount();
+    auto* label = new QLabel(caption);
+    label->setBuddy(field);
+    section.addWidget(label, row, 0);
+    section.addWidget(field, row, 1);
+}
+
+QCheckBox* FormDialog::addCheckBox(QGridLayout& section, CheckBox& state, char mnemonic) {
+    auto* box = new QCheckBox(withMnemonic(state.Caption, mnemonic), this);
+    section.addWidget(box, section.rowCount(), 0, 1, 2);
+    connect(box, &QCheckBox::toggled, this, [this, &state](bool on) {
+        state.Value = on ? 1 : 0;
+        stateChanged();
+    });
+    showers_.emplace_back([box, &state] {
+        const QSignalBlocker quiet(box);
+        box->setChecked(state.Value == 1);
+    });
+    return box;
+}
+
+void FormDialog::addOptions(QGridLayout& section, std::span<OptionButton> options, std::string_view mnemonics,
+                            Qt::Orientation orientation) {
+    constexpr int SpaceBeside = 14;
+    constexpr int SpaceBelow = 2;
+    auto* group = new QWidget(this);  // makes the buttons exclude each other
+    auto* layout = new QGridLayout(group);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setHorizontalSpacing(SpaceBeside);
+    layout->setVerticalSpacing(SpaceBelow);
+    const bool beside = orientation == Qt::Horizontal;
+    for (std::size_t i = 0; i < options.size(); ++i) {
+        const int place = static_cast<int>(i);
+        addOption(*layout, group, options[i], withMnemonic(options[i].Caption, mnemonics[i]), beside ? 0 : place,
+                  beside ? place : 0);
+    }
+    layout->setColumnStretch(layout->columnCount(), 1);
+    showers_.emplace_back([group] {
+        const QList<QRadioButton*> all = group->findChildren<QRadioButton*>();
+        const bool chosen = std::any_of(all.begin(), all.end(), [](const auto* each) { return each->isChecked(); });
+        for (QRadioButton* each : all) {
+            // Tab leads to the chosen one, arrow keys to the others.
+            each->setFocusPolicy(each->isChecked() || !chosen ? Qt::StrongFocus : Qt::ClickFocus);
+        }
+    });
+    section.addWidget(group, section.rowCount(), 0, 1, 2);
+}
+
+void FormDialog::addOption(QGridLayout& section, QWidget* group, OptionButton& state, const QString& caption, int row,
+                           int column) {
+    auto* button = new QRadioButton(caption, group);
+    section.addWidget(button, row, column);
+    connect(button, &QRadioButton::toggled, this, [this, button, &state](bool on) {
+        state.Value = on;
+        button->setFocusPolicy(on ? Qt::StrongFocus : Qt::ClickFocus);
+        if (on) {
+            stateChanged();
+        }
+    });
+    showers_.emplace_back([button, &state] {
+        // One that the form has not chosen is taken back by the one that it has.
+        button->setEnabled(state.Enabled);
+        if (state.Value) {
+            button->setChecked(true);
+        }
+    });
+}
+
+ColorButton* FormDialog::addColor(QGridLayout& section, ColorBox& state, ColorButton::Use use, char mnemonic,
+                                  std::function<void()> click) {
+    auto* button = new ColorButton(use, QString::fromStdString(state.Caption), this);
+    addRow(section, withMnemonic(state.Caption, mnemonic), button);
+    connect(button, &QPushButton::clicked, this, [this, button, &state, click = std::move(click)] {
+        const QPointer<FormDialog> self(this);
+        button->setFocus();  // the popup opens below it
+        click();
+        if (self && isVisible()) {
+            button->setColor(state.Get());
+            stateChanged();
+        }
+    });
+    showers_.emplace_back([button, &state] { button->setColor(state.Get()); });
+    colors_.push_back(button);
+    return button;
+}
+
+void FormDialog::addButtons() {
+    content_->addSpacing(EdgeSpace);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    QPushButton* ok = buttons->button(QDialogButtonBox::Ok);
+    ok->setText(QString::fromStdString(form_.cmdOkCaption));
+    ok->setDefault(true);
+    buttons->button(QDialogButtonBox::Cancel)->setText(QString::fromStdString(form_.cmdCancelCaption));
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    content_->addWidget(buttons);
+}
+
+void FormDialog::showState() {
+    for (const std::function<void()>& show : showers_) {
+        show();
+    }
+}
+
+}  // namespace planview

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QWidget>
+
+#include "components/GridControl.h"
+#include "dialogs/frmRow.h"
+#include "qt/grid/GridTheme.h"
+
+namespace planview {
+
+class GridView;
+
+/// Shows the row of a form as the grid would, with its label and its first cells.
+class RowPreview final : public QWidget {
+    Q_OBJECT
+
+public:
+    RowPreview(const frmRow& form, QWidget* parent);
+    ~RowPreview() override;
+
+    void setTheme(const GridTheme& theme);
+    /// Shows what the form holds now.
+    void follow();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void createGrid();
+    void setCenter(GridAttribute attribute, const Variant& value);
+
+    const frmRow& form_;
+    GridControl grid_;
+    GridView* view_;
+};
+
+}  // namespace planview

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QDialog>
+
+#include "qt/grid/GridTheme.h"
+
+namespace planview {
+
+/// A window of the control that has the colours of the control's view, whatever the desktop's are.
+class ThemedDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit ThemedDialog(QWidget* parent) : QDialog(parent) { setWindowFlag(Qt::WindowContextHelpButtonHint, false); }
+
+    virtual void setTheme(const GridTheme& theme);
+    /// Leaves the form, which may be gone after this call, and hides. The window is deleted when all of its own
+    /// handlers have returned.
+    virtual void endForm();
+    [[nodiscard]] bool hasEnded() const { return ended_; }
+
+private:
+    bool ended_ = false;
+};
+
+/// The text with the first of this letter as its mnemonic; "&" in the text itself is shown as it is.
+[[nodiscard]] QString withMnemonic(const std::string& text, char letter);
+
+}  // namespace planview

@@ -1,0 +1,297 @@
+#include <QAbstractItemModelTester>
+#include <QAction>
+#include <QActionGroup>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QScrollBar>
+#include <QTreeView>
+#include <QWindow>
+#include <QtTest>
+
+#include "qt/WhenShown.h"
+#include "qt/dialogs/TraceDialog.h"
+#include "qt/platform/QtForms.h"
+#include "support/ScriptedPlatform.h"
+#include "trace/modPlan.h"
+
+namespace planview {
+
+namespace {
+
+/// A platform whose forms are real windows.
+class Desktop : public test::ScriptedPlatform {
+public:
+    Desktop() : forms(std::make_unique<QtForms>(widget)) {}
+    void Load(Form& form) override { forms->Load(form); }
+    void ShowModal(Form& form) override { forms->ShowModal(form); }
+    void Hide(Form& form) override { forms->Hide(form); }
+    void Unload(Form& form) override { forms->Unload(form); }
+
+    QWidget widget;
+    std::unique_ptr<QtForms> forms;
+};
+
+void write(const char* control, const char* method, const char* parameter, int times = 1) {
+    for (int i = 0; i < times; ++i) {
+        modPlan::TraceWrite(control, "", method, parameter);
+    }
+}
+
+QTreeView& listOf(QWidget& dialog) {
+    return *dialog.findChild<QTreeView*>();
+}
+
+/// The controls of the entries that are shown.
+QStringList shown(QWidget& dialog) {
+    QStringList controls;
+    const QAbstractItemModel& model = *listOf(dialog).model();
+    for (int row = 0; row < model.rowCount(); ++row) {
+        controls << model.index(row, 0).data().toString();
+    }
+    return controls;
+}
+
+bool newestIsMarkedAndVisible(QWidget& dialog) {
+    const QTreeView& list = listOf(dialog);
+    const QModelIndex last = list.model()->index(list.model()->rowCount() - 1, 0);
+    return list.currentIndex().row() == last.row() && list.selectionModel()->isRowSelected(last.row()) &&
+           list.viewport()->rect().intersects(list.visualRect(last));
+}
+
+QAction* action(QWidget& dialog, const QString& text) {
+    for (QAction* candidate : dialog.findChildren<QAction*>()) {
+        if (candidate->text().remove(QLatin1Char('&')) == text) {
+            return candidate;
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+/// The trace window as a real window.
+class TraceDialogTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10)); }
+    void init() {
+        desktop_ = std::make_unique<Desktop>();
+        modPlan::Trace_Enable(desktop_->Interfaces());
+        frmTrace::Instance().TraceView.Clear();
+    }
+    void cleanup() {
+        if (modPlan::TraceEnabled) {
+            modPlan::Trace_Disable(desktop_->Interfaces());
+        }
+        desktop_.reset();
+    }
+
+    void columnsHaveTheirCaptionsAndWidths() {
+        show([](QDialog* dialog) {
+            QCOMPARE(dialog->windowTitle(), QStringLiteral("Trace [Morvida]"));
+            const QTreeView& list = listOf(*dialog);
+            const int inch = dialog->logicalDpiX();
+            const struct {
+                const char* caption;
+                int twips;
+            } columns[] = {{"Control", 1500}, {"Message", 1500}, {"Methode/Event", 2100}, {"Parameter", 4500}};
+            for (int i = 0; i < 4; ++i) {
+                QCOMPARE(list.model()->headerData(i, Qt::Horizontal).toString(), QString(columns[i].caption));
+                QCOMPARE(list.columnWidth(i), qRound(columns[i].twips * inch / 1440.0));
+            }
+            QCOMPARE(list.model()->headerData(4, Qt::Horizontal).toString(), QStringLiteral("GUID"));
+        });
+    }
+
+    void entriesAppearAtOnceAndTheNewestIsMarked() {
+        write("GRIDCTL", "Redraw", "{}", 3);
+        show([](QDialog* dialog) {
+            QVERIFY(newestIsMarkedAndVisible(*dialog));
+            write("CHART", "Update", "{}", 200);
+            QCoreApplication::processEvents();
+            QCOMPARE(shown(*dialog).size(), 203);
+            QVERIFY(newestIsMarkedAndVisible(*dialog));
+            listOf(*dialog).setCurrentIndex(listOf(*dialog).model()->index(5, 0));
+            write("CHART", "Update", "{}");
+            QCoreApplication::processEvents();
+            QCOMPARE(listOf(*dialog).currentIndex().row(), 5);
+            action(*dialog, QStringLiteral("Insert bookmark"))->trigger();
+            QCoreApplication::processEvents();
+            QVERIFY2(newestIsMarkedAndVisible(*dialog), "what the window's own menu writes is shown");
+            QCOMPARE(shown(*dialog).last(), QStringLiteral("TRACE WINDOW"));
+        });
+    }
+
+    void aFullListMovesOnInFewSteps() {
+        const QAbstractItemModelTester::FailureReportingMode Strict =
+            QAbstractItemModelTester::FailureReportingMode::QtTest;
+        write("GRIDCTL", "Redraw", "{}", 5000);
+        show([Strict](QDialog* dialog) {
+            QAbstractItemModel* model = listOf(*dialog).model();
+            QSignalSpy removed(model, &QAbstractItemModel::rowsRemoved);
+            QSignalSpy inserted(model, &QAbstractItemModel::rowsInserted);
+            write("CHART", "Update", "{}", 1000);
+            QCoreApplication::processEvents();
+            QCOMPARE(model->rowCount(), 5000);
+            QCOMPARE(shown(*dialog)[3999], QStringLiteral("GRIDCTL"));
+            QCOMPARE(shown(*dialog)[4000], QStringLiteral("CHART"));
+            QCOMPARE(removed.count(), 1);
+            QCOMPARE(inserted.count(), 1);
+            QVERIFY(newestIsMarkedAndVisible(*dialog));
+            const QAbstractItemModelTester tester(model, Strict);
+            write("CHART", "Update", "{}", 12000);
+            QCoreApplication::processEvents();
+            QCOMPARE(model->rowCount(), 5000);
+            QVERIFY(newestIsMarkedAndVisible(*dialog));
+        });
+    }
+
+    void wordsFilterTheEntries_data() {
+        QTest::addColumn<QString>("words");
+        QTest::addColumn<int>("where");
+        QTest::addColumn<QStringList>("controls");
+        QTest::newRow("none") << "" << 0 << QStringList{"GRIDCTL", "CHART", "POPUP"};
+        QTest::newRow("control") << "grid" << 1 << QStringList{"GRIDCTL"};
+        QTest::newRow("method") << "upd" << 2 << QStringList{"CHART", "POPUP"};
+        QTest::newRow("text") << "grid" << 3 << QStringList{"POPUP"};
+        QTest::newRow("anywhere") << "grid" << 0 << QStringList{"GRIDCTL", "POPUP"};
+        QTest::newRow("all of the words") << "  update menu " << 0 << QStringList{"POPUP"};
+        QTest::newRow("no entry") << "nothing" << 0 << QStringList();
+    }
+    void wordsFilterTheEntries() {
+        QFETCH(QString, words);
+        QFETCH(int, where);
+        QFETCH(QStringList, controls);
+        write("GRIDCTL", "Redraw", "{}");
+        write("CHART", "Update", "{}");
+        write("POPUP", "Update", "{menu: GRID}");
+        show([&](QDialog* dialog) {
+            dialog->findChild<QComboBox*>()->setCurrentIndex(where);
+            dialog->findChild<QLineEdit*>()->setText(words);
+            QCOMPARE(shown(*dialog), controls);
+            write("GRIDCTL", "nothing", "{}");
+            QCoreApplication::processEvents();
+            const bool more = words.isEmpty() || words == "grid" || words == "nothing";
+            QCOMPARE(shown(*dialog).size(), controls.size() + (more && where != 3 ? 1 : 0));
+            if (!words.isEmpty()) {
+                QTest::keyClick(dialog->findChild<QLineEdit*>(), Qt::Key_Escape);
+                QVERIFY2(dialog->isVisible(), "Escape takes the filter away first");
+                QCOMPARE(shown(*dialog).size(), 4);
+            }
+        });
+    }
+
+    void selectedEntriesAreCopied() {
+        write("GRIDCTL", "Redraw", "{a: 1}");
+        write("CHART", "Update", "{}");
+        write("POPUP", "Update", "{}");
+        const std::string first = frmTrace::Instance().TraceView.Item(0).key;
+        const std::string last = frmTrace::Instance().TraceView.Item(2).key;
+        show([&](QDialog* dialog) {
+            QTreeView& list = listOf(*dialog);
+            const auto select = [&](int row) {
+                list.selectionModel()->select(list.model()->index(row, 0),
+                                              QItemSelectionModel::Select | QItemSelectionModel::Rows);
+            };
+            select(0);  // after the newest: the order of the list counts
+            action(*dialog, QStringLiteral("Copy entries"))->trigger();
+            QCOMPARE(QGuiApplication::clipboard()->text().toStdString(),
+                     "GRIDCTL\t\tRedraw\t{a: 1}\t" + first + "\nPOPUP\t\tUpdate\t{}\t" + last + "\n");
+        });
+    }
+
+    void theMenuActsOnTheList() {
+        write("GRIDCTL", "Redraw", "{}", 3);
+        show([this](QDialog* dialog) {
+            QAction* onTop = action(*dialog, QStringLiteral("Window always on top"));
+            QVERIFY(onTop->actionGroup()->isExclusive());  // shown as a bullet
+            for (const bool on : {true, false}) {
+                onTop->trigger();
+                QCOMPARE(onTop->isChecked(), on);
+                QCOMPARE(dialog->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint), on);
+                QVERIFY2(dialog->isVisible(), "and the window is still waited for");
+            }
+            action(*dialog, QStringLiteral("Delete all items"))->trigger();
+            QCoreApplication::processEvents();
+            QCOMPARE(desktop_->messages.size(), std::size_t{1});
+            QCOMPARE(shown(*dialog), QStringList{"TRACE WINDOW"});
+            action(*dialog, QStringLiteral("Memory check"))->trigger();
+            QCoreApplication::processEvents();
+            QCOMPARE(shown(*dialog).size(), 4);
+            action(*dialog, QStringLiteral("Exit"))->trigger();
+            QVERIFY(!dialog->isVisible());
+        });
+        QVERIFY(frmTrace::Exists());
+        QCOMPARE(frmTrace::Instance().TraceView.Count(), std::size_t{4});
+    }
+
+    void theListFillsTheWindow() {
+        show([](QDialog* dialog) {
+            QTreeView& list = listOf(*dialog);
+            const int menu = dialog->findChild<QMenuBar*>()->height();
+            for (const QSize size : {QSize(900, 500), QSize(400, 300), QSize(1200, 700)}) {
+                dialog->resize(size);
+                QCoreApplication::processEvents();
+                const QWidget* line = dialog->findChild<QLineEdit*>()->parentWidget();
+                QVERIFY(list.y() >= menu && list.y() <= menu + 4);
+                QVERIFY(list.x() <= 4 && list.x() + list.width() >= size.width() - 4);
+                QVERIFY(list.geometry().bottom() <= line->y() && list.geometry().bottom() >= line->y() - 4);
+            }
+        });
+    }
+
+    void theTraceMayEndWhileTheWindowIsShown() {
+        write("GRIDCTL", "Redraw", "{}", 3);
+        bool shownAgain = false;
+        whenShown<QDialog>([](QDialog*) {
+            modPlan::TraceEnabled = false;
+            frmTrace::End();
+        });
+        modPlan::Trace_Show(desktop_->Interfaces());
+        QVERIFY(!frmTrace::Exists());
+        modPlan::Trace_Enable(desktop_->Interfaces());
+        show([&shownAgain](QDialog*) { shownAgain = true; });
+        QVERIFY(shownAgain);
+    }
+
+    void pictures_data() {
+        QTest::addColumn<bool>("dark");
+        QTest::newRow("light") << false;
+        QTest::newRow("dark") << true;
+    }
+    void pictures() {
+        QFETCH(bool, dark);
+        const GridTheme& theme = dark ? GridTheme::darkTheme() : GridTheme::light();
+        desktop_->forms->setTheme(theme);
+        modPlan::MemoryCheck(*desktop_);
+        write("GRIDCTL", "CenterBgColor", "{cid:  - rid: ROW3 - color:8 - redraw:False}", 12);
+        modPlan::TraceWrite("==>", "Unknown row", "ERROR", "{cid: COL3 - rid: ROW9}");
+        show([&](QDialog* dialog) {
+            action(*dialog, QStringLiteral("Insert bookmark"))->trigger();
+            QCoreApplication::processEvents();
+            QCOMPARE(dialog->palette().color(QPalette::Window), QColor(theme.panel));
+            savePicture(*dialog, dark ? QStringLiteral("trace-dark") : QStringLiteral("trace-light"));
+        });
+    }
+
+private:
+    template <class Action>
+    void show(Action act) {
+        whenShown<QDialog>([act](QDialog* dialog) {
+            act(dialog);
+            dialog->close();
+        });
+        modPlan::Trace_Show(desktop_->Interfaces());
+    }
+
+    std::unique_ptr<Desktop> desktop_;
+};
+
+}  // namespace planview
+
+QTEST_MAIN(planview::TraceDialogTest)
+#include "TraceDialogTest.moc"
