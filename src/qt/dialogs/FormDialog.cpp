@@ -1,10 +1,12 @@
 #include "qt/dialogs/FormDialog.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPointer>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -145,6 +147,39 @@ void FormDialog::addOption(QGridLayout& section, QWidget* group, OptionButton& s
             button->setChecked(true);
         }
     });
+}
+
+QComboBox* FormDialog::addList(QGridLayout& section, ListBox& state, const QString& caption, int width) {
+    auto* list = new QComboBox(this);
+    list->setFixedWidth(width);
+    for (const std::string& item : state.Items) {
+        list->addItem(item.empty() ? tr("As the view") : QString::fromStdString(item));
+    }
+    addRow(section, caption, list);
+    connect(list, &QComboBox::currentIndexChanged, this, [this, &state](int index) {
+        state.ListIndex = index;
+        stateChanged();
+    });
+    showers_.emplace_back([list, &state] {
+        const QSignalBlocker quiet(list);
+        list->setCurrentIndex(state.ListIndex);
+    });
+    return list;
+}
+
+QLineEdit* FormDialog::addText(QGridLayout& section, std::string& state, const QString& caption, int width) {
+    auto* field = new QLineEdit(this);
+    field->setFixedWidth(width);
+    addRow(section, caption, field);
+    connect(field, &QLineEdit::textChanged, this, [this, &state](const QString& text) {
+        state = text.toStdString();
+        stateChanged();
+    });
+    showers_.emplace_back([field, &state] {
+        const QSignalBlocker quiet(field);
+        field->setText(QString::fromStdString(state));
+    });
+    return field;
 }
 
 ColorButton* FormDialog::addColor(QGridLayout& section, ColorBox& state, ColorButton::Use use, char mnemonic,

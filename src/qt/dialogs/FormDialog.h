@@ -11,7 +11,9 @@
 #include "qt/dialogs/ThemedDialog.h"
 
 class QCheckBox;
+class QComboBox;
 class QGridLayout;
+class QLineEdit;
 class QRadioButton;
 class QVBoxLayout;
 
@@ -44,6 +46,9 @@ protected:
     /// One radio button for each option, in one line or one below the other; a mnemonic for each.
     void addOptions(QGridLayout& section, std::span<OptionButton> options, std::string_view mnemonics,
                     Qt::Orientation orientation);
+    /// `width` in logical pixels.
+    QComboBox* addList(QGridLayout& section, ListBox& state, const QString& caption, int width);
+    QLineEdit* addText(QGridLayout& section, std::string& state, const QString& caption, int width);
     /// `click` leads to the choice of a colour.
     ColorButton* addColor(QGridLayout& section, ColorBox& state, ColorButton::Use use, char mnemonic,
                           std::function<void()> click);

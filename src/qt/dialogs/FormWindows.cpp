@@ -1,5 +1,6 @@
 #include "qt/dialogs/FormWindows.h"
 
+#include "qt/dialogs/ChartDialog.h"
 #include "qt/dialogs/GridOptionsDialog.h"
 #include "qt/dialogs/RowDialog.h"
 #include "qt/dialogs/TraceDialog.h"
@@ -23,6 +24,7 @@ constexpr FormWindow windowOf() {
 
 /// One line for each form that has a window.
 constexpr FormWindow Windows[] = {
+    windowOf<frmChart, ChartDialog>(),
     windowOf<frmGrid, GridOptionsDialog>(),
     windowOf<frmRow, RowDialog>(),
     windowOf<frmTrace, TraceDialog>(),

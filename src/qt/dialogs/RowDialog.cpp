@@ -109,13 +109,13 @@ void RowDialog::addHeight(QGridLayout& section) {
 
 void RowDialog::buildTextColumn(QVBoxLayout& column) {
     QGridLayout* text = addSection(column, tr("Text"));
-    fonts_ = addList(*text, form_.ListFont, withMnemonic(form_.lblFont, 'f'));
+    addList(*text, form_.ListFont, withMnemonic(form_.lblFont, 'f'), FontListWidth);
     fontNote_ = new QLabel(this);
     fontNote_->setObjectName(QStringLiteral("note"));
     fontNote_->setTextFormat(Qt::PlainText);
     fontNote_->setWordWrap(true);
     text->addWidget(fontNote_, text->rowCount(), 1);
-    sizes_ = addList(*text, form_.ListSize, withMnemonic(form_.lblSize, 'z'));
+    addList(*text, form_.ListSize, withMnemonic(form_.lblSize, 'z'), FontListWidth);
     addOptions(*text, form_.optType, "udn", Qt::Horizontal);
 
     QGridLayout* colors = addSection(column, tr("Colors"));
@@ -124,29 +124,10 @@ void RowDialog::buildTextColumn(QVBoxLayout& column) {
     column.addStretch(1);
 }
 
-QComboBox* RowDialog::addList(QGridLayout& section, ListBox& state, const QString& caption) {
-    auto* list = new QComboBox(this);
-    list->setMinimumWidth(FontListWidth);
-    list->setMaximumWidth(FontListWidth);
-    for (const std::string& item : state.Items) {
-        list->addItem(item.empty() ? tr("As the view") : QString::fromStdString(item));
-    }
-    addRow(section, caption, list);
-    connect(list, &QComboBox::currentIndexChanged, this, [this, &state](int index) {
-        state.ListIndex = index;
-        stateChanged();
-    });
-    return list;
-}
-
 void RowDialog::showState() {
     FormDialog::showState();
     const QSignalBlocker quietHeight(height_);
-    const QSignalBlocker quietFonts(fonts_);
-    const QSignalBlocker quietSizes(sizes_);
     height_->setText(QString::fromStdString(form_.txtHeight));
-    fonts_->setCurrentIndex(form_.ListFont.ListIndex);
-    sizes_->setCurrentIndex(form_.ListSize.ListIndex);
     stateChanged();
 }
 

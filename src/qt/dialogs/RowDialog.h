@@ -3,7 +3,6 @@
 #include "dialogs/frmRow.h"
 #include "qt/dialogs/FormDialog.h"
 
-class QComboBox;
 class QLabel;
 class QLineEdit;
 
@@ -29,14 +28,11 @@ private:
     void buildLayoutColumn(QVBoxLayout& column);
     void buildTextColumn(QVBoxLayout& column);
     void addHeight(QGridLayout& section);
-    QComboBox* addList(QGridLayout& section, ListBox& state, const QString& caption);
 
     frmRow& form_;
     RowPreview* preview_ = nullptr;
     QLineEdit* height_ = nullptr;
     QLabel* heightMessage_ = nullptr;
-    QComboBox* fonts_ = nullptr;
-    QComboBox* sizes_ = nullptr;
     QLabel* fontNote_ = nullptr;
 };
 
