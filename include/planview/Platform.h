@@ -108,8 +108,8 @@ struct PopupMenu {
     std::vector<PopupEntry> entries;
 };
 
-/// Where a popup opens: at the mouse, at the grid's current cell, or below what has the focus.
-enum class PopupPlace { Mouse, CurrentCell, Focus };
+/// Where a popup opens. While a dialog is open, both mean: below what has the focus in it.
+enum class PopupPlace { Mouse, CurrentCell };
 
 /// Shows popup menus.
 class Popups {

@@ -70,9 +70,6 @@ void ChartHandlers::MouseDown(std::int16_t button, std::int16_t shift, const Cha
 /// A point stands for its series here: the series' entries are about the line as a whole. What was clicked becomes what
 /// the commands are about.
 void ChartHandlers::ShowPopup(const ChartHit& hit) {
-    if (!context_.showChartPopup) {
-        return;
-    }
     if (hit.code == ChartHitCode::Series || hit.code == ChartHitCode::Point) {
         context_.chart.UserSelected({ChartHitCode::Series, hit.series, hit.category});
         context_.showChartPopup(PlaceSeries);

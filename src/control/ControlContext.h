@@ -66,7 +66,7 @@ struct ControlContext {
     KeyHandling keyHandling;
     GridCommands commands;
     SizeEvents sizeEvents;
-    /// The "Colors" popup; none answers as a closed one.
+    /// The "Colors" popup.
     ColorChooser chooseColor;
     ChartData chartData;
     ChartCommands chartCommands;

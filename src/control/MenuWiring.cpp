@@ -27,7 +27,7 @@ void Deselect(ControlContext& context, const HostTable& table, const Operation& 
 }
 
 void ColorRows(ControlContext& context, RowColor which) {
-    const std::optional<int> position = context.menus.ChooseColor(context.menus.Place());
+    const std::optional<int> position = context.chooseColor();
     if (position) {
         ColorSelectedRows(context.tables.LINE_INDEX, context.grid, which, modGrid::PaletteIndexOf(*position));
         context.hostUpdate.StartUpdate();
@@ -126,7 +126,7 @@ void BindMenuCommands(ControlContext& context) {
     BindRowCommands(context);
     BindDialogCommands(context);
     BindChartCommands(context);
-    context.chooseColor = [&context] { return context.menus.ChooseColor(context.menus.Place()); };
+    context.chooseColor = [&context] { return context.menus.ChooseColor(); };
     context.showChartPopup = [&context](std::string_view place) { context.menus.Open(place, {}, PopupPlace::Mouse); };
 }
 

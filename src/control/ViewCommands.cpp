@@ -9,12 +9,17 @@ namespace planview {
 
 namespace {
 
-void TellHost(ControlContext& context, std::string_view field, bool set) {
+void PutFlag(const ControlContext& context, std::string_view field, bool set) {
     const HostTable gridAttr = context.tables.GRID_ATTR;
     if (gridAttr.IsSet()) {
         gridAttr.PutFlag(1, field, set);
     }
-    context.hostUpdate.StartUpdate();
+}
+
+void SetZoomed(ControlContext& context, bool zoomed) {
+    context.settings.zoomed = zoomed;
+    PutFlag(context, "ZOOMED", zoomed);
+    context.layout.SetZoomed(zoomed);
 }
 
 }  // namespace
@@ -26,22 +31,27 @@ void SwitchGrid(ControlContext& context) {
         const BusyScope busy(context.busy);
         modGrid::Switch(context.grid, context.settings.switched, true);
     }
-    TellHost(context, "SWITCHED", context.settings.switched);
+    PutFlag(context, "SWITCHED", context.settings.switched);
+    context.hostUpdate.StartUpdate();
 }
 
 void ZoomGrid(ControlContext& context) {
-    context.settings.zoomed = !context.settings.zoomed;
-    context.layout.SetZoomed(context.settings.zoomed);
-    TellHost(context, "ZOOMED", context.settings.zoomed);
+    SetZoomed(context, !context.settings.zoomed);
+    context.hostUpdate.StartUpdate();
 }
 
 void ToggleMacroTree(ControlContext& context) {
-    context.settings.treeShown = !context.settings.treeShown;
-    context.layout.ShowTree(context.settings.treeShown);
-    if (context.settings.treeShown) {
+    const bool shown = !context.settings.treeShown;
+    context.settings.treeShown = shown;
+    if (shown && context.settings.zoomed) {
+        SetZoomed(context, false);  // the zoomed grid would hide the tree
+    }
+    context.layout.ShowTree(shown);
+    if (shown) {
         context.layout.LayOutTreeSplitter();
     }
-    TellHost(context, "HIDDEN_LIST", context.settings.treeShown);
+    PutFlag(context, "HIDDEN_LIST", shown);
+    context.hostUpdate.StartUpdate();
 }
 
 }  // namespace planview

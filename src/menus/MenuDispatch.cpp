@@ -159,8 +159,8 @@ void MenuDispatch::PrepareSeries(const MenuState& state) {
 
 // --- What was chosen
 
-std::optional<int> MenuDispatch::ChooseColor(PopupPlace place) {
-    modPopup::Show(parts_.popups, Menu(), MainMenu::Colors, nullptr, place);
+std::optional<int> MenuDispatch::ChooseColor() {
+    modPopup::Show(parts_.popups, Menu(), MainMenu::Colors, nullptr, place_);
     const std::string& command = Menu().PendingCommand().command;
     if (!HasPrefix(command, ColorCommand)) {
         return std::nullopt;

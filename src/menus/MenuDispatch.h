@@ -44,14 +44,12 @@ public:
     /// where no popup fits, and none while another one is open. Returns when the chosen command has ended.
     void Open(std::string_view column, std::string_view row, PopupPlace place);
 
-    /// Shows the colours; the position of the chosen one (0 .. 15), no value when none was chosen. The pending command
-    /// is "Color N" then.
-    [[nodiscard]] std::optional<int> ChooseColor(PopupPlace place);
+    /// Shows the colours, where the popup of the command under way was; the position of the chosen one (0 .. 15), no
+    /// value when none was chosen. The pending command is "Color N" then.
+    [[nodiscard]] std::optional<int> ChooseColor();
 
     /// The place that the command under way is about.
     [[nodiscard]] const CellKey& Clicked() const noexcept { return clicked_; }
-    /// How the popup of the command under way was opened; further popups of the command open there, too.
-    [[nodiscard]] PopupPlace Place() const noexcept { return place_; }
     /// The control's menu, made on first use.
     [[nodiscard]] frmMenu& Menu();
 

@@ -3,17 +3,12 @@
 #include <array>
 #include <string>
 
+#include "components/chart/ChartTypes.h"
 #include "trace/TraceText.h"
 
 namespace planview::modPopup {
 
 namespace {
-
-// Chart type codes of a series.
-constexpr std::int16_t TypeColumn = 0;
-constexpr std::int16_t TypeLineStacked = 21;
-constexpr std::int16_t TypeLineStacked100 = 22;
-constexpr std::int16_t TypeLine = 23;
 
 /// `label` is the menu name as it stands in the trace, up to the dash.
 void Update(frmMenu& menu, std::string_view entry, std::string_view label, bool enabled, bool checked = false) {
@@ -143,11 +138,12 @@ void ChartViews(frmMenu& menu, bool enabled, bool forecast) {
 
 void Series(frmMenu& menu, bool enabled, std::optional<std::int16_t> type) {
     modPlan::TraceWrite("POPUP", "", "Update", "{menu: SERIES}");
-    Update(menu, "mnuChartLine", "SERIES LINE ", enabled, type == TypeLine);
-    Update(menu, "mnuChartColumn", "SERIES COLUMN ", enabled, type == TypeColumn);
+    const auto is = [&](ChartType wanted) { return type == static_cast<std::int16_t>(wanted); };
+    Update(menu, "mnuChartLine", "SERIES LINE ", enabled, is(ChartType::Line));
+    Update(menu, "mnuChartColumn", "SERIES COLUMN ", enabled, is(ChartType::Column));
     // Without the blank before the dash, unlike all others; log readers know it so.
-    Update(menu, "mnuLineStacked", "SERIES LINE STACKED", enabled, type == TypeLineStacked);
-    Update(menu, "mnuLineStacked100", "SERIES LINE STACKED 100% ", enabled, type == TypeLineStacked100);
+    Update(menu, "mnuLineStacked", "SERIES LINE STACKED", enabled, is(ChartType::StackedLine));
+    Update(menu, "mnuLineStacked100", "SERIES LINE STACKED 100% ", enabled, is(ChartType::StackedLine100));
 }
 
 void Rename(frmMenu& menu, bool enabled) {

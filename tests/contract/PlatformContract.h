@@ -110,7 +110,7 @@ void CheckPopups(Popups& popups, bool hasUser, Choose choose) {
     menu.entries[4].entries[1].swatch = Rgb{255, 0, 0};
     menu.entries[4].entries[1].shortcut = "Ctrl+X";
 
-    for (const PopupPlace place : {PopupPlace::Mouse, PopupPlace::CurrentCell, PopupPlace::Focus}) {
+    for (const PopupPlace place : {PopupPlace::Mouse, PopupPlace::CurrentCell}) {
         for (const std::string name : {"first", "long", "below", "color"}) {
             choose(name);
             EXPECT_EQ(popups.Choose(menu, place), hasUser ? name : "");

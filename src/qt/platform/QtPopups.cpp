@@ -121,14 +121,14 @@ void QtPopups::setGrid(GridView* grid) {
 }
 
 QPoint QtPopups::positionOf(PopupPlace place) const {
+    const QWidget* focus = QApplication::activeModalWidget() ? QApplication::focusWidget() : nullptr;
+    if (focus) {
+        return focus->mapToGlobal(focus->rect().bottomLeft());
+    }
     if (place == PopupPlace::Mouse) {
         return QCursor::pos();
     }
-    if (place == PopupPlace::Focus) {
-        if (const QWidget* focus = QApplication::focusWidget()) {
-            return focus->mapToGlobal(focus->rect().bottomLeft());
-        }
-    } else if (grid_) {
+    if (grid_) {
         const std::optional<Cell> current = grid_->grid().CurrentCell();
         const QRect cell = current ? grid_->cellRect(*current) : QRect();
         const QPoint corner = cell.isEmpty() ? grid_->viewport()->rect().topLeft() : cell.bottomLeft();

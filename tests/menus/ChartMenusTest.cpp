@@ -1,0 +1,139 @@
+#include "control/ControlContext.h"
+#include "support/SampleTables.h"
+#include "support/TraceOracle.h"
+
+namespace planview {
+
+using test::Lines;
+
+namespace {
+
+/// A control with two lines in its chart, right-clicked in the chart.
+class ChartMenusTest : public test::TracedTest {
+protected:
+    ChartMenusTest() : context(platform.Interfaces()) {
+        tables.gridAttr->SetValue(1, "CHART", "X");
+        for (int i = 1; i <= 4; ++i) {
+            tables.AddColumn(i, "Month");
+            tables.AddValue(1, i, i * 10);
+            tables.AddValue(2, i, i * 20);
+        }
+        tables.AddLine(1, "Wages", {{"SHOW_CHART", "X"}});
+        tables.AddLine(2, "Sales", {{"SHOW_CHART", "X"}});
+        context.tables.GRID_ATTR = HostTable(tables.gridAttr);
+        context.tables.COLS_INDEX = HostTable(tables.colsIndex);
+        context.tables.LINE_INDEX = HostTable(tables.lineIndex);
+        context.tables.TAB = HostTable(tables.tab);
+        context.tables.TEXTS = HostTable(tables.texts);
+        context.settings.chartShown = true;
+        context.construction.CreateFromTables();
+        context.chartData.Initialize();
+        context.chartData.Update();
+        ForgetEntries();
+    }
+
+    /// What a click on a place of the chart does: it selects, then opens the popup.
+    void RightClick(ChartHitCode code, int series, std::deque<std::string> choices = {}) {
+        platform.popups.clear();
+        platform.choices = std::move(choices);
+        context.chartHandlers.Selected({code, series, 0});
+        context.chartHandlers.MouseDown(2, 0, {code, series, 0});
+    }
+    void GridPopup(const CellKey& place, const char* choice) {
+        platform.popups.clear();
+        platform.choices = {choice};
+        context.gridHandlers.MouseDown(place, 2, 0);
+    }
+    /// The captions that can be chosen, checked ones with a star.
+    [[nodiscard]] Lines Offered() const {
+        Lines texts;
+        Collect(platform.popups.front().entries, texts);
+        return texts;
+    }
+    [[nodiscard]] const ChartSeriesLook& Look(std::size_t series) const {
+        return *context.chart.State().series[series].look;
+    }
+
+    test::Tables tables;
+    ControlContext context;
+
+private:
+    static void Collect(const std::vector<PopupEntry>& entries, Lines& texts) {
+        for (const PopupEntry& entry : entries) {
+            if (entry.entries.empty() && entry.enabled && !entry.separator) {
+                texts.push_back(entry.caption + (entry.checked ? "*" : ""));
+            }
+            Collect(entry.entries, texts);
+        }
+    }
+};
+
+}  // namespace
+
+TEST_F(ChartMenusTest, ASeriesGetsTheChosenType) {
+    const struct {
+        const char* entry;
+        int code;
+        const char* caption;
+    } cases[] = {{"mnuChartLine", 23, "Line*"},
+                 {"mnuLineStacked", 21, "Line stacked*"},
+                 {"mnuLineStacked100", 22, "Line stacked 100%*"},
+                 {"mnuChartColumn", 0, "Column*"}};
+    for (const auto& row : cases) {
+        RightClick(ChartHitCode::Series, 2, {row.entry});
+        EXPECT_EQ(platform.popups.front().caption, "Series");
+        EXPECT_EQ(tables.lineIndex->Value(2, "CHART_TYPE").AsInt16(), row.code) << row.entry;
+        EXPECT_EQ(tables.lineIndex->Value(1, "CHART_TYPE").AsText(), "") << "the other line";
+        RightClick(ChartHitCode::Series, 2);
+        const Lines offered = Offered();
+        EXPECT_EQ(std::count(offered.begin(), offered.end(), row.caption), 1) << row.entry;
+    }
+}
+
+TEST_F(ChartMenusTest, TrendLinesComeColourAndGo) {
+    RightClick(ChartHitCode::Trendline, 1, {"mnuTrendDel"});
+    EXPECT_EQ(Offered(), Lines()) << "there is none";
+    const struct {
+        const char* entry;
+        TrendKind kind;
+    } cases[] = {{"mnuLinear", TrendKind::Linear},
+                 {"mnuLogarithmic", TrendKind::Logarithmic},
+                 {"mnuPotential", TrendKind::Power},
+                 {"mnuExpotential", TrendKind::Exponential},
+                 {"mnuAverage", TrendKind::MovingAverage}};
+    for (const auto& row : cases) {
+        RightClick(ChartHitCode::Series, 1, {row.entry});
+        ASSERT_EQ(Look(0).trends.size(), 1U) << row.entry;
+        EXPECT_EQ(Look(0).trends[0]->kind, row.kind) << row.entry;
+    }
+    RightClick(ChartHitCode::Trendline, 1, {"mnuTrendColor", "mnuColor(1)"});
+    EXPECT_EQ(Offered(), (Lines{"Color", "Delete"}));
+    EXPECT_EQ(Look(0).trends[0]->borderColorIndex, 10);
+    RightClick(ChartHitCode::Trendline, 1, {"mnuTrendDel"});
+    EXPECT_EQ(Look(0).trends.size(), 0U);
+}
+
+TEST_F(ChartMenusTest, ViewsAreCheckedAndChosen) {
+    RightClick(ChartHitCode::None, 0, {"mnuForecast1"});
+    EXPECT_EQ(Offered(),
+              (Lines{"Arrange/Redraw", "Standard*", "Forecast (Compare)", "Copy to clipboard", "Attributes"}));
+    EXPECT_TRUE(context.chartCommands.IsForecastView());
+    RightClick(ChartHitCode::None, 0, {"mnuDefault"});
+    EXPECT_EQ(Offered()[2], "Forecast (Compare)*");
+    EXPECT_FALSE(context.chartCommands.IsForecastView());
+    GridPopup({"FLC0", "FTR0"}, "mnuChart");
+    EXPECT_FALSE(context.settings.chartShown);
+    EXPECT_EQ(tables.gridAttr->Value(1, "CHART").AsText(), "");
+}
+
+TEST_F(ChartMenusTest, DialogsOpenFromTheirEntries) {
+    context.grid.SelectRow(*context.grid.FindRow("ROW1"), SelectionMode::Replace);
+    GridPopup({"FLC0", "FTR0"}, "mnuGeneral");
+    EXPECT_EQ(std::count(platform.formCalls.begin(), platform.formCalls.end(), "show frmGrid"), 1);
+    GridPopup({"FLC0", "ROW1"}, "mnuRowAttributes");
+    EXPECT_EQ(std::count(platform.formCalls.begin(), platform.formCalls.end(), "show frmRow"), 1);
+    RightClick(ChartHitCode::None, 0, {"mnuChartAttribute"});
+    EXPECT_EQ(std::count(platform.formCalls.begin(), platform.formCalls.end(), "show frmChart"), 1);
+}
+
+}  // namespace planview
