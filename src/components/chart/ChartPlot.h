@@ -42,24 +42,43 @@ public:
     [[nodiscard]] int LastCategory() const noexcept { return last_; }
     [[nodiscard]] double CategoryCenter(int category) const noexcept;
     [[nodiscard]] double CategoryWidth() const noexcept { return slot_; }
-    /// The height of a value on the axis that the series stands on; the axis of values with series 0.
+    /// The height of a value on the axis that the series stands on; the axis of values with series 0. Values far outside
+    /// of the axis stop at a height that a painter can still draw to.
     [[nodiscard]] double YOf(double value, int series = 0) const noexcept;
     /// The value at a height, the reverse of YOf().
     [[nodiscard]] double ValueAt(double y, int series = 0) const noexcept;
 
-    /// Of a column; upright whatever the sign, of height 0 for the value 0.
+    /// Of a column, as far as it lies in the plot area; upright whatever the sign, of height 0 for the value 0. Empty for
+    /// a line.
     [[nodiscard]] ChartRect Column(int series, int category) const;
     /// Of a line, or the end of a column.
     [[nodiscard]] ChartPoint Point(int series, int category) const;
-    /// A trend line as points, at least one for each visible category; several pieces where it has gaps.
+    /// The trend line (from 1) of a series: through its own values, or through its shares where it stands on their axis.
+    [[nodiscard]] const TrendFit& Fit(int series, int trend) const;
+    /// It as points, at least one for each visible category; several pieces where it has gaps, none where it is not
+    /// valid. May leave the plot area.
     [[nodiscard]] std::vector<std::vector<ChartPoint>> Trend(int series, int trend) const;
 
-    /// What lies at a place of the plot area: a point or column first, then a trend line, then a series' line, then the
-    /// plot area. `reach` is how far from it a click may be. The uppermost wins; an end of a column can be grabbed even
-    /// where its height is 0.
+    /// What lies at a place of the plot area: a point of a line first, then a column, a trend line, a series' line and
+    /// the plot area. `reach` is how far from it a click may be, so that a column of height 0 can be grabbed, too. The
+    /// nearest wins, and of those equally near the uppermost.
     [[nodiscard]] ChartHit HitTest(ChartPoint place, double reach) const;
 
 private:
+    struct Nearest;
+
+    void PlaceColumns();
+    void FitTrends();
+    [[nodiscard]] ChartScaleRequest ValueRequest(int maximumSteps) const;
+    [[nodiscard]] const ChartScale& ScaleOf(int series) const noexcept;
+    [[nodiscard]] const ChartSpan& SpanOf(int series, int category) const;
+    [[nodiscard]] bool IsColumn(int series) const;
+    [[nodiscard]] double ColumnLeft(int series, int category) const;
+    void FindPoints(Nearest& nearest, int first, int last) const;
+    void FindColumns(Nearest& nearest, int first, int last) const;
+    void FindTrends(Nearest& nearest) const;
+    void FindLines(Nearest& nearest, int first, int last) const;
+
     const ChartState& state_;
     ChartRect area_;
     ChartStack stack_;
@@ -71,6 +90,7 @@ private:
     /// Of a series among the columns of a category: which one from the left, and how many stand side by side.
     std::vector<int> columnPlace_;
     int columnPlaces_ = 0;
+    std::vector<std::vector<TrendFit>> fits_;  // by series
 };
 
 }  // namespace planview

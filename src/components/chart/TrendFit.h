@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
@@ -24,19 +25,26 @@ public:
     /// A sentence for the user: what this kind needs and which value is in the way. Empty for a valid fit.
     [[nodiscard]] const std::string& Limit() const noexcept { return limit_; }
     [[nodiscard]] TrendKind Kind() const noexcept { return kind_; }
-    [[nodiscard]] double A() const noexcept { return a_; }
-    [[nodiscard]] double B() const noexcept { return b_; }
+    /// The two numbers of the formula. The factor of a very steep curve may lie outside of what a double holds, and is
+    /// then 0 or infinite; At() is right all the same.
+    [[nodiscard]] double A() const noexcept;
+    [[nodiscard]] double B() const noexcept;
 
     /// The value at x, between 1 and the number of values; none where the fit is not valid, where a moving average has
-    /// no whole window yet, or where the result is not finite.
+    /// no whole window yet, or where the result is not finite. Between two means it is the straight line.
     [[nodiscard]] std::optional<double> At(double x) const;
 
 private:
+    void TakeMeans(std::span<const double> values);
+    [[nodiscard]] std::optional<double> MeanAt(double x) const;
+
     TrendKind kind_;
-    double a_ = 0;
-    double b_ = 0;
-    std::vector<double> means_;  // of a moving average, from its first whole window on
     int period_;
+    std::size_t count_;
+    // Of the straight line that was fitted, through the logarithms where the kind takes them.
+    long double intercept_ = 0;
+    long double slope_ = 0;
+    std::vector<double> means_;  // of a moving average, from its first whole window on
     std::string limit_;
 };
 
