@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QFont>
+
+#include "components/chart/ChartPlot.h"
+#include "qt/chart/ChartColors.h"
+#include "qt/chart/ChartScene.h"
+
+class QPainter;
+
+namespace planview {
+
+/// Sets the first two series against each other: the area between them is tinted by which one is higher, and the
+/// difference is written beside it as often as there is room.
+class ChartComparison {
+public:
+    ChartComparison(const ChartScene& scene, const ChartState& state, const ChartPlot& plot,
+                    const ChartColors& colors);
+
+    [[nodiscard]] bool isShown() const;
+    void paintTint(QPainter& painter) const;
+    void paintDifferences(QPainter& painter, const QFont& font) const;
+
+private:
+    [[nodiscard]] double difference(int category) const;
+    [[nodiscard]] bool betweenLines() const;
+    void paintBetweenLines(QPainter& painter) const;
+    void paintBetweenColumns(QPainter& painter) const;
+
+    const ChartScene& scene_;
+    const ChartState& state_;
+    const ChartPlot& plot_;
+    const ChartColors& colors_;
+};
+
+}  // namespace planview

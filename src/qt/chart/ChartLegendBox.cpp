@@ -1,0 +1,262 @@
+#include "qt/chart/ChartLegendBox.h"
+
+#include <QCoreApplication>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <algorithm>
+
+#include "components/chart/TrendFit.h"
+#include "qt/chart/ChartMarks.h"
+#include "qt/chart/ChartNumbers.h"
+
+namespace planview {
+
+namespace {
+
+using Kind = ChartLegendBox::Entry::Kind;
+
+constexpr double Margin = 14;
+constexpr double Padding = 4;
+constexpr double Swatch = 16;
+constexpr double SwatchGap = 7;
+constexpr double EntryGap = 14;
+constexpr double RowGap = 8;
+constexpr double TightRowGap = 2;
+/// The parts of the chart that a legend takes at most.
+constexpr double WidestPart = 0.34;
+constexpr double HighestPart = 0.3;
+/// What must remain beside the legend.
+constexpr double LeastWidth = 150;
+constexpr double LeastHeight = 90;
+
+QString words(const char* text) {
+    return QCoreApplication::translate("planview::ChartView", text);
+}
+
+}  // namespace
+
+ChartLegendBox::ChartLegendBox(const ChartScene& scene, const QFont& font)
+    : scene_(scene), font_(font), lineHeight_(QFontMetricsF(font).height()) {
+    if (scene_.state.legend.shown) {
+        collect();
+    }
+}
+
+void ChartLegendBox::collect() {
+    const ChartState& state = scene_.state;
+    for (int series = 1; series <= state.SeriesCount(); ++series) {
+        const bool column = IsColumnType(state.series[static_cast<std::size_t>(series - 1)].type);
+        entries_.push_back({column ? Kind::Column : Kind::Line, series, 0, seriesName(state, series), {}});
+    }
+    for (int series = 1; series <= state.SeriesCount(); ++series) {
+        const ChartSeries& data = state.series[static_cast<std::size_t>(series - 1)];
+        for (std::size_t i = 0; i < data.look->trends.size(); ++i) {
+            const ChartTrend& trend = *data.look->trends[i];
+            const TrendFit fit(trend.kind, data.values, trend.period);
+            QString text = trendName(state, series, static_cast<int>(i) + 1);
+            if (!fit.IsValid()) {
+                text += QStringLiteral(": ") + words(fit.Limit().c_str());
+            }
+            entries_.push_back(
+                {fit.IsValid() ? Kind::Trend : Kind::NoTrend, series, static_cast<int>(i) + 1, text, {}});
+        }
+    }
+    if (state.comparison && state.SeriesCount() >= 2) {
+        const QString second = seriesName(state, 2);
+        entries_.push_back({Kind::Above, 0, 0, words("%1 higher").arg(second), {}});
+        entries_.push_back({Kind::Below, 0, 0, words("%1 lower").arg(second), {}});
+    }
+}
+
+double ChartLegendBox::swatchWidth() const {
+    return scene_.pixels(Swatch + SwatchGap);
+}
+
+double ChartLegendBox::entryWidth(const QString& text) const {
+    return swatchWidth() + QFontMetricsF(font_).horizontalAdvance(text) + 1;
+}
+
+void ChartLegendBox::takeFrom(QRectF& area) {
+    if (entries_.empty()) {
+        return;
+    }
+    switch (scene_.state.legend.position) {
+        case LegendPosition::Right:
+            placeInColumn(area, false);
+            break;
+        case LegendPosition::Left:
+            placeInColumn(area, true);
+            break;
+        case LegendPosition::Top:
+            placeInRows(area, true);
+            break;
+        case LegendPosition::Bottom:
+            placeInRows(area, false);
+            break;
+    }
+}
+
+/// Keeps `count` entries; the last of them then says how many are missing.
+void ChartLegendBox::cutTo(std::size_t count) {
+    if (entries_.size() <= count) {
+        return;
+    }
+    count = std::max<std::size_t>(count, 1);
+    const int missing = static_cast<int>(entries_.size() - count) + 1;
+    entries_.resize(count);
+    entries_.back() = {Kind::More, 0, 0, words("+%1 more").arg(missing), entries_.back().rect};
+}
+
+void ChartLegendBox::placeInColumn(QRectF& area, bool left) {
+    const double padding = scene_.pixels(Padding);
+    const double margin = scene_.pixels(Margin);
+    double width = 0;
+    for (const Entry& entry : entries_) {
+        width = std::max(width, entryWidth(entry.text));
+    }
+    width = std::min(width, area.width() * WidestPart);
+    const double taken = width + 2 * padding + margin;
+    if (area.width() - taken < scene_.pixels(LeastWidth) || area.height() < lineHeight_ + 2 * padding) {
+        return;
+    }
+    const double room = area.height() - 2 * padding;
+    const auto count = static_cast<double>(entries_.size());
+    double pitch = lineHeight_ + scene_.pixels(RowGap);
+    if (count * pitch > room) {
+        pitch = std::max(lineHeight_ + scene_.pixels(TightRowGap), room / count);
+    }
+    cutTo(static_cast<std::size_t>(std::max(1.0, room / pitch + 1e-6)));
+    const double x = left ? area.left() : area.right() - width - 2 * padding;
+    box_ = QRectF(x, area.top(), width + 2 * padding,
+                  static_cast<double>(entries_.size()) * pitch + 2 * padding);
+    double y = box_.top() + padding;
+    for (Entry& entry : entries_) {
+        entry.rect = QRectF(x + padding, y, width, pitch);
+        y += pitch;
+    }
+    if (left) {
+        area.setLeft(area.left() + taken);
+    } else {
+        area.setRight(area.right() - taken);
+    }
+}
+
+void ChartLegendBox::placeInRows(QRectF& area, bool top) {
+    const double pitch = lineHeight_ + scene_.pixels(Padding);
+    const double gap = scene_.pixels(EntryGap);
+    const double margin = scene_.pixels(Margin) / 2;
+    const double room = std::min(area.height() * HighestPart, area.height() - scene_.pixels(LeastHeight)) - margin;
+    const int mostRows = static_cast<int>(room / pitch);
+    if (mostRows < 1) {
+        return;
+    }
+    const double left = area.left();
+    double x = left;
+    int row = 0;
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        const double width = std::min(entryWidth(entries_[i].text), area.width());
+        if (x > left && x + width > area.right()) {
+            x = left;
+            ++row;
+        }
+        if (row == mostRows) {
+            --row;
+            cutTo(i);
+            entries_.back().rect.setWidth(
+                std::min(entryWidth(entries_.back().text), area.right() - entries_.back().rect.left()));
+            break;
+        }
+        entries_[i].rect = QRectF(x, row * pitch, width, pitch);
+        x += width + gap;
+    }
+    const double height = (row + 1) * pitch;
+    const double y = top ? area.top() : area.bottom() - height;
+    for (Entry& entry : entries_) {
+        entry.rect.translate(0, y);
+    }
+    box_ = QRectF(left, y, area.width(), height);
+    if (top) {
+        area.setTop(area.top() + height + margin);
+    } else {
+        area.setBottom(area.bottom() - height - margin);
+    }
+}
+
+void ChartLegendBox::alignTop(double y) {
+    const LegendPosition position = scene_.state.legend.position;
+    if (position != LegendPosition::Right && position != LegendPosition::Left) {
+        return;
+    }
+    const double shift = std::max(0.0, std::min(y, scene_.area.bottom() - box_.height()) - box_.top());
+    box_.translate(0, shift);
+    for (Entry& entry : entries_) {
+        entry.rect.translate(0, shift);
+    }
+}
+
+const ChartLegendBox::Entry* ChartLegendBox::entryAt(QPointF point) const {
+    const auto found = std::find_if(entries_.begin(), entries_.end(),
+                                    [point](const Entry& entry) { return entry.rect.contains(point); });
+    return isShown() && found != entries_.end() ? &*found : nullptr;
+}
+
+bool ChartLegendBox::isCut(const Entry& entry) const {
+    return entryWidth(entry.text) > entry.rect.width() + 1;
+}
+
+void ChartLegendBox::paint(QPainter& painter, const ChartColors& colors) const {
+    if (!isShown()) {
+        return;
+    }
+    if (colors.legend() != colors.ground()) {
+        painter.fillRect(box_, QColor::fromRgb(colors.legend()));
+    }
+    if (colors.legendBorder() != colors.legend()) {
+        painter.setPen(QPen(QColor::fromRgb(colors.legendBorder()), 1 / scene_.ratio));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(box_);
+    }
+    const QFontMetricsF metrics(font_);
+    for (const Entry& entry : entries_) {
+        paintSwatch(painter, colors, entry);
+        const ChartHit& selected = scene_.state.selected;
+        const bool marked = scene_.marks && entry.series > 0 && entry.series == selected.series &&
+                            (entry.trend > 0) == (selected.code == ChartHitCode::Trendline);
+        QFont font(font_);
+        font.setBold(marked);
+        painter.setFont(font);
+        const bool steppedBack = entry.kind == Kind::NoTrend || entry.kind == Kind::More;
+        painter.setPen(QColor::fromRgb(steppedBack ? colors.legendMuted() : colors.legendText()));
+        const QRectF rect = entry.rect.adjusted(swatchWidth(), 0, 0, 0);
+        const QString text = QFontMetricsF(font).elidedText(entry.text, Qt::ElideRight, rect.width());
+        painter.drawText(QPointF(rect.left(), rect.center().y() - metrics.height() / 2 + metrics.ascent()), text);
+    }
+}
+
+void ChartLegendBox::paintSwatch(QPainter& painter, const ChartColors& colors, const Entry& entry) const {
+    const double width = scene_.pixels(Swatch);
+    const QRectF place(entry.rect.left(), entry.rect.center().y() - width / 2, width, width);
+    switch (entry.kind) {
+        case Kind::Column:
+            chartmarks::paintSwatch(painter, scene_, place, QColor::fromRgb(colors.series(entry.series)));
+            break;
+        case Kind::Line:
+            chartmarks::paintLineSample(painter, scene_, place, colors.series(entry.series), colors.legend());
+            break;
+        case Kind::Trend:
+            chartmarks::paintTrendSample(painter, scene_, place, colors.trend(entry.series, entry.trend));
+            break;
+        case Kind::NoTrend:
+            chartmarks::paintTrendSample(painter, scene_, place, colors.legendMuted());
+            break;
+        case Kind::Above:
+        case Kind::Below:
+            chartmarks::paintSwatch(painter, scene_, place,
+                                    chartmarks::tint(entry.kind == Kind::Above ? colors.above() : colors.below()));
+            break;
+        case Kind::More:
+            break;
+    }
+}
+
+}  // namespace planview

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QFont>
+#include <QRectF>
+#include <QString>
+#include <vector>
+
+#include "qt/chart/ChartColors.h"
+#include "qt/chart/ChartScene.h"
+
+class QPainter;
+
+namespace planview {
+
+/// The legend: an entry for each series, each trend line and, in a comparison, for what the tints mean.
+class ChartLegendBox {
+public:
+    struct Entry {
+        enum class Kind { Column, Line, Trend, NoTrend, Above, Below, More };
+        Kind kind = Kind::Column;
+        int series = 0;
+        int trend = 0;
+        QString text;
+        QRectF rect;
+    };
+
+    ChartLegendBox(const ChartScene& scene, const QFont& font);
+
+    /// Takes its part of what is left of the area, which becomes smaller; takes nothing where too little would remain.
+    void takeFrom(QRectF& area);
+    /// A legend at the side begins beside the plot.
+    void alignTop(double y);
+    void paint(QPainter& painter, const ChartColors& colors) const;
+
+    [[nodiscard]] bool isShown() const { return !box_.isEmpty(); }
+    [[nodiscard]] const QRectF& box() const { return box_; }
+    [[nodiscard]] const std::vector<Entry>& entries() const { return entries_; }
+    /// Null beside the entries.
+    [[nodiscard]] const Entry* entryAt(QPointF point) const;
+    /// Whether there is no room for all of its text.
+    [[nodiscard]] bool isCut(const Entry& entry) const;
+
+private:
+    void collect();
+    void placeInColumn(QRectF& area, bool left);
+    void placeInRows(QRectF& area, bool top);
+    void cutTo(std::size_t count);
+    [[nodiscard]] double entryWidth(const QString& text) const;
+    [[nodiscard]] double swatchWidth() const;
+    void paintSwatch(QPainter& painter, const ChartColors& colors, const Entry& entry) const;
+
+    const ChartScene& scene_;
+    QFont font_;
+    double lineHeight_;
+    std::vector<Entry> entries_;
+    QRectF box_;
+};
+
+}  // namespace planview

@@ -1,0 +1,128 @@
+#include "qt/chart/ChartNumbers.h"
+
+#include <QCoreApplication>
+#include <cmath>
+#include <optional>
+#include <string>
+
+#include "automation/NumberFormat.h"
+#include "automation/Numbers.h"
+#include "components/chart/TrendFit.h"
+
+namespace planview {
+
+namespace {
+
+constexpr double TooLargeForDigits = 1e12;
+constexpr int MostDecimals = 10;
+constexpr double Percent = 100.0;
+
+QString grouped(double value, const char* code) {
+    const std::optional<NumberFormat> format = NumberFormat::Parse(code);
+    std::string text = format->Format(value);
+    if (text.ends_with(GridDecimalMark)) {
+        text.pop_back();  // a number code shows its mark in front of no decimals, too
+    }
+    return QString::fromStdString(text);
+}
+
+QString shortNumber(double value) {
+    return QString::number(value, 'g', 4).replace(QLatin1Char('.'), QLatin1Char(GridDecimalMark));
+}
+
+bool needsExponent(double value) {
+    return std::abs(value) >= TooLargeForDigits;
+}
+
+std::string fixedCode(int decimals) {
+    return decimals <= 0 ? "#,##0" : "#,##0." + std::string(static_cast<std::size_t>(decimals), '0');
+}
+
+/// Whether the code shows a hundred times the value. Texts in quotes are only texts.
+bool showsPercent(const std::string& code) {
+    bool quoted = false;
+    for (const char character : code) {
+        if (character == '"') {
+            quoted = !quoted;
+        } else if (character == '%' && !quoted) {
+            return true;
+        }
+    }
+    return false;
+}
+
+const ChartSeries& seriesOf(const ChartState& state, int series) {
+    return state.series[static_cast<std::size_t>(series - 1)];
+}
+
+}  // namespace
+
+QString valueText(const ChartSeries& series, double value) {
+    if (const std::optional<NumberFormat> format = NumberFormat::Parse(series.format)) {
+        return QString::fromStdString(format->Format(value));
+    }
+    return limitText(value);
+}
+
+QString differenceText(const ChartSeries& series, double difference) {
+    const QString size = valueText(series, std::abs(difference));
+    const bool isZero = size == valueText(series, 0);
+    const QChar sign = difference > 0 ? QLatin1Char('+') : QChar(0x2212);
+    return isZero ? size : sign + size;
+}
+
+QString shareText(double share, int decimals) {
+    return grouped(share, (fixedCode(decimals) + "%").c_str());
+}
+
+QString limitText(double value) {
+    return needsExponent(value) ? shortNumber(value) : grouped(value, "#,##0.##########");
+}
+
+QString markText(const ChartScale& scale, int index, bool share) {
+    const double value = scale.Mark(index);
+    if (share) {
+        return shareText(value, std::max(0, scale.decimals - 2));
+    }
+    const bool plain = scale.decimals <= MostDecimals && !needsExponent(scale.maximum) && !needsExponent(scale.minimum);
+    return plain ? grouped(value, fixedCode(scale.decimals).c_str()) : shortNumber(value);
+}
+
+double valueStep(const ChartSeries& series, double valueOfPixel) {
+    if (const std::optional<NumberFormat> format = NumberFormat::Parse(series.format)) {
+        return std::pow(10.0, -format->Decimals()) / (showsPercent(series.format) ? Percent : 1.0);
+    }
+    const double size = std::abs(valueOfPixel);
+    return size > 0 && std::isfinite(size) ? std::pow(10.0, std::floor(std::log10(size))) : 1.0;
+}
+
+double snapped(double value, double step) {
+    // Divided by a whole number where that is possible, so that three steps of 0.1 are 0.3.
+    const double steps = std::round(value / step);
+    if (step >= 1) {
+        return steps * step;
+    }
+    const double parts = std::round(1 / step);
+    return steps / parts;
+}
+
+QString seriesName(const ChartState& state, int series) {
+    const QString caption = QString::fromStdString(seriesOf(state, series).caption).trimmed();
+    return caption.isEmpty() ? QCoreApplication::translate("planview::ChartView", "Series %1").arg(series) : caption;
+}
+
+QString pointName(const ChartState& state, int series, int category) {
+    QString period = QString::fromStdString(state.categories[static_cast<std::size_t>(category - 1)]).trimmed();
+    if (period.isEmpty()) {
+        period = QString::number(category);
+    }
+    return seriesName(state, series) + QStringLiteral(", ") + period;
+}
+
+QString trendName(const ChartState& state, int series, int trend) {
+    const TrendKind kind = seriesOf(state, series).look->trends[static_cast<std::size_t>(trend - 1)]->kind;
+    return QCoreApplication::translate("planview::ChartView", TrendKindName(kind)) + QStringLiteral(" (") +
+           seriesName(state, series) + QLatin1Char(')');
+}
+
+}  // namespace planview

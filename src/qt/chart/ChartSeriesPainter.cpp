@@ -1,0 +1,288 @@
+#include "qt/chart/ChartSeriesPainter.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "qt/chart/ChartMarks.h"
+
+namespace planview {
+
+namespace {
+
+using namespace chartmarks;
+
+/// Of a column for the value 0, so that it can be seen.
+constexpr double FlatHeight = 2;
+/// Where columns are this narrow, their borders are not put on pixels: many would vanish.
+constexpr double BlurredWidth = 2;
+constexpr double BandWeight = 0.16;
+constexpr double MarkDistance = 2.5;
+constexpr double MarkWidth = 2;
+constexpr double MovedRadius = 5.5;
+constexpr double SelectedRingRadius = 4;
+
+}  // namespace
+
+ChartSeriesPainter::ChartSeriesPainter(const ChartScene& scene, const ChartState& state, const ChartPlot& plot,
+                                       const ChartColors& colors)
+    : scene_(scene),
+      state_(state),
+      plot_(plot),
+      colors_(colors),
+      first_(plot.FirstCategory()),
+      last_(plot.LastCategory()) {}
+
+void ChartSeriesPainter::setCategories(int first, int last) {
+    first_ = std::max(first, plot_.FirstCategory());
+    last_ = std::min(last, plot_.LastCategory());
+}
+
+const ChartSeries& ChartSeriesPainter::seriesAt(int series) const {
+    return state_.series[static_cast<std::size_t>(series - 1)];
+}
+
+bool ChartSeriesPainter::isColumn(int series) const {
+    return IsColumnType(seriesAt(series).type);
+}
+
+bool ChartSeriesPainter::isSelected(int series) const {
+    const ChartHit& selected = state_.selected;
+    return scene_.marks && selected.code == ChartHitCode::Series && selected.series == series;
+}
+
+QPointF ChartSeriesPainter::point(int series, int category) const {
+    const ChartPoint place = plot_.Point(series, category);
+    return {place.x, place.y};
+}
+
+void ChartSeriesPainter::paintSeries(QPainter& painter) const {
+    if (first_ > last_) {
+        return;
+    }
+    const int count = state_.SeriesCount();
+    for (int series = 1; series <= count; ++series) {
+        if (isColumn(series)) {
+            paintColumns(painter, series);
+        }
+    }
+    for (int series = 1; series <= count; ++series) {
+        if (isColumn(series) && isSelected(series)) {
+            paintColumnFrames(painter, series);
+        }
+    }
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    for (int series = 1; series <= count; ++series) {
+        if (!isColumn(series) && IsStackedType(seriesAt(series).type)) {
+            paintBand(painter, series);
+        }
+    }
+    for (int series = 1; series <= count; ++series) {
+        if (!isColumn(series)) {
+            paintLine(painter, series);
+        }
+    }
+}
+
+// --- Columns
+
+/// On whole pixels, at least a hairline high.
+QRectF ChartSeriesPainter::columnRect(int series, int category) const {
+    const ChartRect place = plot_.Column(series, category);
+    QRectF rect(place.x, place.y, place.width, place.height);
+    if (rect.width() * scene_.ratio >= BlurredWidth) {
+        const double left = scene_.onPixel(rect.left());
+        rect.setRight(std::max(left + 1 / scene_.ratio, scene_.onPixel(rect.right())));
+        rect.setLeft(left);
+    }
+    rect.setTop(scene_.onPixel(rect.top()));
+    rect.setBottom(scene_.onPixel(place.Bottom()));
+    if (rect.height() <= 0) {
+        const double height = scene_.pixels(FlatHeight);
+        rect = QRectF(rect.left(), rect.top() - height / 2, rect.width(), height);
+    }
+    return rect;
+}
+
+bool ChartSeriesPainter::isHanging(int series, int category) const {
+    const ChartSpan& span =
+        plot_.Stack().spans[static_cast<std::size_t>(series - 1)][static_cast<std::size_t>(category - 1)];
+    return span.to < span.from;
+}
+
+/// Whether no other column of a stack lies on the far end of this one.
+bool ChartSeriesPainter::hasFreeEnd(int series, int category) const {
+    const ChartType type = seriesAt(series).type;
+    if (!IsStackedType(type)) {
+        return true;
+    }
+    const auto at = static_cast<std::size_t>(category - 1);
+    const bool hanging = isHanging(series, category);
+    for (int other = series + 1; other <= state_.SeriesCount(); ++other) {
+        if (seriesAt(other).type == type && seriesAt(other).values[at] != 0 && isHanging(other, category) == hanging) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void ChartSeriesPainter::paintColumns(QPainter& painter, int series) const {
+    const bool blurred = columnRect(series, first_).width() * scene_.ratio < BlurredWidth;
+    const bool rounded = columnRect(series, first_).width() >= scene_.pixels(RoundedWidth);
+    const bool flatIsSeen = !IsStackedType(seriesAt(series).type);
+    QVector<QRectF> rects;
+    rects.reserve(last_ - first_ + 1);
+    QPainterPath path;
+    for (int category = first_; category <= last_; ++category) {
+        if (!flatIsSeen && plot_.Column(series, category).height <= 0) {
+            continue;
+        }
+        const QRectF rect = columnRect(series, category);
+        if (rounded && hasFreeEnd(series, category)) {
+            addRoundedColumn(path, rect, scene_.pixels(TopRadius), isHanging(series, category));
+        } else {
+            rects.push_back(rect);
+        }
+    }
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor::fromRgb(colors_.series(series)));
+    painter.setRenderHint(QPainter::Antialiasing, blurred);
+    painter.drawRects(rects);
+    if (!path.isEmpty()) {
+        painter.setRenderHint(QPainter::Antialiasing, true);
+        painter.drawPath(path);
+    }
+}
+
+void ChartSeriesPainter::paintColumnFrames(QPainter& painter, int series) const {
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    QPen pen(QColor::fromRgb(colors_.focus(scene_.focused)), scene_.pixels(MarkWidth));
+    pen.setJoinStyle(Qt::MiterJoin);
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    for (int category = first_; category <= last_; ++category) {
+        painter.drawRect(columnRect(series, category));
+    }
+}
+
+// --- Lines
+
+/// What a stacked line adds to the ones below it.
+void ChartSeriesPainter::paintBand(QPainter& painter, int series) const {
+    const auto& spans = plot_.Stack().spans[static_cast<std::size_t>(series - 1)];
+    QPolygonF band;
+    for (int category = first_; category <= last_; ++category) {
+        band << point(series, category);
+    }
+    for (int category = last_; category >= first_; --category) {
+        const double from = spans[static_cast<std::size_t>(category - 1)].from;
+        band << QPointF(plot_.CategoryCenter(category), plot_.YOf(from, series));
+    }
+    QColor color = QColor::fromRgb(colors_.series(series));
+    color.setAlphaF(BandWeight);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawPolygon(band);
+}
+
+void ChartSeriesPainter::paintLine(QPainter& painter, int series) const {
+    const bool selected = isSelected(series);
+    QVector<QLineF> segments;
+    segments.reserve(last_ - first_);
+    QPointF before = point(series, first_);
+    for (int category = first_ + 1; category <= last_; ++category) {
+        const QPointF here = point(series, category);
+        segments.push_back(QLineF(before, here));
+        before = here;
+    }
+    painter.setPen(linePen(scene_, colors_.series(series), selected ? SelectedLineWidth : LineWidth));
+    painter.drawLines(segments);
+    const bool lonely = plot_.FirstCategory() == plot_.LastCategory();
+    if (selected || lonely || plot_.CategoryWidth() >= scene_.pixels(RingPitch)) {
+        paintRings(painter, series, selected);
+    }
+}
+
+void ChartSeriesPainter::paintRings(QPainter& painter, int series, bool filled) const {
+    const double radius = scene_.pixels(filled ? SelectedRingRadius : RingRadius);
+    const QRgb color = colors_.series(series);
+    painter.setPen(linePen(scene_, color));
+    painter.setBrush(QColor::fromRgb(filled ? color : colors_.plot()));
+    const bool tooMany = plot_.CategoryWidth() < 2 * radius;
+    const int every = tooMany ? static_cast<int>(std::ceil(3 * radius / plot_.CategoryWidth())) : 1;
+    for (int category = first_; category <= last_; ++category) {
+        if ((category - 1) % every == 0) {
+            painter.drawEllipse(point(series, category), radius, radius);
+        }
+    }
+}
+
+// --- Trend lines
+
+void ChartSeriesPainter::paintTrends(QPainter& painter, int series) const {
+    const ChartHit& selected = state_.selected;
+    const bool marked = scene_.marks && selected.code == ChartHitCode::Trendline && selected.series == series;
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setBrush(Qt::NoBrush);
+    const auto& trends = seriesAt(series).look->trends;
+    for (int trend = 1; trend <= static_cast<int>(trends.size()); ++trend) {
+        const QRgb color = colors_.trend(series, trend);
+        for (const std::vector<ChartPoint>& piece : plot_.Trend(series, trend)) {
+            QPolygonF line;
+            for (const ChartPoint& place : piece) {
+                line << QPointF(place.x, place.y);
+            }
+            painter.setPen(trendPen(scene_, color, marked ? SelectedLineWidth : LineWidth));
+            painter.drawPolyline(line);
+            if (marked && !line.isEmpty()) {
+                const double radius = scene_.pixels(SelectedRingRadius);
+                painter.setPen(linePen(scene_, color));
+                painter.setBrush(QColor::fromRgb(colors_.plot()));
+                painter.drawEllipse(line.front(), radius, radius);
+                painter.drawEllipse(line.back(), radius, radius);
+                painter.setBrush(Qt::NoBrush);
+            }
+        }
+    }
+}
+
+// --- Single points
+
+QRectF ChartSeriesPainter::pointRect(int series, int category) const {
+    if (isColumn(series)) {
+        return columnRect(series, category);
+    }
+    const double radius = scene_.pixels(RingRadius);
+    const QPointF center = point(series, category);
+    return {center.x() - radius, center.y() - radius, 2 * radius, 2 * radius};
+}
+
+void ChartSeriesPainter::paintPointMark(QPainter& painter, int series, int category, QRgb color) const {
+    const double distance = scene_.pixels(MarkDistance);
+    const QRectF rect = pointRect(series, category).adjusted(-distance, -distance, distance, distance);
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    QPen pen(QColor::fromRgb(color), scene_.pixels(MarkWidth));
+    pen.setJoinStyle(Qt::RoundJoin);
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    if (isColumn(series)) {
+        painter.drawRoundedRect(rect, distance, distance);
+    } else {
+        painter.drawEllipse(rect);
+    }
+}
+
+void ChartSeriesPainter::paintMovedPoint(QPainter& painter, int series, int category) const {
+    const QRgb color = colors_.series(series);
+    if (isColumn(series)) {
+        paintPointMark(painter, series, category, colors_.accent());
+        return;
+    }
+    const double radius = scene_.pixels(MovedRadius);
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setPen(QPen(QColor::fromRgb(colors_.plot()), scene_.pixels(1)));
+    painter.setBrush(QColor::fromRgb(color));
+    painter.drawEllipse(point(series, category), radius, radius);
+}
+
+}  // namespace planview
