@@ -1,5 +1,6 @@
 #include "app/HostMessageBoxes.h"
 
+#include <QApplication>
 #include <QMessageBox>
 #include <array>
 
@@ -68,8 +69,9 @@ MessageAnswer HostMessageBoxes::Show(const planview::MessageBoxRequest& request)
     if (parent_ == nullptr) {
         return request.defaultAnswer;
     }
+    QWidget* modal = QApplication::activeModalWidget();  // the box stands above it, not behind
     QMessageBox box(iconOf(request.icon), QString::fromStdString(request.title), QString::fromStdString(request.text),
-                    buttonsOf(request.buttons), parent_);
+                    buttonsOf(request.buttons), modal != nullptr ? modal : parent_);
     box.setDefaultButton(buttonOf(request.defaultAnswer));
     const int chosen = box.exec();
     for (const AnswerButton& pair : Answers) {

@@ -14,7 +14,8 @@ QLabel#note { color: %muted; }
 QLabel#message { color: %negative; }
 QLabel#headline { font-weight: 600; font-size: 15px; }
 QGroupBox { border: none; margin-top: 26px; font-weight: 600; }
-QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; padding: 4px 0px; color: %text; }
+QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; left: -2px; padding: 4px 0px;
+    color: %text; }
 QGroupBox QWidget { font-weight: normal; }
 QPushButton { background: %base; color: %text; border: 1px solid %edge; border-radius: 5px; padding: 5px 12px; }
 QPushButton:hover { background: %tint; border-color: %accent; }
@@ -49,11 +50,11 @@ QRadioButton::indicator:disabled { border-color: %line; background: %panel; }
 QMenuBar { background: %panel; color: %text; border-bottom: 1px solid %line; padding: 2px 4px; }
 QMenuBar::item { background: transparent; padding: 4px 9px; border-radius: 4px; }
 QMenuBar::item:selected, QMenuBar::item:pressed { background: %tint; }
-QTreeView { background: %base; color: %text; border: 1px solid %line; outline: none; }
+QTreeView { background: %base; color: %text; border: 1px solid %line; outline: none;
+    show-decoration-selected: 1; selection-background-color: %tint; selection-color: %text; }
 QTreeView::item { padding: 2px 4px; border: none; }
 QTreeView::item:hover { background: %panel; }
 QTreeView::item:selected { background: %tint; color: %text; }
-QTreeView::item:selected:!active { background: %heading; }
 QHeaderView { background: %heading; }
 QHeaderView::section { background: %heading; color: %muted; border: none; border-right: 1px solid %line;
     border-bottom: 1px solid %line; padding: 4px 7px; font-weight: 600; }
