@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 #include <array>
 
 namespace planbook {
@@ -70,10 +71,13 @@ MessageAnswer HostMessageBoxes::Show(const planview::MessageBoxRequest& request)
         return request.defaultAnswer;
     }
     QWidget* modal = QApplication::activeModalWidget();  // the box stands above it, not behind
-    QMessageBox box(iconOf(request.icon), QString::fromStdString(request.title), QString::fromStdString(request.text),
-                    buttonsOf(request.buttons), modal != nullptr ? modal : parent_);
-    box.setDefaultButton(buttonOf(request.defaultAnswer));
-    const int chosen = box.exec();
+    // What the box stands above may go while it waits, and takes the box along.
+    const QPointer<QMessageBox> box(new QMessageBox(iconOf(request.icon), QString::fromStdString(request.title),
+                                                    QString::fromStdString(request.text), buttonsOf(request.buttons),
+                                                    modal != nullptr ? modal : parent_));
+    box->setDefaultButton(buttonOf(request.defaultAnswer));
+    const int chosen = box->exec();
+    delete box;
     for (const AnswerButton& pair : Answers) {
         if (pair.button == chosen) {
             return pair.answer;

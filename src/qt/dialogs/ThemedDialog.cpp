@@ -8,7 +8,16 @@ namespace {
 
 constexpr double DisabledWeight = 0.5;
 
+// The window's own ground stands here, too: a style sheet of the host's window would hide the palette's.
 constexpr const char* StyleSheet = R"(
+QDialog { background: %panel; color: %text; }
+QMenu { background: %base; color: %text; border: 1px solid %edge; padding: 4px; }
+QMenu::item { padding: 5px 24px 5px 26px; border-radius: 4px; }
+QMenu::item:selected { background: %tint; color: %text; }
+QMenu::item:disabled { color: %faint; }
+QMenu::indicator { width: 16px; height: 16px; left: 6px; }
+QMenu::indicator:exclusive:checked { image: url(:/planview/icons/bullet.svg); }
+QMenu::separator { height: 1px; background: %line; margin: 4px 6px; }
 QLabel, QCheckBox, QRadioButton { color: %text; }
 QLabel#note { color: %muted; }
 QLabel#message { color: %negative; }
