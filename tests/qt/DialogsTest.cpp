@@ -238,6 +238,11 @@ private slots:
             QVERIFY(!message->isVisible());
             height->setText(QStringLiteral("5000"));
             QVERIFY(message->isVisible());
+            auto* fonts = dialog->findChildren<QComboBox*>()[0];
+            fonts->setCurrentIndex(fonts->findText(QStringLiteral("Lucida")));
+            QCoreApplication::processEvents();
+            QCOMPARE(cutTexts(*dialog), QStringList());
+            savePicture(*dialog, QStringLiteral("row-properties-message"));
             QTest::keyClick(dialog, Qt::Key_Return);
             QVERIFY2(dialog->isVisible(), "the dialog waits for another height");
             QCOMPARE(desktop.messages.size(), std::size_t{1});

@@ -1,6 +1,8 @@
 #include "app/HostMessageBoxes.h"
 
+#include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 #include <array>
 
 namespace planbook {
@@ -68,10 +70,14 @@ MessageAnswer HostMessageBoxes::Show(const planview::MessageBoxRequest& request)
     if (parent_ == nullptr) {
         return request.defaultAnswer;
     }
-    QMessageBox box(iconOf(request.icon), QString::fromStdString(request.title), QString::fromStdString(request.text),
-                    buttonsOf(request.buttons), parent_);
-    box.setDefaultButton(buttonOf(request.defaultAnswer));
-    const int chosen = box.exec();
+    QWidget* modal = QApplication::activeModalWidget();  // the box stands above it, not behind
+    // What the box stands above may go while it waits, and takes the box along.
+    const QPointer<QMessageBox> box(new QMessageBox(iconOf(request.icon), QString::fromStdString(request.title),
+                                                    QString::fromStdString(request.text), buttonsOf(request.buttons),
+                                                    modal != nullptr ? modal : parent_));
+    box->setDefaultButton(buttonOf(request.defaultAnswer));
+    const int chosen = box->exec();
+    delete box;
     for (const AnswerButton& pair : Answers) {
         if (pair.button == chosen) {
             return pair.answer;

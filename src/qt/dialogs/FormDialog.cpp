@@ -151,7 +151,8 @@ void FormDialog::addOption(QGridLayout& section, QWidget* group, OptionButton& s
 
 QComboBox* FormDialog::addList(QGridLayout& section, ListBox& state, const QString& caption, int width) {
     auto* list = new QComboBox(this);
-    list->setFixedWidth(width);
+    list->setMinimumWidth(width);
+    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);  // however long an item is
     for (const std::string& item : state.Items) {
         list->addItem(item.empty() ? tr("As the view") : QString::fromStdString(item));
     }

@@ -57,6 +57,8 @@ void RowDialog::build() {
     columns->setSpacing(ColumnGap);
     auto* left = new QVBoxLayout;
     auto* right = new QVBoxLayout;
+    left->setSpacing(0);
+    right->setSpacing(0);
     columns->addLayout(left);
     columns->addLayout(right);
     content()->addSpacing(14);
@@ -92,9 +94,9 @@ void RowDialog::addHeight(QGridLayout& section) {
     addRow(section, withMnemonic(form_.lblHeight, 'h'), line);
     // The label leads to the field itself.
     qobject_cast<QLabel*>(section.itemAtPosition(section.rowCount() - 1, 0)->widget())->setBuddy(height_);
-    heightMessage_ = new QLabel(QString::fromUtf8(frmRow::HeightMessage.data(), frmRow::HeightMessage.size()), this);
+    heightMessage_ =
+        new QLabel(tr("%1 to %2, or 0 for the usual height").arg(frmRow::LeastHeight).arg(frmRow::MostHeight), this);
     heightMessage_->setObjectName(QStringLiteral("message"));
-    heightMessage_->setWordWrap(true);
     heightMessage_->hide();
     section.addWidget(heightMessage_, section.rowCount(), 0, 1, 2);
     connect(height_, &QLineEdit::textChanged, this, [this](const QString& text) {
@@ -113,7 +115,7 @@ void RowDialog::buildTextColumn(QVBoxLayout& column) {
     fontNote_ = new QLabel(this);
     fontNote_->setObjectName(QStringLiteral("note"));
     fontNote_->setTextFormat(Qt::PlainText);
-    fontNote_->setWordWrap(true);
+    fontNote_->hide();
     text->addWidget(fontNote_, text->rowCount(), 1);
     addList(*text, form_.ListSize, withMnemonic(form_.lblSize, 'z'), FontListWidth);
     addOptions(*text, form_.optType, "udn", Qt::Horizontal);
@@ -142,7 +144,7 @@ void RowDialog::stateChanged() {
     const QString font = QString::fromStdString(form_.ListFont.Text());
     const QString shownAs = QFontInfo(QFont(font.isEmpty() ? this->font().family() : font)).family();
     const bool substituted = !font.isEmpty() && shownAs.compare(font, Qt::CaseInsensitive) != 0;
-    fontNote_->setText(substituted ? tr("Not on this computer; shown as %1").arg(shownAs) : QString());
+    fontNote_->setText(substituted ? tr("Not installed; shown as %1").arg(shownAs) : QString());
     fontNote_->setVisible(substituted);
     preview_->follow();
 }

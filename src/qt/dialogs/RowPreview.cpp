@@ -1,5 +1,6 @@
 #include "qt/dialogs/RowPreview.h"
 
+#include <QPainter>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -30,18 +31,18 @@ const std::vector<std::string>& usualContents() {
 
 }  // namespace
 
-RowPreview::RowPreview(const frmRow& form, QWidget* parent) : QWidget(parent), form_(form) {
+RowPreview::RowPreview(const frmRow& form, QWidget* parent)
+    : QWidget(parent), form_(form), theme_(&GridTheme::light()) {
     createGrid();
     view_ = new GridView(grid_, nullptr, this);
     view_->setFramesCurrent(false);
-    view_->setFrameShape(QFrame::Box);
     view_->setFocusPolicy(Qt::NoFocus);
     view_->setAttribute(Qt::WA_TransparentForMouseEvents);
     view_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     view_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     view_->setAccessibleName(tr("Preview"));
     auto* only = new QVBoxLayout(this);
-    only->setContentsMargins(0, 0, 0, 0);
+    only->setContentsMargins(Edge, Edge, Edge, Edge);
     only->addWidget(view_);
     setFixedHeight(PreviewHeight);
     setMinimumWidth(LeastWidth);
@@ -90,7 +91,9 @@ void RowPreview::setCenter(GridAttribute attribute, const Variant& value) {
 }
 
 void RowPreview::setTheme(const GridTheme& theme) {
+    theme_ = &theme;
     view_->setTheme(theme);
+    update();
 }
 
 void RowPreview::follow() {
@@ -104,6 +107,10 @@ void RowPreview::follow() {
         grid_.SetAttribute(GridElement::Row, {{}, RowKey}, GridAttribute::Height, shown, false);
     }
     grid_.Redraw();
+}
+
+void RowPreview::paintEvent(QPaintEvent* /*event*/) {
+    QPainter(this).fillRect(rect(), QColor(theme_->line));  // of which the view leaves the edge
 }
 
 void RowPreview::resizeEvent(QResizeEvent* event) {

@@ -23,6 +23,7 @@ public:
     void follow();
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -32,6 +33,7 @@ private:
     const frmRow& form_;
     GridControl grid_;
     GridView* view_;
+    const GridTheme* theme_;
 };
 
 }  // namespace planview

@@ -8,13 +8,23 @@ namespace {
 
 constexpr double DisabledWeight = 0.5;
 
+// The window's own ground stands here, too: a style sheet of the host's window would hide the palette's.
 constexpr const char* StyleSheet = R"(
+QDialog { background: %panel; color: %text; }
+QMenu { background: %base; color: %text; border: 1px solid %edge; padding: 4px; }
+QMenu::item { padding: 5px 24px 5px 26px; border-radius: 4px; }
+QMenu::item:selected { background: %tint; color: %text; }
+QMenu::item:disabled { color: %faint; }
+QMenu::indicator { width: 16px; height: 16px; left: 6px; }
+QMenu::indicator:exclusive:checked { image: url(:/planview/icons/bullet.svg); }
+QMenu::separator { height: 1px; background: %line; margin: 4px 6px; }
 QLabel, QCheckBox, QRadioButton { color: %text; }
 QLabel#note { color: %muted; }
 QLabel#message { color: %negative; }
 QLabel#headline { font-weight: 600; font-size: 15px; }
 QGroupBox { border: none; margin-top: 26px; font-weight: 600; }
-QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; padding: 4px 0px; color: %text; }
+QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; left: -2px; padding: 4px 0px;
+    color: %text; }
 QGroupBox QWidget { font-weight: normal; }
 QPushButton { background: %base; color: %text; border: 1px solid %edge; border-radius: 5px; padding: 5px 12px; }
 QPushButton:hover { background: %tint; border-color: %accent; }
@@ -49,11 +59,11 @@ QRadioButton::indicator:disabled { border-color: %line; background: %panel; }
 QMenuBar { background: %panel; color: %text; border-bottom: 1px solid %line; padding: 2px 4px; }
 QMenuBar::item { background: transparent; padding: 4px 9px; border-radius: 4px; }
 QMenuBar::item:selected, QMenuBar::item:pressed { background: %tint; }
-QTreeView { background: %base; color: %text; border: 1px solid %line; outline: none; }
+QTreeView { background: %base; color: %text; border: 1px solid %line; outline: none;
+    show-decoration-selected: 1; selection-background-color: %tint; selection-color: %text; }
 QTreeView::item { padding: 2px 4px; border: none; }
 QTreeView::item:hover { background: %panel; }
 QTreeView::item:selected { background: %tint; color: %text; }
-QTreeView::item:selected:!active { background: %heading; }
 QHeaderView { background: %heading; }
 QHeaderView::section { background: %heading; color: %muted; border: none; border-right: 1px solid %line;
     border-bottom: 1px solid %line; padding: 4px 7px; font-weight: 600; }

@@ -252,7 +252,9 @@ void TraceDialog::showNewest() {
     following_ = true;
     const int last = filter_->rowCount() - 1;
     if (last >= 0) {
-        list_->setCurrentIndex(filter_->index(last, 0));
+        // Not by the list itself, which would extend the selection while a key such as Shift is held.
+        list_->selectionModel()->setCurrentIndex(filter_->index(last, 0),
+                                                 QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         const int left = list_->horizontalScrollBar()->value();
         list_->scrollToBottom();
         list_->horizontalScrollBar()->setValue(left);
