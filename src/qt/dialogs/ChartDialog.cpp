@@ -41,8 +41,8 @@ void ChartDialog::buildLookColumn(QVBoxLayout& column) {
         ->setPlaceholderText(tr("From the book's texts"));
     for (const QString& family : QFontDatabase::families(QFontDatabase::Latin)) {
         const std::string name = family.toStdString();
-        const bool known = std::find(form_.ListFont.Items.begin(), form_.ListFont.Items.end(), name) !=
-                           form_.ListFont.Items.end();
+        const bool known =
+            std::find(form_.ListFont.Items.begin(), form_.ListFont.Items.end(), name) != form_.ListFont.Items.end();
         if (!known && !QFontDatabase::isPrivateFamily(family)) {
             form_.ListFont.Items.push_back(name);
         }
@@ -60,8 +60,8 @@ void ChartDialog::buildAxisColumn(QVBoxLayout& column) {
 
     QGridLayout* range = addSection(column, QString::fromStdString(form_.fraRange));
     for (const auto& [state, mnemonic] :
-         {std::pair{&form_.txtMinRange, 'r'}, std::pair{&form_.txtMaxRange, 0}, std::pair{&form_.txtOptimum, 'p'}}) {
-        addNumber(*range, *state, static_cast<char>(mnemonic))->setPlaceholderText(tr("none"));
+         {std::pair{&form_.txtMinRange, 'r'}, std::pair{&form_.txtMaxRange, '\0'}, std::pair{&form_.txtOptimum, 'p'}}) {
+        addNumber(*range, *state, mnemonic)->setPlaceholderText(tr("none"));
     }
 
     QGridLayout* colors = addSection(column, QString::fromStdString(form_.fraColors));
