@@ -26,6 +26,10 @@ protected:
         context.tables.LINE_INDEX = HostTable(tables.lineIndex);
         context.tables.TAB = HostTable(tables.tab);
         context.tables.TEXTS = HostTable(tables.texts);
+        context.tables.FIXED_COLS = HostTable(tables.fixedCols);
+        context.tables.FIXED_LINES = HostTable(tables.fixedLines);
+        context.tables.FIXED_TAB = HostTable(tables.fixedTab);
+        context.tables.CELL_ATTR = HostTable(tables.cellAttr);
         context.settings.chartShown = true;
         context.construction.CreateFromTables();
         context.chartData.Initialize();
