@@ -1,3 +1,5 @@
+#include <QContextMenuEvent>
+
 #include "qt/ChartOnScreen.h"
 
 namespace planview {
@@ -76,7 +78,7 @@ void ChartKeysTest::menuKeyOpens() {
     ChartOnScreen screen;
     QTest::keyClick(&screen.view(), Qt::Key_Right);
     screen.heard();
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint());
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), screen.port()->mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(&screen.view(), &event);
     QCOMPARE(screen.heard(), QStringLiteral("down 2 0 8"));
 }

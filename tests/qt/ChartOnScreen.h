@@ -111,7 +111,7 @@ public:
     }
     [[nodiscard]] QImage picture() { return port()->grab().toImage().convertToFormat(QImage::Format_RGB32); }
     /// What was heard since the last question, apart from the focus.
-    [[nodiscard]] QString heard() {
+    QString heard() {
         const QString text = log.heard.filter(QRegularExpression(QStringLiteral("^(?!(no )?focus)"))).join(", ");
         log.heard.clear();
         return text;

@@ -1,3 +1,4 @@
+#include <QPainter>
 #include <QTemporaryDir>
 #include <cmath>
 

@@ -9,7 +9,7 @@ namespace {
 constexpr QRgb White = 0xffffffff;
 constexpr QRgb Black = 0xff000000;
 constexpr double TextContrast = 4.5;
-constexpr double MarkContrast = 3.0;
+constexpr double MarkContrast = 4.0;
 constexpr double BandWeight = 0.08;
 constexpr double DarkBandWeight = 0.14;
 constexpr int PaletteWhite = 0;

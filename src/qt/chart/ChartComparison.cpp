@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QPolygonF>
 #include <algorithm>
 
 #include "qt/chart/ChartMarks.h"
@@ -15,6 +16,7 @@ constexpr double Distance = 7;
 constexpr double LabelGap = 8;
 /// The part of a category's width that the tint between columns takes.
 constexpr double TintPart = 0.86;
+constexpr float Veil = 0.8F;
 
 }  // namespace
 
@@ -46,40 +48,43 @@ void ChartComparison::paintTint(QPainter& painter) const {
     }
 }
 
-/// From category to category; where the lines cross in between, each side has its own tint.
+/// One area from each crossing of the lines to the next.
 void ChartComparison::paintBetweenLines(QPainter& painter) const {
-    QPainterPath above;
-    QPainterPath below;
     const auto point = [this](int series, int category) {
         const ChartPoint place = plot_.Point(series, category);
         return QPointF(place.x, place.y);
     };
-    const auto add = [&](bool isAbove, const QPolygonF& area) {
-        QPainterPath& path = isAbove ? above : below;
-        path.addPolygon(area);
-        path.closeSubpath();
-    };
-    for (int category = plot_.FirstCategory(); category < plot_.LastCategory(); ++category) {
-        const QPointF firstFrom = point(1, category);
-        const QPointF firstTo = point(1, category + 1);
-        const QPointF secondFrom = point(2, category);
-        const QPointF secondTo = point(2, category + 1);
-        // On the screen: what is higher has the smaller y.
-        const double from = firstFrom.y() - secondFrom.y();
-        const double to = firstTo.y() - secondTo.y();
-        if (from * to >= 0) {
-            add(from + to > 0, {firstFrom, firstTo, secondTo, secondFrom});
-            continue;
+    QPolygonF first;
+    QPolygonF second;
+    double higher = 0;  // of the second, somewhere in the area
+    const auto finish = [&] {
+        if (first.size() > 1 && higher != 0) {
+            std::reverse(second.begin(), second.end());
+            painter.setBrush(chartmarks::tint(higher > 0 ? colors_.above() : colors_.below()));
+            painter.drawPolygon(first + second);
         }
-        const double part = from / (from - to);
-        const QPointF crossing = firstFrom + (firstTo - firstFrom) * part;
-        add(from > 0, {firstFrom, crossing, secondFrom});
-        add(to > 0, {firstTo, crossing, secondTo});
+        first.clear();
+        second.clear();
+    };
+    for (int category = plot_.FirstCategory(); category <= plot_.LastCategory(); ++category) {
+        const QPointF one = point(1, category);
+        const QPointF other = point(2, category);
+        // On the screen: what is higher has the smaller y.
+        const double now = one.y() - other.y();
+        if (higher * now < 0) {
+            const double before = first.back().y() - second.back().y();
+            const QPointF crossing = first.back() + (one - first.back()) * (before / (before - now));
+            first << crossing;
+            second << crossing;
+            finish();
+            first << crossing;
+            second << crossing;
+        }
+        higher = now != 0 ? now : higher;
+        first << one;
+        second << other;
     }
-    painter.setBrush(chartmarks::tint(colors_.above()));
-    painter.drawPath(above);
-    painter.setBrush(chartmarks::tint(colors_.below()));
-    painter.drawPath(below);
+    finish();
 }
 
 void ChartComparison::paintBetweenColumns(QPainter& painter) const {
@@ -101,6 +106,9 @@ void ChartComparison::paintDifferences(QPainter& painter, const QFont& font) con
     painter.setRenderHint(QPainter::Antialiasing, true);
     const QRectF area(plot_.Area().x, plot_.Area().y, plot_.Area().width, plot_.Area().height);
     double taken = area.left() - metrics.height();
+    // Lines and columns may run behind the texts.
+    QColor veil = QColor::fromRgb(colors_.plot());
+    veil.setAlphaF(Veil);
     for (int category = plot_.FirstCategory(); category <= plot_.LastCategory(); ++category) {
         const double value = difference(category);
         const QString text = differenceText(state_.series[1], value);
@@ -114,9 +122,16 @@ void ChartComparison::paintDifferences(QPainter& painter, const QFont& font) con
         const double upper = std::min(plot_.Point(1, category).y, plot_.Point(2, category).y);
         const double lower = std::max(plot_.Point(1, category).y, plot_.Point(2, category).y);
         const double distance = scene_.pixels(Distance);
-        // Above both; below both where there is no room above.
-        const bool fits = upper - distance - metrics.height() >= area.top();
-        const double baseLine = fits ? upper - distance - metrics.descent() : lower + distance + metrics.ascent();
+        // Above both. Lines leave room below, too.
+        const bool above = upper - distance - metrics.height() >= area.top();
+        const double top = above            ? upper - distance - metrics.height()
+                           : betweenLines() ? lower + distance
+                                            : area.top();
+        const QRectF rect(x - distance / 2, top, width + distance, metrics.height());
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(veil);
+        painter.drawRoundedRect(rect, distance / 2, distance / 2);
+        const double baseLine = top + metrics.ascent();
         const bool none = text == valueText(state_.series[1], 0);
         painter.setPen(QColor::fromRgb(none ? colors_.muted() : value > 0 ? colors_.above() : colors_.below()));
         painter.drawText(QPointF(x, baseLine), text);

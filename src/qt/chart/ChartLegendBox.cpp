@@ -70,7 +70,9 @@ double ChartLegendBox::swatchWidth() const {
 }
 
 double ChartLegendBox::entryWidth(const QString& text) const {
-    return swatchWidth() + QFontMetricsF(font_).horizontalAdvance(text) + 1;
+    QFont bold(font_);  // as the entry of what is selected
+    bold.setBold(true);
+    return swatchWidth() + QFontMetricsF(bold).horizontalAdvance(text) + 1;
 }
 
 void ChartLegendBox::takeFrom(QRectF& area) {

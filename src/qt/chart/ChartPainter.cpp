@@ -195,9 +195,11 @@ void ChartPainter::paintOptimum(QPainter& painter, const ChartPlot& plot) const 
     const QString text = words("optimum %1").arg(limitText(optimum.value));
     const double gap = scene_.pixels(OptimumGap);
     const double width = metrics.horizontalAdvance(text);
-    const bool above = y - gap - metrics.height() >= area.top();
-    const QRectF ground(area.right() - width - 2 * gap, above ? y - gap / 2 - metrics.height() : y + gap / 2,
-                        width + 2 * gap, metrics.height());
+    const QRectF over(area.right() - width - 2 * gap, y - gap / 2 - metrics.height(), width + 2 * gap,
+                      metrics.height());
+    const QRectF under = over.translated(0, metrics.height() + gap);
+    const bool below = over.top() < area.top() || (carriesLine(plot, over) && !carriesLine(plot, under));
+    const QRectF ground = below ? under : over;
     // Columns may stand behind the text.
     QColor veil = QColor::fromRgb(colors_.plot());
     veil.setAlphaF(0.75F);
@@ -207,6 +209,25 @@ void ChartPainter::paintOptimum(QPainter& painter, const ChartPlot& plot) const 
     painter.setFont(layout_.textFont());
     painter.setPen(QColor::fromRgb(colors_.accent()));
     painter.drawText(QPointF(ground.left() + gap, ground.top() + metrics.ascent()), text);
+}
+
+/// Whether a line has a point there.
+bool ChartPainter::carriesLine(const ChartPlot& plot, const QRectF& rect) const {
+    for (int series = 1; series <= scene_.state.SeriesCount(); ++series) {
+        if (IsColumnType(scene_.state.series[static_cast<std::size_t>(series - 1)].type)) {
+            continue;
+        }
+        for (int category = plot.LastCategory(); category >= plot.FirstCategory(); --category) {
+            const ChartPoint place = plot.Point(series, category);
+            if (place.x < rect.left()) {
+                break;
+            }
+            if (rect.contains(place.x, place.y)) {
+                return true;
+            }
+        }
+    }
+    return false;
 }
 
 void ChartPainter::paintSelection(QPainter& painter, const ChartSeriesPainter& series) const {

@@ -16,6 +16,8 @@ using namespace chartmarks;
 constexpr double FlatHeight = 2;
 /// Where columns are this narrow, their borders are not put on pixels: many would vanish.
 constexpr double BlurredWidth = 2;
+/// Neighbours stand a little apart where they are at least this wide.
+constexpr double ApartWidth = 6;
 constexpr float BandWeight = 0.16F;
 constexpr double MarkDistance = 2.5;
 constexpr double MarkWidth = 2;
@@ -94,6 +96,10 @@ QRectF ChartSeriesPainter::columnRect(int series, int category) const {
         const double left = scene_.onPixel(rect.left());
         rect.setRight(std::max(left + 1 / scene_.ratio, scene_.onPixel(rect.right())));
         rect.setLeft(left);
+        if (!IsStackedType(seriesAt(series).type) && rect.width() >= scene_.pixels(ApartWidth)) {
+            rect.setRight(rect.right() - 1 / scene_.ratio);
+            rect.setLeft(rect.left() + 1 / scene_.ratio);
+        }
     }
     rect.setTop(scene_.onPixel(rect.top()));
     rect.setBottom(scene_.onPixel(place.Bottom()));
@@ -156,7 +162,8 @@ void ChartSeriesPainter::paintColumns(QPainter& painter, int series) const {
 
 void ChartSeriesPainter::paintColumnFrames(QPainter& painter, int series) const {
     painter.setRenderHint(QPainter::Antialiasing, true);
-    QPen pen(QColor::fromRgb(colors_.focus(scene_.focused)), scene_.pixels(MarkWidth));
+    // Not the accent: a series may have that colour.
+    QPen pen(QColor::fromRgb(scene_.focused ? colors_.text() : colors_.muted()), scene_.pixels(MarkWidth));
     pen.setJoinStyle(Qt::MiterJoin);
     painter.setPen(pen);
     painter.setBrush(Qt::NoBrush);
@@ -232,7 +239,13 @@ void ChartSeriesPainter::paintTrends(QPainter& painter, int series) const {
             for (const ChartPoint& place : piece) {
                 line << QPointF(place.x, place.y);
             }
-            painter.setPen(trendPen(scene_, color, marked ? SelectedLineWidth : LineWidth));
+            const double width = marked ? SelectedLineWidth : LineWidth;
+            if (isColumn(series)) {
+                // Its own columns have the same colour.
+                painter.setPen(QPen(QColor::fromRgb(colors_.plot()), scene_.pixels(width + 2)));
+                painter.drawPolyline(line);
+            }
+            painter.setPen(trendPen(scene_, color, width));
             painter.drawPolyline(line);
             if (marked && !line.isEmpty()) {
                 const double radius = scene_.pixels(SelectedRingRadius);
