@@ -24,7 +24,9 @@ double FractionOf(double value, double from, double to) noexcept {
     return static_cast<double>((static_cast<long double>(value) - from) / width);
 }
 
-double Distance(ChartPoint a, ChartPoint b) noexcept { return std::hypot(a.x - b.x, a.y - b.y); }
+double Distance(ChartPoint a, ChartPoint b) noexcept {
+    return std::hypot(a.x - b.x, a.y - b.y);
+}
 
 double Distance(ChartPoint place, const ChartRect& rect) noexcept {
     const double x = std::max({rect.x - place.x, 0.0, place.x - rect.Right()});
@@ -41,7 +43,9 @@ double DistanceToSegment(ChartPoint place, ChartPoint from, ChartPoint to) noexc
     return Distance(place, ChartPoint{from.x + part * x, from.y + part * y});
 }
 
-std::size_t Index(int number) noexcept { return static_cast<std::size_t>(number - 1); }
+std::size_t Index(int number) noexcept {
+    return static_cast<std::size_t>(number - 1);
+}
 
 }  // namespace
 
@@ -71,12 +75,8 @@ ChartPlot::ChartPlot(const ChartState& state, const ChartRect& area, int maximum
     FitTrends();
     values_ = NiceScale(ValueRequest(maximumSteps));
     if (stack_.anyOnShares) {
-        shares_ = NiceScale({.dataMinimum = stack_.shareMinimum,
-                             .dataMaximum = stack_.shareMaximum,
-                             .fixedMinimum = std::nullopt,
-                             .fixedMaximum = std::nullopt,
-                             .includeZero = true,
-                             .maximumSteps = maximumSteps});
+        shares_ = NiceScale(
+            {.dataMinimum = stack_.shareMinimum, .dataMaximum = stack_.shareMaximum, .maximumSteps = maximumSteps});
     }
 }
 
@@ -124,6 +124,7 @@ ChartScaleRequest ChartPlot::ValueRequest(int maximumSteps) const {
     request.maximumSteps = maximumSteps;
     request.includeZero = !std::all_of(state_.series.begin(), state_.series.end(),
                                        [](const ChartSeries& series) { return series.type == ChartType::Line; });
+    IncludeTrends(request);
     // A limit that is to be seen has to be on the axis.
     for (const ChartLimit* limit : {&axis.rangeMinimum, &axis.rangeMaximum, &axis.optimum}) {
         if (limit->IsShown() && std::isfinite(limit->value)) {
@@ -140,6 +141,24 @@ ChartScaleRequest ChartPlot::ValueRequest(int maximumSteps) const {
     return request;
 }
 
+/// Trend lines are to be seen whole; a steep one widens the range of the data to its threefold at most.
+void ChartPlot::IncludeTrends(ChartScaleRequest& request) const {
+    constexpr double largest = std::numeric_limits<double>::max();
+    const double range = stack_.valueMaximum - stack_.valueMinimum;
+    const double lowest = std::max(stack_.valueMinimum - range, -largest);
+    const double highest = std::min(stack_.valueMaximum + range, largest);
+    for (std::size_t series = 0; series < fits_.size(); ++series) {
+        for (const TrendFit& fit : fits_[series]) {
+            for (int category = first_; category <= last_ && !stack_.onShares[series]; ++category) {
+                if (const std::optional<double> value = fit.At(category)) {
+                    request.dataMinimum = std::min(request.dataMinimum, std::max(*value, lowest));
+                    request.dataMaximum = std::max(request.dataMaximum, std::min(*value, highest));
+                }
+            }
+        }
+    }
+}
+
 const ChartScale& ChartPlot::ScaleOf(int series) const noexcept {
     return series > 0 && stack_.onShares[Index(series)] ? *shares_ : values_;
 }
@@ -148,9 +167,13 @@ const ChartSpan& ChartPlot::SpanOf(int series, int category) const {
     return stack_.spans[Index(series)][Index(category)];
 }
 
-bool ChartPlot::IsColumn(int series) const { return columnPlace_[Index(series)] >= 0; }
+bool ChartPlot::IsColumn(int series) const {
+    return columnPlace_[Index(series)] >= 0;
+}
 
-double ChartPlot::CategoryCenter(int category) const noexcept { return area_.x + (category - first_ + 0.5) * slot_; }
+double ChartPlot::CategoryCenter(int category) const noexcept {
+    return area_.x + (category - first_ + 0.5) * slot_;
+}
 
 double ChartPlot::YOf(double value, int series) const noexcept {
     const ChartScale& scale = ScaleOf(series);
@@ -188,7 +211,9 @@ ChartPoint ChartPlot::Point(int series, int category) const {
     return {ColumnLeft(series, category) + slot_ * ColumnsPart / columnPlaces_ / 2, y};
 }
 
-const TrendFit& ChartPlot::Fit(int series, int trend) const { return fits_[Index(series)][Index(trend)]; }
+const TrendFit& ChartPlot::Fit(int series, int trend) const {
+    return fits_[Index(series)][Index(trend)];
+}
 
 std::vector<std::vector<ChartPoint>> ChartPlot::Trend(int series, int trend) const {
     std::vector<std::vector<ChartPoint>> pieces;

@@ -42,18 +42,19 @@ public:
     [[nodiscard]] int LastCategory() const noexcept { return last_; }
     [[nodiscard]] double CategoryCenter(int category) const noexcept;
     [[nodiscard]] double CategoryWidth() const noexcept { return slot_; }
-    /// The height of a value on the axis that the series stands on; the axis of values with series 0. Values far outside
-    /// of the axis stop at a height that a painter can still draw to.
+    /// The height of a value on the axis that the series stands on; the axis of values with series 0. Values far
+    /// outside of the axis stop at a height that a painter can still draw to.
     [[nodiscard]] double YOf(double value, int series = 0) const noexcept;
     /// The value at a height, the reverse of YOf().
     [[nodiscard]] double ValueAt(double y, int series = 0) const noexcept;
 
-    /// Of a column, as far as it lies in the plot area; upright whatever the sign, of height 0 for the value 0. Empty for
-    /// a line.
+    /// Of a column, as far as it lies in the plot area; upright whatever the sign, of height 0 for the value 0. Empty
+    /// for a line.
     [[nodiscard]] ChartRect Column(int series, int category) const;
     /// Of a line, or the end of a column.
     [[nodiscard]] ChartPoint Point(int series, int category) const;
-    /// The trend line (from 1) of a series: through its own values, or through its shares where it stands on their axis.
+    /// The trend line (from 1) of a series: through its own values, or through its shares where it stands on their
+    /// axis.
     [[nodiscard]] const TrendFit& Fit(int series, int trend) const;
     /// It as points, at least one for each visible category; several pieces where it has gaps, none where it is not
     /// valid. May leave the plot area.
@@ -70,6 +71,7 @@ private:
     void PlaceColumns();
     void FitTrends();
     [[nodiscard]] ChartScaleRequest ValueRequest(int maximumSteps) const;
+    void IncludeTrends(ChartScaleRequest& request) const;
     [[nodiscard]] const ChartScale& ScaleOf(int series) const noexcept;
     [[nodiscard]] const ChartSpan& SpanOf(int series, int category) const;
     [[nodiscard]] bool IsColumn(int series) const;

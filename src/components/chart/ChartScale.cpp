@@ -25,8 +25,8 @@ constexpr double SmallRange = 1.0 / 6.0;
 double Clean(double value) noexcept {
     constexpr int digitsBehindFirst = 14;
     std::array<char, 32> text{};
-    const auto written = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific,
-                                       digitsBehindFirst);
+    const auto written =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific, digitsBehindFirst);
     double cleaned = value;
     const auto read = std::from_chars(text.data(), written.ptr, cleaned);
     return read.ec == std::errc{} ? cleaned : value;
@@ -148,8 +148,15 @@ ChartScale ScaleWith(const Range& range, NiceStep nice, Marks& marks) {
         const double mark = Clean(steps * scale.step);
         return std::isfinite(mark) ? mark : end;
     };
-    scale.minimum = range.lowIsFixed ? range.low : widened(std::floor(StepsTo(range.low, scale.step)), range.low);
-    scale.maximum = range.highIsFixed ? range.high : widened(std::ceil(StepsTo(range.high, scale.step)), range.high);
+    const double low = std::floor(StepsTo(range.low, scale.step));
+    const double high = std::ceil(StepsTo(range.high, scale.step));
+    scale.minimum = range.lowIsFixed ? range.low : widened(low, range.low);
+    scale.maximum = range.highIsFixed ? range.high : widened(high, range.high);
+    // A range below the finest step may have come down to a single mark.
+    if (!(scale.minimum < scale.maximum)) {
+        (range.highIsFixed ? scale.minimum : scale.maximum) =
+            range.highIsFixed ? widened(low - 1, range.low) : widened(high + 1, range.high);
+    }
     marks.first = std::ceil(StepsTo(scale.minimum, scale.step));
     marks.last = std::floor(StepsTo(scale.maximum, scale.step));
     return scale;
@@ -166,15 +173,15 @@ double ChartScale::Mark(int index) const noexcept {
 
 ChartScale NiceScale(const ChartScaleRequest& request) {
     const Range range = RangeToShow(request);
-    const int maximumSteps = std::max(1, request.maximumSteps);
+    // An axis through zero cannot do with fewer than two steps.
+    const int maximumSteps = std::max(range.low < 0 && range.high > 0 ? 2 : 1, request.maximumSteps);
     const double finest = std::max(range.Level() * FinestStepOfLevel, FinestStep);
     NiceStep nice = NiceStep::AtLeast(std::max(range.Part(maximumSteps), finest));
 
-    // Widening an end to its mark may add steps; an axis through zero cannot do with fewer than two.
-    const int fewest = range.low < 0 && range.high > 0 ? std::max(2, maximumSteps) : maximumSteps;
     Marks marks;
     ChartScale scale = ScaleWith(range, nice, marks);
-    while (marks.Steps() > fewest && nice.number < NiceStep::Last) {
+    // Widening an end to its mark may have added steps.
+    while (marks.Steps() > maximumSteps && nice.number < NiceStep::Last) {
         ++nice.number;
         scale = ScaleWith(range, nice, marks);
     }

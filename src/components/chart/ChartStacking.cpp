@@ -20,10 +20,14 @@ constexpr std::size_t StackKinds = 4;
 
 std::size_t StackKind(ChartType type) noexcept {
     switch (type) {
-        case ChartType::StackedColumn: return 0;
-        case ChartType::StackedColumn100: return 1;
-        case ChartType::StackedLine: return 2;
-        default: return 3;
+        case ChartType::StackedColumn:
+            return 0;
+        case ChartType::StackedColumn100:
+            return 1;
+        case ChartType::StackedLine:
+            return 2;
+        default:
+            return 3;
     }
 }
 
@@ -60,7 +64,9 @@ template <class T>
 class ByKind {
 public:
     explicit ByKind(std::size_t categories) : categories_(categories), items_(categories * StackKinds) {}
-    [[nodiscard]] T& At(ChartType type, std::size_t category) { return items_[StackKind(type) * categories_ + category]; }
+    [[nodiscard]] T& At(ChartType type, std::size_t category) {
+        return items_[StackKind(type) * categories_ + category];
+    }
 
 private:
     std::size_t categories_;
@@ -137,8 +143,8 @@ Others OthersOf(const ChartState& state, std::size_t series, std::size_t categor
     return others;
 }
 
-/// With p = before.up, n = before.down and s = total, a value v ends at (p + v) / (s + v) when it is not negative and at
-/// (n + v) / (s - v) when it is; solved for v.
+/// With p = before.up, n = before.down and s = total, a value v ends at (p + v) / (s + v) when it is not negative and
+/// at (n + v) / (s - v) when it is; solved for v.
 double OwnValueForShare(const Others& others, double current, double to) {
     const Sum total = others.total;
     if (total == 0) {

@@ -22,11 +22,16 @@ bool TakesLogarithmOfValues(TrendKind kind) noexcept {
 /// "A linear trend line", to begin a sentence with.
 std::string Subject(TrendKind kind) {
     switch (kind) {
-        case TrendKind::Logarithmic: return "A logarithmic trend line";
-        case TrendKind::Power: return "A power trend line";
-        case TrendKind::Exponential: return "An exponential trend line";
-        case TrendKind::MovingAverage: return "A moving average";
-        default: return "A linear trend line";
+        case TrendKind::Logarithmic:
+            return "A logarithmic trend line";
+        case TrendKind::Power:
+            return "A power trend line";
+        case TrendKind::Exponential:
+            return "An exponential trend line";
+        case TrendKind::MovingAverage:
+            return "A moving average";
+        default:
+            return "A linear trend line";
     }
 }
 
@@ -125,7 +130,9 @@ double TrendFit::A() const noexcept {
     return static_cast<double>(TakesLogarithmOfValues(kind_) ? std::exp(intercept_) : intercept_);
 }
 
-double TrendFit::B() const noexcept { return static_cast<double>(slope_); }
+double TrendFit::B() const noexcept {
+    return static_cast<double>(slope_);
+}
 
 std::optional<double> TrendFit::At(double x) const {
     if (!IsValid() || !(x >= 1 && x <= static_cast<double>(count_))) {
@@ -154,11 +161,16 @@ std::optional<double> TrendFit::MeanAt(double x) const {
 
 const char* TrendKindName(TrendKind kind) noexcept {
     switch (kind) {
-        case TrendKind::Logarithmic: return "Logarithmic";
-        case TrendKind::Power: return "Power";
-        case TrendKind::Exponential: return "Exponential";
-        case TrendKind::MovingAverage: return "Moving average";
-        default: return "Linear";
+        case TrendKind::Logarithmic:
+            return "Logarithmic";
+        case TrendKind::Power:
+            return "Power";
+        case TrendKind::Exponential:
+            return "Exponential";
+        case TrendKind::MovingAverage:
+            return "Moving average";
+        default:
+            return "Linear";
     }
 }
 
