@@ -23,7 +23,7 @@ struct Comparison {
     double hope;
 };
 
-constexpr std::array<Comparison, 7> Comparisons{{
+constexpr std::array<Comparison, 9> Comparisons{{
     {"`DP_Import_Create`, 181 × 181 cells with texts and colours", "`QTableWidget` filled with the same", "Create/181",
      "PeerCreate/181", 1.0, 0.4},
     {"the same with the trace on", "trace off", "CreateTraced/181", "Create/181", 4.0, 2.0},
@@ -34,6 +34,9 @@ constexpr std::array<Comparison, 7> Comparisons{{
     {"paste of 10,000 cells into a TAB of 32,767 rows", "`QTableWidget::setItem` for each", "PasteBlock",
      "PeerPasteBlock", 1.0, 0.3},
     {"hide 1,000 of 5,000 rows", "`QTableView::hideRow` one by one", "HideRows", "PeerHideRows", 0.5, 0.1},
+    {"chart of 20 lines × 180 categories filled anew and painted, 1200 × 600", "QCustomPlot", "ChartLines",
+     "PeerChartLines", 1.0, 0.5},
+    {"the same, 20 stacked columns", "QCustomPlot", "ChartColumns", "PeerChartColumns", 1.0, 0.5},
 }};
 
 /// One line for what has to be quick by itself; in milliseconds.
@@ -44,12 +47,15 @@ struct Limit {
     double hope;
 };
 
-constexpr std::array<Limit, 5> Limits{{
+constexpr std::array<Limit, 8> Limits{{
     {"one edit in a TAB of 32,767 rows, the last row", "EditLastCell", 2, 0.5},
     {"key press to painted cell, 181 × 181", "TypeAndPaint", 8, 4},
     {"rebuild of a chart of 181 columns × 20 of 181 rows", "RebuildChart", 10, 4},
     {"select all of 181 × 181 and add it up", "SelectAll/181", 16, 8},
     {"the same of 5,000 × 181", "SelectAll/5000", 16, 8},
+    {"a frame while a point of 20 lines × 180 is dragged", "ChartDragFrame", 8, 4},
+    {"the same, a column of 20 stacked ones", "ChartDragColumn", 8, 4},
+    {"the same, a point with a trend line", "ChartDragTrend", 8, 4},
 }};
 
 constexpr std::array<const char*, 3> FlatSubjects{"Create/20", "Create/60", "Create/181"};

@@ -6,6 +6,7 @@
 
 #include "qt/SignalSink.h"
 #include "qt/StatusInfo.h"
+#include "qt/chart/ChartView.h"
 #include "qt/grid/GridView.h"
 #include "qt/panes/PaneHost.h"
 #include "qt/platform/QtClipboard.h"
@@ -33,6 +34,7 @@ struct PlanViewWidget::State {
     std::shared_ptr<PlanViewCore> core;
     PaneHost* panes = nullptr;  // children of the widget
     GridView* grid = nullptr;
+    ChartView* chart = nullptr;
     StatusInfo* status = nullptr;
     ColorScheme colorScheme = ColorScheme::System;
     bool announcesSeveral = false;

@@ -18,6 +18,8 @@ namespace {
 
 constexpr QSize UsualSize(900, 500);
 constexpr QSize SmallestSize(240, 120);
+/// In logical pixels, where nobody asked for another one.
+constexpr QSize ChartFileSize(1000, 560);
 
 template <class Interface>
 Interface& chosen(Interface* override, Interface& own) {
@@ -56,7 +58,8 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
     state_->core = std::make_shared<PlanViewCore>(*this, platform);
     state_->grid = new GridView(state_->core->view.Grid(), state_->core);
     state_->core->popups.setGrid(state_->grid);
-    state_->panes = new PaneHost(state_->core->view.Panes(), state_->grid, this);
+    state_->chart = new ChartView(state_->core->view.Chart(), state_->core);
+    state_->panes = new PaneHost(state_->core->view.Panes(), state_->grid, state_->chart, this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(state_->panes);
@@ -132,6 +135,14 @@ void PlanViewWidget::registerBitmap(const QString& name, const QIcon& icon) {
 QImage PlanViewWidget::renderToImage(QSize size, qreal scale) {
     state_->status->update();
     return state_->panes->renderToImage(size, scale);
+}
+
+QImage PlanViewWidget::chartImage(QSize size, qreal scale) const {
+    return state_->chart->picture().image(size, scale);
+}
+
+QString PlanViewWidget::saveChart(const QString& path, QSize size) const {
+    return state_->chart->picture().save(path, size.isEmpty() ? ChartFileSize : size);
 }
 
 QSize PlanViewWidget::sizeHint() const {

@@ -54,6 +54,8 @@ ChartLayout::ChartLayout(const ChartScene& scene)
     if (scene_.state.SeriesCount() == 0 || scene_.state.CategoryCount() == 0) {
         return;
     }
+    plot_.emplace(scene_.state, toChartRect(room), 1);
+    legend_.collect(*plot_);
     legend_.takeFrom(room);
     placePlot(room);
     if (plot_) {

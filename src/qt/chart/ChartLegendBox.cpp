@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "components/chart/TrendFit.h"
+#include "components/chart/ChartPlot.h"
 #include "qt/chart/ChartMarks.h"
 #include "qt/chart/ChartNumbers.h"
 
@@ -36,29 +36,26 @@ QString words(const char* text) {
 }  // namespace
 
 ChartLegendBox::ChartLegendBox(const ChartScene& scene, const QFont& font)
-    : scene_(scene), font_(font), lineHeight_(QFontMetricsF(font).height()) {
-    if (scene_.state.legend.shown) {
-        collect();
-    }
-}
+    : scene_(scene), font_(font), lineHeight_(QFontMetricsF(font).height()) {}
 
-void ChartLegendBox::collect() {
+void ChartLegendBox::collect(const ChartPlot& plot) {
     const ChartState& state = scene_.state;
+    if (!state.legend.shown) {
+        return;
+    }
     for (int series = 1; series <= state.SeriesCount(); ++series) {
         const bool column = IsColumnType(state.series[static_cast<std::size_t>(series - 1)].type);
         entries_.push_back({column ? Kind::Column : Kind::Line, series, 0, seriesName(state, series), {}});
     }
     for (int series = 1; series <= state.SeriesCount(); ++series) {
-        const ChartSeries& data = state.series[static_cast<std::size_t>(series - 1)];
-        for (std::size_t i = 0; i < data.look->trends.size(); ++i) {
-            const ChartTrend& trend = *data.look->trends[i];
-            const TrendFit fit(trend.kind, data.values, trend.period);
-            QString text = trendName(state, series, static_cast<int>(i) + 1);
+        const auto count = static_cast<int>(state.series[static_cast<std::size_t>(series - 1)].look->trends.size());
+        for (int trend = 1; trend <= count; ++trend) {
+            const TrendFit& fit = plot.Fit(series, trend);
+            QString text = trendName(state, series, trend);
             if (!fit.IsValid()) {
                 text += QStringLiteral(": ") + words(fit.Limit().c_str());
             }
-            entries_.push_back(
-                {fit.IsValid() ? Kind::Trend : Kind::NoTrend, series, static_cast<int>(i) + 1, text, {}});
+            entries_.push_back({fit.IsValid() ? Kind::Trend : Kind::NoTrend, series, trend, text, {}});
         }
     }
     if (state.comparison && state.SeriesCount() >= 2) {

@@ -12,6 +12,8 @@ class QPainter;
 
 namespace planview {
 
+class ChartPlot;
+
 /// The legend: an entry for each series, each trend line and, in a comparison, for what the tints mean.
 class ChartLegendBox {
 public:
@@ -26,6 +28,8 @@ public:
 
     ChartLegendBox(const ChartScene& scene, const QFont& font);
 
+    /// `plot` knows which trend lines there are.
+    void collect(const ChartPlot& plot);
     /// Takes its part of what is left of the area, which becomes smaller; takes nothing where too little would remain.
     void takeFrom(QRectF& area);
     /// A legend at the side begins beside the plot.
@@ -41,7 +45,6 @@ public:
     [[nodiscard]] bool isCut(const Entry& entry) const;
 
 private:
-    void collect();
     void placeInColumn(QRectF& area, bool left);
     void placeInRows(QRectF& area, bool top);
     void cutTo(std::size_t count);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double SwatchSide = 12;
 constexpr double SwatchRadius = 2.5;
-constexpr double TintWeight = 0.22;
+constexpr float TintWeight = 0.22F;
 constexpr double TrendWidthPart = 0.85;
 
 }  // namespace

@@ -200,7 +200,7 @@ void ChartPainter::paintOptimum(QPainter& painter, const ChartPlot& plot) const 
                         width + 2 * gap, metrics.height());
     // Columns may stand behind the text.
     QColor veil = QColor::fromRgb(colors_.plot());
-    veil.setAlphaF(0.75);
+    veil.setAlphaF(0.75F);
     painter.setPen(Qt::NoPen);
     painter.setBrush(veil);
     painter.drawRoundedRect(ground, gap / 2, gap / 2);

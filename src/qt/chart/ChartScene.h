@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QRectF>
+#include <cmath>
 
 #include "components/chart/ChartState.h"
 #include "qt/grid/GridTheme.h"
@@ -24,7 +25,7 @@ struct ChartScene {
 
     [[nodiscard]] double pixels(double logical) const { return logical * scale; }
     /// The nearest border between two pixels of the device.
-    [[nodiscard]] double onPixel(double place) const { return qRound64(place * ratio) / ratio; }
+    [[nodiscard]] double onPixel(double place) const { return std::round(place * ratio) / ratio; }
 };
 
 }  // namespace planview

@@ -16,7 +16,7 @@ using namespace chartmarks;
 constexpr double FlatHeight = 2;
 /// Where columns are this narrow, their borders are not put on pixels: many would vanish.
 constexpr double BlurredWidth = 2;
-constexpr double BandWeight = 0.16;
+constexpr float BandWeight = 0.16F;
 constexpr double MarkDistance = 2.5;
 constexpr double MarkWidth = 2;
 constexpr double MovedRadius = 5.5;

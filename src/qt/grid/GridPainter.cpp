@@ -11,6 +11,7 @@ using Area = AxisLayout::Area;
 
 constexpr int MarkWidth = 2;
 constexpr int PendingCornerSize = 7;
+constexpr int DotSize = 7;
 constexpr int HintLength = 14;
 constexpr int HintInset = 3;
 /// How far to the left a text is looked for that runs on into the first visible cell.
@@ -94,6 +95,7 @@ void GridPainter::paintRegion(QPainter& painter, Area horizontal, Area vertical,
         painter.fillRect(mark.rect, QColor::fromRgba(mark.color));
     }
     marks_.clear();
+    paintDots(painter);
 }
 
 void GridPainter::paintRow(QPainter& painter, const std::vector<PlacedTrack>& columns, const PlacedTrack& row) {
@@ -174,6 +176,7 @@ void GridPainter::addMarks(const PlacedTrack& horizontal, const PlacedTrack& ver
     }
     if (left) {
         addHiddenHint(vertical, rect, false);
+        addDot(horizontal, vertical);
     }
     const bool planning = horizontal.track.area == Area::Center && vertical.track.area == Area::Center;
     if (planning && scene_.pending.contains(scene_.geometry.cell(horizontal.track.id, vertical.track.id))) {
@@ -197,6 +200,38 @@ void GridPainter::addPendingCorner(const QRect& inner) {
     for (int i = 0; i < size; ++i) {
         marks_.push_back({QRect(inner.right() + 1 - (size - i), inner.top() + i, size - i, 1), color});
     }
+}
+
+/// In the air that labels keep on their left; a grid with rows across has no such place.
+void GridPainter::addDot(const PlacedTrack& label, const PlacedTrack& row) {
+    const GridGeometry& geometry = scene_.geometry;
+    if (scene_.dots.empty() || row.track.area != Area::Center || !geometry.horizontal.showsColumns()) {
+        return;
+    }
+    const RowId id = geometry.cell(label.track.id, row.track.id).row;
+    const auto found = scene_.dots.find(scene_.grid.Row(id).key);
+    if (found == scene_.dots.end()) {
+        return;
+    }
+    const QRect rect = trackRect(label.track, row.track);
+    const int size = std::min(geometry.pixels(DotSize), rect.height());
+    dots_.push_back({QRect(rect.left() + geometry.pixels(CellPadding),
+                           rect.top() + (rect.height() - line_ - size) / 2, size, size),
+                     found->second});
+}
+
+void GridPainter::paintDots(QPainter& painter) {
+    if (dots_.empty()) {
+        return;
+    }
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setPen(Qt::NoPen);
+    for (const Fill& dot : dots_) {
+        painter.setBrush(QColor::fromRgb(dot.color));
+        painter.drawEllipse(dot.rect);
+    }
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    dots_.clear();
 }
 
 void GridPainter::addHiddenHint(const PlacedTrack& track, const QRect& heading, bool alongTop) {

@@ -41,6 +41,8 @@ private:
     void addSpillFromLeft(const PlacedTrack& first, const PlacedTrack& row);
     void addMarks(const PlacedTrack& horizontal, const PlacedTrack& vertical, const GridCellStyle& style, bool relief);
     void addPendingCorner(const QRect& inner);
+    void addDot(const PlacedTrack& label, const PlacedTrack& row);
+    void paintDots(QPainter& painter);
     void addHiddenHint(const PlacedTrack& track, const QRect& heading, bool alongTop);
     void paintLines(QPainter& painter, const std::vector<PlacedTrack>& columns,
                     const std::vector<PlacedTrack>& rows) const;
@@ -53,6 +55,7 @@ private:
     GridStyler styler_;
     GridContents contents_;
     std::vector<Fill> marks_;  // over the lines
+    std::vector<Fill> dots_;   // round
     int line_;
 };
 

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QColor>
+#include <string>
+#include <unordered_map>
+
 #include "components/GridControl.h"
 #include "qt/grid/GridBitmaps.h"
 #include "qt/grid/GridFonts.h"
@@ -9,6 +13,9 @@
 
 namespace planview {
 
+/// The rows that carry a dot before their label, by key, and its colour.
+using RowDots = std::unordered_map<std::string, QRgb>;
+
 /// All that a picture of the grid is made from; no widget among it, so that screen, print and files share the painter.
 struct GridScene {
     const GridControl& grid;
@@ -17,6 +24,7 @@ struct GridScene {
     GridFonts& fonts;  ///< made for the geometry's unit
     GridBitmaps& bitmaps;
     const PendingMarks& pending;
+    const RowDots& dots;
     bool framed = true;   ///< the current cell has its frame
     bool focused = true;  ///< the current cell's frame steps back while the grid does not have the focus
 };

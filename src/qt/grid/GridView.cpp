@@ -103,6 +103,13 @@ void GridView::setPending(PendingMarks marks) {
     }
 }
 
+void GridView::setRowDots(RowDots dots) {
+    if (dots != dots_) {
+        dots_ = std::move(dots);
+        viewport()->update();
+    }
+}
+
 GridFonts& GridView::fonts() {
     if (!fonts_ || fonts_->unit() != geometry_.unit) {
         fonts_ = std::make_unique<GridFonts>(font(), geometry_.unit);
@@ -360,7 +367,7 @@ void GridView::paintEvent(QPaintEvent* event) {
 }
 
 void GridView::paintGrid(QPainter& painter, const QRect& clip) {
-    GridPainter({grid_, geometry_, *theme_, fonts(), bitmaps_, pending_, framesCurrent_, showsFocus()})
+    GridPainter({grid_, geometry_, *theme_, fonts(), bitmaps_, pending_, dots_, framesCurrent_, showsFocus()})
         .paint(painter, clip);
     paintDropMark(painter);
     if (hasGridFocus() && !grid_.CurrentCell()) {
@@ -405,7 +412,7 @@ QImage GridView::renderToImage(QSize size, qreal scale) {
     image.fill(QColor::fromRgb(theme_->panel));
     {
         QPainter painter(&image);
-        GridPainter({grid_, picture, *theme_, pictureFonts, bitmaps_, pending_, true}).paint(painter, image.rect());
+        GridPainter({grid_, picture, *theme_, pictureFonts, bitmaps_, pending_, dots_, true}).paint(painter, image.rect());
     }
     image.setDevicePixelRatio(scale);
     return image;

@@ -16,6 +16,7 @@
 #include "qt/grid/GridHit.h"
 #include "qt/grid/GridMouse.h"
 #include "qt/grid/GridNavigation.h"
+#include "qt/grid/GridScene.h"
 #include "qt/grid/GridTheme.h"
 #include "qt/grid/GridWheel.h"
 #include "qt/grid/PendingMarks.h"
@@ -61,6 +62,9 @@ public:
 
     /// The cells to be marked as changed.
     void setPending(PendingMarks marks);
+    /// The rows to be marked as being in the chart.
+    void setRowDots(RowDots dots);
+    [[nodiscard]] const RowDots& rowDots() const { return dots_; }
 
     /// Where everything stands now, in pixels of the device.
     [[nodiscard]] const GridGeometry& geometry();
@@ -169,6 +173,7 @@ private:
     GridWheel wheel_;
     GridHistory history_;
     PendingMarks pending_;
+    RowDots dots_;
     struct DropMark {
         bool across = false;
         std::optional<int> position;

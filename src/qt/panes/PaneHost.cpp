@@ -2,7 +2,9 @@
 
 #include <QPainter>
 #include <QVBoxLayout>
+#include <utility>
 
+#include "qt/chart/ChartView.h"
 #include "qt/grid/GridView.h"
 #include "qt/panes/EmptyPane.h"
 #include "qt/panes/PaneSplitter.h"
@@ -19,12 +21,12 @@ constexpr std::size_t indexOf(Splitter splitter) {
 
 }  // namespace
 
-PaneHost::PaneHost(PaneLayout& layout, GridView* grid, QWidget* parent)
-    : QWidget(parent), layout_(layout), gridView_(grid) {
+PaneHost::PaneHost(PaneLayout& layout, GridView* grid, ChartView* chart, QWidget* parent)
+    : QWidget(parent), layout_(layout), gridView_(grid), chart_(chart) {
     EmptyPane* tree = addPane("TreePane", new EmptyPane(tr("Macros"), Ground::Panel));
     EmptyPane* list = addPane("MacroPane", new EmptyPane(tr("Macro"), Ground::Panel));
     EmptyPane* operands = addPane("OperandPane", new EmptyPane(tr("Operand"), Ground::Panel));
-    chart_ = addPane("ChartPane", new EmptyPane(tr("Chart"), Ground::Base));
+    chart_->setObjectName(QLatin1String("ChartPane"));
     PaneSplitter* macro = addSplitter(Splitter::MacroSplit, "MacroSplit", Qt::Horizontal, list, operands);
     PaneSplitter* left = addSplitter(Splitter::TreeSplit, "TreeSplit", Qt::Vertical, tree, macro);
     PaneSplitter* right = addSplitter(Splitter::GridSplit, "GridSplit", Qt::Vertical, grid, chart_);
@@ -37,7 +39,10 @@ PaneHost::PaneHost(PaneLayout& layout, GridView* grid, QWidget* parent)
         for (EmptyPane* pane : empty_) {
             pane->setTextScale(scale);
         }
+        chart_->setTextScale(scale);
     });
+    connect(chart_, &ChartView::textScaleWanted, gridView_, &GridView::setTextScale);
+    connect(chart_, &ChartView::chartChanged, this, &PaneHost::showRowDots);
     layout_.SetWatcher(this);
     PanesChanged();
 }
@@ -70,11 +75,25 @@ void PaneHost::setTheme(const GridTheme& theme) {
     for (PaneSplitter* splitter : splitters_) {
         splitter->setTheme(theme);
     }
+    chart_->setTheme(theme);
+    showRowDots();
+}
+
+/// The rows of the grid that the chart shows, in the colours of its series.
+void PaneHost::showRowDots() {
+    RowDots dots;
+    if (layout_.ChartPaneVisible()) {
+        for (const ChartSeries& series : chart_->chart().State().series) {
+            dots.emplace(series.key, markColor(series.look->color, chart_->theme().heading));
+        }
+    }
+    gridView_->setRowDots(std::move(dots));
 }
 
 void PaneHost::PanesChanged() {
     splitters_[indexOf(Splitter::TreeSplit)]->setVisible(layout_.TreePaneVisible());
     chart_->setVisible(layout_.ChartPaneVisible());
+    showRowDots();
     for (PaneSplitter* splitter : splitters_) {
         splitter->follow();
     }
@@ -94,6 +113,8 @@ void PaneHost::paintPane(QPainter& painter, QWidget* pane, const QRect& rect, qr
     }
     if (pane == gridView_) {
         painter.drawImage(rect.topLeft(), gridView_->renderToImage(rect.size(), scale));
+    } else if (pane == chart_) {
+        painter.drawImage(rect.topLeft(), chart_->renderToImage(rect.size(), scale));
     } else if (const auto* empty = dynamic_cast<const EmptyPane*>(pane)) {
         empty->paintOn(painter, rect);
     } else if (const auto* splitter = qobject_cast<const PaneSplitter*>(pane)) {

@@ -10,6 +10,7 @@
 
 namespace planview {
 
+class ChartView;
 class EmptyPane;
 class GridView;
 class PaneSplitter;
@@ -19,8 +20,8 @@ class PaneHost final : public QWidget, private PaneWatcher {
     Q_OBJECT
 
 public:
-    /// Takes the grid's view.
-    PaneHost(PaneLayout& layout, GridView* grid, QWidget* parent = nullptr);
+    /// Takes the grid's view and the chart's.
+    PaneHost(PaneLayout& layout, GridView* grid, ChartView* chart, QWidget* parent = nullptr);
     ~PaneHost() override;
 
     void setTheme(const GridTheme& theme);
@@ -29,6 +30,7 @@ public:
 
 private:
     void PanesChanged() override;
+    void showRowDots();
     void paintPane(QPainter& painter, QWidget* pane, const QRect& rect, qreal scale) const;
     PaneSplitter* addSplitter(Splitter which, const char* name, Qt::Orientation orientation, QWidget* first,
                               QWidget* second);
@@ -38,7 +40,7 @@ private:
     GridView* gridView_;
     std::vector<EmptyPane*> empty_;
     std::array<PaneSplitter*, SplitterCount> splitters_{};
-    QWidget* chart_ = nullptr;
+    ChartView* chart_;
 };
 
 }  // namespace planview
