@@ -129,7 +129,7 @@ double HostTable::Double(Row row, std::string_view field) const {
     return Converted(row, field, [&] { return value.AsDouble(); });
 }
 
-void HostTable::Put(Row row, std::string_view field, Variant value) const {
+void HostTable::Put(Row row, std::string_view field, const Variant& value) const {
     WithArguments(row, field,
                   [&](AutomationObject::Arguments arguments) { Table().Put(DefaultMember, arguments, value); });
 }
@@ -147,7 +147,15 @@ HostTable::Row HostTable::FindRow(std::string_view field, std::string_view text)
 }
 
 HostTable::Row HostTable::AddRow() const {
-    Late(object_).Get("Rows").Call("Add");
+    return AddRow(Rows());
+}
+
+ObjectRef HostTable::Rows() const {
+    return Late(object_).Get("Rows").Value().AsObject();
+}
+
+HostTable::Row HostTable::AddRow(const ObjectRef& rows) const {
+    Late(rows).Call("Add");
     return RowCount();
 }
 

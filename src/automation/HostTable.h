@@ -38,13 +38,16 @@ public:
     [[nodiscard]] std::int16_t Int16(Row row, std::string_view field) const;
     [[nodiscard]] double Double(Row row, std::string_view field) const;
 
-    void Put(Row row, std::string_view field, Variant value) const;
+    void Put(Row row, std::string_view field, const Variant& value) const;
     void PutFlag(Row row, std::string_view field, bool set) const { Put(row, field, set ? "X" : ""); }
 
     /// The first row whose field holds this text, 0 when there is none.
     [[nodiscard]] Row FindRow(std::string_view field, std::string_view text) const;
     /// Appends a row through `Rows` and `Add` and returns its number.
     Row AddRow() const;
+    /// The collection behind AddRow(), for whoever appends many rows at once.
+    [[nodiscard]] ObjectRef Rows() const;
+    Row AddRow(const ObjectRef& rows) const;
 
 private:
     [[nodiscard]] AutomationObject& Table() const;

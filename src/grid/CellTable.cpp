@@ -38,7 +38,10 @@ bool CellTable::IsAt(HostTable::Row tableRow, std::int16_t row, std::int16_t col
 }
 
 void CellTable::Add(std::int16_t row, std::int16_t column, const Variant& value) {
-    const HostTable::Row tableRow = table_.AddRow();
+    if (!rows_) {
+        rows_ = table_.Rows();
+    }
+    const HostTable::Row tableRow = table_.AddRow(rows_);
     table_.Put(tableRow, "Z", row);
     table_.Put(tableRow, "C", column);
     table_.Put(tableRow, "V", value);

@@ -38,6 +38,7 @@ private:
     Lookup lookup_;
     int indexedRows_ = 0;
     CellIndex index_;
+    ObjectRef rows_;  // once a row has been added
 };
 
 }  // namespace planview

@@ -6,11 +6,45 @@
 
 namespace planview {
 
+namespace {
+
+/// The columns or rows of the positions that were asked for: the cells of a block share them.
+template <class Id>
+class KnownPositions {
+public:
+    template <class FindByPosition>
+    std::optional<Id> Find(std::int16_t position, const FindByPosition& find) {
+        if (position < 0) {
+            return std::nullopt;
+        }
+        const auto index = static_cast<std::size_t>(position);
+        if (index >= known_.size()) {
+            known_.resize(index + 1);
+        }
+        Known& known = known_[index];
+        if (!known.asked) {
+            known = {true, find(position)};
+        }
+        return known.id;
+    }
+
+private:
+    struct Known {
+        bool asked = false;
+        std::optional<Id> id;
+    };
+    std::vector<Known> known_;
+};
+
+}  // namespace
+
 std::vector<Cell> PendingCells(const GridControl& grid, const HostTable& tabOld) {
     std::vector<Cell> pending;
     if (!tabOld.IsSet()) {
         return pending;
     }
+    KnownPositions<ColumnId> columns;
+    KnownPositions<RowId> rows;
     const int count = tabOld.RowCount();
     CellIndex seen;
     seen.Reset(static_cast<std::size_t>(count));
@@ -18,11 +52,14 @@ std::vector<Cell> PendingCells(const GridControl& grid, const HostTable& tabOld)
         const auto tableRow = static_cast<HostTable::Row>(i);
         const std::int16_t row = tabOld.Int16(tableRow, "Z");
         const std::int16_t column = tabOld.Int16(tableRow, "C");
-        const bool first = seen.Add(row, column, tableRow);
-        const std::optional<Cell> cell =
-            first ? grid.FindCell({modGrid::ColumnKey(column, ""), modGrid::RowKey(row, "")}) : std::nullopt;
-        if (cell && CellText(tabOld.Value(tableRow, "V")) != grid.Contents(*cell)) {
-            pending.push_back(*cell);
+        if (!seen.Add(row, column, tableRow)) {
+            continue;
+        }
+        const auto columnId =
+            columns.Find(column, [&](std::int16_t at) { return grid.FindColumn(modGrid::ColumnKey(at, "")); });
+        const auto rowId = rows.Find(row, [&](std::int16_t at) { return grid.FindRow(modGrid::RowKey(at, "")); });
+        if (columnId && rowId && CellText(tabOld.Value(tableRow, "V")) != grid.Contents({*columnId, *rowId})) {
+            pending.push_back({*columnId, *rowId});
         }
     }
     return pending;

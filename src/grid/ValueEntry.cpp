@@ -39,7 +39,7 @@ std::string EnteredText(CellKeyView cell, const Variant& value) {
         return CellText(value);
     }
     const std::optional<double> number = TryParseNumber(*text);
-    return number ? NumberText(*number, GridDecimalMark) : *text;
+    return number ? modPlan::ReplacePoint(NumberText(*number)) : *text;
 }
 
 /// Holds the grid's repaint back until the outermost change ends.

@@ -223,6 +223,22 @@ void PlanViewWidget::showRows() {
     runCommand(&PlanView::ShowRows, nullptr);
 }
 
+void PlanViewWidget::switchChart() {
+    runCommand(&PlanView::SwitchChart, nullptr);
+}
+
+bool PlanViewWidget::chartShown() const {
+    return state_->core->view.ChartShown();
+}
+
+void PlanViewWidget::showSelectedColumnsInChart() {
+    runCommand(&PlanView::ShowSelectedColumnsInChart, nullptr);
+}
+
+void PlanViewWidget::showSelectedRowsInChart() {
+    runCommand(&PlanView::ShowSelectedRowsInChart, nullptr);
+}
+
 bool PlanViewWidget::finishEditing() {
     return state_->grid->finishEditing();
 }

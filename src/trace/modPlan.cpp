@@ -85,7 +85,7 @@ std::string_view PlatformText(int platformId) {
 
 /// A window of the trace: of which list, and who made it.
 struct TraceWindow {
-    std::shared_ptr<frmTrace> form;
+    std::weak_ptr<frmTrace> form;
     Forms* forms;
 };
 
@@ -96,7 +96,9 @@ const frmTrace* beingSaved = nullptr;
 
 void NoteWindow(Forms& forms) {
     const std::shared_ptr<frmTrace> form = frmTrace::Share();
-    const auto isNoted = [&](const TraceWindow& window) { return window.form == form && window.forms == &forms; };
+    const auto isNoted = [&](const TraceWindow& window) {
+        return window.form.lock() == form && window.forms == &forms;
+    };
     if (std::none_of(windows.begin(), windows.end(), isNoted)) {
         windows.push_back({form, &forms});
     }
@@ -107,9 +109,12 @@ template <class Wanted>
 void EndWindows(const Wanted& wanted) noexcept {
     for (auto window = std::find_if(windows.begin(), windows.end(), wanted); window != windows.end();
          window = std::find_if(windows.begin(), windows.end(), wanted)) {
-        const TraceWindow ended = *window;
+        const std::shared_ptr<frmTrace> form = window->form.lock();
+        Forms& forms = *window->forms;
         windows.erase(window);
-        ResumeNext([&] { ended.forms->Unload(*ended.form); });
+        if (form) {
+            ResumeNext([&] { forms.Unload(*form); });
+        }
     }
 }
 
@@ -196,7 +201,7 @@ void Trace_Disable(const Platform& platform) {
     Save(platform, ended->TraceView);
     beingSaved = savedBefore;
     ended->TraceView.Clear();
-    EndWindows([&](const TraceWindow& window) { return window.form == ended; });
+    EndWindows([&](const TraceWindow& window) { return window.form.lock() == ended; });
     if (frmTrace::Exists() && &frmTrace::Instance() == ended.get()) {
         frmTrace::End();
     }

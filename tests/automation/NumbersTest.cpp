@@ -1,4 +1,8 @@
+#include <algorithm>
+#include <cstdlib>
 #include <limits>
+#include <random>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -39,6 +43,23 @@ TEST(Numbers, ParserReadsWhatPeopleWrite) {
     }
 }
 
+/// However a number is read, it is the one nearest to its text.
+TEST(Numbers, ParserRoundsAsTheLibraryDoes) {
+    std::mt19937_64 random(7);
+    for (int i = 0; i < 20000; ++i) {
+        std::string text = std::to_string(random() % 10);
+        for (auto more = random() % 19; more > 0; --more) {
+            text += static_cast<char>('0' + random() % 10);
+        }
+        text.insert(random() % (text.size() + 1), ".");
+        const double nearest = std::strtod(text.c_str(), nullptr);
+        std::string withComma = text;
+        std::replace(withComma.begin(), withComma.end(), '.', ',');
+        ASSERT_EQ(TryParseNumber(text), nearest) << text;
+        ASSERT_EQ(TryParseNumber("-" + withComma), -nearest) << withComma;
+    }
+}
+
 TEST(Numbers, ParserRefusesTheRest) {
     for (const char* text : {"",
                              " ",
@@ -56,7 +77,10 @@ TEST(Numbers, ParserRefusesTheRest) {
                              "1,2.3,4",
                              "1.234,5,6",
                              "1.23,4",
-                             "1e", "1E+-5", "1E++5", "1E+",
+                             "1e",
+                             "1E+-5",
+                             "1E++5",
+                             "1E+",
                              "e5",
                              "--5",
                              "1-",

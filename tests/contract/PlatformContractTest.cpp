@@ -1,6 +1,8 @@
 #include <planview/HeadlessPlatform.h>
 
 #include "contract/PlatformContract.h"
+#include "dialogs/frmGrid.h"
+#include "dialogs/frmRow.h"
 #include "support/ScriptedPlatform.h"
 #include "trace/frmTrace.h"
 
@@ -16,6 +18,10 @@ void CheckPlatform(const Platform& platform) {
     test::CheckMessageBoxes(platform.messageBoxes, NobodyThere);
     test::CheckForms(platform.forms, frmTrace::Instance(), NobodyThere);
     frmTrace::End();
+    frmGrid options(platform.forms, nullptr);
+    test::CheckForms(platform.forms, options, NobodyThere);
+    frmRow row(platform.forms, platform.messageBoxes, nullptr);
+    test::CheckForms(platform.forms, row, NobodyThere);
 }
 
 }  // namespace

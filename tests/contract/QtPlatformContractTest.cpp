@@ -7,6 +7,8 @@
 #include <QTimer>
 
 #include "contract/PlatformContract.h"
+#include "dialogs/frmGrid.h"
+#include "dialogs/frmRow.h"
 #include "qt/platform/QtClipboard.h"
 #include "qt/platform/QtForms.h"
 #include "qt/platform/QtMessageBoxes.h"
@@ -101,6 +103,10 @@ TEST(PlatformContract, Qt) {
     QtPopups popups(control);
     test::CheckPopups(popups, true, ChooseFromPopup);
     frmTrace::End();
+    frmGrid options(forms, nullptr);
+    test::CheckForms(forms, options, CloseWindow);
+    frmRow row(forms, boxes, nullptr);
+    test::CheckForms(forms, row, CloseWindow);
 }
 
 TEST(QtClipboard, ReadsTheTextAndElseTheCellsOfATable) {

@@ -94,7 +94,7 @@ TEST_F(ConstructionTest, SettingsReachTheGrid) {
         tables.gridAttr->SetValue(1, "GRIDLINE_COLOR", 9);
         Build();
         EXPECT_EQ(Grid().Settings().moveAllowed, !forbidden);
-        EXPECT_EQ(Grid().Settings().dragDrop, !forbidden) << "what may be moved may be dragged";
+        EXPECT_TRUE(Grid().Settings().dragDrop) << "has its own switch among the general options";
         EXPECT_EQ(Grid().Settings().resizeAllowed, forbidden);
         EXPECT_EQ(Grid().Settings().backgroundColor, 11);
         EXPECT_EQ(Grid().Settings().gridLineColor, 9);

@@ -3,7 +3,9 @@
 #include <planview/PlanView.h>
 
 #include "components/GridControl.h"
+#include "grid/CellIndex.h"
 #include "grid/CellRules.h"
+#include "grid/UndoHistory.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
 
@@ -296,6 +298,41 @@ TEST_F(ValueEntryTest, UndoAndRedoFollowTheUsersActions) {
     EXPECT_FALSE(control->CanRedo()) << "a new action ends what could be repeated";
     control->DP_Import_Update();
     EXPECT_FALSE(control->CanUndo()) << "a rebuild ends the history";
+}
+
+TEST(UndoHistoryTest, LargeStepsCrowdOutTheOldest) {
+    UndoHistory history;
+    for (int step = 0; step < 3; ++step) {
+        history.Record(UndoStep(UndoHistory::MaxChanges / 2));
+    }
+    history.Record(UndoStep(1));
+    int kept = 0;
+    for (; history.CanUndo(); ++kept) {
+        EXPECT_LE(history.TakeUndo().size(), UndoHistory::MaxChanges / 2);
+    }
+    EXPECT_EQ(kept, 2);
+    history.Record(UndoStep(UndoHistory::MaxChanges + 1));
+    EXPECT_TRUE(history.CanUndo()) << "the last action can always be taken back";
+    EXPECT_FALSE(history.CanRedo());
+}
+
+TEST(CellIndexTest, KeepsTheFirstNumberOfEachCellHoweverManyThereAre) {
+    CellIndex index;
+    EXPECT_EQ(index.Find(1, 1), CellIndex::None);
+    constexpr std::int16_t Side = 150;
+    std::int16_t number = 0;
+    for (std::int16_t row = -Side / 2; row < Side / 2; ++row) {
+        for (std::int16_t column = 0; column < Side; ++column) {
+            ASSERT_TRUE(index.Add(row, column, ++number));
+            ASSERT_FALSE(index.Add(row, column, 1));
+        }
+    }
+    for (std::int16_t row = Side / 2 - 1; row >= -Side / 2; --row) {
+        for (std::int16_t column = Side - 1; column >= 0; --column) {
+            ASSERT_EQ(index.Find(row, column), number--) << row << "/" << column;
+        }
+    }
+    EXPECT_EQ(index.Find(Side, 0), CellIndex::None);
 }
 
 TEST_F(ValueEntryTest, TheHostMayRebuildFromItsOwnEvent) {

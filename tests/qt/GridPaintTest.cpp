@@ -245,6 +245,31 @@ private slots:
                  "it still does when its own cell is scrolled away");
     }
 
+    void aNoteInAFixedRowEndsInSight() {
+        Screen screen;
+        const Cell note = screen.cell("COL3", "FBR1");
+        const QRect line = screen.view().cellRect(note).adjusted(0, 2, 0, -3);
+        const GridGeometry& geometry = screen.view().geometry();
+        const int end = geometry.horizontal.band(AxisLayout::Area::Center).end;
+        const QRect lastColumn(end - 70, line.top(), 60, line.height());
+        const QRect atTheEdge(end - 6, line.top(), 4, line.height());
+        GridFonts fonts(screen.view().font(), geometry.unit);
+        const struct {
+            const char* text;
+            bool cut;
+        } cases[] = {{"a short note", false}, {"MMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMM", true}};
+        for (const auto& row : cases) {
+            screen.set({"COL3", "FBR1"}, GridAttribute::Contents, row.text);
+            const QImage image = screen.picture();
+            const QRgb under = ground(image, lastColumn);
+            QVERIFY2((countInk(image, lastColumn, under) > 60) == row.cut, row.text);
+            QVERIFY2(countInk(image, atTheEdge, under) == 0, row.text);
+            GridPainter painter(
+                {screen.grid(), geometry, GridTheme::light(), fonts, screen.view().bitmaps(), PendingMarks(), true});
+            QVERIFY2(painter.isCut(note) == row.cut, row.text);
+        }
+    }
+
     void hiddenOnesLeaveAMark() {
         Screen screen;
         const auto marks = [&] {

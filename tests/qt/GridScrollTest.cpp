@@ -57,6 +57,9 @@ private slots:
         screen.set({"COL3", "ROW5"}, GridAttribute::Contents, "a text that runs on over its neighbours");
         screen.set({"COL4", "ROW5"}, GridAttribute::Contents, "");
         screen.set({"COL5", "ROW5"}, GridAttribute::Contents, "");
+        for (const char* row : {"FTR1", "FBR1"}) {
+            screen.set({"COL5", row}, GridAttribute::Contents, "a note that ends where the sight of the columns ends");
+        }
         screen.view().selectCurrent(screen.cell(4, 7), SelectionMode::Replace);
         const std::pair<int, int> steps[] = {{0, 1},  {0, 4},  {1, 0},  {3, 0}, {0, -2},
                                              {-1, 0}, {0, 99}, {99, 0}, {0, -1}};

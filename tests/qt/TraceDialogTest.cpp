@@ -122,6 +122,7 @@ private slots:
             action(*dialog, QStringLiteral("Insert bookmark"))->trigger();
             QCoreApplication::processEvents();
             QVERIFY2(newestIsMarkedAndVisible(*dialog), "what the window's own menu writes is shown");
+            QCOMPARE(listOf(*dialog).selectionModel()->selectedRows().size(), 1);
             QCOMPARE(shown(*dialog).last(), QStringLiteral("TRACE WINDOW"));
         });
     }
@@ -227,6 +228,18 @@ private slots:
         });
         QVERIFY(frmTrace::Exists());
         QCOMPARE(frmTrace::Instance().TraceView.Count(), std::size_t{4});
+    }
+
+    void showingItTwiceShowsOneWindow() {
+        int shownOnce = 0;
+        show([&](QDialog* dialog) {
+            ++shownOnce;
+            modPlan::Trace_Show(desktop_->Interfaces());  // returns at once
+            QVERIFY(dialog->isVisible());
+            action(*dialog, QStringLiteral("Memory check"))->trigger();
+            QCOMPARE(frmTrace::Instance().TraceView.Count(), std::size_t{3});
+        });
+        QCOMPARE(shownOnce, 1);
     }
 
     void theListFillsTheWindow() {

@@ -1,7 +1,9 @@
 #include <QAction>
 #include <QActionGroup>
+#include <QFileDialog>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 
 #include <planview/qt/PlanViewWidget.h>
 
@@ -73,6 +75,8 @@ void MainWindow::buildEditMenu() {
 
 void MainWindow::buildViewMenu() {
     QMenu* view = menuBar()->addMenu("&View");
+    buildChartMenu(*view);
+    view->addSeparator();
     buildSchemeMenu(*view);
     view->addSeparator();
     const auto add = [&](const QString& text, void (PlanViewWidget::*command)()) {
@@ -88,6 +92,36 @@ void MainWindow::buildViewMenu() {
     view->addAction("&Smaller text", QKeySequence::ZoomOut, this,
                     [this] { view_->setTextScale(view_->textScale() / TextStep); });
     view->addAction("&Usual text", QKeySequence(Qt::CTRL | Qt::Key_0), this, [this] { view_->setTextScale(1.0); });
+}
+
+void MainWindow::buildChartMenu(QMenu& menu) {
+    QAction* shown = menu.addAction("&Chart", view_, &PlanViewWidget::switchChart);
+    shown->setCheckable(true);
+    QAction* rows = menu.addAction("Selected ro&ws into the chart", view_, &PlanViewWidget::showSelectedRowsInChart);
+    QAction* columns =
+        menu.addAction("Selected &periods into the chart", view_, &PlanViewWidget::showSelectedColumnsInChart);
+    QAction* save = menu.addAction("Save cha&rt as…", this, &MainWindow::saveChart);
+    connect(&menu, &QMenu::aboutToShow, this, [=, this] {
+        const bool open = session_->isOpen();
+        const bool chart = open && view_->chartShown();
+        shown->setEnabled(open);
+        shown->setChecked(chart);
+        for (QAction* action : {rows, columns, save}) {
+            action->setEnabled(chart);
+        }
+    });
+}
+
+void MainWindow::saveChart() {
+    const QString path = QFileDialog::getSaveFileName(this, "Save the chart as",
+                                                      QString::fromStdString(session_->file().stem().string()) + ".png",
+                                                      "Pictures (*.png);;Drawings (*.svg);;Documents (*.pdf)");
+    if (path.isEmpty()) {
+        return;
+    }
+    if (const QString error = view_->saveChart(path); !error.isEmpty()) {
+        QMessageBox::warning(this, windowTitle(), error);
+    }
 }
 
 void MainWindow::buildSchemeMenu(QMenu& menu) {

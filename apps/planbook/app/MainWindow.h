@@ -57,6 +57,8 @@ private:
     void buildEditMenu();
     void buildViewMenu();
     void buildSchemeMenu(QMenu& menu);
+    void buildChartMenu(QMenu& menu);
+    void saveChart();
     void chooseBook();
     /// Opens and tells the user when that fails.
     void tryToOpen(const std::filesystem::path& file);

@@ -169,6 +169,12 @@ public:
     Q_INVOKABLE void showColumns();
     Q_INVOKABLE void hideRows();
     Q_INVOKABLE void showRows();
+    /// Shows or hides the chart pane.
+    Q_INVOKABLE void switchChart();
+    [[nodiscard]] Q_INVOKABLE bool chartShown() const;
+    /// Puts exactly the columns (rows) whose headings are selected into the chart.
+    Q_INVOKABLE void showSelectedColumnsInChart();
+    Q_INVOKABLE void showSelectedRowsInChart();
     /// Ends an entry that is open. False when its text is refused; it then stays open. Ask before closing or saving.
     Q_INVOKABLE bool finishEditing();
     /// Ends an entry that is open, then makes the cell with these keys the current one, selects it alone and scrolls it

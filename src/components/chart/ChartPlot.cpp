@@ -251,10 +251,10 @@ ChartHit ChartPlot::HitTest(ChartPoint place, double reach) const {
         const int last = std::min(slotAt(place.x + reach), last_);
         FindPoints(nearest, first, last);
         if (!nearest.Found()) {
-            FindColumns(nearest, first, last);
+            FindTrends(nearest);  // drawn on top of the columns, and thin
         }
         if (!nearest.Found()) {
-            FindTrends(nearest);
+            FindColumns(nearest, first, last);
         }
         if (!nearest.Found()) {
             FindLines(nearest, std::max(first - 1, first_), std::min(last + 1, last_));

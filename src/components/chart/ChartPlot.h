@@ -60,7 +60,7 @@ public:
     /// valid. May leave the plot area.
     [[nodiscard]] std::vector<std::vector<ChartPoint>> Trend(int series, int trend) const;
 
-    /// What lies at a place of the plot area: a point of a line first, then a column, a trend line, a series' line and
+    /// What lies at a place of the plot area: a point of a line first, then a trend line, a column, a series' line and
     /// the plot area. `reach` is how far from it a click may be, so that a column of height 0 can be grabbed, too. The
     /// nearest wins, and of those equally near the uppermost.
     [[nodiscard]] ChartHit HitTest(ChartPoint place, double reach) const;

@@ -30,10 +30,10 @@ struct ChartScaleRequest {
 };
 
 /// A scale whose steps are 1, 2, 2.5 or 5 times a power of ten, with marks at whole multiples of them. A free end is
-/// widened to the next mark; a fixed end stays as it is. A fixed end that leaves nothing between the two gives way to the
-/// data, the minimum before the maximum. Without `includeZero` zero is left out only where the data cover little of their
-/// level. Always finite, minimum below maximum, with at least one mark, for any input; an end that is no finite number
-/// counts as free. No more than maximumSteps steps, but two where the axis passes zero.
+/// widened to the next mark; a fixed end stays as it is. A fixed end that leaves nothing between the two gives way to
+/// the data, the minimum before the maximum. Without `includeZero` zero is left out only where the data cover little of
+/// their level. Always finite, minimum below maximum, with at least one mark, for any input; an end that is no finite
+/// number counts as free. No more than maximumSteps steps, but two where the axis passes zero.
 [[nodiscard]] ChartScale NiceScale(const ChartScaleRequest& request);
 
 }  // namespace planview

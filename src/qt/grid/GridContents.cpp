@@ -108,11 +108,8 @@ void GridContents::addNumber(std::string_view text, const Room& room, QRgb color
 
 void GridContents::addText(const std::string& text, const PlacedTrack& horizontal, const PlacedTrack& vertical,
                            const Room& room, const GridCellStyle& style) {
-    const qreal whole = room.face->shape(text).width;
-    int width = room.width;
-    if (whole > width && room.alignment == GridAlignment::Left) {
-        width += runOn(horizontal, vertical, static_cast<int>(std::ceil(whole)) - width, &style.ground);
-    }
+    const auto wanted = static_cast<int>(std::ceil(room.face->shape(text).width));
+    const int width = widthFor(wanted, horizontal, vertical, room, &style.ground);
     if (width <= 0) {
         return;
     }
@@ -122,6 +119,20 @@ void GridContents::addText(const std::string& text, const PlacedTrack& horizonta
                         : room.alignment == GridAlignment::Center ? free / 2
                                                                   : 0;
     texts_.addText(shaped, QPointF(std::round(room.left + shift), room.baseLine), style.text);
+}
+
+int GridContents::widthFor(int wanted, const PlacedTrack& horizontal, const PlacedTrack& vertical, const Room& room,
+                           const QRgb* ground) {
+    if (wanted <= room.width || room.alignment != GridAlignment::Left) {
+        return room.width;
+    }
+    const int width = room.width + runOn(horizontal, vertical, wanted - room.width, ground);
+    const bool standsStill = vertical.track.area != Area::Center && !vertical.traits.header;
+    if (!standsStill || horizontal.track.area != Area::Center) {
+        return width;
+    }
+    const GridGeometry& geometry = scene_.geometry;
+    return std::min(width, geometry.horizontal.band(Area::Center).end - geometry.pixels(CellPadding) - room.left);
 }
 
 int GridContents::runOn(const PlacedTrack& horizontal, const PlacedTrack& vertical, int wanted, const QRgb* ground) {
@@ -166,8 +177,8 @@ bool GridContents::isCut(const PlacedTrack& horizontal, const PlacedTrack& verti
     if (width <= room.width) {
         return room.tooLow;
     }
-    const int missing = static_cast<int>(std::ceil(width)) - room.width;
-    return number || room.alignment != GridAlignment::Left || runOn(horizontal, vertical, missing, nullptr) < missing;
+    const auto wanted = static_cast<int>(std::ceil(width));
+    return number || widthFor(wanted, horizontal, vertical, room, nullptr) < wanted;
 }
 
 void GridContents::paint(QPainter& painter) {

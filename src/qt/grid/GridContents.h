@@ -64,6 +64,10 @@ private:
     void addNumber(std::string_view text, const Room& room, QRgb color);
     void addText(const std::string& text, const PlacedTrack& horizontal, const PlacedTrack& vertical, const Room& room,
                  const GridCellStyle& style);
+    /// The width that a text may take that would like to have `wanted`. In a fixed row, where it is a note to be read,
+    /// a text that runs on ends with an ellipsis where the sight of the columns ends; planning cells are cut there.
+    int widthFor(int wanted, const PlacedTrack& horizontal, const PlacedTrack& vertical, const Room& room,
+                 const QRgb* ground);
     /// The pixels that a text may take from empty neighbours, at most a little more than `wanted`; optionally covers
     /// the lines in between.
     int runOn(const PlacedTrack& horizontal, const PlacedTrack& vertical, int wanted, const QRgb* ground);

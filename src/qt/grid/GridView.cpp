@@ -284,8 +284,18 @@ void GridView::showScrolled(const GridGeometry& before) {
         viewport()->update();
     } else if (across) {
         viewport()->scroll(logical(dx), 0, QRect(logical(band.start), 0, logical(band.size()), viewport()->height()));
+        updateFixedLines();
     } else {
         viewport()->scroll(0, logical(dy), QRect(0, logical(band.start), viewport()->width(), logical(band.size())));
+    }
+}
+
+/// What runs on in a fixed row ends at another place when the columns have scrolled.
+void GridView::updateFixedLines() {
+    for (const Area area : {Area::Leading, Area::Trailing}) {
+        const GridBand band = geometry_.vertical.band(area);
+        const QRect strip(0, band.start, geometry_.horizontal.extent(), band.size());
+        viewport()->update(toLogicalPixels(strip, devicePixelRatioF()));
     }
 }
 

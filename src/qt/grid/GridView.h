@@ -137,6 +137,7 @@ private:
     void updateScrollBars();
     void showScrolled(const GridGeometry& before);
     void updateCell(Cell cell);
+    void updateFixedLines();
     void scrollTo(bool horizontal, int index);
     [[nodiscard]] GridGeometry geometryFor(QSize devicePixels, double unit) const;
     [[nodiscard]] int labelWidth() const;
