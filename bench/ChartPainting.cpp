@@ -171,6 +171,22 @@ public:
     void PointValueChanged(int, int, double) override {}
 };
 
+/// Counts how often the watched widget paints.
+class PaintCounter final : public QObject {
+public:
+    explicit PaintCounter(QWidget& watched) { watched.installEventFilter(this); }
+    [[nodiscard]] benchmark::IterationCount Count() const noexcept { return count_; }
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        count_ += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+private:
+    benchmark::IterationCount count_ = 0;
+};
+
 /// One frame while a point is being dragged up and down: the mouse event and what it repaints.
 void DragFrame(benchmark::State& state, ChartType type, bool withTrend) {
     ChartControl chart;
@@ -198,10 +214,14 @@ void DragFrame(benchmark::State& state, ChartType type, bool withTrend) {
     if (!view.moved()) {
         state.SkipWithError("the point cannot be dragged");
     }
+    const PaintCounter painted(*view.viewport());
     int step = 0;
     for ([[maybe_unused]] auto _ : state) {
         ++step;
         send(QEvent::MouseMove, point.y + Threshold + step % Way);
+    }
+    if (painted.Count() < state.iterations()) {
+        state.SkipWithError("not every step was painted");
     }
     SavePicture(view.grab().toImage(), withTrend ? "drag-trend" : "drag");
     send(QEvent::MouseButtonRelease, point.y);

@@ -98,9 +98,11 @@ void ChartKeysTest::describesThePoint() {
 void ChartKeysTest::focusIsSeen() {
     ChartOnScreen screen;
     const QImage with = screen.picture();
-    QCOMPARE(countColor(with, QRect(0, 0, 1, with.height()), GridTheme::light().accent), with.height());
+    QVERIFY(countColor(with, QRect(0, 0, 1, with.height()), GridTheme::light().accent) >= with.height() - 2);
     QTest::keyClick(&screen.view(), Qt::Key_Right);
-    const QRect place = screen.view().pointRect(1, 1).toAlignedRect().adjusted(-6, -6, 6, 6);
+    const QRectF rect = screen.view().pointRect(1, 1).adjusted(-6, -6, 6, 6);
+    const qreal ratio = with.devicePixelRatio();
+    const QRect place = QRectF(rect.topLeft() * ratio, rect.size() * ratio).toAlignedRect();
     const QImage walked = screen.picture();
     QCOMPARE(countColor(walked, QRect(0, 0, 1, with.height()), GridTheme::light().accent), 0);
     QVERIFY(countColor(walked, place, GridTheme::light().accent) > countColor(with, place, GridTheme::light().accent));

@@ -170,7 +170,9 @@ void ChartPaintTest::partsDoNotOverlap() {
     const QRectF area = laid.scene.area;
     const QRectF plot = laid.layout.plotRect();
     QVERIFY(area.contains(plot));
-    QVERIFY(area.contains(laid.layout.titleRect()) && !laid.layout.titleRect().intersects(plot));
+    if (!laid.layout.title().isEmpty()) {
+        QVERIFY(area.contains(laid.layout.titleRect()) && !laid.layout.titleRect().intersects(plot));
+    }
     if (laid.layout.legend().isShown()) {
         const QRectF box = laid.layout.legend().box();
         QVERIFY(area.contains(box));

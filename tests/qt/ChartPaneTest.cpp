@@ -61,7 +61,9 @@ void ChartPaneTest::rowsInTheChartCarryDots() {
     const auto hasDot = [&](const QString& row) {
         const QImage picture = screen.port()->grab().toImage().convertToFormat(QImage::Format_RGB32);
         const QRect label = screen.view().cellRect(screen.cell("FLC0/" + row));
-        return countInk(picture, QRect(label.left() + 4, label.top() + 3, 13, label.height() - 6), heading) > 12;
+        const QRectF place(label.left() + 4, label.top() + 3, 13, label.height() - 6);
+        const qreal ratio = picture.devicePixelRatio();
+        return countInk(picture, QRectF(place.topLeft() * ratio, place.size() * ratio).toRect(), heading) > 12;
     };
     QVERIFY(!hasDot("ROW1"));
     QVERIFY(hasDot("ROW2"));

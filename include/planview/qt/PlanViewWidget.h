@@ -74,12 +74,6 @@ public:
     /// `scale` is the picture's device pixel ratio.
     [[nodiscard]] QImage renderToImage(QSize size, qreal scale = 1.0);
 
-    /// The chart alone, in logical pixels and without the marks of what is selected; null for an empty size.
-    [[nodiscard]] QImage chartImage(QSize size, qreal scale = 1.0) const;
-    /// Writes the chart as a PNG, PDF or SVG file, as the suffix of the path says, in the given size in logical pixels
-    /// or a usual one. Answers a sentence for the user about what went wrong, empty when the file is written.
-    Q_INVOKABLE QString saveChart(const QString& path, QSize size = {}) const;
-
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -189,6 +183,14 @@ public:
     /// True while the user's action announces several values by GridValueChanged, one after the other, so that a host
     /// can gather them; severalValuesAnnounced() follows before the user can do anything else.
     [[nodiscard]] bool isAnnouncingSeveral() const;
+
+    // --- The chart for others
+
+    /// The chart alone, in logical pixels and without the marks of what is selected; null for an empty size.
+    [[nodiscard]] QImage chartImage(QSize size, qreal scale = 1.0) const;
+    /// Writes the chart as a PNG, PDF or SVG file, as the suffix of the path says, in the given size in logical pixels
+    /// or a usual one. Answers a sentence for the user about what went wrong, empty when the file is written.
+    Q_INVOKABLE QString saveChart(const QString& path, QSize size = {}) const;
 
     // --- For the host's status bar
 

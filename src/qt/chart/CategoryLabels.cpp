@@ -86,7 +86,7 @@ void CategoryLabels::stand(double angle, double categoryWidth) {
     const double cosine = std::cos(qDegreesToRadians(angle));
     every_ = pitchOf(height_ * (angle == Vertical ? VerticalPitch : SlantedPitch), categoryWidth);
     const double lineDepth = height_ * cosine;
-    longest_ = std::max((room_ - gap_ - lineDepth) / sine, ShortestLines * height_);
+    longest_ = std::min(longest_, std::max((room_ - gap_ - lineDepth) / sine, ShortestLines * height_));
     widest_ = std::min(widest_, longest_);
     depth_ = std::min(gap_ + widest_ * sine + lineDepth, std::max(room_, 0.0));
 }

@@ -119,7 +119,9 @@ void ChartLayout::placePlot(const QRectF& room) {
     categories_->place(*plot_);
     if (!title_.isEmpty()) {
         // Over the plot, as long as the title has room there.
-        titleRect_.moveLeft(std::max(room.left(), std::min(rect.left(), room.right() - titleRect_.width())));
+        const double margin = scene_.pixels(Margin);
+        const double last = scene_.area.right() - margin - titleRect_.width();
+        titleRect_.moveLeft(std::max(scene_.area.left() + margin, std::min(rect.left(), last)));
     }
 }
 
