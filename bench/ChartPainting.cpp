@@ -1,8 +1,8 @@
 // A chart on the screen: filling it anew and painting it, beside a plotting widget that does the same, and dragging one
 // of its points.
 //
-// Both fill 20 series of 180 categories from the same numbers and paint 1200 × 600 antialiased, with axes, grid lines and
-// a legend. The peer is drawn as its manual says: graphs with pens of 2 px, bars moved above each other.
+// Both fill 20 series of 180 categories from the same numbers and paint 1200 × 600 antialiased, with axes, grid lines
+// and a legend. The peer is drawn as its manual says: graphs with pens of 2 px, bars moved above each other.
 
 #include <QApplication>
 #include <QImage>

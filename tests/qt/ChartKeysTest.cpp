@@ -22,7 +22,7 @@ private Q_SLOTS:
 void ChartKeysTest::arrowsWalk() {
     ChartOnScreen screen;
     const std::vector<std::pair<Qt::Key, const char*>> steps{
-        {Qt::Key_Right, "1/1"}, {Qt::Key_Right, "1/2"}, {Qt::Key_Down, "2/2"},  {Qt::Key_Down, "3/2"},
+        {Qt::Key_Right, "1/1"}, {Qt::Key_Right, "1/2"}, {Qt::Key_Down, "2/2"},   {Qt::Key_Down, "3/2"},
         {Qt::Key_Down, "3/2"},  {Qt::Key_End, "3/11"},  {Qt::Key_Right, "3/11"}, {Qt::Key_Up, "2/11"},
         {Qt::Key_Home, "2/1"},  {Qt::Key_Left, "2/1"}};
     for (const auto& [key, place] : steps) {

@@ -106,9 +106,7 @@ public:
         return QPointF(point.x, point.y).toPoint();
     }
     /// The height at which a value stands.
-    [[nodiscard]] int heightOf(double value, int series) {
-        return qRound(view_->layout().plot().YOf(value, series));
-    }
+    [[nodiscard]] int heightOf(double value, int series) { return qRound(view_->layout().plot().YOf(value, series)); }
     [[nodiscard]] QImage picture() { return port()->grab().toImage().convertToFormat(QImage::Format_RGB32); }
     /// What was heard since the last question, apart from the focus.
     QString heard() {

@@ -1,7 +1,9 @@
+#include <QFile>
 #include <QPainter>
 #include <QTemporaryDir>
 #include <cmath>
 
+#include "components/chart/SeriesColors.h"
 #include "qt/ChartOnScreen.h"
 #include "qt/chart/ChartPainter.h"
 #include "qt/chart/ChartPicture.h"
@@ -38,8 +40,305 @@ class ChartPaintTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() { useTestFont(); }
+    void seriesHaveTheirColors_data();
+    void seriesHaveTheirColors();
+    void colorsStandOutInTheDark();
+    void categoryLabelsNeverOverlap_data();
+    void categoryLabelsNeverOverlap();
+    void partsDoNotOverlap_data();
+    void partsDoNotOverlap();
+    void sharesBesideValuesHaveTheirOwnAxis();
+    void rangeAndOptimumAreShown();
+    void impossibleTrendIsSaid();
+    void comparisonTellsTheSigns();
+    void longLegendIsCut();
+    void emptyChartSaysSo();
+    void numbersOfAllSizesFit();
+    void savesFiles();
+    void savingFailsInWords();
     void gallery();
 };
+
+void ChartPaintTest::seriesHaveTheirColors_data() {
+    QTest::addColumn<int>("type");
+    QTest::newRow("columns") << int(ChartType::Column);
+    QTest::newRow("stacked columns") << int(ChartType::StackedColumn);
+    QTest::newRow("full columns") << int(ChartType::StackedColumn100);
+    QTest::newRow("lines") << int(ChartType::Line);
+    QTest::newRow("stacked lines") << int(ChartType::StackedLine);
+    QTest::newRow("full lines") << int(ChartType::StackedLine100);
+}
+
+void ChartPaintTest::seriesHaveTheirColors() {
+    QFETCH(int, type);
+    const ChartState state = SampleChart(static_cast<ChartType>(type));
+    const LaidOut laid(state);
+    for (const GridTheme* theme : {&GridTheme::light(), &GridTheme::darkTheme()}) {
+        const QImage image = pictureOf(state, *theme).image(Size, 1.0);
+        const ChartColors colors(state, *theme);
+        for (int series = 1; series <= 3; ++series) {
+            const ChartPoint point = laid.layout.plot().Point(series, 5);
+            // Just below the end of a column, around the point of a line.
+            const bool column = IsColumnType(static_cast<ChartType>(type));
+            const QRect place = column ? QRect(qRound(point.x) - 2, qRound(point.y) + 4, 5, 5)
+                                       : QRect(qRound(point.x) - 6, qRound(point.y) - 6, 13, 13);
+            const int seen = countColor(image, place, colors.series(series));
+            QVERIFY2(seen >= (column ? 25 : 12), qPrintable(QString::number(seen)));
+        }
+    }
+}
+
+void ChartPaintTest::colorsStandOutInTheDark() {
+    for (const GridTheme* theme : {&GridTheme::light(), &GridTheme::darkTheme()}) {
+        for (std::size_t i = 0; i < SeriesColors.size(); ++i) {
+            const QRgb seen = markColor(SeriesColors[i], theme->base);
+            QVERIFY2(contrastRatio(seen, theme->base) >= (theme->dark ? 3.0 : 1.5),
+                     qPrintable(QString::number(static_cast<int>(i))));
+        }
+    }
+}
+
+void ChartPaintTest::categoryLabelsNeverOverlap_data() {
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<int>("orientation");
+    QTest::addColumn<double>("scale");
+    for (const int count : {1, 2, 11, 40, 180}) {
+        for (const int length : {1, 6, 30, 200}) {
+            for (const int orientation : {0, 1, 2, 3}) {
+                for (const double scale : {1.0, 2.0}) {
+                    QTest::addRow("%d of %d letters, stand %d, %g", count, length, orientation, scale)
+                        << count << length << orientation << scale;
+                }
+            }
+        }
+    }
+}
+
+void ChartPaintTest::categoryLabelsNeverOverlap() {
+    QFETCH(int, count);
+    QFETCH(int, length);
+    QFETCH(int, orientation);
+    QFETCH(double, scale);
+    ChartState state = SampleChart(ChartType::Column);
+    state.categories.assign(static_cast<std::size_t>(count), std::string(static_cast<std::size_t>(length), 'n'));
+    for (ChartSeries& series : state.series) {
+        series.values.assign(static_cast<std::size_t>(count), 5.0);
+    }
+    state.categoryAxis.orientation = static_cast<LabelOrientation>(orientation);
+    const LaidOut laid(state, Size, scale);
+    const auto& labels = laid.layout.categories().labels();
+    QVERIFY(!labels.empty());
+    // Turned by 45 degrees the texts are as long as they may be; they touch no border.
+    constexpr double Rounding = 1;
+    const QRectF area = laid.scene.area.adjusted(-Rounding, 0, Rounding, Rounding);
+    for (std::size_t i = 0; i < labels.size(); ++i) {
+        QVERIFY2(area.contains(labels[i].outline.boundingRect()), qPrintable(labels[i].text));
+        QVERIFY(labels[i].outline.boundingRect().top() >= laid.layout.plotRect().bottom());
+        if (i > 0) {
+            QVERIFY2(!labels[i - 1].outline.intersects(labels[i].outline), qPrintable(labels[i].text));
+        }
+    }
+}
+
+void ChartPaintTest::partsDoNotOverlap_data() {
+    QTest::addColumn<int>("position");
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<double>("scale");
+    for (const int position : {0, 1, 2, 3}) {
+        for (const QSize size : {QSize(900, 480), QSize(400, 260), QSize(200, 120), QSize(90, 60), QSize(20, 10)}) {
+            for (const double scale : {1.0, 1.5, 2.0}) {
+                QTest::addRow("legend %d, %dx%d, %g", position, size.width(), size.height(), scale)
+                    << position << size << scale;
+            }
+        }
+    }
+}
+
+void ChartPaintTest::partsDoNotOverlap() {
+    QFETCH(int, position);
+    QFETCH(QSize, size);
+    QFETCH(double, scale);
+    ChartState state = SampleChart(ChartType::Column);
+    state.legend.position = static_cast<LegendPosition>(position);
+    const LaidOut laid(state, size, scale);
+    QVERIFY(!pictureOf(state, GridTheme::light(), scale).image(size, 1.0).isNull());
+    if (laid.layout.isEmpty()) {
+        QVERIFY(size.width() < 250 * scale);
+        return;
+    }
+    const QRectF area = laid.scene.area;
+    const QRectF plot = laid.layout.plotRect();
+    QVERIFY(area.contains(plot));
+    QVERIFY(area.contains(laid.layout.titleRect()) && !laid.layout.titleRect().intersects(plot));
+    if (laid.layout.legend().isShown()) {
+        const QRectF box = laid.layout.legend().box();
+        QVERIFY(area.contains(box));
+        QVERIFY(!box.intersects(plot));
+        QVERIFY(!box.intersects(laid.layout.titleRect()));
+        for (const CategoryLabels::Label& label : laid.layout.categories().labels()) {
+            QVERIFY(!box.intersects(label.outline.boundingRect()));
+        }
+    }
+    const auto& marks = laid.layout.leftMarks();
+    for (std::size_t i = 0; i < marks.size(); ++i) {
+        QVERIFY(area.contains(marks[i].rect) && !marks[i].rect.intersects(plot));
+        QVERIFY(i == 0 || !marks[i].rect.intersects(marks[i - 1].rect));
+    }
+}
+
+void ChartPaintTest::sharesBesideValuesHaveTheirOwnAxis() {
+    ChartState state = SampleChart(ChartType::StackedColumn100);
+    QVERIFY(LaidOut(state).layout.rightMarks().empty());
+    QCOMPARE(LaidOut(state).layout.leftMarks().back().text, QStringLiteral("100%"));
+    state.series[2].type = ChartType::Line;
+    const LaidOut mixed(state);
+    QCOMPARE(mixed.layout.rightMarks().back().text, QStringLiteral("100%"));
+    QCOMPARE(mixed.layout.leftMarks().back().text, QStringLiteral("16.000"));
+    QVERIFY(mixed.layout.rightMarks().back().rect.left() > mixed.layout.plotRect().right());
+    state.valueAxis.visible = false;
+    QVERIFY(LaidOut(state).layout.rightMarks().empty() && LaidOut(state).layout.leftMarks().empty());
+}
+
+void ChartPaintTest::rangeAndOptimumAreShown() {
+    ChartState state = SampleChart(ChartType::Line);
+    state.valueAxis.rangeMinimum = {ChartLimit::Shown, 9000};
+    state.valueAxis.rangeMaximum = {ChartLimit::Shown, 12000};
+    state.valueAxis.optimum = {ChartLimit::Shown, 10000};
+    const LaidOut laid(state);
+    const ChartPlot& plot = laid.layout.plot();
+    const ChartColors colors(state, GridTheme::light());
+    const auto rowOf = [&](const QImage& image, double value, QRgb color) {
+        const QRect row(qRound(plot.Area().x), qRound(plot.YOf(value)) - 1, qRound(plot.Area().width), 3);
+        return countColor(image, row, color);
+    };
+    const QImage image = pictureOf(state).image(Size, 1.0);
+    const int width = qRound(plot.Area().width);
+    QVERIFY(rowOf(image, 11000, colors.band()) > 2 * width);
+    QVERIFY(rowOf(image, 12800, GridTheme::light().base) > 2 * width);
+    QVERIFY(rowOf(image, 10000, colors.accent()) > width / 8);
+    // A limit on one side only reaches to the end of the axis.
+    state.valueAxis.rangeMinimum.type = ChartLimit::Hidden;
+    const QImage half = pictureOf(state).image(Size, 1.0);
+    QVERIFY(rowOf(half, 500, colors.band()) > width);
+}
+
+void ChartPaintTest::impossibleTrendIsSaid() {
+    ChartState state = SampleChart(ChartType::Line);
+    state.series[0].look->trends.push_back(std::make_shared<ChartTrend>(ChartTrend{TrendKind::Power, "", -1, 2}));
+    state.series[1].look->trends.push_back(std::make_shared<ChartTrend>(ChartTrend{TrendKind::Power, "", -1, 2}));
+    state.series[1].values[3] = -1;
+    const LaidOut laid(state);
+    const auto& entries = laid.layout.legend().entries();
+    QCOMPARE(static_cast<int>(entries.size()), 5);
+    QCOMPARE(entries[3].text, QStringLiteral("Power (Construction)"));
+    QVERIFY(entries[3].kind == ChartLegendBox::Entry::Kind::Trend);
+    QVERIFY(entries[4].kind == ChartLegendBox::Entry::Kind::NoTrend);
+    QVERIFY(entries[4].text.startsWith(QStringLiteral("Power (Manufacturing): ")));
+    const ChartHit hit = laid.layout.hitTest(entries[3].rect.center(), 5);
+    QVERIFY(hit.code == ChartHitCode::Trendline && hit.series == 1);
+}
+
+void ChartPaintTest::comparisonTellsTheSigns() {
+    ChartState state = SampleChart(ChartType::Line);
+    state.comparison = true;
+    state.series.pop_back();
+    for (std::size_t i = 0; i < 11; ++i) {
+        state.series[0].values[i] = 5000;
+        state.series[1].values[i] = i < 5 ? 9000 : 1000;
+    }
+    const LaidOut laid(state);
+    const QImage image = pictureOf(state).image(Size, 1.0);
+    const auto tintAt = [&](int category, double value) {
+        return QColor(image.pixel(qRound(laid.layout.plot().CategoryCenter(category)) + 7,
+                                  qRound(laid.layout.plot().YOf(value)) + 3));
+    };
+    QVERIFY(tintAt(3, 6500).blue() > tintAt(3, 6500).red());
+    QVERIFY(tintAt(9, 3500).red() > tintAt(9, 3500).blue());
+    QCOMPARE(tintAt(3, 3500), QColor(Qt::white));
+    QCOMPARE(differenceText(state.series[1], 4000), QStringLiteral("+4.000,0"));
+    QCOMPARE(differenceText(state.series[1], -0.04), QStringLiteral("0,0"));
+}
+
+void ChartPaintTest::longLegendIsCut() {
+    ChartState state = SampleChart(ChartType::Line);
+    for (int i = 0; i < 100; ++i) {
+        state.series.push_back(state.series[0]);
+    }
+    for (const int position : {0, 1, 2, 3}) {
+        state.legend.position = static_cast<LegendPosition>(position);
+        const LaidOut laid(state);
+        const auto& entries = laid.layout.legend().entries();
+        const int shown = static_cast<int>(entries.size()) - 1;
+        QVERIFY(shown > 2 && shown < 103);
+        QCOMPARE(entries.back().text, QStringLiteral("+%1 more").arg(103 - shown));
+        QVERIFY(laid.scene.area.contains(entries.back().rect));
+        QVERIFY(laid.layout.plotRect().height() > 200);
+    }
+}
+
+void ChartPaintTest::emptyChartSaysSo() {
+    ChartState noCategories = SampleChart(ChartType::Column);
+    noCategories.categories.clear();
+    for (ChartSeries& series : noCategories.series) {
+        series.values.clear();
+    }
+    for (const ChartState& state : {ChartState(), noCategories}) {
+        const QImage image = pictureOf(state).image(Size, 1.0);
+        QVERIFY(countInk(image, QRect(200, 200, 500, 80), GridTheme::light().base) > 300);
+        const LaidOut laid(state);
+        QVERIFY(laid.layout.isEmpty());
+        QVERIFY(laid.layout.hitTest(QPointF(400, 200), 5).code == ChartHitCode::ChartArea);
+    }
+}
+
+void ChartPaintTest::numbersOfAllSizesFit() {
+    for (const double size : {1e-300, 1e-7, 0.5, 1e6, 1e13, 1e300}) {
+        for (const ChartType type : {ChartType::Column, ChartType::Line, ChartType::StackedLine100}) {
+            ChartState state = SampleChart(type);
+            for (ChartSeries& series : state.series) {
+                series.format.clear();
+                for (double& value : series.values) {
+                    value *= size / 1e4;
+                }
+            }
+            state.series[1].values[0] = -size;
+            const LaidOut laid(state);
+            QVERIFY(laid.layout.plotRect().width() > 400);
+            QVERIFY2(!laid.layout.leftMarks().empty(), qPrintable(QString::number(size)));
+            QVERIFY(!pictureOf(state).image(Size, 1.0).isNull());
+        }
+    }
+}
+
+void ChartPaintTest::savesFiles() {
+    QTemporaryDir folder;
+    const ChartState state = SampleChart(ChartType::Line);
+    const std::vector<std::pair<const char*, QByteArray>> files{
+        {"a.png", "\x89PNG"}, {"a.PDF", "%PDF"}, {"a.svg", "<?xml"}};
+    for (const auto& [name, start] : files) {
+        const QString path = folder.filePath(QLatin1String(name));
+        QCOMPARE(pictureOf(state).save(path, Size), QString());
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray bytes = file.readAll();
+        QVERIFY2(bytes.startsWith(start), name);
+        QVERIFY(bytes.size() > 1000);
+    }
+    QFile drawing(folder.filePath("a.svg"));
+    QVERIFY(drawing.open(QIODevice::ReadOnly));
+    // Texts stay texts, for whoever goes on working with the file.
+    QVERIFY(drawing.readAll().contains("Retail trade"));
+    QCOMPARE(QImage(folder.filePath("a.png")).size(), 2 * Size);
+}
+
+void ChartPaintTest::savingFailsInWords() {
+    QTemporaryDir folder;
+    const ChartState state = SampleChart(ChartType::Line);
+    QVERIFY(pictureOf(state).save(folder.filePath("a.bmp"), Size).contains("a.bmp"));
+    QVERIFY(!QFile::exists(folder.filePath("a.bmp")));
+    QVERIFY(pictureOf(state).save(folder.filePath("none/a.png"), Size).contains("none/a.png"));
+}
 
 /// Leaves pictures to look at in the folder that PLANVIEW_CHART_PICTURES names.
 void ChartPaintTest::gallery() {
@@ -47,10 +346,12 @@ void ChartPaintTest::gallery() {
     if (folder.isEmpty()) {
         QSKIP("no folder for pictures given");
     }
-    const std::vector<std::pair<const char*, ChartType>> types{
-        {"columns", ChartType::Column},           {"stacked-columns", ChartType::StackedColumn},
-        {"full-columns", ChartType::StackedColumn100}, {"lines", ChartType::Line},
-        {"stacked-lines", ChartType::StackedLine}, {"full-lines", ChartType::StackedLine100}};
+    const std::vector<std::pair<const char*, ChartType>> types{{"columns", ChartType::Column},
+                                                               {"stacked-columns", ChartType::StackedColumn},
+                                                               {"full-columns", ChartType::StackedColumn100},
+                                                               {"lines", ChartType::Line},
+                                                               {"stacked-lines", ChartType::StackedLine},
+                                                               {"full-lines", ChartType::StackedLine100}};
     const auto save = [&](const QString& name, const ChartPicture& picture, QSize size = Size) {
         QVERIFY(picture.image(size, 1.0).save(folder + '/' + name + ".png"));
     };
@@ -69,8 +370,8 @@ void ChartPaintTest::gallery() {
     save("mixed-200", pictureOf(mixed, GridTheme::light(), 2.0));
     mixed.selected = {ChartHitCode::Series, 2, 0};
     const auto marked = [&](const char* name) {
-        const ChartScene scene{mixed, GridTheme::light(), testFont(), 1.0, QRectF(QPointF(0, 0), QSizeF(Size)), 1.0,
-                               true, true};
+        const ChartScene scene{
+            mixed, GridTheme::light(), testFont(), 1.0, QRectF(QPointF(0, 0), QSizeF(Size)), 1.0, true, true};
         const ChartLayout layout(scene);
         QImage image(Size, QImage::Format_RGB32);
         QPainter painter(&image);

@@ -113,9 +113,8 @@ void CategoryLabels::placeHorizontal(const ChartPlot& plot) {
     for (int category = plot.FirstCategory(); category <= plot.LastCategory(); category += every_) {
         const QString shown = metrics.elidedText(text(category), Qt::ElideRight, longest_);
         const double width = metrics.horizontalAdvance(shown);
-        const double left =
-            std::clamp(plot.CategoryCenter(category) - width / 2, scene_.area.left(),
-                       std::max(scene_.area.left(), scene_.area.right() - width));
+        const double left = std::clamp(plot.CategoryCenter(category) - width / 2, scene_.area.left(),
+                                       std::max(scene_.area.left(), scene_.area.right() - width));
         if (shown.isEmpty() || left < taken || left + width > scene_.area.right()) {
             continue;
         }

@@ -124,9 +124,7 @@ void ChartComparison::paintDifferences(QPainter& painter, const QFont& font) con
         const double distance = scene_.pixels(Distance);
         // Above both. Lines leave room below, too.
         const bool above = upper - distance - metrics.height() >= area.top();
-        const double top = above            ? upper - distance - metrics.height()
-                           : betweenLines() ? lower + distance
-                                            : area.top();
+        const double top = above ? upper - distance - metrics.height() : betweenLines() ? lower + distance : area.top();
         const QRectF rect(x - distance / 2, top, width + distance, metrics.height());
         painter.setPen(Qt::NoPen);
         painter.setBrush(veil);

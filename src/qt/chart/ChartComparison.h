@@ -14,8 +14,7 @@ namespace planview {
 /// difference is written beside it as often as there is room.
 class ChartComparison {
 public:
-    ChartComparison(const ChartScene& scene, const ChartState& state, const ChartPlot& plot,
-                    const ChartColors& colors);
+    ChartComparison(const ChartScene& scene, const ChartState& state, const ChartPlot& plot, const ChartColors& colors);
 
     [[nodiscard]] bool isShown() const;
     void paintTint(QPainter& painter) const;

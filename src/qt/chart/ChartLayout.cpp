@@ -85,8 +85,8 @@ void ChartLayout::placePlot(const QRectF& room) {
         steps_ = std::max(1, static_cast<int>(rect.height() / (lineHeight_ * MarkPitch)));
         plot_.emplace(scene_.state, toChartRect(rect), steps_);
         const bool sharesAlone = usesSharesAlone() && plot_->Shares();
-        leftMarks_ = labelled ? marksOf(sharesAlone ? *plot_->Shares() : plot_->Values(), sharesAlone)
-                              : std::vector<Mark>();
+        leftMarks_ =
+            labelled ? marksOf(sharesAlone ? *plot_->Shares() : plot_->Values(), sharesAlone) : std::vector<Mark>();
         const bool second = labelled && plot_->Shares() && !sharesAlone;
         rightMarks_ = second ? marksOf(*plot_->Shares(), true) : std::vector<Mark>();
         if (widthOf(leftMarks_) + widthOf(rightMarks_) > room.width() * WidestMarks) {
@@ -95,7 +95,8 @@ void ChartLayout::placePlot(const QRectF& room) {
         }
         categories_.emplace(scene_, textFont_, plot_->CategoryWidth(), room.height() * DeepestLabels);
         const double overhang = categories_->overhang() - plot_->CategoryWidth() / 2;
-        const double right = std::max(widthOf(rightMarks_), std::min(overhang, room.width() / 4) - scene_.pixels(Margin));
+        const double beyond = std::min(overhang, room.width() / 4) - scene_.pixels(Margin);
+        const double right = std::max(widthOf(rightMarks_), beyond);
         const double top = leftMarks_.empty() ? 0 : lineHeight_ / 2;
         const QRectF next(QPointF(scene_.onPixel(room.left() + widthOf(leftMarks_)), scene_.onPixel(room.top() + top)),
                           QPointF(scene_.onPixel(room.right() - std::max(0.0, right)),

@@ -126,8 +126,7 @@ void ChartLegendBox::placeInColumn(QRectF& area, bool left) {
     }
     cutTo(static_cast<std::size_t>(std::max(1.0, room / pitch + 1e-6)));
     const double x = left ? area.left() : area.right() - width - 2 * padding;
-    box_ = QRectF(x, area.top(), width + 2 * padding,
-                  static_cast<double>(entries_.size()) * pitch + 2 * padding);
+    box_ = QRectF(x, area.top(), width + 2 * padding, static_cast<double>(entries_.size()) * pitch + 2 * padding);
     double y = box_.top() + padding;
     for (Entry& entry : entries_) {
         entry.rect = QRectF(x + padding, y, width, pitch);

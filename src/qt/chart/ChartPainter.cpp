@@ -286,7 +286,8 @@ QRectF ChartPainter::bubbleRect(const QRectF& place, const QString& name, const 
     const double width = std::min(std::ceil(text) + 2 * padding, scene_.area.width());
     const double height = lines * metrics.height() + padding;
     const double above = place.top() - distance - height;
-    const double y = above >= scene_.area.top() ? above : std::min(place.bottom() + distance, scene_.area.bottom() - height);
+    const double below = std::min(place.bottom() + distance, scene_.area.bottom() - height);
+    const double y = above >= scene_.area.top() ? above : below;
     const double x = std::clamp(place.center().x() - distance, scene_.area.left(),
                                 std::max(scene_.area.left(), scene_.area.right() - width));
     return {scene_.onPixel(x), scene_.onPixel(y), width, height};

@@ -205,9 +205,9 @@ void ChartView::paintEvent(QPaintEvent* event) {
     }
     QPainter painter(viewport());
     const QRect part = event->rect();
-    painter.drawPixmap(part.topLeft(), picture_,
-                       QRectF(QPointF(part.topLeft()) * now.scene.ratio, QSizeF(part.size()) * now.scene.ratio)
-                           .toRect());
+    painter.drawPixmap(
+        part.topLeft(), picture_,
+        QRectF(QPointF(part.topLeft()) * now.scene.ratio, QSizeF(part.size()) * now.scene.ratio).toRect());
     paintOverlay(painter, now);
 }
 
@@ -257,9 +257,9 @@ ChartPicture ChartView::picture() const {
 QImage ChartView::renderToImage(QSize size, qreal scale) const {
     QImage image((QSizeF(size) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(scale);
-    Drawn drawn(ChartScene{chart_.State(), *theme_, font(), textScale_, QRectF(QPointF(0, 0), QSizeF(size)), scale,
-                           true, true},
-                chart_.Version());
+    Drawn drawn(
+        ChartScene{chart_.State(), *theme_, font(), textScale_, QRectF(QPointF(0, 0), QSizeF(size)), scale, true, true},
+        chart_.Version());
     QPainter painter(&image);
     drawn.painter.paint(painter);
     return image;
@@ -292,8 +292,8 @@ void ChartView::moveTo(QPoint point) {
     QRectF place = painter.pointRect(moved_->series(), moved_->category());
     const QRectF plot = now.layout.plotRect();
     place.moveTop(std::clamp(place.top(), plot.top(), plot.bottom()));
-    viewport()->update(outer(series.look->trends.empty() ? now.painter.movedRect(moved_->plot(), moved_->category())
-                                                         : plot | now.painter.movedRect(moved_->plot(), moved_->category())));
+    const QRectF strip = now.painter.movedRect(moved_->plot(), moved_->category());
+    viewport()->update(outer(series.look->trends.empty() ? strip : plot | strip));
     setBubble(Bubble{place, pointName(state, moved_->series(), moved_->category()),
                      valueText(series, moved_->from()) + QStringLiteral(" → ") + valueText(series, moved_->to())});
 }

@@ -32,11 +32,8 @@ constexpr int LeastMove = 3;
 constexpr double DraggedPart = 0.35;
 
 std::int16_t shiftOf(Qt::KeyboardModifiers modifiers) {
-    const auto bit = [modifiers](Qt::KeyboardModifier key, int value) {
-        return modifiers.testFlag(key) ? value : 0;
-    };
-    return static_cast<std::int16_t>(bit(Qt::ShiftModifier, 1) + bit(Qt::ControlModifier, 2) +
-                                     bit(Qt::AltModifier, 4));
+    const auto bit = [modifiers](Qt::KeyboardModifier key, int value) { return modifiers.testFlag(key) ? value : 0; };
+    return static_cast<std::int16_t>(bit(Qt::ShiftModifier, 1) + bit(Qt::ControlModifier, 2) + bit(Qt::AltModifier, 4));
 }
 
 /// The nearest name in the tree of widgets that a programmer has given.
@@ -227,8 +224,8 @@ void ChartView::dragChart() {
     auto* contents = new QMimeData;
     contents->setImageData(image);
     drag->setMimeData(contents);
-    drag->setPixmap(QPixmap::fromImage(image.scaled(image.size() * DraggedPart, Qt::KeepAspectRatio,
-                                                    Qt::SmoothTransformation)));
+    drag->setPixmap(
+        QPixmap::fromImage(image.scaled(image.size() * DraggedPart, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
     runDrag_(*drag);
     if (self) {
         drag->deleteLater();
