@@ -219,7 +219,7 @@ private slots:
         GridFonts fonts(screen.view().font(), screen.view().geometry().unit);
         const auto isCut = [&](Cell which) {
             return GridPainter({screen.grid(), screen.view().geometry(), GridTheme::light(), fonts,
-                                screen.view().bitmaps(), PendingMarks(), true})
+                                screen.view().bitmaps(), PendingMarks(), RowDots(), true})
                 .isCut(which);
         };
         QVERIFY(isCut(cell));
@@ -265,7 +265,7 @@ private slots:
             QVERIFY2((countInk(image, lastColumn, under) > 60) == row.cut, row.text);
             QVERIFY2(countInk(image, atTheEdge, under) == 0, row.text);
             GridPainter painter(
-                {screen.grid(), geometry, GridTheme::light(), fonts, screen.view().bitmaps(), PendingMarks(), true});
+                {screen.grid(), geometry, GridTheme::light(), fonts, screen.view().bitmaps(), PendingMarks(), RowDots(), true});
             QVERIFY2(painter.isCut(note) == row.cut, row.text);
         }
     }

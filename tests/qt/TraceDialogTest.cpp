@@ -261,8 +261,8 @@ private slots:
         write("GRIDCTL", "Redraw", "{}", 3);
         bool shownAgain = false;
         whenShown<QDialog>([](QDialog*) {
-            modPlan::TraceEnabled = false;
-            frmTrace::End();
+            test::ScriptedPlatform another;
+            modPlan::Trace_Disable(another.Interfaces());
         });
         modPlan::Trace_Show(desktop_->Interfaces());
         QVERIFY(!frmTrace::Exists());

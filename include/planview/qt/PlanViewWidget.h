@@ -74,6 +74,9 @@ public:
     /// `scale` is the picture's device pixel ratio.
     [[nodiscard]] QImage renderToImage(QSize size, qreal scale = 1.0);
 
+    /// The chart alone, in logical pixels and without the marks of what is selected; null for an empty size.
+    [[nodiscard]] QImage chartImage(QSize size, qreal scale = 1.0) const;
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -169,6 +172,9 @@ public:
     /// Puts exactly the columns (rows) whose headings are selected into the chart.
     Q_INVOKABLE void showSelectedColumnsInChart();
     Q_INVOKABLE void showSelectedRowsInChart();
+    /// Writes the chart as a PNG, PDF or SVG file, as the suffix of the path says, in the given size in logical pixels
+    /// or a usual one. Answers a sentence for the user about what went wrong, empty when the file is written.
+    Q_INVOKABLE QString saveChart(const QString& path, QSize size = {}) const;
     /// Ends an entry that is open. False when its text is refused; it then stays open. Ask before closing or saving.
     Q_INVOKABLE bool finishEditing();
     /// Ends an entry that is open, then makes the cell with these keys the current one, selects it alone and scrolls it
@@ -183,14 +189,6 @@ public:
     /// True while the user's action announces several values by GridValueChanged, one after the other, so that a host
     /// can gather them; severalValuesAnnounced() follows before the user can do anything else.
     [[nodiscard]] bool isAnnouncingSeveral() const;
-
-    // --- The chart for others
-
-    /// The chart alone, in logical pixels and without the marks of what is selected; null for an empty size.
-    [[nodiscard]] QImage chartImage(QSize size, qreal scale = 1.0) const;
-    /// Writes the chart as a PNG, PDF or SVG file, as the suffix of the path says, in the given size in logical pixels
-    /// or a usual one. Answers a sentence for the user about what went wrong, empty when the file is written.
-    Q_INVOKABLE QString saveChart(const QString& path, QSize size = {}) const;
 
     // --- For the host's status bar
 

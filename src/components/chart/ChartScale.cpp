@@ -45,8 +45,9 @@ struct NiceStep {
     [[nodiscard]] int Place() const noexcept { return number - Exponent() * PerDecade; }
     [[nodiscard]] double Value() const noexcept {
         constexpr std::array<std::string_view, PerDecade> digits = {"10", "20", "25", "50"};
+        const auto place = static_cast<std::size_t>(Place());
         std::array<char, 16> text{};
-        char* end = std::copy(digits[Place()].begin(), digits[Place()].end(), text.data());
+        char* end = std::copy(digits[place].begin(), digits[place].end(), text.data());
         *end++ = 'e';
         end = std::to_chars(end, text.data() + text.size(), Exponent() - 1).ptr;
         double value = 1;

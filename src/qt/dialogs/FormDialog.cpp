@@ -207,6 +207,9 @@ void FormDialog::addButtons() {
     QPushButton* ok = buttons->button(QDialogButtonBox::Ok);
     ok->setText(QString::fromStdString(form_.cmdOkCaption));
     ok->setDefault(true);
+    for (QAbstractButton* each : buttons->buttons()) {
+        each->setIcon({});  // some styles bring pictures of their own, which fit none of our colours
+    }
     buttons->button(QDialogButtonBox::Cancel)->setText(QString::fromStdString(form_.cmdCancelCaption));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -163,7 +163,7 @@ TEST(ChartPlotTest, HitsWhatIsSeen) {
          {line.x * 0.7 + next.x * 0.3, line.y * 0.7 + next.y * 0.3 + 1},
          {ChartHitCode::Series, 3, 0}},
         {"a trend line between columns", {Area.x + 100, plot.YOf(60) + 1}, {ChartHitCode::Trendline, 1, 0}},
-        {"a trend line over a column", {column.x + 10, plot.YOf(60) + 1}, {ChartHitCode::Trendline, 1, 0}},
+        {"a trend line over a column", {plot.Column(1, 2).x + 10, plot.YOf(60) + 2}, {ChartHitCode::Trendline, 1, 0}},
         {"nothing but the plot area", {Area.x + 100, Area.y + 5}, {ChartHitCode::PlotArea, 0, 0}},
         {"outside", {Area.x - 6, Area.y + 5}, {ChartHitCode::None, 0, 0}},
         {"not a place", {NAN, NAN}, {ChartHitCode::None, 0, 0}},
