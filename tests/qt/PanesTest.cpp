@@ -141,9 +141,9 @@ private slots:
     void headingsFollowTheTextScale() {
         Screen screen(false);
         showAll(screen);
-        const int small = inkOf(part(screen, "MacroPane")).height();
+        const int small = inkOf(part(screen, "TreePane")).height();
         screen.widget->setTextScale(2.0);
-        QVERIFY(std::abs(inkOf(part(screen, "MacroPane")).height() - 2 * small) <= 2);
+        QVERIFY(std::abs(inkOf(part(screen, "TreePane")).height() - 2 * small) <= 2);
     }
 
     void aNarrowPaneKeepsItsHeadingWhole() {
