@@ -64,8 +64,8 @@ void GridHandlers::SelectionChanged(const CellKey& cell, bool selected) {
     });
 }
 
-void GridHandlers::ContentsChanged(const CellKey& cell, const std::string& text) {
-    ErrorTrap(GridControlLabel, "ContentsChanged", [&] { context_.valueEntry.ContentsChanged(cell, text); });
+void GridHandlers::ContentsChanged(const CellKey& cell, const std::string& text, const std::string& before) {
+    ErrorTrap(GridControlLabel, "ContentsChanged", [&] { context_.valueEntry.ContentsChanged(cell, text, before); });
 }
 
 void GridHandlers::StayCell() {
