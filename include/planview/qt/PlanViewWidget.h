@@ -175,6 +175,9 @@ public:
     /// Puts exactly the columns (rows) whose headings are selected into the chart.
     Q_INVOKABLE void showSelectedColumnsInChart();
     Q_INVOKABLE void showSelectedRowsInChart();
+    /// Whether the user may edit nothing; each try is answered beside its cell. For a host that can keep no change.
+    [[nodiscard]] bool isReadOnly() const;
+    Q_INVOKABLE void setReadOnly(bool readOnly);
     /// Ends an entry that is open. False when its text is refused; it then stays open. Ask before closing or saving.
     Q_INVOKABLE bool finishEditing();
     /// Ends an entry that is open, then makes the cell with these keys the current one, selects it alone and scrolls it
@@ -253,7 +256,9 @@ private:
     auto call(Member&& member);
     void applyTheme();
     void focusMoved(QWidget* from, QWidget* to);
-    void runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&));
+    /// What is brought into sight after a command.
+    enum class Sight { Unchanged, CurrentCell };
+    void runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&), Sight sight = Sight::Unchanged);
 
     std::unique_ptr<State> state_;
 };
