@@ -83,7 +83,7 @@ private:
 }  // namespace
 
 BookStore::BookStore(std::unique_ptr<BookConnection> connection, std::filesystem::path file, bool readOnly)
-    : connection_(std::move(connection)), file_(std::move(file)), readOnly_(readOnly), bornAt_(BirthOf(file_)) {}
+    : connection_(std::move(connection)), file_(std::move(file)), readOnly_(readOnly), loaded_{{}, BirthOf(file_)} {}
 BookStore::BookStore(BookStore&&) noexcept = default;
 BookStore& BookStore::operator=(BookStore&&) noexcept = default;
 BookStore::~BookStore() = default;
@@ -130,7 +130,7 @@ Book BookStore::Load() {
     Book book;
     // One transaction, so that all tables are of the same moment.
     const BookTransaction moment(*connection_, Work::Read);
-    loadedAt_ = connection_->ChangeCounter();
+    loaded_.counter = connection_->ChangeCounter();
     for (const TableDescription& description : BookSchema()) {
         MemoryTable& table = book[description.table];
         QSqlQuery rows = connection_->Run(Work::Read, SelectStatement(description));
@@ -170,10 +170,13 @@ std::vector<CellConflict> BookStore::Write(const BookChanges& changes) {
     return WriteChanges(*connection_, changes);
 }
 
+BookStore::Stamp BookStore::CurrentStamp() const {
+    return {connection_->ChangeCounter(), BirthOf(file_)};
+}
+
 bool BookStore::IsChangedElsewhere() const {
-    const std::optional<qlonglong> counter = connection_->ChangeCounter();
-    const qint64 bornAt = BirthOf(file_);
-    return (counter && counter != loadedAt_) || (bornAt != 0 && bornAt != bornAt_);
+    const Stamp now = CurrentStamp();
+    return (now.counter && now.counter != loaded_.counter) || (now.bornAt != 0 && now.bornAt != loaded_.bornAt);
 }
 
 bool BookStore::EndPendingChanges(OldValues what) {
