@@ -150,8 +150,8 @@ public:
     /// of any. There is one listener; an empty one takes it away.
     void SetBulkListener(std::function<void(bool running)> listener);
 
-    /// Whether the user may edit nothing at all, for a host that can keep no change. Outlives a rebuild; the host itself
-    /// may change its tables as before.
+    /// Whether the user may edit nothing at all, for a host that can keep no change. Outlives a rebuild; the host
+    /// itself may change its tables as before.
     void SetLocked(bool locked) noexcept;
     [[nodiscard]] bool IsLocked() const noexcept;
 

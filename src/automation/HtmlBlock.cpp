@@ -66,8 +66,8 @@ bool AppendEntity(std::string& out, std::string_view name) {
         AppendUtf8(out, code);
         return true;
     }
-    constexpr std::pair<std::string_view, std::string_view> Known[] = {
-        {"amp", "&"}, {"lt", "<"}, {"gt", ">"}, {"quot", "\""}, {"apos", "'"}, {"nbsp", " "}};
+    constexpr std::pair<std::string_view, std::string_view> Known[] = {{"amp", "&"},   {"lt", "<"},   {"gt", ">"},
+                                                                       {"quot", "\""}, {"apos", "'"}, {"nbsp", " "}};
     for (const auto& [entity, text] : Known) {
         if (name == entity) {
             out += text;

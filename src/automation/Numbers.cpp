@@ -47,7 +47,10 @@ std::optional<Marks> FindMarks(std::string_view mantissa) noexcept {
     if (mantissa.find(' ') != std::string_view::npos) {
         // A blank is never a decimal mark, so a single other mark is.
         return points + commas > 1 ? std::nullopt
-                                   : std::optional(Marks{points > 0 ? '.' : commas > 0 ? ',' : '\0', ' '});
+                                   : std::optional(Marks{points > 0   ? '.'
+                                                         : commas > 0 ? ','
+                                                                      : '\0',
+                                                         ' '});
     }
     if (points > 0 && commas > 0) {
         const bool pointIsLast = mantissa.rfind('.') > mantissa.rfind(',');

@@ -141,8 +141,7 @@ void ClipboardCommands::Paste() {
     if (block.empty() || (!IsSingle(block) && !SelectionIsBlock("filled with several values"))) {
         return;
     }
-    const Placement placement =
-        IsSingle(block) ? PlaceValue(parts_.grid, block[0][0]) : PlaceBlock(parts_.grid, block);
+    const Placement placement = IsSingle(block) ? PlaceValue(parts_.grid, block[0][0]) : PlaceBlock(parts_.grid, block);
     Change(placement.values, "pasted", placement.beyondEdge);
 }
 

@@ -39,8 +39,8 @@ private:
 
 }  // namespace
 
-// Nothing here writes to the trace: the pending cells are counted after every change, and what is counted would push what
-// happened out of it.
+// Nothing here writes to the trace: the pending cells are counted after every change, and what is counted would push
+// what happened out of it.
 std::vector<Cell> PendingCells(const GridControl& grid, const HostTable& tabOld) {
     std::vector<Cell> pending;
     if (!tabOld.IsSet()) {

@@ -35,8 +35,8 @@ public:
     /// The step to undo, which then can be redone; the reference holds until the next Record() or Clear().
     [[nodiscard]] const UndoStep& TakeUndo();
     [[nodiscard]] const UndoStep& TakeRedo();
-    /// Some changes of the step taken last, marked by their places in it, could not be made: they become a step of their
-    /// own that is still to be undone or redone.
+    /// Some changes of the step taken last, marked by their places in it, could not be made: they become a step of
+    /// their own that is still to be undone or redone.
     void PutBack(const std::vector<bool>& failed);
     void Clear() noexcept;
     /// Counts up with every Clear(): what was begun before one belongs to no history any more.

@@ -153,7 +153,8 @@ bool ValueEntry::RunBulk(std::size_t count, bool withFixed, const Body& body) {
         const BusyScope busy(parts_.busy);
         const RedrawHeld held(parts_.grid);
         std::optional<Transaction> transaction;
-        broken = ErrorTextOf([&] { transaction.emplace(parts_, count, announce, withFixed || announce == Announce::EachValue); });
+        broken = ErrorTextOf(
+            [&] { transaction.emplace(parts_, count, announce, withFixed || announce == Announce::EachValue); });
         if (broken) {
             failures.Add(failures.notStored, *broken, static_cast<int>(count));
         } else {
@@ -396,7 +397,8 @@ void ValueEntry::Tell(const Failures& failures) noexcept {
                    " values could not be stored; their cells show again what the table holds.\n";
         }
         if (failures.withoutOldValue > 0) {
-            text += "What a cell held before could not be kept; the new value is stored, but not as a pending change.\n";
+            text +=
+                "What a cell held before could not be kept; the new value is stored, but not as a pending change.\n";
         }
         parts_.messageBoxes.Show(
             {text + failures.error, "Grid", MessageButtons::Ok, MessageIcon::Exclamation, MessageAnswer::Ok});

@@ -64,14 +64,15 @@ class ValueEntry {
 public:
     explicit ValueEntry(ValueEntryParts parts) : parts_(std::move(parts)) {}
 
-    /// Handles the grid's event: the user gave a cell this text, which the grid already shows, in the place of `before`.
+    /// Handles the grid's event: the user gave a cell this text, which the grid already shows, in the place of
+    /// `before`.
     void ContentsChanged(CellKeyView keys, const std::string& text, const std::string& before);
 
     /// Gives many cells their values as one action: one repaint, one chart step, one undo step. `SINGLEVALUE` decides
     /// whether the host hears `GridValueChanged` for each cell or one `GridStartUpdate` at the end; one value alone is
-    /// always announced by `GridValueChanged`, and so is every fixed cell's, which no table keeps. Cells that may not change, and values that do not fit, are left out and
-    /// counted. The host may build the grid anew when it hears of a value; the others then go to the cells of the same
-    /// keys.
+    /// always announced by `GridValueChanged`, and so is every fixed cell's, which no table keeps. Cells that may not
+    /// change, and values that do not fit, are left out and counted. The host may build the grid anew when it hears of
+    /// a value; the others then go to the cells of the same keys.
     BulkResult ChangeCells(std::span<const NewValue> values);
 
     /// Takes back or repeats the user's last action; nothing where there is none.

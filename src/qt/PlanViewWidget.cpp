@@ -190,11 +190,13 @@ bool PlanViewWidget::canRedo() const {
 }
 
 void PlanViewWidget::undo() {
-    runCommand(&PlanView::Undo, [](QLineEdit& line) { line.undo(); }, Sight::CurrentCell);
+    runCommand(
+        &PlanView::Undo, [](QLineEdit& line) { line.undo(); }, Sight::CurrentCell);
 }
 
 void PlanViewWidget::redo() {
-    runCommand(&PlanView::Redo, [](QLineEdit& line) { line.redo(); }, Sight::CurrentCell);
+    runCommand(
+        &PlanView::Redo, [](QLineEdit& line) { line.redo(); }, Sight::CurrentCell);
 }
 
 void PlanViewWidget::copy() {

@@ -86,6 +86,24 @@ private slots:
         QVERIFY(screen.isSelected("COL20", "") && screen.isSelected("", "ROW40"));
     }
 
+    /// The press brings the whole cell into sight and so another one under the pointer.
+    void aCellThatIsCutOffIsTheOneThatIsMeant() {
+        Screen screen;
+        const Cell cut = screen.cell(6, 17);
+        const QPoint place = screen.view().cellRect(cut).topLeft() + QPoint(10, 5);
+        QVERIFY(!screen.port()->rect().contains(screen.view().cellRect(cut).adjusted(0, 0, 60, 0)));
+        QTest::mousePress(screen.port(), Qt::LeftButton, Qt::NoModifier, place);
+        QVERIFY2(firstColumn(screen) == "COL2" && firstRow(screen) == "ROW2", "both were cut off");
+        moveMouse(screen.port(), place + QPoint(1, 1), Qt::LeftButton);
+        QTest::mouseRelease(screen.port(), Qt::LeftButton, Qt::NoModifier, place + QPoint(1, 1));
+        QVERIFY2(!screen.isSelected("COL7", "ROW18"), "a pointer that trembles selects nothing");
+        QTest::mouseDClick(screen.port(), Qt::LeftButton, Qt::NoModifier, place + QPoint(1, 0));
+        QCOMPARE(screen.log().actions.back(), std::string("DoubleClick COL6/ROW17"));
+        QVERIFY(screen.view().editor().isOpen());
+        QCOMPARE(screen.view().editor().line()->text(), QStringLiteral("6,17"));
+        QCOMPARE(screen.current(), QStringLiteral("COL6/ROW17"));
+    }
+
     /// The menu that follows is about what was clicked.
     void rightClickKeepsASelectionAroundIt() {
         Screen screen;

@@ -144,8 +144,7 @@ void BookSession::show() {
 
 // --- Saving
 
-void BookSession::valueChanged(CellPlace cell, const QString& columnKey, const QString& rowKey,
-                               const QVariant& value) {
+void BookSession::valueChanged(CellPlace cell, const QString& columnKey, const QString& rowKey, const QVariant& value) {
     const Variant before = snapshot_.ValueOf(cell);
     announced_.cells.push_back({cell, before, toVariant(value)});
     announced_.oldValues.push_back({cell, before});
@@ -219,7 +218,8 @@ void BookSession::decide(BookChanges& changes, const std::vector<CellConflict>& 
         } else {
             if (std::any_of(changes.cells.begin(), changes.cells.end(),
                             [&](const CellEdit& edit) { return isDisputed(edit) && isOfFixedCell(edit); })) {
-                std::erase_if(changes.tables, [](const TableEdits& edits) { return edits.table == BookTable::FixedTab; });
+                std::erase_if(changes.tables,
+                              [](const TableEdits& edits) { return edits.table == BookTable::FixedTab; });
             }
             std::erase_if(changes.cells, isDisputed);
             std::erase_if(changes.oldValues, isDisputed);

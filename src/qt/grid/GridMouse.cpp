@@ -128,8 +128,7 @@ void GridMouse::report(const GridHit& hit, Qt::MouseButton button, Qt::KeyboardM
         return modifiers.testFlag(modifier) ? value : 0;
     };
     const int shift = bit(Qt::ShiftModifier, 1) + bit(Qt::ControlModifier, 2) + bit(Qt::AltModifier, 4);
-    view_.grid().ReportMouseDown(cellOf(hit),
-                                 button == Qt::RightButton ? RightButton : LeftButton,
+    view_.grid().ReportMouseDown(cellOf(hit), button == Qt::RightButton ? RightButton : LeftButton,
                                  static_cast<std::int16_t>(shift));
 }
 
