@@ -207,19 +207,19 @@ void ClipboardCommands::Report(const BulkResult& result, std::string_view verb, 
     if (result.Refused() == 0 && beyondEdge == 0) {
         return;
     }
-    std::string text = Counted(result.changed, "cell") + " " + std::string(verb) + ", " +
-                       Counted(result.Refused() + beyondEdge, "value") + " left out:";
+    std::string text = Counted(result.changed, "cell") + " " + std::string(verb);
+    text += result.Refused() > 0 ? ", " + Counted(result.Refused(), "cell") + " left alone:" : ".";
     if (result.readOnly > 0) {
         text += "\n" + Counted(result.readOnly, "cell") + " cannot be edited";
     }
     if (result.noNumber > 0) {
         text += "\n" + Counted(result.noNumber, "cell") + " would have got a text that is not a number";
     }
-    if (beyondEdge > 0) {
-        text += "\n" + Counted(beyondEdge, "value") + " would have gone beyond the edge of the table";
-    }
     if (result.firstRefused) {
-        text += "\nThe first of these cells is " + CellCaption(parts_.grid, *result.firstRefused) + ".";
+        text += "\nThe first one is " + CellCaption(parts_.grid, *result.firstRefused) + ".";
+    }
+    if (beyondEdge > 0) {
+        text += "\n" + Counted(beyondEdge, "value") + " would have gone beyond the edge of the table.";
     }
     parts_.messageBoxes.Show({text, "Grid", MessageButtons::Ok, MessageIcon::Information, MessageAnswer::Ok});
 }

@@ -241,7 +241,7 @@ TEST_F(ValueEntryFaultsTest, ValuesBeyondTheEdgeAreCounted) {
     EXPECT_EQ(Shown(), "[10][20][1] | [30][][3] | [][][]");
     EXPECT_TRUE(Told("2 values would have gone beyond the edge")) << LastMessage();
     Paste("x\ty\nz");
-    EXPECT_TRUE(Told("The first of these cells is Durable goods, ")) << LastMessage();
+    EXPECT_TRUE(Told("The first one is Durable goods, ")) << LastMessage();
 }
 
 TEST_F(ValueEntryFaultsTest, ASpreadsheetsOwnNumbersAreTakenInThePlaceOfTheirTexts) {

@@ -85,6 +85,7 @@ TEST(Session, WhatWasTakenFromOthersStaysTakenToTheEndOfTheAction) {
     };
     w.EmptyBlock(1, 1, 1, 4);
     EXPECT_EQ(w.questions.disputes.size(), 2U);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return w.Shown(1, 4) == "74"; }));
     for (int period = 1; period <= 4; ++period) {
         EXPECT_EQ(w.InFile(1, period), std::to_string(70 + period));
         EXPECT_EQ(w.Shown(1, period), std::to_string(70 + period));
@@ -151,7 +152,7 @@ TEST(Session, ABookThatCannotBeWrittenSaysSoAndTakesNothing) {
     {
         const Obstacle obstacle(Obstacle::Kind::NoPermission, w.file);
         w.window.session().reload();  // SQLite looks at the permissions when it opens a file
-        EXPECT_EQ(w.window.windowTitle(), "small (read-only)[*] – planbook");
+        EXPECT_EQ(w.window.windowTitle().toStdString(), "small (read-only)[*] – planbook");
         EXPECT_EQ(w.Text("pending"), "Read-only book, 1 pending change");
         EXPECT_TRUE(w.Find<QToolButton>("accept")->isHidden());
         EXPECT_EQ(planview::RefusalOf(w.Grid(), w.At(1, 1)), planview::Refusal::Locked);

@@ -276,7 +276,7 @@ private slots:
         QApplication::clipboard()->setMimeData(data);
         screen.goTo(QStringLiteral("COL2/ROW1"));
         Screen::press(QStringLiteral("<Ctrl+V>"));
-        QCOMPARE(screen.rows(screen.tables.tab), QStringLiteral("1,2=1.234,5 1,3=2 2,2=3"));
+        QCOMPARE(screen.rows(screen.tables.tab), QStringLiteral("1,2=1234,5 1,3=2 2,2=3"));
         QCOMPARE(screen.contents(QStringLiteral("COL2/ROW1")), QStringLiteral("1234,5"));
         QCOMPARE(screen.heard, QStringList{QStringLiteral("update")});
         QCOMPARE(screen.platform.messages.size(), std::size_t{1});

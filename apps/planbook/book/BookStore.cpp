@@ -6,6 +6,9 @@
 #include <string>
 #include <utility>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include "book/BookConnection.h"
 #include "book/BookError.h"
 #include "book/BookSnapshot.h"
@@ -61,6 +64,11 @@ qint64 BirthOf(const std::filesystem::path& file) {
     return born.isValid() ? born.toMSecsSinceEpoch() : 0;
 }
 
+/// Whether the process as it runs now may write there; SQLite needs the folder for its journal.
+bool MayWrite(const std::filesystem::path& place) {
+    return faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
 /// Removes a new file again unless it was completed.
 class NewFile {
 public:
@@ -91,7 +99,7 @@ BookStore::~BookStore() = default;
 BookStore BookStore::Open(const std::filesystem::path& file) {
     CheckBookHeader(file);
     // A book that may be written is opened for that, so that SQLite can undo what a killed process left half done.
-    const bool writable = QFileInfo(QString::fromStdString(file.string())).isWritable();
+    const bool writable = MayWrite(file) && MayWrite(std::filesystem::absolute(file).parent_path());
     auto connection = std::make_unique<BookConnection>(file, writable ? Access::ReadWrite : Access::ReadOnly);
 
     QSqlQuery check = connection->Run(Work::Open, "PRAGMA quick_check(1)");
