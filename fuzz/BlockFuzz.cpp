@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "automation/BlockText.h"
+#include "automation/HtmlBlock.h"
 
 /// A block that was read can be written and read back unchanged.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -12,5 +13,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::abort();
     }
     static_cast<void>(planview::FormatHtmlBlock(block));
+    static_cast<void>(planview::BestBlock({}, {reinterpret_cast<const char*>(data), size}));
     return 0;
 }

@@ -150,6 +150,15 @@ public:
     /// of any. There is one listener; an empty one takes it away.
     void SetBulkListener(std::function<void(bool running)> listener);
 
+    /// Whether the user may edit nothing at all, for a host that can keep no change. Outlives a rebuild; the host
+    /// itself may change its tables as before.
+    void SetLocked(bool locked) noexcept;
+    [[nodiscard]] bool IsLocked() const noexcept;
+
+    /// Called to show the user beside a cell why it does not take a value; false where that is not possible, and then a
+    /// message box says it. There is one listener; an empty one takes it away.
+    void SetHintListener(std::function<bool(const Cell& cell, std::string_view reason)> listener);
+
     // --- Commands for the host's own menus --------------------------------------------------------------------------
 
     /// Takes back the user's last change of values, however many cells it was; nothing where there is none. Undoing and

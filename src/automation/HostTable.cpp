@@ -1,6 +1,7 @@
 #include "automation/HostTable.h"
 
 #include <array>
+#include <limits>
 #include <utility>
 
 #include "automation/CheckedInt.h"
@@ -155,6 +156,10 @@ ObjectRef HostTable::Rows() const {
 }
 
 HostTable::Row HostTable::AddRow(const ObjectRef& rows) const {
+    if (RowCount() == std::numeric_limits<Row>::max()) {
+        // A row beyond would make the table unreadable as a whole.
+        throw AutomationError(AutomationErrorCode::Overflow, "Overflow: the table holds 32,767 rows, no more fit");
+    }
     Late(rows).Call("Add");
     return RowCount();
 }

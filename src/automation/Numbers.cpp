@@ -4,7 +4,10 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <limits>
+#include <span>
+#include <utility>
 
 #include <planview/AutomationObject.h>
 
@@ -41,6 +44,14 @@ struct Marks {
 std::optional<Marks> FindMarks(std::string_view mantissa) noexcept {
     const auto points = std::count(mantissa.begin(), mantissa.end(), '.');
     const auto commas = std::count(mantissa.begin(), mantissa.end(), ',');
+    if (mantissa.find(' ') != std::string_view::npos) {
+        // A blank is never a decimal mark, so a single other mark is.
+        return points + commas > 1 ? std::nullopt
+                                   : std::optional(Marks{points > 0   ? '.'
+                                                         : commas > 0 ? ','
+                                                                      : '\0',
+                                                         ' '});
+    }
     if (points > 0 && commas > 0) {
         const bool pointIsLast = mantissa.rfind('.') > mantissa.rfind(',');
         if ((pointIsLast ? points : commas) != 1) {
@@ -114,11 +125,27 @@ std::optional<double> ShortNumber(std::string_view text) noexcept {
     return hasMark ? value / Powers[count - beforeMark] : value;
 }
 
-}  // namespace
+/// The blanks and the minus of typesetters by those of a keyboard, in `plain`; other texts are given back as they are.
+std::string_view WithPlainMarks(std::string_view text, std::span<char, MaxNumberLength> plain) noexcept {
+    constexpr std::pair<std::string_view, char> Known[] = {
+        {"\u00A0", ' '}, {"\u202F", ' '}, {"\u2009", ' '}, {"\u2212", '-'}};
+    if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<signed char>(c) >= 0; })) {
+        return text;
+    }
+    std::size_t length = 0;
+    while (!text.empty()) {
+        const auto* mark = std::find_if(std::begin(Known), std::end(Known),
+                                        [&](const auto& known) { return text.starts_with(known.first); });
+        const bool known = mark != std::end(Known);
+        plain[length++] = known ? mark->second : text.front();
+        text.remove_prefix(known ? mark->first.size() : 1);
+    }
+    return {plain.data(), length};
+}
 
-std::optional<double> TryParseNumber(std::string_view text) noexcept {
-    text = TrimBlanks(text);
-    if (text.empty() || text.size() > MaxNumberLength) {
+/// As TryParseNumber(), of a text without blanks around it.
+std::optional<double> ParsePlain(std::string_view text) noexcept {
+    if (text.empty()) {
         return std::nullopt;
     }
     bool negative = false;
@@ -174,6 +201,20 @@ std::optional<double> TryParseNumber(std::string_view text) noexcept {
         return std::nullopt;
     }
     return negative ? -value : value;
+}
+
+}  // namespace
+
+std::optional<double> TryParseNumber(std::string_view text) noexcept {
+    text = TrimBlanks(text);
+    if (text.size() > MaxNumberLength) {
+        return std::nullopt;
+    }
+    if (const std::optional<double> number = ShortNumber(text)) {
+        return number;
+    }
+    std::array<char, MaxNumberLength> plain;  // as far as it is written
+    return ParsePlain(TrimBlanks(WithPlainMarks(text, plain)));
 }
 
 double ParseNumber(std::string_view text) {

@@ -14,9 +14,10 @@ inline constexpr char GridDecimalMark = ',';
 
 /// Reads a number the way every part of the control does.
 ///
-/// Blanks around it are allowed, also a sign and an exponent ("1E+20"). When both "." and "," occur, the last one is
-/// the decimal mark and the other one groups digits; when only one of them occurs once, it is the decimal mark; when it
-/// occurs more often, it groups. Groups must be of three digits, the first of one to three.
+/// Blanks around it are allowed, also a sign and an exponent ("1E+20"). A blank between digits groups them; it may be
+/// one that does not break a line, and the minus may be the mathematical one. When both "." and "," occur, the last one
+/// is the decimal mark and the other one groups digits; when only one of them occurs once, it is the decimal mark; when
+/// it occurs more often, it groups. Groups must be of three digits, the first of one to three.
 [[nodiscard]] std::optional<double> TryParseNumber(std::string_view text) noexcept;
 
 /// As TryParseNumber(); throws TypeMismatch where that gives no value.

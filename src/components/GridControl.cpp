@@ -418,6 +418,14 @@ std::string GridControl::DisplayText(Cell cell, const CellLook& look) const {
     return Contents(cell);
 }
 
+void GridControl::SetLocked(bool locked) noexcept {
+    state_->locked = locked;
+}
+
+bool GridControl::IsLocked() const noexcept {
+    return state_->locked;
+}
+
 std::uint64_t GridControl::BuildVersion() const noexcept {
     return state_->buildVersion;
 }

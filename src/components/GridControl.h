@@ -186,6 +186,11 @@ public:
     GridStatus ReportShowHidden(ColumnId beside, HiddenSide side);
     GridStatus ReportShowHidden(RowId beside, HiddenSide side);
 
+    /// Whether the user may edit nothing at all. Outlives Destroy(); only those who ask the cell's rules are bound by
+    /// it.
+    void SetLocked(bool locked) noexcept;
+    [[nodiscard]] bool IsLocked() const noexcept;
+
     // --- Reading, by id
     // ------------------------------------------------------------------------------------------------
 

@@ -235,12 +235,13 @@ GridStatus GridControl::EnterText(Cell cell, const std::string& text) {
         return status;
     }
     const CellKey key = state.KeyOf(cell);
+    const std::string before = Contents(cell);
     if (const GridStatus status = state.SetOnCell(cell, GridAttribute::Contents, text); status != GridStatus::Ok) {
         return status;
     }
     state.Done(true);
     if (state.events) {
-        state.events->ContentsChanged(key, text);
+        state.events->ContentsChanged(key, text, before);
     }
     return GridStatus::Ok;
 }

@@ -45,8 +45,8 @@ public:
     /// A whole column is named by its heading cell, a whole row by its label cell, everything by the corner (label
     /// column, heading row). `selected` is the state of that place now. Not called where the selection stays the same.
     virtual void SelectionChanged(const CellKey& cell, bool selected) = 0;
-    /// The user gave a cell this text, which the grid shows already.
-    virtual void ContentsChanged(const CellKey& cell, const std::string& text) = 0;
+    /// The user gave a cell this text, which the grid shows already, in the place of `before`.
+    virtual void ContentsChanged(const CellKey& cell, const std::string& text, const std::string& before) = 0;
     /// The user ended an entry without leaving the cell.
     virtual void StayCell() = 0;
     virtual void DoubleClick(const CellKey& cell) = 0;

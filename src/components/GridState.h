@@ -84,6 +84,7 @@ struct GridControl::State {
     std::optional<PressedBorder> pressed;
     std::uint64_t layoutVersion = 1;
     std::uint64_t buildVersion = 1;
+    bool locked = false;
 
     void LayoutChanged() noexcept {
         ++layoutVersion;

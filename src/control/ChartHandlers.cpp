@@ -142,8 +142,9 @@ void ChartHandlers::PointValueChanged(int series, int category, double value) {
         }
         const CellKey keys = context_.grid.KeyOf(*cell);
         const std::string text = modPlan::ReplacePoint(NumberText(value));
+        const std::string before = context_.grid.Contents(*cell);
         modGrid::Contents(context_.grid, keys, text, true);
-        context_.valueEntry.ContentsChanged(keys, text);
+        context_.valueEntry.ContentsChanged(keys, text, before);
     });
 }
 

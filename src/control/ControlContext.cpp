@@ -12,7 +12,8 @@ ControlContext::ControlContext(const Platform& desktop)
       construction({grid, tables, keys}, settings),
       valueEntry({grid, tables, settings, keys, events, hostUpdate, history, busy, desktop.messageBoxes,
                   [this] { ChartStep(); }, [this](bool running) { TellBulk(running); }}),
-      clipboard({grid, keys, valueEntry, desktop.clipboard, desktop.messageBoxes}),
+      clipboard({grid, keys, valueEntry, desktop.clipboard, desktop.messageBoxes,
+                 [this](Cell cell, std::string_view reason) { return TellBeside(cell, reason); }}),
       keyHandling({grid, keys, clipboard, hostUpdate, busy, [this] { ChartStep(); },
                    [this] { modPlan::Trace_Show(platform); }}),
       commands(tables, grid, hostUpdate, [this] { ChartStep(); }),
@@ -45,6 +46,11 @@ ControlContext::~ControlContext() {
 
 void ControlContext::ChartStep() {
     chartCommands.ChartStep();
+}
+
+bool ControlContext::TellBeside(const Cell& cell, std::string_view reason) const {
+    const auto listener = hintListener;
+    return listener && listener(cell, reason);
 }
 
 void ControlContext::TellBulk(bool running) const {

@@ -44,6 +44,8 @@ struct ControlContext {
     void ChartStep();
     /// Tells the host that an action with several announced values begins or has ended.
     void TellBulk(bool running) const;
+    /// Shows the user a reason beside the cell; false where that is not possible.
+    [[nodiscard]] bool TellBeside(const Cell& cell, std::string_view reason) const;
 
     Platform platform;
     TableSlots tables;
@@ -59,6 +61,7 @@ struct ControlContext {
     bool busy = false;
     UndoHistory history;
     std::function<void(bool running)> bulkListener;
+    std::function<bool(const Cell& cell, std::string_view reason)> hintListener;
     HostUpdate hostUpdate;
     GridConstruction construction;
     ValueEntry valueEntry;

@@ -92,6 +92,18 @@ void PlanView::SetBulkListener(std::function<void(bool running)> listener) {
     state_->context.bulkListener = std::move(listener);
 }
 
+void PlanView::SetHintListener(std::function<bool(const Cell& cell, std::string_view reason)> listener) {
+    state_->context.hintListener = std::move(listener);
+}
+
+void PlanView::SetLocked(bool locked) noexcept {
+    state_->context.grid.SetLocked(locked);
+}
+
+bool PlanView::IsLocked() const noexcept {
+    return state_->context.grid.IsLocked();
+}
+
 std::vector<Cell> PlanView::PendingCells() const {
     std::vector<Cell> pending;
     Guarded(state_, GridControlLabel, "PendingCells", [&](const ControlContext& context) {

@@ -21,7 +21,8 @@ constexpr std::string_view GridControlLabel = "GRIDCTL";
 
 constexpr std::int16_t LeftButton = 1;
 constexpr std::int16_t RightButton = 2;
-// Shift states of a left press that only desktops with more modifier keys report.
+// Shift states of a left press that only desktops with more modifier keys report. The Qt layer never does; the mode is
+// kept for a desktop that will, and the pointer stays where the user has it.
 constexpr std::int16_t ShiftState512 = 512;
 constexpr std::int16_t ShiftState2048 = 2048;
 
@@ -64,8 +65,8 @@ void GridHandlers::SelectionChanged(const CellKey& cell, bool selected) {
     });
 }
 
-void GridHandlers::ContentsChanged(const CellKey& cell, const std::string& text) {
-    ErrorTrap(GridControlLabel, "ContentsChanged", [&] { context_.valueEntry.ContentsChanged(cell, text); });
+void GridHandlers::ContentsChanged(const CellKey& cell, const std::string& text, const std::string& before) {
+    ErrorTrap(GridControlLabel, "ContentsChanged", [&] { context_.valueEntry.ContentsChanged(cell, text, before); });
 }
 
 void GridHandlers::StayCell() {

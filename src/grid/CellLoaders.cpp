@@ -11,8 +11,13 @@ void FillCells(const LoaderContext& context) noexcept {
         const HostTable& table = context.tables.TAB;
         CurrentKeys& keys = context.keys;
         ForEachRow(table, [&](HostTable::Row i) {
-            const std::string column = modGrid::ColumnKey(table.Int16(i, "C"), "");
-            const std::string row = modGrid::RowKey(table.Int16(i, "Z"), "");
+            const std::int16_t columnPosition = table.Int16(i, "C");
+            const std::int16_t rowPosition = table.Int16(i, "Z");
+            if (columnPosition == 0 || rowPosition == 0) {
+                return;  // value entry's record of an edited fixed cell, which has no place of its own here
+            }
+            const std::string column = modGrid::ColumnKey(columnPosition, "");
+            const std::string row = modGrid::RowKey(rowPosition, "");
             keys = {column, row};
             modGrid::Contents(context.grid, {column, row}, CellText(table.Value(i, "V")), NoRedraw);
         });

@@ -12,11 +12,12 @@ enum class Refusal {
     ReadOnly,  ///< the cell, its line or its column cannot be edited
     TextLine,  ///< the line carries text and no planning values
     Heading,   ///< a label or a period heading
+    Locked,    ///< the host lets nothing be edited
     NoNumber   ///< a planning cell takes a number or nothing
 };
 
 [[nodiscard]] bool IsPlanningCell(CellKeyView keys) noexcept;
-/// Whether the user may change the cell at all: None, ReadOnly, TextLine or Heading.
+/// Whether the user may change the cell at all: any but NoNumber.
 [[nodiscard]] Refusal RefusalOf(const GridControl& grid, Cell cell);
 /// Whether the cell takes this text.
 [[nodiscard]] Refusal RefusalOf(const GridControl& grid, Cell cell, std::string_view text);

@@ -4,6 +4,8 @@
 #include <vector>
 
 #include "automation/BlockText.h"
+#include "automation/HtmlBlock.h"
+#include "grid/CellCaption.h"
 #include "grid/SelectedCells.h"
 #include "trace/TraceText.h"
 
@@ -29,37 +31,83 @@ bool IsSingle(const TextBlock& block) noexcept {
     return block.size() == 1 && block.front().size() == 1;
 }
 
-/// Where a block goes: onto the selection when it fits into it a whole number of times, else from its first cell on.
-std::vector<NewValue> PlaceBlock(const GridControl& grid, const TextBlock& block) {
-    const SelectedBlock selected = BlockOfSelection(grid);
-    if (selected.CellCount() == 0) {
-        return {};
+/// A block's values with the cells that they go to.
+struct Placement {
+    std::vector<NewValue> values;
+    int beyondEdge = 0;  ///< values for which there is no cell
+};
+
+/// One value goes to every selected cell.
+Placement PlaceValue(const GridControl& grid, const std::string& value) {
+    Placement placement;
+    for (const Cell cell : CellsOfSelection(grid)) {
+        placement.values.push_back({cell, value});
     }
-    const std::size_t width = block.front().size();
+    return placement;
+}
+
+std::size_t WidthOf(const TextBlock& block) noexcept {
+    std::size_t width = 0;
+    for (const std::vector<std::string>& line : block) {
+        width = std::max(width, line.size());
+    }
+    return width;
+}
+
+/// Onto the selection when the block fits into it a whole number of times, else from its first cell on. A line that is
+/// shorter than others has no values for the rest of its cells.
+Placement PlaceBlock(const GridControl& grid, const TextBlock& block) {
+    const SelectedBlock selected = BlockOfSelection(grid);
+    const std::size_t width = WidthOf(block);
+    Placement placement;
+    if (selected.CellCount() == 0 || width == 0) {
+        return placement;
+    }
     const bool fills = !grid.Selection().IsEmpty() && selected.CellCount() > 1 &&
                        selected.rows.size() % block.size() == 0 && selected.columns.size() % width == 0;
     const std::vector<ColumnId> columns = fills ? selected.columns : ColumnsFrom(grid, selected.columns.front());
     const std::vector<RowId> rows = fills ? selected.rows : RowsFrom(grid, selected.rows.front());
-    const std::size_t rowCount = fills ? rows.size() : std::min(rows.size(), block.size());
-
-    std::vector<NewValue> values;
+    const std::size_t rowCount = fills ? rows.size() : block.size();
+    const std::size_t columnCount = fills ? columns.size() : width;
     for (std::size_t r = 0; r < rowCount; ++r) {
         const std::vector<std::string>& line = block[r % block.size()];
-        const std::size_t columnCount = fills ? columns.size() : std::min(columns.size(), line.size());
-        for (std::size_t c = 0; c < columnCount && !line.empty(); ++c) {
-            values.push_back({{columns[c], rows[r]}, line[c % line.size()]});
+        for (std::size_t c = 0; c < columnCount; ++c) {
+            if (c % width >= line.size()) {
+                continue;
+            }
+            const std::string& value = line[c % width];
+            if (r < rows.size() && c < columns.size()) {
+                placement.values.push_back({{columns[c], rows[r]}, value});
+            } else if (!value.empty()) {
+                ++placement.beyondEdge;
+            }
         }
     }
-    return values;
+    return placement;
+}
+
+std::string Counted(int count, std::string_view what) {
+    return std::to_string(count) + " " + std::string(what) + (count == 1 ? "" : "s");
 }
 
 }  // namespace
 
-void ClipboardCommands::CopyToClipboard(std::string_view method) {
+/// False, and told to the user, when what is selected is no block: copied cells would come out in other places.
+bool ClipboardCommands::SelectionIsBlock(std::string_view verb) {
+    if (CellsOfSelection(parts_.grid).size() == BlockOfSelection(parts_.grid).CellCount()) {
+        return true;
+    }
+    parts_.messageBoxes.Show({"The selected cells do not form one block and cannot be " + std::string(verb) +
+                                  ". Select a block of cells, then try again.",
+                              "Grid", MessageButtons::Ok, MessageIcon::Information, MessageAnswer::Ok});
+    return false;
+}
+
+bool ClipboardCommands::CopyToClipboard(std::string_view method) {
     const GridControl& grid = parts_.grid;
     const std::optional<Cell> current = grid.CurrentCell();
-    if (!current) {
-        return;
+    if (!current || !SelectionIsBlock("copied")) {
+        return false;
     }
     if (TraceEnabled) {
         TraceWrite("GRIDCTL", "", method,
@@ -68,6 +116,7 @@ void ClipboardCommands::CopyToClipboard(std::string_view method) {
     }
     const TextBlock block = ReadBlock(grid, BlockOfSelection(grid));
     parts_.clipboard.Set({IsSingle(block) ? block[0][0] : FormatBlock(block), FormatHtmlBlock(block)});
+    return true;
 }
 
 void ClipboardCommands::Copy() {
@@ -75,21 +124,25 @@ void ClipboardCommands::Copy() {
 }
 
 void ClipboardCommands::Cut() {
-    CopyToClipboard("Ctrl-X");
-    DeleteSelected();
+    if (CopyToClipboard("Ctrl-X")) {
+        DeleteSelected();
+    }
 }
 
 void ClipboardCommands::Paste() {
     if (!parts_.grid.CurrentCell()) {
         return;
     }
-    const TextBlock block = ParseBlock(parts_.clipboard.Get().text);
+    const ClipboardContents contents = parts_.clipboard.Get();
+    const TextBlock block = BestBlock(contents.text, contents.html);
     if (TraceEnabled) {
         TraceWrite("GRIDCTL", "", "Ctrl-V", TraceText("{cid: ", parts_.keys.column, " - rid: ", parts_.keys.row, "}"));
     }
-    if (!block.empty()) {
-        Report(parts_.valueEntry.ChangeCells(PlaceBlock(parts_.grid, block)), "pasted");
+    if (block.empty() || (!IsSingle(block) && !SelectionIsBlock("filled with several values"))) {
+        return;
     }
+    const Placement placement = IsSingle(block) ? PlaceValue(parts_.grid, block[0][0]) : PlaceBlock(parts_.grid, block);
+    Change(placement.values, "pasted", placement.beyondEdge);
 }
 
 void ClipboardCommands::Fill() {
@@ -98,7 +151,7 @@ void ClipboardCommands::Fill() {
     for (std::size_t i = 1; i < cells.size(); ++i) {
         values.push_back({cells[i], parts_.grid.Contents(cells.front())});
     }
-    Report(parts_.valueEntry.ChangeCells(values), "filled");
+    Change(values, "filled");
 }
 
 void ClipboardCommands::DeleteCellContents() {
@@ -107,49 +160,67 @@ void ClipboardCommands::DeleteCellContents() {
     if (!current) {
         return;
     }
-    if (CellsOfSelection(grid).size() > 1) {
-        DeleteSelected();
-    } else if (IsPlanningCell(grid.KeyOf(*current)) && RefusalOf(grid, *current) == Refusal::None) {
-        const NewValue empty{*current, ""};
-        parts_.valueEntry.ChangeCells({&empty, 1});
-    } else {
+    const bool several = CellsOfSelection(grid).size() > 1;
+    if (!several && RefusalOf(grid, *current) != Refusal::None) {
+        TellBeside(*current, RefusalOf(grid, *current));
         return;
     }
+    if (!several && !IsPlanningCell(grid.KeyOf(*current))) {
+        return;
+    }
+    DeleteSelected();
     if (TraceEnabled) {
         TraceWrite("GRIDCTL", "", "DeleteCellContents",
                    TraceText("{cid: ", parts_.keys.column, " - rid: ", parts_.keys.row, "}"));
     }
 }
 
+/// Fixed cells among the selected ones stay as they are.
 void ClipboardCommands::DeleteSelected() {
+    const GridControl& grid = parts_.grid;
     std::vector<NewValue> values;
-    for (const Cell cell : CellsOfSelection(parts_.grid)) {
-        values.push_back({cell, ""});
+    for (const Cell cell : CellsOfSelection(grid)) {
+        if (IsPlanningCell({grid.Column(cell.column).key, grid.Row(cell.row).key})) {
+            values.push_back({cell, ""});
+        }
     }
-    Report(parts_.valueEntry.ChangeCells(values), "emptied");
+    Change(values, "emptied");
 }
 
-void ClipboardCommands::Report(const BulkResult& result, std::string_view verb) {
-    if (result.Refused() == 0) {
+void ClipboardCommands::Change(const std::vector<NewValue>& values, std::string_view verb, int beyondEdge) {
+    if (values.size() == 1 && beyondEdge == 0) {
+        const NewValue& only = values.front();
+        const Refusal refusal = RefusalOf(parts_.grid, only.cell, only.value.AsText());
+        if (refusal != Refusal::None && TellBeside(only.cell, refusal)) {
+            return;
+        }
+    }
+    Report(parts_.valueEntry.ChangeCells(values), verb, beyondEdge);
+}
+
+/// False when there is nobody to show it.
+bool ClipboardCommands::TellBeside(Cell cell, Refusal refusal) {
+    return parts_.tellBeside && parts_.tellBeside(cell, RefusalText(refusal));
+}
+
+void ClipboardCommands::Report(const BulkResult& result, std::string_view verb, int beyondEdge) {
+    if (result.Refused() == 0 && beyondEdge == 0) {
         return;
     }
-    const auto cells = [](int count) { return std::to_string(count) + (count == 1 ? " cell" : " cells"); };
-    std::string text =
-        cells(result.changed) + " " + std::string(verb) + ", " + cells(result.Refused()) + " left alone:";
+    std::string text = Counted(result.changed, "cell") + " " + std::string(verb);
+    text += result.Refused() > 0 ? ", " + Counted(result.Refused(), "cell") + " left alone:" : ".";
     if (result.readOnly > 0) {
-        text += "\n" + cells(result.readOnly) + " cannot be edited";
+        text += "\n" + Counted(result.readOnly, "cell") + " cannot be edited";
     }
     if (result.noNumber > 0) {
-        text += "\n" + cells(result.noNumber) + " would have got a text that is not a number";
+        text += "\n" + Counted(result.noNumber, "cell") + " would have got a text that is not a number";
     }
-    const GridControl& grid = parts_.grid;
-    const CellKey& first = *result.firstRefused;
-    const auto label = [&](CellKeyView keys, const std::string& key) {
-        const std::optional<Cell> cell = grid.FindCell(keys);
-        return cell && !grid.Contents(*cell).empty() ? grid.Contents(*cell) : key;
-    };
-    text += "\nThe first one is " + label({LabelColumnKey, first.row}, first.row) + ", " +
-            label({first.column, HeadingRowKey}, first.column) + ".";
+    if (result.firstRefused) {
+        text += "\nThe first one is " + CellCaption(parts_.grid, *result.firstRefused) + ".";
+    }
+    if (beyondEdge > 0) {
+        text += "\n" + Counted(beyondEdge, "value") + " would have gone beyond the edge of the table.";
+    }
     parts_.messageBoxes.Show({text, "Grid", MessageButtons::Ok, MessageIcon::Information, MessageAnswer::Ok});
 }
 

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include <planview/Platform.h>
 
@@ -20,25 +23,31 @@ public:
         ValueEntry& valueEntry;
         Clipboard& clipboard;
         MessageBoxes& messageBoxes;
+        /// Shows why a single cell does not take a value beside it; false, or none, where that is not possible.
+        std::function<bool(Cell cell, std::string_view reason)> tellBeside;
     };
 
-    explicit ClipboardCommands(const Parts& parts) : parts_(parts) {}
+    explicit ClipboardCommands(Parts parts) : parts_(std::move(parts)) {}
 
-    /// The selected block, the current cell when there is none; hidden cells are left out.
+    /// The selected block, the current cell when there is none; hidden cells are left out. Cells that do not form one
+    /// block are refused with a message, by Cut() too.
     void Copy();
     void Cut();
-    /// From the first selected cell on, to the edge of the planning cells. One value, or one row or column, fills a
-    /// selection of several.
+    /// From the first selected cell on, to the edge of the planning cells; what would go beyond it is counted to the
+    /// user. One row or column fills a selected block of several, one value fills whatever is selected.
     void Paste();
     /// Gives every selected cell the value of the first one.
     void Fill();
-    /// Empties what is selected. The current cell alone is emptied only if it is a planning cell that can be edited.
+    /// Empties the planning cells that are selected.
     void DeleteCellContents();
 
 private:
-    void CopyToClipboard(std::string_view method);
+    [[nodiscard]] bool SelectionIsBlock(std::string_view verb);
+    bool CopyToClipboard(std::string_view method);
     void DeleteSelected();
-    void Report(const BulkResult& result, std::string_view verb);
+    void Change(const std::vector<NewValue>& values, std::string_view verb, int beyondEdge = 0);
+    bool TellBeside(Cell cell, Refusal refusal);
+    void Report(const BulkResult& result, std::string_view verb, int beyondEdge);
 
     Parts parts_;
 };

@@ -1,8 +1,9 @@
 #include "grid/PendingCells.h"
 
+#include <string>
+
 #include "grid/CellIndex.h"
 #include "grid/CellText.h"
-#include "grid/modGrid.h"
 
 namespace planview {
 
@@ -38,6 +39,8 @@ private:
 
 }  // namespace
 
+// Nothing here writes to the trace: the pending cells are counted after every change, and what is counted would push
+// what happened out of it.
 std::vector<Cell> PendingCells(const GridControl& grid, const HostTable& tabOld) {
     std::vector<Cell> pending;
     if (!tabOld.IsSet()) {
@@ -56,9 +59,9 @@ std::vector<Cell> PendingCells(const GridControl& grid, const HostTable& tabOld)
             continue;
         }
         const auto columnId =
-            columns.Find(column, [&](std::int16_t at) { return grid.FindColumn(modGrid::ColumnKey(at, "")); });
-        const auto rowId = rows.Find(row, [&](std::int16_t at) { return grid.FindRow(modGrid::RowKey(at, "")); });
-        if (columnId && rowId && CellText(tabOld.Value(tableRow, "V")) != grid.Contents({*columnId, *rowId})) {
+            columns.Find(column, [&](std::int16_t at) { return grid.FindColumn("COL" + std::to_string(at)); });
+        const auto rowId = rows.Find(row, [&](std::int16_t at) { return grid.FindRow("ROW" + std::to_string(at)); });
+        if (columnId && rowId && QuietCellText(tabOld.Value(tableRow, "V")) != grid.Contents({*columnId, *rowId})) {
             pending.push_back({*columnId, *rowId});
         }
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -34,12 +35,19 @@ public:
     /// The step to undo, which then can be redone; the reference holds until the next Record() or Clear().
     [[nodiscard]] const UndoStep& TakeUndo();
     [[nodiscard]] const UndoStep& TakeRedo();
+    /// Some changes of the step taken last, marked by their places in it, could not be made: they become a step of
+    /// their own that is still to be undone or redone.
+    void PutBack(const std::vector<bool>& failed);
     void Clear() noexcept;
+    /// Counts up with every Clear(): what was begun before one belongs to no history any more.
+    [[nodiscard]] std::uint64_t Generation() const noexcept { return generation_; }
 
 private:
     void DropOldest();
 
     std::vector<UndoStep> steps_;
+    std::uint64_t generation_ = 0;
+    bool undone_ = false;      // the step taken last was taken to be undone
     std::size_t changes_ = 0;  // in all steps
     std::size_t done_ = 0;     // the steps before this one are done, the others undone
 };

@@ -1,12 +1,15 @@
 #include "grid/ValueEntry.h"
 
+#include <algorithm>
 #include <array>
+#include <vector>
 
 #include "automation/Numbers.h"
 #include "grid/BusyScope.h"
 #include "grid/CellText.h"
-#include "grid/LoaderSupport.h"
+#include "grid/SelectedCells.h"
 #include "grid/modGrid.h"
+#include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -62,27 +65,47 @@ private:
 
 }  // namespace
 
+/// What went wrong within an action.
+struct ValueEntry::Failures {
+    int notStored = 0;
+    int withoutOldValue = 0;  ///< stored, but TAB_OLD failed
+    std::string error;        ///< the first one
+
+    void Add(int& count, const std::string& text, int cells = 1) {
+        if (error.empty()) {
+            error = text;
+        }
+        count += cells;
+    }
+};
+
 /// What one user action needs of the tables, held for its length.
 class ValueEntry::Transaction {
 public:
-    Transaction(const TableSlots& tables, std::size_t cells, Announce announce)
-        : tab(tables.TAB, LookupFor(cells, announce)),
-          tabOld(tables.TAB_OLD, LookupFor(cells, announce)),
-          lookup(tables) {
+    Transaction(const ValueEntryParts& parts, std::size_t cells, Announce how, bool isHeard)
+        : announce(how),
+          heard(isHeard),
+          tab(parts.tables.TAB, LookupFor(cells, isHeard)),
+          tabOld(parts.tables.TAB_OLD, LookupFor(cells, isHeard)),
+          lookup(parts.tables),
+          history(parts.history.Generation()) {
         step.reserve(cells);
     }
 
+    Announce announce;
+    bool heard;  ///< the host hears of values before the action ends
     CellTable tab;
     CellTable tabOld;
     KeyLookup lookup;
     UndoStep step;
+    bool changed = false;
+    Failures failures;
+    std::uint64_t history;  ///< the generation of the history that the step belongs to
 
 private:
-    static CellTable::Lookup LookupFor(std::size_t cells, Announce announce) noexcept {
+    static CellTable::Lookup LookupFor(std::size_t cells, bool heard) noexcept {
         using Lookup = CellTable::Lookup;
-        return cells < IndexedFrom              ? Lookup::Walk
-               : announce == Announce::Silently ? Lookup::Indexed
-                                                : Lookup::IndexedWatched;
+        return cells < IndexedFrom ? Lookup::Walk : heard ? Lookup::IndexedWatched : Lookup::Indexed;
     }
 };
 
@@ -108,29 +131,90 @@ private:
     bool running_;
 };
 
-void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text) {
+void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text, const std::string& before) {
     const CellKey cell{std::string(keys.column), std::string(keys.row)};
-    const BusyScope busy(parts_.busy);
-    Transaction transaction(parts_.tables, 1, Announce::EachValue);
-    ChangeOne(transaction, cell, text, Announce::EachValue);
-    parts_.history.Record(std::move(transaction.step));
-    parts_.chartStep();
+    Transaction transaction(parts_, 1, Announce::EachValue, true);
+    {
+        const BusyScope busy(parts_.busy);
+        ChangeOne(transaction, cell, before, text);
+        Record(transaction);
+        DrawChart();
+    }
+    Tell(transaction.failures);
+}
+
+template <class Body>
+bool ValueEntry::RunBulk(std::size_t count, bool withFixed, const Body& body) {
+    Failures failures;
+    std::optional<std::string> broken;
+    {
+        const Announce announce = AnnounceFor(count);
+        const BulkAnnouncement bulk(parts_, announce, count);
+        const BusyScope busy(parts_.busy);
+        const RedrawHeld held(parts_.grid);
+        std::optional<Transaction> transaction;
+        broken = ErrorTextOf(
+            [&] { transaction.emplace(parts_, count, announce, withFixed || announce == Announce::EachValue); });
+        if (broken) {
+            failures.Add(failures.notStored, *broken, static_cast<int>(count));
+        } else {
+            body(*transaction);
+            failures = transaction->failures;
+        }
+        if (transaction && transaction->changed) {
+            DrawChart();
+            if (announce == Announce::Silently) {
+                parts_.hostUpdate.StartUpdate();
+            }
+        }
+    }
+    Tell(failures);
+    return !broken;
 }
 
 BulkResult ValueEntry::ChangeCells(std::span<const NewValue> values) {
     BulkResult result;
-    const Announce announce = AnnounceFor(values.size());
-    const BulkAnnouncement bulk(parts_, announce, values.size());
-    const BusyScope busy(parts_.busy);
-    const RedrawHeld held(parts_.grid);
-    Transaction transaction(parts_.tables, values.size(), announce);
-    for (const NewValue& next : values) {
-        const std::string* text = next.value.TextIf();
-        const Refusal refusal = text ? RefusalOf(parts_.grid, next.cell, *text) : RefusalOf(parts_.grid, next.cell);
-        const CellKey key = parts_.grid.KeyOf(next.cell);
+    if (values.empty()) {
+        return result;
+    }
+    const GridControl& grid = parts_.grid;
+    const bool withFixed = std::any_of(values.begin(), values.end(), [&](const NewValue& next) {
+        return !IsPlanningCell({grid.Column(next.cell.column).key, grid.Row(next.cell.row).key});
+    });
+    const bool ran = RunBulk(values.size(), withFixed, [&](Transaction& transaction) {
+        ChangeAll(transaction, values, result);
+        Record(transaction);
+    });
+    result.failed += ran ? 0 : static_cast<int>(values.size());
+    return result;
+}
+
+void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> values, BulkResult& result) {
+    const GridControl& grid = parts_.grid;
+    const std::uint64_t built = grid.BuildVersion();
+    std::vector<CellKey> keys;
+    if (transaction.heard) {
+        for (const NewValue& next : values) {
+            keys.push_back(grid.KeyOf(next.cell));
+        }
+    }
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const Variant& value = values[i].value;
+        std::optional<Cell> cell = values[i].cell;
+        if (grid.BuildVersion() != built) {
+            cell = i < keys.size() ? grid.FindCell(keys[i]) : std::nullopt;
+        }
+        if (!cell) {
+            transaction.failures.Add(transaction.failures.notStored, "The cell is no longer there");
+            ++result.failed;
+            continue;
+        }
+        const std::string* text = value.TextIf();
+        const Refusal refusal = text ? RefusalOf(grid, *cell, *text) : RefusalOf(grid, *cell);
+        const CellKey key = grid.KeyOf(*cell);
         if (refusal == Refusal::None) {
-            ChangeOne(transaction, key, next.value, announce);
-            ++result.changed;
+            const std::string shown = IsPlanningCell(key) ? std::string() : grid.Contents(*cell);
+            ++(ChangeOne(transaction, key, shown, value) ? result.changed : result.failed);
             continue;
         }
         ++(refusal == Refusal::NoNumber ? result.noNumber : result.readOnly);
@@ -138,14 +222,6 @@ BulkResult ValueEntry::ChangeCells(std::span<const NewValue> values) {
             result.firstRefused = key;
         }
     }
-    parts_.history.Record(std::move(transaction.step));
-    if (result.changed > 0) {
-        parts_.chartStep();
-        if (announce == Announce::Silently) {
-            parts_.hostUpdate.StartUpdate();
-        }
-    }
-    return result;
 }
 
 void ValueEntry::Undo() {
@@ -162,18 +238,55 @@ void ValueEntry::Redo() {
 
 void ValueEntry::Apply(const UndoStep& step, bool backwards) {
     const UndoStep changes = step;  // the host may end the history from inside an event
-    const Announce announce = AnnounceFor(changes.size());
-    const BulkAnnouncement bulk(parts_, announce, changes.size());
-    const BusyScope busy(parts_.busy);
-    const RedrawHeld held(parts_.grid);
-    Transaction transaction(parts_.tables, changes.size(), announce);
-    for (std::size_t i = 0; i < changes.size(); ++i) {
-        const CellChange& change = changes[backwards ? changes.size() - 1 - i : i];
-        ChangeOne(transaction, change.cell, backwards ? change.before : change.after, announce);
+    const std::uint64_t history = parts_.history.Generation();
+    std::vector<bool> failed(changes.size(), true);
+    const bool withFixed = std::any_of(changes.begin(), changes.end(),
+                                       [](const CellChange& change) { return !IsPlanningCell(change.cell); });
+    RunBulk(changes.size(), withFixed, [&](Transaction& transaction) {
+        for (std::size_t i = 0; i < changes.size(); ++i) {
+            const std::size_t place = backwards ? changes.size() - 1 - i : i;
+            const CellChange& change = changes[place];
+            const std::optional<Cell> cell = parts_.grid.FindCell(change.cell);
+            const std::string shown = cell ? parts_.grid.Contents(*cell) : std::string();
+            failed[place] = !ChangeOne(transaction, change.cell, shown, backwards ? change.before : change.after);
+        }
+        const bool anyFailed = std::find(failed.begin(), failed.end(), true) != failed.end();
+        if (anyFailed && parts_.history.Generation() == history) {
+            parts_.history.PutBack(failed);
+        }
+        GoTo(changes);
+    });
+}
+
+/// Makes the first of the changed cells the current one, and selects them all where they form a block.
+void ValueEntry::GoTo(const UndoStep& changes) {
+    GridControl& grid = parts_.grid;
+    std::optional<Cell> first;
+    std::optional<Cell> last;
+    std::size_t shown = 0;
+    for (const CellChange& change : changes) {
+        const std::optional<Cell> cell = grid.FindCell(change.cell);
+        if (!cell || grid.Column(cell->column).hidden || grid.Row(cell->row).hidden) {
+            continue;
+        }
+        ++shown;
+        const auto comesBefore = [&](Cell left, Cell right) {
+            return grid.OrderOf(left.row) != grid.OrderOf(right.row)
+                       ? grid.OrderOf(left.row) < grid.OrderOf(right.row)
+                       : grid.OrderOf(left.column) < grid.OrderOf(right.column);
+        };
+        first = !first || comesBefore(*cell, *first) ? cell : first;
+        last = !last || comesBefore(*last, *cell) ? cell : last;
     }
-    parts_.chartStep();
-    if (announce == Announce::Silently) {
-        parts_.hostUpdate.StartUpdate();
+    if (!first) {
+        return;
+    }
+    grid.SelectCell(*first, SelectionMode::Replace);
+    if (*first != *last) {
+        grid.SelectCell(*last, SelectionMode::Extend);
+        if (CellsOfSelection(grid).size() != shown) {
+            grid.SelectCell(*first, SelectionMode::Replace);
+        }
     }
 }
 
@@ -181,37 +294,55 @@ ValueEntry::Announce ValueEntry::AnnounceFor(std::size_t count) const {
     return count == 1 || parts_.settings.singleValue != 0 ? Announce::EachValue : Announce::Silently;
 }
 
-void ValueEntry::ChangeOne(Transaction& transaction, const CellKey& cell, const Variant& value, Announce announce) {
-    parts_.keys.column = cell.column;
-    parts_.keys.row = cell.row;
-    std::string parameter;
-    if (TraceEnabled) {
-        parameter = TraceText("{cid: ", cell.column, " - rid: ", cell.row, " - value: ", Shown(value), "}").Text();
-        TraceStep("ContentsChanged", parameter);
-    }
-    std::optional<CellChange> change;
-    const std::optional<std::string> error = ErrorTextOf([&] {
-        change = TakeOver(transaction, cell, value, announce);
-        modGrid::Contents(parts_.grid, cell, EnteredText(cell, value), true);
-    });
-    if (error) {
-        ShowWhatTabHolds(cell);
-        TellNotStored(*error);
-        throw AutomationError(AutomationErrorCode::Failed, *error);
-    }
-    if (change) {
-        transaction.step.push_back(std::move(*change));
+/// A rebuild within the action has ended the history that it would have belonged to.
+void ValueEntry::Record(Transaction& transaction) {
+    if (parts_.history.Generation() == transaction.history) {
+        parts_.history.Record(std::move(transaction.step));
     }
 }
 
-std::optional<CellChange> ValueEntry::TakeOver(Transaction& transaction, CellKeyView keys, const Variant& value,
-                                               Announce announce) {
+void ValueEntry::DrawChart() noexcept {
+    ErrorTrap("CHART", "ContentsChanged", parts_.chartStep);
+}
+
+/// False when the value is not in TAB.
+bool ValueEntry::ChangeOne(Transaction& transaction, const CellKey& cell, const std::string& shown,
+                           const Variant& value) {
+    parts_.keys.column = cell.column;
+    parts_.keys.row = cell.row;
+    if (TraceEnabled) {
+        TraceStep("ContentsChanged",
+                  TraceText("{cid: ", cell.column, " - rid: ", cell.row, " - value: ", Shown(value), "}"));
+    }
+    const std::size_t before = transaction.step.size();
+    const auto show = [&] { modGrid::Contents(parts_.grid, cell, EnteredText(cell, value), true); };
+    const std::optional<std::string> error = ErrorTextOf([&] {
+        TakeOver(transaction, cell, shown, value);
+        show();
+    });
+    Failures& failures = transaction.failures;
+    if (error && transaction.step.size() == before) {
+        ShowAgain(transaction, cell, shown);
+        failures.Add(failures.notStored, *error);
+        return false;
+    }
+    if (error) {
+        ResumeNext(show);
+        failures.Add(failures.withoutOldValue, *error);
+    }
+    transaction.changed = true;
+    return true;
+}
+
+void ValueEntry::TakeOver(Transaction& transaction, CellKeyView keys, const std::string& shown, const Variant& value) {
     const KeyPositions at = transaction.lookup.PositionsOf(keys);
     const auto isFixed = [](std::string_view key) { return key.starts_with("F"); };
-    if (!at.planning && !isFixed(keys.column) && !isFixed(keys.row)) {
-        return std::nullopt;
+    const bool fixed = isFixed(keys.column) || isFixed(keys.row);
+    if (!at.planning && !fixed) {
+        return;
     }
-    if (announce == Announce::EachValue) {
+    // Which fixed cell it was and what it holds now stands in no table.
+    if (transaction.announce == Announce::EachValue || fixed) {
         if (TraceEnabled) {
             TraceStep("ValueChanged fired",
                       TraceText("{cid: ", keys.column, " - rid: ", keys.row, " - value: ", Shown(value), "}"));
@@ -219,10 +350,10 @@ std::optional<CellChange> ValueEntry::TakeOver(Transaction& transaction, CellKey
         const std::array<Variant, 5> arguments{at.column, keys.column, at.row, keys.row, value};
         parts_.events.Raise(EventId::GridValueChanged, arguments);
     }
-    CellChange change{{std::string(keys.column), std::string(keys.row)}, {}, value};
-    change.before = StoreInTab(transaction.tab, at, value);
-    KeepInTabOld(transaction.tabOld, at, change.before);
-    return change;
+    const Variant before = StoreInTab(transaction.tab, at, value);
+    transaction.step.push_back(
+        {{std::string(keys.column), std::string(keys.row)}, fixed ? Variant(shown) : before, value});
+    KeepInTabOld(transaction.tabOld, at, before);
 }
 
 /// Returns what TAB held before.
@@ -252,18 +383,37 @@ void ValueEntry::KeepInTabOld(CellTable& tabOld, const KeyPositions& at, const V
     }
 }
 
-void ValueEntry::TellNotStored(const std::string& error) noexcept {
+void ValueEntry::Tell(const Failures& failures) noexcept {
+    if (failures.error.empty()) {
+        return;
+    }
+    TraceError("GRIDCTL", "ContentsChanged", failures.error);
     ResumeNext([&] {
-        parts_.messageBoxes.Show({"The value could not be stored; the cell shows again what the table holds.\n" + error,
-                                  "Grid", MessageButtons::Ok, MessageIcon::Exclamation, MessageAnswer::Ok});
+        std::string text;
+        if (failures.notStored == 1) {
+            text = "The value could not be stored; the cell shows again what the table holds.\n";
+        } else if (failures.notStored > 1) {
+            text = std::to_string(failures.notStored) +
+                   " values could not be stored; their cells show again what the table holds.\n";
+        }
+        if (failures.withoutOldValue > 0) {
+            text +=
+                "What a cell held before could not be kept; the new value is stored, but not as a pending change.\n";
+        }
+        parts_.messageBoxes.Show(
+            {text + failures.error, "Grid", MessageButtons::Ok, MessageIcon::Exclamation, MessageAnswer::Ok});
     });
 }
 
-void ValueEntry::ShowWhatTabHolds(const CellKey& cell) noexcept {
+void ValueEntry::ShowAgain(Transaction& transaction, const CellKey& cell, const std::string& shown) noexcept {
     ResumeNext([&] {
-        CellTable tab(parts_.tables.TAB, CellTable::Lookup::Walk);
-        const HostTable::Row row = tab.Find(modGrid::PositionOf(cell.row), modGrid::PositionOf(cell.column));
-        modGrid::Contents(parts_.grid, cell, row == 0 ? std::string() : CellText(tab.Value(row)), true);
+        std::string text = shown;
+        if (IsPlanningCell(cell)) {
+            const HostTable::Row row =
+                transaction.tab.Find(modGrid::PositionOf(cell.row), modGrid::PositionOf(cell.column));
+            text = row == 0 ? std::string() : CellText(transaction.tab.Value(row));
+        }
+        modGrid::Contents(parts_.grid, cell, text, true);
     });
 }
 

@@ -46,6 +46,7 @@ struct NewValue {
 /// What became of a bulk change.
 struct BulkResult {
     int changed = 0;
+    int failed = 0;    ///< not stored because a table failed; the user has been told
     int readOnly = 0;  ///< refused: read-only cells, text lines and headings
     int noNumber = 0;  ///< refused: a text that is no number
     /// The first refused cell, to be named to the user.
@@ -56,19 +57,22 @@ struct BulkResult {
 /// The one way by which a value that the user changes reaches the host: TAB, TAB_OLD, `GridValueChanged`, the chart,
 /// the undo history. Typing, deleting, pasting, filling and undoing all come through here.
 ///
-/// A table that fails (it is not set, it throws) ends the change with an error; the cell then shows again what TAB
-/// holds.
+/// A table that fails (it is not set, it throws) leaves the cell with what it held before, which the grid then shows
+/// again; the other cells of the action are changed all the same. What was changed is recorded, drawn and announced
+/// whatever failed beside it. The user is told once and the trace has one entry of the error.
 class ValueEntry {
 public:
     explicit ValueEntry(ValueEntryParts parts) : parts_(std::move(parts)) {}
 
-    /// Handles the grid's event: the user gave a cell this text, which the grid already shows.
-    void ContentsChanged(CellKeyView keys, const std::string& text);
+    /// Handles the grid's event: the user gave a cell this text, which the grid already shows, in the place of
+    /// `before`.
+    void ContentsChanged(CellKeyView keys, const std::string& text, const std::string& before);
 
     /// Gives many cells their values as one action: one repaint, one chart step, one undo step. `SINGLEVALUE` decides
     /// whether the host hears `GridValueChanged` for each cell or one `GridStartUpdate` at the end; one value alone is
-    /// always announced by `GridValueChanged`. Cells that may not change, and values that do not fit, are left out and
-    /// counted.
+    /// always announced by `GridValueChanged`, and so is every fixed cell's, which no table keeps. Cells that may not
+    /// change, and values that do not fit, are left out and counted. The host may build the grid anew when it hears of
+    /// a value; the others then go to the cells of the same keys.
     BulkResult ChangeCells(std::span<const NewValue> values);
 
     /// Takes back or repeats the user's last action; nothing where there is none.
@@ -77,17 +81,26 @@ public:
 
 private:
     enum class Announce { EachValue, Silently };
+    struct Failures;
     class Transaction;
     class BulkAnnouncement;
 
+    /// Runs the body with a transaction, as one action; whatever fails, it comes to its proper end. False when there
+    /// could be no transaction.
+    template <class Body>
+    bool RunBulk(std::size_t count, bool withFixed, const Body& body);
+    void ChangeAll(Transaction& transaction, std::span<const NewValue> values, BulkResult& result);
     void Apply(const UndoStep& step, bool backwards);
-    void ChangeOne(Transaction& transaction, const CellKey& cell, const Variant& value, Announce announce);
-    std::optional<CellChange> TakeOver(Transaction& transaction, CellKeyView keys, const Variant& value,
-                                       Announce announce);
+    void GoTo(const UndoStep& changes);
+    /// `shown` is what a fixed cell showed before: TAB does not keep it.
+    bool ChangeOne(Transaction& transaction, const CellKey& cell, const std::string& shown, const Variant& value);
+    void TakeOver(Transaction& transaction, CellKeyView keys, const std::string& shown, const Variant& value);
+    void Record(Transaction& transaction);
+    void DrawChart() noexcept;
     Variant StoreInTab(CellTable& tab, const KeyPositions& at, const Variant& value);
     void KeepInTabOld(CellTable& tabOld, const KeyPositions& at, const Variant& before);
-    void ShowWhatTabHolds(const CellKey& cell) noexcept;
-    void TellNotStored(const std::string& error) noexcept;
+    void ShowAgain(Transaction& transaction, const CellKey& cell, const std::string& shown) noexcept;
+    void Tell(const Failures& failures) noexcept;
     [[nodiscard]] Announce AnnounceFor(std::size_t count) const;
 
     ValueEntryParts parts_;

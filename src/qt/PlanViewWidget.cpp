@@ -71,6 +71,10 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
             Q_EMIT severalValuesAnnounced();
         }
     });
+    state_->core->view.SetHintListener([this](const Cell& cell, std::string_view reason) {
+        return isVisible() && state_->grid->editor().tell(
+                                  cell, QString::fromUtf8(reason.data(), static_cast<qsizetype>(reason.size())));
+    });
     state_->grid->setHistory({[this] { undo(); }, [this] { redo(); }});
     const auto valuesChanged = [this] { state_->status->valuesChanged(); };
     connect(this, &PlanViewWidget::GridValueChanged, state_->status, valuesChanged);
@@ -86,6 +90,7 @@ PlanViewWidget::~PlanViewWidget() {
     delete state_->panes;
     // The control itself may have to wait for a member that is being called; its work ends here.
     state_->core->view.SetBulkListener({});
+    state_->core->view.SetHintListener({});
     state_->core->view.RemoveSink(state_->core->sink);
     state_->core->view.Terminate();
 }
@@ -155,7 +160,7 @@ QSize PlanViewWidget::minimumSizeHint() const {
 
 // --- Commands
 
-void PlanViewWidget::runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&)) {
+void PlanViewWidget::runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&), Sight sight) {
     GridEditor& editor = state_->grid->editor();
     if (editor.isOpen() && inEditor) {
         inEditor(*editor.line());
@@ -166,9 +171,14 @@ void PlanViewWidget::runCommand(void (PlanView::*command)(), void (*inEditor)(QL
     if (finishEditing() && self) {
         (core->view.*command)();
     }
-    if (self) {
-        state_->status->gridChanged();
+    if (!self) {
+        return;
     }
+    const std::optional<Cell> current = core->view.Grid().CurrentCell();
+    if (sight == Sight::CurrentCell && current) {
+        state_->grid->ensureVisible(*current);
+    }
+    state_->status->gridChanged();
 }
 
 bool PlanViewWidget::canUndo() const {
@@ -180,11 +190,13 @@ bool PlanViewWidget::canRedo() const {
 }
 
 void PlanViewWidget::undo() {
-    runCommand(&PlanView::Undo, [](QLineEdit& line) { line.undo(); });
+    runCommand(
+        &PlanView::Undo, [](QLineEdit& line) { line.undo(); }, Sight::CurrentCell);
 }
 
 void PlanViewWidget::redo() {
-    runCommand(&PlanView::Redo, [](QLineEdit& line) { line.redo(); });
+    runCommand(
+        &PlanView::Redo, [](QLineEdit& line) { line.redo(); }, Sight::CurrentCell);
 }
 
 void PlanViewWidget::copy() {
@@ -237,6 +249,14 @@ void PlanViewWidget::showSelectedColumnsInChart() {
 
 void PlanViewWidget::showSelectedRowsInChart() {
     runCommand(&PlanView::ShowSelectedRowsInChart, nullptr);
+}
+
+bool PlanViewWidget::isReadOnly() const {
+    return state_->core->view.IsLocked();
+}
+
+void PlanViewWidget::setReadOnly(bool readOnly) {
+    state_->core->view.SetLocked(readOnly);
 }
 
 bool PlanViewWidget::finishEditing() {

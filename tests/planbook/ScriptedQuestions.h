@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,9 @@ public:
     }
     [[nodiscard]] Keep whoseValues(const std::vector<DisputedCell>& cells) override {
         disputes.push_back(cells);
+        if (whileAsking) {
+            whileAsking();
+        }
         return keep;
     }
 
@@ -34,6 +38,7 @@ public:
     int chosenLine = 0;
     std::optional<double> number;
     std::string asked;
+    std::function<void()> whileAsking;
     bool revert = true;
     Keep keep = Keep::Mine;
     int revertAsked = 0;

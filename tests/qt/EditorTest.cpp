@@ -48,11 +48,11 @@ private slots:
         row("Delete empties at once", "<Delete>", "", "2,2=", "COL2/ROW2=", "COL2/ROW2");
         row("a refused text can be mended", "1x<Enter><Backspace>2<Enter>", "12", "2,2=12", "COL2/ROW2=12 return",
             "COL2/ROW3");
-        row("undo", "5<Enter><Ctrl+Z>", "22", "", "COL2/ROW2=5 return COL2/ROW2=22", "COL2/ROW3");
+        row("undo goes back to the cell", "5<Enter><Ctrl+Z>", "22", "", "COL2/ROW2=5 return COL2/ROW2=22", "COL2/ROW2");
         row("redo", "5<Enter><Ctrl+Z><Ctrl+Y>", "5", "2,2=5", "COL2/ROW2=5 return COL2/ROW2=22 COL2/ROW2=5",
-            "COL2/ROW3");
+            "COL2/ROW2");
         row("redo by its other key", "5<Enter><Ctrl+Z><Ctrl+Shift+Z>", "5", "2,2=5",
-            "COL2/ROW2=5 return COL2/ROW2=22 COL2/ROW2=5", "COL2/ROW3");
+            "COL2/ROW2=5 return COL2/ROW2=22 COL2/ROW2=5", "COL2/ROW2");
         row("undo in the entry is about the entry", "<F2>1<Ctrl+Z><Enter>", "22", "", "return", "COL2/ROW3");
         row("copy and paste", "<Ctrl+C><Right><Ctrl+V>", "22", "2,3=22", "COL3/ROW2=22", "COL3/ROW2");
         row("cut", "<Ctrl+X>", "", "2,2=", "COL2/ROW2=", "COL2/ROW2");
@@ -107,7 +107,8 @@ private slots:
         QFETCH(QString, place);
         QFETCH(QString, message);
         Screen screen;
-        for (const char* keys : {"5", "<F2>", "<Backspace>"}) {
+        QApplication::clipboard()->setText(QStringLiteral("5"));
+        for (const char* keys : {"5", "<F2>", "<Backspace>", "<Delete>", "<Ctrl+V>"}) {
             screen.goTo(place);
             Screen::press(QString::fromLatin1(keys));
             QVERIFY2(!screen.editor(), keys);
@@ -119,6 +120,34 @@ private slots:
         QVERIFY(!screen.editor());
         QVERIFY(screen.view().editor().message().contains(message));
         QCOMPARE(screen.rows(screen.tables.tab), QString());
+        QVERIFY2(screen.platform.messages.empty(), "no box for a single cell");
+    }
+
+    void aReadOnlyViewTakesNothing() {
+        Screen screen;
+        screen.widget->setReadOnly(true);
+        screen.widget->DP_Import_Update();
+        screen.goTo(QStringLiteral("COL2/ROW2"));
+        Screen::press(QStringLiteral("5"));
+        QVERIFY(!screen.editor());
+        QVERIFY(screen.view().editor().message().contains(QStringLiteral("reading only")));
+        screen.widget->setReadOnly(false);
+        Screen::press(QStringLiteral("5<Enter>"));
+        QCOMPARE(screen.rows(screen.tables.tab), QStringLiteral("2,2=5"));
+    }
+
+    void undoComesIntoSight() {
+        Screen screen;
+        screen.widget->resize(420, 150);
+        screen.goTo(QStringLiteral("COL1/ROW1"));
+        Screen::press(QStringLiteral("5<Enter>"));
+        screen.goTo(QStringLiteral("COL4/ROW5"));
+        const QRect port = screen.port()->rect();
+        QVERIFY(!port.contains(screen.view().cellRect(screen.cell(QStringLiteral("COL1/ROW1")))) ||
+                screen.view().cellRect(screen.cell(QStringLiteral("COL1/ROW1"))).isEmpty());
+        Screen::press(QStringLiteral("<Ctrl+Z>"));
+        const QRect cell = screen.view().cellRect(screen.cell(QStringLiteral("COL1/ROW1")));
+        QVERIFY(!cell.isEmpty() && port.contains(cell));
     }
 
     void aDoubleClickEditsAndTellsTheHost() {
@@ -247,7 +276,7 @@ private slots:
         QApplication::clipboard()->setMimeData(data);
         screen.goTo(QStringLiteral("COL2/ROW1"));
         Screen::press(QStringLiteral("<Ctrl+V>"));
-        QCOMPARE(screen.rows(screen.tables.tab), QStringLiteral("1,2=1.234,5 1,3=2 2,2=3"));
+        QCOMPARE(screen.rows(screen.tables.tab), QStringLiteral("1,2=1234,5 1,3=2 2,2=3"));
         QCOMPARE(screen.contents(QStringLiteral("COL2/ROW1")), QStringLiteral("1234,5"));
         QCOMPARE(screen.heard, QStringList{QStringLiteral("update")});
         QCOMPARE(screen.platform.messages.size(), std::size_t{1});

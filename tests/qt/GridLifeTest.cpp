@@ -28,7 +28,7 @@ class ChoosyDeleter final : public ReportLog {
 public:
     ChoosyDeleter(GridOnScreen& screen, QString event) : screen_(screen), event_(std::move(event)) {}
     void SelectionChanged(const CellKey&, bool) override {}
-    void ContentsChanged(const CellKey&, const std::string&) override { heard("ContentsChanged"); }
+    void ContentsChanged(const CellKey&, const std::string&, const std::string&) override { heard("ContentsChanged"); }
     void StayCell() override { heard("StayCell"); }
     void SimpleClick(const CellKey&) override { heard("SimpleClick"); }
     void MouseDown(const CellKey&, std::int16_t, std::int16_t) override { heard("MouseDown"); }

@@ -1,4 +1,5 @@
 #include <QCursor>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -84,6 +85,39 @@ private slots:
         QVERIFY(screen.isSelected("", "ROW2") && screen.isSelected("", "ROW3"));
         QTest::mouseClick(screen.port(), Qt::LeftButton, Qt::NoModifier, screen.middle(screen.cell("FLC0", "FTR0")));
         QVERIFY(screen.isSelected("COL20", "") && screen.isSelected("", "ROW40"));
+    }
+
+    /// The press brings the whole cell into sight and so another one under the pointer.
+    void aCellThatIsCutOffIsTheOneThatIsMeant() {
+        Screen screen;
+        screen.view().resize(680, 393);
+        const QPoint end(screen.view().cellRect(screen.cell("FRC1", "ROW1")).left(),
+                         screen.view().cellRect(screen.cell("COL1", "FBR1")).top());
+        const QPoint place = end - QPoint(6, 3);
+        const auto isUnder = [&](int column, int row) {
+            return screen.view().cellRect(screen.cell(column, row)).contains(place);
+        };
+        int number = 0;
+        while (number < Screen::Columns * Screen::Rows - 1 &&
+               !isUnder(number / Screen::Rows + 1, number % Screen::Rows + 1)) {
+            ++number;
+        }
+        const int column = number / Screen::Rows + 1;
+        const int row = number % Screen::Rows + 1;
+        const std::string columnKey = "COL" + std::to_string(column);
+        const std::string rowKey = "ROW" + std::to_string(row);
+        QTest::mousePress(screen.port(), Qt::LeftButton, Qt::NoModifier, place);
+        QVERIFY2(firstColumn(screen) == "COL2" && firstRow(screen) == "ROW2", "both were cut off");
+        moveMouse(screen.port(), place + QPoint(1, 1), Qt::LeftButton);
+        QTest::mouseRelease(screen.port(), Qt::LeftButton, Qt::NoModifier, place + QPoint(1, 1));
+        QCOMPARE(screen.grid().Selection().Ranges().size(), std::size_t{1});
+        QVERIFY2(screen.grid().SelectionEnd() == screen.grid().CurrentCell(),
+                 "a pointer that trembles selects nothing");
+        QTest::mouseDClick(screen.port(), Qt::LeftButton, Qt::NoModifier, place + QPoint(1, 0));
+        QCOMPARE(screen.log().actions.back(), "DoubleClick " + columnKey + "/" + rowKey);
+        QVERIFY(screen.view().editor().isOpen());
+        QCOMPARE(screen.view().editor().line()->text(), QString("%1,%2").arg(column).arg(row));
+        QCOMPARE(screen.current().toStdString(), columnKey + "/" + rowKey);
     }
 
     /// The menu that follows is about what was clicked.

@@ -153,7 +153,9 @@ public:
     void ShowHiddenRows(const std::vector<std::string>& rows) override { Show("ShowHiddenRows", rows); }
     void FocusIn() override { events.emplace_back("FocusIn"); }
     void FocusOut() override { events.emplace_back("FocusOut"); }
-    void ContentsChanged(const CellKey& cell, const std::string& text) override { Act("ContentsChanged", cell, text); }
+    void ContentsChanged(const CellKey& cell, const std::string& text, const std::string&) override {
+        Act("ContentsChanged", cell, text);
+    }
     void StayCell() override { actions.emplace_back("StayCell"); }
     void DoubleClick(const CellKey& cell) override {
         Act("DoubleClick", cell, "");

@@ -1,8 +1,10 @@
 #include "app/BookSession.h"
 
+#include <QApplication>
 #include <algorithm>
 #include <chrono>
 #include <iterator>
+#include <string>
 #include <utility>
 
 #include <planview/qt/PlanViewWidget.h>
@@ -10,6 +12,7 @@
 #include "app/Questions.h"
 #include "book/BookError.h"
 #include "book/CellValue.h"
+#include "book/FixedCell.h"
 #include "book/LineCaption.h"
 
 namespace planbook {
@@ -21,6 +24,7 @@ using planview::Variant;
 namespace {
 
 constexpr std::chrono::seconds WatchInterval{1};
+constexpr std::chrono::milliseconds WaitInterval{50};
 
 using Setter = short (PlanViewWidget::*)(const ObjectRef&);
 
@@ -68,6 +72,11 @@ Variant toVariant(const QVariant& value) {
     }
 }
 
+/// TAB notes an edit of a fixed cell at a place that no planning cell has.
+bool isOfFixedCell(const CellEdit& edit) {
+    return edit.cell.row == 0 || edit.cell.column == 0;
+}
+
 QString toText(const Variant& value) {
     return QString::fromStdString(value.AsText());
 }
@@ -77,13 +86,16 @@ QString toText(const Variant& value) {
 BookSession::BookSession(PlanViewWidget& view, Questions& questions, QObject* parent)
     : QObject(parent), view_(view), questions_(questions) {
     connect(&view_, &PlanViewWidget::GridValueChanged, this,
-            [this](short column, const QString& /*columnKey*/, short row, const QString& /*rowKey*/,
-                   const QVariant& value) { valueChanged(column, row, value); });
+            [this](short column, const QString& columnKey, short row, const QString& rowKey, const QVariant& value) {
+                valueChanged({row, column}, columnKey, rowKey, value);
+            });
     connect(&view_, &PlanViewWidget::severalValuesAnnounced, this, &BookSession::severalAnnounced);
     connect(&view_, &PlanViewWidget::GridStartUpdate, this, &BookSession::tablesChanged);
     connect(&view_, &PlanViewWidget::GridReturnKeyPressed, this, &BookSession::tablesChanged);
     connect(&watch_, &QTimer::timeout, this, &BookSession::watch);
     watch_.setInterval(WatchInterval);
+    later_.setSingleShot(true);
+    connect(&later_, &QTimer::timeout, this, &BookSession::tryAfterwards);
 }
 
 BookSession::~BookSession() = default;
@@ -97,6 +109,8 @@ void BookSession::open(const std::filesystem::path& file) {
     snapshot_ = BookSnapshot(book_);
     afterwards_ = Afterwards::Nothing;
     announced_ = {};
+    dismissed_.reset();
+    view_.setReadOnly(isReadOnly());
     setChangedElsewhere(false);
     show();
     watch_.start();
@@ -130,11 +144,15 @@ void BookSession::show() {
 
 // --- Saving
 
-void BookSession::valueChanged(short column, short row, const QVariant& value) {
-    const CellPlace cell{row, column};
+void BookSession::valueChanged(CellPlace cell, const QString& columnKey, const QString& rowKey, const QVariant& value) {
     const Variant before = snapshot_.ValueOf(cell);
     announced_.cells.push_back({cell, before, toVariant(value)});
     announced_.oldValues.push_back({cell, before});
+    const std::string columnName = columnKey.toStdString();
+    const std::string rowName = rowKey.toStdString();
+    if (IsFixedCell(columnName, rowName)) {
+        PutFixedCell(book_, columnName, rowName, toVariant(value));
+    }
     if (!view_.isAnnouncingSeveral()) {
         severalAnnounced();
     }
@@ -142,9 +160,15 @@ void BookSession::valueChanged(short column, short row, const QVariant& value) {
 
 void BookSession::severalAnnounced() {
     BookChanges changes = std::exchange(announced_, {});
-    if (!changes.IsEmpty()) {
-        commit(changes);
+    if (changes.IsEmpty()) {
+        return;
     }
+    if (std::any_of(changes.cells.begin(), changes.cells.end(), isOfFixedCell)) {
+        if (std::optional<TableEdits> texts = snapshot_.EditsOf(book_, BookTable::FixedTab)) {
+            changes.tables.push_back(std::move(*texts));
+        }
+    }
+    commit(changes);
 }
 
 void BookSession::tablesChanged() {
@@ -152,7 +176,8 @@ void BookSession::tablesChanged() {
         return;  // the tables hold what the file refused
     }
     BookChanges changes = snapshot_.ChangesIn(book_);
-    if (changes.IsEmpty() || (isReadOnly() && changes.IsViewOnly())) {
+    // Sizes and hidden lines of a book that cannot be written last as long as it is shown.
+    if (changes.IsEmpty() || (isReadOnly() && changes.cells.empty())) {
         return;
     }
     commit(changes);
@@ -191,6 +216,11 @@ void BookSession::decide(BookChanges& changes, const std::vector<CellConflict>& 
                 old.value = isDisputed(old) ? conflict.theirs : old.value;
             }
         } else {
+            if (std::any_of(changes.cells.begin(), changes.cells.end(),
+                            [&](const CellEdit& edit) { return isDisputed(edit) && isOfFixedCell(edit); })) {
+                std::erase_if(changes.tables,
+                              [](const TableEdits& edits) { return edits.table == BookTable::FixedTab; });
+            }
             std::erase_if(changes.cells, isDisputed);
             std::erase_if(changes.oldValues, isDisputed);
             afterwards(Afterwards::Reload, {});
@@ -251,9 +281,17 @@ bool BookSession::change(const std::function<bool(const Book&)>& work) {
 // --- Other windows
 
 void BookSession::watch() {
-    if (isOpen() && !busy_ && !changedElsewhere_ && store_->IsChangedElsewhere()) {
+    if (isOpen() && !busy_ && !changedElsewhere_ && store_->IsChangedElsewhere() &&
+        (!dismissed_ || *dismissed_ != store_->CurrentStamp())) {
         setChangedElsewhere(true);
     }
+}
+
+void BookSession::dismissChange() {
+    if (isOpen()) {
+        dismissed_ = store_->CurrentStamp();
+    }
+    setChangedElsewhere(false);
 }
 
 void BookSession::setChangedElsewhere(bool changed) {
@@ -271,11 +309,21 @@ QString BookSession::nameOf(CellPlace cell) const {
 
 void BookSession::afterwards(Afterwards what, const QString& failure) {
     if (afterwards_ == Afterwards::Nothing) {
-        QTimer::singleShot(0, this, &BookSession::doAfterwards);
+        later_.start(0);
     }
     if (afterwards_ != Afterwards::ShowSnapshot) {
         afterwards_ = what;
         failure_ = failure;
+    }
+}
+
+/// The view is not built anew under its own feet, nor behind a message that is being read: an event loop within one of
+/// its events comes here, too.
+void BookSession::tryAfterwards() {
+    if (busy_ || view_.isAnnouncingSeveral() || QApplication::activeModalWidget()) {
+        later_.start(WaitInterval);
+    } else {
+        doAfterwards();
     }
 }
 
@@ -290,7 +338,7 @@ bool BookSession::doAfterwards() {
     } else if (what == Afterwards::ShowSnapshot) {
         snapshot_.PutInto(book_);
         rebuild();
-        questions_.tellFailure(failure_ + "\n\nNothing was saved; the table shows again what the book holds.");
+        questions_.tellFailure(failure_ + "\n\nThe change was not saved; the table shows again what the book holds.");
     }
     return what != Afterwards::ShowSnapshot;
 }

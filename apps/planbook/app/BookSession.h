@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "book/Book.h"
 #include "book/BookChanges.h"
@@ -58,6 +59,8 @@ public:
 
     /// Looks whether another window has changed the book; also done once a second.
     void watch();
+    /// The user does not want to know of what has changed so far; a later change is news again.
+    void dismissChange();
 
 Q_SIGNALS:
     void opened();
@@ -65,7 +68,7 @@ Q_SIGNALS:
     void changedElsewhereChanged(bool changed);
 
 private:
-    void valueChanged(short column, short row, const QVariant& value);
+    void valueChanged(CellPlace cell, const QString& columnKey, const QString& rowKey, const QVariant& value);
     /// Writes what was announced cell by cell.
     void severalAnnounced();
     void tablesChanged();
@@ -78,6 +81,7 @@ private:
     enum class Afterwards { Nothing, ShowSnapshot, Reload };
     /// Has it done when the view has ended what it is doing.
     void afterwards(Afterwards what, const QString& failure);
+    void tryAfterwards();
     bool doAfterwards();
 
     void show();
@@ -94,7 +98,9 @@ private:
     BookSnapshot snapshot_;  // what the file held when this window last read or wrote it
     BookChanges announced_;  // of the action that is under way, cell by cell
     QTimer watch_;
+    QTimer later_;
     bool changedElsewhere_ = false;
+    std::optional<BookStore::Stamp> dismissed_;
     bool busy_ = false;  // while the user is being asked
     Afterwards afterwards_ = Afterwards::Nothing;
     QString failure_;

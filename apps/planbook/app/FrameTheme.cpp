@@ -51,7 +51,7 @@ FrameTheme FrameTheme::make(bool dark) {
         "QStatusBar QLabel, #findOutcome { color: %5; }"
         "#selection { padding-right: 8px; }"
         "#findBar { background: %1; border-bottom: 1px solid %3; }"
-        "#noticeBar { background: %4; border-bottom: 1px solid %3; }"
+        "#noticeBar { background: %4; border-top: 1px solid %3; }"
         "QStatusBar QToolButton, #findBar QToolButton, #noticeBar QToolButton"
         " { color: %6; background: transparent; border: 1px solid transparent; border-radius: 4px; padding: 1px 6px; }"
         "QStatusBar QToolButton:hover, #findBar QToolButton:hover { background: %4; }"

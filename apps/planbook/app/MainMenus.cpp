@@ -59,7 +59,7 @@ void MainWindow::buildEditMenu() {
     add("Cu&t\tCtrl+X", &PlanViewWidget::cut);
     add("&Copy\tCtrl+C", &PlanViewWidget::copy);
     add("&Paste\tCtrl+V", &PlanViewWidget::paste);
-    add("&Fill with the current value", &PlanViewWidget::fill);
+    add("&Fill with the first value", &PlanViewWidget::fill);
     add("&Delete\tDel", &PlanViewWidget::deleteContents);
     edit->addSeparator();
     bookActions_->addAction(edit->addAction("F&ind…", QKeySequence::Find, this, &MainWindow::startToFind));

@@ -95,10 +95,12 @@ QWidget* MainWindow::buildBookPage() {
     auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(changedNotice_);
     layout->addWidget(findBar_);
     layout->addWidget(view_, 1);
+    // Below: it comes unasked, and must not move the cells from under the pointer.
+    layout->addWidget(changedNotice_);
     connect(changedNotice_, &NoticeBar::actionPressed, this, &MainWindow::reload);
+    connect(changedNotice_, &NoticeBar::dismissed, session_, &BookSession::dismissChange);
     connect(findBar_, &FindBar::found, view_, &PlanViewWidget::selectCell);
     connect(findBar_, &FindBar::closed, view_, qOverload<>(&QWidget::setFocus));
     return page;
@@ -157,6 +159,7 @@ void MainWindow::bookOpened() {
     bookActions_->setEnabled(true);
     pages_->setCurrentWidget(bookPage_);
     status_->show();
+    status_->setReadOnly(session_->isReadOnly());
     pendingChanged(view_->pendingChanges());
     status_->showSelection();
     view_->setFocus();
@@ -184,8 +187,9 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 void MainWindow::pendingChanged(int count) {
     setWindowModified(count > 0);
     status_->showPendingChanges(count);
-    acceptAction_->setEnabled(count > 0);
-    revertAction_->setEnabled(count > 0);
+    const bool may = count > 0 && !session_->isReadOnly();
+    acceptAction_->setEnabled(may);
+    revertAction_->setEnabled(may);
 }
 
 void MainWindow::startToFind() {

@@ -15,6 +15,7 @@ NoticeBar::NoticeBar(const QString& text, const QString& action, QWidget* parent
     button->setAutoRaise(true);
     auto* end = new QToolButton;
     end->setText("×");
+    end->setObjectName("noticeEnd");
     end->setToolTip("Not now");
     end->setAccessibleName("Not now");
     end->setAutoRaise(true);
@@ -27,7 +28,7 @@ NoticeBar::NoticeBar(const QString& text, const QString& action, QWidget* parent
     layout->addStretch();
     layout->addWidget(end);
     connect(button, &QToolButton::clicked, this, &NoticeBar::actionPressed);
-    connect(end, &QToolButton::clicked, this, &QWidget::hide);
+    connect(end, &QToolButton::clicked, this, &NoticeBar::dismissed);
 }
 
 }  // namespace planbook

@@ -6,7 +6,7 @@ class QLabel;
 
 namespace planbook {
 
-/// A quiet line above the view with something to know and one thing to do about it.
+/// A quiet line at the edge of the view with something to know and one thing to do about it.
 class NoticeBar : public QWidget {
     Q_OBJECT
 
@@ -15,6 +15,7 @@ public:
 
 Q_SIGNALS:
     void actionPressed();
+    void dismissed();
 };
 
 }  // namespace planbook

@@ -22,6 +22,10 @@ QToolButton* linkButton(const QString& text, const QString& toolTip, const QStri
     button->setObjectName(name);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
+    // Or the line would grow with the first pending change, and the view above it shrink.
+    QSizePolicy policy = button->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    button->setSizePolicy(policy);
     return button;
 }
 
@@ -54,9 +58,14 @@ StatusLine::StatusLine(PlanViewWidget& view, QWidget* parent)
 }
 
 void StatusLine::showPendingChanges(int count) {
-    pending_->setText(count == 0 ? QString("No pending changes") : counted(count, "pending change"));
-    accept_->setVisible(count > 0);
-    revert_->setVisible(count > 0);
+    const QString text = count == 0 ? QString("No pending changes") : counted(count, "pending change");
+    pending_->setText(readOnly_ ? "Read-only book" + (count == 0 ? QString() : ", " + text) : text);
+    accept_->setVisible(count > 0 && !readOnly_);
+    revert_->setVisible(count > 0 && !readOnly_);
+}
+
+void StatusLine::setReadOnly(bool readOnly) {
+    readOnly_ = readOnly;
 }
 
 void StatusLine::showSelection() {

@@ -18,6 +18,8 @@ class StatusLine : public QStatusBar {
 public:
     explicit StatusLine(planview::PlanViewWidget& view, QWidget* parent = nullptr);
 
+    /// From the next showPendingChanges() on.
+    void setReadOnly(bool readOnly);
     void showPendingChanges(int count);
     void showSelection();
 
@@ -31,6 +33,7 @@ private:
     QToolButton* accept_;
     QToolButton* revert_;
     QLabel* selection_;
+    bool readOnly_ = false;
 };
 
 }  // namespace planbook

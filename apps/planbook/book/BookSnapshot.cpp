@@ -118,23 +118,34 @@ BookChanges BookSnapshot::ChangesIn(const Book& book) const {
         const MemoryTable& table = book[description.table];
         const BookRows& before = Rows(description.table);
         const auto count = static_cast<std::size_t>(table.RowCount());
-        const bool holdsCells = HoldsCells(description.table);
-        if (count == before.size() || (holdsCells && count > before.size())) {
-            std::vector<FieldEdit> edits = Differences(before, table, description);
-            if (holdsCells && CellsKeptTheirPlaces(edits)) {
-                AddCellChanges(before, table, description, edits, changes);
-                continue;
+        if (!HoldsCells(description.table)) {
+            if (std::optional<TableEdits> edits = EditsOf(book, description.table)) {
+                changes.tables.push_back(std::move(*edits));
             }
-            if (!holdsCells) {
-                if (!edits.empty()) {
-                    changes.tables.push_back({description.table, before.size(), std::move(edits), std::nullopt});
-                }
+            continue;
+        }
+        if (count >= before.size()) {
+            const std::vector<FieldEdit> edits = Differences(before, table, description);
+            if (CellsKeptTheirPlaces(edits)) {
+                AddCellChanges(before, table, description, edits, changes);
                 continue;
             }
         }
         changes.tables.push_back({description.table, before.size(), {}, RowsOf(table, description)});
     }
     return changes;
+}
+
+std::optional<TableEdits> BookSnapshot::EditsOf(const Book& book, BookTable which) const {
+    const TableDescription& description = Describe(which);
+    const MemoryTable& table = book[which];
+    const BookRows& before = Rows(which);
+    if (static_cast<std::size_t>(table.RowCount()) != before.size()) {
+        return TableEdits{which, before.size(), {}, RowsOf(table, description)};
+    }
+    std::vector<FieldEdit> edits = Differences(before, table, description);
+    return edits.empty() ? std::nullopt
+                         : std::optional(TableEdits{which, before.size(), std::move(edits), std::nullopt});
 }
 
 void BookSnapshot::Apply(const BookChanges& changes) {

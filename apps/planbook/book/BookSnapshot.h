@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <unordered_map>
 
 #include <planview/Variant.h>
@@ -20,6 +21,8 @@ public:
     explicit BookSnapshot(const Book& book);
 
     [[nodiscard]] BookChanges ChangesIn(const Book& book) const;
+    /// The same of one table, other than TAB and TAB_OLD, alone.
+    [[nodiscard]] std::optional<TableEdits> EditsOf(const Book& book, BookTable which) const;
     /// The changes have been written to the file.
     void Apply(const BookChanges& changes);
     /// TAB_OLD has been emptied in the file.

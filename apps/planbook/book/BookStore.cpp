@@ -6,6 +6,9 @@
 #include <string>
 #include <utility>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include "book/BookConnection.h"
 #include "book/BookError.h"
 #include "book/BookSnapshot.h"
@@ -61,6 +64,11 @@ qint64 BirthOf(const std::filesystem::path& file) {
     return born.isValid() ? born.toMSecsSinceEpoch() : 0;
 }
 
+/// Whether the process as it runs now may write there; SQLite needs the folder for its journal.
+bool MayWrite(const std::filesystem::path& place) {
+    return faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
 /// Removes a new file again unless it was completed.
 class NewFile {
 public:
@@ -83,7 +91,7 @@ private:
 }  // namespace
 
 BookStore::BookStore(std::unique_ptr<BookConnection> connection, std::filesystem::path file, bool readOnly)
-    : connection_(std::move(connection)), file_(std::move(file)), readOnly_(readOnly), bornAt_(BirthOf(file_)) {}
+    : connection_(std::move(connection)), file_(std::move(file)), readOnly_(readOnly), loaded_{{}, BirthOf(file_)} {}
 BookStore::BookStore(BookStore&&) noexcept = default;
 BookStore& BookStore::operator=(BookStore&&) noexcept = default;
 BookStore::~BookStore() = default;
@@ -91,7 +99,7 @@ BookStore::~BookStore() = default;
 BookStore BookStore::Open(const std::filesystem::path& file) {
     CheckBookHeader(file);
     // A book that may be written is opened for that, so that SQLite can undo what a killed process left half done.
-    const bool writable = QFileInfo(QString::fromStdString(file.string())).isWritable();
+    const bool writable = MayWrite(file) && MayWrite(std::filesystem::absolute(file).parent_path());
     auto connection = std::make_unique<BookConnection>(file, writable ? Access::ReadWrite : Access::ReadOnly);
 
     QSqlQuery check = connection->Run(Work::Open, "PRAGMA quick_check(1)");
@@ -130,7 +138,7 @@ Book BookStore::Load() {
     Book book;
     // One transaction, so that all tables are of the same moment.
     const BookTransaction moment(*connection_, Work::Read);
-    loadedAt_ = connection_->ChangeCounter();
+    loaded_.counter = connection_->ChangeCounter();
     for (const TableDescription& description : BookSchema()) {
         MemoryTable& table = book[description.table];
         QSqlQuery rows = connection_->Run(Work::Read, SelectStatement(description));
@@ -170,10 +178,13 @@ std::vector<CellConflict> BookStore::Write(const BookChanges& changes) {
     return WriteChanges(*connection_, changes);
 }
 
+BookStore::Stamp BookStore::CurrentStamp() const {
+    return {connection_->ChangeCounter(), BirthOf(file_)};
+}
+
 bool BookStore::IsChangedElsewhere() const {
-    const std::optional<qlonglong> counter = connection_->ChangeCounter();
-    const qint64 bornAt = BirthOf(file_);
-    return (counter && counter != loadedAt_) || (bornAt != 0 && bornAt != bornAt_);
+    const Stamp now = CurrentStamp();
+    return (now.counter && now.counter != loaded_.counter) || (now.bornAt != 0 && now.bornAt != loaded_.bornAt);
 }
 
 bool BookStore::EndPendingChanges(OldValues what) {

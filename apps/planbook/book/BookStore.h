@@ -42,6 +42,13 @@ public:
     /// Writes the changes in one transaction, or nothing when there are conflicts.
     [[nodiscard]] std::vector<CellConflict> Write(const BookChanges& changes);
 
+    /// A state of the file as others have left it.
+    struct Stamp {
+        std::optional<qlonglong> counter;  ///< of others' changes; none while the file does not answer
+        qint64 bornAt = 0;  ///< tells the file from another one in its place; 0 where the file system does not say
+        friend bool operator==(const Stamp&, const Stamp&) = default;
+    };
+    [[nodiscard]] Stamp CurrentStamp() const;
     /// Whether somebody else has changed or replaced the book since it was loaded.
     [[nodiscard]] bool IsChangedElsewhere() const;
 
@@ -56,8 +63,7 @@ private:
     std::unique_ptr<BookConnection> connection_;
     std::filesystem::path file_;
     bool readOnly_ = false;
-    qint64 bornAt_ = 0;  // tells the file from another one that took its place; 0 where the file system does not say
-    std::optional<qlonglong> loadedAt_;  // the change counter
+    Stamp loaded_;
 };
 
 /// Opens, loads and closes.

@@ -36,9 +36,13 @@ std::string CellName(const Book& book, CellPlace cell) {
     const MemoryTable& periods = book[BookTable::ColsIndex];
     const std::int32_t line = RowOf(lines, "LINE", cell.row);
     const std::int32_t period = RowOf(periods, "COLUMN", cell.column);
-    const std::string name = line == 0 ? "line " + std::to_string(cell.row) : LineCaption(lines, line);
-    return name + ", " +
-           (period == 0 ? "period " + std::to_string(cell.column) : periods.Value(period, "PERDY").AsText());
+    const auto name = [](std::int32_t position, std::int32_t row, const char* fixed, const char* kind, auto&& text) {
+        return position == 0 ? std::string(fixed) : row == 0 ? kind + std::to_string(position) : text(row);
+    };
+    return name(cell.row, line, "a fixed line", "line ", [&](std::int32_t row) { return LineCaption(lines, row); }) +
+           ", " + name(cell.column, period, "a fixed column", "period ", [&](std::int32_t row) {
+               return periods.Value(row, "PERDY").AsText();
+           });
 }
 
 }  // namespace planbook

@@ -175,6 +175,9 @@ public:
     /// Writes the chart as a PNG, PDF or SVG file, as the suffix of the path says, in the given size in logical pixels
     /// or a usual one. Answers a sentence for the user about what went wrong, empty when the file is written.
     Q_INVOKABLE QString saveChart(const QString& path, QSize size = {}) const;
+    /// Whether the user may edit nothing; each try is answered beside its cell. For a host that can keep no change.
+    [[nodiscard]] bool isReadOnly() const;
+    Q_INVOKABLE void setReadOnly(bool readOnly);
     /// Ends an entry that is open. False when its text is refused; it then stays open. Ask before closing or saving.
     Q_INVOKABLE bool finishEditing();
     /// Ends an entry that is open, then makes the cell with these keys the current one, selects it alone and scrolls it
@@ -253,7 +256,9 @@ private:
     auto call(Member&& member);
     void applyTheme();
     void focusMoved(QWidget* from, QWidget* to);
-    void runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&));
+    /// What is brought into sight after a command.
+    enum class Sight { Unchanged, CurrentCell };
+    void runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&), Sight sight = Sight::Unchanged);
 
     std::unique_ptr<State> state_;
 };

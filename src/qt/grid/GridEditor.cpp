@@ -202,16 +202,21 @@ void GridEditor::pass(QEvent& event) {
 // --- Messages
 
 void GridEditor::say(Refusal refusal, Cell cell) {
+    const std::string_view text = RefusalText(refusal);
+    static_cast<void>(tell(cell, QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))));
+}
+
+bool GridEditor::tell(Cell cell, const QString& sentence) {
     if (!bubble_) {
         bubble_ = new GridBubble(view_.viewport());
     }
     const QRect place = view_.cellRect(cell);
     if (place.isEmpty()) {
-        return;
+        return false;
     }
-    const std::string_view text = RefusalText(refusal);
-    bubble_->say(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())), place, view_.theme(),
-                 view_.textScale(), open_ ? GridBubble::Stay::UntilHidden : GridBubble::Stay::ForAMoment);
+    bubble_->say(sentence, place, view_.theme(), view_.textScale(),
+                 open_ ? GridBubble::Stay::UntilHidden : GridBubble::Stay::ForAMoment);
+    return true;
 }
 
 void GridEditor::refuse(Refusal refusal) {

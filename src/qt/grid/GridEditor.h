@@ -51,6 +51,8 @@ public:
     /// Ends the entry; false when its text is refused. True when there is none.
     bool finish();
     void giveUp();
+    /// Shows a sentence beside a cell for a moment; false where the cell is out of sight.
+    bool tell(Cell cell, const QString& sentence);
     /// Takes the editor to where its cell stands now.
     void follow();
     void hideMessage();

@@ -82,6 +82,11 @@ void GridMouse::press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifier
     const GridHit hit = view_.hitTest(point);
     last_ = point;
     clicked_.reset();
+    pressed_.reset();
+    if (hit.place != Place::Nothing) {
+        const GridControl& grid = view_.grid();
+        pressed_ = {point, grid.BuildVersion(), cellOf(hit), grid.FirstColumn(), grid.FirstRow()};
+    }
     const QPointer<GridView> view(&view_);
     if (button == Qt::RightButton) {
         // The menu that follows is about what was clicked; a selection around it stays.
@@ -95,7 +100,7 @@ void GridMouse::press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifier
         }
         if (modifiers == Qt::NoModifier && heading_.press(hit, point)) {
             doing_ = Doing::Moving;
-            clicked_ = view_.geometry().cell(hit.horizontal, hit.vertical);
+            clicked_ = cellOf(hit);
             report(hit, button, modifiers);
             return;
         }
@@ -107,7 +112,7 @@ void GridMouse::press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifier
         scrollsAcross_ = doing_ != Doing::LeftHeadings && isInCenter(geometry.horizontal, hit.horizontal);
         scrollsDown_ = doing_ != Doing::TopHeadings && isInCenter(geometry.vertical, hit.vertical);
         if (doing_ != Doing::Nothing && modeFor(modifiers) == SelectionMode::Replace) {
-            clicked_ = view_.geometry().cell(hit.horizontal, hit.vertical);
+            clicked_ = cellOf(hit);
         }
         select(hit, modeFor(modifiers));
     } else {
@@ -123,27 +128,48 @@ void GridMouse::report(const GridHit& hit, Qt::MouseButton button, Qt::KeyboardM
         return modifiers.testFlag(modifier) ? value : 0;
     };
     const int shift = bit(Qt::ShiftModifier, 1) + bit(Qt::ControlModifier, 2) + bit(Qt::AltModifier, 4);
-    view_.grid().ReportMouseDown(view_.geometry().cell(hit.horizontal, hit.vertical),
-                                 button == Qt::RightButton ? RightButton : LeftButton,
+    view_.grid().ReportMouseDown(cellOf(hit), button == Qt::RightButton ? RightButton : LeftButton,
                                  static_cast<std::int16_t>(shift));
 }
 
 void GridMouse::doubleClick(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
     const GridHit hit = view_.hitTest(point);
-    if (button == Qt::LeftButton && modifiers == Qt::NoModifier && showHidden(point)) {
+    const bool plain = button == Qt::LeftButton && modifiers == Qt::NoModifier;
+    if (plain && hasScrolledAway(point)) {
+        reportDoubleClick(pressed_->cell);
+        return;
+    }
+    if (plain && showHidden(point)) {
         return;
     }
     if (button == Qt::LeftButton && hit.border != Border::None && pressBorder(hit, point)) {
         fitContents(hit);
         return;
     }
-    if (button != Qt::LeftButton || hit.place == Place::Nothing || modifiers != Qt::NoModifier) {
+    if (!plain || hit.place == Place::Nothing) {
         press(point, button, modifiers);
         return;
     }
+    reportDoubleClick(cellOf(hit));
+}
+
+Cell GridMouse::cellOf(const GridHit& hit) const {
+    return view_.geometry().cell(hit.horizontal, hit.vertical);
+}
+
+/// Whether the press here has brought its cell into sight, and so another one under the pointer. What follows without
+/// the pointer going anywhere is still about the cell that was pressed.
+bool GridMouse::hasScrolledAway(QPoint point) const {
+    constexpr int Steady = 4;
+    const GridControl& grid = view_.grid();
+    return pressed_ && pressed_->built == grid.BuildVersion() &&
+           (point - pressed_->point).manhattanLength() <= Steady &&
+           (pressed_->firstColumn != grid.FirstColumn() || pressed_->firstRow != grid.FirstRow());
+}
+
+void GridMouse::reportDoubleClick(Cell cell) {
     GridControl& grid = view_.grid();
     const std::uint64_t built = grid.BuildVersion();
-    const Cell cell = view_.geometry().cell(hit.horizontal, hit.vertical);
     const QPointer<GridView> view(&view_);
     grid.ReportDoubleClick(cell);
     // The host may have built the grid anew, or have gone.
@@ -233,11 +259,11 @@ void GridMouse::move(QPoint point) {
         heading_.move(point);
         return;
     }
-    if (doing_ == Doing::Nothing) {
+    if (doing_ == Doing::Nothing || hasScrolledAway(point)) {
         return;
     }
     const GridHit hit = view_.hitTest(point);
-    if (clicked_ && (hit.place == Place::Nothing || view_.geometry().cell(hit.horizontal, hit.vertical) != *clicked_)) {
+    if (clicked_ && (hit.place == Place::Nothing || cellOf(hit) != *clicked_)) {
         clicked_.reset();
     }
     view_.setAutoScroll(!scrollDirection(point).isNull());

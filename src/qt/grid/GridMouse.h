@@ -2,6 +2,7 @@
 
 #include <QPoint>
 #include <Qt>
+#include <cstdint>
 #include <optional>
 
 #include "components/GridSelection.h"
@@ -42,6 +43,9 @@ private:
 
     void report(const GridHit& hit, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     bool pressBorder(const GridHit& hit, QPoint point);
+    [[nodiscard]] Cell cellOf(const GridHit& hit) const;
+    [[nodiscard]] bool hasScrolledAway(QPoint point) const;
+    void reportDoubleClick(Cell cell);
     void releaseHeading(const std::optional<Cell>& clicked);
     bool showHidden(QPoint point);
     void fitContents(const GridHit& hit);
@@ -58,6 +62,15 @@ private:
     bool scrollsAcross_ = false;
     bool scrollsDown_ = false;
     QPoint last_;
+    struct Pressed {
+        QPoint point;
+        std::uint64_t built = 0;  ///< the grid's BuildVersion()
+        Cell cell;
+        std::optional<ColumnId> firstColumn;  ///< on screen, before the press
+        std::optional<RowId> firstRow;
+    };
+    /// The last press.
+    std::optional<Pressed> pressed_;
     /// The cell or heading of a press that may become a simple click.
     std::optional<Cell> clicked_;
 };

@@ -1,0 +1,327 @@
+#include "automation/HtmlBlock.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "automation/Numbers.h"
+
+namespace planview {
+
+namespace {
+
+struct HtmlCell {
+    std::string text;
+    std::optional<double> number;
+};
+using HtmlRows = std::vector<std::vector<HtmlCell>>;
+
+/// More columns or rows than these are not joined by anybody; the bound keeps a foreign text from making cells.
+constexpr int MaxSpan = 1000;
+
+char Lower(char c) noexcept {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool IsBlank(char c) noexcept {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
+}
+
+bool IsLetter(char c) noexcept {
+    return Lower(c) >= 'a' && Lower(c) <= 'z';
+}
+
+bool SameName(std::string_view left, std::string_view right) noexcept {
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char a, char b) { return Lower(a) == Lower(b); });
+}
+
+void AppendUtf8(std::string& out, std::uint32_t code) {
+    if (code < 0x80) {
+        out += static_cast<char>(code);
+    } else if (code < 0x800) {
+        out += static_cast<char>(0xC0U | code >> 6U);
+        out += static_cast<char>(0x80U | (code & 0x3FU));
+    } else if (code < 0x10000 && (code < 0xD800 || code > 0xDFFF)) {
+        out += static_cast<char>(0xE0U | code >> 12U);
+        out += static_cast<char>(0x80U | (code >> 6U & 0x3FU));
+        out += static_cast<char>(0x80U | (code & 0x3FU));
+    }
+}
+
+/// The character that stands between "&" and ";"; false for a name that is not known here.
+bool AppendEntity(std::string& out, std::string_view name) {
+    if (name.size() > 1 && name.front() == '#') {
+        const bool hex = Lower(name[1]) == 'x';
+        name.remove_prefix(hex ? 2 : 1);
+        std::uint32_t code = 0;
+        const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), code, hex ? 16 : 10);
+        if (error != std::errc() || end != name.data() + name.size()) {
+            return false;
+        }
+        AppendUtf8(out, code);
+        return true;
+    }
+    constexpr std::pair<std::string_view, std::string_view> Known[] = {{"amp", "&"},   {"lt", "<"},   {"gt", ">"},
+                                                                       {"quot", "\""}, {"apos", "'"}, {"nbsp", " "}};
+    for (const auto& [entity, text] : Known) {
+        if (name == entity) {
+            out += text;
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Whether a number format shows a number as one: date and time letters and the names of truth values do not. `sdnum`
+/// is a language, a second one and the format's code, of which nothing may stand there.
+bool ShowsNumber(std::string_view sdnum) {
+    for (int part = 0; part < 2; ++part) {
+        const std::size_t mark = sdnum.find(';');
+        if (mark == std::string_view::npos) {
+            return true;
+        }
+        sdnum.remove_prefix(mark + 1);
+    }
+    if (SameName(sdnum, "General") || SameName(sdnum, "Standard")) {
+        return true;
+    }
+    for (std::size_t i = 0; i < sdnum.size(); ++i) {
+        const char c = sdnum[i];
+        if (c == '"' || c == '[') {  // a text, a currency, a colour
+            i = std::min(sdnum.find(c == '"' ? '"' : ']', i + 1), sdnum.size());
+        } else if (c == '\\' || c == '_' || c == '*') {
+            ++i;
+        } else if (IsLetter(c) && c != 'E' && c != 'e') {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Reads the first table of a text, tag by tag. What is no well-formed HTML gives some cells or none.
+class TableReader {
+public:
+    explicit TableReader(std::string_view html) : html_(html) {}
+
+    HtmlRows Read() {
+        while (at_ < html_.size() && !ended_ && cells_ < MaxBlockCells) {
+            if (html_[at_] == '<') {
+                ReadTag();
+            } else {
+                ReadText();
+            }
+        }
+        EndCell();
+        return std::move(rows_);
+    }
+
+private:
+    struct Attributes {
+        std::string sdval;
+        std::string sdnum;
+        int columns = 1;
+        int rows = 1;
+    };
+
+    void ReadText() {
+        const char c = html_[at_++];
+        if (depth_ != 1 || !open_) {
+            return;
+        }
+        if (c == '&' && ReadEntity(text_)) {
+            return;
+        }
+        if (!IsBlank(c)) {
+            text_ += c;
+        } else if (!text_.empty() && text_.back() != ' ' && text_.back() != '\n') {
+            text_ += ' ';
+        }
+    }
+
+    /// Behind a "&"; false when it is no more than that.
+    bool ReadEntity(std::string& out) {
+        constexpr std::size_t LongestName = 10;
+        const std::string_view near = html_.substr(at_, LongestName);
+        const std::size_t end = near.find(';');
+        if (end == std::string_view::npos || !AppendEntity(out, near.substr(0, end))) {
+            return false;
+        }
+        at_ += end + 1;
+        return true;
+    }
+
+    void ReadTag() {
+        if (html_.substr(at_).starts_with("<!--")) {
+            const std::size_t end = html_.find("-->", at_);
+            at_ = end == std::string_view::npos ? html_.size() : end + 3;
+            return;
+        }
+        ++at_;
+        const bool closing = at_ < html_.size() && html_[at_] == '/';
+        at_ += closing ? 1 : 0;
+        const std::string_view name = ReadName();
+        const Attributes attributes = ReadAttributes();
+        if (SameName(name, "table")) {
+            depth_ += closing ? -1 : 1;
+            ended_ = closing && depth_ <= 0;
+        } else if (depth_ == 1) {
+            HandleTag(name, closing, attributes);
+        }
+    }
+
+    void HandleTag(std::string_view name, bool closing, const Attributes& attributes) {
+        if (SameName(name, "tr")) {
+            EndCell();
+            if (!closing) {
+                rows_.emplace_back();
+                column_ = 0;
+            }
+        } else if (SameName(name, "td") || SameName(name, "th")) {
+            EndCell();
+            if (!closing && !rows_.empty()) {
+                open_ = attributes;
+            }
+        } else if (SameName(name, "br") && !text_.empty()) {
+            text_ += '\n';
+        }
+    }
+
+    std::string_view ReadName() {
+        const std::size_t start = at_;
+        while (at_ < html_.size() && !IsBlank(html_[at_]) && html_[at_] != '>' && html_[at_] != '/' &&
+               html_[at_] != '=') {
+            ++at_;
+        }
+        return html_.substr(start, at_ - start);
+    }
+
+    /// To behind the ">".
+    Attributes ReadAttributes() {
+        Attributes attributes;
+        while (at_ < html_.size() && html_[at_] != '>') {
+            const std::string_view name = ReadName();
+            if (at_ < html_.size() && html_[at_] == '=') {
+                ++at_;
+                Take(attributes, name, ReadValue());
+            } else if (name.empty()) {
+                ++at_;
+            }
+        }
+        at_ += at_ < html_.size() ? 1 : 0;
+        return attributes;
+    }
+
+    std::string ReadValue() {
+        const char quote = at_ < html_.size() ? html_[at_] : '\0';
+        const bool quoted = quote == '"' || quote == '\'';
+        at_ += quoted ? 1 : 0;
+        std::string value;
+        while (at_ < html_.size() && (quoted ? html_[at_] != quote : !IsBlank(html_[at_]) && html_[at_] != '>')) {
+            const char c = html_[at_++];
+            if (c != '&' || !ReadEntity(value)) {
+                value += c;
+            }
+        }
+        at_ += quoted && at_ < html_.size() ? 1 : 0;
+        return value;
+    }
+
+    static void Take(Attributes& attributes, std::string_view name, std::string value) {
+        if (SameName(name, "sdval")) {
+            attributes.sdval = std::move(value);
+        } else if (SameName(name, "sdnum")) {
+            attributes.sdnum = std::move(value);
+        } else if (SameName(name, "colspan") || SameName(name, "rowspan")) {
+            int span = 1;
+            std::from_chars(value.data(), value.data() + value.size(), span);
+            (Lower(name.front()) == 'c' ? attributes.columns : attributes.rows) = std::clamp(span, 1, MaxSpan);
+        }
+    }
+
+    /// Joined cells stand in the first of their places; the others are empty, as they are in a text.
+    void EndCell() {
+        if (!open_) {
+            return;
+        }
+        const Attributes cell = *std::exchange(open_, std::nullopt);
+        SkipTaken();
+        while (!text_.empty() && IsBlank(text_.back())) {
+            text_.pop_back();
+        }
+        Put({std::exchange(text_, {}), ShowsNumber(cell.sdnum) ? TryParseNumber(cell.sdval) : std::nullopt}, cell.rows);
+        for (int i = 1; i < cell.columns && cells_ < MaxBlockCells; ++i) {
+            Put({}, cell.rows);
+        }
+    }
+
+    void SkipTaken() {
+        while (column_ < takenTo_.size() && takenTo_[column_] >= rows_.size()) {
+            Put({}, 1);
+        }
+    }
+
+    void Put(HtmlCell cell, int rowSpan) {
+        if (column_ >= takenTo_.size()) {
+            takenTo_.resize(column_ + 1);
+        }
+        takenTo_[column_] = std::max(takenTo_[column_], rows_.size() + static_cast<std::size_t>(rowSpan) - 1);
+        rows_.back().push_back(std::move(cell));
+        ++column_;
+        ++cells_;
+    }
+
+    std::string_view html_;
+    HtmlRows rows_;
+    std::vector<std::size_t> takenTo_;  // by column: the last row, from 1, that a cell above reaches down to
+    std::string text_;
+    std::optional<Attributes> open_;  // of the cell that is being read
+    std::size_t at_ = 0;
+    std::size_t column_ = 0;
+    std::size_t cells_ = 0;
+    int depth_ = 0;
+    bool ended_ = false;
+};
+
+bool HasNumbers(const HtmlRows& rows) {
+    return std::any_of(rows.begin(), rows.end(), [](const std::vector<HtmlCell>& row) {
+        return std::any_of(row.begin(), row.end(), [](const HtmlCell& cell) { return cell.number.has_value(); });
+    });
+}
+
+bool SameShape(const TextBlock& block, const HtmlRows& rows) {
+    return std::equal(block.begin(), block.end(), rows.begin(), rows.end(),
+                      [](const auto& line, const auto& row) { return line.size() == row.size(); });
+}
+
+}  // namespace
+
+TextBlock BestBlock(std::string_view text, std::string_view html) {
+    TextBlock block = ParseBlock(text);
+    HtmlRows rows = TableReader(html).Read();
+    if (!HasNumbers(rows)) {
+        return block;
+    }
+    const bool sameShape = SameShape(block, rows);
+    if (!sameShape) {
+        block.assign(rows.size(), {});
+    }
+    for (std::size_t r = 0; r < rows.size(); ++r) {
+        block[r].resize(rows[r].size());
+        for (std::size_t c = 0; c < rows[r].size(); ++c) {
+            HtmlCell& cell = rows[r][c];
+            if (cell.number) {
+                block[r][c] = NumberText(*cell.number, GridDecimalMark);
+            } else if (!sameShape) {
+                block[r][c] = std::move(cell.text);
+            }
+        }
+    }
+    return block;
+}
+
+}  // namespace planview

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+#include "automation/BlockText.h"
+
+namespace planview {
+
+/// What another program put on the clipboard, as the best texts of both its forms.
+///
+/// A text shows a number as its cell was formatted: rounded, grouped, in per cent. The HTML table beside it may carry
+/// the number itself (`sdval`), which is then taken, in the control's own form. Cells without one keep their text, and
+/// so do dates and truth values, whose number means nothing here. `html` may be empty or hold no table.
+[[nodiscard]] TextBlock BestBlock(std::string_view text, std::string_view html);
+
+}  // namespace planview

@@ -1,0 +1,56 @@
+#include <gtest/gtest.h>
+
+#include "automation/HtmlBlock.h"
+
+namespace planview {
+
+TEST(HtmlBlock, TheNumberBehindAShownTextIsTaken) {
+    const struct {
+        const char* why;
+        const char* text;
+        const char* html;
+        TextBlock block;
+    } cases[] = {
+        {"no HTML", "1\t2\n", "", {{"1", "2"}}},
+        {"no numbers in it", "1\n", "<table><tr><td>2</td></tr></table>", {{"1"}}},
+        {"a rounded number",
+         "0.33",
+         "<table><tr><td sdval=\"0.333333333333333\">0.33</td></tr></table>",
+         {{"0,333333333333333"}}},
+        {"an unformatted one", "7", "<TABLE><TR><TD SDVAL='7' SDNUM='1033;'>7</TABLE>", {{"7"}}},
+        {"a currency",
+         "$5.00",
+         "<table><tr><td sdval=5 sdnum='1033;0;[$$-409]#,##0.00&quot; net&quot;'>$5.00",
+         {{"5"}}},
+        {"a date keeps its text",
+         "01/08/08\t3",
+         "<table><tr><td sdval=\"39455\" sdnum=\"1033;0;MM/DD/YY\">01/08/08</td><td sdval=3>3</td></tr></table>",
+         {{"01/08/08", "3"}}},
+        {"a truth value too",
+         "TRUE\t3",
+         "<table><tr><td sdval=\"1\" sdnum=\"1033;0;BOOLEAN\">TRUE</td><td sdval=3>3</td></tr></table>",
+         {{"TRUE", "3"}}},
+        {"texts come from the text",
+         "a  b\t3",
+         "<table><tr><td>a&nbsp; b</td><td sdval=3>3</td></tr></table>",
+         {{"a  b", "3"}}},
+        {"HTML alone",
+         "",
+         "<table><tr><td><b>a &amp;\n &#98;<br>c</b> </td><td sdval=3>3</td></tr></table>",
+         {{"a & b\nc", "3"}}},
+        {"joined cells",
+         "",
+         "<table><tr><td colspan=2 sdval=1>1</td><td rowspan=\"2\">x</td></tr><tr><td sdval=2>2<td>3</tr>"
+         "<tr><td rowspan=2>4</td></tr><tr><td>5</td></tr></table>",
+         {{"1", "", "x"}, {"2", "3"}, {"4"}, {"", "5"}}},
+        {"only the first table", "", "<p>x<table><tr><td sdval=1>1</td></tr></table><table><tr><td sdval=2>2", {{"1"}}},
+        {"a comment is no tag", "", "<table><!-- <td sdval=9> --><tr><td sdval=1>1</td></tr></table>", {{"1"}}},
+        {"a number that is none", "5", "<table><tr><td sdval=\"x\">5</td></tr></table>", {{"5"}}},
+        {"an end in the middle", "5", "<table><tr><td sdval=\"6", {{"6"}}},
+    };
+    for (const auto& row : cases) {
+        EXPECT_EQ(BestBlock(row.text, row.html), row.block) << row.why;
+    }
+}
+
+}  // namespace planview
