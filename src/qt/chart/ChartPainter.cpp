@@ -198,7 +198,8 @@ void ChartPainter::paintOptimum(QPainter& painter, const ChartPlot& plot) const 
     const QRectF over(area.right() - width - 2 * gap, y - gap / 2 - metrics.height(), width + 2 * gap,
                       metrics.height());
     const QRectF under = over.translated(0, metrics.height() + gap);
-    const bool below = over.top() < area.top() || (carriesLine(plot, over) && !carriesLine(plot, under));
+    const bool occupied = carriesLine(plot, over) && !carriesLine(plot, under);
+    const bool below = over.top() < area.top() || occupied;
     const QRectF ground = below ? under : over;
     // Columns may stand behind the text.
     QColor veil = QColor::fromRgb(colors_.plot());
@@ -211,18 +212,20 @@ void ChartPainter::paintOptimum(QPainter& painter, const ChartPlot& plot) const 
     painter.drawText(QPointF(ground.left() + gap, ground.top() + metrics.ascent()), text);
 }
 
-/// Whether a line has a point there.
-bool ChartPainter::carriesLine(const ChartPlot& plot, const QRectF& rect) const {
+/// Whether a line has a point there, its ring included.
+bool ChartPainter::carriesLine(const ChartPlot& plot, const QRectF& place) const {
+    const double ring = scene_.pixels(Reach);
+    const QRectF rect = place.adjusted(-ring, -ring, ring, ring);
     for (int series = 1; series <= scene_.state.SeriesCount(); ++series) {
         if (IsColumnType(scene_.state.series[static_cast<std::size_t>(series - 1)].type)) {
             continue;
         }
         for (int category = plot.LastCategory(); category >= plot.FirstCategory(); --category) {
-            const ChartPoint place = plot.Point(series, category);
-            if (place.x < rect.left()) {
+            const ChartPoint at = plot.Point(series, category);
+            if (at.x < rect.left()) {
                 break;
             }
-            if (rect.contains(place.x, place.y)) {
+            if (rect.contains(at.x, at.y)) {
                 return true;
             }
         }

@@ -44,7 +44,7 @@ private:
     void paintGridLines(QPainter& painter, const ChartPlot& plot) const;
     void paintRange(QPainter& painter, const ChartPlot& plot) const;
     void paintOptimum(QPainter& painter, const ChartPlot& plot) const;
-    [[nodiscard]] bool carriesLine(const ChartPlot& plot, const QRectF& rect) const;
+    [[nodiscard]] bool carriesLine(const ChartPlot& plot, const QRectF& place) const;
     void paintSelection(QPainter& painter, const ChartSeriesPainter& series) const;
 
     const ChartScene& scene_;

@@ -215,9 +215,9 @@ void GridPainter::addDot(const PlacedTrack& label, const PlacedTrack& row) {
     }
     const QRect rect = trackRect(label.track, row.track);
     const int size = std::min(geometry.pixels(DotSize), rect.height());
-    dots_.push_back({QRect(rect.left() + geometry.pixels(CellPadding),
-                           rect.top() + (rect.height() - line_ - size) / 2, size, size),
-                     found->second});
+    dots_.push_back(
+        {QRect(rect.left() + geometry.pixels(CellPadding), rect.top() + (rect.height() - line_ - size) / 2, size, size),
+         found->second});
 }
 
 void GridPainter::paintDots(QPainter& painter) {
