@@ -19,7 +19,9 @@ std::vector<NewValue> MakeValues(const GridControl& grid) {
         for (const ColumnId column : grid.Columns(ColumnArea::Center)) {
             const Cell cell{column, row};
             if (RefusalOf(grid, cell) == Refusal::None) {
-                values.push_back({cell, std::round(lineLevel * share(random))});
+                NewValue& next = values.emplace_back();
+                next.cell = cell;
+                next.value = std::round(lineLevel * share(random));
             }
         }
     }

@@ -71,6 +71,7 @@ void checkOutput(const std::optional<std::filesystem::path>& output, const ViewR
 }
 
 void savePicture(MainWindow& window, const ViewRequest& request) {
+    QApplication::processEvents();  // what the window works out a moment later belongs into the picture, too
     const QImage picture = window.grab().toImage();
     const QString name = QString::fromStdString(request.screenshot->string());
     QSaveFile file(name);
