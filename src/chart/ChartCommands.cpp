@@ -1,6 +1,7 @@
 #include "chart/ChartCommands.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "automation/Late.h"
 #include "chart/ChartColors.h"
@@ -18,9 +19,20 @@ void TraceCommand(std::string_view method) {
     modPlan::TraceWrite(modChart::Label, "", method, "{}");
 }
 
+/// The keys of the rows that are marked for the chart.
+std::vector<std::string> MarkedKeys(const HostTable& table) {
+    std::vector<std::string> keys;
+    ForEachIndexRow(table, [&](HostTable::Row row) {
+        if (FieldIs(table, row, ShowChart, InChart)) {
+            keys.push_back(table.Text(row, "GRID_ID"));
+        }
+    });
+    return keys;
+}
+
 }  // namespace
 
-void ChartCommands::ChartStep() const {
+void ChartCommands::ChartStep() {
     if (parts_.gridSettings.chartShown) {
         parts_.chartData.Update();
     }
@@ -79,7 +91,14 @@ void ChartCommands::ChooseType(ChartType type) {
     });
 }
 
-void ChartCommands::Rebuild() const {
+std::optional<ChartType> ChartCommands::CommonType() const {
+    const std::vector<ChartSeries>& series = parts_.chart.State().series;
+    const auto other = std::find_if(series.begin(), series.end(),
+                                    [&](const ChartSeries& each) { return each.type != series.front().type; });
+    return series.empty() || other != series.end() ? std::nullopt : std::optional(series.front().type);
+}
+
+void ChartCommands::Rebuild() {
     if (parts_.gridSettings.chartShown) {
         parts_.chartData.Initialize();
         parts_.chartData.Update();
@@ -99,6 +118,7 @@ void ChartCommands::ShowInChart(const HostTable& slot, bool columns) {
     if (!table.IsSet()) {
         return;
     }
+    LeaveForecastView();  // it has no room for a choice of lines
     ForEachIndexRow(table, [&](HostTable::Row row) {
         const std::string key = table.Text(row, "GRID_ID");
         const CellKeyView keys = columns ? CellKeyView{key, {}} : CellKeyView{{}, key};
@@ -115,31 +135,51 @@ void ChartCommands::ShowInChart(const HostTable& slot, bool columns) {
 
 void ChartCommands::StandardView() {
     TraceCommand("StandardView");
-    const HostTable lineIndex = parts_.tables.LINE_INDEX;
-    if (IsForecastView() && !linesBeforeForecast_.empty()) {
-        ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
-            const std::string key = lineIndex.Text(row, "GRID_ID");
-            const bool before =
-                std::find(linesBeforeForecast_.begin(), linesBeforeForecast_.end(), key) != linesBeforeForecast_.end();
-            lineIndex.PutFlag(row, ShowChart, before);
-        });
-        linesBeforeForecast_.clear();
-    }
-    parts_.chartSettings.viewMode = ChartViewMode::Normal;
+    LeaveForecastView();
     ChartStep();
     parts_.hostUpdate.StartUpdate();
 }
 
+/// Puts the marks back that the forecast view has taken from the tables or given to them.
+void ChartCommands::LeaveForecastView() {
+    if (!IsForecastView()) {
+        return;
+    }
+    parts_.chartSettings.viewMode = ChartViewMode::Normal;
+    const ForecastMemory before = std::exchange(memory_, {});
+    const auto holds = [](const std::vector<std::string>& keys, const std::string& key) {
+        return std::find(keys.begin(), keys.end(), key) != keys.end();
+    };
+    const HostTable lineIndex = parts_.tables.LINE_INDEX;
+    ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
+        const std::string key = lineIndex.Text(row, "GRID_ID");
+        if (FieldIs(lineIndex, row, ShowChart, SalesLine)) {
+            memory_.sales = key;
+        } else if (FieldIs(lineIndex, row, ShowChart, ForecastLine)) {
+            memory_.forecast = key;
+        }
+        lineIndex.PutFlag(row, ShowChart, holds(before.lines, key));
+    });
+    const HostTable colsIndex = parts_.tables.COLS_INDEX;
+    ForEachIndexRow(colsIndex, [&](HostTable::Row row) {
+        colsIndex.PutFlag(row, ShowChart, holds(before.columns, colsIndex.Text(row, "GRID_ID")));
+    });
+}
+
 void ChartCommands::ForecastView() {
     TraceCommand("ForecastView");
-    const HostTable lineIndex = parts_.tables.LINE_INDEX;
     if (!IsForecastView()) {
-        linesBeforeForecast_.clear();
-        ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
-            if (FieldIs(lineIndex, row, ShowChart, InChart)) {
-                linesBeforeForecast_.push_back(lineIndex.Text(row, "GRID_ID"));
+        const HostTable lineIndex = parts_.tables.LINE_INDEX;
+        memory_.lines = MarkedKeys(lineIndex);
+        memory_.columns = MarkedKeys(parts_.tables.COLS_INDEX);
+        const auto markAgain = [&](const std::string& key, std::string_view mark) {
+            if (const HostTable::Row row = key.empty() ? HostTable::Row{0} : lineIndex.FindRow("GRID_ID", key);
+                row != 0 && VisibleLine(lineIndex, mark) == 0) {
+                lineIndex.Put(row, ShowChart, mark);
             }
-        });
+        };
+        markAgain(memory_.sales, SalesLine);
+        markAgain(memory_.forecast, ForecastLine);
     }
     parts_.chartSettings.viewMode = ChartViewMode::Forecast;
     ChartStep();

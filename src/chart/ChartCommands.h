@@ -24,7 +24,7 @@ struct ChartCommandParts {
     const TableSlots& tables;
     GridSettings& gridSettings;
     ChartSettings& chartSettings;
-    const ChartData& chartData;
+    ChartData& chartData;
     HostUpdate& hostUpdate;
     MessageBoxes& messageBoxes;
     /// Lays the panes out as the settings say.
@@ -39,7 +39,7 @@ public:
     explicit ChartCommands(ChartCommandParts parts) : parts_(std::move(parts)) {}
 
     /// Brings the chart up to date where it is shown.
-    void ChartStep() const;
+    void ChartStep();
     /// Shows or hides the chart pane.
     void SwitchDisplay();
 
@@ -48,15 +48,17 @@ public:
     /// Gives the whole chart this type: the stacked columns by themselves, every other type through the lines that are
     /// in the chart.
     void ChooseType(ChartType type);
+    /// The type that all series of the chart have; none for a mix or an empty chart.
+    [[nodiscard]] std::optional<ChartType> CommonType() const;
     /// Sets the chart up and fills it, where it is shown.
-    void Rebuild() const;
+    void Rebuild();
     /// Puts exactly the selected columns (lines) into the chart; nothing without the table.
     void ColsShowInChart();
     void RowsShowInChart();
 
-    /// All marked lines against the periods. Lines that were in the chart before the forecast view are again.
+    /// All marked lines against the periods. What was in the chart before the forecast view is again.
     void StandardView();
-    /// The sales line against the forecast line.
+    /// The sales line against the forecast line: those that the tables mark, else those that were compared last.
     void ForecastView();
     [[nodiscard]] bool IsForecastView() const noexcept {
         return parts_.chartSettings.viewMode == ChartViewMode::Forecast;
@@ -76,12 +78,19 @@ public:
 
 private:
     void ShowInChart(const HostTable& table, bool columns);
+    void LeaveForecastView();
     void TellTrendLimit() const;
 
     ChartCommandParts parts_;
     ObjectRef currentTrendline_;
-    /// The keys of the lines that were in the chart when the forecast view began.
-    std::vector<std::string> linesBeforeForecast_;
+    /// What was in the chart when the forecast view began, by key, and what was compared when it was left.
+    struct ForecastMemory {
+        std::vector<std::string> lines;
+        std::vector<std::string> columns;
+        std::string sales;
+        std::string forecast;
+    };
+    ForecastMemory memory_;
 };
 
 }  // namespace planview

@@ -90,17 +90,30 @@ void ChartData::ApplyColors() const {
     }
 }
 
-void ChartData::Update() const {
+void ChartData::Update() {
     TraceMarker("#UPDATE#");
     modChart::Redraw(Chart(), false);
-    const bool forecast = parts_.chartSettings.viewMode == ChartViewMode::Forecast;
-    parts_.chart.SetComparison(forecast);
-    if (forecast) {
+    const int firstVisible = parts_.chart.State().FirstVisible();
+    parts_.chart.SetComparison(0);
+    if (parts_.chartSettings.viewMode == ChartViewMode::Forecast) {
         UpdateForecastView();
     } else {
+        told_.reset();
         UpdateNormalView();
     }
+    parts_.chart.UserScrolledTo(firstVisible);  // the user goes on where he was
     modChart::Redraw(Chart(), true);
+}
+
+/// All categories, or as many as the scroll bar leaves.
+void ChartData::ApplyVisibleCategories(std::int16_t columns) const {
+    const ChartSettings& settings = parts_.chartSettings;
+    if (settings.visibleCategories < columns) {
+        modChart::Caterogies(Chart(), columns);
+    }
+    if (settings.scrollBar) {
+        modChart::Caterogies(Chart(), settings.visibleCategories);
+    }
 }
 
 void ChartData::UpdateNormalView() const {
@@ -118,12 +131,7 @@ void ChartData::UpdateNormalView() const {
     modChart::DeleteContents(Chart());
     modChart::CreateDataRows(Chart(), cols, lines, settings.dataRows);
     Fill();
-    if (settings.visibleCategories < cols) {
-        modChart::Caterogies(Chart(), cols);
-    }
-    if (settings.scrollBar) {
-        modChart::Caterogies(Chart(), settings.visibleCategories);
-    }
+    ApplyVisibleCategories(cols);
     modChart::StackView(Chart(), settings.stacked);
     modChart::StackView100(Chart(), settings.stacked100);
     ErrorTrap(modChart::Label, "Update", [&] {
@@ -136,25 +144,45 @@ void ChartData::UpdateNormalView() const {
     });
 }
 
-void ChartData::UpdateForecastView() const {
+void ChartData::UpdateForecastView() {
     const HostTable lineIndex = parts_.tables.LINE_INDEX;
     const std::int16_t cols = modChart::SetAllColumns(parts_.tables.COLS_INDEX);
     const std::int16_t lines = modChart::ResetAllLines(lineIndex);
     modChart::DeleteContents(Chart());
     modChart::CreateDataRows(Chart(), cols, lines, parts_.chartSettings.dataRows);
     ErrorTrap(modChart::Label, "Update", [&] {
-        const auto tell = [&](ChartText text, const char* caption) {
-            parts_.messageBoxes.Show({TextOf(parts_.tables.TEXTS, text), caption, MessageButtons::Ok,
-                                      MessageIcon::Information, MessageAnswer::Ok});
-        };
-        if (!modChart::CheckSetSales(CountLines(lineIndex, SalesLine))) {
-            tell(ChartText::NoSalesLine, "Sales");
-        } else if (!modChart::CheckSetForecast(CountLines(lineIndex, ForecastLine))) {
-            tell(ChartText::NoForecastLine, "Forecast");
+        const HostTable::Row sales = VisibleLine(lineIndex, SalesLine);
+        const HostTable::Row forecast = VisibleLine(lineIndex, ForecastLine);
+        if (!modChart::CheckSetSales(sales)) {
+            LeaveEmpty(ChartText::NoSalesLine, "Sales");
+        } else if (!modChart::CheckSetForecast(forecast)) {
+            LeaveEmpty(ChartText::NoForecastLine, "Forecast");
         } else {
-            FillForecast();
+            told_.reset();
+            FillForecast(sales, forecast);
+            ApplyVisibleCategories(cols);
         }
     });
+}
+
+/// Nothing is drawn, and no point of what was drawn before can be changed. The user is told once, not at every change
+/// of a value.
+void ChartData::LeaveEmpty(ChartText why, const char* caption) {
+    modChart::DeleteContents(Chart());
+    ForgetNumbers();
+    if (told_ != why) {
+        told_ = why;
+        parts_.messageBoxes.Show({TextOf(parts_.tables.TEXTS, why), caption, MessageButtons::Ok,
+                                  MessageIcon::Information, MessageAnswer::Ok});
+    }
+}
+
+/// Nothing of the tables is in the chart.
+void ChartData::ForgetNumbers() const {
+    for (const HostTable& table : {parts_.tables.COLS_INDEX, parts_.tables.LINE_INDEX}) {
+        ErrorTrap(modChart::Label, "Update",
+                  [&] { ForEachIndexRow(table, [&](HostTable::Row row) { PutChartId(table, row, 0); }); });
+    }
 }
 
 bool ChartData::IsInChart(HostTable::Row line) const {
@@ -163,20 +191,23 @@ bool ChartData::IsInChart(HostTable::Row line) const {
 }
 
 void ChartData::Fill() const {
-    ErrorTrap(modChart::Label, "Fill", [&] {
-        FillSheet([&](HostTable::Row line) { return IsInChart(line); });
-        ApplyLineTypes();
+    const auto isLine = [&](HostTable::Row line) { return IsInChart(line); };
+    const bool filled = ErrorTrap(modChart::Label, "Fill", [&] {
+        FillSheet(isLine);
+        ApplyLineTypes(isLine);
         ApplyTitle();
     });
+    if (!filled) {
+        ForgetNumbers();  // what is drawn is not whole: no point of it leads back to a cell
+    }
 }
 
-/// Shows the sales line and the forecast line, whether they are hidden in the grid or not.
-void ChartData::FillForecast() const {
-    ErrorTrap(modChart::Label, "FillForecast", [&] {
-        const HostTable lineIndex = parts_.tables.LINE_INDEX;
-        FillSheet([&](HostTable::Row line) {
-            return FieldIs(lineIndex, line, ShowChart, SalesLine) || FieldIs(lineIndex, line, ShowChart, ForecastLine);
-        });
+void ChartData::FillForecast(HostTable::Row sales, HostTable::Row forecast) const {
+    const auto isLine = [=](HostTable::Row line) { return line == sales || line == forecast; };
+    const bool filled = ErrorTrap(modChart::Label, "FillForecast", [&] {
+        FillSheet(isLine);
+        parts_.chart.SetComparison(sales < forecast ? 1 : 2);
+        ApplyLineTypes(isLine);
         const GridSettings& grid = parts_.gridSettings;
         const ChartSettings& settings = parts_.chartSettings;
         modChart::MinValue(Chart(), grid.minimum);
@@ -187,13 +218,16 @@ void ChartData::FillForecast() const {
         modChart::AllowValueChange(Chart(), settings.valueChangeAllowed);
         ApplyTitle();
     });
+    if (!filled) {
+        ForgetNumbers();
+    }
 }
 
 template <class IsLine>
 void ChartData::FillSheet(const IsLine& isLine) const {
     const HostTable colsIndex = parts_.tables.COLS_INDEX;
+    const std::vector<Line> lines = NumberLines(isLine);
     std::int16_t category = 0;
-    std::vector<Line> lines;
     ForEachIndexRow(colsIndex, [&](HostTable::Row row) {
         if (!FieldIs(colsIndex, row, ShowChart, InChart) || FieldIs(colsIndex, row, "COL_HIDDEN", "X")) {
             PutChartId(colsIndex, row, 0);
@@ -204,15 +238,11 @@ void ChartData::FillSheet(const IsLine& isLine) const {
         if (const std::string period = colsIndex.Text(row, "PERDY"); !period.empty()) {
             modChart::CellTextY(Late(Chart()).Get("DataSheet").Value().AsObject(), category, period);
         }
-        const bool firstColumn = category == 1;
-        if (firstColumn) {
-            lines = NumberLines(isLine);
-        }
-        FillColumn(category, colsIndex.Text(row, "GRID_ID"), lines, firstColumn);
+        FillColumn(category, colsIndex.Text(row, "GRID_ID"), lines);
     });
 }
 
-/// Which line is which series is the same for every column, so the line table is walked at the first one only.
+/// Which line is which series is the same for every column, so the line table is walked but once.
 template <class IsLine>
 std::vector<ChartData::Line> ChartData::NumberLines(const IsLine& isLine) const {
     const HostTable lineIndex = parts_.tables.LINE_INDEX;
@@ -227,31 +257,28 @@ std::vector<ChartData::Line> ChartData::NumberLines(const IsLine& isLine) const 
         PutChartId(lineIndex, row, series);
         Line line{row, series, lineIndex.Text(row, "GRID_ID"), LineCaption(lineIndex, row), std::nullopt};
         line.gridRow = parts_.grid.FindRow(line.key);
+        parts_.chart.NameSeries(series, line.key, lineIndex.Text(row, "ROW_FORMAT"));
         lines.push_back(std::move(line));
     });
     return lines;
 }
 
-void ChartData::FillColumn(std::int16_t category, std::string_view columnKey, const std::vector<Line>& lines,
-                           bool nameSeries) const {
-    const HostTable lineIndex = parts_.tables.LINE_INDEX;
+void ChartData::FillColumn(std::int16_t category, std::string_view columnKey, const std::vector<Line>& lines) const {
     const ObjectRef dataSheet = Late(Chart()).Get("DataSheet").Value().AsObject();
     const std::optional<ColumnId> column = parts_.grid.FindColumn(columnKey);
     for (const Line& line : lines) {
         modChart::CellTextX(dataSheet, line.series, line.caption);
-        if (nameSeries) {
-            parts_.chart.NameSeries(line.series, line.key, lineIndex.Text(line.row, "ROW_FORMAT"));
-        }
         const double value = column && line.gridRow ? ValueOf(parts_.grid.Contents({*column, *line.gridRow})) : 0.0;
         modChart::CellValue(dataSheet, category, line.series, value);
     }
 }
 
 /// Columns or lines for now; the stacked kinds are put back when the rest of the chart stands.
-void ChartData::ApplyLineTypes() const {
+template <class IsLine>
+void ChartData::ApplyLineTypes(const IsLine& isLine) const {
     const HostTable lineIndex = parts_.tables.LINE_INDEX;
     ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
-        if (IsInChart(row)) {
+        if (isLine(row)) {
             const bool plain = FieldIs(lineIndex, row, "CHART_TYPE", "0") || FieldIs(lineIndex, row, "CHART_TYPE", "");
             modChart::SeriesCollection(Chart(), CodeIn(lineIndex, row, "CHART_ID"), plain ? PlainColumn : PlainLine);
         }

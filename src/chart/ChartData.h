@@ -1,10 +1,13 @@
 #pragma once
 
+#include <optional>
+#include <string>
 #include <vector>
 
 #include <planview/Platform.h>
 
 #include "automation/TableSlots.h"
+#include "chart/ChartTexts.h"
 #include "components/GridControl.h"
 #include "components/chart/ChartControl.h"
 #include "grid/ChartSettings.h"
@@ -32,7 +35,7 @@ public:
     /// "#INITIALIZE#": every setting of the chart, in a fixed order.
     void Initialize() const;
     /// "#UPDATE#": rebuilds the chart from the tables and the grid.
-    void Update() const;
+    void Update();
 
 private:
     /// One line of LINE_INDEX, as a column's values are being filled.
@@ -45,23 +48,28 @@ private:
     };
 
     void UpdateNormalView() const;
-    void UpdateForecastView() const;
+    void UpdateForecastView();
+    void LeaveEmpty(ChartText why, const char* caption);
+    void ForgetNumbers() const;
     void Fill() const;
-    void FillForecast() const;
+    void FillForecast(HostTable::Row sales, HostTable::Row forecast) const;
     /// `isLine` says which lines are series.
     template <class IsLine>
     void FillSheet(const IsLine& isLine) const;
     template <class IsLine>
     [[nodiscard]] std::vector<Line> NumberLines(const IsLine& isLine) const;
-    void FillColumn(std::int16_t category, std::string_view columnKey, const std::vector<Line>& lines,
-                    bool nameSeries) const;
-    void ApplyLineTypes() const;
+    void FillColumn(std::int16_t category, std::string_view columnKey, const std::vector<Line>& lines) const;
+    template <class IsLine>
+    void ApplyLineTypes(const IsLine& isLine) const;
+    void ApplyVisibleCategories(std::int16_t columns) const;
     void ApplyTitle() const;
     void ApplyColors() const;
     [[nodiscard]] bool IsInChart(HostTable::Row line) const;
     [[nodiscard]] const ObjectRef& Chart() const noexcept { return parts_.chart.Object(); }
 
     ChartDataParts parts_;
+    /// What the forecast view was last said to lack.
+    std::optional<ChartText> told_;
 };
 
 }  // namespace planview

@@ -1,7 +1,5 @@
 #include "chart/ChartMarks.h"
 
-#include "automation/CheckedInt.h"
-
 namespace planview {
 
 namespace {
@@ -33,14 +31,15 @@ std::int16_t CodeIn(const HostTable& table, HostTable::Row row, std::string_view
     });
 }
 
-std::int16_t CountLines(const HostTable& lineIndex, std::string_view mark) {
-    std::int16_t count = 0;
-    ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
-        if (FieldIs(lineIndex, row, ShowChart, mark)) {
-            count = CheckedAdd(count, std::int16_t{1});
+HostTable::Row VisibleLine(const HostTable& lineIndex, std::string_view mark) {
+    const int count = lineIndex.RowCount();
+    for (int row = 1; row <= count; ++row) {
+        const auto at = static_cast<HostTable::Row>(row);
+        if (FieldIs(lineIndex, at, ShowChart, mark) && !FieldIs(lineIndex, at, "ROW_HIDDEN", "X")) {
+            return at;
         }
-    });
-    return count;
+    }
+    return 0;
 }
 
 }  // namespace planview

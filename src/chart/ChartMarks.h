@@ -30,7 +30,7 @@ void ForEachIndexRow(const HostTable& table, const Body& body) {
     }
 }
 
-/// How many lines carry this mark.
-[[nodiscard]] std::int16_t CountLines(const HostTable& lineIndex, std::string_view mark);
+/// The first line with this mark that is not hidden; 0 for none.
+[[nodiscard]] HostTable::Row VisibleLine(const HostTable& lineIndex, std::string_view mark);
 
 }  // namespace planview

@@ -59,6 +59,7 @@ void ChartHandlers::MouseDown(std::int16_t button, std::int16_t shift, const Cha
         if (TraceEnabled) {
             TraceWrite(ChartLabel, "", "MouseDown", TraceText("{mousebutton:", button, " - shift: ", shift, "}"));
         }
+        context_.chartDragMode.clear();
         if (button == LeftButton && shift == AltKey) {
             context_.chartDragMode = "DRAG";
         } else if (button == RightButton) {
@@ -72,13 +73,26 @@ void ChartHandlers::MouseDown(std::int16_t button, std::int16_t shift, const Cha
 void ChartHandlers::ShowPopup(const ChartHit& hit) {
     if (hit.code == ChartHitCode::Series || hit.code == ChartHitCode::Point) {
         context_.chart.UserSelected({ChartHitCode::Series, hit.series, hit.category});
+        SelectLine(hit.series);  // also where selecting in the chart is not allowed
         context_.showChartPopup(PlaceSeries);
     } else if (hit.code == ChartHitCode::Trendline) {
         context_.chart.UserSelected(hit);
+        TakeTrendline(hit.series);
         context_.showChartPopup(PlaceTrendline);
     } else {
         context_.showChartPopup(PlaceChart);
     }
+}
+
+void ChartHandlers::SelectLine(int series) {
+    if (const std::optional<RowId> row = context_.grid.FindRow(LineKeyOf(series))) {
+        context_.grid.SelectRow(*row, SelectionMode::Replace);
+    }
+}
+
+void ChartHandlers::TakeTrendline(int series) {
+    context_.chartCommands.SetCurrentTrendline(
+        modChart::GetTrendline(context_.chart.Object(), static_cast<std::int16_t>(series)));
 }
 
 void ChartHandlers::Selected(const ChartHit& hit) {
@@ -89,16 +103,13 @@ void ChartHandlers::Selected(const ChartHit& hit) {
         }
         GridControl& grid = context_.grid;
         if (hit.code == ChartHitCode::Series) {
-            if (const std::optional<RowId> row = grid.FindRow(LineKeyOf(hit.series))) {
-                grid.SelectRow(*row, SelectionMode::Replace);
-            }
+            SelectLine(hit.series);
         } else if (hit.code == ChartHitCode::Point && hit.category >= 0) {
             if (const std::optional<Cell> cell = CellOf(hit.series, hit.category)) {
                 grid.SelectCell(*cell, SelectionMode::Replace);
             }
         } else if (hit.code == ChartHitCode::Trendline) {
-            context_.chartCommands.SetCurrentTrendline(
-                modChart::GetTrendline(context_.chart.Object(), static_cast<std::int16_t>(hit.series)));
+            TakeTrendline(hit.series);
         }
     });
 }

@@ -26,6 +26,9 @@ private:
     [[nodiscard]] std::optional<Cell> CellOf(int series, int category) const;
     [[nodiscard]] std::string LineKeyOf(int series) const;
     void ShowPopup(const ChartHit& hit);
+    /// In the grid, whose selection the commands are about.
+    void SelectLine(int series);
+    void TakeTrendline(int series);
 
     ControlContext& context_;
 };

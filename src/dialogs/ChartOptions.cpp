@@ -28,13 +28,13 @@ void ChartOptions::Run() {
             frmChart form(parts_.forms, parts_.messageBoxes, parts_.chooseColor);
             const LoadedForm loaded(parts_.forms, form);
             Fill(form);
-            const ChartType type = form.Get_Type();
+            const std::optional<ChartType> type = form.Get_Type();
             parts_.forms.ShowModal(form);
             changed = form.ButtonPressed == "OK";
             if (changed) {
                 Keep(form);
-                if (form.Get_Type() != type) {
-                    parts_.chooseType(form.Get_Type());
+                if (const std::optional<ChartType> chosen = form.Get_Type(); chosen && chosen != type) {
+                    parts_.chooseType(*chosen);
                 }
                 WriteTable();
                 parts_.rebuildChart();
@@ -51,7 +51,7 @@ void ChartOptions::Fill(frmChart& form) const {
     const GridSettings& grid = parts_.gridSettings;
     const ChartSettings& chart = parts_.chartSettings;
     form.Set_Text();
-    form.Set_Type(IsChartType(grid.chartType) ? static_cast<ChartType>(grid.chartType) : ChartType::Column);
+    form.Set_Type(parts_.commonType());
     form.txtTitle = grid.titleText;
     form.Set_Font(chart.fontName);
     form.chkMinAuto.Value = Ticked(grid.autoMinimum);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include <planview/Platform.h>
 
@@ -25,6 +26,8 @@ public:
         Forms& forms;
         MessageBoxes& messageBoxes;
         ColorChooser chooseColor;
+        /// The type that all series have; none for a mix.
+        std::function<std::optional<ChartType>()> commonType;
         /// Gives the whole chart this type; called only when another one was chosen.
         std::function<void(ChartType)> chooseType;
         /// Sets the chart up anew where it is shown.

@@ -85,16 +85,16 @@ void frmChart::Set_Text() {
     }
 }
 
-void frmChart::Set_Type(ChartType type) {
+void frmChart::Set_Type(std::optional<ChartType> type) {
     for (std::size_t i = 0; i < Types.size(); ++i) {
         optType[i].Value = Types[i] == type;
     }
 }
 
-ChartType frmChart::Get_Type() const {
-    ChartType type = ChartType::Column;
+std::optional<ChartType> frmChart::Get_Type() const {
+    std::optional<ChartType> type;
     for (std::size_t i = 0; i < Types.size(); ++i) {
-        type = optType[i].Value ? Types[i] : type;
+        type = optType[i].Value ? std::optional(Types[i]) : type;
     }
     return type;
 }

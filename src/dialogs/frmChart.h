@@ -72,8 +72,9 @@ public:
     CheckBox chkChange;
 
     void Set_Text();
-    void Set_Type(ChartType type);
-    [[nodiscard]] ChartType Get_Type() const;
+    /// None where the chart mixes several.
+    void Set_Type(std::optional<ChartType> type);
+    [[nodiscard]] std::optional<ChartType> Get_Type() const;
     /// An empty name chooses the view's own font.
     void Set_Font(std::string_view name);
     [[nodiscard]] std::string Get_Font() const;

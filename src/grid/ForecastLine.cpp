@@ -7,7 +7,15 @@ void ChooseForecastLine(HostTable lineIndex, std::string_view key) {
     if (row == 0) {
         return;
     }
-    const bool becomesSales = lineIndex.Text(row, "SHOW_CHART") == "F" || lineIndex.FindRow("SHOW_CHART", "S") == 0;
+    const HostTable::Row sales = lineIndex.FindRow("SHOW_CHART", "S");
+    const HostTable::Row forecast = lineIndex.FindRow("SHOW_CHART", "F");
+    const bool becomesSales = sales == 0 || row == forecast;
+    // Each mark stands once: the line that had it gets the other one where that is free, else none.
+    const HostTable::Row before = becomesSales ? sales : forecast;
+    const bool otherIsFree = row == (becomesSales ? forecast : sales);
+    if (before != 0 && before != row) {
+        lineIndex.Put(before, "SHOW_CHART", !otherIsFree ? "" : becomesSales ? "F" : "S");
+    }
     lineIndex.Put(row, "SHOW_CHART", becomesSales ? "S" : "F");
 }
 

@@ -114,14 +114,14 @@ TEST_F(ChartCommandsTest, TheForecastViewComparesTwoLinesAndGivesTheMarksBack) {
     EXPECT_EQ(platform.messages[1].title, "Forecast");
     context.gridHandlers.SimpleClick({"FLC0", "ROW3"});
     EXPECT_EQ(platform.messages.size(), 2u);
-    EXPECT_TRUE(Chart().comparison);
+    EXPECT_EQ(Chart().comparisonBase, 1);
     ASSERT_EQ(Chart().SeriesCount(), 2);
     EXPECT_EQ(Chart().series[0].caption, "Sales");
     EXPECT_EQ(Chart().series[1].caption, "Rent");
     EXPECT_EQ(tables.lineIndex->Value(1, "SHOW_CHART").AsText(), "");
 
     context.chartCommands.StandardView();
-    EXPECT_FALSE(Chart().comparison);
+    EXPECT_FALSE(Chart().IsComparison());
     EXPECT_EQ(tables.lineIndex->Value(1, "SHOW_CHART").AsText(), "X");
     EXPECT_EQ(tables.lineIndex->Value(2, "SHOW_CHART").AsText(), "X");
     EXPECT_EQ(tables.lineIndex->Value(3, "SHOW_CHART").AsText(), "");

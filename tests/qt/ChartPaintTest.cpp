@@ -243,7 +243,7 @@ void ChartPaintTest::impossibleTrendIsSaid() {
 
 void ChartPaintTest::comparisonTellsTheSigns() {
     ChartState state = SampleChart(ChartType::Line);
-    state.comparison = true;
+    state.comparisonBase = 1;
     state.series.pop_back();
     for (std::size_t i = 0; i < 11; ++i) {
         state.series[0].values[i] = 5000;
@@ -413,7 +413,7 @@ void ChartPaintTest::gallery() {
     for (std::size_t i = 0; i < 11; ++i) {
         forecast.series[1].values[i] = forecast.series[0].values[i] + 300 * std::sin(static_cast<double>(i));
     }
-    forecast.comparison = true;
+    forecast.comparisonBase = 1;
     save("forecast", pictureOf(forecast));
     save("forecast-dark", pictureOf(forecast, GridTheme::darkTheme()));
     forecast.series[0].type = forecast.series[1].type = ChartType::Column;

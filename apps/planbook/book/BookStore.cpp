@@ -6,9 +6,6 @@
 #include <string>
 #include <utility>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include "book/BookConnection.h"
 #include "book/BookError.h"
 #include "book/BookSnapshot.h"
@@ -66,7 +63,7 @@ qint64 BirthOf(const std::filesystem::path& file) {
 
 /// Whether the process as it runs now may write there; SQLite needs the folder for its journal.
 bool MayWrite(const std::filesystem::path& place) {
-    return faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) == 0;
+    return QFileInfo(QString::fromStdString(place.string())).isWritable();
 }
 
 /// Removes a new file again unless it was completed.

@@ -456,8 +456,8 @@ private:
             {98, "stacked to 100 %"},
             {180, names_.title},
             {181, names_.unit.empty() ? "selected lines" : names_.unit},
-            {183, "Mark the line that holds the forecast: click its heading until it shows the forecast mark."},
-            {184, "Mark the line that holds the sales: click its heading until it shows the sales mark."},
+            {183, "Choose the line that holds the forecast: click its heading."},
+            {184, "Choose the line that holds the sales: click its heading."},
         }};
         for (const Entry& entry : entries) {
             // The captions of the macro elements stand in every row: a reader may take them from any.

@@ -43,9 +43,9 @@ std::optional<ChartColor> ChartControl::ColorOf(std::string_view key) const {
     return found == model_->looks.end() ? std::nullopt : std::optional(found->second->color);
 }
 
-void ChartControl::SetComparison(bool on) {
-    if (model_->state.comparison != on) {
-        model_->state.comparison = on;
+void ChartControl::SetComparison(int base) {
+    if (model_->state.comparisonBase != base) {
+        model_->state.comparisonBase = base;
         model_->Touch();
     }
 }

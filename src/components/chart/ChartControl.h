@@ -73,7 +73,8 @@ public:
     void NameSeries(int series, std::string_view key, std::string_view format);
     /// The colour of a key that has been a series; none before.
     [[nodiscard]] std::optional<ChartColor> ColorOf(std::string_view key) const;
-    void SetComparison(bool on);
+    /// `base` as ChartState::comparisonBase.
+    void SetComparison(int base);
     /// Asks the view for it; nothing without one.
     void CopyPicture() const;
 

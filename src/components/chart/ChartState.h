@@ -91,8 +91,10 @@ struct ChartState {
     bool allowDialogs = false;
     bool allowSelect = true;
     bool allowValueChange = true;
-    /// The first two series are set against each other and their difference is shown.
-    bool comparison = false;
+    /// The first two series are set against each other and their difference is shown: this one (1 or 2) is what the
+    /// other is measured by. 0: no comparison.
+    int comparisonBase = 0;
+    [[nodiscard]] bool IsComparison() const noexcept { return comparisonBase != 0; }
 
     std::string title;
     ChartFont titleFont;

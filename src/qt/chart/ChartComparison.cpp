@@ -25,12 +25,12 @@ ChartComparison::ChartComparison(const ChartScene& scene, const ChartState& stat
     : scene_(scene), state_(state), plot_(plot), colors_(colors) {}
 
 bool ChartComparison::isShown() const {
-    return state_.comparison && state_.SeriesCount() >= 2;
+    return state_.IsComparison() && state_.SeriesCount() >= 2;
 }
 
 double ChartComparison::difference(int category) const {
     const auto at = static_cast<std::size_t>(category - 1);
-    return state_.series[1].values[at] - state_.series[0].values[at];
+    return measured().values[at] - state_.series[static_cast<std::size_t>(base() - 1)].values[at];
 }
 
 bool ChartComparison::betweenLines() const {
@@ -67,8 +67,8 @@ void ChartComparison::paintBetweenLines(QPainter& painter) const {
         second.clear();
     };
     for (int category = plot_.FirstCategory(); category <= plot_.LastCategory(); ++category) {
-        const QPointF one = point(1, category);
-        const QPointF other = point(2, category);
+        const QPointF one = point(base(), category);
+        const QPointF other = point(measuredNumber(), category);
         // On the screen: what is higher has the smaller y.
         const double now = one.y() - other.y();
         if (higher * now < 0) {
@@ -90,8 +90,8 @@ void ChartComparison::paintBetweenLines(QPainter& painter) const {
 void ChartComparison::paintBetweenColumns(QPainter& painter) const {
     const double width = plot_.CategoryWidth() * TintPart;
     for (int category = plot_.FirstCategory(); category <= plot_.LastCategory(); ++category) {
-        const double first = plot_.Point(1, category).y;
-        const double second = plot_.Point(2, category).y;
+        const double first = plot_.Point(base(), category).y;
+        const double second = plot_.Point(measuredNumber(), category).y;
         const QRectF rect(plot_.CategoryCenter(category) - width / 2, std::min(first, second), width,
                           std::abs(first - second));
         painter.fillRect(rect, chartmarks::tint(second < first ? colors_.above() : colors_.below()));
@@ -111,7 +111,7 @@ void ChartComparison::paintDifferences(QPainter& painter, const QFont& font) con
     veil.setAlphaF(Veil);
     for (int category = plot_.FirstCategory(); category <= plot_.LastCategory(); ++category) {
         const double value = difference(category);
-        const QString text = differenceText(state_.series[1], value);
+        const QString text = differenceText(measured(), value);
         const double width = metrics.horizontalAdvance(text);
         const double x = std::clamp(plot_.CategoryCenter(category) - width / 2, area.left(),
                                     std::max(area.left(), area.right() - width));
@@ -130,7 +130,7 @@ void ChartComparison::paintDifferences(QPainter& painter, const QFont& font) con
         painter.setBrush(veil);
         painter.drawRoundedRect(rect, distance / 2, distance / 2);
         const double baseLine = top + metrics.ascent();
-        const bool none = text == valueText(state_.series[1], 0);
+        const bool none = text == valueText(measured(), 0);
         painter.setPen(QColor::fromRgb(none ? colors_.muted() : value > 0 ? colors_.above() : colors_.below()));
         painter.drawText(QPointF(x, baseLine), text);
     }

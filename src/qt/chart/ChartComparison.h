@@ -21,6 +21,12 @@ public:
     void paintDifferences(QPainter& painter, const QFont& font) const;
 
 private:
+    /// The number of the series that the other one is measured by, and of that other one.
+    [[nodiscard]] int base() const { return state_.comparisonBase; }
+    [[nodiscard]] int measuredNumber() const { return base() == 1 ? 2 : 1; }
+    [[nodiscard]] const ChartSeries& measured() const {
+        return state_.series[static_cast<std::size_t>(measuredNumber() - 1)];
+    }
     [[nodiscard]] double difference(int category) const;
     [[nodiscard]] bool betweenLines() const;
     void paintBetweenLines(QPainter& painter) const;

@@ -58,10 +58,10 @@ void ChartLegendBox::collect(const ChartPlot& plot) {
             entries_.push_back({fit.IsValid() ? Kind::Trend : Kind::NoTrend, series, trend, text, {}});
         }
     }
-    if (state.comparison && state.SeriesCount() >= 2) {
-        const QString second = seriesName(state, 2);
-        entries_.push_back({Kind::Above, 0, 0, words("%1 higher").arg(second), {}});
-        entries_.push_back({Kind::Below, 0, 0, words("%1 lower").arg(second), {}});
+    if (state.IsComparison() && state.SeriesCount() >= 2) {
+        const QString measured = seriesName(state, state.comparisonBase == 1 ? 2 : 1);
+        entries_.push_back({Kind::Above, 0, 0, words("%1 higher").arg(measured), {}});
+        entries_.push_back({Kind::Below, 0, 0, words("%1 lower").arg(measured), {}});
     }
 }
 
