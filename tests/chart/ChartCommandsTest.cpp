@@ -134,6 +134,83 @@ TEST_F(ChartCommandsTest, TheForecastViewShowsTheHostsTexts) {
     EXPECT_EQ(platform.messages[0].text, "Choose the sales.");
 }
 
+TEST_F(ChartCommandsTest, AForecastViewWithoutLinesHoldsNothingThatCouldBeChanged) {
+    context.chartCommands.ForecastView();
+    EXPECT_EQ(Chart().SeriesCount(), 0);
+    EXPECT_FALSE(context.chart.UserMayChange(1, 1));
+    EXPECT_EQ(tables.lineIndex->Value(1, "CHART_ID").AsInt32(), 0);
+    EXPECT_EQ(tables.colsIndex->Value(1, "CHART_ID").AsInt32(), 0);
+    context.ChartStep();
+    EXPECT_EQ(platform.messages.size(), 1u) << "said once, not at every change";
+}
+
+TEST_F(ChartCommandsTest, TheTwoMarksStandOnce) {
+    const auto marks = [&] {
+        Lines all;
+        for (int row = 1; row <= 3; ++row) {
+            all.push_back(tables.lineIndex->Value(row, "SHOW_CHART").AsText());
+        }
+        return all;
+    };
+    const auto click = [&](const char* row) { context.gridHandlers.SimpleClick({"FLC0", row}); };
+    context.chartCommands.ForecastView();
+    click("ROW1");
+    click("ROW2");
+    EXPECT_EQ(marks(), (Lines{"S", "F", ""}));
+    click("ROW3");
+    EXPECT_EQ(marks(), (Lines{"S", "", "F"}));
+    EXPECT_EQ(Chart().series[1].caption, "Rent");
+    click("ROW3");
+    EXPECT_EQ(marks(), (Lines{"F", "", "S"}));
+    EXPECT_EQ(Chart().comparisonBase, 2) << "measured by the sales line, wherever it stands";
+    click("ROW3");
+    EXPECT_EQ(marks(), (Lines{"S", "", "F"}));
+    tables.lineIndex->SetValue(3, "ROW_HIDDEN", "X");
+    context.ChartStep();
+    EXPECT_EQ(Chart().SeriesCount(), 0) << "a hidden line is in no chart";
+}
+
+TEST_F(ChartCommandsTest, TheForecastViewIsPlainAndLeavesColumnsAsTheyWere) {
+    tables.colsIndex->SetValue(2, "SHOW_CHART", "");
+    tables.lineIndex->SetValue(1, "CHART_TYPE", std::int16_t{23});
+    context.settings.chartType = 2;
+    FollowChartType(context.settings, context.chartSettings);
+    context.chartCommands.Rebuild();
+    context.chartCommands.ForecastView();
+    context.gridHandlers.SimpleClick({"FLC0", "ROW1"});
+    context.gridHandlers.SimpleClick({"FLC0", "ROW2"});
+    EXPECT_EQ(Chart().series[0].type, ChartType::Line);
+    EXPECT_EQ(Chart().series[1].type, ChartType::Column);
+    EXPECT_EQ(Chart().CategoryCount(), 2);
+    context.chartCommands.StandardView();
+    EXPECT_EQ(Chart().CategoryCount(), 1);
+    context.chartCommands.ForecastView();
+    EXPECT_EQ(Chart().SeriesCount(), 2) << "the two lines are remembered";
+    SelectRow("ROW3");
+    context.chartCommands.RowsShowInChart();
+    EXPECT_FALSE(context.chartCommands.IsForecastView());
+    EXPECT_EQ(Chart().series[0].caption, "Rent");
+}
+
+TEST_F(ChartCommandsTest, ARightClickIsAboutWhatWasHitEvenWhereNothingCanBeSelected) {
+    context.chartSettings.selectionAllowed = false;
+    context.chartCommands.Rebuild();
+    SelectRow("ROW2");
+    platform.choices = {"mnuChartLine"};
+    context.chart.UserPressed(2, 0, {ChartHitCode::Series, 1, 0});
+    EXPECT_EQ(tables.lineIndex->Value(1, "CHART_TYPE").AsInt16(), 23);
+    EXPECT_NE(tables.lineIndex->Value(2, "CHART_TYPE").AsText(), "23");
+}
+
+TEST_F(ChartCommandsTest, ARebuildStaysWhereTheUserIs) {
+    context.chartSettings.scrollBar = true;
+    context.chartSettings.visibleCategories = 0;  // one is visible
+    context.chartCommands.Rebuild();
+    context.chart.UserScrolledTo(2);
+    context.ChartStep();
+    EXPECT_EQ(Chart().FirstVisible(), 2);
+}
+
 }  // namespace
 
 }  // namespace planview
