@@ -1,8 +1,10 @@
 #include "book/BookStore.h"
 
 #include <QDateTime>
+#include <QFile>
 #include <QFileInfo>
 #include <QStringList>
+#include <QTemporaryFile>
 #include <string>
 #include <utility>
 
@@ -61,9 +63,14 @@ qint64 BirthOf(const std::filesystem::path& file) {
     return born.isValid() ? born.toMSecsSinceEpoch() : 0;
 }
 
-/// Whether the process as it runs now may write there; SQLite needs the folder for its journal.
-bool MayWrite(const std::filesystem::path& place) {
-    return QFileInfo(QString::fromStdString(place.string())).isWritable();
+/// Whether the process as it runs now may write the file and beside it, where SQLite keeps its journal. Tried, not
+/// asked: permissions do not tell of read-only disks and of who one is just now.
+bool MayWrite(const std::filesystem::path& file) {
+    if (!QFile(QString::fromStdString(file.string())).open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) {
+        return false;
+    }
+    QTemporaryFile beside(QString::fromStdString((file.parent_path() / "planbook-XXXXXX").string()));
+    return beside.open();
 }
 
 /// Removes a new file again unless it was completed.
@@ -96,7 +103,7 @@ BookStore::~BookStore() = default;
 BookStore BookStore::Open(const std::filesystem::path& file) {
     CheckBookHeader(file);
     // A book that may be written is opened for that, so that SQLite can undo what a killed process left half done.
-    const bool writable = MayWrite(file) && MayWrite(std::filesystem::absolute(file).parent_path());
+    const bool writable = MayWrite(std::filesystem::absolute(file));
     auto connection = std::make_unique<BookConnection>(file, writable ? Access::ReadWrite : Access::ReadOnly);
 
     QSqlQuery check = connection->Run(Work::Open, "PRAGMA quick_check(1)");
