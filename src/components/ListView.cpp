@@ -7,8 +7,19 @@
 namespace planview {
 
 ListView::~ListView() {
-    if (watcher_) {
-        watcher_->Ended();
+    Tell(&ListViewWatcher::Ended);
+}
+
+void ListView::Tell(void (ListViewWatcher::*what)()) const {
+    if (watchers_.size() == 1) {
+        (watchers_.front()->*what)();
+        return;
+    }
+    const std::vector<ListViewWatcher*> told = watchers_;
+    for (ListViewWatcher* watcher : told) {
+        if (std::find(watchers_.begin(), watchers_.end(), watcher) != watchers_.end()) {
+            (watcher->*what)();
+        }
     }
 }
 
@@ -32,9 +43,7 @@ void ListView::Add(std::string_view key, std::string_view text, const std::array
         item.subItems[i] = subItems[i];
     }
     current_ = count_++;
-    if (watcher_) {
-        watcher_->ItemAdded();
-    }
+    Tell(&ListViewWatcher::ItemAdded);
 }
 
 void ListView::RemoveFirst() {
@@ -44,9 +53,7 @@ void ListView::RemoveFirst() {
     first_ = SlotOf(1);
     --count_;
     current_ = current_ > 0 ? current_ - 1 : count_;
-    if (watcher_) {
-        watcher_->FirstItemRemoved();
-    }
+    Tell(&ListViewWatcher::FirstItemRemoved);
 }
 
 void ListView::Clear() {
@@ -54,9 +61,7 @@ void ListView::Clear() {
     first_ = 0;
     count_ = 0;
     current_ = 0;
-    if (watcher_) {
-        watcher_->Cleared();
-    }
+    Tell(&ListViewWatcher::Cleared);
 }
 
 }  // namespace planview

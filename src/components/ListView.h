@@ -42,7 +42,9 @@ public:
     ListView(const ListView&) = delete;
     ListView& operator=(const ListView&) = delete;
 
-    void SetWatcher(ListViewWatcher* watcher) noexcept { watcher_ = watcher; }
+    /// Several windows may show one list. A watcher may add and remove watchers while it is told of something.
+    void AddWatcher(ListViewWatcher& watcher) { watchers_.push_back(&watcher); }
+    void RemoveWatcher(ListViewWatcher& watcher) noexcept { std::erase(watchers_, &watcher); }
 
     void AddColumn(ListColumn column) { columns_.push_back(std::move(column)); }
     [[nodiscard]] const std::vector<ListColumn>& Columns() const noexcept { return columns_; }
@@ -59,6 +61,8 @@ public:
     [[nodiscard]] std::size_t Current() const noexcept { return current_; }
 
 private:
+    /// Tells each watcher that is there now and still is when its turn comes.
+    void Tell(void (ListViewWatcher::*what)()) const;
     [[nodiscard]] std::size_t SlotOf(std::size_t index) const noexcept { return (first_ + index) % slots_.size(); }
 
     std::vector<ListColumn> columns_;
@@ -67,7 +71,7 @@ private:
     std::size_t first_ = 0;
     std::size_t count_ = 0;
     std::size_t current_ = 0;
-    ListViewWatcher* watcher_ = nullptr;
+    std::vector<ListViewWatcher*> watchers_;
 };
 
 }  // namespace planview

@@ -17,6 +17,7 @@ namespace {
 template <class Operation>
 void Select(ControlContext& context, const HostTable& table, const Operation& operation) {
     operation(table, context.grid);
+    MirrorSelection(context.tables.COLS_INDEX, context.tables.LINE_INDEX, context.grid);
     context.grid.Redraw();
 }
 

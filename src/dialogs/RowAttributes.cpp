@@ -126,6 +126,7 @@ void RowAttributes::Take(const frmRow& form, const Template& line) const {
     modGrid::RowHeight(grid, keys.row, height, NoRedraw);
     modGrid::CenterFont(grid, keys, form.FontRC, NoRedraw);
     modGrid::DeleteSelection(grid, keys, NoRedraw);
+    table.PutFlag(row, "ROW_MARKED", false);  // the mark goes with the selection
 }
 
 }  // namespace planview

@@ -56,7 +56,7 @@ TEST_F(RowAttributesTest, OkChangesTheFirstSelectedRowInOrder) {
     context.rowAttributes.Run();
 
     EXPECT_EQ(lineLog->puts, (Lines{"SHOW_CHART=X", "ROW_BG=14", "ROW_FG=10", "RELIEF=", "ROW_ALIGN=2", "ROW_HEIGHT=40",
-                                    "ROW_FONT=Courier New;10;Bold"}));
+                                    "ROW_FONT=Courier New;10;Bold", "ROW_MARKED="}));
     EXPECT_EQ(RowState("ROW2"), "40");
     EXPECT_EQ(RowState("ROW4"), "24 selected");
     EXPECT_EQ(RowState("ROW5"), "25 selected");

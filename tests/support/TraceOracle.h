@@ -35,7 +35,7 @@ protected:
             modPlan::Trace_Disable(platform.Interfaces());
         }
         if (frmTrace::Exists()) {
-            frmTrace::Instance().TraceView.SetWatcher(nullptr);
+            frmTrace::Instance().TraceView.RemoveWatcher(*this);
         }
         for (const std::string& entry : errorsExpected_ ? std::vector<std::string>() : errors_) {
             ADD_FAILURE() << "unasked error in the trace: " << entry;
@@ -69,7 +69,8 @@ protected:
 private:
     void Watch(Form& form) {
         if (auto* trace = dynamic_cast<frmTrace*>(&form)) {
-            trace->TraceView.SetWatcher(this);
+            trace->TraceView.RemoveWatcher(*this);
+            trace->TraceView.AddWatcher(*this);
         }
     }
     void ItemAdded() override {

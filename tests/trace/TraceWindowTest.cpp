@@ -118,4 +118,29 @@ TEST_F(TraceWindowTest, WithoutItsWindowTheMenuDeletesNothing) {
     EXPECT_TRUE(platform.messages.empty());
 }
 
+/// Several controls may show the one list; a window that goes takes nobody else's place.
+TEST(TraceList, TellsEveryWindowThatShowsIt) {
+    class Window : public ListViewWatcher {
+    public:
+        void ItemAdded() override { heard += "+"; }
+        void FirstItemRemoved() override { heard += "-"; }
+        void Cleared() override { heard += "0"; }
+        void Ended() override { heard += "."; }
+        std::string heard;
+    };
+    Window one;
+    Window other;
+    {
+        ListView list;
+        list.AddWatcher(one);
+        list.AddWatcher(other);
+        list.Add("k", "text", {});
+        list.RemoveFirst();
+        list.RemoveWatcher(one);
+        list.Clear();
+    }
+    EXPECT_EQ(one.heard, "+-");
+    EXPECT_EQ(other.heard, "+-0.");
+}
+
 }  // namespace planview

@@ -59,16 +59,11 @@ TraceDialog::TraceDialog(frmTrace& form, QWidget* parent)
     setTabOrder(list_, words_);
     setTabOrder(words_, where_);
     resize(UsualSize);
-    form.PlaceOnTop = [this](bool onTop) { placeOnTop(onTop); };
     connect(model_, &TraceModel::reported, this, &TraceDialog::follow);
     connect(model_, &TraceModel::ended, this, &TraceDialog::endForm);
 }
 
-TraceDialog::~TraceDialog() {
-    if (form_) {
-        form_->PlaceOnTop = nullptr;
-    }
-}
+TraceDialog::~TraceDialog() = default;
 
 void TraceDialog::setTheme(const GridTheme& theme) {
     ThemedDialog::setTheme(theme);
@@ -210,8 +205,15 @@ void TraceDialog::runMenu(int index) {
     if (form_) {
         following_ = true;  // what the entry writes is to be seen
         const QPointer<TraceDialog> self(this);
+        // Other controls may have windows over the same list; the entry is about this one.
+        form_->PlaceOnTop = [self](bool onTop) {
+            if (self) {
+                self->placeOnTop(onTop);
+            }
+        };
         form_->mnuTrac_Click(index);
         if (self && form_) {
+            form_->PlaceOnTop = nullptr;
             onTop_->setChecked(form_->mnuTrac[0].Checked);
         }
     }
@@ -278,9 +280,6 @@ void TraceDialog::copySelected() const {
 }
 
 void TraceDialog::endForm() {
-    if (form_) {
-        form_->PlaceOnTop = nullptr;
-    }
     form_ = nullptr;
     ThemedDialog::endForm();
 }

@@ -20,12 +20,12 @@ bool isBookmark(const ListItem& item) {
 
 TraceModel::TraceModel(ListView& list, QObject* parent)
     : QAbstractTableModel(parent), list_(&list), theme_(&GridTheme::light()), rows_(static_cast<int>(list.Count())) {
-    list_->SetWatcher(this);
+    list_->AddWatcher(*this);
 }
 
 TraceModel::~TraceModel() {
     if (list_) {
-        list_->SetWatcher(nullptr);
+        list_->RemoveWatcher(*this);
     }
 }
 

@@ -25,7 +25,8 @@ GridColors::GridColors(const GridControl& grid, const GridTheme& theme) : theme_
         colors_.push_back({qRgb(color.red, color.green, color.blue), role});
     }
     const GridSettingsState& settings = grid.Settings();
-    base_ = isOwnBackground(settings.backgroundColor) ? theme.base : background(settings.backgroundColor);
+    hasOwnBase_ = isOwnBackground(settings.backgroundColor);
+    base_ = hasOwnBase_ ? theme.base : background(settings.backgroundColor);
     const Role lineRole = roleOf(settings.gridLineColor, Role::Gray);
     line_ = lineRole == Role::Gray ? theme.line : background(settings.gridLineColor);
 }
@@ -41,6 +42,7 @@ bool GridColors::isReadOnlyPair(std::int16_t background, std::int16_t foreground
 }
 
 QRgb GridColors::text(std::int16_t index, QRgb ownText, QRgb ground, bool ownGround) {
+    ownGround = ownGround && hasOwnBase_;  // the theme's text goes with the theme's grounds only
     const bool ownForeground = isOwnForeground(index);
     if (ownForeground && ownGround) {
         return ownText;

@@ -42,6 +42,7 @@ private:
 
     const GridTheme& theme_;
     std::vector<Entry> colors_;
+    bool hasOwnBase_ = true;
     QRgb base_;
     QRgb line_;
     std::unordered_map<std::uint64_t, QRgb> readable_;  // by text and ground
