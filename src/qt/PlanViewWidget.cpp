@@ -76,6 +76,8 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
                                   cell, QString::fromUtf8(reason.data(), static_cast<qsizetype>(reason.size())));
     });
     state_->grid->setHistory({[this] { undo(); }, [this] { redo(); }});
+    connect(state_->chart, &ChartView::undoWanted, this, &PlanViewWidget::undo);
+    connect(state_->chart, &ChartView::redoWanted, this, &PlanViewWidget::redo);
     const auto valuesChanged = [this] { state_->status->valuesChanged(); };
     connect(this, &PlanViewWidget::GridValueChanged, state_->status, valuesChanged);
     connect(this, &PlanViewWidget::GridStartUpdate, state_->status, valuesChanged);

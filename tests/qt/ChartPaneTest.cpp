@@ -16,6 +16,7 @@ private Q_SLOTS:
     void draggedPointReachesTheTable();
     void readOnlyRowStaysAsItIs();
     void clickedPointIsTheCurrentCell();
+    void undoneFromTheChart();
     void picturesForOthers();
     void followsThemeAndScale();
 };
@@ -102,6 +103,19 @@ void ChartPaneTest::clickedPointIsTheCurrentCell() {
     QVERIFY(screen.chart().hasFocus());
     QTest::keyClick(&screen.chart(), Qt::Key_Left);
     QCOMPARE(screen.current(), QStringLiteral("COL3/ROW3"));
+}
+
+void ChartPaneTest::undoneFromTheChart() {
+    Screen screen;
+    QTest::mouseClick(screen.chart().viewport(), Qt::LeftButton, {}, screen.grip(2, 3));
+    const QString before = screen.contents("COL3/ROW3");
+    QTest::keyClick(&screen.chart(), Qt::Key_Up, Qt::AltModifier);
+    const QString changed = screen.contents("COL3/ROW3");
+    QVERIFY(changed != before);
+    QTest::keyClick(&screen.chart(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(screen.contents("COL3/ROW3"), before);
+    QTest::keyClick(&screen.chart(), Qt::Key_Y, Qt::ControlModifier);
+    QCOMPARE(screen.contents("COL3/ROW3"), changed);
 }
 
 void ChartPaneTest::picturesForOthers() {

@@ -64,6 +64,8 @@ Q_SIGNALS:
     void chartChanged();
     /// The user asks for another scale of all texts.
     void textScaleWanted(double scale);
+    void undoWanted();
+    void redoWanted();
 
 protected:
     bool viewportEvent(QEvent* event) override;

@@ -70,13 +70,7 @@ void ChartView::press(QMouseEvent& event) {
     const std::int16_t shift = shiftOf(event.modifiers());
     setBubble(std::nullopt);
     if (event.button() == Qt::RightButton) {
-        // The commands of a series' popup are about what is selected.
-        if (hit.series > 0 && hit != chart_.State().selected) {
-            chart_.UserSelected(hit);
-        }
-        if (self) {
-            chart_.UserPressed(RightButton, shift, hit);
-        }
+        chart_.UserPressed(RightButton, shift, hit);  // the popup's owner selects what it is about
         return;
     }
     const bool ofChart = event.modifiers() == Qt::AltModifier;
@@ -290,6 +284,15 @@ void ChartView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape && (moved_ || bubble_)) {
         cancelMoving();
         setBubble(std::nullopt);
+        return;
+    }
+    if (!moved_ && event->matches(QKeySequence::Undo)) {
+        Q_EMIT undoWanted();
+        return;
+    }
+    if (!moved_ && (event->matches(QKeySequence::Redo) ||
+                    (event->modifiers() == Qt::ControlModifier && event->key() == Qt::Key_Y))) {
+        Q_EMIT redoWanted();
         return;
     }
     if (moved_ || (!changeByKey(*event) && !walk(*event))) {

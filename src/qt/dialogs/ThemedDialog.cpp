@@ -40,6 +40,7 @@ QPushButton#colorButton:focus { padding: 4px 27px 4px 7px; }
 QLineEdit, QComboBox { background: %base; color: %text; border: 1px solid %edge; border-radius: 5px;
     padding: 4px 7px; selection-background-color: %accent; selection-color: %onAccent; }
 QLineEdit:focus, QComboBox:focus { border: 2px solid %accent; padding: 3px 6px; }
+QLineEdit:disabled, QComboBox:disabled { background: %panel; color: %faint; border-color: %line; }
 QLineEdit[wrong="true"] { border-color: %negative; }
 QComboBox::drop-down { border: none; width: 22px; }
 QComboBox::down-arrow { image: url(:/planview/icons/chevron-down.svg); width: 16px; height: 16px; }
