@@ -9,7 +9,8 @@ namespace planview {
 /// A platform without a screen, for hosts that build and read a view in a service or a test.
 ///
 /// Message boxes answer with their default button, forms and popups are never shown, the clipboard is one of its own,
-/// and the system information is that of the operating system. The log folder is "planview" in the user's state folder (`XDG_STATE_HOME`, else "~/.local/state").
+/// and the system information is that of the operating system. The log folder is "planview" in the user's state folder
+/// (`XDG_STATE_HOME`, else "~/.local/state").
 class HeadlessPlatform {
 public:
     HeadlessPlatform();

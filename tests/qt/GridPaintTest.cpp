@@ -264,8 +264,8 @@ private slots:
             const QRgb under = ground(image, lastColumn);
             QVERIFY2((countInk(image, lastColumn, under) > 60) == row.cut, row.text);
             QVERIFY2(countInk(image, atTheEdge, under) == 0, row.text);
-            GridPainter painter(
-                {screen.grid(), geometry, GridTheme::light(), fonts, screen.view().bitmaps(), PendingMarks(), RowDots(), true});
+            GridPainter painter({screen.grid(), geometry, GridTheme::light(), fonts, screen.view().bitmaps(),
+                                 PendingMarks(), RowDots(), true});
             QVERIFY2(painter.isCut(note) == row.cut, row.text);
         }
     }
