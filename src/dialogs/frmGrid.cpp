@@ -4,12 +4,6 @@
 
 namespace planview {
 
-namespace {
-
-constexpr std::size_t DragAnywhere = 1;
-
-}  // namespace
-
 void frmGrid::Set_Text() {
     chkMove.Caption = "Allow move of columns and rows";
     chkResize.Caption = "Allow resize of columns and rows";
@@ -25,14 +19,9 @@ void frmGrid::Set_Text() {
     }
 }
 
-void frmGrid::Set_Layoutmode(bool layoutMode) {
-    optDrag[DragAnywhere].Enabled = layoutMode || optDrag[DragAnywhere].Value;
-}
-
 void frmGrid::Set_DragMode(int mode) {
     for (std::size_t i = 0; i < optDrag.size(); ++i) {
         optDrag[i].Value = static_cast<int>(i) == mode;
-        optDrag[i].Enabled = optDrag[i].Enabled || optDrag[i].Value;
     }
 }
 

@@ -24,8 +24,8 @@ public:
     ColorBox picGridlines;
 
     void Set_Text();
-    /// Dragging out of the grid has no goal without the panes that layout mode brings; a mode that is set stays.
-    void Set_Layoutmode(bool layoutMode);
+    /// Every drag mode can be chosen in every layout, else the user could not return to the one he had.
+    void Set_Layoutmode(bool /*layoutMode*/) noexcept {}
     void Set_BgColor(int index) noexcept { picBgColor.Set(index); }
     [[nodiscard]] std::int16_t Get_BgColor() const noexcept { return picBgColor.Get(); }
     void Set_GridLinesColor(int index) noexcept { picGridlines.Set(index); }

@@ -145,20 +145,4 @@ TEST_F(GeneralOptionsTest, AFailingTableEndsTheCommandAndTheForm) {
     EXPECT_EQ(updates, 0);
 }
 
-TEST_F(GeneralOptionsTest, DraggingOutOfTheGridNeedsLayoutMode) {
-    const struct {
-        const char* name;
-        bool layoutMode;
-        std::int16_t mode;
-        bool offered;
-    } cases[] = {
-        {"layout mode", true, 0, true}, {"no pane to drag to", false, 0, false}, {"chosen before", false, 1, true}};
-    for (const auto& row : cases) {
-        context.layout.SetLayoutMode(row.layoutMode);
-        context.settings.dragMode = row.mode;
-        WhileShown<frmGrid>([&](frmGrid& form) { EXPECT_EQ(form.optDrag[1].Enabled, row.offered) << row.name; });
-        context.generalOptions.Run();
-    }
-}
-
 }  // namespace planview
