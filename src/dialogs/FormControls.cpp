@@ -28,6 +28,7 @@ void ListBox::Choose(std::string_view text) {
 void ColorBox::Set(int index) noexcept {
     if (index >= 0 && index < modGrid::PaletteSize) {
         index_ = static_cast<std::int16_t>(index);
+        hasColor_ = true;
     }
 }
 
@@ -35,6 +36,7 @@ void ColorBox::Click(const ColorChooser& choose) {
     const std::optional<int> position = choose ? choose() : std::nullopt;
     if (position && *position >= 0 && *position < modGrid::PaletteSize) {
         index_ = modGrid::PaletteIndexOf(*position);
+        hasColor_ = true;
     }
 }
 

@@ -19,7 +19,6 @@ struct CheckBox {
 struct OptionButton {
     std::string Caption;
     bool Value = false;  ///< chosen; one of its group is
-    bool Enabled = true;
 };
 
 struct ListBox {
@@ -42,14 +41,21 @@ class ColorBox {
 public:
     std::string Caption;
 
+    ColorBox() = default;
+    /// Shows `index` until it gets a colour.
+    explicit ColorBox(std::int16_t index) noexcept : index_(index) {}
+
     /// An index outside the palette leaves the box as it is.
     void Set(int index) noexcept;
     [[nodiscard]] std::int16_t Get() const noexcept { return index_; }
+    /// Whether it got a colour by Set() or from the user; else what it shows is nobody's choice.
+    [[nodiscard]] bool HasColor() const noexcept { return hasColor_; }
     /// Takes over what the user chooses, if anything.
     void Click(const ColorChooser& choose);
 
 private:
     std::int16_t index_ = 0;
+    bool hasColor_ = false;
 };
 
 }  // namespace planview

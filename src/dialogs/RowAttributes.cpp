@@ -107,10 +107,15 @@ void RowAttributes::Take(const frmRow& form, const Template& line) const {
 
     if (table.Text(row, "LINETYPE") == "H" || modGrid::HeaderSelected(grid, keys) == 1) {
         table.PutFlag(row, "SHOW_CHART", inChart);
-        table.Put(row, "ROW_BG", form.Get_BgColor());
-        table.Put(row, "ROW_FG", form.Get_FgColor());
-        modGrid::CenterBgColor(grid, keys, form.Get_BgColor(), NoRedraw);
-        modGrid::CenterFgColor(grid, keys, form.Get_FgColor(), NoRedraw);
+        // An index that is no colour stays in the table until the user chooses one.
+        if (form.picBgColor.HasColor()) {
+            table.Put(row, "ROW_BG", form.Get_BgColor());
+            modGrid::CenterBgColor(grid, keys, form.Get_BgColor(), NoRedraw);
+        }
+        if (form.picFgColor.HasColor()) {
+            table.Put(row, "ROW_FG", form.Get_FgColor());
+            modGrid::CenterFgColor(grid, keys, form.Get_FgColor(), NoRedraw);
+        }
     }
     if (table.Flag(row, "ROW_TEXT")) {
         table.PutFlag(row, "SHOW_CHART", inChart);

@@ -49,7 +49,7 @@ public:
     ListBox ListSize;
     std::array<OptionButton, 3> optType;  ///< Cursiv, Bold, Normal
     ColorBox picBgColor;
-    ColorBox picFgColor;
+    ColorBox picFgColor{1};
     /// `ROW_FONT` and the size in it as they were when the OK button was pressed.
     std::string FontRC;
     std::string SizeRC;

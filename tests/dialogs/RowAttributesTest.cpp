@@ -106,6 +106,25 @@ TEST_F(RowAttributesTest, CancelLeavesTableGridAndSelection) {
     EXPECT_EQ(updates, 0);
 }
 
+TEST_F(RowAttributesTest, ColoursOutsideThePaletteStayUntilOneIsChosen) {
+    Set(3, "ROW_BG", -4);
+    Set(3, "ROW_FG", 99);
+    for (const bool chosen : {false, true}) {
+        Select({"ROW3"});
+        context.chooseColor = [] { return 9; };  // light blue
+        WhileShown<frmRow>([&](frmRow& form) {
+            EXPECT_EQ(form.Get_FgColor(), 1) << "the text's usual colour";
+            if (chosen) {
+                form.picFgColor_Click();
+            }
+            form.cmdOk_Click();
+        });
+        context.rowAttributes.Run();
+        EXPECT_EQ(Text(*tables.lineIndex, 3, "ROW_BG"), "-4");
+        EXPECT_EQ(Text(*tables.lineIndex, 3, "ROW_FG"), chosen ? "10" : "99");
+    }
+}
+
 TEST_F(RowAttributesTest, TextLinesGetTheirChartMarkTwice) {
     Set(1, "ROW_TEXT", "X");
     Select({"ROW1"});
