@@ -110,9 +110,11 @@ bool ClipboardCommands::CopyToClipboard(std::string_view method) {
         return false;
     }
     if (TraceEnabled) {
+        // A right click inside a selection touches another cell than the current one.
+        const Cell touched = grid.FindCell({parts_.keys.column, parts_.keys.row}).value_or(*current);
         TraceWrite("GRIDCTL", "", method,
                    TraceText("{cid: ", parts_.keys.column, " - rid: ", parts_.keys.row,
-                             " - text: ", grid.Contents(*current), "}"));
+                             " - text: ", grid.Contents(touched), "}"));
     }
     const TextBlock block = ReadBlock(grid, BlockOfSelection(grid));
     parts_.clipboard.Set({IsSingle(block) ? block[0][0] : FormatBlock(block), FormatHtmlBlock(block)});

@@ -188,6 +188,17 @@ TEST_F(MenuDispatchTest, CommandsOfColumnsAndRowsReachTablesAndGrid) {
     EXPECT_EQ(Field(tables.lineIndex, "ROW_HEIGHT"), (Lines{"22", "22", "22", "22"}));
 }
 
+/// Selecting along one axis takes the other axis' selection away, and its marks with it.
+TEST_F(MenuDispatchTest, MarksOfBothAxesFollowTheSelection) {
+    SelectRow("ROW3");
+    ASSERT_EQ(Field(tables.lineIndex, "ROW_MARKED"), (Lines{"", "", "X", ""}));
+    RightClick("COL2/FTR0", {"mnuColsSelectAll"});
+    EXPECT_EQ(Field(tables.colsIndex, "COL_MARKED"), (Lines{"X", "X", "X"}));
+    EXPECT_EQ(Field(tables.lineIndex, "ROW_MARKED"), (Lines{"", "", "", ""}));
+    RightClick("FLC0/ROW2", {"mnuRowsSelectAll"});
+    EXPECT_EQ(Field(tables.colsIndex, "COL_MARKED"), (Lines{"", "", ""}));
+}
+
 TEST_F(MenuDispatchTest, RowColorsGoThroughTheColorsPopup) {
     SelectRow("ROW2");
     SelectRow("ROW3", SelectionMode::Add);
@@ -239,6 +250,13 @@ TEST_F(MenuDispatchTest, CellCommandsUseTheClipboard) {
     control->Grid().SelectCell(At("COL1/ROW1"), SelectionMode::Replace);
     RightClick("COL1/ROW1", {"mnuCellPaste"});
     EXPECT_EQ(control->Grid().Contents(At("COL1/ROW1")), "12");
+}
+
+TEST_F(MenuDispatchTest, CopyInASelectionTracesTheClickedCell) {
+    SelectRow("ROW2");
+    RightClick("COL3/ROW2", {"mnuCellCopy"});
+    EXPECT_EQ(EntriesOf("Ctrl-C"), (Lines{"GRIDCTL |  | Ctrl-C | {cid: COL3 - rid: ROW2 - text: 23}"}));
+    EXPECT_EQ(platform.onClipboard.text, "21\t22\t23\n");
 }
 
 TEST_F(MenuDispatchTest, TestDataAreOneChangeOfTheUsers) {
