@@ -108,7 +108,8 @@ struct PopupMenu {
     std::vector<PopupEntry> entries;
 };
 
-/// Where a popup opens. While a dialog is open, both mean: below what has the focus in it.
+/// Where a popup opens. While a dialog is open, both mean: below what has the focus in it. `Mouse` means the mouse, or
+/// what is selected in the chart where a key pressed there has asked for the popup.
 enum class PopupPlace { Mouse, CurrentCell };
 
 /// Shows popup menus.

@@ -45,8 +45,7 @@ PlanViewCore::PlanViewCore(PlanViewWidget& widget, const PlatformOverrides& over
       sink(widget),
       view(Platform{chosen<MessageBoxes>(overrides.messageBoxes, messageBoxes), chosen<Forms>(overrides.forms, forms),
                     chosen<Clipboard>(overrides.clipboard, clipboard),
-                    chosen<SystemInformation>(overrides.system, system),
-                    chosen<Popups>(overrides.popups, popups)}) {
+                    chosen<SystemInformation>(overrides.system, system), chosen<Popups>(overrides.popups, popups)}) {
     view.AddSink(sink);
 }
 
@@ -59,6 +58,7 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
     state_->grid = new GridView(state_->core->view.Grid(), state_->core);
     state_->core->popups.setGrid(state_->grid);
     state_->chart = new ChartView(state_->core->view.Chart(), state_->core);
+    state_->core->popups.setChart(state_->chart);
     state_->panes = new PaneHost(state_->core->view.Panes(), state_->grid, state_->chart, this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "qt/WidgetOnScreen.h"
+#include "qt/chart/ChartView.h"
 #include "qt/platform/QtPopups.h"
 
 namespace planview {
@@ -125,6 +126,40 @@ private slots:
                              screen.view().cellRect(screen.cell(QStringLiteral("COL1/ROW2"))).bottomLeft()));
         QCOMPARE(screen.contents(QStringLiteral("COL1/ROW2")), QString());
         QCOMPARE(screen.heard, (QStringList{QStringLiteral("COL1/ROW2=")}));
+    }
+
+    /// By key the popups of the chart, and those that its commands open, stand at what is selected in it; by mouse they
+    /// stand at the mouse, wherever a key was pressed before.
+    void theChartsPopupsOpenWhereTheyWereAskedFor() {
+        Popping screen;
+        screen.tables.gridAttr->SetValue(1, "CHART", "X");
+        screen.tables.lineIndex->SetValue(2, "SHOW_CHART", "X");
+        screen.widget->resize(760, 700);
+        screen.widget->DP_Import_Attribute();
+        screen.widget->DP_Import_Create();
+        QApplication::processEvents();
+        auto& chart = *screen.widget->findChild<ChartView*>();
+        chart.setFocus();
+        const auto openedBy = [](const std::function<void()>& ask) {
+            QPoint opened;
+            withPopup([&](QMenu& menu) {
+                opened = menu.pos();
+                menu.close();
+            });
+            ask();
+            return opened;
+        };
+        const auto byKey = [&] {
+            QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+            QApplication::sendEvent(&chart, &event);
+        };
+        const auto selected = [&] { return chart.mapToGlobal(chart.pointRect(1, 2).toAlignedRect().bottomLeft()); };
+        chart.chart().UserSelected({ChartHitCode::Point, 1, 2});
+        QCursor::setPos(screen.port()->mapToGlobal(QPoint(30, 30)));
+        QCOMPARE(openedBy(byKey), selected());
+        const QPoint mouse = screen.middle(QStringLiteral("COL1/ROW1"));
+        QCursor::setPos(screen.port()->mapToGlobal(mouse));
+        QCOMPARE(openedBy([&] { rightClick(screen, QStringLiteral("COL1/ROW1")); }), screen.port()->mapToGlobal(mouse));
     }
 
     void aHeadingIsSelectedBeforeItsPopupOpens() {

@@ -2,11 +2,13 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QCursor>
 #include <QMenu>
 #include <QPainter>
 #include <QTextDocument>
 
+#include "qt/chart/ChartView.h"
 #include "qt/grid/GridView.h"
 
 namespace planview {
@@ -112,12 +114,62 @@ QString styleSheetFor(const GridTheme& theme) {
 
 }  // namespace
 
-QtPopups::QtPopups(QWidget& control) : control_(&control) {}
+/// Remembers whether a key in the chart has asked for a popup since a mouse button was last pressed in a view: a
+/// command's own popup, opened long after the key, belongs where the first one was.
+class QtPopups::LastAsked final : public QObject {
+public:
+    void watch(QAbstractScrollArea& view) {
+        view.installEventFilter(this);
+        view.viewport()->installEventFilter(this);
+    }
+    [[nodiscard]] bool byKeyInChart() const { return byKeyInChart_; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        switch (event->type()) {
+            case QEvent::MouseButtonPress:
+            case QEvent::MouseButtonDblClick:
+                byKeyInChart_ = false;
+                break;
+            case QEvent::ContextMenu:
+                byKeyInChart_ = qobject_cast<ChartView*>(watched) &&
+                                static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard;
+                break;
+            default:
+                break;
+        }
+        return false;
+    }
+
+private:
+    bool byKeyInChart_ = false;
+};
+
+QtPopups::QtPopups(QWidget& control) : control_(&control), asked_(std::make_unique<LastAsked>()) {}
 
 QtPopups::~QtPopups() = default;
 
 void QtPopups::setGrid(GridView* grid) {
     grid_ = grid;
+    if (grid) {
+        asked_->watch(*grid);
+    }
+}
+
+void QtPopups::setChart(ChartView* chart) {
+    chart_ = chart;
+    if (chart) {
+        asked_->watch(*chart);
+    }
+}
+
+QPoint QtPopups::placeInChart() const {
+    const QRect port = chart_->viewport()->rect();
+    const ChartHit& selected = chart_->chart().State().selected;
+    const bool isPoint = selected.series > 0 && selected.category > 0;
+    const QRect point = isPoint ? chart_->pointRect(selected.series, selected.category).toAlignedRect() : QRect();
+    const QPoint at = port.intersects(point) ? point.bottomLeft() : port.center();
+    return chart_->viewport()->mapToGlobal(at);
 }
 
 QPoint QtPopups::positionOf(PopupPlace place) const {
@@ -126,6 +178,9 @@ QPoint QtPopups::positionOf(PopupPlace place) const {
         return focus->mapToGlobal(focus->rect().bottomLeft());
     }
     if (place == PopupPlace::Mouse) {
+        if (chart_ && asked_->byKeyInChart()) {
+            return placeInChart();
+        }
         return QCursor::pos();
     }
     if (grid_) {

@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <memory>
 
 #include <planview/Platform.h>
 
@@ -9,6 +10,7 @@ class QMenu;
 
 namespace planview {
 
+class ChartView;
 class GridView;
 
 /// Popup menus of the desktop, in the colours of the grid they belong to.
@@ -21,15 +23,22 @@ public:
 
     /// The grid whose current cell and colours the popups follow; until then they open at the control.
     void setGrid(GridView* grid);
+    /// The chart, whose popups open at the mouse, or at what is selected in it when a key has asked for them.
+    void setChart(ChartView* chart);
 
     std::string Choose(const PopupMenu& menu, PopupPlace place) override;
 
 private:
+    class LastAsked;
+
+    [[nodiscard]] QPoint placeInChart() const;
     [[nodiscard]] QPoint positionOf(PopupPlace place) const;
     void applyLook(QMenu& menu) const;
 
     QPointer<QWidget> control_;
     QPointer<GridView> grid_;
+    QPointer<ChartView> chart_;
+    std::unique_ptr<LastAsked> asked_;
 };
 
 }  // namespace planview
