@@ -291,6 +291,33 @@ private slots:
         });
     }
 
+    /// Two controls have a window each for the one trace: neither freezes the other's, nor outlives what it shows.
+    void windowsOfTwoControlsShowOneTrace() {
+        const auto other = std::make_unique<Desktop>();
+        int first = 0;
+        int second = 0;
+        const auto countIn = [](Desktop& desktop, int& count, bool onTop) {
+            whenShown<QDialog>([&count, onTop](QDialog* dialog) {
+                write("GRIDCTL", "Entry", "{}");
+                count = listOf(*dialog).model()->rowCount();
+                QCOMPARE(dialog->windowFlags().testFlag(Qt::WindowStaysOnTopHint), onTop);
+                action(*dialog, QStringLiteral("Window always on top"))->trigger();
+                QCOMPARE(dialog->windowFlags().testFlag(Qt::WindowStaysOnTopHint), !onTop);
+                dialog->close();
+            });
+            modPlan::Trace_Show(desktop.Interfaces());
+        };
+        countIn(*desktop_, first, false);
+        other->Load(frmTrace::Instance());
+        countIn(*other, second, true);
+        QVERIFY(second > first);
+        const int before = second;
+        countIn(*desktop_, first, false);
+        QVERIFY2(first > before, "the first window goes on although another one was opened");
+        desktop_->answer = MessageAnswer::No;
+        modPlan::Trace_Disable(desktop_->Interfaces());
+    }
+
 private:
     template <class Action>
     void show(Action act) {

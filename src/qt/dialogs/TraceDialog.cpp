@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPointer>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTreeView>
 #include <QWindow>
@@ -26,6 +27,7 @@ namespace planview {
 namespace {
 
 constexpr QSize UsualSize(880, 520);
+constexpr QSize FrameRoom(16, 48);  // for the window's frame on a small screen
 constexpr double TwipsPerInch = 1440;
 // What frmTrace::Form_Resize() takes to be round the list.
 constexpr int TwipsBeside = 180;
@@ -58,7 +60,7 @@ TraceDialog::TraceDialog(frmTrace& form, QWidget* parent)
     buildMenus();
     setTabOrder(list_, words_);
     setTabOrder(words_, where_);
-    resize(UsualSize);
+    resize(UsualSize.boundedTo(screen()->availableSize() - FrameRoom));
     connect(model_, &TraceModel::reported, this, &TraceDialog::follow);
     connect(model_, &TraceModel::ended, this, &TraceDialog::endForm);
 }
@@ -183,6 +185,7 @@ void TraceDialog::resizeEvent(QResizeEvent* event) {
 void TraceDialog::showEvent(QShowEvent* event) {
     ThemedDialog::showEvent(event);
     layOut();
+    takeOnTop();
     model_->report();
     showNewest();
     list_->setFocus();
@@ -216,6 +219,15 @@ void TraceDialog::runMenu(int index) {
             form_->PlaceOnTop = nullptr;
             onTop_->setChecked(form_->mnuTrac[0].Checked);
         }
+    }
+}
+
+/// As it was last chosen, maybe in another control's window of the same form.
+void TraceDialog::takeOnTop() {
+    const bool onTop = form_ && form_->mnuTrac[0].Checked;
+    onTop_->setChecked(onTop);
+    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != onTop) {
+        placeOnTop(onTop);
     }
 }
 

@@ -41,6 +41,7 @@ private:
     [[nodiscard]] int toTwips(int pixels) const;
     void layOut();
     void placeOnTop(bool onTop);
+    void takeOnTop();
     void filter();
     void showCount();
     void follow();
