@@ -4,6 +4,7 @@
 #include <QIcon>
 #include <QImage>
 #include <QSaveFile>
+#include <QScreen>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -19,6 +20,7 @@ namespace planbook {
 
 namespace {
 
+constexpr QSize FrameRoom(16, 48);  // for the window's frame on a small screen
 constexpr const char* PlatformVariable = "QT_QPA_PLATFORM";
 
 bool hasDisplay() {
@@ -110,7 +112,8 @@ void RunView(int& argc, char** argv, const ViewRequest& request) {
     HostMessageBoxes messageBoxes;
     MainWindow window(messageBoxes, request.trace.has_value());
     window.setScheme(request.scheme);
-    window.resize(request.size);
+    // A picture is as large as was asked for; a window is no larger than the screen.
+    window.resize(onScreen ? request.size.boundedTo(window.screen()->availableSize() - FrameRoom) : request.size);
     if (request.book) {
         window.openBook(*request.book);
     }
