@@ -134,6 +134,10 @@ private slots:
         const QImage image = screen.picture();
         QCOMPARE(name(ground(image, part)), QStringLiteral("#000080"));
         QVERIFY2(countColor(image, part, 0xffffffff) > 3, "text on a dark ground is white");
+        screen.set({{}, "ROW5"}, GridAttribute::BackgroundColor, "tovWhite");
+        const QRect cell = inner(screen, screen.cell("COL2", "ROW5"));
+        QCOMPARE(name(ground(screen.picture(), cell)), QStringLiteral("#000080"));
+        QVERIFY2(countColor(screen.picture(), cell, 0xffffffff) > 3, "also in a row whose own colour is the grid's");
         screen.set({}, GridAttribute::BackgroundColor, "tovWhite");
         QCOMPARE(name(ground(screen.picture(), part)), name(GridTheme::light().base));
     }
