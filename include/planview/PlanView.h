@@ -11,6 +11,7 @@
 #include <planview/AutomationObject.h>
 #include <planview/Events.h>
 #include <planview/Platform.h>
+#include <planview/Spreadsheet.h>
 
 namespace planview {
 
@@ -185,6 +186,22 @@ public:
     void ShowColumns();
     void HideRows();
     void ShowRows();
+
+    // --- Exchange with a spreadsheet application ("Excel.Application" of the platform's objects) --------------------
+
+    void SetSpreadsheetOptions(SpreadsheetOptions options);
+    [[nodiscard]] const SpreadsheetOptions& GetSpreadsheetOptions() const noexcept;
+    /// Ask for a file, work and tell what went wrong, as the entries of the grid's popup do.
+    void Download();
+    void Upload();
+    /// Writes the grid into a new workbook without asking. A sentence about what went wrong, empty when the file is
+    /// written; a failure leaves an older file of that name as it was. `path` in UTF-8.
+    [[nodiscard]] std::string DownloadTo(const std::string& path);
+    /// What an upload of the workbook would change. Changes nothing.
+    [[nodiscard]] UploadPreview PreviewUpload(const std::string& path);
+    /// Applies the ticked changes of a preview as one action of the user: one undo step, events as for a paste. Cells
+    /// that have changed since the preview was made are left alone.
+    UploadResult ApplyUpload(const UploadPreview& preview);
 
     // --- Late binding -----------------------------------------------------------------------------------------------
 

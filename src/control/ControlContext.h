@@ -27,6 +27,8 @@
 #include "grid/ValueEntry.h"
 #include "layout/PaneLayout.h"
 #include "menus/MenuDispatch.h"
+#include "spreadsheet/SpreadsheetDownload.h"
+#include "spreadsheet/SpreadsheetUpload.h"
 
 namespace planview {
 
@@ -76,6 +78,9 @@ struct ControlContext {
     GeneralOptions generalOptions;
     RowAttributes rowAttributes;
     ChartOptions chartOptions;
+    SpreadsheetOptions spreadsheetOptions;
+    SpreadsheetDownload download;
+    SpreadsheetUpload upload;
     MenuDispatch menus;
     GridHandlers gridHandlers;
     ChartHandlers chartHandlers;
