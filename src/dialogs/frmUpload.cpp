@@ -21,8 +21,10 @@ std::string FileNameOf(const std::string& path) {
 
 void frmUpload::Set_Text() {
     SetButtonTexts();
+    ticked_ = 0;
     for (UploadChange& change : preview_.changes) {
         change.taken = change.taken && !change.IsRefused();
+        ticked_ += change.taken ? 1 : 0;
     }
     const auto refused = static_cast<int>(std::count_if(preview_.changes.begin(), preview_.changes.end(),
                                                         [](const UploadChange& each) { return each.IsRefused(); }));
@@ -34,7 +36,7 @@ void frmUpload::Set_Text() {
     if (refused > 0) {
         lblSummary += ", " + std::to_string(refused) + " refused";
     }
-    CountTicked();
+    NameButton();
     if (modPlan::TraceEnabled) {
         modPlan::TraceWrite(TraceLabel(), "", "Set_Text", TraceText("{value: ", Caption(), "}"));
     }
@@ -42,18 +44,14 @@ void frmUpload::Set_Text() {
 
 void frmUpload::Tick(std::size_t place, bool on) {
     UploadChange& change = preview_.changes.at(place);
-    change.taken = on && !change.IsRefused();
-    CountTicked();
+    const bool taken = on && !change.IsRefused();
+    ticked_ += (taken ? 1 : 0) - (change.taken ? 1 : 0);
+    change.taken = taken;
+    NameButton();
 }
 
-int frmUpload::Ticked() const noexcept {
-    return static_cast<int>(
-        std::count_if(preview_.changes.begin(), preview_.changes.end(),
-                      [](const UploadChange& change) { return change.taken && !change.IsRefused(); }));
-}
-
-void frmUpload::CountTicked() {
-    cmdOkCaption = "Apply " + Counted(Ticked(), "change");
+void frmUpload::NameButton() {
+    cmdOkCaption = "Apply " + Counted(ticked_, "change");
 }
 
 bool ConfirmUpload(Forms& forms, UploadPreview& preview) {

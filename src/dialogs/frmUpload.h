@@ -29,7 +29,7 @@ public:
     /// The change at this place, from 0. One that is refused stays unticked.
     void Tick(std::size_t place, bool on);
     /// The number of changes that OK applies.
-    [[nodiscard]] int Ticked() const noexcept;
+    [[nodiscard]] int Ticked() const noexcept { return ticked_; }
 
 protected:
     [[nodiscard]] std::string_view TraceLabel() const noexcept override { return "FRMUPLOAD"; }
@@ -37,9 +37,10 @@ protected:
     [[nodiscard]] bool Accept() override { return Ticked() > 0; }
 
 private:
-    void CountTicked();
+    void NameButton();
 
     UploadPreview& preview_;
+    int ticked_ = 0;
 };
 
 /// Shows the form and waits for it; whether the user wants the ticked changes.

@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QSignalBlocker>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -153,7 +154,7 @@ void UploadDialog::buildList(QVBoxLayout& layout) {
     list_->setColumnWidth(UploadModel::Period, PeriodWidth);
     list_->setColumnWidth(UploadModel::Before, ValueWidth);
     list_->setColumnWidth(UploadModel::After, ValueWidth);
-    list_->setColumnHidden(UploadModel::Remark, false);
+    list_->installEventFilter(this);
     layout.addWidget(list_, 1);
 }
 
@@ -176,26 +177,43 @@ void UploadDialog::filter() {
     count_->setText(shown == model_->rowCount() ? QString() : tr("%1 of %2").arg(shown).arg(model_->rowCount()));
 }
 
-void UploadDialog::tickShown(bool on) {
-    for (int row = 0; row < filter_->rowCount(); ++row) {
-        filter_->setData(filter_->index(row, UploadModel::Line), on ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
+void UploadDialog::tick(const QModelIndexList& rows, bool on) {
+    {
+        const QSignalBlocker quiet(model_);  // there may be thousands
+        for (const QModelIndex& row : rows) {
+            filter_->setData(row, on ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
+        }
     }
+    list_->viewport()->update();
+    showState();
+}
+
+void UploadDialog::tickShown(bool on) {
+    QModelIndexList rows;
+    for (int row = 0; row < filter_->rowCount(); ++row) {
+        rows << filter_->index(row, UploadModel::Line);
+    }
+    tick(rows, on);
 }
 
 /// All selected ones get the state that the current one does not have.
 void UploadDialog::tickSelected() {
     const QModelIndex current = list_->currentIndex().siblingAtColumn(UploadModel::Line);
     const bool on = current.data(Qt::CheckStateRole).value<Qt::CheckState>() != Qt::Checked;
-    for (const QModelIndex& row : list_->selectionModel()->selectedRows(UploadModel::Line)) {
-        filter_->setData(row, on ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
+    tick(list_->selectionModel()->selectedRows(UploadModel::Line), on);
+}
+
+/// The list itself would tick by the space bar only in its first column.
+bool UploadDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == list_ && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space) {
+        tickSelected();
+        return true;
     }
+    return ThemedDialog::eventFilter(watched, event);
 }
 
 void UploadDialog::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Space && list_ && list_->hasFocus()) {
-        tickSelected();
-        return;
-    }
     // Escape takes the filter away first.
     if (event->key() == Qt::Key_Escape && words_ && !words_->text().isEmpty()) {
         words_->clear();

@@ -6,7 +6,6 @@
 class QComboBox;
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
 class QPushButton;
 class QTreeView;
 class QVBoxLayout;
@@ -28,6 +27,7 @@ public:
     void endForm() override;
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -37,7 +37,8 @@ private:
     void buildList(QVBoxLayout& layout);
     void buildButtons(QVBoxLayout& layout);
     void filter();
-    /// Ticks or unticks all that the filter shows.
+    void tick(const QModelIndexList& rows, bool on);
+    /// All that the filter shows.
     void tickShown(bool on);
     void tickSelected();
     void showState();
