@@ -39,6 +39,7 @@ protected:
         context.construction.CreateFromTables();
         context.events.AddSink(*this);
         platform.objects.Register("Excel.Application", [this] { return MakeApplication(fake); });
+        platform.formCalls.clear();
         ForgetEntries();
     }
     ~SpreadsheetTest() override { context.events.RemoveSink(*this); }
@@ -64,6 +65,7 @@ protected:
     }
     /// Puts what the grid holds onto the fake's sheet, as the download does.
     void DownloadToFake() {
+        fake->cells.clear();
         EXPECT_EQ(context.download.SaveTo("plan.xlsx"), "");
         fake->log.clear();
         ForgetEntries();
