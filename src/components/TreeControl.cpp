@@ -124,11 +124,10 @@ void TreeControl::UserSelect(TreeNode node) {
     }
 }
 
-void TreeControl::UserClick(TreeNode node) {
+void TreeControl::UserClick(TreeNode node, bool again) {
     if (!node) {
         return;
     }
-    const bool again = node.Selected();
     const std::string key = node.Key();
     node.SetSelected(true);
     if (events_) {
@@ -175,14 +174,15 @@ bool TreeControl::UserBeginLabelEdit(TreeNode node) {
 
 void TreeControl::UserEndLabelEdit(std::string_view text) {
     const TreeNode node = std::exchange(edited_, TreeNode());
-    if (!node || node.Text() == text) {
+    if (!node || text.empty() || node.Text() == text) {
         return;
     }
     const std::string key = node.Key();
+    const std::string before = node.Text();
     const std::string entered(text);
     node.SetText(entered);
     if (events_) {
-        events_->AfterLabelEdit(key, entered);
+        events_->AfterLabelEdit(key, entered, before);
     }
 }
 

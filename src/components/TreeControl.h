@@ -129,14 +129,14 @@ public:
     void UserExpand(TreeNode node, bool expanded);
     /// Selects the node without a click, as arrow keys do.
     void UserSelect(TreeNode node);
-    /// Selects the node and reports the click.
-    void UserClick(TreeNode node);
+    /// Selects the node and reports the click. `again`: it was the selected one when the button went down.
+    void UserClick(TreeNode node, bool again);
     void UserDoubleClick(TreeNode node);
     void UserMouseDown(TreeNode node, std::int16_t button, std::int16_t shift);
     void UserMenuKey();
     /// Whether the user may edit the node's text now; the label is being edited from then on.
     [[nodiscard]] bool UserBeginLabelEdit(TreeNode node);
-    /// Gives the label being edited its new text; one that is the same as before counts as a cancelled edit.
+    /// Gives the label being edited its new text; an empty one, or the same as before, counts as a cancelled edit.
     void UserEndLabelEdit(std::string_view text);
     void UserCancelLabelEdit() noexcept { edited_ = TreeNode(); }
     /// The node whose label is being edited; null: none.

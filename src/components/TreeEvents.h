@@ -33,8 +33,8 @@ public:
     virtual ~TreeEvents() = default;
     /// Answers whether the user may edit the text.
     virtual bool BeforeLabelEdit(const std::string& key) = 0;
-    /// The node has the new text already.
-    virtual void AfterLabelEdit(const std::string& key, const std::string& text) = 0;
+    /// The node has the new text already, in the place of `before`.
+    virtual void AfterLabelEdit(const std::string& key, const std::string& text, const std::string& before) = 0;
     virtual void Collapse(const std::string& key) = 0;
     virtual void Expand(const std::string& key) = 0;
     virtual void DblClick(const std::string& key) = 0;
