@@ -17,7 +17,9 @@ namespace planview {
 struct Cell;
 class ChartControl;
 class GridControl;
+class MacroToolbar;
 class PaneLayout;
+class TreeControl;
 
 /// One member of the control's automation interface.
 struct MemberDescription {
@@ -75,11 +77,12 @@ public:
     Status plv_LayoutHide();
     Status plv_LayoutMode();
     Status plv_LayoutModeDisable();
-    /// Makes the macro tree node with this key the active one.
+    /// Selects the macro tree node with this key and shows it; nothing while a popup of the tree is open.
     Status plv_ActiveNode(const std::string& vNode);
     /// Hides every row of LINE_INDEX whose `ROW_MARKED` is "X".
     Status plv_MarkedRowsHide();
     Status plv_MarkedRowsShow();
+    /// Takes the tooltips of the macro toolbar from TEXTS.
     Status DP_Import_Texts();
     /// Reads row 1 of GRID_ATTR.
     Status DP_Import_Attribute();
@@ -88,6 +91,7 @@ public:
     /// A full rebuild.
     Status DP_Import_Update();
     Status DP_Import_PopupMenu();
+    /// Builds the macro tree from MACRO_TREE. A node that was selected stays so where it is there again.
     Status DP_Import_MacroTree();
 
     // --- Table properties (members 16 to 65) ------------------------------------------------------------------------
@@ -253,6 +257,9 @@ public:
     [[nodiscard]] ChartControl& Chart() noexcept;
     /// The planning cells whose value the user has changed since TAB_OLD was last emptied, for the same layer.
     [[nodiscard]] std::vector<Cell> PendingCells() const;
+    /// The macro tree and its toolbar, for the same layer.
+    [[nodiscard]] TreeControl& Tree() noexcept;
+    [[nodiscard]] MacroToolbar& Toolbar() noexcept;
     /// The panes, for the same layer.
     [[nodiscard]] PaneLayout& Panes() noexcept;
 

@@ -35,13 +35,25 @@ ControlContext::ControlContext(const Platform& desktop)
       menus({tables, events, platform.popups, busy,
              [this](const CellKey& clicked) { return MenuStateOf(*this, clicked); }}),
       gridHandlers(*this),
-      chartHandlers(*this) {
+      chartHandlers(*this),
+      treeHandlers(*this) {
     BindMenuCommands(*this);
     grid.SetEvents(&gridHandlers);
     chart.SetEvents(&chartHandlers);
+    tree.SetEvents(&treeHandlers);
+    toolbar.onPress = [this](ToolbarButton button) {
+        if (toolbarPressed) {
+            toolbarPressed(button);
+        }
+    };
+    toolbar.onDragSelection = [this](const std::string& selection) {
+        const Variant argument(selection);
+        events.Raise(EventId::MacroDragSelection, {&argument, 1});
+    };
 }
 
 ControlContext::~ControlContext() {
+    tree.SetEvents(nullptr);
     chart.SetEvents(nullptr);
     grid.SetEvents(nullptr);
 }

@@ -125,7 +125,7 @@ MacroResult PlanView::ReplayMacro(const std::string& nodeKey, bool onSelectedLin
         }
         std::vector<MacroStep> steps;
         if (const std::optional<std::string> error =
-                ErrorTextOf([&] { steps = planview::RecordedSteps(macroTree, nodeKey); })) {
+                ErrorTextOf([&] { steps = planview::RecordedSteps(context.tree, macroTree, nodeKey); })) {
             result.message = *error;
         } else {
             result = Replay(context, std::move(steps), onSelectedLine);

@@ -4,6 +4,8 @@
 
 #include <planview/AutomationObject.h>
 
+#include "macro/MacroNodes.h"
+
 namespace planview {
 
 namespace {
@@ -68,11 +70,11 @@ std::string KeepSteps(const HostTable& macroTree, const std::vector<MacroStep>& 
         static_cast<void>(macroTree.Value(1, "NODEVALUE"));
     }
     const std::string key = writer.NewKey();
-    writer.Add(key, parentKey, "M_RECORD", name, {});
+    writer.Add(key, parentKey, NameOf(MacroNodeType::Recording), name, {});
     int number = 0;
     for (const MacroStep& step : steps) {
         ++number;
-        writer.Add(key + "_" + std::to_string(number), key, "M_STEP",
+        writer.Add(key + "_" + std::to_string(number), key, NameOf(MacroNodeType::Step),
                    std::to_string(number) + ". " + ReadableStep(step), StepFields(step));
     }
     return key;

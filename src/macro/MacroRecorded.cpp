@@ -1,6 +1,10 @@
 #include "macro/MacroRecorded.h"
 
+#include <string>
+
 #include <planview/AutomationObject.h>
+
+#include "macro/MacroOutline.h"
 
 namespace planview {
 
@@ -12,34 +16,31 @@ namespace {
 
 }  // namespace
 
-std::vector<MacroStep> RecordedSteps(const HostTable& macroTree, const std::string& nodeKey) {
+std::vector<MacroStep> RecordedSteps(TreeControl& tree, const HostTable& macroTree, std::string_view nodeKey) {
     if (!macroTree.IsSet()) {
         Refuse("There is no table of macros: the host has not set MACRO_TREE.");
     }
-    const HostTable::Row node = macroTree.FindRow("NODEKEY", nodeKey);
-    if (node == 0 || nodeKey.empty()) {
-        Refuse("There is no macro with the key \"" + nodeKey + "\".");
+    const MacroOutline outline = MacroOutline::Read(tree, macroTree, nodeKey);
+    if (outline.IsEmpty()) {
+        Refuse("There is no macro with the key \"" + std::string(nodeKey) + "\".");
     }
-    if (macroTree.Text(node, "NODETYPE") != "M_RECORD") {
-        Refuse("\"" + macroTree.Text(node, "NODETEXT") + "\" is no recording. Choose one.");
+    const MacroNode& recording = outline.At(0);
+    if (recording.type != MacroNodeType::Recording) {
+        Refuse("\"" + recording.text + "\" is no recording. Choose one.");
     }
     std::vector<MacroStep> steps;
-    const int count = macroTree.RowCount();
-    for (int i = 1; i <= count; ++i) {
-        const auto row = static_cast<HostTable::Row>(i);
-        if (macroTree.Text(row, "NODETYPE") != "M_STEP" || macroTree.Text(row, "NODEREF") != nodeKey ||
-            macroTree.Flag(row, "INACTIVE")) {
-            continue;
-        }
-        std::optional<MacroStep> step = ReadStepFields(macroTree.Text(row, "NODEVALUE"));
+    for (const int child : outline.ActiveChildren(0)) {
+        const MacroNode& node = outline.At(child);
+        std::optional<MacroStep> step =
+            node.type == MacroNodeType::Step ? ReadStepFields(node.value) : std::optional<MacroStep>();
         if (!step) {
-            Refuse("The step \"" + macroTree.Text(row, "NODETEXT") + "\" of \"" + macroTree.Text(node, "NODETEXT") +
+            Refuse("The step \"" + node.text + "\" of \"" + recording.text +
                    "\" cannot be read. Delete it, or record anew. Nothing was changed.");
         }
         steps.push_back(std::move(*step));
     }
     if (steps.empty()) {
-        Refuse("The recording \"" + macroTree.Text(node, "NODETEXT") + "\" has no steps.");
+        Refuse("The recording \"" + recording.text + "\" has no steps.");
     }
     return steps;
 }

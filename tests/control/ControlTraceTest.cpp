@@ -46,7 +46,7 @@ TEST_F(ControlTraceTest, OneSwitchServesBoth) {
     const std::int32_t counter = modPlan::TraceCounter;
     second->plv_EnableTrace();
     EXPECT_EQ(modPlan::TraceCounter, counter) << "enabling twice starts nothing anew";
-    second->DP_Import_Texts();
+    second->DP_Import_PopupMenu();
     EXPECT_EQ(modPlan::TraceCounter, counter + 1);
     second->plv_DisableTrace();
     EXPECT_FALSE(modPlan::TraceEnabled);

@@ -182,6 +182,10 @@ TEST_F(ReplayTest, SaysWhatIsNoRecording) {
                                {"NODETEXT", "1."},
                                {"NODETYPE", "M_STEP"},
                                {"NODEVALUE", "General\t\t\t"}});
+    for (int row = 1; row <= tables.macroTree->RowCount(); ++row) {
+        tables.macroTree->SetValue(row, "RELATION", tables.macroTree->Value(row, "NODEREF").IsEmpty() ? 1 : 4);
+    }
+    control->DP_Import_MacroTree();
     for (const Row& row : {Row{"a folder", "F", "is no recording"}, Row{"no node", "X", "no macro with the key"},
                            Row{"no steps", "E", "has no steps"}, Row{"a step without fields", "B", "cannot be read"},
                            Row{"a command that opens a dialog", "D", "no command \"General\""}}) {
