@@ -28,6 +28,7 @@
 #include "grid/UndoHistory.h"
 #include "grid/ValueEntry.h"
 #include "layout/PaneLayout.h"
+#include "macro/MacroRecording.h"
 #include "macro/MacroToolbar.h"
 #include "macro/modMacro.h"
 #include "menus/MenuDispatch.h"
@@ -69,6 +70,7 @@ struct ControlContext {
     /// Set while the control itself changes the grid; keys and popups wait for its end.
     bool busy = false;
     UndoHistory history;
+    MacroRecording recording;
     std::function<void(bool running)> bulkListener;
     std::function<bool(const Cell& cell, std::string_view reason)> hintListener;
     HostUpdate hostUpdate;
