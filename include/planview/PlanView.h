@@ -11,6 +11,7 @@
 #include <planview/AutomationObject.h>
 #include <planview/Events.h>
 #include <planview/Platform.h>
+#include <planview/Spreadsheet.h>
 
 namespace planview {
 
@@ -27,6 +28,13 @@ struct MemberDescription {
     std::string_view name;
     /// Arguments that a call takes: none, a text (`plv_ActiveNode`) or a table (the setters).
     int argumentCount;
+};
+
+/// What became of a macro that was run or replayed.
+struct MacroResult {
+    bool done = false;
+    int cells = 0;        ///< that were given a value
+    std::string message;  ///< for the user: what was done, or what is wrong, where, and what now
 };
 
 /// The 65 members in their order.
@@ -177,6 +185,9 @@ public:
     /// Gives every selected cell the value of the first one.
     void Fill();
     void Delete();
+    /// Multiplies the numbers of the selected planning cells by 1 + percent / 100, -1,000,000 .. 1,000,000; empty cells
+    /// stay empty. One change, undone as one; what may not change is left alone and named.
+    void RaiseSelected(double percent);
     /// Shows or hides the chart pane.
     void SwitchChart();
     [[nodiscard]] bool ChartShown() const noexcept;
@@ -189,6 +200,49 @@ public:
     void ShowColumns();
     void HideRows();
     void ShowRows();
+
+    // --- Exchange with a spreadsheet application ("Excel.Application" of the platform's objects) --------------------
+
+    void SetSpreadsheetOptions(SpreadsheetOptions options);
+    [[nodiscard]] const SpreadsheetOptions& GetSpreadsheetOptions() const noexcept;
+    /// Ask for a file, work and tell what went wrong, as the entries of the grid's popup do.
+    void Download();
+    void Upload();
+    /// Writes the grid into a new workbook without asking. A sentence about what went wrong, empty when the file is
+    /// written; a failure leaves an older file of that name as it was. `path` in UTF-8.
+    [[nodiscard]] std::string DownloadTo(const std::string& path);
+    /// What an upload of the workbook would change. Changes nothing.
+    [[nodiscard]] UploadPreview PreviewUpload(const std::string& path);
+    /// Applies the ticked changes of a preview as one action of the user: one undo step, events as for a paste. Cells
+    /// that have changed since the preview was made are left alone.
+    UploadResult ApplyUpload(const UploadPreview& preview);
+
+    // --- Recording and replaying --------------------------------------------------------------------------------------
+
+    /// Records what the user does from now on into MACROREC, or goes on with a recording that was paused. What was in
+    /// MACROREC is dropped when a recording begins. Says so where there is no such table.
+    void StartRecording();
+    void PauseRecording();
+    /// Raises `MacroRecordSave`, at which a host keeps the recording.
+    void StopRecording();
+    /// Drops the last recorded step; what it did stays done.
+    void UndoRecordedStep();
+    /// Whether there is a recording that has not been stopped, be it paused or not.
+    [[nodiscard]] bool IsRecording() const noexcept;
+    [[nodiscard]] bool IsRecordingPaused() const noexcept;
+    [[nodiscard]] int RecordedSteps() const noexcept;
+    /// Called when one of the three above is another. There is one listener; an empty one takes it away.
+    void SetRecordingListener(std::function<void()> listener);
+    /// Keeps the steps in MACROREC as a node of MACRO_TREE with this text, last below the node `parentNode` or among the
+    /// roots, and builds the tree anew. Answers the key of the new node; empty, and told to the user, where there is
+    /// nothing to keep or MACRO_TREE cannot take it.
+    std::string KeepRecording(const std::string& name, const std::string& parentNode = {});
+    /// Replays the recording that is the MACRO_TREE node with this key. Steps find their lines and periods by the key
+    /// while it has still the caption of the recording, else by the caption when it is the only one; a step that does
+    /// not find them ends the replay before anything is changed. All values are one change, undone as one.
+    /// `onSelectedLine` takes the selected line (that of the selected cells) in the place of the one that the recording
+    /// is about; it has to be about one alone.
+    MacroResult ReplayMacro(const std::string& nodeKey, bool onSelectedLine = false);
 
     // --- Late binding -----------------------------------------------------------------------------------------------
 
