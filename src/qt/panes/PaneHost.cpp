@@ -2,11 +2,11 @@
 
 #include <QPainter>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <utility>
 
 #include "qt/chart/ChartView.h"
 #include "qt/grid/GridView.h"
+#include "qt/panes/BarredPane.h"
 #include "qt/panes/EmptyPane.h"
 #include "qt/panes/PaneSplitter.h"
 #include "qt/tree/ToolbarView.h"
@@ -30,19 +30,14 @@ PaneHost::PaneHost(PaneLayout& layout, const Panes& panes, QWidget* parent)
       gridView_(panes.grid),
       chart_(panes.chart),
       tree_(panes.tree),
-      toolbar_(panes.toolbar),
-      editor_(new QWidget) {
+      toolbar_(panes.toolbar) {
     tree_->setObjectName(QLatin1String("TreePane"));
     toolbar_->setObjectName(QLatin1String("MacroToolbar"));
     EmptyPane* list = addPane("MacroPane", new EmptyPane(tr("Macro"), Ground::Panel));
     EmptyPane* operands = addPane("OperandPane", new EmptyPane(tr("Operand"), Ground::Panel));
     chart_->setObjectName(QLatin1String("ChartPane"));
     PaneSplitter* macro = addSplitter(Splitter::MacroSplit, "MacroSplit", Qt::Horizontal, list, operands);
-    auto* editor = new QVBoxLayout(editor_);
-    editor->setContentsMargins(0, 0, 0, 0);
-    editor->setSpacing(0);
-    editor->addWidget(toolbar_);
-    editor->addWidget(macro, 1);
+    editor_ = new BarredPane(toolbar_, macro);
     PaneSplitter* left = addSplitter(Splitter::TreeSplit, "TreeSplit", Qt::Vertical, tree_, editor_);
     PaneSplitter* right = addSplitter(Splitter::GridSplit, "GridSplit", Qt::Vertical, gridView_, chart_);
     PaneSplitter* all = addSplitter(Splitter::CtrlSplit, "CtrlSplit", Qt::Horizontal, left, right);
@@ -57,6 +52,7 @@ PaneHost::PaneHost(PaneLayout& layout, const Panes& panes, QWidget* parent)
         chart_->setTextScale(scale);
         tree_->setTextScale(scale);
         toolbar_->setTextScale(scale);
+        editor_->placeParts();
     });
     connect(chart_, &ChartView::textScaleWanted, gridView_, &GridView::setTextScale);
     connect(chart_, &ChartView::chartChanged, this, &PaneHost::showRowDots);
@@ -137,9 +133,9 @@ void PaneHost::paintPane(QPainter& painter, QWidget* pane, const QRect& rect, qr
     } else if (pane == tree_) {
         tree_->paintOn(painter, rect);
     } else if (pane == editor_) {
-        const int height = std::min(toolbar_->heightForWidth(rect.width()), rect.height());
-        toolbar_->paintOn(painter, QRect(rect.topLeft(), QSize(rect.width(), height)));
-        paintPane(painter, splitters_[indexOf(Splitter::MacroSplit)], rect.adjusted(0, height, 0, 0), scale);
+        const BarredPane::Places places = editor_->placesIn(rect);
+        toolbar_->paintOn(painter, places.bar);
+        paintPane(painter, editor_->pane(), places.pane, scale);
     } else if (const auto* empty = dynamic_cast<const EmptyPane*>(pane)) {
         empty->paintOn(painter, rect);
     } else if (const auto* splitter = qobject_cast<const PaneSplitter*>(pane)) {

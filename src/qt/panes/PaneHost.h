@@ -10,6 +10,7 @@
 
 namespace planview {
 
+class BarredPane;
 class ChartView;
 class EmptyPane;
 class GridView;
@@ -51,7 +52,7 @@ private:
     ChartView* chart_;
     TreePane* tree_;
     ToolbarView* toolbar_;
-    QWidget* editor_ = nullptr;  ///< the macro editor: the toolbar above list and operands
+    BarredPane* editor_ = nullptr;  ///< the macro editor: the toolbar above list and operands
 };
 
 }  // namespace planview
