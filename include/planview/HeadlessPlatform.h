@@ -18,6 +18,7 @@ public:
     HeadlessPlatform(const HeadlessPlatform&) = delete;
     HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
 
+    /// For the constructor of PlanView; valid as long as this object.
     [[nodiscard]] Platform Interfaces() noexcept;
 
 private:
