@@ -22,7 +22,7 @@ class PaneLayout;
 
 /// One member of the control's automation interface.
 struct MemberDescription {
-    DispatchId id;  ///< 1 .. 65, the place in the interface
+    DispatchId id;          ///< 1 .. 65, the place in the interface
     std::string_view name;  ///< "DP_Import_Create"
     /// Arguments that a call takes: none, a text (`plv_ActiveNode`) or a table (the setters).
     int argumentCount;

@@ -17,8 +17,8 @@ enum class MessageAnswer { Ok, Cancel, Yes, No };
 
 /// What a message box says and offers.
 struct MessageBoxRequest {
-    std::string text;   ///< UTF-8, shown letter by letter; may have several lines
-    std::string title;  ///< of the window; empty for the desktop's own
+    std::string text;                             ///< UTF-8, shown letter by letter; may have several lines
+    std::string title;                            ///< of the window; empty for the desktop's own
     MessageButtons buttons = MessageButtons::Ok;  ///< which can be pressed
     MessageIcon icon = MessageIcon::None;         ///< beside the text
     /// The button that Return presses; one of `buttons`.
@@ -106,9 +106,9 @@ struct Rgb {
 
 /// One entry of a popup menu. Captions are shown letter by letter: none of their characters is a mnemonic.
 struct PopupEntry {
-    std::string name;      ///< what Popups::Choose() answers; empty for separators and submenus
-    std::string caption;   ///< of any length
-    std::string shortcut;  ///< shown beside the caption ("Ctrl+C"), not listened to
+    std::string name;                 ///< what Popups::Choose() answers; empty for separators and submenus
+    std::string caption;              ///< of any length
+    std::string shortcut;             ///< shown beside the caption ("Ctrl+C"), not listened to
     bool separator = false;           ///< a line between entries; nothing else of it counts
     bool enabled = true;              ///< can be chosen
     bool checked = false;             ///< shown with a check mark
