@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include <planview/Export.h>
 #include <planview/Platform.h>
 
 namespace planview {
@@ -11,7 +12,7 @@ namespace planview {
 /// Message boxes answer with their default button, forms and popups are never shown, the clipboard is one of its own,
 /// and the system information is that of the operating system. The log folder is "planview" in the user's state folder
 /// (`XDG_STATE_HOME`, else "~/.local/state").
-class HeadlessPlatform {
+class PLANVIEW_EXPORT HeadlessPlatform {
 public:
     HeadlessPlatform();
     ~HeadlessPlatform();

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Export.h>
+
 namespace planview {
 
 enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
@@ -22,14 +24,14 @@ struct MessageBoxRequest {
 };
 
 /// Asks or tells the user something and waits for the answer.
-class MessageBoxes {
+class PLANVIEW_EXPORT MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
     virtual MessageAnswer Show(const MessageBoxRequest& request) = 0;
 };
 
 /// A form of the control: its state and behaviour without its window. The desktop finds the window by `Name()`.
-class Form {
+class PLANVIEW_EXPORT Form {
 public:
     virtual ~Form() = default;
     [[nodiscard]] virtual std::string_view Name() const noexcept = 0;
@@ -37,7 +39,7 @@ public:
 };
 
 /// Gives forms their windows. A form may be shown while it is not loaded; showing loads it.
-class Forms {
+class PLANVIEW_EXPORT Forms {
 public:
     virtual ~Forms() = default;
     /// Makes the window ready without showing it.
@@ -55,7 +57,7 @@ struct ClipboardContents {
     std::string html;
 };
 
-class Clipboard {
+class PLANVIEW_EXPORT Clipboard {
 public:
     virtual ~Clipboard() = default;
     [[nodiscard]] virtual ClipboardContents Get() = 0;
@@ -70,7 +72,7 @@ struct MemoryStatus {
 };
 
 /// What the operating system says of itself.
-class SystemInformation {
+class PLANVIEW_EXPORT SystemInformation {
 public:
     virtual ~SystemInformation() = default;
     /// No value when the system does not tell.
@@ -113,7 +115,7 @@ struct PopupMenu {
 enum class PopupPlace { Mouse, CurrentCell };
 
 /// Shows popup menus.
-class Popups {
+class PLANVIEW_EXPORT Popups {
 public:
     virtual ~Popups() = default;
     /// Waits for the user. Returns the name of the chosen entry, which is an enabled one, or the empty text when the
