@@ -11,6 +11,7 @@
 
 #include <planview/AutomationObject.h>
 #include <planview/Export.h>
+#include <planview/ObjectRegistry.h>
 #include <planview/PlanView.h>
 #include <planview/Platform.h>
 
@@ -28,6 +29,9 @@ struct PlatformOverrides {
     Clipboard* clipboard = nullptr;
     SystemInformation* system = nullptr;
     Popups* popups = nullptr;
+    FileDialogs* fileDialogs = nullptr;
+    ObjectFactory* objects = nullptr;
+    Progress* progress = nullptr;
 };
 
 /// The planning table as a widget.
@@ -59,6 +63,9 @@ public:
 
     /// The control behind the widget, for late binding and for event sinks; lives as long as the widget.
     [[nodiscard]] PlanView& control();
+
+    /// Where the host registers objects of other programs, such as the spreadsheet application. Empty at first.
+    [[nodiscard]] ObjectRegistry& objects();
 
     /// System follows the widget's palette, which follows the desktop.
     [[nodiscard]] ColorScheme colorScheme() const;
