@@ -10,17 +10,19 @@ set(PLANVIEW_SOVERSION "${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}")
 # planview_publish(TARGET NAME DESCRIPTION text
 #   [PUBLIC targets] [PRIVATE targets]               what it is linked to, of this project the static libraries
 #   [FIND packages] [FIND_PRIVATE packages]          what find_package(PlanView) looks for, each with its arguments
+#   [MODULES_PRIVATE modules]                        the same for the targets PkgConfig::module
 #   [REQUIRES modules] [REQUIRES_PRIVATE modules])   the same for pkg-config
 #
 # TARGET is a static library. With BUILD_SHARED_LIBS a shared one is made of its objects and published in its place, and
 # what is private in it is nothing that its hosts have to find. Tests, benchmarks and fuzzers use TARGET all the same: it
 # hides nothing from them.
 function(planview_publish target name)
-  set(lists PUBLIC PRIVATE FIND FIND_PRIVATE REQUIRES REQUIRES_PRIVATE)
+  set(lists PUBLIC PRIVATE FIND FIND_PRIVATE MODULES_PRIVATE REQUIRES REQUIRES_PRIVATE)
   cmake_parse_arguments(ARG "" "DESCRIPTION" "${lists}" ${ARGN})
   target_link_libraries(${target} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
   set_target_properties(${target} PROPERTIES OUTPUT_NAME "planview-${name}" EXPORT_NAME ${name})
   set(published ${target})
+  set(modules "")
   if(BUILD_SHARED_LIBS)
     set(published ${target}_shared)
     planview_shared_twin(${target} ${name})
@@ -31,12 +33,13 @@ function(planview_publish target name)
     list(APPEND ARG_FIND ${ARG_FIND_PRIVATE})
     list(APPEND ARG_REQUIRES ${ARG_REQUIRES_PRIVATE})
     set(ARG_REQUIRES_PRIVATE "")
+    set(modules ${ARG_MODULES_PRIVATE})
   endif()
   add_library(PlanView::${name} ALIAS ${published})
   if(PLANVIEW_INSTALL)
     set_property(GLOBAL APPEND PROPERTY PLANVIEW_COMPONENTS ${name})
     planview_install_library(${published} ${name})
-    planview_install_needs(${name} "${ARG_FIND}")
+    planview_install_needs(${name} "${ARG_FIND}" "${modules}")
     planview_install_pkg_config(${name} "${ARG_DESCRIPTION}" "${ARG_REQUIRES}" "${ARG_REQUIRES_PRIVATE}")
   endif()
 endfunction()
@@ -68,10 +71,13 @@ function(planview_install_library target name)
 endfunction()
 
 # PlanView-NAME-needs.cmake, which PlanViewConfig.cmake reads.
-function(planview_install_needs name packages)
+function(planview_install_needs name packages modules)
   set(content "")
   foreach(package ${packages})
     string(APPEND content "planview_needs(${package})\n")
+  endforeach()
+  foreach(module ${modules})
+    string(APPEND content "planview_needs_module(${module})\n")
   endforeach()
   file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/package/PlanView-${name}-needs.cmake" CONTENT "${content}" @ONLY)
   install(FILES "${PROJECT_BINARY_DIR}/package/PlanView-${name}-needs.cmake"
