@@ -10,6 +10,7 @@
 
 #include <planview/AutomationObject.h>
 #include <planview/Events.h>
+#include <planview/Export.h>
 #include <planview/Platform.h>
 #include <planview/Spreadsheet.h>
 
@@ -39,7 +40,7 @@ struct MacroResult {
 };
 
 /// The 65 members in their order.
-[[nodiscard]] std::span<const MemberDescription> DescribeMembers() noexcept;
+[[nodiscard]] PLANVIEW_EXPORT std::span<const MemberDescription> DescribeMembers() noexcept;
 
 /// The planning table: shows the tables that the host hands to it and tells the host what the user does.
 ///
@@ -58,7 +59,7 @@ struct MacroResult {
 ///
 /// The control keeps a counted reference to each table, copies none, and reads the host's object at every access. All
 /// calls and events run on the thread that created the control. The trace is shared by all controls of a process.
-class PlanView final : public AutomationObject {
+class PLANVIEW_EXPORT PlanView final : public AutomationObject {
 public:
     /// Always 0.
     using Status = std::int16_t;

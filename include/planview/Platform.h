@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Export.h>
 #include <planview/Variant.h>
 
 namespace planview {
@@ -28,7 +29,7 @@ struct MessageBoxRequest {
 };
 
 /// Asks or tells the user something and waits for the answer.
-class MessageBoxes {
+class PLANVIEW_EXPORT MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
     /// Returns the pressed button; for a window that was closed Cancel, without such a button No, else Ok.
@@ -36,7 +37,7 @@ public:
 };
 
 /// A form of the control: its state and behaviour without its window. The desktop finds the window by `Name()`.
-class Form {
+class PLANVIEW_EXPORT Form {
 public:
     virtual ~Form() = default;
     /// Which form it is ("frmGrid"); the same for all of its kind.
@@ -46,7 +47,7 @@ public:
 };
 
 /// Gives forms their windows. A form may be shown while it is not loaded; showing loads it.
-class Forms {
+class PLANVIEW_EXPORT Forms {
 public:
     virtual ~Forms() = default;
     /// Makes the window ready without showing it.
@@ -66,7 +67,7 @@ struct ClipboardContents {
 };
 
 /// The clipboard that the control shares with other programs.
-class Clipboard {
+class PLANVIEW_EXPORT Clipboard {
 public:
     virtual ~Clipboard() = default;
     /// What is there now, both empty for neither.
@@ -83,7 +84,7 @@ struct MemoryStatus {
 };
 
 /// What the operating system says of itself.
-class SystemInformation {
+class PLANVIEW_EXPORT SystemInformation {
 public:
     virtual ~SystemInformation() = default;
     /// No value when the system does not tell.
@@ -129,7 +130,7 @@ struct PopupMenu {
 enum class PopupPlace { Mouse, CurrentCell };
 
 /// Shows popup menus.
-class Popups {
+class PLANVIEW_EXPORT Popups {
 public:
     virtual ~Popups() = default;
     /// Waits for the user. Returns the name of the chosen entry, which is an enabled one, or the empty text when the
@@ -148,7 +149,7 @@ struct FileDialogRequest {
 };
 
 /// Lets the user choose a file.
-class FileDialogs {
+class PLANVIEW_EXPORT FileDialogs {
 public:
     virtual ~FileDialogs() = default;
     /// A full path to write to, empty when the user cancelled. Has asked before it answers a file that exists already.
@@ -158,7 +159,7 @@ public:
 };
 
 /// Makes objects of other programs by the identifier under which they are known ("Excel.Application").
-class ObjectFactory {
+class PLANVIEW_EXPORT ObjectFactory {
 public:
     virtual ~ObjectFactory() = default;
     /// A new object; a null reference where the identifier is not known. What making it throws goes to the caller.
@@ -166,7 +167,7 @@ public:
 };
 
 /// Shows how far a long operation is. Operations do not nest.
-class Progress {
+class PLANVIEW_EXPORT Progress {
 public:
     virtual ~Progress() = default;
     /// `steps` is at least 1. An operation that ends soon need not be shown at all.

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include <planview/Export.h>
+
 namespace planview {
 
 /// A spreadsheet number code made ready for use.
@@ -12,7 +14,7 @@ namespace planview {
 /// times the value), texts in quotes and the signs "+", "-", "(", ")" and blank before and behind the digits, and up to
 /// two sections divided by ";" (positive and zero; negative). The result uses "," as the decimal mark and "." between
 /// groups: 1234.5 by "#,##0.0" is "1.234,5".
-class NumberFormat {
+class PLANVIEW_EXPORT NumberFormat {
 public:
     /// No value when the code is none of the above. An empty code is none.
     [[nodiscard]] static std::optional<NumberFormat> Parse(std::string_view code);

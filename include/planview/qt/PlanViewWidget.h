@@ -10,6 +10,7 @@
 #include <memory>
 
 #include <planview/AutomationObject.h>
+#include <planview/Export.h>
 #include <planview/ObjectRegistry.h>
 #include <planview/PlanView.h>
 #include <planview/Platform.h>
@@ -40,7 +41,7 @@ struct PlatformOverrides {
 /// PlanView for what the members do, for the order of calls and for errors.
 ///
 /// The widget may be deleted at any time, also inside a slot that one of its own signals called.
-class PlanViewWidget : public QWidget {
+class PLANVIEW_EXPORT PlanViewWidget : public QWidget {
     Q_OBJECT
     Q_PROPERTY(ColorScheme colorScheme READ colorScheme WRITE setColorScheme NOTIFY colorSchemeChanged)
     Q_PROPERTY(double textScale READ textScale WRITE setTextScale NOTIFY textScaleChanged)

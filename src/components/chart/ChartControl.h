@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include <planview/AutomationObject.h>
+#include <planview/Export.h>
 
 #include "components/chart/ChartState.h"
 
@@ -46,7 +47,7 @@ struct ChartModel;
 ///
 /// A series keeps its colour and its trend lines through every rebuild as long as whoever fills the chart gives it the
 /// same key.
-class ChartControl {
+class PLANVIEW_EXPORT ChartControl {
 public:
     ChartControl();
     ~ChartControl();
@@ -96,7 +97,7 @@ private:
 };
 
 /// The sixteen colours that the chart's "ColorIndex" members count, from 0.
-[[nodiscard]] ChartColor ChartPaletteColor(int index);
+[[nodiscard]] PLANVIEW_EXPORT ChartColor ChartPaletteColor(int index);
 inline constexpr int ChartPaletteSize = 16;
 
 }  // namespace planview

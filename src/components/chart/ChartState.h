@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <planview/Export.h>
+
 #include "components/chart/ChartTypes.h"
 
 namespace planview {
@@ -85,7 +87,7 @@ struct ChartLegend {
 };
 
 /// All of a chart: what the object model reads and writes and what a painter draws.
-struct ChartState {
+struct PLANVIEW_EXPORT ChartState {
     ChartType type = ChartType::Column;
     bool allowContextMenus = false;
     bool allowDialogs = false;

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include <planview/Export.h>
+
 #include "components/chart/ChartTypes.h"
 
 namespace planview {
@@ -15,7 +17,7 @@ namespace planview {
 /// Linear y = a + b x, logarithmic y = a + b ln x, power y = a x^b and exponential y = a e^(b x) are fitted by least
 /// squares; the last two through the logarithms of the values, and only where all values are above zero. A moving
 /// average has no formula: it is the mean of the last `period` values, from the period's first whole window on.
-class TrendFit {
+class PLANVIEW_EXPORT TrendFit {
 public:
     /// `period` counts for the moving average only, at least 2.
     TrendFit(TrendKind kind, std::span<const double> values, int period = 2);
@@ -49,6 +51,6 @@ private:
 };
 
 /// "Linear", "Logarithmic", "Power", "Exponential", "Moving average".
-[[nodiscard]] const char* TrendKindName(TrendKind kind) noexcept;
+[[nodiscard]] PLANVIEW_EXPORT const char* TrendKindName(TrendKind kind) noexcept;
 
 }  // namespace planview
