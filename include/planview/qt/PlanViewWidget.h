@@ -172,6 +172,7 @@ public:
     /// Puts exactly the columns (rows) whose headings are selected into the chart.
     Q_INVOKABLE void showSelectedColumnsInChart();
     Q_INVOKABLE void showSelectedRowsInChart();
+    Q_INVOKABLE void leaveForecastView();
     /// Writes the chart as a PNG, PDF or SVG file, as the suffix of the path says, in the given size in logical pixels
     /// or a usual one. Answers a sentence for the user about what went wrong, empty when the file is written.
     Q_INVOKABLE QString saveChart(const QString& path, QSize size = {}) const;
