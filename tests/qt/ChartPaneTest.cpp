@@ -70,7 +70,7 @@ void ChartPaneTest::rowsInTheChartCarryDots() {
     QVERIFY(hasDot("ROW2"));
     QVERIFY(hasDot("ROW4"));
     const RowDots& dots = screen.view().rowDots();
-    QCOMPARE(dots.at("ROW3"), ChartColors(screen.chart().chart().State(), GridTheme::light()).series(2));
+    QCOMPARE(dots.at("ROW3").color, ChartColors(screen.chart().chart().State(), GridTheme::light()).series(2));
     screen.widget->control().SwitchChart();
     QVERIFY(!hasDot("ROW2"));
 }
