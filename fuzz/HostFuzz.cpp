@@ -72,7 +72,7 @@ private:
     Bytes input_;
     int depth_ = 0;
     test::ScriptedPlatform platform_;
-    std::unique_ptr<PlanView> control_;  ///< an event may end it
+    std::shared_ptr<PlanView> control_;  ///< an event may end it; shared with nobody but the views below
 };
 
 /// A table that keeps what is put, answers it most of the time, and the rest of the time does as it likes.
@@ -195,6 +195,7 @@ std::optional<Cell> Host::AnyCell() {
 }
 
 void Host::UseGrid() {
+    const std::shared_ptr<PlanView> kept = control_;  // as every view keeps it while it reports
     GridControl& grid = control_->Grid();
     const std::optional<Cell> cell = AnyCell();
     if (!cell) {
@@ -255,6 +256,7 @@ void Host::UseMenu() {
 }
 
 void Host::UseChart() {
+    const std::shared_ptr<PlanView> kept = control_;
     ChartControl& chart = control_->Chart();
     const int series = input_.Below(6);
     const int category = input_.Below(6);
@@ -353,7 +355,7 @@ void Host::Step(bool mayEnd) {
 }
 
 void Host::Run() {
-    control_ = std::make_unique<PlanView>(platform_.Interfaces());
+    control_ = std::make_shared<PlanView>(platform_.Interfaces());
     control_->AddSink(*this);
     GiveTables();
     control_->DP_Import_Attribute();
