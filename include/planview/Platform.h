@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Variant.h>
+
 namespace planview {
 
 enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
@@ -121,6 +123,45 @@ public:
     [[nodiscard]] virtual std::string Choose(const PopupMenu& menu, PopupPlace place) = 0;
 };
 
+/// What a file dialog asks for. Texts are UTF-8.
+struct FileDialogRequest {
+    std::string title;
+    std::string folder;      ///< where it opens; empty: where the user last was, or the home folder
+    std::string fileName;    ///< the proposed name, without a folder; may be empty
+    std::string filterName;  ///< what the files are called, such as "Excel workbook"
+    /// Without the dot ("xlsx"). The first is added to a name to save to that the user gave none of them.
+    std::vector<std::string> extensions;
+};
+
+/// Lets the user choose a file.
+class FileDialogs {
+public:
+    virtual ~FileDialogs() = default;
+    /// A full path to write to, empty when the user cancelled. Has asked before it answers a file that exists already.
+    [[nodiscard]] virtual std::string Save(const FileDialogRequest& request) = 0;
+    /// The full path of a file that exists, empty when the user cancelled.
+    [[nodiscard]] virtual std::string Open(const FileDialogRequest& request) = 0;
+};
+
+/// Makes objects of other programs by the identifier under which they are known ("Excel.Application").
+class ObjectFactory {
+public:
+    virtual ~ObjectFactory() = default;
+    /// A new object; a null reference where the identifier is not known. What making it throws goes to the caller.
+    [[nodiscard]] virtual ObjectRef Create(std::string_view programmaticIdentifier) = 0;
+};
+
+/// Shows how far a long operation is. Operations do not nest.
+class Progress {
+public:
+    virtual ~Progress() = default;
+    /// `steps` is at least 1. An operation that ends soon need not be shown at all.
+    virtual void Begin(std::string_view title, int steps) = 0;
+    /// `done` of the steps are done. False when the user wants the operation to stop; then it should, and call End().
+    [[nodiscard]] virtual bool Advance(int done) = 0;
+    virtual void End() noexcept = 0;
+};
+
 /// What the control needs of the desktop it runs on. The referred objects must outlive the control.
 struct Platform {
     MessageBoxes& messageBoxes;
@@ -128,6 +169,9 @@ struct Platform {
     Clipboard& clipboard;
     SystemInformation& system;
     Popups& popups;
+    FileDialogs& fileDialogs;
+    ObjectFactory& objects;
+    Progress& progress;
 };
 
 }  // namespace planview

@@ -10,6 +10,7 @@
 #include <memory>
 
 #include <planview/AutomationObject.h>
+#include <planview/ObjectRegistry.h>
 #include <planview/PlanView.h>
 #include <planview/Platform.h>
 
@@ -27,6 +28,9 @@ struct PlatformOverrides {
     Clipboard* clipboard = nullptr;
     SystemInformation* system = nullptr;
     Popups* popups = nullptr;
+    FileDialogs* fileDialogs = nullptr;
+    ObjectFactory* objects = nullptr;
+    Progress* progress = nullptr;
 };
 
 /// The planning table as a widget.
@@ -58,6 +62,9 @@ public:
 
     /// The control behind the widget, for late binding and for event sinks; lives as long as the widget.
     [[nodiscard]] PlanView& control();
+
+    /// Where the host registers objects of other programs, such as the spreadsheet application. Empty at first.
+    [[nodiscard]] ObjectRegistry& objects();
 
     /// System follows the widget's palette, which follows the desktop.
     [[nodiscard]] ColorScheme colorScheme() const;
