@@ -219,6 +219,9 @@ public:
     void ShowSelectedColumnsInChart();
     void ShowSelectedRowsInChart();
     /// @}
+    /// Ends the chart's forecast view: LINE_INDEX and COLS_INDEX have the marks for the chart again that they had before
+    /// it. For a host that is about to put its tables away; nothing in another view.
+    void LeaveForecastView();
     /// @{
     /// Hides the columns whose headings are selected, writes it into COLS_INDEX and raises `GridStartUpdate`; hidden
     /// ones can be selected along with those around them, and so be shown again. The same for rows and LINE_INDEX.

@@ -205,6 +205,8 @@ public:
     Q_INVOKABLE void showSelectedColumnsInChart();
     Q_INVOKABLE void showSelectedRowsInChart();
     /// @}
+    /// Ends the chart's forecast view; nothing in another view.
+    Q_INVOKABLE void leaveForecastView();
     /// Writes the chart as a PNG, PDF or SVG file, as the suffix of the path says, in the given size in logical pixels
     /// or a usual one. Answers a sentence for the user about what went wrong, empty when the file is written.
     Q_INVOKABLE QString saveChart(const QString& path, QSize size = {}) const;
