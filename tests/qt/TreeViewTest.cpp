@@ -202,6 +202,32 @@ private slots:
         QCOMPARE(screen.view().verticalScrollBar()->value(), scrolled);
     }
 
+    /// Item views recurse and count by levels.
+    void theLongestChainIsShown() {
+        constexpr int Longest = 32'767;
+        TreeControl tree;
+        tree.SetRedraw(false);
+        std::string above;
+        for (int i = 1; i <= Longest; ++i) {
+            const std::string key = std::to_string(i);
+            tree.Nodes().Add(above, TreeRelationship::Child, key, key).SetExpanded(true);
+            above = key;
+        }
+        tree.SetRedraw(true);
+        GridBitmaps bitmaps;
+        TreeView view(tree, bitmaps);
+        view.resize(300, 300);
+        view.show();
+        tree.Nodes().Item(Longest).EnsureVisible();
+        QVERIFY(!view.nodeRect(tree.Nodes().Item(Longest)).isEmpty());
+        QVERIFY(view.nodeRect(tree.Nodes().Item(1)).isEmpty());
+        tree.Nodes().Item(Longest).SetSelected(true);
+        QTest::keyClick(&view, Qt::Key_Up);
+        QVERIFY(tree.Nodes().Item(Longest - 1).Selected());
+        tree.UserExpand(tree.Nodes().Item(1), false);
+        QVERIFY(!view.nodeRect(tree.Nodes().Item(1)).isEmpty());
+    }
+
     void aHostMayDoAnythingDuringAnEvent_data() {
         QTest::addColumn<bool>("ends");
         QTest::newRow("rebuild") << false;

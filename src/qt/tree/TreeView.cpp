@@ -100,6 +100,7 @@ void TreeView::followExpanded(const QModelIndex& index) {
         return;
     }
     collapseAll();
+    scheduleDelayedItemsLayout();  // one for all, instead of one for each node
     for (const QModelIndex& open : model_.expandedNodes()) {
         setExpanded(open, true);
     }
