@@ -18,6 +18,7 @@ endif()
 
 if(PLANVIEW_SANITIZE)
   add_compile_options("-fsanitize=${PLANVIEW_SANITIZE}" -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)
   add_link_options("-fsanitize=${PLANVIEW_SANITIZE}")
 endif()
 
@@ -30,5 +31,9 @@ function(planview_warnings target)
   # Optimised, g++ 12 sees an overlap in ("text" + std::string) that is not there (GCC bug 105651).
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(${target} PRIVATE -Wno-restrict)
+  endif()
+  # g++ loses track of what is initialised behind the sanitizers' checks.
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND PLANVIEW_SANITIZE)
+    target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized)
   endif()
 endfunction()

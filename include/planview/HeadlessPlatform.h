@@ -20,6 +20,7 @@ public:
     HeadlessPlatform(const HeadlessPlatform&) = delete;
     HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
 
+    /// For the constructor of PlanView; valid as long as this object.
     [[nodiscard]] Platform Interfaces() noexcept;
     /// Where the host registers objects of other programs, such as the spreadsheet application. Empty at first.
     [[nodiscard]] ObjectRegistry& Objects() noexcept;

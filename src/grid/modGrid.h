@@ -89,6 +89,21 @@ private:
     bool before_;
 };
 
+/// Shows by the pointer that the control is at work, or that it is no longer.
+void State(GridControl& grid, bool waiting);
+
+/// Keeps the grid in its waiting state for as long as the object lives.
+class WaitingState {
+public:
+    explicit WaitingState(GridControl& grid) : grid_(grid) { State(grid_, true); }
+    ~WaitingState() { State(grid_, false); }
+    WaitingState(const WaitingState&) = delete;
+    WaitingState& operator=(const WaitingState&) = delete;
+
+private:
+    GridControl& grid_;
+};
+
 /// Makes the key's column the first visible one.
 void FirstColumn(GridControl& grid, std::string_view key, bool redraw);
 void FirstRow(GridControl& grid, std::string_view key, bool redraw);
@@ -113,6 +128,8 @@ void CenterHidden(GridControl& grid, const CellKeyView& keys, bool hidden, bool 
 // --- Cells ----------------------------------------------------------------------------------------------------------
 
 void Contents(GridControl& grid, const CellKeyView& keys, std::string_view text, bool redraw);
+/// The contents of a cell, empty where there is no such cell. Leaves no entry.
+[[nodiscard]] std::string CellText(const GridControl& grid, const CellKeyView& keys);
 void Tooltip(GridControl& grid, const CellKeyView& keys, std::string_view text, bool redraw);
 
 // --- Attributes of cells, columns and rows --------------------------------------------------------------------------

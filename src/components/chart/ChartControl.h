@@ -76,6 +76,8 @@ public:
     [[nodiscard]] std::optional<ChartColor> ColorOf(std::string_view key) const;
     /// `base` as ChartState::comparisonBase.
     void SetComparison(int base);
+    /// Keys of the lines that are chosen for a comparison; empty for none.
+    void NameComparedLines(std::string sales, std::string forecast);
     /// Asks the view for it; nothing without one.
     void CopyPicture() const;
 

@@ -97,6 +97,9 @@ struct PLANVIEW_EXPORT ChartState {
     /// other is measured by. 0: no comparison.
     int comparisonBase = 0;
     [[nodiscard]] bool IsComparison() const noexcept { return comparisonBase != 0; }
+    /// The keys of the two lines that are chosen for a comparison, be it drawn or not yet; empty: none chosen.
+    std::string salesKey;
+    std::string forecastKey;
 
     std::string title;
     ChartFont titleFont;

@@ -23,9 +23,10 @@ public:
     TrendFit(TrendKind kind, std::span<const double> values, int period = 2);
 
     /// Whether there is anything to draw; Limit() says why not.
-    [[nodiscard]] bool IsValid() const noexcept { return limit_.empty(); }
-    /// A sentence for the user: what this kind needs and which value is in the way. Empty for a valid fit.
-    [[nodiscard]] const std::string& Limit() const noexcept { return limit_; }
+    [[nodiscard]] bool IsValid() const noexcept { return obstacle_.kind == ObstacleKind::None; }
+    /// A sentence for the user: what this kind needs and which value is in the way, by the name of its period where
+    /// `periods` has one, else by its number. Empty for a valid fit.
+    [[nodiscard]] std::string Limit(std::span<const std::string> periods = {}) const;
     [[nodiscard]] TrendKind Kind() const noexcept { return kind_; }
     /// The two numbers of the formula. The factor of a very steep curve may lie outside of what a double holds, and is
     /// then 0 or infinite; At() is right all the same.
@@ -37,6 +38,15 @@ public:
     [[nodiscard]] std::optional<double> At(double x) const;
 
 private:
+    enum class ObstacleKind { None, TooFewValues, NoNumber, NotAboveZero };
+    struct Obstacle {
+        ObstacleKind kind = ObstacleKind::None;
+        std::size_t place = 0;  ///< of the value, from 0
+        double value = 0;
+    };
+
+    [[nodiscard]] Obstacle FindObstacle(std::span<const double> values) const;
+    [[nodiscard]] std::size_t NeededValues() const noexcept;
     void TakeMeans(std::span<const double> values);
     [[nodiscard]] std::optional<double> MeanAt(double x) const;
 
@@ -47,7 +57,7 @@ private:
     long double intercept_ = 0;
     long double slope_ = 0;
     std::vector<double> means_;  // of a moving average, from its first whole window on
-    std::string limit_;
+    Obstacle obstacle_;
 };
 
 /// "Linear", "Logarithmic", "Power", "Exponential", "Moving average".
