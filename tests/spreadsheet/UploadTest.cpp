@@ -79,6 +79,16 @@ TEST_F(UploadTest, ComparesWhatTheSheetSaysWithTheGrid) {
     EXPECT_EQ(events.size(), 0U);
 }
 
+TEST_F(UploadTest, TakesNoEmptinessFromMergedCells) {
+    Edit(2, 2, "");
+    fake->cells[(test::FakeSpreadsheet::Place{2, 2})].merged = true;
+    Edit(2, 3, 5);
+    fake->cells[(test::FakeSpreadsheet::Place{2, 3})].merged = true;
+    EXPECT_EQ(Differences(),
+              (Lines{"Sales/May 01: 1234,5 ->  (The cell is merged with others in the workbook. Unmerge them there.)",
+                     "Sales/May 02: 10 -> 5"}));
+}
+
 TEST_F(UploadTest, SaysWhatDoesNotMatch) {
     const struct {
         const char* name;
