@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include <planview/Export.h>
 #include <planview/Platform.h>
 
 #include "components/GridControl.h"
@@ -39,9 +40,9 @@ inline constexpr std::int16_t EditableBackground = 0;
 
 void CreatePalette(GridControl& grid);
 /// What a palette index looks like; white for a number that is none.
-[[nodiscard]] Rgb PaletteColorOf(std::int16_t index) noexcept;
+[[nodiscard]] PLANVIEW_EXPORT Rgb PaletteColorOf(std::int16_t index) noexcept;
 /// The name of the registered colour with this palette index, in every grid; white's for a number that is none.
-[[nodiscard]] std::string_view PaletteName(std::int16_t index) noexcept;
+[[nodiscard]] PLANVIEW_EXPORT std::string_view PaletteName(std::int16_t index) noexcept;
 /// The palette index of a position in the "Colors" popup, where white stands last instead of first.
 [[nodiscard]] constexpr std::int16_t PaletteIndexOf(int position) noexcept {
     return static_cast<std::int16_t>((position + 1) % PaletteSize);
@@ -51,11 +52,11 @@ void CreateColor(GridControl& grid, std::string_view name, std::uint8_t red, std
 // --- Keys and positions ---------------------------------------------------------------------------------------------
 
 /// "FLC" + number for the kind "L", "FRC" for "R", "COL" for any other.
-[[nodiscard]] std::string ColumnKey(std::int16_t position, std::string_view kind);
+[[nodiscard]] PLANVIEW_EXPORT std::string ColumnKey(std::int16_t position, std::string_view kind);
 /// "FTR" + number for the kind "T", "FBR" for "B", "ROW" for any other.
-[[nodiscard]] std::string RowKey(std::int16_t position, std::string_view kind);
+[[nodiscard]] PLANVIEW_EXPORT std::string RowKey(std::int16_t position, std::string_view kind);
 /// The number in a planning column's or row's key ("COL7" is 7); 0 for a fixed one and for no key.
-[[nodiscard]] std::int16_t PositionOf(std::string_view key);
+[[nodiscard]] PLANVIEW_EXPORT std::int16_t PositionOf(std::string_view key);
 
 // --- The grid as a whole --------------------------------------------------------------------------------------------
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <planview/Export.h>
 #include <planview/Variant.h>
 
 namespace planview {
@@ -38,9 +39,9 @@ namespace planview::xlsx {
 /// and answers values: of a formula the last one, of a date its number of days, of an error its text ("#DIV/0!").
 ///
 /// What cannot be done is an AutomationError whose text is meant for the user: what, where, and what to do now.
-[[nodiscard]] ObjectRef MakeApplication();
+[[nodiscard]] PLANVIEW_EXPORT ObjectRef MakeApplication();
 
 /// Has the registry make one for each request for "Excel.Application".
-void Register(ObjectRegistry& registry);
+PLANVIEW_EXPORT void Register(ObjectRegistry& registry);
 
 }  // namespace planview::xlsx
