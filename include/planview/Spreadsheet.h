@@ -17,9 +17,9 @@ struct SpreadsheetOptions {
 
 /// A cell to which a workbook gives another value than the grid has.
 struct UploadChange {
-    std::string column;   ///< the cell's keys in the grid
+    std::string column;  ///< the cell's keys in the grid
     std::string row;
-    std::string line;     ///< what the user calls the cell: the captions of its line and its period
+    std::string line;  ///< what the user calls the cell: the captions of its line and its period
     std::string period;
     std::string before;   ///< the contents as the grid keeps them ("12,5"), empty for none
     std::string after;    ///< what the workbook holds, in the same form where it is a number

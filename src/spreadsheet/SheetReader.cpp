@@ -73,7 +73,7 @@ bool IsSame(const Entry& entry, const std::string& contents) {
 
 /// How the two axes are called.
 struct AxisWords {
-    const char* one;        ///< in the table
+    const char* one;  ///< in the table
     const char* many;
     const char* onSheet;
 };
@@ -102,12 +102,13 @@ void AddNotes(const CaptionMatch& match, const std::vector<std::string>& table, 
     const auto sheetCaption = [&](int place) { return Quoted(sheet[static_cast<std::size_t>(place)]); };
     const auto sheetPlace = [&](int place) { return std::string(words.onSheet) + " " + PlaceName(columns, place + 2); };
     for (const auto& [inTable, onSheet] : match.renamed) {
-        preview.notes.push_back(sheetPlace(onSheet) + " is called " + sheetCaption(onSheet) + " where the table has the " +
-                                one + " " + tableCaption(inTable) +
+        preview.notes.push_back(sheetPlace(onSheet) + " is called " + sheetCaption(onSheet) +
+                                " where the table has the " + one + " " + tableCaption(inTable) +
                                 "; its values are left alone. Give it its old name to have them read.");
     }
     for (const int place : match.missing) {
-        preview.notes.push_back("The " + one + " " + tableCaption(place) + " is not in the workbook and stays as it is.");
+        preview.notes.push_back("The " + one + " " + tableCaption(place) +
+                                " is not in the workbook and stays as it is.");
     }
     for (const int place : match.extra) {
         preview.notes.push_back(sheetPlace(place) + ", " + sheetCaption(place) + ", belongs to no " + one +
@@ -161,9 +162,10 @@ std::vector<SheetReader::Track<Id>> SheetReader::TracksOf(Axis axis, const std::
             continue;
         }
         if (const std::optional<Id> id = find(keys[i])) {
-            const CellKeyView label = columns ? CellKeyView{keys[i], HeadingRowKey} : CellKeyView{LabelColumnKey, keys[i]};
-            tracks.push_back({*id, keys[i], modGrid::CellText(grid_, label),
-                              static_cast<std::int16_t>(match.sheetPlaces[i] + 2)});
+            const CellKeyView label =
+                columns ? CellKeyView{keys[i], HeadingRowKey} : CellKeyView{LabelColumnKey, keys[i]};
+            tracks.push_back(
+                {*id, keys[i], modGrid::CellText(grid_, label), static_cast<std::int16_t>(match.sheetPlaces[i] + 2)});
         } else {
             preview.notes.push_back("The " + std::string(words.one) + " " + Quoted(captions[i]) +
                                     " is not in the grid and is not read.");

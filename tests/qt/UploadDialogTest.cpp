@@ -37,9 +37,8 @@ UploadPreview samplePreview() {
     add("  Durable goods", "Jan 06", "8982", "abc",
         "This is not a number. Enter digits with a point or a comma, or nothing.");
     add("  Wholesale trade", "May 06", "", "5840,4");
-    preview.notes = {
-        "The line \"Utilities\" is not in the workbook and stays as it is.",
-        "Row 25, \"Margin\", belongs to no line of the table and is not read."};
+    preview.notes = {"The line \"Utilities\" is not in the workbook and stays as it is.",
+                     "Row 25, \"Margin\", belongs to no line of the table and is not read."};
     return preview;
 }
 
@@ -90,7 +89,8 @@ private Q_SLOTS:
             const QAbstractItemModel& model = *list.model();
             QVERIFY2(!model.index(0, 0).data(Qt::CheckStateRole).isValid(), "a refused one has no tick box");
             QCOMPARE(model.index(0, UploadModel::Remark).data().toString(), QString("This cell is read-only."));
-            QVERIFY2(model.index(0, 1).data(Qt::ForegroundRole) != model.index(1, 1).data(Qt::ForegroundRole), "greyed");
+            QVERIFY2(model.index(0, 1).data(Qt::ForegroundRole) != model.index(1, 1).data(Qt::ForegroundRole),
+                     "greyed");
             QVERIFY(only<QPlainTextEdit>(dialog).toPlainText().contains("Utilities"));
             QVERIFY(button(dialog, "Apply 4 changes").isEnabled());
         });

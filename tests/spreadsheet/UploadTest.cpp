@@ -135,9 +135,10 @@ TEST_F(UploadTest, TakesNothingFromAnotherBook) {
         Edit(row, 1, "X" + std::to_string(row));
     }
     RunUpload();
-    EXPECT_EQ(Messages(),
-              "This is no download of this table: most lines on its sheet \"Other\" are none of the table's. Choose the "
-              "workbook that was downloaded from it.\n");
+    EXPECT_EQ(
+        Messages(),
+        "This is no download of this table: most lines on its sheet \"Other\" are none of the table's. Choose the "
+        "workbook that was downloaded from it.\n");
     EXPECT_EQ(platform.formCalls, Lines{});
     EXPECT_EQ(InTab(*tables.tabOld), "");
 }
@@ -225,7 +226,10 @@ TEST_F(UploadTest, LeavesAloneWhatChangedMeanwhile) {
     } cases[] = {
         {"nothing", [] {}, 3},
         {"another value in one cell",
-         [&] { context.grid.EnterText(context.grid.FindCell({"COL2", "ROW1"}).value(), "99"); }, 2},
+         [&] {
+             context.grid.EnterText(context.grid.FindCell({"COL2", "ROW1"}).value(), "99");
+         },
+         2},
         {"the grid built again as it was", [&] { context.construction.CreateFromTables(); }, 3},
         {"a line replaced by another one",
          [&] {
@@ -263,8 +267,7 @@ TEST_F(UploadTest, TheUserHearsOfWhatWasLeftAlone) {
         form.cmdOk_Click();
     });
     RunUpload();
-    EXPECT_EQ(Messages(),
-              "1 cell changed.\n1 cell left alone: the table was changed since the workbook was read.\n");
+    EXPECT_EQ(Messages(), "1 cell changed.\n1 cell left alone: the table was changed since the workbook was read.\n");
     EXPECT_EQ(Shown("COL2", "ROW1"), "99");
 }
 

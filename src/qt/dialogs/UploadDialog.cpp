@@ -2,8 +2,8 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QHBoxLayout>
 #include <QFontMetrics>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -32,7 +32,10 @@ constexpr int ValueWidth = 110;
 }  // namespace
 
 UploadDialog::UploadDialog(frmUpload& form, QWidget* parent)
-    : ThemedDialog(parent), form_(&form), model_(new UploadModel(form, this)), filter_(new UploadFilter(*model_, this)) {
+    : ThemedDialog(parent),
+      form_(&form),
+      model_(new UploadModel(form, this)),
+      filter_(new UploadFilter(*model_, this)) {
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     resize(UsualSize.boundedTo(screen()->availableSize() - FrameRoom));
 }

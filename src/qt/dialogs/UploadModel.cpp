@@ -81,15 +81,13 @@ QVariant UploadModel::data(const QModelIndex& index, int role) const {
                     return QString::fromStdString(each->refusal);
             }
         case Qt::CheckStateRole:
-            return index.column() == Line && !each->IsRefused()
-                       ? QVariant(each->taken ? Qt::Checked : Qt::Unchecked)
-                       : QVariant();
+            return index.column() == Line && !each->IsRefused() ? QVariant(each->taken ? Qt::Checked : Qt::Unchecked)
+                                                                : QVariant();
         case Qt::DecorationRole:
             return index.column() == Line && each->IsRefused() ? QVariant(noTickBox()) : QVariant();
         case Qt::TextAlignmentRole:
-            return index.column() == Before || index.column() == After
-                       ? QVariant(Qt::AlignRight | Qt::AlignVCenter)
-                       : QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+            return index.column() == Before || index.column() == After ? QVariant(Qt::AlignRight | Qt::AlignVCenter)
+                                                                       : QVariant(Qt::AlignLeft | Qt::AlignVCenter);
         case Qt::ForegroundRole:
             if (each->IsRefused()) {
                 return QBrush(QColor(mixColors(theme_->base, theme_->muted, RefusedWeight)));
