@@ -1,5 +1,6 @@
 #include "spreadsheet/SheetReader.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -22,8 +23,10 @@ namespace {
 constexpr std::size_t EmptyCaptionsAtEnd = 64;
 constexpr std::size_t LastPlace = std::numeric_limits<std::int16_t>::max();
 
+/// Captions of lines may be indented.
 std::string Quoted(const std::string& caption) {
-    return "\"" + caption + "\"";
+    const std::size_t start = std::min(caption.find_first_not_of(' '), caption.size());
+    return "\"" + caption.substr(start) + "\"";
 }
 
 [[noreturn]] void Refuse(const std::string& sentence) {

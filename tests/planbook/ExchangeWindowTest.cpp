@@ -30,11 +30,12 @@ TEST(ExchangeWindow, WhatIsUploadedIsInTheBookAndPending) {
     ASSERT_EQ(window.InFile(1, 1), "1");
 
     const planview::UploadPreview preview = view.previewUpload(ToQt(file));
-    EXPECT_EQ(Summary(preview), "alpha/2008-01: 1 -> 7\nbeta/2008-02: 20,5 -> 8,5\n");
+    EXPECT_EQ(Summary(preview), "Alpha/Jan 08: 1 -> 7\nBeta/Feb 08: 20,5 -> 8,5\n");
     const planview::UploadResult result = view.applyUpload(preview);
     EXPECT_EQ(result.changed, 2);
     EXPECT_EQ(window.InFile(1, 1), "7");
     EXPECT_EQ(window.InFile(2, 2), "8.5");
+    QApplication::processEvents();
     EXPECT_EQ(view.pendingChanges(), 2);
     window.ExpectSaved();
     view.undo();
