@@ -209,18 +209,25 @@ public:
     /// @}
     /// Ends the chart's forecast view; nothing in another view.
     Q_INVOKABLE void leaveForecastView();
+    /// @{
     /// The grid into a new workbook, and changed values from one: asks for the file, works and tells what went wrong. The
     /// spreadsheet application is the one that the host has registered with objects().
     Q_INVOKABLE void download();
     Q_INVOKABLE void upload();
+    /// @}
+    /// @{
     /// The same without dialogs; see PlanView. An entry that is open is ended first.
     [[nodiscard]] Q_INVOKABLE QString downloadTo(const QString& path);
     [[nodiscard]] Q_INVOKABLE planview::UploadPreview previewUpload(const QString& path);
     Q_INVOKABLE planview::UploadResult applyUpload(const planview::UploadPreview& preview);
+    /// @}
+    /// @{
+    /// How workbooks are written and where their dialogs open.
     [[nodiscard]] const SpreadsheetOptions& spreadsheetOptions() const;
     void setSpreadsheetOptions(const SpreadsheetOptions& options);
     [[nodiscard]] bool spreadsheetPrintSetup() const;
     Q_INVOKABLE void setSpreadsheetPrintSetup(bool on);
+    /// @}
     /// Writes the chart as a PNG, PDF or SVG file, as the suffix of the path says, in the given size in logical pixels
     /// or a usual one. Answers a sentence for the user about what went wrong, empty when the file is written.
     Q_INVOKABLE QString saveChart(const QString& path, QSize size = {}) const;
