@@ -240,7 +240,9 @@ void SheetReader::ReadCell(const Track<ColumnId>& column, const Track<RowId>& li
     change.after = entry.number ? modPlan::ReplacePoint(NumberText(*entry.number)) : entry.text;
     change.value = entry.number ? Variant(*entry.number) : Variant("");
     change.refusal = RefusalText(refusal);
-    if (refusal == Refusal::None && entry.IsEmpty() && cells_.IsMerged()) {
+    if (refusal == Refusal::NoNumber && entry.text.starts_with('=')) {
+        change.refusal = "This formula was never calculated. Open the workbook in a spreadsheet application and save it.";
+    } else if (refusal == Refusal::None && entry.IsEmpty() && cells_.IsMerged()) {
         change.refusal = "The cell is merged with others in the workbook. Unmerge them there.";
     }
     if (TraceEnabled) {

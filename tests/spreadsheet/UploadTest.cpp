@@ -62,6 +62,9 @@ TEST_F(UploadTest, ComparesWhatTheSheetSaysWithTheGrid) {
          "Sales/May 01: 1234,5 -> much (This is not a number. Enter digits with a point or a comma, or nothing.)"},
         {"an error", 2, 2, "#DIV/0!",
          "Sales/May 01: 1234,5 -> #DIV/0! (This is not a number. Enter digits with a point or a comma, or nothing.)"},
+        {"a formula without a value", 2, 2, "=B3*2",
+         "Sales/May 01: 1234,5 -> =B3*2 (This formula was never calculated. Open the workbook in a spreadsheet "
+         "application and save it.)"},
         {"true", 2, 2, true,
          "Sales/May 01: 1234,5 -> TRUE (This is not a number. Enter digits with a point or a comma, or nothing.)"},
         {"no finite number", 2, 2, std::numeric_limits<double>::infinity(),
