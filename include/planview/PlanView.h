@@ -233,11 +233,16 @@ public:
 
     // --- Exchange with a spreadsheet application ("Excel.Application" of the platform's objects) --------------------
 
+    /// @{
+    /// How workbooks are written and where their dialogs open; kept for the life of the control.
     void SetSpreadsheetOptions(SpreadsheetOptions options);
     [[nodiscard]] const SpreadsheetOptions& GetSpreadsheetOptions() const noexcept;
+    /// @}
+    /// @{
     /// Ask for a file, work and tell what went wrong, as the entries of the grid's popup do.
     void Download();
     void Upload();
+    /// @}
     /// Writes the grid into a new workbook without asking. A sentence about what went wrong, empty when the file is
     /// written; a failure leaves an older file of that name as it was. `path` in UTF-8.
     [[nodiscard]] std::string DownloadTo(const std::string& path);
