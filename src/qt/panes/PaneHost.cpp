@@ -6,8 +6,11 @@
 
 #include "qt/chart/ChartView.h"
 #include "qt/grid/GridView.h"
+#include "qt/panes/BarredPane.h"
 #include "qt/panes/EmptyPane.h"
 #include "qt/panes/PaneSplitter.h"
+#include "qt/tree/ToolbarView.h"
+#include "qt/tree/TreePane.h"
 
 namespace planview {
 
@@ -21,15 +24,22 @@ constexpr std::size_t indexOf(Splitter splitter) {
 
 }  // namespace
 
-PaneHost::PaneHost(PaneLayout& layout, GridView* grid, ChartView* chart, QWidget* parent)
-    : QWidget(parent), layout_(layout), gridView_(grid), chart_(chart) {
-    EmptyPane* tree = addPane("TreePane", new EmptyPane(tr("Macros"), Ground::Panel));
+PaneHost::PaneHost(PaneLayout& layout, const Panes& panes, QWidget* parent)
+    : QWidget(parent),
+      layout_(layout),
+      gridView_(panes.grid),
+      chart_(panes.chart),
+      tree_(panes.tree),
+      toolbar_(panes.toolbar) {
+    tree_->setObjectName(QLatin1String("TreePane"));
+    toolbar_->setObjectName(QLatin1String("MacroToolbar"));
     EmptyPane* list = addPane("MacroPane", new EmptyPane(tr("Macro"), Ground::Panel));
     EmptyPane* operands = addPane("OperandPane", new EmptyPane(tr("Operand"), Ground::Panel));
     chart_->setObjectName(QLatin1String("ChartPane"));
     PaneSplitter* macro = addSplitter(Splitter::MacroSplit, "MacroSplit", Qt::Horizontal, list, operands);
-    PaneSplitter* left = addSplitter(Splitter::TreeSplit, "TreeSplit", Qt::Vertical, tree, macro);
-    PaneSplitter* right = addSplitter(Splitter::GridSplit, "GridSplit", Qt::Vertical, grid, chart_);
+    editor_ = new BarredPane(toolbar_, macro);
+    PaneSplitter* left = addSplitter(Splitter::TreeSplit, "TreeSplit", Qt::Vertical, tree_, editor_);
+    PaneSplitter* right = addSplitter(Splitter::GridSplit, "GridSplit", Qt::Vertical, gridView_, chart_);
     PaneSplitter* all = addSplitter(Splitter::CtrlSplit, "CtrlSplit", Qt::Horizontal, left, right);
 
     auto* only = new QVBoxLayout(this);
@@ -40,6 +50,9 @@ PaneHost::PaneHost(PaneLayout& layout, GridView* grid, ChartView* chart, QWidget
             pane->setTextScale(scale);
         }
         chart_->setTextScale(scale);
+        tree_->setTextScale(scale);
+        toolbar_->setTextScale(scale);
+        editor_->placeParts();
     });
     connect(chart_, &ChartView::textScaleWanted, gridView_, &GridView::setTextScale);
     connect(chart_, &ChartView::chartChanged, this, &PaneHost::showRowDots);
@@ -76,6 +89,8 @@ void PaneHost::setTheme(const GridTheme& theme) {
         splitter->setTheme(theme);
     }
     chart_->setTheme(theme);
+    tree_->setTheme(theme);
+    toolbar_->setTheme(theme);
     showRowDots();
 }
 
@@ -123,6 +138,12 @@ void PaneHost::paintPane(QPainter& painter, QWidget* pane, const QRect& rect, qr
         painter.drawImage(rect.topLeft(), gridView_->renderToImage(rect.size(), scale));
     } else if (pane == chart_) {
         painter.drawImage(rect.topLeft(), chart_->renderToImage(rect.size(), scale));
+    } else if (pane == tree_) {
+        tree_->paintOn(painter, rect);
+    } else if (pane == editor_) {
+        const BarredPane::Places places = editor_->placesIn(rect);
+        toolbar_->paintOn(painter, places.bar);
+        paintPane(painter, editor_->pane(), places.pane, scale);
     } else if (const auto* empty = dynamic_cast<const EmptyPane*>(pane)) {
         empty->paintOn(painter, rect);
     } else if (const auto* splitter = qobject_cast<const PaneSplitter*>(pane)) {
