@@ -28,9 +28,12 @@
 #include "grid/UndoHistory.h"
 #include "grid/ValueEntry.h"
 #include "layout/PaneLayout.h"
+#include "macro/MacroRecording.h"
 #include "macro/MacroToolbar.h"
 #include "macro/modMacro.h"
 #include "menus/MenuDispatch.h"
+#include "spreadsheet/SpreadsheetDownload.h"
+#include "spreadsheet/SpreadsheetUpload.h"
 
 namespace planview {
 
@@ -67,6 +70,7 @@ struct ControlContext {
     /// Set while the control itself changes the grid; keys and popups wait for its end.
     bool busy = false;
     UndoHistory history;
+    MacroRecording recording;
     std::function<void(bool running)> bulkListener;
     std::function<bool(const Cell& cell, std::string_view reason)> hintListener;
     HostUpdate hostUpdate;
@@ -83,6 +87,9 @@ struct ControlContext {
     GeneralOptions generalOptions;
     RowAttributes rowAttributes;
     ChartOptions chartOptions;
+    SpreadsheetOptions spreadsheetOptions;
+    SpreadsheetDownload download;
+    SpreadsheetUpload upload;
     MenuDispatch menus;
     GridHandlers gridHandlers;
     ChartHandlers chartHandlers;
