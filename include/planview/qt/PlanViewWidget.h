@@ -168,6 +168,8 @@ public:
     /// Gives every selected cell the value of the first one.
     Q_INVOKABLE void fill();
     Q_INVOKABLE void deleteContents();
+    /// Multiplies the numbers of the selected planning cells by 1 + percent / 100.
+    Q_INVOKABLE void raiseSelected(double percent);
     /// The columns or rows whose headings are selected; hidden ones can be selected along with those around them.
     Q_INVOKABLE void hideColumns();
     Q_INVOKABLE void showColumns();
@@ -193,6 +195,19 @@ public:
     /// The keys of the current cell, as selectCell() takes them; empty without one.
     [[nodiscard]] QString currentColumn() const;
     [[nodiscard]] QString currentRow() const;
+
+    // --- Recording and replaying; what each does stands at the control's method of the same name
+
+    Q_INVOKABLE void startRecording();
+    Q_INVOKABLE void pauseRecording();
+    Q_INVOKABLE void stopRecording();
+    Q_INVOKABLE void undoRecordedStep();
+    [[nodiscard]] Q_INVOKABLE bool isRecording() const;
+    [[nodiscard]] Q_INVOKABLE bool isRecordingPaused() const;
+    [[nodiscard]] Q_INVOKABLE int recordedSteps() const;
+    Q_INVOKABLE QString keepRecording(const QString& name, const QString& parentNode = {});
+    /// With an entry open that is refused: not done, and without a message, for the entry says it itself.
+    Q_INVOKABLE planview::MacroResult replayMacro(const QString& nodeKey, bool onSelectedLine = false);
 
     // --- For a host that keeps the changes
 
@@ -248,6 +263,8 @@ Q_SIGNALS:
     /// Current cell, selection or a selected value is another one.
     void selectionSummaryChanged();
     void pendingChangesChanged(int count);
+    /// Recording has begun, is paused or has ended, or has another number of steps.
+    void recordingChanged();
     /// What isAnnouncingSeveral() announced has come to its end.
     void severalValuesAnnounced();
 
