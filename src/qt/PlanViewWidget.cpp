@@ -58,6 +58,7 @@ PlanViewWidget::PlanViewWidget(QWidget* parent) : PlanViewWidget(PlatformOverrid
 PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* parent)
     : QWidget(parent), state_(std::make_unique<State>()) {
     qRegisterMetaType<ObjectRef>("planview::ObjectRef");
+    qRegisterMetaType<MacroResult>("planview::MacroResult");
     state_->core = std::make_shared<PlanViewCore>(*this, platform);
     state_->grid = new GridView(state_->core->view.Grid(), state_->core);
     state_->core->popups.setGrid(state_->grid);
@@ -79,6 +80,7 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
         return isVisible() && state_->grid->editor().tell(
                                   cell, QString::fromUtf8(reason.data(), static_cast<qsizetype>(reason.size())));
     });
+    state_->core->view.SetRecordingListener([this] { Q_EMIT recordingChanged(); });
     state_->grid->setHistory({[this] { undo(); }, [this] { redo(); }});
     connect(state_->chart, &ChartView::undoWanted, this, &PlanViewWidget::undo);
     connect(state_->chart, &ChartView::redoWanted, this, &PlanViewWidget::redo);
@@ -97,6 +99,7 @@ PlanViewWidget::~PlanViewWidget() {
     // The control itself may have to wait for a member that is being called; its work ends here.
     state_->core->view.SetBulkListener({});
     state_->core->view.SetHintListener({});
+    state_->core->view.SetRecordingListener({});
     state_->core->view.RemoveSink(state_->core->sink);
     state_->core->view.Terminate();
 }
