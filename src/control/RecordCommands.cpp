@@ -1,6 +1,7 @@
 #include <planview/PlanView.h>
 
 #include "control/Guarded.h"
+#include "control/MacroCommands.h"
 #include "control/RecordedActions.h"
 #include "macro/MacroKeep.h"
 #include "macro/MacroRecorded.h"
@@ -115,25 +116,30 @@ std::string PlanView::KeepRecording(const std::string& name, const std::string& 
     return key;
 }
 
+MacroResult ReplayRecording(ControlContext& context, const std::string& nodeKey, bool onSelectedLine) {
+    MacroResult result;
+    const HostTable macroTree = context.tables.MACRO_TREE;
+    if (TraceEnabled) {
+        TraceWrite(MacroLabel, "BEGIN", "Replay",
+                   TraceText("{node: ", nodeKey, " - selected line: ", onSelectedLine, "}"));
+    }
+    std::vector<MacroStep> steps;
+    if (const std::optional<std::string> error =
+            ErrorTextOf([&] { steps = RecordedSteps(context.tree, macroTree, nodeKey); })) {
+        result.message = *error;
+    } else {
+        result = Replay(context, std::move(steps), onSelectedLine);
+    }
+    if (TraceEnabled) {
+        TraceWrite(MacroLabel, "END", "Replay", TraceText("{cells: ", result.cells, " - ", result.message, "}"));
+    }
+    return result;
+}
+
 MacroResult PlanView::ReplayMacro(const std::string& nodeKey, bool onSelectedLine) {
     MacroResult result;
-    Guarded(state_, MacroLabel, "Replay", [&](ControlContext& context) {
-        const HostTable macroTree = context.tables.MACRO_TREE;
-        if (TraceEnabled) {
-            TraceWrite(MacroLabel, "BEGIN", "Replay",
-                       TraceText("{node: ", nodeKey, " - selected line: ", onSelectedLine, "}"));
-        }
-        std::vector<MacroStep> steps;
-        if (const std::optional<std::string> error =
-                ErrorTextOf([&] { steps = planview::RecordedSteps(context.tree, macroTree, nodeKey); })) {
-            result.message = *error;
-        } else {
-            result = Replay(context, std::move(steps), onSelectedLine);
-        }
-        if (TraceEnabled) {
-            TraceWrite(MacroLabel, "END", "Replay", TraceText("{cells: ", result.cells, " - ", result.message, "}"));
-        }
-    });
+    Guarded(state_, MacroLabel, "Replay",
+            [&](ControlContext& context) { result = ReplayRecording(context, nodeKey, onSelectedLine); });
     return result;
 }
 

@@ -191,6 +191,8 @@ public:
     Q_INVOKABLE void fill();
     /// Empties the selected planning cells.
     Q_INVOKABLE void deleteContents();
+    /// Multiplies the numbers of the selected planning cells by 1 + percent / 100.
+    Q_INVOKABLE void raiseSelected(double percent);
     /// @{
     /// The columns or rows whose headings are selected; hidden ones can be selected along with those around them.
     Q_INVOKABLE void hideColumns();
@@ -246,6 +248,22 @@ public:
     [[nodiscard]] QString currentColumn() const;
     [[nodiscard]] QString currentRow() const;
     /// @}
+
+    // --- Recording and replaying; what each does stands at the control's method of the same name
+
+    Q_INVOKABLE void startRecording();
+    Q_INVOKABLE void pauseRecording();
+    Q_INVOKABLE void stopRecording();
+    Q_INVOKABLE void undoRecordedStep();
+    [[nodiscard]] Q_INVOKABLE bool isRecording() const;
+    [[nodiscard]] Q_INVOKABLE bool isRecordingPaused() const;
+    [[nodiscard]] Q_INVOKABLE int recordedSteps() const;
+    Q_INVOKABLE QString keepRecording(const QString& name, const QString& parentNode = {});
+    /// With an entry open that is refused: not done, and without a message, for the entry says it itself.
+    Q_INVOKABLE planview::MacroResult replayMacro(const QString& nodeKey, bool onSelectedLine = false);
+    /// Runs a macro, or replays a recording.
+    Q_INVOKABLE planview::MacroResult runMacro(const QString& nodeKey, bool onSelectedLine = false);
+    Q_INVOKABLE planview::MacroResult checkMacro(const QString& nodeKey);
 
     // --- For a host that keeps the changes
 
@@ -311,6 +329,8 @@ Q_SIGNALS:
     /// @}
     /// Current cell, selection or a selected value is another one.
     void selectionSummaryChanged();
+    /// Recording has begun, is paused or has ended, or has another number of steps.
+    void recordingChanged();
     /// What isAnnouncingSeveral() announced has come to its end.
     void severalValuesAnnounced();
 
@@ -327,6 +347,9 @@ private:
     /// Calls a member; the control lives on until the call is over, even when the widget is deleted meanwhile.
     template <class Member>
     auto call(Member&& member);
+    /// Ends an entry that is open, then runs the action on the control.
+    template <class Action>
+    MacroResult withMacro(Action&& action);
     void applyTheme();
     void focusMoved(QWidget* from, QWidget* to);
     /// What is brought into sight after a command.
