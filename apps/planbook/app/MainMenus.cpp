@@ -9,6 +9,7 @@
 
 #include "app/BookSession.h"
 #include "app/FindBar.h"
+#include "app/MacroMenu.h"
 #include "app/MainWindow.h"
 #include "app/RecentBooks.h"
 
@@ -28,6 +29,7 @@ void MainWindow::buildMenus() {
     buildFileMenu();
     buildEditMenu();
     buildViewMenu();
+    buildMacroMenu();
     menuBar()->addMenu("&Help")->addAction("&About planbook", this, &MainWindow::showAbout);
     bookActions_->setEnabled(false);
 }
@@ -76,6 +78,15 @@ void MainWindow::buildEditMenu() {
 void MainWindow::buildViewMenu() {
     QMenu* view = menuBar()->addMenu("&View");
     buildChartMenu(*view);
+    QAction* tree = view->addAction("&Macros", this, [this] {
+        view_->macroTreeShown() ? view_->plv_LayoutHide() : view_->plv_LayoutShow();
+        session_->saveTables();
+    });
+    tree->setCheckable(true);
+    connect(view, &QMenu::aboutToShow, this, [=, this] {
+        tree->setEnabled(session_->isOpen());
+        tree->setChecked(session_->isOpen() && view_->macroTreeShown());
+    });
     view->addSeparator();
     buildSchemeMenu(*view);
     view->addSeparator();
@@ -92,6 +103,15 @@ void MainWindow::buildViewMenu() {
     view->addAction("&Smaller text", QKeySequence::ZoomOut, this,
                     [this] { view_->setTextScale(view_->textScale() / TextStep); });
     view->addAction("&Usual text", QKeySequence(Qt::CTRL | Qt::Key_0), this, [this] { view_->setTextScale(1.0); });
+}
+
+void MainWindow::buildMacroMenu() {
+    QMenu* menu = menuBar()->addMenu("&Macro");
+    auto* macros = new MacroMenu(*menu, *view_, *session_, questions_, this);
+    connect(macros, &MacroMenu::ran, this, [this](const QString& text) {
+        constexpr int Shown = 8000;  // milliseconds
+        status_->showMessage(text, Shown);
+    });
 }
 
 void MainWindow::buildChartMenu(QMenu& menu) {

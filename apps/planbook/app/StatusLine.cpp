@@ -37,9 +37,12 @@ StatusLine::StatusLine(PlanViewWidget& view, QWidget* parent)
       pending_(new QLabel),
       accept_(linkButton("Accept", "Keep the new values and forget the old ones", "accept")),
       revert_(linkButton("Revert", "Bring the old values back", "revert")),
+      recording_(new QLabel),
+      stop_(linkButton("Stop", "End the recording and keep it", "stopRecording")),
       selection_(new QLabel) {
     setSizeGripEnabled(false);
     pending_->setObjectName("pending");
+    recording_->setObjectName("recording");
     selection_->setObjectName("selection");
     // One widget: a status bar would draw a frame around each.
     auto* left = new QWidget;
@@ -49,12 +52,29 @@ StatusLine::StatusLine(PlanViewWidget& view, QWidget* parent)
     layout->addWidget(pending_);
     layout->addWidget(accept_);
     layout->addWidget(revert_);
+    layout->addWidget(recording_);
+    layout->addWidget(stop_);
     addWidget(left);
     addPermanentWidget(selection_);
     connect(accept_, &QToolButton::clicked, this, &StatusLine::acceptPressed);
     connect(revert_, &QToolButton::clicked, this, &StatusLine::revertPressed);
     connect(&view_, &PlanViewWidget::selectionSummaryChanged, this, &StatusLine::showSelection);
+    connect(stop_, &QToolButton::clicked, &view_, &PlanViewWidget::stopRecording);
+    connect(&view_, &PlanViewWidget::recordingChanged, this, &StatusLine::showRecording);
     showPendingChanges(0);
+    showRecording();
+}
+
+void StatusLine::showRecording() {
+    const bool on = view_.isRecording();
+    if (on) {
+        const bool paused = view_.isRecordingPaused();
+        recording_->setText(QString("<span style='color:#d32f2f'>%1</span> %2, %3")
+                                .arg(paused ? "❚❚" : "●", paused ? "Recording interrupted" : "Recording",
+                                     counted(view_.recordedSteps(), "step")));
+    }
+    recording_->setVisible(on);
+    stop_->setVisible(on);
 }
 
 void StatusLine::showPendingChanges(int count) {

@@ -22,6 +22,8 @@ public:
     void setReadOnly(bool readOnly);
     void showPendingChanges(int count);
     void showSelection();
+    /// The sign that the user's steps are being recorded, and how many there are.
+    void showRecording();
 
 Q_SIGNALS:
     void acceptPressed();
@@ -32,6 +34,8 @@ private:
     QLabel* pending_;
     QToolButton* accept_;
     QToolButton* revert_;
+    QLabel* recording_;
+    QToolButton* stop_;
     QLabel* selection_;
     bool readOnly_ = false;
 };

@@ -509,8 +509,10 @@ private:
         add(BookTable::RowMenu, HostCommand::CopyLine, "Copy line to…");
         add(BookTable::RowMenu, HostCommand::SpreadTotal, "Spread total over periods…");
         add(BookTable::RowMenu, HostCommand::ClearLine, "Clear pending changes in line");
+        add(BookTable::RowMenu, HostCommand::RaiseLine, RaiseText);
         add(BookTable::CellMenu, HostCommand::CopyValue, "Copy value to following periods");
         add(BookTable::CellMenu, HostCommand::ClearCell, "Clear pending change");
+        add(BookTable::CellMenu, HostCommand::RaiseCells, RaiseText);
     }
 
     const SourceTable& source_;
