@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include <planview/Export.h>
 #include <planview/Variant.h>
 
 namespace planview {
@@ -13,8 +14,10 @@ namespace planview {
 /// Names a member of an object by number. 0 is always the default member.
 using DispatchId = std::int32_t;
 
+/// The member that is meant where none is named: of a table a field by row and name.
 inline constexpr DispatchId DefaultMember = 0;
 
+/// Kinds of failure.
 enum class AutomationErrorCode {
     Overflow,             ///< A number does not fit its type.
     SubscriptOutOfRange,  ///< A row or index that the object does not have.
@@ -26,9 +29,11 @@ enum class AutomationErrorCode {
 };
 
 /// What a late-bound call throws. `what()` says what failed and with which name or value.
-class AutomationError : public std::runtime_error {
+class PLANVIEW_EXPORT AutomationError : public std::runtime_error {
 public:
+    /// `text` is for people: what failed, and at which name, row or value.
     AutomationError(AutomationErrorCode code, const std::string& text) : std::runtime_error(text), code_(code) {}
+    /// The kind of failure, for callers that go on after some of them.
     [[nodiscard]] AutomationErrorCode Code() const noexcept { return code_; }
 
 private:
@@ -39,22 +44,29 @@ private:
 ///
 /// The host implements it for its own tables; the control implements it for itself. Every method may throw
 /// AutomationError (any other exception is treated alike). Member names are compared without regard to case.
-class AutomationObject {
+class PLANVIEW_EXPORT AutomationObject {
 public:
+    /// What a call hands over, in the order of the member's arguments; valid for the length of the call.
     using Arguments = std::span<const Variant>;
 
     virtual ~AutomationObject() = default;
 
     /// The number of the member with this name; throws UnknownMember.
     [[nodiscard]] virtual DispatchId IdOf(std::string_view name) const = 0;
+    /// Reads a member, or one of its elements (of a table: row and field).
     [[nodiscard]] virtual Variant Get(DispatchId member, Arguments arguments) = 0;
+    /// Assigns to a member, or to one of its elements.
     virtual void Put(DispatchId member, Arguments arguments, const Variant& value) = 0;
+    /// Calls a method and answers its result, Empty where it has none.
     virtual Variant Call(DispatchId member, Arguments arguments) = 0;
 
 protected:
+    /// @{
+    /// Made and copied as a part of what implements it only.
     AutomationObject() = default;
     AutomationObject(const AutomationObject&) = default;
     AutomationObject& operator=(const AutomationObject&) = default;
+    /// @}
 };
 
 }  // namespace planview

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include <planview/Export.h>
 #include <planview/Variant.h>
 
 namespace planview {
@@ -36,23 +37,25 @@ enum class EventId : std::int32_t {
     MacroRecordSave = 20
 };
 
+/// One argument of an event.
 struct EventArgument {
-    std::string_view name;
+    std::string_view name;  ///< as the event's own signature has it ("ColPos")
     /// Int16, Int32 or Text; Empty where any kind may come (a variant).
     Variant::Kind kind;
 };
 
+/// One event.
 struct EventDescription {
-    EventId id;
-    std::string_view name;
-    std::span<const EventArgument> arguments;
+    EventId id;                                ///< its number
+    std::string_view name;                     ///< "GridValueChanged"
+    std::span<const EventArgument> arguments;  ///< in their order
 };
 
 /// The twenty events in the order of their numbers.
-[[nodiscard]] std::span<const EventDescription> DescribeEvents() noexcept;
+[[nodiscard]] PLANVIEW_EXPORT std::span<const EventDescription> DescribeEvents() noexcept;
 
 /// Hears every event of a control by number. Called on the control's thread; the control goes on when it returns.
-class EventSink {
+class PLANVIEW_EXPORT EventSink {
 public:
     virtual ~EventSink() = default;
     /// `arguments` are in the order and of the kinds that DescribeEvents() gives. An exception thrown here ends this
@@ -61,14 +64,21 @@ public:
 };
 
 /// An EventSink with one method per event. Override those of interest.
-class PlanViewEvents : public EventSink {
+class PLANVIEW_EXPORT PlanViewEvents : public EventSink {
 public:
+    /// Hands the event to its method.
     void OnEvent(EventId event, std::span<const Variant> arguments) final;
 
+    /// The user has changed a value: typed, pasted, filled, deleted, undone, or dragged in the chart. `strValue` is
+    /// what was entered. Raised before TAB and TAB_OLD are written. With `SINGLEVALUE` off, an action on several
+    /// planning cells raises one GridStartUpdate() instead.
     virtual void GridValueChanged(std::int16_t Column, const std::string& ColPos, std::int16_t Row,
                                   const std::string& RowPos, const Variant& strValue);
+    /// A double click on a cell, before its editor opens.
     virtual void GridCellDblClick(std::int16_t Column, const std::string& ColPos, std::int16_t Row,
                                   const std::string& RowPos, const std::string& Switch);
+    /// @{
+    /// Never raised; declared for hosts that sink them.
     virtual void GridCellMouseDown(std::int16_t MouseButton, std::int16_t Column, const std::string& ColPos,
                                    std::int16_t Row, const std::string& RowPos, const std::string& Switch);
     virtual void ColumnResized(std::int16_t Column, const std::string& ColPos, std::int32_t vValue,
@@ -76,20 +86,39 @@ public:
     virtual void RowResized(std::int16_t Row, const std::string& RowPos, std::int32_t vValue,
                             const std::string& Switch);
     virtual void ChartMouseDown(std::int16_t MouseButton);
+    /// @}
+    /// The control has written to the tables and is done: time to read them back and to save. `FIRST_COL` and
+    /// `FIRST_ROW` of GRID_ATTR hold what the grid shows first.
     virtual void GridStartUpdate();
+    /// @{
+    /// Never raised.
     virtual void GridTreeNodeClick(const std::string& NodeKey, const std::string& Switch);
     virtual void GridTreeNodeExpand(const std::string& NodeKey, const std::string& Switch);
+    /// @}
+    /// A node of the macro tree was double clicked.
     virtual void GridTreeMacroClick(const std::string& NodeKey, const std::string& Switch);
+    /// A node of the macro tree was opened.
     virtual void GridTreeMacroExpand(const std::string& NodeKey, const std::string& Switch);
+    /// A mouse button was pressed on the macro tree and what its popup offered is done.
     virtual void MacroTreeMouseDown(const std::string& NodeKey, const std::string& Switch);
+    /// A node of the macro tree was closed.
     virtual void GridTreeMacroCollapse(const std::string& NodeKey, const std::string& Switch);
+    /// An entry from one of the host's menu tables was chosen. `Popup` is 10 for the grid's popup, 20 a column's, 30 a
+    /// row's, 40 a cell's; `UComm` the entry's `PFID` as text; the rest is the place that was clicked.
     virtual void GridPopupMenuPressed(std::int16_t Popup, const std::string& UComm, std::int16_t Column,
                                       const std::string& ColPos, std::int16_t Row, const std::string& RowPos);
+    /// Return was pressed in the grid. Prepared as GridStartUpdate().
     virtual void GridReturnKeyPressed();
+    /// The host is to put a new node into MACRO_TREE. `Action` is 1 before the node `NodeRefKey`, 2 after it, 3 one
+    /// level below it; `NodeType` is "INSERT" for the first two and "CREATE" for the third.
     virtual void MacroTreeNodeDropped(const std::string& NodeRefKey, const std::string& NodeType, std::int16_t Action);
+    /// The whole macro tree was opened, or a node was renamed: MACRO_TREE has changed.
     virtual void MacroTreeExpand();
+    /// The whole macro tree was closed.
     virtual void MacroTreeCollapse();
+    /// A selection is being dragged from the macro toolbar.
     virtual void MacroDragSelection(const std::string& Selection);
+    /// A recording has ended; its steps are in MACROREC.
     virtual void MacroRecordSave();
 };
 

@@ -5,12 +5,13 @@
 #include <string>
 #include <string_view>
 
+#include <planview/Export.h>
 #include <planview/Platform.h>
 
 namespace planview {
 
 /// An object factory that makes what the host has registered. Identifiers are compared without regard to case.
-class ObjectRegistry final : public ObjectFactory {
+class PLANVIEW_EXPORT ObjectRegistry final : public ObjectFactory {
 public:
     using Maker = std::function<ObjectRef()>;
 

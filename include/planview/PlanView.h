@@ -10,8 +10,11 @@
 
 #include <planview/AutomationObject.h>
 #include <planview/Events.h>
+#include <planview/Export.h>
 #include <planview/Platform.h>
+#include <planview/Spreadsheet.h>
 
+/// The planning table. `PlanView` is the control, `PlanViewWidget` the same as a Qt widget.
 namespace planview {
 
 struct Cell;
@@ -23,8 +26,8 @@ class TreeControl;
 
 /// One member of the control's automation interface.
 struct MemberDescription {
-    DispatchId id;  ///< 1 .. 65, the place in the interface
-    std::string_view name;
+    DispatchId id;          ///< 1 .. 65, the place in the interface
+    std::string_view name;  ///< "DP_Import_Create"
     /// Arguments that a call takes: none, a text (`plv_ActiveNode`) or a table (the setters).
     int argumentCount;
 };
@@ -37,7 +40,7 @@ struct MacroResult {
 };
 
 /// The 65 members in their order.
-[[nodiscard]] std::span<const MemberDescription> DescribeMembers() noexcept;
+[[nodiscard]] PLANVIEW_EXPORT std::span<const MemberDescription> DescribeMembers() noexcept;
 
 /// The planning table: shows the tables that the host hands to it and tells the host what the user does.
 ///
@@ -56,11 +59,12 @@ struct MacroResult {
 ///
 /// The control keeps a counted reference to each table, copies none, and reads the host's object at every access. All
 /// calls and events run on the thread that created the control. The trace is shared by all controls of a process.
-class PlanView final : public AutomationObject {
+class PLANVIEW_EXPORT PlanView final : public AutomationObject {
 public:
     /// Always 0.
     using Status = std::int16_t;
 
+    /// A control with an empty grid. What the platform refers to must outlive it.
     explicit PlanView(const Platform& platform);
     /// Ends the control as Terminate() does.
     ~PlanView() override;
@@ -69,35 +73,42 @@ public:
 
     // --- Methods (members 1 to 15) ---------------------------------------------------------------------------------
 
+    /// Switches the trace on with an empty list; nothing while it is on.
     Status plv_EnableTrace();
-    /// Asks whether to save the trace to the log file.
+    /// Asks whether to save the trace to the log file, then switches it off; nothing while it is off.
     Status plv_DisableTrace();
     /// Shows the macro tree pane; needs layout mode. Says "NOTHING" when MACRO_TREE is not set.
     Status plv_LayoutShow();
+    /// Hides the macro tree pane; nothing without layout mode or without MACRO_TREE.
     Status plv_LayoutHide();
+    /// Allows the macro tree pane from the next DP_Import_Attribute() or plv_LayoutShow() on.
     Status plv_LayoutMode();
+    /// Ends layout mode; a pane that is shown stays until the next DP_Import_Attribute().
     Status plv_LayoutModeDisable();
     /// Selects the macro tree node with this key and shows it; nothing while a popup of the tree is open.
     Status plv_ActiveNode(const std::string& vNode);
     /// Hides every row of LINE_INDEX whose `ROW_MARKED` is "X".
     Status plv_MarkedRowsHide();
+    /// Shows every row of LINE_INDEX whose `ROW_MARKED` is "X".
     Status plv_MarkedRowsShow();
     /// Takes the tooltips of the macro toolbar from TEXTS.
     Status DP_Import_Texts();
-    /// Reads row 1 of GRID_ATTR.
+    /// Reads row 1 of GRID_ATTR and lays out the panes.
     Status DP_Import_Attribute();
     /// Builds the grid from the tables and writes each column's and row's key into `GRID_ID`.
     Status DP_Import_Create();
-    /// A full rebuild.
+    /// A full rebuild: the same as DP_Import_Create().
     Status DP_Import_Update();
+    /// Leaves its trace entry only: the menu tables are read each time a popup opens.
     Status DP_Import_PopupMenu();
     /// Builds the macro tree from MACRO_TREE. A node that was selected stays so where it is there again.
     Status DP_Import_MacroTree();
 
-    // --- Table properties (members 16 to 65) ------------------------------------------------------------------------
-    // Getters return the very object that was set, or a null reference. Setters replace and release the earlier object;
-    // a null reference empties the slot. `plvSet_X` is a second name of `PROP_Set_X`.
+    /// @name Table properties (members 16 to 65)
+    /// @{
 
+    /// Getters return the very object that was set, or a null reference. Setters replace and release the earlier
+    /// object; a null reference empties the slot. `plvSet_X` is a second name of `PROP_Set_X`.
     ObjectRef PROP_Get_GRID_ATTR();
     Status PROP_Set_GRID_ATTR(ObjectRef table);
     Status plvSet_GRID_ATTR(ObjectRef table);
@@ -148,12 +159,14 @@ public:
     ObjectRef PROP_Get_MACROREC();
     Status PROP_Set_MACROREC(ObjectRef table);
     Status plvSet_MACROREC(ObjectRef table);
+    /// @}
 
     // --- Events -----------------------------------------------------------------------------------------------------
 
     /// The sink hears all twenty events until RemoveSink(); it must live that long. Sinks may be added and removed, and
     /// the control may be destroyed, from inside an event.
     void AddSink(EventSink& sink);
+    /// The sink hears nothing more, also of an event that is being told. Nothing for one that was not added.
     void RemoveSink(EventSink& sink) noexcept;
 
     /// Called when an action of the user begins (true) that announces several values by `GridValueChanged`, and when it
@@ -164,6 +177,7 @@ public:
     /// Whether the user may edit nothing at all, for a host that can keep no change. Outlives a rebuild; the host
     /// itself may change its tables as before.
     void SetLocked(bool locked) noexcept;
+    /// What SetLocked() was last told; false at first.
     [[nodiscard]] bool IsLocked() const noexcept;
 
     /// Called to show the user beside a cell why it does not take a value; false where that is not possible, and then a
@@ -175,30 +189,63 @@ public:
     /// Takes back the user's last change of values, however many cells it was; nothing where there is none. Undoing and
     /// redoing write the tables and raise the events as any other change does. A rebuild ends the history.
     void Undo();
+    /// Makes the change again that Undo() took back last; nothing after another change of values.
     void Redo();
+    /// Whether Undo() has something to take back.
     [[nodiscard]] bool CanUndo() const noexcept;
+    /// Whether Redo() has something to make again.
     [[nodiscard]] bool CanRedo() const noexcept;
+    /// Puts the selected block on the clipboard, the current cell where nothing is selected. Says so where the selected
+    /// cells form no block.
     void Copy();
+    /// Copy(), then Delete().
     void Cut();
+    /// Puts the clipboard's cells from the first selected one on, or over the selection where they fit it a whole
+    /// number of times. Cells that take no value are left out and the user is told how many.
     void Paste();
     /// Gives every selected cell the value of the first one.
     void Fill();
+    /// Empties the selected planning cells.
     void Delete();
     /// Multiplies the numbers of the selected planning cells by 1 + percent / 100, -1,000,000 .. 1,000,000; empty cells
     /// stay empty. One change, undone as one; what may not change is left alone and named.
     void RaiseSelected(double percent);
     /// Shows or hides the chart pane.
     void SwitchChart();
+    /// Whether the chart belongs to the view; a zoomed grid hides it all the same.
     [[nodiscard]] bool ChartShown() const noexcept;
+    /// @{
     /// Puts exactly the columns (rows) whose headers are selected into the chart.
     void ShowSelectedColumnsInChart();
     void ShowSelectedRowsInChart();
-    /// Hides the columns whose headings are selected, writes it into COLS_INDEX and raises `GridStartUpdate`; hidden ones
-    /// can be selected along with those around them, and so be shown again. The same for rows and LINE_INDEX.
+    /// @}
+    /// Ends the chart's forecast view: LINE_INDEX and COLS_INDEX have the marks for the chart again that they had before
+    /// it. For a host that is about to put its tables away; nothing in another view.
+    void LeaveForecastView();
+    /// @{
+    /// Hides the columns whose headings are selected, writes it into COLS_INDEX and raises `GridStartUpdate`; hidden
+    /// ones can be selected along with those around them, and so be shown again. The same for rows and LINE_INDEX.
     void HideColumns();
     void ShowColumns();
     void HideRows();
     void ShowRows();
+    /// @}
+
+    // --- Exchange with a spreadsheet application ("Excel.Application" of the platform's objects) --------------------
+
+    void SetSpreadsheetOptions(SpreadsheetOptions options);
+    [[nodiscard]] const SpreadsheetOptions& GetSpreadsheetOptions() const noexcept;
+    /// Ask for a file, work and tell what went wrong, as the entries of the grid's popup do.
+    void Download();
+    void Upload();
+    /// Writes the grid into a new workbook without asking. A sentence about what went wrong, empty when the file is
+    /// written; a failure leaves an older file of that name as it was. `path` in UTF-8.
+    [[nodiscard]] std::string DownloadTo(const std::string& path);
+    /// What an upload of the workbook would change. Changes nothing.
+    [[nodiscard]] UploadPreview PreviewUpload(const std::string& path);
+    /// Applies the ticked changes of a preview as one action of the user: one undo step, events as for a paste. Cells
+    /// that have changed since the preview was made are left alone.
+    UploadResult ApplyUpload(const UploadPreview& preview);
 
     // --- Recording and replaying --------------------------------------------------------------------------------------
 
@@ -231,19 +278,25 @@ public:
 
     /// Throws UnknownMember for a name that is none of the 65.
     [[nodiscard]] DispatchId IdOf(std::string_view name) const override;
+    /// @{
     /// Throws UnknownMember: the control has methods only.
     [[nodiscard]] Variant Get(DispatchId member, Arguments arguments) override;
     void Put(DispatchId member, Arguments arguments, const Variant& value) override;
+    /// @}
     /// Calls member 1 to 65. Getters answer their table, all others the status. Throws UnknownMember for another
     /// number, and for arguments of the wrong number or kind.
     Variant Call(DispatchId member, Arguments arguments) override;
 
     // --- What the window tells the control --------------------------------------------------------------------------
 
+    /// @{
+    /// The keyboard focus comes to the control or leaves it, and comes to its own surface or leaves it. Each leaves its
+    /// trace entry and does nothing else.
     void EnterFocus();
     void ExitFocus();
     void GotFocus();
     void LostFocus();
+    /// @}
     /// The control's new size in logical pixels.
     void Resize(int width, int height);
     /// Ends the grid, releases the tables in their order and, when tracing is on, ends the trace. Safe to call twice.

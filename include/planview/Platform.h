@@ -6,46 +6,55 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Export.h>
 #include <planview/Variant.h>
 
 namespace planview {
 
+/// The buttons of a message box.
 enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
+/// The picture beside its text.
 enum class MessageIcon { None, Information, Question, Exclamation, Error };
+/// The button that was pressed.
 enum class MessageAnswer { Ok, Cancel, Yes, No };
 
+/// What a message box says and offers.
 struct MessageBoxRequest {
-    std::string text;
-    std::string title;
-    MessageButtons buttons = MessageButtons::Ok;
-    MessageIcon icon = MessageIcon::None;
+    std::string text;                             ///< UTF-8, shown letter by letter; may have several lines
+    std::string title;                            ///< of the window; empty for the desktop's own
+    MessageButtons buttons = MessageButtons::Ok;  ///< which can be pressed
+    MessageIcon icon = MessageIcon::None;         ///< beside the text
     /// The button that Return presses; one of `buttons`.
     MessageAnswer defaultAnswer = MessageAnswer::Ok;
 };
 
 /// Asks or tells the user something and waits for the answer.
-class MessageBoxes {
+class PLANVIEW_EXPORT MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
+    /// Returns the pressed button; for a window that was closed Cancel, without such a button No, else Ok.
     virtual MessageAnswer Show(const MessageBoxRequest& request) = 0;
 };
 
 /// A form of the control: its state and behaviour without its window. The desktop finds the window by `Name()`.
-class Form {
+class PLANVIEW_EXPORT Form {
 public:
     virtual ~Form() = default;
+    /// Which form it is ("frmGrid"); the same for all of its kind.
     [[nodiscard]] virtual std::string_view Name() const noexcept = 0;
+    /// The title of its window.
     [[nodiscard]] virtual std::string_view Caption() const noexcept = 0;
 };
 
 /// Gives forms their windows. A form may be shown while it is not loaded; showing loads it.
-class Forms {
+class PLANVIEW_EXPORT Forms {
 public:
     virtual ~Forms() = default;
     /// Makes the window ready without showing it.
     virtual void Load(Form& form) = 0;
     /// Returns when the user has closed or hidden the window.
     virtual void ShowModal(Form& form) = 0;
+    /// Ends ShowModal(); the window stays loaded.
     virtual void Hide(Form& form) = 0;
     /// Ends the window; the form object itself stays.
     virtual void Unload(Form& form) = 0;
@@ -53,26 +62,29 @@ public:
 
 /// What is on the clipboard, in the two forms that spreadsheets exchange. Either may be empty.
 struct ClipboardContents {
-    std::string text;
-    std::string html;
+    std::string text;  ///< UTF-8; cells parted by tabs, rows by line ends
+    std::string html;  ///< UTF-8, with one table
 };
 
-class Clipboard {
+/// The clipboard that the control shares with other programs.
+class PLANVIEW_EXPORT Clipboard {
 public:
     virtual ~Clipboard() = default;
+    /// What is there now, both empty for neither.
     [[nodiscard]] virtual ClipboardContents Get() = 0;
+    /// Replaces what is there.
     virtual void Set(const ClipboardContents& contents) = 0;
 };
 
 /// Sizes in bytes.
 struct MemoryStatus {
-    std::int64_t totalPhysical = 0;
-    std::int64_t totalPageFile = 0;
-    std::int64_t availablePageFile = 0;
+    std::int64_t totalPhysical = 0;      ///< of the machine
+    std::int64_t totalPageFile = 0;      ///< that programs may use altogether, swap included
+    std::int64_t availablePageFile = 0;  ///< of these, still free
 };
 
 /// What the operating system says of itself.
-class SystemInformation {
+class PLANVIEW_EXPORT SystemInformation {
 public:
     virtual ~SystemInformation() = default;
     /// No value when the system does not tell.
@@ -86,28 +98,31 @@ public:
     [[nodiscard]] virtual char DecimalMark() const = 0;
 };
 
+/// A colour; each part from 0 to 255.
 struct Rgb {
-    std::uint8_t red = 0;
-    std::uint8_t green = 0;
-    std::uint8_t blue = 0;
+    std::uint8_t red = 0;    ///< 0 .. 255
+    std::uint8_t green = 0;  ///< 0 .. 255
+    std::uint8_t blue = 0;   ///< 0 .. 255
+    /// Whether all parts are equal.
     friend bool operator==(const Rgb&, const Rgb&) = default;
 };
 
 /// One entry of a popup menu. Captions are shown letter by letter: none of their characters is a mnemonic.
 struct PopupEntry {
-    std::string name;      ///< what Popups::Choose() answers; empty for separators and submenus
-    std::string caption;   ///< of any length
-    std::string shortcut;  ///< shown beside the caption ("Ctrl+C"), not listened to
-    bool separator = false;
-    bool enabled = true;
-    bool checked = false;
+    std::string name;                 ///< what Popups::Choose() answers; empty for separators and submenus
+    std::string caption;              ///< of any length
+    std::string shortcut;             ///< shown beside the caption ("Ctrl+C"), not listened to
+    bool separator = false;           ///< a line between entries; nothing else of it counts
+    bool enabled = true;              ///< can be chosen
+    bool checked = false;             ///< shown with a check mark
     std::optional<Rgb> swatch;        ///< shown before the caption
     std::vector<PopupEntry> entries;  ///< those of a submenu
 };
 
+/// A popup menu as it opens.
 struct PopupMenu {
-    std::string caption;  ///< not shown; for screen readers
-    std::vector<PopupEntry> entries;
+    std::string caption;              ///< not shown; for screen readers
+    std::vector<PopupEntry> entries;  ///< from top to bottom
 };
 
 /// Where a popup opens. While a dialog is open, both mean: below what has the focus in it. `Mouse` means the mouse, or
@@ -115,7 +130,7 @@ struct PopupMenu {
 enum class PopupPlace { Mouse, CurrentCell };
 
 /// Shows popup menus.
-class Popups {
+class PLANVIEW_EXPORT Popups {
 public:
     virtual ~Popups() = default;
     /// Waits for the user. Returns the name of the chosen entry, which is an enabled one, or the empty text when the
@@ -134,7 +149,7 @@ struct FileDialogRequest {
 };
 
 /// Lets the user choose a file.
-class FileDialogs {
+class PLANVIEW_EXPORT FileDialogs {
 public:
     virtual ~FileDialogs() = default;
     /// A full path to write to, empty when the user cancelled. Has asked before it answers a file that exists already.
@@ -144,7 +159,7 @@ public:
 };
 
 /// Makes objects of other programs by the identifier under which they are known ("Excel.Application").
-class ObjectFactory {
+class PLANVIEW_EXPORT ObjectFactory {
 public:
     virtual ~ObjectFactory() = default;
     /// A new object; a null reference where the identifier is not known. What making it throws goes to the caller.
@@ -152,7 +167,7 @@ public:
 };
 
 /// Shows how far a long operation is. Operations do not nest.
-class Progress {
+class PLANVIEW_EXPORT Progress {
 public:
     virtual ~Progress() = default;
     /// `steps` is at least 1. An operation that ends soon need not be shown at all.
@@ -164,14 +179,14 @@ public:
 
 /// What the control needs of the desktop it runs on. The referred objects must outlive the control.
 struct Platform {
-    MessageBoxes& messageBoxes;
-    Forms& forms;
-    Clipboard& clipboard;
-    SystemInformation& system;
-    Popups& popups;
-    FileDialogs& fileDialogs;
-    ObjectFactory& objects;
-    Progress& progress;
+    MessageBoxes& messageBoxes;  ///< questions and messages
+    Forms& forms;                ///< the dialogs and the trace window
+    Clipboard& clipboard;        ///< copy and paste
+    SystemInformation& system;   ///< what the trace says of the machine, and where its log goes
+    Popups& popups;              ///< the popup menus
+    FileDialogs& fileDialogs;    ///< choosing a workbook
+    ObjectFactory& objects;      ///< the spreadsheet application
+    Progress& progress;          ///< of long operations
 };
 
 }  // namespace planview

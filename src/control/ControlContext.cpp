@@ -1,6 +1,7 @@
 #include "control/ControlContext.h"
 
 #include "control/MenuWiring.h"
+#include "dialogs/frmUpload.h"
 #include "trace/ErrorTrap.h"
 
 namespace planview {
@@ -32,6 +33,11 @@ ControlContext::ControlContext(const Platform& desktop)
                     [this] { return chooseColor(); }, [this] { return chartCommands.CommonType(); },
                     [this](ChartType type) { chartCommands.ChooseType(type); },
                     [this] { chartCommands.Rebuild(); }}),
+      download({grid, tables, spreadsheetOptions, busy, desktop.objects, desktop.fileDialogs, desktop.messageBoxes,
+                desktop.progress}),
+      upload({grid, tables, spreadsheetOptions, busy, valueEntry, desktop.objects, desktop.fileDialogs,
+              desktop.messageBoxes, desktop.progress,
+              [this](UploadPreview& preview) { return ConfirmUpload(platform.forms, preview); }}),
       menus({tables, events, platform.popups, busy,
              [this](const CellKey& clicked) { return MenuStateOf(*this, clicked); }}),
       gridHandlers(*this),

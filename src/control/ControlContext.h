@@ -32,6 +32,8 @@
 #include "macro/MacroToolbar.h"
 #include "macro/modMacro.h"
 #include "menus/MenuDispatch.h"
+#include "spreadsheet/SpreadsheetDownload.h"
+#include "spreadsheet/SpreadsheetUpload.h"
 
 namespace planview {
 
@@ -85,6 +87,9 @@ struct ControlContext {
     GeneralOptions generalOptions;
     RowAttributes rowAttributes;
     ChartOptions chartOptions;
+    SpreadsheetOptions spreadsheetOptions;
+    SpreadsheetDownload download;
+    SpreadsheetUpload upload;
     MenuDispatch menus;
     GridHandlers gridHandlers;
     ChartHandlers chartHandlers;

@@ -85,6 +85,14 @@ void PlanView::ShowSelectedRowsInChart() {
             });
 }
 
+void PlanView::LeaveForecastView() {
+    Guarded(state_, ChartLabel, "StandardView", [](ControlContext& context) {
+        if (context.chartCommands.IsForecastView()) {
+            context.chartCommands.StandardView();
+        }
+    });
+}
+
 void PlanView::HideColumns() {
     Guarded(state_, GridControlLabel, "#HIDE COLUMNS#",
             [](ControlContext& context) { context.commands.HideColumns(); });

@@ -55,6 +55,8 @@ void BindGridCommands(ControlContext& context) {
     commands.Bind("MacroTree", [&] { ToggleMacroTree(context); });
     commands.Bind("Switch", [&] { SwitchGrid(context); });
     commands.Bind("Zoom", [&] { ZoomGrid(context); });
+    commands.Bind("ExcelDn", [&] { context.download.Run(); });
+    commands.Bind("ExcelUp", [&] { context.upload.Run(); });
     commands.Bind("TestData",
                   [&] { FillWithTestData(context.grid, context.valueEntry, context.platform.messageBoxes); });
     commands.Bind("Trace", [&] { ToggleTrace(context); });

@@ -2,6 +2,7 @@
 
 #include "grid/SelectedCells.h"
 #include "grid/Selection.h"
+#include "grid/modGrid.h"
 #include "trace/modPlan.h"
 
 namespace planview {
@@ -26,9 +27,9 @@ template <class Operation>
 void GridCommands::Run(std::string_view command, const Operation& operation) {
     modPlan::TraceWrite("GRIDCTL", "{}", command, "BEGIN");
     const Waiting waiting(grid_);
-    grid_.Redraw();
+    modGrid::Redraw(grid_);
     operation();
-    grid_.Redraw();
+    modGrid::Redraw(grid_);
     chartStep_();
     hostUpdate_.StartUpdate();
 }

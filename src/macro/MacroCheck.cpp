@@ -52,7 +52,7 @@ public:
 
 private:
     void Add(int node, const std::string& what, const std::string& now) {
-        problems_.push_back({outline_.At(node).key, sentences_.Of(node), what, now});
+        problems_.push_back({outline_.At(node).key, sentences_.Located(node), what, now});
     }
 
     template <class Body>
@@ -165,10 +165,7 @@ private:
         const int test = inner.front();
         inner.erase(inner.begin());
         Guarded(test, [&] {
-            condition.test = ParseExpression(scope_, test);
-            if (!condition.test.IsTruth()) {
-                throw MacroFault(test, "It is no comparison.", "Add one of = <> < <= > >= and a second side.");
-            }
+            condition.test = ParseComparison(scope_, test);
             CheckTestShape(condition.test);
         });
         condition.testedPeriods = program_.periods;
@@ -204,7 +201,7 @@ private:
             static_cast<void>(scope_.OwnNameOf(node));
         }
         // Whatever is wrong with the value, those that read an own name later are not to blame.
-        const std::optional<MacroFault> fault = FaultOf([&] { statement.value = ParseExpression(scope_, node); });
+        const std::optional<MacroFault> fault = FaultOf([&] { statement.value = ParseNumberExpression(scope_, node); });
         MacroShape shape;
         const std::optional<MacroFault> wrongShape =
             fault ? std::nullopt
@@ -216,7 +213,8 @@ private:
             throw fault ? *fault : *wrongShape;
         }
         CheckTarget(statement, shape);
-        FindDirection(statement, scope_.places);
+        FindDirection(statement, scope_.places,
+                      onGrid ? scope_.places.LineCaption(statement.lines.front()) : outline_.At(node).value);
         return statement;
     }
 

@@ -44,10 +44,11 @@ double Rounded(double value, int decimals) noexcept {
 
 /// What SUM, MIN, MAX or AVERAGE have gathered, for each period.
 struct MacroEvaluation::Folding {
-    Folding(MacroOperation how, std::size_t count) : operation(how), result(count, 0), counts(count, 0) {}
+    Folding(MacroOperation how, std::size_t count) : operation(how), result(count, 0), counts(count, 0), outside(count, 0) {}
 
     void Take(std::size_t place, double value) {
         if (std::isnan(value)) {
+            outside[place] = outside[place] != 0 || !IsEmptyCell(value) ? 1 : 0;
             return;
         }
         double& now = result[place];
@@ -76,12 +77,10 @@ struct MacroEvaluation::Folding {
     }
 
     void Finish() {
-        if (operation == MacroOperation::Sum) {
-            return;
-        }
         for (std::size_t i = 0; i < result.size(); ++i) {
             if (counts[i] == 0) {
-                result[i] = NoValue();
+                // Empty cells add up to 0.
+                result[i] = operation == MacroOperation::Sum && outside[i] == 0 ? 0 : NoValue();
             } else if (operation == MacroOperation::Average) {
                 result[i] /= counts[i];
             }
@@ -91,6 +90,7 @@ struct MacroEvaluation::Folding {
     MacroOperation operation;
     Values result;
     std::vector<int> counts;
+    Mask outside;  // something lay outside the table
 };
 
 Values MacroEvaluation::Of(const MacroExpression& expression, const Frame& frame, const Mask& mask) {

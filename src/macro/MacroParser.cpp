@@ -372,8 +372,21 @@ const std::string& MacroScope::OwnNameOf(int node) const {
     return name;
 }
 
-MacroExpression ParseExpression(const MacroScope& scope, int parent) {
-    return Parser(scope, parent, 0).Whole();
+MacroExpression ParseNumberExpression(const MacroScope& scope, int parent) {
+    MacroExpression whole = Parser(scope, parent, 0).Whole();
+    if (whole.IsTruth()) {
+        throw MacroFault(whole.node, "A comparison is not a number.",
+                         "Use it in a condition, or as the first argument of the function IF.");
+    }
+    return whole;
+}
+
+MacroExpression ParseComparison(const MacroScope& scope, int parent) {
+    MacroExpression whole = Parser(scope, parent, 0).Whole();
+    if (!whole.IsTruth()) {
+        throw MacroFault(parent, "It is no comparison.", "Add one of = <> < <= > >= and a second side.");
+    }
+    return whole;
 }
 
 }  // namespace planview

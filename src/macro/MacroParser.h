@@ -31,7 +31,9 @@ struct MacroScope {
     [[nodiscard]] const std::string& OwnNameOf(int node) const;
 };
 
-/// Reads the active children of a node as one expression. Throws MacroFault.
-[[nodiscard]] MacroExpression ParseExpression(const MacroScope& scope, int parent);
+/// Reads the active children of a node as one expression that is a number. Throws MacroFault.
+[[nodiscard]] MacroExpression ParseNumberExpression(const MacroScope& scope, int parent);
+/// As one that holds or not.
+[[nodiscard]] MacroExpression ParseComparison(const MacroScope& scope, int parent);
 
 }  // namespace planview

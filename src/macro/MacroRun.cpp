@@ -281,7 +281,7 @@ MacroProblems Compute(const MacroOutline& outline, const MacroGrid& places, Macr
             Runner(program, places, sheet).Run();
         } catch (const MacroFault& fault) {
             const MacroSentences sentences(outline, places);
-            problems.push_back({outline.At(fault.node).key, sentences.Of(fault.node), fault.what(), fault.now});
+            problems.push_back({outline.At(fault.node).key, sentences.Located(fault.node), fault.what(), fault.now});
             break;
         }
     }

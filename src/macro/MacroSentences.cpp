@@ -36,7 +36,7 @@ std::string RoundText(const std::string& what, const std::string& decimals) {
     return what + " rounded to " + (number ? Plural(*number, "decimal") : decimals + " decimals");
 }
 
-std::string Joined(const std::vector<std::string>& texts) {
+std::string Listed(const std::vector<std::string>& texts) {
     std::string joined;
     for (const std::string& text : texts) {
         joined += joined.empty() ? text : ", " + text;
@@ -139,40 +139,60 @@ std::string MacroSentences::Attribute(const MacroNode& node) const {
     return text;
 }
 
+std::string MacroSentences::Located(int node) const {
+    int statement = node;
+    while (outline_.At(statement).parent != MacroNode::None && !outline_.IsTarget(statement) &&
+           outline_.At(statement).type != MacroNodeType::Condition &&
+           outline_.At(statement).type != MacroNodeType::Attribute) {
+        statement = outline_.At(statement).parent;
+    }
+    const bool isPart = statement != node && outline_.At(statement).type != MacroNodeType::Macro;
+    return isPart ? "\"" + Of(node) + "\" in \"" + Of(statement) + "\"" : Of(node);
+}
+
 std::string MacroSentences::Expression(int parent, int level) const {
     const std::vector<int> parts = outline_.ActiveChildren(parent);
+    return parts.empty() ? Missing : Joined(parts, level, parts.size() > 1);
+}
+
+/// `bracketed`: functions stand in brackets, because something else stands beside them.
+std::string MacroSentences::Joined(const std::vector<int>& parts, int level, bool bracketed) const {
     std::string text;
-    bool tight = true;  // no blank before the next part
+    bool tight = true;        // no blank before the next part
+    bool afterValue = false;  // "+" and "-" are operators there, signs elsewhere
     for (const int part : parts) {
         const MacroNode& node = outline_.At(part);
         const bool isOperator = node.type == MacroNodeType::Operator;
         const bool closes = isOperator && (node.value == ")" || node.value == ";");
         std::string shown = At(part, level);
-        if (node.type == MacroNodeType::Function && parts.size() > 1) {
+        if (node.type == MacroNodeType::Function && bracketed) {
             shown = "(" + shown + ")";
         }
         text += (tight || closes ? "" : " ") + shown;
-        tight = isOperator && node.value == "(";
+        tight = isOperator && (node.value == "(" || (!afterValue && (node.value == "-" || node.value == "+")));
+        afterValue = !isOperator || node.value == ")";
     }
-    return text.empty() ? Missing : text;
+    return text;
 }
 
 std::string MacroSentences::Function(int node, int level) const {
-    // Its arguments, each as an expression of its own.
     std::vector<std::string> arguments;
-    std::string current;
+    std::vector<int> current;
     const std::vector<int> parts = outline_.ActiveChildren(node);
+    const auto take = [&] {
+        arguments.push_back(current.empty() ? Missing : Joined(current, level + 1, current.size() > 1));
+        current.clear();
+    };
     for (const int part : parts) {
         const MacroNode& read = outline_.At(part);
         if (read.type == MacroNodeType::Operator && read.value == ";") {
-            arguments.push_back(current.empty() ? Missing : current);
-            current.clear();
+            take();
         } else {
-            current += (current.empty() ? "" : " ") + At(part, level + 1);
+            current.push_back(part);
         }
     }
-    if (!current.empty() || !arguments.empty()) {
-        arguments.push_back(current.empty() ? Missing : current);
+    if (!parts.empty()) {
+        take();
     }
     const std::string& name = outline_.At(node).value;
     const auto argument = [&](std::size_t index) { return index < arguments.size() ? arguments[index] : Missing; };
@@ -185,7 +205,7 @@ std::string MacroSentences::Function(int node, int level) const {
     if (name == "IF") {
         return argument(1) + " if " + argument(0) + ", otherwise " + argument(2);
     }
-    return ShortOf(node) + " of " + Joined(arguments);
+    return ShortOf(node) + " of " + Listed(arguments);
 }
 
 }  // namespace planview

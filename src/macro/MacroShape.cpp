@@ -135,7 +135,7 @@ void CheckTestShape(const MacroExpression& test) {
     }
 }
 
-void FindDirection(MacroStatement& statement, const MacroGrid& places) {
+void FindDirection(MacroStatement& statement, const MacroGrid& places, const std::string& line) {
     std::set<int> shifts;
     FindOwnReads(statement.value, statement, {}, shifts);
     std::optional<int> earlier;
@@ -146,8 +146,6 @@ void FindDirection(MacroStatement& statement, const MacroGrid& places) {
         reaching = reaching && (!first || *reaching < *first) ? reaching : first;
     }
     if (earlier && later) {
-        const bool onGrid = statement.target <= MacroNodeType::TableArea;
-        const std::string line = onGrid ? places.LineCaption(statement.lines.front()) : std::string("It");
         throw MacroFault(statement.node,
                          line + " needs both its earlier and its later periods: a cycle, in " +
                              places.PeriodCaption(*later) + " first.",

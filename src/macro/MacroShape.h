@@ -18,7 +18,7 @@ struct MacroShape {
 void CheckTestShape(const MacroExpression& test);
 
 /// Finds out whether the statement reads its own line in other periods, and marks the operands that do. Throws
-/// MacroFault for a line that needs both its earlier and its later periods.
-void FindDirection(MacroStatement& statement, const MacroGrid& places);
+/// MacroFault, with the line's name, for a line that needs both its earlier and its later periods.
+void FindDirection(MacroStatement& statement, const MacroGrid& places, const std::string& line);
 
 }  // namespace planview

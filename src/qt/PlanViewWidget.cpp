@@ -264,6 +264,10 @@ void PlanViewWidget::showSelectedRowsInChart() {
     runCommand(&PlanView::ShowSelectedRowsInChart, nullptr);
 }
 
+void PlanViewWidget::leaveForecastView() {
+    runCommand(&PlanView::LeaveForecastView, nullptr);
+}
+
 bool PlanViewWidget::isReadOnly() const {
     return state_->core->view.IsLocked();
 }

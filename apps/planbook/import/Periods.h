@@ -13,8 +13,8 @@ struct PeriodAxis {
     std::vector<std::string> years;
 };
 
-/// Reads the periods as dates (2008-01-31), months (2008-01) or years (2008) when all of them are of one kind; dates of
-/// different months are shown as months. Anything else is shown as it is.
+/// Reads the periods as dates (2008-01-31) or months (2008-01) when all of them are of one kind; dates of different
+/// months are shown as months. Anything else is shown as it is.
 [[nodiscard]] PeriodAxis DescribePeriods(const std::vector<std::string>& periods);
 
 }  // namespace planbook

@@ -10,6 +10,7 @@
 #include <memory>
 
 #include <planview/AutomationObject.h>
+#include <planview/Export.h>
 #include <planview/ObjectRegistry.h>
 #include <planview/PlanView.h>
 #include <planview/Platform.h>
@@ -23,14 +24,14 @@ namespace planview {
 /// Pieces of the desktop that a host or a test puts in the place of our own; null ones stay ours. The objects must
 /// outlive the widget.
 struct PlatformOverrides {
-    MessageBoxes* messageBoxes = nullptr;
-    Forms* forms = nullptr;
-    Clipboard* clipboard = nullptr;
-    SystemInformation* system = nullptr;
-    Popups* popups = nullptr;
-    FileDialogs* fileDialogs = nullptr;
-    ObjectFactory* objects = nullptr;
-    Progress* progress = nullptr;
+    MessageBoxes* messageBoxes = nullptr;  ///< instead of QMessageBox
+    Forms* forms = nullptr;                ///< instead of our dialogs
+    Clipboard* clipboard = nullptr;        ///< instead of QClipboard
+    SystemInformation* system = nullptr;   ///< instead of what Linux says
+    Popups* popups = nullptr;              ///< instead of QMenu
+    FileDialogs* fileDialogs = nullptr;    ///< instead of QFileDialog
+    ObjectFactory* objects = nullptr;      ///< instead of PlanViewWidget::objects()
+    Progress* progress = nullptr;          ///< instead of QProgressDialog
 };
 
 /// The planning table as a widget.
@@ -40,7 +41,7 @@ struct PlatformOverrides {
 /// PlanView for what the members do, for the order of calls and for errors.
 ///
 /// The widget may be deleted at any time, also inside a slot that one of its own signals called.
-class PlanViewWidget : public QWidget {
+class PLANVIEW_EXPORT PlanViewWidget : public QWidget {
     Q_OBJECT
     Q_PROPERTY(ColorScheme colorScheme READ colorScheme WRITE setColorScheme NOTIFY colorSchemeChanged)
     Q_PROPERTY(double textScale READ textScale WRITE setTextScale NOTIFY textScaleChanged)
@@ -53,10 +54,13 @@ class PlanViewWidget : public QWidget {
     Q_PROPERTY(int pendingChanges READ pendingChanges NOTIFY pendingChangesChanged)
 
 public:
+    /// The colours of the view.
     enum class ColorScheme { System, Light, Dark };
     Q_ENUM(ColorScheme)
 
+    /// A widget with an empty grid on Qt's desktop.
     explicit PlanViewWidget(QWidget* parent = nullptr);
+    /// The same with some of the desktop's pieces replaced.
     explicit PlanViewWidget(const PlatformOverrides& platform, QWidget* parent = nullptr);
     ~PlanViewWidget() override;
 
@@ -66,13 +70,17 @@ public:
     /// Where the host registers objects of other programs, such as the spreadsheet application. Empty at first.
     [[nodiscard]] ObjectRegistry& objects();
 
+    /// @{
     /// System follows the widget's palette, which follows the desktop.
     [[nodiscard]] ColorScheme colorScheme() const;
     void setColorScheme(ColorScheme scheme);
+    /// @}
 
+    /// @{
     /// 0.5 .. 3.0, as Ctrl and the wheel set it. Scales what is seen, not the sizes in the tables.
     [[nodiscard]] double textScale() const;
     void setTextScale(double scale);
+    /// @}
 
     /// Makes a name known that `BITMAP` fields may hold. Goes before a built-in one of the same name.
     void registerBitmap(const QString& name, const QIcon& icon);
@@ -84,11 +92,16 @@ public:
     /// The chart alone, in logical pixels and without the marks of what is selected; null for an empty size.
     [[nodiscard]] QImage chartImage(QSize size, qreal scale = 1.0) const;
 
+    /// @{
+    /// For layouts, in logical pixels.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+    /// @}
 
-    // --- The members, in their order
+    /// @name The members of PlanView, in their order
+    /// @{
 
+    /// As the member of PlanView with this name; methods and setters answer 0.
     Q_INVOKABLE short plv_EnableTrace();
     Q_INVOKABLE short plv_DisableTrace();
     Q_INVOKABLE short plv_LayoutShow();
@@ -155,49 +168,69 @@ public:
     Q_INVOKABLE planview::ObjectRef PROP_Get_MACROREC();
     Q_INVOKABLE short PROP_Set_MACROREC(const planview::ObjectRef& table);
     Q_INVOKABLE short plvSet_MACROREC(const planview::ObjectRef& table);
+    /// @}
 
     // --- Commands for the host's own menus; while an entry is open, those that it knows are about its text
 
+    /// @{
+    /// Whether undo() or redo() would do something, in the open entry or in the tables.
     [[nodiscard]] bool canUndo() const;
     [[nodiscard]] bool canRedo() const;
+    /// @}
+    /// @{
+    /// The command of PlanView with this name; the current cell is brought into sight where it changes a value.
     Q_INVOKABLE void undo();
     Q_INVOKABLE void redo();
     Q_INVOKABLE void copy();
     Q_INVOKABLE void cut();
     Q_INVOKABLE void paste();
+    /// @}
     /// Gives every selected cell the value of the first one.
     Q_INVOKABLE void fill();
+    /// Empties the selected planning cells.
     Q_INVOKABLE void deleteContents();
     /// Multiplies the numbers of the selected planning cells by 1 + percent / 100.
     Q_INVOKABLE void raiseSelected(double percent);
+    /// @{
     /// The columns or rows whose headings are selected; hidden ones can be selected along with those around them.
     Q_INVOKABLE void hideColumns();
     Q_INVOKABLE void showColumns();
     Q_INVOKABLE void hideRows();
     Q_INVOKABLE void showRows();
+    /// @}
     /// Shows or hides the chart pane.
     Q_INVOKABLE void switchChart();
+    /// Whether the chart belongs to the view; a zoomed grid hides it all the same.
     [[nodiscard]] Q_INVOKABLE bool chartShown() const;
+    /// @{
     /// Puts exactly the columns (rows) whose headings are selected into the chart.
     Q_INVOKABLE void showSelectedColumnsInChart();
     Q_INVOKABLE void showSelectedRowsInChart();
+    /// @}
+    /// Ends the chart's forecast view; nothing in another view.
+    Q_INVOKABLE void leaveForecastView();
     /// Writes the chart as a PNG, PDF or SVG file, as the suffix of the path says, in the given size in logical pixels
     /// or a usual one. Answers a sentence for the user about what went wrong, empty when the file is written.
     Q_INVOKABLE QString saveChart(const QString& path, QSize size = {}) const;
+    /// @{
     /// Whether the user may edit nothing; each try is answered beside its cell. For a host that can keep no change.
     [[nodiscard]] bool isReadOnly() const;
     Q_INVOKABLE void setReadOnly(bool readOnly);
+    /// @}
     /// Ends an entry that is open. False when its text is refused; it then stays open. Ask before closing or saving.
     Q_INVOKABLE bool finishEditing();
     /// Ends an entry that is open, then makes the cell with these keys the current one, selects it alone and scrolls it
     /// into sight. False when the entry is refused, or when there is no such cell or it is hidden.
     Q_INVOKABLE bool selectCell(const QString& column, const QString& row);
+    /// @{
     /// The keys of the current cell, as selectCell() takes them; empty without one.
     [[nodiscard]] QString currentColumn() const;
     [[nodiscard]] QString currentRow() const;
+    /// @}
 
-    // --- Recording and replaying; what each does stands at the control's method of the same name
+    // --- Macros; what each does stands at the control's method of the same name
 
+    /// @{
     Q_INVOKABLE void startRecording();
     Q_INVOKABLE void pauseRecording();
     Q_INVOKABLE void stopRecording();
@@ -206,8 +239,10 @@ public:
     [[nodiscard]] Q_INVOKABLE bool isRecordingPaused() const;
     [[nodiscard]] Q_INVOKABLE int recordedSteps() const;
     Q_INVOKABLE QString keepRecording(const QString& name, const QString& parentNode = {});
-    /// With an entry open that is refused: not done, and without a message, for the entry says it itself.
-    Q_INVOKABLE planview::MacroResult replayMacro(const QString& nodeKey, bool onSelectedLine = false);
+    Q_INVOKABLE planview::MacroResult checkMacro(const QString& nodeKey);
+    /// @}
+    /// While an entry is open that is refused: not done, and without a message, for the entry says it itself.
+    Q_INVOKABLE planview::MacroResult runMacro(const QString& nodeKey, bool onSelectedLine = false);
 
     // --- For a host that keeps the changes
 
@@ -221,16 +256,21 @@ public:
     [[nodiscard]] QString currentCellName() const;
     /// The number of selected cells that are visible, 1 when only the current cell is.
     [[nodiscard]] int selectedCells() const;
+    /// @{
     /// Of the selected cells that hold numbers, as the grid writes numbers; empty when none does.
     [[nodiscard]] QString selectionSum() const;
     [[nodiscard]] QString selectionMean() const;
+    /// @}
     /// The number of planning cells that show another value than TAB_OLD keeps for them.
     [[nodiscard]] int pendingChanges() const;
     /// Looks at TAB_OLD again. Needed only when the host has changed it without building the grid anew.
     Q_INVOKABLE void refreshPendingChanges();
 
 Q_SIGNALS:
-    // The events, in their order
+    /// @name The events, in their order
+    /// @{
+
+    /// The event with this name; PlanViewEvents says when it is raised.
     void GridValueChanged(short Column, const QString& ColPos, short Row, const QString& RowPos,
                           const QVariant& strValue);
     void GridCellDblClick(short Column, const QString& ColPos, short Row, const QString& RowPos, const QString& Switch);
@@ -254,23 +294,31 @@ Q_SIGNALS:
     void MacroTreeCollapse();
     void MacroDragSelection(const QString& Selection);
     void MacroRecordSave();
+    /// @}
 
-    // The widget's own
+    /// @name The widget's own
+    /// @{
+
+    /// The property has this value now.
     void colorSchemeChanged(planview::PlanViewWidget::ColorScheme scheme);
     void textScaleChanged(double scale);
     void undoAvailable(bool available);
     void redoAvailable(bool available);
+    void pendingChangesChanged(int count);
+    /// @}
     /// Current cell, selection or a selected value is another one.
     void selectionSummaryChanged();
-    void pendingChangesChanged(int count);
     /// Recording has begun, is paused or has ended, or has another number of steps.
     void recordingChanged();
     /// What isAnnouncingSeveral() announced has come to its end.
     void severalValuesAnnounced();
 
 protected:
+    /// @{
+    /// Follow the desktop's colours and the widget's size.
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    /// @}
 
 private:
     struct State;
