@@ -5,6 +5,7 @@
 #include <planview/Version.h>
 
 #include "app/CommandLine.h"
+#include "app/RunMacro.h"
 #include "app/RunView.h"
 #include "book/BookError.h"
 
@@ -35,6 +36,8 @@ void Run(int& argc, char** argv) {
         std::printf("planbook %d.%d.%d\n", planview::VersionMajor, planview::VersionMinor, planview::VersionRevision);
     } else if (commandLine.import) {
         RunImport(argc, argv, *commandLine.import);
+    } else if (commandLine.macro) {
+        planbook::RunMacro(argc, argv, *commandLine.macro);
     } else {
         planbook::RunView(argc, argv, commandLine.view);
     }

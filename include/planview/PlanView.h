@@ -214,6 +214,9 @@ public:
     void SwitchChart();
     /// Whether the chart belongs to the view; a zoomed grid hides it all the same.
     [[nodiscard]] bool ChartShown() const noexcept;
+    /// Shows or hides the macro tree pane, and writes it into `HIDDEN_LIST` of GRID_ATTR; needs layout mode.
+    void SwitchMacroTree();
+    [[nodiscard]] bool MacroTreeShown() const noexcept;
     /// @{
     /// Puts exactly the columns (rows) whose headers are selected into the chart.
     void ShowSelectedColumnsInChart();
@@ -273,6 +276,12 @@ public:
     /// `onSelectedLine` takes the selected line (that of the selected cells) in the place of the one that the recording
     /// is about; it has to be about one alone.
     MacroResult ReplayMacro(const std::string& nodeKey, bool onSelectedLine = false);
+    /// Runs the macro or replays the recording that the MACRO_TREE node with this key is, or stands in. A macro computes
+    /// everything first; with a problem nothing is changed. With `onSelectedLine` it has to be one for the selected line.
+    MacroResult RunMacro(const std::string& nodeKey, bool onSelectedLine = false);
+    /// Looks whether it could run now and changes nothing; the message names every problem of a macro and the first one
+    /// of a recording.
+    MacroResult CheckMacro(const std::string& nodeKey);
 
     // --- Late binding -----------------------------------------------------------------------------------------------
 

@@ -51,13 +51,26 @@ QString PlanViewWidget::keepRecording(const QString& name, const QString& parent
     return QString::fromStdString(core->view.KeepRecording(name.toStdString(), parentNode.toStdString()));
 }
 
-MacroResult PlanViewWidget::replayMacro(const QString& nodeKey, bool onSelectedLine) {
+MacroResult PlanViewWidget::checkMacro(const QString& nodeKey) {
+    const std::shared_ptr<PlanViewCore> core = state_->core;
+    return core->view.CheckMacro(nodeKey.toStdString());
+}
+
+void PlanViewWidget::switchMacroTree() {
+    runCommand(&PlanView::SwitchMacroTree, nullptr);
+}
+
+bool PlanViewWidget::macroTreeShown() const {
+    return state_->core->view.MacroTreeShown();
+}
+
+MacroResult PlanViewWidget::runMacro(const QString& nodeKey, bool onSelectedLine) {
     const std::shared_ptr<PlanViewCore> core = state_->core;
     const QPointer<PlanViewWidget> self(this);
     if (!finishEditing() || !self) {
         return {};
     }
-    MacroResult result = core->view.ReplayMacro(nodeKey.toStdString(), onSelectedLine);
+    MacroResult result = core->view.RunMacro(nodeKey.toStdString(), onSelectedLine);
     if (self) {
         state_->status->gridChanged();
     }

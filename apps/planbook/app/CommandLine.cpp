@@ -12,6 +12,8 @@ constexpr const char* Import = "import";
 constexpr const char* Names = "names";
 constexpr const char* Decimal = "decimal";
 constexpr const char* Force = "force";
+constexpr const char* Macro = "macro";
+constexpr const char* Line = "line";
 constexpr const char* Screenshot = "screenshot";
 constexpr const char* Size = "size";
 constexpr const char* Scale = "scale";
@@ -87,14 +89,17 @@ void CheckCombination(const QCommandLineParser& parser) {
     for (const char* option : {Size, Scale}) {
         RequireWith(parser, option, Screenshot);
     }
+    RequireWith(parser, Line, Macro);
     for (const char* option : {Screenshot, Trace, Light, Dark}) {
         RefuseTogether(parser, Import, option);
+        RefuseTogether(parser, Macro, option);
     }
+    RefuseTogether(parser, Import, Macro);
     RefuseTogether(parser, Light, Dark);
     if (parser.positionalArguments().size() > 1) {
         Refuse(QString("one BOOK at a time; \"%1\" is one too many").arg(parser.positionalArguments().at(1)));
     }
-    for (const char* option : {Import, Screenshot, Trace}) {
+    for (const char* option : {Import, Macro, Screenshot, Trace}) {
         if (parser.isSet(option) && parser.positionalArguments().isEmpty()) {
             Refuse(QString("--%1 needs a BOOK").arg(option));
         }
@@ -112,6 +117,16 @@ ImportRequest ReadImport(const QCommandLineParser& parser) {
         request.decimalMark = ReadDecimalMark(parser.value(Decimal));
     }
     request.force = parser.isSet(Force);
+    return request;
+}
+
+MacroRequest ReadMacro(const QCommandLineParser& parser) {
+    MacroRequest request;
+    request.name = parser.value(Macro).toStdString();
+    request.book = ToPath(parser.positionalArguments().first());
+    if (parser.isSet(Line)) {
+        request.line = parser.value(Line).toStdString();
+    }
     return request;
 }
 
@@ -144,7 +159,7 @@ ViewRequest ReadView(const QCommandLineParser& parser) {
 
 CommandLine ParseCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
-    for (const char* option : {Import, Names, Decimal, Screenshot, Size, Scale, Trace}) {
+    for (const char* option : {Import, Names, Decimal, Macro, Line, Screenshot, Size, Scale, Trace}) {
         parser.addOption(QCommandLineOption(option, QString(), "value"));
     }
     for (const char* option : {Force, Light, Dark}) {
@@ -165,6 +180,8 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
     CheckCombination(parser);
     if (parser.isSet(Import)) {
         commandLine.import = ReadImport(parser);
+    } else if (parser.isSet(Macro)) {
+        commandLine.macro = ReadMacro(parser);
     } else {
         commandLine.view = ReadView(parser);
     }
@@ -176,6 +193,7 @@ QString HelpText() {
 
   planbook [BOOK]                            opens a window with the book
   planbook --import DATA.csv BOOK            makes a book from a table of numbers
+  planbook --macro NAME BOOK                 runs a macro or replays a recording
   planbook --screenshot PICTURE.png BOOK     writes a picture of the book
   planbook --trace FILE BOOK                 writes what the view did when it ends
 
@@ -184,6 +202,10 @@ Import: the first column of DATA.csv holds the periods, every further one a line
   --decimal MARK      point or comma, where the numbers do not tell
   --force             replaces BOOK when it is a book; another file is never replaced
 
+Macro: prints each cell that changed. With an unknown NAME it lists those of the book.
+  --line CAPTION      on this line: of macros for the selected line, and of recordings
+                      that are about one line
+
 View:
   --light, --dark     the colours; else those of the desktop
   --size WIDTHxHEIGHT of the picture's window, 1440x900
@@ -191,7 +213,7 @@ View:
 
   --help, --version
 
-A picture and a trace need no display; a trace without a display ends by itself.
+A macro, a picture and a trace need no display; a trace without a display ends by itself.
 
 Exit codes: 0 done; 1 failed, the message says what, where and what now; 2 a command
 line that cannot be understood. A failure changes no file.

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
+#include <string>
 
 #include "import/Import.h"
 
@@ -33,11 +34,19 @@ struct ViewRequest {
     enum class Scheme { System, Light, Dark } scheme = Scheme::System;
 };
 
+/// A macro or recording to run in a book, without a window.
+struct MacroRequest {
+    std::string name;
+    std::filesystem::path book;
+    std::optional<std::string> line;  ///< the caption of the line that is the selected one
+};
+
 /// Exactly one of these is wanted.
 struct CommandLine {
     bool help = false;
     bool version = false;
     std::optional<ImportRequest> import;
+    std::optional<MacroRequest> macro;
     ViewRequest view;
 };
 

@@ -135,7 +135,7 @@ void MacroMenu::runThere(const MacroEntry& macro, Where where) {
 void MacroMenu::check(const MacroEntry& macro) {
     const MacroResult result = view_.checkMacro(toQt(macro.key));
     if (result.done) {
-        questions_.tell(QString("\"%1\" can be run: %2").arg(toQt(macro.name), toQt(result.message)));
+        questions_.tell(QString("\"%1\" can be run. %2").arg(toQt(macro.name), toQt(result.message)));
     } else {
         questions_.tellFailure(QString("\"%1\" cannot be run.\n\n%2").arg(toQt(macro.name), toQt(result.message)));
     }

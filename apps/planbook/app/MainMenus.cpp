@@ -78,10 +78,7 @@ void MainWindow::buildEditMenu() {
 void MainWindow::buildViewMenu() {
     QMenu* view = menuBar()->addMenu("&View");
     buildChartMenu(*view);
-    QAction* tree = view->addAction("&Macros", this, [this] {
-        view_->macroTreeShown() ? view_->plv_LayoutHide() : view_->plv_LayoutShow();
-        session_->saveTables();
-    });
+    QAction* tree = view->addAction("&Macros", view_, &PlanViewWidget::switchMacroTree);
     tree->setCheckable(true);
     connect(view, &QMenu::aboutToShow, this, [=, this] {
         tree->setEnabled(session_->isOpen());

@@ -202,6 +202,9 @@ public:
     Q_INVOKABLE void switchChart();
     /// Whether the chart belongs to the view; a zoomed grid hides it all the same.
     [[nodiscard]] Q_INVOKABLE bool chartShown() const;
+    /// Shows or hides the macro tree pane; needs layout mode.
+    Q_INVOKABLE void switchMacroTree();
+    [[nodiscard]] Q_INVOKABLE bool macroTreeShown() const;
     /// @{
     /// Puts exactly the columns (rows) whose headings are selected into the chart.
     Q_INVOKABLE void showSelectedColumnsInChart();
