@@ -12,6 +12,7 @@
 #include "app/MacroMenu.h"
 #include "app/MainWindow.h"
 #include "app/RecentBooks.h"
+#include "app/StatusLine.h"
 
 namespace planbook {
 

@@ -138,7 +138,9 @@ void RunMacro(int& argc, char** argv, const MacroRequest& request) {
     }
     const planview::MacroResult result =
         view.runMacro(QString::fromStdString(macro.key), request.line.has_value() && macro.recorded);
-    session.saveTables();
+    if (result.done) {
+        session.saveTables();
+    }
     if (!session.settle() || !questions.failure.empty()) {
         Refuse(request, questions.failure.empty() ? "the changes could not be saved." : questions.failure);
     }
