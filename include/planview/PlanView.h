@@ -20,6 +20,7 @@ namespace planview {
 struct Cell;
 class ChartControl;
 class GridControl;
+class MacroEditor;
 class MacroToolbar;
 class PaneLayout;
 class TreeControl;
@@ -276,11 +277,11 @@ public:
     /// `onSelectedLine` takes the selected line (that of the selected cells) in the place of the one that the recording
     /// is about; it has to be about one alone.
     MacroResult ReplayMacro(const std::string& nodeKey, bool onSelectedLine = false);
-    /// Runs the macro or replays the recording that the MACRO_TREE node with this key is, or stands in. A macro computes
-    /// everything first; with a problem nothing is changed. With `onSelectedLine` it has to be one for the selected line.
+    /// Runs the MACRO_TREE node with this key: a macro, or a recording as ReplayMacro() does. A macro computes everything
+    /// first; whatever is wrong then (the check, a division by zero, a cell that may not be changed), nothing is changed.
+    /// Its values are one change, undone as one. `onSelectedLine` as for ReplayMacro().
     MacroResult RunMacro(const std::string& nodeKey, bool onSelectedLine = false);
-    /// Looks whether it could run now and changes nothing; the message names every problem of a macro and the first one
-    /// of a recording.
+    /// Says what would keep the macro from running, each problem on a line of its own; `done` where nothing would.
     MacroResult CheckMacro(const std::string& nodeKey);
 
     // --- Late binding -----------------------------------------------------------------------------------------------
@@ -322,6 +323,8 @@ public:
     /// The macro tree and its toolbar, for the same layer.
     [[nodiscard]] TreeControl& Tree() noexcept;
     [[nodiscard]] MacroToolbar& Toolbar() noexcept;
+    /// The macro editor, for the same layer.
+    [[nodiscard]] MacroEditor& Editor() noexcept;
     /// The panes, for the same layer.
     [[nodiscard]] PaneLayout& Panes() noexcept;
 

@@ -508,11 +508,12 @@ void MacroEditor::Run() {
         if (!operandText_.empty() && !TakeText()) {
             return;
         }
-        const MacroProblems problems = parts_.run(macroKey_);
+        std::string done;
+        const MacroProblems problems = parts_.run(macroKey_, done);
         marksProblems_ = !problems.empty();
         Mark(problems);
         if (problems.empty()) {
-            Say("The macro has run. Undo takes back what it changed.", false);
+            Say(done, false);
         } else {
             Say(problems.front().Text() +
                 (problems.size() > 1 ? " (" + std::to_string(problems.size() - 1) + " more)" : std::string()));

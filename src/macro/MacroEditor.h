@@ -29,8 +29,8 @@ struct MacroEditorParts {
     MacroToolbar& toolbar;
     /// Builds the tree anew from MACRO_TREE.
     std::function<void()> buildTree;
-    /// Runs, and checks, the macro or recording with this key; answers what is wrong.
-    std::function<MacroProblems(const std::string& key)> run;
+    /// Runs the macro or recording with this key; says in `message` what it did.
+    std::function<MacroProblems(const std::string& key, std::string& message)> run;
     std::function<MacroProblems(const std::string& key)> check;
 };
 

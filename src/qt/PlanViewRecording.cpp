@@ -51,11 +51,6 @@ QString PlanViewWidget::keepRecording(const QString& name, const QString& parent
     return QString::fromStdString(core->view.KeepRecording(name.toStdString(), parentNode.toStdString()));
 }
 
-MacroResult PlanViewWidget::checkMacro(const QString& nodeKey) {
-    const std::shared_ptr<PlanViewCore> core = state_->core;
-    return core->view.CheckMacro(nodeKey.toStdString());
-}
-
 void PlanViewWidget::switchMacroTree() {
     runCommand(&PlanView::SwitchMacroTree, nullptr);
 }
@@ -64,17 +59,30 @@ bool PlanViewWidget::macroTreeShown() const {
     return state_->core->view.MacroTreeShown();
 }
 
-MacroResult PlanViewWidget::runMacro(const QString& nodeKey, bool onSelectedLine) {
+template <class Action>
+MacroResult PlanViewWidget::withMacro(Action&& action) {
     const std::shared_ptr<PlanViewCore> core = state_->core;
     const QPointer<PlanViewWidget> self(this);
     if (!finishEditing() || !self) {
         return {};
     }
-    MacroResult result = core->view.RunMacro(nodeKey.toStdString(), onSelectedLine);
+    MacroResult result = action(core->view);
     if (self) {
         state_->status->gridChanged();
     }
     return result;
+}
+
+MacroResult PlanViewWidget::replayMacro(const QString& nodeKey, bool onSelectedLine) {
+    return withMacro([&](PlanView& view) { return view.ReplayMacro(nodeKey.toStdString(), onSelectedLine); });
+}
+
+MacroResult PlanViewWidget::runMacro(const QString& nodeKey, bool onSelectedLine) {
+    return withMacro([&](PlanView& view) { return view.RunMacro(nodeKey.toStdString(), onSelectedLine); });
+}
+
+MacroResult PlanViewWidget::checkMacro(const QString& nodeKey) {
+    return withMacro([&](PlanView& view) { return view.CheckMacro(nodeKey.toStdString()); });
 }
 
 }  // namespace planview

@@ -242,10 +242,13 @@ public:
     [[nodiscard]] Q_INVOKABLE bool isRecordingPaused() const;
     [[nodiscard]] Q_INVOKABLE int recordedSteps() const;
     Q_INVOKABLE QString keepRecording(const QString& name, const QString& parentNode = {});
-    Q_INVOKABLE planview::MacroResult checkMacro(const QString& nodeKey);
     /// @}
-    /// While an entry is open that is refused: not done, and without a message, for the entry says it itself.
+    /// With an entry open that is refused: not done, and without a message, for the entry says it itself.
+    Q_INVOKABLE planview::MacroResult replayMacro(const QString& nodeKey, bool onSelectedLine = false);
+    /// Runs a macro, or replays a recording.
     Q_INVOKABLE planview::MacroResult runMacro(const QString& nodeKey, bool onSelectedLine = false);
+    /// Looks whether it could be run or replayed now.
+    Q_INVOKABLE planview::MacroResult checkMacro(const QString& nodeKey);
 
     // --- For a host that keeps the changes
 
@@ -329,6 +332,9 @@ private:
     /// Calls a member; the control lives on until the call is over, even when the widget is deleted meanwhile.
     template <class Member>
     auto call(Member&& member);
+    /// Ends an entry that is open, then runs the action on the control.
+    template <class Action>
+    MacroResult withMacro(Action&& action);
     void applyTheme();
     void focusMoved(QWidget* from, QWidget* to);
     /// What is brought into sight after a command.
