@@ -126,7 +126,8 @@ struct PopupMenu {
 };
 
 /// Where a popup opens. While a dialog is open, both mean: below what has the focus in it. `Mouse` means the mouse, or
-/// what is selected in the chart where a key pressed there has asked for the popup.
+/// what is selected in the chart where a key pressed there has asked for the popup; `CurrentCell` means the selected
+/// node while the macro tree has the focus.
 enum class PopupPlace { Mouse, CurrentCell };
 
 /// Shows popup menus.

@@ -16,6 +16,8 @@
 #include "qt/platform/QtPopups.h"
 #include "qt/platform/QtProgress.h"
 #include "qt/platform/QtSystemInformation.h"
+#include "qt/tree/ToolbarView.h"
+#include "qt/tree/TreePane.h"
 
 namespace planview {
 
@@ -40,6 +42,7 @@ struct PlanViewWidget::State {
     PaneHost* panes = nullptr;  // children of the widget
     GridView* grid = nullptr;
     ChartView* chart = nullptr;
+    TreePane* tree = nullptr;
     StatusInfo* status = nullptr;
     ColorScheme colorScheme = ColorScheme::System;
     bool announcesSeveral = false;

@@ -10,6 +10,7 @@
 
 #include "automation/NumberFormat.h"
 #include "automation/Numbers.h"
+#include "macro/SelectionText.h"
 #include "qt/PlanViewState.h"
 
 namespace planview {
@@ -64,7 +65,12 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
     state_->core->popups.setGrid(state_->grid);
     state_->chart = new ChartView(state_->core->view.Chart(), state_->core);
     state_->core->popups.setChart(state_->chart);
-    state_->panes = new PaneHost(state_->core->view.Panes(), state_->grid, state_->chart, this);
+    PlanView& view = state_->core->view;
+    state_->tree = new TreePane(view.Tree(), state_->grid->bitmaps(), state_->core);
+    state_->core->popups.setTree(&state_->tree->view());
+    auto* toolbar = new ToolbarView(
+        view.Toolbar(), state_->grid->bitmaps(), [&grid = view.Grid()] { return SelectionText(grid); }, state_->core);
+    state_->panes = new PaneHost(view.Panes(), {state_->grid, state_->chart, state_->tree, toolbar}, this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(state_->panes);
@@ -148,6 +154,7 @@ void PlanViewWidget::registerBitmap(const QString& name, const QIcon& icon) {
     state_->grid->bitmaps().add(plainName, icon);
     control().Grid().RegisterBitmap(plainName);
     state_->grid->viewport()->update();
+    state_->tree->update();
 }
 
 QImage PlanViewWidget::renderToImage(QSize size, qreal scale) {

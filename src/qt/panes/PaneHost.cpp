@@ -2,12 +2,15 @@
 
 #include <QPainter>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "qt/chart/ChartView.h"
 #include "qt/grid/GridView.h"
 #include "qt/panes/EmptyPane.h"
 #include "qt/panes/PaneSplitter.h"
+#include "qt/tree/ToolbarView.h"
+#include "qt/tree/TreePane.h"
 
 namespace planview {
 
@@ -21,15 +24,27 @@ constexpr std::size_t indexOf(Splitter splitter) {
 
 }  // namespace
 
-PaneHost::PaneHost(PaneLayout& layout, GridView* grid, ChartView* chart, QWidget* parent)
-    : QWidget(parent), layout_(layout), gridView_(grid), chart_(chart) {
-    EmptyPane* tree = addPane("TreePane", new EmptyPane(tr("Macros"), Ground::Panel));
+PaneHost::PaneHost(PaneLayout& layout, const Panes& panes, QWidget* parent)
+    : QWidget(parent),
+      layout_(layout),
+      gridView_(panes.grid),
+      chart_(panes.chart),
+      tree_(panes.tree),
+      toolbar_(panes.toolbar),
+      editor_(new QWidget) {
+    tree_->setObjectName(QLatin1String("TreePane"));
+    toolbar_->setObjectName(QLatin1String("MacroToolbar"));
     EmptyPane* list = addPane("MacroPane", new EmptyPane(tr("Macro"), Ground::Panel));
     EmptyPane* operands = addPane("OperandPane", new EmptyPane(tr("Operand"), Ground::Panel));
     chart_->setObjectName(QLatin1String("ChartPane"));
     PaneSplitter* macro = addSplitter(Splitter::MacroSplit, "MacroSplit", Qt::Horizontal, list, operands);
-    PaneSplitter* left = addSplitter(Splitter::TreeSplit, "TreeSplit", Qt::Vertical, tree, macro);
-    PaneSplitter* right = addSplitter(Splitter::GridSplit, "GridSplit", Qt::Vertical, grid, chart_);
+    auto* editor = new QVBoxLayout(editor_);
+    editor->setContentsMargins(0, 0, 0, 0);
+    editor->setSpacing(0);
+    editor->addWidget(toolbar_);
+    editor->addWidget(macro, 1);
+    PaneSplitter* left = addSplitter(Splitter::TreeSplit, "TreeSplit", Qt::Vertical, tree_, editor_);
+    PaneSplitter* right = addSplitter(Splitter::GridSplit, "GridSplit", Qt::Vertical, gridView_, chart_);
     PaneSplitter* all = addSplitter(Splitter::CtrlSplit, "CtrlSplit", Qt::Horizontal, left, right);
 
     auto* only = new QVBoxLayout(this);
@@ -40,6 +55,8 @@ PaneHost::PaneHost(PaneLayout& layout, GridView* grid, ChartView* chart, QWidget
             pane->setTextScale(scale);
         }
         chart_->setTextScale(scale);
+        tree_->setTextScale(scale);
+        toolbar_->setTextScale(scale);
     });
     connect(chart_, &ChartView::textScaleWanted, gridView_, &GridView::setTextScale);
     connect(chart_, &ChartView::chartChanged, this, &PaneHost::showRowDots);
@@ -76,6 +93,8 @@ void PaneHost::setTheme(const GridTheme& theme) {
         splitter->setTheme(theme);
     }
     chart_->setTheme(theme);
+    tree_->setTheme(theme);
+    toolbar_->setTheme(theme);
     showRowDots();
 }
 
@@ -123,6 +142,12 @@ void PaneHost::paintPane(QPainter& painter, QWidget* pane, const QRect& rect, qr
         painter.drawImage(rect.topLeft(), gridView_->renderToImage(rect.size(), scale));
     } else if (pane == chart_) {
         painter.drawImage(rect.topLeft(), chart_->renderToImage(rect.size(), scale));
+    } else if (pane == tree_) {
+        tree_->paintOn(painter, rect);
+    } else if (pane == editor_) {
+        const int height = std::min(toolbar_->heightForWidth(rect.width()), rect.height());
+        toolbar_->paintOn(painter, QRect(rect.topLeft(), QSize(rect.width(), height)));
+        paintPane(painter, splitters_[indexOf(Splitter::MacroSplit)], rect.adjusted(0, height, 0, 0), scale);
     } else if (const auto* empty = dynamic_cast<const EmptyPane*>(pane)) {
         empty->paintOn(painter, rect);
     } else if (const auto* splitter = qobject_cast<const PaneSplitter*>(pane)) {

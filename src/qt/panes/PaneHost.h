@@ -14,14 +14,22 @@ class ChartView;
 class EmptyPane;
 class GridView;
 class PaneSplitter;
+class ToolbarView;
+class TreePane;
 
 /// Holds the control's panes and shows those that the layout says.
 class PaneHost final : public QWidget, private PaneWatcher {
     Q_OBJECT
 
 public:
-    /// Takes the grid's view and the chart's.
-    PaneHost(PaneLayout& layout, GridView* grid, ChartView* chart, QWidget* parent = nullptr);
+    /// The panes that are made elsewhere; the host takes them.
+    struct Panes {
+        GridView* grid;
+        ChartView* chart;
+        TreePane* tree;
+        ToolbarView* toolbar;
+    };
+    PaneHost(PaneLayout& layout, const Panes& panes, QWidget* parent = nullptr);
     ~PaneHost() override;
 
     void setTheme(const GridTheme& theme);
@@ -41,6 +49,9 @@ private:
     std::vector<EmptyPane*> empty_;
     std::array<PaneSplitter*, SplitterCount> splitters_{};
     ChartView* chart_;
+    TreePane* tree_;
+    ToolbarView* toolbar_;
+    QWidget* editor_ = nullptr;  ///< the macro editor: the toolbar above list and operands
 };
 
 }  // namespace planview

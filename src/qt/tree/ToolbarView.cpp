@@ -67,10 +67,10 @@ protected:
         const std::string text = handOver();
         if (self && !text.empty()) {
             auto* drag = new QDrag(this);
-            auto* data = new QMimeData;
-            data->setData(QLatin1String(SelectionFormat), QByteArray::fromStdString(text));
-            data->setText(QString::fromStdString(text));
-            drag->setMimeData(data);
+            auto* content = new QMimeData;
+            content->setData(QLatin1String(SelectionFormat), QByteArray::fromStdString(text));
+            content->setText(QString::fromStdString(text));
+            drag->setMimeData(content);
             drag->exec(Qt::CopyAction);
         }
     }
@@ -116,7 +116,7 @@ ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::funct
     for (QToolButton* button : buttons_) {
         button->setFocusPolicy(Qt::TabFocus);
     }
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     setTheme(*theme_);

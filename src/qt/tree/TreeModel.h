@@ -36,6 +36,9 @@ public:
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] bool hasChildren(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int /*section*/, Qt::Orientation /*orientation*/, int /*role*/) const override {
+        return {};  // there is no heading
+    }
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 Q_SIGNALS:

@@ -44,6 +44,10 @@ public:
 
     void reset() override;
 
+    /// The node that the user is dragging; null while none is.
+    void beginDrag(TreeNode node) { dragged_ = node; }
+    void endDrag();
+
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;

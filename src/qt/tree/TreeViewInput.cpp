@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include "qt/tree/TreeDelegate.h"
@@ -98,9 +99,13 @@ void TreeView::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void TreeView::focusInEvent(QFocusEvent* event) {
-    QTreeView::focusInEvent(event);
-    viewport()->update();
     focusedByPress_ = event->reason() == Qt::MouseFocusReason;
+    {
+        // Where nothing is current yet, the base makes the first node so; a click is to choose by itself.
+        const QScopedValueRollback following(following_, focusedByPress_);
+        QTreeView::focusInEvent(event);
+    }
+    viewport()->update();
     if (event->reason() != Qt::PopupFocusReason) {
         tree_.UserFocus(true);
     }
@@ -241,23 +246,28 @@ void TreeView::startDrag(Qt::DropActions /*actions*/) {
     }
     const std::shared_ptr<void> owner = owner_;
     const QPointer<TreeView> self(this);
-    dragged_ = node;
+    beginDrag(node);
     auto* drag = new QDrag(this);
-    auto* data = new QMimeData;
-    data->setData(QLatin1String(NodeFormat), QByteArray::fromStdString(node.Key()));
-    data->setText(QString::fromStdString(node.Text()));
-    drag->setMimeData(data);
+    auto* content = new QMimeData;
+    content->setData(QLatin1String(NodeFormat), QByteArray::fromStdString(node.Key()));
+    content->setText(QString::fromStdString(node.Text()));
+    drag->setMimeData(content);
     drag->exec(Qt::MoveAction);
     if (self) {
-        dragged_ = {};
-        setDropMark(std::nullopt);
+        endDrag();
     }
+}
+
+void TreeView::endDrag() {
+    dragged_ = {};
+    setDropMark(std::nullopt);
 }
 
 std::optional<TreeView::DropMark> TreeView::dropAt(const QDropEvent& event) const {
     const QPoint point = event.position().toPoint();
     const TreeNode target = nodeUnder(point);
-    if (event.source() != this || !event.mimeData()->hasFormat(QLatin1String(NodeFormat)) || !dragged_ || !target) {
+    // While a node of this tree is dragged, no other one is.
+    if (!event.mimeData()->hasFormat(QLatin1String(NodeFormat)) || !dragged_ || !target) {
         return std::nullopt;
     }
     for (TreeNode above = target; above; above = above.Parent()) {
@@ -279,7 +289,7 @@ void TreeView::setDropMark(std::optional<DropMark> mark) {
 }
 
 void TreeView::dragEnterEvent(QDragEnterEvent* event) {
-    event->setAccepted(event->source() == this);
+    event->setAccepted(static_cast<bool>(dragged_));
 }
 
 void TreeView::dragMoveEvent(QDragMoveEvent* event) {
