@@ -203,8 +203,8 @@ Import: the first column of DATA.csv holds the periods, every further one a line
   --force             replaces BOOK when it is a book; another file is never replaced
 
 Macro: prints each cell that changed. With an unknown NAME it lists those of the book.
-  --line CAPTION      on this line: of macros for the selected line, and of recordings
-                      that are about one line
+  --line CAPTION      on this line, where the macro is for the selected line or about one
+                      line alone
 
 View:
   --light, --dark     the colours; else those of the desktop

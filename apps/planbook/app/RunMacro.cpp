@@ -137,7 +137,7 @@ void RunMacro(int& argc, char** argv, const MacroRequest& request) {
         SelectLine(request, view, session.book());
     }
     const planview::MacroResult result =
-        view.runMacro(QString::fromStdString(macro.key), request.line.has_value() && macro.recorded);
+        view.runMacro(QString::fromStdString(macro.key), request.line.has_value());
     if (result.done) {
         session.saveTables();
     }
