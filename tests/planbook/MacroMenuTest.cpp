@@ -17,7 +17,7 @@ struct MacroWindow : BookWindow {
     QAction* Entry(const QString& menu, const QString& text) {
         for (QAction* top : window.menuBar()->actions()) {
             if (top->text() == "&Macro") {
-                return Find(*top->menu(), menu, text);
+                return EntryIn(*top->menu(), menu, text);
             }
         }
         return nullptr;
@@ -40,11 +40,11 @@ struct MacroWindow : BookWindow {
     [[nodiscard]] std::string Tree() const { return DumpTable(LoadBook(file), BookTable::MacroTree); }
 
 private:
-    static QAction* Find(QMenu& in, const QString& menu, const QString& text) {
+    static QAction* EntryIn(QMenu& in, const QString& menu, const QString& text) {
         for (QAction* action : in.actions()) {
             if (action->menu() && action->text().remove('&') == menu) {
                 Q_EMIT action->menu()->aboutToShow();
-                return Find(*action->menu(), {}, text);
+                return EntryIn(*action->menu(), {}, text);
             }
             if (menu.isEmpty() && action->text().remove('&') == text) {
                 return action;

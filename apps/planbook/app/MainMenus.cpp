@@ -106,10 +106,7 @@ void MainWindow::buildViewMenu() {
 void MainWindow::buildMacroMenu() {
     QMenu* menu = menuBar()->addMenu("&Macro");
     auto* macros = new MacroMenu(*menu, *view_, *session_, questions_, this);
-    connect(macros, &MacroMenu::ran, this, [this](const QString& text) {
-        constexpr int Shown = 8000;  // milliseconds
-        status_->showMessage(text, Shown);
-    });
+    connect(macros, &MacroMenu::ran, status_, &StatusLine::showNews);
 }
 
 void MainWindow::buildChartMenu(QMenu& menu) {

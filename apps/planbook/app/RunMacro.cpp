@@ -12,6 +12,7 @@
 
 #include "app/BookSession.h"
 #include "app/HostMessageBoxes.h"
+#include "app/QtMessages.h"
 #include "app/Questions.h"
 #include "book/BookError.h"
 #include "book/BookStore.h"
@@ -122,6 +123,7 @@ void RunMacro(int& argc, char** argv, const MacroRequest& request) {
     if (!qEnvironmentVariableIsSet(PlatformVariable)) {
         qputenv(PlatformVariable, "offscreen");
     }
+    qInstallMessageHandler(writeQtMessage);
     const QApplication application(argc, argv);
     HostMessageBoxes messageBoxes;  // without a window: answered as nobody would
     NoQuestions questions;

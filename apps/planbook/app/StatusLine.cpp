@@ -3,7 +3,9 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QStringList>
+#include <QTimer>
 #include <QToolButton>
+#include <chrono>
 
 #include <planview/qt/PlanViewWidget.h>
 
@@ -14,6 +16,8 @@ namespace planbook {
 using planview::PlanViewWidget;
 
 namespace {
+
+constexpr std::chrono::seconds NewsInterval{8};
 
 QToolButton* linkButton(const QString& text, const QString& toolTip, const QString& name) {
     auto* button = new QToolButton;
@@ -39,6 +43,8 @@ StatusLine::StatusLine(PlanViewWidget& view, QWidget* parent)
       revert_(linkButton("Revert", "Bring the old values back", "revert")),
       recording_(new QLabel),
       stop_(linkButton("Stop", "End the recording and keep it", "stopRecording")),
+      news_(new QLabel),
+      newsTimer_(new QTimer(this)),
       selection_(new QLabel) {
     setSizeGripEnabled(false);
     pending_->setObjectName("pending");
@@ -54,11 +60,17 @@ StatusLine::StatusLine(PlanViewWidget& view, QWidget* parent)
     layout->addWidget(revert_);
     layout->addWidget(recording_);
     layout->addWidget(stop_);
+    layout->addWidget(news_);
     addWidget(left);
     addPermanentWidget(selection_);
     connect(accept_, &QToolButton::clicked, this, &StatusLine::acceptPressed);
     connect(revert_, &QToolButton::clicked, this, &StatusLine::revertPressed);
     connect(&view_, &PlanViewWidget::selectionSummaryChanged, this, &StatusLine::showSelection);
+    news_->setObjectName("news");
+    news_->setMinimumWidth(1);  // or a long text would widen the window
+    newsTimer_->setSingleShot(true);
+    newsTimer_->setInterval(NewsInterval);
+    connect(newsTimer_, &QTimer::timeout, news_, &QLabel::clear);
     connect(stop_, &QToolButton::clicked, &view_, &PlanViewWidget::stopRecording);
     connect(&view_, &PlanViewWidget::recordingChanged, this, &StatusLine::showRecording);
     showPendingChanges(0);
@@ -75,6 +87,11 @@ void StatusLine::showRecording() {
     }
     recording_->setVisible(on);
     stop_->setVisible(on);
+}
+
+void StatusLine::showNews(const QString& text) {
+    news_->setText(text);
+    newsTimer_->start();
 }
 
 void StatusLine::showPendingChanges(int count) {

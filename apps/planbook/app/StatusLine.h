@@ -3,6 +3,7 @@
 #include <QStatusBar>
 
 class QLabel;
+class QTimer;
 class QToolButton;
 
 namespace planview {
@@ -24,6 +25,8 @@ public:
     void showSelection();
     /// The sign that the user's steps are being recorded, and how many there are.
     void showRecording();
+    /// For a few seconds, beside all else.
+    void showNews(const QString& text);
 
 Q_SIGNALS:
     void acceptPressed();
@@ -36,6 +39,8 @@ private:
     QToolButton* revert_;
     QLabel* recording_;
     QToolButton* stop_;
+    QLabel* news_;
+    QTimer* newsTimer_;
     QLabel* selection_;
     bool readOnly_ = false;
 };

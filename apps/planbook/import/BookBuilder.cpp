@@ -489,7 +489,7 @@ private:
                 .Put("NODEREF", parent)
                 .Put("RELATION", relation)
                 .Put("NODETEXT", text)
-                .Put("IMAGE", "")
+                .Put("IMAGE", "macro-folder")
                 .Put("IMAGE_SEL", "")
                 .Put("EXPANDED", Set);
         };
