@@ -5,6 +5,7 @@
 #include <planview/Version.h>
 
 #include "app/CommandLine.h"
+#include "app/RunMacro.h"
 #include "app/RunView.h"
 #include "book/BookError.h"
 #include "exchange/PreviewText.h"
@@ -65,6 +66,8 @@ ExitCode Run(int& argc, char** argv) {
         RunDownload(argc, argv, *commandLine.download);
     } else if (commandLine.upload) {
         return RunUpload(argc, argv, *commandLine.upload);
+    } else if (commandLine.macro) {
+        planbook::RunMacro(argc, argv, *commandLine.macro);
     } else {
         planbook::RunView(argc, argv, commandLine.view);
     }

@@ -215,6 +215,9 @@ public:
     void SwitchChart();
     /// Whether the chart belongs to the view; a zoomed grid hides it all the same.
     [[nodiscard]] bool ChartShown() const noexcept;
+    /// Shows or hides the macro tree pane, and writes it into `HIDDEN_LIST` of GRID_ATTR; needs layout mode.
+    void SwitchMacroTree();
+    [[nodiscard]] bool MacroTreeShown() const noexcept;
     /// @{
     /// Puts exactly the columns (rows) whose headers are selected into the chart.
     void ShowSelectedColumnsInChart();

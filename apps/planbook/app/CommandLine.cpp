@@ -2,6 +2,7 @@
 
 #include <QCommandLineOption>
 #include <QCommandLineParser>
+#include <array>
 #include <QRegularExpression>
 
 namespace planbook {
@@ -16,6 +17,8 @@ constexpr const char* Download = "download";
 constexpr const char* PrintSetup = "print-setup";
 constexpr const char* Upload = "upload";
 constexpr const char* DryRun = "dry-run";
+constexpr const char* Macro = "macro";
+constexpr const char* Line = "line";
 constexpr const char* Screenshot = "screenshot";
 constexpr const char* Size = "size";
 constexpr const char* Scale = "scale";
@@ -93,19 +96,21 @@ void CheckCombination(const QCommandLineParser& parser) {
     }
     RequireWith(parser, PrintSetup, Download);
     RequireWith(parser, DryRun, Upload);
-    for (const char* work : {Import, Download, Upload}) {
+    RequireWith(parser, Line, Macro);
+    constexpr std::array Works{Import, Download, Upload, Macro};
+    for (std::size_t i = 0; i < Works.size(); ++i) {
         for (const char* option : {Screenshot, Trace, Light, Dark}) {
-            RefuseTogether(parser, work, option);
+            RefuseTogether(parser, Works[i], option);
+        }
+        for (std::size_t other = i + 1; other < Works.size(); ++other) {
+            RefuseTogether(parser, Works[i], Works[other]);
         }
     }
-    RefuseTogether(parser, Import, Download);
-    RefuseTogether(parser, Import, Upload);
-    RefuseTogether(parser, Download, Upload);
     RefuseTogether(parser, Light, Dark);
     if (parser.positionalArguments().size() > 1) {
         Refuse(QString("one BOOK at a time; \"%1\" is one too many").arg(parser.positionalArguments().at(1)));
     }
-    for (const char* option : {Import, Download, Upload, Screenshot, Trace}) {
+    for (const char* option : {Import, Download, Upload, Macro, Screenshot, Trace}) {
         if (parser.isSet(option) && parser.positionalArguments().isEmpty()) {
             Refuse(QString("--%1 needs a BOOK").arg(option));
         }
@@ -132,6 +137,16 @@ ExchangeRequest ReadExchange(const QCommandLineParser& parser, const char* optio
     request.book = ToPath(parser.positionalArguments().first());
     request.printSetup = parser.isSet(PrintSetup);
     request.dryRun = parser.isSet(DryRun);
+    return request;
+}
+
+MacroRequest ReadMacro(const QCommandLineParser& parser) {
+    MacroRequest request;
+    request.name = parser.value(Macro).toStdString();
+    request.book = ToPath(parser.positionalArguments().first());
+    if (parser.isSet(Line)) {
+        request.line = parser.value(Line).toStdString();
+    }
     return request;
 }
 
@@ -164,7 +179,8 @@ ViewRequest ReadView(const QCommandLineParser& parser) {
 
 CommandLine ParseCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
-    for (const char* option : {Import, Names, Decimal, Download, Upload, Screenshot, Size, Scale, Trace}) {
+    for (const char* option :
+         {Import, Names, Decimal, Download, Upload, Macro, Line, Screenshot, Size, Scale, Trace}) {
         parser.addOption(QCommandLineOption(option, QString(), "value"));
     }
     for (const char* option : {Force, PrintSetup, DryRun, Light, Dark}) {
@@ -189,6 +205,8 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
         commandLine.download = ReadExchange(parser, Download);
     } else if (parser.isSet(Upload)) {
         commandLine.upload = ReadExchange(parser, Upload);
+    } else if (parser.isSet(Macro)) {
+        commandLine.macro = ReadMacro(parser);
     } else {
         commandLine.view = ReadView(parser);
     }
@@ -202,6 +220,7 @@ QString HelpText() {
   planbook --import DATA.csv BOOK            makes a book from a table of numbers
   planbook --download PLAN.xlsx BOOK         writes the table as a workbook
   planbook --upload PLAN.xlsx BOOK           takes changed values from that workbook
+  planbook --macro NAME BOOK                 runs a macro or replays a recording
   planbook --screenshot PICTURE.png BOOK     writes a picture of the book
   planbook --trace FILE BOOK                 writes what the view did when it ends
 
@@ -214,6 +233,10 @@ Workbooks:
   --print-setup       the download prints landscape, with its captions on every page
   --dry-run           the upload only lists what it would change
 
+Macro: prints each cell that changed. With an unknown NAME it lists those of the book.
+  --line CAPTION      on this line, where the macro is for the selected line or about one
+                      line alone
+
 View:
   --light, --dark     the colours; else those of the desktop
   --size WIDTHxHEIGHT of the picture's window, 1440x900
@@ -221,7 +244,7 @@ View:
 
   --help, --version
 
-Pictures, traces and workbooks need no display; a trace without a display ends by itself.
+Macros, pictures, traces and workbooks need no display; a trace without a display ends by itself.
 
 Exit codes: 0 done; 1 failed, the message says what, where and what now; 2 a command
 line that cannot be understood; 3 an upload that some values were left out of, or would

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
+#include <string>
 
 #include "import/Import.h"
 
@@ -42,6 +43,13 @@ struct ExchangeRequest {
     bool dryRun = false;      ///< of an upload: only says what it would do
 };
 
+/// A macro or recording to run in a book, without a window.
+struct MacroRequest {
+    std::string name;
+    std::filesystem::path book;
+    std::optional<std::string> line;  ///< the caption of the line that is the selected one
+};
+
 /// Exactly one of these is wanted.
 struct CommandLine {
     bool help = false;
@@ -49,6 +57,7 @@ struct CommandLine {
     std::optional<ImportRequest> import;
     std::optional<ExchangeRequest> download;
     std::optional<ExchangeRequest> upload;
+    std::optional<MacroRequest> macro;
     ViewRequest view;
 };
 

@@ -22,6 +22,7 @@ namespace planbook {
 class BookSession;
 class FindBar;
 class HostMenus;
+class MacroMenu;
 class NoticeBar;
 class Questions;
 class RecentBooks;
@@ -56,6 +57,7 @@ private:
     void buildFileMenu();
     void buildEditMenu();
     void buildViewMenu();
+    void buildMacroMenu();
     void buildSchemeMenu(QMenu& menu);
     void buildChartMenu(QMenu& menu);
     void saveChart();

@@ -204,6 +204,9 @@ public:
     Q_INVOKABLE void switchChart();
     /// Whether the chart belongs to the view; a zoomed grid hides it all the same.
     [[nodiscard]] Q_INVOKABLE bool chartShown() const;
+    /// Shows or hides the macro tree pane; needs layout mode.
+    Q_INVOKABLE void switchMacroTree();
+    [[nodiscard]] Q_INVOKABLE bool macroTreeShown() const;
     /// @{
     /// Puts exactly the columns (rows) whose headings are selected into the chart.
     Q_INVOKABLE void showSelectedColumnsInChart();
@@ -249,8 +252,9 @@ public:
     [[nodiscard]] QString currentRow() const;
     /// @}
 
-    // --- Recording and replaying; what each does stands at the control's method of the same name
+    // --- Macros; what each does stands at the control's method of the same name
 
+    /// @{
     Q_INVOKABLE void startRecording();
     Q_INVOKABLE void pauseRecording();
     Q_INVOKABLE void stopRecording();
@@ -259,10 +263,12 @@ public:
     [[nodiscard]] Q_INVOKABLE bool isRecordingPaused() const;
     [[nodiscard]] Q_INVOKABLE int recordedSteps() const;
     Q_INVOKABLE QString keepRecording(const QString& name, const QString& parentNode = {});
+    /// @}
     /// With an entry open that is refused: not done, and without a message, for the entry says it itself.
     Q_INVOKABLE planview::MacroResult replayMacro(const QString& nodeKey, bool onSelectedLine = false);
     /// Runs a macro, or replays a recording.
     Q_INVOKABLE planview::MacroResult runMacro(const QString& nodeKey, bool onSelectedLine = false);
+    /// Looks whether it could be run or replayed now.
     Q_INVOKABLE planview::MacroResult checkMacro(const QString& nodeKey);
 
     // --- For a host that keeps the changes
