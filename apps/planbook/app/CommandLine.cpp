@@ -2,8 +2,8 @@
 
 #include <QCommandLineOption>
 #include <QCommandLineParser>
-#include <array>
 #include <QRegularExpression>
+#include <array>
 
 namespace planbook {
 

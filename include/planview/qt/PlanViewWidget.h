@@ -56,8 +56,8 @@ class PLANVIEW_EXPORT PlanViewWidget : public QWidget {
     Q_PROPERTY(int pendingChanges READ pendingChanges NOTIFY pendingChangesChanged)
 
 public:
-    /// The colours of the view.
-    enum class ColorScheme { System, Light, Dark };
+    /// The colours of the view. Unscoped, because forms of Qt Designer name the values without the enumeration.
+    enum ColorScheme { System, Light, Dark };
     Q_ENUM(ColorScheme)
 
     /// A widget with an empty grid on Qt's desktop.
