@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include <planview/Export.h>
 #include <planview/Variant.h>
 
 namespace planview {
@@ -28,7 +29,7 @@ enum class AutomationErrorCode {
 };
 
 /// What a late-bound call throws. `what()` says what failed and with which name or value.
-class AutomationError : public std::runtime_error {
+class PLANVIEW_EXPORT AutomationError : public std::runtime_error {
 public:
     /// `text` is for people: what failed, and at which name, row or value.
     AutomationError(AutomationErrorCode code, const std::string& text) : std::runtime_error(text), code_(code) {}
@@ -43,7 +44,7 @@ private:
 ///
 /// The host implements it for its own tables; the control implements it for itself. Every method may throw
 /// AutomationError (any other exception is treated alike). Member names are compared without regard to case.
-class AutomationObject {
+class PLANVIEW_EXPORT AutomationObject {
 public:
     /// What a call hands over, in the order of the member's arguments; valid for the length of the call.
     using Arguments = std::span<const Variant>;

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include <planview/Export.h>
 #include <planview/Variant.h>
 
 namespace planview {
@@ -51,10 +52,10 @@ struct EventDescription {
 };
 
 /// The twenty events in the order of their numbers.
-[[nodiscard]] std::span<const EventDescription> DescribeEvents() noexcept;
+[[nodiscard]] PLANVIEW_EXPORT std::span<const EventDescription> DescribeEvents() noexcept;
 
 /// Hears every event of a control by number. Called on the control's thread; the control goes on when it returns.
-class EventSink {
+class PLANVIEW_EXPORT EventSink {
 public:
     virtual ~EventSink() = default;
     /// `arguments` are in the order and of the kinds that DescribeEvents() gives. An exception thrown here ends this
@@ -63,7 +64,7 @@ public:
 };
 
 /// An EventSink with one method per event. Override those of interest.
-class PlanViewEvents : public EventSink {
+class PLANVIEW_EXPORT PlanViewEvents : public EventSink {
 public:
     /// Hands the event to its method.
     void OnEvent(EventId event, std::span<const Variant> arguments) final;

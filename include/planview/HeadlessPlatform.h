@@ -2,16 +2,18 @@
 
 #include <memory>
 
+#include <planview/Export.h>
+#include <planview/ObjectRegistry.h>
 #include <planview/Platform.h>
 
 namespace planview {
 
 /// A platform without a screen, for hosts that build and read a view in a service or a test.
 ///
-/// Message boxes answer with their default button, forms and popups are never shown, the clipboard is one of its own,
-/// and the system information is that of the operating system. The log folder is "planview" in the user's state folder
+/// Message boxes answer with their default button, forms, popups and progress are never shown, file dialogs are
+/// cancelled, the clipboard is one of its own, objects are those that the host registers, and the system information is that of the operating system. The log folder is "planview" in the user's state folder
 /// (`XDG_STATE_HOME`, else "~/.local/state").
-class HeadlessPlatform {
+class PLANVIEW_EXPORT HeadlessPlatform {
 public:
     HeadlessPlatform();
     ~HeadlessPlatform();
@@ -20,6 +22,8 @@ public:
 
     /// For the constructor of PlanView; valid as long as this object.
     [[nodiscard]] Platform Interfaces() noexcept;
+    /// Where the host registers objects of other programs, such as the spreadsheet application. Empty at first.
+    [[nodiscard]] ObjectRegistry& Objects() noexcept;
 
 private:
     struct State;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <planview/AutomationObject.h>
+#include <planview/Export.h>
 
 namespace planview {
 
@@ -17,7 +18,7 @@ namespace planview {
 /// Offers what the control asks of every table: `rowCount`, the default member (row, field) to get and to put, and
 /// `Rows` with `Rows(i)` and `Add`. Rows are numbered from 1. A field that was not listed at construction is an
 /// UnknownMember error, a row outside 1 .. RowCount() a SubscriptOutOfRange error. Field names are compared exactly.
-class MemoryTable final : public AutomationObject {
+class PLANVIEW_EXPORT MemoryTable final : public AutomationObject {
 public:
     /// An empty table with these fields, in this order.
     explicit MemoryTable(std::vector<std::string> fields);

@@ -10,7 +10,9 @@
 
 #include <planview/AutomationObject.h>
 #include <planview/Events.h>
+#include <planview/Export.h>
 #include <planview/Platform.h>
+#include <planview/Spreadsheet.h>
 
 /// The planning table. `PlanView` is the control, `PlanViewWidget` the same as a Qt widget.
 namespace planview {
@@ -18,7 +20,9 @@ namespace planview {
 struct Cell;
 class ChartControl;
 class GridControl;
+class MacroToolbar;
 class PaneLayout;
+class TreeControl;
 
 /// One member of the control's automation interface.
 struct MemberDescription {
@@ -28,8 +32,15 @@ struct MemberDescription {
     int argumentCount;
 };
 
+/// What became of a macro that was run or replayed.
+struct MacroResult {
+    bool done = false;
+    int cells = 0;        ///< that were given a value
+    std::string message;  ///< for the user: what was done, or what is wrong, where, and what now
+};
+
 /// The 65 members in their order.
-[[nodiscard]] std::span<const MemberDescription> DescribeMembers() noexcept;
+[[nodiscard]] PLANVIEW_EXPORT std::span<const MemberDescription> DescribeMembers() noexcept;
 
 /// The planning table: shows the tables that the host hands to it and tells the host what the user does.
 ///
@@ -48,7 +59,7 @@ struct MemberDescription {
 ///
 /// The control keeps a counted reference to each table, copies none, and reads the host's object at every access. All
 /// calls and events run on the thread that created the control. The trace is shared by all controls of a process.
-class PlanView final : public AutomationObject {
+class PLANVIEW_EXPORT PlanView final : public AutomationObject {
 public:
     /// Always 0.
     using Status = std::int16_t;
@@ -74,13 +85,13 @@ public:
     Status plv_LayoutMode();
     /// Ends layout mode; a pane that is shown stays until the next DP_Import_Attribute().
     Status plv_LayoutModeDisable();
-    /// Makes the macro tree node with this key the active one.
+    /// Selects the macro tree node with this key and shows it; nothing while a popup of the tree is open.
     Status plv_ActiveNode(const std::string& vNode);
     /// Hides every row of LINE_INDEX whose `ROW_MARKED` is "X".
     Status plv_MarkedRowsHide();
     /// Shows every row of LINE_INDEX whose `ROW_MARKED` is "X".
     Status plv_MarkedRowsShow();
-    /// Gives the macro toolbar its tooltips from TEXTS.
+    /// Takes the tooltips of the macro toolbar from TEXTS.
     Status DP_Import_Texts();
     /// Reads row 1 of GRID_ATTR and lays out the panes.
     Status DP_Import_Attribute();
@@ -90,7 +101,7 @@ public:
     Status DP_Import_Update();
     /// Leaves its trace entry only: the menu tables are read each time a popup opens.
     Status DP_Import_PopupMenu();
-    /// Builds the macro tree from MACRO_TREE.
+    /// Builds the macro tree from MACRO_TREE. A node that was selected stays so where it is there again.
     Status DP_Import_MacroTree();
 
     /// @name Table properties (members 16 to 65)
@@ -196,6 +207,9 @@ public:
     void Fill();
     /// Empties the selected planning cells.
     void Delete();
+    /// Multiplies the numbers of the selected planning cells by 1 + percent / 100, -1,000,000 .. 1,000,000; empty cells
+    /// stay empty. One change, undone as one; what may not change is left alone and named.
+    void RaiseSelected(double percent);
     /// Shows or hides the chart pane.
     void SwitchChart();
     /// Whether the chart belongs to the view; a zoomed grid hides it all the same.
@@ -205,6 +219,9 @@ public:
     void ShowSelectedColumnsInChart();
     void ShowSelectedRowsInChart();
     /// @}
+    /// Ends the chart's forecast view: LINE_INDEX and COLS_INDEX have the marks for the chart again that they had before
+    /// it. For a host that is about to put its tables away; nothing in another view.
+    void LeaveForecastView();
     /// @{
     /// Hides the columns whose headings are selected, writes it into COLS_INDEX and raises `GridStartUpdate`; hidden
     /// ones can be selected along with those around them, and so be shown again. The same for rows and LINE_INDEX.
@@ -213,6 +230,49 @@ public:
     void HideRows();
     void ShowRows();
     /// @}
+
+    // --- Exchange with a spreadsheet application ("Excel.Application" of the platform's objects) --------------------
+
+    void SetSpreadsheetOptions(SpreadsheetOptions options);
+    [[nodiscard]] const SpreadsheetOptions& GetSpreadsheetOptions() const noexcept;
+    /// Ask for a file, work and tell what went wrong, as the entries of the grid's popup do.
+    void Download();
+    void Upload();
+    /// Writes the grid into a new workbook without asking. A sentence about what went wrong, empty when the file is
+    /// written; a failure leaves an older file of that name as it was. `path` in UTF-8.
+    [[nodiscard]] std::string DownloadTo(const std::string& path);
+    /// What an upload of the workbook would change. Changes nothing.
+    [[nodiscard]] UploadPreview PreviewUpload(const std::string& path);
+    /// Applies the ticked changes of a preview as one action of the user: one undo step, events as for a paste. Cells
+    /// that have changed since the preview was made are left alone.
+    UploadResult ApplyUpload(const UploadPreview& preview);
+
+    // --- Recording and replaying --------------------------------------------------------------------------------------
+
+    /// Records what the user does from now on into MACROREC, or goes on with a recording that was paused. What was in
+    /// MACROREC is dropped when a recording begins. Says so where there is no such table.
+    void StartRecording();
+    void PauseRecording();
+    /// Raises `MacroRecordSave`, at which a host keeps the recording.
+    void StopRecording();
+    /// Drops the last recorded step; what it did stays done.
+    void UndoRecordedStep();
+    /// Whether there is a recording that has not been stopped, be it paused or not.
+    [[nodiscard]] bool IsRecording() const noexcept;
+    [[nodiscard]] bool IsRecordingPaused() const noexcept;
+    [[nodiscard]] int RecordedSteps() const noexcept;
+    /// Called when one of the three above is another. There is one listener; an empty one takes it away.
+    void SetRecordingListener(std::function<void()> listener);
+    /// Keeps the steps in MACROREC as a node of MACRO_TREE with this text, last below the node `parentNode` or among the
+    /// roots, and builds the tree anew. Answers the key of the new node; empty, and told to the user, where there is
+    /// nothing to keep or MACRO_TREE cannot take it.
+    std::string KeepRecording(const std::string& name, const std::string& parentNode = {});
+    /// Replays the recording that is the MACRO_TREE node with this key. Steps find their lines and periods by the key
+    /// while it has still the caption of the recording, else by the caption when it is the only one; a step that does
+    /// not find them ends the replay before anything is changed. All values are one change, undone as one.
+    /// `onSelectedLine` takes the selected line (that of the selected cells) in the place of the one that the recording
+    /// is about; it has to be about one alone.
+    MacroResult ReplayMacro(const std::string& nodeKey, bool onSelectedLine = false);
 
     // --- Late binding -----------------------------------------------------------------------------------------------
 
@@ -250,6 +310,9 @@ public:
     [[nodiscard]] ChartControl& Chart() noexcept;
     /// The planning cells whose value the user has changed since TAB_OLD was last emptied, for the same layer.
     [[nodiscard]] std::vector<Cell> PendingCells() const;
+    /// The macro tree and its toolbar, for the same layer.
+    [[nodiscard]] TreeControl& Tree() noexcept;
+    [[nodiscard]] MacroToolbar& Toolbar() noexcept;
     /// The panes, for the same layer.
     [[nodiscard]] PaneLayout& Panes() noexcept;
 

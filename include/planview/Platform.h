@@ -6,6 +6,9 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Export.h>
+#include <planview/Variant.h>
+
 namespace planview {
 
 /// The buttons of a message box.
@@ -26,7 +29,7 @@ struct MessageBoxRequest {
 };
 
 /// Asks or tells the user something and waits for the answer.
-class MessageBoxes {
+class PLANVIEW_EXPORT MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
     /// Returns the pressed button; for a window that was closed Cancel, without such a button No, else Ok.
@@ -34,7 +37,7 @@ public:
 };
 
 /// A form of the control: its state and behaviour without its window. The desktop finds the window by `Name()`.
-class Form {
+class PLANVIEW_EXPORT Form {
 public:
     virtual ~Form() = default;
     /// Which form it is ("frmGrid"); the same for all of its kind.
@@ -44,7 +47,7 @@ public:
 };
 
 /// Gives forms their windows. A form may be shown while it is not loaded; showing loads it.
-class Forms {
+class PLANVIEW_EXPORT Forms {
 public:
     virtual ~Forms() = default;
     /// Makes the window ready without showing it.
@@ -64,7 +67,7 @@ struct ClipboardContents {
 };
 
 /// The clipboard that the control shares with other programs.
-class Clipboard {
+class PLANVIEW_EXPORT Clipboard {
 public:
     virtual ~Clipboard() = default;
     /// What is there now, both empty for neither.
@@ -81,7 +84,7 @@ struct MemoryStatus {
 };
 
 /// What the operating system says of itself.
-class SystemInformation {
+class PLANVIEW_EXPORT SystemInformation {
 public:
     virtual ~SystemInformation() = default;
     /// No value when the system does not tell.
@@ -127,12 +130,51 @@ struct PopupMenu {
 enum class PopupPlace { Mouse, CurrentCell };
 
 /// Shows popup menus.
-class Popups {
+class PLANVIEW_EXPORT Popups {
 public:
     virtual ~Popups() = default;
     /// Waits for the user. Returns the name of the chosen entry, which is an enabled one, or the empty text when the
     /// popup was closed without a choice or its control has ended meanwhile.
     [[nodiscard]] virtual std::string Choose(const PopupMenu& menu, PopupPlace place) = 0;
+};
+
+/// What a file dialog asks for. Texts are UTF-8.
+struct FileDialogRequest {
+    std::string title;
+    std::string folder;      ///< where it opens; empty: where the user last was, or the home folder
+    std::string fileName;    ///< the proposed name, without a folder; may be empty
+    std::string filterName;  ///< what the files are called, such as "Excel workbook"
+    /// Without the dot ("xlsx"). The first is added to a name to save to that the user gave none of them.
+    std::vector<std::string> extensions;
+};
+
+/// Lets the user choose a file.
+class PLANVIEW_EXPORT FileDialogs {
+public:
+    virtual ~FileDialogs() = default;
+    /// A full path to write to, empty when the user cancelled. Has asked before it answers a file that exists already.
+    [[nodiscard]] virtual std::string Save(const FileDialogRequest& request) = 0;
+    /// The full path of a file that exists, empty when the user cancelled.
+    [[nodiscard]] virtual std::string Open(const FileDialogRequest& request) = 0;
+};
+
+/// Makes objects of other programs by the identifier under which they are known ("Excel.Application").
+class PLANVIEW_EXPORT ObjectFactory {
+public:
+    virtual ~ObjectFactory() = default;
+    /// A new object; a null reference where the identifier is not known. What making it throws goes to the caller.
+    [[nodiscard]] virtual ObjectRef Create(std::string_view programmaticIdentifier) = 0;
+};
+
+/// Shows how far a long operation is. Operations do not nest.
+class PLANVIEW_EXPORT Progress {
+public:
+    virtual ~Progress() = default;
+    /// `steps` is at least 1. An operation that ends soon need not be shown at all.
+    virtual void Begin(std::string_view title, int steps) = 0;
+    /// `done` of the steps are done. False when the user wants the operation to stop; then it should, and call End().
+    [[nodiscard]] virtual bool Advance(int done) = 0;
+    virtual void End() noexcept = 0;
 };
 
 /// What the control needs of the desktop it runs on. The referred objects must outlive the control.
@@ -142,6 +184,9 @@ struct Platform {
     Clipboard& clipboard;        ///< copy and paste
     SystemInformation& system;   ///< what the trace says of the machine, and where its log goes
     Popups& popups;              ///< the popup menus
+    FileDialogs& fileDialogs;    ///< choosing a workbook
+    ObjectFactory& objects;      ///< the spreadsheet application
+    Progress& progress;          ///< of long operations
 };
 
 }  // namespace planview

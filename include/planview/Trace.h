@@ -2,15 +2,17 @@
 
 #include <iosfwd>
 
+#include <planview/Export.h>
+
 namespace planview {
 
 /// Whether the process-wide trace is on; any control switches it with `plv_EnableTrace` and `plv_DisableTrace`.
-[[nodiscard]] bool TraceIsOn() noexcept;
+[[nodiscard]] PLANVIEW_EXPORT bool TraceIsOn() noexcept;
 
 /// Writes the entries that the trace holds now, oldest first, in the form of the log file: control from column 1,
 /// message from column 15, method or event from column 35, parameter from column 65, lines ended by CR LF. A field that
 /// does not fit before the next one's column moves that one to a line of its own. Writes nothing while the trace is
 /// off.
-void WriteTraceLog(std::ostream& out);
+PLANVIEW_EXPORT void WriteTraceLog(std::ostream& out);
 
 }  // namespace planview

@@ -8,6 +8,8 @@
 #include <utility>
 #include <variant>
 
+#include <planview/Export.h>
+
 namespace planview {
 
 class AutomationObject;
@@ -20,7 +22,7 @@ using ObjectRef = std::shared_ptr<AutomationObject>;
 /// The conversions follow one set of rules everywhere: booleans count as -1 and 0, a number is rounded to the nearest
 /// whole number (halves to the even one), texts are read by ParseNumber(). A conversion that cannot be made throws
 /// AutomationError with the code TypeMismatch, one that leaves the range of the target throws Overflow.
-class Variant {
+class PLANVIEW_EXPORT Variant {
 public:
     /// What a value holds. `Nothing` is an object reference that refers to no object, `Empty` no value at all.
     enum class Kind : std::uint8_t { Empty, Nothing, Boolean, Int16, Int32, Double, Text, Object };

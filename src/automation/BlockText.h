@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Export.h>
+
 namespace planview {
 
 /// Cells as texts, row by row; rows may differ in length.
@@ -14,15 +16,15 @@ inline constexpr std::size_t MaxBlockCells = 2'000'000;
 
 /// A block as spreadsheets put it on the clipboard: cells divided by tabs, lines ended by a line feed, a cell with a
 /// tab, quote or line end in it enclosed in quotes with inner quotes doubled.
-[[nodiscard]] std::string FormatBlock(const TextBlock& block);
+[[nodiscard]] PLANVIEW_EXPORT std::string FormatBlock(const TextBlock& block);
 
 /// Reads such a text. Lines may end in LF, CR LF or CR; the end of the last line makes no extra row. A quote that is
 /// not at the start of a cell is an ordinary character; a quoted cell that never ends takes the rest. Cells beyond
 /// MaxBlockCells are dropped.
-[[nodiscard]] TextBlock ParseBlock(std::string_view text);
+[[nodiscard]] PLANVIEW_EXPORT TextBlock ParseBlock(std::string_view text);
 
 /// A block as an HTML table, for programs that read that. A cell whose text is a number carries it once more in the
 /// form that every regional setting reads.
-[[nodiscard]] std::string FormatHtmlBlock(const TextBlock& block);
+[[nodiscard]] PLANVIEW_EXPORT std::string FormatHtmlBlock(const TextBlock& block);
 
 }  // namespace planview

@@ -6,11 +6,15 @@
 #include <cmath>
 #include <cstddef>
 
+#include "automation/Numbers.h"
+
 namespace planview {
 
 namespace {
 
 constexpr int SignificantDigits = 15;
+/// From here on a number has more digits before the mark than are known of it.
+constexpr double TooLarge = 1e15;
 /// More digits than this on either side of the mark are a slip, not a wish; the bound keeps every result short.
 constexpr std::size_t MaxPlaceholders = 30;
 constexpr std::size_t MaxCodeLength = 255;
@@ -72,8 +76,8 @@ std::size_t FindDivider(std::string_view code) noexcept {
 
 /// The decimal digits of a rounded number: `whole` of them stand before the mark, the rest behind it.
 struct NumberFormat::Digits {
-    // As many as the largest double has before the mark, and the decimals.
-    std::array<char, 320 + MaxPlaceholders> text{};
+    // As many as a percentage of a number below TooLarge has before the mark, and the decimals.
+    std::array<char, 24 + MaxPlaceholders> text{};
     int count = 0;
     int whole = 0;
     bool isZero = true;
@@ -224,10 +228,20 @@ void NumberFormat::Append(std::string& text, const Section& section, const Digit
     text += section.suffix;
 }
 
+std::string NumberFormat::FormatLarge(const Section& section, double value) {
+    constexpr double Percent = 100;
+    const double shown = section.percent ? value * Percent : value;
+    return std::isfinite(shown) ? section.prefix + NumberText(shown, ShownDecimalMark) + section.suffix
+                                : NumberText(value, ShownDecimalMark);
+}
+
 std::string NumberFormat::Format(double value) const {
     std::string text;
     if (!std::isfinite(value)) {
         return text;
+    }
+    if (std::abs(value) >= TooLarge) {
+        return value < 0 && negative_ ? FormatLarge(*negative_, -value) : FormatLarge(positive_, value);
     }
     if (value < 0) {
         const Section& section = negative_ ? *negative_ : positive_;

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include <planview/Export.h>
 #include <planview/Variant.h>
 
 namespace planview {
@@ -18,20 +19,20 @@ inline constexpr char GridDecimalMark = ',';
 /// one that does not break a line, and the minus may be the mathematical one. When both "." and "," occur, the last one
 /// is the decimal mark and the other one groups digits; when only one of them occurs once, it is the decimal mark; when
 /// it occurs more often, it groups. Groups must be of three digits, the first of one to three.
-[[nodiscard]] std::optional<double> TryParseNumber(std::string_view text) noexcept;
+[[nodiscard]] PLANVIEW_EXPORT std::optional<double> TryParseNumber(std::string_view text) noexcept;
 
 /// As TryParseNumber(); throws TypeMismatch where that gives no value.
-[[nodiscard]] double ParseNumber(std::string_view text);
+[[nodiscard]] PLANVIEW_EXPORT double ParseNumber(std::string_view text);
 
 /// A number variant as it is, Empty as 0, a boolean as -1 or 0, a text by the rules above.
-[[nodiscard]] double ParseNumber(const Variant& value);
+[[nodiscard]] PLANVIEW_EXPORT double ParseNumber(const Variant& value);
 
 /// The number with at most 15 significant digits and without an exponent where a plain number of at most 15 digits
 /// before the mark shows it whole. Throws TypeMismatch for what is no finite number.
-[[nodiscard]] std::string NumberText(double value, char decimalMark = '.');
+[[nodiscard]] PLANVIEW_EXPORT std::string NumberText(double value, char decimalMark = '.');
 
 /// The nearest whole number, halves to the even one; Overflow outside the 16-bit range.
-[[nodiscard]] std::int16_t RoundToInt16(double value);
-[[nodiscard]] std::int32_t RoundToInt32(double value);
+[[nodiscard]] PLANVIEW_EXPORT std::int16_t RoundToInt16(double value);
+[[nodiscard]] PLANVIEW_EXPORT std::int32_t RoundToInt32(double value);
 
 }  // namespace planview

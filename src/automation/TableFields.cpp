@@ -28,7 +28,9 @@ constexpr Name FixedLines[] = {"LINE_FIX",   "FLG_POSITION", "ROW_WIDTH", "ROW_H
 constexpr Name FixedTab[] = {"COLUMN",  "FLG_COL_FIX", "LINE",   "FLG_LINE_FIX", "VALUE",    "TOOLTIP",
                              "BGCOLOR", "FGCOLOR",     "BITMAP", "BMP_ALIGN",    "TEXTALIGN"};
 constexpr Name CellAttr[] = {"COLUMN", "LINE", "BGCOLOR", "FGCOLOR", "BITMAP", "BMP_ALIGN", "TOOLTIP"};
-constexpr Name MacroTree[] = {"NODEKEY", "NODEREF", "RELATION", "NODETEXT", "IMAGE", "IMAGE_SEL", "EXPANDED"};
+constexpr Name MacroTree[] = {"NODEKEY",  "NODEREF",  "RELATION",  "NODETEXT", "IMAGE",   "IMAGE_SEL",
+                              "EXPANDED", "NODETYPE", "NODEVALUE", "NODENAME", "INACTIVE"};
+constexpr Name MacroRec[] = {"STEP", "COMMAND", "COLUMN", "LINE", "VALUE", "COLUMN_NAME", "LINE_NAME"};
 constexpr Name Texts[] = {"ENTRY",      "TEXT",    "CONDSTRING", "CONDITION", "TABLINE",
                           "TABELEMENT", "TABAREA", "OPERATOR",   "FUNCTION",  "MAKLINE",
                           "MAKELEMENT", "MAKAREA", "ATTRIBUTE",  "GENERATE",  "INACTIVE"};
@@ -56,7 +58,7 @@ constexpr std::array<Table, 17> Tables{{
     {"ROWMENU", Menu},
     {"GRIDMENU", Menu},
     {"CELLMENU", Menu},
-    {"MACROREC", {}},
+    {"MACROREC", MacroRec},
 }};
 
 }  // namespace

@@ -99,6 +99,7 @@ void ChartData::Update() {
         UpdateForecastView();
     } else {
         told_.reset();
+        parts_.chart.NameComparedLines({}, {});
         UpdateNormalView();
     }
     parts_.chart.UserScrolledTo(firstVisible);  // the user goes on where he was
@@ -153,6 +154,10 @@ void ChartData::UpdateForecastView() {
     ErrorTrap(modChart::Label, "Update", [&] {
         const HostTable::Row sales = VisibleLine(lineIndex, SalesLine);
         const HostTable::Row forecast = VisibleLine(lineIndex, ForecastLine);
+        const auto keyOf = [&](HostTable::Row row) {
+            return row == 0 ? std::string() : lineIndex.Text(row, "GRID_ID");
+        };
+        parts_.chart.NameComparedLines(keyOf(sales), keyOf(forecast));
         if (!modChart::CheckSetSales(sales)) {
             LeaveEmpty(ChartText::NoSalesLine, "Sales");
         } else if (!modChart::CheckSetForecast(forecast)) {

@@ -4,6 +4,8 @@
 #include <span>
 #include <vector>
 
+#include <planview/Export.h>
+
 #include "components/GridTypes.h"
 
 namespace planview {
@@ -24,7 +26,7 @@ struct AxisItem {
 /// Where the columns (or, when switched, the rows) stand along the horizontal axis, and the other ones along the
 /// vertical axis. Hidden ones are left out. The leading area holds the labels, the trailing one the right or bottom
 /// fixed ones.
-class AxisLayout {
+class PLANVIEW_EXPORT AxisLayout {
 public:
     enum class Axis { Horizontal, Vertical };
     enum class Area { Leading, Center, Trailing };

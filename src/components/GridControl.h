@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Export.h>
 #include <planview/Variant.h>
 
 #include "components/GridEvents.h"
@@ -60,7 +61,7 @@ struct GridSettingsState {
 ///
 /// Redraw: a change made with `redraw` false is noted but not reported; the next one with `redraw` true reports both.
 /// While SetRedraw(false) holds, nothing is reported at all.
-class GridControl {
+class PLANVIEW_EXPORT GridControl {
 public:
     GridControl();
     ~GridControl();

@@ -3,6 +3,8 @@
 #include <optional>
 #include <vector>
 
+#include <planview/Export.h>
+
 #include "components/GridTypes.h"
 
 namespace planview {
@@ -26,7 +28,7 @@ struct CellRange {
 };
 
 /// What is selected: whole columns, whole rows and blocks of cells. Changed only by GridControl.
-class GridSelection {
+class PLANVIEW_EXPORT GridSelection {
 public:
     [[nodiscard]] bool HasColumn(ColumnId column) const noexcept;
     [[nodiscard]] bool HasRow(RowId row) const noexcept;

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Export.h>
+
 namespace planview {
 
 struct ListColumn {
@@ -35,7 +37,7 @@ public:
 
 /// A list in report view without a screen. Items are appended at the end and dropped at the front in constant time; the
 /// storage of a dropped item is used again for the next one. Keys are the caller's to keep unique.
-class ListView {
+class PLANVIEW_EXPORT ListView {
 public:
     ListView() = default;
     ~ListView();

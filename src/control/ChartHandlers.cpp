@@ -155,7 +155,7 @@ void ChartHandlers::PointValueChanged(int series, int category, double value) {
         const std::string text = modPlan::ReplacePoint(NumberText(value));
         const std::string before = context_.grid.Contents(*cell);
         modGrid::Contents(context_.grid, keys, text, true);
-        context_.valueEntry.ContentsChanged(keys, text, before);
+        context_.valueEntry.ContentsChanged(keys, text, before, EditKind::Drag);
     });
 }
 

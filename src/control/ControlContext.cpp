@@ -1,6 +1,7 @@
 #include "control/ControlContext.h"
 
 #include "control/MenuWiring.h"
+#include "dialogs/frmUpload.h"
 #include "trace/ErrorTrap.h"
 
 namespace planview {
@@ -8,16 +9,17 @@ namespace planview {
 ControlContext::ControlContext(const Platform& desktop)
     : platform(desktop),
       events([](std::string_view event, std::string_view error) { TraceError("USERCONTROL", event, error); }),
+      recording({tables, grid, events, platform.messageBoxes}),
       hostUpdate(grid, tables, events),
       construction({grid, tables, keys}, settings),
       valueEntry({grid, tables, settings, keys, events, hostUpdate, history, busy, desktop.messageBoxes,
-                  [this] { ChartStep(); }, [this](bool running) { TellBulk(running); }}),
+                  recording, [this] { ChartStep(); }, [this](bool running) { TellBulk(running); }}),
       clipboard({grid, keys, valueEntry, desktop.clipboard, desktop.messageBoxes,
                  [this](Cell cell, std::string_view reason) { return TellBeside(cell, reason); }}),
       keyHandling({grid, keys, clipboard, hostUpdate, busy, [this] { ChartStep(); },
                    [this] { modPlan::Trace_Show(platform); }}),
-      commands(tables, grid, hostUpdate, [this] { ChartStep(); }),
-      sizeEvents(tables, grid, keys, hostUpdate),
+      commands(tables, grid, hostUpdate, recording, [this] { ChartStep(); }),
+      sizeEvents(tables, grid, keys, hostUpdate, recording),
       chartData({chart, grid, tables, settings, chartSettings, desktop.messageBoxes}),
       chartCommands({chart, grid, tables, settings, chartSettings, chartData, hostUpdate, desktop.messageBoxes,
                      [this] { layout.Apply(settings.treeShown, settings.chartShown, settings.zoomed); },
@@ -31,16 +33,33 @@ ControlContext::ControlContext(const Platform& desktop)
                     [this] { return chooseColor(); }, [this] { return chartCommands.CommonType(); },
                     [this](ChartType type) { chartCommands.ChooseType(type); },
                     [this] { chartCommands.Rebuild(); }}),
+      download({grid, tables, spreadsheetOptions, busy, desktop.objects, desktop.fileDialogs, desktop.messageBoxes,
+                desktop.progress}),
+      upload({grid, tables, spreadsheetOptions, busy, valueEntry, desktop.objects, desktop.fileDialogs,
+              desktop.messageBoxes, desktop.progress,
+              [this](UploadPreview& preview) { return ConfirmUpload(platform.forms, preview); }}),
       menus({tables, events, platform.popups, busy,
              [this](const CellKey& clicked) { return MenuStateOf(*this, clicked); }}),
       gridHandlers(*this),
-      chartHandlers(*this) {
+      chartHandlers(*this),
+      treeHandlers(*this) {
     BindMenuCommands(*this);
     grid.SetEvents(&gridHandlers);
     chart.SetEvents(&chartHandlers);
+    tree.SetEvents(&treeHandlers);
+    toolbar.onPress = [this](ToolbarButton button) {
+        if (toolbarPressed) {
+            toolbarPressed(button);
+        }
+    };
+    toolbar.onDragSelection = [this](const std::string& selection) {
+        const Variant argument(selection);
+        events.Raise(EventId::MacroDragSelection, {&argument, 1});
+    };
 }
 
 ControlContext::~ControlContext() {
+    tree.SetEvents(nullptr);
     chart.SetEvents(nullptr);
     grid.SetEvents(nullptr);
 }

@@ -10,8 +10,10 @@
 #include "automation/TableSlots.h"
 #include "chart/ChartCommands.h"
 #include "components/GridControl.h"
+#include "components/TreeControl.h"
 #include "control/ChartHandlers.h"
 #include "control/GridHandlers.h"
+#include "control/TreeHandlers.h"
 #include "dialogs/ChartOptions.h"
 #include "dialogs/GeneralOptions.h"
 #include "dialogs/RowAttributes.h"
@@ -26,7 +28,12 @@
 #include "grid/UndoHistory.h"
 #include "grid/ValueEntry.h"
 #include "layout/PaneLayout.h"
+#include "macro/MacroRecording.h"
+#include "macro/MacroToolbar.h"
+#include "macro/modMacro.h"
 #include "menus/MenuDispatch.h"
+#include "spreadsheet/SpreadsheetDownload.h"
+#include "spreadsheet/SpreadsheetUpload.h"
 
 namespace planview {
 
@@ -53,13 +60,17 @@ struct ControlContext {
     CurrentKeys keys;
     GridControl grid;
     ChartControl chart;
+    TreeControl tree;
+    MacroToolbar toolbar;
     ChartSettings chartSettings;
     PaneLayout layout;
     EventSource events;
+    modMacro::Tree macroTree{tree, tables, events};
     PressMode pressMode = PressMode::None;
     /// Set while the control itself changes the grid; keys and popups wait for its end.
     bool busy = false;
     UndoHistory history;
+    MacroRecording recording;
     std::function<void(bool running)> bulkListener;
     std::function<bool(const Cell& cell, std::string_view reason)> hintListener;
     HostUpdate hostUpdate;
@@ -76,9 +87,13 @@ struct ControlContext {
     GeneralOptions generalOptions;
     RowAttributes rowAttributes;
     ChartOptions chartOptions;
+    SpreadsheetOptions spreadsheetOptions;
+    SpreadsheetDownload download;
+    SpreadsheetUpload upload;
     MenuDispatch menus;
     GridHandlers gridHandlers;
     ChartHandlers chartHandlers;
+    TreeHandlers treeHandlers;
 
     /// "DRAG" while the chart itself is being dragged, else empty.
     std::string chartDragMode;
@@ -87,8 +102,11 @@ struct ControlContext {
 
     /// The macro tree node last made active by the host.
     std::string activeNode;
-    /// "TRE" while a node command runs, else empty; the host's choice of a node waits for that.
+    /// "TRE" while a popup of the macro tree is open, else empty. While it is not empty the host cannot choose another
+    /// node, and opening, closing and double clicks raise nothing.
     std::string macroTreeState;
+    /// What a button of the macro toolbar does.
+    std::function<void(ToolbarButton button)> toolbarPressed;
 };
 
 /// The control's state; outlives the control when the host destroys it from inside an event.

@@ -3,7 +3,9 @@
 #include <planview/PlanView.h>
 
 #include "control/Guarded.h"
+#include "control/RecordedActions.h"
 #include "grid/PendingCells.h"
+#include "grid/SelectedCells.h"
 
 namespace planview {
 
@@ -51,9 +53,16 @@ void PlanView::Delete() {
             [](ControlContext& context) { context.clipboard.DeleteCellContents(); });
 }
 
+void PlanView::RaiseSelected(double percent) {
+    Guarded(state_, GridControlLabel, "Raise", [&](ControlContext& context) { context.clipboard.Raise(percent); });
+}
+
 void PlanView::SwitchChart() {
     Guarded(state_, ChartLabel, "SwitchDisplay",
-            [](ControlContext& context) { context.chartCommands.SwitchDisplay(); });
+            [](ControlContext& context) {
+                context.chartCommands.SwitchDisplay();
+                RecordMenuCommand(context, "Chart");
+            });
 }
 
 bool PlanView::ChartShown() const noexcept {
@@ -62,12 +71,26 @@ bool PlanView::ChartShown() const noexcept {
 
 void PlanView::ShowSelectedColumnsInChart() {
     Guarded(state_, ChartLabel, "ColsShowInChart",
-            [](ControlContext& context) { context.chartCommands.ColsShowInChart(); });
+            [](ControlContext& context) {
+                context.chartCommands.ColsShowInChart();
+                context.recording.Did({"ColsInChart", SelectedColumnKeys(context.grid), {}, {}});
+            });
 }
 
 void PlanView::ShowSelectedRowsInChart() {
     Guarded(state_, ChartLabel, "RowsShowInChart",
-            [](ControlContext& context) { context.chartCommands.RowsShowInChart(); });
+            [](ControlContext& context) {
+                context.chartCommands.RowsShowInChart();
+                context.recording.Did({"RowsInChart", {}, SelectedRowKeys(context.grid), {}});
+            });
+}
+
+void PlanView::LeaveForecastView() {
+    Guarded(state_, ChartLabel, "StandardView", [](ControlContext& context) {
+        if (context.chartCommands.IsForecastView()) {
+            context.chartCommands.StandardView();
+        }
+    });
 }
 
 void PlanView::HideColumns() {

@@ -62,6 +62,7 @@ void GridHandlers::SelectionChanged(const CellKey& cell, bool selected) {
                        TraceText("{cid: ", cell.column, " - rid: ", cell.row, " - selected: ", selected, "}"));
         }
         MirrorSelection(context_.tables.COLS_INDEX, context_.tables.LINE_INDEX, context_.grid);
+        context_.recording.Marked();
     });
 }
 

@@ -53,6 +53,7 @@ void PlanView::Terminate() {
     }
     state->terminated = true;
     ControlContext& context = state->context;
+    context.recording.Abandon();
     ResumeNext([&] { modGrid::Destructor(context.grid, false); }, [&] { ReleaseTables(context.tables); },
                [&] { TraceWrite(UserControl, "DESTRUCTOR", "Terminate", "{}"); },
                [&] { modPlan::MemoryCheck(context.platform.system); },

@@ -1,9 +1,11 @@
 #include "control/MenuWiring.h"
 
 #include "control/ControlContext.h"
+#include "control/RecordedActions.h"
 #include "control/ViewCommands.h"
 #include "grid/CellRules.h"
 #include "grid/RowColors.h"
+#include "grid/SelectedCells.h"
 #include "grid/Selection.h"
 #include "grid/TestData.h"
 #include "grid/modGrid.h"
@@ -30,8 +32,13 @@ void Deselect(ControlContext& context, const HostTable& table, const Operation& 
 void ColorRows(ControlContext& context, RowColor which) {
     const std::optional<int> position = context.chooseColor();
     if (position) {
-        ColorSelectedRows(context.tables.LINE_INDEX, context.grid, which, modGrid::PaletteIndexOf(*position));
+        const std::int16_t color = modGrid::PaletteIndexOf(*position);
+        ColorSelectedRows(context.tables.LINE_INDEX, context.grid, which, color);
         context.hostUpdate.StartUpdate();
+        context.recording.Did({which == RowColor::Background ? "RowBgColor" : "RowFgColor",
+                               {},
+                               SelectedRowKeys(context.grid),
+                               std::to_string(color)});
     }
 }
 
@@ -48,6 +55,8 @@ void BindGridCommands(ControlContext& context) {
     commands.Bind("MacroTree", [&] { ToggleMacroTree(context); });
     commands.Bind("Switch", [&] { SwitchGrid(context); });
     commands.Bind("Zoom", [&] { ZoomGrid(context); });
+    commands.Bind("ExcelDn", [&] { context.download.Run(); });
+    commands.Bind("ExcelUp", [&] { context.upload.Run(); });
     commands.Bind("TestData",
                   [&] { FillWithTestData(context.grid, context.valueEntry, context.platform.messageBoxes); });
     commands.Bind("Trace", [&] { ToggleTrace(context); });
@@ -92,6 +101,15 @@ void BindDialogCommands(ControlContext& context) {
     commands.Bind("ChartAttribute", [&] { context.chartOptions.Run(); });
 }
 
+void BindRecordingCommands(ControlContext& context) {
+    MenuCommands& commands = context.menus.Commands();
+    commands.Bind("MacroRecStart", [&] { context.recording.StartRecord(); });
+    commands.Bind("MacroRecInter", [&] { context.recording.InterruptRecord(); });
+    commands.Bind("MacroRecStop", [&] { context.recording.StopRecord(); });
+    commands.Bind("MacroRecUndo", [&] { context.recording.UndoRecord(); });
+    commands.SetListener([&context](std::string_view command) { RecordMenuCommand(context, command); });
+}
+
 void BindChartCommands(ControlContext& context) {
     MenuCommands& commands = context.menus.Commands();
     ChartCommands& chart = context.chartCommands;
@@ -127,6 +145,7 @@ void BindMenuCommands(ControlContext& context) {
     BindRowCommands(context);
     BindDialogCommands(context);
     BindChartCommands(context);
+    BindRecordingCommands(context);
     context.chooseColor = [&context] { return context.menus.ChooseColor(); };
     context.showChartPopup = [&context](std::string_view place) { context.menus.Open(place, {}, PopupPlace::Mouse); };
 }
@@ -139,6 +158,8 @@ MenuState MenuStateOf(const ControlContext& context, const CellKey& clicked) {
     state.switched = context.settings.switched;
     state.zoomed = context.settings.zoomed;
     state.traceOn = modPlan::TraceEnabled;
+    state.record = context.recording.State();
+    state.canUndoRecord = context.recording.CanUndoRecord();
     state.columns = ColumnState(context.grid);
     state.rows = RowState(context.grid);
     state.forecastView = context.chartCommands.IsForecastView();

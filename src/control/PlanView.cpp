@@ -109,6 +109,9 @@ PlanView::Status PlanView::plv_ActiveNode(const std::string& vNode) {
             TraceWrite("MACROTREE", "", "ActiveNode", TraceText("{node: ", vNode, "}"));
         }
         if (context.macroTreeState.empty()) {
+            const TreeNode node = context.tree.Nodes().Item(vNode);
+            node.SetSelected(true);
+            node.EnsureVisible();
             context.activeNode = vNode;
         }
     });
@@ -135,7 +138,10 @@ PlanView::Status PlanView::plv_MarkedRowsShow() {
 // --- Import ---------------------------------------------------------------------------------------------------------
 
 PlanView::Status PlanView::DP_Import_Texts() {
-    return Guarded(state_, UserControl, "DP_Import_Texts", [](ControlContext&) { TraceCall("DP_Import_Texts"); });
+    return Guarded(state_, UserControl, "DP_Import_Texts", [](ControlContext& context) {
+        TraceCall("DP_Import_Texts");
+        context.toolbar.TooltipTexts(context.tables.TEXTS);
+    });
 }
 
 PlanView::Status PlanView::DP_Import_Attribute() {
@@ -175,8 +181,10 @@ PlanView::Status PlanView::DP_Import_PopupMenu() {
 }
 
 PlanView::Status PlanView::DP_Import_MacroTree() {
-    return Guarded(state_, UserControl, "DP_Import_MacroTree",
-                   [](ControlContext&) { TraceCall("DP_Import_MacroTree"); });
+    return Guarded(state_, UserControl, "DP_Import_MacroTree", [](ControlContext& context) {
+        TraceCall("DP_Import_MacroTree");
+        modMacro::Build(context.macroTree);
+    });
 }
 
 // --- Events ---------------------------------------------------------------------------------------------------------
@@ -195,6 +203,14 @@ GridControl& PlanView::Grid() noexcept {
 
 ChartControl& PlanView::Chart() noexcept {
     return state_->context.chart;
+}
+
+TreeControl& PlanView::Tree() noexcept {
+    return state_->context.tree;
+}
+
+MacroToolbar& PlanView::Toolbar() noexcept {
+    return state_->context.toolbar;
 }
 
 PaneLayout& PlanView::Panes() noexcept {

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Export.h>
+
 namespace planview {
 
 /// The controls of a form as plain state. A window shows them and writes back what the user does.
@@ -37,7 +39,7 @@ struct ListBox {
 using ColorChooser = std::function<std::optional<int>()>;
 
 /// A box that shows and remembers a palette index.
-class ColorBox {
+class PLANVIEW_EXPORT ColorBox {
 public:
     std::string Caption;
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include <planview/Export.h>
 #include <planview/Platform.h>
 
 #include "dialogs/FormControls.h"
@@ -13,7 +14,7 @@ namespace planview {
 ///
 /// A form is filled by its opener, shown modally, and read by its opener when `ButtonPressed` is "OK". Closing the
 /// window in any other way than by the OK button is Cancel.
-class PropertyForm : public Form {
+class PLANVIEW_EXPORT PropertyForm : public Form {
 public:
     PropertyForm(Forms& forms, ColorChooser chooseColor) : forms_(forms), chooseColor_(std::move(chooseColor)) {}
 

@@ -3,6 +3,8 @@
 #include <array>
 #include <optional>
 
+#include <planview/Export.h>
+
 #include "components/chart/ChartTypes.h"
 #include "dialogs/PropertyForm.h"
 
@@ -21,7 +23,7 @@ struct NumberBox {
 };
 
 /// The options of the chart.
-class frmChart final : public PropertyForm {
+class PLANVIEW_EXPORT frmChart final : public PropertyForm {
 public:
     static constexpr std::string_view FormName = "frmChart";
     /// The chart types in the order of the options.

@@ -2,12 +2,14 @@
 
 #include <array>
 
+#include <planview/Export.h>
+
 #include "dialogs/PropertyForm.h"
 
 namespace planview {
 
 /// The general options of the grid.
-class frmGrid final : public PropertyForm {
+class PLANVIEW_EXPORT frmGrid final : public PropertyForm {
 public:
     static constexpr std::string_view FormName = "frmGrid";
 

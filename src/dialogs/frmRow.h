@@ -5,6 +5,8 @@
 #include <span>
 #include <vector>
 
+#include <planview/Export.h>
+
 #include "dialogs/PropertyForm.h"
 
 namespace planview {
@@ -20,7 +22,7 @@ struct RowSample {
 };
 
 /// The look of one grid row.
-class frmRow final : public PropertyForm {
+class PLANVIEW_EXPORT frmRow final : public PropertyForm {
 public:
     static constexpr std::string_view FormName = "frmRow";
     /// Heights that the user may enter; also 0, which takes the grid's usual height, and the height the row came with.

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include <planview/Export.h>
+
 #include "components/GridControl.h"
 
 namespace planview {
@@ -16,12 +18,12 @@ enum class Refusal {
     NoNumber   ///< a planning cell takes a number or nothing
 };
 
-[[nodiscard]] bool IsPlanningCell(CellKeyView keys) noexcept;
+[[nodiscard]] PLANVIEW_EXPORT bool IsPlanningCell(CellKeyView keys) noexcept;
 /// Whether the user may change the cell at all: any but NoNumber.
-[[nodiscard]] Refusal RefusalOf(const GridControl& grid, Cell cell);
+[[nodiscard]] PLANVIEW_EXPORT Refusal RefusalOf(const GridControl& grid, Cell cell);
 /// Whether the cell takes this text.
-[[nodiscard]] Refusal RefusalOf(const GridControl& grid, Cell cell, std::string_view text);
+[[nodiscard]] PLANVIEW_EXPORT Refusal RefusalOf(const GridControl& grid, Cell cell, std::string_view text);
 /// A sentence for the user: what it is and what now.
-[[nodiscard]] std::string_view RefusalText(Refusal refusal) noexcept;
+[[nodiscard]] PLANVIEW_EXPORT std::string_view RefusalText(Refusal refusal) noexcept;
 
 }  // namespace planview

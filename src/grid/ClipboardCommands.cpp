@@ -1,11 +1,14 @@
 #include "grid/ClipboardCommands.h"
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 #include "automation/BlockText.h"
 #include "automation/HtmlBlock.h"
+#include "automation/Numbers.h"
 #include "grid/CellCaption.h"
+#include "grid/Percent.h"
 #include "grid/SelectedCells.h"
 #include "trace/TraceText.h"
 
@@ -144,7 +147,7 @@ void ClipboardCommands::Paste() {
         return;
     }
     const Placement placement = IsSingle(block) ? PlaceValue(parts_.grid, block[0][0]) : PlaceBlock(parts_.grid, block);
-    Change(placement.values, "pasted", placement.beyondEdge);
+    Change(placement.values, "pasted", {EditKind::Paste}, placement.beyondEdge);
 }
 
 void ClipboardCommands::Fill() {
@@ -153,7 +156,7 @@ void ClipboardCommands::Fill() {
     for (std::size_t i = 1; i < cells.size(); ++i) {
         values.push_back({cells[i], parts_.grid.Contents(cells.front())});
     }
-    Change(values, "filled");
+    Change(values, "filled", {EditKind::Fill});
 }
 
 void ClipboardCommands::DeleteCellContents() {
@@ -186,10 +189,40 @@ void ClipboardCommands::DeleteSelected() {
             values.push_back({cell, ""});
         }
     }
-    Change(values, "emptied");
+    Change(values, "emptied", {EditKind::Delete});
 }
 
-void ClipboardCommands::Change(const std::vector<NewValue>& values, std::string_view verb, int beyondEdge) {
+void ClipboardCommands::Raise(double percent) {
+    const GridControl& grid = parts_.grid;
+    EditNote note{EditKind::Raise, percent};
+    std::vector<NewValue> values;
+    if (std::isfinite(percent) && std::abs(percent) <= MaxPercent) {
+        for (const Cell cell : CellsOfSelection(grid)) {
+            const CellKey key = grid.KeyOf(cell);
+            if (!IsPlanningCell(key)) {
+                continue;
+            }
+            if (RefusalOf(grid, cell) == Refusal::None) {
+                note.meant.push_back(key);
+            }
+            const std::optional<double> number = TryParseNumber(grid.Contents(cell));
+            const std::optional<double> raised = number ? RaisedBy(*number, percent) : std::nullopt;
+            if (raised) {
+                values.push_back({cell, *raised});
+            }
+        }
+    }
+    if (values.empty()) {
+        parts_.messageBoxes.Show({"There is nothing to raise: select planning cells that hold numbers, and take a "
+                                  "percentage from -1000000 to 1000000.",
+                                  "Grid", MessageButtons::Ok, MessageIcon::Information, MessageAnswer::Ok});
+        return;
+    }
+    Change(values, "raised", note);
+}
+
+void ClipboardCommands::Change(const std::vector<NewValue>& values, std::string_view verb, const EditNote& note,
+                               int beyondEdge) {
     if (values.size() == 1 && beyondEdge == 0) {
         const NewValue& only = values.front();
         const Refusal refusal = RefusalOf(parts_.grid, only.cell, only.value.AsText());
@@ -197,7 +230,7 @@ void ClipboardCommands::Change(const std::vector<NewValue>& values, std::string_
             return;
         }
     }
-    Report(parts_.valueEntry.ChangeCells(values), verb, beyondEdge);
+    Report(parts_.valueEntry.ChangeCells(values, note), verb, beyondEdge);
 }
 
 /// False when there is nobody to show it.

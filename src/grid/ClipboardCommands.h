@@ -13,7 +13,7 @@
 
 namespace planview {
 
-/// Copying, cutting, pasting, filling and deleting of what is selected, as a spreadsheet does it. Everything that
+/// Copying, cutting, pasting, filling, deleting and raising of what is selected, as a spreadsheet does it. Everything that
 /// changes values does so as one bulk change through value entry; what is refused is counted and told to the user once.
 class ClipboardCommands {
 public:
@@ -40,12 +40,16 @@ public:
     void Fill();
     /// Empties the planning cells that are selected.
     void DeleteCellContents();
+    /// Multiplies the numbers of the selected planning cells by 1 + percent / 100; empty cells stay empty. A message and
+    /// nothing else for a percentage that is no finite number or beyond MaxPercent either way.
+    void Raise(double percent);
+    static constexpr double MaxPercent = 1e6;
 
 private:
     [[nodiscard]] bool SelectionIsBlock(std::string_view verb);
     bool CopyToClipboard(std::string_view method);
     void DeleteSelected();
-    void Change(const std::vector<NewValue>& values, std::string_view verb, int beyondEdge = 0);
+    void Change(const std::vector<NewValue>& values, std::string_view verb, const EditNote& note, int beyondEdge = 0);
     bool TellBeside(Cell cell, Refusal refusal);
     void Report(const BulkResult& result, std::string_view verb, int beyondEdge);
 

@@ -1,6 +1,8 @@
 #include "grid/GridCommands.h"
 
+#include "grid/SelectedCells.h"
 #include "grid/Selection.h"
+#include "grid/modGrid.h"
 #include "trace/modPlan.h"
 
 namespace planview {
@@ -25,35 +27,45 @@ template <class Operation>
 void GridCommands::Run(std::string_view command, const Operation& operation) {
     modPlan::TraceWrite("GRIDCTL", "{}", command, "BEGIN");
     const Waiting waiting(grid_);
-    grid_.Redraw();
+    modGrid::Redraw(grid_);
     operation();
-    grid_.Redraw();
+    modGrid::Redraw(grid_);
     chartStep_();
     hostUpdate_.StartUpdate();
 }
 
 void GridCommands::HideColumns() {
+    const ViewAction action{"ColsHide", SelectedColumnKeys(grid_), {}, {}};
     Run("#HIDE COLUMNS#", [&] { HideColumn(tables_.COLS_INDEX, grid_); });
+    actions_.Did(action);
 }
 
 void GridCommands::ShowColumns() {
+    const ViewAction action{"ColsShow", SelectedColumnKeys(grid_), {}, {}};
     Run("#SHOW COLUMNS#", [&] { ShowColumn(tables_.COLS_INDEX, grid_); });
+    actions_.Did(action);
 }
 
 void GridCommands::ShowColumns(const std::vector<std::string>& keys) {
     Run("#SHOW COLUMNS#", [&] { ShowColumn(tables_.COLS_INDEX, grid_, keys); });
+    actions_.Did({"ColsShow", keys, {}, {}});
 }
 
 void GridCommands::HideRows() {
+    const ViewAction action{"RowsHide", {}, SelectedRowKeys(grid_), {}};
     Run("#HIDE ROWS#", [&] { HideRow(tables_.LINE_INDEX, grid_); });
+    actions_.Did(action);
 }
 
 void GridCommands::ShowRows() {
+    const ViewAction action{"RowsShow", {}, SelectedRowKeys(grid_), {}};
     Run("#SHOW ROWS#", [&] { ShowRow(tables_.LINE_INDEX, grid_); });
+    actions_.Did(action);
 }
 
 void GridCommands::ShowRows(const std::vector<std::string>& keys) {
     Run("#SHOW ROWS#", [&] { ShowRow(tables_.LINE_INDEX, grid_, keys); });
+    actions_.Did({"RowsShow", {}, keys, {}});
 }
 
 void GridCommands::ResetHeights() {

@@ -7,6 +7,7 @@
 #include "automation/TableSlots.h"
 #include "components/GridControl.h"
 #include "grid/HostUpdate.h"
+#include "grid/UserActions.h"
 
 namespace planview {
 
@@ -14,8 +15,9 @@ namespace planview {
 /// once, brings the chart up to date where it is shown, and ends by telling the host.
 class GridCommands {
 public:
-    GridCommands(const TableSlots& tables, GridControl& grid, HostUpdate& hostUpdate, std::function<void()> chartStep)
-        : tables_(tables), grid_(grid), hostUpdate_(hostUpdate), chartStep_(std::move(chartStep)) {}
+    GridCommands(const TableSlots& tables, GridControl& grid, HostUpdate& hostUpdate, UserActions& actions,
+                 std::function<void()> chartStep)
+        : tables_(tables), grid_(grid), hostUpdate_(hostUpdate), actions_(actions), chartStep_(std::move(chartStep)) {}
 
     void HideColumns();  ///< "#HIDE COLUMNS#"
     void ShowColumns();  ///< "#SHOW COLUMNS#"
@@ -34,6 +36,7 @@ private:
     const TableSlots& tables_;
     GridControl& grid_;
     HostUpdate& hostUpdate_;
+    UserActions& actions_;
     std::function<void()> chartStep_;
 };
 

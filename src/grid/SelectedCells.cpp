@@ -84,6 +84,26 @@ std::vector<Cell> CellsOfSelection(const GridControl& grid) {
     return cells;
 }
 
+std::vector<std::string> SelectedColumnKeys(const GridControl& grid) {
+    std::vector<std::string> keys;
+    for (const ColumnId column : grid.Columns(ColumnArea::Center)) {
+        if (grid.Selection().HasColumn(column)) {
+            keys.push_back(grid.Column(column).key);
+        }
+    }
+    return keys;
+}
+
+std::vector<std::string> SelectedRowKeys(const GridControl& grid) {
+    std::vector<std::string> keys;
+    for (const RowId row : grid.Rows(RowArea::Center)) {
+        if (grid.Selection().HasRow(row)) {
+            keys.push_back(grid.Row(row).key);
+        }
+    }
+    return keys;
+}
+
 std::vector<ColumnId> ColumnsFrom(const GridControl& grid, ColumnId first) {
     const bool planning = grid.Column(first).area == ColumnArea::Center;
     return planning ? From(VisibleColumns(grid, true), first) : std::vector<ColumnId>{first};

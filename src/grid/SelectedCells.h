@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "components/GridControl.h"
@@ -19,6 +20,10 @@ struct SelectedBlock {
 
 /// The selected visible cells, row by row; the current cell when nothing is selected.
 [[nodiscard]] std::vector<Cell> CellsOfSelection(const GridControl& grid);
+
+/// The keys of the planning columns (rows) whose headings are selected, hidden ones too, in their order.
+[[nodiscard]] std::vector<std::string> SelectedColumnKeys(const GridControl& grid);
+[[nodiscard]] std::vector<std::string> SelectedRowKeys(const GridControl& grid);
 
 /// The visible planning columns from this one on; the visible columns of its area when it is a fixed one.
 [[nodiscard]] std::vector<ColumnId> ColumnsFrom(const GridControl& grid, ColumnId first);

@@ -3,6 +3,8 @@
 #include <optional>
 #include <string>
 
+#include <planview/Export.h>
+
 #include "components/GridControl.h"
 
 namespace planview {
@@ -18,9 +20,9 @@ struct SelectionSummary {
     friend bool operator==(const SelectionSummary&, const SelectionSummary&) = default;
 };
 
-[[nodiscard]] SelectionSummary SummaryOfSelection(const GridControl& grid);
+[[nodiscard]] PLANVIEW_EXPORT SelectionSummary SummaryOfSelection(const GridControl& grid);
 
 /// A cell as people call it: its line and its period ("Construction · May 08"). Keys stand in for empty headings.
-[[nodiscard]] std::string CellName(const GridControl& grid, Cell cell);
+[[nodiscard]] PLANVIEW_EXPORT std::string CellName(const GridControl& grid, Cell cell);
 
 }  // namespace planview

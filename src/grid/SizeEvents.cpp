@@ -1,5 +1,8 @@
 #include "grid/SizeEvents.h"
 
+#include <utility>
+#include <vector>
+
 #include "automation/CheckedInt.h"
 #include "grid/IndexAxis.h"
 #include "grid/LoaderSupport.h"
@@ -44,6 +47,7 @@ void SizeEvents::Apply(const Change& change, const std::string& key, int size) {
     }
     const HostTable table = change.axis.columns ? tables_.COLS_INDEX : tables_.LINE_INDEX;
     const auto value = CheckedCast<std::int16_t>(size);
+    std::vector<std::string> sized{key};
     const HostTable::Row own = table.FindRow("GRID_ID", key);
     if (own != 0) {
         table.Put(own, change.field, value);
@@ -51,11 +55,14 @@ void SizeEvents::Apply(const Change& change, const std::string& key, int size) {
     ForEachRow(table, [&](HostTable::Row i) {
         if (i != own && table.Flag(i, change.axis.markedField)) {
             table.Put(i, change.field, value);
-            change.set(grid_, table.Text(i, "GRID_ID"), value, NoRedraw);
+            change.set(grid_, sized.emplace_back(table.Text(i, "GRID_ID")), value, NoRedraw);
         }
     });
     modGrid::Redraw(grid_);
     hostUpdate_.StartUpdate();
+    ViewAction action{std::string(change.field), {}, {}, std::to_string(size)};
+    (change.axis.columns ? action.columns : action.rows) = std::move(sized);
+    actions_.Did(action);
 }
 
 }  // namespace planview

@@ -6,6 +6,7 @@
 #include "components/GridControl.h"
 #include "grid/CurrentKeys.h"
 #include "grid/HostUpdate.h"
+#include "grid/UserActions.h"
 
 namespace planview {
 
@@ -14,8 +15,9 @@ namespace planview {
 /// planning keys are ignored. Sizes in logical pixels.
 class SizeEvents {
 public:
-    SizeEvents(const TableSlots& tables, GridControl& grid, CurrentKeys& keys, HostUpdate& hostUpdate)
-        : tables_(tables), grid_(grid), keys_(keys), hostUpdate_(hostUpdate) {}
+    SizeEvents(const TableSlots& tables, GridControl& grid, CurrentKeys& keys, HostUpdate& hostUpdate,
+               UserActions& actions)
+        : tables_(tables), grid_(grid), keys_(keys), hostUpdate_(hostUpdate), actions_(actions) {}
 
     void ColumnResized(const std::string& column, int width);
     void RowResized(const std::string& row, int height);
@@ -32,6 +34,7 @@ private:
     GridControl& grid_;
     CurrentKeys& keys_;
     HostUpdate& hostUpdate_;
+    UserActions& actions_;
 };
 
 }  // namespace planview

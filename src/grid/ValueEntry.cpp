@@ -131,16 +131,19 @@ private:
     bool running_;
 };
 
-void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text, const std::string& before) {
+void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text, const std::string& before,
+                                 EditKind kind) {
     const CellKey cell{std::string(keys.column), std::string(keys.row)};
     Transaction transaction(parts_, 1, Announce::EachValue, true);
+    Done done;
     {
         const BusyScope busy(parts_.busy);
         ChangeOne(transaction, cell, before, text);
-        Record(transaction);
+        done = Record(transaction);
         DrawChart();
     }
     Tell(transaction.failures);
+    parts_.actions.Edited({kind}, done.changes, done.undoable);
 }
 
 template <class Body>
@@ -172,8 +175,9 @@ bool ValueEntry::RunBulk(std::size_t count, bool withFixed, const Body& body) {
     return !broken;
 }
 
-BulkResult ValueEntry::ChangeCells(std::span<const NewValue> values) {
+BulkResult ValueEntry::ChangeCells(std::span<const NewValue> values, const EditNote& note) {
     BulkResult result;
+    Done done;
     if (values.empty()) {
         return result;
     }
@@ -183,8 +187,9 @@ BulkResult ValueEntry::ChangeCells(std::span<const NewValue> values) {
     });
     const bool ran = RunBulk(values.size(), withFixed, [&](Transaction& transaction) {
         ChangeAll(transaction, values, result);
-        Record(transaction);
+        done = Record(transaction);
     });
+    parts_.actions.Edited(note, done.changes, done.undoable);
     result.failed += ran ? 0 : static_cast<int>(values.size());
     return result;
 }
@@ -226,18 +231,21 @@ void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> v
 
 void ValueEntry::Undo() {
     if (parts_.history.CanUndo()) {
-        Apply(parts_.history.TakeUndo(), true);
+        const UndoStep step = parts_.history.TakeUndo();  // the host may end the history from inside an event
+        Apply(step, true);
+        parts_.actions.Undone(step);
     }
 }
 
 void ValueEntry::Redo() {
     if (parts_.history.CanRedo()) {
-        Apply(parts_.history.TakeRedo(), false);
+        const UndoStep step = parts_.history.TakeRedo();
+        Apply(step, false);
+        parts_.actions.Redone(step);
     }
 }
 
-void ValueEntry::Apply(const UndoStep& step, bool backwards) {
-    const UndoStep changes = step;  // the host may end the history from inside an event
+void ValueEntry::Apply(const UndoStep& changes, bool backwards) {
     const std::uint64_t history = parts_.history.Generation();
     std::vector<bool> failed(changes.size(), true);
     const bool withFixed = std::any_of(changes.begin(), changes.end(),
@@ -295,10 +303,16 @@ ValueEntry::Announce ValueEntry::AnnounceFor(std::size_t count) const {
 }
 
 /// A rebuild within the action has ended the history that it would have belonged to.
-void ValueEntry::Record(Transaction& transaction) {
-    if (parts_.history.Generation() == transaction.history) {
+ValueEntry::Done ValueEntry::Record(Transaction& transaction) {
+    Done done;
+    if (parts_.actions.Listening()) {
+        done.changes = transaction.step;
+    }
+    done.undoable = parts_.history.Generation() == transaction.history;
+    if (done.undoable) {
         parts_.history.Record(std::move(transaction.step));
     }
+    return done;
 }
 
 void ValueEntry::DrawChart() noexcept {

@@ -17,6 +17,7 @@
 #include "grid/HostUpdate.h"
 #include "grid/KeyLookup.h"
 #include "grid/UndoHistory.h"
+#include "grid/UserActions.h"
 
 namespace planview {
 
@@ -31,6 +32,7 @@ struct ValueEntryParts {
     UndoHistory& history;
     bool& busy;
     MessageBoxes& messageBoxes;
+    UserActions& actions;
     /// Brings the chart up to date when it is shown.
     std::function<void()> chartStep;
     /// An action that announces several values begins or has ended.
@@ -66,14 +68,15 @@ public:
 
     /// Handles the grid's event: the user gave a cell this text, which the grid already shows, in the place of
     /// `before`.
-    void ContentsChanged(CellKeyView keys, const std::string& text, const std::string& before);
+    void ContentsChanged(CellKeyView keys, const std::string& text, const std::string& before,
+                         EditKind kind = EditKind::Value);
 
     /// Gives many cells their values as one action: one repaint, one chart step, one undo step. `SINGLEVALUE` decides
     /// whether the host hears `GridValueChanged` for each cell or one `GridStartUpdate` at the end; one value alone is
     /// always announced by `GridValueChanged`, and so is every fixed cell's, which no table keeps. Cells that may not
     /// change, and values that do not fit, are left out and counted. The host may build the grid anew when it hears of
     /// a value; the others then go to the cells of the same keys.
-    BulkResult ChangeCells(std::span<const NewValue> values);
+    BulkResult ChangeCells(std::span<const NewValue> values, const EditNote& note = {});
 
     /// Takes back or repeats the user's last action; nothing where there is none.
     void Undo();
@@ -90,12 +93,17 @@ private:
     template <class Body>
     bool RunBulk(std::size_t count, bool withFixed, const Body& body);
     void ChangeAll(Transaction& transaction, std::span<const NewValue> values, BulkResult& result);
-    void Apply(const UndoStep& step, bool backwards);
+    void Apply(const UndoStep& changes, bool backwards);
     void GoTo(const UndoStep& changes);
     /// `shown` is what a fixed cell showed before: TAB does not keep it.
     bool ChangeOne(Transaction& transaction, const CellKey& cell, const std::string& shown, const Variant& value);
     void TakeOver(Transaction& transaction, CellKeyView keys, const std::string& shown, const Variant& value);
-    void Record(Transaction& transaction);
+    /// What an action has changed, for those who hear of it.
+    struct Done {
+        UndoStep changes;
+        bool undoable = false;
+    };
+    Done Record(Transaction& transaction);
     void DrawChart() noexcept;
     Variant StoreInTab(CellTable& tab, const KeyPositions& at, const Variant& value);
     void KeepInTabOld(CellTable& tabOld, const KeyPositions& at, const Variant& before);

@@ -313,6 +313,16 @@ void Redraw(GridControl& grid) {
         [] { return std::string_view("{}"); });
 }
 
+void State(GridControl& grid, bool waiting) {
+    Run(
+        "state", {},
+        [&] {
+            grid.SetWaiting(waiting);
+            return GridStatus::Ok;
+        },
+        [&] { return TraceText("{value:", waiting, "}"); });
+}
+
 RedrawAtEnd::RedrawAtEnd(GridControl& grid) : grid_(grid), before_(grid.RedrawOn()) {
     SetRedraw(grid_, false);
 }
@@ -398,6 +408,11 @@ int HeaderSelected(const GridControl& grid, const CellKeyView& keys) {
 
 void Contents(GridControl& grid, const CellKeyView& keys, std::string_view text, bool redraw) {
     Set(grid, "Contents", keys, GridAttribute::Contents, text, "contents", text, redraw);
+}
+
+std::string CellText(const GridControl& grid, const CellKeyView& keys) {
+    const std::optional<Cell> cell = grid.FindCell(keys);
+    return cell ? grid.Contents(*cell) : std::string();
 }
 
 void Tooltip(GridControl& grid, const CellKeyView& keys, std::string_view text, bool redraw) {

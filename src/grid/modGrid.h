@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include <planview/Export.h>
 #include <planview/Platform.h>
 
 #include "components/GridControl.h"
@@ -39,9 +40,9 @@ inline constexpr std::int16_t EditableBackground = 0;
 
 void CreatePalette(GridControl& grid);
 /// What a palette index looks like; white for a number that is none.
-[[nodiscard]] Rgb PaletteColorOf(std::int16_t index) noexcept;
+[[nodiscard]] PLANVIEW_EXPORT Rgb PaletteColorOf(std::int16_t index) noexcept;
 /// The name of the registered colour with this palette index, in every grid; white's for a number that is none.
-[[nodiscard]] std::string_view PaletteName(std::int16_t index) noexcept;
+[[nodiscard]] PLANVIEW_EXPORT std::string_view PaletteName(std::int16_t index) noexcept;
 /// The palette index of a position in the "Colors" popup, where white stands last instead of first.
 [[nodiscard]] constexpr std::int16_t PaletteIndexOf(int position) noexcept {
     return static_cast<std::int16_t>((position + 1) % PaletteSize);
@@ -51,11 +52,11 @@ void CreateColor(GridControl& grid, std::string_view name, std::uint8_t red, std
 // --- Keys and positions ---------------------------------------------------------------------------------------------
 
 /// "FLC" + number for the kind "L", "FRC" for "R", "COL" for any other.
-[[nodiscard]] std::string ColumnKey(std::int16_t position, std::string_view kind);
+[[nodiscard]] PLANVIEW_EXPORT std::string ColumnKey(std::int16_t position, std::string_view kind);
 /// "FTR" + number for the kind "T", "FBR" for "B", "ROW" for any other.
-[[nodiscard]] std::string RowKey(std::int16_t position, std::string_view kind);
+[[nodiscard]] PLANVIEW_EXPORT std::string RowKey(std::int16_t position, std::string_view kind);
 /// The number in a planning column's or row's key ("COL7" is 7); 0 for a fixed one and for no key.
-[[nodiscard]] std::int16_t PositionOf(std::string_view key);
+[[nodiscard]] PLANVIEW_EXPORT std::int16_t PositionOf(std::string_view key);
 
 // --- The grid as a whole --------------------------------------------------------------------------------------------
 
@@ -88,6 +89,21 @@ private:
     bool before_;
 };
 
+/// Shows by the pointer that the control is at work, or that it is no longer.
+void State(GridControl& grid, bool waiting);
+
+/// Keeps the grid in its waiting state for as long as the object lives.
+class WaitingState {
+public:
+    explicit WaitingState(GridControl& grid) : grid_(grid) { State(grid_, true); }
+    ~WaitingState() { State(grid_, false); }
+    WaitingState(const WaitingState&) = delete;
+    WaitingState& operator=(const WaitingState&) = delete;
+
+private:
+    GridControl& grid_;
+};
+
 /// Makes the key's column the first visible one.
 void FirstColumn(GridControl& grid, std::string_view key, bool redraw);
 void FirstRow(GridControl& grid, std::string_view key, bool redraw);
@@ -112,6 +128,8 @@ void CenterHidden(GridControl& grid, const CellKeyView& keys, bool hidden, bool 
 // --- Cells ----------------------------------------------------------------------------------------------------------
 
 void Contents(GridControl& grid, const CellKeyView& keys, std::string_view text, bool redraw);
+/// The contents of a cell, empty where there is no such cell. Leaves no entry.
+[[nodiscard]] std::string CellText(const GridControl& grid, const CellKeyView& keys);
 void Tooltip(GridControl& grid, const CellKeyView& keys, std::string_view text, bool redraw);
 
 // --- Attributes of cells, columns and rows --------------------------------------------------------------------------

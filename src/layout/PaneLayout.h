@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include <planview/Export.h>
+
 namespace planview {
 
 /// The control's four splitters. Each stands between two panes; a splitter is there while both are.
@@ -16,7 +18,7 @@ enum class Splitter : std::uint8_t {
 inline constexpr std::size_t SplitterCount = 4;
 
 /// The label that a splitter's trace entries carry ("CTRLSPLIT" ...).
-[[nodiscard]] std::string_view SplitterLabel(Splitter splitter) noexcept;
+[[nodiscard]] PLANVIEW_EXPORT std::string_view SplitterLabel(Splitter splitter) noexcept;
 
 /// Hears that panes came, went, or got other sizes.
 class PaneWatcher {
@@ -28,7 +30,7 @@ public:
 /// Which panes the control shows and where its splitters stand. The window follows it through a watcher and reports
 /// what the user does to a splitter. Positions are per mille of the extent that the splitter divides, measured from the
 /// left or top, so that they keep their meaning when the control is resized.
-class PaneLayout {
+class PLANVIEW_EXPORT PaneLayout {
 public:
     /// No pane is made smaller than this share by a splitter.
     static constexpr int LeastShare = 50;

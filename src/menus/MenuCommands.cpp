@@ -99,7 +99,10 @@ bool MenuCommands::IsBound(std::string_view command) const {
 void MenuCommands::Run(std::string_view command) const {
     const std::size_t place = PlaceOf(command);
     if (place < operations_.size() && operations_[place]) {
-        ErrorTrap("POPUP", command, operations_[place]);
+        const std::string_view name = CommandNames[place];  // the caller's own text may end meanwhile
+        if (ErrorTrap("POPUP", name, operations_[place]) && listener_) {
+            listener_(name);
+        }
     }
 }
 

@@ -3,6 +3,7 @@
 #include <functional>
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace planview {
@@ -21,9 +22,12 @@ public:
     [[nodiscard]] bool IsBound(std::string_view command) const;
     /// Runs the operation; an error in it ends in the trace. Nothing for another name, or where none is bound.
     void Run(std::string_view command) const;
+    /// Called after a command has run without an error. There is one listener.
+    void SetListener(std::function<void(std::string_view command)> listener) { listener_ = std::move(listener); }
 
 private:
     std::vector<std::function<void()>> operations_;  // as Names()
+    std::function<void(std::string_view command)> listener_;
 };
 
 }  // namespace planview

@@ -51,6 +51,15 @@ void MenuDispatch::Open(std::string_view column, std::string_view row, PopupPlac
     commands_.Run(command);
 }
 
+std::string MenuDispatch::Ask(MainMenu which, PopupPlace place) {
+    if (open_) {
+        return {};
+    }
+    const BusyScope open(open_);
+    modPopup::Show(parts_.popups, Menu(), which, nullptr, place);
+    return Menu().PendingCommand().command;
+}
+
 std::optional<MainMenu> MenuDispatch::PopupFor(std::string_view column, std::string_view row) const {
     const bool heading = HasPrefix(row, "FTR");
     const bool label = HasPrefix(column, "FLC");

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include <planview/Platform.h>
@@ -43,6 +44,10 @@ public:
     /// `column` and `row` are the keys of the clicked place, or `column` is one of the chart's places. Nothing opens
     /// where no popup fits, and none while another one is open. Returns when the chosen command has ended.
     void Open(std::string_view column, std::string_view row, PopupPlace place);
+
+    /// Shows one of the popups whose entries somebody else prepares and carries out; answers the chosen command, the
+    /// empty text when none was chosen or another popup is open.
+    [[nodiscard]] std::string Ask(MainMenu which, PopupPlace place);
 
     /// Shows the colours, where the popup of the command under way was; the position of the chosen one (0 .. 15), no
     /// value when none was chosen. The pending command is "Color N" then.

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "components/GridControl.h"
+#include "grid/RecordState.h"
 
 namespace planview {
 
@@ -14,8 +15,6 @@ struct HeadingState {
     bool canHide = false;   ///< a selected one is visible and an unselected one stays so
     bool canShow = false;   ///< a selected one is hidden
 };
-
-enum class RecordState { Off, Running, Interrupted };
 
 /// What is true when a popup opens; decides which entries can be chosen and which are checked.
 struct MenuState {

@@ -48,6 +48,20 @@ public:
     std::string Choose(const PopupMenu&, PopupPlace) override { return {}; }
 };
 
+/// Without a screen there is nobody to choose a file.
+class NoFileDialogs final : public FileDialogs {
+public:
+    std::string Save(const FileDialogRequest&) override { return {}; }
+    std::string Open(const FileDialogRequest&) override { return {}; }
+};
+
+class NoProgress final : public Progress {
+public:
+    void Begin(std::string_view, int) override {}
+    bool Advance(int) override { return true; }
+    void End() noexcept override {}
+};
+
 }  // namespace
 
 struct HeadlessPlatform::State {
@@ -56,6 +70,9 @@ struct HeadlessPlatform::State {
     OwnClipboard clipboard;
     LinuxInformation system;
     NoPopups popups;
+    NoFileDialogs fileDialogs;
+    ObjectRegistry objects;
+    NoProgress progress;
 };
 
 HeadlessPlatform::HeadlessPlatform() : state_(std::make_unique<State>()) {}
@@ -63,7 +80,12 @@ HeadlessPlatform::HeadlessPlatform() : state_(std::make_unique<State>()) {}
 HeadlessPlatform::~HeadlessPlatform() = default;
 
 Platform HeadlessPlatform::Interfaces() noexcept {
-    return {state_->messageBoxes, state_->forms, state_->clipboard, state_->system, state_->popups};
+    return {state_->messageBoxes, state_->forms,       state_->clipboard, state_->system,
+            state_->popups,       state_->fileDialogs, state_->objects,   state_->progress};
+}
+
+ObjectRegistry& HeadlessPlatform::Objects() noexcept {
+    return state_->objects;
 }
 
 }  // namespace planview

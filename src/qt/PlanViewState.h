@@ -10,9 +10,11 @@
 #include "qt/grid/GridView.h"
 #include "qt/panes/PaneHost.h"
 #include "qt/platform/QtClipboard.h"
+#include "qt/platform/QtFileDialogs.h"
 #include "qt/platform/QtForms.h"
 #include "qt/platform/QtMessageBoxes.h"
 #include "qt/platform/QtPopups.h"
+#include "qt/platform/QtProgress.h"
 #include "qt/platform/QtSystemInformation.h"
 
 namespace planview {
@@ -26,6 +28,9 @@ struct PlanViewCore {
     QtClipboard clipboard;
     QtSystemInformation system;
     QtPopups popups;
+    QtFileDialogs fileDialogs;
+    ObjectRegistry objects;
+    QtProgress progress;
     SignalSink sink;
     PlanView view;
 };

@@ -42,10 +42,14 @@ PlanViewCore::PlanViewCore(PlanViewWidget& widget, const PlatformOverrides& over
     : messageBoxes(widget),
       forms(widget),
       popups(widget),
+      fileDialogs(widget),
+      progress(widget),
       sink(widget),
       view(Platform{chosen<MessageBoxes>(overrides.messageBoxes, messageBoxes), chosen<Forms>(overrides.forms, forms),
                     chosen<Clipboard>(overrides.clipboard, clipboard),
-                    chosen<SystemInformation>(overrides.system, system), chosen<Popups>(overrides.popups, popups)}) {
+                    chosen<SystemInformation>(overrides.system, system), chosen<Popups>(overrides.popups, popups),
+                    chosen<FileDialogs>(overrides.fileDialogs, fileDialogs),
+                    chosen<ObjectFactory>(overrides.objects, objects), chosen<Progress>(overrides.progress, progress)}) {
     view.AddSink(sink);
 }
 
@@ -99,6 +103,10 @@ PlanViewWidget::~PlanViewWidget() {
 
 PlanView& PlanViewWidget::control() {
     return state_->core->view;
+}
+
+ObjectRegistry& PlanViewWidget::objects() {
+    return state_->core->objects;
 }
 
 // --- Look
@@ -251,6 +259,10 @@ void PlanViewWidget::showSelectedColumnsInChart() {
 
 void PlanViewWidget::showSelectedRowsInChart() {
     runCommand(&PlanView::ShowSelectedRowsInChart, nullptr);
+}
+
+void PlanViewWidget::leaveForecastView() {
+    runCommand(&PlanView::LeaveForecastView, nullptr);
 }
 
 bool PlanViewWidget::isReadOnly() const {

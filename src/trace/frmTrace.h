@@ -5,6 +5,7 @@
 #include <memory>
 #include <string_view>
 
+#include <planview/Export.h>
 #include <planview/Platform.h>
 
 #include "components/ListView.h"
@@ -20,7 +21,7 @@ struct TraceMenuEntry {
 };
 
 /// The trace window: the one place where trace entries live. One instance per process, created on first use.
-class frmTrace final : public Form {
+class PLANVIEW_EXPORT frmTrace final : public Form {
 public:
     static constexpr std::string_view FormName = "frmTrace";
 

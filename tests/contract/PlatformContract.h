@@ -124,4 +124,18 @@ void CheckPopups(Popups& popups, bool hasUser, Choose choose) {
     EXPECT_EQ(popups.Choose({}, PopupPlace::Mouse), "") << "without entries";
 }
 
+/// `cancels` is whether Advance() lets a user of the implementation cancel from step 3 on.
+inline void CheckProgress(Progress& progress, bool cancels) {
+    progress.End();
+    for (const int steps : {1, 1000}) {
+        progress.Begin("Writing the workbook", steps);
+        EXPECT_TRUE(progress.Advance(steps >= 2 ? 2 : 1));
+        if (steps > 3) {
+            EXPECT_EQ(progress.Advance(3), !cancels);
+        }
+        progress.End();
+        progress.End();
+    }
+}
+
 }  // namespace planview::test

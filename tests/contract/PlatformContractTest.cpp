@@ -1,4 +1,6 @@
+#include <planview/AutomationObject.h>
 #include <planview/HeadlessPlatform.h>
+#include <planview/MemoryTable.h>
 
 #include "contract/PlatformContract.h"
 #include "dialogs/frmGrid.h"
@@ -30,12 +32,39 @@ TEST(PlatformContract, Headless) {
     HeadlessPlatform platform;
     CheckPlatform(platform.Interfaces());
     test::CheckPopups(platform.Interfaces().popups, false, [](const std::string&) {});
+    test::CheckProgress(platform.Interfaces().progress, false);
+    EXPECT_EQ(platform.Interfaces().fileDialogs.Save({}), "");
+    EXPECT_EQ(platform.Interfaces().fileDialogs.Open({}), "");
 }
 
 TEST(PlatformContract, Scripted) {
     test::ScriptedPlatform platform;
     CheckPlatform(platform.Interfaces());
     test::CheckPopups(platform, true, [&](const std::string& name) { platform.choices = {name}; });
+    platform.progress.cancelAt = 3;
+    test::CheckProgress(platform.progress, true);
+}
+
+TEST(ObjectRegistry, MakesWhatWasRegistered) {
+    ObjectRegistry objects;
+    EXPECT_EQ(objects.Create("Excel.Application"), nullptr);
+    const ObjectRef first = MemoryTable::WithFieldsOf("TAB");
+    const ObjectRef second = MemoryTable::WithFieldsOf("TEXTS");
+    objects.Register("Excel.Application", [&] { return first; });
+    objects.Register("Other", [&] {
+        objects.Register("Other", [&] { return second; });
+        return first;
+    });
+    EXPECT_EQ(objects.Create("EXCEL.application"), first);
+    EXPECT_EQ(objects.Create("Other"), first) << "registers another one while it is being made";
+    EXPECT_EQ(objects.Create("Other"), second);
+    objects.Register("excel.application", [&] { return second; });
+    EXPECT_EQ(objects.Create("Excel.Application"), second) << "the later one takes the place";
+    objects.Unregister("Excel.Application");
+    objects.Unregister("never there");
+    EXPECT_EQ(objects.Create("Excel.Application"), nullptr);
+    objects.Register("Fails", []() -> ObjectRef { throw AutomationError(AutomationErrorCode::Failed, "no licence"); });
+    EXPECT_THROW((void)objects.Create("Fails"), AutomationError);
 }
 
 TEST(HeadlessPlatform, TellsOfThisMachine) {

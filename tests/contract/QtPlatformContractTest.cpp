@@ -1,18 +1,23 @@
 #include <QApplication>
 #include <QClipboard>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QProgressDialog>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include "contract/PlatformContract.h"
 #include "dialogs/frmGrid.h"
 #include "dialogs/frmRow.h"
 #include "qt/platform/QtClipboard.h"
+#include "qt/platform/QtFileDialogs.h"
 #include "qt/platform/QtForms.h"
 #include "qt/platform/QtMessageBoxes.h"
 #include "qt/platform/QtPopups.h"
+#include "qt/platform/QtProgress.h"
 #include "qt/platform/QtSystemInformation.h"
 #include "trace/frmTrace.h"
 
@@ -107,6 +112,47 @@ TEST(PlatformContract, Qt) {
     test::CheckForms(forms, options, CloseWindow);
     frmRow row(forms, boxes, nullptr);
     test::CheckForms(forms, row, CloseWindow);
+}
+
+TEST(QtFileDialogs, AnswerTheFileWithItsExtension) {
+    QWidget control;
+    QtFileDialogs dialogs(control);
+    const QTemporaryDir folder;
+    const std::string path = folder.path().toStdString();
+    const FileDialogRequest request{"Save plan", path, "Pl\xC3\xA4ne 2025", "Excel workbook", {"xlsx", "xlsm"}};
+    QString title;
+    WhenModal([&](QWidget& window) {
+        title = window.windowTitle();
+        QMetaObject::invokeMethod(&window, "accept");
+    });
+    EXPECT_EQ(dialogs.Save(request), path + "/Pl\xC3\xA4ne 2025.xlsx");
+    EXPECT_EQ(title, "Save plan");
+    CloseWindow();
+    EXPECT_EQ(dialogs.Save(request), "") << "cancelled";
+    CloseWindow();
+    EXPECT_EQ(dialogs.Open(request), "") << "cancelled";
+}
+
+TEST(QtProgress, CanBeCancelledByTheUser) {
+    QWidget control;
+    QtProgress progress(control);
+    test::CheckProgress(progress, false);
+    progress.Begin("Writing the workbook", 100);
+    EXPECT_TRUE(progress.Advance(1));
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* dialog = qobject_cast<QProgressDialog*>(window)) {
+            EXPECT_EQ(dialog->labelText(), "Writing the workbook");
+            dialog->cancel();
+        }
+    }
+    EXPECT_FALSE(progress.Advance(2));
+    progress.End();
+    auto host = std::make_unique<QWidget>();
+    QtProgress orphan(*host);
+    orphan.Begin("Writing the workbook", 100);
+    host.reset();
+    EXPECT_FALSE(orphan.Advance(2)) << "the window went while it was writing";
+    orphan.End();
 }
 
 TEST(QtClipboard, ReadsTheTextAndElseTheCellsOfATable) {

@@ -61,6 +61,8 @@ TEST_F(ControlTest, SixtyFiveMembersKeepTheirNumbers) {
 
 TEST_F(ControlTest, EveryMethodAnswersZeroByNumber) {
     tables.GiveTo(*control);
+    test::AddRow(*tables.macroTree, {{"NODEKEY", "N1"}});
+    control->DP_Import_MacroTree();
     // The two switches of the trace are tried elsewhere.
     for (DispatchId id = 3; id <= 15; ++id) {
         const std::vector<Variant> arguments(id == 7 ? 1 : 0, "N1");
@@ -130,7 +132,8 @@ TEST_F(ControlTest, TheEndReleasesTheTablesInTheirOrder) {
     private:
         Lines& out_;
     } peek(entries);
-    control = std::make_unique<PlanView>(Platform{peek, platform, platform, platform, platform});
+    control = std::make_unique<PlanView>(Platform{peek, platform, platform, platform, platform, platform, platform.objects,
+                                                  platform.progress});
     tables.GiveTo(*control);
     modPlan::Trace_Enable(platform.Interfaces());
     ForgetEntries();
@@ -218,14 +221,18 @@ TEST_F(ControlTest, WindowEventsLeaveTheirEntries) {
                               "USERCONTROL |  | Resize | {width:640 height:480}"}));
 }
 
-TEST_F(ControlTest, ImportsWithoutOwnWorkSayThatTheyRan) {
+TEST_F(ControlTest, ImportsSayThatTheyRan) {
+    tables.GiveTo(*control);
+    test::AddRow(*tables.macroTree, {{"NODEKEY", "N7"}, {"NODETEXT", "Plan"}});
+    ForgetEntries();
     control->DP_Import_Texts();
     control->DP_Import_PopupMenu();
     control->DP_Import_MacroTree();
     control->plv_ActiveNode("N7");
     EXPECT_EQ(Entries(),
-              (Lines{"USERCONTROL |  | DP_Import_Texts | {}", "USERCONTROL |  | DP_Import_PopupMenu | {}",
-                     "USERCONTROL |  | DP_Import_MacroTree | {}", "MACROTREE |  | ActiveNode | {node: N7}"}));
+              (Lines{"USERCONTROL |  | DP_Import_Texts | {}", "TREETOOL |  | TooltipTexts | {}",
+                     "USERCONTROL |  | DP_Import_PopupMenu | {}", "USERCONTROL |  | DP_Import_MacroTree | {}",
+                     "MACROTREE |  | Update | {node: N7 - text: Plan}", "MACROTREE |  | ActiveNode | {node: N7}"}));
 }
 
 TEST(ControlLife, AHostMayEndTheControlFromItsOwnTable) {

@@ -46,7 +46,7 @@ TEST_F(ControlTraceTest, OneSwitchServesBoth) {
     const std::int32_t counter = modPlan::TraceCounter;
     second->plv_EnableTrace();
     EXPECT_EQ(modPlan::TraceCounter, counter) << "enabling twice starts nothing anew";
-    second->DP_Import_Texts();
+    second->DP_Import_PopupMenu();
     EXPECT_EQ(modPlan::TraceCounter, counter + 1);
     second->plv_DisableTrace();
     EXPECT_FALSE(modPlan::TraceEnabled);
@@ -83,17 +83,17 @@ TEST_F(ControlTraceTest, ATraceThatBeginsWhileTheOldOneIsSavedKeepsItsEntries) {
     first->DP_Import_PopupMenu();
     secondDesktop.whileAsking = [this] {
         first->plv_EnableTrace();
-        first->DP_Import_Texts();
+        first->plv_LayoutHide();
     };
     second->plv_DisableTrace();
 
     EXPECT_TRUE(modPlan::TraceEnabled);
-    EXPECT_EQ(Methods(), (Lines{"Trace_Enable", "Morvida", "", "", "", "", "DP_Import_Texts"}));
+    EXPECT_EQ(Methods(), (Lines{"Trace_Enable", "Morvida", "", "", "", "", "plv_LayoutHide"}));
     std::ifstream file(folder + "/MORVIDA.LOG", std::ios::binary);
     std::stringstream log;
     log << file.rdbuf();
     EXPECT_NE(log.str().find("DP_Import_PopupMenu"), std::string::npos) << "the list that was asked about is saved";
-    EXPECT_EQ(log.str().find("DP_Import_Texts"), std::string::npos);
+    EXPECT_EQ(log.str().find("plv_LayoutHide"), std::string::npos);
     EXPECT_EQ(firstDesktop->formCalls, (Lines{"load frmTrace", "load frmTrace", "unload frmTrace"}))
         << "the new list has its window still";
     first->plv_DisableTrace();

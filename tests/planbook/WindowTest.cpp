@@ -1,5 +1,9 @@
 #include <QLineEdit>
+#include <QMenu>
 #include <QSettings>
+#include <QTest>
+#include <QTimer>
+#include <algorithm>
 #include <fstream>
 #include <ostream>
 
@@ -7,6 +11,7 @@
 
 #include "app/FindBar.h"
 #include "app/RecentBooks.h"
+#include "components/chart/ChartControl.h"
 #include "planbook/BookWindow.h"
 
 namespace planbook {
@@ -17,6 +22,29 @@ using planview::SelectionMode;
 using planview::Variant;
 
 using Window = BookWindow;
+
+/// Chooses in the popup that opens next.
+void ChooseInSubmenu(const char* submenu, const char* entry) {
+    QTimer::singleShot(0, [=] {
+        auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_NE(popup, nullptr);
+        const auto find = [](const QMenu& menu, const char* text) -> QAction* {
+            const QList<QAction*> actions = menu.actions();
+            const auto found = std::find_if(actions.begin(), actions.end(),
+                                            [&](const QAction* action) { return action->text() == text; });
+            return found == actions.end() ? nullptr : *found;
+        };
+        QAction* way = find(*popup, submenu);
+        QAction* action = way && way->menu() ? find(*way->menu(), entry) : nullptr;
+        if (!action) {
+            popup->close();
+            FAIL() << "no such entry";
+        }
+        popup->setActiveAction(way);
+        way->menu()->setActiveAction(action);
+        QTest::keyClick(way->menu(), Qt::Key_Return);
+    });
+}
 
 // --- Saving
 
@@ -168,6 +196,23 @@ TEST(Window, DoesNotCloseOverAnEntryThatCouldNotBeSaved) {
         EXPECT_EQ(w.questions.failures.size(), 1U);
     }
     EXPECT_TRUE(w.window.close());
+}
+
+TEST(Window, PutsABookAwayWithTheMarksOfItsUsualView) {
+    const TestFolder folder;
+    const std::filesystem::path file = MakeSmallBook(folder);
+    Window w(file);
+    w.window.show();
+    planview::PlanViewWidget& view = w.window.view();
+    if (!view.chartShown()) {
+        view.switchChart();
+    }
+    const std::string before = DumpTable(LoadBook(file), BookTable::LineIndex);
+    ChooseInSubmenu("Chart view", "Forecast (Compare)");
+    view.control().Chart().UserPressed(2, 0, {planview::ChartHitCode::PlotArea, 0, 0});
+    EXPECT_NE(DumpTable(LoadBook(file), BookTable::LineIndex), before) << "the forecast view has marks of its own";
+    EXPECT_TRUE(w.window.close());
+    EXPECT_EQ(DumpTable(LoadBook(file), BookTable::LineIndex), before);
 }
 
 // --- Two windows on one book

@@ -177,7 +177,12 @@ void ChartMouseTest::nothingMovesThatMayNot() {
     const QPoint from = screen.grip(1, 2);
     drag(screen, from, from - QPoint(0, 80));
     QVERIFY(!screen.view().moved());
+    QVERIFY(screen.view().bubbleText().contains("cannot be changed"));
+    moveMouse(screen.port(), from - QPoint(0, 90), Qt::LeftButton);
+    QVERIFY(screen.view().bubbleText().contains("cannot be changed"));
     release(screen, from - QPoint(0, 80));
+    moveMouse(screen.port(), QPoint(2, 2));
+    QCOMPARE(screen.view().bubbleText(), QString());
 
     Late(screen.chart.Object()).Put("AllowValueChange", false);
     const QPoint other = screen.grip(2, 2);

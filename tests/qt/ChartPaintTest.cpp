@@ -236,7 +236,15 @@ void ChartPaintTest::impossibleTrendIsSaid() {
     QCOMPARE(entries[3].text, QStringLiteral("Power (Construction)"));
     QVERIFY(entries[3].kind == ChartLegendBox::Entry::Kind::Trend);
     QVERIFY(entries[4].kind == ChartLegendBox::Entry::Kind::NoTrend);
-    QVERIFY(entries[4].text.startsWith(QStringLiteral("Power (Manufacturing): ")));
+    QCOMPARE(entries[4].text + entries[4].remark(), QStringLiteral("Power (Manufacturing) (not possible)"));
+    QVERIFY2(entries[4].reason.endsWith(QStringLiteral("the value in P4 is -1.")), qPrintable(entries[4].reason));
+    QVERIFY(!laid.layout.legend().isCut(entries[4]));
+    // However long the name is, the remark is seen and the plot keeps its room.
+    state.series[1].caption = std::string(200, 'm');
+    const LaidOut named(state);
+    const auto& entry = named.layout.legend().entries()[4];
+    QVERIFY(entry.rect.width() <= 240);
+    QVERIFY(named.layout.legend().isCut(entry));
     const ChartHit hit = laid.layout.hitTest(entries[3].rect.center(), 5);
     QVERIFY(hit.code == ChartHitCode::Trendline && hit.series == 1);
 }

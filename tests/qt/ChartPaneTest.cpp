@@ -13,6 +13,7 @@ class ChartPaneTest : public QObject {
 private Q_SLOTS:
     void initTestCase() { useTestFont(); }
     void rowsInTheChartCarryDots();
+    void linesOfTheForecastCarryLetters();
     void draggedPointReachesTheTable();
     void readOnlyRowStaysAsItIs();
     void clickedPointIsTheCurrentCell();
@@ -70,9 +71,28 @@ void ChartPaneTest::rowsInTheChartCarryDots() {
     QVERIFY(hasDot("ROW2"));
     QVERIFY(hasDot("ROW4"));
     const RowDots& dots = screen.view().rowDots();
-    QCOMPARE(dots.at("ROW3"), ChartColors(screen.chart().chart().State(), GridTheme::light()).series(2));
+    QCOMPARE(dots.at("ROW3").color, ChartColors(screen.chart().chart().State(), GridTheme::light()).series(2));
     screen.widget->control().SwitchChart();
     QVERIFY(!hasDot("ROW2"));
+}
+
+void ChartPaneTest::linesOfTheForecastCarryLetters() {
+    Screen screen;
+    const auto letterOf = [&](const char* row) {
+        const auto dot = screen.view().rowDots().find(row);
+        return dot == screen.view().rowDots().end() ? QChar() : dot->second.letter;
+    };
+    screen.platform.choices = {"mnuForecast1"};
+    QTest::mouseClick(screen.chart().viewport(), Qt::RightButton, {}, QPoint(5, 5));
+    QTest::mouseClick(screen.port(), Qt::LeftButton, {}, screen.middle(QStringLiteral("FLC0/ROW3")));
+    QCOMPARE(letterOf("ROW3"), QChar('S'));  // before there is anything to draw
+    QTest::mouseClick(screen.port(), Qt::LeftButton, {}, screen.middle(QStringLiteral("FLC0/ROW2")));
+    QCOMPARE(letterOf("ROW3"), QChar('S'));
+    QCOMPARE(letterOf("ROW2"), QChar('F'));
+    QCOMPARE(screen.chart().chart().State().SeriesCount(), 2);
+    screen.widget->leaveForecastView();
+    QCOMPARE(letterOf("ROW3"), QChar());
+    QCOMPARE(screen.chart().chart().State().SeriesCount(), 3);
 }
 
 void ChartPaneTest::draggedPointReachesTheTable() {

@@ -8,14 +8,40 @@
 #include <utility>
 #include <vector>
 
+#include <planview/ObjectRegistry.h>
 #include <planview/Platform.h>
 
 namespace planview::test {
 
 /// A platform that does what the test says and remembers what it was asked.
-class ScriptedPlatform : public MessageBoxes, public Forms, public Clipboard, public SystemInformation, public Popups {
+class ScriptedPlatform : public MessageBoxes,
+                         public Forms,
+                         public Clipboard,
+                         public SystemInformation,
+                         public Popups,
+                         public FileDialogs {
 public:
-    [[nodiscard]] Platform Interfaces() { return {*this, *this, *this, *this, *this}; }
+    /// Remembers how far the operations came.
+    struct RecordedProgress final : Progress {
+        std::vector<std::string> titles;  ///< of each operation that began
+        int steps = 0;
+        int done = 0;
+        int ended = 0;
+        std::optional<int> cancelAt;  ///< the user cancels when so many steps are done
+
+        void Begin(std::string_view title, int stepCount) override {
+            titles.emplace_back(title);
+            steps = stepCount;
+            done = 0;
+        }
+        bool Advance(int stepsDone) override {
+            done = stepsDone;
+            return !cancelAt || done < *cancelAt;
+        }
+        void End() noexcept override { ++ended; }
+    };
+
+    [[nodiscard]] Platform Interfaces() { return {*this, *this, *this, *this, *this, *this, objects, progress}; }
 
     // What to answer.
     std::optional<MessageAnswer> answer;  ///< none: the default button
@@ -30,6 +56,11 @@ public:
     /// the popup does not offer enabled is dropped, as a user could not choose it.
     std::deque<std::string> choices;
 
+    /// The files to choose in the file dialogs, one after another; cancelled when there is none.
+    std::deque<std::string> savePaths;
+    std::deque<std::string> openPaths;
+    ObjectRegistry objects;
+
     ClipboardContents onClipboard;
 
     // What was asked.
@@ -37,6 +68,8 @@ public:
     std::vector<std::string> formCalls;
     std::vector<PopupMenu> popups;  ///< in the order in which they were opened
     std::vector<PopupPlace> popupPlaces;
+    std::vector<FileDialogRequest> fileRequests;
+    RecordedProgress progress;
 
     MessageAnswer Show(const MessageBoxRequest& request) override {
         messages.push_back(request);
@@ -77,7 +110,19 @@ public:
         return Offers(menu.entries, wanted) ? wanted : std::string();
     }
 
+    std::string Save(const FileDialogRequest& request) override { return NextPath(request, savePaths); }
+    std::string Open(const FileDialogRequest& request) override { return NextPath(request, openPaths); }
+
 private:
+    std::string NextPath(const FileDialogRequest& request, std::deque<std::string>& paths) {
+        fileRequests.push_back(request);
+        if (paths.empty()) {
+            return {};
+        }
+        std::string path = paths.front();
+        paths.pop_front();
+        return path;
+    }
     static bool Offers(const std::vector<PopupEntry>& entries, const std::string& name) {
         return std::any_of(entries.begin(), entries.end(), [&](const PopupEntry& entry) {
             return entry.enabled && (entry.entries.empty() ? entry.name == name : Offers(entry.entries, name));

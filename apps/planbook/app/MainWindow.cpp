@@ -149,7 +149,11 @@ void MainWindow::reload() {
 }
 
 bool MainWindow::finishWork() {
-    return view_->finishEditing() && session_->settle();
+    if (!view_->finishEditing()) {
+        return false;
+    }
+    view_->leaveForecastView();  // a book is kept with the marks of its usual view
+    return session_->settle();
 }
 
 void MainWindow::bookOpened() {

@@ -106,7 +106,6 @@ void RunView(int& argc, char** argv, const ViewRequest& request) {
     QApplication::setStyle("Fusion");
     QApplication::setOrganizationName("planbook");  // both name the user's settings
     QApplication::setApplicationName("planbook");
-    QApplication::setApplicationDisplayName("planbook");
     QApplication::setWindowIcon(QIcon(":/planbook/planbook.svg"));
 
     HostMessageBoxes messageBoxes;

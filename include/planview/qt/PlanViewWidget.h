@@ -10,6 +10,8 @@
 #include <memory>
 
 #include <planview/AutomationObject.h>
+#include <planview/Export.h>
+#include <planview/ObjectRegistry.h>
 #include <planview/PlanView.h>
 #include <planview/Platform.h>
 
@@ -27,6 +29,9 @@ struct PlatformOverrides {
     Clipboard* clipboard = nullptr;        ///< instead of QClipboard
     SystemInformation* system = nullptr;   ///< instead of what Linux says
     Popups* popups = nullptr;              ///< instead of QMenu
+    FileDialogs* fileDialogs = nullptr;    ///< instead of QFileDialog
+    ObjectFactory* objects = nullptr;      ///< instead of PlanViewWidget::objects()
+    Progress* progress = nullptr;          ///< instead of QProgressDialog
 };
 
 /// The planning table as a widget.
@@ -36,7 +41,7 @@ struct PlatformOverrides {
 /// PlanView for what the members do, for the order of calls and for errors.
 ///
 /// The widget may be deleted at any time, also inside a slot that one of its own signals called.
-class PlanViewWidget : public QWidget {
+class PLANVIEW_EXPORT PlanViewWidget : public QWidget {
     Q_OBJECT
     Q_PROPERTY(ColorScheme colorScheme READ colorScheme WRITE setColorScheme NOTIFY colorSchemeChanged)
     Q_PROPERTY(double textScale READ textScale WRITE setTextScale NOTIFY textScaleChanged)
@@ -61,6 +66,9 @@ public:
 
     /// The control behind the widget, for late binding and for event sinks; lives as long as the widget.
     [[nodiscard]] PlanView& control();
+
+    /// Where the host registers objects of other programs, such as the spreadsheet application. Empty at first.
+    [[nodiscard]] ObjectRegistry& objects();
 
     /// @{
     /// System follows the widget's palette, which follows the desktop.
@@ -197,6 +205,8 @@ public:
     Q_INVOKABLE void showSelectedColumnsInChart();
     Q_INVOKABLE void showSelectedRowsInChart();
     /// @}
+    /// Ends the chart's forecast view; nothing in another view.
+    Q_INVOKABLE void leaveForecastView();
     /// Writes the chart as a PNG, PDF or SVG file, as the suffix of the path says, in the given size in logical pixels
     /// or a usual one. Answers a sentence for the user about what went wrong, empty when the file is written.
     Q_INVOKABLE QString saveChart(const QString& path, QSize size = {}) const;

@@ -50,6 +50,15 @@ void ChartControl::SetComparison(int base) {
     }
 }
 
+void ChartControl::NameComparedLines(std::string sales, std::string forecast) {
+    ChartState& state = model_->state;
+    if (state.salesKey != sales || state.forecastKey != forecast) {
+        state.salesKey = std::move(sales);
+        state.forecastKey = std::move(forecast);
+        model_->Touch();
+    }
+}
+
 void ChartControl::CopyPicture() const {
     if (model_->watcher) {
         model_->watcher->CopyPicture();

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include <planview/AutomationObject.h>
+#include <planview/Export.h>
 
 #include "components/chart/ChartState.h"
 
@@ -46,7 +47,7 @@ struct ChartModel;
 ///
 /// A series keeps its colour and its trend lines through every rebuild as long as whoever fills the chart gives it the
 /// same key.
-class ChartControl {
+class PLANVIEW_EXPORT ChartControl {
 public:
     ChartControl();
     ~ChartControl();
@@ -75,6 +76,8 @@ public:
     [[nodiscard]] std::optional<ChartColor> ColorOf(std::string_view key) const;
     /// `base` as ChartState::comparisonBase.
     void SetComparison(int base);
+    /// Keys of the lines that are chosen for a comparison; empty for none.
+    void NameComparedLines(std::string sales, std::string forecast);
     /// Asks the view for it; nothing without one.
     void CopyPicture() const;
 
@@ -96,7 +99,7 @@ private:
 };
 
 /// The sixteen colours that the chart's "ColorIndex" members count, from 0.
-[[nodiscard]] ChartColor ChartPaletteColor(int index);
+[[nodiscard]] PLANVIEW_EXPORT ChartColor ChartPaletteColor(int index);
 inline constexpr int ChartPaletteSize = 16;
 
 }  // namespace planview

@@ -3,6 +3,8 @@
 #include <optional>
 #include <vector>
 
+#include <planview/Export.h>
+
 #include "components/chart/ChartScale.h"
 #include "components/chart/ChartStacking.h"
 #include "components/chart/TrendFit.h"
@@ -27,7 +29,7 @@ struct ChartRect {
 /// Worked out once for a state, a rectangle and a scale; what a painter draws is what a click hits.
 ///
 /// Series and categories are numbered from 1 here, as in ChartHit.
-class ChartPlot {
+class PLANVIEW_EXPORT ChartPlot {
 public:
     /// `maximumSteps` as in ChartScaleRequest. The state must outlive the plot.
     ChartPlot(const ChartState& state, const ChartRect& area, int maximumSteps);

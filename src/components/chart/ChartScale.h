@@ -2,10 +2,12 @@
 
 #include <optional>
 
+#include <planview/Export.h>
+
 namespace planview {
 
 /// A value axis from `minimum` to `maximum` with a mark every `step`, counted from `firstMark`.
-struct ChartScale {
+struct PLANVIEW_EXPORT ChartScale {
     double minimum = 0;
     double maximum = 1;
     double step = 1;

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include <planview/Export.h>
+
 #include "components/chart/ChartState.h"
 
 namespace planview {
@@ -30,12 +32,12 @@ struct ChartStack {
 /// Stacked columns pile positive values up and negative ones down, each kind of column by itself; stacked lines add
 /// up in series order whatever their sign. In a share type each value is divided by the sum of the absolute values of
 /// its kind in its category; a category whose sum is 0 has shares of 0.
-[[nodiscard]] ChartStack StackSeries(const ChartState& state);
+[[nodiscard]] PLANVIEW_EXPORT ChartStack StackSeries(const ChartState& state);
 
 /// The own value that a series must have in a category (both from 0) so that its span ends at `to`, in the units of its
 /// axis: for the user who drags a point of a stack. The other series stay as they are. Where no value gives that end,
 /// the nearest that does; the value it has where its share is the same for all: without other values, or as the last of
 /// its category. A share can come up to 99.9 %, since all of it would need a value without end.
-[[nodiscard]] double OwnValueFor(const ChartState& state, int series, int category, double to);
+[[nodiscard]] PLANVIEW_EXPORT double OwnValueFor(const ChartState& state, int series, int category, double to);
 
 }  // namespace planview

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <planview/Export.h>
+
 #include "components/chart/ChartTypes.h"
 
 namespace planview {
@@ -85,7 +87,7 @@ struct ChartLegend {
 };
 
 /// All of a chart: what the object model reads and writes and what a painter draws.
-struct ChartState {
+struct PLANVIEW_EXPORT ChartState {
     ChartType type = ChartType::Column;
     bool allowContextMenus = false;
     bool allowDialogs = false;
@@ -95,6 +97,9 @@ struct ChartState {
     /// other is measured by. 0: no comparison.
     int comparisonBase = 0;
     [[nodiscard]] bool IsComparison() const noexcept { return comparisonBase != 0; }
+    /// The keys of the two lines that are chosen for a comparison, be it drawn or not yet; empty: none chosen.
+    std::string salesKey;
+    std::string forecastKey;
 
     std::string title;
     ChartFont titleFont;

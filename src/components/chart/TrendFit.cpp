@@ -44,23 +44,6 @@ std::string TooFew(TrendKind kind, std::size_t count, std::size_t needed) {
     return Subject(kind) + over + " needs at least " + std::to_string(needed) + " values; " + found + ".";
 }
 
-/// Why this kind cannot be fitted to the values; empty where it can.
-std::string LimitOf(TrendKind kind, std::span<const double> values, std::size_t needed) {
-    if (values.size() < needed) {
-        return TooFew(kind, values.size(), needed);
-    }
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        const std::string period = "the value in period " + std::to_string(i + 1) + " is ";
-        if (!std::isfinite(values[i])) {
-            return Subject(kind) + " needs numbers; " + period + "none.";
-        }
-        if (TakesLogarithmOfValues(kind) && values[i] <= 0) {
-            return Subject(kind) + " needs values above 0; " + period + NumberText(values[i], GridDecimalMark) + ".";
-        }
-    }
-    return {};
-}
-
 struct Line {
     long double intercept = 0;
     long double slope = 0;
@@ -90,12 +73,11 @@ std::optional<double> Finite(long double value) {
 
 TrendFit::TrendFit(TrendKind kind, std::span<const double> values, int period)
     : kind_(kind), period_(std::max(2, period)), count_(values.size()) {
-    const bool average = kind == TrendKind::MovingAverage;
-    limit_ = LimitOf(kind, values, average ? static_cast<std::size_t>(period_) : 2);
+    obstacle_ = FindObstacle(values);
     if (!IsValid()) {
         return;
     }
-    if (average) {
+    if (kind == TrendKind::MovingAverage) {
         TakeMeans(values);
         return;
     }
@@ -114,6 +96,43 @@ TrendFit::TrendFit(TrendKind kind, std::span<const double> values, int period)
     const Line line = FitLine(x, y);
     intercept_ = line.intercept;
     slope_ = line.slope;
+}
+
+std::size_t TrendFit::NeededValues() const noexcept {
+    return kind_ == TrendKind::MovingAverage ? static_cast<std::size_t>(period_) : 2;
+}
+
+TrendFit::Obstacle TrendFit::FindObstacle(std::span<const double> values) const {
+    if (values.size() < NeededValues()) {
+        return {ObstacleKind::TooFewValues};
+    }
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        if (!std::isfinite(values[i])) {
+            return {ObstacleKind::NoNumber, i};
+        }
+        if (TakesLogarithmOfValues(kind_) && values[i] <= 0) {
+            return {ObstacleKind::NotAboveZero, i, values[i]};
+        }
+    }
+    return {};
+}
+
+std::string TrendFit::Limit(std::span<const std::string> periods) const {
+    const std::size_t place = obstacle_.place;
+    const bool named = place < periods.size() && !periods[place].empty();
+    const std::string value = "the value in " + (named ? periods[place] : "period " + std::to_string(place + 1)) + " is ";
+    switch (obstacle_.kind) {
+        case ObstacleKind::TooFewValues:
+            return TooFew(kind_, count_, NeededValues());
+        case ObstacleKind::NoNumber:
+            return Subject(kind_) + " needs numbers; " + value + "none.";
+        case ObstacleKind::NotAboveZero:
+            return Subject(kind_) + " needs values above 0; " + value + NumberText(obstacle_.value, GridDecimalMark) +
+                   ".";
+        case ObstacleKind::None:
+            break;
+    }
+    return {};
 }
 
 void TrendFit::TakeMeans(std::span<const double> values) {

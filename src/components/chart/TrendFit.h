@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include <planview/Export.h>
+
 #include "components/chart/ChartTypes.h"
 
 namespace planview {
@@ -15,15 +17,16 @@ namespace planview {
 /// Linear y = a + b x, logarithmic y = a + b ln x, power y = a x^b and exponential y = a e^(b x) are fitted by least
 /// squares; the last two through the logarithms of the values, and only where all values are above zero. A moving
 /// average has no formula: it is the mean of the last `period` values, from the period's first whole window on.
-class TrendFit {
+class PLANVIEW_EXPORT TrendFit {
 public:
     /// `period` counts for the moving average only, at least 2.
     TrendFit(TrendKind kind, std::span<const double> values, int period = 2);
 
     /// Whether there is anything to draw; Limit() says why not.
-    [[nodiscard]] bool IsValid() const noexcept { return limit_.empty(); }
-    /// A sentence for the user: what this kind needs and which value is in the way. Empty for a valid fit.
-    [[nodiscard]] const std::string& Limit() const noexcept { return limit_; }
+    [[nodiscard]] bool IsValid() const noexcept { return obstacle_.kind == ObstacleKind::None; }
+    /// A sentence for the user: what this kind needs and which value is in the way, by the name of its period where
+    /// `periods` has one, else by its number. Empty for a valid fit.
+    [[nodiscard]] std::string Limit(std::span<const std::string> periods = {}) const;
     [[nodiscard]] TrendKind Kind() const noexcept { return kind_; }
     /// The two numbers of the formula. The factor of a very steep curve may lie outside of what a double holds, and is
     /// then 0 or infinite; At() is right all the same.
@@ -35,6 +38,15 @@ public:
     [[nodiscard]] std::optional<double> At(double x) const;
 
 private:
+    enum class ObstacleKind { None, TooFewValues, NoNumber, NotAboveZero };
+    struct Obstacle {
+        ObstacleKind kind = ObstacleKind::None;
+        std::size_t place = 0;  ///< of the value, from 0
+        double value = 0;
+    };
+
+    [[nodiscard]] Obstacle FindObstacle(std::span<const double> values) const;
+    [[nodiscard]] std::size_t NeededValues() const noexcept;
     void TakeMeans(std::span<const double> values);
     [[nodiscard]] std::optional<double> MeanAt(double x) const;
 
@@ -45,10 +57,10 @@ private:
     long double intercept_ = 0;
     long double slope_ = 0;
     std::vector<double> means_;  // of a moving average, from its first whole window on
-    std::string limit_;
+    Obstacle obstacle_;
 };
 
 /// "Linear", "Logarithmic", "Power", "Exponential", "Moving average".
-[[nodiscard]] const char* TrendKindName(TrendKind kind) noexcept;
+[[nodiscard]] PLANVIEW_EXPORT const char* TrendKindName(TrendKind kind) noexcept;
 
 }  // namespace planview

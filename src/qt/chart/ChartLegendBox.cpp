@@ -22,6 +22,8 @@ constexpr double SwatchGap = 7;
 constexpr double EntryGap = 14;
 constexpr double RowGap = 8;
 constexpr double TightRowGap = 2;
+/// An entry is no wider, in logical pixels; its bubble has all of its text.
+constexpr double WidestEntry = 240;
 /// The parts of the chart that a legend takes at most.
 constexpr double WidestPart = 0.34;
 constexpr double HighestPart = 0.3;
@@ -45,23 +47,25 @@ void ChartLegendBox::collect(const ChartPlot& plot) {
     }
     for (int series = 1; series <= state.SeriesCount(); ++series) {
         const bool column = IsColumnType(state.series[static_cast<std::size_t>(series - 1)].type);
-        entries_.push_back({column ? Kind::Column : Kind::Line, series, 0, seriesName(state, series), {}});
+        entries_.push_back({column ? Kind::Column : Kind::Line, series, 0, seriesName(state, series), {}, {}});
     }
     for (int series = 1; series <= state.SeriesCount(); ++series) {
         const auto count = static_cast<int>(state.series[static_cast<std::size_t>(series - 1)].look->trends.size());
         for (int trend = 1; trend <= count; ++trend) {
             const TrendFit& fit = plot.Fit(series, trend);
-            QString text = trendName(state, series, trend);
-            if (!fit.IsValid()) {
-                text += QStringLiteral(": ") + words(fit.Limit().c_str());
+            const QString text = trendName(state, series, trend);
+            if (fit.IsValid()) {
+                entries_.push_back({Kind::Trend, series, trend, text, {}, {}});
+            } else {
+                const QString reason = QString::fromStdString(fit.Limit(state.categories));
+                entries_.push_back({Kind::NoTrend, series, trend, text, reason, {}});
             }
-            entries_.push_back({fit.IsValid() ? Kind::Trend : Kind::NoTrend, series, trend, text, {}});
         }
     }
     if (state.IsComparison() && state.SeriesCount() >= 2) {
         const QString measured = seriesName(state, state.comparisonBase == 1 ? 2 : 1);
-        entries_.push_back({Kind::Above, 0, 0, words("%1 higher").arg(measured), {}});
-        entries_.push_back({Kind::Below, 0, 0, words("%1 lower").arg(measured), {}});
+        entries_.push_back({Kind::Above, 0, 0, words("%1 higher").arg(measured), {}, {}});
+        entries_.push_back({Kind::Below, 0, 0, words("%1 lower").arg(measured), {}, {}});
     }
 }
 
@@ -69,10 +73,18 @@ double ChartLegendBox::swatchWidth() const {
     return scene_.pixels(Swatch + SwatchGap);
 }
 
-double ChartLegendBox::entryWidth(const QString& text) const {
+double ChartLegendBox::fullWidth(const Entry& entry) const {
     QFont bold(font_);  // as the entry of what is selected
     bold.setBold(true);
-    return swatchWidth() + QFontMetricsF(bold).horizontalAdvance(text) + 1;
+    return swatchWidth() + QFontMetricsF(bold).horizontalAdvance(entry.text + entry.remark()) + 1;
+}
+
+double ChartLegendBox::entryWidth(const Entry& entry) const {
+    return std::min(fullWidth(entry), scene_.pixels(WidestEntry));
+}
+
+QString ChartLegendBox::Entry::remark() const {
+    return reason.isEmpty() ? QString() : QLatin1Char(' ') + words("(not possible)");
 }
 
 void ChartLegendBox::takeFrom(QRectF& area) {
@@ -103,7 +115,7 @@ void ChartLegendBox::cutTo(std::size_t count) {
     count = std::max<std::size_t>(count, 1);
     const int missing = static_cast<int>(entries_.size() - count) + 1;
     entries_.resize(count);
-    entries_.back() = {Kind::More, 0, 0, words("+%1 more").arg(missing), entries_.back().rect};
+    entries_.back() = {Kind::More, 0, 0, words("+%1 more").arg(missing), {}, entries_.back().rect};
 }
 
 void ChartLegendBox::placeInColumn(QRectF& area, bool left) {
@@ -111,7 +123,7 @@ void ChartLegendBox::placeInColumn(QRectF& area, bool left) {
     const double margin = scene_.pixels(Margin);
     double width = 0;
     for (const Entry& entry : entries_) {
-        width = std::max(width, entryWidth(entry.text));
+        width = std::max(width, entryWidth(entry));
     }
     width = std::min(width, area.width() * WidestPart);
     const double taken = width + 2 * padding + margin;
@@ -152,7 +164,7 @@ void ChartLegendBox::placeInRows(QRectF& area, bool top) {
     double x = left;
     int row = 0;
     for (std::size_t i = 0; i < entries_.size(); ++i) {
-        const double width = std::min(entryWidth(entries_[i].text), area.width());
+        const double width = std::min(entryWidth(entries_[i]), area.width());
         if (x > left && x + width > area.right()) {
             x = left;
             ++row;
@@ -161,7 +173,7 @@ void ChartLegendBox::placeInRows(QRectF& area, bool top) {
             --row;
             cutTo(i);
             entries_.back().rect.setWidth(
-                std::min(entryWidth(entries_.back().text), area.right() - entries_.back().rect.left()));
+                std::min(entryWidth(entries_.back()), area.right() - entries_.back().rect.left()));
             break;
         }
         entries_[i].rect = QRectF(x, row * pitch, width, pitch);
@@ -199,7 +211,7 @@ const ChartLegendBox::Entry* ChartLegendBox::entryAt(QPointF point) const {
 }
 
 bool ChartLegendBox::isCut(const Entry& entry) const {
-    return entryWidth(entry.text) > entry.rect.width() + 1;
+    return fullWidth(entry) > entry.rect.width() + 1;
 }
 
 void ChartLegendBox::paint(QPainter& painter, const ChartColors& colors) const {
@@ -226,7 +238,9 @@ void ChartLegendBox::paint(QPainter& painter, const ChartColors& colors) const {
         const bool steppedBack = entry.kind == Kind::NoTrend || entry.kind == Kind::More;
         painter.setPen(QColor::fromRgb(steppedBack ? colors.legendMuted() : colors.legendText()));
         const QRectF rect = entry.rect.adjusted(swatchWidth(), 0, 0, 0);
-        const QString text = QFontMetricsF(font).elidedText(entry.text, Qt::ElideRight, rect.width());
+        const QFontMetricsF used(font);
+        const double room = rect.width() - used.horizontalAdvance(entry.remark());
+        const QString text = used.elidedText(entry.text, Qt::ElideRight, room) + entry.remark();
         painter.drawText(QPointF(rect.left(), rect.center().y() - metrics.height() / 2 + metrics.ascent()), text);
     }
 }

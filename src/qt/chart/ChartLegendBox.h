@@ -23,7 +23,11 @@ public:
         int series = 0;
         int trend = 0;
         QString text;
+        QString reason;  ///< of NoTrend: why there is no such trend line
         QRectF rect;
+
+        /// What follows the text, however much of that is cut off.
+        [[nodiscard]] QString remark() const;
     };
 
     ChartLegendBox(const ChartScene& scene, const QFont& font);
@@ -48,7 +52,8 @@ private:
     void placeInColumn(QRectF& area, bool left);
     void placeInRows(QRectF& area, bool top);
     void cutTo(std::size_t count);
-    [[nodiscard]] double entryWidth(const QString& text) const;
+    [[nodiscard]] double fullWidth(const Entry& entry) const;
+    [[nodiscard]] double entryWidth(const Entry& entry) const;
     [[nodiscard]] double swatchWidth() const;
     void paintSwatch(QPainter& painter, const ChartColors& colors, const Entry& entry) const;
 

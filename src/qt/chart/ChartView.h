@@ -120,6 +120,7 @@ private:
 
     void setBubble(std::optional<Bubble> bubble);
     void showPointBubble(const Place& place);
+    void showRefusal(const Place& place);
     void hover(QPoint point);
     [[nodiscard]] bool mayChange(const Place& place);
     void press(QMouseEvent& event);
@@ -148,6 +149,7 @@ private:
 
     std::optional<Bubble> bubble_;
     std::optional<Press> press_;
+    bool refused_ = false;  ///< the drag under way was of a point that may not change
     std::optional<MovedPoint> moved_;
     std::optional<Place> cursor_;  // of the keyboard
     std::optional<Place> asked_;   // whether this point may change has been asked

@@ -65,6 +65,7 @@ void ChartView::press(QMouseEvent& event) {
     if (moved_ || (event.button() != Qt::LeftButton && event.button() != Qt::RightButton)) {
         return;
     }
+    refused_ = false;
     const QPoint at = event.position().toPoint();
     const ChartHit hit = hitTest(at);
     const std::int16_t shift = shiftOf(event.modifiers());
@@ -96,7 +97,11 @@ void ChartView::mouseMoveEvent(QMouseEvent* event) {
         moveTo(at);
         return;
     }
-    if (!press_ || !event->buttons().testFlag(Qt::LeftButton)) {
+    const bool held = event->buttons().testFlag(Qt::LeftButton);
+    if (refused_ && held) {
+        return;  // the reason stays until the button is let go
+    }
+    if (!press_ || !held) {
         press_.reset();
         hover(at);
         return;
@@ -115,6 +120,8 @@ void ChartView::mouseMoveEvent(QMouseEvent* event) {
     if (!chart_.UserMayChange(hit.series, hit.category)) {
         if (self) {
             press_.reset();
+            refused_ = true;
+            showRefusal({hit.series, hit.category});
         }
         return;
     }
@@ -131,6 +138,7 @@ void ChartView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) {
         return;
     }
+    refused_ = false;
     if (moved_) {
         endMoving();
     } else {
@@ -153,8 +161,8 @@ void ChartView::hover(QPoint point) {
     const ChartLegendBox::Entry* entry = layout().legend().entryAt(point);
     if (hit.code == ChartHitCode::Point) {
         showPointBubble(place);
-    } else if (entry && layout().legend().isCut(*entry)) {
-        setBubble(Bubble{entry->rect, entry->text, {}});
+    } else if (entry && (layout().legend().isCut(*entry) || !entry->reason.isEmpty())) {
+        setBubble(Bubble{entry->rect, entry->text + entry->remark(), entry->reason});
     } else if (hit.code == ChartHitCode::Trendline && !entry) {
         setBubble(Bubble{QRectF(point, QSizeF(1, 1)), trendName(state, hit.series, 1), {}});
     } else {
@@ -190,6 +198,13 @@ void ChartView::showPointBubble(const Place& place) {
     const ChartSeries& series = state.series[static_cast<std::size_t>(place.series - 1)];
     const double value = series.values[static_cast<std::size_t>(place.category - 1)];
     setBubble(Bubble{rect, pointName(state, place.series, place.category), valueText(series, value)});
+}
+
+void ChartView::showRefusal(const Place& place) {
+    if (isPoint(place)) {
+        setBubble(
+            Bubble{pointRect(place.series, place.category), describe(place), tr("This value cannot be changed")});
+    }
 }
 
 void ChartView::wheelEvent(QWheelEvent* event) {
@@ -391,8 +406,7 @@ void ChartView::changeBy(const Place& place, int steps) {
         return;
     }
     if (!may) {
-        const QRectF rect = pointRect(place.series, place.category);
-        setBubble(Bubble{rect, describe(place), tr("This value cannot be changed")});
+        showRefusal(place);
         return;
     }
     const MovedPoint point(chart_.State(), layout().plot(), layout().maximumSteps(), place.series, place.category);

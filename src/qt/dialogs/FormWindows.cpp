@@ -4,6 +4,7 @@
 #include "qt/dialogs/GridOptionsDialog.h"
 #include "qt/dialogs/RowDialog.h"
 #include "qt/dialogs/TraceDialog.h"
+#include "qt/dialogs/UploadDialog.h"
 
 namespace planview {
 
@@ -28,6 +29,7 @@ constexpr FormWindow Windows[] = {
     windowOf<frmGrid, GridOptionsDialog>(),
     windowOf<frmRow, RowDialog>(),
     windowOf<frmTrace, TraceDialog>(),
+    windowOf<frmUpload, UploadDialog>(),
 };
 
 }  // namespace

@@ -12,6 +12,8 @@ using Area = AxisLayout::Area;
 constexpr int MarkWidth = 2;
 constexpr int PendingCornerSize = 7;
 constexpr int DotSize = 7;
+constexpr int LetteredDotSize = 14;
+constexpr int LetterPixels = 10;
 constexpr int HintLength = 14;
 constexpr int HintInset = 3;
 /// How far to the left a text is looked for that runs on into the first visible cell.
@@ -214,10 +216,12 @@ void GridPainter::addDot(const PlacedTrack& label, const PlacedTrack& row) {
         return;
     }
     const QRect rect = trackRect(label.track, row.track);
-    const int size = std::min(geometry.pixels(DotSize), rect.height());
+    const bool lettered = !found->second.letter.isNull();
+    const int size = std::min(geometry.pixels(lettered ? LetteredDotSize : DotSize), rect.height());
+    // One with a letter takes all of that air.
+    const int left = lettered ? (geometry.pixels(CellPadding + LabelIndent) - size) / 2 : geometry.pixels(CellPadding);
     dots_.push_back(
-        {QRect(rect.left() + geometry.pixels(CellPadding), rect.top() + (rect.height() - line_ - size) / 2, size, size),
-         found->second});
+        {QRect(rect.left() + left, rect.top() + (rect.height() - line_ - size) / 2, size, size), found->second});
 }
 
 void GridPainter::paintDots(QPainter& painter) {
@@ -225,10 +229,19 @@ void GridPainter::paintDots(QPainter& painter) {
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setPen(Qt::NoPen);
-    for (const Fill& dot : dots_) {
-        painter.setBrush(QColor::fromRgb(dot.color));
+    QFont font(scene_.fonts.face(nullptr, true, false).font());
+    font.setPixelSize(scene_.geometry.pixels(LetterPixels));
+    painter.setFont(font);
+    for (const Dot& dot : dots_) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor::fromRgb(dot.look.color));
         painter.drawEllipse(dot.rect);
+        if (!dot.look.letter.isNull()) {
+            const double onBase = contrastRatio(dot.look.color, scene_.theme.base);
+            const double onText = contrastRatio(dot.look.color, scene_.theme.text);
+            painter.setPen(QColor::fromRgb(onBase > onText ? scene_.theme.base : scene_.theme.text));
+            painter.drawText(dot.rect, Qt::AlignCenter, dot.look.letter);
+        }
     }
     painter.setRenderHint(QPainter::Antialiasing, false);
     dots_.clear();

@@ -35,6 +35,10 @@ private:
         QRect rect;
         QRgb color = 0;
     };
+    struct Dot {
+        QRect rect;
+        RowDot look;
+    };
 
     void paintRegion(QPainter& painter, Area horizontal, Area vertical, const QRect& clip);
     void paintRow(QPainter& painter, const std::vector<PlacedTrack>& columns, const PlacedTrack& row);
@@ -55,7 +59,7 @@ private:
     GridStyler styler_;
     GridContents contents_;
     std::vector<Fill> marks_;  // over the lines
-    std::vector<Fill> dots_;   // round
+    std::vector<Dot> dots_;    // round
     int line_;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QChar>
 #include <QColor>
 #include <string>
 #include <unordered_map>
@@ -13,8 +14,15 @@
 
 namespace planview {
 
-/// The rows that carry a dot before their label, by key, and its colour.
-using RowDots = std::unordered_map<std::string, QRgb>;
+/// A dot before the label of a row; with a letter in it where it says what the row is for.
+struct RowDot {
+    QRgb color = 0;
+    QChar letter;
+    friend bool operator==(const RowDot&, const RowDot&) = default;
+};
+
+/// The rows that carry a dot, by key.
+using RowDots = std::unordered_map<std::string, RowDot>;
 
 /// All that a picture of the grid is made from; no widget among it, so that screen, print and files share the painter.
 struct GridScene {

@@ -79,12 +79,20 @@ void PaneHost::setTheme(const GridTheme& theme) {
     showRowDots();
 }
 
-/// The rows of the grid that the chart shows, in the colours of its series.
+/// The rows of the grid that the chart shows, in the colours of its series; those chosen for a comparison with the
+/// letters that LINE_INDEX marks them by, even before there is anything to draw.
 void PaneHost::showRowDots() {
     RowDots dots;
     if (layout_.ChartPaneVisible()) {
-        for (const ChartSeries& series : chart_->chart().State().series) {
-            dots.emplace(series.key, markColor(series.look->color, chart_->theme().heading));
+        const ChartState& chart = chart_->chart().State();
+        for (const ChartSeries& series : chart.series) {
+            dots.emplace(series.key, RowDot{markColor(series.look->color, chart_->theme().heading), {}});
+        }
+        for (const auto& [key, letter] : {std::pair(chart.salesKey, 'S'), std::pair(chart.forecastKey, 'F')}) {
+            if (!key.empty()) {
+                RowDot& dot = dots.try_emplace(key, RowDot{chart_->theme().muted, {}}).first->second;
+                dot.letter = QLatin1Char(letter);
+            }
         }
     }
     gridView_->setRowDots(std::move(dots));

@@ -161,6 +161,11 @@ TEST(TrendFitTest, SaysWhatIsInTheWay) {
         EXPECT_EQ(fit.Limit(), row.limit);
         EXPECT_EQ(fit.IsValid(), fit.At(static_cast<double>(row.values.size())).has_value()) << row.limit;
     }
+    const std::vector<std::string> periods = {"", "Feb 08"};
+    const auto limitOf = [&](Numbers values) { return TrendFit(TrendKind::Linear, values).Limit(periods); };
+    EXPECT_EQ(limitOf({1, NAN, 3}), "A linear trend line needs numbers; the value in Feb 08 is none.");
+    EXPECT_EQ(limitOf({NAN, 1, 3}), "A linear trend line needs numbers; the value in period 1 is none.");
+    EXPECT_EQ(limitOf({1, 2, NAN}), "A linear trend line needs numbers; the value in period 3 is none.");
 }
 
 TEST(TrendFitTest, HasValuesBetweenItsEndsAlone) {

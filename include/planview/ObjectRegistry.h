@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <planview/Export.h>
+#include <planview/Platform.h>
+
+namespace planview {
+
+/// An object factory that makes what the host has registered. Identifiers are compared without regard to case.
+class PLANVIEW_EXPORT ObjectRegistry final : public ObjectFactory {
+public:
+    using Maker = std::function<ObjectRef()>;
+
+    ObjectRegistry();
+    ~ObjectRegistry() override;
+    ObjectRegistry(const ObjectRegistry&) = delete;
+    ObjectRegistry& operator=(const ObjectRegistry&) = delete;
+
+    /// Takes the place of what was registered under this identifier. `make` is called for each Create().
+    void Register(std::string identifier, Maker make);
+    void Unregister(std::string_view identifier) noexcept;
+
+    [[nodiscard]] ObjectRef Create(std::string_view programmaticIdentifier) override;
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace planview

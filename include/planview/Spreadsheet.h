@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <planview/Variant.h>
+
+namespace planview {
+
+/// How the grid is written into a workbook, and what the file dialogs start with. Texts are UTF-8.
+struct SpreadsheetOptions {
+    /// Prints landscape, with the captions of periods and lines on every page.
+    bool printSetup = false;
+    std::string folder;    ///< where the dialogs open; empty: where the user last was, or the home folder
+    std::string fileName;  ///< the proposed name of a download; empty: the control's own proposal
+};
+
+/// A cell to which a workbook gives another value than the grid has.
+struct UploadChange {
+    std::string column;   ///< the cell's keys in the grid
+    std::string row;
+    std::string line;     ///< what the user calls the cell: the captions of its line and its period
+    std::string period;
+    std::string before;   ///< the contents as the grid keeps them ("12,5"), empty for none
+    std::string after;    ///< what the workbook holds, in the same form where it is a number
+    Variant value;        ///< what the cell is to get: a number, or the empty text
+    std::string refusal;  ///< a sentence why the cell does not take it; empty when it does
+    bool taken = true;    ///< ticked by the user; one that is refused is not applied, ticked or not
+
+    [[nodiscard]] bool IsRefused() const noexcept { return !refusal.empty(); }
+};
+
+/// What an upload would do.
+struct UploadPreview {
+    std::string file;
+    std::string sheet;  ///< the name of the worksheet that was read
+    /// A sentence why nothing can be taken from the workbook; then there are no changes.
+    std::string error;
+    std::vector<UploadChange> changes;  ///< line by line
+    /// What in the workbook and in the table does not belong together, a sentence each; those values are left alone.
+    std::vector<std::string> notes;
+};
+
+/// What an upload has done.
+struct UploadResult {
+    int changed = 0;
+    int refused = 0;   ///< by the cell itself, or because a table failed
+    int outdated = 0;  ///< left alone because the cell was changed or went away after the preview was made
+};
+
+}  // namespace planview

@@ -1,0 +1,214 @@
+#include "control/TreeHandlers.h"
+
+#include <array>
+#include <string>
+
+#include "control/ControlContext.h"
+#include "control/MenuWiring.h"
+#include "menus/modPopup.h"
+#include "trace/ErrorTrap.h"
+#include "trace/TraceText.h"
+
+namespace planview {
+
+using modMacro::Label;
+using modPlan::TraceEnabled;
+using modPlan::TraceWrite;
+
+namespace {
+
+constexpr std::int16_t RightButton = 2;
+
+/// While a popup of the tree is open.
+constexpr std::string_view CommandState = "TRE";
+
+/// What `MacroTreeNodeDropped` says of a new node: beside the clicked one, or below it.
+constexpr std::string_view InsertType = "INSERT";
+constexpr std::string_view CreateType = "CREATE";
+enum class DropAction : std::int16_t {
+    NewBefore = 1,
+    NewAfter = 2,
+    NewBelow = 3,
+    MovedBefore = 4,  // the type is the key of the moved node from here on
+    MovedAfter = 5,
+    MovedBelow = 6
+};
+
+void TraceNode(std::string_view method, const std::string& text) {
+    if (TraceEnabled) {
+        TraceWrite(Label, "", method, TraceText("{node: ", text, "}"));
+    }
+}
+
+}  // namespace
+
+std::string TreeHandlers::TextOf(const std::string& key) const {
+    const TreeNode node = context_.tree.Nodes().Find(key);
+    return node ? node.Text() : std::string();
+}
+
+void TreeHandlers::Raise(EventId event, const std::string& key) {
+    const std::array<Variant, 2> arguments{key, context_.settings.switched ? "X" : ""};
+    context_.events.Raise(event, arguments);
+}
+
+void TreeHandlers::RaiseDropped(const std::string& target, const std::string& type, std::int16_t action) {
+    const std::array<Variant, 3> arguments{target, type, action};
+    context_.events.Raise(EventId::MacroTreeNodeDropped, arguments);
+}
+
+// --- Label
+
+bool TreeHandlers::BeforeLabelEdit(const std::string& key) {
+    bool may = false;
+    ErrorTrap(Label, "BeforeLabelEdit", [&] {
+        const TreeNode node = context_.tree.Nodes().Find(key);
+        may = node && context_.macroTreeState.empty();
+        if (TraceEnabled) {
+            const std::string named = node ? "node: " + key + " - " : std::string();
+            TraceWrite(Label, "", "BeforeLabelEdit", TraceText("{", named, "status: ", may, "}"));
+        }
+    });
+    return may;
+}
+
+void TreeHandlers::AfterLabelEdit(const std::string& key, const std::string& text, const std::string& before) {
+    const bool written = ErrorTrap(Label, "AfterLabelEdit", [&] {
+        modMacro::PutText(context_.macroTree, key, text);
+        if (TraceEnabled) {
+            TraceWrite(Label, "", "AfterLabelEdit", TraceText("{node: ", key, " - new: ", text, "}"));
+        }
+    });
+    if (!written) {
+        // The table does not have the new text; the tree shows what the table has.
+        if (const TreeNode node = context_.tree.Nodes().Find(key)) {
+            node.SetText(before);
+        }
+        return;
+    }
+    // Not an event of its own: this one is how hosts hear that the tree has changed.
+    ErrorTrap(Label, "AfterLabelEdit", [&] { context_.events.Raise(EventId::MacroTreeExpand); });
+}
+
+// --- Nodes
+
+void TreeHandlers::Fire(EventId event, std::string_view method, const std::string& key) {
+    if (context_.macroTreeState.empty() && !context_.tree.EditedNode()) {
+        TraceNode(method, TextOf(key));
+        Raise(event, key);
+    }
+}
+
+void TreeHandlers::Collapse(const std::string& key) {
+    ErrorTrap(Label, "Collapse", [&] {
+        modMacro::PutExpanded(context_.macroTree, key, false);
+        Fire(EventId::GridTreeMacroCollapse, "Collapse fired", key);
+    });
+}
+
+void TreeHandlers::Expand(const std::string& key) {
+    ErrorTrap(Label, "Expand", [&] {
+        modMacro::PutExpanded(context_.macroTree, key, true);
+        Fire(EventId::GridTreeMacroExpand, "Expand fired", key);
+    });
+}
+
+void TreeHandlers::DblClick(const std::string& key) {
+    ErrorTrap(Label, "DblClick", [&] { Fire(EventId::GridTreeMacroClick, "DblClick fired", key); });
+}
+
+void TreeHandlers::NodeDropped(const std::string& key, const std::string& target, TreeDrop place) {
+    ErrorTrap(Label, "NodeDropped", [&] {
+        const DropAction action = place == TreeDrop::Before  ? DropAction::MovedBefore
+                                  : place == TreeDrop::After ? DropAction::MovedAfter
+                                                             : DropAction::MovedBelow;
+        if (TraceEnabled) {
+            TraceWrite(Label, "", "NodeDropped fired",
+                       TraceText("{node: ", TextOf(target), " - dropped: ", TextOf(key),
+                                 " - action: ", static_cast<std::int16_t>(action), "}"));
+        }
+        RaiseDropped(target, key, static_cast<std::int16_t>(action));
+    });
+}
+
+// --- Popups
+
+std::string TreeHandlers::Ask(MainMenu which, PopupPlace place) {
+    struct State {
+        std::string& text;
+        explicit State(std::string& state) : text(state) { text = CommandState; }
+        ~State() { text.clear(); }
+        State(const State&) = delete;
+        State& operator=(const State&) = delete;
+    } const state(context_.macroTreeState);
+    return context_.menus.Ask(which, place);
+}
+
+void TreeHandlers::TreePopup(const std::string& key, PopupPlace place) {
+    frmMenu& menu = context_.menus.Menu();
+    const MenuCommands& commands = context_.menus.Commands();
+    const MenuState state = MenuStateOf(context_, {});
+    const bool hasNodes = context_.tree.Nodes().Count() > 0;
+    menu.EnableCommand("MacroExpand", hasNodes);
+    menu.EnableCommand("MacroCollapse", hasNodes);
+    modPopup::MacroRecord(menu, commands.IsBound("MacroRecStart"), state.record, state.canUndoRecord);
+    modPopup::Rename(menu, !key.empty() && modMacro::NotRoot(context_.macroTree, key));
+    const std::string command = Ask(MainMenu::Macro, place);
+    if (command == "MacroExpand") {
+        modMacro::ExpandAll(context_.macroTree);
+    } else if (command == "MacroCollapse") {
+        modMacro::CollapseAll(context_.macroTree);
+    } else if (command == "MacroRecStart") {
+        commands.Run(command);
+    } else if (command == "NodeRename") {
+        if (const TreeNode node = context_.tree.Nodes().Find(key)) {
+            node.StartLabelEdit();
+        }
+    }
+}
+
+void TreeHandlers::MouseDown(const std::string& key, std::int16_t button, std::int16_t shift) {
+    ErrorTrap(Label, "MouseDown", [&] {
+        if (TraceEnabled) {
+            TraceWrite(Label, "", "MouseDown", TraceText("{mousebutton: ", button, " - shift: ", shift, "}"));
+        }
+        if (button == RightButton) {
+            TreePopup(key, PopupPlace::Mouse);
+        }
+        TraceNode("MouseDown fired", TextOf(key));
+        Raise(EventId::MacroTreeMouseDown, key);
+    });
+}
+
+void TreeHandlers::MenuKey(const std::string& key) {
+    ErrorTrap(Label, "MenuKey", [&] { TreePopup(key, PopupPlace::CurrentCell); });
+}
+
+void TreeHandlers::NodeClick(const std::string& key, bool again) {
+    ErrorTrap(Label, "NodeClick", [&] {
+        TraceNode("NodeClick fired", TextOf(key));
+        static_cast<void>(modMacro::RowOf(context_.macroTree, key));
+        if (!again) {
+            return;
+        }
+        modPopup::MacroFunction(context_.menus.Menu(), {true, true, true});
+        const std::string command = Ask(MainMenu::MacroFunction, PopupPlace::CurrentCell);
+        const DropAction action = command == "MacroInsert" ? DropAction::NewBefore
+                                  : command == "MacroAdd"  ? DropAction::NewAfter
+                                                           : DropAction::NewBelow;
+        if (!command.empty()) {
+            const std::string_view type = action == DropAction::NewBelow ? CreateType : InsertType;
+            RaiseDropped(key, std::string(type), static_cast<std::int16_t>(action));
+        }
+    });
+}
+
+void TreeHandlers::GotFocus() {
+    TraceWrite(Label, "", "GotFocus", "{}");
+}
+
+void TreeHandlers::LostFocus() {
+    TraceWrite(Label, "", "LostFocus", "{}");
+}
+
+}  // namespace planview

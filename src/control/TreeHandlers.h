@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <planview/Events.h>
+#include <planview/Platform.h>
+
+#include "components/TreeEvents.h"
+#include "menus/MenuTree.h"
+
+namespace planview {
+
+struct ControlContext;
+
+/// Hears what the user does in the macro tree and carries it out, each under an error trap.
+///
+/// A right press opens the tree's popup. A click selects; a click on the node that is selected already asks where a new
+/// node goes. `MacroTreeNodeDropped` carries the answer, or where the user has dragged a node to.
+class TreeHandlers final : public TreeEvents {
+public:
+    explicit TreeHandlers(ControlContext& context) : context_(context) {}
+
+    bool BeforeLabelEdit(const std::string& key) override;
+    void AfterLabelEdit(const std::string& key, const std::string& text, const std::string& before) override;
+    void Collapse(const std::string& key) override;
+    void Expand(const std::string& key) override;
+    void DblClick(const std::string& key) override;
+    void MouseDown(const std::string& key, std::int16_t button, std::int16_t shift) override;
+    void MenuKey(const std::string& key) override;
+    void NodeClick(const std::string& key, bool again) override;
+    void NodeDropped(const std::string& key, const std::string& target, TreeDrop place) override;
+    void GotFocus() override;
+    void LostFocus() override;
+
+private:
+    [[nodiscard]] std::string TextOf(const std::string& key) const;
+    /// The entry, and the event where no command is under way.
+    void Fire(EventId event, std::string_view method, const std::string& key);
+    void Raise(EventId event, const std::string& key);
+    void RaiseDropped(const std::string& target, const std::string& type, std::int16_t action);
+    /// Shows a popup; meanwhile the host cannot choose another node.
+    [[nodiscard]] std::string Ask(MainMenu which, PopupPlace place);
+    /// Shows the tree's popup and carries out what was chosen.
+    void TreePopup(const std::string& key, PopupPlace place);
+
+    ControlContext& context_;
+};
+
+}  // namespace planview

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include <planview/Spreadsheet.h>
+
+#include "dialogs/PropertyForm.h"
+
+namespace planview {
+
+/// Shows what an upload would change and lets the user untick single changes.
+class frmUpload final : public PropertyForm {
+public:
+    static constexpr std::string_view FormName = "frmUpload";
+
+    /// The preview gets the ticks; it must outlive the form.
+    frmUpload(Forms& forms, UploadPreview& preview) : PropertyForm(forms, {}), preview_(preview) {}
+
+    [[nodiscard]] std::string_view Name() const noexcept override { return FormName; }
+    [[nodiscard]] std::string_view Caption() const noexcept override { return "Upload changed values"; }
+
+    std::string lblFile;     ///< which workbook
+    std::string lblSummary;  ///< how many changes, and how many of them are refused
+
+    void Set_Text();
+
+    [[nodiscard]] const UploadPreview& Preview() const noexcept { return preview_; }
+    /// The change at this place, from 0. One that is refused stays unticked.
+    void Tick(std::size_t place, bool on);
+    /// The number of changes that OK applies.
+    [[nodiscard]] int Ticked() const noexcept { return ticked_; }
+
+protected:
+    [[nodiscard]] std::string_view TraceLabel() const noexcept override { return "FRMUPLOAD"; }
+    [[nodiscard]] std::string_view ButtonLabel() const noexcept override { return "FRMUPLOAD"; }
+    [[nodiscard]] bool Accept() override { return Ticked() > 0; }
+
+private:
+    void NameButton();
+
+    UploadPreview& preview_;
+    int ticked_ = 0;
+};
+
+/// Shows the form and waits for it; whether the user wants the ticked changes.
+[[nodiscard]] bool ConfirmUpload(Forms& forms, UploadPreview& preview);
+
+}  // namespace planview

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "components/GridTypes.h"
+#include "grid/UndoHistory.h"
+
+namespace planview {
+
+/// How the user gave cells their values.
+enum class EditKind { Value, Drag, Paste, Fill, Delete, Raise };
+
+/// What the changed cells alone do not tell of an edit.
+struct EditNote {
+    EditKind kind = EditKind::Value;
+    double percent = 0;          ///< of Raise
+    std::vector<CellKey> meant{};  ///< of Raise: the cells it was for, the empty ones too
+};
+
+/// A change of columns, rows or the chart as a whole.
+struct ViewAction {
+    std::string command;  ///< the name of the menu command, or of a size's field
+    std::vector<std::string> columns;
+    std::vector<std::string> rows;
+    std::string value;
+};
+
+/// Hears what the user has done to the table, after it was done and when nothing of it is under way any more.
+class UserActions {
+public:
+    virtual ~UserActions() = default;
+    /// `changes` are the cells that changed. `undoable` when the undo history has taken them.
+    virtual void Edited(const EditNote& note, const UndoStep& changes, bool undoable) noexcept = 0;
+    virtual void Undone(const UndoStep& changes) noexcept = 0;
+    virtual void Redone(const UndoStep& changes) noexcept = 0;
+    virtual void Did(const ViewAction& action) noexcept = 0;
+    /// Other headings are selected.
+    virtual void Marked() noexcept = 0;
+    /// Whether anybody wants to hear; what is costly to tell is told only then.
+    [[nodiscard]] virtual bool Listening() const noexcept = 0;
+};
+
+}  // namespace planview

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "macro/MacroOutline.h"
+#include "macro/MacroGrid.h"
+#include "macro/MacroProblem.h"
+#include "macro/MacroProgram.h"
+
+namespace planview {
+
+/// Reads a macro: its attributes, its statements, what they name in this grid. Every statement is checked, whatever is
+/// wrong with the others, and each problem stands with its node; only a macro without problems has a program to run.
+///
+/// `selectedLine` is what "SELECTED" stands for as a line, `selectedPeriods` what it stands for as periods.
+[[nodiscard]] MacroProgram CheckMacro(const MacroOutline& outline, const MacroGrid& places,
+                                      std::optional<int> selectedLine, const std::vector<int>& selectedPeriods,
+                                      MacroProblems& problems);
+
+}  // namespace planview

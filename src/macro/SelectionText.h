@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "components/GridControl.h"
+
+namespace planview {
+
+/// The smallest block around the visible planning cells that are selected, as "ROW3/COL4:COL9" (lines, then columns;
+/// one alone without ":"). Where only whole lines are selected, the lines alone: "ROW3:ROW5". The current cell where
+/// nothing is selected. Empty where no planning cell is.
+[[nodiscard]] std::string SelectionText(const GridControl& grid);
+
+}  // namespace planview

@@ -1,0 +1,233 @@
+#include "qt/dialogs/UploadDialog.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QSignalBlocker>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+namespace planview {
+
+namespace {
+
+constexpr QSize UsualSize(820, 540);
+constexpr QSize FrameRoom(16, 48);  // for the window's frame on a small screen
+constexpr int EdgeSpace = 18;
+constexpr int PartSpace = 10;
+constexpr int NoteLines = 5;  // that are seen at once
+constexpr int LineWidth = 230;
+constexpr int PeriodWidth = 100;
+constexpr int ValueWidth = 110;
+
+}  // namespace
+
+UploadDialog::UploadDialog(frmUpload& form, QWidget* parent)
+    : ThemedDialog(parent), form_(&form), model_(new UploadModel(form, this)), filter_(new UploadFilter(*model_, this)) {
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    resize(UsualSize.boundedTo(screen()->availableSize() - FrameRoom));
+}
+
+void UploadDialog::setTheme(const GridTheme& theme) {
+    ThemedDialog::setTheme(theme);
+    model_->setTheme(theme);
+}
+
+void UploadDialog::setVisible(bool visible) {
+    if (visible && !list_ && form_) {
+        build();
+    }
+    ThemedDialog::setVisible(visible);
+}
+
+void UploadDialog::accept() {
+    if (form_) {
+        form_->cmdOk_Click();  // hides the window
+    }
+}
+
+void UploadDialog::reject() {
+    if (form_) {
+        form_->cmdCancel_Click();
+    }
+}
+
+void UploadDialog::endForm() {
+    form_ = nullptr;
+    model_->end();
+    ThemedDialog::endForm();
+}
+
+void UploadDialog::build() {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(EdgeSpace, EdgeSpace, EdgeSpace, EdgeSpace);
+    layout->setSpacing(PartSpace);
+    buildHead(*layout);
+    buildFilterLine(*layout);
+    buildList(*layout);
+    buildButtons(*layout);
+    connect(model_, &UploadModel::ticked, this, &UploadDialog::showState);
+    filter();
+    showState();
+    list_->setFocus();
+}
+
+void UploadDialog::buildHead(QVBoxLayout& layout) {
+    auto* headline = new QLabel(QString::fromStdString(form_->lblSummary), this);
+    headline->setObjectName(QStringLiteral("headline"));
+    headline->setTextFormat(Qt::PlainText);
+    auto* file = new QLabel(QString::fromStdString(form_->lblFile), this);
+    file->setObjectName(QStringLiteral("note"));
+    file->setTextFormat(Qt::PlainText);
+    file->setToolTip(QString::fromStdString(form_->Preview().file).toHtmlEscaped());
+    auto* head = new QVBoxLayout;
+    head->setSpacing(2);
+    head->addWidget(headline);
+    head->addWidget(file);
+    layout.addLayout(head);
+
+    const std::vector<std::string>& notes = form_->Preview().notes;
+    if (notes.empty()) {
+        return;
+    }
+    QStringList lines;
+    for (const std::string& note : notes) {
+        lines << QString::fromStdString(note);
+    }
+    auto* text = new QPlainTextEdit(lines.join(QLatin1Char('\n')), this);
+    text->setObjectName(QStringLiteral("notes"));
+    text->setReadOnly(true);
+    text->setTabChangesFocus(true);
+    text->setAccessibleName(tr("What does not match"));
+    const int shown = std::min(static_cast<int>(lines.size()) + 1, NoteLines);
+    text->setFixedHeight(shown * text->fontMetrics().lineSpacing() + 2 * PartSpace);
+    layout.addWidget(text);
+}
+
+void UploadDialog::buildFilterLine(QVBoxLayout& layout) {
+    auto* line = new QHBoxLayout;
+    line->setSpacing(8);
+    words_ = new QLineEdit(this);
+    words_->setPlaceholderText(tr("Filter: words of line, period or value"));
+    words_->setAccessibleName(tr("Filter"));
+    words_->setClearButtonEnabled(true);
+    show_ = new QComboBox(this);
+    show_->addItems({tr("All"), tr("Changes"), tr("Refused")});
+    show_->setAccessibleName(tr("What is shown"));
+    count_ = new QLabel(this);
+    count_->setObjectName(QStringLiteral("note"));
+    auto* all = new QPushButton(tr("&Tick shown"), this);
+    auto* none = new QPushButton(tr("&Untick shown"), this);
+    all->setAutoDefault(false);
+    none->setAutoDefault(false);
+    line->addWidget(words_, 1);
+    line->addWidget(show_);
+    line->addWidget(count_);
+    line->addWidget(all);
+    line->addWidget(none);
+    layout.addLayout(line);
+    connect(words_, &QLineEdit::textChanged, this, &UploadDialog::filter);
+    connect(show_, &QComboBox::currentIndexChanged, this, &UploadDialog::filter);
+    connect(all, &QPushButton::clicked, this, [this] { tickShown(true); });
+    connect(none, &QPushButton::clicked, this, [this] { tickShown(false); });
+}
+
+void UploadDialog::buildList(QVBoxLayout& layout) {
+    list_ = new QTreeView(this);
+    list_->setModel(filter_);
+    list_->setRootIsDecorated(false);
+    list_->setUniformRowHeights(true);
+    list_->setAllColumnsShowFocus(true);
+    list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    list_->setTextElideMode(Qt::ElideRight);
+    list_->setAccessibleName(tr("Changes"));
+    list_->header()->setStretchLastSection(true);
+    list_->header()->setSectionsMovable(false);
+    list_->setColumnWidth(UploadModel::Line, LineWidth);
+    list_->setColumnWidth(UploadModel::Period, PeriodWidth);
+    list_->setColumnWidth(UploadModel::Before, ValueWidth);
+    list_->setColumnWidth(UploadModel::After, ValueWidth);
+    list_->installEventFilter(this);
+    layout.addWidget(list_, 1);
+}
+
+void UploadDialog::buildButtons(QVBoxLayout& layout) {
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    apply_ = buttons->button(QDialogButtonBox::Ok);
+    apply_->setDefault(true);
+    for (QAbstractButton* each : buttons->buttons()) {
+        each->setIcon({});  // some styles bring pictures of their own, which fit none of our colours
+    }
+    buttons->button(QDialogButtonBox::Cancel)->setText(QString::fromStdString(form_->cmdCancelCaption));
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    layout.addWidget(buttons);
+}
+
+void UploadDialog::filter() {
+    filter_->setWords(words_->text(), static_cast<UploadFilter::Show>(show_->currentIndex()));
+    const int shown = filter_->rowCount();
+    count_->setText(shown == model_->rowCount() ? QString() : tr("%1 of %2").arg(shown).arg(model_->rowCount()));
+}
+
+void UploadDialog::tick(const QModelIndexList& rows, bool on) {
+    {
+        const QSignalBlocker quiet(model_);  // there may be thousands
+        for (const QModelIndex& row : rows) {
+            filter_->setData(row, on ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
+        }
+    }
+    list_->viewport()->update();
+    showState();
+}
+
+void UploadDialog::tickShown(bool on) {
+    QModelIndexList rows;
+    for (int row = 0; row < filter_->rowCount(); ++row) {
+        rows << filter_->index(row, UploadModel::Line);
+    }
+    tick(rows, on);
+}
+
+/// All selected ones get the state that the current one does not have.
+void UploadDialog::tickSelected() {
+    const QModelIndex current = list_->currentIndex().siblingAtColumn(UploadModel::Line);
+    const bool on = current.data(Qt::CheckStateRole).value<Qt::CheckState>() != Qt::Checked;
+    tick(list_->selectionModel()->selectedRows(UploadModel::Line), on);
+}
+
+/// The list itself would tick by the space bar only in its first column.
+bool UploadDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == list_ && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space) {
+        tickSelected();
+        return true;
+    }
+    return ThemedDialog::eventFilter(watched, event);
+}
+
+void UploadDialog::keyPressEvent(QKeyEvent* event) {
+    // Escape takes the filter away first.
+    if (event->key() == Qt::Key_Escape && words_ && !words_->text().isEmpty()) {
+        words_->clear();
+        list_->setFocus();
+        return;
+    }
+    ThemedDialog::keyPressEvent(event);
+}
+
+void UploadDialog::showState() {
+    if (form_ && apply_) {
+        apply_->setText(QString::fromStdString(form_->cmdOkCaption));
+        apply_->setEnabled(form_->Ticked() > 0);
+    }
+}
+
+}  // namespace planview

@@ -1,0 +1,154 @@
+#include "qt/dialogs/UploadModel.h"
+
+#include <QBrush>
+#include <algorithm>
+
+namespace planview {
+
+namespace {
+
+constexpr double RefusedWeight = 0.75;
+
+QString shownValue(const std::string& text) {
+    return text.empty() ? UploadModel::tr("(empty)") : QString::fromStdString(text);
+}
+
+/// Labels may be indented.
+QString shownCaption(const std::string& text) {
+    return QString::fromStdString(text).trimmed();
+}
+
+}  // namespace
+
+void UploadModel::setTheme(const GridTheme& theme) {
+    theme_ = &theme;
+    if (rowCount() > 0) {
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1), {Qt::ForegroundRole});
+    }
+}
+
+void UploadModel::end() {
+    beginResetModel();
+    form_ = nullptr;
+    endResetModel();
+}
+
+const UploadChange* UploadModel::change(int row) const {
+    const auto place = static_cast<std::size_t>(row);
+    return form_ && row >= 0 && place < form_->Preview().changes.size() ? &form_->Preview().changes[place] : nullptr;
+}
+
+bool UploadModel::isRefused(int row) const {
+    const UploadChange* each = change(row);
+    return each && each->IsRefused();
+}
+
+int UploadModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() || !form_ ? 0 : static_cast<int>(form_->Preview().changes.size());
+}
+
+int UploadModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant UploadModel::data(const QModelIndex& index, int role) const {
+    const UploadChange* each = change(index.row());
+    if (!each) {
+        return {};
+    }
+    switch (role) {
+        case Qt::DisplayRole:
+        case Qt::ToolTipRole:
+            switch (index.column()) {
+                case Line:
+                    return shownCaption(each->line);
+                case Period:
+                    return shownCaption(each->period);
+                case Before:
+                    return shownValue(each->before);
+                case After:
+                    return shownValue(each->after);
+                default:
+                    return QString::fromStdString(each->refusal);
+            }
+        case Qt::CheckStateRole:
+            return index.column() == Line && !each->IsRefused()
+                       ? QVariant(each->taken ? Qt::Checked : Qt::Unchecked)
+                       : QVariant();
+        case Qt::TextAlignmentRole:
+            return index.column() == Before || index.column() == After
+                       ? QVariant(Qt::AlignRight | Qt::AlignVCenter)
+                       : QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+        case Qt::ForegroundRole:
+            if (each->IsRefused()) {
+                return QBrush(QColor(mixColors(theme_->base, theme_->muted, RefusedWeight)));
+            }
+            return index.column() == Before ? QVariant(QBrush(QColor(theme_->muted))) : QVariant();
+        case Qt::AccessibleTextRole:
+            return index.column() == Remark && each->refusal.empty() ? tr("will be changed") : QVariant();
+        default:
+            return {};
+    }
+}
+
+bool UploadModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::CheckStateRole || !change(index.row()) || isRefused(index.row())) {
+        return false;
+    }
+    form_->Tick(static_cast<std::size_t>(index.row()), value.value<Qt::CheckState>() == Qt::Checked);
+    Q_EMIT dataChanged(index.siblingAtColumn(0), index.siblingAtColumn(0), {Qt::CheckStateRole});
+    Q_EMIT ticked();
+    return true;
+}
+
+Qt::ItemFlags UploadModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags usual = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    return index.column() == Line && !isRefused(index.row()) ? usual | Qt::ItemIsUserCheckable : usual;
+}
+
+QVariant UploadModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal) {
+        return {};
+    }
+    if (role == Qt::TextAlignmentRole) {
+        return section == Before || section == After ? QVariant(Qt::AlignRight | Qt::AlignVCenter)
+                                                     : QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+    }
+    if (role != Qt::DisplayRole) {
+        return {};
+    }
+    switch (section) {
+        case Line:
+            return tr("Line");
+        case Period:
+            return tr("Period");
+        case Before:
+            return tr("Old value");
+        case After:
+            return tr("New value");
+        case Remark:
+            return tr("Refused because");
+        default:
+            return {};
+    }
+}
+
+void UploadFilter::setWords(const QString& text, Show show) {
+    words_ = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    show_ = show;
+    invalidateFilter();
+}
+
+bool UploadFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
+    if (show_ != Show::All && model_.isRefused(row) != (show_ == Show::Refused)) {
+        return false;
+    }
+    QString text;
+    for (int column = 0; column < UploadModel::ColumnCount; ++column) {
+        text += model_.index(row, column, parent).data().toString() + QLatin1Char('\n');
+    }
+    return std::all_of(words_.begin(), words_.end(),
+                       [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
+}
+
+}  // namespace planview

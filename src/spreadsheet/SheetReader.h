@@ -1,0 +1,58 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <planview/Spreadsheet.h>
+
+#include "automation/TableSlots.h"
+#include "components/GridControl.h"
+#include "spreadsheet/CaptionMatch.h"
+#include "spreadsheet/ProgressScope.h"
+#include "spreadsheet/SheetCells.h"
+
+namespace planview {
+
+/// Finds out what a worksheet says of the grid's planning cells, by the captions in its first row and column.
+///
+/// Throws AutomationError: what the worksheet or a table throws, and Failed with a sentence for the user where the
+/// sheet is none of this grid's.
+class SheetReader {
+public:
+    SheetReader(const GridControl& grid, const TableSlots& tables, const Variant& worksheet)
+        : grid_(grid), columns_(tables.COLS_INDEX), lines_(tables.LINE_INDEX), cells_(worksheet) {}
+
+    /// Finds the rows and columns; what does not belong together goes into the notes. To be called first.
+    void ReadLabels(UploadPreview& preview);
+    [[nodiscard]] int LineCount() const noexcept { return static_cast<int>(sheetRows_.size()); }
+    /// Collects the cells that differ. Stops where the user cancels.
+    void ReadData(UploadPreview& preview, ProgressScope& progress);
+
+private:
+    /// A row of an index table that stands on the sheet.
+    template <class Id>
+    struct Track {
+        Id id;
+        std::string key;
+        std::string caption;  ///< as the grid shows it
+        std::int16_t place;   ///< the sheet's row or column
+    };
+    enum class Axis { Periods, Lines };
+
+    [[nodiscard]] std::vector<std::string> ReadCaptions(Axis axis, std::size_t expected);
+    template <class Id, class Find>
+    std::vector<Track<Id>> TracksOf(Axis axis, const std::vector<std::string>& keys,
+                                    const std::vector<std::string>& captions, UploadPreview& preview, const Find& find);
+    void ReadCell(const Track<ColumnId>& column, const Track<RowId>& line, UploadPreview& preview);
+
+    const GridControl& grid_;
+    HostTable columns_;
+    HostTable lines_;
+    SheetCells cells_;
+    std::vector<Track<ColumnId>> sheetColumns_;
+    std::vector<Track<RowId>> sheetRows_;
+    std::uint64_t built_ = 0;
+};
+
+}  // namespace planview

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include <planview/Platform.h>
+#include <planview/Spreadsheet.h>
+
+#include "automation/TableSlots.h"
+#include "components/GridControl.h"
+#include "grid/ValueEntry.h"
+
+namespace planview {
+
+class SpreadsheetSession;
+
+/// Takes changed values from a workbook that the download wrote and somebody edited since.
+///
+/// Reading changes nothing. What is applied goes the way of a typed value, as one action of the user.
+class SpreadsheetUpload {
+public:
+    struct Parts {
+        GridControl& grid;
+        const TableSlots& tables;
+        const SpreadsheetOptions& options;
+        bool& busy;
+        ValueEntry& valueEntry;
+        ObjectFactory& objects;
+        FileDialogs& fileDialogs;
+        MessageBoxes& messageBoxes;
+        Progress& progress;
+        /// Shows the user what would happen and lets him untick changes; whether it is to happen.
+        std::function<bool(UploadPreview& preview)> confirm;
+    };
+
+    explicit SpreadsheetUpload(Parts parts) : parts_(std::move(parts)) {}
+
+    /// Asks for a file, shows the preview and applies what the user has left ticked; tells him what went wrong. Does
+    /// nothing while it runs.
+    void Run();
+    [[nodiscard]] UploadPreview Preview(const std::string& fileName);
+    /// Applies what is ticked and not refused. A cell that shows another value, or stands under other captions, than
+    /// when the preview was made is left alone and counted.
+    UploadResult Apply(const UploadPreview& preview);
+
+private:
+    enum class Outcome { Read, Cancelled, NoApplication, Failed };
+
+    [[nodiscard]] Outcome Read(UploadPreview& preview);
+    [[nodiscard]] Outcome ReadSheet(SpreadsheetSession& session, UploadPreview& preview);
+    [[nodiscard]] std::optional<Cell> CellOf(const UploadChange& change) const;
+    void Tell(const std::string& text, MessageIcon icon) const;
+    void TellSame(const UploadPreview& preview) const;
+    void TellResult(const UploadResult& result) const;
+
+    Parts parts_;
+    bool running_ = false;
+};
+
+}  // namespace planview
