@@ -319,11 +319,10 @@ public:
     [[nodiscard]] ChartControl& Chart() noexcept;
     /// The planning cells whose value the user has changed since TAB_OLD was last emptied, for the same layer.
     [[nodiscard]] std::vector<Cell> PendingCells() const;
-    /// @{
     /// The macro tree and its toolbar, for the same layer.
     [[nodiscard]] TreeControl& Tree() noexcept;
+    /// The toolbar of the macro tree, for the same layer.
     [[nodiscard]] MacroToolbar& Toolbar() noexcept;
-    /// @}
     /// The panes, for the same layer.
     [[nodiscard]] PaneLayout& Panes() noexcept;
 
