@@ -234,7 +234,7 @@ public:
     // --- Exchange with a spreadsheet application ("Excel.Application" of the platform's objects) --------------------
 
     /// @{
-    /// How the next download is written, and where the dialogs open.
+    /// How workbooks are written and where their dialogs open; kept for the life of the control.
     void SetSpreadsheetOptions(SpreadsheetOptions options);
     [[nodiscard]] const SpreadsheetOptions& GetSpreadsheetOptions() const noexcept;
     /// @}

@@ -19,7 +19,7 @@ struct SpreadsheetOptions {
 struct UploadChange {
     std::string column;   ///< the key of the cell's column in the grid
     std::string row;      ///< the key of its row
-    std::string line;     ///< the caption of its line, as the user knows it
+    std::string line;     ///< the caption of its line, as the grid shows it
     std::string period;   ///< the caption of its period
     std::string before;   ///< the contents as the grid keeps them ("12,5"), empty for none
     std::string after;    ///< what the workbook holds, in the same form where it is a number
@@ -33,7 +33,7 @@ struct UploadChange {
 
 /// What an upload would do.
 struct UploadPreview {
-    std::string file;   ///< the workbook's full path
+    std::string file;   ///< the workbook
     std::string sheet;  ///< the name of the worksheet that was read
     /// A sentence why nothing can be taken from the workbook; then there are no changes.
     std::string error;
@@ -44,7 +44,7 @@ struct UploadPreview {
 
 /// What an upload has done.
 struct UploadResult {
-    int changed = 0;   ///< cells that hold the workbook's value now
+    int changed = 0;   ///< cells that have their new value
     int refused = 0;   ///< by the cell itself, or because a table failed
     int outdated = 0;  ///< left alone because the cell was changed or went away after the preview was made
 };
