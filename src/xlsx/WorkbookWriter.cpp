@@ -195,7 +195,6 @@ void WriteWorksheet(lxw_workbook& book, const Workbook& workbook, const Workshee
     if (!out) {
         throw AutomationError(AutomationErrorCode::Failed, "The sheet '" + from.name + "' cannot be written");
     }
-    WriteColumns(out, from.sheet, formats);
     // Rows go to the disk one by one, so that they must come from the top and each with its format first.
     from.sheet.ForEachRow([&](std::int32_t number, const SheetRow& row) {
         if (row.style != SheetRow::NoStyle) {
@@ -207,6 +206,8 @@ void WriteWorksheet(lxw_workbook& book, const Workbook& workbook, const Workshee
             WriteCell(out, number, cell, workbook.texts, formats[cell.style]);
         }
     });
+    // Behind the rows: the library looks at every column that has a format whenever it writes a row.
+    WriteColumns(out, from.sheet, formats);
     WritePanes(out, from.panes, from.sheet);
     WritePageSetup(out, from.page);
     if (from.isProtected) {
