@@ -72,6 +72,7 @@ private slots:
         QCOMPARE(screen.field().text(), QStringLiteral("1,05"));
         screen.press("cmdOpa");
         QCOMPARE(screen.lines().mid(0, 2), (QStringList{"Macro 1", "Line 1 = Line 1 * 1,05"}));
+        QCoreApplication::processEvents();
         savePicture(*screen.widget, QStringLiteral("macro-editor-light"));
         screen.widget->setColorScheme(PlanViewWidget::ColorScheme::Dark);
         savePicture(*screen.widget, QStringLiteral("macro-editor-dark"));
@@ -98,8 +99,7 @@ private slots:
         screen.clickLine(0);
         QTest::keyClick(&screen.list(), Qt::Key_F2);
         WidgetOnScreen::press(QStringLiteral("<Ctrl+A>Plan<Enter>"));
-        QCoreApplication::processEvents();
-        QCOMPARE(screen.lines()[0], QStringLiteral("Plan"));
+        QTRY_COMPARE(screen.lines()[0], QStringLiteral("Plan"));
         screen.clickLine(4);
         QTest::keyClick(&screen.list(), Qt::Key_Delete);
         QCOMPARE(screen.lines(), (QStringList{"Plan", "Line 2 = 3", "3", "Line 1 = …"}));
