@@ -48,7 +48,11 @@ MacroProblems RunMacroCommand(ControlContext& context, const std::string& nodeKe
 }
 
 MacroProblems CheckMacroCommand(ControlContext& context, const std::string& nodeKey) {
-    return IsRecordingNode(context, nodeKey) ? MacroProblems() : CheckMacroNode(PartsOf(context), nodeKey);
+    if (!IsRecordingNode(context, nodeKey)) {
+        return CheckMacroNode(PartsOf(context), nodeKey);
+    }
+    const std::string fault = RecordingFault(context, nodeKey);
+    return fault.empty() ? MacroProblems() : MacroProblems{{nodeKey, "", fault, ""}};
 }
 
 MacroResult PlanView::RunMacro(const std::string& nodeKey, bool onSelectedLine) {

@@ -15,8 +15,11 @@ struct ControlContext;
 MacroProblems RunMacroCommand(ControlContext& context, const std::string& nodeKey, bool onSelectedLine,
                               MacroResult& result);
 
-/// Checks a macro as it would run now; a recording is checked when it is replayed.
+/// Checks a macro or recording as it would run now.
 MacroProblems CheckMacroCommand(ControlContext& context, const std::string& nodeKey);
+
+/// What would keep the recording from being replayed, for the user; empty where nothing would.
+[[nodiscard]] std::string RecordingFault(ControlContext& context, const std::string& nodeKey);
 
 MacroResult ReplayRecording(ControlContext& context, const std::string& nodeKey, bool onSelectedLine);
 

@@ -51,6 +51,14 @@ QString PlanViewWidget::keepRecording(const QString& name, const QString& parent
     return QString::fromStdString(core->view.KeepRecording(name.toStdString(), parentNode.toStdString()));
 }
 
+void PlanViewWidget::switchMacroTree() {
+    runCommand(&PlanView::SwitchMacroTree, nullptr);
+}
+
+bool PlanViewWidget::macroTreeShown() const {
+    return state_->core->view.MacroTreeShown();
+}
+
 template <class Action>
 MacroResult PlanViewWidget::withMacro(Action&& action) {
     const std::shared_ptr<PlanViewCore> core = state_->core;
