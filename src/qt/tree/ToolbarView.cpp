@@ -25,12 +25,17 @@ constexpr double MostScale = 1.5;
 constexpr auto SelectionIcon = "macro-selection";
 constexpr auto SelectionFormat = "application/x-planview-selection";
 
+/// The place among the buttons; the selection's stands first, so that it can always be dragged.
+constexpr std::size_t placeOf(ToolbarButton button) {
+    return static_cast<std::size_t>(button) + 1;
+}
+
 /// Whether a gap stands before the button.
-bool beginsGroup(std::size_t number) {
-    return number == static_cast<std::size_t>(ToolbarButton::TabLine) ||
-           number == static_cast<std::size_t>(ToolbarButton::Operator) ||
-           number == static_cast<std::size_t>(ToolbarButton::MakLine) ||
-           number == static_cast<std::size_t>(ToolbarButton::Attribute) || number == ToolbarButtonCount;
+bool beginsGroup(std::size_t place) {
+    constexpr ToolbarButton Firsts[] = {ToolbarButton::CondString, ToolbarButton::TabLine, ToolbarButton::Operator,
+                                        ToolbarButton::MakLine, ToolbarButton::Attribute};
+    return std::any_of(std::begin(Firsts), std::end(Firsts),
+                       [place](ToolbarButton first) { return placeOf(first) == place; });
 }
 
 QString styleSheetFor(const GridTheme& theme) {
@@ -122,7 +127,7 @@ ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::funct
     drag->setObjectName(QLatin1String("SELECTION"));
     drag->setToolTip(tr("Drag what is selected in the grid into the macro"));
     drag->setAccessibleName(drag->toolTip());
-    buttons_.push_back(drag);
+    buttons_.insert(buttons_.begin(), drag);
     more_->setObjectName(QLatin1String("MORE"));
     more_->setText(QStringLiteral("\u22ef"));
     more_->setToolTip(tr("More macro elements"));
@@ -144,11 +149,11 @@ ToolbarView::~ToolbarView() {
 }
 
 QToolButton* ToolbarView::button(ToolbarButton which) const {
-    return buttons_[static_cast<std::size_t>(which)];
+    return buttons_[placeOf(which)];
 }
 
 QToolButton* ToolbarView::selectionButton() const {
-    return buttons_.back();
+    return buttons_.front();
 }
 
 void ToolbarView::ToolbarChanged() {
@@ -180,7 +185,7 @@ void ToolbarView::showIcons() {
     const int side = scaled(BitmapPixels);
     const qreal ratio = devicePixelRatioF();
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
-        const std::string name(i < ToolbarButtonCount ? ToolbarButtons()[i].icon : std::string_view(SelectionIcon));
+        const std::string name(i == 0 ? std::string_view(SelectionIcon) : ToolbarButtons()[i - 1].icon);
         QPixmap picture = bitmaps_.pixmap(name, qRound(side * ratio), *theme_);
         picture.setDevicePixelRatio(ratio);
         QPixmap faint(picture.size());

@@ -59,7 +59,7 @@ private:
     std::shared_ptr<void> owner_;
     const GridTheme* theme_ = &GridTheme::light();
     double scale_ = 1.0;
-    std::vector<QToolButton*> buttons_;  // children, as ToolbarButton; the last one is the selection's
+    std::vector<QToolButton*> buttons_;  // children: the selection's, then as ToolbarButton
     QToolButton* more_;                  // a child
 };
 

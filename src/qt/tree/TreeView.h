@@ -43,6 +43,7 @@ public:
     [[nodiscard]] QRect chevronRect(TreeNode node) const;
 
     void reset() override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
     /// The node that the user is dragging; null while none is.
     void beginDrag(TreeNode node) { dragged_ = node; }
