@@ -47,12 +47,13 @@ struct Limit {
     double hope;
 };
 
-constexpr std::array<Limit, 8> Limits{{
+constexpr std::array<Limit, 9> Limits{{
     {"one edit in a TAB of 32,767 rows, the last row", "EditLastCell", 2, 0.5},
     {"key press to painted cell, 181 × 181", "TypeAndPaint", 8, 4},
     {"rebuild of a chart of 181 columns × 20 of 181 rows", "RebuildChart", 10, 4},
     {"select all of 181 × 181 and add it up", "SelectAll/181", 16, 8},
     {"the same of 5,000 × 181", "SelectAll/5000", 16, 8},
+    {"a macro of ten statements over 181 × 181 cells", "RunMacro", 50, 15},
     {"a frame while a point of 20 lines × 180 is dragged", "ChartDragFrame", 8, 4},
     {"the same, a column of 20 stacked ones", "ChartDragColumn", 8, 4},
     {"the same, a point with a trend line", "ChartDragTrend", 8, 4},

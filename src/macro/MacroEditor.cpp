@@ -207,7 +207,7 @@ std::optional<MacroEditor::Spotted> MacroEditor::SpotFor(MacroNodeType type) {
     };
     if (isStatementOnly) {
         while (!HoldsStatements(parentOf(at))) {
-            at = {outline_.At(at.node).parent, MacroSpot::After};
+            at = {at.spot == MacroSpot::Inside ? at.node : outline_.At(at.node).parent, MacroSpot::After};
         }
         if (type == MacroNodeType::Attribute) {
             at = {0, MacroSpot::Inside};

@@ -70,7 +70,10 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
     state_->core->popups.setTree(&state_->tree->view());
     auto* toolbar = new ToolbarView(
         view.Toolbar(), state_->grid->bitmaps(), [&grid = view.Grid()] { return SelectionText(grid); }, state_->core);
-    state_->panes = new PaneHost(view.Panes(), {state_->grid, state_->chart, state_->tree, toolbar}, this);
+    auto* macro = new MacroPane(view.Editor(), state_->grid->bitmaps(), state_->core);
+    auto* operands = new OperandPane(view.Editor(), state_->grid->bitmaps(), state_->core);
+    state_->panes = new PaneHost(view.Panes(), view.Editor(),
+                                 {state_->grid, state_->chart, state_->tree, toolbar, macro, operands}, this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(state_->panes);

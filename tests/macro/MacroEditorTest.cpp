@@ -107,7 +107,7 @@ TEST_F(MacroEditorTest, FunctionsAreFilledAndLeft) {
     editor.AddOperator("*");
     editor.SetOperandText("2");
     editor.TakeOperand();
-    EXPECT_EQ(Statements(), Lines{"Prices = (Sum of Retail to Trade, ( 1 )) * 2"});
+    EXPECT_EQ(Statements(), Lines{"Prices = (Sum of Retail to Trade, (1)) * 2"});
     editor.Check();
     EXPECT_EQ(editor.Message(), "The macro can run.");
 }
