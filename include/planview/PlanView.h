@@ -35,7 +35,7 @@ struct MemberDescription {
 
 /// What became of a macro that was run or replayed.
 struct MacroResult {
-    bool done = false;
+    bool done = false;    ///< false: nothing was changed
     int cells = 0;        ///< that were given a value
     std::string message;  ///< for the user: what was done, or what is wrong, where, and what now
 };
@@ -223,8 +223,8 @@ public:
     void ShowSelectedColumnsInChart();
     void ShowSelectedRowsInChart();
     /// @}
-    /// Ends the chart's forecast view: LINE_INDEX and COLS_INDEX have the marks for the chart again that they had before
-    /// it. For a host that is about to put its tables away; nothing in another view.
+    /// Ends the chart's forecast view: LINE_INDEX and COLS_INDEX have the marks for the chart again that they had
+    /// before it. For a host that is about to put its tables away; nothing in another view.
     void LeaveForecastView();
     /// @{
     /// Hides the columns whose headings are selected, writes it into COLS_INDEX and raises `GridStartUpdate`; hidden
@@ -237,11 +237,16 @@ public:
 
     // --- Exchange with a spreadsheet application ("Excel.Application" of the platform's objects) --------------------
 
+    /// @{
+    /// How workbooks are written and where their dialogs open; kept for the life of the control.
     void SetSpreadsheetOptions(SpreadsheetOptions options);
     [[nodiscard]] const SpreadsheetOptions& GetSpreadsheetOptions() const noexcept;
+    /// @}
+    /// @{
     /// Ask for a file, work and tell what went wrong, as the entries of the grid's popup do.
     void Download();
     void Upload();
+    /// @}
     /// Writes the grid into a new workbook without asking. A sentence about what went wrong, empty when the file is
     /// written; a failure leaves an older file of that name as it was. `path` in UTF-8.
     [[nodiscard]] std::string DownloadTo(const std::string& path);
@@ -251,11 +256,13 @@ public:
     /// that have changed since the preview was made are left alone.
     UploadResult ApplyUpload(const UploadPreview& preview);
 
-    // --- Recording and replaying --------------------------------------------------------------------------------------
+    // --- Recording and replaying
+    // --------------------------------------------------------------------------------------
 
     /// Records what the user does from now on into MACROREC, or goes on with a recording that was paused. What was in
     /// MACROREC is dropped when a recording begins. Says so where there is no such table.
     void StartRecording();
+    /// Records nothing until StartRecording(); what is recorded stays.
     void PauseRecording();
     /// Raises `MacroRecordSave`, at which a host keeps the recording.
     void StopRecording();
@@ -263,13 +270,15 @@ public:
     void UndoRecordedStep();
     /// Whether there is a recording that has not been stopped, be it paused or not.
     [[nodiscard]] bool IsRecording() const noexcept;
+    /// Whether there is a recording, and it is paused.
     [[nodiscard]] bool IsRecordingPaused() const noexcept;
+    /// How many steps the recording has, be it paused or not; 0 without one.
     [[nodiscard]] int RecordedSteps() const noexcept;
     /// Called when one of the three above is another. There is one listener; an empty one takes it away.
     void SetRecordingListener(std::function<void()> listener);
-    /// Keeps the steps in MACROREC as a node of MACRO_TREE with this text, last below the node `parentNode` or among the
-    /// roots, and builds the tree anew. Answers the key of the new node; empty, and told to the user, where there is
-    /// nothing to keep or MACRO_TREE cannot take it.
+    /// Keeps the steps in MACROREC as a node of MACRO_TREE with this text, last below the node `parentNode` or among
+    /// the roots, and builds the tree anew. Answers the key of the new node; empty, and told to the user, where there
+    /// is nothing to keep or MACRO_TREE cannot take it.
     std::string KeepRecording(const std::string& name, const std::string& parentNode = {});
     /// Replays the recording that is the MACRO_TREE node with this key. Steps find their lines and periods by the key
     /// while it has still the caption of the recording, else by the caption when it is the only one; a step that does
@@ -322,6 +331,7 @@ public:
     [[nodiscard]] std::vector<Cell> PendingCells() const;
     /// The macro tree and its toolbar, for the same layer.
     [[nodiscard]] TreeControl& Tree() noexcept;
+    /// The toolbar of the macro tree, for the same layer.
     [[nodiscard]] MacroToolbar& Toolbar() noexcept;
     /// The macro editor, for the same layer.
     [[nodiscard]] MacroEditor& Editor() noexcept;

@@ -3,6 +3,7 @@
 #include <QCommandLineOption>
 #include <QCommandLineParser>
 #include <QRegularExpression>
+#include <array>
 
 namespace planbook {
 
@@ -12,6 +13,10 @@ constexpr const char* Import = "import";
 constexpr const char* Names = "names";
 constexpr const char* Decimal = "decimal";
 constexpr const char* Force = "force";
+constexpr const char* Download = "download";
+constexpr const char* PrintSetup = "print-setup";
+constexpr const char* Upload = "upload";
+constexpr const char* DryRun = "dry-run";
 constexpr const char* Macro = "macro";
 constexpr const char* Line = "line";
 constexpr const char* Screenshot = "screenshot";
@@ -89,17 +94,23 @@ void CheckCombination(const QCommandLineParser& parser) {
     for (const char* option : {Size, Scale}) {
         RequireWith(parser, option, Screenshot);
     }
+    RequireWith(parser, PrintSetup, Download);
+    RequireWith(parser, DryRun, Upload);
     RequireWith(parser, Line, Macro);
-    for (const char* option : {Screenshot, Trace, Light, Dark}) {
-        RefuseTogether(parser, Import, option);
-        RefuseTogether(parser, Macro, option);
+    constexpr std::array Works{Import, Download, Upload, Macro};
+    for (std::size_t i = 0; i < Works.size(); ++i) {
+        for (const char* option : {Screenshot, Trace, Light, Dark}) {
+            RefuseTogether(parser, Works[i], option);
+        }
+        for (std::size_t other = i + 1; other < Works.size(); ++other) {
+            RefuseTogether(parser, Works[i], Works[other]);
+        }
     }
-    RefuseTogether(parser, Import, Macro);
     RefuseTogether(parser, Light, Dark);
     if (parser.positionalArguments().size() > 1) {
         Refuse(QString("one BOOK at a time; \"%1\" is one too many").arg(parser.positionalArguments().at(1)));
     }
-    for (const char* option : {Import, Macro, Screenshot, Trace}) {
+    for (const char* option : {Import, Download, Upload, Macro, Screenshot, Trace}) {
         if (parser.isSet(option) && parser.positionalArguments().isEmpty()) {
             Refuse(QString("--%1 needs a BOOK").arg(option));
         }
@@ -117,6 +128,15 @@ ImportRequest ReadImport(const QCommandLineParser& parser) {
         request.decimalMark = ReadDecimalMark(parser.value(Decimal));
     }
     request.force = parser.isSet(Force);
+    return request;
+}
+
+ExchangeRequest ReadExchange(const QCommandLineParser& parser, const char* option) {
+    ExchangeRequest request;
+    request.workbook = ToPath(parser.value(option));
+    request.book = ToPath(parser.positionalArguments().first());
+    request.printSetup = parser.isSet(PrintSetup);
+    request.dryRun = parser.isSet(DryRun);
     return request;
 }
 
@@ -159,10 +179,11 @@ ViewRequest ReadView(const QCommandLineParser& parser) {
 
 CommandLine ParseCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
-    for (const char* option : {Import, Names, Decimal, Macro, Line, Screenshot, Size, Scale, Trace}) {
+    for (const char* option :
+         {Import, Names, Decimal, Download, Upload, Macro, Line, Screenshot, Size, Scale, Trace}) {
         parser.addOption(QCommandLineOption(option, QString(), "value"));
     }
-    for (const char* option : {Force, Light, Dark}) {
+    for (const char* option : {Force, PrintSetup, DryRun, Light, Dark}) {
         parser.addOption(QCommandLineOption(option));
     }
     parser.addOption(QCommandLineOption(QStringList{"h", Help}));
@@ -180,6 +201,10 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
     CheckCombination(parser);
     if (parser.isSet(Import)) {
         commandLine.import = ReadImport(parser);
+    } else if (parser.isSet(Download)) {
+        commandLine.download = ReadExchange(parser, Download);
+    } else if (parser.isSet(Upload)) {
+        commandLine.upload = ReadExchange(parser, Upload);
     } else if (parser.isSet(Macro)) {
         commandLine.macro = ReadMacro(parser);
     } else {
@@ -193,6 +218,8 @@ QString HelpText() {
 
   planbook [BOOK]                            opens a window with the book
   planbook --import DATA.csv BOOK            makes a book from a table of numbers
+  planbook --download PLAN.xlsx BOOK         writes the table as a workbook
+  planbook --upload PLAN.xlsx BOOK           takes changed values from that workbook
   planbook --macro NAME BOOK                 runs a macro or replays a recording
   planbook --screenshot PICTURE.png BOOK     writes a picture of the book
   planbook --trace FILE BOOK                 writes what the view did when it ends
@@ -201,6 +228,10 @@ Import: the first column of DATA.csv holds the periods, every further one a line
   --names FILE        how the lines are called, their order, totals, units, the title
   --decimal MARK      point or comma, where the numbers do not tell
   --force             replaces BOOK when it is a book; another file is never replaced
+
+Workbooks:
+  --print-setup       the download prints landscape, with its captions on every page
+  --dry-run           the upload only lists what it would change
 
 Macro: prints each cell that changed. With an unknown NAME it lists those of the book.
   --line CAPTION      on this line, where the macro is for the selected line or about one
@@ -213,10 +244,11 @@ View:
 
   --help, --version
 
-A macro, a picture and a trace need no display; a trace without a display ends by itself.
+Macros, pictures, traces and workbooks need no display; a trace without a display ends by itself.
 
 Exit codes: 0 done; 1 failed, the message says what, where and what now; 2 a command
-line that cannot be understood. A failure changes no file.
+line that cannot be understood; 3 an upload that some values were left out of, or would
+be, because they are refused or do not match. A failure changes no file.
 )");
 }
 

@@ -68,6 +68,7 @@ private:
     /// Ends an open entry and whatever waits for the view; false when the user has to mend something first.
     bool finishWork();
     void bookOpened();
+    void proposeWorkbook();
     void remember();
     void pendingChanged(int count);
     void startToFind();

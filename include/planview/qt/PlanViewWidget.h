@@ -14,6 +14,7 @@
 #include <planview/ObjectRegistry.h>
 #include <planview/PlanView.h>
 #include <planview/Platform.h>
+#include <planview/Spreadsheet.h>
 
 Q_DECLARE_METATYPE(planview::ObjectRef)
 
@@ -47,6 +48,7 @@ class PLANVIEW_EXPORT PlanViewWidget : public QWidget {
     Q_PROPERTY(double textScale READ textScale WRITE setTextScale NOTIFY textScaleChanged)
     Q_PROPERTY(bool canUndo READ canUndo NOTIFY undoAvailable)
     Q_PROPERTY(bool canRedo READ canRedo NOTIFY redoAvailable)
+    Q_PROPERTY(bool spreadsheetPrintSetup READ spreadsheetPrintSetup WRITE setSpreadsheetPrintSetup)
     Q_PROPERTY(QString currentCellName READ currentCellName NOTIFY selectionSummaryChanged)
     Q_PROPERTY(int selectedCells READ selectedCells NOTIFY selectionSummaryChanged)
     Q_PROPERTY(QString selectionSum READ selectionSum NOTIFY selectionSummaryChanged)
@@ -54,8 +56,8 @@ class PLANVIEW_EXPORT PlanViewWidget : public QWidget {
     Q_PROPERTY(int pendingChanges READ pendingChanges NOTIFY pendingChangesChanged)
 
 public:
-    /// The colours of the view.
-    enum class ColorScheme { System, Light, Dark };
+    /// The colours of the view. Unscoped, because forms of Qt Designer name the values without the enumeration.
+    enum ColorScheme { System, Light, Dark };
     Q_ENUM(ColorScheme)
 
     /// A widget with an empty grid on Qt's desktop.
@@ -212,6 +214,25 @@ public:
     /// @}
     /// Ends the chart's forecast view; nothing in another view.
     Q_INVOKABLE void leaveForecastView();
+    /// @{
+    /// The grid into a new workbook, and changed values from one: asks for the file, works and tells what went wrong. The
+    /// spreadsheet application is the one that the host has registered with objects().
+    Q_INVOKABLE void download();
+    Q_INVOKABLE void upload();
+    /// @}
+    /// @{
+    /// The same without dialogs; see PlanView. An entry that is open is ended first.
+    [[nodiscard]] Q_INVOKABLE QString downloadTo(const QString& path);
+    [[nodiscard]] Q_INVOKABLE planview::UploadPreview previewUpload(const QString& path);
+    Q_INVOKABLE planview::UploadResult applyUpload(const planview::UploadPreview& preview);
+    /// @}
+    /// @{
+    /// How workbooks are written and where their dialogs open.
+    [[nodiscard]] const SpreadsheetOptions& spreadsheetOptions() const;
+    void setSpreadsheetOptions(const SpreadsheetOptions& options);
+    [[nodiscard]] bool spreadsheetPrintSetup() const;
+    Q_INVOKABLE void setSpreadsheetPrintSetup(bool on);
+    /// @}
     /// Writes the chart as a PNG, PDF or SVG file, as the suffix of the path says, in the given size in logical pixels
     /// or a usual one. Answers a sentence for the user about what went wrong, empty when the file is written.
     Q_INVOKABLE QString saveChart(const QString& path, QSize size = {}) const;

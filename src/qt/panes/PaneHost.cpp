@@ -2,13 +2,13 @@
 
 #include <QPainter>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <utility>
 
 #include "qt/chart/ChartView.h"
 #include "qt/grid/GridView.h"
 #include "qt/macro/MacroPane.h"
 #include "qt/macro/OperandPane.h"
+#include "qt/panes/BarredPane.h"
 #include "qt/panes/PaneSplitter.h"
 #include "qt/tree/ToolbarView.h"
 #include "qt/tree/TreePane.h"
@@ -32,17 +32,12 @@ PaneHost::PaneHost(PaneLayout& layout, MacroEditor& editor, const Panes& panes, 
       tree_(panes.tree),
       toolbar_(panes.toolbar),
       macro_(panes.macro),
-      operands_(panes.operands),
-      editor_(new QWidget) {
+      operands_(panes.operands) {
     tree_->setObjectName(QLatin1String("TreePane"));
     toolbar_->setObjectName(QLatin1String("MacroToolbar"));
     chart_->setObjectName(QLatin1String("ChartPane"));
     PaneSplitter* macro = addSplitter(Splitter::MacroSplit, "MacroSplit", Qt::Horizontal, macro_, operands_);
-    auto* below = new QVBoxLayout(editor_);
-    below->setContentsMargins(0, 0, 0, 0);
-    below->setSpacing(0);
-    below->addWidget(toolbar_);
-    below->addWidget(macro, 1);
+    editor_ = new BarredPane(toolbar_, macro);
     PaneSplitter* left = addSplitter(Splitter::TreeSplit, "TreeSplit", Qt::Vertical, tree_, editor_);
     PaneSplitter* right = addSplitter(Splitter::GridSplit, "GridSplit", Qt::Vertical, gridView_, chart_);
     PaneSplitter* all = addSplitter(Splitter::CtrlSplit, "CtrlSplit", Qt::Horizontal, left, right);
@@ -56,6 +51,7 @@ PaneHost::PaneHost(PaneLayout& layout, MacroEditor& editor, const Panes& panes, 
         chart_->setTextScale(scale);
         tree_->setTextScale(scale);
         toolbar_->setTextScale(scale);
+        editor_->placeParts();
     });
     connect(chart_, &ChartView::textScaleWanted, gridView_, &GridView::setTextScale);
     connect(chart_, &ChartView::chartChanged, this, &PaneHost::showRowDots);
@@ -144,9 +140,9 @@ void PaneHost::paintPane(QPainter& painter, QWidget* pane, const QRect& rect, qr
     } else if (pane == tree_) {
         tree_->paintOn(painter, rect);
     } else if (pane == editor_) {
-        const int height = std::min(toolbar_->heightForWidth(rect.width()), rect.height());
-        toolbar_->paintOn(painter, QRect(rect.topLeft(), QSize(rect.width(), height)));
-        paintPane(painter, splitters_[indexOf(Splitter::MacroSplit)], rect.adjusted(0, height, 0, 0), scale);
+        const BarredPane::Places places = editor_->placesIn(rect);
+        toolbar_->paintOn(painter, places.bar);
+        paintPane(painter, editor_->pane(), places.pane, scale);
     } else if (pane == macro_) {
         macro_->paintOn(painter, rect);
     } else if (pane == operands_) {

@@ -10,6 +10,7 @@
 
 namespace planview {
 
+class BarredPane;
 class ChartView;
 class GridView;
 class MacroPane;
@@ -56,7 +57,7 @@ private:
     ToolbarView* toolbar_;
     MacroPane* macro_;
     OperandPane* operands_;
-    QWidget* editor_ = nullptr;  ///< the macro editor: the toolbar above list and operands
+    BarredPane* editor_ = nullptr;  ///< the macro editor: the toolbar above list and operands
 };
 
 }  // namespace planview

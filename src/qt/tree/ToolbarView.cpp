@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDrag>
+#include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
@@ -16,6 +17,10 @@ constexpr int Margin = 8;
 constexpr int Side = 26;
 constexpr int Gap = 3;
 constexpr int GroupGap = 8;
+/// More rows would leave the macro below too little room.
+constexpr int MostRows = 3;
+/// The pictures need not grow with the texts for ever.
+constexpr double MostScale = 1.5;
 
 constexpr auto SelectionIcon = "macro-selection";
 constexpr auto SelectionFormat = "application/x-planview-selection";
@@ -35,6 +40,7 @@ QString styleSheetFor(const GridTheme& theme) {
                           "QToolButton:pressed { background: %5; }"
                           "QToolButton:focus { border: 2px solid %4; }"
                           "QToolButton:disabled { background: transparent; border-color: %2; }"
+                          "QToolButton::menu-indicator { image: none; }"
                           "QToolTip { background: %5; color: %6; border: 1px solid %2; }")
         .arg(name(theme.base), name(theme.line), name(theme.accentTint), name(theme.accent), name(theme.heading),
              name(theme.text));
@@ -93,7 +99,11 @@ private:
 
 ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::function<std::string()> selection,
                          std::shared_ptr<void> owner, QWidget* parent)
-    : QWidget(parent), toolbar_(toolbar), bitmaps_(bitmaps), owner_(std::move(owner)) {
+    : QWidget(parent),
+      toolbar_(toolbar),
+      bitmaps_(bitmaps),
+      owner_(std::move(owner)),
+      more_(new QToolButton(this)) {
     setAccessibleName(tr("Macro elements"));
     for (const ToolbarButtonInfo& info : ToolbarButtons()) {
         auto* button = new QToolButton(this);
@@ -113,12 +123,17 @@ ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::funct
     drag->setToolTip(tr("Drag what is selected in the grid into the macro"));
     drag->setAccessibleName(drag->toolTip());
     buttons_.push_back(drag);
+    more_->setObjectName(QLatin1String("MORE"));
+    more_->setText(QStringLiteral("\u22ef"));
+    more_->setToolTip(tr("More macro elements"));
+    more_->setAccessibleName(more_->toolTip());
+    more_->setPopupMode(QToolButton::InstantPopup);
+    more_->setMenu(new QMenu(this));
+    connect(more_->menu(), &QMenu::aboutToShow, this, &ToolbarView::fillMenu);
+    more_->setFocusPolicy(Qt::TabFocus);
     for (QToolButton* button : buttons_) {
         button->setFocusPolicy(Qt::TabFocus);
     }
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
-    policy.setHeightForWidth(true);
-    setSizePolicy(policy);
     setTheme(*theme_);
     ToolbarChanged();
     toolbar_.SetWatcher(this);
@@ -156,9 +171,8 @@ void ToolbarView::setTheme(const GridTheme& theme) {
 }
 
 void ToolbarView::setTextScale(double scale) {
-    scale_ = scale;
+    scale_ = std::min(scale, MostScale);
     showIcons();
-    updateGeometry();
     resizeEvent(nullptr);
 }
 
@@ -205,7 +219,8 @@ std::vector<QRect> ToolbarView::placesIn(int width) const {
 }
 
 int ToolbarView::heightForWidth(int width) const {
-    return placesIn(width).back().bottom() + 1 + scaled(Margin);
+    const int most = 2 * scaled(Margin) + MostRows * scaled(Side) + (MostRows - 1) * scaled(Gap);
+    return std::min(most, placesIn(width).back().bottom() + 1 + scaled(Margin));
 }
 
 QSize ToolbarView::sizeHint() const {
@@ -219,8 +234,33 @@ QSize ToolbarView::minimumSizeHint() const {
 
 void ToolbarView::resizeEvent(QResizeEvent* /*event*/) {
     const std::vector<QRect> places = placesIn(width());
+    std::size_t fitting = 0;
+    while (fitting < places.size() && places[fitting].bottom() < height()) {
+        ++fitting;
+    }
+    const bool all = fitting == places.size();
+    if (!all && fitting > 0) {
+        more_->setGeometry(places[--fitting]);
+    }
+    more_->setVisible(!all);
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
         buttons_[i]->setGeometry(places[i]);
+        buttons_[i]->setVisible(i < fitting);
+    }
+}
+
+void ToolbarView::fillMenu() {
+    QMenu& menu = *more_->menu();
+    menu.clear();
+    menu.setPalette(theme_->widgetPalette(menu.palette()));
+    for (QToolButton* button : buttons_) {
+        if (button->isHidden()) {
+            QAction* entry = menu.addAction(button->icon(), button->accessibleName().replace(u'&', u"&&"_qs));
+            entry->setEnabled(button->isEnabled());
+            entry->setCheckable(button->isChecked());
+            entry->setChecked(button->isChecked());
+            connect(entry, &QAction::triggered, button, &QToolButton::click);
+        }
     }
 }
 
@@ -238,6 +278,9 @@ void ToolbarView::paintOn(QPainter& painter, const QRect& rect) const {
     const std::vector<QRect> places = placesIn(rect.width());
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
         const QRect place = places[i].translated(rect.topLeft());
+        if (place.bottom() >= rect.bottom()) {
+            break;
+        }
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QColor(theme_->line));

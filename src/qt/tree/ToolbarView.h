@@ -15,7 +15,8 @@ namespace planview {
 class SelectionButton;
 
 /// The macro toolbar: one button per kind of macro element, and one from which the grid's selection is dragged. The
-/// buttons stand in as many rows as the width needs.
+/// buttons stand in as many rows as the width needs and the height has; those that find no place are in the menu of a
+/// last one.
 class ToolbarView final : public QWidget, private ToolbarWatcher {
     Q_OBJECT
 
@@ -28,6 +29,8 @@ public:
     [[nodiscard]] QToolButton* button(ToolbarButton which) const;
     /// The one from which the selection is dragged. A click on it hands the selection over, too.
     [[nodiscard]] QToolButton* selectionButton() const;
+    /// The one with the menu of those that find no place; hidden where all do.
+    [[nodiscard]] QToolButton* moreButton() const { return more_; }
 
     void setTheme(const GridTheme& theme);
     void setTextScale(double scale);
@@ -49,6 +52,7 @@ private:
     [[nodiscard]] int scaled(int logical) const { return qRound(logical * scale_); }
     /// Where each button stands in a toolbar of this width.
     [[nodiscard]] std::vector<QRect> placesIn(int width) const;
+    void fillMenu();
 
     MacroToolbar& toolbar_;
     GridBitmaps& bitmaps_;
@@ -56,6 +60,7 @@ private:
     const GridTheme* theme_ = &GridTheme::light();
     double scale_ = 1.0;
     std::vector<QToolButton*> buttons_;  // children, as ToolbarButton; the last one is the selection's
+    QToolButton* more_;                  // a child
 };
 
 }  // namespace planview

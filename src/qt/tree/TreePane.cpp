@@ -1,6 +1,6 @@
 #include "qt/tree/TreePane.h"
 
-#include <QVBoxLayout>
+#include <QPainter>
 
 namespace planview {
 
@@ -12,13 +12,8 @@ constexpr int HeadingHeight = 30;
 
 TreePane::TreePane(TreeControl& tree, GridBitmaps& bitmaps, std::shared_ptr<void> owner, QWidget* parent)
     : QWidget(parent),
-      heading_(new EmptyPane(tr("Macros"), EmptyPane::Ground::Panel)),
-      view_(new TreeView(tree, bitmaps, std::move(owner))) {
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(heading_);
-    layout->addWidget(view_, 1);
+      heading_(new EmptyPane(tr("Macros"), EmptyPane::Ground::Panel, this)),
+      view_(new TreeView(tree, bitmaps, std::move(owner), this)) {
     setFocusProxy(view_);
     setTextScale(1.0);
 }
@@ -30,14 +25,23 @@ void TreePane::setTheme(const GridTheme& theme) {
 
 void TreePane::setTextScale(double scale) {
     heading_->setTextScale(scale);
-    heading_->setFixedHeight(qRound(HeadingHeight * scale));
+    headingHeight_ = qRound(HeadingHeight * scale);
     view_->setTextScale(scale);
+    placeParts();
+}
+
+void TreePane::placeParts() {
+    heading_->setGeometry(0, 0, width(), headingHeight_);
+    view_->setGeometry(0, headingHeight_, width(), height() - headingHeight_);
+}
+
+void TreePane::resizeEvent(QResizeEvent* /*event*/) {
+    placeParts();
 }
 
 void TreePane::paintOn(QPainter& painter, const QRect& rect) const {
-    const int heading = heading_->height();
-    view_->paintOn(painter, rect.adjusted(0, heading, 0, 0));
-    heading_->paintOn(painter, QRect(rect.topLeft(), QSize(rect.width(), heading)));
+    view_->paintOn(painter, rect.adjusted(0, headingHeight_, 0, 0));
+    heading_->paintOn(painter, QRect(rect.topLeft(), QSize(rect.width(), headingHeight_)));
 }
 
 }  // namespace planview

@@ -22,7 +22,15 @@ public:
     /// Paints the pane as it is into another place.
     void paintOn(QPainter& painter, const QRect& rect) const;
 
+    [[nodiscard]] QSize minimumSizeHint() const override { return heading_->minimumSizeHint(); }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    void placeParts();
+
+    int headingHeight_ = 0;
     EmptyPane* heading_;  // both are children
     TreeView* view_;
 };

@@ -16,7 +16,9 @@ namespace planview {
 namespace {
 
 /// What a text keeps of the column at least, however deep it stands.
-constexpr int LeastText = 96;
+constexpr int LeastText = 64;
+/// And where the tree is to be scrolled sideways anyway.
+constexpr int TextWhenScrolled = 240;
 constexpr int DropLineWidth = 2;
 constexpr qsizetype LongestTip = 2000;
 
@@ -98,6 +100,7 @@ void TreeView::followExpanded(const QModelIndex& index) {
         return;
     }
     collapseAll();
+    scheduleDelayedItemsLayout();  // one for all, instead of one for each node
     for (const QModelIndex& open : model_.expandedNodes()) {
         setExpanded(open, true);
     }
@@ -124,8 +127,9 @@ void TreeView::currentChanged(const QModelIndex& current, const QModelIndex& pre
 }
 
 void TreeView::fitColumn() {
-    const int deepest = painter_.textLeft(model_.deepest(), true) + LeastText;
-    header()->resizeSection(0, std::max(viewport()->width(), deepest));
+    const int deepest = painter_.textLeft(model_.deepest(), true);
+    const int room = viewport()->width();
+    header()->resizeSection(0, deepest + LeastText <= room ? room : deepest + TextWhenScrolled);
 }
 
 void TreeView::resizeEvent(QResizeEvent* event) {
@@ -190,7 +194,7 @@ void TreeView::paintEvent(QPaintEvent* event) {
 }
 
 void TreeView::paintDropMark(QPainter& painter) const {
-    const QRect row = drop_->target ? visualRect(model_.indexOf(drop_->target)) : QRect();
+    const QRect row = drop_->target ? nodeRect(drop_->target).adjusted(-2, 0, -2, 0) : QRect();
     if (row.isEmpty()) {
         return;
     }
