@@ -23,8 +23,8 @@ std::vector<MacroEntry> MacrosOf(const Book& book) {
     for (std::int32_t row = 1; row <= tree.RowCount(); ++row) {
         const std::string type = tree.Value(row, "NODETYPE").AsText();
         if (type == MacroType || type == RecordingType) {
-            macros.push_back({tree.Value(row, "NODEKEY").AsText(), tree.Value(row, "NODETEXT").AsText(),
-                              type == RecordingType});
+            macros.push_back(
+                {tree.Value(row, "NODEKEY").AsText(), tree.Value(row, "NODETEXT").AsText(), type == RecordingType});
         }
     }
     return macros;
