@@ -75,6 +75,12 @@ TEST(MacroMenu, ARecordingIsKeptInTheBookAndReplayedOnAnotherLine) {
     window.ExpectSaved();
     window.window.view().undo();
     EXPECT_EQ(window.InFile(2, 1), "10.5");
+
+    for (const char* node : {"RECORDED", "REC1"}) {
+        Q_EMIT window.window.view().GridTreeMacroClick(node, QString());
+        QApplication::processEvents();
+    }
+    EXPECT_EQ(window.InFile(1, 4), "4.84") << "a double click on the recording, and on nothing else, replays it";
 }
 
 TEST(MacroMenu, ANameThatIsTakenIsAskedForAgainAndNoneKeepsNothing) {
