@@ -12,8 +12,6 @@ namespace {
 
 constexpr const char* MacroType = "M_MAKRO";
 constexpr const char* RecordingType = "M_RECORD";
-/// The key of the folder in books that planbook makes.
-constexpr const char* RecordingsKey = "RECORDED";
 
 }  // namespace
 
