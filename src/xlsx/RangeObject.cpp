@@ -65,6 +65,12 @@ Cell CellOf(const Variant& value, TextPool& texts) {
     return cell;
 }
 
+std::uint16_t FormatIdOf(const Variant& format, Workbook& workbook) {
+    const std::string* const text = format.TextIf();
+    const std::uint16_t known = text ? workbook.FindNumberFormat(*text) : Workbook::NoNumberFormat;
+    return known != Workbook::NoNumberFormat ? known : workbook.AddNumberFormat(NumberFormatOf(format));
+}
+
 int ColorCodeOf(std::uint8_t index, int none) {
     return index == 0 ? none : index;
 }
@@ -130,7 +136,7 @@ std::span<const RangeObject::Member> RangeObject::Members() {
              return self.Of().Book().numberFormats[self.Style().numberFormat];
          },
          [](RangeObject& self, Arguments, const Variant& value) {
-             self.Change(StyleProperty::NumberFormat, self.Of().Book().NumberFormatId(NumberFormatOf(value)));
+             self.Change(StyleProperty::NumberFormat, FormatIdOf(value, self.Of().Book()));
          }},
         {"Font", 4, [](RangeObject& self, Arguments) -> Variant { return self.Font(); }},
         {"Borders", 5, [](RangeObject& self, Arguments) -> Variant { return self.Borders(); }},

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "xlsx/CellReference.h"
-#include "xlsx/PackageReader.h"
+#include "xlsx/TextEscapes.h"
 #include "xlsx/XmlEvents.h"
 
 namespace planview::xlsx {
@@ -201,7 +201,7 @@ private:
         inCell_ = false;
         Cell cell;
         cell.column = static_cast<std::uint16_t>(column_);
-        if (!hasValue_ && hasFormula_) {
+        if (hasFormula_ && (!hasValue_ || (kind_ == ValueKind::Number && Trimmed(value_).empty()))) {
             SetText(cell, "=" + formula_);
         } else if (hasValue_) {
             SetValue(cell);

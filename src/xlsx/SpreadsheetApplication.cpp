@@ -3,6 +3,8 @@
 #include <memory>
 #include <span>
 
+#include <planview/ObjectRegistry.h>
+
 #include "automation/TableObject.h"
 #include "xlsx/WorkbookObject.h"
 
@@ -50,6 +52,10 @@ private:
 
 ObjectRef MakeApplication() {
     return std::make_shared<ApplicationObject>();
+}
+
+void Register(ObjectRegistry& registry) {
+    registry.Register("Excel.Application", &MakeApplication);
 }
 
 }  // namespace planview::xlsx

@@ -25,6 +25,7 @@ Variant ObjectOf(SheetContext sheet) {
 std::string PropertyText(const Variant& value, const char* what) {
     constexpr std::size_t Longest = 255;
     std::string text = ToValidUtf8(value.AsText());
+    std::replace_if(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
     if (text.size() > Longest) {
         SheetContext::Refuse(std::string("The ") + what + " is longer than " + std::to_string(Longest) + " bytes");
     }

@@ -14,6 +14,7 @@
 
 #include "xlsx/Palette.h"
 #include "xlsx/SaveBeside.h"
+#include "xlsx/TextEscapes.h"
 #include "xlsx/Workbook.h"
 #include "xlsx/ZipParts.h"
 
@@ -124,11 +125,13 @@ void WriteCell(lxw_worksheet* out, std::int32_t row, const Cell& cell, const Tex
         case CellKind::Boolean:
             Expect(worksheet_write_boolean(out, line, column, static_cast<int>(cell.number), format), "a cell");
             break;
-        case CellKind::Text:
-            Expect(worksheet_write_string(out, line, column, texts[static_cast<std::uint32_t>(cell.number)].c_str(),
-                                          format),
+        case CellKind::Text: {
+            const std::string& text = texts[static_cast<std::uint32_t>(cell.number)];
+            Expect(NeedsEscapes(text) ? worksheet_write_string(out, line, column, WithEscapes(text).c_str(), format)
+                                      : worksheet_write_string(out, line, column, text.c_str(), format),
                    "a cell");
             break;
+        }
     }
 }
 

@@ -12,9 +12,15 @@ namespace planview::xlsx {
 
 namespace {
 
-std::string_view WithoutPrefix(std::string_view name) noexcept {
-    const std::size_t colon = name.find(':');
-    return colon == std::string_view::npos ? name : name.substr(colon + 1);
+std::string_view WithoutPrefix(const char* name) noexcept {
+    const char* start = name;
+    const char* end = name;
+    for (; *end != '\0'; ++end) {
+        if (*end == ':') {
+            start = end + 1;
+        }
+    }
+    return {start, static_cast<std::size_t>(end - start)};
 }
 
 struct FreeParser {
@@ -119,8 +125,8 @@ std::string_view XmlAttributes::operator[](std::string_view name) const noexcept
 
 std::string_view XmlAttributes::Prefixed(std::string_view name) const noexcept {
     for (const char* const* pair = pairs_; *pair; pair += 2) {
-        const std::string_view full = pair[0];
-        if (full.find(':') != std::string_view::npos && WithoutPrefix(full) == name) {
+        const std::string_view local = WithoutPrefix(pair[0]);
+        if (local.data() != pair[0] && local == name) {
             return pair[1];
         }
     }
