@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
+#include <functional>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -17,7 +19,9 @@
 #include <planview/PlanView.h>
 
 #include "BenchTables.h"
+#include "Exchange.h"
 #include "Peers.h"
+#include "Spreadsheet.h"
 
 namespace planview::bench {
 
@@ -49,6 +53,36 @@ std::int64_t GrowthByPeer() {
     return HeapBytes() - before;
 }
 
+#ifdef PLANVIEW_BENCH_XLSX
+
+/// By how many bytes the process grows at most while the work runs. The figures of the heap alone would not show what is
+/// freed before the end.
+template <class Work>
+std::int64_t PeakGrowth(Work&& work) {
+    const auto figure = [](std::string_view name) {
+        std::ifstream status("/proc/self/status");
+        for (std::string line; std::getline(status, line);) {
+            if (line.starts_with(name)) {
+                return std::stoll(line.substr(name.size())) * 1024;
+            }
+        }
+        return 0LL;
+    };
+    std::ofstream("/proc/self/clear_refs") << "5";  // the peak starts anew
+    const std::int64_t before = figure("VmRSS:");
+    work();
+    return figure("VmHWM:") - before;
+}
+
+std::int64_t GrowthByWorkbook(const std::function<void(const std::string&)>& write) {
+    const std::string path = std::filesystem::temp_directory_path() / "planview-bench-memory.xlsx";
+    const std::int64_t growth = PeakGrowth([&] { write(path); });
+    std::filesystem::remove(path);
+    return growth;
+}
+
+#endif
+
 void HeapGrowth(benchmark::State& state, const char* subject) {
     const std::string program = std::filesystem::read_symlink("/proc/self/exe").string();
     const std::string command = "exec '" + program + "' " + std::string(HeapGrowthArgument) + subject;
@@ -65,10 +99,24 @@ void HeapGrowth(benchmark::State& state, const char* subject) {
 
 BENCHMARK_CAPTURE(HeapGrowth, grid, "grid")->Iterations(1);
 BENCHMARK_CAPTURE(HeapGrowth, peer, "peer")->Iterations(1);
+#ifdef PLANVIEW_BENCH_XLSX
+BENCHMARK_CAPTURE(HeapGrowth, workbook, "workbook")->Name("PeakGrowth/workbook")->Iterations(1);
+BENCHMARK_CAPTURE(HeapGrowth, workbookDownload, "workbook-download")->Name("PeakGrowth/download")->Iterations(1);
+BENCHMARK_CAPTURE(HeapGrowth, workbookPeer, "workbook-peer")->Name("PeakGrowth/peer")->Iterations(1);
+#endif
 
 }  // namespace
 
 int PrintHeapGrowth(std::string_view subject) {
+#ifdef PLANVIEW_BENCH_XLSX
+    if (subject.starts_with("workbook")) {
+        std::cout << (subject == "workbook-download" ? GrowthByWorkbook(PreparedDownload())
+                                                     : GrowthByWorkbook(subject == "workbook" ? &WriteOwnWorkbook
+                                                                                              : &WritePeerWorkbook))
+                  << '\n';
+        return 0;
+    }
+#endif
     std::cout << (subject == "grid" ? GrowthByGrid() : GrowthByPeer()) << '\n';
     return 0;
 }

@@ -27,7 +27,7 @@ public:
 
     [[nodiscard]] DispatchId IdOf(std::string_view name) const override {
         for (const Member& member : Self::Members()) {
-            if (SameMemberName(member.name, name)) {
+            if (member.name.size() == name.size() && SameMemberName(member.name, name)) {
                 return member.id;
             }
         }

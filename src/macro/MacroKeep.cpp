@@ -1,5 +1,6 @@
 #include "macro/MacroKeep.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 #include <planview/AutomationObject.h>
@@ -25,11 +26,12 @@ public:
 
     [[nodiscard]] bool Has(const std::string& key) const { return keys_.contains(key); }
 
+    /// For a recording; its steps add their number.
     [[nodiscard]] std::string NewKey() {
         std::string key;
         do {
             key = "REC" + std::to_string(++number_);
-        } while (Has(key));
+        } while (Has(key) || HasBelow(key));
         return key;
     }
 
@@ -51,6 +53,11 @@ public:
     }
 
 private:
+    [[nodiscard]] bool HasBelow(const std::string& key) const {
+        return std::any_of(keys_.begin(), keys_.end(),
+                           [&](const std::string& known) { return known.starts_with(key + "_"); });
+    }
+
     const HostTable& table_;
     ObjectRef rows_;
     std::unordered_set<std::string> keys_;
@@ -68,6 +75,10 @@ std::string KeepSteps(const HostTable& macroTree, const std::vector<MacroStep>& 
     if (macroTree.RowCount() > 0) {
         static_cast<void>(macroTree.Value(1, "NODETYPE"));
         static_cast<void>(macroTree.Value(1, "NODEVALUE"));
+    }
+    constexpr std::size_t MostRows = 32767;
+    if (static_cast<std::size_t>(macroTree.RowCount()) + steps.size() + 1 > MostRows) {
+        throw AutomationError(AutomationErrorCode::Overflow, "MACRO_TREE holds 32,767 rows, so many do not fit");
     }
     const std::string key = writer.NewKey();
     writer.Add(key, parentKey, NameOf(MacroNodeType::Recording), name, {});

@@ -162,7 +162,10 @@ std::string RaiseText(const MacroStep& step) {
     const std::string amount = down ? step.value.substr(1) : step.value;
     const std::string periods = ReadablePlaces(step.columns);
     return (down ? "Lower " : "Raise ") + ReadablePlaces(step.lines) + " by " + amount + " %" +
-           (periods.empty() ? "" : SinglePlace(step.columns.keys).empty() ? " from " : " in ") + periods;
+           (periods.empty()                          ? ""
+            : SinglePlace(step.columns.keys).empty() ? " from "
+                                                     : " in ") +
+           periods;
 }
 
 }  // namespace
@@ -201,9 +204,8 @@ std::optional<StepValues> ReadStepValues(std::string_view text, std::size_t line
     if (values.size() == 1 && values.front().size() == 1) {
         return StepValues(lines, std::vector<std::optional<std::string>>(columns, values.front().front()));
     }
-    const bool fits = values.size() == lines && std::all_of(values.begin(), values.end(), [&](const auto& line) {
-                          return line.size() == columns;
-                      });
+    const bool fits = values.size() == lines && std::all_of(values.begin(), values.end(),
+                                                            [&](const auto& line) { return line.size() == columns; });
     return fits ? std::optional(std::move(values)) : std::nullopt;
 }
 
@@ -271,15 +273,16 @@ std::vector<MacroStep> ReadSteps(const HostTable& macroRec) {
 
 void WriteStep(const HostTable& macroRec, HostTable::Row row, int number, const MacroStep& step) {
     macroRec.Put(row, "STEP", number);
-    macroRec.Put(row, "COMMAND", step.command);
     macroRec.Put(row, "COLUMN", step.columns.keys);
     macroRec.Put(row, "LINE", step.lines.keys);
     macroRec.Put(row, "VALUE", step.value);
     macroRec.Put(row, "COLUMN_NAME", step.columns.names);
     macroRec.Put(row, "LINE_NAME", step.lines.names);
+    macroRec.Put(row, "COMMAND", step.command);  // last: without it the row is no step
 }
 
 void EmptyStep(const HostTable& macroRec, HostTable::Row row) {
+    macroRec.Put(row, "COMMAND", "");
     WriteStep(macroRec, row, 0, {});
 }
 

@@ -8,6 +8,8 @@
 #include "qt/StatusInfo.h"
 #include "qt/chart/ChartView.h"
 #include "qt/grid/GridView.h"
+#include "qt/macro/MacroPane.h"
+#include "qt/macro/OperandPane.h"
 #include "qt/panes/PaneHost.h"
 #include "qt/platform/QtClipboard.h"
 #include "qt/platform/QtFileDialogs.h"

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <utility>
 
+#include "xlsx/TextEscapes.h"
 #include "xlsx/XmlEvents.h"
 
 namespace planview::xlsx {
@@ -195,20 +196,6 @@ std::size_t ActiveOf(const std::vector<SheetEntry>& sheets, const std::string& i
     return found == sheets.end() ? 0 : static_cast<std::size_t>(found - sheets.begin());
 }
 
-constexpr int EscapeLength = 7;  // "_x000D_"
-
-/// The code of an escape at this place, -1 where there is none.
-int EscapeAt(std::string_view text, std::size_t at) {
-    if (at + EscapeLength > text.size() || text[at + 1] != 'x' || text[at + EscapeLength - 1] != '_') {
-        return -1;
-    }
-    unsigned code = 0;
-    const char* const first = text.data() + at + 2;
-    const char* const last = first + 4;
-    const auto [end, error] = std::from_chars(first, last, code, 16);
-    return error == std::errc() && end == last ? static_cast<int>(code) : -1;
-}
-
 }  // namespace
 
 Relationships ReadRelationships(ZipParts& parts, const std::string& part) {
@@ -257,17 +244,6 @@ void ReadTexts(ZipParts& parts, const std::string& part, TextPool& texts) {
 void ReadProperties(ZipParts& parts, const std::string& part, Workbook& workbook) {
     PropertyEvents events(workbook);
     ReadXml(parts, part, events);
-}
-
-std::string WithoutEscapes(std::string text) {
-    for (std::size_t at = text.find("_x"); at != std::string::npos; at = text.find("_x", at + 1)) {
-        const int code = EscapeAt(text, at);
-        // Only what a single byte holds: characters beyond need no escape.
-        if (code >= 0 && code < 0x80) {
-            text.replace(at, EscapeLength, 1, static_cast<char>(code));
-        }
-    }
-    return text;
 }
 
 }  // namespace planview::xlsx

@@ -42,7 +42,4 @@ void ReadTexts(ZipParts& parts, const std::string& part, TextPool& texts);
 /// Fills title and subject.
 void ReadProperties(ZipParts& parts, const std::string& part, Workbook& workbook);
 
-/// Replaces what stands for characters that XML cannot hold, "_x000D_", by the characters themselves.
-[[nodiscard]] std::string WithoutEscapes(std::string text);
-
 }  // namespace planview::xlsx

@@ -31,7 +31,8 @@ std::size_t LengthOf(std::string_view utf8) {
 Cell CellOf(const Variant& value, TextPool& texts) {
     Cell cell;
     switch (value.GetKind()) {
-        case Variant::Kind::Empty: break;
+        case Variant::Kind::Empty:
+            break;
         case Variant::Kind::Boolean:
             cell.kind = CellKind::Boolean;
             cell.number = value.AsBoolean() ? 1 : 0;
@@ -63,6 +64,12 @@ Cell CellOf(const Variant& value, TextPool& texts) {
             throw AutomationError(AutomationErrorCode::TypeMismatch, "A cell cannot hold an object");
     }
     return cell;
+}
+
+std::uint16_t FormatIdOf(const Variant& format, Workbook& workbook) {
+    const std::string* const text = format.TextIf();
+    const std::uint16_t known = text ? workbook.FindNumberFormat(*text) : Workbook::NoNumberFormat;
+    return known != Workbook::NoNumberFormat ? known : workbook.AddNumberFormat(NumberFormatOf(format));
 }
 
 int ColorCodeOf(std::uint8_t index, int none) {
@@ -130,7 +137,7 @@ std::span<const RangeObject::Member> RangeObject::Members() {
              return self.Of().Book().numberFormats[self.Style().numberFormat];
          },
          [](RangeObject& self, Arguments, const Variant& value) {
-             self.Change(StyleProperty::NumberFormat, self.Of().Book().NumberFormatId(NumberFormatOf(value)));
+             self.Change(StyleProperty::NumberFormat, FormatIdOf(value, self.Of().Book()));
          }},
         {"Font", 4, [](RangeObject& self, Arguments) -> Variant { return self.Font(); }},
         {"Borders", 5, [](RangeObject& self, Arguments) -> Variant { return self.Borders(); }},
@@ -143,12 +150,12 @@ std::span<const RangeObject::Member> RangeObject::Members() {
          [](RangeObject& self, Arguments) -> Variant {
              const Sheet& sheet = self.Of().Formats().sheet;
              const auto column = static_cast<std::size_t>(self.Place().firstColumn - 1);
-             const SheetColumn& found = column < sheet.Columns().size() ? sheet.Columns()[column] : sheet.OtherColumns();
+             const SheetColumn& found =
+                 column < sheet.Columns().size() ? sheet.Columns()[column] : sheet.OtherColumns();
              return static_cast<double>(found.width);
          },
          [](RangeObject& self, Arguments, const Variant& value) {
-             self.Of().Change().sheet.SetWidth(self.Place().firstColumn, self.Place().lastColumn,
-                                               ColumnWidthOf(value));
+             self.Of().Change().sheet.SetWidth(self.Place().firstColumn, self.Place().lastColumn, ColumnWidthOf(value));
          }},
         {"Row", 8, [](RangeObject& self, Arguments) -> Variant { return self.Place().firstRow; }},
         {"Column", 9, [](RangeObject& self, Arguments) -> Variant { return self.Place().firstColumn; }},
@@ -192,10 +199,14 @@ Variant RangeObject::Value() const {
         return {};
     }
     switch (cell->kind) {
-        case CellKind::Empty: break;
-        case CellKind::Number: return cell->number;
-        case CellKind::Boolean: return cell->number != 0;
-        case CellKind::Text: return sheet_.Book().texts[static_cast<std::uint32_t>(cell->number)];
+        case CellKind::Empty:
+            break;
+        case CellKind::Number:
+            return cell->number;
+        case CellKind::Boolean:
+            return cell->number != 0;
+        case CellKind::Text:
+            return sheet_.Book().texts[static_cast<std::uint32_t>(cell->number)];
     }
     return {};
 }
@@ -203,7 +214,8 @@ Variant RangeObject::Value() const {
 void RangeObject::SetValue(const Variant& value) {
     Worksheet& worksheet = sheet_.Formats();
     if (std::int64_t{area_.RowCount()} * area_.ColumnCount() > MostValuesAtOnce) {
-        SheetContext::Refuse("A value for more than " + std::to_string(MostValuesAtOnce) + " cells at once is too much");
+        SheetContext::Refuse("A value for more than " + std::to_string(MostValuesAtOnce) +
+                             " cells at once is too much");
     }
     const Cell filled = CellOf(value, sheet_.Book().texts);
     for (std::int32_t row = area_.firstRow; row <= area_.lastRow; ++row) {

@@ -95,7 +95,10 @@ StyleId Sheet::StyleAt(std::int32_t row, std::int32_t column) const noexcept {
 }
 
 void Sheet::Change(const Area& area, StyleChange change) {
-    if (area.HasAllRows() && area.HasAllColumns()) {
+    if (area.firstRow == area.lastRow && area.firstColumn == area.lastColumn) {
+        Cell& cell = At(area.firstRow, area.firstColumn);
+        cell.style = styles_->Changed(cell.style, change);
+    } else if (area.HasAllRows() && area.HasAllColumns()) {
         ChangeSheet(change);
     } else if (area.HasAllRows()) {
         ChangeColumns(area, change);

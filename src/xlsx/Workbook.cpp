@@ -31,18 +31,19 @@ bool MergedAreas::Contain(std::int32_t row, std::int32_t column) const noexcept 
     });
 }
 
-std::uint16_t Workbook::NumberFormatId(std::string_view format) {
+std::uint16_t Workbook::FindNumberFormat(std::string_view format) const noexcept {
     const auto found = std::find(numberFormats.begin(), numberFormats.end(), format);
-    const auto id = static_cast<std::size_t>(found - numberFormats.begin());
-    if (found == numberFormats.end()) {
-        constexpr std::size_t MostFormats = 10'000;
-        if (numberFormats.size() == MostFormats) {
-            throw AutomationError(AutomationErrorCode::Failed, "A workbook cannot hold more than " +
-                                                                   std::to_string(MostFormats) + " number formats");
-        }
-        numberFormats.emplace_back(format);
+    return found == numberFormats.end() ? NoNumberFormat : static_cast<std::uint16_t>(found - numberFormats.begin());
+}
+
+std::uint16_t Workbook::AddNumberFormat(std::string format) {
+    constexpr std::size_t MostFormats = 10'000;
+    if (numberFormats.size() == MostFormats) {
+        throw AutomationError(AutomationErrorCode::Failed,
+                              "A workbook cannot hold more than " + std::to_string(MostFormats) + " number formats");
     }
-    return static_cast<std::uint16_t>(id);
+    numberFormats.push_back(std::move(format));
+    return static_cast<std::uint16_t>(numberFormats.size() - 1);
 }
 
 void Workbook::Close() noexcept {

@@ -88,10 +88,13 @@ struct Workbook {
     std::string title;
     std::string subject;
     std::size_t activeSheet = 0;
+    static constexpr std::uint16_t NoNumberFormat = 0xFFFF;
     std::unique_ptr<SheetSource> source;  ///< set for a workbook that was opened; such a one is read only
     bool closed = false;
 
-    [[nodiscard]] std::uint16_t NumberFormatId(std::string_view format);
+    /// NoNumberFormat where the format is not known yet.
+    [[nodiscard]] std::uint16_t FindNumberFormat(std::string_view format) const noexcept;
+    [[nodiscard]] std::uint16_t AddNumberFormat(std::string format);
     /// Gives back what the sheets hold.
     void Close() noexcept;
 };

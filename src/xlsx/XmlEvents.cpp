@@ -12,9 +12,15 @@ namespace planview::xlsx {
 
 namespace {
 
-std::string_view WithoutPrefix(std::string_view name) noexcept {
-    const std::size_t colon = name.find(':');
-    return colon == std::string_view::npos ? name : name.substr(colon + 1);
+std::string_view WithoutPrefix(const char* name) noexcept {
+    const char* start = name;
+    const char* end = name;
+    for (; *end != '\0'; ++end) {
+        if (*end == ':') {
+            start = end + 1;
+        }
+    }
+    return {start, static_cast<std::size_t>(end - start)};
 }
 
 struct FreeParser {
@@ -52,8 +58,8 @@ public:
         }
         // What was fed and not yet told belongs to one token, which the parser would look at anew each time.
         if (!last && fed_ - XML_GetCurrentByteIndex(parser_.get()) > static_cast<std::int64_t>(limits_->tokenBytes)) {
-            throw BrokenFile("a single piece of text or tag is longer than " + std::to_string(limits_->tokenBytes >> 10) +
-                             " KB");
+            throw BrokenFile("a single piece of text or tag is longer than " +
+                             std::to_string(limits_->tokenBytes >> 10) + " KB");
         }
     }
 
@@ -95,7 +101,8 @@ private:
     }
 
     static void XMLCALL OnDoctype(void* self, const char*, const char*, const char*, int) {
-        static_cast<Parse*>(self)->Guard([] { throw BrokenFile("it declares a document type, which workbooks do not"); });
+        static_cast<Parse*>(self)->Guard(
+            [] { throw BrokenFile("it declares a document type, which workbooks do not"); });
     }
 
     XmlEvents* events_;
@@ -119,8 +126,8 @@ std::string_view XmlAttributes::operator[](std::string_view name) const noexcept
 
 std::string_view XmlAttributes::Prefixed(std::string_view name) const noexcept {
     for (const char* const* pair = pairs_; *pair; pair += 2) {
-        const std::string_view full = pair[0];
-        if (full.find(':') != std::string_view::npos && WithoutPrefix(full) == name) {
+        const std::string_view local = WithoutPrefix(pair[0]);
+        if (local.data() != pair[0] && local == name) {
             return pair[1];
         }
     }

@@ -41,7 +41,10 @@ TEST_F(RecordingTest, WritesARowForEachStep) {
              control->RaiseSelected(-2.5);
          },
          {"RAISE COL1:COL6[Jan|Jun] ROW2[Wholesale] -2,5"}},
-        {"selected headings alone", [&] { SelectRows({"ROW2", "ROW3"}); },
+        {"selected headings alone",
+         [&] {
+             SelectRows({"ROW2", "ROW3"});
+         },
          {"MARK [] ROW2:ROW3[Wholesale|Utilities] "}},
         {"a selection that is taken away again is none",
          [&] {
@@ -146,6 +149,17 @@ TEST_F(RecordingTest, ANewRecordingLeavesNothingOfALongerOne) {
     Grid().EnterText(At("COL3", "ROW1"), "3");
     EXPECT_EQ(Steps(), (Lines{"VALUE COL3[Mar] ROW1[Retail] 3"}));
     EXPECT_EQ(tables.macroRec->RowCount(), 2) << "a host's table can only grow";
+}
+
+TEST_F(RecordingTest, ATableThatTheHostSetsAnewGetsAllSteps) {
+    control->StartRecording();
+    Grid().EnterText(At("COL1", "ROW1"), "1");
+    Grid().EnterText(At("COL2", "ROW1"), "2");
+    tables.macroRec = MemoryTable::WithFieldsOf("MACROREC");
+    control->PROP_Set_MACROREC(tables.macroRec);
+    Grid().EnterText(At("COL3", "ROW1"), "3");
+    EXPECT_EQ(Steps(), (Lines{"VALUE COL1[Jan] ROW1[Retail] 1", "VALUE COL2[Feb] ROW1[Retail] 2",
+                              "VALUE COL3[Mar] ROW1[Retail] 3"}));
 }
 
 TEST_F(RecordingTest, SaysWhyItCannotRecord) {

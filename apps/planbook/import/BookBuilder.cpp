@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "book/HostCommands.h"
+#include "import/MacroRows.h"
 #include "import/Periods.h"
 
 namespace planbook {
@@ -481,20 +482,11 @@ private:
     }
 
     void AddMacros() {
-        constexpr std::int32_t Last = 1;
-        constexpr std::int32_t Child = 4;
-        const auto add = [&](const char* key, const char* parent, std::int32_t relation, const char* text) {
-            NewRow(book_[BookTable::MacroTree])
-                .Put("NODEKEY", key)
-                .Put("NODEREF", parent)
-                .Put("RELATION", relation)
-                .Put("NODETEXT", text)
-                .Put("IMAGE", "")
-                .Put("IMAGE_SEL", "")
-                .Put("EXPANDED", Set);
-        };
-        add("MACROS", "", Last, "Macros");
-        add("RECORDED", "MACROS", Child, "Recorded");
+        MacroPlaces places{{}, source_.periods, axis_.captions};
+        for (const PlannedLine& line : lines_) {
+            places.lines.push_back(line.name);
+        }
+        AddMacroRows(book_[BookTable::MacroTree], names_.macros, places);
     }
 
     void AddMenus() {
@@ -509,8 +501,10 @@ private:
         add(BookTable::RowMenu, HostCommand::CopyLine, "Copy line to…");
         add(BookTable::RowMenu, HostCommand::SpreadTotal, "Spread total over periods…");
         add(BookTable::RowMenu, HostCommand::ClearLine, "Clear pending changes in line");
+        add(BookTable::RowMenu, HostCommand::RaiseLine, RaiseText);
         add(BookTable::CellMenu, HostCommand::CopyValue, "Copy value to following periods");
         add(BookTable::CellMenu, HostCommand::ClearCell, "Clear pending change");
+        add(BookTable::CellMenu, HostCommand::RaiseCells, RaiseText);
     }
 
     const SourceTable& source_;

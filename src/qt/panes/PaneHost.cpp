@@ -6,8 +6,9 @@
 
 #include "qt/chart/ChartView.h"
 #include "qt/grid/GridView.h"
+#include "qt/macro/MacroPane.h"
+#include "qt/macro/OperandPane.h"
 #include "qt/panes/BarredPane.h"
-#include "qt/panes/EmptyPane.h"
 #include "qt/panes/PaneSplitter.h"
 #include "qt/tree/ToolbarView.h"
 #include "qt/tree/TreePane.h"
@@ -16,27 +17,26 @@ namespace planview {
 
 namespace {
 
-using Ground = EmptyPane::Ground;
-
 constexpr std::size_t indexOf(Splitter splitter) {
     return static_cast<std::size_t>(splitter);
 }
 
 }  // namespace
 
-PaneHost::PaneHost(PaneLayout& layout, const Panes& panes, QWidget* parent)
+PaneHost::PaneHost(PaneLayout& layout, MacroEditor& editor, const Panes& panes, QWidget* parent)
     : QWidget(parent),
       layout_(layout),
+      macroEditor_(editor),
       gridView_(panes.grid),
       chart_(panes.chart),
       tree_(panes.tree),
-      toolbar_(panes.toolbar) {
+      toolbar_(panes.toolbar),
+      macro_(panes.macro),
+      operands_(panes.operands) {
     tree_->setObjectName(QLatin1String("TreePane"));
     toolbar_->setObjectName(QLatin1String("MacroToolbar"));
-    EmptyPane* list = addPane("MacroPane", new EmptyPane(tr("Macro"), Ground::Panel));
-    EmptyPane* operands = addPane("OperandPane", new EmptyPane(tr("Operand"), Ground::Panel));
     chart_->setObjectName(QLatin1String("ChartPane"));
-    PaneSplitter* macro = addSplitter(Splitter::MacroSplit, "MacroSplit", Qt::Horizontal, list, operands);
+    PaneSplitter* macro = addSplitter(Splitter::MacroSplit, "MacroSplit", Qt::Horizontal, macro_, operands_);
     editor_ = new BarredPane(toolbar_, macro);
     PaneSplitter* left = addSplitter(Splitter::TreeSplit, "TreeSplit", Qt::Vertical, tree_, editor_);
     PaneSplitter* right = addSplitter(Splitter::GridSplit, "GridSplit", Qt::Vertical, gridView_, chart_);
@@ -46,9 +46,8 @@ PaneHost::PaneHost(PaneLayout& layout, const Panes& panes, QWidget* parent)
     only->setContentsMargins(0, 0, 0, 0);
     only->addWidget(all);
     connect(gridView_, &GridView::textScaleChanged, this, [this](double scale) {
-        for (EmptyPane* pane : empty_) {
-            pane->setTextScale(scale);
-        }
+        macro_->setTextScale(scale);
+        operands_->setTextScale(scale);
         chart_->setTextScale(scale);
         tree_->setTextScale(scale);
         toolbar_->setTextScale(scale);
@@ -57,17 +56,18 @@ PaneHost::PaneHost(PaneLayout& layout, const Panes& panes, QWidget* parent)
     connect(chart_, &ChartView::textScaleWanted, gridView_, &GridView::setTextScale);
     connect(chart_, &ChartView::chartChanged, this, &PaneHost::showRowDots);
     layout_.SetWatcher(this);
+    macroEditor_.SetWatcher(this);
     PanesChanged();
 }
 
 PaneHost::~PaneHost() {
+    macroEditor_.SetWatcher(nullptr);
     layout_.SetWatcher(nullptr);
 }
 
-EmptyPane* PaneHost::addPane(const char* name, EmptyPane* pane) {
-    pane->setObjectName(QLatin1String(name));
-    empty_.push_back(pane);
-    return pane;
+void PaneHost::EditorChanged() {
+    macro_->follow();
+    operands_->follow();
 }
 
 PaneSplitter* PaneHost::addSplitter(Splitter which, const char* name, Qt::Orientation orientation, QWidget* first,
@@ -82,9 +82,8 @@ PaneSplitter* PaneHost::addSplitter(Splitter which, const char* name, Qt::Orient
 
 void PaneHost::setTheme(const GridTheme& theme) {
     gridView_->setTheme(theme);
-    for (EmptyPane* pane : empty_) {
-        pane->setTheme(theme);
-    }
+    macro_->setTheme(theme);
+    operands_->setTheme(theme);
     for (PaneSplitter* splitter : splitters_) {
         splitter->setTheme(theme);
     }
@@ -144,8 +143,10 @@ void PaneHost::paintPane(QPainter& painter, QWidget* pane, const QRect& rect, qr
         const BarredPane::Places places = editor_->placesIn(rect);
         toolbar_->paintOn(painter, places.bar);
         paintPane(painter, editor_->pane(), places.pane, scale);
-    } else if (const auto* empty = dynamic_cast<const EmptyPane*>(pane)) {
-        empty->paintOn(painter, rect);
+    } else if (pane == macro_) {
+        macro_->paintOn(painter, rect);
+    } else if (pane == operands_) {
+        operands_->paintOn(painter, rect);
     } else if (const auto* splitter = qobject_cast<const PaneSplitter*>(pane)) {
         const PaneSplitter::Places places = splitter->placesIn(rect);
         for (int i = 0; i < splitter->count(); ++i) {
