@@ -356,7 +356,7 @@ private slots:
     void theToolbarFitsAnyWidth() {
         TreeOnScreen screen;
         ToolbarView& toolbar = screen.toolbar();
-        const QSize sizes[] = {{800, 300}, {800, 600}, {1400, 600}, {2400, 600}};
+        const QSize sizes[] = {{800, 200}, {800, 600}, {1400, 600}, {2400, 600}};
         for (const QSize size : sizes) {
             screen.screen.widget->resize(size);
             QCoreApplication::processEvents();
@@ -373,7 +373,8 @@ private slots:
             Q_EMIT toolbar.moreButton()->menu()->aboutToShow();
             const int inMenu = static_cast<int>(toolbar.moreButton()->menu()->actions().size());
             QCOMPARE(shown + inMenu, inMenu > 0 ? 15 : 14);
-            QCOMPARE(inMenu > 0, size.width() == 800);
+            QCOMPARE(inMenu > 0, toolbar.moreButton()->isVisible());
+            QVERIFY(size.height() > 250 || inMenu > 0);
         }
     }
 };
