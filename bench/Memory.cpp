@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -18,6 +19,7 @@
 #include <planview/PlanView.h>
 
 #include "BenchTables.h"
+#include "Exchange.h"
 #include "Peers.h"
 #include "Spreadsheet.h"
 
@@ -72,7 +74,7 @@ std::int64_t PeakGrowth(Work&& work) {
     return figure("VmHWM:") - before;
 }
 
-std::int64_t GrowthByWorkbook(void (*write)(const std::string&)) {
+std::int64_t GrowthByWorkbook(const std::function<void(const std::string&)>& write) {
     const std::string path = std::filesystem::temp_directory_path() / "planview-bench-memory.xlsx";
     const std::int64_t growth = PeakGrowth([&] { write(path); });
     std::filesystem::remove(path);
@@ -99,6 +101,7 @@ BENCHMARK_CAPTURE(HeapGrowth, grid, "grid")->Iterations(1);
 BENCHMARK_CAPTURE(HeapGrowth, peer, "peer")->Iterations(1);
 #ifdef PLANVIEW_BENCH_XLSX
 BENCHMARK_CAPTURE(HeapGrowth, workbook, "workbook")->Name("PeakGrowth/workbook")->Iterations(1);
+BENCHMARK_CAPTURE(HeapGrowth, workbookDownload, "workbook-download")->Name("PeakGrowth/download")->Iterations(1);
 BENCHMARK_CAPTURE(HeapGrowth, workbookPeer, "workbook-peer")->Name("PeakGrowth/peer")->Iterations(1);
 #endif
 
@@ -107,7 +110,10 @@ BENCHMARK_CAPTURE(HeapGrowth, workbookPeer, "workbook-peer")->Name("PeakGrowth/p
 int PrintHeapGrowth(std::string_view subject) {
 #ifdef PLANVIEW_BENCH_XLSX
     if (subject.starts_with("workbook")) {
-        std::cout << GrowthByWorkbook(subject == "workbook" ? &WriteOwnWorkbook : &WritePeerWorkbook) << '\n';
+        std::cout << (subject == "workbook-download" ? GrowthByWorkbook(PreparedDownload())
+                                                     : GrowthByWorkbook(subject == "workbook" ? &WriteOwnWorkbook
+                                                                                              : &WritePeerWorkbook))
+                  << '\n';
         return 0;
     }
 #endif

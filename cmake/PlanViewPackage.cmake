@@ -43,7 +43,7 @@ planview_debian_package(COMPONENT development NAME libplanview-dev SECTION libde
 if(TARGET planbook)
   # The driver of SQLite is a plug-in, which nothing is linked to.
   planview_debian_package(COMPONENT planbook NAME planbook SECTION misc
-    DEPENDS "libqt6sql6-sqlite" RECOMMENDS "fonts-dejavu-core, qt6-wayland"
+    DEPENDS "libqt6sql6-sqlite" RECOMMENDS "fonts-dejavu-core, fonts-dejavu-extra, qt6-wayland"
     SUMMARY "planning books in a table and a chart")
 endif()
 if(TARGET planview_designer)

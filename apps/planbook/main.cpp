@@ -5,8 +5,11 @@
 #include <planview/Version.h>
 
 #include "app/CommandLine.h"
+#include "app/RunMacro.h"
 #include "app/RunView.h"
 #include "book/BookError.h"
+#include "exchange/PreviewText.h"
+#include "exchange/WorkbookExchange.h"
 
 namespace {
 
@@ -27,7 +30,31 @@ void RunImport(int& argc, char** argv, const planbook::ImportRequest& request) {
                 result.cells);
 }
 
-void Run(int& argc, char** argv) {
+void RunDownload(int& argc, char** argv, const planbook::ExchangeRequest& request) {
+    const QCoreApplication application(argc, argv);
+    planbook::WorkbookExchange exchange(request.book);
+    exchange.Download(request.workbook, request.printSetup);
+    std::printf("%s: %d periods, %d lines\n", request.workbook.c_str(), exchange.Periods(), exchange.Lines());
+}
+
+ExitCode RunUpload(int& argc, char** argv, const planbook::ExchangeRequest& request) {
+    const QCoreApplication application(argc, argv);
+    planbook::WorkbookExchange exchange(request.book);
+    const planview::UploadPreview preview = exchange.Preview(request.workbook);
+    std::fputs(planbook::PreviewText(preview).toUtf8().constData(), stdout);
+    bool whole = planbook::IsWhole(preview);
+    if (request.dryRun) {
+        std::puts("Dry run: the book was not changed.");
+    } else {
+        const planview::UploadResult result = exchange.Apply(preview);
+        whole = whole && result.refused == 0 && result.outdated == 0;
+        std::printf("%s: %s changed\n", request.book.c_str(),
+                    planbook::CountedValues(result.changed).toUtf8().constData());
+    }
+    return whole ? ExitCode::Done : ExitCode::Partly;
+}
+
+ExitCode Run(int& argc, char** argv) {
     const planbook::CommandLine commandLine = planbook::ParseCommandLine(ArgumentsOf(argc, argv));
     if (commandLine.help) {
         std::fputs(planbook::HelpText().toUtf8().constData(), stdout);
@@ -35,9 +62,16 @@ void Run(int& argc, char** argv) {
         std::printf("planbook %d.%d.%d\n", planview::VersionMajor, planview::VersionMinor, planview::VersionRevision);
     } else if (commandLine.import) {
         RunImport(argc, argv, *commandLine.import);
+    } else if (commandLine.download) {
+        RunDownload(argc, argv, *commandLine.download);
+    } else if (commandLine.upload) {
+        return RunUpload(argc, argv, *commandLine.upload);
+    } else if (commandLine.macro) {
+        planbook::RunMacro(argc, argv, *commandLine.macro);
     } else {
         planbook::RunView(argc, argv, commandLine.view);
     }
+    return ExitCode::Done;
 }
 
 int Report(ExitCode code, const char* message, const char* advice) {
@@ -49,8 +83,7 @@ int Report(ExitCode code, const char* message, const char* advice) {
 
 int main(int argc, char** argv) {
     try {
-        Run(argc, argv);
-        return static_cast<int>(ExitCode::Done);
+        return static_cast<int>(Run(argc, argv));
     } catch (const planbook::UsageError& error) {
         return Report(ExitCode::Usage, error.what(), "planbook --help says what there is.\n");
     } catch (const std::exception& error) {

@@ -1,14 +1,15 @@
-// A host without a screen, as a service or a nightly job is one: builds a plan, changes it and writes what the control did.
-// "headless TRACE.txt"
+// A host without a screen, as a service or a nightly job is one: builds a plan, changes it and writes it as a workbook.
+// "headless PLAN.xlsx"
 
-#include <fstream>
+#include <filesystem>
 #include <iostream>
 #include <memory>
+#include <string>
 
 #include <planview/HeadlessPlatform.h>
 #include <planview/MemoryTable.h>
 #include <planview/PlanView.h>
-#include <planview/Trace.h>
+#include <planview/xlsx/SpreadsheetApplication.h>
 
 using planview::MemoryTable;
 
@@ -58,13 +59,13 @@ private:
 
 int main(int argc, char* argv[]) {
     if (argc != 2) {
-        std::cerr << "headless TRACE.txt\n";
+        std::cerr << "headless PLAN.xlsx\n";
         return 2;
     }
     Plan plan;
     planview::HeadlessPlatform platform;  // before the control, which uses it to its end
+    planview::xlsx::Register(platform.Objects());  // what the control downloads to
     planview::PlanView control(platform.Interfaces());
-    control.plv_EnableTrace();
     control.PROP_Set_COLS_INDEX(plan.columns);
     control.PROP_Set_LINE_INDEX(plan.lines);
     control.PROP_Set_TAB(plan.cells);
@@ -76,8 +77,9 @@ int main(int argc, char* argv[]) {
     }
     control.DP_Import_Update();
 
-    std::ofstream file(argv[1], std::ios::binary);
-    planview::WriteTraceLog(file);
-    file.close();
-    return file ? 0 : 1;
+    const std::string fault = control.DownloadTo(std::filesystem::absolute(argv[1]).string());
+    if (!fault.empty()) {
+        std::cerr << fault << '\n';
+        return 1;
+    }
 }

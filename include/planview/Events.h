@@ -109,14 +109,16 @@ public:
                                       const std::string& ColPos, std::int16_t Row, const std::string& RowPos);
     /// Return was pressed in the grid. Prepared as GridStartUpdate().
     virtual void GridReturnKeyPressed();
-    /// The host is to put a new node into MACRO_TREE. `Action` is 1 before the node `NodeRefKey`, 2 after it, 3 one
-    /// level below it; `NodeType` is "INSERT" for the first two and "CREATE" for the third.
+    /// The host is to change MACRO_TREE and to build the tree again. A new node: `Action` 1 before the node
+    /// `NodeRefKey`, 2 behind it (`NodeType` "INSERT"), 3 one level below it ("CREATE"). A node that was dragged, whose
+    /// key is `NodeType`: 4 before, 5 behind, 6 below `NodeRefKey`.
     virtual void MacroTreeNodeDropped(const std::string& NodeRefKey, const std::string& NodeType, std::int16_t Action);
     /// The whole macro tree was opened, or a node was renamed: MACRO_TREE has changed.
     virtual void MacroTreeExpand();
     /// The whole macro tree was closed.
     virtual void MacroTreeCollapse();
-    /// A selection is being dragged from the macro toolbar.
+    /// What is selected in the grid is dragged from the macro toolbar: "ROW3/COL4:COL9", or "ROW3:ROW5" for whole
+    /// lines.
     virtual void MacroDragSelection(const std::string& Selection);
     /// A recording has ended; its steps are in MACROREC.
     virtual void MacroRecordSave();

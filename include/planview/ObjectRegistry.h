@@ -13,6 +13,7 @@ namespace planview {
 /// An object factory that makes what the host has registered. Identifiers are compared without regard to case.
 class PLANVIEW_EXPORT ObjectRegistry final : public ObjectFactory {
 public:
+    /// Makes one object. What it throws goes to the caller of Create().
     using Maker = std::function<ObjectRef()>;
 
     ObjectRegistry();
@@ -22,6 +23,7 @@ public:
 
     /// Takes the place of what was registered under this identifier. `make` is called for each Create().
     void Register(std::string identifier, Maker make);
+    /// Nothing for an identifier that is not registered.
     void Unregister(std::string_view identifier) noexcept;
 
     [[nodiscard]] ObjectRef Create(std::string_view programmaticIdentifier) override;

@@ -20,6 +20,7 @@ namespace planview {
 struct Cell;
 class ChartControl;
 class GridControl;
+class MacroEditor;
 class MacroToolbar;
 class PaneLayout;
 class TreeControl;
@@ -34,7 +35,7 @@ struct MemberDescription {
 
 /// What became of a macro that was run or replayed.
 struct MacroResult {
-    bool done = false;
+    bool done = false;    ///< false: nothing was changed
     int cells = 0;        ///< that were given a value
     std::string message;  ///< for the user: what was done, or what is wrong, where, and what now
 };
@@ -214,13 +215,16 @@ public:
     void SwitchChart();
     /// Whether the chart belongs to the view; a zoomed grid hides it all the same.
     [[nodiscard]] bool ChartShown() const noexcept;
+    /// Shows or hides the macro tree pane, and writes it into `HIDDEN_LIST` of GRID_ATTR; needs layout mode.
+    void SwitchMacroTree();
+    [[nodiscard]] bool MacroTreeShown() const noexcept;
     /// @{
     /// Puts exactly the columns (rows) whose headers are selected into the chart.
     void ShowSelectedColumnsInChart();
     void ShowSelectedRowsInChart();
     /// @}
-    /// Ends the chart's forecast view: LINE_INDEX and COLS_INDEX have the marks for the chart again that they had before
-    /// it. For a host that is about to put its tables away; nothing in another view.
+    /// Ends the chart's forecast view: LINE_INDEX and COLS_INDEX have the marks for the chart again that they had
+    /// before it. For a host that is about to put its tables away; nothing in another view.
     void LeaveForecastView();
     /// @{
     /// Hides the columns whose headings are selected, writes it into COLS_INDEX and raises `GridStartUpdate`; hidden
@@ -233,11 +237,16 @@ public:
 
     // --- Exchange with a spreadsheet application ("Excel.Application" of the platform's objects) --------------------
 
+    /// @{
+    /// How workbooks are written and where their dialogs open; kept for the life of the control.
     void SetSpreadsheetOptions(SpreadsheetOptions options);
     [[nodiscard]] const SpreadsheetOptions& GetSpreadsheetOptions() const noexcept;
+    /// @}
+    /// @{
     /// Ask for a file, work and tell what went wrong, as the entries of the grid's popup do.
     void Download();
     void Upload();
+    /// @}
     /// Writes the grid into a new workbook without asking. A sentence about what went wrong, empty when the file is
     /// written; a failure leaves an older file of that name as it was. `path` in UTF-8.
     [[nodiscard]] std::string DownloadTo(const std::string& path);
@@ -247,11 +256,13 @@ public:
     /// that have changed since the preview was made are left alone.
     UploadResult ApplyUpload(const UploadPreview& preview);
 
-    // --- Recording and replaying --------------------------------------------------------------------------------------
+    // --- Recording and replaying
+    // --------------------------------------------------------------------------------------
 
     /// Records what the user does from now on into MACROREC, or goes on with a recording that was paused. What was in
     /// MACROREC is dropped when a recording begins. Says so where there is no such table.
     void StartRecording();
+    /// Records nothing until StartRecording(); what is recorded stays.
     void PauseRecording();
     /// Raises `MacroRecordSave`, at which a host keeps the recording.
     void StopRecording();
@@ -259,13 +270,15 @@ public:
     void UndoRecordedStep();
     /// Whether there is a recording that has not been stopped, be it paused or not.
     [[nodiscard]] bool IsRecording() const noexcept;
+    /// Whether there is a recording, and it is paused.
     [[nodiscard]] bool IsRecordingPaused() const noexcept;
+    /// How many steps the recording has, be it paused or not; 0 without one.
     [[nodiscard]] int RecordedSteps() const noexcept;
     /// Called when one of the three above is another. There is one listener; an empty one takes it away.
     void SetRecordingListener(std::function<void()> listener);
-    /// Keeps the steps in MACROREC as a node of MACRO_TREE with this text, last below the node `parentNode` or among the
-    /// roots, and builds the tree anew. Answers the key of the new node; empty, and told to the user, where there is
-    /// nothing to keep or MACRO_TREE cannot take it.
+    /// Keeps the steps in MACROREC as a node of MACRO_TREE with this text, last below the node `parentNode` or among
+    /// the roots, and builds the tree anew. Answers the key of the new node; empty, and told to the user, where there
+    /// is nothing to keep or MACRO_TREE cannot take it.
     std::string KeepRecording(const std::string& name, const std::string& parentNode = {});
     /// Replays the recording that is the MACRO_TREE node with this key. Steps find their lines and periods by the key
     /// while it has still the caption of the recording, else by the caption when it is the only one; a step that does
@@ -273,6 +286,12 @@ public:
     /// `onSelectedLine` takes the selected line (that of the selected cells) in the place of the one that the recording
     /// is about; it has to be about one alone.
     MacroResult ReplayMacro(const std::string& nodeKey, bool onSelectedLine = false);
+    /// Runs the MACRO_TREE node with this key: a macro, or a recording as ReplayMacro() does. A macro computes everything
+    /// first; whatever is wrong then (the check, a division by zero, a cell that may not be changed), nothing is changed.
+    /// Its values are one change, undone as one. `onSelectedLine` as for ReplayMacro().
+    MacroResult RunMacro(const std::string& nodeKey, bool onSelectedLine = false);
+    /// Says what would keep the macro from running, each problem on a line of its own; `done` where nothing would.
+    MacroResult CheckMacro(const std::string& nodeKey);
 
     // --- Late binding -----------------------------------------------------------------------------------------------
 
@@ -312,7 +331,10 @@ public:
     [[nodiscard]] std::vector<Cell> PendingCells() const;
     /// The macro tree and its toolbar, for the same layer.
     [[nodiscard]] TreeControl& Tree() noexcept;
+    /// The toolbar of the macro tree, for the same layer.
     [[nodiscard]] MacroToolbar& Toolbar() noexcept;
+    /// The macro editor, for the same layer.
+    [[nodiscard]] MacroEditor& Editor() noexcept;
     /// The panes, for the same layer.
     [[nodiscard]] PaneLayout& Panes() noexcept;
 

@@ -126,7 +126,8 @@ struct PopupMenu {
 };
 
 /// Where a popup opens. While a dialog is open, both mean: below what has the focus in it. `Mouse` means the mouse, or
-/// what is selected in the chart where a key pressed there has asked for the popup.
+/// what is selected in the chart where a key pressed there has asked for the popup; `CurrentCell` means the selected
+/// node while the macro tree has the focus.
 enum class PopupPlace { Mouse, CurrentCell };
 
 /// Shows popup menus.
@@ -140,7 +141,7 @@ public:
 
 /// What a file dialog asks for. Texts are UTF-8.
 struct FileDialogRequest {
-    std::string title;
+    std::string title;       ///< of the window
     std::string folder;      ///< where it opens; empty: where the user last was, or the home folder
     std::string fileName;    ///< the proposed name, without a folder; may be empty
     std::string filterName;  ///< what the files are called, such as "Excel workbook"
@@ -174,6 +175,7 @@ public:
     virtual void Begin(std::string_view title, int steps) = 0;
     /// `done` of the steps are done. False when the user wants the operation to stop; then it should, and call End().
     [[nodiscard]] virtual bool Advance(int done) = 0;
+    /// The operation has ended, done or not.
     virtual void End() noexcept = 0;
 };
 

@@ -17,22 +17,23 @@ struct SpreadsheetOptions {
 
 /// A cell to which a workbook gives another value than the grid has.
 struct UploadChange {
-    std::string column;   ///< the cell's keys in the grid
-    std::string row;
-    std::string line;     ///< what the user calls the cell: the captions of its line and its period
-    std::string period;
+    std::string column;   ///< the key of the cell's column in the grid
+    std::string row;      ///< the key of its row
+    std::string line;     ///< the caption of its line, as the grid shows it
+    std::string period;   ///< the caption of its period
     std::string before;   ///< the contents as the grid keeps them ("12,5"), empty for none
     std::string after;    ///< what the workbook holds, in the same form where it is a number
     Variant value;        ///< what the cell is to get: a number, or the empty text
     std::string refusal;  ///< a sentence why the cell does not take it; empty when it does
     bool taken = true;    ///< ticked by the user; one that is refused is not applied, ticked or not
 
+    /// Whether the cell does not take the value.
     [[nodiscard]] bool IsRefused() const noexcept { return !refusal.empty(); }
 };
 
 /// What an upload would do.
 struct UploadPreview {
-    std::string file;
+    std::string file;   ///< the workbook
     std::string sheet;  ///< the name of the worksheet that was read
     /// A sentence why nothing can be taken from the workbook; then there are no changes.
     std::string error;
@@ -43,7 +44,7 @@ struct UploadPreview {
 
 /// What an upload has done.
 struct UploadResult {
-    int changed = 0;
+    int changed = 0;   ///< cells that have their new value
     int refused = 0;   ///< by the cell itself, or because a table failed
     int outdated = 0;  ///< left alone because the cell was changed or went away after the preview was made
 };

@@ -1,6 +1,5 @@
 #include "components/AxisLayout.h"
 
-#include <algorithm>
 #include <cstddef>
 
 #include "components/GridControl.h"
@@ -85,16 +84,6 @@ std::span<const AxisItem> AxisLayout::Items(Area area) const noexcept {
 int AxisLayout::Extent(Area area) const noexcept {
     const std::span<const AxisItem> items = Items(area);
     return items.empty() ? 0 : items.back().End();
-}
-
-int AxisLayout::IndexAt(Area area, int offset) const noexcept {
-    const std::span<const AxisItem> items = Items(area);
-    if (offset < 0 || offset >= Extent(area)) {
-        return -1;
-    }
-    const auto behind = std::upper_bound(items.begin(), items.end(), offset,
-                                         [](int place, const AxisItem& item) { return place < item.start; });
-    return static_cast<int>(behind - items.begin()) - 1;
 }
 
 int AxisLayout::IndexOf(Area area, std::int32_t track) const noexcept {

@@ -38,8 +38,6 @@ public:
     [[nodiscard]] bool ShowsColumns() const noexcept { return showsColumns_; }
     [[nodiscard]] std::span<const AxisItem> Items(Area area) const noexcept;
     [[nodiscard]] int Extent(Area area) const noexcept;
-    /// The index in Items(area) of the item at this offset from the area's start, -1 outside. Logarithmic.
-    [[nodiscard]] int IndexAt(Area area, int offset) const noexcept;
     /// The index of a track, -1 when it is hidden or lies in another area.
     [[nodiscard]] int IndexOf(Area area, std::int32_t track) const noexcept;
 

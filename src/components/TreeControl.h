@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Export.h>
+
 #include "components/NameIndex.h"
 #include "components/TreeEvents.h"
 
@@ -25,7 +27,7 @@ class TreeControl;
 
 /// Names one node of a tree, or none. A small value, to be copied. It names its node until the tree is cleared; the use
 /// of one that names no node (any more) throws AutomationError (ObjectNotSet). It must not outlive the tree.
-class TreeNode {
+class PLANVIEW_EXPORT TreeNode {
 public:
     TreeNode() noexcept = default;
 
@@ -74,7 +76,7 @@ private:
 };
 
 /// The nodes of a tree.
-class TreeNodes {
+class PLANVIEW_EXPORT TreeNodes {
 public:
     explicit TreeNodes(TreeControl& tree) noexcept : tree_(tree) {}
 
@@ -104,7 +106,7 @@ private:
 ///
 /// The control changes it through Nodes(); views hear of that as watchers. A view reports what the user does through
 /// the User... methods; the control hears of that through one TreeEvents listener.
-class TreeControl {
+class PLANVIEW_EXPORT TreeControl {
 public:
     TreeControl() noexcept : nodes_(*this) {}
     TreeControl(const TreeControl&) = delete;

@@ -1,5 +1,6 @@
 #include "control/ControlContext.h"
 
+#include "control/MacroCommands.h"
 #include "control/MenuWiring.h"
 #include "dialogs/frmUpload.h"
 #include "trace/ErrorTrap.h"
@@ -42,15 +43,21 @@ ControlContext::ControlContext(const Platform& desktop)
              [this](const CellKey& clicked) { return MenuStateOf(*this, clicked); }}),
       gridHandlers(*this),
       chartHandlers(*this),
-      treeHandlers(*this) {
+      treeHandlers(*this),
+      macroEditor({grid, tables, tree, events, platform.popups, toolbar, [this] { modMacro::Build(macroTree); },
+                   [this](const std::string& key, std::string& message) {
+                       MacroResult result;
+                       MacroProblems problems = RunMacroCommand(*this, key, false, result);
+                       message = result.message;
+                       return problems;
+                   },
+                   [this](const std::string& key) { return CheckMacroCommand(*this, key); }}) {
     BindMenuCommands(*this);
     grid.SetEvents(&gridHandlers);
     chart.SetEvents(&chartHandlers);
     tree.SetEvents(&treeHandlers);
     toolbar.onPress = [this](ToolbarButton button) {
-        if (toolbarPressed) {
-            toolbarPressed(button);
-        }
+        macroEditor.AddElement(button);
     };
     toolbar.onDragSelection = [this](const std::string& selection) {
         const Variant argument(selection);

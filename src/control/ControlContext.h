@@ -28,6 +28,7 @@
 #include "grid/UndoHistory.h"
 #include "grid/ValueEntry.h"
 #include "layout/PaneLayout.h"
+#include "macro/MacroEditor.h"
 #include "macro/MacroRecording.h"
 #include "macro/MacroToolbar.h"
 #include "macro/modMacro.h"
@@ -94,6 +95,7 @@ struct ControlContext {
     GridHandlers gridHandlers;
     ChartHandlers chartHandlers;
     TreeHandlers treeHandlers;
+    MacroEditor macroEditor;
 
     /// "DRAG" while the chart itself is being dragged, else empty.
     std::string chartDragMode;
@@ -105,8 +107,6 @@ struct ControlContext {
     /// "TRE" while a popup of the macro tree is open, else empty. While it is not empty the host cannot choose another
     /// node, and opening, closing and double clicks raise nothing.
     std::string macroTreeState;
-    /// What a button of the macro toolbar does.
-    std::function<void(ToolbarButton button)> toolbarPressed;
 };
 
 /// The control's state; outlives the control when the host destroys it from inside an event.

@@ -4,6 +4,7 @@
 
 #include "control/Guarded.h"
 #include "control/RecordedActions.h"
+#include "control/ViewCommands.h"
 #include "grid/PendingCells.h"
 #include "grid/SelectedCells.h"
 
@@ -63,6 +64,19 @@ void PlanView::SwitchChart() {
                 context.chartCommands.SwitchDisplay();
                 RecordMenuCommand(context, "Chart");
             });
+}
+
+void PlanView::SwitchMacroTree() {
+    Guarded(state_, "USERCONTROL", "SwitchMacroTree", [](ControlContext& context) {
+        if (context.layout.LayoutMode()) {
+            ToggleMacroTree(context);
+            RecordMenuCommand(context, "MacroTree");
+        }
+    });
+}
+
+bool PlanView::MacroTreeShown() const noexcept {
+    return state_->context.settings.treeShown;
 }
 
 bool PlanView::ChartShown() const noexcept {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 
+#include <planview/Export.h>
 #include <planview/Spreadsheet.h>
 
 #include "dialogs/PropertyForm.h"
@@ -10,7 +11,7 @@
 namespace planview {
 
 /// Shows what an upload would change and lets the user untick single changes.
-class frmUpload final : public PropertyForm {
+class PLANVIEW_EXPORT frmUpload final : public PropertyForm {
 public:
     static constexpr std::string_view FormName = "frmUpload";
 

@@ -69,6 +69,10 @@ std::string KeepSteps(const HostTable& macroTree, const std::vector<MacroStep>& 
         static_cast<void>(macroTree.Value(1, "NODETYPE"));
         static_cast<void>(macroTree.Value(1, "NODEVALUE"));
     }
+    constexpr std::size_t MostRows = 32767;
+    if (static_cast<std::size_t>(macroTree.RowCount()) + steps.size() + 1 > MostRows) {
+        throw AutomationError(AutomationErrorCode::Overflow, "MACRO_TREE holds 32,767 rows, so many do not fit");
+    }
     const std::string key = writer.NewKey();
     writer.Add(key, parentKey, NameOf(MacroNodeType::Recording), name, {});
     int number = 0;

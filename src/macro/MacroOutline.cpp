@@ -134,6 +134,28 @@ bool MacroOutline::IsTarget(int index) const {
     return parent == MacroNodeType::Macro || parent == MacroNodeType::Condition;
 }
 
+bool MacroOutline::PutOnSelectedLine() {
+    constexpr std::string_view Selected = "SELECTED";
+    std::string only;
+    for (const MacroNode& node : nodes_) {
+        const bool isGrid = node.type >= MacroNodeType::TableLine && node.type <= MacroNodeType::TableArea;
+        if (node.type == MacroNodeType::TableLine && node.value == Selected) {
+            return true;
+        }
+        if (isGrid && (node.type != MacroNodeType::TableLine || (!only.empty() && only != node.value))) {
+            return false;
+        }
+        only = isGrid ? node.value : only;
+    }
+    for (MacroNode& node : nodes_) {
+        if (node.type == MacroNodeType::TableLine) {
+            node.value = Selected;
+            node.name.clear();
+        }
+    }
+    return !only.empty();
+}
+
 bool IsPlaceType(MacroNodeType type) noexcept {
     return type >= MacroNodeType::TableLine && type <= MacroNodeType::OwnArea;
 }

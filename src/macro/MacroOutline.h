@@ -61,6 +61,9 @@ public:
     /// Whether the node gives something its value, not only names it: a table or own kind directly under a macro or a
     /// condition.
     [[nodiscard]] bool IsTarget(int index) const;
+    /// Puts the selected line in the place of the line of the grid that the macro is about. False, and nothing done, where
+    /// it is about none or several; one that says "SELECTED" already stays as it is.
+    bool PutOnSelectedLine();
 
 private:
     std::vector<MacroNode> nodes_;

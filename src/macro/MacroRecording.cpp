@@ -152,7 +152,10 @@ void MacroRecording::RecordOne(MacroStep step, std::uint64_t edit) {
     DropMarksFor(step);
     const std::size_t place = steps_.size();
     steps_.push_back({std::move(step), edit});
-    Write(place);
+    if (const std::optional<std::string> error = ErrorTextOf([&] { Write(place); })) {
+        steps_.resize(place);  // a step that cannot be written is none
+        throw AutomationError(AutomationErrorCode::Failed, *error);
+    }
     if (TraceEnabled) {
         const MacroStep& last = steps_.back().step;
         TraceWrite(Label, "", "Record",
@@ -174,20 +177,20 @@ void MacroRecording::DropMarksFor(const MacroStep& step) {
     }
 }
 
-/// Brings the table's rows from this place on in step with the steps. A step that cannot be written is none.
+/// Brings the table's rows from this place on in step with the steps; all of them where the host has set another table
+/// or emptied it meanwhile.
 void MacroRecording::Write(std::size_t from) {
     const HostTable table = parts_.tables.MACROREC;
+    if (from > 0) {
+        const int last = static_cast<int>(from);
+        const bool intact =
+            table.RowCount() >= last && table.Int16(static_cast<HostTable::Row>(last), "STEP") == last;
+        from = intact ? from : 0;
+    }
     for (std::size_t i = from; i < steps_.size(); ++i) {
-        const std::optional<std::string> error = ErrorTextOf([&] {
-            const auto number = static_cast<int>(i) + 1;
-            const HostTable::Row row = number <= table.RowCount() ? static_cast<HostTable::Row>(number) : table.AddRow();
-            WriteStep(table, row, number, steps_[i].step);
-        });
-        if (error) {
-            steps_.resize(i);
-            ResumeNext([&] { Write(steps_.size()); });
-            throw AutomationError(AutomationErrorCode::Failed, *error);
-        }
+        const auto number = static_cast<int>(i) + 1;
+        const HostTable::Row row = number <= table.RowCount() ? static_cast<HostTable::Row>(number) : table.AddRow();
+        WriteStep(table, row, number, steps_[i].step);
     }
     const int rows = table.RowCount();
     for (int row = StepCount() + 1; row <= rows; ++row) {

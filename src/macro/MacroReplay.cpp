@@ -163,15 +163,27 @@ private:
     std::vector<ViewAction> actions_;
 };
 
+std::string MacroReplay::AddAll(Plan& plan, const std::vector<MacroStep>& steps) {
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+        if (const std::optional<std::string> why = ErrorTextOf([&] { plan.Add(steps[i]); })) {
+            return "Step " + std::to_string(i + 1) + " (" + ReadableStep(steps[i]) +
+                   ") does not fit any more: " + WithoutPeriod(*why) + ".";
+        }
+    }
+    return {};
+}
+
+std::string MacroReplay::Check(const std::vector<MacroStep>& steps) const {
+    Plan plan(parts_);
+    return AddAll(plan, steps);
+}
+
 ReplayResult MacroReplay::Run(const std::vector<MacroStep>& steps) const {
     ReplayResult result;
     Plan plan(parts_);
-    for (std::size_t i = 0; i < steps.size(); ++i) {
-        if (const std::optional<std::string> why = ErrorTextOf([&] { plan.Add(steps[i]); })) {
-            result.error = "Step " + std::to_string(i + 1) + " (" + ReadableStep(steps[i]) +
-                           ") does not fit any more: " + WithoutPeriod(*why) + ". Nothing was changed.";
-            return result;
-        }
+    if (const std::string fault = AddAll(plan, steps); !fault.empty()) {
+        result.error = fault + " Nothing was changed.";
+        return result;
     }
     const std::vector<NewValue> values = plan.Values();
     const BulkResult changed = parts_.valueEntry.ChangeCells(values);

@@ -38,6 +38,8 @@ public:
     explicit MacroReplay(Parts parts) : parts_(std::move(parts)) {}
 
     [[nodiscard]] ReplayResult Run(const std::vector<MacroStep>& steps) const;
+    /// What Run() would say of a step that does not fit; empty when all do.
+    [[nodiscard]] std::string Check(const std::vector<MacroStep>& steps) const;
 
     /// The same steps with another line in the place of the only one that they are about. No value when they are about
     /// none or several.
@@ -47,6 +49,8 @@ public:
 
 private:
     class Plan;
+    /// Adds the steps; a sentence for the user where one does not fit, else nothing.
+    static std::string AddAll(Plan& plan, const std::vector<MacroStep>& steps);
 
     Parts parts_;
 };

@@ -321,12 +321,15 @@ MacroProblems CheckMacroNode(const MacroRunParts& parts, std::string_view nodeKe
     return problems;
 }
 
-MacroOutcome RunMacroNode(const MacroRunParts& parts, std::string_view nodeKey) {
+MacroOutcome RunMacroNode(const MacroRunParts& parts, std::string_view nodeKey, bool onSelectedLine) {
     const HostTable table = parts.tables.MACRO_TREE;
-    const MacroOutline outline = MacroOutline::Read(parts.tree, table, nodeKey);
+    MacroOutline outline = MacroOutline::Read(parts.tree, table, nodeKey);
     MacroOutcome outcome;
     if (outline.IsEmpty() || outline.At(0).type != MacroNodeType::Macro) {
         outcome.problems = NoSuchMacro(nodeKey);
+    } else if (onSelectedLine && !outline.PutOnSelectedLine()) {
+        outcome.problems.push_back({std::string(nodeKey), outline.At(0).text,
+                                    "The macro is not about one line alone.", "Run it as it is."});
     } else {
         const MacroGrid places(parts.grid);
         MacroSheet sheet(parts.grid, places);

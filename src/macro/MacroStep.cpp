@@ -271,15 +271,16 @@ std::vector<MacroStep> ReadSteps(const HostTable& macroRec) {
 
 void WriteStep(const HostTable& macroRec, HostTable::Row row, int number, const MacroStep& step) {
     macroRec.Put(row, "STEP", number);
-    macroRec.Put(row, "COMMAND", step.command);
     macroRec.Put(row, "COLUMN", step.columns.keys);
     macroRec.Put(row, "LINE", step.lines.keys);
     macroRec.Put(row, "VALUE", step.value);
     macroRec.Put(row, "COLUMN_NAME", step.columns.names);
     macroRec.Put(row, "LINE_NAME", step.lines.names);
+    macroRec.Put(row, "COMMAND", step.command);  // last: without it the row is no step
 }
 
 void EmptyStep(const HostTable& macroRec, HostTable::Row row) {
+    macroRec.Put(row, "COMMAND", "");
     WriteStep(macroRec, row, 0, {});
 }
 

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Export.h>
+
 #include "automation/HostTable.h"
 
 namespace planview {
@@ -41,7 +43,7 @@ struct ToolbarButtonInfo {
 };
 
 /// All buttons in their order.
-[[nodiscard]] std::span<const ToolbarButtonInfo, ToolbarButtonCount> ToolbarButtons() noexcept;
+[[nodiscard]] PLANVIEW_EXPORT std::span<const ToolbarButtonInfo, ToolbarButtonCount> ToolbarButtons() noexcept;
 
 /// Hears that a button looks different.
 class ToolbarWatcher {
@@ -51,7 +53,7 @@ public:
 };
 
 /// The macro toolbar without a screen: its tooltips, which buttons can be pressed, and what the user does to it.
-class MacroToolbar {
+class PLANVIEW_EXPORT MacroToolbar {
 public:
     inline static constexpr std::string_view Label = "TREETOOL";
 

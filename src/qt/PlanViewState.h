@@ -8,6 +8,8 @@
 #include "qt/StatusInfo.h"
 #include "qt/chart/ChartView.h"
 #include "qt/grid/GridView.h"
+#include "qt/macro/MacroPane.h"
+#include "qt/macro/OperandPane.h"
 #include "qt/panes/PaneHost.h"
 #include "qt/platform/QtClipboard.h"
 #include "qt/platform/QtFileDialogs.h"
@@ -16,6 +18,8 @@
 #include "qt/platform/QtPopups.h"
 #include "qt/platform/QtProgress.h"
 #include "qt/platform/QtSystemInformation.h"
+#include "qt/tree/ToolbarView.h"
+#include "qt/tree/TreePane.h"
 
 namespace planview {
 
@@ -40,6 +44,7 @@ struct PlanViewWidget::State {
     PaneHost* panes = nullptr;  // children of the widget
     GridView* grid = nullptr;
     ChartView* chart = nullptr;
+    TreePane* tree = nullptr;
     StatusInfo* status = nullptr;
     ColorScheme colorScheme = ColorScheme::System;
     bool announcesSeveral = false;

@@ -10,6 +10,7 @@
 
 #include "automation/NumberFormat.h"
 #include "automation/Numbers.h"
+#include "macro/SelectionText.h"
 #include "qt/PlanViewState.h"
 
 namespace planview {
@@ -58,12 +59,21 @@ PlanViewWidget::PlanViewWidget(QWidget* parent) : PlanViewWidget(PlatformOverrid
 PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* parent)
     : QWidget(parent), state_(std::make_unique<State>()) {
     qRegisterMetaType<ObjectRef>("planview::ObjectRef");
+    qRegisterMetaType<MacroResult>("planview::MacroResult");
     state_->core = std::make_shared<PlanViewCore>(*this, platform);
     state_->grid = new GridView(state_->core->view.Grid(), state_->core);
     state_->core->popups.setGrid(state_->grid);
     state_->chart = new ChartView(state_->core->view.Chart(), state_->core);
     state_->core->popups.setChart(state_->chart);
-    state_->panes = new PaneHost(state_->core->view.Panes(), state_->grid, state_->chart, this);
+    PlanView& view = state_->core->view;
+    state_->tree = new TreePane(view.Tree(), state_->grid->bitmaps(), state_->core);
+    state_->core->popups.setTree(&state_->tree->view());
+    auto* toolbar = new ToolbarView(
+        view.Toolbar(), state_->grid->bitmaps(), [&grid = view.Grid()] { return SelectionText(grid); }, state_->core);
+    auto* macro = new MacroPane(view.Editor(), state_->grid->bitmaps(), state_->core);
+    auto* operands = new OperandPane(view.Editor(), state_->grid->bitmaps(), state_->core);
+    state_->panes = new PaneHost(view.Panes(), view.Editor(),
+                                 {state_->grid, state_->chart, state_->tree, toolbar, macro, operands}, this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(state_->panes);
@@ -79,6 +89,7 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
         return isVisible() && state_->grid->editor().tell(
                                   cell, QString::fromUtf8(reason.data(), static_cast<qsizetype>(reason.size())));
     });
+    state_->core->view.SetRecordingListener([this] { Q_EMIT recordingChanged(); });
     state_->grid->setHistory({[this] { undo(); }, [this] { redo(); }});
     connect(state_->chart, &ChartView::undoWanted, this, &PlanViewWidget::undo);
     connect(state_->chart, &ChartView::redoWanted, this, &PlanViewWidget::redo);
@@ -97,6 +108,7 @@ PlanViewWidget::~PlanViewWidget() {
     // The control itself may have to wait for a member that is being called; its work ends here.
     state_->core->view.SetBulkListener({});
     state_->core->view.SetHintListener({});
+    state_->core->view.SetRecordingListener({});
     state_->core->view.RemoveSink(state_->core->sink);
     state_->core->view.Terminate();
 }
@@ -145,6 +157,7 @@ void PlanViewWidget::registerBitmap(const QString& name, const QIcon& icon) {
     state_->grid->bitmaps().add(plainName, icon);
     control().Grid().RegisterBitmap(plainName);
     state_->grid->viewport()->update();
+    state_->tree->update();
 }
 
 QImage PlanViewWidget::renderToImage(QSize size, qreal scale) {

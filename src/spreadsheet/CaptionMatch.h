@@ -6,13 +6,14 @@
 
 namespace planview {
 
-/// Which captions of a worksheet are those of which rows of an index table. Places from 0, in the order of the captions.
+/// Which captions of a worksheet are those of which rows of an index table. Places from 0, in the order of the
+/// captions.
 struct CaptionMatch {
     static constexpr int None = -1;
 
     std::vector<int> sheetPlaces;  ///< for each row of the table its place on the sheet, or None
     std::vector<int> missing;      ///< rows of the table whose caption the sheet does not have
-    std::vector<int> extra;        ///< places on the sheet whose caption the table does not have; empty captions left out
+    std::vector<int> extra;  ///< places on the sheet whose caption the table does not have; empty captions left out
     /// Rows of the table with a caption that stands several times, where it cannot be told which is which.
     std::vector<int> ambiguous;
     /// A row of the table and the place on the sheet where another caption stands in its stead; neither of them is

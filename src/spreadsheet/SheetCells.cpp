@@ -1,5 +1,7 @@
 #include "spreadsheet/SheetCells.h"
 
+#include "automation/ErrorText.h"
+
 namespace planview {
 
 namespace {
@@ -38,6 +40,12 @@ void SheetCells::SetValue(const Variant& value) {
 
 Variant SheetCells::Value() {
     return cell_->Get(value_.Of(*cell_), {});
+}
+
+bool SheetCells::IsMerged() {
+    bool merged = false;
+    (void)ErrorTextOf([&] { merged = cell_->Get(mergeCells_.Of(*cell_), {}).AsBoolean(); });
+    return merged;
 }
 
 }  // namespace planview

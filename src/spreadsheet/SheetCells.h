@@ -40,6 +40,8 @@ public:
     void SetLocked(bool locked);
     void SetValue(const Variant& value);
     [[nodiscard]] Variant Value();
+    /// Whether the cell is one of several merged ones; false where the worksheet does not tell.
+    [[nodiscard]] bool IsMerged();
 
 private:
     ObjectRef worksheet_;
@@ -50,6 +52,7 @@ private:
     MemberNumber colorIndex_{"ColorIndex"};
     MemberNumber locked_{"Locked"};
     MemberNumber value_{"Value"};
+    MemberNumber mergeCells_{"MergeCells"};
 };
 
 }  // namespace planview

@@ -1,5 +1,6 @@
 #include "spreadsheet/SheetReader.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -22,8 +23,10 @@ namespace {
 constexpr std::size_t EmptyCaptionsAtEnd = 64;
 constexpr std::size_t LastPlace = std::numeric_limits<std::int16_t>::max();
 
+/// Captions of lines may be indented.
 std::string Quoted(const std::string& caption) {
-    return "\"" + caption + "\"";
+    const std::size_t start = std::min(caption.find_first_not_of(' '), caption.size());
+    return "\"" + caption.substr(start) + "\"";
 }
 
 [[noreturn]] void Refuse(const std::string& sentence) {
@@ -73,7 +76,7 @@ bool IsSame(const Entry& entry, const std::string& contents) {
 
 /// How the two axes are called.
 struct AxisWords {
-    const char* one;        ///< in the table
+    const char* one;  ///< in the table
     const char* many;
     const char* onSheet;
 };
@@ -102,12 +105,13 @@ void AddNotes(const CaptionMatch& match, const std::vector<std::string>& table, 
     const auto sheetCaption = [&](int place) { return Quoted(sheet[static_cast<std::size_t>(place)]); };
     const auto sheetPlace = [&](int place) { return std::string(words.onSheet) + " " + PlaceName(columns, place + 2); };
     for (const auto& [inTable, onSheet] : match.renamed) {
-        preview.notes.push_back(sheetPlace(onSheet) + " is called " + sheetCaption(onSheet) + " where the table has the " +
-                                one + " " + tableCaption(inTable) +
+        preview.notes.push_back(sheetPlace(onSheet) + " is called " + sheetCaption(onSheet) +
+                                " where the table has the " + one + " " + tableCaption(inTable) +
                                 "; its values are left alone. Give it its old name to have them read.");
     }
     for (const int place : match.missing) {
-        preview.notes.push_back("The " + one + " " + tableCaption(place) + " is not in the workbook and stays as it is.");
+        preview.notes.push_back("The " + one + " " + tableCaption(place) +
+                                " is not in the workbook and stays as it is.");
     }
     for (const int place : match.extra) {
         preview.notes.push_back(sheetPlace(place) + ", " + sheetCaption(place) + ", belongs to no " + one +
@@ -161,9 +165,10 @@ std::vector<SheetReader::Track<Id>> SheetReader::TracksOf(Axis axis, const std::
             continue;
         }
         if (const std::optional<Id> id = find(keys[i])) {
-            const CellKeyView label = columns ? CellKeyView{keys[i], HeadingRowKey} : CellKeyView{LabelColumnKey, keys[i]};
-            tracks.push_back({*id, keys[i], modGrid::CellText(grid_, label),
-                              static_cast<std::int16_t>(match.sheetPlaces[i] + 2)});
+            const CellKeyView label =
+                columns ? CellKeyView{keys[i], HeadingRowKey} : CellKeyView{LabelColumnKey, keys[i]};
+            tracks.push_back(
+                {*id, keys[i], modGrid::CellText(grid_, label), static_cast<std::int16_t>(match.sheetPlaces[i] + 2)});
         } else {
             preview.notes.push_back("The " + std::string(words.one) + " " + Quoted(captions[i]) +
                                     " is not in the grid and is not read.");
@@ -235,6 +240,11 @@ void SheetReader::ReadCell(const Track<ColumnId>& column, const Track<RowId>& li
     change.after = entry.number ? modPlan::ReplacePoint(NumberText(*entry.number)) : entry.text;
     change.value = entry.number ? Variant(*entry.number) : Variant("");
     change.refusal = RefusalText(refusal);
+    if (refusal == Refusal::NoNumber && entry.text.starts_with('=')) {
+        change.refusal = "This formula was never calculated. Open the workbook in a spreadsheet application and save it.";
+    } else if (refusal == Refusal::None && entry.IsEmpty() && cells_.IsMerged()) {
+        change.refusal = "The cell is merged with others in the workbook. Unmerge them there.";
+    }
     if (TraceEnabled) {
         TraceWrite(SpreadsheetLabel, "", "UploadData",
                    TraceText("{cid: ", change.column, " - rid: ", change.row, " - before: ", change.before,

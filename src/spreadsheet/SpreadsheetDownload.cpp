@@ -94,8 +94,7 @@ void SpreadsheetDownload::Run() {
     if (outcome == Outcome::NoApplication) {
         TellNoApplication(parts_.messageBoxes);
     } else if (outcome == Outcome::Failed) {
-        parts_.messageBoxes.Show(
-            {error, "Download", MessageButtons::Ok, MessageIcon::Exclamation, MessageAnswer::Ok});
+        parts_.messageBoxes.Show({error, "Download", MessageButtons::Ok, MessageIcon::Exclamation, MessageAnswer::Ok});
     }
 }
 

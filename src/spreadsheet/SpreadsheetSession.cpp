@@ -36,9 +36,8 @@ bool SpreadsheetSession::Connect() {
 bool SpreadsheetSession::CheckVersion() {
     bool known = false;
     // What an application without a version fails at later says more than this.
-    if (const std::optional<std::string> error = ErrorTextOf([&] {
-            known = application_.Get("Application").Get("Version").Value().AsText() == KnownVersion;
-        })) {
+    if (const std::optional<std::string> error = ErrorTextOf(
+            [&] { known = application_.Get("Application").Get("Version").Value().AsText() == KnownVersion; })) {
         TraceError(SpreadsheetLabel, "CheckVersion", *error);
     }
     if (TraceEnabled) {

@@ -54,12 +54,6 @@ TEST_F(AxisLayoutTest, FindsPlacesAndTracks) {
     SetColumn("COL2", GridAttribute::Hidden, true);
     layout_.Update(grid_, Axis::Horizontal, LabelWidth);
     EXPECT_EQ(layout_.Extent(Area::Center), 130);
-    EXPECT_EQ(layout_.IndexAt(Area::Center, -1), -1);
-    EXPECT_EQ(layout_.IndexAt(Area::Center, 0), 0);
-    EXPECT_EQ(layout_.IndexAt(Area::Center, 49), 0);
-    EXPECT_EQ(layout_.IndexAt(Area::Center, 50), 1);
-    EXPECT_EQ(layout_.IndexAt(Area::Center, 129), 1);
-    EXPECT_EQ(layout_.IndexAt(Area::Center, 130), -1);
     EXPECT_EQ(layout_.IndexOf(Area::Center, ColumnAt("COL3").value), 1);
     EXPECT_EQ(layout_.IndexOf(Area::Center, ColumnAt("COL2").value), -1) << "hidden";
     EXPECT_EQ(layout_.IndexOf(Area::Center, ColumnAt("FRC1").value), -1) << "another area";
@@ -68,7 +62,6 @@ TEST_F(AxisLayoutTest, FindsPlacesAndTracks) {
     EXPECT_EQ(layout_.IndexOf(Area::Center, 1000), -1);
     grid_.Destroy(false);
     EXPECT_EQ(Text(Axis::Horizontal), "| | ");
-    EXPECT_EQ(layout_.IndexAt(Area::Leading, 0), -1);
     grid_.CreateLabelled(false);
     EXPECT_EQ(Text(Axis::Vertical), "FTR0 0+22 | | ") << "no column to take the height from";
 }

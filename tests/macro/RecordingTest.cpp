@@ -148,6 +148,17 @@ TEST_F(RecordingTest, ANewRecordingLeavesNothingOfALongerOne) {
     EXPECT_EQ(tables.macroRec->RowCount(), 2) << "a host's table can only grow";
 }
 
+TEST_F(RecordingTest, ATableThatTheHostSetsAnewGetsAllSteps) {
+    control->StartRecording();
+    Grid().EnterText(At("COL1", "ROW1"), "1");
+    Grid().EnterText(At("COL2", "ROW1"), "2");
+    tables.macroRec = MemoryTable::WithFieldsOf("MACROREC");
+    control->PROP_Set_MACROREC(tables.macroRec);
+    Grid().EnterText(At("COL3", "ROW1"), "3");
+    EXPECT_EQ(Steps(), (Lines{"VALUE COL1[Jan] ROW1[Retail] 1", "VALUE COL2[Feb] ROW1[Retail] 2",
+                              "VALUE COL3[Mar] ROW1[Retail] 3"}));
+}
+
 TEST_F(RecordingTest, SaysWhyItCannotRecord) {
     ExpectErrors();
     control->PROP_Set_MACROREC(nullptr);

@@ -212,9 +212,9 @@ const Refusal Refusals[] = {
     {"NewerVersion",
      [](const TestFolder& f) {
          MakeFullBook(f);
-         ChangeBook(f.Path("book"), "PRAGMA user_version = 2");
+         ChangeBook(f.Path("book"), "PRAGMA user_version = 3");
      },
-     "it has the book version 2, this planbook reads versions up to 1. Open it with a newer planbook."},
+     "it has the book version 3, this planbook reads versions up to 2. Open it with a newer planbook."},
     {"NoVersion",
      [](const TestFolder& f) {
          MakeFullBook(f);

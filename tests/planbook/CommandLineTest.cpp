@@ -80,6 +80,26 @@ const CommandCase Commands[] = {
     {"BadSize", {"--screenshot", "p.png", "--size", "1440", "us.planbook"}, 2, "such as 1440x900, not \"1440\""},
     {"BadScale", {"--screenshot", "p.png", "--scale", "nan", "us.planbook"}, 2, "--scale takes a number"},
     {"BadDecimal", {"--import", "bad.csv", "--decimal", ";", "b"}, 2, "--decimal takes point or comma"},
+    {"DownloadWithoutBook", {"--download", "a.xlsx"}, 2, "--download needs a BOOK"},
+    {"DryRunWithoutUpload", {"--dry-run", "us.planbook"}, 2, "--dry-run needs --upload"},
+    {"PrintSetupOfUpload", {"--upload", "a.xlsx", "--print-setup", "us.planbook"}, 2, "--print-setup needs --download"},
+    {"DownloadAndUpload", {"--download", "a", "--upload", "b", "us.planbook"}, 2, "--download and --upload do not go"},
+    {"UploadAndPicture", {"--upload", "a", "--screenshot", "p.png", "us.planbook"}, 2, "do not go together"},
+    {"DownloadOverBook", {"--download", "./us.planbook", "us.planbook"}, 1, "there is a planning book of that name"},
+    {"UploadOfText", {"--upload", "text.txt", "us.planbook"}, 1, "text.txt"},
+    {"DownloadOfNoBook", {"--download", "a.xlsx", "text.txt"}, 1, "it is no planning book"},
+    {"MacroWithoutBook", {"--macro", "x"}, 2, "--macro needs a BOOK"},
+    {"LineWithoutMacro", {"--line", "x", "us.planbook"}, 2, "--line needs --macro"},
+    {"MacroAndPicture", {"--macro", "x", "--screenshot", "p.png", "us.planbook"}, 2, "do not go together"},
+    {"UnknownMacro", {"--macro", "x", "us.planbook"}, 1, "It has these: \n  Raise selected line by 5 % in 2015\n"},
+    {"UnknownLine",
+     {"--macro", "Plan 2015 as last year", "--line", "Lost", "us.planbook"},
+     1,
+     "called \"Lost\". The lines are: \n  Total nonfarm\n"},
+    {"MacroOnAReadOnlyLine",
+     {"--macro", "Plan 2015 as last year", "--line", "Total nonfarm", "us.planbook"},
+     1,
+     "Total nonfarm"},
     {"BadCsv", {"--import", "bad.csv", "b"}, 1, "line 2, column 2: \"x\" (a) is no number"},
     {"NoCsv", {"--import", "none.csv", "b"}, 1, "there is no such file"},
     {"CsvIsFolder", {"--import", ".", "b"}, 1, "it is a folder"},
@@ -107,6 +127,26 @@ TEST(Planbook, HelpAndVersionNeedNothing) {
     const TestFolder folder;
     EXPECT_TRUE(Contains(RunPlanbook(folder, {"--help"}).out, "--import DATA.csv BOOK"));
     EXPECT_TRUE(RunPlanbook(folder, {"--version"}).out.starts_with("planbook "));
+}
+
+TEST(Planbook, RunsTheMacrosOfTheSampleBookWithoutADisplay) {
+    const TestFolder folder;
+    MakeSample(folder);
+    const auto run = [&](const QStringList& arguments) {
+        const Outcome outcome = RunPlanbook(folder, QStringList{"--macro"} + arguments + QStringList{"us.planbook"});
+        EXPECT_EQ(outcome.exitCode, 0) << outcome.error;
+        EXPECT_EQ(outcome.error, "");
+        return outcome.out;
+    };
+    const std::string copied = run({"Plan 2015 as last year", "--line", "Retail trade"});
+    EXPECT_TRUE(Contains(copied, "Retail trade, Jan 15: 15501.7 -> 15256.3\n")) << copied;
+    EXPECT_TRUE(Contains(copied, ": 12 cells changed.\n")) << copied;
+    const std::string raised = run({"Raise selected line by 5 % in 2015", "--line", "Retail trade"});
+    EXPECT_TRUE(Contains(raised, "Retail trade, Jan 15: 15256.3 -> 16019.115\n")) << raised;
+    run({"Raise selected line by 5 % in 2015", "--line", "Durable goods"});
+    const std::string summed = run({"Manufacturing as sum of its goods"});
+    EXPECT_TRUE(Contains(summed, "Manufacturing, Jan 15: 12296 -> 12683.7\n")) << summed;
+    EXPECT_TRUE(Contains(summed, ": 12 cells changed.\n")) << summed;
 }
 
 int PixelsLike(const QImage& picture, bool (*matches)(QColor)) {

@@ -174,13 +174,13 @@ TEST(HostMenus, EntriesAreEnabledWhenTheyCanBeDone) {
     PlanViewWidget& view = host.window.view();
     EXPECT_EQ(host.Offered(view.PROP_Get_GRIDMENU()), "1 (2) (3)");
     EXPECT_EQ(host.Offered(view.PROP_Get_COLMENU()), "11 (12)");
-    EXPECT_EQ(host.Offered(view.PROP_Get_ROWMENU()), "21 22 (23)");
-    EXPECT_EQ(host.Offered(view.PROP_Get_CELLMENU()), "31 (32)");
+    EXPECT_EQ(host.Offered(view.PROP_Get_ROWMENU()), "21 22 (23) 24");
+    EXPECT_EQ(host.Offered(view.PROP_Get_CELLMENU()), "31 (32) 33");
     const std::string menus = DumpTable(LoadBook(host.file), BookTable::GridMenu);
     host.Choose(HostCommand::CopyValue, 1, 1);
     QApplication::processEvents();
     EXPECT_EQ(host.Offered(view.PROP_Get_GRIDMENU()), "1 2 3");
-    EXPECT_EQ(host.Offered(view.PROP_Get_CELLMENU()), "31 32");
+    EXPECT_EQ(host.Offered(view.PROP_Get_CELLMENU()), "31 32 33");
     EXPECT_EQ(DumpTable(LoadBook(host.file), BookTable::GridMenu), menus) << "the book keeps its own";
 }
 

@@ -35,7 +35,22 @@ public:
         return number;
     }
 
+    [[nodiscard]] std::optional<double> askPercent(const QString& text) override {
+        asked = text.toStdString();
+        return number;
+    }
+    [[nodiscard]] std::optional<QString> askName(const QString& text, const QString& suggested) override {
+        asked = text.toStdString() + ": " + suggested.toStdString();
+        if (names.empty()) {
+            return std::nullopt;
+        }
+        const std::string name = names.front();
+        names.erase(names.begin());
+        return name.empty() ? suggested : QString::fromStdString(name);
+    }
+
     int chosenLine = 0;
+    std::vector<std::string> names;  ///< to answer one after another; an empty one takes what is suggested
     std::optional<double> number;
     std::string asked;
     std::function<void()> whileAsking;

@@ -1,6 +1,6 @@
-#include "spreadsheet/CaptionMatch.h"
-
 #include <gtest/gtest.h>
+
+#include "spreadsheet/CaptionMatch.h"
 
 namespace planview {
 
@@ -38,7 +38,12 @@ std::string Text(const CaptionMatch& match) {
 const Case Cases[] = {
     {"as downloaded", {"A", "B", "C"}, {"A", "B", "C"}, "0 1 2"},
     {"empty cells behind", {"A", "B"}, {"A", "B", "", ""}, "0 1"},
-    {"blanks around captions", {"  A", "B "}, {"A", "\xC2\xA0" "B"}, "0 1"},
+    {"blanks around captions",
+     {"  A", "B "},
+     {"A",
+      "\xC2\xA0"
+      "B"},
+     "0 1"},
     {"sorted by the user", {"A", "B", "C"}, {"C", "A", "B"}, "1 2 0"},
     {"one deleted", {"A", "B", "C"}, {"A", "C"}, "0 - 1 | missing 1"},
     {"one inserted", {"A", "B"}, {"A", "new", "B"}, "0 2 | extra 1"},
@@ -53,7 +58,9 @@ const Case Cases[] = {
     {"repeated, its neighbours sorted", {"A", "Sum", "B", "Sum"}, {"B", "Sum", "A", "Sum"}, "2 - 0 - | ambiguous 1,3"},
     {"repeated on the sheet only", {"A", "B"}, {"A", "A", "B"}, "- 2 | ambiguous 0"},
     {"another book", {"A", "B", "C"}, {"X", "Y", "Z"}, "- - - | renamed 0>0 | renamed 1>1 | renamed 2>2 | other"},
-    {"another book with one line in common", {"A", "B", "Sum"}, {"X", "Y", "Z", "Sum"},
+    {"another book with one line in common",
+     {"A", "B", "Sum"},
+     {"X", "Y", "Z", "Sum"},
      "- - 3 | missing 0,1 | extra 0,1,2 | other"},
     {"a part of the table", {"A", "B", "C", "D", "E"}, {"D"}, "- - - 0 - | missing 0,1,2,4"},
     {"an empty sheet", {"A", "B"}, {"", ""}, "- - | missing 0,1 | other"},

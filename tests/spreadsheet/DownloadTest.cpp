@@ -75,20 +75,36 @@ TEST_F(DownloadTest, WritesTheWholeTablesAndSaysSoInTheTrace) {
     EXPECT_EQ(fake->cells[(test::FakeSpreadsheet::Place{2, 2})].value.GetKind(), Variant::Kind::Double);
     EXPECT_TRUE(fake->cells[(test::FakeSpreadsheet::Place{5, 2})].value.IsEmpty()) << "no number for text lines";
     EXPECT_EQ(fake->log, (Lines{
-                             "Application.Workbooks.Add", "Workbook.Title=Zet Q/7 download", "Workbook.Subject=PlanView",
-                             "Worksheet.Unprotect", "Worksheet.Cells.HorizontalAlignment=4",
-                             "Worksheet.Cells.Borders.LineStyle=1", "Worksheet.Cells.Borders.ColorIndex=1",
-                             "Worksheet.Cells.Font.Size=10", "Worksheet.Columns(1).Font.Bold=True",
-                             "Worksheet.Columns(1).Font.Size=10", "Worksheet.Columns(1).ColumnWidth=20",
-                             "Worksheet.Columns(1).Interior.ColorIndex=15", "Worksheet.Columns(1).Borders.LineStyle=9",
-                             "Worksheet.Columns(1).Borders.ColorIndex=1", "Worksheet.Columns(1).HorizontalAlignment=2",
-                             "Worksheet.Rows(1).Font.Bold=True", "Worksheet.Rows(1).Font.Size=10",
-                             "Worksheet.Rows(1).Interior.ColorIndex=15", "Worksheet.Rows(1).Borders.LineStyle=9",
-                             "Worksheet.Rows(1).Borders.ColorIndex=1", "Worksheet.Rows(1).HorizontalAlignment=2",
-                             "Worksheet.Rows(2).NumberFormat=#,##0.0", "Worksheet.Columns(1).NumberFormat=@",
-                             "Worksheet.Rows(1).NumberFormat=@", "Application.ActiveWindow.SplitRow=1",
-                             "Application.ActiveWindow.SplitColumn=1", "Application.ActiveWindow.FreezePanes=True", "Worksheet.Protect",
-                             "Workbook.Saveas(/plans/Plan \xC3\xA4.xlsx)", "Application.Quit",
+                             "Application.Workbooks.Add",
+                             "Workbook.Title=Zet Q/7 download",
+                             "Workbook.Subject=PlanView",
+                             "Worksheet.Unprotect",
+                             "Worksheet.Cells.HorizontalAlignment=4",
+                             "Worksheet.Cells.Borders.LineStyle=1",
+                             "Worksheet.Cells.Borders.ColorIndex=1",
+                             "Worksheet.Cells.Font.Size=10",
+                             "Worksheet.Columns(1).Font.Bold=True",
+                             "Worksheet.Columns(1).Font.Size=10",
+                             "Worksheet.Columns(1).ColumnWidth=20",
+                             "Worksheet.Columns(1).Interior.ColorIndex=15",
+                             "Worksheet.Columns(1).Borders.LineStyle=9",
+                             "Worksheet.Columns(1).Borders.ColorIndex=1",
+                             "Worksheet.Columns(1).HorizontalAlignment=2",
+                             "Worksheet.Rows(1).Font.Bold=True",
+                             "Worksheet.Rows(1).Font.Size=10",
+                             "Worksheet.Rows(1).Interior.ColorIndex=15",
+                             "Worksheet.Rows(1).Borders.LineStyle=9",
+                             "Worksheet.Rows(1).Borders.ColorIndex=1",
+                             "Worksheet.Rows(1).HorizontalAlignment=2",
+                             "Worksheet.Rows(2).NumberFormat=#,##0.0",
+                             "Worksheet.Columns(1).NumberFormat=@",
+                             "Worksheet.Rows(1).NumberFormat=@",
+                             "Application.ActiveWindow.SplitRow=1",
+                             "Application.ActiveWindow.SplitColumn=1",
+                             "Application.ActiveWindow.FreezePanes=True",
+                             "Worksheet.Protect",
+                             "Workbook.Saveas(/plans/Plan \xC3\xA4.xlsx)",
+                             "Application.Quit",
                          }));
     EXPECT_EQ(Entries(), (Lines{
                              "EXCEL | {} | #EXCEL DOWNLOAD# | BEGIN",
@@ -224,8 +240,7 @@ TEST_F(DownloadTest, AFailingCallEndsItsOwnProcedure) {
     fake->failing = "Workbook.Saveas";
     platform.savePaths = {"plan.xlsx"};
     context.download.Run();
-    EXPECT_EQ(Messages(),
-              "The table was not saved as a workbook. fails at Workbook.Saveas(plan.xlsx)\n");
+    EXPECT_EQ(Messages(), "The table was not saved as a workbook. fails at Workbook.Saveas(plan.xlsx)\n");
 }
 
 TEST_F(DownloadTest, AnApplicationOfTheHostMayLackTheExtras) {

@@ -62,6 +62,9 @@ TEST_F(UploadTest, ComparesWhatTheSheetSaysWithTheGrid) {
          "Sales/May 01: 1234,5 -> much (This is not a number. Enter digits with a point or a comma, or nothing.)"},
         {"an error", 2, 2, "#DIV/0!",
          "Sales/May 01: 1234,5 -> #DIV/0! (This is not a number. Enter digits with a point or a comma, or nothing.)"},
+        {"a formula without a value", 2, 2, "=B3*2",
+         "Sales/May 01: 1234,5 -> =B3*2 (This formula was never calculated. Open the workbook in a spreadsheet "
+         "application and save it.)"},
         {"true", 2, 2, true,
          "Sales/May 01: 1234,5 -> TRUE (This is not a number. Enter digits with a point or a comma, or nothing.)"},
         {"no finite number", 2, 2, std::numeric_limits<double>::infinity(),
@@ -77,6 +80,16 @@ TEST_F(UploadTest, ComparesWhatTheSheetSaysWithTheGrid) {
     }
     EXPECT_EQ(InTab(*tables.tabOld), "") << "looking changes nothing";
     EXPECT_EQ(events.size(), 0U);
+}
+
+TEST_F(UploadTest, TakesNoEmptinessFromMergedCells) {
+    Edit(2, 2, "");
+    fake->cells[(test::FakeSpreadsheet::Place{2, 2})].merged = true;
+    Edit(2, 3, 5);
+    fake->cells[(test::FakeSpreadsheet::Place{2, 3})].merged = true;
+    EXPECT_EQ(Differences(),
+              (Lines{"Sales/May 01: 1234,5 ->  (The cell is merged with others in the workbook. Unmerge them there.)",
+                     "Sales/May 02: 10 -> 5"}));
 }
 
 TEST_F(UploadTest, SaysWhatDoesNotMatch) {
@@ -125,9 +138,10 @@ TEST_F(UploadTest, TakesNothingFromAnotherBook) {
         Edit(row, 1, "X" + std::to_string(row));
     }
     RunUpload();
-    EXPECT_EQ(Messages(),
-              "This is no download of this table: most lines on its sheet \"Other\" are none of the table's. Choose the "
-              "workbook that was downloaded from it.\n");
+    EXPECT_EQ(
+        Messages(),
+        "This is no download of this table: most lines on its sheet \"Other\" are none of the table's. Choose the "
+        "workbook that was downloaded from it.\n");
     EXPECT_EQ(platform.formCalls, Lines{});
     EXPECT_EQ(InTab(*tables.tabOld), "");
 }
@@ -215,7 +229,10 @@ TEST_F(UploadTest, LeavesAloneWhatChangedMeanwhile) {
     } cases[] = {
         {"nothing", [] {}, 3},
         {"another value in one cell",
-         [&] { context.grid.EnterText(context.grid.FindCell({"COL2", "ROW1"}).value(), "99"); }, 2},
+         [&] {
+             context.grid.EnterText(context.grid.FindCell({"COL2", "ROW1"}).value(), "99");
+         },
+         2},
         {"the grid built again as it was", [&] { context.construction.CreateFromTables(); }, 3},
         {"a line replaced by another one",
          [&] {
@@ -253,8 +270,7 @@ TEST_F(UploadTest, TheUserHearsOfWhatWasLeftAlone) {
         form.cmdOk_Click();
     });
     RunUpload();
-    EXPECT_EQ(Messages(),
-              "1 cell changed.\n1 cell left alone: the table was changed since the workbook was read.\n");
+    EXPECT_EQ(Messages(), "1 cell changed.\n1 cell left alone: the table was changed since the workbook was read.\n");
     EXPECT_EQ(Shown("COL2", "ROW1"), "99");
 }
 

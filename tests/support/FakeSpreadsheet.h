@@ -21,6 +21,7 @@ struct FakeSpreadsheet {
         Variant value;
         std::string interior;
         std::string locked;
+        bool merged = false;
     };
     using Place = std::pair<int, int>;  // row, column
 
@@ -76,7 +77,9 @@ public:
             return fake_->sheetName;
         }
         if (cell_ != FakeSpreadsheet::Place()) {
-            return name == "Value" ? fake_->cells[cell_].value : Made(path_ + "." + name, cell_);
+            return name == "Value"        ? fake_->cells[cell_].value
+                   : name == "MergeCells" ? Variant(fake_->cells[cell_].merged)
+                                          : Made(path_ + "." + name, cell_);
         }
         if (name == "Application") {
             return Made("Application");

@@ -92,6 +92,10 @@ BookSession::BookSession(PlanViewWidget& view, Questions& questions, QObject* pa
     connect(&view_, &PlanViewWidget::severalValuesAnnounced, this, &BookSession::severalAnnounced);
     connect(&view_, &PlanViewWidget::GridStartUpdate, this, &BookSession::tablesChanged);
     connect(&view_, &PlanViewWidget::GridReturnKeyPressed, this, &BookSession::tablesChanged);
+    connect(&view_, &PlanViewWidget::MacroTreeExpand, this, &BookSession::tablesChanged);
+    connect(&view_, &PlanViewWidget::MacroTreeCollapse, this, &BookSession::tablesChanged);
+    connect(&view_, &PlanViewWidget::GridTreeMacroExpand, this, &BookSession::tablesChanged);
+    connect(&view_, &PlanViewWidget::GridTreeMacroCollapse, this, &BookSession::tablesChanged);
     connect(&watch_, &QTimer::timeout, this, &BookSession::watch);
     watch_.setInterval(WatchInterval);
     later_.setSingleShot(true);
@@ -135,6 +139,7 @@ void BookSession::show() {
     for (const Slot& slot : Slots) {
         (view_.*slot.set)(book_.Share(slot.table));
     }
+    view_.plv_LayoutMode();  // or the tree pane could not be shown
     view_.DP_Import_Attribute();
     view_.DP_Import_Texts();
     view_.DP_Import_MacroTree();

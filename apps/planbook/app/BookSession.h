@@ -54,6 +54,9 @@ public:
     /// when nothing was changed; a read-only book stays as it is.
     bool change(const std::function<bool(const Book&)>& work);
 
+    /// Saves what the view has changed in the tables without announcing it.
+    void saveTables() { tablesChanged(); }
+
     /// Does at once what waits for the view to end what it is doing; false when something had failed.
     bool settle();
 

@@ -3,6 +3,7 @@
 #include <QCommandLineOption>
 #include <QCommandLineParser>
 #include <QRegularExpression>
+#include <array>
 
 namespace planbook {
 
@@ -12,6 +13,12 @@ constexpr const char* Import = "import";
 constexpr const char* Names = "names";
 constexpr const char* Decimal = "decimal";
 constexpr const char* Force = "force";
+constexpr const char* Download = "download";
+constexpr const char* PrintSetup = "print-setup";
+constexpr const char* Upload = "upload";
+constexpr const char* DryRun = "dry-run";
+constexpr const char* Macro = "macro";
+constexpr const char* Line = "line";
 constexpr const char* Screenshot = "screenshot";
 constexpr const char* Size = "size";
 constexpr const char* Scale = "scale";
@@ -87,14 +94,23 @@ void CheckCombination(const QCommandLineParser& parser) {
     for (const char* option : {Size, Scale}) {
         RequireWith(parser, option, Screenshot);
     }
-    for (const char* option : {Screenshot, Trace, Light, Dark}) {
-        RefuseTogether(parser, Import, option);
+    RequireWith(parser, PrintSetup, Download);
+    RequireWith(parser, DryRun, Upload);
+    RequireWith(parser, Line, Macro);
+    constexpr std::array Works{Import, Download, Upload, Macro};
+    for (std::size_t i = 0; i < Works.size(); ++i) {
+        for (const char* option : {Screenshot, Trace, Light, Dark}) {
+            RefuseTogether(parser, Works[i], option);
+        }
+        for (std::size_t other = i + 1; other < Works.size(); ++other) {
+            RefuseTogether(parser, Works[i], Works[other]);
+        }
     }
     RefuseTogether(parser, Light, Dark);
     if (parser.positionalArguments().size() > 1) {
         Refuse(QString("one BOOK at a time; \"%1\" is one too many").arg(parser.positionalArguments().at(1)));
     }
-    for (const char* option : {Import, Screenshot, Trace}) {
+    for (const char* option : {Import, Download, Upload, Macro, Screenshot, Trace}) {
         if (parser.isSet(option) && parser.positionalArguments().isEmpty()) {
             Refuse(QString("--%1 needs a BOOK").arg(option));
         }
@@ -112,6 +128,25 @@ ImportRequest ReadImport(const QCommandLineParser& parser) {
         request.decimalMark = ReadDecimalMark(parser.value(Decimal));
     }
     request.force = parser.isSet(Force);
+    return request;
+}
+
+ExchangeRequest ReadExchange(const QCommandLineParser& parser, const char* option) {
+    ExchangeRequest request;
+    request.workbook = ToPath(parser.value(option));
+    request.book = ToPath(parser.positionalArguments().first());
+    request.printSetup = parser.isSet(PrintSetup);
+    request.dryRun = parser.isSet(DryRun);
+    return request;
+}
+
+MacroRequest ReadMacro(const QCommandLineParser& parser) {
+    MacroRequest request;
+    request.name = parser.value(Macro).toStdString();
+    request.book = ToPath(parser.positionalArguments().first());
+    if (parser.isSet(Line)) {
+        request.line = parser.value(Line).toStdString();
+    }
     return request;
 }
 
@@ -144,10 +179,11 @@ ViewRequest ReadView(const QCommandLineParser& parser) {
 
 CommandLine ParseCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
-    for (const char* option : {Import, Names, Decimal, Screenshot, Size, Scale, Trace}) {
+    for (const char* option :
+         {Import, Names, Decimal, Download, Upload, Macro, Line, Screenshot, Size, Scale, Trace}) {
         parser.addOption(QCommandLineOption(option, QString(), "value"));
     }
-    for (const char* option : {Force, Light, Dark}) {
+    for (const char* option : {Force, PrintSetup, DryRun, Light, Dark}) {
         parser.addOption(QCommandLineOption(option));
     }
     parser.addOption(QCommandLineOption(QStringList{"h", Help}));
@@ -165,6 +201,12 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
     CheckCombination(parser);
     if (parser.isSet(Import)) {
         commandLine.import = ReadImport(parser);
+    } else if (parser.isSet(Download)) {
+        commandLine.download = ReadExchange(parser, Download);
+    } else if (parser.isSet(Upload)) {
+        commandLine.upload = ReadExchange(parser, Upload);
+    } else if (parser.isSet(Macro)) {
+        commandLine.macro = ReadMacro(parser);
     } else {
         commandLine.view = ReadView(parser);
     }
@@ -176,6 +218,9 @@ QString HelpText() {
 
   planbook [BOOK]                            opens a window with the book
   planbook --import DATA.csv BOOK            makes a book from a table of numbers
+  planbook --download PLAN.xlsx BOOK         writes the table as a workbook
+  planbook --upload PLAN.xlsx BOOK           takes changed values from that workbook
+  planbook --macro NAME BOOK                 runs a macro or replays a recording
   planbook --screenshot PICTURE.png BOOK     writes a picture of the book
   planbook --trace FILE BOOK                 writes what the view did when it ends
 
@@ -184,6 +229,14 @@ Import: the first column of DATA.csv holds the periods, every further one a line
   --decimal MARK      point or comma, where the numbers do not tell
   --force             replaces BOOK when it is a book; another file is never replaced
 
+Workbooks:
+  --print-setup       the download prints landscape, with its captions on every page
+  --dry-run           the upload only lists what it would change
+
+Macro: prints each cell that changed. With an unknown NAME it lists those of the book.
+  --line CAPTION      on this line, where the macro is for the selected line or about one
+                      line alone
+
 View:
   --light, --dark     the colours; else those of the desktop
   --size WIDTHxHEIGHT of the picture's window, 1440x900
@@ -191,10 +244,11 @@ View:
 
   --help, --version
 
-A picture and a trace need no display; a trace without a display ends by itself.
+Macros, pictures, traces and workbooks need no display; a trace without a display ends by itself.
 
 Exit codes: 0 done; 1 failed, the message says what, where and what now; 2 a command
-line that cannot be understood. A failure changes no file.
+line that cannot be understood; 3 an upload that some values were left out of, or would
+be, because they are refused or do not match. A failure changes no file.
 )");
 }
 

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
+#include <string>
 
 #include "import/Import.h"
 
@@ -14,7 +15,8 @@ namespace planbook {
 enum class ExitCode : int {
     Done = 0,
     Failed = 1,  ///< an operation that could not be done
-    Usage = 2    ///< a command line that says nothing sensible
+    Usage = 2,   ///< a command line that says nothing sensible
+    Partly = 3   ///< done, but for some of it; the output says which
 };
 
 /// A command line that cannot be understood. `what()` says why.
@@ -33,11 +35,29 @@ struct ViewRequest {
     enum class Scheme { System, Light, Dark } scheme = Scheme::System;
 };
 
+/// A workbook to be written from a book, or to be read into it.
+struct ExchangeRequest {
+    std::filesystem::path workbook;
+    std::filesystem::path book;
+    bool printSetup = false;  ///< of a download
+    bool dryRun = false;      ///< of an upload: only says what it would do
+};
+
+/// A macro or recording to run in a book, without a window.
+struct MacroRequest {
+    std::string name;
+    std::filesystem::path book;
+    std::optional<std::string> line;  ///< the caption of the line that is the selected one
+};
+
 /// Exactly one of these is wanted.
 struct CommandLine {
     bool help = false;
     bool version = false;
     std::optional<ImportRequest> import;
+    std::optional<ExchangeRequest> download;
+    std::optional<ExchangeRequest> upload;
+    std::optional<MacroRequest> macro;
     ViewRequest view;
 };
 

@@ -126,6 +126,10 @@ void HostMenus::run(HostCommand command, CellPlace place) {
         case HostCommand::ClearCell:
             clear([place](CellPlace cell) { return cell == place; });
             break;
+        case HostCommand::RaiseLine:
+        case HostCommand::RaiseCells:
+            raise();
+            break;
     }
 }
 
@@ -174,6 +178,14 @@ void HostMenus::spreadTotal(std::int32_t line) {
         QString("Total of \"%1\" over all periods that are shown").arg(captionOf(session_.book(), line));
     if (const std::optional<double> total = questions_.askNumber(text, TotalOf(session_.book(), line))) {
         change([&](const Book& book) { return SpreadTotal(book, line, *total); }, "The line has this total already.");
+    }
+}
+
+void HostMenus::raise() {
+    const int cells = view_.selectedCells();
+    const QString what = cells == 1 ? view_.currentCellName() : counted(cells, "selected cell");
+    if (const std::optional<double> percent = questions_.askPercent("Raise " + what + " by")) {
+        view_.raiseSelected(*percent);
     }
 }
 

@@ -38,6 +38,8 @@ private:
     void copyLine(std::int32_t line);
     void copyPeriod(std::int32_t period);
     void spreadTotal(std::int32_t line);
+    /// Of what is selected; the popup has selected what was clicked.
+    void raise();
     void clear(const std::function<bool(CellPlace)>& which);
 
     planview::PlanViewWidget& view_;

@@ -9,8 +9,10 @@
 
 #include "app/BookSession.h"
 #include "app/FindBar.h"
+#include "app/MacroMenu.h"
 #include "app/MainWindow.h"
 #include "app/RecentBooks.h"
+#include "app/StatusLine.h"
 
 namespace planbook {
 
@@ -28,6 +30,7 @@ void MainWindow::buildMenus() {
     buildFileMenu();
     buildEditMenu();
     buildViewMenu();
+    buildMacroMenu();
     menuBar()->addMenu("&Help")->addAction("&About planbook", this, &MainWindow::showAbout);
     bookActions_->setEnabled(false);
 }
@@ -37,6 +40,16 @@ void MainWindow::buildFileMenu() {
     file->addAction("&Open…", QKeySequence::Open, this, &MainWindow::chooseBook);
     recent_->attach(*file->addMenu("Recent &books"));
     bookActions_->addAction(file->addAction("&Reload", QKeySequence(Qt::Key_F5), this, &MainWindow::reload));
+    file->addSeparator();
+    bookActions_->addAction(
+        file->addAction("&Download as workbook…", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), view_,
+                        &PlanViewWidget::download));
+    bookActions_->addAction(
+        file->addAction("&Upload from workbook…", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O), view_,
+                        &PlanViewWidget::upload));
+    QAction* printSetup = file->addAction("Workbooks with &print set-up");
+    printSetup->setCheckable(true);
+    connect(printSetup, &QAction::toggled, view_, &PlanViewWidget::setSpreadsheetPrintSetup);
     file->addSeparator();
     file->addAction("&Quit", QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
 }
@@ -76,6 +89,12 @@ void MainWindow::buildEditMenu() {
 void MainWindow::buildViewMenu() {
     QMenu* view = menuBar()->addMenu("&View");
     buildChartMenu(*view);
+    QAction* tree = view->addAction("&Macros", view_, &PlanViewWidget::switchMacroTree);
+    tree->setCheckable(true);
+    connect(view, &QMenu::aboutToShow, this, [=, this] {
+        tree->setEnabled(session_->isOpen());
+        tree->setChecked(session_->isOpen() && view_->macroTreeShown());
+    });
     view->addSeparator();
     buildSchemeMenu(*view);
     view->addSeparator();
@@ -92,6 +111,12 @@ void MainWindow::buildViewMenu() {
     view->addAction("&Smaller text", QKeySequence::ZoomOut, this,
                     [this] { view_->setTextScale(view_->textScale() / TextStep); });
     view->addAction("&Usual text", QKeySequence(Qt::CTRL | Qt::Key_0), this, [this] { view_->setTextScale(1.0); });
+}
+
+void MainWindow::buildMacroMenu() {
+    QMenu* menu = menuBar()->addMenu("&Macro");
+    auto* macros = new MacroMenu(*menu, *view_, *session_, questions_, this);
+    connect(macros, &MacroMenu::ran, status_, &StatusLine::showNews);
 }
 
 void MainWindow::buildChartMenu(QMenu& menu) {

@@ -24,6 +24,7 @@
 #include "app/RecentBooks.h"
 #include "app/StatusLine.h"
 #include "book/BookError.h"
+#include "exchange/SpreadsheetObject.h"
 
 namespace planbook {
 
@@ -46,6 +47,7 @@ MainWindow::MainWindow(planview::MessageBoxes& messageBoxes, bool trace, Questio
       recent_(new RecentBooks(this)),
       pages_(new QStackedWidget(this)),
       desktopIsDark_(isDark(QApplication::palette())) {
+    RegisterSpreadsheet(view_->objects());
     if (trace) {
         view_->plv_EnableTrace();
     }
@@ -161,6 +163,7 @@ void MainWindow::bookOpened() {
     setWindowTitle(name + (session_->isReadOnly() ? " (read-only)" : "") + "[*] – planbook");
     setWindowFilePath(toQt(session_->file()));
     bookActions_->setEnabled(true);
+    proposeWorkbook();
     pages_->setCurrentWidget(bookPage_);
     status_->show();
     status_->setReadOnly(session_->isReadOnly());
@@ -168,6 +171,14 @@ void MainWindow::bookOpened() {
     status_->showSelection();
     view_->setFocus();
     remember();
+}
+
+/// The workbook of a book lies beside it.
+void MainWindow::proposeWorkbook() {
+    planview::SpreadsheetOptions options = view_->spreadsheetOptions();
+    options.folder = session_->file().parent_path().string();
+    options.fileName = session_->file().stem().string() + ".xlsx";
+    view_->setSpreadsheetOptions(options);
 }
 
 void MainWindow::remember() {

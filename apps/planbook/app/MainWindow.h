@@ -22,6 +22,7 @@ namespace planbook {
 class BookSession;
 class FindBar;
 class HostMenus;
+class MacroMenu;
 class NoticeBar;
 class Questions;
 class RecentBooks;
@@ -56,6 +57,7 @@ private:
     void buildFileMenu();
     void buildEditMenu();
     void buildViewMenu();
+    void buildMacroMenu();
     void buildSchemeMenu(QMenu& menu);
     void buildChartMenu(QMenu& menu);
     void saveChart();
@@ -66,6 +68,7 @@ private:
     /// Ends an open entry and whatever waits for the view; false when the user has to mend something first.
     bool finishWork();
     void bookOpened();
+    void proposeWorkbook();
     void remember();
     void pendingChanged(int count);
     void startToFind();

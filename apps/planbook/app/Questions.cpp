@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QStringList>
 
+#include "app/PercentDialog.h"
 #include "book/CellValue.h"
 
 namespace planbook {
@@ -96,6 +97,21 @@ std::optional<double> QuestionWindows::askNumber(const QString& text, double pre
         }
         tellFailure(QString("\"%1\" is not a number. Enter one such as 1234,5.").arg(entered));
     }
+}
+
+std::optional<double> QuestionWindows::askPercent(const QString& text) {
+    PercentDialog dialog(text, percent_, parent_);
+    if (dialog.exec() != QDialog::Accepted) {
+        return std::nullopt;
+    }
+    percent_ = dialog.percent();
+    return percent_;
+}
+
+std::optional<QString> QuestionWindows::askName(const QString& text, const QString& suggested) {
+    bool ok = false;
+    const QString name = QInputDialog::getText(parent_, "planbook", text, QLineEdit::Normal, suggested, &ok);
+    return ok ? std::optional(name) : std::nullopt;
 }
 
 }  // namespace planbook

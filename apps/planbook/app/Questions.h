@@ -31,6 +31,9 @@ public:
     /// The place of one of the lines, from 0; -1 when the user chose none.
     [[nodiscard]] virtual int chooseLine(const QString& text, const QStringList& lines) = 0;
     [[nodiscard]] virtual std::optional<double> askNumber(const QString& text, double present) = 0;
+    /// A percentage; the one asked last comes first the next time.
+    [[nodiscard]] virtual std::optional<double> askPercent(const QString& text) = 0;
+    [[nodiscard]] virtual std::optional<QString> askName(const QString& text, const QString& suggested) = 0;
 };
 
 /// Asks in windows.
@@ -44,9 +47,12 @@ public:
     [[nodiscard]] Keep whoseValues(const std::vector<DisputedCell>& cells) override;
     [[nodiscard]] int chooseLine(const QString& text, const QStringList& lines) override;
     [[nodiscard]] std::optional<double> askNumber(const QString& text, double present) override;
+    [[nodiscard]] std::optional<double> askPercent(const QString& text) override;
+    [[nodiscard]] std::optional<QString> askName(const QString& text, const QString& suggested) override;
 
 private:
     QWidget* parent_;
+    double percent_ = 5;
 };
 
 /// "1 change", "3 changes".

@@ -14,6 +14,7 @@
 
 #include "app/HostMessageBoxes.h"
 #include "app/MainWindow.h"
+#include "app/QtMessages.h"
 #include "book/BookError.h"
 
 namespace planbook {
@@ -58,10 +59,7 @@ void reportMessage(QtMsgType type, const QMessageLogContext& context, const QStr
         std::fflush(nullptr);
         std::_Exit(static_cast<int>(ExitCode::Failed));
     }
-    // Said on every start in a plain container, where it changes nothing.
-    if (!text.startsWith("QStandardPaths: XDG_RUNTIME_DIR not set")) {
-        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
-    }
+    writeQtMessage(type, context, text);
 }
 
 /// An output must not destroy the book that it is about.

@@ -3,6 +3,7 @@
 #include <QStatusBar>
 
 class QLabel;
+class QTimer;
 class QToolButton;
 
 namespace planview {
@@ -22,6 +23,10 @@ public:
     void setReadOnly(bool readOnly);
     void showPendingChanges(int count);
     void showSelection();
+    /// The sign that the user's steps are being recorded, and how many there are.
+    void showRecording();
+    /// For a few seconds, beside all else.
+    void showNews(const QString& text);
 
 Q_SIGNALS:
     void acceptPressed();
@@ -32,6 +37,10 @@ private:
     QLabel* pending_;
     QToolButton* accept_;
     QToolButton* revert_;
+    QLabel* recording_;
+    QToolButton* stop_;
+    QLabel* news_;
+    QTimer* newsTimer_;
     QLabel* selection_;
     bool readOnly_ = false;
 };

@@ -115,7 +115,7 @@ QSqlQuery BookConnection::Prepare(Work work, const QString& statement) const {
     return query;
 }
 
-void BookConnection::CheckTable(const TableDescription& table) const {
+void BookConnection::CheckTable(const TableDescription& table, std::int32_t version) const {
     const std::string name(table.name);
     const QSqlRecord columns = Database().record(ToQt(table.name));
     if (columns.isEmpty()) {
@@ -129,7 +129,9 @@ void BookConnection::CheckTable(const TableDescription& table) const {
     };
     check(RowNumberField);
     for (const FieldDescription& field : table.fields) {
-        check(field.name);
+        if (field.since <= version) {
+            check(field.name);
+        }
     }
 }
 
@@ -174,6 +176,21 @@ BookTransaction::~BookTransaction() {
 void BookTransaction::Commit() {
     connection_.Run(work_, "COMMIT");
     committed_ = true;
+}
+
+QString SqlColumn(const FieldDescription& field) {
+    const QString column = Quoted(field.name);
+    switch (field.type) {
+        case FieldType::Text:
+            return column + " TEXT";
+        case FieldType::Integer:
+            return column + " INTEGER";
+        case FieldType::Real:
+            return column + " REAL";
+        case FieldType::Any:
+            break;
+    }
+    return column;
 }
 
 QString Quoted(std::string_view name) {

@@ -28,8 +28,8 @@ public:
     QSqlQuery Run(Work work, const QString& statement) const;
     [[nodiscard]] QSqlQuery Prepare(Work work, const QString& statement) const;
 
-    /// Throws unless the table is there with all its fields.
-    void CheckTable(const TableDescription& table) const;
+    /// Throws unless the table is there with all the fields that a book of this version has.
+    void CheckTable(const TableDescription& table, std::int32_t version) const;
 
     [[noreturn]] void Fail(Work work, const QSqlError& error) const;
     [[noreturn]] void Refuse(Work work, const std::string& why) const;
@@ -63,6 +63,9 @@ private:
     BookConnection::Work work_;
     bool committed_ = false;
 };
+
+/// A field as CREATE TABLE and ALTER TABLE name it.
+[[nodiscard]] QString SqlColumn(const FieldDescription& field);
 
 /// A name in an SQL statement.
 [[nodiscard]] QString Quoted(std::string_view name);

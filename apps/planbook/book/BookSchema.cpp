@@ -73,7 +73,8 @@ constexpr Field CellAttr[] = {
 
 constexpr Field MacroTree[] = {
     {"NODEKEY", Text}, {"NODEREF", Text},  {"RELATION", Integer}, {"NODETEXT", Text},
-    {"IMAGE", Any},    {"IMAGE_SEL", Any}, {"EXPANDED", Text},
+    {"IMAGE", Any},    {"IMAGE_SEL", Any}, {"EXPANDED", Text},    {"NODETYPE", Text, 2},
+    {"NODEVALUE", Text, 2}, {"NODENAME", Text, 2}, {"INACTIVE", Text, 2},
 };
 
 constexpr Field Texts[] = {
@@ -85,7 +86,12 @@ constexpr Field Texts[] = {
 // COLMENU, ROWMENU, GRIDMENU and CELLMENU.
 constexpr Field Menu[] = {{"PFID", Integer}, {"TEXT", Text}, {"ENABLED", Text}};
 
-// GRID_TREE and MACROREC are held by the control, which reads no field of them.
+constexpr Field MacroRec[] = {
+    {"STEP", Integer, 2}, {"COMMAND", Text, 2},     {"COLUMN", Text, 2},    {"LINE", Text, 2},
+    {"VALUE", Text, 2},   {"COLUMN_NAME", Text, 2}, {"LINE_NAME", Text, 2},
+};
+
+// GRID_TREE is held by the control, which reads no field of it.
 constexpr std::span<const Field> NoFields;
 
 constexpr std::array<TableDescription, BookTableCount> Schema = {{
@@ -105,7 +111,7 @@ constexpr std::array<TableDescription, BookTableCount> Schema = {{
     {BookTable::RowMenu, "ROWMENU", Menu},
     {BookTable::GridMenu, "GRIDMENU", Menu},
     {BookTable::CellMenu, "CELLMENU", Menu},
-    {BookTable::MacroRec, "MACROREC", NoFields},
+    {BookTable::MacroRec, "MACROREC", MacroRec},
 }};
 
 constexpr std::array<BookTable, BookTableCount> TablesInOrder() {

@@ -38,6 +38,7 @@ enum class FieldType : std::uint8_t { Text, Integer, Real, Any };
 struct FieldDescription {
     std::string_view name;
     FieldType type;
+    std::int32_t since = 1;  ///< the book version that it came with
 };
 
 struct TableDescription {
@@ -54,8 +55,8 @@ inline constexpr std::int32_t MaxTableRows = 32767;
 
 /// "PlBk" in the file's header tells a book from other SQLite files.
 inline constexpr std::int32_t BookApplicationId = 0x506C426B;
-/// Goes up with every change of the schema.
-inline constexpr std::int32_t BookVersion = 1;
+/// Goes up with every change of the schema. 2: the fields of macros and of their recording.
+inline constexpr std::int32_t BookVersion = 2;
 
 [[nodiscard]] std::span<const TableDescription, BookTableCount> BookSchema() noexcept;
 [[nodiscard]] const TableDescription& Describe(BookTable table) noexcept;

@@ -11,6 +11,7 @@
 #include "book/BookConnection.h"
 #include "book/BookError.h"
 #include "book/BookSnapshot.h"
+#include "book/BookUpgrade.h"
 #include "book/BookWriter.h"
 #include "book/SqlValue.h"
 
@@ -23,33 +24,19 @@ using Work = BookConnection::Work;
 
 namespace {
 
-std::string SqlColumn(const FieldDescription& field) {
-    std::string column = '"' + std::string(field.name) + '"';
-    switch (field.type) {
-        case FieldType::Text:
-            return column + " TEXT";
-        case FieldType::Integer:
-            return column + " INTEGER";
-        case FieldType::Real:
-            return column + " REAL";
-        case FieldType::Any:
-            break;
-    }
-    return column;
-}
-
 QString CreateStatement(const TableDescription& table) {
-    std::string columns = '"' + std::string(RowNumberField) + "\" INTEGER PRIMARY KEY";
+    QString columns = Quoted(RowNumberField) + " INTEGER PRIMARY KEY";
     for (const FieldDescription& field : table.fields) {
         columns += ", " + SqlColumn(field);
     }
-    return "CREATE TABLE " + Quoted(table.name) + " (" + QString::fromStdString(columns) + ")";
+    return "CREATE TABLE " + Quoted(table.name) + " (" + columns + ")";
 }
 
-QString SelectStatement(const TableDescription& table) {
+/// Fields that came after the book's version hold nothing.
+QString SelectStatement(const TableDescription& table, std::int32_t version) {
     QStringList columns{Quoted(RowNumberField)};
     for (const FieldDescription& field : table.fields) {
-        columns << Quoted(field.name);
+        columns << (field.since <= version ? Quoted(field.name) : QString("NULL"));
     }
     return "SELECT " + columns.join(", ") + " FROM " + Quoted(table.name) + " ORDER BY " + Quoted(RowNumberField);
 }
@@ -113,8 +100,13 @@ BookStore BookStore::Open(const std::filesystem::path& file) {
     }
     check.finish();
 
+    // Of a book that is damaged or cannot be written nothing is brought up; the latter is shown as it is.
+    const std::int32_t version = VersionOf(*connection);
     for (const TableDescription& table : BookSchema()) {
-        connection->CheckTable(table);
+        connection->CheckTable(table, version);
+    }
+    if (writable) {
+        BringUp(*connection);
     }
     return BookStore(std::move(connection), file, !writable);
 }
@@ -142,10 +134,11 @@ Book BookStore::Load() {
     Book book;
     // One transaction, so that all tables are of the same moment.
     const BookTransaction moment(*connection_, Work::Read);
+    const std::int32_t version = VersionOf(*connection_);
     loaded_.counter = connection_->ChangeCounter();
     for (const TableDescription& description : BookSchema()) {
         MemoryTable& table = book[description.table];
-        QSqlQuery rows = connection_->Run(Work::Read, SelectStatement(description));
+        QSqlQuery rows = connection_->Run(Work::Read, SelectStatement(description, version));
         while (rows.next()) {
             if (table.RowCount() == MaxTableRows) {
                 connection_->Refuse(Work::Read, "the table " + std::string(description.name) + " has more than " +

@@ -17,9 +17,14 @@ enum class HostCommand : std::int32_t {
     CopyLine = 21,
     SpreadTotal = 22,
     ClearLine = 23,
+    RaiseLine = 24,
     // CELLMENU
     CopyValue = 31,
     ClearCell = 32,
+    RaiseCells = 33,
 };
+
+/// The text of the entries that raise, in books that planbook makes or brings up.
+inline constexpr const char* RaiseText = "Raise by percent…";
 
 }  // namespace planbook

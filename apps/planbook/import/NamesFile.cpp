@@ -35,7 +35,7 @@ public:
     }
 
 private:
-    enum class Section { None, Book, Chart, Lines };
+    enum class Section { None, Book, Chart, Lines, Macros };
 
     void ReadLine(std::string_view text) {
         if (text.empty() || text.front() == '#') {
@@ -66,8 +66,12 @@ private:
             case Section::Lines:
                 ReadLineName(name, value);
                 break;
+            case Section::Macros:
+                names_.macros.push_back(ReadMacroText(name, value, line_, faults_));
+                break;
             case Section::None:
-                faults_.Add(line_, 0, "this stands before the first section; begin with [book], [chart] or [lines]");
+                faults_.Add(line_, 0,
+                            "this stands before the first section; begin with [book], [chart], [lines] or [macros]");
                 break;
         }
     }
@@ -80,8 +84,11 @@ private:
             names_.chart.shown = true;
         } else if (text == "[lines]") {
             section_ = Section::Lines;
+        } else if (text == "[macros]") {
+            section_ = Section::Macros;
         } else {
-            faults_.Add(line_, 0, "unknown section " + Shown(text) + "; there are [book], [chart] and [lines]");
+            faults_.Add(line_, 0,
+                        "unknown section " + Shown(text) + "; there are [book], [chart], [lines] and [macros]");
         }
     }
 
@@ -225,6 +232,20 @@ NamesFile ReadNamesFile(std::string_view text, Faults& faults) {
 }
 
 void CheckNamesAgainst(const SourceTable& source, const NamesFile& names, Faults& faults) {
+    for (const MacroText& macro : names.macros) {
+        for (const std::string& line : LinesIn(macro)) {
+            if (std::none_of(source.lines.begin(), source.lines.end(),
+                             [&](const SourceLine& candidate) { return candidate.name == line; })) {
+                faults.Add(macro.line, 0, "the table of numbers has no line " + Shown(line));
+            }
+        }
+        for (const std::string& period : {macro.from, macro.to}) {
+            if (!period.empty() &&
+                std::find(source.periods.begin(), source.periods.end(), period) == source.periods.end()) {
+                faults.Add(macro.line, 0, Shown(period) + " is no period of the table of numbers");
+            }
+        }
+    }
     for (const LineName& line : names.lines) {
         const bool known = std::any_of(source.lines.begin(), source.lines.end(),
                                        [&](const SourceLine& candidate) { return candidate.name == line.column; });

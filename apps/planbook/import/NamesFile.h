@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "import/Faults.h"
+#include "import/MacroText.h"
 #include "import/SourceTable.h"
 
 namespace planbook {
@@ -41,7 +42,7 @@ struct ChartNames {
 
 /// What a names file says about a table of numbers. Texts that it leaves out are empty.
 ///
-/// The file is UTF-8 text with up to three sections; a line that begins with "#" is a comment:
+/// The file is UTF-8 text with up to four sections; a line that begins with "#" is a comment:
 ///
 ///     [book]
 ///     title = US employment
@@ -58,13 +59,15 @@ struct ChartNames {
 ///     [lines]
 ///     goods_producing = Goods producing | help
 ///     construction = Construction | line | thousand | 1 | column
+///     [macros]
+///     Raise by 5 % = SELECTED = SELECTED * 1.05 | 2015-01-01 : 2015-12-01
 ///
 /// The title stands in the corner, the source in the note row at the bottom, the book opens at the period open-at.
 /// With a chart section the book opens with a chart of the periods from .. to; the optimum and the range are optional.
-/// A line of the last section is: name in the source = label | kind | unit | indent | chart. Kind is line, total or
+/// A line of the section of lines is: name in the source = label | kind | unit | indent | chart. Kind is line, total or
 /// help; chart is column, line, stacked-line or stacked-line-100 for a line that is in the chart. What is left out
 /// takes line, the book's unit, 0 and no chart. The lines of the book stand in this order; those of the source that the
-/// file does not name follow in their own.
+/// file does not name follow in their own. A macro is what ReadMacroText() reads.
 struct NamesFile {
     std::string title;
     std::string unit;
@@ -72,6 +75,7 @@ struct NamesFile {
     std::string openAt;
     ChartNames chart;
     std::vector<LineName> lines;
+    std::vector<MacroText> macros;
 };
 
 /// Reads the text of a names file. Faults name their line.

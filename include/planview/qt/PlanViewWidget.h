@@ -14,6 +14,7 @@
 #include <planview/ObjectRegistry.h>
 #include <planview/PlanView.h>
 #include <planview/Platform.h>
+#include <planview/Spreadsheet.h>
 
 Q_DECLARE_METATYPE(planview::ObjectRef)
 
@@ -47,6 +48,7 @@ class PLANVIEW_EXPORT PlanViewWidget : public QWidget {
     Q_PROPERTY(double textScale READ textScale WRITE setTextScale NOTIFY textScaleChanged)
     Q_PROPERTY(bool canUndo READ canUndo NOTIFY undoAvailable)
     Q_PROPERTY(bool canRedo READ canRedo NOTIFY redoAvailable)
+    Q_PROPERTY(bool spreadsheetPrintSetup READ spreadsheetPrintSetup WRITE setSpreadsheetPrintSetup)
     Q_PROPERTY(QString currentCellName READ currentCellName NOTIFY selectionSummaryChanged)
     Q_PROPERTY(int selectedCells READ selectedCells NOTIFY selectionSummaryChanged)
     Q_PROPERTY(QString selectionSum READ selectionSum NOTIFY selectionSummaryChanged)
@@ -54,8 +56,8 @@ class PLANVIEW_EXPORT PlanViewWidget : public QWidget {
     Q_PROPERTY(int pendingChanges READ pendingChanges NOTIFY pendingChangesChanged)
 
 public:
-    /// The colours of the view.
-    enum class ColorScheme { System, Light, Dark };
+    /// The colours of the view. Unscoped, because forms of Qt Designer name the values without the enumeration.
+    enum ColorScheme { System, Light, Dark };
     Q_ENUM(ColorScheme)
 
     /// A widget with an empty grid on Qt's desktop.
@@ -189,6 +191,8 @@ public:
     Q_INVOKABLE void fill();
     /// Empties the selected planning cells.
     Q_INVOKABLE void deleteContents();
+    /// Multiplies the numbers of the selected planning cells by 1 + percent / 100.
+    Q_INVOKABLE void raiseSelected(double percent);
     /// @{
     /// The columns or rows whose headings are selected; hidden ones can be selected along with those around them.
     Q_INVOKABLE void hideColumns();
@@ -200,6 +204,9 @@ public:
     Q_INVOKABLE void switchChart();
     /// Whether the chart belongs to the view; a zoomed grid hides it all the same.
     [[nodiscard]] Q_INVOKABLE bool chartShown() const;
+    /// Shows or hides the macro tree pane; needs layout mode.
+    Q_INVOKABLE void switchMacroTree();
+    [[nodiscard]] Q_INVOKABLE bool macroTreeShown() const;
     /// @{
     /// Puts exactly the columns (rows) whose headings are selected into the chart.
     Q_INVOKABLE void showSelectedColumnsInChart();
@@ -207,6 +214,25 @@ public:
     /// @}
     /// Ends the chart's forecast view; nothing in another view.
     Q_INVOKABLE void leaveForecastView();
+    /// @{
+    /// The grid into a new workbook, and changed values from one: asks for the file, works and tells what went wrong. The
+    /// spreadsheet application is the one that the host has registered with objects().
+    Q_INVOKABLE void download();
+    Q_INVOKABLE void upload();
+    /// @}
+    /// @{
+    /// The same without dialogs; see PlanView. An entry that is open is ended first.
+    [[nodiscard]] Q_INVOKABLE QString downloadTo(const QString& path);
+    [[nodiscard]] Q_INVOKABLE planview::UploadPreview previewUpload(const QString& path);
+    Q_INVOKABLE planview::UploadResult applyUpload(const planview::UploadPreview& preview);
+    /// @}
+    /// @{
+    /// How workbooks are written and where their dialogs open.
+    [[nodiscard]] const SpreadsheetOptions& spreadsheetOptions() const;
+    void setSpreadsheetOptions(const SpreadsheetOptions& options);
+    [[nodiscard]] bool spreadsheetPrintSetup() const;
+    Q_INVOKABLE void setSpreadsheetPrintSetup(bool on);
+    /// @}
     /// Writes the chart as a PNG, PDF or SVG file, as the suffix of the path says, in the given size in logical pixels
     /// or a usual one. Answers a sentence for the user about what went wrong, empty when the file is written.
     Q_INVOKABLE QString saveChart(const QString& path, QSize size = {}) const;
@@ -225,6 +251,25 @@ public:
     [[nodiscard]] QString currentColumn() const;
     [[nodiscard]] QString currentRow() const;
     /// @}
+
+    // --- Macros; what each does stands at the control's method of the same name
+
+    /// @{
+    Q_INVOKABLE void startRecording();
+    Q_INVOKABLE void pauseRecording();
+    Q_INVOKABLE void stopRecording();
+    Q_INVOKABLE void undoRecordedStep();
+    [[nodiscard]] Q_INVOKABLE bool isRecording() const;
+    [[nodiscard]] Q_INVOKABLE bool isRecordingPaused() const;
+    [[nodiscard]] Q_INVOKABLE int recordedSteps() const;
+    Q_INVOKABLE QString keepRecording(const QString& name, const QString& parentNode = {});
+    /// @}
+    /// With an entry open that is refused: not done, and without a message, for the entry says it itself.
+    Q_INVOKABLE planview::MacroResult replayMacro(const QString& nodeKey, bool onSelectedLine = false);
+    /// Runs a macro, or replays a recording.
+    Q_INVOKABLE planview::MacroResult runMacro(const QString& nodeKey, bool onSelectedLine = false);
+    /// Looks whether it could be run or replayed now.
+    Q_INVOKABLE planview::MacroResult checkMacro(const QString& nodeKey);
 
     // --- For a host that keeps the changes
 
@@ -290,6 +335,8 @@ Q_SIGNALS:
     /// @}
     /// Current cell, selection or a selected value is another one.
     void selectionSummaryChanged();
+    /// Recording has begun, is paused or has ended, or has another number of steps.
+    void recordingChanged();
     /// What isAnnouncingSeveral() announced has come to its end.
     void severalValuesAnnounced();
 
@@ -306,6 +353,9 @@ private:
     /// Calls a member; the control lives on until the call is over, even when the widget is deleted meanwhile.
     template <class Member>
     auto call(Member&& member);
+    /// Ends an entry that is open, then runs the action on the control.
+    template <class Action>
+    MacroResult withMacro(Action&& action);
     void applyTheme();
     void focusMoved(QWidget* from, QWidget* to);
     /// What is brought into sight after a command.

@@ -65,6 +65,11 @@ QTreeView { background: %base; color: %text; border: 1px solid %line; outline: n
 QTreeView::item { padding: 2px 4px; border: none; }
 QTreeView::item:hover { background: %panel; }
 QTreeView::item:selected { background: %tint; color: %text; }
+QTreeView#ticked::item { padding: 4px 4px; }
+QTreeView#ticked::indicator { width: 13px; height: 13px; border: 1px solid %muted; border-radius: 4px;
+    background: %base; }
+QTreeView#ticked::indicator:checked { background: %accent; border-color: %accent; image: url(:/planview/icons/%tick); }
+QPlainTextEdit#notes { background: %heading; color: %text; border: none; border-radius: 5px; padding: 4px 5px; }
 QHeaderView { background: %heading; }
 QHeaderView::section { background: %heading; color: %muted; border: none; border-right: 1px solid %line;
     border-bottom: 1px solid %line; padding: 4px 7px; font-weight: 600; }

@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -18,10 +19,11 @@ namespace planview {
 
 namespace {
 
-constexpr QSize UsualSize(820, 540);
+constexpr QSize UsualSize(860, 560);
 constexpr QSize FrameRoom(16, 48);  // for the window's frame on a small screen
 constexpr int EdgeSpace = 18;
 constexpr int PartSpace = 10;
+constexpr int ButtonEdges = 36;
 constexpr int NoteLines = 5;  // that are seen at once
 constexpr int LineWidth = 230;
 constexpr int PeriodWidth = 100;
@@ -30,7 +32,10 @@ constexpr int ValueWidth = 110;
 }  // namespace
 
 UploadDialog::UploadDialog(frmUpload& form, QWidget* parent)
-    : ThemedDialog(parent), form_(&form), model_(new UploadModel(form, this)), filter_(new UploadFilter(*model_, this)) {
+    : ThemedDialog(parent),
+      form_(&form),
+      model_(new UploadModel(form, this)),
+      filter_(new UploadFilter(*model_, this)) {
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     resize(UsualSize.boundedTo(screen()->availableSize() - FrameRoom));
 }
@@ -106,7 +111,7 @@ void UploadDialog::buildHead(QVBoxLayout& layout) {
     text->setReadOnly(true);
     text->setTabChangesFocus(true);
     text->setAccessibleName(tr("What does not match"));
-    const int shown = std::min(static_cast<int>(lines.size()) + 1, NoteLines);
+    const int shown = std::min(static_cast<int>(lines.size()), NoteLines);
     text->setFixedHeight(shown * text->fontMetrics().lineSpacing() + 2 * PartSpace);
     layout.addWidget(text);
 }
@@ -141,6 +146,7 @@ void UploadDialog::buildFilterLine(QVBoxLayout& layout) {
 
 void UploadDialog::buildList(QVBoxLayout& layout) {
     list_ = new QTreeView(this);
+    list_->setObjectName(QStringLiteral("ticked"));
     list_->setModel(filter_);
     list_->setRootIsDecorated(false);
     list_->setUniformRowHeights(true);
@@ -162,6 +168,11 @@ void UploadDialog::buildButtons(QVBoxLayout& layout) {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     apply_ = buttons->button(QDialogButtonBox::Ok);
     apply_->setDefault(true);
+    // Its text never grows wider than this one; a default button's is bold.
+    QFont bold = font();
+    bold.setBold(true);
+    apply_->setMinimumWidth(QFontMetrics(bold).horizontalAdvance(QString::fromStdString(form_->cmdOkCaption)) +
+                            ButtonEdges);
     for (QAbstractButton* each : buttons->buttons()) {
         each->setIcon({});  // some styles bring pictures of their own, which fit none of our colours
     }

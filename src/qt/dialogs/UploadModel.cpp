@@ -1,16 +1,25 @@
 #include "qt/dialogs/UploadModel.h"
 
 #include <QBrush>
+#include <QPixmap>
 #include <algorithm>
 
 namespace planview {
 
 namespace {
 
-constexpr double RefusedWeight = 0.75;
+constexpr double RefusedWeight = 0.85;
 
 QString shownValue(const std::string& text) {
     return text.empty() ? UploadModel::tr("(empty)") : QString::fromStdString(text);
+}
+
+/// Room in the place of a tick box, so that captions stand below one another.
+QPixmap noTickBox() {
+    constexpr int Side = 14;
+    QPixmap room(Side, Side);
+    room.fill(Qt::transparent);
+    return room;
 }
 
 /// Labels may be indented.
@@ -72,13 +81,13 @@ QVariant UploadModel::data(const QModelIndex& index, int role) const {
                     return QString::fromStdString(each->refusal);
             }
         case Qt::CheckStateRole:
-            return index.column() == Line && !each->IsRefused()
-                       ? QVariant(each->taken ? Qt::Checked : Qt::Unchecked)
-                       : QVariant();
+            return index.column() == Line && !each->IsRefused() ? QVariant(each->taken ? Qt::Checked : Qt::Unchecked)
+                                                                : QVariant();
+        case Qt::DecorationRole:
+            return index.column() == Line && each->IsRefused() ? QVariant(noTickBox()) : QVariant();
         case Qt::TextAlignmentRole:
-            return index.column() == Before || index.column() == After
-                       ? QVariant(Qt::AlignRight | Qt::AlignVCenter)
-                       : QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+            return index.column() == Before || index.column() == After ? QVariant(Qt::AlignRight | Qt::AlignVCenter)
+                                                                       : QVariant(Qt::AlignLeft | Qt::AlignVCenter);
         case Qt::ForegroundRole:
             if (each->IsRefused()) {
                 return QBrush(QColor(mixColors(theme_->base, theme_->muted, RefusedWeight)));

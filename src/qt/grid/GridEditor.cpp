@@ -11,6 +11,7 @@
 
 #include "qt/grid/GridBubble.h"
 #include "qt/grid/GridContents.h"
+#include "qt/grid/GridNavigation.h"
 #include "qt/grid/GridView.h"
 
 namespace planview {
@@ -22,17 +23,8 @@ constexpr int FrameWidth = 2;
 constexpr int LineMargin = 2;
 
 std::optional<GridMove> finishingMove(const QKeyEvent& event, GridEditor::Start start) {
-    const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
-    switch (event.key()) {
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            return shift ? GridMove::Up : GridMove::Down;
-        case Qt::Key_Tab:
-            return GridMove::Next;
-        case Qt::Key_Backtab:
-            return GridMove::Previous;
-        default:
-            break;
+    if (const std::optional<GridMove> onward = entryMove(event)) {
+        return onward;
     }
     if (start != GridEditor::Start::Typed || (event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
         return std::nullopt;

@@ -37,7 +37,7 @@ Arrow arrowOf(GridMove move) {
     }
 }
 
-std::optional<GridMove> moveOf(int key, bool control, bool alt, bool shift) {
+std::optional<GridMove> moveOf(int key, bool control, bool alt) {
     switch (key) {
         case Qt::Key_Left:
             return control ? GridMove::EdgeLeft : GridMove::Left;
@@ -55,9 +55,18 @@ std::optional<GridMove> moveOf(int key, bool control, bool alt, bool shift) {
             return alt ? GridMove::PageLeft : GridMove::PageUp;
         case Qt::Key_PageDown:
             return alt ? GridMove::PageRight : GridMove::PageDown;
+        default:
+            return std::nullopt;
+    }
+}
+
+}  // namespace
+
+std::optional<GridMove> entryMove(const QKeyEvent& event) {
+    switch (event.key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            return shift ? GridMove::Up : GridMove::Down;
+            return event.modifiers().testFlag(Qt::ShiftModifier) ? GridMove::Up : GridMove::Down;
         case Qt::Key_Tab:
             return GridMove::Next;
         case Qt::Key_Backtab:
@@ -66,8 +75,6 @@ std::optional<GridMove> moveOf(int key, bool control, bool alt, bool shift) {
             return std::nullopt;
     }
 }
-
-}  // namespace
 
 std::optional<GridKey> GridKey::of(const QKeyEvent& event) {
     const bool control = event.modifiers().testFlag(Qt::ControlModifier);
@@ -88,15 +95,11 @@ std::optional<GridKey> GridKey::of(const QKeyEvent& event) {
     if (key == Qt::Key_Escape) {
         return GridKey{Action::ClearSelection, {}};
     }
-    const bool always = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab || key == Qt::Key_Backtab;
-    if (always && control) {
-        return std::nullopt;
+    if (const std::optional<GridMove> onward = entryMove(event)) {
+        return control ? std::nullopt : std::optional(GridKey{Action::Move, *onward});
     }
-    const std::optional<GridMove> move = moveOf(key, control, alt, shift);
-    if (!move) {
-        return std::nullopt;
-    }
-    return GridKey{shift && !always ? Action::Extend : Action::Move, *move};
+    const std::optional<GridMove> move = moveOf(key, control, alt);
+    return move ? std::optional(GridKey{shift ? Action::Extend : Action::Move, *move}) : std::nullopt;
 }
 
 std::optional<Cell> GridNavigation::target(Cell from, GridMove move) const {

@@ -32,6 +32,9 @@ enum class GridMove {
     Previous,  ///< to the left, then to the end of the line before
 };
 
+/// Where Return and Tab lead to, within the grid and from an entry that they end; no value for another key.
+[[nodiscard]] std::optional<GridMove> entryMove(const QKeyEvent& event);
+
 /// What a key does to the grid.
 struct GridKey {
     enum class Action { Move, Extend, SelectAll, SelectColumn, SelectRow, ClearSelection };

@@ -6,14 +6,16 @@
 
 #include "qt/chart/ChartView.h"
 #include "qt/grid/GridView.h"
-#include "qt/panes/EmptyPane.h"
+#include "qt/macro/MacroPane.h"
+#include "qt/macro/OperandPane.h"
+#include "qt/panes/BarredPane.h"
 #include "qt/panes/PaneSplitter.h"
+#include "qt/tree/ToolbarView.h"
+#include "qt/tree/TreePane.h"
 
 namespace planview {
 
 namespace {
-
-using Ground = EmptyPane::Ground;
 
 constexpr std::size_t indexOf(Splitter splitter) {
     return static_cast<std::size_t>(splitter);
@@ -21,40 +23,51 @@ constexpr std::size_t indexOf(Splitter splitter) {
 
 }  // namespace
 
-PaneHost::PaneHost(PaneLayout& layout, GridView* grid, ChartView* chart, QWidget* parent)
-    : QWidget(parent), layout_(layout), gridView_(grid), chart_(chart) {
-    EmptyPane* tree = addPane("TreePane", new EmptyPane(tr("Macros"), Ground::Panel));
-    EmptyPane* list = addPane("MacroPane", new EmptyPane(tr("Macro"), Ground::Panel));
-    EmptyPane* operands = addPane("OperandPane", new EmptyPane(tr("Operand"), Ground::Panel));
+PaneHost::PaneHost(PaneLayout& layout, MacroEditor& editor, const Panes& panes, QWidget* parent)
+    : QWidget(parent),
+      layout_(layout),
+      macroEditor_(editor),
+      gridView_(panes.grid),
+      chart_(panes.chart),
+      tree_(panes.tree),
+      toolbar_(panes.toolbar),
+      macro_(panes.macro),
+      operands_(panes.operands) {
+    tree_->setObjectName(QLatin1String("TreePane"));
+    toolbar_->setObjectName(QLatin1String("MacroToolbar"));
     chart_->setObjectName(QLatin1String("ChartPane"));
-    PaneSplitter* macro = addSplitter(Splitter::MacroSplit, "MacroSplit", Qt::Horizontal, list, operands);
-    PaneSplitter* left = addSplitter(Splitter::TreeSplit, "TreeSplit", Qt::Vertical, tree, macro);
-    PaneSplitter* right = addSplitter(Splitter::GridSplit, "GridSplit", Qt::Vertical, grid, chart_);
+    PaneSplitter* macro = addSplitter(Splitter::MacroSplit, "MacroSplit", Qt::Horizontal, macro_, operands_);
+    editor_ = new BarredPane(toolbar_, macro);
+    PaneSplitter* left = addSplitter(Splitter::TreeSplit, "TreeSplit", Qt::Vertical, tree_, editor_);
+    PaneSplitter* right = addSplitter(Splitter::GridSplit, "GridSplit", Qt::Vertical, gridView_, chart_);
     PaneSplitter* all = addSplitter(Splitter::CtrlSplit, "CtrlSplit", Qt::Horizontal, left, right);
 
     auto* only = new QVBoxLayout(this);
     only->setContentsMargins(0, 0, 0, 0);
     only->addWidget(all);
     connect(gridView_, &GridView::textScaleChanged, this, [this](double scale) {
-        for (EmptyPane* pane : empty_) {
-            pane->setTextScale(scale);
-        }
+        macro_->setTextScale(scale);
+        operands_->setTextScale(scale);
         chart_->setTextScale(scale);
+        tree_->setTextScale(scale);
+        toolbar_->setTextScale(scale);
+        editor_->placeParts();
     });
     connect(chart_, &ChartView::textScaleWanted, gridView_, &GridView::setTextScale);
     connect(chart_, &ChartView::chartChanged, this, &PaneHost::showRowDots);
     layout_.SetWatcher(this);
+    macroEditor_.SetWatcher(this);
     PanesChanged();
 }
 
 PaneHost::~PaneHost() {
+    macroEditor_.SetWatcher(nullptr);
     layout_.SetWatcher(nullptr);
 }
 
-EmptyPane* PaneHost::addPane(const char* name, EmptyPane* pane) {
-    pane->setObjectName(QLatin1String(name));
-    empty_.push_back(pane);
-    return pane;
+void PaneHost::EditorChanged() {
+    macro_->follow();
+    operands_->follow();
 }
 
 PaneSplitter* PaneHost::addSplitter(Splitter which, const char* name, Qt::Orientation orientation, QWidget* first,
@@ -69,13 +82,14 @@ PaneSplitter* PaneHost::addSplitter(Splitter which, const char* name, Qt::Orient
 
 void PaneHost::setTheme(const GridTheme& theme) {
     gridView_->setTheme(theme);
-    for (EmptyPane* pane : empty_) {
-        pane->setTheme(theme);
-    }
+    macro_->setTheme(theme);
+    operands_->setTheme(theme);
     for (PaneSplitter* splitter : splitters_) {
         splitter->setTheme(theme);
     }
     chart_->setTheme(theme);
+    tree_->setTheme(theme);
+    toolbar_->setTheme(theme);
     showRowDots();
 }
 
@@ -123,8 +137,16 @@ void PaneHost::paintPane(QPainter& painter, QWidget* pane, const QRect& rect, qr
         painter.drawImage(rect.topLeft(), gridView_->renderToImage(rect.size(), scale));
     } else if (pane == chart_) {
         painter.drawImage(rect.topLeft(), chart_->renderToImage(rect.size(), scale));
-    } else if (const auto* empty = dynamic_cast<const EmptyPane*>(pane)) {
-        empty->paintOn(painter, rect);
+    } else if (pane == tree_) {
+        tree_->paintOn(painter, rect);
+    } else if (pane == editor_) {
+        const BarredPane::Places places = editor_->placesIn(rect);
+        toolbar_->paintOn(painter, places.bar);
+        paintPane(painter, editor_->pane(), places.pane, scale);
+    } else if (pane == macro_) {
+        macro_->paintOn(painter, rect);
+    } else if (pane == operands_) {
+        operands_->paintOn(painter, rect);
     } else if (const auto* splitter = qobject_cast<const PaneSplitter*>(pane)) {
         const PaneSplitter::Places places = splitter->placesIn(rect);
         for (int i = 0; i < splitter->count(); ++i) {

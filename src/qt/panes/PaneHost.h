@@ -3,25 +3,37 @@
 #include <QImage>
 #include <QWidget>
 #include <array>
-#include <vector>
 
 #include "layout/PaneLayout.h"
+#include "macro/MacroEditor.h"
 #include "qt/grid/GridTheme.h"
 
 namespace planview {
 
+class BarredPane;
 class ChartView;
-class EmptyPane;
 class GridView;
+class MacroPane;
+class OperandPane;
 class PaneSplitter;
+class ToolbarView;
+class TreePane;
 
 /// Holds the control's panes and shows those that the layout says.
-class PaneHost final : public QWidget, private PaneWatcher {
+class PaneHost final : public QWidget, private PaneWatcher, private MacroEditorWatcher {
     Q_OBJECT
 
 public:
-    /// Takes the grid's view and the chart's.
-    PaneHost(PaneLayout& layout, GridView* grid, ChartView* chart, QWidget* parent = nullptr);
+    /// The panes that are made elsewhere; the host takes them.
+    struct Panes {
+        GridView* grid;
+        ChartView* chart;
+        TreePane* tree;
+        ToolbarView* toolbar;
+        MacroPane* macro;
+        OperandPane* operands;
+    };
+    PaneHost(PaneLayout& layout, MacroEditor& editor, const Panes& panes, QWidget* parent = nullptr);
     ~PaneHost() override;
 
     void setTheme(const GridTheme& theme);
@@ -30,17 +42,22 @@ public:
 
 private:
     void PanesChanged() override;
+    void EditorChanged() override;
     void showRowDots();
     void paintPane(QPainter& painter, QWidget* pane, const QRect& rect, qreal scale) const;
     PaneSplitter* addSplitter(Splitter which, const char* name, Qt::Orientation orientation, QWidget* first,
                               QWidget* second);
-    EmptyPane* addPane(const char* name, EmptyPane* pane);
 
     PaneLayout& layout_;
+    MacroEditor& macroEditor_;
     GridView* gridView_;
-    std::vector<EmptyPane*> empty_;
     std::array<PaneSplitter*, SplitterCount> splitters_{};
     ChartView* chart_;
+    TreePane* tree_;
+    ToolbarView* toolbar_;
+    MacroPane* macro_;
+    OperandPane* operands_;
+    BarredPane* editor_ = nullptr;  ///< the macro editor: the toolbar above list and operands
 };
 
 }  // namespace planview

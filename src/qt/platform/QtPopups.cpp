@@ -10,6 +10,7 @@
 
 #include "qt/chart/ChartView.h"
 #include "qt/grid/GridView.h"
+#include "qt/tree/TreeView.h"
 
 namespace planview {
 
@@ -163,6 +164,13 @@ void QtPopups::setChart(ChartView* chart) {
     }
 }
 
+void QtPopups::setTree(TreeView* tree) {
+    tree_ = tree;
+    if (tree) {
+        asked_->watch(*tree);
+    }
+}
+
 QPoint QtPopups::placeInChart() const {
     const QRect port = chart_->viewport()->rect();
     const ChartHit& selected = chart_->chart().State().selected;
@@ -182,6 +190,11 @@ QPoint QtPopups::positionOf(PopupPlace place) const {
             return placeInChart();
         }
         return QCursor::pos();
+    }
+    if (tree_ && tree_->hasFocus()) {
+        const QRect node = tree_->nodeRect(tree_->tree().SelectedItem());
+        return tree_->viewport()->mapToGlobal(node.isEmpty() ? tree_->viewport()->rect().topLeft()
+                                                             : node.bottomLeft());
     }
     if (grid_) {
         const std::optional<Cell> current = grid_->grid().CurrentCell();

@@ -12,6 +12,7 @@ namespace planview {
 
 class ChartView;
 class GridView;
+class TreeView;
 
 /// Popup menus of the desktop, in the colours of the grid they belong to.
 class QtPopups final : public Popups {
@@ -26,6 +27,9 @@ public:
     /// The chart, whose popups open at the mouse, or at what is selected in it when a key has asked for them.
     void setChart(ChartView* chart);
 
+    /// The macro tree, whose popups open below the selected node while it has the focus.
+    void setTree(TreeView* tree);
+
     std::string Choose(const PopupMenu& menu, PopupPlace place) override;
 
 private:
@@ -38,6 +42,7 @@ private:
     QPointer<QWidget> control_;
     QPointer<GridView> grid_;
     QPointer<ChartView> chart_;
+    QPointer<TreeView> tree_;
     std::unique_ptr<LastAsked> asked_;
 };
 

@@ -1,0 +1,144 @@
+#include "app/MacroMenu.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QTimer>
+#include <optional>
+#include <string>
+
+#include <planview/PlanView.h>
+#include <planview/qt/PlanViewWidget.h>
+
+#include "app/BookSession.h"
+#include "app/Questions.h"
+#include "book/Macros.h"
+
+namespace planbook {
+
+using planview::MacroResult;
+using planview::PlanViewWidget;
+
+namespace {
+
+QString toQt(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+}  // namespace
+
+MacroMenu::MacroMenu(QMenu& menu, PlanViewWidget& view, BookSession& session, Questions& questions, QObject* parent)
+    : QObject(parent),
+      view_(view),
+      session_(session),
+      questions_(questions),
+      start_(menu.addAction("&Start recording", &view, &PlanViewWidget::startRecording)),
+      interrupt_(menu.addAction("&Interrupt recording", &view, &PlanViewWidget::pauseRecording)),
+      stop_(menu.addAction("S&top recording", &view, &PlanViewWidget::stopRecording)),
+      undo_(menu.addAction("&Undo last step", &view, &PlanViewWidget::undoRecordedStep)) {
+    menu.addSeparator();
+    addMacros(menu, "&Run", &MacroMenu::run);
+    addMacros(menu, "Run on selected &line", &MacroMenu::runOnSelectedLine);
+    addMacros(menu, "&Check", &MacroMenu::check);
+    connect(&view_, &PlanViewWidget::recordingChanged, this, &MacroMenu::showState);
+    connect(&session_, &BookSession::opened, this, &MacroMenu::showState);
+    // After the event, so that the view is not built anew while it raises one.
+    connect(&view_, &PlanViewWidget::MacroRecordSave, this,
+            [this] { QTimer::singleShot(0, this, &MacroMenu::keepRecording); });
+    showState();
+}
+
+QMenu* MacroMenu::addMacros(QMenu& menu, const QString& title, void (MacroMenu::*chosen)(const MacroEntry&)) {
+    QMenu* macros = menu.addMenu(title);
+    connect(macros, &QMenu::aboutToShow, this, [this, macros, chosen] { fill(*macros, chosen); });
+    return macros;
+}
+
+void MacroMenu::fill(QMenu& menu, void (MacroMenu::*chosen)(const MacroEntry&)) {
+    menu.clear();
+    if (session_.isOpen()) {
+        for (const MacroEntry& macro : MacrosOf(session_.book())) {
+            QString caption = toQt(macro.name);
+            menu.addAction(caption.replace('&', "&&"), this, [this, macro, chosen] { (this->*chosen)(macro); });
+        }
+    }
+    if (menu.isEmpty()) {
+        menu.addAction("This book has no macros")->setEnabled(false);
+    }
+}
+
+void MacroMenu::showState() {
+    const bool open = session_.isOpen();
+    const bool recording = view_.isRecording();
+    const bool paused = view_.isRecordingPaused();
+    start_->setText(paused ? "Go &on recording" : "&Start recording");
+    start_->setEnabled(open && !session_.isReadOnly() && (!recording || paused));
+    interrupt_->setEnabled(recording && !paused);
+    stop_->setEnabled(recording);
+    undo_->setEnabled(recording && view_.recordedSteps() > 0);
+}
+
+// --- Keeping
+
+void MacroMenu::keepRecording() {
+    if (!session_.isOpen() || view_.recordedSteps() == 0) {
+        questions_.tell("No step was recorded, so there is nothing to keep.");
+        return;
+    }
+    QString suggested = toQt(FreeRecordingName(session_.book()));
+    while (true) {
+        const std::optional<QString> name =
+            questions_.askName("Keep the recording in the book under this name:", suggested);
+        if (!name) {
+            return;
+        }
+        const std::string wanted = name->trimmed().toStdString();
+        bool taken = false;
+        for (const MacroEntry& macro : MacrosOf(session_.book())) {
+            taken = taken || macro.name == wanted;
+        }
+        if (!wanted.empty() && !taken) {
+            const QString key = view_.keepRecording(toQt(wanted), toQt(RecordingsNode(session_.book())));
+            session_.saveTables();
+            if (!key.isEmpty()) {
+                view_.plv_ActiveNode(key);
+            }
+            return;
+        }
+        questions_.tellFailure(taken ? QString("There is a macro called \"%1\" already. Take another name.").arg(*name)
+                                     : QString("The recording needs a name."));
+        suggested = taken ? *name : suggested;
+    }
+}
+
+// --- Running
+
+void MacroMenu::run(const MacroEntry& macro) {
+    runThere(macro, Where::AsItSays);
+}
+
+void MacroMenu::runOnSelectedLine(const MacroEntry& macro) {
+    runThere(macro, Where::SelectedLine);
+}
+
+void MacroMenu::runThere(const MacroEntry& macro, Where where) {
+    if (!session_.isOpen()) {
+        return;
+    }
+    const MacroResult result = view_.runMacro(toQt(macro.key), where == Where::SelectedLine);
+    if (result.done) {
+        Q_EMIT ran(toQt(macro.name + ": " + result.message));
+    } else if (!result.message.empty()) {
+        questions_.tellFailure(QString("\"%1\" was not run.\n\n%2").arg(toQt(macro.name), toQt(result.message)));
+    }
+}
+
+void MacroMenu::check(const MacroEntry& macro) {
+    const MacroResult result = view_.checkMacro(toQt(macro.key));
+    if (result.done) {
+        questions_.tell(QString("\"%1\" can be run. %2").arg(toQt(macro.name), toQt(result.message)));
+    } else {
+        questions_.tellFailure(QString("\"%1\" cannot be run.\n\n%2").arg(toQt(macro.name), toQt(result.message)));
+    }
+}
+
+}  // namespace planbook

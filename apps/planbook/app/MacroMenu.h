@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class QAction;
+class QMenu;
+
+namespace planview {
+class PlanViewWidget;
+}
+
+namespace planbook {
+
+class BookSession;
+class Questions;
+struct MacroEntry;
+
+/// The Macro menu: recording, and running what the book holds. When a recording ends it asks for a name and keeps the
+/// recording in the book.
+class MacroMenu : public QObject {
+    Q_OBJECT
+
+public:
+    MacroMenu(QMenu& menu, planview::PlanViewWidget& view, BookSession& session, Questions& questions, QObject* parent);
+
+Q_SIGNALS:
+    /// A macro has run; the text says what it came to.
+    void ran(const QString& text);
+
+private:
+    enum class Where { AsItSays, SelectedLine };
+
+    /// A menu with an entry for each macro.
+    QMenu* addMacros(QMenu& menu, const QString& title, void (MacroMenu::*chosen)(const MacroEntry&));
+    void fill(QMenu& menu, void (MacroMenu::*chosen)(const MacroEntry&));
+    void showState();
+    void keepRecording();
+    void run(const MacroEntry& macro);
+    void runOnSelectedLine(const MacroEntry& macro);
+    void check(const MacroEntry& macro);
+    void runThere(const MacroEntry& macro, Where where);
+
+    planview::PlanViewWidget& view_;
+    BookSession& session_;
+    Questions& questions_;
+    QAction* start_;
+    QAction* interrupt_;
+    QAction* stop_;
+    QAction* undo_;
+};
+
+}  // namespace planbook

@@ -1,0 +1,89 @@
+#include "book/Macros.h"
+
+#include <algorithm>
+
+#include "book/LineCaption.h"
+
+namespace planbook {
+
+using planview::MemoryTable;
+
+namespace {
+
+constexpr const char* MacroType = "M_MAKRO";
+constexpr const char* RecordingType = "M_RECORD";
+/// The key of the folder in books that planbook makes.
+constexpr const char* RecordingsKey = "RECORDED";
+
+}  // namespace
+
+std::vector<MacroEntry> MacrosOf(const Book& book) {
+    const MemoryTable& tree = book[BookTable::MacroTree];
+    std::vector<MacroEntry> macros;
+    for (std::int32_t row = 1; row <= tree.RowCount(); ++row) {
+        const std::string type = tree.Value(row, "NODETYPE").AsText();
+        if (type == MacroType || type == RecordingType) {
+            macros.push_back({tree.Value(row, "NODEKEY").AsText(), tree.Value(row, "NODETEXT").AsText(),
+                              type == RecordingType});
+        }
+    }
+    return macros;
+}
+
+std::optional<MacroEntry> FindMacro(const Book& book, const std::string& name) {
+    std::optional<MacroEntry> found;
+    for (MacroEntry& macro : MacrosOf(book)) {
+        if (macro.name == name) {
+            if (found) {
+                return std::nullopt;
+            }
+            found = std::move(macro);
+        }
+    }
+    return found;
+}
+
+std::string FreeRecordingName(const Book& book) {
+    const std::vector<MacroEntry> macros = MacrosOf(book);
+    for (int number = 1;; ++number) {
+        const std::string name = "Recording " + std::to_string(number);
+        if (std::none_of(macros.begin(), macros.end(), [&](const MacroEntry& macro) { return macro.name == name; })) {
+            return name;
+        }
+    }
+}
+
+std::string RecordingsNode(const Book& book) {
+    const MemoryTable& tree = book[BookTable::MacroTree];
+    for (std::int32_t row = 1; row <= tree.RowCount(); ++row) {
+        if (tree.Value(row, "NODEKEY").AsText() == RecordingsKey) {
+            return RecordingsKey;
+        }
+    }
+    return {};
+}
+
+std::string LineKeyOf(const Book& book, const std::string& caption) {
+    const MemoryTable& lines = book[BookTable::LineIndex];
+    std::string key;
+    for (std::int32_t row = 1; row <= lines.RowCount(); ++row) {
+        if (LineCaption(lines, row) == caption) {
+            if (!key.empty()) {
+                return {};
+            }
+            key = lines.Value(row, "GRID_ID").AsText();
+        }
+    }
+    return key;
+}
+
+std::vector<std::string> LineCaptions(const Book& book) {
+    const MemoryTable& lines = book[BookTable::LineIndex];
+    std::vector<std::string> captions;
+    for (std::int32_t row = 1; row <= lines.RowCount(); ++row) {
+        captions.push_back(LineCaption(lines, row));
+    }
+    return captions;
+}
+
+}  // namespace planbook

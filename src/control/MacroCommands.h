@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+#include <planview/PlanView.h>
+
+#include "macro/MacroProblem.h"
+
+namespace planview {
+
+struct ControlContext;
+
+/// Runs what the MACRO_TREE node with this key is: a macro is run, a recording is replayed. The one place that tells them
+/// apart. Answers what is wrong; `result` has the same for the user.
+MacroProblems RunMacroCommand(ControlContext& context, const std::string& nodeKey, bool onSelectedLine,
+                              MacroResult& result);
+
+/// Checks a macro or recording as it would run now.
+MacroProblems CheckMacroCommand(ControlContext& context, const std::string& nodeKey);
+
+/// What would keep the recording from being replayed, for the user; empty where nothing would.
+[[nodiscard]] std::string RecordingFault(ControlContext& context, const std::string& nodeKey);
+
+MacroResult ReplayRecording(ControlContext& context, const std::string& nodeKey, bool onSelectedLine);
+
+}  // namespace planview

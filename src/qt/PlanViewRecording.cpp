@@ -1,0 +1,88 @@
+#include <QPointer>
+
+#include "qt/PlanViewState.h"
+
+// Recording and replaying, and the command that raises. An entry that is open is ended first: it belongs to the step
+// before.
+
+namespace planview {
+
+void PlanViewWidget::raiseSelected(double percent) {
+    const std::shared_ptr<PlanViewCore> core = state_->core;
+    const QPointer<PlanViewWidget> self(this);
+    if (finishEditing() && self) {
+        core->view.RaiseSelected(percent);
+    }
+    if (self) {
+        state_->status->gridChanged();
+    }
+}
+
+void PlanViewWidget::startRecording() {
+    runCommand(&PlanView::StartRecording, nullptr);
+}
+
+void PlanViewWidget::pauseRecording() {
+    runCommand(&PlanView::PauseRecording, nullptr);
+}
+
+void PlanViewWidget::stopRecording() {
+    runCommand(&PlanView::StopRecording, nullptr);
+}
+
+void PlanViewWidget::undoRecordedStep() {
+    runCommand(&PlanView::UndoRecordedStep, nullptr);
+}
+
+bool PlanViewWidget::isRecording() const {
+    return state_->core->view.IsRecording();
+}
+
+bool PlanViewWidget::isRecordingPaused() const {
+    return state_->core->view.IsRecordingPaused();
+}
+
+int PlanViewWidget::recordedSteps() const {
+    return state_->core->view.RecordedSteps();
+}
+
+QString PlanViewWidget::keepRecording(const QString& name, const QString& parentNode) {
+    const std::shared_ptr<PlanViewCore> core = state_->core;
+    return QString::fromStdString(core->view.KeepRecording(name.toStdString(), parentNode.toStdString()));
+}
+
+void PlanViewWidget::switchMacroTree() {
+    runCommand(&PlanView::SwitchMacroTree, nullptr);
+}
+
+bool PlanViewWidget::macroTreeShown() const {
+    return state_->core->view.MacroTreeShown();
+}
+
+template <class Action>
+MacroResult PlanViewWidget::withMacro(Action&& action) {
+    const std::shared_ptr<PlanViewCore> core = state_->core;
+    const QPointer<PlanViewWidget> self(this);
+    if (!finishEditing() || !self) {
+        return {};
+    }
+    MacroResult result = action(core->view);
+    if (self) {
+        state_->status->gridChanged();
+    }
+    return result;
+}
+
+MacroResult PlanViewWidget::replayMacro(const QString& nodeKey, bool onSelectedLine) {
+    return withMacro([&](PlanView& view) { return view.ReplayMacro(nodeKey.toStdString(), onSelectedLine); });
+}
+
+MacroResult PlanViewWidget::runMacro(const QString& nodeKey, bool onSelectedLine) {
+    return withMacro([&](PlanView& view) { return view.RunMacro(nodeKey.toStdString(), onSelectedLine); });
+}
+
+MacroResult PlanViewWidget::checkMacro(const QString& nodeKey) {
+    return withMacro([&](PlanView& view) { return view.CheckMacro(nodeKey.toStdString()); });
+}
+
+}  // namespace planview

@@ -1,0 +1,147 @@
+#include "qt/macro/EditorButtons.h"
+
+#include <QPainter>
+#include <algorithm>
+
+namespace planview {
+
+namespace {
+
+constexpr int Margin = 8;
+constexpr int Side = 26;
+constexpr int Gap = 3;
+constexpr int GroupGap = 8;
+constexpr int TextPixels = 12;
+constexpr double FaintWeight = 0.5;
+
+}  // namespace
+
+EditorButtons::EditorButtons(QWidget* parent) : QWidget(parent) {
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+QToolButton* EditorButtons::add(const char* name, const char* icon, const QString& tooltip, bool beginsGroup) {
+    auto* button = new QToolButton(this);
+    button->setObjectName(QLatin1String(name));
+    button->setToolTip(tooltip.toHtmlEscaped());
+    button->setAccessibleName(tooltip);
+    button->setFocusPolicy(Qt::TabFocus);
+    entries_.push_back({button, icon, beginsGroup});
+    return button;
+}
+
+void EditorButtons::setLook(GridBitmaps& bitmaps, const GridTheme& theme, double scale) {
+    scale_ = scale;
+    const int side = scaled(BitmapPixels);
+    const qreal ratio = devicePixelRatioF();
+    for (const Entry& entry : entries_) {
+        QPixmap picture = bitmaps.pixmap(entry.icon, qRound(side * ratio), theme);
+        picture.setDevicePixelRatio(ratio);
+        QIcon icon(picture);
+        if (!picture.isNull()) {
+            QPixmap faint(picture.size());
+            faint.setDevicePixelRatio(ratio);
+            faint.fill(Qt::transparent);
+            QPainter painter(&faint);
+            painter.setOpacity(FaintWeight);
+            painter.drawPixmap(0, 0, picture);
+            painter.end();
+            icon.addPixmap(faint, QIcon::Disabled);
+        }
+        entry.button->setIcon(icon);
+        entry.button->setIconSize(QSize(side, side));
+    }
+    updateGeometry();
+    resizeEvent(nullptr);
+}
+
+std::vector<QRect> EditorButtons::placesIn(int width) const {
+    const int side = scaled(Side);
+    std::vector<QRect> places;
+    int x = scaled(Margin);
+    int y = 0;
+    for (const Entry& entry : entries_) {
+        x += entry.beginsGroup && !places.empty() ? scaled(GroupGap) - scaled(Gap) : 0;
+        if (x + side > width - scaled(Margin) && !places.empty()) {
+            x = scaled(Margin);
+            y += side + scaled(Gap);
+        }
+        places.emplace_back(x, y, side, side);
+        x += side + scaled(Gap);
+    }
+    return places;
+}
+
+int EditorButtons::heightForWidth(int width) const {
+    const std::vector<QRect> places = placesIn(width);
+    return places.empty() ? 0 : places.back().bottom() + 1 + scaled(Margin);
+}
+
+QSize EditorButtons::sizeHint() const {
+    const int width = scaled(Margin) * 2 + static_cast<int>(entries_.size()) * (scaled(Side) + scaled(Gap));
+    return {width, heightForWidth(width)};
+}
+
+QSize EditorButtons::minimumSizeHint() const {
+    return {scaled(Side) + 2 * scaled(Margin), heightForWidth(std::max(width(), scaled(Side)))};
+}
+
+void EditorButtons::resizeEvent(QResizeEvent* /*event*/) {
+    const std::vector<QRect> places = placesIn(width());
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        entries_[i].button->setGeometry(places[i]);
+    }
+}
+
+QString editorStyleSheet(const GridTheme& theme, double scale) {
+    const auto name = [](QRgb color) { return QColor(color).name(); };
+    QString sheet = QStringLiteral(R"(
+QWidget { font-size: %pixelspx; color: %text; }
+QToolButton, QPushButton { background: %base; border: 1px solid %line; border-radius: 5px; padding: 0px; }
+QToolButton:hover, QPushButton:hover { background: %tint; border-color: %accent; }
+QToolButton:checked { background: %tint; border-color: %accent; }
+QToolButton:pressed, QPushButton:pressed { background: %heading; }
+QToolButton:focus, QPushButton:focus { border: 2px solid %accent; }
+QToolButton:disabled, QPushButton:disabled { background: transparent; color: %faint; }
+QToolButton[digit="true"] { background: %heading; }
+QToolButton[digit="true"]:hover { background: %tint; }
+QToolButton::menu-indicator { image: none; }
+QPushButton#cmdOpa { background: %accent; color: %onAccent; border-color: %accent; font-weight: 600; }
+QPushButton#cmdOpa:hover { background: %strong; }
+QPushButton#cmdOpa:focus { border: 2px solid %text; }
+QLineEdit { background: %base; color: %text; border: 1px solid %edge; border-radius: 5px; padding: 3px 6px;
+    selection-background-color: %accent; selection-color: %onAccent; }
+QLineEdit:focus { border: 2px solid %accent; padding: 2px 5px; }
+QListView { background: %base; color: %text; border: none; border-top: 1px solid %line; outline: none;
+    selection-background-color: %tint; selection-color: %text; }
+QMenu { background: %base; color: %text; border: 1px solid %edge; padding: 4px; }
+QMenu::item { padding: 4px 18px 4px 12px; border-radius: 4px; }
+QMenu::item:selected { background: %tint; }
+QLabel#EditorMessage { color: %muted; padding: 6px 8px; border-top: 1px solid %line; }
+QLabel#EditorMessage[problem="true"] { color: %negative; }
+QToolTip { background: %heading; color: %text; border: 1px solid %edge; }
+)");
+    const QPair<const char*, QString> values[] = {
+        {"%pixels", QString::number(qRound(TextPixels * scale))},
+        {"%base", name(theme.base)},
+        {"%heading", name(theme.heading)},
+        {"%line", name(theme.line)},
+        {"%edge", name(mixColors(theme.line, theme.muted, FaintWeight))},
+        {"%text", name(theme.text)},
+        {"%muted", name(theme.muted)},
+        {"%faint", name(mixColors(theme.panel, theme.muted, FaintWeight))},
+        {"%accent", name(theme.accent)},
+        {"%strong", name(mixColors(theme.accent, theme.text, 0.2))},
+        {"%onAccent", name(theme.dark ? theme.base : 0xffffffff)},
+        {"%tint", name(theme.accentTint)},
+        {"%negative", name(theme.negative)},
+    };
+    for (const auto& [place, value] : values) {
+        sheet.replace(QLatin1String(place), value);
+    }
+    return sheet;
+}
+
+}  // namespace planview

@@ -1,0 +1,250 @@
+#include "qt/macro/MacroListView.h"
+
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTimer>
+
+#include "macro/MacroTable.h"
+
+namespace planview {
+
+namespace {
+
+constexpr int RowHeight = 24;
+constexpr int SideMargin = 8;
+constexpr int Indentation = 14;
+constexpr int PictureGap = 6;
+constexpr int MarkPixels = 14;
+constexpr double InactiveOpacity = 0.4;
+
+}  // namespace
+
+class MacroListView::Lines final : public QAbstractListModel {
+public:
+    Lines(MacroEditor& editor, QObject* parent) : QAbstractListModel(parent), editor_(editor) {}
+
+    void readAnew() {
+        beginResetModel();
+        lines_ = editor_.Lines();
+        endResetModel();
+    }
+    [[nodiscard]] const MacroLine& at(const QModelIndex& index) const {
+        return lines_[static_cast<std::size_t>(index.row())];
+    }
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : static_cast<int>(lines_.size());
+    }
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+        if (!index.isValid() || index.row() >= static_cast<int>(lines_.size())) {
+            return {};
+        }
+        const MacroLine& line = at(index);
+        const QString text = QString::fromStdString(line.text);
+        switch (role) {
+            case Qt::DisplayRole:
+                return text;
+            case Qt::AccessibleTextRole:
+                return tr("Level %1: %2%3%4")
+                    .arg(line.depth)
+                    .arg(text, line.inactive ? tr(", left out") : QString(),
+                         line.problem.empty() ? QString() : tr(", problem: ") + QString::fromStdString(line.problem));
+            case Qt::ToolTipRole: {
+                QString tip = text;
+                if (!line.note.empty()) {
+                    tip += QLatin1Char('\n') + QString::fromStdString(line.note);
+                }
+                if (!line.problem.empty()) {
+                    tip += QLatin1Char('\n') + QString::fromStdString(line.problem);
+                }
+                return tip.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+            }
+            default:
+                return {};
+        }
+    }
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override {
+        return QAbstractListModel::flags(index) | Qt::ItemIsEditable;
+    }
+
+private:
+    MacroEditor& editor_;
+    std::vector<MacroLine> lines_;
+};
+
+/// Draws the lines, and edits a name in its place.
+class MacroListView::Painter final : public QStyledItemDelegate {
+public:
+    Painter(MacroListView& view, GridBitmaps& bitmaps)
+        : QStyledItemDelegate(&view), view_(view), bitmaps_(bitmaps) {}
+
+    void setLook(const GridTheme& theme, double scale) {
+        theme_ = &theme;
+        scale_ = scale;
+    }
+    [[nodiscard]] int scaled(int logical) const { return qRound(logical * scale_); }
+
+    QSize sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& /*index*/) const override {
+        return {scaled(RowHeight), scaled(RowHeight)};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const MacroLine& line = view_.lines_->at(index);
+        const bool current = index == view_.currentIndex();
+        painter->save();
+        painter->fillRect(option.rect, QColor(current ? theme_->accentTint : theme_->base));
+        if (current && view_.hasFocus()) {
+            painter->fillRect(QRect(option.rect.left(), option.rect.top(), 2, option.rect.height()),
+                              QColor(theme_->accent));
+        }
+        QRect room = option.rect.adjusted(scaled(SideMargin), 0, -scaled(SideMargin), 0);
+        if (!line.problem.empty()) {
+            room.setRight(room.right() - scaled(MarkPixels + PictureGap));
+            paintPicture(*painter, "error",
+                         QRect(room.right() + scaled(PictureGap), 0, scaled(MarkPixels), option.rect.height())
+                             .translated(0, option.rect.top()),
+                         MarkPixels);
+        }
+        painter->setOpacity(line.inactive ? InactiveOpacity : 1.0);
+        // In a narrow pane depth gives way to the text.
+        room.setLeft(room.left() + std::min(line.depth * scaled(Indentation), room.width() / 4));
+        paintPicture(*painter, std::string(MacroImageOf(line.type)),
+                     QRect(room.left(), room.top(), scaled(BitmapPixels), room.height()), BitmapPixels);
+        room.setLeft(room.left() + scaled(BitmapPixels + PictureGap));
+        paintText(*painter, option.font, room, line);
+        painter->restore();
+    }
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
+                          const QModelIndex& /*index*/) const override {
+        auto* edit = new QLineEdit(parent);
+        edit->setAccessibleName(tr("Name"));
+        return edit;
+    }
+    void setEditorData(QWidget* editor, const QModelIndex& /*index*/) const override {
+        static_cast<QLineEdit*>(editor)->setText(QString::fromStdString(view_.editor_.NameToEdit()));
+    }
+    /// Afterwards, when the view has done with its own editor: renaming makes the list anew.
+    void setModelData(QWidget* editor, QAbstractItemModel* /*model*/, const QModelIndex& /*index*/) const override {
+        const std::string text = static_cast<QLineEdit*>(editor)->text().toStdString();
+        QTimer::singleShot(0, &view_, [&view = view_, text] {
+            const std::shared_ptr<void> alive = view.owner_;
+            view.editor_.Rename(text);
+        });
+    }
+
+private:
+    void paintPicture(QPainter& painter, const std::string& name, const QRect& room, int pixels) const {
+        const qreal ratio = painter.device()->devicePixelRatioF();
+        const int side = scaled(pixels);
+        QPixmap picture = bitmaps_.pixmap(name, qRound(side * ratio), *theme_);
+        picture.setDevicePixelRatio(ratio);
+        painter.drawPixmap(room.left(), room.top() + (room.height() - side) / 2, picture);
+    }
+
+    void paintText(QPainter& painter, const QFont& base, const QRect& room, const MacroLine& line) const {
+        QFont font = base;
+        font.setBold(line.depth == 0);
+        font.setStrikeOut(line.inactive);
+        painter.setFont(font);
+        const QFontMetrics metrics(font);
+        const QString text = QString::fromStdString(line.text);
+        const QString shown = metrics.elidedText(text, Qt::ElideRight, room.width());
+        painter.setPen(QColor(!line.problem.empty() ? theme_->negative : line.isPart ? theme_->muted : theme_->text));
+        painter.drawText(room, Qt::AlignVCenter | Qt::TextSingleLine, shown);
+        const int used = metrics.horizontalAdvance(shown) + scaled(2 * PictureGap);
+        if (!line.note.empty() && used < room.width()) {
+            font.setItalic(true);
+            painter.setFont(font);
+            painter.setPen(QColor(theme_->muted));
+            const QRect rest = room.adjusted(used, 0, 0, 0);
+            painter.drawText(rest, Qt::AlignVCenter | Qt::TextSingleLine,
+                             QFontMetrics(font).elidedText(QString::fromStdString(line.note), Qt::ElideRight,
+                                                           rest.width()));
+        }
+    }
+
+    MacroListView& view_;
+    GridBitmaps& bitmaps_;
+    const GridTheme* theme_ = &GridTheme::light();
+    double scale_ = 1.0;
+};
+
+MacroListView::MacroListView(MacroEditor& editor, GridBitmaps& bitmaps, std::shared_ptr<void> owner, QWidget* parent)
+    : QListView(parent),
+      editor_(editor),
+      owner_(std::move(owner)),
+      lines_(new Lines(editor, this)),
+      painter_(new Painter(*this, bitmaps)) {
+    setObjectName(QLatin1String("MacroView"));
+    setAccessibleName(tr("Elements of the macro"));
+    setModel(lines_);
+    setItemDelegate(painter_);
+    setUniformItemSizes(true);
+    setEditTriggers(QAbstractItemView::EditKeyPressed);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFrameShape(QFrame::NoFrame);
+    follow();
+}
+
+void MacroListView::setLook(const GridTheme& theme, double scale) {
+    painter_->setLook(theme, scale);
+    scheduleDelayedItemsLayout();
+    viewport()->update();
+}
+
+void MacroListView::follow() {
+    following_ = true;
+    const int top = verticalScrollBar() ? verticalScrollBar()->value() : 0;
+    lines_->readAnew();
+    const QModelIndex current = lines_->index(editor_.Current());
+    setCurrentIndex(current);
+    if (verticalScrollBar()) {
+        verticalScrollBar()->setValue(top);
+    }
+    if (current.isValid()) {
+        scrollTo(current);
+    }
+    following_ = false;
+}
+
+void MacroListView::editName() {
+    setFocus();
+    if (currentIndex().isValid()) {
+        edit(currentIndex());
+    }
+}
+
+void MacroListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QListView::currentChanged(current, previous);
+    if (following_ || !current.isValid()) {
+        return;
+    }
+    // When the view has done with the press: the list is made anew.
+    QTimer::singleShot(0, this, [this, row = current.row()] {
+        const std::shared_ptr<void> alive = owner_;
+        editor_.SetCurrent(row);
+    });
+}
+
+void MacroListView::keyPressEvent(QKeyEvent* event) {
+    const bool alt = (event->modifiers() & Qt::AltModifier) != 0;
+    const bool control = (event->modifiers() & Qt::ControlModifier) != 0;
+    const int key = event->key();
+    if (key == Qt::Key_Delete) {
+        Q_EMIT deleteWanted();
+    } else if (alt && (key == Qt::Key_Up || key == Qt::Key_Down)) {
+        Q_EMIT moveWanted(key == Qt::Key_Up);
+    } else if (control && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+        Q_EMIT runWanted();
+    } else {
+        QListView::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+}
+
+}  // namespace planview

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QAbstractListModel>
+#include <QListView>
+#include <QStyledItemDelegate>
+#include <memory>
+
+#include "macro/MacroEditor.h"
+#include "qt/grid/GridBitmaps.h"
+#include "qt/grid/GridTheme.h"
+
+namespace planview {
+
+/// `MacroView`: the elements of the active macro as sentences, each as deep as it stands in the macro.
+class MacroListView final : public QListView {
+    Q_OBJECT
+
+public:
+    MacroListView(MacroEditor& editor, GridBitmaps& bitmaps, std::shared_ptr<void> owner, QWidget* parent = nullptr);
+
+    void setLook(const GridTheme& theme, double scale);
+    /// Shows what the editor holds now.
+    void follow();
+    /// Lets the user edit the current element's name.
+    void editName();
+
+    [[nodiscard]] QSize minimumSizeHint() const override { return {40, 28}; }
+
+Q_SIGNALS:
+    void deleteWanted();
+    void moveWanted(bool up);
+    void runWanted();
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    class Lines;
+    class Painter;
+
+    MacroEditor& editor_;
+    std::shared_ptr<void> owner_;
+    Lines* lines_;
+    Painter* painter_;
+    bool following_ = false;
+};
+
+}  // namespace planview

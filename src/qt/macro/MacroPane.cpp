@@ -1,0 +1,152 @@
+#include "qt/macro/MacroPane.h"
+
+#include <QPainter>
+#include <QPointer>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace planview {
+
+namespace {
+
+constexpr int HeadingHeight = 30;
+
+}  // namespace
+
+MacroPane::MacroPane(MacroEditor& editor, GridBitmaps& bitmaps, std::shared_ptr<void> owner, QWidget* parent)
+    : QWidget(parent),
+      editor_(editor),
+      bitmaps_(bitmaps),
+      owner_(std::move(owner)),
+      heading_(new EmptyPane(tr("Macro"), EmptyPane::Ground::Panel)),
+      buttons_(new EditorButtons),
+      view_(new MacroListView(editor, bitmaps, owner_)),
+      message_(new QLabel) {
+    setObjectName(QLatin1String("MacroPane"));
+    setAccessibleName(tr("Macro"));
+    message_->setObjectName(QLatin1String("EditorMessage"));
+    message_->setWordWrap(true);
+    message_->setTextFormat(Qt::PlainText);
+    message_->setMinimumWidth(1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(heading_);
+    layout->addWidget(buttons_);
+    layout->addWidget(view_, 1);
+    layout->addWidget(message_);
+    setFocusProxy(view_);
+    addButtons();
+    connect(view_, &MacroListView::deleteWanted, this, [this] { act([](MacroEditor& target) { target.Delete(); }); });
+    connect(view_, &MacroListView::moveWanted, this,
+            [this](bool up) { act([up](MacroEditor& target) { target.Move(up); }); });
+    connect(view_, &MacroListView::runWanted, this, [this] { act([](MacroEditor& target) { target.Run(); }); });
+    showLook();
+    follow();
+}
+
+void MacroPane::addButtons() {
+    using Action = std::function<void(MacroEditor&)>;
+    const auto add = [this](const char* name, const char* icon, const QString& tooltip, bool group, Action action) {
+        QToolButton* button = buttons_->add(name, icon, tooltip, group);
+        connect(button, &QToolButton::clicked, this, [this, action = std::move(action)] { act(action); });
+        return button;
+    };
+    const auto spot = [](MacroSpot where) { return [where](MacroEditor& target) { target.SetSpot(where); }; };
+    add("NewMacro", "macro-new", tr("New macro"), false, [](MacroEditor& target) { target.NewMacro(); });
+    needMacro_.push_back(add("RunMacro", "macro-run", tr("Run the macro (Ctrl+Return)"), false,
+                             [](MacroEditor& target) { target.Run(); }));
+    needMacro_.push_back(add("Generate", "macro-generate", tr("Check the macro"), false,
+                             [](MacroEditor& target) { target.Check(); }));
+    before_ = add("Insert", "macro-insert", tr("Insert: the next element goes before this one"), true,
+                  spot(MacroSpot::Before));
+    after_ = add("Add", "macro-add", tr("Add: the next element goes behind this one"), false, spot(MacroSpot::After));
+    inside_ = add("NextLevel", "macro-inside", tr("Next level: the next element goes into this one"), false,
+                  spot(MacroSpot::Inside));
+    for (QToolButton* button : {before_, after_, inside_}) {
+        button->setCheckable(true);
+        needMacro_.push_back(button);
+    }
+    QToolButton* rename = buttons_->add("Rename", "macro-rename", tr("Rename (F2)"), true);
+    connect(rename, &QToolButton::clicked, view_, &MacroListView::editName);
+    needMacro_.push_back(rename);
+    needElement_.push_back(
+        add("MoveUp", "arrow-up", tr("Move up (Alt+Up)"), false, [](MacroEditor& target) { target.Move(true); }));
+    needElement_.push_back(
+        add("MoveDown", "arrow-down", tr("Move down (Alt+Down)"), false, [](MacroEditor& target) { target.Move(false); }));
+    needMacro_.push_back(add("Delete", "macro-delete", tr("Delete, with all that is in it (Del)"), false,
+                             [](MacroEditor& target) { target.Delete(); }));
+    active_ = add("Active", "macro-inactive", tr("Leave the element out, or take it in again"), false,
+                  [](MacroEditor& target) { target.ToggleActive(); });
+    active_->setCheckable(true);
+    needMacro_.push_back(active_);
+}
+
+/// The host hears of what the editor does, and may delete the pane then.
+void MacroPane::act(const std::function<void(MacroEditor&)>& action) {
+    const std::shared_ptr<void> alive = owner_;
+    const QPointer<MacroPane> self(this);
+    action(editor_);
+    if (self) {
+        follow();
+    }
+}
+
+void MacroPane::follow() {
+    const bool hasMacro = !editor_.MacroKey().empty();
+    const int current = editor_.Current();
+    for (QToolButton* button : needMacro_) {
+        button->setEnabled(hasMacro);
+    }
+    for (QToolButton* button : needElement_) {
+        button->setEnabled(current > 0);
+    }
+    const auto check = [&](QToolButton* button, bool checked) { button->setChecked(hasMacro && checked); };
+    check(before_, editor_.Spot() == MacroSpot::Before);
+    check(after_, editor_.Spot() == MacroSpot::After);
+    check(inside_, editor_.Spot() == MacroSpot::Inside);
+    check(active_, current >= 0 && editor_.Lines()[static_cast<std::size_t>(current)].inactive);
+    view_->follow();
+    const QString hint = hasMacro ? QString() : tr("Select a macro in the tree, or make a new one.");
+    const QString text = QString::fromStdString(editor_.Message());
+    message_->setText(text.isEmpty() ? hint : text);
+    message_->setVisible(!message_->text().isEmpty());
+    message_->setProperty("problem", !text.isEmpty() && editor_.MessageIsProblem());
+    message_->style()->unpolish(message_);
+    message_->style()->polish(message_);
+}
+
+void MacroPane::setTheme(const GridTheme& theme) {
+    theme_ = &theme;
+    showLook();
+}
+
+void MacroPane::setTextScale(double scale) {
+    scale_ = scale;
+    showLook();
+}
+
+void MacroPane::showLook() {
+    setPalette(theme_->widgetPalette(palette()));
+    setStyleSheet(editorStyleSheet(*theme_, scale_));
+    heading_->setTheme(*theme_);
+    heading_->setTextScale(scale_);
+    heading_->setFixedHeight(qRound(HeadingHeight * scale_));
+    buttons_->setLook(bitmaps_, *theme_, scale_);
+    view_->setLook(*theme_, scale_);
+    update();
+}
+
+void MacroPane::paintEvent(QPaintEvent* /*event*/) {
+    QPainter(this).fillRect(rect(), QColor(theme_->panel));
+}
+
+void MacroPane::paintOn(QPainter& painter, const QRect& rect) const {
+    MacroPane copy(editor_, bitmaps_);
+    copy.scale_ = scale_;
+    copy.setTheme(*theme_);
+    copy.resize(rect.size());
+    copy.render(&painter, rect.topLeft());
+}
+
+}  // namespace planview

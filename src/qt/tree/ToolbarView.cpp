@@ -1,0 +1,297 @@
+#include "qt/tree/ToolbarView.h"
+
+#include <QApplication>
+#include <QDrag>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <algorithm>
+
+namespace planview {
+
+namespace {
+
+constexpr int Margin = 8;
+constexpr int Side = 26;
+constexpr int Gap = 3;
+constexpr int GroupGap = 8;
+/// More rows would leave the macro below too little room.
+constexpr int MostRows = 3;
+/// The pictures need not grow with the texts for ever.
+constexpr double MostScale = 1.5;
+
+constexpr auto SelectionIcon = "macro-selection";
+constexpr auto SelectionFormat = "application/x-planview-selection";
+
+/// Whether a gap stands before the button.
+bool beginsGroup(std::size_t number) {
+    return number == static_cast<std::size_t>(ToolbarButton::TabLine) ||
+           number == static_cast<std::size_t>(ToolbarButton::Operator) ||
+           number == static_cast<std::size_t>(ToolbarButton::MakLine) ||
+           number == static_cast<std::size_t>(ToolbarButton::Attribute) || number == ToolbarButtonCount;
+}
+
+QString styleSheetFor(const GridTheme& theme) {
+    const auto name = [](QRgb color) { return QColor(color).name(); };
+    return QStringLiteral("QToolButton { background: %1; border: 1px solid %2; border-radius: 5px; padding: 0px; }"
+                          "QToolButton:hover, QToolButton:checked { background: %3; border-color: %4; }"
+                          "QToolButton:pressed { background: %5; }"
+                          "QToolButton:focus { border: 2px solid %4; }"
+                          "QToolButton:disabled { background: transparent; border-color: %2; }"
+                          "QToolButton::menu-indicator { image: none; }"
+                          "QToolTip { background: %5; color: %6; border: 1px solid %2; }")
+        .arg(name(theme.base), name(theme.line), name(theme.accentTint), name(theme.accent), name(theme.heading),
+             name(theme.text));
+}
+
+}  // namespace
+
+/// A button whose content is dragged from it. What is dragged is asked for when the drag begins, or at a click.
+class SelectionButton final : public QToolButton {
+public:
+    SelectionButton(MacroToolbar& toolbar, std::function<std::string()> selection, std::shared_ptr<void> owner,
+                    QWidget* parent)
+        : QToolButton(parent), toolbar_(toolbar), selection_(std::move(selection)), owner_(std::move(owner)) {
+        connect(this, &QToolButton::clicked, this, [this] { handOver(); });
+    }
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        pressedAt_ = event->position().toPoint();
+        QToolButton::mousePressEvent(event);
+    }
+    void mouseMoveEvent(QMouseEvent* event) override {
+        const QPoint moved = event->position().toPoint() - pressedAt_;
+        if (!isDown() || moved.manhattanLength() < QApplication::startDragDistance()) {
+            QToolButton::mouseMoveEvent(event);
+            return;
+        }
+        setDown(false);
+        const QPointer<SelectionButton> self(this);
+        const std::string text = handOver();
+        if (self && !text.empty()) {
+            auto* drag = new QDrag(this);
+            auto* content = new QMimeData;
+            content->setData(QLatin1String(SelectionFormat), QByteArray::fromStdString(text));
+            content->setText(QString::fromStdString(text));
+            drag->setMimeData(content);
+            drag->exec(Qt::CopyAction);
+        }
+    }
+
+private:
+    std::string handOver() {
+        const std::shared_ptr<void> owner = owner_;
+        std::string text = selection_();
+        if (!text.empty()) {
+            toolbar_.UserDragSelection(text);
+        }
+        return text;
+    }
+
+    MacroToolbar& toolbar_;
+    std::function<std::string()> selection_;
+    std::shared_ptr<void> owner_;
+    QPoint pressedAt_;
+};
+
+ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::function<std::string()> selection,
+                         std::shared_ptr<void> owner, QWidget* parent)
+    : QWidget(parent),
+      toolbar_(toolbar),
+      bitmaps_(bitmaps),
+      owner_(std::move(owner)),
+      more_(new QToolButton(this)) {
+    setAccessibleName(tr("Macro elements"));
+    for (const ToolbarButtonInfo& info : ToolbarButtons()) {
+        auto* button = new QToolButton(this);
+        button->setObjectName(QString::fromUtf8(info.field.data(), static_cast<qsizetype>(info.field.size())));
+        connect(button, &QToolButton::clicked, this, [this, which = info.button] {
+            const std::shared_ptr<void> alive = owner_;
+            const QPointer<ToolbarView> self(this);
+            toolbar_.UserPress(which);
+            if (self) {
+                ToolbarChanged();  // whether it looks pressed down is the control's to say
+            }
+        });
+        buttons_.push_back(button);
+    }
+    auto* drag = new SelectionButton(toolbar, std::move(selection), owner_, this);
+    drag->setObjectName(QLatin1String("SELECTION"));
+    drag->setToolTip(tr("Drag what is selected in the grid into the macro"));
+    drag->setAccessibleName(drag->toolTip());
+    buttons_.push_back(drag);
+    more_->setObjectName(QLatin1String("MORE"));
+    more_->setText(QStringLiteral("\u22ef"));
+    more_->setToolTip(tr("More macro elements"));
+    more_->setAccessibleName(more_->toolTip());
+    more_->setPopupMode(QToolButton::InstantPopup);
+    more_->setMenu(new QMenu(this));
+    connect(more_->menu(), &QMenu::aboutToShow, this, &ToolbarView::fillMenu);
+    more_->setFocusPolicy(Qt::TabFocus);
+    for (QToolButton* button : buttons_) {
+        button->setFocusPolicy(Qt::TabFocus);
+    }
+    setTheme(*theme_);
+    ToolbarChanged();
+    toolbar_.SetWatcher(this);
+}
+
+ToolbarView::~ToolbarView() {
+    toolbar_.SetWatcher(nullptr);
+}
+
+QToolButton* ToolbarView::button(ToolbarButton which) const {
+    return buttons_[static_cast<std::size_t>(which)];
+}
+
+QToolButton* ToolbarView::selectionButton() const {
+    return buttons_.back();
+}
+
+void ToolbarView::ToolbarChanged() {
+    for (const ToolbarButtonInfo& info : ToolbarButtons()) {
+        QToolButton* shown = button(info.button);
+        const QString tooltip = QString::fromStdString(toolbar_.Tooltip(info.button));
+        shown->setToolTip(tooltip.toHtmlEscaped());
+        shown->setAccessibleName(tooltip);
+        shown->setEnabled(toolbar_.IsEnabled(info.button));
+        shown->setCheckable(toolbar_.IsChecked(info.button));
+        shown->setChecked(toolbar_.IsChecked(info.button));
+    }
+}
+
+void ToolbarView::setTheme(const GridTheme& theme) {
+    theme_ = &theme;
+    setStyleSheet(styleSheetFor(theme));
+    showIcons();
+    update();
+}
+
+void ToolbarView::setTextScale(double scale) {
+    scale_ = std::min(scale, MostScale);
+    showIcons();
+    resizeEvent(nullptr);
+}
+
+void ToolbarView::showIcons() {
+    const int side = scaled(BitmapPixels);
+    const qreal ratio = devicePixelRatioF();
+    for (std::size_t i = 0; i < buttons_.size(); ++i) {
+        const std::string name(i < ToolbarButtonCount ? ToolbarButtons()[i].icon : std::string_view(SelectionIcon));
+        QPixmap picture = bitmaps_.pixmap(name, qRound(side * ratio), *theme_);
+        picture.setDevicePixelRatio(ratio);
+        QPixmap faint(picture.size());
+        faint.setDevicePixelRatio(ratio);
+        faint.fill(Qt::transparent);
+        QPainter painter(&faint);
+        painter.setOpacity(0.35);
+        painter.drawPixmap(0, 0, picture);
+        painter.end();
+        QIcon icon(picture);
+        icon.addPixmap(faint, QIcon::Disabled);
+        buttons_[i]->setIcon(icon);
+        buttons_[i]->setIconSize(QSize(side, side));
+    }
+}
+
+// --- Places
+
+std::vector<QRect> ToolbarView::placesIn(int width) const {
+    const int side = scaled(Side);
+    std::vector<QRect> places;
+    int x = scaled(Margin);
+    int y = scaled(Margin);
+    for (std::size_t i = 0; i < buttons_.size(); ++i) {
+        if (beginsGroup(i)) {
+            x += scaled(GroupGap) - scaled(Gap);
+        }
+        if (x + side > width - scaled(Margin) && i > 0) {
+            x = scaled(Margin);
+            y += side + scaled(Gap);
+        }
+        places.emplace_back(x, y, side, side);
+        x += side + scaled(Gap);
+    }
+    return places;
+}
+
+int ToolbarView::heightForWidth(int width) const {
+    const int most = 2 * scaled(Margin) + MostRows * scaled(Side) + (MostRows - 1) * scaled(Gap);
+    return std::min(most, placesIn(width).back().bottom() + 1 + scaled(Margin));
+}
+
+QSize ToolbarView::sizeHint() const {
+    const int width = 6 * scaled(Side + Gap) + 2 * scaled(Margin);
+    return {width, heightForWidth(width)};
+}
+
+QSize ToolbarView::minimumSizeHint() const {
+    return {scaled(Side) + 2 * scaled(Margin), scaled(Side) + 2 * scaled(Margin)};
+}
+
+void ToolbarView::resizeEvent(QResizeEvent* /*event*/) {
+    const std::vector<QRect> places = placesIn(width());
+    std::size_t fitting = 0;
+    while (fitting < places.size() && places[fitting].bottom() < height()) {
+        ++fitting;
+    }
+    const bool all = fitting == places.size();
+    if (!all && fitting > 0) {
+        more_->setGeometry(places[--fitting]);
+    }
+    more_->setVisible(!all);
+    for (std::size_t i = 0; i < buttons_.size(); ++i) {
+        buttons_[i]->setGeometry(places[i]);
+        buttons_[i]->setVisible(i < fitting);
+    }
+}
+
+void ToolbarView::fillMenu() {
+    QMenu& menu = *more_->menu();
+    menu.clear();
+    menu.setPalette(theme_->widgetPalette(menu.palette()));
+    for (QToolButton* button : buttons_) {
+        if (button->isHidden()) {
+            QAction* entry = menu.addAction(button->icon(), button->accessibleName().replace(u'&', u"&&"_qs));
+            entry->setEnabled(button->isEnabled());
+            entry->setCheckable(button->isChecked());
+            entry->setChecked(button->isChecked());
+            connect(entry, &QAction::triggered, button, &QToolButton::click);
+        }
+    }
+}
+
+// --- Painting
+
+void ToolbarView::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(theme_->panel));
+    painter.fillRect(QRect(0, height() - 1, width(), 1), QColor(theme_->line));
+}
+
+void ToolbarView::paintOn(QPainter& painter, const QRect& rect) const {
+    painter.fillRect(rect, QColor(theme_->panel));
+    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), QColor(theme_->line));
+    const std::vector<QRect> places = placesIn(rect.width());
+    for (std::size_t i = 0; i < buttons_.size(); ++i) {
+        const QRect place = places[i].translated(rect.topLeft());
+        if (place.bottom() >= rect.bottom()) {
+            break;
+        }
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QColor(theme_->line));
+        painter.setBrush(QColor(theme_->base));
+        painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
+        QRect picture(QPoint(), buttons_[i]->iconSize());
+        picture.moveCenter(place.center());
+        buttons_[i]->icon().paint(&painter, picture, Qt::AlignCenter,
+                                  buttons_[i]->isEnabled() ? QIcon::Normal : QIcon::Disabled);
+        painter.restore();
+    }
+}
+
+}  // namespace planview

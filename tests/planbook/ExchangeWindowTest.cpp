@@ -1,0 +1,80 @@
+#include "planbook/BookWindow.h"
+#include "planbook/TestFolder.h"
+
+namespace planbook {
+namespace {
+
+QString ToQt(const std::filesystem::path& path) {
+    return QString::fromStdString(path.string());
+}
+
+std::string Summary(const planview::UploadPreview& preview) {
+    std::string text = preview.error;
+    for (const planview::UploadChange& change : preview.changes) {
+        text += change.line + "/" + change.period + ": " + change.before + " -> " + change.after + "\n";
+    }
+    return text;
+}
+
+TEST(ExchangeWindow, WhatIsUploadedIsInTheBookAndPending) {
+    const TestFolder folder;
+    const std::filesystem::path file = folder.Path("small.xlsx");
+    BookWindow window(MakeSmallBook(folder));
+    planview::PlanViewWidget& view = window.window.view();
+    window.Type(1, 1, "7");
+    window.Type(2, 2, "8,5");
+    ASSERT_EQ(view.downloadTo(ToQt(file)).toStdString(), "");
+    view.undo();
+    view.undo();
+    window.window.session().acceptChanges();
+    ASSERT_EQ(window.InFile(1, 1), "1");
+
+    const planview::UploadPreview preview = view.previewUpload(ToQt(file));
+    EXPECT_EQ(Summary(preview), "Alpha/Jan 08: 1 -> 7\nBeta/Feb 08: 20,5 -> 8,5\n");
+    const planview::UploadResult result = view.applyUpload(preview);
+    EXPECT_EQ(result.changed, 2);
+    EXPECT_EQ(window.InFile(1, 1), "7");
+    EXPECT_EQ(window.InFile(2, 2), "8.5");
+    QApplication::processEvents();
+    EXPECT_EQ(view.pendingChanges(), 2);
+    window.ExpectSaved();
+    view.undo();
+    EXPECT_EQ(window.InFile(1, 1), "1");
+    EXPECT_EQ(window.InFile(2, 2), "20.5");
+    window.ExpectSaved();
+}
+
+TEST(ExchangeWindow, AnUploadThatTheBookRefusesIsTakenBack) {
+    const TestFolder folder;
+    const std::filesystem::path file = folder.Path("small.xlsx");
+    BookWindow window(MakeSmallBook(folder));
+    planview::PlanViewWidget& view = window.window.view();
+    window.Type(1, 1, "7");
+    window.Type(2, 2, "8,5");
+    ASSERT_EQ(view.downloadTo(ToQt(file)).toStdString(), "");
+    view.undo();
+    view.undo();
+    window.window.session().acceptChanges();
+    const std::string before = DumpFile(window.file);
+    {
+        const Obstacle full(Obstacle::Kind::FullDisk, window.file);
+        view.applyUpload(view.previewUpload(ToQt(file)));
+        window.window.session().settle();
+    }
+    EXPECT_EQ(window.Shown(1, 1), "1");
+    EXPECT_EQ(window.Shown(2, 2), "20,5");
+    EXPECT_EQ(DumpFile(window.file), before);
+    EXPECT_EQ(window.questions.failures.size(), 1U);
+}
+
+TEST(ExchangeWindow, TheWorkbookIsProposedBesideTheBook) {
+    const TestFolder folder;
+    BookWindow window(MakeSmallBook(folder));
+    const planview::SpreadsheetOptions& options = window.window.view().spreadsheetOptions();
+    EXPECT_EQ(options.folder, window.file.parent_path().string());
+    EXPECT_EQ(options.fileName, "small.xlsx");
+    EXPECT_FALSE(options.printSetup);
+}
+
+}  // namespace
+}  // namespace planbook

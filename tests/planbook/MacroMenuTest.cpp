@@ -1,0 +1,153 @@
+#include <QAction>
+#include <QMenuBar>
+
+#include "book/HostCommands.h"
+#include "book/Macros.h"
+#include "planbook/BookWindow.h"
+
+namespace planbook {
+namespace {
+
+using planview::SelectionMode;
+
+/// planbook's window with someone who uses the Macro menu.
+struct MacroWindow : BookWindow {
+    using BookWindow::BookWindow;
+
+    QAction* Entry(const QString& menu, const QString& text) {
+        for (QAction* top : window.menuBar()->actions()) {
+            if (top->text() == "&Macro") {
+                return EntryIn(*top->menu(), menu, text);
+            }
+        }
+        return nullptr;
+    }
+    void Choose(const QString& menu, const QString& text) {
+        QAction* entry = Entry(menu, text);
+        ASSERT_TRUE(entry) << (menu + "/" + text).toStdString();
+        ASSERT_TRUE(entry->isEnabled()) << text.toStdString();
+        entry->trigger();
+        QApplication::processEvents();
+    }
+    void RaiseLine(int line, double percent) {
+        Grid().SelectCell(At(line, 1), SelectionMode::Replace);
+        Grid().SelectCell(At(line, 4), SelectionMode::Extend);
+        questions.number = percent;
+        Q_EMIT window.view().GridPopupMenuPressed(40, QString::number(static_cast<int>(HostCommand::RaiseCells)), 1,
+                                                  "COL1", static_cast<short>(line), "ROW1");
+        QApplication::processEvents();
+    }
+    [[nodiscard]] std::string Tree() const { return DumpTable(LoadBook(file), BookTable::MacroTree); }
+
+private:
+    static QAction* EntryIn(QMenu& in, const QString& menu, const QString& text) {
+        for (QAction* action : in.actions()) {
+            if (action->menu() && action->text().remove('&') == menu) {
+                Q_EMIT action->menu()->aboutToShow();
+                return EntryIn(*action->menu(), {}, text);
+            }
+            if (menu.isEmpty() && action->text().remove('&') == text) {
+                return action;
+            }
+        }
+        return nullptr;
+    }
+};
+
+TEST(MacroMenu, ARecordingIsKeptInTheBookAndReplayedOnAnotherLine) {
+    const TestFolder folder;
+    MacroWindow window(MakeSmallBook(folder));
+    EXPECT_FALSE(window.Find<QLabel>("recording")->isVisibleTo(&window.window));
+    window.Choose({}, "Start recording");
+    window.RaiseLine(1, 10);
+    EXPECT_TRUE(Contains(window.Text("recording"), "Recording, 1 step")) << window.Text("recording");
+    window.questions.names = {""};
+    window.Press("stopRecording");
+    EXPECT_EQ(window.questions.asked, "Keep the recording in the book under this name:: Recording 1");
+    EXPECT_TRUE(Contains(window.Tree(), "\"RECORDED\" 4 \"Recording 1\"")) << window.Tree();
+    EXPECT_TRUE(Contains(window.Tree(), "\"1. Raise Alpha by 10 % from Jan 08 to Apr 08\"")) << window.Tree();
+    EXPECT_EQ(window.InFile(1, 4), "4.4");
+
+    window.Grid().SelectCell(window.At(2, 1), SelectionMode::Replace);
+    window.Choose("Run on selected line", "Recording 1");
+    EXPECT_EQ(window.InFile(2, 1), "11.55");
+    EXPECT_EQ(window.InFile(1, 4), "4.4") << "the line of the recording was not meant";
+    window.ExpectSaved();
+    window.window.view().undo();
+    EXPECT_EQ(window.InFile(2, 1), "10.5");
+}
+
+TEST(MacroMenu, ANameThatIsTakenIsAskedForAgainAndNoneKeepsNothing) {
+    const TestFolder folder;
+    MacroWindow window(MakeSmallBook(folder));
+    const auto record = [&](std::vector<std::string> names) {
+        window.Choose({}, "Start recording");
+        window.RaiseLine(1, 1);
+        window.questions.names = std::move(names);
+        window.Choose({}, "Stop recording");
+    };
+    record({"Plan"});
+    record({"Plan", "Other"});
+    EXPECT_EQ(window.questions.failures, (std::vector<std::string>{
+                                             "There is a macro called \"Plan\" already. Take another name."}));
+    window.questions.failures.clear();
+    record({});
+    std::vector<std::string> names;
+    for (const MacroEntry& macro : MacrosOf(LoadBook(window.file))) {
+        names.push_back(macro.name);
+    }
+    EXPECT_EQ(names, (std::vector<std::string>{"Plan", "Other"}));
+    window.Choose({}, "Start recording");
+    window.Choose({}, "Stop recording");
+    EXPECT_EQ(window.questions.news.size(), 1U) << "an empty recording is not kept";
+}
+
+TEST(MacroMenu, AReplayThatDoesNotFitSaysWhyAndChangesNothing) {
+    const TestFolder folder;
+    MacroWindow window(MakeSmallBook(folder));
+    window.Choose({}, "Start recording");
+    window.RaiseLine(1, 10);
+    window.questions.names = {""};
+    window.Choose({}, "Stop recording");
+    window.window.session().change([](const Book& book) {
+        book[BookTable::LineIndex].SetValue(1, "READONLY", "X");
+        return true;
+    });
+    const std::string before = DumpTable(LoadBook(window.file), BookTable::Tab);
+    window.Choose("Check", "Recording 1");
+    window.Choose("Run", "Recording 1");
+    ASSERT_EQ(window.questions.failures.size(), 2U);
+    for (const std::string& failure : window.questions.failures) {
+        EXPECT_TRUE(Contains(failure, "Step 1 (Raise Alpha by 10 % from Jan 08 to Apr 08)")) << failure;
+        EXPECT_TRUE(Contains(failure, "Alpha, Jan 08: This cell is read-only")) << failure;
+    }
+    EXPECT_EQ(DumpTable(LoadBook(window.file), BookTable::Tab), before);
+}
+
+TEST(MacroMenu, EntriesFollowTheRecording) {
+    const TestFolder folder;
+    MacroWindow window(MakeSmallBook(folder));
+    const auto enabled = [&] {
+        std::string text;
+        for (const char* entry : {"Start recording", "Go on recording", "Interrupt recording", "Stop recording",
+                                  "Undo last step"}) {
+            const QAction* action = window.Entry({}, entry);
+            text += action && action->isEnabled() ? std::string(entry).substr(0, 2) + " " : "";
+        }
+        return text;
+    };
+    EXPECT_EQ(enabled(), "St ");
+    window.Choose({}, "Start recording");
+    EXPECT_EQ(enabled(), "In St ");
+    window.RaiseLine(1, 1);
+    EXPECT_EQ(enabled(), "In St Un ");
+    window.Choose({}, "Interrupt recording");
+    EXPECT_EQ(enabled(), "Go St Un ");
+    EXPECT_TRUE(Contains(window.Text("recording"), "interrupted"));
+    window.Choose({}, "Go on recording");
+    window.Choose({}, "Undo last step");
+    EXPECT_EQ(enabled(), "In St ");
+}
+
+}  // namespace
+}  // namespace planbook
