@@ -35,6 +35,20 @@ std::string_view Trimmed(std::string_view text) {
                                            : text.substr(first, text.find_last_not_of(Blanks) - first + 1);
 }
 
+/// The column of a cell such as "B7"; 0 where it names none or one of another row. ParseCell() does the same for every
+/// form of a reference; this one is asked for each cell of a file.
+std::int32_t ColumnOf(const char* text, std::int32_t wantedRow) noexcept {
+    std::int32_t column = 0;
+    for (; *text >= 'A' && *text <= 'Z' && column <= MostColumns; ++text) {
+        column = column * 26 + (*text - 'A' + 1);
+    }
+    std::int32_t row = 0;
+    for (; *text >= '0' && *text <= '9' && row <= MostRows; ++text) {
+        row = row * 10 + (*text - '0');
+    }
+    return *text == '\0' && row == wantedRow && column <= MostColumns ? column : 0;
+}
+
 template <class Number>
 std::optional<Number> Parsed(std::string_view text) {
     Number number{};
@@ -161,11 +175,10 @@ private:
         const std::int32_t before = column_;
         ++column_;
         kind_ = ValueKind::Number;
-        attributes.ForEach([&](std::string_view name, std::string_view value) {
-            if (name == "r") {
-                const std::optional<CellPlace> place = ParseCell(value);
-                column_ = place && place->row == row_ ? place->column : 0;
-            } else if (name == "t") {
+        attributes.ForEach([&](const char* name, const char* value) {
+            if (name[0] == 'r' && name[1] == '\0') {
+                column_ = ColumnOf(value, row_);
+            } else if (name[0] == 't' && name[1] == '\0') {
                 kind_ = KindOf(value);
             }
         });
