@@ -41,9 +41,9 @@ MacroProblems RunMacroCommand(ControlContext& context, const std::string& nodeKe
     MacroOutcome outcome = RunMacroNode(PartsOf(context), nodeKey, onSelectedLine);
     result.done = outcome.problems.empty();
     result.cells = outcome.changed;
-    result.message = result.done ? std::to_string(outcome.changed) +
-                                       (outcome.changed == 1 ? " cell changed." : " cells changed.")
-                                 : JoinedTexts(outcome.problems);
+    result.message =
+        result.done ? std::to_string(outcome.changed) + (outcome.changed == 1 ? " cell changed." : " cells changed.")
+                    : JoinedTexts(outcome.problems);
     return std::move(outcome.problems);
 }
 

@@ -10,8 +10,8 @@ namespace planview {
 
 struct ControlContext;
 
-/// Runs what the MACRO_TREE node with this key is: a macro is run, a recording is replayed. The one place that tells them
-/// apart. Answers what is wrong; `result` has the same for the user.
+/// Runs what the MACRO_TREE node with this key is: a macro is run, a recording is replayed. The one place that tells
+/// them apart. Answers what is wrong; `result` has the same for the user.
 MacroProblems RunMacroCommand(ControlContext& context, const std::string& nodeKey, bool onSelectedLine,
                               MacroResult& result);
 

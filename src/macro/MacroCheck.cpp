@@ -126,8 +126,7 @@ private:
                                          "Move it behind one, or delete or deactivate it.");
                     }
                     MacroStatement& condition = statements.back();
-                    condition.fails =
-                        Statements(outline_.ActiveChildren(node), perPeriod || condition.test.perPeriod);
+                    condition.fails = Statements(outline_.ActiveChildren(node), perPeriod || condition.test.perPeriod);
                     AddTestedPeriods(condition, condition.fails);
                 } else if (read.type == MacroNodeType::Condition) {
                     afterIf = true;
@@ -136,9 +135,8 @@ private:
                     statements.push_back(Assignment(node, perPeriod));
                 } else {
                     throw MacroFault(node, "It is no statement.",
-                                     read.type == MacroNodeType::Attribute
-                                         ? "Move it directly below the macro."
-                                         : "Move it into one, or delete it.");
+                                     read.type == MacroNodeType::Attribute ? "Move it directly below the macro."
+                                                                           : "Move it into one, or delete it.");
                 }
             });
             if (afterIf && (statements.empty() || statements.back().node != node)) {
@@ -204,8 +202,7 @@ private:
         const std::optional<MacroFault> fault = FaultOf([&] { statement.value = ParseNumberExpression(scope_, node); });
         MacroShape shape;
         const std::optional<MacroFault> wrongShape =
-            fault ? std::nullopt
-                  : FaultOf([&] { shape = ShapeOfValue(statement, perPeriod); });
+            fault ? std::nullopt : FaultOf([&] { shape = ShapeOfValue(statement, perPeriod); });
         if (!onGrid) {
             statement.lines = OwnPlaces(statement, shape);
         }

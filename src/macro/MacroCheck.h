@@ -1,7 +1,7 @@
 #pragma once
 
-#include "macro/MacroOutline.h"
 #include "macro/MacroGrid.h"
+#include "macro/MacroOutline.h"
 #include "macro/MacroProblem.h"
 #include "macro/MacroProgram.h"
 

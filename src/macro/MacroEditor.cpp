@@ -96,8 +96,7 @@ void MacroEditor::ReadLines() {
         line.depth = node.depth;
         line.isPart = node.type >= MacroNodeType::ConditionString && node.type <= MacroNodeType::Constant &&
                       !outline_.IsTarget(i);
-        line.inactive =
-            node.inactive || (node.parent >= 0 && lines_[static_cast<std::size_t>(node.parent)].inactive);
+        line.inactive = node.inactive || (node.parent >= 0 && lines_[static_cast<std::size_t>(node.parent)].inactive);
         if (node.text != sentences.ShortOf(i) && node.text != node.value) {
             line.note = node.text;
         }
@@ -333,8 +332,8 @@ void MacroEditor::AddConditionString() {
         return;
     }
     const MacroNode& condition = outline_.At(at);
-    const bool hasOne = !condition.children.empty() &&
-                        outline_.At(condition.children.front()).type == MacroNodeType::ConditionString;
+    const bool hasOne =
+        !condition.children.empty() && outline_.At(condition.children.front()).type == MacroNodeType::ConditionString;
     if (hasOne) {
         Built(outline_.At(condition.children.front()).key);
         return;

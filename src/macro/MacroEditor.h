@@ -41,10 +41,10 @@ struct MacroLine {
     std::string text;  ///< a sentence
     std::string note;  ///< what the user has renamed it to; empty where it has its usual name
     MacroNodeType type = MacroNodeType::Folder;
-    int depth = 0;           ///< 0 for the macro itself
-    bool isPart = false;     ///< of the statement or condition above it
-    bool inactive = false;   ///< it, or what it is in, is left out
-    std::string problem;     ///< what a check has said about it
+    int depth = 0;          ///< 0 for the macro itself
+    bool isPart = false;    ///< of the statement or condition above it
+    bool inactive = false;  ///< it, or what it is in, is left out
+    std::string problem;    ///< what a check has said about it
 };
 
 /// Hears that something of the editor looks different.
@@ -54,8 +54,8 @@ public:
     virtual void EditorChanged() = 0;
 };
 
-/// The macro editor without a screen: the elements of the active macro (`MacroView`), the operand that the user is about
-/// to take (`txtOpa`), and what its buttons do (`cmdOpa`, `cmdOpe` and the others).
+/// The macro editor without a screen: the elements of the active macro (`MacroView`), the operand that the user is
+/// about to take (`txtOpa`), and what its buttons do (`cmdOpa`, `cmdOpe` and the others).
 ///
 /// The active macro is the one that the tree's selected node is, or stands in; the current element is that node. Every
 /// change goes into MACRO_TREE at once, the tree is built anew, and `MacroTreeExpand` tells the host. What cannot be

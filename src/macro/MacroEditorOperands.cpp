@@ -30,7 +30,9 @@ bool StandTogether(const std::vector<int>& places, const std::function<bool(int)
 }
 
 bool SameText(std::string_view left, std::string_view right) {
-    const auto lower = [](char next) { return next >= 'A' && next <= 'Z' ? static_cast<char>(next + ('a' - 'A')) : next; };
+    const auto lower = [](char next) {
+        return next >= 'A' && next <= 'Z' ? static_cast<char>(next + ('a' - 'A')) : next;
+    };
     return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                       [&](char first, char second) { return lower(first) == lower(second); });
 }
@@ -404,8 +406,8 @@ bool MacroEditor::AddPlaceOf(ToolbarButton button) {
         node.name = grid.LineCaption(place.firstLine) + CaptionMark + grid.LineCaption(place.lastLine);
         if (place.HasPeriods()) {
             node.value += AxisMark + grid.PeriodKey(place.firstPeriod) + RangeMark + grid.PeriodKey(place.lastPeriod);
-            node.name +=
-                CaptionMark + grid.PeriodCaption(place.firstPeriod) + CaptionMark + grid.PeriodCaption(place.lastPeriod);
+            node.name += CaptionMark + grid.PeriodCaption(place.firstPeriod) + CaptionMark +
+                         grid.PeriodCaption(place.lastPeriod);
         }
     }
     return Add(node);
@@ -420,7 +422,8 @@ std::string MacroEditor::Ask(const std::string& caption, std::vector<PopupEntry>
 
 void MacroEditor::AskOperator() {
     std::vector<PopupEntry> entries;
-    for (const std::string_view value : {"+", "-", "*", "/", "(", ")", "=", "<>", "<", "<=", ">", ">=", "AND", "OR", ";"}) {
+    for (const std::string_view value :
+         {"+", "-", "*", "/", "(", ")", "=", "<>", "<", "<=", ">", ">=", "AND", "OR", ";"}) {
         entries.push_back(Entry(value, value));
     }
     const std::string chosen = Ask("Operators", std::move(entries));

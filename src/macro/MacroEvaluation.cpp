@@ -44,7 +44,8 @@ double Rounded(double value, int decimals) noexcept {
 
 /// What SUM, MIN, MAX or AVERAGE have gathered, for each period.
 struct MacroEvaluation::Folding {
-    Folding(MacroOperation how, std::size_t count) : operation(how), result(count, 0), counts(count, 0), outside(count, 0) {}
+    Folding(MacroOperation how, std::size_t count)
+        : operation(how), result(count, 0), counts(count, 0), outside(count, 0) {}
 
     void Take(std::size_t place, double value) {
         if (std::isnan(value)) {
@@ -164,8 +165,7 @@ Values MacroEvaluation::FromLine(const MacroExpression& operand, int line, const
             byPlace ? operand.place.firstPeriod + frame.firstPlace + static_cast<int>(i) : frame.periods[i];
         const int period = base + frame.shift;
         if (mask[i] != 0 && period >= 0 && period < count) {
-            result[i] =
-                Taken(values[static_cast<std::size_t>(period)], frame.keepEmpty, line, period, operand.node);
+            result[i] = Taken(values[static_cast<std::size_t>(period)], frame.keepEmpty, line, period, operand.node);
         }
     }
     return result;

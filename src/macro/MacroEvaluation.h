@@ -12,8 +12,8 @@ namespace planview {
 /// Evaluates one expression over many periods at once.
 ///
 /// An empty cell counts as 0 in arithmetic; SUM, MIN, MAX and AVERAGE leave it out, COPY keeps it. A value that lies
-/// outside the table (by a shift) makes what is computed with it no value; the functions of many values leave it out. IF,
-/// AND and OR evaluate their later arguments only where the first one leaves it open.
+/// outside the table (by a shift) makes what is computed with it no value; the functions of many values leave it out.
+/// IF, AND and OR evaluate their later arguments only where the first one leaves it open.
 class MacroEvaluation {
 public:
     using Values = std::vector<double>;
@@ -22,10 +22,10 @@ public:
     /// What an evaluation is for.
     struct Frame {
         std::span<const int> periods;
-        int firstPlace = 0;    ///< of the first of them among the statement's periods, 0-based
-        int shift = 0;         ///< periods to be added to each
-        int line = 0;          ///< 0-based, where areas are taken line by line
-        bool oneValue = false; ///< there is no period at hand; `periods` has one place all the same
+        int firstPlace = 0;     ///< of the first of them among the statement's periods, 0-based
+        int shift = 0;          ///< periods to be added to each
+        int line = 0;           ///< 0-based, where areas are taken line by line
+        bool oneValue = false;  ///< there is no period at hand; `periods` has one place all the same
         bool keepEmpty = false;
         /// The statement's own line, and what it held before the statement.
         const MacroSheet::Line* own = nullptr;

@@ -20,12 +20,12 @@ const Name* Find(const std::vector<Name>& names, std::string_view value) noexcep
 const std::vector<MacroOperatorName>& MacroOperators() {
     using Operation = MacroOperation;
     static const std::vector<MacroOperatorName> Names{
-        {"OR", Operation::Or, 1},           {"AND", Operation::And, 2},
-        {"=", Operation::Equal, 3},         {"<>", Operation::NotEqual, 3},
-        {"<", Operation::Less, 3},          {"<=", Operation::LessOrEqual, 3},
-        {">", Operation::Greater, 3},       {">=", Operation::GreaterOrEqual, 3},
-        {"+", Operation::Add, 4},           {"-", Operation::Subtract, 4},
-        {"*", Operation::Multiply, 5},      {"/", Operation::Divide, 5},
+        {"OR", Operation::Or, 1},      {"AND", Operation::And, 2},
+        {"=", Operation::Equal, 3},    {"<>", Operation::NotEqual, 3},
+        {"<", Operation::Less, 3},     {"<=", Operation::LessOrEqual, 3},
+        {">", Operation::Greater, 3},  {">=", Operation::GreaterOrEqual, 3},
+        {"+", Operation::Add, 4},      {"-", Operation::Subtract, 4},
+        {"*", Operation::Multiply, 5}, {"/", Operation::Divide, 5},
     };
     return Names;
 }

@@ -103,7 +103,7 @@ std::optional<int> MacroGrid::FindLineByCaption(std::string_view caption) const 
 }
 
 std::optional<MacroPlace> MacroGrid::Resolve(std::string_view reference, std::string_view captions,
-                                               std::string& missing) const {
+                                             std::string& missing) const {
     const std::vector<std::string_view> names = SplitAt(captions, CaptionMark);
     const std::vector<std::string_view> axes = SplitAt(reference, AxisMark);
     std::size_t next = 0;

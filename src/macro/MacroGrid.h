@@ -13,8 +13,8 @@ namespace planview {
 /// The mark between two keys of a range ("ROW2:ROW5"), and between its lines and its periods ("ROW2:ROW5/COL3:COL8").
 inline constexpr char RangeMark = ':';
 inline constexpr char AxisMark = '/';
-/// The mark between the captions of a reference (`NODENAME`); they stand in the order of its keys. In a caption it stands
-/// as a blank.
+/// The mark between the captions of a reference (`NODENAME`); they stand in the order of its keys. In a caption it
+/// stands as a blank.
 inline constexpr char CaptionMark = '|';
 /// Stands for the key of the line, or the periods, that the user has selected.
 inline constexpr std::string_view SelectedPlace = "SELECTED";
@@ -58,8 +58,9 @@ public:
     /// The only line with this caption.
     [[nodiscard]] std::optional<int> FindLineByCaption(std::string_view caption) const;
 
-    /// What a node's reference ("ROW2:ROW5/COL3:COL8") names, with the captions of its keys. Ends in the wrong order are
-    /// exchanged. No value where a line or period is not found: then `missing` says which, as the user would call it.
+    /// What a node's reference ("ROW2:ROW5/COL3:COL8") names, with the captions of its keys. Ends in the wrong order
+    /// are exchanged. No value where a line or period is not found: then `missing` says which, as the user would call
+    /// it.
     [[nodiscard]] std::optional<MacroPlace> Resolve(std::string_view reference, std::string_view captions,
                                                     std::string& missing) const;
     /// The reference and the captions of a place.
@@ -79,7 +80,7 @@ private:
         std::vector<Id> ids;
         std::vector<std::string> keys;
         std::vector<std::string> captions;
-        std::unordered_map<std::string_view, int> byKey;                // into `keys`
+        std::unordered_map<std::string_view, int> byKey;                   // into `keys`
         std::unordered_map<std::string_view, std::vector<int>> byCaption;  // into `captions`
 
         void IndexAll();

@@ -27,8 +27,8 @@ struct MacroNode {
     std::vector<int> children;
 };
 
-/// Finds the row of a node key. Reads every `NODEKEY` once; lives no longer than one action, because the host may change
-/// its table between two.
+/// Finds the row of a node key. Reads every `NODEKEY` once; lives no longer than one action, because the host may
+/// change its table between two.
 class MacroRows {
 public:
     explicit MacroRows(const HostTable& table);
@@ -61,8 +61,8 @@ public:
     /// Whether the node gives something its value, not only names it: a table or own kind directly under a macro or a
     /// condition.
     [[nodiscard]] bool IsTarget(int index) const;
-    /// Puts the selected line in the place of the line of the grid that the macro is about. False, and nothing done, where
-    /// it is about none or several; one that says "SELECTED" already stays as it is.
+    /// Puts the selected line in the place of the line of the grid that the macro is about. False, and nothing done,
+    /// where it is about none or several; one that says "SELECTED" already stays as it is.
     bool PutOnSelectedLine();
 
 private:

@@ -137,7 +137,8 @@ private:
             MacroExpression constant = Made(MacroOperation::Constant, node);
             const std::optional<double> number = TryParseNumber(read.value);
             if (!number) {
-                throw MacroFault(node, "\"" + read.value + "\" is not a number.", "Enter digits with a point or a comma.");
+                throw MacroFault(node, "\"" + read.value + "\" is not a number.",
+                                 "Enter digits with a point or a comma.");
             }
             constant.number = *number;
             return constant;
@@ -237,8 +238,9 @@ private:
         const std::optional<double> number = ConstantOf(made.arguments[1]);
         const double most = shift ? MostPeriods : MostDecimals;
         if (!number || *number != std::trunc(*number) || std::abs(*number) > most || (!shift && *number < 0)) {
-            throw MacroFault(node, shift ? "The number of periods is no whole number." : "The number of decimals is not 0 to 15.",
-                             "Enter one as a number behind the \";\".");
+            throw MacroFault(
+                node, shift ? "The number of periods is no whole number." : "The number of decimals is not 0 to 15.",
+                "Enter one as a number behind the \";\".");
         }
         if (shift && !made.arguments[0].perPeriod) {
             throw MacroFault(node, "What it shifts has no periods.", "Shift a line or an area.");
@@ -277,7 +279,8 @@ private:
     }
     static MacroExpression Truth(MacroExpression expression) {
         if (!expression.IsTruth()) {
-            throw MacroFault(expression.node, "A comparison is needed here.", "Add one of = <> < <= > >= and a second side.");
+            throw MacroFault(expression.node, "A comparison is needed here.",
+                             "Add one of = <> < <= > >= and a second side.");
         }
         return expression;
     }

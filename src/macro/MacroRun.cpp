@@ -57,8 +57,7 @@ private:
             frame.periods = std::span(periods).first(1);  // decides for all of them
             frame.oneValue = true;
         }
-        const Values test = evaluation_.Of(condition.test, frame,
-                                           frame.oneValue ? Mask(1, AnyOf(mask) ? 1 : 0) : mask);
+        const Values test = evaluation_.Of(condition.test, frame, frame.oneValue ? Mask(1, AnyOf(mask) ? 1 : 0) : mask);
         for (std::size_t i = 0; i < active.size(); ++i) {
             const auto found = std::lower_bound(periods.begin(), periods.end(), static_cast<int>(i));
             const bool isTested = found != periods.end() && *found == static_cast<int>(i);
@@ -208,7 +207,8 @@ public:
         if (refused_ > named_.size()) {
             text += "; and " + std::to_string(refused_ - named_.size()) + " more";
         }
-        return (refused_ == 1 ? "A cell may not be changed: " : std::to_string(refused_) + " cells may not be changed: ") +
+        return (refused_ == 1 ? "A cell may not be changed: "
+                              : std::to_string(refused_) + " cells may not be changed: ") +
                text + ".";
     }
 
@@ -328,8 +328,8 @@ MacroOutcome RunMacroNode(const MacroRunParts& parts, std::string_view nodeKey, 
     if (outline.IsEmpty() || outline.At(0).type != MacroNodeType::Macro) {
         outcome.problems = NoSuchMacro(nodeKey);
     } else if (onSelectedLine && !outline.PutOnSelectedLine()) {
-        outcome.problems.push_back({std::string(nodeKey), outline.At(0).text,
-                                    "The macro is not about one line alone.", "Run it as it is."});
+        outcome.problems.push_back(
+            {std::string(nodeKey), outline.At(0).text, "The macro is not about one line alone.", "Run it as it is."});
     } else {
         const MacroGrid places(parts.grid);
         MacroSheet sheet(parts.grid, places);

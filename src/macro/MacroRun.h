@@ -29,8 +29,8 @@ struct MacroOutcome {
 /// of the check, a division by zero, a number too large, a text among the numbers, a cell that may not be changed. The
 /// cells that then get another value are changed as one action of value entry.
 ///
-/// A macro on the selected line runs once for each line that is selected, from top to bottom. `onSelectedLine` makes one
-/// of a macro that is about one other line alone.
+/// A macro on the selected line runs once for each line that is selected, from top to bottom. `onSelectedLine` makes
+/// one of a macro that is about one other line alone.
 MacroOutcome RunMacroNode(const MacroRunParts& parts, std::string_view nodeKey, bool onSelectedLine = false);
 
 }  // namespace planview

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "macro/MacroOutline.h"
 #include "macro/MacroGrid.h"
+#include "macro/MacroOutline.h"
 
 namespace planview {
 
@@ -14,8 +14,8 @@ class MacroSentences {
 public:
     MacroSentences(const MacroOutline& outline, const MacroGrid& places) : outline_(outline), places_(places) {}
 
-    /// The node with all that it stands for: a statement with its expression, a condition with what it tests, a function
-    /// with its arguments.
+    /// The node with all that it stands for: a statement with its expression, a condition with what it tests, a
+    /// function with its arguments.
     [[nodiscard]] std::string Of(int node) const;
     /// The node for a message that stands alone: a part of a statement together with the statement it is in.
     [[nodiscard]] std::string Located(int node) const;

@@ -66,9 +66,9 @@ private:
 /// makes one value of many.
 bool IsOwn(const MacroExpression& operand, const MacroStatement& statement, bool inFold) {
     const bool onGrid = statement.target <= MacroNodeType::TableArea;
-    const bool fits = onGrid ? operand.operation == MacroOperation::Line || operand.operation == MacroOperation::Area
-                             : operand.operation == MacroOperation::OwnLine ||
-                                   operand.operation == MacroOperation::OwnArea;
+    const bool fits =
+        onGrid ? operand.operation == MacroOperation::Line || operand.operation == MacroOperation::Area
+               : operand.operation == MacroOperation::OwnLine || operand.operation == MacroOperation::OwnArea;
     if (!fits || operand.place.HasPeriods()) {
         return false;
     }
@@ -151,9 +151,7 @@ void FindDirection(MacroStatement& statement, const MacroGrid& places, const std
                              places.PeriodCaption(*later) + " first.",
                          "Shift in one direction only, or put the shifted values into a line of the macro first.");
     }
-    statement.direction = later     ? MacroDirection::Backward
-                          : earlier ? MacroDirection::Forward
-                                    : MacroDirection::Any;
+    statement.direction = later ? MacroDirection::Backward : earlier ? MacroDirection::Forward : MacroDirection::Any;
 }
 
 }  // namespace planview

@@ -162,10 +162,14 @@ bool MacroTable::Move(std::string_view key, bool up) {
 }
 
 std::string_view MacroImageOf(MacroNodeType type) noexcept {
-    constexpr std::array<std::string_view, MacroNodeNames.size()> Images{
-        "macro-folder",     "macro",         "macro-attribute", "macro-condition",  "macro-condstring", "macro-tabline",
-        "macro-tabelement", "macro-tabarea", "macro-makline",   "macro-makelement", "macro-makarea",    "macro-operator",
-        "macro-function",   "macro-constant", "macro-recording", "macro-step"};
+    constexpr std::array<std::string_view, MacroNodeNames.size()> Images{"macro-folder",     "macro",
+                                                                         "macro-attribute",  "macro-condition",
+                                                                         "macro-condstring", "macro-tabline",
+                                                                         "macro-tabelement", "macro-tabarea",
+                                                                         "macro-makline",    "macro-makelement",
+                                                                         "macro-makarea",    "macro-operator",
+                                                                         "macro-function",   "macro-constant",
+                                                                         "macro-recording",  "macro-step"};
     return Images[static_cast<std::size_t>(type)];
 }
 

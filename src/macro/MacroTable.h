@@ -26,9 +26,10 @@ struct NewMacroNode {
 /// Changes the nodes of macros in MACRO_TREE. The tree still shows what the table held before: it is to be built anew
 /// after each call but the setters.
 ///
-/// Rows keep their places. A tree control's table offers no way to remove a row, so the rows of deleted nodes stay, with
-/// all fields of theirs empty: a row without `NODEKEY` is no node. New nodes take such rows again. Where nodes change
-/// their order, `NODEREF` and `RELATION` of their siblings are written anew. Every method throws as the table does.
+/// Rows keep their places. A tree control's table offers no way to remove a row, so the rows of deleted nodes stay,
+/// with all fields of theirs empty: a row without `NODEKEY` is no node. New nodes take such rows again. Where nodes
+/// change their order, `NODEREF` and `RELATION` of their siblings are written anew. Every method throws as the table
+/// does.
 class MacroTable {
 public:
     MacroTable(TreeControl& tree, HostTable table) : tree_(tree), table_(std::move(table)), rows_(table_) {}

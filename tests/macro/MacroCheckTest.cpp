@@ -53,7 +53,8 @@ constexpr CheckCase Faults[] = {
     {"ShiftOfAConstant", "ROW1 = SHIFT( 1 ; 1 )", "1 1 period later: What it shifts has no periods."},
     {"ShiftByALine", "ROW1 = SHIFT( ROW2 ; ROW3 )",
      "Trade shifted by Prices periods: The number of periods is no whole number."},
-    {"ShiftByAHalf", "ROW1 = SHIFT( ROW2 ; 0,5 )", "Trade 0,5 periods later: The number of periods is no whole number."},
+    {"ShiftByAHalf", "ROW1 = SHIFT( ROW2 ; 0,5 )",
+     "Trade 0,5 periods later: The number of periods is no whole number."},
     {"Cycle", "ROW1 = SHIFT( ROW1 ; - 1 ) + SHIFT( ROW1 ; 2 )",
      "Retail = (Retail 1 period earlier) + (Retail 2 periods later): "
      "Retail needs both its earlier and its later periods: a cycle, in Jan first."},
@@ -63,7 +64,8 @@ constexpr CheckCase Faults[] = {
     {"ElseAlone", "ROW1 = 1\nelse\n  ROW1 = 2", "Otherwise: There is no condition right before it."},
     {"ElseOfAnInactiveCondition", "-- if ROW1 > 1\n  ROW1 = 1\nelse\n  ROW1 = 2",
      "Otherwise: There is no condition right before it."},
-    {"WrongDecimals", "decimals 99\nROW1 = 1", "Results rounded to 99 decimals: The number of decimals is not 0 to 15."},
+    {"WrongDecimals", "decimals 99\nROW1 = 1",
+     "Results rounded to 99 decimals: The number of decimals is not 0 to 15."},
     {"AttributeInACondition", "if ROW1 > 1\n  periods ALL", "For all periods: It is no statement."},
 };
 
@@ -120,11 +122,12 @@ INSTANTIATE_TEST_SUITE_P(Macros, MovedLine, testing::ValuesIn(Moved), [](const a
 // --- Sentences
 
 TEST_F(MacroEngineTest, SentencesReadAsTheMacroRuns) {
-    const std::string key = macros.Add("Plan",
-                                       "periods COL1:COL3\ndecimals 2\nif SUM( ROW1:ROW3 ) > 100 AND ROW2 <> 0\n"
-                                       "  ROW1 = ROW1 * 1,05\nelse\n  $help = SHIFT( ROW1 ; - 12 ) + SUM( ROW2 ; 1 )\n"
-                                       "ROW6/COL2 = IF( ROW1 > 1 ; ROUND( ROW2 ; 1 ) ; AVERAGE( ROW1:ROW2/COL1:COL2 ) )\n"
-                                       "SELECTED = COPY( $help )");
+    const std::string key =
+        macros.Add("Plan",
+                   "periods COL1:COL3\ndecimals 2\nif SUM( ROW1:ROW3 ) > 100 AND ROW2 <> 0\n"
+                   "  ROW1 = ROW1 * 1,05\nelse\n  $help = SHIFT( ROW1 ; - 12 ) + SUM( ROW2 ; 1 )\n"
+                   "ROW6/COL2 = IF( ROW1 > 1 ; ROUND( ROW2 ; 1 ) ; AVERAGE( ROW1:ROW2/COL1:COL2 ) )\n"
+                   "SELECTED = COPY( $help )");
     BuildTree();
     const MacroOutline outline = MacroOutline::Read(context.tree, context.tables.MACRO_TREE, key);
     const MacroGrid grid(context.grid);
@@ -135,12 +138,13 @@ TEST_F(MacroEngineTest, SentencesReadAsTheMacroRuns) {
             sentences.push_back(MacroSentences(outline, grid).Of(i));
         }
     }
-    EXPECT_EQ(sentences,
-              (Lines{"For Jan to Mar", "Results rounded to 2 decimals",
-                     "If (Sum of Retail to Prices) > 100 AND Trade <> 0", "Retail = Retail * 1,05", "Otherwise",
-                     "help = (Retail 12 periods earlier) + (Sum of Trade, 1)",
-                     "Total, Feb = Trade rounded to 1 decimal if Retail > 1, otherwise Average of Retail to Trade, Jan to Feb",
-                     "Selected line = Copy of help"}));
+    EXPECT_EQ(
+        sentences,
+        (Lines{
+            "For Jan to Mar", "Results rounded to 2 decimals", "If (Sum of Retail to Prices) > 100 AND Trade <> 0",
+            "Retail = Retail * 1,05", "Otherwise", "help = (Retail 12 periods earlier) + (Sum of Trade, 1)",
+            "Total, Feb = Trade rounded to 1 decimal if Retail > 1, otherwise Average of Retail to Trade, Jan to Feb",
+            "Selected line = Copy of help"}));
 }
 
 // --- What a host may hand over

@@ -1,6 +1,6 @@
-#include "macro/MacroEngineFixture.h"
-
 #include <random>
+
+#include "macro/MacroEngineFixture.h"
 
 namespace planview::test {
 

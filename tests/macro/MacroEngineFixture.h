@@ -5,8 +5,8 @@
 
 #include "control/ControlContext.h"
 #include "macro/MacroRun.h"
-#include "macro/modMacro.h"
 #include "macro/MacroText.h"
+#include "macro/modMacro.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
 
@@ -50,9 +50,7 @@ protected:
 
     static constexpr int PeriodCount = 6;
 
-    void BuildTree() {
-        modMacro::Build(context.macroTree);
-    }
+    void BuildTree() { modMacro::Build(context.macroTree); }
     [[nodiscard]] MacroRunParts Parts() { return {context.grid, context.tables, context.tree, context.valueEntry}; }
 
     MacroOutcome Run(const std::string& text) {

@@ -77,8 +77,7 @@ constexpr RunCase Results[] = {
     // Periods, decimals, inactive
     {"ChosenPeriods", "periods COL2:COL3\nROW1 = 0", 1, "10 0 0 40 50 60"},
     {"ChosenPeriodsForASum", "periods COL2:COL3\n#all = SUM( ROW1 )\nROW3 = #all", 3, "- 50 50 - - -"},
-    {"RecursionReadsFromBeforeTheChosenOnes", "periods COL3:COL4\nROW1 = SHIFT( ROW1 ; - 1 )", 1,
-     "10 20 20 20 50 60"},
+    {"RecursionReadsFromBeforeTheChosenOnes", "periods COL3:COL4\nROW1 = SHIFT( ROW1 ; - 1 )", 1, "10 20 20 20 50 60"},
     {"Decimals", "decimals 1\nROW1 = ROW1 / 3", 1, "3,3 6,7 10 13,3 16,7 20"},
     {"InactiveStatement", "-- ROW1 = 0\nROW2 = 0", 1, "10 20 30 40 50 60"},
     // Conditions
@@ -88,8 +87,7 @@ constexpr RunCase Results[] = {
     {"NoDivisionWhereItDoesNotHold", "if ROW3 <> 0\n  ROW1 = 1 / ROW3", 1, "10 20 30 40 50 60"},
     {"NeitherBranchWithoutAValue", "if SHIFT( ROW1 ; - 1 ) > 30\n  ROW3 = 1\nelse\n  ROW3 = 2", 3, "- 2 2 2 1 1"},
     {"OneDecisionForAll", "if ROW1/COL6 > 50\n  #x = 3\nelse\n  #x = 4\nROW3 = #x", 3, "3 3 3 3 3 3"},
-    {"CellOutsideTheChosenPeriods", "periods COL1\nif ROW1 > 50\n  ROW3/COL6 = 1\nelse\n  ROW3 = 2", 3,
-     "2 - - - - 1"},
+    {"CellOutsideTheChosenPeriods", "periods COL1\nif ROW1 > 50\n  ROW3/COL6 = 1\nelse\n  ROW3 = 2", 3, "2 - - - - 1"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Macros, MacroResult, testing::ValuesIn(Results),

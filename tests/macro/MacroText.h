@@ -8,8 +8,8 @@
 
 #include <planview/MemoryTable.h>
 
-#include "macro/MacroNodes.h"
 #include "macro/MacroExpression.h"
+#include "macro/MacroNodes.h"
 
 namespace planview::test {
 
@@ -76,8 +76,7 @@ private:
         if (first == "periods" || first == "decimals") {
             std::string value;
             words >> value;
-            return AddNode(parent, MacroNodeType::Attribute,
-                           (first == "periods" ? "PERIODS=" : "DECIMALS=") + value);
+            return AddNode(parent, MacroNodeType::Attribute, (first == "periods" ? "PERIODS=" : "DECIMALS=") + value);
         }
         if (first == "else") {
             return AddNode(parent, MacroNodeType::Condition, "ELSE");

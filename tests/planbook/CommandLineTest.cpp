@@ -91,13 +91,13 @@ const CommandCase Commands[] = {
     {"MacroWithoutBook", {"--macro", "x"}, 2, "--macro needs a BOOK"},
     {"LineWithoutMacro", {"--line", "x", "us.planbook"}, 2, "--line needs --macro"},
     {"MacroAndPicture", {"--macro", "x", "--screenshot", "p.png", "us.planbook"}, 2, "do not go together"},
-    {"UnknownMacro", {"--macro", "x", "us.planbook"}, 1, "It has these: \n  Raise selected line by 5 % in 2015\n"},
+    {"UnknownMacro", {"--macro", "x", "us.planbook"}, 1, "It has these: \n  Raise 2015 by 5 %\n"},
     {"UnknownLine",
-     {"--macro", "Plan 2015 as last year", "--line", "Lost", "us.planbook"},
+     {"--macro", "2015 as in 2014", "--line", "Lost", "us.planbook"},
      1,
      "called \"Lost\". The lines are: \n  Total nonfarm\n"},
     {"MacroOnAReadOnlyLine",
-     {"--macro", "Plan 2015 as last year", "--line", "Total nonfarm", "us.planbook"},
+     {"--macro", "2015 as in 2014", "--line", "Total nonfarm", "us.planbook"},
      1,
      "Total nonfarm"},
     {"BadCsv", {"--import", "bad.csv", "b"}, 1, "line 2, column 2: \"x\" (a) is no number"},
@@ -138,13 +138,13 @@ TEST(Planbook, RunsTheMacrosOfTheSampleBookWithoutADisplay) {
         EXPECT_EQ(outcome.error, "");
         return outcome.out;
     };
-    const std::string copied = run({"Plan 2015 as last year", "--line", "Retail trade"});
+    const std::string copied = run({"2015 as in 2014", "--line", "Retail trade"});
     EXPECT_TRUE(Contains(copied, "Retail trade, Jan 15: 15501.7 -> 15256.3\n")) << copied;
     EXPECT_TRUE(Contains(copied, ": 12 cells changed.\n")) << copied;
-    const std::string raised = run({"Raise selected line by 5 % in 2015", "--line", "Retail trade"});
+    const std::string raised = run({"Raise 2015 by 5 %", "--line", "Retail trade"});
     EXPECT_TRUE(Contains(raised, "Retail trade, Jan 15: 15256.3 -> 16019.115\n")) << raised;
-    run({"Raise selected line by 5 % in 2015", "--line", "Durable goods"});
-    const std::string summed = run({"Manufacturing as sum of its goods"});
+    run({"Raise 2015 by 5 %", "--line", "Durable goods"});
+    const std::string summed = run({"Total of manufacturing"});
     EXPECT_TRUE(Contains(summed, "Manufacturing, Jan 15: 12296 -> 12683.7\n")) << summed;
     EXPECT_TRUE(Contains(summed, ": 12 cells changed.\n")) << summed;
 }

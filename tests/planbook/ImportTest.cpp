@@ -161,12 +161,43 @@ TEST(Import, FaultsInTheNamesFileAreNamed) {
         {"[lines]\na = A\na = B\n", "line 3: \"a\" stands twice"},
         {"[lines]\nz = Z\n", "it names the line \"z\", which the table of numbers does not have"},
         {"[book]\nopen-at = 2009\n", "open-at is \"2009\", which is no period"},
+        {"[macros]\nm = 5\n", "line 2: a macro is: name = target = value"},
+        {"[macros]\nm = SELECTED = \n", "line 2: there is no value behind the ="},
+        {"[macros]\nm = [z] = 1\n", "line 2: the table of numbers has no line \"z\""},
+        {"[macros]\nm = SELECTED = 1 +\n", "line 2: a value is missing behind \"+\""},
+        {"[macros]\nm = SELECTED = 1 2\n", "line 2: an operator is missing before \"2\""},
+        {"[macros]\nm = SELECTED = SUM(1 ; 2\n", "line 2: there is no \")\""},
+        {"[macros]\nm = SELECTED = WURZEL(2)\n", "line 2: \"WURZEL(2)\" is no line, number or function"},
+        {"[macros]\nm = SELECTED = [a\n", "line 2: there is no \"]\""},
+        {"[macros]\nm = SELECTED = 2 | 1999\n", "line 2: \"1999\" is no period"},
     };
     for (const auto& [names, expected] : cases) {
         const std::string message =
             MessageOf<BookError>([&, text = names] { static_cast<void>(ImportText("p,a\n2008,1\n", text)); });
         EXPECT_TRUE(Contains(message, expected)) << message;
     }
+}
+
+TEST(Import, AMacroOfTheNamesFileBecomesNodes) {
+    const Book book =
+        ImportText("p,a,b\n2008,1,2\n2009,3,4\n",
+                   "[lines]\nb = Beta\n[macros]\nPlan = [b] = SHIFT(SELECTED ; -1) * (2.5 + [b]) | 2009\n");
+    EXPECT_EQ(Show(book, BookTable::MacroTree, {"NODEREF", "NODETYPE", "NODEVALUE", "NODENAME"}),
+              "|||\n"
+              "MACROS|M_MAKRO||\n"
+              "MACRO1|M_ATTRIBUTE|PERIODS=COL2:COL2|2009|2009\n"
+              "MACRO1|M_TABLINE|ROW1|Beta\n"
+              "MACRO1_2|M_FUNCTION|SHIFT|\n"
+              "MACRO1_3|M_TABLINE|SELECTED|\n"
+              "MACRO1_3|M_OPERATOR|;|\n"
+              "MACRO1_3|M_CONSTANT|-1|\n"
+              "MACRO1_2|M_OPERATOR|*|\n"
+              "MACRO1_2|M_OPERATOR|(|\n"
+              "MACRO1_2|M_CONSTANT|2,5|\n"
+              "MACRO1_2|M_OPERATOR|+|\n"
+              "MACRO1_2|M_TABLINE|ROW1|Beta\n"
+              "MACRO1_2|M_OPERATOR|)|\n"
+              "MACROS|||\n");
 }
 
 TEST(Import, ReplacesBooksOnlyAndOnlyWhenAsked) {

@@ -25,9 +25,7 @@ class MacroPanesTest : public QObject {
         }
         [[nodiscard]] MacroEditor& macros() const { return widget->control().Editor(); }
         [[nodiscard]] MacroListView& list() const { return *widget->findChild<MacroListView*>(); }
-        [[nodiscard]] QLineEdit& field() const {
-            return *widget->findChild<QLineEdit*>(QStringLiteral("txtOpa"));
-        }
+        [[nodiscard]] QLineEdit& field() const { return *widget->findChild<QLineEdit*>(QStringLiteral("txtOpa")); }
         [[nodiscard]] QString message() const {
             return widget->findChild<QLabel*>(QStringLiteral("EditorMessage"))->text();
         }
@@ -103,12 +101,12 @@ private slots:
         screen.clickLine(4);
         QTest::keyClick(&screen.list(), Qt::Key_Delete);
         QCOMPARE(screen.lines(), (QStringList{"Plan", "Line 2 = 3", "3", "Line 1 = …"}));
-        screen.press("Generate");
+        screen.press("GENERATE");
         QVERIFY(screen.message().contains(QLatin1String("has no value yet")));
         savePicture(*screen.widget, QStringLiteral("macro-editor-problem"));
         screen.clickLine(3);
-        screen.press("Active");
-        screen.press("Generate");
+        screen.press("INACTIVE");
+        screen.press("GENERATE");
         QCOMPARE(screen.message(), QStringLiteral("The macro can run."));
         screen.clickLine(0);
         screen.press("Delete");
@@ -143,7 +141,7 @@ private slots:
                 QVERIFY2(!button->accessibleName().isEmpty(), qPrintable(button->objectName()));
             }
         }
-        screen.press("Generate");
+        screen.press("GENERATE");
         const QString spoken = screen.list().model()->index(1, 0).data(Qt::AccessibleTextRole).toString();
         QVERIFY2(spoken.startsWith(QStringLiteral("Level 1: Line 1 = …, problem: ")), qPrintable(spoken));
     }

@@ -1,3 +1,4 @@
+#include <QLayout>
 #include <QSplitter>
 #include <QSplitterHandle>
 
@@ -149,9 +150,11 @@ private slots:
     void aNarrowPaneKeepsItsHeadingWhole() {
         Screen screen(false);
         showAll(screen);
+        screen.widget->control().Panes().MoveSplitter(Splitter::CtrlSplit, 180);
+        QCoreApplication::processEvents();
         for (const double scale : {1.0, 1.5}) {
             screen.widget->setTextScale(scale);
-            QWidget& pane = part(screen, "OperandPane");
+            QWidget& pane = *part(screen, "OperandPane").layout()->itemAt(0)->widget();
             QVERIFY(pane.width() < 80);
             const QRect ink = inkOf(pane);
             QVERIFY(ink.left() >= 3 && ink.right() < pane.width() - 3);

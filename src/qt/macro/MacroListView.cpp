@@ -1,6 +1,5 @@
 #include "qt/macro/MacroListView.h"
 
-
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -78,8 +77,7 @@ private:
 /// Draws the lines, and edits a name in its place.
 class MacroListView::Painter final : public QStyledItemDelegate {
 public:
-    Painter(MacroListView& view, GridBitmaps& bitmaps)
-        : QStyledItemDelegate(&view), view_(view), bitmaps_(bitmaps) {}
+    Painter(MacroListView& view, GridBitmaps& bitmaps) : QStyledItemDelegate(&view), view_(view), bitmaps_(bitmaps) {}
 
     void setLook(const GridTheme& theme, double scale) {
         theme_ = &theme;
@@ -161,9 +159,9 @@ private:
             painter.setFont(font);
             painter.setPen(QColor(theme_->muted));
             const QRect rest = room.adjusted(used, 0, 0, 0);
-            painter.drawText(rest, Qt::AlignVCenter | Qt::TextSingleLine,
-                             QFontMetrics(font).elidedText(QString::fromStdString(line.note), Qt::ElideRight,
-                                                           rest.width()));
+            painter.drawText(
+                rest, Qt::AlignVCenter | Qt::TextSingleLine,
+                QFontMetrics(font).elidedText(QString::fromStdString(line.note), Qt::ElideRight, rest.width()));
         }
     }
 

@@ -56,8 +56,8 @@ void MacroPane::addButtons() {
     add("NewMacro", "macro-new", tr("New macro"), false, [](MacroEditor& target) { target.NewMacro(); });
     needMacro_.push_back(add("RunMacro", "macro-run", tr("Run the macro (Ctrl+Return)"), false,
                              [](MacroEditor& target) { target.Run(); }));
-    needMacro_.push_back(add("Generate", "macro-generate", tr("Check the macro"), false,
-                             [](MacroEditor& target) { target.Check(); }));
+    needMacro_.push_back(
+        add("Generate", "macro-generate", tr("Check the macro"), false, [](MacroEditor& target) { target.Check(); }));
     before_ = add("Insert", "macro-insert", tr("Insert: the next element goes before this one"), true,
                   spot(MacroSpot::Before));
     after_ = add("Add", "macro-add", tr("Add: the next element goes behind this one"), false, spot(MacroSpot::After));
@@ -72,14 +72,10 @@ void MacroPane::addButtons() {
     needMacro_.push_back(rename);
     needElement_.push_back(
         add("MoveUp", "arrow-up", tr("Move up (Alt+Up)"), false, [](MacroEditor& target) { target.Move(true); }));
-    needElement_.push_back(
-        add("MoveDown", "arrow-down", tr("Move down (Alt+Down)"), false, [](MacroEditor& target) { target.Move(false); }));
+    needElement_.push_back(add("MoveDown", "arrow-down", tr("Move down (Alt+Down)"), false,
+                               [](MacroEditor& target) { target.Move(false); }));
     needMacro_.push_back(add("Delete", "macro-delete", tr("Delete, with all that is in it (Del)"), false,
                              [](MacroEditor& target) { target.Delete(); }));
-    active_ = add("Active", "macro-inactive", tr("Leave the element out, or take it in again"), false,
-                  [](MacroEditor& target) { target.ToggleActive(); });
-    active_->setCheckable(true);
-    needMacro_.push_back(active_);
 }
 
 /// The host hears of what the editor does, and may delete the pane then.
@@ -105,7 +101,6 @@ void MacroPane::follow() {
     check(before_, editor_.Spot() == MacroSpot::Before);
     check(after_, editor_.Spot() == MacroSpot::After);
     check(inside_, editor_.Spot() == MacroSpot::Inside);
-    check(active_, current >= 0 && editor_.Lines()[static_cast<std::size_t>(current)].inactive);
     view_->follow();
     const QString hint = hasMacro ? QString() : tr("Select a macro in the tree, or make a new one.");
     const QString text = QString::fromStdString(editor_.Message());

@@ -12,7 +12,8 @@
 
 namespace planview {
 
-/// The pane with the active macro: what can be done to it, its elements, and what there is to say about it.
+/// The pane with the active macro: what can be done to it, its elements, and what there is to say about it. The check,
+/// and leaving an element out, are buttons of the macro toolbar.
 class MacroPane final : public QWidget {
     Q_OBJECT
 
@@ -54,7 +55,6 @@ private:
     QToolButton* before_ = nullptr;
     QToolButton* after_ = nullptr;
     QToolButton* inside_ = nullptr;
-    QToolButton* active_ = nullptr;
     std::vector<QToolButton*> needMacro_;
     std::vector<QToolButton*> needElement_;
 };

@@ -172,7 +172,8 @@ void OperandPane::addMore(QGridLayout& layout) {
     condition->setObjectName(QLatin1String("cmdIf"));
     connect(condition, &QToolButton::clicked, this,
             [this] { act([](MacroEditor& target) { target.AddCondition(false); }); });
-    QToolButton* otherwise = addKey(layout, row, 3, tr("Else"), tr("Add what happens where the condition does not hold"));
+    QToolButton* otherwise =
+        addKey(layout, row, 3, tr("Else"), tr("Add what happens where the condition does not hold"));
     otherwise->setObjectName(QLatin1String("cmdElse"));
     connect(otherwise, &QToolButton::clicked, this,
             [this] { act([](MacroEditor& target) { target.AddCondition(true); }); });
@@ -221,8 +222,7 @@ void OperandPane::follow() {
     }
     const bool hasText = !text.trimmed().isEmpty();
     take_->setText(hasText ? tr("Take") : tr("From grid"));
-    const QString name =
-        hasText ? tr("Take over what is entered above") : tr("Take over what is selected in the grid");
+    const QString name = hasText ? tr("Take over what is entered above") : tr("Take over what is selected in the grid");
     take_->setToolTip(name);
     take_->setAccessibleName(name);
     const bool usable = !editor_.MacroKey().empty() && !editor_.IsRecording();
@@ -255,9 +255,9 @@ void OperandPane::showLook() {
     const auto scaled = [this](int logical) { return qRound(logical * scale_); };
     const QPalette colors = theme_->widgetPalette(palette());
     setPalette(colors);
-    setStyleSheet(editorStyleSheet(*theme_, scale_) +
-                  QStringLiteral("QScrollArea, QWidget#OperandBody { background: %1; }")
-                      .arg(QColor(theme_->panel).name()));
+    setStyleSheet(
+        editorStyleSheet(*theme_, scale_) +
+        QStringLiteral("QScrollArea, QWidget#OperandBody { background: %1; }").arg(QColor(theme_->panel).name()));
     completer_->popup()->setPalette(colors);
     completer_->popup()->setStyleSheet(editorStyleSheet(*theme_, scale_));
     heading_->setTheme(*theme_);
