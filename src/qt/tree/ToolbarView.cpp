@@ -40,13 +40,14 @@ bool beginsGroup(std::size_t place) {
 
 QString styleSheetFor(const GridTheme& theme) {
     const auto name = [](QRgb color) { return QColor(color).name(); };
-    return QStringLiteral("QToolButton { background: %1; border: 1px solid %2; border-radius: 5px; padding: 0px; }"
-                          "QToolButton:hover, QToolButton:checked { background: %3; border-color: %4; }"
-                          "QToolButton:pressed { background: %5; }"
-                          "QToolButton:focus { border: 2px solid %4; }"
-                          "QToolButton:disabled { background: transparent; border-color: %2; }"
-                          "QToolButton::menu-indicator { image: none; }"
-                          "QToolTip { background: %5; color: %6; border: 1px solid %2; }")
+    return QStringLiteral(
+               "QToolButton { background: %1; border: 1px solid %2; border-radius: 5px; padding: 0px; }"
+               "QToolButton:hover, QToolButton:checked { background: %3; border-color: %4; }"
+               "QToolButton:pressed { background: %5; }"
+               "QToolButton:focus { border: 2px solid %4; }"
+               "QToolButton:disabled { background: transparent; border-color: %2; }"
+               "QToolButton::menu-indicator { image: none; }"
+               "QToolTip { background: %5; color: %6; border: 1px solid %2; }")
         .arg(name(theme.base), name(theme.line), name(theme.accentTint), name(theme.accent), name(theme.heading),
              name(theme.text));
 }
@@ -104,11 +105,7 @@ private:
 
 ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::function<std::string()> selection,
                          std::shared_ptr<void> owner, QWidget* parent)
-    : QWidget(parent),
-      toolbar_(toolbar),
-      bitmaps_(bitmaps),
-      owner_(std::move(owner)),
-      more_(new QToolButton(this)) {
+    : QWidget(parent), toolbar_(toolbar), bitmaps_(bitmaps), owner_(std::move(owner)), more_(new QToolButton(this)) {
     setAccessibleName(tr("Macro elements"));
     for (const ToolbarButtonInfo& info : ToolbarButtons()) {
         auto* button = new QToolButton(this);

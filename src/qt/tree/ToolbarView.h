@@ -21,7 +21,8 @@ class ToolbarView final : public QWidget, private ToolbarWatcher {
     Q_OBJECT
 
 public:
-    /// `selection` answers the grid's selection as text. `owner` keeps the toolbar alive while the view handles an input.
+    /// `selection` answers the grid's selection as text. `owner` keeps the toolbar alive while the view handles an
+    /// input.
     ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::function<std::string()> selection,
                 std::shared_ptr<void> owner = nullptr, QWidget* parent = nullptr);
     ~ToolbarView() override;

@@ -203,6 +203,8 @@ void TreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, co
 }
 
 void TreeView::paintEvent(QPaintEvent* event) {
+    // A host's style sheet takes the palette away.
+    QPainter(viewport()).fillRect(event->rect(), QColor(painter_.theme().panel));
     QTreeView::paintEvent(event);
     if (drop_) {
         QPainter painter(viewport());
