@@ -12,8 +12,8 @@
 
 namespace planview {
 
-/// The pane with the active macro: what can be done to it, its elements, and what there is to say about it. The check,
-/// and leaving an element out, are buttons of the macro toolbar.
+/// The pane with the active macro: what can be done to it, its elements, and what there is to say about it. Leaving an
+/// element out is a button of the macro toolbar.
 class MacroPane final : public QWidget {
     Q_OBJECT
 
