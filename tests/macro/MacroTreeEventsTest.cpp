@@ -141,7 +141,8 @@ TEST_F(MacroTreeEventsTest, TheHostChoosesTheNodeButNotUnderAPopup) {
 
     AskingPopups popups;
     Platform desktop = platform.Interfaces();
-    const Platform asking{desktop.messageBoxes, desktop.forms, desktop.clipboard, desktop.system, popups};
+    const Platform asking{desktop.messageBoxes, desktop.forms, desktop.clipboard, desktop.system, popups,
+                          desktop.fileDialogs, desktop.objects, desktop.progress};
     PlanView other(asking);
     other.PROP_Set_MACRO_TREE(tables.macroTree);
     other.DP_Import_MacroTree();
