@@ -1,5 +1,7 @@
 // Workbooks: the spreadsheet application, late-bound, beside its own libraries without it.
 
+#include "Spreadsheet.h"
+
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -15,7 +17,6 @@
 #include <planview/xlsx/SpreadsheetApplication.h>
 
 #include "BenchTables.h"
-#include "Spreadsheet.h"
 #include "automation/Late.h"
 
 namespace planview::bench {
@@ -74,10 +75,9 @@ lxw_format* MakeFormat(lxw_workbook* book, int alignment, int border) {
 }
 
 FreeFormats MakeFormats(lxw_workbook* book) {
-    FreeFormats formats{MakeFormat(book, LXW_ALIGN_LEFT, LXW_BORDER_DOUBLE),
-                        MakeFormat(book, LXW_ALIGN_RIGHT, LXW_BORDER_THIN),
-                        MakeFormat(book, LXW_ALIGN_RIGHT, LXW_BORDER_THIN),
-                        MakeFormat(book, LXW_ALIGN_RIGHT, LXW_BORDER_THIN)};
+    FreeFormats formats{
+        MakeFormat(book, LXW_ALIGN_LEFT, LXW_BORDER_DOUBLE), MakeFormat(book, LXW_ALIGN_RIGHT, LXW_BORDER_THIN),
+        MakeFormat(book, LXW_ALIGN_RIGHT, LXW_BORDER_THIN), MakeFormat(book, LXW_ALIGN_RIGHT, LXW_BORDER_THIN)};
     format_set_bold(formats.caption);
     format_set_bg_color(formats.caption, 0xC0C0C0);
     format_set_bg_color(formats.readOnly, 0xC0C0C0);

@@ -12,8 +12,8 @@ constexpr int LetterCount = 26;
 std::int32_t TakeColumn(std::string_view& text) noexcept {
     std::int32_t column = 0;
     while (!text.empty() && column <= MostColumns) {
-        const char letter = text.front() >= 'a' && text.front() <= 'z' ? static_cast<char>(text.front() - 'a' + 'A')
-                                                                       : text.front();
+        const char letter =
+            text.front() >= 'a' && text.front() <= 'z' ? static_cast<char>(text.front() - 'a' + 'A') : text.front();
         if (letter < 'A' || letter > 'Z') {
             break;
         }

@@ -1,6 +1,7 @@
 #include "xlsx/CellStyle.h"
 
 #include <algorithm>
+#include <string>
 
 #include <planview/AutomationObject.h>
 
@@ -15,18 +16,32 @@ constexpr std::size_t MostStyles = 60'000;
 
 CellStyle Apply(CellStyle style, StyleChange change) {
     switch (change.property) {
-        case StyleProperty::FontSize: style.fontSize = change.value; break;
-        case StyleProperty::NumberFormat: style.numberFormat = static_cast<std::uint16_t>(change.value); break;
-        case StyleProperty::Fill: style.fill = static_cast<std::uint8_t>(change.value); break;
+        case StyleProperty::FontSize:
+            style.fontSize = change.value;
+            break;
+        case StyleProperty::NumberFormat:
+            style.numberFormat = static_cast<std::uint16_t>(change.value);
+            break;
+        case StyleProperty::Fill:
+            style.fill = static_cast<std::uint8_t>(change.value);
+            break;
         case StyleProperty::BorderColor:
             style.borderColor = static_cast<std::uint8_t>(change.value);
             // A colour alone would show nothing.
             style.border = style.border == LineStyle::None ? LineStyle::Thin : style.border;
             break;
-        case StyleProperty::Border: style.border = static_cast<LineStyle>(static_cast<int>(change.value)); break;
-        case StyleProperty::Alignment: style.alignment = static_cast<Alignment>(static_cast<int>(change.value)); break;
-        case StyleProperty::Bold: style.bold = change.value != 0; break;
-        case StyleProperty::Locked: style.locked = change.value != 0; break;
+        case StyleProperty::Border:
+            style.border = static_cast<LineStyle>(static_cast<int>(change.value));
+            break;
+        case StyleProperty::Alignment:
+            style.alignment = static_cast<Alignment>(static_cast<int>(change.value));
+            break;
+        case StyleProperty::Bold:
+            style.bold = change.value != 0;
+            break;
+        case StyleProperty::Locked:
+            style.locked = change.value != 0;
+            break;
     }
     return style;
 }

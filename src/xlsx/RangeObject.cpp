@@ -31,7 +31,8 @@ std::size_t LengthOf(std::string_view utf8) {
 Cell CellOf(const Variant& value, TextPool& texts) {
     Cell cell;
     switch (value.GetKind()) {
-        case Variant::Kind::Empty: break;
+        case Variant::Kind::Empty:
+            break;
         case Variant::Kind::Boolean:
             cell.kind = CellKind::Boolean;
             cell.number = value.AsBoolean() ? 1 : 0;
@@ -149,12 +150,12 @@ std::span<const RangeObject::Member> RangeObject::Members() {
          [](RangeObject& self, Arguments) -> Variant {
              const Sheet& sheet = self.Of().Formats().sheet;
              const auto column = static_cast<std::size_t>(self.Place().firstColumn - 1);
-             const SheetColumn& found = column < sheet.Columns().size() ? sheet.Columns()[column] : sheet.OtherColumns();
+             const SheetColumn& found =
+                 column < sheet.Columns().size() ? sheet.Columns()[column] : sheet.OtherColumns();
              return static_cast<double>(found.width);
          },
          [](RangeObject& self, Arguments, const Variant& value) {
-             self.Of().Change().sheet.SetWidth(self.Place().firstColumn, self.Place().lastColumn,
-                                               ColumnWidthOf(value));
+             self.Of().Change().sheet.SetWidth(self.Place().firstColumn, self.Place().lastColumn, ColumnWidthOf(value));
          }},
         {"Row", 8, [](RangeObject& self, Arguments) -> Variant { return self.Place().firstRow; }},
         {"Column", 9, [](RangeObject& self, Arguments) -> Variant { return self.Place().firstColumn; }},
@@ -198,10 +199,14 @@ Variant RangeObject::Value() const {
         return {};
     }
     switch (cell->kind) {
-        case CellKind::Empty: break;
-        case CellKind::Number: return cell->number;
-        case CellKind::Boolean: return cell->number != 0;
-        case CellKind::Text: return sheet_.Book().texts[static_cast<std::uint32_t>(cell->number)];
+        case CellKind::Empty:
+            break;
+        case CellKind::Number:
+            return cell->number;
+        case CellKind::Boolean:
+            return cell->number != 0;
+        case CellKind::Text:
+            return sheet_.Book().texts[static_cast<std::uint32_t>(cell->number)];
     }
     return {};
 }
@@ -209,7 +214,8 @@ Variant RangeObject::Value() const {
 void RangeObject::SetValue(const Variant& value) {
     Worksheet& worksheet = sheet_.Formats();
     if (std::int64_t{area_.RowCount()} * area_.ColumnCount() > MostValuesAtOnce) {
-        SheetContext::Refuse("A value for more than " + std::to_string(MostValuesAtOnce) + " cells at once is too much");
+        SheetContext::Refuse("A value for more than " + std::to_string(MostValuesAtOnce) +
+                             " cells at once is too much");
     }
     const Cell filled = CellOf(value, sheet_.Book().texts);
     for (std::int32_t row = area_.firstRow; row <= area_.lastRow; ++row) {

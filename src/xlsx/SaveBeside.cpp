@@ -66,8 +66,8 @@ void ExpectReplaceable(const fs::path& target) {
         Refuse(target, "there is something else of that name, a folder or a device. Choose another name.");
     }
     if (!File(std::fopen(target.c_str(), "r+b"))) {
-        Refuse(target, "the file is there already and may not be changed (" +
-                           std::generic_category().message(errno) + "). Choose another name.");
+        Refuse(target, "the file is there already and may not be changed (" + std::generic_category().message(errno) +
+                           "). Choose another name.");
     }
 }
 
@@ -103,7 +103,8 @@ void ThrowCannotSave(const fs::path& target, int systemError) {
         case EPERM:
         case EROFS:
             Refuse(target, "no permission to write into " + QuotedFolder(target) + ". Choose another one.");
-        case ENAMETOOLONG: Refuse(target, "the name is too long. Choose a shorter one.");
+        case ENAMETOOLONG:
+            Refuse(target, "the name is too long. Choose a shorter one.");
         default:
             Refuse(target, std::generic_category().message(systemError != 0 ? systemError : EIO) +
                                ". Try again or choose another folder.");

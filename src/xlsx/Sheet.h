@@ -58,7 +58,8 @@ struct SheetColumn {
     friend bool operator==(const SheetColumn&, const SheetColumn&) = default;
 };
 
-/// Cells, rows and columns of one sheet, with the styles that rows, columns and the sheet give to cells still untouched.
+/// Cells, rows and columns of one sheet, with the styles that rows, columns and the sheet give to cells still
+/// untouched.
 ///
 /// A cell keeps its whole style from the first touch on; an untouched one looks as its row, else its column, else the
 /// sheet. Where a changed row meets a column with a style of its own, the cell is touched, so that both show.

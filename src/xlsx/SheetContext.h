@@ -47,9 +47,7 @@ public:
         return worksheet;
     }
 
-    [[noreturn]] static void Refuse(const std::string& why) {
-        throw AutomationError(AutomationErrorCode::Failed, why);
-    }
+    [[noreturn]] static void Refuse(const std::string& why) { throw AutomationError(AutomationErrorCode::Failed, why); }
 
 private:
     std::shared_ptr<Workbook> workbook_;
@@ -60,9 +58,9 @@ private:
 [[nodiscard]] inline std::int32_t NumberUpTo(const Variant& argument, std::int32_t most, std::string_view what) {
     const std::int32_t number = argument.AsInt32();
     if (number < 1 || number > most) {
-        throw AutomationError(AutomationErrorCode::SubscriptOutOfRange,
-                              std::string(what) + " " + std::to_string(number) + " is outside 1 to " +
-                                  std::to_string(most));
+        throw AutomationError(
+            AutomationErrorCode::SubscriptOutOfRange,
+            std::string(what) + " " + std::to_string(number) + " is outside 1 to " + std::to_string(most));
     }
     return number;
 }

@@ -50,8 +50,8 @@ std::optional<double> DaysOf(const std::string& text) {
     int hour = 0;
     int minute = 0;
     double second = 0;
-    const int found = std::sscanf(text.c_str(), "%4d-%2d-%2dT%2d:%2d:%10lf", &year, &month, &day, &hour, &minute,
-                                  &second);
+    const int found =
+        std::sscanf(text.c_str(), "%4d-%2d-%2dT%2d:%2d:%10lf", &year, &month, &day, &hour, &minute, &second);
     if ((found != 3 && found < 5) || year < 1900 || year > 9999 || month < 1 || month > 12 || day < 1 || day > 31 ||
         hour < 0 || hour > 24 || minute < 0 || minute > 59 || !(second >= 0 && second < 61)) {
         return std::nullopt;
@@ -213,15 +213,23 @@ private:
 
     void SetValue(Cell& cell) {
         switch (kind_) {
-            case ValueKind::Number: SetNumber(cell); break;
-            case ValueKind::SharedText: SetShared(cell); break;
+            case ValueKind::Number:
+                SetNumber(cell);
+                break;
+            case ValueKind::SharedText:
+                SetShared(cell);
+                break;
             case ValueKind::InlineText:
-            case ValueKind::FormulaText: SetText(cell, WithoutEscapes(value_)); break;
+            case ValueKind::FormulaText:
+                SetText(cell, WithoutEscapes(value_));
+                break;
             case ValueKind::Boolean:
                 cell.kind = CellKind::Boolean;
                 cell.number = Trimmed(value_) == "1" || Trimmed(value_) == "true" ? 1 : 0;
                 break;
-            case ValueKind::Error: SetText(cell, value_.starts_with('#') ? value_ : "#VALUE!"); break;
+            case ValueKind::Error:
+                SetText(cell, value_.starts_with('#') ? value_ : "#VALUE!");
+                break;
             case ValueKind::Date: {
                 const std::optional<double> days = DaysOf(value_);
                 cell.kind = CellKind::Number;

@@ -1,9 +1,8 @@
-#include <planview/xlsx/SpreadsheetApplication.h>
-
 #include <memory>
 #include <span>
 
 #include <planview/ObjectRegistry.h>
+#include <planview/xlsx/SpreadsheetApplication.h>
 
 #include "automation/TableObject.h"
 #include "xlsx/WorkbookObject.h"
@@ -21,8 +20,7 @@ public:
 
     static std::span<const Member> Members() {
         static constexpr Member members[] = {
-            {"Application", 1,
-             [](ApplicationObject& self, Arguments) -> Variant { return self.shared_from_this(); }},
+            {"Application", 1, [](ApplicationObject& self, Arguments) -> Variant { return self.shared_from_this(); }},
             // The version whose members these are.
             {"Version", 2, [](ApplicationObject&, Arguments) -> Variant { return "8.0"; }},
             {"Workbooks", 3, [](ApplicationObject& self, Arguments) -> Variant { return self.workbooks_; }},
@@ -33,8 +31,8 @@ public:
              }},
             {"ActiveWindow", 5,
              [](ApplicationObject& self, Arguments) -> Variant {
-                 const auto inFront = self.workbooks_->Count() == 0 ? nullptr
-                                                                    : self.workbooks_->At(self.workbooks_->Count());
+                 const auto inFront =
+                     self.workbooks_->Count() == 0 ? nullptr : self.workbooks_->At(self.workbooks_->Count());
                  if (!inFront) {
                      return Variant::Nothing();
                  }

@@ -39,8 +39,8 @@ std::uint16_t Workbook::FindNumberFormat(std::string_view format) const noexcept
 std::uint16_t Workbook::AddNumberFormat(std::string format) {
     constexpr std::size_t MostFormats = 10'000;
     if (numberFormats.size() == MostFormats) {
-        throw AutomationError(AutomationErrorCode::Failed, "A workbook cannot hold more than " +
-                                                               std::to_string(MostFormats) + " number formats");
+        throw AutomationError(AutomationErrorCode::Failed,
+                              "A workbook cannot hold more than " + std::to_string(MostFormats) + " number formats");
     }
     numberFormats.push_back(std::move(format));
     return static_cast<std::uint16_t>(numberFormats.size() - 1);

@@ -25,7 +25,8 @@ Variant ObjectOf(SheetContext sheet) {
 std::string PropertyText(const Variant& value, const char* what) {
     constexpr std::size_t Longest = 255;
     std::string text = ToValidUtf8(value.AsText());
-    std::replace_if(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
     if (text.size() > Longest) {
         SheetContext::Refuse(std::string("The ") + what + " is longer than " + std::to_string(Longest) + " bytes");
     }
@@ -84,9 +85,8 @@ SheetContext WorkbookObject::SheetAt(std::size_t index) const {
 SheetContext WorkbookObject::SheetOf(const Variant& key) const {
     const auto& worksheets = Book().worksheets;
     if (const std::string* const name = key.TextIf()) {
-        const auto found = std::find_if(worksheets.begin(), worksheets.end(), [&](const auto& worksheet) {
-            return SameMemberName(worksheet->name, *name);
-        });
+        const auto found = std::find_if(worksheets.begin(), worksheets.end(),
+                                        [&](const auto& worksheet) { return SameMemberName(worksheet->name, *name); });
         if (found == worksheets.end()) {
             throw AutomationError(AutomationErrorCode::SubscriptOutOfRange,
                                   "The workbook has no sheet named '" + *name + "'");
@@ -185,9 +185,9 @@ void WorkbooksObject::ExpectRunning() const {
 }
 
 void WorkbooksObject::ForgetClosed() {
-    workbooks_.erase(std::remove_if(workbooks_.begin(), workbooks_.end(),
-                                    [](const auto& workbook) { return workbook->IsClosed(); }),
-                     workbooks_.end());
+    workbooks_.erase(
+        std::remove_if(workbooks_.begin(), workbooks_.end(), [](const auto& workbook) { return workbook->IsClosed(); }),
+        workbooks_.end());
 }
 
 }  // namespace planview::xlsx

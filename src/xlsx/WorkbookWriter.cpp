@@ -35,24 +35,36 @@ lxw_color_t ColorOf(int index) {
 
 lxw_format_borders BorderOf(LineStyle style) {
     switch (style) {
-        case LineStyle::None: return LXW_BORDER_NONE;
-        case LineStyle::Thin: return LXW_BORDER_THIN;
-        case LineStyle::Double: return LXW_BORDER_DOUBLE;
-        case LineStyle::Dash: return LXW_BORDER_DASHED;
-        case LineStyle::Dot: return LXW_BORDER_DOTTED;
-        case LineStyle::DashDot: return LXW_BORDER_DASH_DOT;
-        case LineStyle::DashDotDot: return LXW_BORDER_DASH_DOT_DOT;
-        case LineStyle::SlantDashDot: return LXW_BORDER_SLANT_DASH_DOT;
+        case LineStyle::None:
+            return LXW_BORDER_NONE;
+        case LineStyle::Thin:
+            return LXW_BORDER_THIN;
+        case LineStyle::Double:
+            return LXW_BORDER_DOUBLE;
+        case LineStyle::Dash:
+            return LXW_BORDER_DASHED;
+        case LineStyle::Dot:
+            return LXW_BORDER_DOTTED;
+        case LineStyle::DashDot:
+            return LXW_BORDER_DASH_DOT;
+        case LineStyle::DashDotDot:
+            return LXW_BORDER_DASH_DOT_DOT;
+        case LineStyle::SlantDashDot:
+            return LXW_BORDER_SLANT_DASH_DOT;
     }
     return LXW_BORDER_NONE;
 }
 
 lxw_format_alignments AlignmentOf(Alignment alignment) {
     switch (alignment) {
-        case Alignment::General: return LXW_ALIGN_NONE;
-        case Alignment::Left: return LXW_ALIGN_LEFT;
-        case Alignment::Center: return LXW_ALIGN_CENTER;
-        case Alignment::Right: return LXW_ALIGN_RIGHT;
+        case Alignment::General:
+            return LXW_ALIGN_NONE;
+        case Alignment::Left:
+            return LXW_ALIGN_LEFT;
+        case Alignment::Center:
+            return LXW_ALIGN_CENTER;
+        case Alignment::Right:
+            return LXW_ALIGN_RIGHT;
     }
     return LXW_ALIGN_NONE;
 }
@@ -120,8 +132,12 @@ void WriteCell(lxw_worksheet* out, std::int32_t row, const Cell& cell, const Tex
     const auto line = static_cast<lxw_row_t>(row - 1);
     const auto column = static_cast<lxw_col_t>(cell.column - 1);
     switch (cell.kind) {
-        case CellKind::Empty: Expect(worksheet_write_blank(out, line, column, format), "a cell"); break;
-        case CellKind::Number: Expect(worksheet_write_number(out, line, column, cell.number, format), "a cell"); break;
+        case CellKind::Empty:
+            Expect(worksheet_write_blank(out, line, column, format), "a cell");
+            break;
+        case CellKind::Number:
+            Expect(worksheet_write_number(out, line, column, cell.number, format), "a cell");
+            break;
         case CellKind::Boolean:
             Expect(worksheet_write_boolean(out, line, column, static_cast<int>(cell.number), format), "a cell");
             break;
@@ -195,18 +211,18 @@ void WriteWorksheet(lxw_workbook& book, const Workbook& workbook, const Workshee
     if (!out) {
         throw AutomationError(AutomationErrorCode::Failed, "The sheet '" + from.name + "' cannot be written");
     }
-    WriteColumns(out, from.sheet, formats);
     // Rows go to the disk one by one, so that they must come from the top and each with its format first.
     from.sheet.ForEachRow([&](std::int32_t number, const SheetRow& row) {
         if (row.style != SheetRow::NoStyle) {
-            Expect(
-                worksheet_set_row(out, static_cast<lxw_row_t>(number - 1), LXW_DEF_ROW_HEIGHT, formats[row.style]),
-                "a row");
+            Expect(worksheet_set_row(out, static_cast<lxw_row_t>(number - 1), LXW_DEF_ROW_HEIGHT, formats[row.style]),
+                   "a row");
         }
         for (const Cell& cell : row.cells) {
             WriteCell(out, number, cell, workbook.texts, formats[cell.style]);
         }
     });
+    // Behind the rows: the library looks at every column that has a format whenever it writes a row.
+    WriteColumns(out, from.sheet, formats);
     WritePanes(out, from.panes, from.sheet);
     WritePageSetup(out, from.page);
     if (from.isProtected) {

@@ -1,6 +1,7 @@
 #include "xlsx/WorksheetObject.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 #include "automation/MemberNames.h"
@@ -45,9 +46,9 @@ std::span<const PageSetupObject::Member> PageSetupObject::Members() {
         {"PrintTitleRows", 2,
          [](PageSetupObject& self, Arguments) -> Variant {
              const PageSetup& page = self.sheet.Formats().page;
-             return page.firstTitleRow == 0 ? std::string()
-                                            : '$' + std::to_string(page.firstTitleRow) + ":$" +
-                                                  std::to_string(page.lastTitleRow);
+             return page.firstTitleRow == 0
+                        ? std::string()
+                        : '$' + std::to_string(page.firstTitleRow) + ":$" + std::to_string(page.lastTitleRow);
          },
          [](PageSetupObject& self, Arguments, const Variant& value) {
              const Area area = value.AsText().empty() ? Area{0, 0} : TitleArea(value, true);
@@ -57,9 +58,9 @@ std::span<const PageSetupObject::Member> PageSetupObject::Members() {
         {"PrintTitleColumns", 3,
          [](PageSetupObject& self, Arguments) -> Variant {
              const PageSetup& page = self.sheet.Formats().page;
-             return page.firstTitleColumn == 0 ? std::string()
-                                               : '$' + ColumnName(page.firstTitleColumn) + ":$" +
-                                                     ColumnName(page.lastTitleColumn);
+             return page.firstTitleColumn == 0
+                        ? std::string()
+                        : '$' + ColumnName(page.firstTitleColumn) + ":$" + ColumnName(page.lastTitleColumn);
          },
          [](PageSetupObject& self, Arguments, const Variant& value) {
              const Area area = value.AsText().empty() ? Area{0, 0, 0, 0} : TitleArea(value, false);
@@ -136,9 +137,7 @@ std::span<const WorksheetObject::Member> WorksheetObject::Members() {
         {"PageSetup", 7,
          [](WorksheetObject& self, Arguments) -> Variant { return std::make_shared<PageSetupObject>(self.Of()); }},
         {"UsedRange", 8,
-         [](WorksheetObject& self, Arguments) {
-             return self.Range(self.Of().Read().sheet.UsedArea(), Unit::Cells);
-         }},
+         [](WorksheetObject& self, Arguments) { return self.Range(self.Of().Read().sheet.UsedArea(), Unit::Cells); }},
         {"Visible", 9,
          [](WorksheetObject& self, Arguments) -> Variant { return static_cast<int>(self.Of().Read().visibility); }},
     };

@@ -58,8 +58,8 @@ public:
         }
         // What was fed and not yet told belongs to one token, which the parser would look at anew each time.
         if (!last && fed_ - XML_GetCurrentByteIndex(parser_.get()) > static_cast<std::int64_t>(limits_->tokenBytes)) {
-            throw BrokenFile("a single piece of text or tag is longer than " + std::to_string(limits_->tokenBytes >> 10) +
-                             " KB");
+            throw BrokenFile("a single piece of text or tag is longer than " +
+                             std::to_string(limits_->tokenBytes >> 10) + " KB");
         }
     }
 
@@ -101,7 +101,8 @@ private:
     }
 
     static void XMLCALL OnDoctype(void* self, const char*, const char*, const char*, int) {
-        static_cast<Parse*>(self)->Guard([] { throw BrokenFile("it declares a document type, which workbooks do not"); });
+        static_cast<Parse*>(self)->Guard(
+            [] { throw BrokenFile("it declares a document type, which workbooks do not"); });
     }
 
     XmlEvents* events_;

@@ -54,8 +54,8 @@ protected:
     XmlEvents& operator=(const XmlEvents&) = default;
 };
 
-/// Reads an XML part from its first byte to its last. Throws BrokenFile where it is not well formed, declares a document
-/// type (and so entities), or goes beyond the limits; what the events throw goes through.
+/// Reads an XML part from its first byte to its last. Throws BrokenFile where it is not well formed, declares a
+/// document type (and so entities), or goes beyond the limits; what the events throw goes through.
 void ReadXml(ZipParts& parts, const std::string& name, XmlEvents& events);
 
 }  // namespace planview::xlsx

@@ -68,16 +68,18 @@ void ExpectZip(std::string_view bytes) {
         throw BrokenFile("it is empty");
     }
     if (bytes.starts_with("\xD0\xCF\x11\xE0"sv)) {
-        throw BrokenFile("it is protected by a password or has the old .xls format; "
-                         "save it as .xlsx without a password");
+        throw BrokenFile(
+            "it is protected by a password or has the old .xls format; "
+            "save it as .xlsx without a password");
     }
     if (bytes.starts_with("PK"sv)) {
         return;
     }
     const std::string_view start = bytes.substr(0, 1000);
     if (start.find('\0') == std::string_view::npos) {
-        throw BrokenFile("it is a text (such as .csv) and no .xlsx workbook; "
-                         "open it in a spreadsheet program and save it as .xlsx");
+        throw BrokenFile(
+            "it is a text (such as .csv) and no .xlsx workbook; "
+            "open it in a spreadsheet program and save it as .xlsx");
     }
     throw BrokenFile("it is no .xlsx workbook");
 }

@@ -326,8 +326,7 @@ private slots:
         QCOMPARE(names, (QStringList{QStringLiteral("Forecast open"), QStringLiteral("Raise line"),
                                      QStringLiteral("Average"), QStringLiteral("Recorded")}));
         for (const ToolbarButtonInfo& info : ToolbarButtons()) {
-            QAccessibleInterface* button =
-                QAccessible::queryAccessibleInterface(screen.toolbar().button(info.button));
+            QAccessibleInterface* button = QAccessible::queryAccessibleInterface(screen.toolbar().button(info.button));
             QVERIFY(!button->text(QAccessible::Name).isEmpty());
         }
     }

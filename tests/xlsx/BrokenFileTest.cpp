@@ -31,13 +31,18 @@ TEST_F(BrokenFileTest, WhatIsNoWorkbookIsRefusedWithTheReason) {
     for (int i = 0; i < 10'001; ++i) {
         manyParts += "PK\x01\x02";
     }
-    WritePackage(Path("ods.xlsx"), {{"mimetype", "application/vnd.oasis.opendocument.spreadsheet"}, {"content.xml", "<a/>"}});
+    WritePackage(Path("ods.xlsx"),
+                 {{"mimetype", "application/vnd.oasis.opendocument.spreadsheet"}, {"content.xml", "<a/>"}});
     WritePackage(Path("zip.xlsx"), {{"letter.txt", "Dear reader"}});
 
     const BrokenBytes cases[] = {
         {"empty", "", "it is empty"},
         {"csv", "Line;P1;P2\nSales;1;2\n", "it is a text (such as .csv)"},
-        {"binary", std::string("\x7F" "ELF\0\1\2", 7), "it is no .xlsx workbook"},
+        {"binary",
+         std::string("\x7F"
+                     "ELF\0\1\2",
+                     7),
+         "it is no .xlsx workbook"},
         {"protected by a password, or .xls", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", "password"},
         {"zip encryption", encrypted, "password"},
         {"cut in the middle", whole.substr(0, whole.size() / 2), "damaged or not complete"},
@@ -79,15 +84,17 @@ TEST_F(BrokenFileTest, ABrokenPartIsRefusedWithTheReason) {
         {"no sheets", "xl/workbook.xml", "<workbook/>", "no sheet with cells"},
         {"no XML", sheet, "sheetData", "line 1 cannot be read"},
         {"cut XML", sheet, Rows("").substr(0, 150), "cannot be read"},
-        {"entities that grow", sheet,
-         "<!DOCTYPE w [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '&a;&a;&a;&a;'>]><w>&b;&b;</w>", "document type"},
-        {"nested too deeply", sheet, [] {
+        {"entities that grow", sheet, "<!DOCTYPE w [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '&a;&a;&a;&a;'>]><w>&b;&b;</w>",
+         "document type"},
+        {"nested too deeply", sheet,
+         [] {
              std::string text;
              for (int i = 0; i < 100'000; ++i) {
                  text += "<a>";
              }
              return text;
-         }(), "nested too deeply"},
+         }(),
+         "nested too deeply"},
         {"an endless tag", sheet, "<worksheet a='" + std::string(3 << 20, 'x'), "longer than 1024 KB"},
         {"a text that is not there", sheet, Rows("<row r='7'><c r='B7' t='s'><v>2</v></c></row>"),
          "sheet 'S', cell B7: it shows a text that the file does not have"},
@@ -119,13 +126,15 @@ TEST_F(BrokenFileTest, WhatUnpacksWithoutEndTakesLittleMemoryAndTime) {
     WritePackage(Path("good.xlsx"), PartsWith(""));
     const std::string script = "make-bomb " + Path("good.xlsx").string() + " ";
     ASSERT_EQ(RunScript(script + Path("bomb.xlsx").string() + " xl/worksheets/sheet1.xml '<worksheet>' ' '"), "");
-    ASSERT_EQ(RunScript(script + Path("texts.xlsx").string() + " xl/sharedStrings.xml '<sst>' '<si><t>aaaaaaaa</t></si>'"),
-              "");
+    ASSERT_EQ(
+        RunScript(script + Path("texts.xlsx").string() + " xl/sharedStrings.xml '<sst>' '<si><t>aaaaaaaa</t></si>'"),
+        "");
     struct Case {
         const char* file;
         const char* message;
     };
-    for (const Case& one : {Case{"bomb.xlsx", "unpacks to more than 250 times"}, {"texts.xlsx", "more than 1000000 texts"}}) {
+    for (const Case& one :
+         {Case{"bomb.xlsx", "unpacks to more than 250 times"}, {"texts.xlsx", "more than 1000000 texts"}}) {
         SCOPED_TRACE(one.file);
         const std::size_t before = MostMemory();
         const auto start = std::chrono::steady_clock::now();

@@ -73,7 +73,8 @@ TEST_F(ObjectModelTest, ProtectionHoldsBackAllButOpenCells) {
     sheet.Get("Cells", 2, 2).Put("Locked", false);
     sheet.Call("Protect");
     sheet.Get("Cells", 2, 2).Put("Value", 5);
-    EXPECT_NE(AutomationMessage([&] { sheet.Get("Cells", 1, 2).Put("Value", 5); }).find("B1 locked"), std::string::npos);
+    EXPECT_NE(AutomationMessage([&] { sheet.Get("Cells", 1, 2).Put("Value", 5); }).find("B1 locked"),
+              std::string::npos);
     EXPECT_NE(AutomationMessage([&] { sheet.Get("Cells", 2, 2).Put("Locked", true); }), "");
     EXPECT_NE(AutomationMessage([&] { sheet.Get("Columns", 2).Put("ColumnWidth", 5); }), "");
     sheet.Call("Unprotect");

@@ -34,8 +34,8 @@ TEST_F(ReadingTest, EveryKindOfCellAnswersItsValue) {
         {"too large a number", "<c r='A1'><v>1E999</v></c>", "t:#NUM!"},
         {"shared text", "<c r='A1' t='s'><v>0</v></c>", "t:first"},
         {"shared text of runs", "<c r='A1' t='s'><v>1</v></c>", "t:second "},
-        {"text in its cell", "<c r='A1' t='inlineStr'><is><r><t>a</t></r><r><t>&lt;b</t></r><rPh><t>x</t></rPh></is></c>",
-         "t:a<b"},
+        {"text in its cell",
+         "<c r='A1' t='inlineStr'><is><r><t>a</t></r><r><t>&lt;b</t></r><rPh><t>x</t></rPh></is></c>", "t:a<b"},
         {"escaped characters", "<c r='A1' t='str'><v>a_x000A_b_x005F_x0041_</v></c>", "t:a\nb_x0041_"},
         {"true", "<c r='A1' t='b'><v>1</v></c>", "b:True"},
         {"false", "<c r='A1' t='b'><v>0</v></c>", "b:False"},
@@ -58,7 +58,8 @@ TEST_F(ReadingTest, EveryKindOfCellAnswersItsValue) {
 }
 
 TEST_F(ReadingTest, CellsWithoutAPlaceFollowTheOneBefore) {
-    WritePackage(Path("a.xlsx"), PartsWith("<row r='3'><c r='C3'><v>1</v></c><c><v>2</v></c></row><row><c><v>3</v></c></row>"));
+    WritePackage(Path("a.xlsx"),
+                 PartsWith("<row r='3'><c r='C3'><v>1</v></c><c><v>2</v></c></row><row><c><v>3</v></c></row>"));
     const Late sheet = Open("a.xlsx").Get("ActiveSheet");
     EXPECT_EQ(ValueAt(sheet, 3, 4), "d:2");
     EXPECT_EQ(ValueAt(sheet, 4, 1), "d:3");
@@ -111,7 +112,8 @@ TEST_F(ReadingTest, WhatLibreOfficeChangedComesBackAndNothingElse) {
         for (int column = 1; column <= 20; ++column) {
             const Late cell = sheet.Get("Cells", row, column);
             cell.Put("Locked", column == 1);
-            cell.Put("Value", column == 1 ? Variant("Line " + std::to_string(row)) : Variant(row * 1000.5 + column / 8.0));
+            cell.Put("Value",
+                     column == 1 ? Variant("Line " + std::to_string(row)) : Variant(row * 1000.5 + column / 8.0));
         }
     }
     sheet.Call("Protect");

@@ -101,7 +101,8 @@ TEST_F(SavingTest, AnotherProgramFindsEverything) {
     sheet.Call("Protect");
     book_.Call("Saveas", Path("witness.xlsx").string());
 
-    const std::string caption = " fill FFC0C0C0 edges ('double', 'FF000000') bold True size 10.0 align left locked True format General\n";
+    const std::string caption =
+        " fill FFC0C0C0 edges ('double', 'FF000000') bold True size 10.0 align left locked True format General\n";
     const std::string cell = " edges ('thin', 'FF000000') bold False size 10.0 align right locked ";
     EXPECT_EQ(RunScript("workbook-facts '" + Path("witness.xlsx").string() + "' A1 B1 A2 B2 B3 B4 B5 B6 C9"),
               "sheets Plan 2026\n"
@@ -113,15 +114,23 @@ TEST_F(SavingTest, AnotherProgramFindsEverything) {
               "size 6 2\n"
               "columns 1 1 20.71 True FFC0C0C0 double\n"
               "columns 2 16384 9.14 False 00000000 thin\n"
-              "A1 None" + caption +
-              "B1 '=1+1'" + caption +
-              "A2 ' <Zeile> & \"ü\"\\n_x0001__x005F_x0041_ '" + caption +
-              "B2 1234.5 fill FFFFFFFF" + cell + "False format #,##0.0 \"€\"\n"
-              "B3 -0.1 fill FFC0C0C0" + cell + "True format General\n"
-              "B4 None fill FFC0C0C0" + cell + "True format General\n"
-              "B5 True fill FFFF0000" + cell + "False format General\n"
-              "B6 123456789012345 fill FF000000" + cell + "False format General\n"
-              "C9 None fill None edges (None, None) bold False size 11.0 align None locked True format General\n");
+              "A1 None" +
+                  caption + "B1 '=1+1'" + caption + "A2 ' <Zeile> & \"ü\"\\n_x0001__x005F_x0041_ '" + caption +
+                  "B2 1234.5 fill FFFFFFFF" + cell +
+                  "False format #,##0.0 \"€\"\n"
+                  "B3 -0.1 fill FFC0C0C0" +
+                  cell +
+                  "True format General\n"
+                  "B4 None fill FFC0C0C0" +
+                  cell +
+                  "True format General\n"
+                  "B5 True fill FFFF0000" +
+                  cell +
+                  "False format General\n"
+                  "B6 123456789012345 fill FF000000" +
+                  cell +
+                  "False format General\n"
+                  "C9 None fill None edges (None, None) bold False size 11.0 align None locked True format General\n");
     const Late again = application_.Get("Workbooks").Call("Open", Path("witness.xlsx").string());
     EXPECT_EQ(ValueAt(again.Get("ActiveSheet"), 2, 1), "t: <Zeile> & \"ü\"\n\x01_x0041_ ");
 }

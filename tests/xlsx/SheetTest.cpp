@@ -2,6 +2,7 @@
 #include <random>
 
 #include <gtest/gtest.h>
+
 #include <planview/AutomationObject.h>
 
 #include "xlsx/CellReference.h"

@@ -32,11 +32,16 @@ fs::path XlsxTest::Path(std::string_view name) const {
 std::string XlsxTest::ValueAt(const Late& sheet, int row, int column) {
     const Variant value = sheet.Get("Cells", row, column).Get("Value").Value();
     switch (value.GetKind()) {
-        case Variant::Kind::Empty: return "e:";
-        case Variant::Kind::Boolean: return "b:" + value.AsText();
-        case Variant::Kind::Double: return "d:" + value.AsText();
-        case Variant::Kind::Text: return "t:" + value.AsText();
-        default: return "?:";
+        case Variant::Kind::Empty:
+            return "e:";
+        case Variant::Kind::Boolean:
+            return "b:" + value.AsText();
+        case Variant::Kind::Double:
+            return "d:" + value.AsText();
+        case Variant::Kind::Text:
+            return "t:" + value.AsText();
+        default:
+            return "?:";
     }
 }
 
@@ -57,22 +62,21 @@ std::string RunScript(const std::string& nameAndArguments) {
 PackageParts PartsWith(std::string_view rows, std::string_view afterRows) {
     const std::string office = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
     const std::string list = "<Relationships xmlns='http://schemas.openxmlformats.org/package/2006/relationships'>";
-    const std::string main = "xmlns='http://schemas.openxmlformats.org/spreadsheetml/2006/main' xmlns:r='" + office + "'";
+    const std::string main =
+        "xmlns='http://schemas.openxmlformats.org/spreadsheetml/2006/main' xmlns:r='" + office + "'";
     return {
-        {"_rels/.rels", list + "<Relationship Id='a' Type='" + office +
-                            "/officeDocument' Target='xl/workbook.xml'/></Relationships>"},
-        {"xl/_rels/workbook.xml.rels",
-         list + "<Relationship Id='s1' Type='" + office +
-             "/worksheet' Target='worksheets/sheet1.xml'/><Relationship Id='t' Type='" + office +
-             "/sharedStrings' Target='/xl/sharedStrings.xml'/></Relationships>"},
+        {"_rels/.rels",
+         list + "<Relationship Id='a' Type='" + office + "/officeDocument' Target='xl/workbook.xml'/></Relationships>"},
+        {"xl/_rels/workbook.xml.rels", list + "<Relationship Id='s1' Type='" + office +
+                                           "/worksheet' Target='worksheets/sheet1.xml'/><Relationship Id='t' Type='" +
+                                           office + "/sharedStrings' Target='/xl/sharedStrings.xml'/></Relationships>"},
         {"xl/workbook.xml",
          "<workbook " + main + "><sheets><sheet name='S' sheetId='1' r:id='s1'/></sheets></workbook>"},
         {"xl/sharedStrings.xml", "<sst " + main +
                                      "><si><t>first</t></si><si><r><t>se</t></r><r><t xml:space='preserve'>cond "
                                      "</t></r><rPh><t>aloud</t></rPh></si></sst>"},
-        {"xl/worksheets/sheet1.xml",
-         "<worksheet " + main + "><sheetData>" + std::string(rows) + "</sheetData>" + std::string(afterRows) +
-             "</worksheet>"},
+        {"xl/worksheets/sheet1.xml", "<worksheet " + main + "><sheetData>" + std::string(rows) + "</sheetData>" +
+                                         std::string(afterRows) + "</worksheet>"},
     };
 }
 

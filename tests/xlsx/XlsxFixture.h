@@ -7,6 +7,7 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+
 #include <planview/xlsx/SpreadsheetApplication.h>
 
 #include "automation/Late.h"
