@@ -66,8 +66,7 @@ TEST(NumberFormatTest, ShowsNumbersByCode) {
         EXPECT_EQ(format->Code(), row.code);
     }
     const std::string largest = NumberFormat::Parse("0.0%")->Format(std::numeric_limits<double>::max());
-    EXPECT_EQ(largest.substr(0, 16), "1797693134862320");
-    EXPECT_EQ(largest.size(), 309U + 2U + 3U) << largest;
+    EXPECT_EQ(largest, "1,79769313486232E+308") << "a percentage that no double holds";
 }
 
 TEST(NumberFormatTest, RefusesOtherCodes) {
