@@ -21,7 +21,6 @@ private slots:
         QTest::newRow("Delete") << QStringLiteral("<Delete>");
         QTest::newRow("paste") << QStringLiteral("<Ctrl+V>");
         QTest::newRow("cut") << QStringLiteral("<Ctrl+X>");
-        QTest::newRow("fill") << QStringLiteral("<Shift+Down><Ctrl+D>");
     }
     void endedByItsOwnEvent() {
         QFETCH(QString, keys);
