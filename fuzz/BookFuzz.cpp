@@ -118,6 +118,9 @@ void Rewrite(const QSqlDatabase& database, Bytes& input) {
     for (int step = 0; step < MaxSteps && !input.Empty(); ++step) {
         const TableDescription& table = BookSchema()[static_cast<std::size_t>(input.Below(BookTableCount))];
         const QString name = QString::fromUtf8(table.name.data(), static_cast<qsizetype>(table.name.size()));
+        if (table.fields.empty()) {
+            continue;
+        }
         const auto field = table.fields[static_cast<std::size_t>(input.Byte()) % table.fields.size()].name;
         const QString column = QString::fromUtf8(field.data(), static_cast<qsizetype>(field.size()));
         QSqlQuery query(database);

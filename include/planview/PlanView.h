@@ -217,6 +217,7 @@ public:
     [[nodiscard]] bool ChartShown() const noexcept;
     /// Shows or hides the macro tree pane, and writes it into `HIDDEN_LIST` of GRID_ATTR; needs layout mode.
     void SwitchMacroTree();
+    /// Whether the macro tree pane belongs to the view; false without layout mode.
     [[nodiscard]] bool MacroTreeShown() const noexcept;
     /// @{
     /// Puts exactly the columns (rows) whose headers are selected into the chart.

@@ -107,13 +107,11 @@ bool LeavesNone(const GridControl& grid, const ViewAction& action) {
     const auto columns = grid.Columns(ColumnArea::Center);
     const auto rows = grid.Rows(RowArea::Center);
     return action.rows.empty()
-               ? std::all_of(columns.begin(), columns.end(),
-                             [&](ColumnId id) {
-                                 return grid.Column(id).hidden || named(action.columns, grid.Column(id).key);
-                             })
-               : std::all_of(rows.begin(), rows.end(), [&](RowId id) {
-                     return grid.Row(id).hidden || named(action.rows, grid.Row(id).key);
-                 });
+               ? std::all_of(
+                     columns.begin(), columns.end(),
+                     [&](ColumnId id) { return grid.Column(id).hidden || named(action.columns, grid.Column(id).key); })
+               : std::all_of(rows.begin(), rows.end(),
+                             [&](RowId id) { return grid.Row(id).hidden || named(action.rows, grid.Row(id).key); });
 }
 
 void SelectHeadings(ControlContext& context, const ViewAction& action) {

@@ -73,9 +73,8 @@ MacroResult ReplayRecording(ControlContext& context, const std::string& nodeKey,
 
 std::string RecordingFault(ControlContext& context, const std::string& nodeKey) {
     std::string fault;
-    const std::optional<std::string> error = ErrorTextOf([&] {
-        fault = ReplayOf(context).Check(RecordedSteps(context.tree, context.tables.MACRO_TREE, nodeKey));
-    });
+    const std::optional<std::string> error = ErrorTextOf(
+        [&] { fault = ReplayOf(context).Check(RecordedSteps(context.tree, context.tables.MACRO_TREE, nodeKey)); });
     return error.value_or(fault);
 }
 

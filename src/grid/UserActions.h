@@ -14,7 +14,7 @@ enum class EditKind { Value, Drag, Paste, Fill, Delete, Raise };
 /// What the changed cells alone do not tell of an edit.
 struct EditNote {
     EditKind kind = EditKind::Value;
-    double percent = 0;          ///< of Raise
+    double percent = 0;            ///< of Raise
     std::vector<CellKey> meant{};  ///< of Raise: the cells it was for, the empty ones too
 };
 

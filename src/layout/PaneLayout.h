@@ -69,7 +69,7 @@ private:
     void Changed() const;
 
     PaneWatcher* watcher_ = nullptr;
-    std::array<int, SplitterCount> positions_{180, 600, 700, 500};
+    std::array<int, SplitterCount> positions_{280, 600, 360, 500};
     bool layoutMode_ = false;
     bool treeShown_ = false;
     bool chartShown_ = false;

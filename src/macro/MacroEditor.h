@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Export.h>
 #include <planview/Platform.h>
 
 #include "automation/EventSource.h"
@@ -59,7 +60,7 @@ public:
 /// The active macro is the one that the tree's selected node is, or stands in; the current element is that node. Every
 /// change goes into MACRO_TREE at once, the tree is built anew, and `MacroTreeExpand` tells the host. What cannot be
 /// done is told by Message(). Each operation leaves an entry under "MACROVIEW" and ends at an error trap.
-class MacroEditor final : private TreeWatcher {
+class PLANVIEW_EXPORT MacroEditor final : private TreeWatcher {
 public:
     inline static constexpr std::string_view Label = "MACROVIEW";
 

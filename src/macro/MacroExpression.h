@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Export.h>
+
 #include "macro/MacroGrid.h"
 
 namespace planview {
@@ -79,7 +81,7 @@ struct MacroOperatorName {
 };
 
 /// The operators with two sides. "(" ")" and ";" are none of them.
-[[nodiscard]] const std::vector<MacroOperatorName>& MacroOperators();
+[[nodiscard]] PLANVIEW_EXPORT const std::vector<MacroOperatorName>& MacroOperators();
 
 struct MacroFunctionName {
     std::string_view value;
@@ -90,9 +92,9 @@ struct MacroFunctionName {
     std::string_view takes;    ///< a sentence on its arguments
 };
 
-[[nodiscard]] const std::vector<MacroFunctionName>& MacroFunctions();
+[[nodiscard]] PLANVIEW_EXPORT const std::vector<MacroFunctionName>& MacroFunctions();
 /// Null where there is none of that name.
-[[nodiscard]] const MacroOperatorName* FindMacroOperator(std::string_view value) noexcept;
-[[nodiscard]] const MacroFunctionName* FindMacroFunction(std::string_view value) noexcept;
+[[nodiscard]] PLANVIEW_EXPORT const MacroOperatorName* FindMacroOperator(std::string_view value) noexcept;
+[[nodiscard]] PLANVIEW_EXPORT const MacroFunctionName* FindMacroFunction(std::string_view value) noexcept;
 
 }  // namespace planview

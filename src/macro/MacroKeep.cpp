@@ -1,5 +1,6 @@
 #include "macro/MacroKeep.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 #include <planview/AutomationObject.h>
@@ -25,11 +26,12 @@ public:
 
     [[nodiscard]] bool Has(const std::string& key) const { return keys_.contains(key); }
 
+    /// For a recording; its steps add their number.
     [[nodiscard]] std::string NewKey() {
         std::string key;
         do {
             key = "REC" + std::to_string(++number_);
-        } while (Has(key));
+        } while (Has(key) || HasBelow(key));
         return key;
     }
 
@@ -51,6 +53,11 @@ public:
     }
 
 private:
+    [[nodiscard]] bool HasBelow(const std::string& key) const {
+        return std::any_of(keys_.begin(), keys_.end(),
+                           [&](const std::string& known) { return known.starts_with(key + "_"); });
+    }
+
     const HostTable& table_;
     ObjectRef rows_;
     std::unordered_set<std::string> keys_;

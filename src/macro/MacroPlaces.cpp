@@ -164,9 +164,8 @@ private:
             return called.front();
         }
         const std::string what = "the " + std::string(axis_.Kind()) + " \"" + (name.empty() ? key : name) + "\"";
-        found_.error = called.empty()
-                           ? what + " is not there"
-                           : what + " cannot be told: " + std::to_string(called.size()) + " are called so";
+        found_.error = called.empty() ? what + " is not there"
+                                      : what + " cannot be told: " + std::to_string(called.size()) + " are called so";
         return {};
     }
 
@@ -185,8 +184,9 @@ std::string CaptionOf(const GridControl& grid, PlaceAxis axis, std::string_view 
 PlaceTexts DescribePlaces(const GridControl& grid, PlaceAxis axis, std::vector<std::string> keys) {
     const Axis all(grid, axis);
     std::erase_if(keys, [&](const std::string& key) { return !all.OrderOf(key); });
-    std::sort(keys.begin(), keys.end(),
-              [&](const std::string& left, const std::string& right) { return *all.OrderOf(left) < *all.OrderOf(right); });
+    std::sort(keys.begin(), keys.end(), [&](const std::string& left, const std::string& right) {
+        return *all.OrderOf(left) < *all.OrderOf(right);
+    });
     keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
     PlaceTexts texts;
     const auto add = [&](const std::string& key, char mark) {

@@ -54,11 +54,12 @@ void MacroRecording::Trapped(std::string_view method, const Body& body) noexcept
     if (state_ == RecordState::Running) {
         state_ = RecordState::Interrupted;
     }
-    ResumeNext([&] { Tell(); },
-               [&] {
-                   parts_.messageBoxes.Show(Message(
-                       "The step could not be recorded; recording is interrupted. What you did stays done.\n" + *error));
-               });
+    ResumeNext(
+        [&] { Tell(); },
+        [&] {
+            parts_.messageBoxes.Show(Message(
+                "The step could not be recorded; recording is interrupted. What you did stays done.\n" + *error));
+        });
 }
 
 // --- The commands
@@ -90,7 +91,8 @@ void MacroRecording::StartRecord() {
     });
     if (error) {
         TraceError(Label, "StartRecord", *error);
-        parts_.messageBoxes.Show(Message("The table MACROREC cannot take a recording. Nothing is recorded.\n" + *error));
+        parts_.messageBoxes.Show(
+            Message("The table MACROREC cannot take a recording. Nothing is recorded.\n" + *error));
         return;
     }
     steps_.clear();
@@ -183,8 +185,7 @@ void MacroRecording::Write(std::size_t from) {
     const HostTable table = parts_.tables.MACROREC;
     if (from > 0) {
         const int last = static_cast<int>(from);
-        const bool intact =
-            table.RowCount() >= last && table.Int16(static_cast<HostTable::Row>(last), "STEP") == last;
+        const bool intact = table.RowCount() >= last && table.Int16(static_cast<HostTable::Row>(last), "STEP") == last;
         from = intact ? from : 0;
     }
     for (std::size_t i = from; i < steps_.size(); ++i) {

@@ -162,7 +162,10 @@ std::string RaiseText(const MacroStep& step) {
     const std::string amount = down ? step.value.substr(1) : step.value;
     const std::string periods = ReadablePlaces(step.columns);
     return (down ? "Lower " : "Raise ") + ReadablePlaces(step.lines) + " by " + amount + " %" +
-           (periods.empty() ? "" : SinglePlace(step.columns.keys).empty() ? " from " : " in ") + periods;
+           (periods.empty()                          ? ""
+            : SinglePlace(step.columns.keys).empty() ? " from "
+                                                     : " in ") +
+           periods;
 }
 
 }  // namespace
@@ -201,9 +204,8 @@ std::optional<StepValues> ReadStepValues(std::string_view text, std::size_t line
     if (values.size() == 1 && values.front().size() == 1) {
         return StepValues(lines, std::vector<std::optional<std::string>>(columns, values.front().front()));
     }
-    const bool fits = values.size() == lines && std::all_of(values.begin(), values.end(), [&](const auto& line) {
-                          return line.size() == columns;
-                      });
+    const bool fits = values.size() == lines && std::all_of(values.begin(), values.end(),
+                                                            [&](const auto& line) { return line.size() == columns; });
     return fits ? std::optional(std::move(values)) : std::nullopt;
 }
 

@@ -10,7 +10,8 @@
 
 namespace planview {
 
-/// One recorded step: the fields of a row of MACROREC without its number. `docs/macros-recording.md` lists the commands.
+/// One recorded step: the fields of a row of MACROREC without its number. `docs/macros-recording.md` lists the
+/// commands.
 struct MacroStep {
     std::string command;
     PlaceTexts columns;  ///< fields COLUMN and COLUMN_NAME

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Export.h>
+
 #include "automation/HostTable.h"
 #include "components/TreeControl.h"
 #include "macro/MacroNodes.h"
@@ -61,6 +63,6 @@ private:
 };
 
 /// The name of the picture that a node of this type has in the tree.
-[[nodiscard]] std::string_view MacroImageOf(MacroNodeType type) noexcept;
+[[nodiscard]] PLANVIEW_EXPORT std::string_view MacroImageOf(MacroNodeType type) noexcept;
 
 }  // namespace planview

@@ -59,8 +59,8 @@ public:
 
     MacroToolbar();
 
-    /// Takes the tooltips from TEXTS: each row's fields in their order, later rows over earlier ones. A button for which
-    /// no row has a text gets its own English one. Throws AutomationError.
+    /// Takes the tooltips from TEXTS: each row's fields in their order, later rows over earlier ones. A button for
+    /// which no row has a text gets its own English one. Throws AutomationError.
     void TooltipTexts(const HostTable& texts);
     [[nodiscard]] const std::string& Tooltip(ToolbarButton button) const { return At(button).tooltip; }
 

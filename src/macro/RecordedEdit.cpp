@@ -126,8 +126,8 @@ private:
     [[nodiscard]] std::vector<std::string> Expanded(PlaceAxis axis, const std::set<std::string>& keys) const {
         PlaceTexts texts = DescribePlaces(grid_, axis, Keys(keys));
         const std::string_view prefix = axis == PlaceAxis::Columns ? "COL" : "ROW";
-        const bool planning = std::all_of(keys.begin(), keys.end(),
-                                          [&](const std::string& key) { return key.starts_with(prefix); });
+        const bool planning =
+            std::all_of(keys.begin(), keys.end(), [&](const std::string& key) { return key.starts_with(prefix); });
         if (planning && SinglePlace(texts.keys).empty()) {
             const std::size_t first = texts.keys.find_first_of(":,");
             const std::size_t last = texts.keys.find_last_of(":,");

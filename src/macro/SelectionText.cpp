@@ -25,8 +25,7 @@ std::string RangeText(const std::vector<Id>& ids, const Track& track) {
 
 std::string SelectionText(const GridControl& grid) {
     const SelectedBlock block = BlockOfSelection(grid);
-    const std::string rows =
-        RangeText(block.rows, [&](RowId id) -> const GridRow& { return grid.Row(id); });
+    const std::string rows = RangeText(block.rows, [&](RowId id) -> const GridRow& { return grid.Row(id); });
     const std::string columns =
         RangeText(block.columns, [&](ColumnId id) -> const GridColumn& { return grid.Column(id); });
     if (rows.empty() || columns.empty()) {

@@ -40,7 +40,8 @@ TreeRelationship RelationIn(const HostTable& table, HostTable::Row row, const st
     if (reference.empty() && text && text->empty()) {
         return TreeRelationship::Last;  // a root has nothing to stand beside
     }
-    return static_cast<TreeRelationship>(table.Int16(row, "RELATION"));
+    const bool isNumber = value.GetKind() == Variant::Kind::Int16 || value.GetKind() == Variant::Kind::Empty;
+    return static_cast<TreeRelationship>(isNumber ? value.AsInt16() : table.Int16(row, "RELATION"));
 }
 
 void AddNode(TreeControl& control, const HostTable& table, HostTable::Row row, const std::string& key,
@@ -60,12 +61,12 @@ void AddNodes(TreeControl& control, const HostTable& table, bool roots) {
     const int count = table.RowCount();
     for (int i = 1; i <= count; ++i) {
         const auto row = static_cast<HostTable::Row>(i);
-        const std::string key = table.Text(row, "NODEKEY");
-        if (key.empty()) {
+        const std::string reference = table.Text(row, "NODEREF");
+        if (reference.empty() != roots) {
             continue;
         }
-        const std::string reference = table.Text(row, "NODEREF");
-        if (reference.empty() == roots) {
+        const std::string key = table.Text(row, "NODEKEY");
+        if (!key.empty()) {
             AddNode(control, table, row, key, reference);
         }
     }

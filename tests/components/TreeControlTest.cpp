@@ -1,11 +1,10 @@
-#include "components/TreeControl.h"
-
 #include <functional>
 
 #include <gtest/gtest.h>
 
 #include <planview/AutomationObject.h>
 
+#include "components/TreeControl.h"
 #include "support/TreeText.h"
 
 namespace planview {
@@ -83,14 +82,10 @@ TEST_F(TreeControlTest, EachRelationshipHasItsPlace) {
 TEST_F(TreeControlTest, WhatCannotBeAddedChangesNothing) {
     Fill();
     const std::function<void()> faults[] = {
-        [&] { Add("X", Relation::Child, "N"); },
-        [&] { Add("", Relation::Last, "C"); },
-        [&] { Add("A", Relation::Child, ""); },
-        [&] { Add("A", static_cast<Relation>(5), "N"); },
-        [&] { Add("N", Relation::Child, "N"); },
-        [&] { static_cast<void>(tree.Nodes().Item(0)); },
-        [&] { static_cast<void>(tree.Nodes().Item(6)); },
-        [&] { static_cast<void>(tree.Nodes().Item("N")); },
+        [&] { Add("X", Relation::Child, "N"); },          [&] { Add("", Relation::Last, "C"); },
+        [&] { Add("A", Relation::Child, ""); },           [&] { Add("A", static_cast<Relation>(5), "N"); },
+        [&] { Add("N", Relation::Child, "N"); },          [&] { static_cast<void>(tree.Nodes().Item(0)); },
+        [&] { static_cast<void>(tree.Nodes().Item(6)); }, [&] { static_cast<void>(tree.Nodes().Item("N")); },
     };
     for (const auto& fault : faults) {
         EXPECT_THROW(fault(), AutomationError);

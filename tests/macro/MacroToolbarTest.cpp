@@ -1,6 +1,5 @@
-#include "macro/MacroToolbar.h"
-
 #include "components/GridControl.h"
+#include "macro/MacroToolbar.h"
 #include "macro/MacroTreeFixture.h"
 #include "macro/SelectionText.h"
 

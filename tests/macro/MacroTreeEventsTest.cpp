@@ -87,12 +87,11 @@ TEST_F(MacroTreeEventsTest, ARightPressOpensThePopupALeftOneDoesNot) {
     Tree().UserMouseDown(Node("N1"), 2, 0);
     EXPECT_EQ(watch.edited, "N1");
     EXPECT_EQ(platform.popups.size(), 1U);
-    EXPECT_EQ(Entries(), (Lines{"MACROTREE |  | MouseDown | {mousebutton: 2 - shift: 0}",
-                                "POPUP |  | Update | {menu: MACRO-RECORD}",
-                                "MACROTREE |  | NotRoot | {value: True",
-                                "POPUP |  | Update | {menu: RENAME - checked: False - enabled: True}",
-                                "POPUP | {menu: NodeRename} | Selected | ",
-                                "MACROTREE |  | MouseDown fired | {node: Text N1}"}));
+    EXPECT_EQ(Entries(),
+              (Lines{"MACROTREE |  | MouseDown | {mousebutton: 2 - shift: 0}",
+                     "POPUP |  | Update | {menu: MACRO-RECORD}", "MACROTREE |  | NotRoot | {value: True",
+                     "POPUP |  | Update | {menu: RENAME - checked: False - enabled: True}",
+                     "POPUP | {menu: NodeRename} | Selected | ", "MACROTREE |  | MouseDown fired | {node: Text N1}"}));
     Tree().RemoveWatcher(watch);
     Node("N2").SetSelected(true);
     Tree().UserMenuKey();
@@ -141,7 +140,8 @@ TEST_F(MacroTreeEventsTest, TheHostChoosesTheNodeButNotUnderAPopup) {
 
     AskingPopups popups;
     Platform desktop = platform.Interfaces();
-    const Platform asking{desktop.messageBoxes, desktop.forms, desktop.clipboard, desktop.system, popups};
+    const Platform asking{desktop.messageBoxes, desktop.forms,   desktop.clipboard, desktop.system, popups,
+                          desktop.fileDialogs,  desktop.objects, desktop.progress};
     PlanView other(asking);
     other.PROP_Set_MACRO_TREE(tables.macroTree);
     other.DP_Import_MacroTree();

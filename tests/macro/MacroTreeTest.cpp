@@ -47,12 +47,12 @@ TEST_F(MacroTreeTest, RootsComeFirstThenChildrenInTableOrder) {
     EXPECT_EQ(Shown(), "R(B D C) S");
     EXPECT_TRUE(Node("R").Expanded());
     EXPECT_FALSE(Node("C").Expanded()) << "only X is set";
-    EXPECT_EQ(Entries(), (Lines{"USERCONTROL |  | DP_Import_MacroTree | {}",
-                                "MACROTREE |  | Update | {node: R - text: root}",
-                                "MACROTREE |  | Update | {node: S - text: Text S}",
-                                "MACROTREE |  | Update | {node: C - text: child listed first}",
-                                "MACROTREE |  | Update | {node: B - text: Text B}",
-                                "MACROTREE |  | Update | {node: D - text: Text D}"}));
+    EXPECT_EQ(Entries(),
+              (Lines{"USERCONTROL |  | DP_Import_MacroTree | {}", "MACROTREE |  | Update | {node: R - text: root}",
+                     "MACROTREE |  | Update | {node: S - text: Text S}",
+                     "MACROTREE |  | Update | {node: C - text: child listed first}",
+                     "MACROTREE |  | Update | {node: B - text: Text B}",
+                     "MACROTREE |  | Update | {node: D - text: Text D}"}));
     tables.macroTree->RemoveRow(6);
     Node("B").SetSelected(true);
     control->DP_Import_MacroTree();

@@ -41,7 +41,10 @@ TEST_F(RecordingTest, WritesARowForEachStep) {
              control->RaiseSelected(-2.5);
          },
          {"RAISE COL1:COL6[Jan|Jun] ROW2[Wholesale] -2,5"}},
-        {"selected headings alone", [&] { SelectRows({"ROW2", "ROW3"}); },
+        {"selected headings alone",
+         [&] {
+             SelectRows({"ROW2", "ROW3"});
+         },
          {"MARK [] ROW2:ROW3[Wholesale|Utilities] "}},
         {"a selection that is taken away again is none",
          [&] {

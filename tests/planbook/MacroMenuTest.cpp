@@ -75,6 +75,12 @@ TEST(MacroMenu, ARecordingIsKeptInTheBookAndReplayedOnAnotherLine) {
     window.ExpectSaved();
     window.window.view().undo();
     EXPECT_EQ(window.InFile(2, 1), "10.5");
+
+    for (const char* node : {"RECORDED", "REC1"}) {
+        Q_EMIT window.window.view().GridTreeMacroClick(node, QString());
+        QApplication::processEvents();
+    }
+    EXPECT_EQ(window.InFile(1, 4), "4.84") << "a double click on the recording, and on nothing else, replays it";
 }
 
 TEST(MacroMenu, ANameThatIsTakenIsAskedForAgainAndNoneKeepsNothing) {
@@ -88,8 +94,8 @@ TEST(MacroMenu, ANameThatIsTakenIsAskedForAgainAndNoneKeepsNothing) {
     };
     record({"Plan"});
     record({"Plan", "Other"});
-    EXPECT_EQ(window.questions.failures, (std::vector<std::string>{
-                                             "There is a macro called \"Plan\" already. Take another name."}));
+    EXPECT_EQ(window.questions.failures,
+              (std::vector<std::string>{"There is a macro called \"Plan\" already. Take another name."}));
     window.questions.failures.clear();
     record({});
     std::vector<std::string> names;
@@ -129,8 +135,8 @@ TEST(MacroMenu, EntriesFollowTheRecording) {
     MacroWindow window(MakeSmallBook(folder));
     const auto enabled = [&] {
         std::string text;
-        for (const char* entry : {"Start recording", "Go on recording", "Interrupt recording", "Stop recording",
-                                  "Undo last step"}) {
+        for (const char* entry :
+             {"Start recording", "Go on recording", "Interrupt recording", "Stop recording", "Undo last step"}) {
             const QAction* action = window.Entry({}, entry);
             text += action && action->isEnabled() ? std::string(entry).substr(0, 2) + " " : "";
         }

@@ -326,8 +326,7 @@ private slots:
         QCOMPARE(names, (QStringList{QStringLiteral("Forecast open"), QStringLiteral("Raise line"),
                                      QStringLiteral("Average"), QStringLiteral("Recorded")}));
         for (const ToolbarButtonInfo& info : ToolbarButtons()) {
-            QAccessibleInterface* button =
-                QAccessible::queryAccessibleInterface(screen.toolbar().button(info.button));
+            QAccessibleInterface* button = QAccessible::queryAccessibleInterface(screen.toolbar().button(info.button));
             QVERIFY(!button->text(QAccessible::Name).isEmpty());
         }
     }
@@ -357,10 +356,9 @@ private slots:
     void theToolbarFitsAnyWidth() {
         TreeOnScreen screen;
         ToolbarView& toolbar = screen.toolbar();
-        const QSize sizes[] = {{800, 300}, {800, 600}, {1400, 600}, {2400, 600}};
+        const QSize sizes[] = {{150, 44}, {150, 200}, {400, 44}, {2400, 44}};
         for (const QSize size : sizes) {
-            screen.screen.widget->resize(size);
-            QCoreApplication::processEvents();
+            toolbar.resize(size);
             QRegion covered;
             int shown = 0;
             for (QToolButton* button : toolbar.findChildren<QToolButton*>()) {
@@ -374,7 +372,8 @@ private slots:
             Q_EMIT toolbar.moreButton()->menu()->aboutToShow();
             const int inMenu = static_cast<int>(toolbar.moreButton()->menu()->actions().size());
             QCOMPARE(shown + inMenu, inMenu > 0 ? 15 : 14);
-            QCOMPARE(inMenu > 0, size.width() == 800);
+            QCOMPARE(inMenu > 0, toolbar.moreButton()->isVisible());
+            QCOMPARE(inMenu > 0, size.width() <= 400 && size.height() == 44);
         }
     }
 };

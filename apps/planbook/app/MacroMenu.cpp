@@ -44,6 +44,10 @@ MacroMenu::MacroMenu(QMenu& menu, PlanViewWidget& view, BookSession& session, Qu
     // After the event, so that the view is not built anew while it raises one.
     connect(&view_, &PlanViewWidget::MacroRecordSave, this,
             [this] { QTimer::singleShot(0, this, &MacroMenu::keepRecording); });
+    // A double click on its node in the tree, or Return.
+    connect(&view_, &PlanViewWidget::GridTreeMacroClick, this, [this](const QString& key) {
+        QTimer::singleShot(0, this, [this, key] { runNode(key.toStdString()); });
+    });
     showState();
 }
 
@@ -129,6 +133,18 @@ void MacroMenu::runThere(const MacroEntry& macro, Where where) {
         Q_EMIT ran(toQt(macro.name + ": " + result.message));
     } else if (!result.message.empty()) {
         questions_.tellFailure(QString("\"%1\" was not run.\n\n%2").arg(toQt(macro.name), toQt(result.message)));
+    }
+}
+
+void MacroMenu::runNode(const std::string& key) {
+    if (!session_.isOpen()) {
+        return;
+    }
+    for (const MacroEntry& macro : MacrosOf(session_.book())) {
+        if (macro.key == key) {
+            run(macro);
+            return;
+        }
     }
 }
 

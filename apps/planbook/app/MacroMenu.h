@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <string>
 
 class QAction;
 class QMenu;
@@ -37,6 +38,8 @@ private:
     void showState();
     void keepRecording();
     void run(const MacroEntry& macro);
+    /// The one whose node this is; nothing for any other node.
+    void runNode(const std::string& key);
     void runOnSelectedLine(const MacroEntry& macro);
     void check(const MacroEntry& macro);
     void runThere(const MacroEntry& macro, Where where);

@@ -88,8 +88,8 @@ MacroEntry MacroFor(const MacroRequest& request, const Book& book) {
 void SelectLine(const MacroRequest& request, planview::PlanViewWidget& view, const Book& book) {
     const std::string row = LineKeyOf(book, *request.line);
     if (row.empty()) {
-        Refuse(request, "there is no line, or more than one, called \"" + *request.line + "\". The lines are: " +
-                            ListOf(LineCaptions(book), "none."));
+        Refuse(request, "there is no line, or more than one, called \"" + *request.line +
+                            "\". The lines are: " + ListOf(LineCaptions(book), "none."));
     }
     const MemoryTable& periods = book[BookTable::ColsIndex];
     for (std::int32_t period = 1; period <= periods.RowCount(); ++period) {
@@ -138,8 +138,7 @@ void RunMacro(int& argc, char** argv, const MacroRequest& request) {
     if (request.line) {
         SelectLine(request, view, session.book());
     }
-    const planview::MacroResult result =
-        view.runMacro(QString::fromStdString(macro.key), request.line.has_value());
+    const planview::MacroResult result = view.runMacro(QString::fromStdString(macro.key), request.line.has_value());
     if (result.done) {
         session.saveTables();
     }

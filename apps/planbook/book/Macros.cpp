@@ -12,8 +12,6 @@ namespace {
 
 constexpr const char* MacroType = "M_MAKRO";
 constexpr const char* RecordingType = "M_RECORD";
-/// The key of the folder in books that planbook makes.
-constexpr const char* RecordingsKey = "RECORDED";
 
 }  // namespace
 
@@ -23,8 +21,8 @@ std::vector<MacroEntry> MacrosOf(const Book& book) {
     for (std::int32_t row = 1; row <= tree.RowCount(); ++row) {
         const std::string type = tree.Value(row, "NODETYPE").AsText();
         if (type == MacroType || type == RecordingType) {
-            macros.push_back({tree.Value(row, "NODEKEY").AsText(), tree.Value(row, "NODETEXT").AsText(),
-                              type == RecordingType});
+            macros.push_back(
+                {tree.Value(row, "NODEKEY").AsText(), tree.Value(row, "NODETEXT").AsText(), type == RecordingType});
         }
     }
     return macros;

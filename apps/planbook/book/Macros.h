@@ -8,6 +8,9 @@
 
 namespace planbook {
 
+/// The key of the folder for recordings in books that planbook makes.
+inline constexpr const char* RecordingsKey = "RECORDED";
+
 /// A macro or recording of a book.
 struct MacroEntry {
     std::string key;   ///< `NODEKEY`

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "book/HostCommands.h"
+#include "import/MacroRows.h"
 #include "import/Periods.h"
 
 namespace planbook {
@@ -481,75 +482,11 @@ private:
     }
 
     void AddMacros() {
-        constexpr std::int32_t Last = 1;
-        constexpr std::int32_t Child = 4;
-        const auto add = [&](const char* key, const char* parent, std::int32_t relation, const char* text) {
-            NewRow(book_[BookTable::MacroTree])
-                .Put("NODEKEY", key)
-                .Put("NODEREF", parent)
-                .Put("RELATION", relation)
-                .Put("NODETEXT", text)
-                .Put("IMAGE", "macro-folder")
-                .Put("IMAGE_SEL", "")
-                .Put("EXPANDED", Set);
-        };
-        add("MACROS", "", Last, "Macros");
-        int number = 0;
-        for (const MacroText& macro : names_.macros) {
-            AddMacro("MACRO" + std::to_string(++number), macro);
+        MacroPlaces places{{}, source_.periods, axis_.captions};
+        for (const PlannedLine& line : lines_) {
+            places.lines.push_back(line.name);
         }
-        add("RECORDED", "MACROS", Child, "Recorded");
-    }
-
-    void AddMacro(const std::string& key, const MacroText& macro) {
-        AddNode(key, "MACROS", "M_MAKRO", macro.name, {}, {});
-        int number = 0;
-        if (!macro.from.empty()) {
-            const std::size_t first = PlaceOf(macro.from, 0);
-            const std::size_t last = PlaceOf(macro.to, first);
-            AddNode(key + "_" + std::to_string(++number), key, "M_ATTRIBUTE",
-                    "Periods " + axis_.captions[first] + " to " + axis_.captions[last],
-                    "PERIODS=COL" + std::to_string(first + 1) + ":COL" + std::to_string(last + 1),
-                    axis_.captions[first] + "|" + axis_.captions[last]);
-        }
-        AddExpression(macro.target, key, key, number);
-    }
-
-    /// `number` counts the nodes of the macro.
-    void AddExpression(const MacroTextNode& node, const std::string& macro, const std::string& parent, int& number) {
-        const std::string key = macro + "_" + std::to_string(++number);
-        std::string text = node.value;
-        std::string value = node.value;
-        std::string caption;
-        if (node.type == "M_TABLINE") {
-            const auto line = std::find_if(lines_.begin(), lines_.end(),
-                                           [&](const PlannedLine& each) { return each.name.column == node.value; });
-            const bool selected = line == lines_.end();
-            caption = selected ? "" : line->name.label;
-            text = selected ? "Selected line" : caption;
-            value = selected ? "SELECTED" : "ROW" + std::to_string(line - lines_.begin() + 1);
-        }
-        AddNode(key, parent, node.type, text, value, caption);
-        for (const MacroTextNode& child : node.children) {
-            AddExpression(child, macro, key, number);
-        }
-    }
-
-    void AddNode(const std::string& key, const std::string& parent, const std::string& type, const std::string& text,
-                 const std::string& value, const std::string& caption) {
-        constexpr std::int32_t Child = 4;
-        NewRow(book_[BookTable::MacroTree])
-            .Put("NODEKEY", key)
-            .Put("NODEREF", parent)
-            .Put("RELATION", Child)
-            .Put("NODETEXT", text)
-            .Put("IMAGE", type)
-            .Put("IMAGE_SEL", type)
-            .Put("EXPANDED", "")
-            .Put("NODETYPE", type)
-            .Put("NODEVALUE", value)
-            .Put("NODENAME", caption)
-            .Put("INACTIVE", "");
+        AddMacroRows(book_[BookTable::MacroTree], names_.macros, places);
     }
 
     void AddMenus() {

@@ -11,8 +11,7 @@ namespace planbook {
 namespace {
 
 constexpr std::string_view Selected = "SELECTED";
-constexpr std::array<std::string_view, 8> Functions = {"SUM",  "MIN",   "MAX", "AVERAGE",
-                                                       "COPY", "SHIFT", "ABS", "ROUND"};
+constexpr std::array<std::string_view, 8> Functions = {"SUM", "MIN", "MAX", "AVERAGE", "COPY", "SHIFT", "ABS", "ROUND"};
 constexpr std::string_view Operators = "+-*/";
 constexpr int Deepest = 20;
 
@@ -109,7 +108,8 @@ private:
         if (IsDigit(c) || c == '-') {
             return ReadNumber();
         }
-        const auto end = static_cast<std::size_t>(std::find_if_not(rest_.begin(), rest_.end(), IsLetter) - rest_.begin());
+        const auto end =
+            static_cast<std::size_t>(std::find_if_not(rest_.begin(), rest_.end(), IsLetter) - rest_.begin());
         const std::string_view word = rest_.substr(0, end);
         if (word == Selected) {
             rest_.remove_prefix(end);
@@ -205,8 +205,9 @@ MacroText ReadMacroText(const std::string& name, std::string_view text, int line
     const std::string_view target = Trimmed(text.substr(0, equals));
     const bool isLine = target.size() > 2 && target.front() == '[' && target.back() == ']';
     if (equals == std::string_view::npos || (target != Selected && !isLine)) {
-        faults.Add(line, 0, "a macro is: name = target = value | from : to; a target is SELECTED or a line in square "
-                            "brackets");
+        faults.Add(line, 0,
+                   "a macro is: name = target = value | from : to; a target is SELECTED or a line in square "
+                   "brackets");
         return macro;
     }
     macro.target = LineNode(isLine ? Trimmed(target.substr(1, target.size() - 2)) : std::string_view());

@@ -21,7 +21,7 @@ struct MacroText {
     MacroTextNode target;  ///< its children are the expression
     std::string from;      ///< the first and the last period, as in the source; empty: all
     std::string to;
-    int line = 0;          ///< of the names file, for messages
+    int line = 0;  ///< of the names file, for messages
 };
 
 /// Reads "target = expression | from : to". A target is SELECTED or a line of the source in square brackets; an

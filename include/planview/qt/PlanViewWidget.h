@@ -206,6 +206,7 @@ public:
     [[nodiscard]] Q_INVOKABLE bool chartShown() const;
     /// Shows or hides the macro tree pane; needs layout mode.
     Q_INVOKABLE void switchMacroTree();
+    /// Whether the macro tree pane belongs to the view.
     [[nodiscard]] Q_INVOKABLE bool macroTreeShown() const;
     /// @{
     /// Puts exactly the columns (rows) whose headings are selected into the chart.
@@ -255,6 +256,7 @@ public:
     // --- Macros; what each does stands at the control's method of the same name
 
     /// @{
+    /// The command or state of PlanView with this name.
     Q_INVOKABLE void startRecording();
     Q_INVOKABLE void pauseRecording();
     Q_INVOKABLE void stopRecording();

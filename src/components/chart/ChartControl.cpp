@@ -76,7 +76,7 @@ void ChartControl::UserPressed(std::int16_t button, std::int16_t shift, const Ch
 
 void ChartControl::UserSelected(const ChartHit& hit) {
     const std::shared_ptr<ChartModel> model = model_;
-    if (!model->state.allowSelect) {
+    if (!model->state.allowSelect || hit.series > model->state.SeriesCount()) {
         return;
     }
     model->selected = hit;

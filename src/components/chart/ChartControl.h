@@ -84,7 +84,8 @@ public:
     // --- What the user does in a view -------------------------------------------------------------------------------
 
     void UserPressed(std::int16_t button, std::int16_t shift, const ChartHit& hit);
-    /// Selects what was hit and tells the listener; nothing while "AllowSelect" is off.
+    /// Selects what was hit and tells the listener; nothing while "AllowSelect" is off, nor of a series that has gone
+    /// meanwhile.
     void UserSelected(const ChartHit& hit);
     [[nodiscard]] bool UserMayChange(int series, int category);
     void UserChangedPoint(int series, int category, double value);

@@ -119,6 +119,11 @@ QListView { background: %base; color: %text; border: none; border-top: 1px solid
 QMenu { background: %base; color: %text; border: 1px solid %edge; padding: 4px; }
 QMenu::item { padding: 4px 18px 4px 12px; border-radius: 4px; }
 QMenu::item:selected { background: %tint; }
+QScrollBar:vertical { background: transparent; width: 10px; margin: 0px; }
+QScrollBar::handle:vertical { background: %edge; border-radius: 3px; min-height: 20px; margin: 2px; }
+QScrollBar::handle:vertical:hover { background: %muted; }
+QScrollBar::add-line, QScrollBar::sub-line, QScrollBar::add-page, QScrollBar::sub-page { background: transparent;
+    height: 0px; }
 QLabel#EditorMessage { color: %muted; padding: 6px 8px; border-top: 1px solid %line; }
 QLabel#EditorMessage[problem="true"] { color: %negative; }
 QToolTip { background: %heading; color: %text; border: 1px solid %edge; }

@@ -148,7 +148,7 @@ void OperandPane::addKeys(QGridLayout& layout) {
         key->setObjectName(QLatin1String("cmdOpe ") + text);
         key->setProperty("digit", isDigit(text));
         ++place;
-        if (text == QLatin1String(Return)) {
+        if (text == QString::fromUtf8(Return)) {
             connect(key, &QToolButton::clicked, this,
                     [this] { act([](MacroEditor& target) { target.NextStatement(); }); });
         } else if (isDigit(text) || text == QString::fromUtf8(Erase)) {

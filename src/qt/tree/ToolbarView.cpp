@@ -25,23 +25,29 @@ constexpr double MostScale = 1.5;
 constexpr auto SelectionIcon = "macro-selection";
 constexpr auto SelectionFormat = "application/x-planview-selection";
 
+/// The place among the buttons; the selection's stands first, so that it can always be dragged.
+constexpr std::size_t placeOf(ToolbarButton button) {
+    return static_cast<std::size_t>(button) + 1;
+}
+
 /// Whether a gap stands before the button.
-bool beginsGroup(std::size_t number) {
-    return number == static_cast<std::size_t>(ToolbarButton::TabLine) ||
-           number == static_cast<std::size_t>(ToolbarButton::Operator) ||
-           number == static_cast<std::size_t>(ToolbarButton::MakLine) ||
-           number == static_cast<std::size_t>(ToolbarButton::Attribute) || number == ToolbarButtonCount;
+bool beginsGroup(std::size_t place) {
+    constexpr ToolbarButton Firsts[] = {ToolbarButton::CondString, ToolbarButton::TabLine, ToolbarButton::Operator,
+                                        ToolbarButton::MakLine, ToolbarButton::Attribute};
+    return std::any_of(std::begin(Firsts), std::end(Firsts),
+                       [place](ToolbarButton first) { return placeOf(first) == place; });
 }
 
 QString styleSheetFor(const GridTheme& theme) {
     const auto name = [](QRgb color) { return QColor(color).name(); };
-    return QStringLiteral("QToolButton { background: %1; border: 1px solid %2; border-radius: 5px; padding: 0px; }"
-                          "QToolButton:hover, QToolButton:checked { background: %3; border-color: %4; }"
-                          "QToolButton:pressed { background: %5; }"
-                          "QToolButton:focus { border: 2px solid %4; }"
-                          "QToolButton:disabled { background: transparent; border-color: %2; }"
-                          "QToolButton::menu-indicator { image: none; }"
-                          "QToolTip { background: %5; color: %6; border: 1px solid %2; }")
+    return QStringLiteral(
+               "QToolButton { background: %1; border: 1px solid %2; border-radius: 5px; padding: 0px; }"
+               "QToolButton:hover, QToolButton:checked { background: %3; border-color: %4; }"
+               "QToolButton:pressed { background: %5; }"
+               "QToolButton:focus { border: 2px solid %4; }"
+               "QToolButton:disabled { background: transparent; border-color: %2; }"
+               "QToolButton::menu-indicator { image: none; }"
+               "QToolTip { background: %5; color: %6; border: 1px solid %2; }")
         .arg(name(theme.base), name(theme.line), name(theme.accentTint), name(theme.accent), name(theme.heading),
              name(theme.text));
 }
@@ -99,11 +105,7 @@ private:
 
 ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::function<std::string()> selection,
                          std::shared_ptr<void> owner, QWidget* parent)
-    : QWidget(parent),
-      toolbar_(toolbar),
-      bitmaps_(bitmaps),
-      owner_(std::move(owner)),
-      more_(new QToolButton(this)) {
+    : QWidget(parent), toolbar_(toolbar), bitmaps_(bitmaps), owner_(std::move(owner)), more_(new QToolButton(this)) {
     setAccessibleName(tr("Macro elements"));
     for (const ToolbarButtonInfo& info : ToolbarButtons()) {
         auto* button = new QToolButton(this);
@@ -122,7 +124,7 @@ ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::funct
     drag->setObjectName(QLatin1String("SELECTION"));
     drag->setToolTip(tr("Drag what is selected in the grid into the macro"));
     drag->setAccessibleName(drag->toolTip());
-    buttons_.push_back(drag);
+    buttons_.insert(buttons_.begin(), drag);
     more_->setObjectName(QLatin1String("MORE"));
     more_->setText(QStringLiteral("\u22ef"));
     more_->setToolTip(tr("More macro elements"));
@@ -144,11 +146,11 @@ ToolbarView::~ToolbarView() {
 }
 
 QToolButton* ToolbarView::button(ToolbarButton which) const {
-    return buttons_[static_cast<std::size_t>(which)];
+    return buttons_[placeOf(which)];
 }
 
 QToolButton* ToolbarView::selectionButton() const {
-    return buttons_.back();
+    return buttons_.front();
 }
 
 void ToolbarView::ToolbarChanged() {
@@ -180,7 +182,7 @@ void ToolbarView::showIcons() {
     const int side = scaled(BitmapPixels);
     const qreal ratio = devicePixelRatioF();
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
-        const std::string name(i < ToolbarButtonCount ? ToolbarButtons()[i].icon : std::string_view(SelectionIcon));
+        const std::string name(i == 0 ? std::string_view(SelectionIcon) : ToolbarButtons()[i - 1].icon);
         QPixmap picture = bitmaps_.pixmap(name, qRound(side * ratio), *theme_);
         picture.setDevicePixelRatio(ratio);
         QPixmap faint(picture.size());

@@ -21,7 +21,8 @@ class ToolbarView final : public QWidget, private ToolbarWatcher {
     Q_OBJECT
 
 public:
-    /// `selection` answers the grid's selection as text. `owner` keeps the toolbar alive while the view handles an input.
+    /// `selection` answers the grid's selection as text. `owner` keeps the toolbar alive while the view handles an
+    /// input.
     ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::function<std::string()> selection,
                 std::shared_ptr<void> owner = nullptr, QWidget* parent = nullptr);
     ~ToolbarView() override;
@@ -59,7 +60,7 @@ private:
     std::shared_ptr<void> owner_;
     const GridTheme* theme_ = &GridTheme::light();
     double scale_ = 1.0;
-    std::vector<QToolButton*> buttons_;  // children, as ToolbarButton; the last one is the selection's
+    std::vector<QToolButton*> buttons_;  // children: the selection's, then as ToolbarButton
     QToolButton* more_;                  // a child
 };
 

@@ -12,8 +12,7 @@ class TreePane final : public QWidget {
     Q_OBJECT
 
 public:
-    TreePane(TreeControl& tree, GridBitmaps& bitmaps, std::shared_ptr<void> owner = nullptr,
-             QWidget* parent = nullptr);
+    TreePane(TreeControl& tree, GridBitmaps& bitmaps, std::shared_ptr<void> owner = nullptr, QWidget* parent = nullptr);
 
     [[nodiscard]] TreeView& view() const { return *view_; }
 

@@ -143,6 +143,23 @@ TreeNode TreeView::nodeUnder(QPoint point) const {
     return model_.nodeAt(indexAt(point));
 }
 
+/// The base looks at the one column only, which begins far left of a node that stands deep.
+void TreeView::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    QScrollBar& sideways = *horizontalScrollBar();
+    const int scrolled = sideways.value();
+    QTreeView::scrollTo(index, hint);
+    sideways.setValue(scrolled);
+    const TreeNode node = model_.nodeAt(index);
+    if (!node) {
+        return;
+    }
+    const int left = painter_.textLeft(TreeModel::levelOf(node), false) - indentation();
+    const int right = painter_.textLeft(TreeModel::levelOf(node), true) + LeastText;
+    if (left < scrolled || right > scrolled + viewport()->width()) {
+        sideways.setValue(right <= viewport()->width() ? 0 : left);
+    }
+}
+
 QRect TreeView::nodeRect(TreeNode node) const {
     return visualRect(model_.indexOf(node)) & viewport()->rect();
 }
@@ -186,6 +203,8 @@ void TreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, co
 }
 
 void TreeView::paintEvent(QPaintEvent* event) {
+    // A host's style sheet takes the palette away.
+    QPainter(viewport()).fillRect(event->rect(), QColor(painter_.theme().panel));
     QTreeView::paintEvent(event);
     if (drop_) {
         QPainter painter(viewport());

@@ -11,8 +11,8 @@
 
 namespace planview {
 
-/// Shows a TreeControl and hands it what the user does. What is open and what is selected is the TreeControl's; the view
-/// follows it.
+/// Shows a TreeControl and hands it what the user does. What is open and what is selected is the TreeControl's; the
+/// view follows it.
 ///
 /// The host may delete the view, or change the tree, from inside an event that an input raised; therefore every handler
 /// looks whether the view is still there after the tree has been told, and what a standard item view does by itself is
@@ -23,8 +23,7 @@ class TreeView final : public QTreeView {
 public:
     /// `owner` keeps the tree alive while the view handles an input; it may be null where the tree outlives the view
     /// anyway.
-    TreeView(TreeControl& tree, GridBitmaps& bitmaps, std::shared_ptr<void> owner = nullptr,
-             QWidget* parent = nullptr);
+    TreeView(TreeControl& tree, GridBitmaps& bitmaps, std::shared_ptr<void> owner = nullptr, QWidget* parent = nullptr);
     ~TreeView() override;
 
     [[nodiscard]] TreeControl& tree() const { return tree_; }
@@ -43,6 +42,7 @@ public:
     [[nodiscard]] QRect chevronRect(TreeNode node) const;
 
     void reset() override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
     /// The node that the user is dragging; null while none is.
     void beginDrag(TreeNode node) { dragged_ = node; }

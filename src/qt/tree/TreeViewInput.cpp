@@ -220,7 +220,8 @@ void TreeDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewI
 void TreeView::labelEntered(const QString& text) {
     label_ = text;
     // Later: the host may do anything to the view when it hears of the new text, and the editor is just closing.
-    QMetaObject::invokeMethod(this, [this] { finishLabel(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { finishLabel(); }, Qt::QueuedConnection);
 }
 
 void TreeView::finishLabel() {
