@@ -38,7 +38,7 @@ if(BUILD_SHARED_LIBS)
     SUMMARY "planning table for applications: shared libraries")
 endif()
 planview_debian_package(COMPONENT development NAME libplanview-dev SECTION libdevel
-  DEPENDS "${sameLibraries}" RECOMMENDS "qt6-base-dev, qt6-svg-dev"
+  DEPENDS "${sameLibraries}" RECOMMENDS "qt6-base-dev, qt6-svg-dev, libxlsxwriter-dev, libzip-dev, libexpat1-dev"
   SUMMARY "planning table for applications: headers and libraries to build with")
 if(TARGET planbook)
   # The driver of SQLite is a plug-in, which nothing is linked to.

@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTreeView>
 #include <QtTest>
 #include <memory>
@@ -95,6 +96,16 @@ private Q_SLOTS:
             QVERIFY(button(dialog, "Apply 4 changes").isEnabled());
         });
         QVERIFY2(!applied, "closed by the frame");
+    }
+
+    void aLongNoteIsSeenWhole() {
+        preview_.notes = {
+            "Row 17 is called \"Margin\" where the table has the line \"Information\"; its values are left "
+            "alone. Give it its old name to have them read."};
+        show([&](QDialog& dialog) {
+            const QScrollBar& scroll = *only<QPlainTextEdit>(dialog).verticalScrollBar();
+            QCOMPARE(scroll.maximum(), scroll.minimum());
+        });
     }
 
     void ticksDecideWhatIsApplied() {

@@ -111,8 +111,12 @@ void UploadDialog::buildHead(QVBoxLayout& layout) {
     text->setReadOnly(true);
     text->setTabChangesFocus(true);
     text->setAccessibleName(tr("What does not match"));
-    const int shown = std::min(static_cast<int>(lines.size()), NoteLines);
-    text->setFixedHeight(shown * text->fontMetrics().lineSpacing() + 2 * PartSpace);
+    text->ensurePolished();
+    const QFontMetrics metrics = text->fontMetrics();
+    const QRect room(0, 0, width() - 2 * EdgeSpace - PartSpace - 2 * qRound(text->document()->documentMargin()),
+                     NoteLines * metrics.lineSpacing());
+    const int wanted = metrics.boundingRect(room, Qt::TextWordWrap, text->toPlainText()).height();
+    text->setFixedHeight(std::min(wanted, room.height()) + 2 * PartSpace);
     layout.addWidget(text);
 }
 
