@@ -111,9 +111,10 @@ void UploadDialog::buildHead(QVBoxLayout& layout) {
     text->setReadOnly(true);
     text->setTabChangesFocus(true);
     text->setAccessibleName(tr("What does not match"));
+    // Less than there is: a text that only just fits must not call for a scroll bar, which would take its room.
     text->ensurePolished();
     const QFontMetrics metrics = text->fontMetrics();
-    const QRect room(0, 0, width() - 2 * EdgeSpace - PartSpace - 2 * qRound(text->document()->documentMargin()),
+    const QRect room(0, 0, width() - 2 * EdgeSpace - 2 * PartSpace - 2 * qRound(text->document()->documentMargin()),
                      NoteLines * metrics.lineSpacing());
     const int wanted = metrics.boundingRect(room, Qt::TextWordWrap, text->toPlainText()).height();
     text->setFixedHeight(std::min(wanted, room.height()) + 2 * PartSpace);
