@@ -254,8 +254,7 @@ void SheetReader::ReadCell(const Track<ColumnId>& column, const Track<RowId>& li
         change.refusal =
             "This formula was never calculated. Open the workbook in a spreadsheet application and save it.";
     } else if (refusal == Refusal::NoNumber && IsDateOrTime(entry.text)) {
-        change.refusal =
-            "The workbook has a date or a time here. Give the cell a number format there and enter a number.";
+        change.refusal = "This is a date or a time. Give the cell a number format in the workbook and enter a number.";
     } else if (refusal == Refusal::None && entry.IsEmpty() && cells_.IsMerged()) {
         change.refusal = "The cell is merged with others in the workbook. Unmerge them there.";
     }
