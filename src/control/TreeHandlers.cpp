@@ -197,6 +197,9 @@ void TreeHandlers::NodeClick(const std::string& key, bool again) {
                                   : command == "MacroAdd"  ? DropAction::NewAfter
                                                            : DropAction::NewBelow;
         if (!command.empty()) {
+            context_.macroEditor.SetSpot(action == DropAction::NewBefore  ? MacroSpot::Before
+                                         : action == DropAction::NewAfter ? MacroSpot::After
+                                                                          : MacroSpot::Inside);
             const std::string_view type = action == DropAction::NewBelow ? CreateType : InsertType;
             RaiseDropped(key, std::string(type), static_cast<std::int16_t>(action));
         }

@@ -42,6 +42,8 @@ public:
     [[nodiscard]] std::optional<QString> askName(const QString& /*text*/, const QString& /*suggested*/) override {
         return std::nullopt;
     }
+    [[nodiscard]] OfRecording whatOfRecording(int /*steps*/) override { return OfRecording::GoOn; }
+    [[nodiscard]] bool mayDiscardRecording(int /*steps*/) override { return false; }
 
     std::string failure;
 };

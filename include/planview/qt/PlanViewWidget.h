@@ -348,6 +348,8 @@ protected:
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     /// @}
+    /// Undo and redo, from every pane that has no use for these keys itself.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     struct State;
