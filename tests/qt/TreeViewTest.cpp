@@ -4,6 +4,7 @@
 #include <QMimeData>
 #include <QScrollBar>
 
+#include "macro/MacroEditor.h"
 #include "qt/TreeOnScreen.h"
 #include "qt/WhenShown.h"
 

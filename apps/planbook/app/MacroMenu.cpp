@@ -52,6 +52,14 @@ MacroMenu::MacroMenu(QMenu& menu, PlanViewWidget& view, BookSession& session, Qu
     connect(&view_, &PlanViewWidget::GridTreeMacroClick, this, [this](const QString& key) {
         QTimer::singleShot(0, this, [this, key] { runNode(key.toStdString()); });
     });
+    connect(&view_, &PlanViewWidget::MacroTreeNodeDropped, this,
+            [this](const QString& target, const QString& moved, short action) {
+                QTimer::singleShot(0, this, [=, this] {
+                    if (session_.isOpen() && !session_.isReadOnly()) {
+                        view_.moveMacroNode(moved, target, action);
+                    }
+                });
+            });
     showState();
 }
 
