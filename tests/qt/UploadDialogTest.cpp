@@ -3,7 +3,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QTreeView>
 #include <QtTest>
 #include <memory>
@@ -98,16 +97,6 @@ private Q_SLOTS:
         QVERIFY2(!applied, "closed by the frame");
     }
 
-    void aLongNoteIsSeenWhole() {
-        preview_.notes = {
-            "Row 17 is called \"Margin\" where the table has the line \"Information\"; its values are left "
-            "alone. Give it its old name to have them read."};
-        show([&](QDialog& dialog) {
-            const QScrollBar& scroll = *only<QPlainTextEdit>(dialog).verticalScrollBar();
-            QCOMPARE(scroll.maximum(), scroll.minimum());
-        });
-    }
-
     void ticksDecideWhatIsApplied() {
         const bool applied = show([&](QDialog& dialog) {
             auto& list = only<QTreeView>(dialog);
@@ -128,6 +117,30 @@ private Q_SLOTS:
             taken << change.taken;
         }
         QCOMPARE(taken, (QList<bool>{false, false, true, false, false, false}));
+    }
+
+    void theSpaceBarTicksAllThatAreSelected() {
+        show([&](QDialog& dialog) {
+            auto& list = only<QTreeView>(dialog);
+            list.selectAll();
+            QTest::keyClick(&list, Qt::Key_Space);
+            QVERIFY2(!button(dialog, "Apply 0 changes").isEnabled(), "a refused one above them does not count");
+            list.setCurrentIndex(list.model()->index(1, UploadModel::Line));
+            QTest::keyClick(&list, Qt::Key_Space);
+            list.selectAll();
+            QTest::keyClick(&list, Qt::Key_Space);
+            QVERIFY(button(dialog, "Apply 4 changes").isEnabled());
+        });
+    }
+
+    void longNamesAndNotesFitTheWindow() {
+        preview_.file = "/plans/" + std::string(250, 'x') + ".xlsx";
+        preview_.notes.assign(2, std::string(400, 'y') + std::string(20, ' ') + std::string(100, 'z'));
+        show([&](QDialog& dialog) {
+            QVERIFY(dialog.minimumSizeHint().width() < 900);
+            const auto& notes = only<QPlainTextEdit>(dialog);
+            QVERIFY(notes.height() >= 4 * notes.fontMetrics().lineSpacing());
+        });
     }
 
     void theFilterFindsWordsAndKinds() {
