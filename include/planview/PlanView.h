@@ -293,6 +293,10 @@ public:
     MacroResult RunMacro(const std::string& nodeKey, bool onSelectedLine = false);
     /// Says what would keep the macro from running, each problem on a line of its own; `done` where nothing would.
     MacroResult CheckMacro(const std::string& nodeKey);
+    /// Moves a MACRO_TREE node, with all below it, as `MacroTreeNodeDropped` reports it: `action` 4 before, 5 after, 6 as
+    /// the last one below the target. What does not go there is not moved; the macro editor says why. The host hears of
+    /// the change by `MacroTreeExpand`.
+    void MoveMacroNode(const std::string& nodeKey, const std::string& target, std::int16_t action);
 
     // --- Late binding -----------------------------------------------------------------------------------------------
 

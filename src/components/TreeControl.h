@@ -43,6 +43,11 @@ public:
     [[nodiscard]] const std::string& Image() const;
     [[nodiscard]] const std::string& SelectedImage() const;
 
+    /// Shown faint and struck through, with all that stands below it: it is left out.
+    [[nodiscard]] bool LeftOut() const;
+    /// Belongs to the making of the node: views that show it already are not told.
+    void SetLeftOut(bool leftOut) const;
+
     /// A node keeps whether it is open while it has no children.
     [[nodiscard]] bool Expanded() const;
     void SetExpanded(bool expanded) const;
@@ -165,6 +170,7 @@ private:
         std::int32_t next = None;
         std::int32_t level = 0;
         bool expanded = false;
+        bool leftOut = false;
     };
 
     [[nodiscard]] const Record& At(std::int32_t id) const noexcept { return records_[static_cast<std::size_t>(id)]; }

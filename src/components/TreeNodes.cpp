@@ -65,6 +65,14 @@ const std::string& TreeNode::SelectedImage() const {
     return Tree().At(id_).selectedImage;
 }
 
+bool TreeNode::LeftOut() const {
+    return Tree().At(id_).leftOut;
+}
+
+void TreeNode::SetLeftOut(bool leftOut) const {
+    Tree().At(id_).leftOut = leftOut;
+}
+
 bool TreeNode::Expanded() const {
     return Tree().At(id_).expanded;
 }

@@ -1,6 +1,7 @@
 #include "control/MacroCommands.h"
 
 #include "control/Guarded.h"
+#include "control/TreeHandlers.h"
 #include "macro/MacroRun.h"
 
 namespace planview {
@@ -71,6 +72,24 @@ MacroResult PlanView::CheckMacro(const std::string& nodeKey) {
         result.message = result.done ? "no problem was found." : JoinedTexts(problems);
     });
     return result;
+}
+
+void PlanView::MoveMacroNode(const std::string& nodeKey, const std::string& target, std::int16_t action) {
+    Guarded(state_, MacroLabel, "MoveMacroNode", [&](ControlContext& context) {
+        switch (static_cast<DropAction>(action)) {
+            case DropAction::MovedBefore:
+                context.macroEditor.MoveTo(nodeKey, target, TreeDrop::Before);
+                break;
+            case DropAction::MovedAfter:
+                context.macroEditor.MoveTo(nodeKey, target, TreeDrop::After);
+                break;
+            case DropAction::MovedBelow:
+                context.macroEditor.MoveTo(nodeKey, target, TreeDrop::Below);
+                break;
+            default:
+                break;  // a new node: the host's own
+        }
+    });
 }
 
 MacroEditor& PlanView::Editor() noexcept {

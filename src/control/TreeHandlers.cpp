@@ -25,14 +25,6 @@ constexpr std::string_view CommandState = "TRE";
 /// What `MacroTreeNodeDropped` says of a new node: beside the clicked one, or below it.
 constexpr std::string_view InsertType = "INSERT";
 constexpr std::string_view CreateType = "CREATE";
-enum class DropAction : std::int16_t {
-    NewBefore = 1,
-    NewAfter = 2,
-    NewBelow = 3,
-    MovedBefore = 4,  // the type is the key of the moved node from here on
-    MovedAfter = 5,
-    MovedBelow = 6
-};
 
 void TraceNode(std::string_view method, const std::string& text) {
     if (TraceEnabled) {
@@ -197,6 +189,9 @@ void TreeHandlers::NodeClick(const std::string& key, bool again) {
                                   : command == "MacroAdd"  ? DropAction::NewAfter
                                                            : DropAction::NewBelow;
         if (!command.empty()) {
+            context_.macroEditor.SetSpot(action == DropAction::NewBefore  ? MacroSpot::Before
+                                         : action == DropAction::NewAfter ? MacroSpot::After
+                                                                          : MacroSpot::Inside);
             const std::string_view type = action == DropAction::NewBelow ? CreateType : InsertType;
             RaiseDropped(key, std::string(type), static_cast<std::int16_t>(action));
         }

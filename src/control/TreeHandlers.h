@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,16 @@
 namespace planview {
 
 struct ControlContext;
+
+/// The third argument of `MacroTreeNodeDropped`.
+enum class DropAction : std::int16_t {
+    NewBefore = 1,
+    NewAfter = 2,
+    NewBelow = 3,
+    MovedBefore = 4,  // the type is the key of the moved node from here on
+    MovedAfter = 5,
+    MovedBelow = 6
+};
 
 /// Hears what the user does in the macro tree and carries it out, each under an error trap.
 ///

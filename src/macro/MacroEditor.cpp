@@ -440,6 +440,42 @@ void MacroEditor::Move(bool up) {
     });
 }
 
+void MacroEditor::MoveTo(const std::string& key, const std::string& target, TreeDrop place) {
+    Operate("MoveTo", [&] {
+        const HostTable hostTable = parts_.tables.MACRO_TREE;
+        const TreeNode beside = parts_.tree.Nodes().Item(target);
+        const TreeNode parent = place == TreeDrop::Below ? beside : beside.Parent();
+        const auto typeOf = [&](std::string_view nodeKey) {
+            const HostTable::Row row = hostTable.FindRow("NODEKEY", nodeKey);
+            return row == 0 ? MacroNodeType::Folder : MacroNodeTypeOf(hostTable.Text(row, "NODETYPE"));
+        };
+        const MacroNodeType type = typeOf(key);
+        const MacroNodeType holder = parent ? typeOf(parent.Key()) : MacroNodeType::Folder;
+        if (type == MacroNodeType::Folder || type == MacroNodeType::Macro || type == MacroNodeType::Recording) {
+            if (holder != MacroNodeType::Folder) {
+                Say("Folders, macros and recordings stand in a folder, not in another macro.");
+                return;
+            }
+        } else if (type == MacroNodeType::Step) {
+            if (holder != MacroNodeType::Recording) {
+                Say("A recorded step stands in a recording.");
+                return;
+            }
+        } else if (holder == MacroNodeType::Folder || holder == MacroNodeType::Recording ||
+                   holder == MacroNodeType::Step) {
+            Say("An element stands in a macro.");
+            return;
+        }
+        isWorking_ = true;
+        if (!MacroTable(parts_.tree, hostTable).MoveTo(key, target, place)) {
+            Say("A node cannot be moved into itself.");
+            return;
+        }
+        Built(key);
+        Announce();
+    });
+}
+
 void MacroEditor::Delete() {
     Operate("Delete", [&] {
         const int current = Current();

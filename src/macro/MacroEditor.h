@@ -119,6 +119,8 @@ public:
     /// What Rename() begins with.
     [[nodiscard]] std::string NameToEdit() const;
     void Move(bool up);
+    /// Moves any node of the tree beside or below another one, where the kinds of both go together.
+    void MoveTo(const std::string& key, const std::string& target, TreeDrop place);
     void Delete();
     /// Takes the element out of the macro, or in again.
     void ToggleActive();

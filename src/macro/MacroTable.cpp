@@ -117,17 +117,20 @@ void MacroTable::Delete(std::string_view key) {
         ReleaseRoots(key);
     }
     for (int i = 0; i < below.Count(); ++i) {
-        const HostTable::Row row = below.At(i).row;
-        if (row == 0) {
-            continue;
-        }
-        table_.Put(row, "NODEKEY", "");
-        table_.Put(row, "NODEREF", "");
-        for (const std::string_view field : TextFields) {
-            table_.Put(row, field, "");
+        if (const HostTable::Row row = below.At(i).row; row != 0) {
+            Empty(row);
         }
     }
     rows_ = MacroRows(table_);
+}
+
+/// A row without a key is no node.
+void MacroTable::Empty(HostTable::Row row) {
+    table_.Put(row, "NODEKEY", "");
+    table_.Put(row, "NODEREF", "");
+    for (const std::string_view field : TextFields) {
+        table_.Put(row, field, "");
+    }
 }
 
 /// What stands beside this root by its key stands beside another one, or alone.
@@ -158,6 +161,64 @@ bool MacroTable::Move(std::string_view key, bool up) {
     Keys order = ChildrenOf(parent);
     std::iter_swap(std::find(order.begin(), order.end(), key), std::find(order.begin(), order.end(), other.Key()));
     Arrange(parent.Key(), order);
+    return true;
+}
+
+/// Gives the nodes rows behind this one, in the order in which they are built, unless theirs are already.
+void MacroTable::PutBehind(HostTable::Row row, const MacroOutline& moved) {
+    std::map<int, HostTable::Row> byOrder;
+    for (int i = 0; i < moved.Count(); ++i) {
+        if (const HostTable::Row old = moved.At(i).row; old != 0) {
+            byOrder.emplace(BuildOrder(old), old);
+        }
+    }
+    if (byOrder.empty() || byOrder.begin()->first > row) {
+        return;
+    }
+    for (const auto& [order, old] : byOrder) {
+        const HostTable::Row fresh = table_.AddRow();
+        for (const std::string_view field : TextFields) {
+            table_.Put(fresh, field, table_.Text(old, field));
+        }
+        table_.Put(fresh, "NODEREF", table_.Text(old, "NODEREF"));
+        table_.Put(fresh, "RELATION", table_.Value(old, "RELATION"));
+        const std::string key = table_.Text(old, "NODEKEY");
+        Empty(old);
+        table_.Put(fresh, "NODEKEY", key);
+    }
+    rows_ = MacroRows(table_);
+}
+
+bool MacroTable::MoveTo(std::string_view key, std::string_view target, TreeDrop place) {
+    const TreeNode node = tree_.Nodes().Item(key);
+    const TreeNode beside = tree_.Nodes().Item(target);
+    for (TreeNode above = beside; above; above = above.Parent()) {
+        if (above == node) {
+            return false;
+        }
+    }
+    const TreeNode oldParent = node.Parent();
+    const TreeNode parent = place == TreeDrop::Below ? beside : beside.Parent();
+    const MacroOutline moved = MacroOutline::Read(tree_, table_, key);
+    if (parent != oldParent && oldParent) {
+        Keys left = ChildrenOf(oldParent);
+        std::erase(left, key);
+        Arrange(oldParent.Key(), left);
+    } else if (!oldParent) {
+        ReleaseRoots(key);
+    }
+    const HostTable::Row anchor = rows_.Find(parent ? parent.Key() : target);
+    PutBehind(static_cast<HostTable::Row>(BuildOrder(anchor)), moved);
+    if (!parent) {
+        Place(rows_.Find(key), target, place == TreeDrop::Before ? TreeRelationship::Previous : TreeRelationship::Next);
+        return true;
+    }
+    Keys order = ChildrenOf(parent);
+    std::erase(order, key);
+    const auto at = place == TreeDrop::Below ? order.end() : std::find(order.begin(), order.end(), target);
+    order.insert(at + (place == TreeDrop::After ? 1 : 0), std::string(key));
+    Arrange(parent.Key(), order);
+    table_.PutFlag(rows_.Find(parent.Key()), "EXPANDED", true);
     return true;
 }
 

@@ -40,6 +40,9 @@ public:
     void Delete(std::string_view key);
     /// Exchanges the node with the sibling before (behind) it; false where there is none.
     bool Move(std::string_view key, bool up);
+    /// Moves the node with all below it beside or below the target; false where the target is one of these. Where its
+    /// rows would be read before those of its new place, it gets new ones: fields of the host's own stay behind then.
+    bool MoveTo(std::string_view key, std::string_view target, TreeDrop place);
 
     void SetText(std::string_view key, std::string_view text) { Put(key, "NODETEXT", text); }
     void SetValue(std::string_view key, std::string_view value) { Put(key, "NODEVALUE", value); }
@@ -55,6 +58,8 @@ private:
     /// Gives the siblings below `parent` this order.
     void Arrange(const std::string& parent, const Keys& order);
     void ReleaseRoots(std::string_view key);
+    void Empty(HostTable::Row row);
+    void PutBehind(HostTable::Row row, const MacroOutline& moved);
     [[nodiscard]] static Keys ChildrenOf(const TreeNode& parent);
     [[nodiscard]] int BuildOrder(HostTable::Row row) const;
 

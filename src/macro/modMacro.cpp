@@ -4,6 +4,7 @@
 
 #include <planview/AutomationObject.h>
 
+#include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 
 namespace planview::modMacro {
@@ -44,20 +45,26 @@ TreeRelationship RelationIn(const HostTable& table, HostTable::Row row, const st
     return static_cast<TreeRelationship>(isNumber ? value.AsInt16() : table.Int16(row, "RELATION"));
 }
 
+/// A host may leave the field out.
+bool HasInactive(const HostTable& table) {
+    return table.RowCount() > 0 && !ErrorTextOf([&] { static_cast<void>(table.Value(1, "INACTIVE")); });
+}
+
 void AddNode(TreeControl& control, const HostTable& table, HostTable::Row row, const std::string& key,
-             const std::string& reference) {
+             const std::string& reference, bool hasInactive) {
     const TreeRelationship relation = RelationIn(table, row, reference);
     const std::string text = table.Text(row, "NODETEXT");
     const std::string image = table.Text(row, "IMAGE");
     const TreeNode node = control.Nodes().Add(reference, relation, key, text, image, table.Text(row, "IMAGE_SEL"));
     node.SetExpanded(table.Flag(row, "EXPANDED"));
+    node.SetLeftOut(hasInactive && table.Flag(row, "INACTIVE"));
     if (TraceEnabled) {
         TraceWrite(Label, "", "Update", TraceText("{node: ", key, " - text: ", text, "}"));
     }
 }
 
 /// One of the two passes.
-void AddNodes(TreeControl& control, const HostTable& table, bool roots) {
+void AddNodes(TreeControl& control, const HostTable& table, bool roots, bool hasInactive) {
     const int count = table.RowCount();
     for (int i = 1; i <= count; ++i) {
         const auto row = static_cast<HostTable::Row>(i);
@@ -67,7 +74,7 @@ void AddNodes(TreeControl& control, const HostTable& table, bool roots) {
         }
         const std::string key = table.Text(row, "NODEKEY");
         if (!key.empty()) {
-            AddNode(control, table, row, key, reference);
+            AddNode(control, table, row, key, reference, hasInactive);
         }
     }
 }
@@ -98,8 +105,9 @@ void Build(Tree& tree) {
             }
         }
     } const selectAgain{tree.control, selected};
-    AddNodes(tree.control, table, true);
-    AddNodes(tree.control, table, false);
+    const bool hasInactive = HasInactive(table);
+    AddNodes(tree.control, table, true, hasInactive);
+    AddNodes(tree.control, table, false, hasInactive);
 }
 
 bool NotRoot(const Tree& tree, std::string_view key) {

@@ -85,4 +85,9 @@ MacroResult PlanViewWidget::checkMacro(const QString& nodeKey) {
     return withMacro([&](PlanView& view) { return view.CheckMacro(nodeKey.toStdString()); });
 }
 
+void PlanViewWidget::moveMacroNode(const QString& nodeKey, const QString& target, short action) {
+    const std::shared_ptr<PlanViewCore> core = state_->core;
+    core->view.MoveMacroNode(nodeKey.toStdString(), target.toStdString(), action);
+}
+
 }  // namespace planview

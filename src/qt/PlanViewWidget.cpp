@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QResizeEvent>
@@ -220,6 +221,19 @@ void PlanViewWidget::undo() {
 void PlanViewWidget::redo() {
     runCommand(
         &PlanView::Redo, [](QLineEdit& line) { line.redo(); }, Sight::CurrentCell);
+}
+
+void PlanViewWidget::keyPressEvent(QKeyEvent* event) {
+    constexpr auto ControlShift = Qt::ControlModifier | Qt::ShiftModifier;
+    const bool control = event->modifiers() == Qt::ControlModifier;
+    if (control && event->key() == Qt::Key_Z) {
+        undo();
+    } else if ((control && event->key() == Qt::Key_Y) ||
+               (event->modifiers() == ControlShift && event->key() == Qt::Key_Z)) {
+        redo();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void PlanViewWidget::copy() {

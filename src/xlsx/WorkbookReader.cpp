@@ -7,7 +7,7 @@
 
 #include "xlsx/PackageReader.h"
 #include "xlsx/SaveBeside.h"
-#include "xlsx/SheetReader.h"
+#include "xlsx/SheetPartReader.h"
 #include "xlsx/Workbook.h"
 #include "xlsx/ZipParts.h"
 

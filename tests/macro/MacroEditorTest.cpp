@@ -1,6 +1,9 @@
+#include <algorithm>
+#include <map>
 #include <random>
 
 #include "macro/MacroEngineFixture.h"
+#include "support/TreeText.h"
 
 namespace planview::test {
 
@@ -263,6 +266,94 @@ TEST_F(MacroEditorTest, AHostWithoutTheFieldsIsToldSo) {
     EXPECT_NE(editor.Message().find("NODETYPE"), std::string::npos) << editor.Message();
     BuildTree();
     EXPECT_EQ(context.tree.Nodes().Count(), 1);
+}
+
+/// Folders that are dragged about, and what should come of it.
+struct DraggedFolders {
+    std::map<std::string, std::vector<std::string>> below;
+    std::map<std::string, std::string> parent;
+
+    void Add(const std::string& key, const std::string& in) {
+        below[in].push_back(key);
+        parent[key] = in;
+    }
+    [[nodiscard]] bool IsIn(std::string key, const std::string& above) const {
+        while (!key.empty() && key != above) {
+            key = parent.at(key);
+        }
+        return !key.empty();
+    }
+    void Drop(const std::string& key, const std::string& target, TreeDrop place) {
+        std::erase(below[parent[key]], key);
+        const std::string in = place == TreeDrop::Below ? target : parent[target];
+        std::vector<std::string>& keys = below[in];
+        const auto at = place == TreeDrop::Below ? keys.end() : std::find(keys.begin(), keys.end(), target);
+        keys.insert(at + (place == TreeDrop::After ? 1 : 0), key);
+        parent[key] = in;
+    }
+    [[nodiscard]] std::string Text(const std::string& in = {}) const {
+        std::string text;
+        const auto found = below.find(in);
+        for (const std::string& key : found == below.end() ? std::vector<std::string>() : found->second) {
+            const std::string inside = Text(key);
+            text += (text.empty() ? "" : " ") + key + (inside.empty() ? "" : "(" + inside + ")");
+        }
+        return text;
+    }
+};
+
+TEST_F(MacroEditorTest, DraggedNodesStandWhereTheyWereDropped) {
+    std::mt19937 random(7);
+    DraggedFolders folders;
+    std::vector<std::string> keys;
+    for (int i = 0; i < 14; ++i) {
+        const std::string in = i < 3 ? std::string() : keys[random() % keys.size()];
+        keys.push_back("N" + std::to_string(i));
+        AddRow(*tables.macroTree, {{"NODEKEY", keys.back()},
+                                   {"NODEREF", in},
+                                   {"RELATION", 4},
+                                   {"NODETEXT", "Text " + keys.back()},
+                                   {"NODETYPE", ""}});
+        folders.Add(keys.back(), in);
+    }
+    BuildTree();
+    ASSERT_EQ(TreeText(context.tree), folders.Text());
+    int moved = 0;
+    for (int step = 0; step < 300; ++step) {
+        const std::string key = keys[random() % keys.size()];
+        const std::string target = keys[random() % keys.size()];
+        const auto place = static_cast<TreeDrop>(random() % 3);
+        const std::string before = folders.Text();
+        // The first three are the top level and stay there.
+        if (folders.parent[key].empty() || (folders.parent[target].empty() && place != TreeDrop::Below)) {
+            continue;
+        }
+        editor.MoveTo(key, target, place);
+        if (folders.IsIn(target, key)) {
+            EXPECT_EQ(editor.Message(), "A node cannot be moved into itself.");
+        } else {
+            folders.Drop(key, target, place);
+            ++moved;
+        }
+        BuildTree();
+        ASSERT_EQ(TreeText(context.tree), folders.Text()) << step << ": " << key << " to " << target << " in " << before;
+        ASSERT_EQ(context.tree.Nodes().Item(key).Text(), "Text " + key);
+    }
+    EXPECT_GT(moved, 100);
+    editor.MoveTo(keys[2], keys[0], TreeDrop::Before);
+    folders.Drop(keys[2], keys[0], TreeDrop::Before);
+    BuildTree();
+    EXPECT_EQ(TreeText(context.tree), folders.Text()) << "beside another root";
+    editor.NewMacro();
+    const std::string macro = editor.MacroKey();
+    TakeLine("ROW1");
+    const std::string line = context.tree.SelectedItem().Key();
+    const std::string shown = TreeText(context.tree);
+    for (const auto& [node, target] : {std::pair(line, keys[0]), std::pair(keys[0], macro), std::pair(macro, line)}) {
+        editor.MoveTo(node, target, TreeDrop::Below);
+        EXPECT_TRUE(editor.MessageIsProblem()) << node;
+        EXPECT_EQ(TreeText(context.tree), shown);
+    }
 }
 
 /// However the user edits, the table always gives the tree that the editor shows.

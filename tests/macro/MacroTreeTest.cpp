@@ -60,6 +60,27 @@ TEST_F(MacroTreeTest, RootsComeFirstThenChildrenInTableOrder) {
     EXPECT_TRUE(Node("B").Selected()) << "stays selected";
 }
 
+TEST_F(MacroTreeTest, NodesThatAreLeftOutAreKnown) {
+    AddNode("R", "");
+    AddNode("A", "R");
+    AddNode("B", "R");
+    for (const bool hasField : {true, false}) {
+        auto odd = std::make_shared<OddTable>();
+        odd->rows = 3;
+        odd->value = [&](std::int16_t row, const std::string& field) -> Variant {
+            if (field == "INACTIVE" && !hasField) {
+                throw AutomationError(AutomationErrorCode::UnknownMember, "no such field");
+            }
+            return field == "INACTIVE" ? Variant(row == 2 ? "X" : "") : tables.macroTree->Value(row, field);
+        };
+        control->PROP_Set_MACRO_TREE(odd);
+        control->DP_Import_MacroTree();
+        EXPECT_EQ(Shown(), "R(A B)");
+        EXPECT_EQ(Node("A").LeftOut(), hasField);
+        EXPECT_FALSE(Node("B").LeftOut());
+    }
+}
+
 TEST_F(MacroTreeTest, AFaultyRowEndsTheBuildAndTheTreeWorks) {
     ExpectErrors();
     const struct {

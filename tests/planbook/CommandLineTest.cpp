@@ -93,6 +93,7 @@ const CommandCase Commands[] = {
     {"MacroWithoutBook", {"--macro", "x"}, 2, "--macro needs a BOOK"},
     {"LineWithoutMacro", {"--line", "x", "us.planbook"}, 2, "--line needs --macro"},
     {"MacroAndPicture", {"--macro", "x", "--screenshot", "p.png", "us.planbook"}, 2, "do not go together"},
+    {"MacroForNoLine", {"--macro", "2015 as in 2014", "us.planbook"}, 1, "Say which one by --line CAPTION. The lines"},
     {"UnknownMacro", {"--macro", "x", "us.planbook"}, 1, "It has these: \n  Raise 2015 by 5 %\n"},
     {"UnknownLine",
      {"--macro", "2015 as in 2014", "--line", "Lost", "us.planbook"},

@@ -105,7 +105,44 @@ TEST(MacroMenu, ANameThatIsTakenIsAskedForAgainAndNoneKeepsNothing) {
     EXPECT_EQ(names, (std::vector<std::string>{"Plan", "Other"}));
     window.Choose({}, "Start recording");
     window.Choose({}, "Stop recording");
+    EXPECT_EQ(window.questions.discardAsked, 1);
     EXPECT_EQ(window.questions.news.size(), 1U) << "an empty recording is not kept";
+}
+
+TEST(MacroMenu, ABookIsLeftOnlyWhenItsRecordingHasEnded) {
+    using What = Questions::OfRecording;
+    const TestFolder folder;
+    MacroWindow window(MakeSmallBook(folder));
+    window.window.show();
+    window.Choose({}, "Start recording");
+    window.RaiseLine(1, 1);
+    EXPECT_FALSE(window.window.close()) << "the user stays";
+    EXPECT_EQ(window.questions.leaveAsked, 1);
+    EXPECT_TRUE(window.window.view().isRecording());
+
+    window.questions.ofRecording = What::Keep;
+    window.questions.names = {"Kept"};
+    EXPECT_TRUE(window.window.close());
+    QApplication::processEvents();
+    EXPECT_FALSE(window.window.view().isRecording());
+    EXPECT_TRUE(Contains(window.Tree(), "\"Kept\"")) << window.Tree();
+    EXPECT_TRUE(window.questions.names.empty());
+
+    window.window.show();
+    window.Choose({}, "Start recording");
+    window.RaiseLine(1, 1);
+    window.questions.ofRecording = What::Discard;
+    window.questions.asked.clear();
+    EXPECT_TRUE(window.window.close());
+    QApplication::processEvents();
+    EXPECT_EQ(window.questions.asked, "") << "no name is asked for";
+    EXPECT_EQ(MacrosOf(LoadBook(window.file)).size(), 1U);
+
+    window.window.show();
+    window.questions.leaveAsked = 0;
+    window.Choose({}, "Start recording");
+    EXPECT_TRUE(window.window.close());
+    EXPECT_EQ(window.questions.leaveAsked, 0) << "there is no step to lose";
 }
 
 TEST(MacroMenu, AReplayThatDoesNotFitSaysWhyAndChangesNothing) {

@@ -49,6 +49,18 @@ public:
         return name.empty() ? suggested : QString::fromStdString(name);
     }
 
+    [[nodiscard]] OfRecording whatOfRecording(int steps) override {
+        leaveAsked = steps;
+        return ofRecording;
+    }
+    [[nodiscard]] bool mayDiscardRecording(int steps) override {
+        discardAsked = steps;
+        return true;
+    }
+
+    OfRecording ofRecording = OfRecording::GoOn;
+    int leaveAsked = 0;
+    int discardAsked = 0;
     int chosenLine = 0;
     std::vector<std::string> names;  ///< to answer one after another; an empty one takes what is suggested
     std::optional<double> number;

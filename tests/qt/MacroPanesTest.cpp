@@ -8,6 +8,7 @@
 #include "qt/WidgetOnScreen.h"
 #include "qt/macro/MacroPane.h"
 #include "qt/macro/OperandPane.h"
+#include "qt/tree/TreeView.h"
 
 namespace planview {
 
@@ -77,8 +78,36 @@ private slots:
         screen.press("RunMacro");
         QCOMPARE(screen.contents(QStringLiteral("COL2/ROW1")), QStringLiteral("12,6"));
         QCOMPARE(screen.message(), QStringLiteral("4 cells changed."));
-        screen.widget->undo();
-        QCOMPARE(screen.contents(QStringLiteral("COL2/ROW1")), QStringLiteral("12"));
+        // As one step, with the keys, wherever the focus is.
+        QWidget* const panes[] = {screen.widget->findChild<QWidget*>(QStringLiteral("cmdOpa")), &screen.list(),
+                                  screen.widget->findChild<TreeView*>()};
+        for (QWidget* focused : panes) {
+            QTest::keyClick(focused, Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(screen.contents(QStringLiteral("COL2/ROW1")), QStringLiteral("12"));
+            QVERIFY(!screen.widget->canUndo());
+            QTest::keyClick(focused, Qt::Key_Y, Qt::ControlModifier);
+            QCOMPARE(screen.contents(QStringLiteral("COL2/ROW1")), QStringLiteral("12,6"));
+        }
+    }
+
+    void aLongSentenceTakesSeveralRows() {
+        Screen screen;
+        screen.press("NewMacro");
+        screen.clickHeading("ROW1");
+        screen.press("cmdOpa");
+        const auto height = [&](int line) {
+            return screen.list().visualRect(screen.list().model()->index(line, 0)).height();
+        };
+        const int oneRow = height(0);
+        for (int i = 0; i < 4; ++i) {
+            screen.press("cmdOpa");
+            screen.press("cmdOpe +");
+        }
+        screen.pressAll({"cmdOpe 1", "cmdOpa"});
+        QCOMPARE(height(0), oneRow);
+        QVERIFY(height(1) > oneRow);
+        screen.widget->resize(3000, 800);
+        QTRY_COMPARE(height(1), oneRow);
     }
 
     void linesAreChosenMovedRenamedAndDeleted() {

@@ -4,6 +4,7 @@
 #include <QMimeData>
 #include <QScrollBar>
 
+#include "macro/MacroEditor.h"
 #include "qt/TreeOnScreen.h"
 #include "qt/WhenShown.h"
 
@@ -123,6 +124,21 @@ private slots:
         QCOMPARE(screen.screen.platform.popups.size(), std::size_t{1});
         QTest::mouseClick(screen.port(), Qt::LeftButton, Qt::NoModifier, screen.port()->rect().bottomRight());
         QCOMPARE(screen.heard(), QStringLiteral("down "));
+    }
+
+    /// The press that brings the focus is no second click; a later one is, whatever that press was on.
+    void aSecondClickCountsAfterThePressThatBroughtTheFocus() {
+        TreeOnScreen screen;
+        screen.screen.view().setFocus();
+        QTest::mouseClick(screen.port(), Qt::LeftButton, Qt::NoModifier,
+                          screen.view().chevronRect(screen.node("M1")).center());
+        screen.click("M2");
+        QTest::qWait(150);
+        QVERIFY(screen.screen.platform.popups.empty());
+        screen.screen.platform.choices = {"mnuMacroInsert"};
+        screen.click("M2");
+        QTRY_COMPARE(screen.screen.platform.popups.size(), std::size_t{1});
+        QCOMPARE(screen.screen.widget->control().Editor().Spot(), MacroSpot::Before);
     }
 
     void aRightPressSelectsAndOpensThePopup() {

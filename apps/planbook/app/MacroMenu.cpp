@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QTimer>
 #include <optional>
 #include <string>
@@ -42,12 +43,23 @@ MacroMenu::MacroMenu(QMenu& menu, PlanViewWidget& view, BookSession& session, Qu
     connect(&view_, &PlanViewWidget::recordingChanged, this, &MacroMenu::showState);
     connect(&session_, &BookSession::opened, this, &MacroMenu::showState);
     // After the event, so that the view is not built anew while it raises one.
-    connect(&view_, &PlanViewWidget::MacroRecordSave, this,
-            [this] { QTimer::singleShot(0, this, &MacroMenu::keepRecording); });
+    connect(&view_, &PlanViewWidget::MacroRecordSave, this, [this] {
+        if (asksForName_) {
+            QTimer::singleShot(0, this, &MacroMenu::keepRecording);
+        }
+    });
     // A double click on its node in the tree, or Return.
     connect(&view_, &PlanViewWidget::GridTreeMacroClick, this, [this](const QString& key) {
         QTimer::singleShot(0, this, [this, key] { runNode(key.toStdString()); });
     });
+    connect(&view_, &PlanViewWidget::MacroTreeNodeDropped, this,
+            [this](const QString& target, const QString& moved, short action) {
+                QTimer::singleShot(0, this, [=, this] {
+                    if (session_.isOpen() && !session_.isReadOnly()) {
+                        view_.moveMacroNode(moved, target, action);
+                    }
+                });
+            });
     showState();
 }
 
@@ -93,7 +105,10 @@ void MacroMenu::keepRecording() {
         const std::optional<QString> name =
             questions_.askName("Keep the recording in the book under this name:", suggested);
         if (!name) {
-            return;
+            if (questions_.mayDiscardRecording(view_.recordedSteps())) {
+                return;
+            }
+            continue;
         }
         const std::string wanted = name->trimmed().toStdString();
         bool taken = false;
@@ -112,6 +127,26 @@ void MacroMenu::keepRecording() {
                                      : QString("The recording needs a name."));
         suggested = taken ? *name : suggested;
     }
+}
+
+bool MacroMenu::leaveRecording() {
+    if (!view_.isRecording()) {
+        return true;
+    }
+    const int steps = view_.recordedSteps();
+    const Questions::OfRecording what =
+        steps == 0 ? Questions::OfRecording::Discard : questions_.whatOfRecording(steps);
+    if (what == Questions::OfRecording::GoOn) {
+        return false;
+    }
+    {
+        const QScopedValueRollback asks(asksForName_, false);
+        view_.stopRecording();
+    }
+    if (what == Questions::OfRecording::Keep) {
+        keepRecording();
+    }
+    return true;
 }
 
 // --- Running

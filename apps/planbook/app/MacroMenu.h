@@ -25,6 +25,9 @@ class MacroMenu : public QObject {
 public:
     MacroMenu(QMenu& menu, planview::PlanViewWidget& view, BookSession& session, Questions& questions, QObject* parent);
 
+    /// Ends a recording because its book is to be left; asks what becomes of it. False: the user stays.
+    [[nodiscard]] bool leaveRecording();
+
 Q_SIGNALS:
     /// A macro has run; the text says what it came to.
     void ran(const QString& text);
@@ -51,6 +54,7 @@ private:
     QAction* interrupt_;
     QAction* stop_;
     QAction* undo_;
+    bool asksForName_ = true;  // when a recording ends
 };
 
 }  // namespace planbook

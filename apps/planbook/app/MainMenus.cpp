@@ -115,8 +115,8 @@ void MainWindow::buildViewMenu() {
 
 void MainWindow::buildMacroMenu() {
     QMenu* menu = menuBar()->addMenu("&Macro");
-    auto* macros = new MacroMenu(*menu, *view_, *session_, questions_, this);
-    connect(macros, &MacroMenu::ran, status_, &StatusLine::showNews);
+    macros_ = new MacroMenu(*menu, *view_, *session_, questions_, this);
+    connect(macros_, &MacroMenu::ran, status_, &StatusLine::showNews);
 }
 
 void MainWindow::buildChartMenu(QMenu& menu) {

@@ -19,6 +19,7 @@
 #include "app/FindBar.h"
 #include "app/FrameTheme.h"
 #include "app/HostMenus.h"
+#include "app/MacroMenu.h"
 #include "app/NoticeBar.h"
 #include "app/Questions.h"
 #include "app/RecentBooks.h"
@@ -130,7 +131,7 @@ void MainWindow::chooseBook() {
 }
 
 void MainWindow::tryToOpen(const std::filesystem::path& file) {
-    if (!finishWork()) {
+    if (!mayLeaveBook()) {
         return;
     }
     try {
@@ -156,6 +157,10 @@ bool MainWindow::finishWork() {
     }
     view_->leaveForecastView();  // a book is kept with the marks of its usual view
     return session_->settle();
+}
+
+bool MainWindow::mayLeaveBook() {
+    return finishWork() && macros_->leaveRecording();
 }
 
 void MainWindow::bookOpened() {
@@ -194,7 +199,7 @@ void MainWindow::showEvent(QShowEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    event->setAccepted(finishWork());
+    event->setAccepted(mayLeaveBook());
 }
 
 // --- While a book is open

@@ -67,6 +67,8 @@ private:
     void reload();
     /// Ends an open entry and whatever waits for the view; false when the user has to mend something first.
     bool finishWork();
+    /// That, and no recording runs any more.
+    bool mayLeaveBook();
     void bookOpened();
     void proposeWorkbook();
     void remember();
@@ -79,6 +81,7 @@ private:
     planview::PlanViewWidget* view_;
     BookSession* session_;
     HostMenus* hostMenus_;
+    MacroMenu* macros_ = nullptr;
     RecentBooks* recent_;
     QStackedWidget* pages_;
     QWidget* bookPage_ = nullptr;

@@ -20,6 +20,8 @@ struct DisputedCell {
 class Questions {
 public:
     enum class Keep { Mine, Theirs };
+    /// What becomes of a recording that runs while its book is to be left.
+    enum class OfRecording { Keep, Discard, GoOn };
 
     virtual ~Questions() = default;
     /// Something could not be done; the text says what and what now.
@@ -34,6 +36,9 @@ public:
     /// A percentage; the one asked last comes first the next time.
     [[nodiscard]] virtual std::optional<double> askPercent(const QString& text) = 0;
     [[nodiscard]] virtual std::optional<QString> askName(const QString& text, const QString& suggested) = 0;
+    /// GoOn: the book stays, and the recording runs on.
+    [[nodiscard]] virtual OfRecording whatOfRecording(int steps) = 0;
+    [[nodiscard]] virtual bool mayDiscardRecording(int steps) = 0;
 };
 
 /// Asks in windows.
@@ -49,6 +54,8 @@ public:
     [[nodiscard]] std::optional<double> askNumber(const QString& text, double present) override;
     [[nodiscard]] std::optional<double> askPercent(const QString& text) override;
     [[nodiscard]] std::optional<QString> askName(const QString& text, const QString& suggested) override;
+    [[nodiscard]] OfRecording whatOfRecording(int steps) override;
+    [[nodiscard]] bool mayDiscardRecording(int steps) override;
 
 private:
     QWidget* parent_;

@@ -42,6 +42,8 @@ public:
     [[nodiscard]] std::optional<QString> askName(const QString& /*text*/, const QString& /*suggested*/) override {
         return std::nullopt;
     }
+    [[nodiscard]] OfRecording whatOfRecording(int /*steps*/) override { return OfRecording::GoOn; }
+    [[nodiscard]] bool mayDiscardRecording(int /*steps*/) override { return false; }
 
     std::string failure;
 };
@@ -137,6 +139,10 @@ void RunMacro(int& argc, char** argv, const MacroRequest& request) {
     const Values before = ValuesOf(session.book());
     if (request.line) {
         SelectLine(request, view, session.book());
+    } else if (IsForSelectedLine(session.book(), macro)) {
+        // The line of the current cell would do, but nobody has chosen it.
+        Refuse(request, "it is for the selected line. Say which one by --line CAPTION. The lines are: " +
+                            ListOf(LineCaptions(session.book()), "none."));
     }
     const planview::MacroResult result = view.runMacro(QString::fromStdString(macro.key), request.line.has_value());
     if (result.done) {

@@ -1,6 +1,7 @@
 #include "book/Macros.h"
 
 #include <algorithm>
+#include <set>
 
 #include "book/LineCaption.h"
 
@@ -11,6 +12,7 @@ using planview::MemoryTable;
 namespace {
 
 constexpr const char* MacroType = "M_MAKRO";
+constexpr const char* LineType = "M_TABLINE";
 constexpr const char* RecordingType = "M_RECORD";
 
 }  // namespace
@@ -39,6 +41,27 @@ std::optional<MacroEntry> FindMacro(const Book& book, const std::string& name) {
         }
     }
     return found;
+}
+
+bool IsForSelectedLine(const Book& book, const MacroEntry& macro) {
+    constexpr std::int32_t Child = 4;
+    const MemoryTable& tree = book[BookTable::MacroTree];
+    std::set<std::string> inside{macro.key};
+    // Parents come before their children, but for roots.
+    for (std::int32_t row = 1; row <= tree.RowCount(); ++row) {
+        const std::string reference = tree.Value(row, "NODEREF").AsText();
+        // Beside the macro is not in it.
+        const bool isIn = reference == macro.key ? tree.Value(row, "RELATION").AsInt32() == Child
+                                                 : inside.contains(reference);
+        if (!isIn) {
+            continue;
+        }
+        inside.insert(tree.Value(row, "NODEKEY").AsText());
+        if (tree.Value(row, "NODETYPE").AsText() == LineType && tree.Value(row, "NODEVALUE").AsText() == "SELECTED") {
+            return true;
+        }
+    }
+    return false;
 }
 
 std::string FreeRecordingName(const Book& book) {

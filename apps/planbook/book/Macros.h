@@ -24,6 +24,9 @@ struct MacroEntry {
 /// The only one of this name. No value when there is none or several.
 [[nodiscard]] std::optional<MacroEntry> FindMacro(const Book& book, const std::string& name);
 
+/// Whether it says "the selected line" anywhere.
+[[nodiscard]] bool IsForSelectedLine(const Book& book, const MacroEntry& macro);
+
 /// "Recording 1", or the first number that no macro has.
 [[nodiscard]] std::string FreeRecordingName(const Book& book);
 

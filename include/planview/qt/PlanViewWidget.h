@@ -272,6 +272,8 @@ public:
     Q_INVOKABLE planview::MacroResult runMacro(const QString& nodeKey, bool onSelectedLine = false);
     /// Looks whether it could be run or replayed now.
     Q_INVOKABLE planview::MacroResult checkMacro(const QString& nodeKey);
+    /// Carries out what MacroTreeNodeDropped has reported: `action` 4 before, 5 after, 6 below the target.
+    Q_INVOKABLE void moveMacroNode(const QString& nodeKey, const QString& target, short action);
 
     // --- For a host that keeps the changes
 
@@ -348,6 +350,8 @@ protected:
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     /// @}
+    /// Undo and redo, from every pane that has no use for these keys itself.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     struct State;

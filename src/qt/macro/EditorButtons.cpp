@@ -111,9 +111,11 @@ QToolButton::menu-indicator { image: none; }
 QPushButton#cmdOpa { background: %accent; color: %onAccent; border-color: %accent; font-weight: 600; }
 QPushButton#cmdOpa:hover { background: %strong; }
 QPushButton#cmdOpa:focus { border: 2px solid %text; }
+QPushButton#cmdOpa:disabled { background: %heading; color: %faint; border-color: %line; }
 QLineEdit { background: %base; color: %text; border: 1px solid %edge; border-radius: 5px; padding: 3px 6px;
     selection-background-color: %accent; selection-color: %onAccent; }
 QLineEdit:focus { border: 2px solid %accent; padding: 2px 5px; }
+QLineEdit:disabled { background: transparent; color: %faint; border-color: %line; }
 QListView { background: %base; color: %text; border: none; border-top: 1px solid %line; outline: none;
     selection-background-color: %tint; selection-color: %text; }
 QMenu { background: %base; color: %text; border: 1px solid %edge; padding: 4px; }
@@ -124,7 +126,7 @@ QScrollBar::handle:vertical { background: %edge; border-radius: 3px; min-height:
 QScrollBar::handle:vertical:hover { background: %muted; }
 QScrollBar::add-line, QScrollBar::sub-line, QScrollBar::add-page, QScrollBar::sub-page { background: transparent;
     height: 0px; }
-QLabel#EditorMessage { color: %muted; padding: 6px 8px; border-top: 1px solid %line; }
+QLabel#EditorMessage { color: %muted; border-top: 1px solid %line; }
 QLabel#EditorMessage[problem="true"] { color: %negative; }
 QToolTip { background: %heading; color: %text; border: 1px solid %edge; }
 )");

@@ -18,6 +18,8 @@ constexpr int Indentation = 14;
 constexpr int PictureGap = 6;
 constexpr int MarkPixels = 14;
 constexpr double InactiveOpacity = 0.4;
+/// A sentence that needs more rows than these is shortened to one.
+constexpr int MostTextRows = 4;
 
 }  // namespace
 
@@ -85,8 +87,12 @@ public:
     }
     [[nodiscard]] int scaled(int logical) const { return qRound(logical * scale_); }
 
-    QSize sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& /*index*/) const override {
-        return {scaled(RowHeight), scaled(RowHeight)};
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const MacroLine& line = view_.lines_->at(index);
+        const QFontMetrics metrics(fontOf(option.font, line));
+        const int width = roomFor(line, QRect(0, 0, view_.viewport()->width(), 0)).width();
+        const int rows = textRows(metrics, QString::fromStdString(line.text), width);
+        return {scaled(RowHeight), scaled(RowHeight) + (rows - 1) * metrics.lineSpacing()};
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
@@ -98,21 +104,17 @@ public:
             painter->fillRect(QRect(option.rect.left(), option.rect.top(), 2, option.rect.height()),
                               QColor(theme_->accent));
         }
-        QRect room = option.rect.adjusted(scaled(SideMargin), 0, -scaled(SideMargin), 0);
+        const QRect room = roomFor(line, option.rect);
         if (!line.problem.empty()) {
-            room.setRight(room.right() - scaled(MarkPixels + PictureGap));
             paintPicture(*painter, "error",
-                         QRect(room.right() + scaled(PictureGap), 0, scaled(MarkPixels), option.rect.height())
-                             .translated(0, option.rect.top()),
+                         QRect(room.right() + scaled(PictureGap), room.top(), scaled(MarkPixels), scaled(RowHeight)),
                          MarkPixels);
         }
         painter->setOpacity(line.inactive ? InactiveOpacity : 1.0);
-        // In a narrow pane depth gives way to the text.
-        room.setLeft(room.left() + std::min(line.depth * scaled(Indentation), room.width() / 4));
+        const int pictureLeft = room.left() - scaled(BitmapPixels + PictureGap);
         paintPicture(*painter, std::string(MacroImageOf(line.type)),
-                     QRect(room.left(), room.top(), scaled(BitmapPixels), room.height()), BitmapPixels);
-        room.setLeft(room.left() + scaled(BitmapPixels + PictureGap));
-        paintText(*painter, option.font, room, line);
+                     QRect(pictureLeft, room.top(), scaled(BitmapPixels), scaled(RowHeight)), BitmapPixels);
+        paintText(*painter, fontOf(option.font, line), room, line);
         painter->restore();
     }
 
@@ -143,15 +145,42 @@ private:
         painter.drawPixmap(room.left(), room.top() + (room.height() - side) / 2, picture);
     }
 
-    void paintText(QPainter& painter, const QFont& base, const QRect& room, const MacroLine& line) const {
+    static QFont fontOf(const QFont& base, const MacroLine& line) {
         QFont font = base;
         font.setBold(line.depth == 0);
         font.setStrikeOut(line.inactive);
+        return font;
+    }
+
+    /// Where the text of the line goes. In a narrow pane depth gives way to it.
+    [[nodiscard]] QRect roomFor(const MacroLine& line, const QRect& row) const {
+        QRect room = row.adjusted(scaled(SideMargin), 0, -scaled(SideMargin), 0);
+        room.setRight(room.right() - (line.problem.empty() ? 0 : scaled(MarkPixels + PictureGap)));
+        const int depth = std::min(line.depth * scaled(Indentation), room.width() / 4);
+        room.setLeft(room.left() + depth + scaled(BitmapPixels + PictureGap));
+        return room;
+    }
+
+    /// 1 too where it would not fit otherwise.
+    static int textRows(const QFontMetrics& metrics, const QString& text, int width) {
+        if (metrics.horizontalAdvance(text) <= width) {
+            return 1;
+        }
+        const QSize size = metrics.boundingRect(QRect(0, 0, width, 0), Qt::TextWordWrap, text).size();
+        const int rows = (size.height() + metrics.lineSpacing() - 1) / metrics.lineSpacing();
+        return rows <= MostTextRows && size.width() <= width ? rows : 1;
+    }
+
+    void paintText(QPainter& painter, QFont font, const QRect& room, const MacroLine& line) const {
         painter.setFont(font);
         const QFontMetrics metrics(font);
         const QString text = QString::fromStdString(line.text);
-        const QString shown = metrics.elidedText(text, Qt::ElideRight, room.width());
         painter.setPen(QColor(!line.problem.empty() ? theme_->negative : line.isPart ? theme_->muted : theme_->text));
+        if (textRows(metrics, text, room.width()) > 1) {
+            painter.drawText(room, Qt::AlignVCenter | Qt::TextWordWrap, text);
+            return;
+        }
+        const QString shown = metrics.elidedText(text, Qt::ElideRight, room.width());
         painter.drawText(room, Qt::AlignVCenter | Qt::TextSingleLine, shown);
         const int used = metrics.horizontalAdvance(shown) + scaled(2 * PictureGap);
         if (!line.note.empty() && used < room.width()) {
@@ -181,7 +210,8 @@ MacroListView::MacroListView(MacroEditor& editor, GridBitmaps& bitmaps, std::sha
     setAccessibleName(tr("Elements of the macro"));
     setModel(lines_);
     setItemDelegate(painter_);
-    setUniformItemSizes(true);
+    setResizeMode(QListView::Adjust);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setEditTriggers(QAbstractItemView::EditKeyPressed);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFrameShape(QFrame::NoFrame);

@@ -10,6 +10,8 @@ namespace planview {
 namespace {
 
 constexpr int HeadingHeight = 30;
+constexpr int MessageSideMargin = 8;
+constexpr int MessageMargin = 6;
 
 }  // namespace
 
@@ -18,7 +20,7 @@ MacroPane::MacroPane(MacroEditor& editor, GridBitmaps& bitmaps, std::shared_ptr<
       editor_(editor),
       bitmaps_(bitmaps),
       owner_(std::move(owner)),
-      heading_(new EmptyPane(tr("Macro"), EmptyPane::Ground::Panel)),
+      heading_(new PaneHeading(tr("Macro"))),
       buttons_(new EditorButtons),
       view_(new MacroListView(editor, bitmaps, owner_)),
       message_(new QLabel) {
@@ -127,6 +129,10 @@ void MacroPane::showLook() {
     heading_->setTheme(*theme_);
     heading_->setTextScale(scale_);
     heading_->setFixedHeight(qRound(HeadingHeight * scale_));
+    // Not by the style sheet: a label whose style is polished anew loses what that says.
+    const int side = qRound(MessageSideMargin * scale_);
+    const int margin = qRound(MessageMargin * scale_);
+    message_->setContentsMargins(side, margin, side, margin);
     buttons_->setLook(bitmaps_, *theme_, scale_);
     view_->setLook(*theme_, scale_);
     update();

@@ -8,7 +8,7 @@
 #include "macro/MacroEditor.h"
 #include "qt/macro/EditorButtons.h"
 #include "qt/macro/MacroListView.h"
-#include "qt/panes/EmptyPane.h"
+#include "qt/panes/PaneHeading.h"
 
 namespace planview {
 
@@ -48,7 +48,7 @@ private:
     const GridTheme* theme_ = &GridTheme::light();
     double scale_ = 1.0;
     // Children
-    EmptyPane* heading_;
+    PaneHeading* heading_;
     EditorButtons* buttons_;
     MacroListView* view_;
     QLabel* message_;

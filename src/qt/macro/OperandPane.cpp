@@ -72,7 +72,7 @@ OperandPane::OperandPane(MacroEditor& editor, GridBitmaps& bitmaps, std::shared_
       editor_(editor),
       bitmaps_(bitmaps),
       owner_(std::move(owner)),
-      heading_(new EmptyPane(tr("Operand"), EmptyPane::Ground::Panel)),
+      heading_(new PaneHeading(tr("Operand"))),
       area_(new QScrollArea),
       body_(new QWidget),
       completions_(new QStringListModel(this)) {

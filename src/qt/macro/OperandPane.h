@@ -12,7 +12,7 @@
 
 #include "macro/MacroEditor.h"
 #include "qt/grid/GridBitmaps.h"
-#include "qt/panes/EmptyPane.h"
+#include "qt/panes/PaneHeading.h"
 
 class QGridLayout;
 class QScrollArea;
@@ -58,7 +58,7 @@ private:
     const GridTheme* theme_ = &GridTheme::light();
     double scale_ = 1.0;
     // Children
-    EmptyPane* heading_;
+    PaneHeading* heading_;
     QScrollArea* area_;
     QWidget* body_;
     QLineEdit* field_ = nullptr;

@@ -160,8 +160,11 @@ void ToolbarView::ToolbarChanged() {
         shown->setToolTip(tooltip.toHtmlEscaped());
         shown->setAccessibleName(tooltip);
         shown->setEnabled(toolbar_.IsEnabled(info.button));
-        shown->setCheckable(toolbar_.IsChecked(info.button));
-        shown->setChecked(toolbar_.IsChecked(info.button));
+        // Only a button that can be checked draws itself anew when it is checked no longer.
+        const bool checked = toolbar_.IsChecked(info.button);
+        shown->setCheckable(checked || shown->isCheckable());
+        shown->setChecked(checked);
+        shown->setCheckable(checked);
     }
 }
 

@@ -117,7 +117,8 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
     if (!node || (role != Qt::DisplayRole && role != Qt::EditRole && role != Qt::AccessibleTextRole)) {
         return {};
     }
-    return QString::fromStdString(node.Text());
+    const QString text = QString::fromStdString(node.Text());
+    return role == Qt::AccessibleTextRole && node.LeftOut() ? tr("%1, left out").arg(text) : text;
 }
 
 Qt::ItemFlags TreeModel::flags(const QModelIndex& index) const {

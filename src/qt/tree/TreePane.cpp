@@ -12,7 +12,7 @@ constexpr int HeadingHeight = 30;
 
 TreePane::TreePane(TreeControl& tree, GridBitmaps& bitmaps, std::shared_ptr<void> owner, QWidget* parent)
     : QWidget(parent),
-      heading_(new EmptyPane(tr("Macros"), EmptyPane::Ground::Panel, this)),
+      heading_(new PaneHeading(tr("Macros"), this)),
       view_(new TreeView(tree, bitmaps, std::move(owner), this)) {
     setFocusProxy(view_);
     setTextScale(1.0);

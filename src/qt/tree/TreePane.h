@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "qt/panes/EmptyPane.h"
+#include "qt/panes/PaneHeading.h"
 #include "qt/tree/TreeView.h"
 
 namespace planview {
@@ -30,7 +30,7 @@ private:
     void placeParts();
 
     int headingHeight_ = 0;
-    EmptyPane* heading_;  // both are children
+    PaneHeading* heading_;  // both are children
     TreeView* view_;
 };
 

@@ -18,6 +18,18 @@ constexpr int RowRadius = 4;
 constexpr int FocusWidth = 2;
 constexpr double HoverWeight = 0.5;
 constexpr double UnfocusedWeight = 0.45;
+constexpr double LeftOutOpacity = 0.5;
+/// Nodes deeper than this are shown at this level anyway.
+constexpr int MostLevels = 64;
+
+bool isLeftOut(TreeNode node) {
+    for (int level = 0; node && level <= MostLevels; ++level, node = node.Parent()) {
+        if (node.LeftOut()) {
+            return true;
+        }
+    }
+    return false;
+}
 
 }  // namespace
 
@@ -104,6 +116,8 @@ void TreeRowPainter::paint(QPainter& painter, const QRect& row, TreeNode node, c
     if (state.hasChildren) {
         paintChevron(painter, QRect(left, row.top(), indentation(), row.height()), node.Expanded());
     }
+    const bool leftOut = isLeftOut(node);
+    painter.setOpacity(leftOut ? LeftOutOpacity : 1.0);
     const qreal ratio = painter.device()->devicePixelRatioF();
     const QPixmap& shown = picture(node, ratio);
     if (!shown.isNull()) {
@@ -111,7 +125,9 @@ void TreeRowPainter::paint(QPainter& painter, const QRect& row, TreeNode node, c
         painter.drawPixmap(QRect(left + indentation(), row.top() + (row.height() - side) / 2, side, side), shown);
     }
     const QRect text = row.adjusted(textLeft(state.level, !shown.isNull()), 0, -scaled(LeftMargin), 0);
-    painter.setFont(font(painter.font()));
+    QFont textFont = font(painter.font());
+    textFont.setStrikeOut(leftOut);
+    painter.setFont(textFont);
     painter.setPen(QColor(theme_->text));
     const QString full = QString::fromStdString(node.Text()).simplified();
     painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,

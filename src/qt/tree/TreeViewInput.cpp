@@ -126,6 +126,7 @@ void TreeView::mousePressEvent(QMouseEvent* event) {
     const QPointer<TreeView> self(this);
     clickTimer_.stop();
     pressed_ = {};
+    const bool bringsFocus = std::exchange(focusedByPress_, false);
     finishLabel();
     if (!self) {
         return;
@@ -139,7 +140,7 @@ void TreeView::mousePressEvent(QMouseEvent* event) {
         return;
     }
     // The click that brings the focus is none on what is selected.
-    pressedAgain_ = node && node.Selected() && !std::exchange(focusedByPress_, false);
+    pressedAgain_ = node && node.Selected() && !bringsFocus;
     if (event->button() == Qt::LeftButton) {
         QTreeView::mousePressEvent(event);
         pressed_ = node;

@@ -1,4 +1,4 @@
-#include "xlsx/SheetReader.h"
+#include "xlsx/SheetPartReader.h"
 
 #include <algorithm>
 #include <charconv>

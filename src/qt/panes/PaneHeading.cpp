@@ -1,4 +1,4 @@
-#include "qt/panes/EmptyPane.h"
+#include "qt/panes/PaneHeading.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -17,27 +17,26 @@ constexpr QSize SmallestSize(40, 28);
 
 }  // namespace
 
-EmptyPane::EmptyPane(const QString& heading, Ground ground, QWidget* parent)
-    : QWidget(parent), heading_(heading), ground_(ground) {
+PaneHeading::PaneHeading(const QString& heading, QWidget* parent) : QWidget(parent), heading_(heading) {
     setAccessibleName(heading);
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void EmptyPane::setTheme(const GridTheme& theme) {
+void PaneHeading::setTheme(const GridTheme& theme) {
     theme_ = &theme;
     update();
 }
 
-void EmptyPane::setTextScale(double scale) {
+void PaneHeading::setTextScale(double scale) {
     textScale_ = scale;
     update();
 }
 
-int EmptyPane::scaled(int logical) const {
+int PaneHeading::scaled(int logical) const {
     return qRound(logical * textScale_);
 }
 
-QFont EmptyPane::headingFont(int width) const {
+QFont PaneHeading::headingFont(int width) const {
     QFont heading = font();
     heading.setCapitalization(QFont::AllUppercase);
     heading.setBold(true);
@@ -49,8 +48,8 @@ QFont EmptyPane::headingFont(int width) const {
     }
 }
 
-void EmptyPane::paintOn(QPainter& painter, const QRect& rect) const {
-    painter.fillRect(rect, QColor::fromRgb(ground_ == Ground::Panel ? theme_->panel : theme_->base));
+void PaneHeading::paintOn(QPainter& painter, const QRect& rect) const {
+    painter.fillRect(rect, QColor::fromRgb(theme_->panel));
     const int room = rect.width() - 2 * LeastSideMargin;
     const QFont heading = headingFont(room);
     const QFontMetrics metrics(heading);
@@ -63,11 +62,11 @@ void EmptyPane::paintOn(QPainter& painter, const QRect& rect) const {
     painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, fitting);
 }
 
-QSize EmptyPane::minimumSizeHint() const {
+QSize PaneHeading::minimumSizeHint() const {
     return SmallestSize;
 }
 
-void EmptyPane::paintEvent(QPaintEvent* /*event*/) {
+void PaneHeading::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     paintOn(painter, rect());
 }

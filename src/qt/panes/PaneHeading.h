@@ -6,18 +6,15 @@
 
 namespace planview {
 
-/// A pane that has its heading and nothing else to show yet.
-class EmptyPane final : public QWidget {
+/// The heading of a pane: a line of small capitals on the ground of the pane.
+class PaneHeading final : public QWidget {
 public:
-    /// What the pane stands on.
-    enum class Ground { Panel, Base };
-
-    EmptyPane(const QString& heading, Ground ground, QWidget* parent = nullptr);
+    explicit PaneHeading(const QString& heading, QWidget* parent = nullptr);
 
     void setTheme(const GridTheme& theme);
-    /// The heading takes the scale of the grid's texts; in a narrow pane it is smaller before it is shortened.
+    /// That of the grid's texts; in a narrow pane the heading is smaller before it is shortened.
     void setTextScale(double scale);
-    /// Paints the pane as it is into another place.
+    /// Paints the heading as it is into another place.
     void paintOn(QPainter& painter, const QRect& rect) const;
 
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -30,7 +27,6 @@ private:
     [[nodiscard]] QFont headingFont(int width) const;
 
     QString heading_;
-    Ground ground_;
     const GridTheme* theme_ = &GridTheme::light();
     double textScale_ = 1.0;
 };
