@@ -19,7 +19,7 @@ constexpr int PictureGap = 6;
 constexpr int MarkPixels = 14;
 constexpr double InactiveOpacity = 0.4;
 /// A sentence that needs more rows than these is shortened to one.
-constexpr int MostTextRows = 4;
+constexpr int MostTextRows = 8;
 
 }  // namespace
 
