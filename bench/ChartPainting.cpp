@@ -14,6 +14,7 @@
 #include <benchmark/benchmark.h>
 #include <qcustomplot.h>
 
+#include "PaintCounter.h"
 #include "automation/Late.h"
 #include "components/chart/ChartControl.h"
 #include "qt/chart/ChartView.h"
@@ -169,22 +170,6 @@ public:
     void LostFocus() override {}
     bool PointMayChange(int, int) override { return true; }
     void PointValueChanged(int, int, double) override {}
-};
-
-/// Counts how often the watched widget paints.
-class PaintCounter final : public QObject {
-public:
-    explicit PaintCounter(QWidget& watched) { watched.installEventFilter(this); }
-    [[nodiscard]] benchmark::IterationCount Count() const noexcept { return count_; }
-
-protected:
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        count_ += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-
-private:
-    benchmark::IterationCount count_ = 0;
 };
 
 /// One frame while a point is being dragged up and down: the mouse event and what it repaints.

@@ -31,18 +31,20 @@ constexpr ReadLimits Limits{.fileBytes = 1 << 20,
                             .tokenBytes = 1 << 16};
 
 /// A workbook whose parts are pieces of the input: a fuzzer that had to keep the sums of a zip right would never get
-/// past them. A line "@" divides the pieces: sheet, texts, workbook, relationships, properties.
+/// past them. A line "@" divides the pieces: sheet, texts, workbook, relationships, properties,
+/// styles.
 std::vector<char> PackageOf(std::string_view data) {
-    constexpr const char* Names[] = {"xl/worksheets/sheet1.xml", "xl/sharedStrings.xml", "xl/workbook.xml",
-                                     "xl/_rels/workbook.xml.rels", "docProps/core.xml"};
+    constexpr const char* Names[] = {"xl/worksheets/sheet1.xml",   "xl/sharedStrings.xml", "xl/workbook.xml",
+                                     "xl/_rels/workbook.xml.rels", "docProps/core.xml",    "xl/styles.xml"};
     static const std::string Relations =
         "<R><Relationship Id='s1' Type='/worksheet' Target='worksheets/sheet1.xml'/>"
-        "<Relationship Id='t' Type='/sharedStrings' Target='sharedStrings.xml'/></R>";
+        "<Relationship Id='t' Type='/sharedStrings' Target='sharedStrings.xml'/>"
+        "<Relationship Id='y' Type='/styles' Target='styles.xml'/></R>";
     static const std::string Workbook = "<w xmlns:r='r'><sheets><sheet name='S' r:id='s1'/></sheets></w>";
     static const std::string File =
         "<R><Relationship Id='a' Type='/officeDocument' Target='xl/workbook.xml'/>"
         "<Relationship Id='c' Type='/core-properties' Target='docProps/core.xml'/></R>";
-    std::string parts[5] = {"", "<sst/>", Workbook, Relations, "<p/>"};
+    std::string parts[6] = {"", "<sst/>", Workbook, Relations, "<p/>", "<s/>"};
     for (std::string& part : parts) {
         const std::size_t end = data.find("\n@\n");
         if (!data.substr(0, end).empty()) {
@@ -62,7 +64,7 @@ std::vector<char> PackageOf(std::string_view data) {
         zip_set_file_compression(archive, static_cast<zip_uint64_t>(index), ZIP_CM_STORE, 0);  // packing takes time
     };
     add("_rels/.rels", File);
-    for (std::size_t i = 0; i < 5; ++i) {
+    for (std::size_t i = 0; i < 6; ++i) {
         add(Names[i], parts[i]);
     }
     zip_close(archive);

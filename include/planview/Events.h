@@ -69,9 +69,9 @@ public:
     /// Hands the event to its method.
     void OnEvent(EventId event, std::span<const Variant> arguments) final;
 
-    /// The user has changed a value: typed, pasted, filled, deleted, undone, or dragged in the chart. `strValue` is
-    /// what was entered. Raised before TAB and TAB_OLD are written. With `SINGLEVALUE` off, an action on several
-    /// planning cells raises one GridStartUpdate() instead.
+    /// A value was changed: typed, pasted, filled, deleted, undone, dragged in the chart, set by a macro or an upload.
+    /// `strValue` is what was entered. Raised before TAB and TAB_OLD are written. With `SINGLEVALUE` off, an action on
+    /// several planning cells raises one GridStartUpdate() instead.
     virtual void GridValueChanged(std::int16_t Column, const std::string& ColPos, std::int16_t Row,
                                   const std::string& RowPos, const Variant& strValue);
     /// A double click on a cell, before its editor opens.
@@ -113,7 +113,7 @@ public:
     /// `NodeRefKey`, 2 behind it (`NodeType` "INSERT"), 3 one level below it ("CREATE"). A node that was dragged, whose
     /// key is `NodeType`: 4 before, 5 behind, 6 below `NodeRefKey`.
     virtual void MacroTreeNodeDropped(const std::string& NodeRefKey, const std::string& NodeType, std::int16_t Action);
-    /// The whole macro tree was opened, or a node was renamed: MACRO_TREE has changed.
+    /// The whole macro tree was opened, a node renamed, or a macro edited: MACRO_TREE has changed.
     virtual void MacroTreeExpand();
     /// The whole macro tree was closed.
     virtual void MacroTreeCollapse();

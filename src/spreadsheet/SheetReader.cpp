@@ -65,6 +65,16 @@ Entry EntryOf(const Variant& value) {
     }
 }
 
+/// Whether a text begins as the date "2026-11-21" or the time "18:00" does.
+bool IsDateOrTime(std::string_view text) {
+    const auto hasForm = [&](std::string_view form) {
+        return text.size() >= form.size() &&
+               std::equal(form.begin(), form.end(), text.begin(),
+                          [](char wanted, char c) { return wanted == '0' ? c >= '0' && c <= '9' : c == wanted; });
+    };
+    return hasForm("0000-00-00") || hasForm("00:00");
+}
+
 /// Numbers are equal that are shown with the same digits: a workbook may keep fewer of them than memory does.
 bool IsSame(const Entry& entry, const std::string& contents) {
     if (!entry.number) {
@@ -241,7 +251,10 @@ void SheetReader::ReadCell(const Track<ColumnId>& column, const Track<RowId>& li
     change.value = entry.number ? Variant(*entry.number) : Variant("");
     change.refusal = RefusalText(refusal);
     if (refusal == Refusal::NoNumber && entry.text.starts_with('=')) {
-        change.refusal = "This formula was never calculated. Open the workbook in a spreadsheet application and save it.";
+        change.refusal =
+            "This formula was never calculated. Open the workbook in a spreadsheet application and save it.";
+    } else if (refusal == Refusal::NoNumber && IsDateOrTime(entry.text)) {
+        change.refusal = "This is a date or a time. Give the cell a number format in the workbook and enter a number.";
     } else if (refusal == Refusal::None && entry.IsEmpty() && cells_.IsMerged()) {
         change.refusal = "The cell is merged with others in the workbook. Unmerge them there.";
     }

@@ -33,6 +33,7 @@ void SpreadsheetUpload::Run() {
     const BusyScope running(running_);
     TraceWrite(SpreadsheetLabel, "{}", "#EXCEL UPLOAD#", "BEGIN");
     FileDialogRequest request = WorkbookRequest(parts_.options);
+    request.extensions.emplace_back("xlsm");  // with macros, which are left alone
     request.title = "Upload from Excel sheet";
     UploadPreview preview;
     preview.file = parts_.fileDialogs.Open(request);

@@ -80,6 +80,8 @@ public:
             }
             sheets.push_back({std::string(attributes["name"]), std::string(attributes.Prefixed("id")),
                               VisibilityOf(attributes["state"])});
+        } else if (name == "workbookPr") {
+            startsIn1904 = attributes["date1904"] == "1" || attributes["date1904"] == "true";
         } else if (name == "workbookView" && !hasView_) {
             hasView_ = true;
             const std::string_view tab = attributes["activeTab"];
@@ -91,6 +93,7 @@ public:
 
     std::vector<SheetEntry> sheets;  // `part` holds the identifier
     std::size_t activeTab = 0;
+    bool startsIn1904 = false;
 
 private:
     std::size_t mostSheets_;
@@ -232,6 +235,8 @@ WorkbookOutline ReadOutline(ZipParts& parts) {
     }
     outline.activeSheet = ActiveOf(outline.sheets, inFront);
     outline.textsPart = FirstOfKind(ofWorkbook, "sharedStrings");
+    outline.stylesPart = FirstOfKind(ofWorkbook, "styles");
+    outline.startsIn1904 = events.startsIn1904;
     outline.propertiesPart = FirstOfKind(ofFile, "core-properties");
     return outline;
 }

@@ -32,6 +32,8 @@ struct WorkbookOutline {
     std::size_t activeSheet = 0;     ///< into `sheets`; a visible one where the file allows it
     std::string textsPart;           ///< empty: none
     std::string propertiesPart;      ///< empty: none
+    std::string stylesPart;          ///< empty: none
+    bool startsIn1904 = false;       ///< how the workbook counts days
 };
 
 [[nodiscard]] WorkbookOutline ReadOutline(ZipParts& parts);

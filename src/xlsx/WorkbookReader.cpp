@@ -7,7 +7,7 @@
 
 #include "xlsx/PackageReader.h"
 #include "xlsx/SaveBeside.h"
-#include "xlsx/SheetReader.h"
+#include "xlsx/SheetPartReader.h"
 #include "xlsx/Workbook.h"
 #include "xlsx/ZipParts.h"
 
@@ -22,13 +22,16 @@ namespace {
 
 class FileSource final : public SheetSource {
 public:
-    FileSource(ZipParts parts, WorkbookOutline outline)
-        : parts_(std::move(parts)), outline_(std::move(outline)), budget_(parts_.Limits().cells) {}
+    FileSource(ZipParts parts, WorkbookOutline outline, DateFormats dates)
+        : parts_(std::move(parts)),
+          outline_(std::move(outline)),
+          dates_(std::move(dates)),
+          budget_(parts_.Limits().cells) {}
 
     void Load(Workbook& workbook, std::size_t index) override {
         Worksheet& worksheet = *workbook.worksheets[index];
         try {
-            ReadSheet(parts_, outline_.sheets[index].part, workbook, worksheet, budget_);
+            ReadSheet(parts_, outline_.sheets[index].part, dates_, workbook, worksheet, budget_);
         } catch (const BrokenFile& error) {
             worksheet.sheet = Sheet(workbook.styles);
             if (file_.empty()) {
@@ -45,6 +48,7 @@ public:
 private:
     ZipParts parts_;
     WorkbookOutline outline_;
+    DateFormats dates_;
     std::string file_;
     std::size_t budget_;
 };
@@ -64,7 +68,12 @@ std::shared_ptr<Workbook> Read(ZipParts parts) {
     if (!outline.propertiesPart.empty() && parts.Has(outline.propertiesPart)) {
         ReadProperties(parts, outline.propertiesPart, *workbook);
     }
-    workbook->source = std::make_unique<FileSource>(std::move(parts), std::move(outline));
+    DateFormats dates;
+    dates.startsIn1904 = outline.startsIn1904;
+    if (!outline.stylesPart.empty() && parts.Has(outline.stylesPart)) {
+        ReadDateFormats(parts, outline.stylesPart, dates);
+    }
+    workbook->source = std::make_unique<FileSource>(std::move(parts), std::move(outline), std::move(dates));
     EnsureLoaded(*workbook, workbook->activeSheet);
     return workbook;
 }

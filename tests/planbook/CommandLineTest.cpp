@@ -81,6 +81,8 @@ const CommandCase Commands[] = {
     {"BadScale", {"--screenshot", "p.png", "--scale", "nan", "us.planbook"}, 2, "--scale takes a number"},
     {"BadDecimal", {"--import", "bad.csv", "--decimal", ";", "b"}, 2, "--decimal takes point or comma"},
     {"DownloadWithoutBook", {"--download", "a.xlsx"}, 2, "--download needs a BOOK"},
+    {"DownloadWithoutName", {"--download", "", "us.planbook"}, 2, "--download needs the name of a file"},
+    {"BookWithoutName", {"--upload", "a.xlsx", ""}, 2, "the name of the BOOK is empty"},
     {"DryRunWithoutUpload", {"--dry-run", "us.planbook"}, 2, "--dry-run needs --upload"},
     {"PrintSetupOfUpload", {"--upload", "a.xlsx", "--print-setup", "us.planbook"}, 2, "--print-setup needs --download"},
     {"DownloadAndUpload", {"--download", "a", "--upload", "b", "us.planbook"}, 2, "--download and --upload do not go"},

@@ -16,10 +16,8 @@ std::string Summary(const planview::UploadPreview& preview) {
     return text;
 }
 
-TEST(ExchangeWindow, WhatIsUploadedIsInTheBookAndPending) {
-    const TestFolder folder;
-    const std::filesystem::path file = folder.Path("small.xlsx");
-    BookWindow window(MakeSmallBook(folder));
+/// The workbook has 7 for Alpha in January and 8,5 for Beta in February, the book what it had before.
+void DownloadTwoChanges(BookWindow& window, const std::filesystem::path& file) {
     planview::PlanViewWidget& view = window.window.view();
     window.Type(1, 1, "7");
     window.Type(2, 2, "8,5");
@@ -27,6 +25,14 @@ TEST(ExchangeWindow, WhatIsUploadedIsInTheBookAndPending) {
     view.undo();
     view.undo();
     window.window.session().acceptChanges();
+}
+
+TEST(ExchangeWindow, WhatIsUploadedIsInTheBookAndPending) {
+    const TestFolder folder;
+    const std::filesystem::path file = folder.Path("small.xlsx");
+    BookWindow window(MakeSmallBook(folder));
+    planview::PlanViewWidget& view = window.window.view();
+    DownloadTwoChanges(window, file);
     ASSERT_EQ(window.InFile(1, 1), "1");
 
     const planview::UploadPreview preview = view.previewUpload(ToQt(file));
@@ -49,12 +55,7 @@ TEST(ExchangeWindow, AnUploadThatTheBookRefusesIsTakenBack) {
     const std::filesystem::path file = folder.Path("small.xlsx");
     BookWindow window(MakeSmallBook(folder));
     planview::PlanViewWidget& view = window.window.view();
-    window.Type(1, 1, "7");
-    window.Type(2, 2, "8,5");
-    ASSERT_EQ(view.downloadTo(ToQt(file)).toStdString(), "");
-    view.undo();
-    view.undo();
-    window.window.session().acceptChanges();
+    DownloadTwoChanges(window, file);
     const std::string before = DumpFile(window.file);
     {
         const Obstacle full(Obstacle::Kind::FullDisk, window.file);

@@ -125,6 +125,13 @@ private slots:
         QVERIFY(std::abs(part(screen, "TreePane").width() - 793 * after / 1000) <= 1);
     }
 
+    void hiddenPanesLeaveNoHandleBehindInAWindowNeverShown() {
+        const PlanViewWidget widget;
+        for (const char* name : {"CtrlSplit", "GridSplit"}) {
+            QVERIFY2(widget.findChild<QSplitter*>(QLatin1String(name))->handle(1)->isHidden(), name);
+        }
+    }
+
     void pictureShowsAllPanes() {
         Screen screen(false);
         showAll(screen);

@@ -119,6 +119,30 @@ private Q_SLOTS:
         QCOMPARE(taken, (QList<bool>{false, false, true, false, false, false}));
     }
 
+    void theSpaceBarTicksAllThatAreSelected() {
+        show([&](QDialog& dialog) {
+            auto& list = only<QTreeView>(dialog);
+            list.selectAll();
+            QTest::keyClick(&list, Qt::Key_Space);
+            QVERIFY2(!button(dialog, "Apply 0 changes").isEnabled(), "a refused one above them does not count");
+            list.setCurrentIndex(list.model()->index(1, UploadModel::Line));
+            QTest::keyClick(&list, Qt::Key_Space);
+            list.selectAll();
+            QTest::keyClick(&list, Qt::Key_Space);
+            QVERIFY(button(dialog, "Apply 4 changes").isEnabled());
+        });
+    }
+
+    void longNamesAndNotesFitTheWindow() {
+        preview_.file = "/plans/" + std::string(250, 'x') + ".xlsx";
+        preview_.notes.assign(2, std::string(400, 'y') + std::string(20, ' ') + std::string(100, 'z'));
+        show([&](QDialog& dialog) {
+            QVERIFY(dialog.minimumSizeHint().width() < 900);
+            const auto& notes = only<QPlainTextEdit>(dialog);
+            QVERIFY(notes.height() >= 4 * notes.fontMetrics().lineSpacing());
+        });
+    }
+
     void theFilterFindsWordsAndKinds() {
         show([&](QDialog& dialog) {
             auto& list = only<QTreeView>(dialog);

@@ -65,6 +65,12 @@ TEST_F(UploadTest, ComparesWhatTheSheetSaysWithTheGrid) {
         {"a formula without a value", 2, 2, "=B3*2",
          "Sales/May 01: 1234,5 -> =B3*2 (This formula was never calculated. Open the workbook in a spreadsheet "
          "application and save it.)"},
+        {"a date", 2, 2, "2026-02-01",
+         "Sales/May 01: 1234,5 -> 2026-02-01 (This is a date or a time. Give the cell a number format in the "
+         "workbook and enter a number.)"},
+        {"a time", 2, 2, "18:00",
+         "Sales/May 01: 1234,5 -> 18:00 (This is a date or a time. Give the cell a number format in the "
+         "workbook and enter a number.)"},
         {"true", 2, 2, true,
          "Sales/May 01: 1234,5 -> TRUE (This is not a number. Enter digits with a point or a comma, or nothing.)"},
         {"no finite number", 2, 2, std::numeric_limits<double>::infinity(),
@@ -209,6 +215,7 @@ TEST_F(UploadTest, CancelAndClosingChangeNothing) {
     EXPECT_EQ(Shown("COL1", "ROW1"), "1234,5");
     EXPECT_EQ(InTab(*tables.tabOld), "");
     EXPECT_EQ(platform.fileRequests.back().title, "Upload from Excel sheet");
+    EXPECT_EQ(platform.fileRequests.back().extensions, (Lines{"xlsx", "xlsm"}));
 }
 
 TEST_F(UploadTest, WithoutDifferencesItSaysSo) {

@@ -41,7 +41,7 @@ TEST_F(ReadingTest, EveryKindOfCellAnswersItsValue) {
         {"false", "<c r='A1' t='b'><v>0</v></c>", "b:False"},
         {"error", "<c r='A1' t='e'><v>#DIV/0!</v></c>", "t:#DIV/0!"},
         {"error that looks like a number", "<c r='A1' t='e'><v>5</v></c>", "t:#VALUE!"},
-        {"date and time", "<c r='A1' t='d'><v>2026-11-21T12:00:00</v></c>", "d:46347.5"},
+        {"date and time", "<c r='A1' t='d'><v>2026-11-21T12:00:00</v></c>", "t:2026-11-21 12:00:00"},
         {"no date", "<c r='A1' t='d'><v>tomorrow</v></c>", "t:#VALUE!"},
         {"formula with its last value", "<c r='A1'><f>B1*2</f><v>84</v></c>", "d:84"},
         {"formula with a text", "<c r='A1' t='str'><f>B1&amp;\"x\"</f><v>42x</v></c>", "t:42x"},
@@ -54,6 +54,64 @@ TEST_F(ReadingTest, EveryKindOfCellAnswersItsValue) {
     for (const CellCase& one : cases) {
         SCOPED_TRACE(one.name);
         EXPECT_EQ(ValueAt(OpenCells(one.xml), 1, 1), one.value);
+    }
+}
+
+TEST_F(ReadingTest, ANumberThatIsShownAsADateIsThatDate) {
+    struct DateCase {
+        const char* name;
+        const char* format;  ///< a code, or the number of a built-in one
+        const char* number;
+        const char* value;
+    };
+    const DateCase cases[] = {
+        {"date", "dd/mm/yy;@", "46347", "t:2026-11-21"},
+        {"built-in date", "14", "46347.75", "t:2026-11-21 18:00"},
+        {"built-in date of East Asia", "57", "46347", "t:2026-11-21"},
+        {"rounded to seconds", "yyyy-mm-dd", "46347.0000115", "t:2026-11-21 00:00:01"},
+        {"the day before the first March", "d", "59", "t:1900-02-28"},
+        {"the first March", "d", "61", "t:1900-03-01"},
+        {"a leap day", "d", "36585", "t:2000-02-29"},
+        {"the last day", "d", "2958465", "t:9999-12-31"},
+        {"behind the last day", "d", "2958466", "t:#VALUE!"},
+        {"before the first day", "d", "-1", "t:#VALUE!"},
+        {"time", "[$-407]hh:mm", "0.75", "t:18:00"},
+        {"hours beyond a day", "[h]:00", "0.5", "t:12:00"},
+        {"general", "0", "46347", "d:46347"},
+        {"percent", "10", "0.5", "d:0.5"},
+        {"exponent", "0.00E+00", "46347", "d:46347"},
+        {"quoted letters", "#,##0.0 \"days\"", "46347", "d:46347"},
+        {"escaped letters", "0\\d\\a\\y_m*s", "46347", "d:46347"},
+        {"colour, condition and currency", "[Red][&lt;5]0;[$USD-409] 0", "46347", "d:46347"},
+        {"open quote", "0 &quot;d", "46347", "d:46347"},
+        {"open bracket", "0[d", "46347", "d:46347"},
+    };
+    for (const DateCase& one : cases) {
+        SCOPED_TRACE(one.name);
+        const std::string format = one.format;
+        const bool builtIn = format.find_first_not_of("0123456789") == std::string::npos;
+        std::string code;
+        for (const char c : format) {
+            code += c == '"' ? std::string("&quot;") : std::string(1, c);
+        }
+        PackageParts parts = PartsWith("<row r='1'><c r='A1' s='1'><v>" + std::string(one.number) +
+                                       "</v></c><c r='B1' s='2'><v>5</v></c></row>");
+        parts["xl/styles.xml"] =
+            "<styleSheet><numFmts><numFmt numFmtId='164' formatCode=\"" + code +
+            "\"/></numFmts><cellStyleXfs><xf numFmtId='14'/></cellStyleXfs><cellXfs><xf/><xf numFmtId='" +
+            (builtIn ? format : "164") + "'/><xf numFmtId='0'/></cellXfs></styleSheet>";
+        std::string& list = parts["xl/_rels/workbook.xml.rels"];
+        list.insert(list.find("<Relationship "), "<Relationship Id='y' Type='x/styles' Target='styles.xml'/>");
+        WritePackage(Path("dates.xlsx"), parts);
+        const Late sheet = Open("dates.xlsx").Get("ActiveSheet");
+        EXPECT_EQ(ValueAt(sheet, 1, 1), one.value);
+        EXPECT_EQ(ValueAt(sheet, 1, 2), "d:5");
+        if (std::string_view(one.name) == "date") {
+            std::string& book = parts["xl/workbook.xml"];
+            book.insert(book.find("<sheets>"), "<workbookPr date1904='1'/>");
+            WritePackage(Path("1904.xlsx"), parts);
+            EXPECT_EQ(ValueAt(Open("1904.xlsx").Get("ActiveSheet"), 1, 1), "t:2030-11-22");
+        }
     }
 }
 
@@ -85,7 +143,7 @@ TEST_F(ReadingTest, AWorkbookOfOpenpyxlIsRead) {
     const Late sheet = book.Get("ActiveSheet");
     EXPECT_EQ(sheet.Get("Name").Value(), Variant("Plan & Ist"));
     const std::vector<std::vector<const char*>> expected{
-        {"t:Text", "d:12.5", "b:True", "d:46347", "d:61.5", "t:=B1*2", "t:#DIV/0!", "e:"},
+        {"t:Text", "d:12.5", "b:True", "t:2026-11-21", "t:1900-03-01 12:00", "t:=B1*2", "t:#DIV/0!", "e:"},
         {"t:<&>\n\"ü\"", "d:-0.0000001", "b:False", "e:", "d:123456789012345", "t:  blanks  ", "t:'1"},
     };
     for (std::size_t row = 0; row < expected.size(); ++row) {

@@ -110,6 +110,14 @@ void CheckCombination(const QCommandLineParser& parser) {
     if (parser.positionalArguments().size() > 1) {
         Refuse(QString("one BOOK at a time; \"%1\" is one too many").arg(parser.positionalArguments().at(1)));
     }
+    for (const char* option : {Import, Names, Download, Upload, Screenshot, Trace}) {
+        if (parser.isSet(option) && parser.value(option).isEmpty()) {
+            Refuse(QString("--%1 needs the name of a file").arg(option));
+        }
+    }
+    if (parser.positionalArguments().contains(QString())) {
+        Refuse("the name of the BOOK is empty");
+    }
     for (const char* option : {Import, Download, Upload, Macro, Screenshot, Trace}) {
         if (parser.isSet(option) && parser.positionalArguments().isEmpty()) {
             Refuse(QString("--%1 needs a BOOK").arg(option));
@@ -179,8 +187,7 @@ ViewRequest ReadView(const QCommandLineParser& parser) {
 
 CommandLine ParseCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
-    for (const char* option :
-         {Import, Names, Decimal, Download, Upload, Macro, Line, Screenshot, Size, Scale, Trace}) {
+    for (const char* option : {Import, Names, Decimal, Download, Upload, Macro, Line, Screenshot, Size, Scale, Trace}) {
         parser.addOption(QCommandLineOption(option, QString(), "value"));
     }
     for (const char* option : {Force, PrintSetup, DryRun, Light, Dark}) {

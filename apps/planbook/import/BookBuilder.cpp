@@ -9,6 +9,7 @@
 #include "book/HostCommands.h"
 #include "import/MacroRows.h"
 #include "import/Periods.h"
+#include "import/PlannedLines.h"
 
 namespace planbook {
 
@@ -44,9 +45,6 @@ constexpr int LabelMargins = 26;  // the margins and the mark of a line that is 
 constexpr std::pair<int, int> ColumnWidths = {76, 200};
 constexpr std::pair<int, int> UnitWidths = {72, 160};
 constexpr std::pair<int, int> LabelWidths = {185, 320};
-
-/// More digits behind the mark are kept but not shown.
-constexpr int MaxDecimals = 4;
 
 /// Sets the fields of a new row.
 class NewRow {
@@ -85,75 +83,11 @@ std::string NumberFormat(int decimals, int optional = 0) {
     return digits.empty() ? "#,##0" : "#,##0." + digits;
 }
 
-double Rounded(double number, int decimals) {
-    const double unit = std::pow(10.0, decimals);
-    const double rounded = std::round(number * unit) / unit;
-    return std::isfinite(rounded) ? rounded : number;
-}
-
 /// The width of the number as it is shown, with groups.
 int NumberWidth(double number, int decimals) {
     const int digits = std::abs(number) < 1 ? 1 : static_cast<int>(std::log10(std::abs(number))) + 1;
     const int marks = (digits - 1) / 3 + (decimals > 0 ? 1 : 0);
     return (digits + decimals + (number < 0 ? 1 : 0)) * DigitWidth + marks * MarkWidth;
-}
-
-/// One line of the book to be: the source's numbers and what the names file says about them.
-struct PlannedLine {
-    LineName name;
-    const std::vector<std::optional<double>>* values;
-    int decimals = 0;
-    std::optional<double> mean;
-
-    PlannedLine(LineName lineName, const SourceLine& source) : name(std::move(lineName)), values(&source.values) {
-        double sum = 0;
-        int count = 0;
-        for (const std::optional<double>& value : source.values) {
-            if (value) {
-                sum += *value;
-                ++count;
-                decimals = std::max(decimals, std::min(DecimalsOf(*value), MaxDecimals));
-            }
-        }
-        if (count > 0 && std::isfinite(sum)) {
-            mean = Rounded(sum / count, MeanDecimals());
-        }
-    }
-
-    [[nodiscard]] int MeanDecimals() const noexcept { return std::max(decimals, 1); }
-
-    [[nodiscard]] bool IsHelp() const noexcept { return name.kind == LineKind::Help; }
-    [[nodiscard]] bool IsEditable() const noexcept { return name.kind == LineKind::Plain; }
-};
-
-std::vector<PlannedLine> PlanLines(const SourceTable& source, const NamesFile& names) {
-    std::vector<PlannedLine> lines;
-    constexpr int UsualChartLines = 3;
-    lines.reserve(source.lines.size());
-    std::vector<bool> named(source.lines.size());
-    for (const LineName& name : names.lines) {
-        for (std::size_t i = 0; i < source.lines.size(); ++i) {
-            if (source.lines[i].name == name.column) {
-                lines.emplace_back(name, source.lines[i]);
-                named[i] = true;
-            }
-        }
-    }
-    for (std::size_t i = 0; i < source.lines.size(); ++i) {
-        if (!named[i]) {
-            const std::string& column = source.lines[i].name;
-            lines.emplace_back(LineName{column, ReadableName(column), LineKind::Plain, names.unit}, source.lines[i]);
-        }
-    }
-    if (!names.chart.shown) {
-        int free = UsualChartLines;
-        for (PlannedLine& line : lines) {
-            if (line.IsEditable() && free-- > 0) {
-                line.name.chart = ChartUse::Line;
-            }
-        }
-    }
-    return lines;
 }
 
 /// Fills the tables of a book, one function per table or per side of the grid.
@@ -415,7 +349,7 @@ private:
 
     void AddMeans() {
         int widest = 0;
-        int fewest = MaxDecimals;
+        int fewest = PlannedLine::MaxDecimals;
         int most = 1;
         for (const PlannedLine& line : lines_) {
             widest = std::max(widest, line.mean ? NumberWidth(*line.mean, line.MeanDecimals()) : 0);

@@ -37,7 +37,8 @@ namespace planview::xlsx {
 /// are not locked can be put.
 ///
 /// "Saveas" writes beside the file and renames: when it fails, an older file is whole. An opened workbook is read only
-/// and answers values: of a formula the last one, of a date its number of days, of an error its text ("#DIV/0!").
+/// and answers values: of a formula the last one, of a cell that shows a date or a time its text ("2026-11-21",
+/// "2026-11-21 18:00", "18:00"), of an error its text ("#DIV/0!").
 ///
 /// What cannot be done is an AutomationError whose text is meant for the user: what, where, and what to do now.
 [[nodiscard]] PLANVIEW_EXPORT ObjectRef MakeApplication();

@@ -14,12 +14,14 @@
 #include <QSignalBlocker>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
 
 namespace planview {
 
 namespace {
 
-constexpr QSize UsualSize(860, 560);
+constexpr QSize UsualSize(980, 600);
 constexpr QSize FrameRoom(16, 48);  // for the window's frame on a small screen
 constexpr int EdgeSpace = 18;
 constexpr int PartSpace = 10;
@@ -88,7 +90,9 @@ void UploadDialog::buildHead(QVBoxLayout& layout) {
     auto* headline = new QLabel(QString::fromStdString(form_->lblSummary), this);
     headline->setObjectName(QStringLiteral("headline"));
     headline->setTextFormat(Qt::PlainText);
-    auto* file = new QLabel(QString::fromStdString(form_->lblFile), this);
+    const int room = width() - 2 * EdgeSpace;
+    auto* file = new QLabel(this);
+    file->setText(file->fontMetrics().elidedText(QString::fromStdString(form_->lblFile), Qt::ElideMiddle, room));
     file->setObjectName(QStringLiteral("note"));
     file->setTextFormat(Qt::PlainText);
     file->setToolTip(QString::fromStdString(form_->Preview().file).toHtmlEscaped());
@@ -111,8 +115,15 @@ void UploadDialog::buildHead(QVBoxLayout& layout) {
     text->setReadOnly(true);
     text->setTabChangesFocus(true);
     text->setAccessibleName(tr("What does not match"));
-    const int shown = std::min(static_cast<int>(lines.size()), NoteLines);
-    text->setFixedHeight(shown * text->fontMetrics().lineSpacing() + 2 * PartSpace);
+    // A long note takes several lines.
+    const QFontMetrics metrics = text->fontMetrics();
+    const QRect inside(0, 0, room - 4 * PartSpace, QWIDGETSIZE_MAX);
+    int height = 0;
+    for (const QString& line : std::as_const(lines)) {
+        height = std::min(height + metrics.boundingRect(inside, Qt::TextWordWrap, line).height(),
+                          NoteLines * metrics.lineSpacing());
+    }
+    text->setFixedHeight(height + 2 * PartSpace);
     layout.addWidget(text);
 }
 
@@ -207,11 +218,14 @@ void UploadDialog::tickShown(bool on) {
     tick(rows, on);
 }
 
-/// All selected ones get the state that the current one does not have.
+/// All selected ones get a tick, or lose it where none of them lacks one. Those that are refused do not count.
 void UploadDialog::tickSelected() {
-    const QModelIndex current = list_->currentIndex().siblingAtColumn(UploadModel::Line);
-    const bool on = current.data(Qt::CheckStateRole).value<Qt::CheckState>() != Qt::Checked;
-    tick(list_->selectionModel()->selectedRows(UploadModel::Line), on);
+    const QModelIndexList rows = list_->selectionModel()->selectedRows(UploadModel::Line);
+    const bool lacksOne = std::any_of(rows.begin(), rows.end(), [](const QModelIndex& row) {
+        const QVariant state = row.data(Qt::CheckStateRole);
+        return state.isValid() && state.value<Qt::CheckState>() != Qt::Checked;
+    });
+    tick(rows, lacksOne);
 }
 
 /// The list itself would tick by the space bar only in its first column.

@@ -1,4 +1,4 @@
-#include "xlsx/SheetReader.h"
+#include "xlsx/SheetPartReader.h"
 
 #include <algorithm>
 #include <charconv>
@@ -56,8 +56,8 @@ std::optional<Number> Parsed(std::string_view text) {
     return error == std::errc() && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
 }
 
-/// Days since the workbook's day 0, 30 December 1899, of "2026-11-21" or "2026-11-21T18:00:00".
-std::optional<double> DaysOf(const std::string& text) {
+/// Whether this is "2026-11-21" or "2026-11-21T18:00:00".
+bool IsDate(const std::string& text) {
     int year = 0;
     int month = 0;
     int day = 0;
@@ -66,22 +66,15 @@ std::optional<double> DaysOf(const std::string& text) {
     double second = 0;
     const int found =
         std::sscanf(text.c_str(), "%4d-%2d-%2dT%2d:%2d:%10lf", &year, &month, &day, &hour, &minute, &second);
-    if ((found != 3 && found < 5) || year < 1900 || year > 9999 || month < 1 || month > 12 || day < 1 || day > 31 ||
-        hour < 0 || hour > 24 || minute < 0 || minute > 59 || !(second >= 0 && second < 61)) {
-        return std::nullopt;
-    }
-    // Years that begin in March end with the leap day.
-    const int shifted = month > 2 ? year : year - 1;
-    const int monthFromMarch = (month + 9) % 12;
-    const int days = 365 * shifted + shifted / 4 - shifted / 100 + shifted / 400 + (153 * monthFromMarch + 2) / 5 + day;
-    constexpr int DayZero = 693'900;
-    return days - DayZero + (hour * 3600 + minute * 60 + second) / 86400;
+    return (found == 3 || found >= 5) && year >= 1 && year <= 9999 && month >= 1 && month <= 12 && day >= 1 &&
+           day <= 31 && hour >= 0 && hour <= 24 && minute >= 0 && minute <= 59 && second >= 0 && second < 61;
 }
 
 class SheetEvents final : public XmlEvents {
 public:
-    SheetEvents(Workbook& workbook, Worksheet& worksheet, const ReadLimits& limits, std::size_t& budget)
-        : workbook_(&workbook), worksheet_(&worksheet), limits_(&limits), budget_(&budget) {}
+    SheetEvents(const DateFormats& dates, Workbook& workbook, Worksheet& worksheet, const ReadLimits& limits,
+                std::size_t& budget)
+        : dates_(&dates), workbook_(&workbook), worksheet_(&worksheet), limits_(&limits), budget_(&budget) {}
 
     void Start(std::string_view name, const XmlAttributes& attributes) override {
         target_ = nullptr;
@@ -175,11 +168,14 @@ private:
         const std::int32_t before = column_;
         ++column_;
         kind_ = ValueKind::Number;
+        style_ = 0;
         attributes.ForEach([&](const char* name, const char* value) {
             if (name[0] == 'r' && name[1] == '\0') {
                 column_ = ColumnOf(value, row_);
             } else if (name[0] == 't' && name[1] == '\0') {
                 kind_ = KindOf(value);
+            } else if (name[0] == 's' && name[1] == '\0') {
+                style_ = Parsed<std::uint32_t>(value).value_or(0);
             }
         });
         if (column_ <= before || column_ > MostColumns) {
@@ -243,15 +239,14 @@ private:
             case ValueKind::Error:
                 SetText(cell, value_.starts_with('#') ? value_ : "#VALUE!");
                 break;
-            case ValueKind::Date: {
-                const std::optional<double> days = DaysOf(value_);
-                cell.kind = CellKind::Number;
-                cell.number = days.value_or(0);
-                if (!days) {
+            case ValueKind::Date:
+                if (IsDate(value_)) {
+                    std::replace(value_.begin(), value_.end(), 'T', ' ');
+                    SetText(cell, value_);
+                } else {
                     SetText(cell, "#VALUE!");
                 }
                 break;
-            }
         }
     }
 
@@ -266,6 +261,9 @@ private:
             SetText(cell, "#VALUE!");
         } else if (error != std::errc() || !std::isfinite(number)) {
             SetText(cell, "#NUM!");
+        } else if (dates_->IsDate(style_)) {
+            const std::string date = dates_->TextOf(number);
+            SetText(cell, date.empty() ? "#VALUE!" : date);
         } else {
             cell.kind = CellKind::Number;
             cell.number = number;
@@ -294,6 +292,7 @@ private:
         cell.number = workbook_->texts.Intern(text);
     }
 
+    const DateFormats* dates_;
     Workbook* workbook_;
     Worksheet* worksheet_;
     const ReadLimits* limits_;
@@ -306,6 +305,7 @@ private:
     std::size_t textBytes_ = 0;
     std::int32_t row_ = 0;
     std::int32_t column_ = 0;
+    std::uint32_t style_ = 0;
     int phonetic_ = 0;
     ValueKind kind_ = ValueKind::Number;
     bool inData_ = false;
@@ -317,9 +317,9 @@ private:
 
 }  // namespace
 
-void ReadSheet(ZipParts& parts, const std::string& part, Workbook& workbook, Worksheet& worksheet,
-               std::size_t& budget) {
-    SheetEvents events(workbook, worksheet, parts.Limits(), budget);
+void ReadSheet(ZipParts& parts, const std::string& part, const DateFormats& dates, Workbook& workbook,
+               Worksheet& worksheet, std::size_t& budget) {
+    SheetEvents events(dates, workbook, worksheet, parts.Limits(), budget);
     ReadXml(parts, part, events);
     events.Finish();
 }
