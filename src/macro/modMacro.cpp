@@ -1,6 +1,8 @@
 #include "macro/modMacro.h"
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include <planview/AutomationObject.h>
 
@@ -63,18 +65,25 @@ void AddNode(TreeControl& control, const HostTable& table, HostTable::Row row, c
     }
 }
 
-/// One of the two passes.
-void AddNodes(TreeControl& control, const HostTable& table, bool roots, bool hasInactive) {
+/// Both passes: the roots, then the others. `NODEREF` is read once: a late-bound call is what takes the time here.
+void AddNodes(TreeControl& control, const HostTable& table) {
+    const bool hasInactive = HasInactive(table);
     const int count = table.RowCount();
-    for (int i = 1; i <= count; ++i) {
-        const auto row = static_cast<HostTable::Row>(i);
-        const std::string reference = table.Text(row, "NODEREF");
-        if (reference.empty() != roots) {
-            continue;
-        }
-        const std::string key = table.Text(row, "NODEKEY");
-        if (!key.empty()) {
-            AddNode(control, table, row, key, reference, hasInactive);
+    std::vector<std::string> references(static_cast<std::size_t>(std::max(count, 0)));
+    for (const bool roots : {true, false}) {
+        for (int i = 1; i <= count; ++i) {
+            const auto row = static_cast<HostTable::Row>(i);
+            std::string& reference = references[static_cast<std::size_t>(i) - 1];
+            if (roots) {
+                reference = table.Text(row, "NODEREF");
+            }
+            if (reference.empty() != roots) {
+                continue;
+            }
+            const std::string key = table.Text(row, "NODEKEY");
+            if (!key.empty()) {
+                AddNode(control, table, row, key, reference, hasInactive);
+            }
         }
     }
 }
@@ -105,9 +114,7 @@ void Build(Tree& tree) {
             }
         }
     } const selectAgain{tree.control, selected};
-    const bool hasInactive = HasInactive(table);
-    AddNodes(tree.control, table, true, hasInactive);
-    AddNodes(tree.control, table, false, hasInactive);
+    AddNodes(tree.control, table);
 }
 
 bool NotRoot(const Tree& tree, std::string_view key) {

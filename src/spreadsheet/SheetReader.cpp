@@ -166,7 +166,9 @@ std::vector<SheetReader::Track<Id>> SheetReader::TracksOf(Axis axis, const std::
     const CaptionMatch match = MatchCaptions(captions, sheet);
     if (match.ofOtherTable) {
         Refuse("This is no download of this table: most " + std::string(words.many) + " on its sheet " +
-               Quoted(preview.sheet) + " are none of the table's. Choose the workbook that was downloaded from it.");
+               Quoted(preview.sheet) +
+               " are none of the table's. Choose the workbook that was downloaded from it, or save it with "
+               "the right sheet in front.");
     }
     AddNotes(match, captions, sheet, columns, preview);
     std::vector<Track<Id>> tracks;

@@ -147,7 +147,7 @@ TEST_F(UploadTest, TakesNothingFromAnotherBook) {
     EXPECT_EQ(
         Messages(),
         "This is no download of this table: most lines on its sheet \"Other\" are none of the table's. Choose the "
-        "workbook that was downloaded from it.\n");
+        "workbook that was downloaded from it, or save it with the right sheet in front.\n");
     EXPECT_EQ(platform.formCalls, Lines{});
     EXPECT_EQ(InTab(*tables.tabOld), "");
 }

@@ -11,7 +11,6 @@ constexpr int Margin = 8;
 constexpr int Side = 26;
 constexpr int Gap = 3;
 constexpr int GroupGap = 8;
-constexpr int TextPixels = 12;
 constexpr double FaintWeight = 0.5;
 
 }  // namespace
@@ -131,7 +130,7 @@ QLabel#EditorMessage[problem="true"] { color: %negative; }
 QToolTip { background: %heading; color: %text; border: 1px solid %edge; }
 )");
     const QPair<const char*, QString> values[] = {
-        {"%pixels", QString::number(qRound(TextPixels * scale))},
+        {"%pixels", QString::number(qRound(EditorTextPixels * scale))},
         {"%base", name(theme.base)},
         {"%heading", name(theme.heading)},
         {"%line", name(theme.line)},

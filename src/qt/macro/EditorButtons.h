@@ -10,6 +10,9 @@
 
 namespace planview {
 
+/// The size of texts on the keys and in the list, in logical pixels.
+inline constexpr int EditorTextPixels = 12;
+
 /// Buttons that stand in as many rows as the width needs.
 class EditorButtons final : public QWidget {
 public:

@@ -19,7 +19,7 @@ constexpr int PictureGap = 6;
 constexpr int MarkPixels = 14;
 constexpr double InactiveOpacity = 0.4;
 /// A sentence that needs more rows than these is shortened to one.
-constexpr int MostTextRows = 4;
+constexpr int MostTextRows = 8;
 
 }  // namespace
 
@@ -177,7 +177,9 @@ private:
         const QString text = QString::fromStdString(line.text);
         painter.setPen(QColor(!line.problem.empty() ? theme_->negative : line.isPart ? theme_->muted : theme_->text));
         if (textRows(metrics, text, room.width()) > 1) {
-            painter.drawText(room, Qt::AlignVCenter | Qt::TextWordWrap, text);
+            // The first row stands beside the picture.
+            const int above = std::max(0, (scaled(RowHeight) - metrics.lineSpacing()) / 2);
+            painter.drawText(room.adjusted(0, above, 0, 0), Qt::AlignTop | Qt::TextWordWrap, text);
             return;
         }
         const QString shown = metrics.elidedText(text, Qt::ElideRight, room.width());
@@ -210,7 +212,7 @@ MacroListView::MacroListView(MacroEditor& editor, GridBitmaps& bitmaps, std::sha
     setAccessibleName(tr("Elements of the macro"));
     setModel(lines_);
     setItemDelegate(painter_);
-    setResizeMode(QListView::Adjust);
+    setWordWrap(true);  // places the lines anew when the width has changed
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setEditTriggers(QAbstractItemView::EditKeyPressed);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

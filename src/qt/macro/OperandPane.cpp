@@ -19,6 +19,8 @@ namespace {
 
 constexpr int HeadingHeight = 30;
 constexpr int KeyHeight = 26;
+constexpr int KeyMargin = 2;
+constexpr int LeastTextPixels = 8;
 constexpr int SideMargin = 8;
 constexpr int Gap = 3;
 constexpr int Columns = 4;
@@ -85,6 +87,7 @@ OperandPane::OperandPane(MacroEditor& editor, GridBitmaps& bitmaps, std::shared_
     addKeys(*grid);
     addMore(*grid);
     grid->setRowStretch(grid->rowCount(), 1);
+    body_->installEventFilter(this);
     area_->setWidget(body_);
     area_->setWidgetResizable(true);
     area_->setFrameShape(QFrame::NoFrame);
@@ -229,8 +232,29 @@ void OperandPane::follow() {
     body_->setEnabled(usable);
 }
 
+/// Large texts are smaller on keys that would cut them.
+void OperandPane::fitKeys() {
+    for (QToolButton* key : keys_) {
+        QFont font = key->font();
+        const int usual = qRound(EditorTextPixels * scale_);
+        int pixels = usual;
+        for (font.setPixelSize(pixels);
+             pixels > LeastTextPixels && QFontMetrics(font).horizontalAdvance(key->text()) > key->width() - 2 * KeyMargin;
+             font.setPixelSize(pixels)) {
+            --pixels;
+        }
+        const QString sheet = pixels == usual ? QString() : QStringLiteral("font-size: %1px;").arg(pixels);
+        if (key->styleSheet() != sheet) {
+            key->setStyleSheet(sheet);
+        }
+    }
+}
+
 /// What can be completed is asked for when the user comes to enter something.
 bool OperandPane::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == body_ && event->type() == QEvent::Resize) {
+        fitKeys();
+    }
     if (watched == field_ && event->type() == QEvent::FocusIn) {
         QStringList texts;
         for (const std::string& text : editor_.Completions()) {
@@ -269,6 +293,7 @@ void OperandPane::showLook() {
     }
     take_->setFixedHeight(scaled(KeyHeight));
     field_->setFixedHeight(scaled(KeyHeight));
+    fitKeys();
     update();
 }
 

@@ -51,6 +51,7 @@ private:
     void act(const std::function<void(MacroEditor&)>& action);
     void type(const QString& digit);
     void showLook();
+    void fitKeys();
 
     MacroEditor& editor_;
     GridBitmaps& bitmaps_;
