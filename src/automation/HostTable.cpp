@@ -55,7 +55,7 @@ KeptArguments& KeptArgumentsOf(std::string_view field) noexcept {
     // Tells nearly all fields of a table apart; those that it does not only take each other's place.
     const auto at = [field](std::size_t i) { return std::size_t{static_cast<unsigned char>(field[i])}; };
     const std::size_t size = field.size();
-    return keptArguments[(size * 7 + at(0) * 13 + at(size / 2) * 3 + at(size - 1)) % keptArguments.size()];
+    return keptArguments[(size * 19 + at(0) * 9 + at(size / 2) * 21 + at(size - 1)) % keptArguments.size()];
 }
 
 /// Calls use(arguments). Where the table, while it answers, leads to another access to the same field, that one gets
