@@ -18,6 +18,7 @@
 #include "BenchTables.h"
 #include "PaintCounter.h"
 #include "Peers.h"
+#include "qt/grid/GridView.h"
 
 namespace planview::bench {
 
@@ -42,7 +43,7 @@ public:
     }
 
     [[nodiscard]] QWidget& Window() { return widget_; }
-    [[nodiscard]] QAbstractScrollArea& Area() { return *widget_.findChild<QAbstractScrollArea*>(); }
+    [[nodiscard]] QAbstractScrollArea& Area() { return *widget_.findChild<GridView*>(); }
 
 private:
     test::Tables tables_;

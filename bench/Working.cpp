@@ -17,6 +17,7 @@
 #include "PaintCounter.h"
 #include "Peers.h"
 #include "components/GridControl.h"
+#include "qt/grid/GridView.h"
 #include "support/ScriptedPlatform.h"
 
 namespace planview::bench {
@@ -208,7 +209,7 @@ void TypeAndPaint(benchmark::State& state) {
     QApplication::processEvents();
     widget.selectCell("COL3", "ROW1");
     GridControl& grid = widget.control().Grid();
-    QWidget& port = *widget.findChild<QAbstractScrollArea*>()->viewport();
+    QWidget& port = *widget.findChild<GridView*>()->viewport();
     const PaintCounter painted(port);
     int count = 0;
     for ([[maybe_unused]] auto _ : state) {
