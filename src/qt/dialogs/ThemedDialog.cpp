@@ -1,12 +1,14 @@
 #include "qt/dialogs/ThemedDialog.h"
 
 #include <QApplication>
+#include <QScreen>
 
 namespace planview {
 
 namespace {
 
 constexpr double DisabledWeight = 0.5;
+constexpr QSize FrameRoom(16, 48);  // for the window's frame on a small screen
 
 // The window's own ground stands here, too: a style sheet of the host's window would hide the palette's.
 constexpr const char* StyleSheet = R"(
@@ -101,6 +103,10 @@ QString filledIn(QString sheet, const GridTheme& theme) {
 }
 
 }  // namespace
+
+void ThemedDialog::resizeOnScreen(QSize usual) {
+    resize(usual.boundedTo(screen()->availableSize() - FrameRoom));
+}
 
 void ThemedDialog::setTheme(const GridTheme& theme) {
     QPalette palette = theme.widgetPalette(QApplication::palette());

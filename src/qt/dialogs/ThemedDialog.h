@@ -19,6 +19,10 @@ public:
     virtual void endForm();
     [[nodiscard]] bool hasEnded() const { return ended_; }
 
+protected:
+    /// The window's usual size, or what a small screen has room for.
+    void resizeOnScreen(QSize usual);
+
 private:
     bool ended_ = false;
 };

@@ -12,7 +12,6 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPointer>
-#include <QScreen>
 #include <QScrollBar>
 #include <QTreeView>
 #include <QWindow>
@@ -27,7 +26,6 @@ namespace planview {
 namespace {
 
 constexpr QSize UsualSize(880, 520);
-constexpr QSize FrameRoom(16, 48);  // for the window's frame on a small screen
 constexpr double TwipsPerInch = 1440;
 // What frmTrace::Form_Resize() takes to be round the list.
 constexpr int TwipsBeside = 180;
@@ -60,7 +58,7 @@ TraceDialog::TraceDialog(frmTrace& form, QWidget* parent)
     buildMenus();
     setTabOrder(list_, words_);
     setTabOrder(words_, where_);
-    resize(UsualSize.boundedTo(screen()->availableSize() - FrameRoom));
+    resizeOnScreen(UsualSize);
     connect(model_, &TraceModel::reported, this, &TraceDialog::follow);
     connect(model_, &TraceModel::ended, this, &TraceDialog::endForm);
 }

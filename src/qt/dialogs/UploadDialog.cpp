@@ -10,7 +10,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -22,7 +21,6 @@ namespace planview {
 namespace {
 
 constexpr QSize UsualSize(980, 600);
-constexpr QSize FrameRoom(16, 48);  // for the window's frame on a small screen
 constexpr int EdgeSpace = 18;
 constexpr int PartSpace = 10;
 constexpr int ButtonEdges = 36;
@@ -39,7 +37,7 @@ UploadDialog::UploadDialog(frmUpload& form, QWidget* parent)
       model_(new UploadModel(form, this)),
       filter_(new UploadFilter(*model_, this)) {
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    resize(UsualSize.boundedTo(screen()->availableSize() - FrameRoom));
+    resizeOnScreen(UsualSize);
 }
 
 void UploadDialog::setTheme(const GridTheme& theme) {

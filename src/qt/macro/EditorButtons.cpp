@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "qt/panes/ButtonFlow.h"
+
 namespace planview {
 
 namespace {
@@ -57,20 +59,8 @@ void EditorButtons::setLook(GridBitmaps& bitmaps, const GridTheme& theme, double
 }
 
 std::vector<QRect> EditorButtons::placesIn(int width) const {
-    const int side = scaled(Side);
-    std::vector<QRect> places;
-    int x = scaled(Margin);
-    int y = 0;
-    for (const Entry& entry : entries_) {
-        x += entry.beginsGroup && !places.empty() ? scaled(GroupGap) - scaled(Gap) : 0;
-        if (x + side > width - scaled(Margin) && !places.empty()) {
-            x = scaled(Margin);
-            y += side + scaled(Gap);
-        }
-        places.emplace_back(x, y, side, side);
-        x += side + scaled(Gap);
-    }
-    return places;
+    const ButtonFlow flow{scaled(Side), scaled(Gap), scaled(GroupGap), scaled(Margin), 0};
+    return placesOf(entries_.size(), width, flow, [this](std::size_t i) { return entries_[i].beginsGroup; });
 }
 
 int EditorButtons::heightForWidth(int width) const {

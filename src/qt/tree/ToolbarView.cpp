@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <algorithm>
 
+#include "qt/panes/ButtonFlow.h"
+
 namespace planview {
 
 namespace {
@@ -205,22 +207,8 @@ void ToolbarView::showIcons() {
 // --- Places
 
 std::vector<QRect> ToolbarView::placesIn(int width) const {
-    const int side = scaled(Side);
-    std::vector<QRect> places;
-    int x = scaled(Margin);
-    int y = scaled(Margin);
-    for (std::size_t i = 0; i < buttons_.size(); ++i) {
-        if (beginsGroup(i)) {
-            x += scaled(GroupGap) - scaled(Gap);
-        }
-        if (x + side > width - scaled(Margin) && i > 0) {
-            x = scaled(Margin);
-            y += side + scaled(Gap);
-        }
-        places.emplace_back(x, y, side, side);
-        x += side + scaled(Gap);
-    }
-    return places;
+    const ButtonFlow flow{scaled(Side), scaled(Gap), scaled(GroupGap), scaled(Margin), scaled(Margin)};
+    return placesOf(buttons_.size(), width, flow, beginsGroup);
 }
 
 int ToolbarView::heightForWidth(int width) const {
