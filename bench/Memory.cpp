@@ -55,8 +55,8 @@ std::int64_t GrowthByPeer() {
 
 #ifdef PLANVIEW_BENCH_XLSX
 
-/// By how many bytes the process grows at most while the work runs. The figures of the heap alone would not show what is
-/// freed before the end.
+/// By how many bytes the process grows at most while the work runs. The figures of the heap alone would not show what
+/// is freed before the end.
 template <class Work>
 std::int64_t PeakGrowth(Work&& work) {
     const auto figure = [](std::string_view name) {
@@ -110,9 +110,9 @@ BENCHMARK_CAPTURE(HeapGrowth, workbookPeer, "workbook-peer")->Name("PeakGrowth/p
 int PrintHeapGrowth(std::string_view subject) {
 #ifdef PLANVIEW_BENCH_XLSX
     if (subject.starts_with("workbook")) {
-        std::cout << (subject == "workbook-download" ? GrowthByWorkbook(PreparedDownload())
-                                                     : GrowthByWorkbook(subject == "workbook" ? &WriteOwnWorkbook
-                                                                                              : &WritePeerWorkbook))
+        std::cout << (subject == "workbook-download"
+                          ? GrowthByWorkbook(PreparedDownload())
+                          : GrowthByWorkbook(subject == "workbook" ? &WriteOwnWorkbook : &WritePeerWorkbook))
                   << '\n';
         return 0;
     }

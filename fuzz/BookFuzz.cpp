@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <QCoreApplication>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -10,6 +8,8 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+
+#include <unistd.h>
 
 #include <planview/HeadlessPlatform.h>
 #include <planview/PlanView.h>

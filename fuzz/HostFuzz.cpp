@@ -28,9 +28,10 @@ constexpr int MaxSteps = 200;
 /// A host that calls back from within a callback does not do so for ever.
 constexpr int MaxDepth = 3;
 
-constexpr std::array<const char*, 17> TableNames{
-    "GRID_ATTR", "COLS_INDEX", "LINE_INDEX", "TAB",     "TAB_OLD", "FIXED_COLS", "FIXED_LINES", "FIXED_TAB", "CELL_ATTR",
-    "GRID_TREE", "MACRO_TREE", "TEXTS",      "COLMENU", "ROWMENU", "GRIDMENU",   "CELLMENU",    "MACROREC"};
+constexpr std::array<const char*, 17> TableNames{"GRID_ATTR",  "COLS_INDEX",  "LINE_INDEX", "TAB",       "TAB_OLD",
+                                                 "FIXED_COLS", "FIXED_LINES", "FIXED_TAB",  "CELL_ATTR", "GRID_TREE",
+                                                 "MACRO_TREE", "TEXTS",       "COLMENU",    "ROWMENU",   "GRIDMENU",
+                                                 "CELLMENU",   "MACROREC"};
 
 /// One control with its host, which answers, throws and calls back as the input says.
 class Host final : public EventSink {
@@ -247,10 +248,11 @@ void Host::UseGrid() {
 
 /// Names the entries that the next popups choose.
 void Host::UseMenu() {
-    constexpr std::array Names{"mnuSwitch",     "mnuZoom",     "mnuChart",      "mnuRandom",    "mnuTrace",
-                               "mnuShowTrace",  "mnuGeneral",  "mnuColsHide",   "mnuColsShow",  "mnuColsSelectAll",
-                               "mnuRowsHide",   "mnuRowsShow", "mnuRowsSelectAll", "mnuCellCut", "mnuCellPaste",
-                               "mnuWidthReset", "mnuForecast1", "mnuDefault",   "mnuLinear",    "mnuChartColumn",
+    constexpr std::array Names{"mnuSwitch",        "mnuZoom",           "mnuChart",          "mnuRandom",
+                               "mnuTrace",         "mnuShowTrace",      "mnuGeneral",        "mnuColsHide",
+                               "mnuColsShow",      "mnuColsSelectAll",  "mnuRowsHide",       "mnuRowsShow",
+                               "mnuRowsSelectAll", "mnuCellCut",        "mnuCellPaste",      "mnuWidthReset",
+                               "mnuForecast1",     "mnuDefault",        "mnuLinear",         "mnuChartColumn",
                                "mnuRowAttributes", "mnuChartAttribute", "mnuHeightResetAll", "mnuAverage"};
     platform_.choices = {Names[input_.Byte() % Names.size()]};
 }

@@ -63,7 +63,7 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     Plan plan;
-    planview::HeadlessPlatform platform;  // before the control, which uses it to its end
+    planview::HeadlessPlatform platform;           // before the control, which uses it to its end
     planview::xlsx::Register(platform.Objects());  // what the control downloads to
     planview::PlanView control(platform.Interfaces());
     control.PROP_Set_COLS_INDEX(plan.columns);

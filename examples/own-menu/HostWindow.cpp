@@ -76,10 +76,11 @@ void HostWindow::offerEntries() {
 }
 
 void HostWindow::listen() {
-    connect(view_, &PlanViewWidget::GridValueChanged, this,
-            [this](short month, const QString&, short line, const QString&, const QVariant& value) {
-                report(QString("GridValueChanged: line %1, month %2 is now %3").arg(line).arg(month).arg(value.toString()));
-            });
+    connect(
+        view_, &PlanViewWidget::GridValueChanged, this,
+        [this](short month, const QString&, short line, const QString&, const QVariant& value) {
+            report(QString("GridValueChanged: line %1, month %2 is now %3").arg(line).arg(month).arg(value.toString()));
+        });
     connect(view_, &PlanViewWidget::GridStartUpdate, this,
             [this] { report("GridStartUpdate: the control has written to the tables"); });
     connect(view_, &PlanViewWidget::GridCellDblClick, this,

@@ -7,8 +7,8 @@
 /// The table TAB over a model that the application has anyway: nothing is copied, what the control reads comes from the
 /// model and what the user enters goes into it.
 ///
-/// Row i of the table is the model's cell (row (i - 1) / columns, column (i - 1) % columns); `Z` is the cell's row from 1,
-/// `C` its column from 1 and `V` its value. Every cell of the model has its row, so the control never appends one.
+/// Row i of the table is the model's cell (row (i - 1) / columns, column (i - 1) % columns); `Z` is the cell's row from
+/// 1, `C` its column from 1 and `V` its value. Every cell of the model has its row, so the control never appends one.
 class CellsOfModel final : public planview::AutomationObject {
 public:
     /// The model must outlive every control that the table is handed to.

@@ -11,7 +11,8 @@ namespace planview {
 /// A platform without a screen, for hosts that build and read a view in a service or a test.
 ///
 /// Message boxes answer with their default button, forms, popups and progress are never shown, file dialogs are
-/// cancelled, the clipboard is one of its own, objects are those that the host registers, and the system information is that of the operating system. The log folder is "planview" in the user's state folder
+/// cancelled, the clipboard is one of its own, objects are those that the host registers, and the system information is
+/// that of the operating system. The log folder is "planview" in the user's state folder
 /// (`XDG_STATE_HOME`, else "~/.local/state").
 class PLANVIEW_EXPORT HeadlessPlatform {
 public:

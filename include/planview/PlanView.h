@@ -287,15 +287,15 @@ public:
     /// `onSelectedLine` takes the selected line (that of the selected cells) in the place of the one that the recording
     /// is about; it has to be about one alone.
     MacroResult ReplayMacro(const std::string& nodeKey, bool onSelectedLine = false);
-    /// Runs the MACRO_TREE node with this key: a macro, or a recording as ReplayMacro() does. A macro computes everything
-    /// first; whatever is wrong then (the check, a division by zero, a cell that may not be changed), nothing is changed.
-    /// Its values are one change, undone as one. `onSelectedLine` as for ReplayMacro().
+    /// Runs the MACRO_TREE node with this key: a macro, or a recording as ReplayMacro() does. A macro computes
+    /// everything first; whatever is wrong then (the check, a division by zero, a cell that may not be changed),
+    /// nothing is changed. Its values are one change, undone as one. `onSelectedLine` as for ReplayMacro().
     MacroResult RunMacro(const std::string& nodeKey, bool onSelectedLine = false);
     /// Says what would keep the macro from running, each problem on a line of its own; `done` where nothing would.
     MacroResult CheckMacro(const std::string& nodeKey);
-    /// Moves a MACRO_TREE node, with all below it, as `MacroTreeNodeDropped` reports it: `action` 4 before, 5 after, 6 as
-    /// the last one below the target. What does not go there is not moved; the macro editor says why. The host hears of
-    /// the change by `MacroTreeExpand`.
+    /// Moves a MACRO_TREE node, with all below it, as `MacroTreeNodeDropped` reports it: `action` 4 before, 5 after, 6
+    /// as the last one below the target. What does not go there is not moved; the macro editor says why. The host hears
+    /// of the change by `MacroTreeExpand`.
     void MoveMacroNode(const std::string& nodeKey, const std::string& target, std::int16_t action);
 
     // --- Late binding -----------------------------------------------------------------------------------------------

@@ -213,8 +213,8 @@ void ChartCommands::TellTrendLimit() const {
         const ChartTrend& trend = *series.look->trends.front();
         const TrendFit fit(trend.kind, series.values, trend.period);
         if (!fit.IsValid()) {
-            parts_.messageBoxes.Show({series.caption + ": " + fit.Limit(parts_.chart.State().categories), "Trend line", MessageButtons::Ok,
-                                      MessageIcon::Information, MessageAnswer::Ok});
+            parts_.messageBoxes.Show({series.caption + ": " + fit.Limit(parts_.chart.State().categories), "Trend line",
+                                      MessageButtons::Ok, MessageIcon::Information, MessageAnswer::Ok});
         }
         return;
     }

@@ -13,8 +13,8 @@ ControlContext::ControlContext(const Platform& desktop)
       recording({tables, grid, events, platform.messageBoxes}),
       hostUpdate(grid, tables, events),
       construction({grid, tables, keys}, settings),
-      valueEntry({grid, tables, settings, keys, events, hostUpdate, history, busy, desktop.messageBoxes,
-                  recording, [this] { ChartStep(); }, [this](bool running) { TellBulk(running); }}),
+      valueEntry({grid, tables, settings, keys, events, hostUpdate, history, busy, desktop.messageBoxes, recording,
+                  [this] { ChartStep(); }, [this](bool running) { TellBulk(running); }}),
       clipboard({grid, keys, valueEntry, desktop.clipboard, desktop.messageBoxes,
                  [this](Cell cell, std::string_view reason) { return TellBeside(cell, reason); }}),
       keyHandling({grid, keys, clipboard, hostUpdate, busy, [this] { ChartStep(); },
@@ -32,8 +32,7 @@ ControlContext::ControlContext(const Platform& desktop)
                      [this] { ChartStep(); }}),
       chartOptions({settings, chartSettings, tables, hostUpdate, desktop.forms, desktop.messageBoxes,
                     [this] { return chooseColor(); }, [this] { return chartCommands.CommonType(); },
-                    [this](ChartType type) { chartCommands.ChooseType(type); },
-                    [this] { chartCommands.Rebuild(); }}),
+                    [this](ChartType type) { chartCommands.ChooseType(type); }, [this] { chartCommands.Rebuild(); }}),
       download({grid, tables, spreadsheetOptions, busy, desktop.objects, desktop.fileDialogs, desktop.messageBoxes,
                 desktop.progress}),
       upload({grid, tables, spreadsheetOptions, busy, valueEntry, desktop.objects, desktop.fileDialogs,
@@ -56,9 +55,7 @@ ControlContext::ControlContext(const Platform& desktop)
     grid.SetEvents(&gridHandlers);
     chart.SetEvents(&chartHandlers);
     tree.SetEvents(&treeHandlers);
-    toolbar.onPress = [this](ToolbarButton button) {
-        macroEditor.AddElement(button);
-    };
+    toolbar.onPress = [this](ToolbarButton button) { macroEditor.AddElement(button); };
     toolbar.onDragSelection = [this](const std::string& selection) {
         const Variant argument(selection);
         events.Raise(EventId::MacroDragSelection, {&argument, 1});

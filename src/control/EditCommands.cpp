@@ -59,11 +59,10 @@ void PlanView::RaiseSelected(double percent) {
 }
 
 void PlanView::SwitchChart() {
-    Guarded(state_, ChartLabel, "SwitchDisplay",
-            [](ControlContext& context) {
-                context.chartCommands.SwitchDisplay();
-                RecordMenuCommand(context, "Chart");
-            });
+    Guarded(state_, ChartLabel, "SwitchDisplay", [](ControlContext& context) {
+        context.chartCommands.SwitchDisplay();
+        RecordMenuCommand(context, "Chart");
+    });
 }
 
 void PlanView::SwitchMacroTree() {
@@ -84,19 +83,17 @@ bool PlanView::ChartShown() const noexcept {
 }
 
 void PlanView::ShowSelectedColumnsInChart() {
-    Guarded(state_, ChartLabel, "ColsShowInChart",
-            [](ControlContext& context) {
-                context.chartCommands.ColsShowInChart();
-                context.recording.Did({"ColsInChart", SelectedColumnKeys(context.grid), {}, {}});
-            });
+    Guarded(state_, ChartLabel, "ColsShowInChart", [](ControlContext& context) {
+        context.chartCommands.ColsShowInChart();
+        context.recording.Did({"ColsInChart", SelectedColumnKeys(context.grid), {}, {}});
+    });
 }
 
 void PlanView::ShowSelectedRowsInChart() {
-    Guarded(state_, ChartLabel, "RowsShowInChart",
-            [](ControlContext& context) {
-                context.chartCommands.RowsShowInChart();
-                context.recording.Did({"RowsInChart", {}, SelectedRowKeys(context.grid), {}});
-            });
+    Guarded(state_, ChartLabel, "RowsShowInChart", [](ControlContext& context) {
+        context.chartCommands.RowsShowInChart();
+        context.recording.Did({"RowsInChart", {}, SelectedRowKeys(context.grid), {}});
+    });
 }
 
 void PlanView::LeaveForecastView() {

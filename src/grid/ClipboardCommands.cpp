@@ -213,9 +213,10 @@ void ClipboardCommands::Raise(double percent) {
         }
     }
     if (values.empty()) {
-        parts_.messageBoxes.Show({"There is nothing to raise: select planning cells that hold numbers, and take a "
-                                  "percentage from -1000000 to 1000000.",
-                                  "Grid", MessageButtons::Ok, MessageIcon::Information, MessageAnswer::Ok});
+        parts_.messageBoxes.Show(
+            {"There is nothing to raise: select planning cells that hold numbers, and take a "
+             "percentage from -1000000 to 1000000.",
+             "Grid", MessageButtons::Ok, MessageIcon::Information, MessageAnswer::Ok});
         return;
     }
     Change(values, "raised", note);

@@ -13,8 +13,9 @@
 
 namespace planview {
 
-/// Copying, cutting, pasting, filling, deleting and raising of what is selected, as a spreadsheet does it. Everything that
-/// changes values does so as one bulk change through value entry; what is refused is counted and told to the user once.
+/// Copying, cutting, pasting, filling, deleting and raising of what is selected, as a spreadsheet does it. Everything
+/// that changes values does so as one bulk change through value entry; what is refused is counted and told to the user
+/// once.
 class ClipboardCommands {
 public:
     struct Parts {
@@ -40,8 +41,8 @@ public:
     void Fill();
     /// Empties the planning cells that are selected.
     void DeleteCellContents();
-    /// Multiplies the numbers of the selected planning cells by 1 + percent / 100; empty cells stay empty. A message and
-    /// nothing else for a percentage that is no finite number or beyond MaxPercent either way.
+    /// Multiplies the numbers of the selected planning cells by 1 + percent / 100; empty cells stay empty. A message
+    /// and nothing else for a percentage that is no finite number or beyond MaxPercent either way.
     void Raise(double percent);
     static constexpr double MaxPercent = 1e6;
 

@@ -131,8 +131,7 @@ private:
     bool running_;
 };
 
-void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text, const std::string& before,
-                                 EditKind kind) {
+void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text, const std::string& before, EditKind kind) {
     const CellKey cell{std::string(keys.column), std::string(keys.row)};
     Transaction transaction(parts_, 1, Announce::EachValue, true);
     Done done;

@@ -47,11 +47,11 @@ PlanViewCore::PlanViewCore(PlanViewWidget& widget, const PlatformOverrides& over
       fileDialogs(widget),
       progress(widget),
       sink(widget),
-      view(Platform{chosen<MessageBoxes>(overrides.messageBoxes, messageBoxes), chosen<Forms>(overrides.forms, forms),
-                    chosen<Clipboard>(overrides.clipboard, clipboard),
-                    chosen<SystemInformation>(overrides.system, system), chosen<Popups>(overrides.popups, popups),
-                    chosen<FileDialogs>(overrides.fileDialogs, fileDialogs),
-                    chosen<ObjectFactory>(overrides.objects, objects), chosen<Progress>(overrides.progress, progress)}) {
+      view(Platform{
+          chosen<MessageBoxes>(overrides.messageBoxes, messageBoxes), chosen<Forms>(overrides.forms, forms),
+          chosen<Clipboard>(overrides.clipboard, clipboard), chosen<SystemInformation>(overrides.system, system),
+          chosen<Popups>(overrides.popups, popups), chosen<FileDialogs>(overrides.fileDialogs, fileDialogs),
+          chosen<ObjectFactory>(overrides.objects, objects), chosen<Progress>(overrides.progress, progress)}) {
     view.AddSink(sink);
 }
 

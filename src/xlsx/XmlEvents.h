@@ -19,7 +19,8 @@ public:
     /// The value of the attribute with this name behind any prefix, such as "r:id".
     [[nodiscard]] std::string_view Prefixed(std::string_view name) const noexcept;
 
-    /// Calls visit(name, value), both with a zero at the end: for what is asked so often that finding lengths would show.
+    /// Calls visit(name, value), both with a zero at the end: for what is asked so often that finding lengths would
+    /// show.
     template <class Visit>
     void ForEach(Visit&& visit) const {
         for (const char* const* pair = pairs_; *pair; pair += 2) {

@@ -132,8 +132,8 @@ TEST_F(ControlTest, TheEndReleasesTheTablesInTheirOrder) {
     private:
         Lines& out_;
     } peek(entries);
-    control = std::make_unique<PlanView>(Platform{peek, platform, platform, platform, platform, platform, platform.objects,
-                                                  platform.progress});
+    control = std::make_unique<PlanView>(
+        Platform{peek, platform, platform, platform, platform, platform, platform.objects, platform.progress});
     tables.GiveTo(*control);
     modPlan::Trace_Enable(platform.Interfaces());
     ForgetEntries();

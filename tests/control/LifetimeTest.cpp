@@ -1,10 +1,9 @@
-#include <malloc.h>
-
 #include <functional>
 #include <map>
 #include <memory>
 
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <planview/HeadlessPlatform.h>
 #include <planview/PlanView.h>
@@ -136,10 +135,10 @@ protected:
 
 TEST_F(LifetimeTest, ATableMayLeaveAtAnyAccess) {
     const std::map<std::string, std::shared_ptr<MemoryTable> Tables::*> slots = {{"GRID_ATTR", &Tables::gridAttr},
-                                                                                {"COLS_INDEX", &Tables::colsIndex},
-                                                                                {"LINE_INDEX", &Tables::lineIndex},
-                                                                                {"TAB", &Tables::tab},
-                                                                                {"TAB_OLD", &Tables::tabOld}};
+                                                                                 {"COLS_INDEX", &Tables::colsIndex},
+                                                                                 {"LINE_INDEX", &Tables::lineIndex},
+                                                                                 {"TAB", &Tables::tab},
+                                                                                 {"TAB_OLD", &Tables::tabOld}};
     int left = 0;
     for (const UserAction& action : UserActions()) {
         for (const auto& [name, table] : slots) {
@@ -155,8 +154,8 @@ TEST_F(LifetimeTest, ATableMayLeaveAtAnyAccess) {
                         alive->Call(put, std::vector<Variant>{Variant::Nothing()});
                     }
                 };
-                control->Call(put, std::vector<Variant>{
-                                       Variant(std::make_shared<LeavingTable>(tables.*table, access, leave))});
+                control->Call(
+                    put, std::vector<Variant>{Variant(std::make_shared<LeavingTable>(tables.*table, access, leave))});
                 action.run(control);
                 control->DP_Import_Create();  // goes on without the table
             }

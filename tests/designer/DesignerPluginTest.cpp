@@ -2,8 +2,9 @@
 #include <QIcon>
 #include <QPluginLoader>
 #include <QTest>
-#include <QtUiPlugin/QDesignerCustomWidgetInterface>
 #include <memory>
+
+#include <QtUiPlugin/QDesignerCustomWidgetInterface>
 
 #if WITH_UI_TOOLS
 #include <QUiLoader>

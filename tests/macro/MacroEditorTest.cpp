@@ -336,7 +336,8 @@ TEST_F(MacroEditorTest, DraggedNodesStandWhereTheyWereDropped) {
             ++moved;
         }
         BuildTree();
-        ASSERT_EQ(TreeText(context.tree), folders.Text()) << step << ": " << key << " to " << target << " in " << before;
+        ASSERT_EQ(TreeText(context.tree), folders.Text())
+            << step << ": " << key << " to " << target << " in " << before;
         ASSERT_EQ(context.tree.Nodes().Item(key).Text(), "Text " + key);
     }
     EXPECT_GT(moved, 100);

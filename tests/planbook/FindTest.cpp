@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "book/BookStore.h"
 #include "find/BookFinder.h"
 #include "find/FindText.h"
 #include "planbook/TestBook.h"
-#include "book/BookStore.h"
 
 namespace planbook {
 namespace {

@@ -1,6 +1,6 @@
-#include <malloc.h>
-
 #include <QClipboard>
+
+#include <malloc.h>
 
 #include "qt/WidgetOnScreen.h"
 

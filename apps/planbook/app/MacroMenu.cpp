@@ -49,9 +49,8 @@ MacroMenu::MacroMenu(QMenu& menu, PlanViewWidget& view, BookSession& session, Qu
         }
     });
     // A double click on its node in the tree, or Return.
-    connect(&view_, &PlanViewWidget::GridTreeMacroClick, this, [this](const QString& key) {
-        QTimer::singleShot(0, this, [this, key] { runNode(key.toStdString()); });
-    });
+    connect(&view_, &PlanViewWidget::GridTreeMacroClick, this,
+            [this](const QString& key) { QTimer::singleShot(0, this, [this, key] { runNode(key.toStdString()); }); });
     connect(&view_, &PlanViewWidget::MacroTreeNodeDropped, this,
             [this](const QString& target, const QString& moved, short action) {
                 QTimer::singleShot(0, this, [=, this] {

@@ -41,12 +41,10 @@ void MainWindow::buildFileMenu() {
     recent_->attach(*file->addMenu("Recent &books"));
     bookActions_->addAction(file->addAction("&Reload", QKeySequence(Qt::Key_F5), this, &MainWindow::reload));
     file->addSeparator();
-    bookActions_->addAction(
-        file->addAction("&Download as workbook…", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), view_,
-                        &PlanViewWidget::download));
-    bookActions_->addAction(
-        file->addAction("&Upload from workbook…", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O), view_,
-                        &PlanViewWidget::upload));
+    bookActions_->addAction(file->addAction("&Download as workbook…", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+                                            view_, &PlanViewWidget::download));
+    bookActions_->addAction(file->addAction("&Upload from workbook…", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
+                                            view_, &PlanViewWidget::upload));
     QAction* printSetup = file->addAction("Workbooks with &print set-up");
     printSetup->setCheckable(true);
     connect(printSetup, &QAction::toggled, view_, &PlanViewWidget::setSpreadsheetPrintSetup);

@@ -115,9 +115,10 @@ std::optional<QString> QuestionWindows::askName(const QString& text, const QStri
 }
 
 Questions::OfRecording QuestionWindows::whatOfRecording(int steps) {
-    QMessageBox box(QMessageBox::Question, "planbook",
-                    QString("A recording of %1 is running.\nIt ends when the book is left.").arg(counted(steps, "step")),
-                    QMessageBox::Cancel, parent_);
+    QMessageBox box(
+        QMessageBox::Question, "planbook",
+        QString("A recording of %1 is running.\nIt ends when the book is left.").arg(counted(steps, "step")),
+        QMessageBox::Cancel, parent_);
     QPushButton* keep = box.addButton("Keep…", QMessageBox::AcceptRole);
     const QPushButton* discard = box.addButton("Discard", QMessageBox::DestructiveRole);
     box.setDefaultButton(keep);
@@ -128,10 +129,10 @@ Questions::OfRecording QuestionWindows::whatOfRecording(int steps) {
 }
 
 bool QuestionWindows::mayDiscardRecording(int steps) {
-    QMessageBox box(QMessageBox::Question, "planbook",
-                    QString("Discard the recording of %1?\nWhat you did meanwhile stays done.")
-                        .arg(counted(steps, "step")),
-                    QMessageBox::Cancel, parent_);
+    QMessageBox box(
+        QMessageBox::Question, "planbook",
+        QString("Discard the recording of %1?\nWhat you did meanwhile stays done.").arg(counted(steps, "step")),
+        QMessageBox::Cancel, parent_);
     const QPushButton* discard = box.addButton("Discard", QMessageBox::DestructiveRole);
     box.setDefaultButton(QMessageBox::Cancel);
     box.exec();

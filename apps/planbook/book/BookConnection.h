@@ -47,8 +47,8 @@ private:
     QString name_;
 };
 
-/// A transaction that rolls back unless it was committed. One that writes has the book for itself from its beginning on,
-/// so that what it reads is still true when it writes.
+/// A transaction that rolls back unless it was committed. One that writes has the book for itself from its beginning
+/// on, so that what it reads is still true when it writes.
 class BookTransaction {
 public:
     BookTransaction(const BookConnection& connection, BookConnection::Work work);

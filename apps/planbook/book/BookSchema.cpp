@@ -72,8 +72,8 @@ constexpr Field CellAttr[] = {
 };
 
 constexpr Field MacroTree[] = {
-    {"NODEKEY", Text}, {"NODEREF", Text},  {"RELATION", Integer}, {"NODETEXT", Text},
-    {"IMAGE", Any},    {"IMAGE_SEL", Any}, {"EXPANDED", Text},    {"NODETYPE", Text, 2},
+    {"NODEKEY", Text},      {"NODEREF", Text},     {"RELATION", Integer}, {"NODETEXT", Text},
+    {"IMAGE", Any},         {"IMAGE_SEL", Any},    {"EXPANDED", Text},    {"NODETYPE", Text, 2},
     {"NODEVALUE", Text, 2}, {"NODENAME", Text, 2}, {"INACTIVE", Text, 2},
 };
 

@@ -59,14 +59,13 @@ void Execute(const BookConnection& connection, QSqlQuery& query) {
 /// TAB or TAB_OLD in the file, as a place of cells.
 class CellFile {
 public:
-    CellFile(const BookConnection& connection, BookTable table)
-        : connection_(connection), table_(Describe(table)) {
+    CellFile(const BookConnection& connection, BookTable table) : connection_(connection), table_(Describe(table)) {
         const QString name = Quoted(table_.name);
         // Without it every look-up walks the table. Books made before it was there get it with their first change.
-        connection_.Run(Work::Write, "CREATE INDEX IF NOT EXISTS " + Quoted(Name(table_) + "_CELL") + " ON " + name +
-                                         " (Z, C)");
-        find_ = connection_.Prepare(Work::Write, "SELECT ROW_NO, V FROM " + name +
-                                                     " WHERE Z = ? AND C = ? ORDER BY ROW_NO LIMIT 1");
+        connection_.Run(Work::Write,
+                        "CREATE INDEX IF NOT EXISTS " + Quoted(Name(table_) + "_CELL") + " ON " + name + " (Z, C)");
+        find_ = connection_.Prepare(Work::Write,
+                                    "SELECT ROW_NO, V FROM " + name + " WHERE Z = ? AND C = ? ORDER BY ROW_NO LIMIT 1");
         update_ = connection_.Prepare(Work::Write, "UPDATE " + name + " SET V = ? WHERE ROW_NO = ?");
         insert_ = connection_.Prepare(Work::Write, "INSERT INTO " + name + " (ROW_NO, Z, C, V) VALUES (?, ?, ?, ?)");
     }
@@ -96,8 +95,8 @@ public:
 
     void Append(CellPlace cell, const Variant& value) {
         if (lastRow_ == 0) {
-            QSqlQuery count = connection_.Run(
-                Work::Write, "SELECT COALESCE(MAX(ROW_NO), 0), COUNT(*) FROM " + Quoted(table_.name));
+            QSqlQuery count =
+                connection_.Run(Work::Write, "SELECT COALESCE(MAX(ROW_NO), 0), COUNT(*) FROM " + Quoted(table_.name));
             count.next();
             lastRow_ = count.value(0).toLongLong();
             rowCount_ = count.value(1).toLongLong();
@@ -156,8 +155,7 @@ void WriteOldValues(const BookConnection& connection, const std::vector<OldValue
 /// The numbers of the table's rows in their order.
 std::vector<qlonglong> RowNumbers(const BookConnection& connection, const TableDescription& table) {
     std::vector<qlonglong> numbers;
-    QSqlQuery rows =
-        connection.Run(Work::Write, "SELECT ROW_NO FROM " + Quoted(table.name) + " ORDER BY ROW_NO");
+    QSqlQuery rows = connection.Run(Work::Write, "SELECT ROW_NO FROM " + Quoted(table.name) + " ORDER BY ROW_NO");
     while (rows.next()) {
         numbers.push_back(rows.value(0).toLongLong());
     }
@@ -175,9 +173,9 @@ void WriteTable(const BookConnection& connection, const TableEdits& edits) {
         WriteRows(connection, table, *edits.allRows);
     }
     for (const FieldEdit& edit : edits.fields) {
-        QSqlQuery update = connection.Prepare(Work::Write, "UPDATE " + Quoted(table.name) + " SET " +
-                                                               Quoted(table.fields[edit.field].name) +
-                                                               " = ? WHERE ROW_NO = ?");
+        QSqlQuery update =
+            connection.Prepare(Work::Write, "UPDATE " + Quoted(table.name) + " SET " +
+                                                Quoted(table.fields[edit.field].name) + " = ? WHERE ROW_NO = ?");
         update.addBindValue(SqlField(connection, table, edit.row, edit.field, edit.after));
         update.addBindValue(numbers[edit.row]);
         Execute(connection, update);

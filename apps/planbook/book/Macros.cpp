@@ -51,8 +51,8 @@ bool IsForSelectedLine(const Book& book, const MacroEntry& macro) {
     for (std::int32_t row = 1; row <= tree.RowCount(); ++row) {
         const std::string reference = tree.Value(row, "NODEREF").AsText();
         // Beside the macro is not in it.
-        const bool isIn = reference == macro.key ? tree.Value(row, "RELATION").AsInt32() == Child
-                                                 : inside.contains(reference);
+        const bool isIn =
+            reference == macro.key ? tree.Value(row, "RELATION").AsInt32() == Child : inside.contains(reference);
         if (!isIn) {
             continue;
         }

@@ -216,8 +216,8 @@ public:
     /// Ends the chart's forecast view; nothing in another view.
     Q_INVOKABLE void leaveForecastView();
     /// @{
-    /// The grid into a new workbook, and changed values from one: asks for the file, works and tells what went wrong. The
-    /// spreadsheet application is the one that the host has registered with objects().
+    /// The grid into a new workbook, and changed values from one: asks for the file, works and tells what went wrong.
+    /// The spreadsheet application is the one that the host has registered with objects().
     Q_INVOKABLE void download();
     Q_INVOKABLE void upload();
     /// @}

@@ -120,7 +120,8 @@ TrendFit::Obstacle TrendFit::FindObstacle(std::span<const double> values) const 
 std::string TrendFit::Limit(std::span<const std::string> periods) const {
     const std::size_t place = obstacle_.place;
     const bool named = place < periods.size() && !periods[place].empty();
-    const std::string value = "the value in " + (named ? periods[place] : "period " + std::to_string(place + 1)) + " is ";
+    const std::string value =
+        "the value in " + (named ? periods[place] : "period " + std::to_string(place + 1)) + " is ";
     switch (obstacle_.kind) {
         case ObstacleKind::TooFewValues:
             return TooFew(kind_, count_, NeededValues());

@@ -202,8 +202,7 @@ void ChartView::showPointBubble(const Place& place) {
 
 void ChartView::showRefusal(const Place& place) {
     if (isPoint(place)) {
-        setBubble(
-            Bubble{pointRect(place.series, place.category), describe(place), tr("This value cannot be changed")});
+        setBubble(Bubble{pointRect(place.series, place.category), describe(place), tr("This value cannot be changed")});
     }
 }
 

@@ -25,11 +25,8 @@ constexpr FormWindow windowOf() {
 
 /// One line for each form that has a window.
 constexpr FormWindow Windows[] = {
-    windowOf<frmChart, ChartDialog>(),
-    windowOf<frmGrid, GridOptionsDialog>(),
-    windowOf<frmRow, RowDialog>(),
-    windowOf<frmTrace, TraceDialog>(),
-    windowOf<frmUpload, UploadDialog>(),
+    windowOf<frmChart, ChartDialog>(), windowOf<frmGrid, GridOptionsDialog>(), windowOf<frmRow, RowDialog>(),
+    windowOf<frmTrace, TraceDialog>(), windowOf<frmUpload, UploadDialog>(),
 };
 
 }  // namespace

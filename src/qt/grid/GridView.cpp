@@ -412,7 +412,8 @@ QImage GridView::renderToImage(QSize size, qreal scale) {
     image.fill(QColor::fromRgb(theme_->panel));
     {
         QPainter painter(&image);
-        GridPainter({grid_, picture, *theme_, pictureFonts, bitmaps_, pending_, dots_, true}).paint(painter, image.rect());
+        GridPainter({grid_, picture, *theme_, pictureFonts, bitmaps_, pending_, dots_, true})
+            .paint(painter, image.rect());
     }
     image.setDevicePixelRatio(scale);
     return image;

@@ -238,8 +238,8 @@ void OperandPane::fitKeys() {
         QFont font = key->font();
         const int usual = qRound(EditorTextPixels * scale_);
         int pixels = usual;
-        for (font.setPixelSize(pixels);
-             pixels > LeastTextPixels && QFontMetrics(font).horizontalAdvance(key->text()) > key->width() - 2 * KeyMargin;
+        for (font.setPixelSize(pixels); pixels > LeastTextPixels && QFontMetrics(font).horizontalAdvance(key->text()) >
+                                                                        key->width() - 2 * KeyMargin;
              font.setPixelSize(pixels)) {
             --pixels;
         }

@@ -193,8 +193,7 @@ QPoint QtPopups::positionOf(PopupPlace place) const {
     }
     if (tree_ && tree_->hasFocus()) {
         const QRect node = tree_->nodeRect(tree_->tree().SelectedItem());
-        return tree_->viewport()->mapToGlobal(node.isEmpty() ? tree_->viewport()->rect().topLeft()
-                                                             : node.bottomLeft());
+        return tree_->viewport()->mapToGlobal(node.isEmpty() ? tree_->viewport()->rect().topLeft() : node.bottomLeft());
     }
     if (grid_) {
         const std::optional<Cell> current = grid_->grid().CurrentCell();

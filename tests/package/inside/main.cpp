@@ -29,8 +29,8 @@ int main() {
     control.DP_Import_Create();
     std::ostringstream trace;
     planview::WriteTraceLog(trace);
-    const bool built = trace.str().find("contents:1250,5") != std::string::npos &&
-                       columns->Value(1, "GRID_ID").AsText() == "COL1";
+    const bool built =
+        trace.str().find("contents:1250,5") != std::string::npos && columns->Value(1, "GRID_ID").AsText() == "COL1";
     std::cout << planview::VersionMajor << '.' << planview::VersionMinor << '.' << planview::VersionRevision << ": "
               << (built ? "built" : "not built") << '\n';
     return built ? 0 : 1;
