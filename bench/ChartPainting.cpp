@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A chart on the screen: filling it anew and painting it, beside a plotting widget that does the same, and dragging one
 // of its points.
 //

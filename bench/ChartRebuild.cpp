@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From the tables and the grid to a filled chart, without the screen.
 
 #include <benchmark/benchmark.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From the host's tables to a finished grid.
 
 #include <memory>

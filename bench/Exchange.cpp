@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The grid into a workbook and back, beside the libraries below without the grid.
 
 #include "Exchange.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A macro of ten statements over the whole of 181 × 181 cells.
 
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How much the heap grows by a finished grid. Each subject is measured in a process of its own, so that neither finds
 // memory that the other one has left behind.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A grid on the screen: painting all of it, and scrolling it by a row.
 //
 // Both windows are of one size and show cells of one size, so that both paint the same number of cells; the control's

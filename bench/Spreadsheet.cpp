@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Workbooks: the spreadsheet application, late-bound, beside its own libraries without it.
 
 #include "Spreadsheet.h"

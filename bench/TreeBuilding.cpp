@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The macro tree of 10,000 nodes: from the host's table to the painted tree.
 
 #include <QApplication>

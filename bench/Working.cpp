@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A user at work in a full table: one edit, a large paste, hiding many rows, a value typed into a grid on the screen.
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs the benchmarks and prints how the control compares with its peers.
 //
 // Takes the arguments of Google Benchmark. What is not given is chosen for a noisy machine: several repetitions in

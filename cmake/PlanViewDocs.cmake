@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The target "docs": the reference of the public headers, in docs/reference/html of the build directory. It fails on
 # anything that is public and has no comment. Only where Doxygen is installed.
 

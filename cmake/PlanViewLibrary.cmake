@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What makes a library of the project one that others can use: the target PlanView::NAME, its installation, its pkg-config
 # file. PlanViewPackage.cmake adds what belongs to all of them together.
 

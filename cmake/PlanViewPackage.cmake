@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What is installed beside the libraries and planbook, and the Debian packages: "cmake --workflow --preset package".
 
 include(CMakePackageConfigHelpers)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host without a screen, as a service or a nightly job is one: builds a plan, changes it and writes it as a workbook.
 // "headless PLAN.xlsx"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The smallest host: a plan of two lines and three months in a window. "minimal PICTURE.png" writes a picture instead.
 
 #include <QApplication>

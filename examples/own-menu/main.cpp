@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host with menu entries of its own that listens to the control's events. "own_menu PICTURE.png" changes two cells,
 // as a user and as the host, writes a picture and ends.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SalesModel.h"
 
 SalesModel::SalesModel()

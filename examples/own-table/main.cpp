@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host with data of its own: one model, shown by Qt's own table and by PlanView. What is edited in one of them is
 // seen in the other. "own_table PICTURE.png" changes a value, writes a picture and ends.
 

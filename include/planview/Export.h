@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 /// Marks what a shared library of PlanView shows to the outside; everything else in it is hidden. It says the same

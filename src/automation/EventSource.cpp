@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "automation/EventSource.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "automation/HostTable.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "automation/MemberNames.h"
 
 #include <algorithm>

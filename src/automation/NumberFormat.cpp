@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "automation/NumberFormat.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <planview/Events.h>
 
 namespace planview {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "automation/Utf8.h"
 
 #include <cstddef>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chart/ChartCommands.h"
 
 #include <algorithm>

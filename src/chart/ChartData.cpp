@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chart/ChartData.h"
 
 #include "automation/CheckedInt.h"

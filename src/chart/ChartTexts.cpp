@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chart/ChartTexts.h"
 
 #include "chart/ChartMarks.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The passes of modChart over the index tables, and its trend lines.
 
 #include "automation/CheckedInt.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "components/GridAttributes.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "components/GridCells.h"
 
 #include <algorithm>

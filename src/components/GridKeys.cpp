@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "components/GridKeys.h"
 
 #include <algorithm>

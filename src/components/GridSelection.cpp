@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "components/GridSelection.h"
 
 #include <algorithm>

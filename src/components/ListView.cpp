@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "components/ListView.h"
 
 #include <algorithm>

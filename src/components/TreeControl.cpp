@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "components/TreeControl.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/ChartHandlers.h"
 
 #include "automation/Numbers.h"

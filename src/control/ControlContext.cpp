@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/ControlContext.h"
 
 #include "control/MacroCommands.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/MacroCommands.h"
 
 #include "control/Guarded.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/MenuWiring.h"
 
 #include "control/ControlContext.h"

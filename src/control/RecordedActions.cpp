@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/RecordedActions.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <planview/PlanView.h>
 
 #include "control/Guarded.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/ViewCommands.h"
 
 #include "control/ControlContext.h"

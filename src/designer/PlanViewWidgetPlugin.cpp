@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "designer/PlanViewWidgetPlugin.h"
 
 #include <QIcon>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/ChartOptions.h"
 
 #include "dialogs/frmChart.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/FormControls.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/GeneralOptions.h"
 
 #include "dialogs/frmGrid.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/PropertyForm.h"
 
 #include "trace/ErrorTrap.h"

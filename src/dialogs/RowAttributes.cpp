@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/RowAttributes.h"
 
 #include "dialogs/frmRow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/frmGrid.h"
 
 #include "trace/TraceText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grid/CellTable.h"
 
 #include <utility>

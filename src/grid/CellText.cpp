@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grid/CellText.h"
 
 #include <optional>

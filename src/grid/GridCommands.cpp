@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grid/GridCommands.h"
 
 #include "grid/SelectedCells.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grid/HostUpdate.h"
 
 #include "grid/modGrid.h"

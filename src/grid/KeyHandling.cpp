@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grid/KeyHandling.h"
 
 #include "trace/TraceText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grid/KeyLookup.h"
 
 #include "grid/CellRules.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grid/MarkedRows.h"
 
 #include "grid/LoaderSupport.h"

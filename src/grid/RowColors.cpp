@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grid/RowColors.h"
 
 #include "grid/IndexAxis.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grid/Selection.h"
 
 #include <string>

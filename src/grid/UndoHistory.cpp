@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grid/UndoHistory.h"
 
 #include <utility>

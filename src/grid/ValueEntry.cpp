@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grid/ValueEntry.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the macro editor takes as elements: from the grid, from a text, from its buttons and popups.
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "macro/MacroKeep.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "macro/MacroParser.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "macro/MacroSheet.h"
 
 #include "automation/Numbers.h"

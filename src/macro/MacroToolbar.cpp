@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "macro/MacroToolbar.h"
 
 #include "trace/ErrorTrap.h"

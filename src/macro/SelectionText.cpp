@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "macro/SelectionText.h"
 
 #include "grid/SelectedCells.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "macro/modMacro.h"
 
 #include <algorithm>

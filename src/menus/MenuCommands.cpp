@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "menus/MenuCommands.h"
 
 #include <algorithm>

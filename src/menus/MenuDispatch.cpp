@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "menus/MenuDispatch.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "menus/modPopup.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/PlanViewState.h"
 
 // The 65 members of the control, each passed on as it is.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <QPointer>
 
 #include "qt/PlanViewState.h"

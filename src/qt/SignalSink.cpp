@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/SignalSink.h"
 
 #include "qt/VariantConversion.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/VariantConversion.h"
 
 #include <limits>

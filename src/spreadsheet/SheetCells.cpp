@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "spreadsheet/SheetCells.h"
 
 #include "automation/ErrorText.h"

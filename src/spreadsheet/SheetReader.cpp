@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "spreadsheet/SheetReader.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "spreadsheet/SpreadsheetDownload.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "spreadsheet/SpreadsheetSession.h"
 
 #include "trace/TraceText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "spreadsheet/SpreadsheetUpload.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "trace/ErrorTrap.h"
 
 #include "trace/TraceText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "trace/frmTrace.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "xlsx/SheetPartReader.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "automation/TableSlots.h"
 #include "chart/ChartBook.h"
 #include "control/ControlContext.h"

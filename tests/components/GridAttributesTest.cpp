@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "components/BuiltInBitmaps.h"
 #include "support/GridText.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/GridText.h"
 
 namespace planview {

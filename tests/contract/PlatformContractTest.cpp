@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <planview/AutomationObject.h>
 #include <planview/HeadlessPlatform.h>
 #include <planview/MemoryTable.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // planbook_dump BOOK: writes the tables of a book to standard output, a line for each row.
 #include <QCoreApplication>
 #include <cstdio>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # shellcheck shell=bash disable=SC2154
 # Read by the runs of planbook in a real window, which set planbook, dumper and book: a desktop of its own that ends with
 # the run, and what a user does on it. Ends the run with 77 where the tools for it are missing.

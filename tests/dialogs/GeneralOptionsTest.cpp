@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/DialogFixture.h"
 #include "dialogs/frmGrid.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/DialogFixture.h"
 #include "dialogs/frmRow.h"
 #include "grid/modGrid.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grid/CellRules.h"
 #include "grid/ValueEntryFixture.h"
 

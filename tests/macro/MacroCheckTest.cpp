@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "macro/MacroEngineFixture.h"
 #include "macro/MacroSentences.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "components/GridControl.h"
 #include "macro/MacroToolbar.h"
 #include "macro/MacroTreeFixture.h"

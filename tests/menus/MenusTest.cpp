@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "menus/modPopup.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "planbook/BookWindow.h"
 #include "planbook/TestFolder.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // planbook_kill_child BOOK SEED EDITS: edits a book in a real window of planbook and reports on standard output the
 // number of each edit when the handlers of its events have returned. For KillTest, which kills it.
 #include <QApplication>

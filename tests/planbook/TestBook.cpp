@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "planbook/TestBook.h"
 
 #include <QSqlDatabase>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "planbook/TestFolder.h"
 
 #include <QSqlDatabase>

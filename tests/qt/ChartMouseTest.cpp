@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <QDrag>
 #include <QDropEvent>
 #include <QMimeData>

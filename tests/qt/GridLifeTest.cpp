@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <QHelpEvent>
 #include <QPointer>
 #include <QTextDocument>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <QCursor>
 #include <QLineEdit>
 #include <QScrollBar>

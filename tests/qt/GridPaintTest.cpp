@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <QScrollBar>
 
 #include "qt/GridOnScreen.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/WidgetOnScreen.h"
 
 namespace planview {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <QLayout>
 #include <QSplitter>
 #include <QSplitterHandle>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/frmUpload.h"
 #include "spreadsheet/SpreadsheetFixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/SampleTables.h"
 
 namespace planview::test {

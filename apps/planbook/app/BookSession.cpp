@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/BookSession.h"
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/FrameTheme.h"
 
 #include <QColor>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/HostMessageBoxes.h"
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/PercentDialog.h"
 
 #include <QDialogButtonBox>

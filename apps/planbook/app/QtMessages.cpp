@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/QtMessages.h"
 
 #include <cstdio>

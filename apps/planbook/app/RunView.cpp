@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/RunView.h"
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "book/BookStore.h"
 
 #include <QDateTime>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "book/BookUpgrade.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "book/BookWriter.h"
 
 #include <QStringList>

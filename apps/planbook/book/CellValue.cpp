@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "book/CellValue.h"
 
 #include <planview/AutomationObject.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "book/FixedCell.h"
 
 #include <charconv>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "book/LineCaption.h"
 
 #include "book/CellValue.h"

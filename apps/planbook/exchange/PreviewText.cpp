@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "exchange/PreviewText.h"
 
 #include <QRegularExpression>

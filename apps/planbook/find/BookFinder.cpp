@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "find/BookFinder.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "find/FindText.h"
 
 #include <QRegularExpression>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "import/CsvNumbers.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "import/CsvReader.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "import/MacroRows.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "import/SourceTable.h"
 
 #include <map>

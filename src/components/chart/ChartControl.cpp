@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "components/chart/ChartControl.h"
 
 #include <algorithm>

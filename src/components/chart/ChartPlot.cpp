@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "components/chart/ChartPlot.h"
 
 #include <algorithm>

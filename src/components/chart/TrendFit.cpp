@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "components/chart/TrendFit.h"
 
 #include <algorithm>

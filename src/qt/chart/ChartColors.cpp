@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/chart/ChartColors.h"
 
 #include "components/chart/ChartControl.h"

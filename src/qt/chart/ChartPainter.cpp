@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/chart/ChartPainter.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/chart/ChartView.h"
 
 #include <QAccessible>

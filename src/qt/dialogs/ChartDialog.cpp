@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/dialogs/ChartDialog.h"
 
 #include <QCheckBox>

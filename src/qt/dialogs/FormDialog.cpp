@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/dialogs/FormDialog.h"
 
 #include <QCheckBox>

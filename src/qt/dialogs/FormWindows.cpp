@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/dialogs/FormWindows.h"
 
 #include "qt/dialogs/ChartDialog.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/dialogs/RowDialog.h"
 
 #include <QCheckBox>

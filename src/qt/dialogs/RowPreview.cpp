@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/dialogs/RowPreview.h"
 
 #include <QPainter>

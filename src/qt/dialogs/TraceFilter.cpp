@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/dialogs/TraceFilter.h"
 
 #include <algorithm>

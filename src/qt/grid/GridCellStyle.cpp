@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/grid/GridCellStyle.h"
 
 namespace planview {

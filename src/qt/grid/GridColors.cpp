@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/grid/GridColors.h"
 
 #include <string_view>

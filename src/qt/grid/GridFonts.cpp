@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/grid/GridFonts.h"
 
 #include <QFontMetricsF>

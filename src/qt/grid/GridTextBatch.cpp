@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/grid/GridTextBatch.h"
 
 #include <QGlyphRun>

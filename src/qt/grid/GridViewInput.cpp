@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QInputMethodEvent>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/grid/HiddenMarks.h"
 
 #include <cstdlib>

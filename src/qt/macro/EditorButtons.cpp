@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/macro/EditorButtons.h"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/macro/MacroPane.h"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/panes/PaneHeading.h"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/panes/PaneHost.h"
 
 #include <QPainter>

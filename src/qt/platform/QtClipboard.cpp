@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/platform/QtClipboard.h"
 
 #include <QClipboard>

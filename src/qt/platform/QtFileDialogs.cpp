@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/platform/QtFileDialogs.h"
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/platform/QtForms.h"
 
 #include "qt/dialogs/FormWindows.h"

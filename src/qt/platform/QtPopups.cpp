@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/platform/QtPopups.h"
 
 #include <QAction>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/platform/QtProgress.h"
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/tree/ToolbarView.h"
 
 #include <QApplication>

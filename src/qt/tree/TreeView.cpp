@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/tree/TreeView.h"
 
 #include <QHeaderView>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Fits trend lines with numpy, as a witness for TrendFitTest.
 
 Reads lines "kind period value value ..." and writes for each "a b" and the line's values at 1, 2, ..., "nan" where it has

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Prints the version of PlanView's headers and a number as the control shows it.
 
 #include <iostream>
