@@ -65,6 +65,9 @@ protected:
         return Entries([&](const ListItem& item) { return item.subItems[1] == method; });
     }
 
+    /// Called for each entry as it is written.
+    virtual void EntryAdded(const ListItem& /*entry*/) {}
+
     ScriptedPlatform platform;
 
 private:
@@ -76,9 +79,11 @@ private:
     }
     void ItemAdded() override {
         const ListView& list = frmTrace::Instance().TraceView;
-        if (const ListItem& newest = list.Item(list.Count() - 1); IsError(newest)) {
+        const ListItem& newest = list.Item(list.Count() - 1);
+        if (IsError(newest)) {
             errors_.push_back(EntryText(newest));
         }
+        EntryAdded(newest);
     }
     void FirstItemRemoved() override {}
     void Cleared() override {}
