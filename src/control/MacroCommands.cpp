@@ -3,7 +3,7 @@
 
 #include "control/Guarded.h"
 #include "control/TreeHandlers.h"
-#include "macro/MacroRun.h"
+#include "macro/language/MacroRun.h"
 
 namespace planview {
 

@@ -5,7 +5,7 @@
 
 #include <planview/PlanView.h>
 
-#include "macro/MacroProblem.h"
+#include "macro/language/MacroProblem.h"
 
 namespace planview {
 

@@ -2,7 +2,7 @@
 #include <planview/PlanView.h>
 
 #include "control/Guarded.h"
-#include "macro/MacroKeep.h"
+#include "macro/recording/MacroKeep.h"
 #include "trace/TraceText.h"
 
 namespace planview {

@@ -11,7 +11,7 @@
 #include "grid/SelectedCells.h"
 #include "grid/Selection.h"
 #include "grid/modGrid.h"
-#include "macro/MacroStep.h"
+#include "macro/recording/MacroStep.h"
 
 namespace planview {
 

@@ -4,8 +4,8 @@
 #include "control/Guarded.h"
 #include "control/MacroCommands.h"
 #include "control/RecordedActions.h"
-#include "macro/MacroRecorded.h"
-#include "macro/MacroReplay.h"
+#include "macro/recording/MacroRecorded.h"
+#include "macro/recording/MacroReplay.h"
 #include "trace/TraceText.h"
 
 namespace planview {

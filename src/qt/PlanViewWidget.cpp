@@ -12,7 +12,7 @@
 
 #include "automation/NumberFormat.h"
 #include "automation/Numbers.h"
-#include "macro/SelectionText.h"
+#include "macro/tree/SelectionText.h"
 #include "qt/PlanViewState.h"
 
 namespace planview {

@@ -5,7 +5,7 @@
 #include <QMimeData>
 #include <QScrollBar>
 
-#include "macro/MacroEditor.h"
+#include "macro/editor/MacroEditor.h"
 #include "qt/TreeOnScreen.h"
 #include "qt/WhenShown.h"
 

@@ -7,7 +7,7 @@
 #include <QScrollBar>
 #include <QTimer>
 
-#include "macro/MacroTable.h"
+#include "macro/tree/MacroTable.h"
 
 namespace planview {
 

@@ -6,7 +6,7 @@
 #include <QStyledItemDelegate>
 #include <memory>
 
-#include "macro/MacroEditor.h"
+#include "macro/editor/MacroEditor.h"
 #include "qt/grid/GridBitmaps.h"
 #include "qt/grid/GridTheme.h"
 

@@ -6,7 +6,7 @@
 #include <functional>
 #include <memory>
 
-#include "macro/MacroEditor.h"
+#include "macro/editor/MacroEditor.h"
 #include "qt/macro/EditorButtons.h"
 #include "qt/macro/MacroListView.h"
 #include "qt/panes/PaneHeading.h"

@@ -11,7 +11,7 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
-#include "macro/MacroExpression.h"
+#include "macro/language/MacroExpression.h"
 #include "qt/macro/EditorButtons.h"
 
 namespace planview {

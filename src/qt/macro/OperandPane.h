@@ -11,7 +11,7 @@
 #include <memory>
 #include <vector>
 
-#include "macro/MacroEditor.h"
+#include "macro/editor/MacroEditor.h"
 #include "qt/grid/GridBitmaps.h"
 #include "qt/panes/PaneHeading.h"
 

@@ -6,7 +6,7 @@
 #include <array>
 
 #include "layout/PaneLayout.h"
-#include "macro/MacroEditor.h"
+#include "macro/editor/MacroEditor.h"
 #include "qt/grid/GridTheme.h"
 
 namespace planview {

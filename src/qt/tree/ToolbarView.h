@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-#include "macro/MacroToolbar.h"
+#include "macro/tree/MacroToolbar.h"
 #include "qt/grid/GridBitmaps.h"
 #include "qt/grid/GridTheme.h"
 

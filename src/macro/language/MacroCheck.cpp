@@ -1,0 +1,277 @@
+// SPDX-License-Identifier: MIT
+#include "macro/language/MacroCheck.h"
+
+#include <algorithm>
+#include <numeric>
+#include <set>
+
+#include "automation/Numbers.h"
+#include "macro/language/MacroParser.h"
+#include "macro/language/MacroSentences.h"
+#include "macro/language/MacroShape.h"
+
+namespace planview {
+
+namespace {
+
+constexpr int DeepestStatement = 60;
+constexpr double MostDecimals = 15;
+
+class Checker {
+public:
+    Checker(const MacroOutline& outline, const MacroGrid& places, std::optional<int> selectedLine,
+            const std::vector<int>& selectedPeriods, MacroProblems& problems)
+        : outline_(outline),
+          scope_(outline, places),
+          sentences_(outline, places),
+          selectedPeriods_(selectedPeriods),
+          problems_(problems) {
+        scope_.selectedLine = selectedLine;
+    }
+
+    MacroProgram Program() {
+        program_.periods.resize(static_cast<std::size_t>(scope_.places.PeriodCount()));
+        std::iota(program_.periods.begin(), program_.periods.end(), 0);
+        const std::vector<int> children = outline_.ActiveChildren(0);
+        std::vector<int> statements;
+        for (const int child : children) {
+            if (outline_.At(child).type == MacroNodeType::Attribute) {
+                Guarded(child, [&] { TakeAttribute(child); });
+            } else {
+                statements.push_back(child);
+            }
+        }
+        if (statements.empty()) {
+            Add(0, "The macro has no statement yet.", "Add a line and give it a value.");
+        }
+        if (program_.periods.empty()) {
+            Add(0, "There is no period to run over.", "Select at least one.");
+        }
+        program_.statements = Statements(statements, false);
+        return std::move(program_);
+    }
+
+private:
+    void Add(int node, const std::string& what, const std::string& now) {
+        problems_.push_back({outline_.At(node).key, sentences_.Located(node), what, now});
+    }
+
+    template <class Body>
+    void Guarded(int node, const Body& body) {
+        try {
+            body();
+        } catch (const MacroFault& fault) {
+            Add(fault.node < 0 ? node : fault.node, fault.what(), fault.now);
+        }
+    }
+
+    void TakeAttribute(int node) {
+        const std::string& text = outline_.At(node).value;
+        const std::size_t sign = text.find('=');
+        const std::string name = text.substr(0, sign);
+        const std::string value = sign == std::string::npos ? std::string() : text.substr(sign + 1);
+        if (name == "DECIMALS") {
+            const std::optional<double> decimals = TryParseNumber(value);
+            if (!decimals || *decimals < 0 || *decimals > MostDecimals || *decimals != static_cast<int>(*decimals)) {
+                throw MacroFault(node, "The number of decimals is not 0 to 15.", "Choose another one.");
+            }
+            program_.decimals = static_cast<int>(*decimals);
+        } else if (name == "PERIODS") {
+            TakePeriods(node, value);
+        } else {
+            throw MacroFault(node, "There is no such attribute.", "Choose the periods or the decimals, or delete it.");
+        }
+    }
+
+    void TakePeriods(int node, const std::string& value) {
+        if (value == "ALL") {
+            return;
+        }
+        if (value == SelectedPlace) {
+            program_.periods = selectedPeriods_;
+            return;
+        }
+        const std::vector<std::string_view> keys = SplitAt(value, RangeMark);
+        const std::vector<std::string_view> names = SplitAt(outline_.At(node).name, CaptionMark);
+        std::vector<int> ends;
+        for (std::size_t i = 0; i < keys.size() && i < 2; ++i) {
+            const std::string_view caption = i < names.size() ? names[i] : std::string_view();
+            const std::optional<int> period = scope_.places.FindPeriod(keys[i], caption);
+            if (!period) {
+                const std::string_view shown = caption.empty() ? keys[i] : caption;
+                throw MacroFault(node, "The grid has no period \"" + std::string(shown) + "\".",
+                                 "Choose the periods again.");
+            }
+            ends.push_back(*period);
+        }
+        const auto [first, last] = std::minmax(ends.front(), ends.back());
+        program_.periods.resize(static_cast<std::size_t>(last - first + 1));
+        std::iota(program_.periods.begin(), program_.periods.end(), first);
+    }
+
+    /// `perPeriod`: they stand below a condition that each period decides for itself.
+    std::vector<MacroStatement> Statements(const std::vector<int>& nodes, bool perPeriod) {
+        std::vector<MacroStatement> statements;
+        bool afterIf = false;
+        for (const int node : nodes) {
+            const MacroNode& read = outline_.At(node);
+            const bool isElse = read.type == MacroNodeType::Condition && read.value == "ELSE";
+            const bool hasIf = std::exchange(afterIf, false);
+            Guarded(node, [&] {
+                if (read.depth > DeepestStatement) {
+                    throw MacroFault(node, "The conditions stand too deep in one another.", "Move it out of some.");
+                }
+                if (isElse) {
+                    if (!hasIf) {
+                        throw MacroFault(node, "There is no condition right before it.",
+                                         "Move it behind one, or delete or deactivate it.");
+                    }
+                    MacroStatement& condition = statements.back();
+                    condition.fails = Statements(outline_.ActiveChildren(node), perPeriod || condition.test.perPeriod);
+                    AddTestedPeriods(condition, condition.fails);
+                } else if (read.type == MacroNodeType::Condition) {
+                    afterIf = true;
+                    statements.push_back(Condition(node, perPeriod));
+                } else if (IsPlaceType(read.type)) {
+                    statements.push_back(Assignment(node, perPeriod));
+                } else {
+                    throw MacroFault(node, "It is no statement.",
+                                     read.type == MacroNodeType::Attribute ? "Move it directly below the macro."
+                                                                           : "Move it into one, or delete it.");
+                }
+            });
+            if (afterIf && (statements.empty() || statements.back().node != node)) {
+                // Its own problem has been told; the one after it is no second one.
+                MacroStatement& failed = statements.emplace_back();
+                failed.node = node;
+                failed.isCondition = true;
+            }
+        }
+        return statements;
+    }
+
+    MacroStatement Condition(int node, bool perPeriod) {
+        if (outline_.At(node).value != "IF") {
+            throw MacroFault(node, "The condition is neither IF nor ELSE.", "Delete it and add another one.");
+        }
+        std::vector<int> inner = outline_.ActiveChildren(node);
+        if (inner.empty() || outline_.At(inner.front()).type != MacroNodeType::ConditionString) {
+            throw MacroFault(node, "What it tests is missing.", "Add a comparison as its first element.");
+        }
+        MacroStatement condition;
+        condition.node = node;
+        condition.isCondition = true;
+        const int test = inner.front();
+        inner.erase(inner.begin());
+        Guarded(test, [&] {
+            condition.test = ParseComparison(scope_, test);
+            CheckTestShape(condition.test);
+        });
+        condition.testedPeriods = program_.periods;
+        condition.holds = Statements(inner, perPeriod || condition.test.perPeriod);
+        AddTestedPeriods(condition, condition.holds);
+        return condition;
+    }
+
+    /// A statement may name periods of its own, for which the condition decides, too.
+    static void AddTestedPeriods(MacroStatement& condition, const std::vector<MacroStatement>& inner) {
+        std::set<int> periods(condition.testedPeriods.begin(), condition.testedPeriods.end());
+        for (const MacroStatement& statement : inner) {
+            const std::vector<int>& more = statement.isCondition ? statement.testedPeriods : statement.periods;
+            periods.insert(more.begin(), more.end());
+        }
+        condition.testedPeriods.assign(periods.begin(), periods.end());
+    }
+
+    MacroStatement Assignment(int node, bool perPeriod) {
+        MacroStatement statement;
+        statement.node = node;
+        statement.target = outline_.At(node).type;
+        statement.periods = program_.periods;
+        const bool onGrid = statement.target <= MacroNodeType::TableArea;
+        if (onGrid) {
+            const MacroPlace place = scope_.PlaceOf(node);
+            statement.lines = scope_.LinesOf(node, place);
+            if (place.HasPeriods()) {
+                statement.periods.resize(static_cast<std::size_t>(place.lastPeriod - place.firstPeriod + 1));
+                std::iota(statement.periods.begin(), statement.periods.end(), place.firstPeriod);
+            }
+        } else {
+            static_cast<void>(scope_.OwnNameOf(node));
+        }
+        // Whatever is wrong with the value, those that read an own name later are not to blame.
+        const std::optional<MacroFault> fault = FaultOf([&] { statement.value = ParseNumberExpression(scope_, node); });
+        MacroShape shape;
+        const std::optional<MacroFault> wrongShape =
+            fault ? std::nullopt : FaultOf([&] { shape = ShapeOfValue(statement, perPeriod); });
+        if (!onGrid) {
+            statement.lines = OwnPlaces(statement, shape);
+        }
+        if (fault || wrongShape) {
+            throw fault ? *fault : *wrongShape;
+        }
+        CheckTarget(statement, shape);
+        FindDirection(statement, scope_.places,
+                      onGrid ? scope_.places.LineCaption(statement.lines.front()) : outline_.At(node).value);
+        return statement;
+    }
+
+    template <class Body>
+    static std::optional<MacroFault> FaultOf(const Body& body) {
+        try {
+            body();
+            return std::nullopt;
+        } catch (const MacroFault& fault) {
+            return fault;
+        }
+    }
+
+    /// The own lines, or the own element, that the statement's target stands for; new ones at its first statement.
+    std::vector<int> OwnPlaces(const MacroStatement& statement, const MacroShape& shape) {
+        const std::string& name = scope_.OwnNameOf(statement.node);
+        if (statement.target == MacroNodeType::OwnElement) {
+            const auto [place, isNew] = scope_.ownElements.emplace(name, program_.ownElements);
+            program_.ownElements += isNew ? 1 : 0;
+            return {place->second};
+        }
+        const bool isLine = statement.target == MacroNodeType::OwnLine;
+        std::vector<int>& lines = (isLine ? scope_.ownLines : scope_.ownAreas)[name];
+        for (int missing = lines.empty() ? (isLine ? 1 : shape.lines) : 0; missing > 0; --missing) {
+            lines.push_back(program_.ownLines++);
+        }
+        return lines;
+    }
+
+    static void CheckTarget(const MacroStatement& statement, const MacroShape& shape) {
+        const auto count = static_cast<int>(statement.lines.size());
+        if (shape.lines > 1 && shape.lines != count) {
+            throw MacroFault(statement.node,
+                             "It has " + std::to_string(count) + (count == 1 ? " line" : " lines") + ", its value " +
+                                 std::to_string(shape.lines) + ".",
+                             "Take an area of as many lines, or put it into SUM, MIN, MAX or AVERAGE.");
+        }
+        const auto periods = static_cast<int>(statement.periods.size());
+        if (shape.areaPeriods > 0 && shape.areaPeriods != periods) {
+            throw MacroFault(statement.node,
+                             "It has " + std::to_string(periods) + (periods == 1 ? " period" : " periods") +
+                                 ", the area in its value " + std::to_string(shape.areaPeriods) + ".",
+                             "Take an area of as many periods.");
+        }
+    }
+
+    const MacroOutline& outline_;
+    MacroScope scope_;
+    MacroSentences sentences_;
+    const std::vector<int>& selectedPeriods_;
+    MacroProblems& problems_;
+    MacroProgram program_;
+};
+
+}  // namespace
+
+MacroProgram CheckMacro(const MacroOutline& outline, const MacroGrid& places, std::optional<int> selectedLine,
+                        const std::vector<int>& selectedPeriods, MacroProblems& problems) {
+    return Checker(outline, places, selectedLine, selectedPeriods, problems).Program();
+}
+
+}  // namespace planview

@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+#include "macro/recording/MacroReplay.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <utility>
+
+#include "automation/Numbers.h"
+#include "grid/CellCaption.h"
+#include "grid/CellRules.h"
+#include "grid/Percent.h"
+#include "grid/SelectedCells.h"
+#include "trace/ErrorTrap.h"
+#include "trace/TraceText.h"
+
+namespace planview {
+
+namespace {
+
+/// Raised for a step that does not fit; ends the plan.
+class DoesNotFit : public AutomationError {
+public:
+    explicit DoesNotFit(const std::string& why) : AutomationError(AutomationErrorCode::Failed, why) {}
+};
+
+/// For a sentence that goes on.
+std::string WithoutPeriod(std::string text) {
+    if (text.ends_with('.')) {
+        text.pop_back();
+    }
+    return text;
+}
+
+std::vector<std::string> Found(const GridControl& grid, PlaceAxis axis, const PlaceTexts& places) {
+    FoundPlaces found = FindPlaces(grid, axis, places);
+    if (!found.Ok()) {
+        throw DoesNotFit(found.error);
+    }
+    return std::move(found.keys);
+}
+
+bool IsKnownAs(const std::string& value) {
+    return value.empty() || TryParseNumber(value).has_value();
+}
+
+}  // namespace
+
+/// Works the steps out without touching anything.
+class MacroReplay::Plan {
+public:
+    explicit Plan(const Parts& parts) : parts_(parts) {}
+
+    void Add(const MacroStep& step) {
+        const std::vector<std::string> columns = Found(parts_.grid, PlaceAxis::Columns, step.columns);
+        const std::vector<std::string> lines = Found(parts_.grid, PlaceAxis::Lines, step.lines);
+        if (!GivesValues(step.command)) {
+            ViewAction action{step.command, columns, lines, step.value};
+            if (const std::optional<std::string> why = parts_.refusal(action)) {
+                throw DoesNotFit(*why);
+            }
+            actions_.push_back(std::move(action));
+        } else if (columns.empty() || lines.empty()) {
+            throw DoesNotFit("it does not say which cells it is about");
+        } else if (step.command == MacroCommand::Raise) {
+            Raise(step, columns, lines);
+        } else {
+            Enter(step, columns, lines);
+        }
+    }
+
+    /// The cells in the order in which they were first changed, with what they hold at the end.
+    [[nodiscard]] std::vector<NewValue> Values() const {
+        std::vector<NewValue> values;
+        for (const Cell cell : order_) {
+            values.push_back({cell, values_.at({cell.column.value, cell.row.value})});
+        }
+        return values;
+    }
+
+    [[nodiscard]] const std::vector<ViewAction>& Actions() const noexcept { return actions_; }
+
+private:
+    using Place = std::pair<std::int32_t, std::int32_t>;
+
+    void Raise(const MacroStep& step, const std::vector<std::string>& columns, const std::vector<std::string>& lines) {
+        const std::optional<double> percent = TryParseNumber(step.value);
+        if (!percent) {
+            throw DoesNotFit("\"" + step.value + "\" is no percentage");
+        }
+        for (const std::string& line : lines) {
+            for (const std::string& column : columns) {
+                const Cell cell = CellAt(column, line);
+                const std::optional<double> number = NumberIn(cell);
+                if (!number) {
+                    continue;
+                }
+                CheckTakes(cell, {});
+                const std::optional<double> raised = RaisedBy(*number, *percent);
+                if (!raised) {
+                    throw DoesNotFit(NameOf(cell) + " would become too large");
+                }
+                Put(cell, *raised);
+            }
+        }
+    }
+
+    void Enter(const MacroStep& step, const std::vector<std::string>& columns, const std::vector<std::string>& lines) {
+        const std::optional<StepValues> values = ReadStepValues(step.value, lines.size(), columns.size());
+        if (!values) {
+            throw DoesNotFit("the recorded values are not for " + std::to_string(lines.size()) + " lines and " +
+                             std::to_string(columns.size()) + " periods; lines or periods came between or went");
+        }
+        for (std::size_t line = 0; line < lines.size(); ++line) {
+            for (std::size_t column = 0; column < columns.size(); ++column) {
+                if (const std::optional<std::string>& value = (*values)[line][column]) {
+                    const Cell cell = CellAt(columns[column], lines[line]);
+                    CheckTakes(cell, *value);
+                    Put(cell, *value);
+                }
+            }
+        }
+    }
+
+    [[nodiscard]] Cell CellAt(const std::string& column, const std::string& line) const {
+        const std::optional<Cell> cell = parts_.grid.FindCell({column, line});
+        if (!cell) {
+            throw DoesNotFit("there is no cell " + line + "/" + column);
+        }
+        return *cell;
+    }
+
+    void CheckTakes(Cell cell, const std::string& value) const {
+        const Refusal refusal = RefusalOf(parts_.grid, cell);
+        if (refusal != Refusal::None) {
+            throw DoesNotFit(NameOf(cell) + ": " + std::string(RefusalText(refusal)));
+        }
+        if (IsPlanningCell(parts_.grid.KeyOf(cell)) && !IsKnownAs(value)) {
+            throw DoesNotFit(NameOf(cell) + " does not take \"" + value + "\", which is no number");
+        }
+    }
+
+    [[nodiscard]] std::string NameOf(Cell cell) const { return CellCaption(parts_.grid, parts_.grid.KeyOf(cell)); }
+
+    /// What the cell holds after the steps so far.
+    [[nodiscard]] std::optional<double> NumberIn(Cell cell) const {
+        const auto found = values_.find({cell.column.value, cell.row.value});
+        if (found == values_.end()) {
+            return TryParseNumber(parts_.grid.Contents(cell));
+        }
+        const std::string* text = found->second.TextIf();
+        return text ? TryParseNumber(*text) : std::optional(found->second.AsDouble());
+    }
+
+    void Put(Cell cell, Variant value) {
+        if (values_.insert_or_assign(Place{cell.column.value, cell.row.value}, std::move(value)).second) {
+            order_.push_back(cell);
+        }
+    }
+
+    const Parts& parts_;
+    std::map<Place, Variant> values_;
+    std::vector<Cell> order_;
+    std::vector<ViewAction> actions_;
+};
+
+std::string MacroReplay::AddAll(Plan& plan, const std::vector<MacroStep>& steps) {
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+        if (const std::optional<std::string> why = ErrorTextOf([&] { plan.Add(steps[i]); })) {
+            return "Step " + std::to_string(i + 1) + " (" + ReadableStep(steps[i]) +
+                   ") does not fit any more: " + WithoutPeriod(*why) + ".";
+        }
+    }
+    return {};
+}
+
+std::string MacroReplay::Check(const std::vector<MacroStep>& steps) const {
+    Plan plan(parts_);
+    return AddAll(plan, steps);
+}
+
+ReplayResult MacroReplay::Run(const std::vector<MacroStep>& steps) const {
+    ReplayResult result;
+    Plan plan(parts_);
+    if (const std::string fault = AddAll(plan, steps); !fault.empty()) {
+        result.error = fault + " Nothing was changed.";
+        return result;
+    }
+    const std::vector<NewValue> values = plan.Values();
+    const BulkResult changed = parts_.valueEntry.ChangeCells(values);
+    result.cells = changed.changed;
+    for (const ViewAction& action : plan.Actions()) {
+        parts_.perform(action);
+    }
+    result.steps = static_cast<int>(steps.size());
+    result.done = changed.failed == 0 && changed.Refused() == 0;
+    if (!result.done) {
+        result.error = std::to_string(changed.failed + changed.Refused()) + " of " + std::to_string(values.size()) +
+                       " values could not be stored. Undo takes the others back.";
+    }
+    return result;
+}
+
+std::optional<std::vector<MacroStep>> MacroReplay::OnLine(const GridControl& grid, std::vector<MacroStep> steps,
+                                                          const std::string& line) {
+    std::set<std::string> lines;
+    for (const MacroStep& step : steps) {
+        if (!step.lines.keys.empty()) {
+            lines.insert(step.lines.keys);
+        }
+    }
+    if (lines.size() != 1 || SinglePlace(*lines.begin()).empty()) {
+        return std::nullopt;
+    }
+    const PlaceTexts place = DescribePlaces(grid, PlaceAxis::Lines, {line});
+    for (MacroStep& step : steps) {
+        if (!step.lines.keys.empty()) {
+            step.lines = place;
+        }
+    }
+    return steps;
+}
+
+std::string SelectedLine(const GridControl& grid) {
+    const SelectedBlock block = BlockOfSelection(grid);
+    if (block.rows.size() != 1 || grid.Row(block.rows.front()).area != RowArea::Center) {
+        return {};
+    }
+    return grid.Row(block.rows.front()).key;
+}
+
+}  // namespace planview

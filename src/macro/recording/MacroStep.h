@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "automation/HostTable.h"
+#include "macro/recording/MacroPlaces.h"
+
+namespace planview {
+
+/// One recorded step: the fields of a row of MACROREC without its number. `docs/macros-recording.md` lists the
+/// commands.
+struct MacroStep {
+    std::string command;
+    PlaceTexts columns;  ///< fields COLUMN and COLUMN_NAME
+    PlaceTexts lines;    ///< fields LINE and LINE_NAME
+    std::string value;
+
+    friend bool operator==(const MacroStep& left, const MacroStep& right) noexcept {
+        return left.command == right.command && left.columns.keys == right.columns.keys &&
+               left.columns.names == right.columns.names && left.lines.keys == right.lines.keys &&
+               left.lines.names == right.lines.names && left.value == right.value;
+    }
+};
+
+/// Commands that give cells values; every other command is that of a menu entry or of a size's field.
+namespace MacroCommand {
+inline constexpr std::string_view Value = "VALUE";
+inline constexpr std::string_view Drag = "DRAG";  ///< a point of the chart
+inline constexpr std::string_view Paste = "PASTE";
+inline constexpr std::string_view Fill = "FILL";
+inline constexpr std::string_view Delete = "DELETE";
+inline constexpr std::string_view Raise = "RAISE";
+/// The selected headings.
+inline constexpr std::string_view Mark = "MARK";
+}  // namespace MacroCommand
+
+[[nodiscard]] bool GivesValues(std::string_view command) noexcept;
+
+// --- The values of a step
+
+/// The values for a block of cells, line by line; no value for a cell that is left as it is.
+using StepValues = std::vector<std::vector<std::optional<std::string>>>;
+
+/// As the field VALUE keeps them: one value alone where every cell gets the same, else the values of a line divided by
+/// ";" and lines by "|", "~" for a cell left as it is. A backslash stands before a character that would mean one of
+/// these, "\t" and "\n" stand for a tab and a line end.
+[[nodiscard]] std::string StepValueText(const StepValues& values);
+
+/// Reads it for a block of this size. No value when it is for a block of another size.
+[[nodiscard]] std::optional<StepValues> ReadStepValues(std::string_view text, std::size_t lines, std::size_t columns);
+
+// --- Texts
+
+/// The fields COMMAND, COLUMN, LINE, VALUE, COLUMN_NAME and LINE_NAME, divided by tabs.
+[[nodiscard]] std::string StepFields(const MacroStep& step);
+/// No value for a text that is no step.
+[[nodiscard]] std::optional<MacroStep> ReadStepFields(std::string_view text);
+
+/// "Raise Retail by 5 % from Jan to Jun", for the user.
+[[nodiscard]] std::string ReadableStep(const MacroStep& step);
+
+// --- Rows
+
+/// The steps of a MACROREC table in the order of STEP; rows without a command are none.
+[[nodiscard]] std::vector<MacroStep> ReadSteps(const HostTable& macroRec);
+void WriteStep(const HostTable& macroRec, HostTable::Row row, int number, const MacroStep& step);
+/// Makes the row one that holds no step.
+void EmptyStep(const HostTable& macroRec, HostTable::Row row);
+
+}  // namespace planview

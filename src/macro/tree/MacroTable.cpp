@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: MIT
+#include "macro/tree/MacroTable.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <set>
+
+namespace planview {
+
+namespace {
+
+constexpr std::array<std::string_view, 8> TextFields{"NODETEXT", "NODETYPE", "NODEVALUE", "NODENAME",
+                                                     "INACTIVE", "IMAGE",    "IMAGE_SEL", "EXPANDED"};
+
+}  // namespace
+
+void MacroTable::Put(std::string_view key, std::string_view field, std::string_view value) {
+    const HostTable::Row row = rows_.Find(key);
+    if (row == 0) {
+        throw AutomationError(AutomationErrorCode::SubscriptOutOfRange,
+                              "MACRO_TREE has no node \"" + std::string(key) + "\"");
+    }
+    table_.Put(row, field, value);
+}
+
+/// Roots are built before all others.
+int MacroTable::BuildOrder(HostTable::Row row) const {
+    return table_.Text(row, "NODEREF").empty() ? 0 : row;
+}
+
+/// An empty row behind the parent's, a new one where there is none.
+HostTable::Row MacroTable::RowFor(std::string_view parent) {
+    const int count = table_.RowCount();
+    const HostTable::Row parentRow = parent.empty() ? HostTable::Row(0) : rows_.Find(parent);
+    for (int row = 1 + (parentRow == 0 ? 0 : BuildOrder(parentRow)); row <= count; ++row) {
+        if (table_.Text(static_cast<HostTable::Row>(row), "NODEKEY").empty()) {
+            return static_cast<HostTable::Row>(row);
+        }
+    }
+    return table_.AddRow();
+}
+
+void MacroTable::Place(HostTable::Row row, std::string_view reference, TreeRelationship relation) {
+    if (table_.Text(row, "NODEREF") != reference) {
+        table_.Put(row, "NODEREF", reference);
+    }
+    table_.Put(row, "RELATION", static_cast<std::int16_t>(relation));
+}
+
+MacroTable::Keys MacroTable::ChildrenOf(const TreeNode& parent) {
+    Keys keys;
+    for (TreeNode child = parent.FirstChild(); child; child = child.NextSibling()) {
+        keys.push_back(child.Key());
+    }
+    return keys;
+}
+
+std::string MacroTable::Add(const NewMacroNode& node, std::string_view beside, MacroSpot spot) {
+    const TreeNode relative = beside.empty() ? TreeNode() : tree_.Nodes().Item(beside);
+    const TreeNode parent = spot == MacroSpot::Inside || !relative ? relative : relative.Parent();
+    const std::string parentKey = parent ? parent.Key() : std::string();
+    const HostTable::Row row = RowFor(parentKey);
+    table_.Put(row, "NODETYPE", NameOf(node.type));  // first, because a table may lack it
+    for (const std::string_view field : {"INACTIVE", "EXPANDED", "NODEREF"}) {
+        table_.Put(row, field, "");
+    }
+    table_.Put(row, "NODEVALUE", node.value);
+    table_.Put(row, "NODENAME", node.name);
+    table_.Put(row, "NODETEXT", node.text);
+    table_.Put(row, "IMAGE", MacroImageOf(node.type));
+    table_.Put(row, "IMAGE_SEL", MacroImageOf(node.type));
+    Place(row, "", TreeRelationship::Child);
+    const std::string key = rows_.NewKey();
+    table_.Put(row, "NODEKEY", key);
+    rows_ = MacroRows(table_);
+    if (!parent) {
+        return key;
+    }
+    Keys order = ChildrenOf(parent);
+    auto place = order.end();
+    if (spot != MacroSpot::Inside) {
+        place = std::find(order.begin(), order.end(), beside) + (spot == MacroSpot::After ? 1 : 0);
+    }
+    order.insert(place, key);
+    Arrange(parentKey, order);
+    table_.PutFlag(rows_.Find(parentKey), "EXPANDED", true);
+    return key;
+}
+
+void MacroTable::Arrange(const std::string& parent, const Keys& order) {
+    std::map<HostTable::Row, std::size_t> byRow;  // the order in which they are built
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        byRow.emplace(rows_.Find(order[i]), i);
+    }
+    std::set<std::size_t> placed;
+    for (const auto& [row, place] : byRow) {
+        const auto next = placed.upper_bound(place);
+        if (next != placed.begin()) {
+            Place(row, order[*std::prev(next)], TreeRelationship::Next);
+        } else if (next != placed.end()) {
+            Place(row, order[*next], TreeRelationship::Previous);
+        } else {
+            Place(row, parent, TreeRelationship::Child);
+        }
+        placed.insert(place);
+    }
+}
+
+void MacroTable::Delete(std::string_view key) {
+    const TreeNode node = tree_.Nodes().Item(key);
+    const MacroOutline below = MacroOutline::Read(tree_, table_, key);
+    if (const TreeNode parent = node.Parent()) {
+        Keys order = ChildrenOf(parent);
+        std::erase(order, key);
+        Arrange(parent.Key(), order);
+    } else {
+        ReleaseRoots(key);
+    }
+    for (int i = 0; i < below.Count(); ++i) {
+        if (const HostTable::Row row = below.At(i).row; row != 0) {
+            Empty(row);
+        }
+    }
+    rows_ = MacroRows(table_);
+}
+
+/// A row without a key is no node.
+void MacroTable::Empty(HostTable::Row row) {
+    table_.Put(row, "NODEKEY", "");
+    table_.Put(row, "NODEREF", "");
+    for (const std::string_view field : TextFields) {
+        table_.Put(row, field, "");
+    }
+}
+
+/// What stands beside this root by its key stands beside another one, or alone.
+void MacroTable::ReleaseRoots(std::string_view key) {
+    std::string other;
+    for (TreeNode root = tree_.Nodes().FirstRoot(); root; root = root.NextSibling()) {
+        const HostTable::Row row = rows_.Find(root.Key());
+        if (other.empty() && root.Key() != key && row != 0 && table_.Text(row, "NODEREF").empty()) {
+            other = root.Key();
+        }
+    }
+    for (TreeNode root = tree_.Nodes().FirstRoot(); root; root = root.NextSibling()) {
+        const HostTable::Row row = rows_.Find(root.Key());
+        if (row != 0 && table_.Text(row, "NODEREF") == key) {
+            Place(row, other, other.empty() ? TreeRelationship::Child : TreeRelationship::Last);
+            other = other.empty() ? root.Key() : other;
+        }
+    }
+}
+
+bool MacroTable::Move(std::string_view key, bool up) {
+    const TreeNode node = tree_.Nodes().Item(key);
+    const TreeNode parent = node.Parent();
+    const TreeNode other = up ? node.PreviousSibling() : node.NextSibling();
+    if (!parent || !other) {
+        return false;
+    }
+    Keys order = ChildrenOf(parent);
+    std::iter_swap(std::find(order.begin(), order.end(), key), std::find(order.begin(), order.end(), other.Key()));
+    Arrange(parent.Key(), order);
+    return true;
+}
+
+/// Gives the nodes rows behind this one, in the order in which they are built, unless theirs are already.
+void MacroTable::PutBehind(HostTable::Row row, const MacroOutline& moved) {
+    std::map<int, HostTable::Row> byOrder;
+    for (int i = 0; i < moved.Count(); ++i) {
+        if (const HostTable::Row old = moved.At(i).row; old != 0) {
+            byOrder.emplace(BuildOrder(old), old);
+        }
+    }
+    if (byOrder.empty() || byOrder.begin()->first > row) {
+        return;
+    }
+    for (const auto& [order, old] : byOrder) {
+        const HostTable::Row fresh = table_.AddRow();
+        for (const std::string_view field : TextFields) {
+            table_.Put(fresh, field, table_.Text(old, field));
+        }
+        table_.Put(fresh, "NODEREF", table_.Text(old, "NODEREF"));
+        table_.Put(fresh, "RELATION", table_.Value(old, "RELATION"));
+        const std::string key = table_.Text(old, "NODEKEY");
+        Empty(old);
+        table_.Put(fresh, "NODEKEY", key);
+    }
+    rows_ = MacroRows(table_);
+}
+
+bool MacroTable::MoveTo(std::string_view key, std::string_view target, TreeDrop place) {
+    const TreeNode node = tree_.Nodes().Item(key);
+    const TreeNode beside = tree_.Nodes().Item(target);
+    for (TreeNode above = beside; above; above = above.Parent()) {
+        if (above == node) {
+            return false;
+        }
+    }
+    const TreeNode oldParent = node.Parent();
+    const TreeNode parent = place == TreeDrop::Below ? beside : beside.Parent();
+    const MacroOutline moved = MacroOutline::Read(tree_, table_, key);
+    if (parent != oldParent && oldParent) {
+        Keys left = ChildrenOf(oldParent);
+        std::erase(left, key);
+        Arrange(oldParent.Key(), left);
+    } else if (!oldParent) {
+        ReleaseRoots(key);
+    }
+    const HostTable::Row anchor = rows_.Find(parent ? parent.Key() : target);
+    PutBehind(static_cast<HostTable::Row>(BuildOrder(anchor)), moved);
+    if (!parent) {
+        Place(rows_.Find(key), target, place == TreeDrop::Before ? TreeRelationship::Previous : TreeRelationship::Next);
+        return true;
+    }
+    Keys order = ChildrenOf(parent);
+    std::erase(order, key);
+    const auto at = place == TreeDrop::Below ? order.end() : std::find(order.begin(), order.end(), target);
+    order.insert(at + (place == TreeDrop::After ? 1 : 0), std::string(key));
+    Arrange(parent.Key(), order);
+    table_.PutFlag(rows_.Find(parent.Key()), "EXPANDED", true);
+    return true;
+}
+
+std::string_view MacroImageOf(MacroNodeType type) noexcept {
+    constexpr std::array<std::string_view, MacroNodeNames.size()> Images{"macro-folder",     "macro",
+                                                                         "macro-attribute",  "macro-condition",
+                                                                         "macro-condstring", "macro-tabline",
+                                                                         "macro-tabelement", "macro-tabarea",
+                                                                         "macro-makline",    "macro-makelement",
+                                                                         "macro-makarea",    "macro-operator",
+                                                                         "macro-function",   "macro-constant",
+                                                                         "macro-recording",  "macro-step"};
+    return Images[static_cast<std::size_t>(type)];
+}
+
+}  // namespace planview

@@ -1,0 +1,398 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <map>
+#include <random>
+
+#include "macro/language/MacroEngineFixture.h"
+#include "support/TreeText.h"
+
+namespace planview::test {
+
+namespace {
+
+struct HeardEvents : PlanViewEvents {
+    void MacroTreeExpand() override { ++count; }
+    int count = 0;
+};
+
+/// A user at the macro editor: points at the grid, presses the buttons.
+class MacroEditorTest : public MacroEngineTest {
+protected:
+    MacroEditorTest() : editor(context.macroEditor) { context.events.AddSink(heard); }
+    ~MacroEditorTest() override { context.events.RemoveSink(heard); }
+
+    void PointAtLine(const char* row) { context.grid.SelectRow(*context.grid.FindRow(row), SelectionMode::Replace); }
+    void PointAt(const char* column, const char* row, SelectionMode mode = SelectionMode::Replace) {
+        context.grid.SelectCell(context.grid.FindCell({column, row}).value(), mode);
+    }
+    void TakeLine(const char* row) {
+        PointAtLine(row);
+        editor.TakeOperand();
+    }
+    /// The list: two blanks a level, "> " before the current element, "x" for one that is left out.
+    [[nodiscard]] Lines Shown() const {
+        Lines shown;
+        for (std::size_t i = 0; i < editor.Lines().size(); ++i) {
+            const MacroLine& line = editor.Lines()[i];
+            shown.push_back((static_cast<int>(i) == editor.Current() ? "> " : "  ") +
+                            std::string(static_cast<std::size_t>(line.depth) * 2, ' ') + (line.inactive ? "x " : "") +
+                            line.text);
+        }
+        return shown;
+    }
+    /// What the table says when the tree is built from it once more.
+    [[nodiscard]] Lines Statements() {
+        BuildTree();
+        Lines statements;
+        for (const MacroLine& line : editor.Lines()) {
+            if (line.depth == 1) {
+                statements.push_back(line.text);
+            }
+        }
+        return statements;
+    }
+    void GoTo(const std::string& text) {
+        for (std::size_t i = 0; i < editor.Lines().size(); ++i) {
+            if (editor.Lines()[i].text == text) {
+                editor.SetCurrent(static_cast<int>(i));
+                return;
+            }
+        }
+        ADD_FAILURE() << "no element " << text;
+    }
+
+    MacroEditor& editor;
+    HeardEvents heard;
+};
+
+TEST_F(MacroEditorTest, AMacroIsBuiltAndRunWithTheMouseAlone) {
+    editor.NewMacro();
+    TakeLine("ROW1");
+    TakeLine("ROW1");
+    editor.AddOperator("*");
+    editor.SetOperandText("1,05");  // the keypad
+    editor.NextStatement();
+    EXPECT_EQ(Shown(), (Lines{"  Macro 1", ">   Retail = Retail * 1,05", "      Retail", "      *", "      1,05"}));
+    EXPECT_GE(heard.count, 4);
+    editor.Run();
+    EXPECT_EQ(editor.Message(), "6 cells changed.");
+    EXPECT_EQ(Line(1), "10,5 21 31,5 42 52,5 63");
+}
+
+TEST_F(MacroEditorTest, OperatorsTakeWhatStandsInTheField) {
+    editor.NewMacro();
+    TakeLine("ROW3");
+    editor.SetOperandText(" retail ");
+    editor.AddOperator("+");
+    editor.SetOperandText("Trade, Feb");
+    editor.TakeOperand();
+    editor.AddOperator("-");
+    editor.SetOperandText("nobody");
+    editor.TakeOperand();
+    EXPECT_EQ(editor.Message().substr(0, 25), "There is no line \"nobody\"");
+    EXPECT_EQ(editor.OperandText(), "nobody");
+    editor.SetOperandText("ROW2:ROW3/COL1:COL2");
+    editor.TakeOperand();
+    EXPECT_EQ(Statements(), Lines{"Prices = Retail + Trade, Feb - Trade to Prices, Jan to Feb"});
+}
+
+TEST_F(MacroEditorTest, FunctionsAreFilledAndLeft) {
+    editor.NewMacro();
+    TakeLine("ROW3");
+    editor.AddFunction("SUM");
+    PointAtLine("ROW1");
+    context.grid.SelectRow(*context.grid.FindRow("ROW2"), SelectionMode::Extend);
+    editor.TakeOperand();
+    editor.AddOperator(";");
+    editor.AddOperator("(");
+    editor.SetOperandText("1");
+    editor.AddOperator(")");
+    editor.AddOperator(")");
+    editor.AddOperator("*");
+    editor.SetOperandText("2");
+    editor.TakeOperand();
+    EXPECT_EQ(Statements(), Lines{"Prices = (Sum of Retail to Trade, (1)) * 2"});
+    editor.Check();
+    EXPECT_EQ(editor.Message(), "The macro can run.");
+}
+
+TEST_F(MacroEditorTest, ConditionsTakeTheirComparisonThenTheirStatements) {
+    editor.NewMacro();
+    editor.AddCondition(false);
+    TakeLine("ROW1");
+    editor.AddOperator(">");
+    editor.SetOperandText("20");
+    editor.NextStatement();
+    TakeLine("ROW3");
+    editor.SetOperandText("1");
+    editor.TakeOperand();
+    editor.AddCondition(true);
+    TakeLine("ROW3");
+    editor.SetOperandText("2");
+    editor.NextStatement();
+    EXPECT_EQ(Statements(), (Lines{"If Retail > 20", "Otherwise"}));
+    editor.Run();
+    EXPECT_EQ(Line(3), "2 2 1 1 1 1");
+}
+
+TEST_F(MacroEditorTest, WholeColumnsAreThePeriodsOfTheMacro) {
+    editor.NewMacro();
+    TakeLine("ROW3");
+    const auto select = [&](const char* first, const char* last) {
+        context.grid.SelectColumn(*context.grid.FindColumn(first), SelectionMode::Replace);
+        context.grid.SelectColumn(*context.grid.FindColumn(last), SelectionMode::Extend);
+        editor.TakeOperand();
+    };
+    select("COL1", "COL2");
+    select("COL3", "COL5");
+    EXPECT_EQ(Statements(), (Lines{"For Mar to May", "Prices = …"}));
+}
+
+TEST_F(MacroEditorTest, SpotsSayWhereTheNextElementGoes) {
+    editor.NewMacro();
+    TakeLine("ROW1");
+    editor.SetSpot(MacroSpot::After);
+    TakeLine("ROW2");
+    editor.SetSpot(MacroSpot::Before);
+    TakeLine("ROW3");
+    EXPECT_EQ(Statements(), (Lines{"Retail = …", "Prices = …", "Trade = …"}));
+    editor.SetCurrent(0);
+    editor.AddOperator("+");
+    EXPECT_TRUE(editor.MessageIsProblem());
+    EXPECT_EQ(editor.Lines().size(), 4U);
+}
+
+TEST_F(MacroEditorTest, DeletingLeavesTheOthersWhereTheyWere) {
+    editor.NewMacro();
+    const std::string first = editor.MacroKey();
+    for (const char* row : {"ROW1", "ROW2", "ROW3", "ROW6"}) {
+        editor.SetSpot(editor.Current() == 0 ? MacroSpot::Inside : MacroSpot::After);
+        TakeLine(row);
+        editor.SetOperandText("1");
+        editor.TakeOperand();
+        editor.NextStatement();
+    }
+    GoTo("Trade = 1");
+    editor.Delete();
+    EXPECT_EQ(Statements(), (Lines{"Retail = 1", "Prices = 1", "Total = 1"}));
+    GoTo("Total = 1");
+    editor.Move(true);
+    editor.Move(true);
+    EXPECT_EQ(Statements(), (Lines{"Total = 1", "Retail = 1", "Prices = 1"}));
+    editor.Move(true);
+    EXPECT_EQ(editor.Message(), "It is the first of its level.");
+    const int rows = tables.macroTree->RowCount();
+    editor.NewMacro();
+    EXPECT_EQ(tables.macroTree->RowCount(), rows) << "the deleted rows are taken again";
+    editor.Delete();
+    EXPECT_FALSE(context.tree.Nodes().Find(editor.MacroKey()));
+    context.tree.Nodes().Item(first).SetSelected(true);
+    EXPECT_EQ(Statements().size(), 3U);
+}
+
+TEST_F(MacroEditorTest, RenamingAnOwnLineRenamesItEverywhere) {
+    const std::string key = macros.Add("Plan", "$a = ROW1\nROW3 = $a\n#a = 1");
+    BuildTree();
+    context.tree.Nodes().Item(key).SetSelected(true);
+    GoTo("a = Retail");
+    editor.Rename("Help");
+    EXPECT_EQ(Statements(), (Lines{"Help = Retail", "Prices = Help", "a = 1"}));
+    GoTo("1");
+    editor.Rename("x");
+    EXPECT_TRUE(editor.MessageIsProblem());
+    editor.Rename("2,5");
+    editor.SetCurrent(0);
+    editor.Rename("  ");
+    EXPECT_EQ(editor.Message(), "A name cannot be empty.");
+    editor.Rename("Plan B");
+    EXPECT_EQ(Shown().front(), "> Plan B");
+    EXPECT_EQ(Statements().back(), "a = 2,5");
+}
+
+TEST_F(MacroEditorTest, ProblemsAreMarkedUntilTheyAreGone) {
+    editor.NewMacro();
+    TakeLine("ROW1");
+    editor.SetOperandText("2");
+    editor.AddOperator("*");
+    editor.Check();
+    EXPECT_TRUE(editor.MessageIsProblem());
+    EXPECT_NE(editor.Lines()[3].problem, "");
+    editor.SetOperandText("3");
+    editor.TakeOperand();
+    for (const MacroLine& line : editor.Lines()) {
+        EXPECT_EQ(line.problem, "") << line.text;
+    }
+    GoTo("Retail = 2 * 3");
+    editor.ToggleActive();
+    EXPECT_EQ(Shown(), (Lines{"  Macro 1", ">   x Retail = 2 * 3", "      x 2", "      x *", "      x 3"}));
+    editor.Check();
+    EXPECT_NE(editor.Message().find("no statement"), std::string::npos);
+}
+
+TEST_F(MacroEditorTest, ToolbarButtonsAddTheirElements) {
+    editor.NewMacro();
+    PointAt("COL2", "ROW3");
+    context.toolbar.UserPress(ToolbarButton::MakLine);
+    platform.choices = {"AVERAGE"};
+    context.toolbar.UserPress(ToolbarButton::Function);
+    PointAt("COL2", "ROW1");
+    PointAt("COL3", "ROW2", SelectionMode::Extend);
+    context.toolbar.UserPress(ToolbarButton::TabArea);
+    platform.choices = {"SELECTED"};
+    context.toolbar.UserPress(ToolbarButton::Attribute);
+    editor.NextStatement();
+    PointAt("COL2", "ROW3");
+    GoTo("Own line 1 = Average of Retail to Trade, Feb to Mar");
+    editor.SetSpot(MacroSpot::After);
+    context.toolbar.UserPress(ToolbarButton::TabElement);
+    platform.choices = {"-"};
+    context.toolbar.UserPress(ToolbarButton::Operator);
+    platform.choices = {"Own line 1"};
+    context.toolbar.UserPress(ToolbarButton::MakLine);
+    EXPECT_EQ(Statements(), (Lines{"For the selected periods", "Own line 1 = Average of Retail to Trade, Feb to Mar",
+                                   "Prices, Feb = -Own line 1"}));
+    context.toolbar.UserPress(ToolbarButton::Generate);
+    EXPECT_EQ(editor.Message(), "The macro can run.");
+}
+
+TEST_F(MacroEditorTest, AHostWithoutTheFieldsIsToldSo) {
+    ExpectErrors();
+    auto plain = std::make_shared<MemoryTable>(
+        std::vector<std::string>{"NODEKEY", "NODEREF", "RELATION", "NODETEXT", "IMAGE", "IMAGE_SEL", "EXPANDED"});
+    plain->AddRowWith({{"NODEKEY", "N1"}, {"NODEREF", ""}, {"RELATION", 4}, {"NODETEXT", "Plan"}});
+    context.tables.MACRO_TREE = HostTable(plain);
+    BuildTree();
+    editor.NewMacro();
+    EXPECT_TRUE(editor.MessageIsProblem());
+    EXPECT_NE(editor.Message().find("NODETYPE"), std::string::npos) << editor.Message();
+    BuildTree();
+    EXPECT_EQ(context.tree.Nodes().Count(), 1);
+}
+
+/// Folders that are dragged about, and what should come of it.
+struct DraggedFolders {
+    std::map<std::string, std::vector<std::string>> below;
+    std::map<std::string, std::string> parent;
+
+    void Add(const std::string& key, const std::string& in) {
+        below[in].push_back(key);
+        parent[key] = in;
+    }
+    [[nodiscard]] bool IsIn(std::string key, const std::string& above) const {
+        while (!key.empty() && key != above) {
+            key = parent.at(key);
+        }
+        return !key.empty();
+    }
+    void Drop(const std::string& key, const std::string& target, TreeDrop place) {
+        std::erase(below[parent[key]], key);
+        const std::string in = place == TreeDrop::Below ? target : parent[target];
+        std::vector<std::string>& keys = below[in];
+        const auto at = place == TreeDrop::Below ? keys.end() : std::find(keys.begin(), keys.end(), target);
+        keys.insert(at + (place == TreeDrop::After ? 1 : 0), key);
+        parent[key] = in;
+    }
+    [[nodiscard]] std::string Text(const std::string& in = {}) const {
+        std::string text;
+        const auto found = below.find(in);
+        for (const std::string& key : found == below.end() ? std::vector<std::string>() : found->second) {
+            const std::string inside = Text(key);
+            text += (text.empty() ? "" : " ") + key + (inside.empty() ? "" : "(" + inside + ")");
+        }
+        return text;
+    }
+};
+
+TEST_F(MacroEditorTest, DraggedNodesStandWhereTheyWereDropped) {
+    std::mt19937 random(7);
+    DraggedFolders folders;
+    std::vector<std::string> keys;
+    for (int i = 0; i < 14; ++i) {
+        const std::string in = i < 3 ? std::string() : keys[random() % keys.size()];
+        keys.push_back("N" + std::to_string(i));
+        AddRow(*tables.macroTree, {{"NODEKEY", keys.back()},
+                                   {"NODEREF", in},
+                                   {"RELATION", 4},
+                                   {"NODETEXT", "Text " + keys.back()},
+                                   {"NODETYPE", ""}});
+        folders.Add(keys.back(), in);
+    }
+    BuildTree();
+    ASSERT_EQ(TreeText(context.tree), folders.Text());
+    int moved = 0;
+    for (int step = 0; step < 300; ++step) {
+        const std::string key = keys[random() % keys.size()];
+        const std::string target = keys[random() % keys.size()];
+        const auto place = static_cast<TreeDrop>(random() % 3);
+        const std::string before = folders.Text();
+        // The first three are the top level and stay there.
+        if (folders.parent[key].empty() || (folders.parent[target].empty() && place != TreeDrop::Below)) {
+            continue;
+        }
+        editor.MoveTo(key, target, place);
+        if (folders.IsIn(target, key)) {
+            EXPECT_EQ(editor.Message(), "A node cannot be moved into itself.");
+        } else {
+            folders.Drop(key, target, place);
+            ++moved;
+        }
+        BuildTree();
+        ASSERT_EQ(TreeText(context.tree), folders.Text())
+            << step << ": " << key << " to " << target << " in " << before;
+        ASSERT_EQ(context.tree.Nodes().Item(key).Text(), "Text " + key);
+    }
+    EXPECT_GT(moved, 100);
+    editor.MoveTo(keys[2], keys[0], TreeDrop::Before);
+    folders.Drop(keys[2], keys[0], TreeDrop::Before);
+    BuildTree();
+    EXPECT_EQ(TreeText(context.tree), folders.Text()) << "beside another root";
+    editor.NewMacro();
+    const std::string macro = editor.MacroKey();
+    TakeLine("ROW1");
+    const std::string line = context.tree.SelectedItem().Key();
+    const std::string shown = TreeText(context.tree);
+    for (const auto& [node, target] : {std::pair(line, keys[0]), std::pair(keys[0], macro), std::pair(macro, line)}) {
+        editor.MoveTo(node, target, TreeDrop::Below);
+        EXPECT_TRUE(editor.MessageIsProblem()) << node;
+        EXPECT_EQ(TreeText(context.tree), shown);
+    }
+}
+
+/// However the user edits, the table always gives the tree that the editor shows.
+TEST_F(MacroEditorTest, AnyEditingKeepsTableAndTreeInStep) {
+    std::mt19937 random(7);
+    editor.NewMacro();
+    for (int step = 0; step < 400; ++step) {
+        const auto count = static_cast<unsigned>(editor.Lines().size());
+        editor.SetCurrent(static_cast<int>(random() % std::max(count, 1U)));
+        editor.SetSpot(static_cast<MacroSpot>(random() % 3));
+        switch (random() % 8) {
+            case 0:
+                editor.Delete();
+                break;
+            case 1:
+                editor.Move(random() % 2 == 0);
+                break;
+            case 2:
+                editor.AddCondition(random() % 2 == 0);
+                break;
+            case 3:
+                editor.AddFunction("SUM");
+                break;
+            case 4:
+                editor.NewMacro();
+                break;
+            default:
+                TakeLine(random() % 2 == 0 ? "ROW1" : "ROW2");
+        }
+        const Lines shown = Shown();
+        BuildTree();
+        ASSERT_EQ(Shown(), shown) << "step " << step;
+    }
+    EXPECT_GT(context.tree.Nodes().Count(), 20);
+    EXPECT_TRUE(EntriesOf("Reload").empty());
+}
+
+}  // namespace
+
+}  // namespace planview::test
