@@ -15,7 +15,7 @@
 #include "automation/Numbers.h"
 #include "components/GridControl.h"
 #include "components/chart/ChartControl.h"
-#include "macro/MacroEditor.h"
+#include "macro/editor/MacroEditor.h"
 #include "support/GridText.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
