@@ -39,6 +39,12 @@ void PutChartId(const HostTable& table, HostTable::Row row, std::int16_t id) {
     }
 }
 
+/// `number` from 1; empty for one that is not there.
+std::string_view KeyAt(const std::vector<std::string>& keys, int number) noexcept {
+    return number >= 1 && number <= static_cast<int>(keys.size()) ? keys[static_cast<std::size_t>(number) - 1]
+                                                                  : std::string_view();
+}
+
 }  // namespace
 
 void ChartData::Initialize() const {
@@ -94,6 +100,7 @@ void ChartData::ApplyColors() const {
 void ChartData::Update() {
     TraceMarker("#UPDATE#");
     modChart::Redraw(Chart(), false);
+    shown_ = {};
     const int firstVisible = parts_.chart.State().FirstVisible();
     parts_.chart.SetComparison(0);
     if (parts_.chartSettings.viewMode == ChartViewMode::Forecast) {
@@ -118,7 +125,7 @@ void ChartData::ApplyVisibleCategories(std::int16_t columns) const {
     }
 }
 
-void ChartData::UpdateNormalView() const {
+void ChartData::UpdateNormalView() {
     const HostTable colsIndex = parts_.tables.COLS_INDEX;
     const HostTable lineIndex = parts_.tables.LINE_INDEX;
     const ChartSettings& settings = parts_.chartSettings;
@@ -183,12 +190,21 @@ void ChartData::LeaveEmpty(ChartText why, const char* caption) {
     }
 }
 
-/// Nothing of the tables is in the chart.
-void ChartData::ForgetNumbers() const {
+/// Nothing of the tables is in the chart: no point of it leads back to a cell.
+void ChartData::ForgetNumbers() {
+    shown_ = {};
     for (const HostTable& table : {parts_.tables.COLS_INDEX, parts_.tables.LINE_INDEX}) {
         ErrorTrap(modChart::Label, "Update",
                   [&] { ForEachIndexRow(table, [&](HostTable::Row row) { PutChartId(table, row, 0); }); });
     }
+}
+
+std::string_view ChartData::LineOf(int series) const noexcept {
+    return KeyAt(shown_.lines, series);
+}
+
+std::string_view ChartData::ColumnOf(int category) const noexcept {
+    return KeyAt(shown_.columns, category);
 }
 
 bool ChartData::IsInChart(HostTable::Row line) const {
@@ -196,7 +212,7 @@ bool ChartData::IsInChart(HostTable::Row line) const {
     return FieldIs(lineIndex, line, ShowChart, InChart) && !FieldIs(lineIndex, line, "ROW_HIDDEN", "X");
 }
 
-void ChartData::Fill() const {
+void ChartData::Fill() {
     const auto isLine = [&](HostTable::Row line) { return IsInChart(line); };
     const bool filled = ErrorTrap(modChart::Label, "Fill", [&] {
         FillSheet(isLine);
@@ -204,11 +220,11 @@ void ChartData::Fill() const {
         ApplyTitle();
     });
     if (!filled) {
-        ForgetNumbers();  // what is drawn is not whole: no point of it leads back to a cell
+        ForgetNumbers();  // what is drawn is not whole
     }
 }
 
-void ChartData::FillForecast(HostTable::Row sales, HostTable::Row forecast) const {
+void ChartData::FillForecast(HostTable::Row sales, HostTable::Row forecast) {
     const auto isLine = [=](HostTable::Row line) { return line == sales || line == forecast; };
     const bool filled = ErrorTrap(modChart::Label, "FillForecast", [&] {
         FillSheet(isLine);
@@ -230,9 +246,11 @@ void ChartData::FillForecast(HostTable::Row sales, HostTable::Row forecast) cons
 }
 
 template <class IsLine>
-void ChartData::FillSheet(const IsLine& isLine) const {
+void ChartData::FillSheet(const IsLine& isLine) {
     const HostTable colsIndex = parts_.tables.COLS_INDEX;
-    const std::vector<Line> lines = NumberLines(isLine);
+    std::vector<Line> lines = NumberLines(isLine);
+    const ObjectRef dataSheet = Late(Chart()).Get("DataSheet").Value().AsObject();
+    ShownKeys shown;
     std::int16_t category = 0;
     ForEachIndexRow(colsIndex, [&](HostTable::Row row) {
         if (!FieldIs(colsIndex, row, ShowChart, InChart) || FieldIs(colsIndex, row, "COL_HIDDEN", "X")) {
@@ -242,10 +260,14 @@ void ChartData::FillSheet(const IsLine& isLine) const {
         category = CheckedAdd(category, std::int16_t{1});
         PutChartId(colsIndex, row, category);
         if (const std::string period = colsIndex.Text(row, "PERDY"); !period.empty()) {
-            modChart::CellTextY(Late(Chart()).Get("DataSheet").Value().AsObject(), category, period);
+            modChart::CellTextY(dataSheet, category, period);
         }
-        FillColumn(category, colsIndex.Text(row, "GRID_ID"), lines);
+        FillCategory(dataSheet, category, shown.columns.emplace_back(colsIndex.Text(row, "GRID_ID")), lines);
     });
+    for (Line& line : lines) {
+        shown.lines.push_back(std::move(line.key));
+    }
+    shown_ = std::move(shown);
 }
 
 /// Which line is which series is the same for every column, so the line table is walked but once.
@@ -261,7 +283,7 @@ std::vector<ChartData::Line> ChartData::NumberLines(const IsLine& isLine) const 
         }
         series = CheckedAdd(series, std::int16_t{1});
         PutChartId(lineIndex, row, series);
-        Line line{row, series, lineIndex.Text(row, "GRID_ID"), LineCaption(lineIndex, row), std::nullopt};
+        Line line{lineIndex.Text(row, "GRID_ID"), LineCaption(lineIndex, row), std::nullopt};
         line.gridRow = parts_.grid.FindRow(line.key);
         parts_.chart.NameSeries(series, line.key, lineIndex.Text(row, "ROW_FORMAT"));
         lines.push_back(std::move(line));
@@ -269,13 +291,20 @@ std::vector<ChartData::Line> ChartData::NumberLines(const IsLine& isLine) const 
     return lines;
 }
 
-void ChartData::FillColumn(std::int16_t category, std::string_view columnKey, const std::vector<Line>& lines) const {
-    const ObjectRef dataSheet = Late(Chart()).Get("DataSheet").Value().AsObject();
+/// A caption stands from the first category on. The trace lists it with every category: only for its entry it is
+/// written again.
+void ChartData::FillCategory(const ObjectRef& dataSheet, std::int16_t category, std::string_view columnKey,
+                             const std::vector<Line>& lines) const {
     const std::optional<ColumnId> column = parts_.grid.FindColumn(columnKey);
+    const bool withCaptions = category == 1 || modPlan::TraceEnabled;
+    std::int16_t series = 0;
     for (const Line& line : lines) {
-        modChart::CellTextX(dataSheet, line.series, line.caption);
+        ++series;
+        if (withCaptions) {
+            modChart::CellTextX(dataSheet, series, line.caption);
+        }
         const double value = column && line.gridRow ? ValueOf(parts_.grid.Contents({*column, *line.gridRow})) : 0.0;
-        modChart::CellValue(dataSheet, category, line.series, value);
+        modChart::CellValue(dataSheet, category, series, value);
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <planview/Platform.h>
@@ -38,28 +39,38 @@ public:
     /// "#UPDATE#": rebuilds the chart from the tables and the grid.
     void Update();
 
+    /// The keys of the line that a series shows and of the column that a category shows, both counted from 1, as the
+    /// chart was filled last. Empty for a number that the chart does not have, and for every number while what is
+    /// drawn is not whole. Valid until the chart is filled again.
+    [[nodiscard]] std::string_view LineOf(int series) const noexcept;
+    [[nodiscard]] std::string_view ColumnOf(int category) const noexcept;
+
 private:
-    /// One line of LINE_INDEX, as a column's values are being filled.
+    /// One line of LINE_INDEX, as the values of a category are being filled.
     struct Line {
-        HostTable::Row row = 0;
-        std::int16_t series = 0;
         std::string key;
         std::string caption;
         std::optional<RowId> gridRow;
     };
+    /// The keys of what the chart shows, in the order of its numbers.
+    struct ShownKeys {
+        std::vector<std::string> lines;
+        std::vector<std::string> columns;
+    };
 
-    void UpdateNormalView() const;
+    void UpdateNormalView();
     void UpdateForecastView();
     void LeaveEmpty(ChartText why, const char* caption);
-    void ForgetNumbers() const;
-    void Fill() const;
-    void FillForecast(HostTable::Row sales, HostTable::Row forecast) const;
+    void ForgetNumbers();
+    void Fill();
+    void FillForecast(HostTable::Row sales, HostTable::Row forecast);
     /// `isLine` says which lines are series.
     template <class IsLine>
-    void FillSheet(const IsLine& isLine) const;
+    void FillSheet(const IsLine& isLine);
     template <class IsLine>
     [[nodiscard]] std::vector<Line> NumberLines(const IsLine& isLine) const;
-    void FillColumn(std::int16_t category, std::string_view columnKey, const std::vector<Line>& lines) const;
+    void FillCategory(const ObjectRef& dataSheet, std::int16_t category, std::string_view columnKey,
+                      const std::vector<Line>& lines) const;
     template <class IsLine>
     void ApplyLineTypes(const IsLine& isLine) const;
     void ApplyVisibleCategories(std::int16_t columns) const;
@@ -69,6 +80,8 @@ private:
     [[nodiscard]] const ObjectRef& Chart() const noexcept { return parts_.chart.Object(); }
 
     ChartDataParts parts_;
+    /// Empty until a fill has ended.
+    ShownKeys shown_;
     /// What the forecast view was last said to lack.
     std::optional<ChartText> told_;
 };

@@ -2,7 +2,6 @@
 #include "control/ChartHandlers.h"
 
 #include "automation/Numbers.h"
-#include "chart/ChartMarks.h"
 #include "chart/ChartRun.h"
 #include "chart/modChart.h"
 #include "control/ControlContext.h"
@@ -20,18 +19,6 @@ constexpr std::int16_t LeftButton = 1;
 constexpr std::int16_t RightButton = 2;
 constexpr std::int16_t AltKey = 4;
 
-/// The key of the table's row that has this number in the chart; empty for none.
-std::string KeyOf(const HostTable& table, int chartId) {
-    const int count = table.RowCount();
-    for (int row = 1; chartId > 0 && row <= count; ++row) {
-        const auto at = static_cast<HostTable::Row>(row);
-        if (CodeIn(table, at, "CHART_ID") == chartId) {
-            return table.Text(at, "GRID_ID");
-        }
-    }
-    return {};
-}
-
 void TraceSource(std::string_view event, const std::string& source) {
     if (TraceEnabled) {
         TraceWrite(ChartLabel, "", event, TraceText("{source:", source, "}"));
@@ -40,19 +27,9 @@ void TraceSource(std::string_view event, const std::string& source) {
 
 }  // namespace
 
-std::string ChartHandlers::LineKeyOf(int series) const {
-    const HostTable lineIndex = context_.tables.LINE_INDEX;
-    return KeyOf(lineIndex, series);
-}
-
 std::optional<Cell> ChartHandlers::CellOf(int series, int category) const {
-    const HostTable colsIndex = context_.tables.COLS_INDEX;
-    const std::string column = KeyOf(colsIndex, category);
-    const std::string row = LineKeyOf(series);
-    if (column.empty() || row.empty()) {
-        return std::nullopt;
-    }
-    return context_.grid.FindCell({column, row});
+    const ChartData& shown = context_.chartData;
+    return context_.grid.FindCell({shown.ColumnOf(category), shown.LineOf(series)});
 }
 
 void ChartHandlers::MouseDown(std::int16_t button, std::int16_t shift, const ChartHit& hit) {
@@ -86,7 +63,7 @@ void ChartHandlers::ShowPopup(const ChartHit& hit) {
 }
 
 void ChartHandlers::SelectLine(int series) {
-    if (const std::optional<RowId> row = context_.grid.FindRow(LineKeyOf(series))) {
+    if (const std::optional<RowId> row = context_.grid.FindRow(context_.chartData.LineOf(series))) {
         context_.grid.SelectRow(*row, SelectionMode::Replace);
     }
 }

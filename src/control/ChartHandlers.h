@@ -23,9 +23,8 @@ public:
     void PointValueChanged(int series, int category, double value) override;
 
 private:
-    /// The grid cell behind a point; none where the chart and the tables have parted.
+    /// The grid cell behind a point; none where the chart does not know it or the grid has it no more.
     [[nodiscard]] std::optional<Cell> CellOf(int series, int category) const;
-    [[nodiscard]] std::string LineKeyOf(int series) const;
     void ShowPopup(const ChartHit& hit);
     /// In the grid, whose selection the commands are about.
     void SelectLine(int series);

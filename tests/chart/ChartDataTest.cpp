@@ -102,6 +102,21 @@ TEST_F(ChartDataTest, ATextThatIsNoNumberStopsTheFill) {
     const Lines errors = Entries(IsError);
     ASSERT_EQ(errors.size(), 1u);
     EXPECT_EQ(errors[0].find("CHART"), 0u);
+    EXPECT_FALSE(control.Chart().UserMayChange(1, 1)) << "no point of a chart that is not whole leads to a cell";
+    control.Grid().SetAttribute(GridElement::Cell, {"COL2", "ROW1"}, GridAttribute::Contents, "7", true);
+    Rebuild();
+    EXPECT_TRUE(control.Chart().UserMayChange(1, 1));
+}
+
+TEST_F(ChartDataTest, CaptionsStandWithAndWithoutTheTraceWhichListsThemWithEveryColumn) {
+    ForgetEntries();
+    Rebuild();
+    EXPECT_EQ(EntriesOf("CellTextX").size(), 2u * 3u);
+    EXPECT_EQ(Captions(), (Lines{"Wages", "Sales"}));
+    modPlan::TraceEnabled = false;
+    Rebuild();
+    modPlan::TraceEnabled = true;
+    EXPECT_EQ(Captions(), (Lines{"Wages", "Sales"}));
 }
 
 TEST_F(ChartDataTest, SettingTheChartUpGoesThroughEverySettingInOrder) {

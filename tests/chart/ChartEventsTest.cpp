@@ -69,6 +69,31 @@ TEST_F(ChartEventsTest, WhatIsSelectedInTheChartIsSelectedInTheGrid) {
     EXPECT_FALSE(control.Grid().IsSelected({{}, "ROW3"}));
 }
 
+TEST_F(ChartEventsTest, APointKeepsItsCellWhateverTheHostDoesWithItsNumbers) {
+    for (const test::TableRef& table : {tables.lineIndex, tables.colsIndex}) {
+        for (int row = 1; row <= table->RowCount(); ++row) {
+            table->SetValue(row, "CHART_ID", std::int16_t{1});
+        }
+    }
+    control.Chart().UserChangedPoint(2, 3, 4.5);
+    EXPECT_EQ(listener.heard, (Lines{"3COL3 3ROW3 = 4,5"}));
+    const struct {
+        const char* why;
+        int series;
+        int category;
+    } strangers[] = {
+        {"before the first", 0, 1}, {"before the first", 1, 0}, {"behind the last", 3, 1}, {"behind the last", 1, 4}};
+    for (const auto& point : strangers) {
+        EXPECT_FALSE(control.Chart().UserMayChange(point.series, point.category)) << point.why;
+    }
+}
+
+TEST_F(ChartEventsTest, APointOfAColumnThatTheGridHasNoMoreRefuses) {
+    control.Grid().Destroy(false);
+    control.Grid().CreateLabelled(false);
+    EXPECT_FALSE(control.Chart().UserMayChange(1, 1));
+}
+
 TEST_F(ChartEventsTest, MouseAndDragLeaveTheirEntries) {
     ForgetEntries();
     control.Chart().UserPressed(1, 4, {ChartHitCode::PlotArea, 0, 0});
