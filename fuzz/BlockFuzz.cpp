@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "automation/BlockText.h"
-#include "automation/HtmlBlock.h"
+#include "clipboard/BlockText.h"
+#include "clipboard/HtmlBlock.h"
 
 /// A block that was read can be written and read back unchanged.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

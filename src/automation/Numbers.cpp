@@ -12,6 +12,8 @@
 
 #include <planview/AutomationObject.h>
 
+#include "automation/Texts.h"
+
 namespace planview {
 
 namespace {
@@ -21,19 +23,10 @@ constexpr int SignificantDigits = 15;
 constexpr int MaxPlainDecimals = 20;
 /// Longer texts are no numbers that anybody entered; the bound keeps the reader's buffer on the stack.
 constexpr std::size_t MaxNumberLength = 400;
+constexpr std::string_view NumberBlanks = " \t";
 
 bool IsDigit(char c) noexcept {
     return c >= '0' && c <= '9';
-}
-
-std::string_view TrimBlanks(std::string_view text) noexcept {
-    while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) {
-        text.remove_suffix(1);
-    }
-    return text;
 }
 
 struct Marks {
@@ -207,7 +200,7 @@ std::optional<double> ParsePlain(std::string_view text) noexcept {
 }  // namespace
 
 std::optional<double> TryParseNumber(std::string_view text) noexcept {
-    text = TrimBlanks(text);
+    text = Trimmed(text, NumberBlanks);
     if (text.size() > MaxNumberLength) {
         return std::nullopt;
     }
@@ -215,7 +208,7 @@ std::optional<double> TryParseNumber(std::string_view text) noexcept {
         return number;
     }
     std::array<char, MaxNumberLength> plain;  // as far as it is written
-    return ParsePlain(TrimBlanks(WithPlainMarks(text, plain)));
+    return ParsePlain(Trimmed(WithPlainMarks(text, plain), NumberBlanks));
 }
 
 double ParseNumber(std::string_view text) {

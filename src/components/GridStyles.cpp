@@ -6,6 +6,7 @@
 #include <limits>
 #include <utility>
 
+#include "automation/Texts.h"
 #include "automation/Utf8.h"
 #include "components/BuiltInBitmaps.h"
 
@@ -17,31 +18,12 @@ constexpr int MinFontSize = 4;
 constexpr int MaxFontSize = 96;
 constexpr std::size_t FirstBucketCount = 64;
 
-std::string_view Trim(std::string_view text) noexcept {
-    while (!text.empty() && text.front() == ' ') {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && text.back() == ' ') {
-        text.remove_suffix(1);
-    }
-    return text;
-}
-
 /// Cuts the text before the divider off and returns it; all of the text when there is no divider.
 std::string_view TakePiece(std::string_view& text, char divider) noexcept {
     const std::size_t end = text.find(divider);
-    const std::string_view piece = Trim(text.substr(0, end));
+    const std::string_view piece = Trimmed(text.substr(0, end));
     text = end == std::string_view::npos ? std::string_view{} : text.substr(end + 1);
     return piece;
-}
-
-char LowerCase(char c) noexcept {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool EqualIgnoringCase(std::string_view left, std::string_view right) noexcept {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char a, char b) { return LowerCase(a) == LowerCase(b); });
 }
 
 /// The status for a text that names nothing known.

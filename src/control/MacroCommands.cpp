@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "control/MacroCommands.h"
 
+#include "automation/Texts.h"
 #include "control/Guarded.h"
 #include "control/TreeHandlers.h"
 #include "macro/language/MacroRun.h"
@@ -43,9 +44,7 @@ MacroProblems RunMacroCommand(ControlContext& context, const std::string& nodeKe
     MacroOutcome outcome = RunMacroNode(PartsOf(context), nodeKey, onSelectedLine);
     result.done = outcome.problems.empty();
     result.cells = outcome.changed;
-    result.message =
-        result.done ? std::to_string(outcome.changed) + (outcome.changed == 1 ? " cell changed." : " cells changed.")
-                    : JoinedTexts(outcome.problems);
+    result.message = result.done ? Counted(outcome.changed, "cell") + " changed." : JoinedTexts(outcome.problems);
     return std::move(outcome.problems);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <planview/PlanView.h>
 
+#include "automation/Texts.h"
 #include "control/Guarded.h"
 #include "control/MacroCommands.h"
 #include "control/RecordedActions.h"
@@ -16,10 +17,6 @@ using modPlan::TraceWrite;
 namespace {
 
 constexpr std::string_view MacroLabel = "MACRO";
-
-std::string Counted(int count, std::string_view what) {
-    return std::to_string(count) + " " + std::string(what) + (count == 1 ? "" : "s");
-}
 
 MacroReplay ReplayOf(ControlContext& context) {
     return MacroReplay({context.grid, context.valueEntry,

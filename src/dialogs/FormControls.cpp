@@ -3,19 +3,10 @@
 
 #include <algorithm>
 
+#include "automation/Texts.h"
 #include "grid/modGrid.h"
 
 namespace planview {
-
-namespace {
-
-bool EqualIgnoringCase(std::string_view left, std::string_view right) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [&](char a, char b) { return lower(a) == lower(b); });
-}
-
-}  // namespace
 
 void ListBox::Choose(std::string_view text) {
     auto found = std::find_if(Items.begin(), Items.end(),

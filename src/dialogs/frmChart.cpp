@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "automation/Numbers.h"
+#include "automation/Texts.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -27,7 +28,7 @@ void NumberBox::SetOrEmpty(double value) {
 }
 
 std::optional<double> NumberBox::Value() const {
-    return Text.find_first_not_of(' ') == std::string::npos ? std::optional(0.0) : TryParseNumber(Text);
+    return Trimmed(Text).empty() ? std::optional(0.0) : TryParseNumber(Text);
 }
 
 void frmChart::OnLoad() {

@@ -3,15 +3,12 @@
 
 #include <algorithm>
 
+#include "automation/Texts.h"
 #include "trace/TraceText.h"
 
 namespace planview {
 
 namespace {
-
-std::string Counted(int count, std::string_view what) {
-    return std::to_string(count) + " " + std::string(what) + (count == 1 ? "" : "s");
-}
 
 std::string FileNameOf(const std::string& path) {
     const std::size_t slash = path.find_last_of("/\\");

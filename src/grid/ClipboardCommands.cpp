@@ -5,9 +5,10 @@
 #include <cmath>
 #include <vector>
 
-#include "automation/BlockText.h"
-#include "automation/HtmlBlock.h"
 #include "automation/Numbers.h"
+#include "automation/Texts.h"
+#include "clipboard/BlockText.h"
+#include "clipboard/HtmlBlock.h"
 #include "grid/CellCaption.h"
 #include "grid/Percent.h"
 #include "grid/SelectedCells.h"
@@ -88,10 +89,6 @@ Placement PlaceBlock(const GridControl& grid, const TextBlock& block) {
         }
     }
     return placement;
-}
-
-std::string Counted(int count, std::string_view what) {
-    return std::to_string(count) + " " + std::string(what) + (count == 1 ? "" : "s");
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "automation/Texts.h"
+
 namespace planview {
 
 namespace {
@@ -38,10 +40,9 @@ void FillWithTestData(const GridControl& grid, ValueEntry& valueEntry, MessageBo
                            MessageIcon::Information, MessageAnswer::Ok});
         return;
     }
-    const std::string count = std::to_string(values.size()) + (values.size() == 1 ? " cell" : " cells");
-    const MessageAnswer answer =
-        messageBoxes.Show({"Fill " + count + " with test data? What they hold now is replaced.", "Grid",
-                           MessageButtons::YesNo, MessageIcon::Question, MessageAnswer::No});
+    const MessageAnswer answer = messageBoxes.Show(
+        {"Fill " + Counted(values.size(), "cell") + " with test data? What they hold now is replaced.", "Grid",
+         MessageButtons::YesNo, MessageIcon::Question, MessageAnswer::No});
     if (answer == MessageAnswer::Yes) {
         valueEntry.ChangeCells(values);
     }

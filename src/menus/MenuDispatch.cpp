@@ -15,10 +15,6 @@ namespace {
 
 constexpr std::string_view ColorCommand = "Color ";
 
-bool HasPrefix(std::string_view key, std::string_view prefix) {
-    return key.substr(0, prefix.size()) == prefix;
-}
-
 }  // namespace
 
 MenuDispatch::MenuDispatch(Parts parts) : parts_(std::move(parts)) {
@@ -62,10 +58,10 @@ std::string MenuDispatch::Ask(MainMenu which, PopupPlace place) {
 }
 
 std::optional<MainMenu> MenuDispatch::PopupFor(std::string_view column, std::string_view row) const {
-    const bool heading = HasPrefix(row, "FTR");
-    const bool label = HasPrefix(column, "FLC");
-    const bool planningColumn = HasPrefix(column, "COL");
-    const bool planningRow = HasPrefix(row, "ROW");
+    const bool heading = row.starts_with("FTR");
+    const bool label = column.starts_with("FLC");
+    const bool planningColumn = column.starts_with("COL");
+    const bool planningRow = row.starts_with("ROW");
     const bool corner = column == LabelColumnKey && row == HeadingRowKey;
     if (corner || (planningColumn && heading) || (label && planningRow) || (planningColumn && planningRow)) {
         if (parts_.busy) {
@@ -172,7 +168,7 @@ void MenuDispatch::PrepareSeries(const MenuState& state) {
 std::optional<int> MenuDispatch::ChooseColor() {
     modPopup::Show(parts_.popups, Menu(), MainMenu::Colors, nullptr, place_);
     const std::string& command = Menu().PendingCommand().command;
-    if (!HasPrefix(command, ColorCommand)) {
+    if (!command.starts_with(ColorCommand)) {
         return std::nullopt;
     }
     return std::stoi(command.substr(ColorCommand.size()));

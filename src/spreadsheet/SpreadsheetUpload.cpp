@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "automation/Texts.h"
 #include "grid/BusyScope.h"
 #include "grid/modGrid.h"
 #include "spreadsheet/ProgressScope.h"
@@ -20,10 +21,6 @@ using modPlan::TraceWrite;
 namespace {
 
 constexpr std::size_t NotesInMessage = 8;
-
-std::string Cells(int count) {
-    return std::to_string(count) + (count == 1 ? " cell" : " cells");
-}
 
 }  // namespace
 
@@ -164,12 +161,13 @@ void SpreadsheetUpload::TellResult(const UploadResult& result) const {
     if (result.outdated == 0 && result.refused == 0) {
         return;
     }
-    std::string text = Cells(result.changed) + " changed.";
+    std::string text = Counted(result.changed, "cell") + " changed.";
     if (result.outdated > 0) {
-        text += "\n" + Cells(result.outdated) + " left alone: the table was changed since the workbook was read.";
+        text +=
+            "\n" + Counted(result.outdated, "cell") + " left alone: the table was changed since the workbook was read.";
     }
     if (result.refused > 0) {
-        text += "\n" + Cells(result.refused) + " could not be changed.";
+        text += "\n" + Counted(result.refused, "cell") + " could not be changed.";
     }
     Tell(text, MessageIcon::Information);
 }

@@ -8,6 +8,7 @@
 #include <optional>
 #include <utility>
 
+#include "automation/Texts.h"
 #include "xlsx/CellReference.h"
 #include "xlsx/TextEscapes.h"
 #include "xlsx/XmlEvents.h"
@@ -29,12 +30,8 @@ ValueKind KindOf(std::string_view type) {
                                        : ValueKind::FormulaText;
 }
 
-std::string_view Trimmed(std::string_view text) {
-    constexpr std::string_view Blanks = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(Blanks);
-    return first == std::string_view::npos ? std::string_view()
-                                           : text.substr(first, text.find_last_not_of(Blanks) - first + 1);
-}
+/// Around values in a sheet.
+constexpr std::string_view Blanks = " \t\r\n";
 
 /// The column of a cell such as "B7"; 0 where it names none or one of another row. ParseCell() does the same for every
 /// form of a reference; this one is asked for each cell of a file.
@@ -211,7 +208,7 @@ private:
         inCell_ = false;
         Cell cell;
         cell.column = static_cast<std::uint16_t>(column_);
-        if (hasFormula_ && (!hasValue_ || (kind_ == ValueKind::Number && Trimmed(value_).empty()))) {
+        if (hasFormula_ && (!hasValue_ || (kind_ == ValueKind::Number && Trimmed(value_, Blanks).empty()))) {
             SetText(cell, "=" + formula_);
         } else if (hasValue_) {
             SetValue(cell);
@@ -235,7 +232,7 @@ private:
                 break;
             case ValueKind::Boolean:
                 cell.kind = CellKind::Boolean;
-                cell.number = Trimmed(value_) == "1" || Trimmed(value_) == "true" ? 1 : 0;
+                cell.number = Trimmed(value_, Blanks) == "1" || Trimmed(value_, Blanks) == "true" ? 1 : 0;
                 break;
             case ValueKind::Error:
                 SetText(cell, value_.starts_with('#') ? value_ : "#VALUE!");
@@ -252,7 +249,7 @@ private:
     }
 
     void SetNumber(Cell& cell) {
-        const std::string_view text = Trimmed(value_);
+        const std::string_view text = Trimmed(value_, Blanks);
         if (text.empty()) {
             return;
         }
@@ -272,7 +269,7 @@ private:
     }
 
     void SetShared(Cell& cell) const {
-        const std::optional<std::uint32_t> id = Parsed<std::uint32_t>(Trimmed(value_));
+        const std::optional<std::uint32_t> id = Parsed<std::uint32_t>(Trimmed(value_, Blanks));
         if (!id || *id >= workbook_->texts.Size()) {
             Fail("it shows a text that the file does not have (number " + value_.substr(0, 20) + " of " +
                  std::to_string(workbook_->texts.Size()) + ")");

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "automation/Numbers.h"
+#include "automation/Texts.h"
 #include "macro/language/MacroGrid.h"
 #include "macro/language/MacroSentences.h"
 #include "trace/ErrorTrap.h"
@@ -392,7 +393,7 @@ void MacroEditor::Rename(const std::string& text) {
         if (!node || text == NameToEdit()) {
             return;
         }
-        if (text.find_first_not_of(' ') == std::string::npos) {
+        if (Trimmed(text).empty()) {
             Say("A name cannot be empty.");
             return;
         }

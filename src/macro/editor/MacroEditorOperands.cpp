@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "automation/Numbers.h"
+#include "automation/Texts.h"
 #include "grid/SelectedCells.h"
 #include "macro/editor/MacroEditor.h"
 #include "macro/language/MacroExpression.h"
@@ -30,14 +31,6 @@ bool StandTogether(const std::vector<int>& places, const std::function<bool(int)
     return true;
 }
 
-bool SameText(std::string_view left, std::string_view right) {
-    const auto lower = [](char next) {
-        return next >= 'A' && next <= 'Z' ? static_cast<char>(next + ('a' - 'A')) : next;
-    };
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [&](char first, char second) { return lower(first) == lower(second); });
-}
-
 /// The only line whose caption is this text, whatever the case of its letters.
 std::optional<int> LineCalled(const MacroGrid& grid, std::string_view text) {
     if (const std::optional<int> exact = grid.FindLineByCaption(text)) {
@@ -45,7 +38,7 @@ std::optional<int> LineCalled(const MacroGrid& grid, std::string_view text) {
     }
     std::optional<int> found;
     for (int line = 0; line < grid.LineCount(); ++line) {
-        if (SameText(grid.LineCaption(line), text)) {
+        if (EqualIgnoringCase(grid.LineCaption(line), text)) {
             if (found) {
                 return std::nullopt;
             }
@@ -66,11 +59,6 @@ NewMacroNode NodeOf(const MacroGrid& grid, const MacroPlace& place) {
     node.name = grid.CaptionsOf(place);
     node.text = grid.TextOf(place);
     return node;
-}
-
-std::string Trimmed(const std::string& text) {
-    const std::size_t start = text.find_first_not_of(' ');
-    return start == std::string::npos ? std::string() : text.substr(start, text.find_last_not_of(' ') - start + 1);
 }
 
 PopupEntry Entry(std::string_view name, std::string_view caption) {
@@ -212,14 +200,14 @@ std::optional<NewMacroNode> MacroEditor::NodeFromText(const std::string& text) c
     }
     for (const MacroNodeType type : {MacroNodeType::OwnLine, MacroNodeType::OwnElement, MacroNodeType::OwnArea}) {
         for (const std::string& name : OwnNames(type)) {
-            if (SameText(name, text)) {
+            if (EqualIgnoringCase(name, text)) {
                 node.type = type;
                 node.value = node.text = name;
                 return node;
             }
         }
     }
-    if (SameText(text, SelectedLineText) || text == SelectedPlace) {
+    if (EqualIgnoringCase(text, SelectedLineText) || text == SelectedPlace) {
         node.type = MacroNodeType::TableLine;
         node.value = SelectedPlace;
         node.text = SelectedLineText;
@@ -235,8 +223,8 @@ std::optional<NewMacroNode> MacroEditor::NodeFromText(const std::string& text) c
     // "Retail trade, Jan 06": the last comma divides them.
     const std::size_t comma = text.rfind(',');
     if (!place && comma != std::string::npos) {
-        const std::optional<int> line = LineCalled(grid, Trimmed(text.substr(0, comma)));
-        const std::optional<int> period = grid.FindPeriod({}, Trimmed(text.substr(comma + 1)));
+        const std::optional<int> line = LineCalled(grid, Trimmed(std::string_view(text).substr(0, comma)));
+        const std::optional<int> period = grid.FindPeriod({}, Trimmed(std::string_view(text).substr(comma + 1)));
         if (line && period) {
             place.emplace();
             place->firstLine = place->lastLine = *line;
@@ -248,7 +236,7 @@ std::optional<NewMacroNode> MacroEditor::NodeFromText(const std::string& text) c
 
 /// True when the text has become an element; it is empty then.
 bool MacroEditor::TakeText() {
-    const std::string text = Trimmed(operandText_);
+    const std::string text(Trimmed(operandText_));
     const std::optional<NewMacroNode> node = NodeFromText(text);
     if (!node) {
         Say("There is no line \"" + text +
@@ -448,7 +436,7 @@ void MacroEditor::AskAttribute() {
     std::vector<PopupEntry> entries{Entry("ALL", "For all periods"), Entry(SelectedPlace, "For the selected periods")};
     for (int decimals = 0; decimals <= MostDecimalsOffered; ++decimals) {
         const std::string number = std::to_string(decimals);
-        entries.push_back(Entry(number, "Results rounded to " + number + (decimals == 1 ? " decimal" : " decimals")));
+        entries.push_back(Entry(number, "Results rounded to " + Counted(decimals, "decimal")));
     }
     const std::string chosen = Ask("Attributes", std::move(entries));
     if (chosen.empty()) {

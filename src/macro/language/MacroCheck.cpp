@@ -6,6 +6,7 @@
 #include <set>
 
 #include "automation/Numbers.h"
+#include "automation/Texts.h"
 #include "macro/language/MacroParser.h"
 #include "macro/language/MacroSentences.h"
 #include "macro/language/MacroShape.h"
@@ -246,15 +247,14 @@ private:
         const auto count = static_cast<int>(statement.lines.size());
         if (shape.lines > 1 && shape.lines != count) {
             throw MacroFault(statement.node,
-                             "It has " + std::to_string(count) + (count == 1 ? " line" : " lines") + ", its value " +
-                                 std::to_string(shape.lines) + ".",
+                             "It has " + Counted(count, "line") + ", its value " + std::to_string(shape.lines) + ".",
                              "Take an area of as many lines, or put it into SUM, MIN, MAX or AVERAGE.");
         }
         const auto periods = static_cast<int>(statement.periods.size());
         if (shape.areaPeriods > 0 && shape.areaPeriods != periods) {
             throw MacroFault(statement.node,
-                             "It has " + std::to_string(periods) + (periods == 1 ? " period" : " periods") +
-                                 ", the area in its value " + std::to_string(shape.areaPeriods) + ".",
+                             "It has " + Counted(periods, "period") + ", the area in its value " +
+                                 std::to_string(shape.areaPeriods) + ".",
                              "Take an area of as many periods.");
         }
     }

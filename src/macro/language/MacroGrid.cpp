@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "automation/Texts.h"
 #include "grid/SelectedCells.h"
 
 namespace planview {
@@ -32,18 +33,6 @@ std::string CaptionRange(const std::string& first, const std::string& last) {
 }
 
 }  // namespace
-
-std::vector<std::string_view> SplitAt(std::string_view text, char mark) {
-    std::vector<std::string_view> pieces;
-    for (std::size_t start = 0;;) {
-        const std::size_t end = text.find(mark, start);
-        pieces.push_back(text.substr(start, end == std::string_view::npos ? end : end - start));
-        if (end == std::string_view::npos) {
-            return pieces;
-        }
-        start = end + 1;
-    }
-}
 
 template <class Id>
 void MacroGrid::Axis<Id>::IndexAll() {

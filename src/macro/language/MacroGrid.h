@@ -95,7 +95,4 @@ private:
     Axis<ColumnId> periods_;
 };
 
-/// The pieces of a text between the marks; one piece where there is none.
-[[nodiscard]] std::vector<std::string_view> SplitAt(std::string_view text, char mark);
-
 }  // namespace planview

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "automation/Numbers.h"
+#include "automation/Texts.h"
 
 namespace planview {
 
@@ -218,8 +219,7 @@ private:
         made.arguments = Parser(scope_, node, nesting_ + 1).Arguments();
         const std::size_t count = made.arguments.size();
         if (count < name->leastArguments || count > name->mostArguments) {
-            throw MacroFault(node, "It has " + std::to_string(count) + (count == 1 ? " argument." : " arguments."),
-                             std::string(name->takes));
+            throw MacroFault(node, "It has " + Counted(count, "argument") + ".", std::string(name->takes));
         }
         for (std::size_t i = 0; i < count; ++i) {
             const bool truth = name->operation == MacroOperation::If && i == 0;

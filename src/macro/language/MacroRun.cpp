@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "automation/Texts.h"
 #include "macro/language/MacroEvaluation.h"
 #include "macro/language/MacroSentences.h"
 #include "trace/TraceText.h"
@@ -201,10 +202,7 @@ public:
     [[nodiscard]] bool AnyRefused() const noexcept { return refused_ > 0; }
     /// Names the cells that may not be changed.
     [[nodiscard]] std::string RefusedText() const {
-        std::string text;
-        for (const std::string& cell : named_) {
-            text += text.empty() ? cell : "; " + cell;
-        }
+        std::string text = Joined(named_, "; ");
         if (refused_ > named_.size()) {
             text += "; and " + std::to_string(refused_ - named_.size()) + " more";
         }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "automation/Numbers.h"
+#include "automation/Texts.h"
 #include "macro/language/MacroExpression.h"
 
 namespace planview {
@@ -38,11 +39,7 @@ std::string RoundText(const std::string& what, const std::string& decimals) {
 }
 
 std::string Listed(const std::vector<std::string>& texts) {
-    std::string joined;
-    for (const std::string& text : texts) {
-        joined += joined.empty() ? text : ", " + text;
-    }
-    return joined.empty() ? Missing : joined;
+    return texts.empty() ? Missing : Joined(texts, ", ");
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include <QTextDocument>
 #include <QTextTable>
 
-#include "automation/BlockText.h"
+#include "clipboard/BlockText.h"
 
 namespace planview {
 

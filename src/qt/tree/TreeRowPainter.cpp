@@ -3,7 +3,8 @@
 
 #include <QPainterPath>
 #include <algorithm>
-#include <cctype>
+
+#include "automation/Texts.h"
 
 namespace planview {
 
@@ -46,7 +47,7 @@ std::string pictureName(const std::string& name) {
         return "macro-recording";
     }
     std::string file = "macro-" + name.substr(TypePrefix.size());
-    std::transform(file.begin(), file.end(), file.begin(), [](unsigned char c) { return std::tolower(c); });
+    std::transform(file.begin(), file.end(), file.begin(), LowerCase);
     return file;
 }
 

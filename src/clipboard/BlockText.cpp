@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "automation/BlockText.h"
+#include "clipboard/BlockText.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
-
-#include "automation/Numbers.h"
 
 namespace planview {
 
@@ -28,30 +25,6 @@ void AppendCell(std::string& out, std::string_view cell) {
         }
     }
     out += '"';
-}
-
-void AppendHtml(std::string& out, std::string_view text) {
-    for (const char c : text) {
-        switch (c) {
-            case '&':
-                out += "&amp;";
-                break;
-            case '<':
-                out += "&lt;";
-                break;
-            case '>':
-                out += "&gt;";
-                break;
-            case '"':
-                out += "&quot;";
-                break;
-            case '\n':
-                out += "<br>";
-                break;
-            default:
-                out += c;
-        }
-    }
 }
 
 /// Reads a block character by character.
@@ -141,25 +114,6 @@ std::string FormatBlock(const TextBlock& block) {
 
 TextBlock ParseBlock(std::string_view text) {
     return BlockReader(text).Read();
-}
-
-std::string FormatHtmlBlock(const TextBlock& block) {
-    std::string out = "<html><head><meta charset=\"utf-8\"></head><body><table>";
-    for (const std::vector<std::string>& row : block) {
-        out += "<tr>";
-        for (const std::string& cell : row) {
-            const std::optional<double> number = TryParseNumber(cell);
-            out += "<td";
-            if (number) {
-                out += " sdval=\"" + NumberText(*number) + "\" sdnum=\"1033;\"";
-            }
-            out += '>';
-            AppendHtml(out, cell);
-            out += "</td>";
-        }
-        out += "</tr>";
-    }
-    return out + "</table></body></html>";
 }
 
 }  // namespace planview

@@ -1,11 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
 #include <string_view>
 
-#include "automation/BlockText.h"
+#include <planview/Export.h>
+
+#include "clipboard/BlockText.h"
 
 namespace planview {
+
+/// A block as an HTML table, for programs that read that. A cell whose text is a number carries it once more in the
+/// form that every regional setting reads.
+[[nodiscard]] PLANVIEW_EXPORT std::string FormatHtmlBlock(const TextBlock& block);
 
 /// What another program put on the clipboard, as the best texts of both its forms.
 ///

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "automation/HtmlBlock.h"
+#include "clipboard/HtmlBlock.h"
 
 #include <algorithm>
 #include <charconv>
@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "automation/Numbers.h"
+#include "automation/Texts.h"
 
 namespace planview {
 
@@ -24,21 +25,36 @@ using HtmlRows = std::vector<std::vector<HtmlCell>>;
 /// More columns or rows than these are not joined by anybody; the bound keeps a foreign text from making cells.
 constexpr int MaxSpan = 1000;
 
-char Lower(char c) noexcept {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool IsBlank(char c) noexcept {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
 }
 
 bool IsLetter(char c) noexcept {
-    return Lower(c) >= 'a' && Lower(c) <= 'z';
+    return LowerCase(c) >= 'a' && LowerCase(c) <= 'z';
 }
 
-bool SameName(std::string_view left, std::string_view right) noexcept {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char a, char b) { return Lower(a) == Lower(b); });
+void AppendHtml(std::string& out, std::string_view text) {
+    for (const char c : text) {
+        switch (c) {
+            case '&':
+                out += "&amp;";
+                break;
+            case '<':
+                out += "&lt;";
+                break;
+            case '>':
+                out += "&gt;";
+                break;
+            case '"':
+                out += "&quot;";
+                break;
+            case '\n':
+                out += "<br>";
+                break;
+            default:
+                out += c;
+        }
+    }
 }
 
 void AppendUtf8(std::string& out, std::uint32_t code) {
@@ -57,7 +73,7 @@ void AppendUtf8(std::string& out, std::uint32_t code) {
 /// The character that stands between "&" and ";"; false for a name that is not known here.
 bool AppendEntity(std::string& out, std::string_view name) {
     if (name.size() > 1 && name.front() == '#') {
-        const bool hex = Lower(name[1]) == 'x';
+        const bool hex = LowerCase(name[1]) == 'x';
         name.remove_prefix(hex ? 2 : 1);
         std::uint32_t code = 0;
         const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), code, hex ? 16 : 10);
@@ -88,7 +104,7 @@ bool ShowsNumber(std::string_view sdnum) {
         }
         sdnum.remove_prefix(mark + 1);
     }
-    if (SameName(sdnum, "General") || SameName(sdnum, "Standard")) {
+    if (EqualIgnoringCase(sdnum, "General") || EqualIgnoringCase(sdnum, "Standard")) {
         return true;
     }
     for (std::size_t i = 0; i < sdnum.size(); ++i) {
@@ -167,7 +183,7 @@ private:
         at_ += closing ? 1 : 0;
         const std::string_view name = ReadName();
         const Attributes attributes = ReadAttributes();
-        if (SameName(name, "table")) {
+        if (EqualIgnoringCase(name, "table")) {
             depth_ += closing ? -1 : 1;
             ended_ = closing && depth_ <= 0;
         } else if (depth_ == 1) {
@@ -176,18 +192,18 @@ private:
     }
 
     void HandleTag(std::string_view name, bool closing, const Attributes& attributes) {
-        if (SameName(name, "tr")) {
+        if (EqualIgnoringCase(name, "tr")) {
             EndCell();
             if (!closing) {
                 rows_.emplace_back();
                 column_ = 0;
             }
-        } else if (SameName(name, "td") || SameName(name, "th")) {
+        } else if (EqualIgnoringCase(name, "td") || EqualIgnoringCase(name, "th")) {
             EndCell();
             if (!closing && !rows_.empty()) {
                 open_ = attributes;
             }
-        } else if (SameName(name, "br") && !text_.empty()) {
+        } else if (EqualIgnoringCase(name, "br") && !text_.empty()) {
             text_ += '\n';
         }
     }
@@ -233,14 +249,14 @@ private:
     }
 
     static void Take(Attributes& attributes, std::string_view name, std::string value) {
-        if (SameName(name, "sdval")) {
+        if (EqualIgnoringCase(name, "sdval")) {
             attributes.sdval = std::move(value);
-        } else if (SameName(name, "sdnum")) {
+        } else if (EqualIgnoringCase(name, "sdnum")) {
             attributes.sdnum = std::move(value);
-        } else if (SameName(name, "colspan") || SameName(name, "rowspan")) {
+        } else if (EqualIgnoringCase(name, "colspan") || EqualIgnoringCase(name, "rowspan")) {
             int span = 1;
             std::from_chars(value.data(), value.data() + value.size(), span);
-            (Lower(name.front()) == 'c' ? attributes.columns : attributes.rows) = std::clamp(span, 1, MaxSpan);
+            (LowerCase(name.front()) == 'c' ? attributes.columns : attributes.rows) = std::clamp(span, 1, MaxSpan);
         }
     }
 
@@ -300,6 +316,25 @@ bool SameShape(const TextBlock& block, const HtmlRows& rows) {
 }
 
 }  // namespace
+
+std::string FormatHtmlBlock(const TextBlock& block) {
+    std::string out = "<html><head><meta charset=\"utf-8\"></head><body><table>";
+    for (const std::vector<std::string>& row : block) {
+        out += "<tr>";
+        for (const std::string& cell : row) {
+            const std::optional<double> number = TryParseNumber(cell);
+            out += "<td";
+            if (number) {
+                out += " sdval=\"" + NumberText(*number) + "\" sdnum=\"1033;\"";
+            }
+            out += '>';
+            AppendHtml(out, cell);
+            out += "</td>";
+        }
+        out += "</tr>";
+    }
+    return out + "</table></body></html>";
+}
 
 TextBlock BestBlock(std::string_view text, std::string_view html) {
     TextBlock block = ParseBlock(text);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include "automation/BlockText.h"
+#include "clipboard/BlockText.h"
 
 namespace planview {
 
@@ -30,12 +30,6 @@ TEST(BlockText, ReadsWhatSpreadsheetsWrite) {
 TEST(BlockText, WhatIsWrittenIsReadBack) {
     const TextBlock block{{"a\tb", "", "c\"d"}, {"\"", "e\r\nf", " x "}, {"", "", ""}};
     EXPECT_EQ(ParseBlock(FormatBlock(block)), block);
-}
-
-TEST(BlockText, HtmlCarriesNumbersForEveryRegion) {
-    EXPECT_NE(FormatHtmlBlock({{"1.234,5", "a<b&c"}})
-                  .find("<td sdval=\"1234.5\" sdnum=\"1033;\">1.234,5</td><td>a&lt;b&amp;c</td>"),
-              std::string::npos);
 }
 
 }  // namespace planview

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include "automation/HtmlBlock.h"
+#include "clipboard/HtmlBlock.h"
 
 namespace planview {
 
@@ -52,6 +52,12 @@ TEST(HtmlBlock, TheNumberBehindAShownTextIsTaken) {
     for (const auto& row : cases) {
         EXPECT_EQ(BestBlock(row.text, row.html), row.block) << row.why;
     }
+}
+
+TEST(HtmlBlock, CarriesNumbersForEveryRegion) {
+    EXPECT_NE(FormatHtmlBlock({{"1.234,5", "a<b&c"}})
+                  .find("<td sdval=\"1234.5\" sdnum=\"1033;\">1.234,5</td><td>a&lt;b&amp;c</td>"),
+              std::string::npos);
 }
 
 }  // namespace planview

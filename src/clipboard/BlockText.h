@@ -24,8 +24,4 @@ inline constexpr std::size_t MaxBlockCells = 2'000'000;
 /// MaxBlockCells are dropped.
 [[nodiscard]] PLANVIEW_EXPORT TextBlock ParseBlock(std::string_view text);
 
-/// A block as an HTML table, for programs that read that. A cell whose text is a number carries it once more in the
-/// form that every regional setting reads.
-[[nodiscard]] PLANVIEW_EXPORT std::string FormatHtmlBlock(const TextBlock& block);
-
 }  // namespace planview
