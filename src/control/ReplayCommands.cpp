@@ -5,6 +5,7 @@
 #include "control/Guarded.h"
 #include "control/MacroCommands.h"
 #include "control/RecordedActions.h"
+#include "grid/CellCaption.h"
 #include "macro/recording/MacroRecorded.h"
 #include "macro/recording/MacroReplay.h"
 #include "trace/TraceText.h"
@@ -38,7 +39,7 @@ MacroResult Replay(ControlContext& context, std::vector<MacroStep> steps, bool o
                     "Nothing was changed."};
         }
         steps = std::move(*there);
-        where = " on " + CaptionOf(context.grid, PlaceAxis::Lines, line);
+        where = " on " + HeadingOf(context.grid, context.grid.FindRow(line).value());
     }
     const ReplayResult result = ReplayOf(context).Run(steps);
     if (!result.error.empty()) {

@@ -24,11 +24,6 @@ private:
     double lost_ = 0;
 };
 
-std::string HeadingText(const GridControl& grid, CellKeyView heading, const std::string& key) {
-    const std::optional<Cell> cell = grid.FindCell(heading);
-    return cell && !grid.Contents(*cell).empty() ? grid.Contents(*cell) : key;
-}
-
 }  // namespace
 
 SelectionSummary SummaryOfSelection(const GridControl& grid) {
@@ -46,12 +41,6 @@ SelectionSummary SummaryOfSelection(const GridControl& grid) {
     }
     summary.sum = sum.Value();
     return summary;
-}
-
-std::string CellName(const GridControl& grid, Cell cell) {
-    const CellKey key = grid.KeyOf(cell);
-    return HeadingText(grid, {LabelColumnKey, key.row}, key.row) + " \u00B7 " +
-           HeadingText(grid, {key.column, HeadingRowKey}, key.column);
 }
 
 }  // namespace planview

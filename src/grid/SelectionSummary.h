@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <string>
 
 #include <planview/Export.h>
 
@@ -22,8 +21,5 @@ struct SelectionSummary {
 };
 
 [[nodiscard]] PLANVIEW_EXPORT SelectionSummary SummaryOfSelection(const GridControl& grid);
-
-/// A cell as people call it: its line and its period ("Construction · May 08"). Keys stand in for empty headings.
-[[nodiscard]] PLANVIEW_EXPORT std::string CellName(const GridControl& grid, Cell cell);
 
 }  // namespace planview

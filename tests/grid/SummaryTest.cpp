@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include "grid/CellCaption.h"
 #include "grid/PendingCells.h"
 #include "grid/SelectionSummary.h"
 #include "support/GridText.h"
@@ -52,10 +53,12 @@ TEST_F(SelectionSummaryTest, AnEmptyGridComesToNothing) {
 
 TEST_F(SelectionSummaryTest, CellsAreNamedByTheirHeadings) {
     CreateSmallGrid();
-    SetCell({LabelColumnKey, "ROW2"}, GridAttribute::Contents, "Construction");
-    EXPECT_EQ(CellName(grid_, At({"COL3", "ROW2"})), "Construction \u00B7 COL3");
+    SetCell({LabelColumnKey, "ROW2"}, GridAttribute::Contents, "   Construction ");
+    EXPECT_EQ(CellCaption(grid_, At({"COL3", "ROW2"})), "Construction, COL3");
     SetCell({"COL3", HeadingRowKey}, GridAttribute::Contents, "May 08");
-    EXPECT_EQ(CellName(grid_, At({"COL3", "ROW2"})), "Construction \u00B7 May 08");
+    EXPECT_EQ(CellCaption(grid_, At({"COL3", "ROW2"}), " \u00B7 "), "Construction \u00B7 May 08");
+    EXPECT_EQ(CellCaption(grid_, CellKey{"COL3", "ROW2"}), "Construction, May 08");
+    EXPECT_EQ(CellCaption(grid_, CellKey{"COL99", "ROW2"}), "ROW2, COL99") << "the grid has no such cell any more";
 }
 
 TEST_F(PendingCellsTest, AreThoseThatShowAnotherValueThanTheyHad) {

@@ -92,22 +92,13 @@ private:
             program_.periods = selectedPeriods_;
             return;
         }
-        const std::vector<std::string_view> keys = SplitAt(value, RangeMark);
-        const std::vector<std::string_view> names = SplitAt(outline_.At(node).name, CaptionMark);
-        std::vector<int> ends;
-        for (std::size_t i = 0; i < keys.size() && i < 2; ++i) {
-            const std::string_view caption = i < names.size() ? names[i] : std::string_view();
-            const std::optional<int> period = scope_.places.FindPeriod(keys[i], caption);
-            if (!period) {
-                const std::string_view shown = caption.empty() ? keys[i] : caption;
-                throw MacroFault(node, "The grid has no period \"" + std::string(shown) + "\".",
-                                 "Choose the periods again.");
-            }
-            ends.push_back(*period);
+        std::string missing;
+        const std::optional<PlaceRange> range = scope_.places.FindPeriods(value, outline_.At(node).name, missing);
+        if (!range) {
+            throw MacroFault(node, "The grid has no period \"" + missing + "\".", "Choose the periods again.");
         }
-        const auto [first, last] = std::minmax(ends.front(), ends.back());
-        program_.periods.resize(static_cast<std::size_t>(last - first + 1));
-        std::iota(program_.periods.begin(), program_.periods.end(), first);
+        program_.periods.resize(static_cast<std::size_t>(range->last - range->first + 1));
+        std::iota(program_.periods.begin(), program_.periods.end(), range->first);
     }
 
     /// `perPeriod`: they stand below a condition that each period decides for itself.

@@ -2,27 +2,15 @@
 #include "macro/language/MacroGrid.h"
 
 #include <algorithm>
+#include <span>
 
 #include "automation/Texts.h"
+#include "grid/CellCaption.h"
 #include "grid/SelectedCells.h"
 
 namespace planview {
 
 namespace {
-
-/// Labels may be indented.
-std::string Trimmed(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char next) { return next == CaptionMark || (next >= 0 && next < ' '); }, ' ');
-    const std::size_t start = text.find_first_not_of(' ');
-    return start == std::string::npos ? std::string() : text.substr(start, text.find_last_not_of(' ') - start + 1);
-}
-
-std::string CaptionOf(const GridControl& grid, CellKeyView heading, const std::string& key) {
-    const std::optional<Cell> cell = grid.FindCell(heading);
-    std::string caption = cell ? Trimmed(grid.Contents(*cell)) : std::string();
-    return caption.empty() ? key : caption;
-}
 
 std::string KeyRange(const std::string& first, const std::string& last, bool always) {
     return first == last && !always ? first : first + RangeMark + last;
@@ -34,95 +22,81 @@ std::string CaptionRange(const std::string& first, const std::string& last) {
 
 }  // namespace
 
-template <class Id>
-void MacroGrid::Axis<Id>::IndexAll() {
-    for (std::size_t i = 0; i < ids.size(); ++i) {
-        byKey.emplace(keys[i], static_cast<int>(i));
-        byCaption[captions[i]].push_back(static_cast<int>(i));
-    }
-}
-
-template <class Id>
-std::optional<int> MacroGrid::Axis<Id>::OnlyOne(std::string_view caption) const {
-    const auto found = byCaption.find(caption);
-    return found != byCaption.end() && found->second.size() == 1 ? std::optional(found->second.front()) : std::nullopt;
-}
-
-template <class Id>
-std::optional<int> MacroGrid::Axis<Id>::Find(std::string_view key, std::string_view caption) const {
-    const auto found = byKey.find(key);
-    if (found != byKey.end() && (caption.empty() || captions[Index(found->second)] == caption)) {
-        return found->second;
-    }
-    return caption.empty() ? std::nullopt : OnlyOne(caption);
-}
-
-MacroGrid::MacroGrid(const GridControl& grid) : grid_(grid) {
-    for (const RowId row : grid.Rows(RowArea::Center)) {
-        lines_.ids.push_back(row);
-        lines_.keys.push_back(grid.Row(row).key);
-        lines_.captions.push_back(CaptionOf(grid, {LabelColumnKey, lines_.keys.back()}, lines_.keys.back()));
-    }
-    for (const ColumnId column : grid.Columns(ColumnArea::Center)) {
-        periods_.ids.push_back(column);
-        periods_.keys.push_back(grid.Column(column).key);
-        periods_.captions.push_back(CaptionOf(grid, {periods_.keys.back(), HeadingRowKey}, periods_.keys.back()));
-    }
-    lines_.IndexAll();
-    periods_.IndexAll();
+MacroGrid::MacroGrid(const GridControl& grid)
+    : grid_(grid), lines_(grid, PlaceAxis::Lines), periods_(grid, PlaceAxis::Columns) {
+    const std::span<const RowId> rows = grid.Rows(RowArea::Center);
+    const std::span<const ColumnId> columns = grid.Columns(ColumnArea::Center);
+    lineIds_.assign(rows.begin(), rows.end());
+    periodIds_.assign(columns.begin(), columns.end());
 }
 
 std::string MacroGrid::CellCaption(int line, int period) const {
-    return LineCaption(line) + ", " + PeriodCaption(period);
+    return planview::CellCaption(grid_, {periodIds_[Index(period)], lineIds_[Index(line)]});
 }
 
 bool MacroGrid::IsTextLine(int line) const {
-    return !periods_.ids.empty() && grid_.Look({periods_.ids.front(), lines_.ids[Index(line)]}).textLine;
+    return !periodIds_.empty() && grid_.Look({periodIds_.front(), lineIds_[Index(line)]}).textLine;
+}
+
+std::optional<int> MacroGrid::Find(const GridPlaces& axis, std::string_view key, std::string_view caption) {
+    PlaceFault fault;
+    const std::optional<int> found = axis.Find(key, caption, fault);
+    return found && axis.IsPlanning(*found) ? std::optional(*found - axis.Planning().first) : std::nullopt;
+}
+
+std::optional<PlaceRange> MacroGrid::FindRange(const GridPlaces& axis, std::string_view range, KeyCaptions& captions,
+                                               std::string& missing) {
+    PlaceFault fault;
+    const std::optional<PlaceRange> found = axis.FindRange(range, captions, fault);
+    if (!found || !axis.IsPlanning(found->first)) {
+        missing = found ? std::string(range) : fault.missing;
+        return std::nullopt;
+    }
+    const auto [first, last] = std::minmax(found->first, found->last);
+    return PlaceRange{first - axis.Planning().first, last - axis.Planning().first};
 }
 
 std::optional<int> MacroGrid::FindLine(std::string_view key, std::string_view caption) const {
-    return lines_.Find(key, caption);
+    return Find(lines_, key, caption);
 }
 
 std::optional<int> MacroGrid::FindPeriod(std::string_view key, std::string_view caption) const {
-    return periods_.Find(key, caption);
+    return Find(periods_, key, caption);
 }
 
 std::optional<int> MacroGrid::FindLineByCaption(std::string_view caption) const {
-    return lines_.OnlyOne(caption);
+    const std::optional<int> found = lines_.FindCaption(caption);
+    return found ? std::optional(*found - lines_.Planning().first) : std::nullopt;
+}
+
+std::optional<PlaceRange> MacroGrid::FindPeriods(std::string_view reference, std::string_view captions,
+                                                 std::string& missing) const {
+    KeyCaptions names(reference, captions);
+    return FindRange(periods_, reference, names, missing);
 }
 
 std::optional<MacroPlace> MacroGrid::Resolve(std::string_view reference, std::string_view captions,
                                              std::string& missing) const {
-    const std::vector<std::string_view> names = SplitAt(captions, CaptionMark);
     const std::vector<std::string_view> axes = SplitAt(reference, AxisMark);
-    std::size_t next = 0;
-    // Both ends of a range, in their order.
-    const auto ends = [&](const auto& axis, std::string_view range, int& first, int& last) {
-        const std::vector<std::string_view> keys = SplitAt(range, RangeMark);
-        std::vector<int> found;
-        for (const std::string_view key : keys) {
-            const std::string_view caption = next < names.size() ? names[next++] : std::string_view();
-            const std::optional<int> place = axis.Find(key, caption);
-            if (!place) {
-                missing = caption.empty() ? std::string(key) : std::string(caption);
-                return false;
-            }
-            found.push_back(*place);
-        }
-        if (found.size() > 2) {
-            missing = range;
-            return false;
-        }
-        first = std::min(found.front(), found.back());
-        last = std::max(found.front(), found.back());
-        return true;
-    };
-    MacroPlace place;
-    if (axes.size() > 2 || !ends(lines_, axes[0], place.firstLine, place.lastLine) ||
-        (axes.size() == 2 && !ends(periods_, axes[1], place.firstPeriod, place.lastPeriod))) {
-        missing = missing.empty() ? std::string(reference) : missing;
+    if (axes.size() > 2) {
+        missing = reference;
         return std::nullopt;
+    }
+    KeyCaptions names(reference, captions);
+    const std::optional<PlaceRange> lines = FindRange(lines_, axes[0], names, missing);
+    if (!lines) {
+        return std::nullopt;
+    }
+    MacroPlace place;
+    place.firstLine = lines->first;
+    place.lastLine = lines->last;
+    if (axes.size() == 2) {
+        const std::optional<PlaceRange> periods = FindRange(periods_, axes[1], names, missing);
+        if (!periods) {
+            return std::nullopt;
+        }
+        place.firstPeriod = periods->first;
+        place.lastPeriod = periods->last;
     }
     return place;
 }
@@ -168,7 +142,7 @@ std::vector<int> MacroGrid::SelectedLines() const {
         rows = current ? std::vector<RowId>{current->row} : std::vector<RowId>();
     }
     for (const RowId row : rows) {
-        if (const std::optional<int> line = lines_.Find(grid_.Row(row).key, {})) {
+        if (const std::optional<int> line = FindLine(grid_.Row(row).key, {})) {
             selected.push_back(*line);
         }
     }
@@ -178,7 +152,7 @@ std::vector<int> MacroGrid::SelectedLines() const {
 std::vector<int> MacroGrid::SelectedPeriods() const {
     std::vector<int> selected;
     for (const ColumnId column : BlockOfSelection(grid_).columns) {
-        if (const std::optional<int> period = periods_.Find(grid_.Column(column).key, {})) {
+        if (const std::optional<int> period = FindPeriod(grid_.Column(column).key, {})) {
             selected.push_back(*period);
         }
     }

@@ -4,19 +4,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
-#include "components/GridControl.h"
+#include "grid/GridPlaces.h"
 
 namespace planview {
 
-/// The mark between two keys of a range ("ROW2:ROW5"), and between its lines and its periods ("ROW2:ROW5/COL3:COL8").
-inline constexpr char RangeMark = ':';
-inline constexpr char AxisMark = '/';
-/// The mark between the captions of a reference (`NODENAME`); they stand in the order of its keys. In a caption it
-/// stands as a blank.
-inline constexpr char CaptionMark = '|';
 /// Stands for the key of the line, or the periods, that the user has selected.
 inline constexpr std::string_view SelectedPlace = "SELECTED";
 
@@ -39,25 +32,28 @@ public:
     MacroGrid(const MacroGrid&) = delete;
     MacroGrid& operator=(const MacroGrid&) = delete;
 
-    [[nodiscard]] const std::vector<RowId>& Lines() const noexcept { return lines_.ids; }
-    [[nodiscard]] const std::vector<ColumnId>& Periods() const noexcept { return periods_.ids; }
-    [[nodiscard]] int LineCount() const noexcept { return static_cast<int>(lines_.ids.size()); }
-    [[nodiscard]] int PeriodCount() const noexcept { return static_cast<int>(periods_.ids.size()); }
-    /// The heading without the blanks around it; the key where it is empty.
-    [[nodiscard]] const std::string& LineCaption(int line) const { return lines_.captions[Index(line)]; }
-    [[nodiscard]] const std::string& PeriodCaption(int period) const { return periods_.captions[Index(period)]; }
-    [[nodiscard]] const std::string& LineKey(int line) const { return lines_.keys[Index(line)]; }
-    [[nodiscard]] const std::string& PeriodKey(int period) const { return periods_.keys[Index(period)]; }
-    /// "Durable goods, Apr 06".
+    [[nodiscard]] const std::vector<RowId>& Lines() const noexcept { return lineIds_; }
+    [[nodiscard]] const std::vector<ColumnId>& Periods() const noexcept { return periodIds_; }
+    [[nodiscard]] int LineCount() const noexcept { return static_cast<int>(lineIds_.size()); }
+    [[nodiscard]] int PeriodCount() const noexcept { return static_cast<int>(periodIds_.size()); }
+    /// As GridPlaces has it.
+    [[nodiscard]] std::string LineCaption(int line) const { return lines_.Caption(InGrid(lines_, line)); }
+    [[nodiscard]] std::string PeriodCaption(int period) const { return periods_.Caption(InGrid(periods_, period)); }
+    [[nodiscard]] const std::string& LineKey(int line) const { return lines_.Key(InGrid(lines_, line)); }
+    [[nodiscard]] const std::string& PeriodKey(int period) const { return periods_.Key(InGrid(periods_, period)); }
     [[nodiscard]] std::string CellCaption(int line, int period) const;
     /// Carries text and no planning values.
     [[nodiscard]] bool IsTextLine(int line) const;
 
-    /// The line that has this key and, unless `caption` is empty, this caption; else the only one with this caption.
+    /// As GridPlaces finds them, planning ones only.
     [[nodiscard]] std::optional<int> FindLine(std::string_view key, std::string_view caption) const;
     [[nodiscard]] std::optional<int> FindPeriod(std::string_view key, std::string_view caption) const;
     /// The only line with this caption.
     [[nodiscard]] std::optional<int> FindLineByCaption(std::string_view caption) const;
+    /// One period or a range ("COL3:COL8"), in the order of the grid. No value where it is not found: then `missing`
+    /// says which, as the user would call it.
+    [[nodiscard]] std::optional<PlaceRange> FindPeriods(std::string_view reference, std::string_view captions,
+                                                        std::string& missing) const;
 
     /// What a node's reference ("ROW2:ROW5/COL3:COL8") names, with the captions of its keys. Ends in the wrong order
     /// are exchanged. No value where a line or period is not found: then `missing` says which, as the user would call
@@ -76,23 +72,20 @@ public:
     [[nodiscard]] std::vector<int> SelectedPeriods() const;
 
 private:
-    template <class Id>
-    struct Axis {
-        std::vector<Id> ids;
-        std::vector<std::string> keys;
-        std::vector<std::string> captions;
-        std::unordered_map<std::string_view, int> byKey;                   // into `keys`
-        std::unordered_map<std::string_view, std::vector<int>> byCaption;  // into `captions`
-
-        void IndexAll();
-        [[nodiscard]] std::optional<int> OnlyOne(std::string_view caption) const;
-        [[nodiscard]] std::optional<int> Find(std::string_view key, std::string_view caption) const;
-    };
     [[nodiscard]] static std::size_t Index(int place) noexcept { return static_cast<std::size_t>(place); }
+    [[nodiscard]] static int InGrid(const GridPlaces& axis, int planning) noexcept {
+        return axis.Planning().first + planning;
+    }
+    [[nodiscard]] static std::optional<int> Find(const GridPlaces& axis, std::string_view key,
+                                                 std::string_view caption);
+    [[nodiscard]] static std::optional<PlaceRange> FindRange(const GridPlaces& axis, std::string_view range,
+                                                             KeyCaptions& captions, std::string& missing);
 
     const GridControl& grid_;
-    Axis<RowId> lines_;
-    Axis<ColumnId> periods_;
+    GridPlaces lines_;
+    GridPlaces periods_;
+    std::vector<RowId> lineIds_;
+    std::vector<ColumnId> periodIds_;
 };
 
 }  // namespace planview

@@ -39,7 +39,7 @@ std::string RoundText(const std::string& what, const std::string& decimals) {
 }
 
 std::string Listed(const std::vector<std::string>& texts) {
-    return texts.empty() ? Missing : Joined(texts, ", ");
+    return texts.empty() ? Missing : planview::Joined(texts, ", ");
 }
 
 }  // namespace
@@ -125,16 +125,14 @@ std::string MacroSentences::Attribute(const MacroNode& node) const {
     if (value == SelectedPlace) {
         return "For the selected periods";
     }
-    const std::vector<std::string_view> keys = SplitAt(value, RangeMark);
-    const std::vector<std::string_view> names = SplitAt(node.name, CaptionMark);
-    std::string text;
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        const std::string_view caption = i < names.size() ? names[i] : std::string_view();
-        const std::optional<int> period = places_.FindPeriod(keys[i], caption);
-        text += (i == 0 ? "For " : " to ") +
-                (period ? places_.PeriodCaption(*period) : std::string(caption.empty() ? keys[i] : caption));
+    KeyCaptions captions(value, node.name);
+    std::vector<std::string> ends;
+    for (const std::string_view key : SplitAt(value, RangeMark)) {
+        const std::string_view caption = captions.Next();
+        const std::optional<int> period = places_.FindPeriod(key, caption);
+        ends.push_back(period ? places_.PeriodCaption(*period) : std::string(caption.empty() ? key : caption));
     }
-    return text;
+    return "For " + planview::Joined(ends, " to ");
 }
 
 std::string MacroSentences::Located(int node) const {

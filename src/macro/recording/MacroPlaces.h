@@ -5,29 +5,22 @@
 #include <string_view>
 #include <vector>
 
-#include "components/GridControl.h"
+#include "grid/GridPlaces.h"
 
 namespace planview {
 
-/// Whether places are periods (columns) or lines (rows).
-enum class PlaceAxis { Columns, Lines };
-
 /// Columns or lines as they stand in a table: their keys, and what they were called at that time.
 ///
-/// `keys` lists keys and ranges of keys, "ROW3" or "COL4:COL9,COL12"; a range takes all that stand from its first to
-/// its last, hidden ones too. `names` has the caption of each key in `keys`, in the same order, divided by "|"; in a
-/// caption a "|" or a control character stands as a blank. Both are empty for no place.
+/// `keys` lists keys and ranges of keys, "ROW3" or "COL4:COL9,COL12"; a range takes all that stand from one of its ends
+/// to the other, hidden ones too. `names` has the caption of each key in `keys`, in the same order, divided by "|"; in
+/// a caption a "|" or a control character stands as a blank. Both are empty for no place.
 struct PlaceTexts {
     std::string keys;
     std::string names;
 };
 
-/// The caption of a column or line in the grid, without the blanks around it; the key where it has none, empty where
-/// there is no such place.
-[[nodiscard]] std::string CaptionOf(const GridControl& grid, PlaceAxis axis, std::string_view key);
-
 /// The keys in the grid's order, neighbours as ranges.
-[[nodiscard]] PlaceTexts DescribePlaces(const GridControl& grid, PlaceAxis axis, std::vector<std::string> keys);
+[[nodiscard]] PlaceTexts DescribePlaces(const GridControl& grid, PlaceAxis axis, const std::vector<std::string>& keys);
 
 /// What was found of them, or why not.
 struct FoundPlaces {
@@ -37,8 +30,9 @@ struct FoundPlaces {
     [[nodiscard]] bool Ok() const noexcept { return error.empty(); }
 };
 
-/// Finds places on a grid that may have changed since: each by its key while it is still called so, else by its caption
-/// when exactly one is called so. Where no captions are known the keys decide alone.
+/// Finds places on a grid that may have changed since, as GridPlaces does. The keys of a range come from its first end
+/// to its last one: where these have changed their order, in the order in which they stood, which is that of their
+/// values.
 [[nodiscard]] FoundPlaces FindPlaces(const GridControl& grid, PlaceAxis axis, const PlaceTexts& places);
 
 /// "Retail", "Jan 08 to Jun 08", "Retail, Utilities": the places by their captions, for the user.

@@ -140,7 +140,7 @@ private:
         }
     }
 
-    [[nodiscard]] std::string NameOf(Cell cell) const { return CellCaption(parts_.grid, parts_.grid.KeyOf(cell)); }
+    [[nodiscard]] std::string NameOf(Cell cell) const { return CellCaption(parts_.grid, cell); }
 
     /// What the cell holds after the steps so far.
     [[nodiscard]] std::optional<double> NumberIn(Cell cell) const {

@@ -9,7 +9,7 @@
 #include <cmath>
 #include <utility>
 
-#include "grid/SelectionSummary.h"
+#include "grid/CellCaption.h"
 #include "qt/grid/GridAccessible.h"
 #include "qt/grid/GridLabelWidth.h"
 #include "qt/grid/GridPainter.h"
@@ -203,7 +203,7 @@ QFont GridView::cellFont(Cell cell) {
 }
 
 QString GridView::cellName(Cell cell) const {
-    return QString::fromStdString(CellName(grid_, cell));
+    return QString::fromStdString(CellCaption(grid_, cell, " \u00B7 "));
 }
 
 int GridView::frameWidth() const {

@@ -64,6 +64,7 @@ constexpr RunCase Results[] = {
     {"CellOfTheTargetIsFromBefore", "ROW1 = ROW1/COL1 + ROW1", 1, "20 30 40 50 60 70"},
     {"AreaLineByLine", "ROW1:ROW3 = ROW1:ROW3 + 1", 2, "2 3 4 5 6 7"},
     {"AreaReadsItsOtherLinesFromBefore", "ROW1:ROW2 = ROW1:ROW2 + ROW1", 2, "11 22 33 44 55 66"},
+    {"EndsInTheOtherOrder", "periods COL3:COL1\nROW2:ROW1/COL3:COL2 = 0", 1, "10 0 0 40 50 60"},
     {"AreaWithPeriods", "ROW1:ROW2/COL2:COL3 = 0", 1, "10 0 0 40 50 60"},
     {"BlockCopiedToOtherPeriods", "ROW1:ROW2/COL4:COL6 = COPY( ROW1:ROW2/COL1:COL3 )", 1, "10 20 30 10 20 30"},
     {"BlockCopiedOntoItself", "ROW1:ROW2/COL2:COL4 = ROW1:ROW2/COL1:COL3", 1, "10 10 20 30 50 60"},

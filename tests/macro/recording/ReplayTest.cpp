@@ -73,6 +73,25 @@ TEST_F(ReplayTest, FindsLinesAndPeriodsAgainByTheirCaptions) {
     EXPECT_EQ(Line("ROW2"), "1000 1100 1100 1100 1100 1100 1100");
 }
 
+TEST_F(ReplayTest, ValuesStayWithTheirPeriodsWhereTheseHaveTurnedRound) {
+    const std::string key = Recorded([&] {
+        platform.onClipboard = {"1\t2\t3", ""};
+        Grid().SelectCell(At("COL2", "ROW1"), SelectionMode::Replace);
+        control->Paste();
+    });
+    tables.colsIndex->Clear();
+    constexpr const char* Months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun"};
+    for (int column = 6; column >= 1; --column) {
+        tables.AddColumn(column, Months[column - 1]);
+        tables.tab->SetValue(column, "V", 0);
+    }
+    control->DP_Import_Update();
+    ASSERT_EQ(Line("ROW1"), "0 0 0 0 0 0");
+    const MacroResult result = control->ReplayMacro(key);
+    EXPECT_TRUE(result.done) << result.message;
+    EXPECT_EQ(Line("ROW1"), "0 0 3 2 1 0") << "June stands first";
+}
+
 TEST_F(ReplayTest, AStepThatDoesNotFitStopsBeforeAnythingChanges) {
     struct Row {
         const char* name;
