@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <QClipboard>
 #include <QDialog>
+#include <QTimer>
 #include <QtTest>
 
 #include "book/FixedCell.h"
@@ -94,6 +95,16 @@ TEST(Session, WhatWasTakenFromOthersStaysTakenToTheEndOfTheAction) {
     w.ExpectSaved();
 }
 
+/// Counts how often a timer of this thread has come.
+struct TimerCount : QObject {
+    TimerCount() { QApplication::instance()->installEventFilter(this); }
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        count += event->type() == QEvent::Timer && qobject_cast<QTimer*>(receiver) ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
 TEST(Session, NothingIsBuiltAnewBehindAMessageThatIsBeingRead) {
     const TestFolder folder;
     BookWindow w(MakeSmallBook(folder));
@@ -103,7 +114,8 @@ TEST(Session, NothingIsBuiltAnewBehindAMessageThatIsBeingRead) {
     message.setModal(true);
     w.Grid().EnterText(w.At(1, 1), "50");
     message.show();
-    QTest::qWait(120);
+    const TimerCount looks;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return looks.count > 2; })) << "nobody looks whether the message is gone";
     EXPECT_EQ(w.Grid().BuildVersion(), built);
     EXPECT_TRUE(w.questions.failures.empty());
     message.hide();

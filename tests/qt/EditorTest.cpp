@@ -225,8 +225,8 @@ private slots:
         screen.goTo(QStringLiteral("COL1/ROW1"));
         Screen::press(QStringLiteral("5y"));
         screen.view().scrollBy(0, 4);
-        QTest::qWait(1);
-        QVERIFY(screen.editor() && !screen.editor()->isVisible());
+        QTRY_VERIFY(!screen.editor() || !screen.editor()->isVisible());
+        QVERIFY(screen.editor());
         QVERIFY(screen.view().hasFocus());
         Screen::press(QStringLiteral("<Backspace>"));
         QVERIFY2(screen.editor()->isVisible(), "a key brings it back into sight");

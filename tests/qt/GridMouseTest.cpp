@@ -139,9 +139,7 @@ private slots:
         QTRY_VERIFY(screen.grid().FirstRow() != screen.grid().FindRow("ROW1"));
         QTRY_VERIFY(screen.isSelected("COL2", "ROW25"));
         QTest::mouseRelease(screen.port(), Qt::LeftButton, Qt::NoModifier, start);
-        const auto stopped = screen.grid().FirstRow();
-        QTest::qWait(200);
-        QVERIFY(screen.grid().FirstRow() == stopped);
+        QVERIFY2(!hasTimers(screen.view()), "it goes on scrolling");
     }
 
     /// The fixed row stands above the headings; what is dragged along it must not reach down into the scrolled centre.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QFont>
 #include <QImage>
@@ -159,6 +160,19 @@ inline int countInk(const QImage& image, const QRect& part, QRgb ground) {
         }
     }
     return count;
+}
+
+/// Whether the object has a timer running.
+inline bool hasTimers(QObject& object) {
+    return !QAbstractEventDispatcher::instance()->registeredTimers(&object).isEmpty();
+}
+
+/// Lets the time of all running timers of the object be up, without waiting for it.
+inline void letTimersCome(QObject& object) {
+    for (const auto& timer : QAbstractEventDispatcher::instance()->registeredTimers(&object)) {
+        QTimerEvent event(timer.timerId);
+        QCoreApplication::sendEvent(&object, &event);
+    }
 }
 
 /// Moves the mouse without regard to the size of the screen, which QTest's own moves are confined to.
