@@ -10,7 +10,6 @@
 #include "chart/ChartRun.h"
 #include "chart/modChart.h"
 #include "components/chart/TrendFit.h"
-#include "grid/modGrid.h"
 
 namespace planview {
 
@@ -64,7 +63,7 @@ void ChartCommands::SerieType(std::int16_t code) {
     ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
         const std::string key = lineIndex.Text(row, "GRID_ID");
         const std::int16_t series = CodeIn(lineIndex, row, "CHART_ID");
-        if (series != 0 && modGrid::HeaderSelected(parts_.grid, {{}, key}) == 1) {
+        if (series != 0 && parts_.driver.HeaderSelected({{}, key}) == 1) {
             lineIndex.Put(row, "CHART_TYPE", code);
             modChart::SeriesCollection(parts_.chart.Object(), series, code);
         }
@@ -73,7 +72,7 @@ void ChartCommands::SerieType(std::int16_t code) {
         modPlan::TraceWrite(modChart::Label, "", "SerieType", TraceText("{type:", code, "}"));
     }
     ChartStep();
-    parts_.grid.Redraw();
+    parts_.driver.Grid().Redraw();
     parts_.hostUpdate.StartUpdate();
 }
 
@@ -123,13 +122,13 @@ void ChartCommands::ShowInChart(const HostTable& slot, bool columns) {
     ForEachIndexRow(table, [&](HostTable::Row row) {
         const std::string key = table.Text(row, "GRID_ID");
         const CellKeyView keys = columns ? CellKeyView{key, {}} : CellKeyView{{}, key};
-        table.PutFlag(row, ShowChart, modGrid::HeaderSelected(parts_.grid, keys) == 1);
+        table.PutFlag(row, ShowChart, parts_.driver.HeaderSelected(keys) == 1);
         if (modPlan::TraceEnabled) {
             modPlan::TraceWrite(modChart::Label, "", columns ? "ColsShowInChart" : "RowsShowInChart",
                                 TraceText("{column:", key, "}"));
         }
     });
-    parts_.grid.Redraw();
+    parts_.driver.Grid().Redraw();
     ChartStep();
     parts_.hostUpdate.StartUpdate();
 }
@@ -197,7 +196,7 @@ void ChartCommands::CopyToClipboard() const {
 }
 
 void ChartCommands::TrendlineAdd(std::int16_t kind) {
-    ObjectRef trendline = modChart::TrendlineAdd(parts_.chart.Object(), parts_.grid, parts_.tables.LINE_INDEX, kind);
+    ObjectRef trendline = modChart::TrendlineAdd(parts_.chart.Object(), parts_.driver, parts_.tables.LINE_INDEX, kind);
     if (trendline) {
         currentTrendline_ = std::move(trendline);
         TellTrendLimit();

@@ -10,18 +10,18 @@
 
 #include "automation/TableSlots.h"
 #include "chart/ChartData.h"
-#include "components/GridControl.h"
 #include "components/chart/ChartControl.h"
 #include "grid/ChartSettings.h"
 #include "grid/GridSettings.h"
 #include "grid/HostUpdate.h"
+#include "grid/modGrid.h"
 
 namespace planview {
 
 /// What the chart's commands work on.
 struct ChartCommandParts {
     ChartControl& chart;
-    GridControl& grid;
+    modGrid& driver;
     const TableSlots& tables;
     GridSettings& gridSettings;
     ChartSettings& chartSettings;

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "automation/HostTable.h"
-#include "components/GridControl.h"
+#include "grid/modGrid.h"
 
 /// Every change of the chart goes through one of these procedures: each makes one change on the chart control,
 /// late-bound by the names of its object model, and then writes one trace entry.
@@ -91,8 +91,7 @@ void ResetTypes(HostTable lineIndex) noexcept;
 ObjectRef AddTrendline(const ObjectRef& chart, std::int16_t index) noexcept;
 /// Gives the first selected line that is in the chart a trend line, or its trend line another kind: 1 logarithmic,
 /// 2 power, 3 exponential, 4 moving average, any other linear. Nothing where no line qualifies.
-ObjectRef TrendlineAdd(const ObjectRef& chart, const GridControl& grid, HostTable lineIndex,
-                       std::int16_t kind) noexcept;
+ObjectRef TrendlineAdd(const ObjectRef& chart, const modGrid& driver, HostTable lineIndex, std::int16_t kind) noexcept;
 /// Deletes it and lets the reference go.
 void TrendlineDelete(ObjectRef& trendline) noexcept;
 /// Whether there is a line; changes nothing.

@@ -7,7 +7,6 @@
 #include "chart/ChartRun.h"
 #include "chart/modChart.h"
 #include "components/chart/ChartTypes.h"
-#include "grid/modGrid.h"
 
 namespace planview::modChart {
 
@@ -131,8 +130,7 @@ ObjectRef AddTrendline(const ObjectRef& chart, std::int16_t index) noexcept {
     return trendline;
 }
 
-ObjectRef TrendlineAdd(const ObjectRef& chart, const GridControl& grid, HostTable lineIndex,
-                       std::int16_t kind) noexcept {
+ObjectRef TrendlineAdd(const ObjectRef& chart, const modGrid& driver, HostTable lineIndex, std::int16_t kind) noexcept {
     ObjectRef trendline;
     ErrorTrap(Label, "TrendlineAdd", [&] {
         const HostTable::Row count = lineIndex.RowCount();
@@ -141,7 +139,7 @@ ObjectRef TrendlineAdd(const ObjectRef& chart, const GridControl& grid, HostTabl
         for (; row <= count; row = CheckedAdd(row, HostTable::Row{1})) {
             const std::string key = lineIndex.Text(row, "GRID_ID");
             index = CodeIn(lineIndex, row, "CHART_ID");
-            if (modGrid::HeaderSelected(grid, {{}, key}) == 1 && index != 0) {
+            if (driver.HeaderSelected({{}, key}) == 1 && index != 0) {
                 break;
             }
         }

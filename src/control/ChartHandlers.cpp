@@ -5,7 +5,6 @@
 #include "chart/ChartRun.h"
 #include "chart/modChart.h"
 #include "control/ControlContext.h"
-#include "grid/modGrid.h"
 
 namespace planview {
 
@@ -132,7 +131,7 @@ void ChartHandlers::PointValueChanged(int series, int category, double value) {
         const CellKey keys = context_.grid.KeyOf(*cell);
         const std::string text = modPlan::ReplacePoint(NumberText(value));
         const std::string before = context_.grid.Contents(*cell);
-        modGrid::Contents(context_.grid, keys, text, true);
+        context_.driver.Contents(keys, text, true);
         context_.valueEntry.ContentsChanged(keys, text, before, EditKind::Drag);
     });
 }

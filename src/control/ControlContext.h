@@ -28,6 +28,7 @@
 #include "grid/SizeEvents.h"
 #include "grid/UndoHistory.h"
 #include "grid/ValueEntry.h"
+#include "grid/modGrid.h"
 #include "layout/PaneLayout.h"
 #include "macro/editor/MacroEditor.h"
 #include "macro/recording/MacroRecording.h"
@@ -61,6 +62,7 @@ struct ControlContext {
     GridSettings settings;
     CurrentKeys keys;
     GridControl grid;
+    modGrid driver{grid};
     ChartControl chart;
     TreeControl tree;
     MacroToolbar toolbar;

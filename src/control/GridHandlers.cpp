@@ -62,7 +62,7 @@ void GridHandlers::SelectionChanged(const CellKey& cell, bool selected) {
             TraceWrite(GridControlLabel, "", "Selected",
                        TraceText("{cid: ", cell.column, " - rid: ", cell.row, " - selected: ", selected, "}"));
         }
-        MirrorSelection(context_.tables.COLS_INDEX, context_.tables.LINE_INDEX, context_.grid);
+        MirrorSelection(context_.tables.COLS_INDEX, context_.tables.LINE_INDEX, context_.driver);
         context_.recording.Marked();
     });
 }

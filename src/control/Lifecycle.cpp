@@ -2,7 +2,6 @@
 #include <planview/PlanView.h>
 
 #include "control/Guarded.h"
-#include "grid/modGrid.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -55,7 +54,7 @@ void PlanView::Terminate() {
     state->terminated = true;
     ControlContext& context = state->context;
     context.recording.Abandon();
-    ResumeNext([&] { modGrid::Destructor(context.grid, false); }, [&] { ReleaseTables(context.tables); },
+    ResumeNext([&] { context.driver.Destructor(false); }, [&] { ReleaseTables(context.tables); },
                [&] { TraceWrite(UserControl, "DESTRUCTOR", "Terminate", "{}"); },
                [&] { modPlan::MemoryCheck(context.platform.system); },
                [&] {

@@ -19,8 +19,8 @@ namespace {
 /// Selecting by command is no change of the user's that the grid reports: it marks the tables itself.
 template <class Operation>
 void Select(ControlContext& context, const HostTable& table, const Operation& operation) {
-    operation(table, context.grid);
-    MirrorSelection(context.tables.COLS_INDEX, context.tables.LINE_INDEX, context.grid);
+    operation(table, context.driver);
+    MirrorSelection(context.tables.COLS_INDEX, context.tables.LINE_INDEX, context.driver);
     context.grid.Redraw();
 }
 
@@ -34,7 +34,7 @@ void ColorRows(ControlContext& context, RowColor which) {
     const std::optional<int> position = context.chooseColor();
     if (position) {
         const std::int16_t color = modGrid::PaletteIndexOf(*position);
-        ColorSelectedRows(context.tables.LINE_INDEX, context.grid, which, color);
+        ColorSelectedRows(context.tables.LINE_INDEX, context.driver, which, color);
         context.hostUpdate.StartUpdate();
         context.recording.Did({which == RowColor::Background ? "RowBgColor" : "RowFgColor",
                                {},

@@ -7,7 +7,6 @@
 #include "control/Guarded.h"
 #include "grid/BusyScope.h"
 #include "grid/MarkedRows.h"
-#include "grid/modGrid.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -123,7 +122,7 @@ PlanView::Status PlanView::plv_ActiveNode(const std::string& vNode) {
 PlanView::Status PlanView::plv_MarkedRowsHide() {
     return Guarded(state_, UserControl, "plv_MarkedRowsHide", [](ControlContext& context) {
         TraceCall("plv_MarkedRowsHide");
-        HideMarkedRows(context.tables.LINE_INDEX, context.grid, context.keys);
+        HideMarkedRows(context.tables.LINE_INDEX, context.driver, context.keys);
         context.ChartStep();
     });
 }
@@ -131,7 +130,7 @@ PlanView::Status PlanView::plv_MarkedRowsHide() {
 PlanView::Status PlanView::plv_MarkedRowsShow() {
     return Guarded(state_, UserControl, "plv_MarkedRowsShow", [](ControlContext& context) {
         TraceCall("plv_MarkedRowsShow");
-        ShowMarkedRows(context.tables.LINE_INDEX, context.grid, context.keys);
+        ShowMarkedRows(context.tables.LINE_INDEX, context.driver, context.keys);
         context.ChartStep();
     });
 }

@@ -116,29 +116,29 @@ bool LeavesNone(const GridControl& grid, const ViewAction& action) {
 }
 
 void SelectHeadings(ControlContext& context, const ViewAction& action) {
-    GridControl& grid = context.grid;
-    modGrid::DeleteSelection(grid, {LabelColumnKey, HeadingRowKey}, NoRedraw);
+    modGrid& driver = context.driver;
+    driver.DeleteSelection({LabelColumnKey, HeadingRowKey}, NoRedraw);
     for (const std::string& key : action.columns) {
-        modGrid::SetSelection(grid, {key, {}}, NoRedraw);
+        driver.SetSelection({key, {}}, NoRedraw);
     }
     for (const std::string& key : action.rows) {
-        modGrid::SetSelection(grid, {{}, key}, NoRedraw);
+        driver.SetSelection({{}, key}, NoRedraw);
     }
-    MirrorSelection(context.tables.COLS_INDEX, context.tables.LINE_INDEX, grid);
-    grid.Redraw();
+    MirrorSelection(context.tables.COLS_INDEX, context.tables.LINE_INDEX, driver);
+    context.grid.Redraw();
 }
 
 struct SizeField {
     std::string_view field;
-    void (*set)(GridControl& grid, std::string_view key, std::int16_t size, bool redraw);
+    GridStatus (modGrid::*set)(std::string_view key, std::int16_t size, bool redraw);
     void (SizeEvents::*tell)(const std::string& key, int size);
 };
 
 constexpr std::array<SizeField, 4> SizeFields = {
-    {{"COL_WIDTH", modGrid::ColumnWidth, &SizeEvents::ColumnResized},
-     {"COL_HEIGHT", modGrid::ColumnHeight, &SizeEvents::SwitchedColumnResized},
-     {"ROW_WIDTH", modGrid::RowWidth, &SizeEvents::SwitchedRowResized},
-     {"ROW_HEIGHT", modGrid::RowHeight, &SizeEvents::RowResized}}};
+    {{"COL_WIDTH", &modGrid::ColumnWidth, &SizeEvents::ColumnResized},
+     {"COL_HEIGHT", &modGrid::ColumnHeight, &SizeEvents::SwitchedColumnResized},
+     {"ROW_WIDTH", &modGrid::RowWidth, &SizeEvents::SwitchedRowResized},
+     {"ROW_HEIGHT", &modGrid::RowHeight, &SizeEvents::RowResized}}};
 
 /// The first one as if the user had dragged it; the others are marked and follow.
 void Resize(ControlContext& context, const ViewAction& action) {
@@ -150,7 +150,7 @@ void Resize(ControlContext& context, const ViewAction& action) {
         return;
     }
     SelectHeadings(context, action);
-    field->set(context.grid, keys.front(), *size, NoRedraw);
+    (context.driver.*field->set)(keys.front(), *size, NoRedraw);
     (context.sizeEvents.*field->tell)(keys.front(), *size);
 }
 
@@ -158,7 +158,7 @@ void Color(ControlContext& context, const ViewAction& action) {
     SelectHeadings(context, action);
     const std::optional<std::int16_t> color = NumberFrom(action.value, 0, modGrid::PaletteSize - 1);
     if (color) {
-        ColorSelectedRows(context.tables.LINE_INDEX, context.grid,
+        ColorSelectedRows(context.tables.LINE_INDEX, context.driver,
                           action.command == "RowBgColor" ? RowColor::Background : RowColor::Foreground, *color);
         context.hostUpdate.StartUpdate();
         context.recording.Did(action);

@@ -3,7 +3,6 @@
 
 #include "control/ControlContext.h"
 #include "grid/BusyScope.h"
-#include "grid/modGrid.h"
 #include "trace/modPlan.h"
 
 namespace planview {
@@ -30,7 +29,7 @@ void SwitchGrid(ControlContext& context) {
     context.settings.switched = !context.settings.switched;
     {
         const BusyScope busy(context.busy);
-        modGrid::Switch(context.grid, context.settings.switched, true);
+        context.driver.Switch(context.settings.switched, true);
     }
     PutFlag(context, "SWITCHED", context.settings.switched);
     context.hostUpdate.StartUpdate();

@@ -3,7 +3,6 @@
 
 #include "dialogs/frmGrid.h"
 #include "grid/BusyScope.h"
-#include "grid/modGrid.h"
 #include "trace/ErrorTrap.h"
 
 namespace planview {
@@ -81,13 +80,13 @@ void GeneralOptions::WriteTable() const {
 void GeneralOptions::ApplyToGrid() const {
     constexpr bool NoRedraw = false;
     const GridSettings& settings = parts_.settings;
-    GridControl& grid = parts_.grid;
-    modGrid::MovePermission(grid, settings.moveAllowed, NoRedraw);
-    modGrid::ResizePermission(grid, settings.resizeAllowed, NoRedraw);
-    modGrid::DragDrop(grid, settings.dragMode, NoRedraw);
-    modGrid::BackgroundColor(grid, {}, settings.backgroundColor, NoRedraw);
-    modGrid::GridlinesColor(grid, settings.gridLineColor, NoRedraw);
-    grid.Redraw();
+    modGrid& driver = parts_.driver;
+    driver.MovePermission(settings.moveAllowed, NoRedraw);
+    driver.ResizePermission(settings.resizeAllowed, NoRedraw);
+    driver.DragDrop(settings.dragMode, NoRedraw);
+    driver.BackgroundColor({}, settings.backgroundColor, NoRedraw);
+    driver.GridlinesColor(settings.gridLineColor, NoRedraw);
+    driver.Grid().Redraw();
 }
 
 }  // namespace planview

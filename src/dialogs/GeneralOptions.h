@@ -6,10 +6,10 @@
 #include <planview/Platform.h>
 
 #include "automation/TableSlots.h"
-#include "components/GridControl.h"
 #include "dialogs/FormControls.h"
 #include "grid/GridSettings.h"
 #include "grid/HostUpdate.h"
+#include "grid/modGrid.h"
 
 namespace planview {
 
@@ -21,7 +21,7 @@ public:
     struct Parts {
         GridSettings& settings;
         const TableSlots& tables;
-        GridControl& grid;
+        modGrid& driver;
         HostUpdate& hostUpdate;
         Forms& forms;
         std::function<bool()> layoutMode;

@@ -3,7 +3,6 @@
 
 #include "dialogs/frmRow.h"
 #include "grid/BusyScope.h"
-#include "grid/modGrid.h"
 #include "trace/ErrorTrap.h"
 
 namespace planview {
@@ -46,7 +45,7 @@ bool RowAttributes::Edit(frmRow& form) const {
         return false;
     }
     Take(form, line);
-    parts_.grid.Redraw();
+    parts_.driver.Grid().Redraw();
     TraceWrite("GRIDCTL", "{changed}", "RowAttributes", "");
     parts_.chartStep();
     return true;
@@ -58,7 +57,7 @@ RowAttributes::Template RowAttributes::FindTemplate() const {
     for (int i = 1; i <= count; ++i) {
         const auto row = static_cast<HostTable::Row>(i);
         std::string key = table.Text(row, "GRID_ID");
-        if (!key.empty() && modGrid::HeaderSelected(parts_.grid, {{}, key}) == 1) {
+        if (!key.empty() && parts_.driver.HeaderSelected({{}, key}) == 1) {
             return {table, row, std::move(key)};
         }
     }
@@ -67,8 +66,8 @@ RowAttributes::Template RowAttributes::FindTemplate() const {
 
 void RowAttributes::Fill(frmRow& form, const Template& line) const {
     const HostTable& table = line.table;
-    if (const std::optional<Cell> label = parts_.grid.FindCell({LabelColumnKey, line.key})) {
-        form.lblRowLabel = parts_.grid.Contents(*label);
+    if (const std::optional<Cell> label = parts_.driver.Grid().FindCell({LabelColumnKey, line.key})) {
+        form.lblRowLabel = parts_.driver.Grid().Contents(*label);
     }
     form.chkRelief.Value = table.Flag(line.row, "RELIEF") ? 1 : 0;
     form.chkChart.Value = table.Flag(line.row, "SHOW_CHART") ? 1 : 0;
@@ -82,7 +81,7 @@ void RowAttributes::Fill(frmRow& form, const Template& line) const {
 
 void RowAttributes::FillSample(frmRow& form, const Template& line) const {
     constexpr std::size_t MostCells = 3;
-    const GridControl& grid = parts_.grid;
+    const GridControl& grid = parts_.driver.Grid();
     RowSample& sample = form.Sample;
     sample.format = line.table.Text(line.row, "ROW_FORMAT");
     sample.readOnly = line.table.Flag(line.row, "READONLY");
@@ -102,20 +101,20 @@ void RowAttributes::Take(const frmRow& form, const Template& line) const {
     constexpr bool NoRedraw = false;
     const HostTable& table = line.table;
     const HostTable::Row row = line.row;
-    GridControl& grid = parts_.grid;
+    modGrid& driver = parts_.driver;
     const CellKeyView keys{{}, line.key};
     const bool inChart = form.chkChart.Value == 1;
 
-    if (table.Text(row, "LINETYPE") == "H" || modGrid::HeaderSelected(grid, keys) == 1) {
+    if (table.Text(row, "LINETYPE") == "H" || driver.HeaderSelected(keys) == 1) {
         table.PutFlag(row, "SHOW_CHART", inChart);
         // An index that is no colour stays in the table until the user chooses one.
         if (form.picBgColor.HasColor()) {
             table.Put(row, "ROW_BG", form.Get_BgColor());
-            modGrid::CenterBgColor(grid, keys, form.Get_BgColor(), NoRedraw);
+            driver.CenterBgColor(keys, form.Get_BgColor(), NoRedraw);
         }
         if (form.picFgColor.HasColor()) {
             table.Put(row, "ROW_FG", form.Get_FgColor());
-            modGrid::CenterFgColor(grid, keys, form.Get_FgColor(), NoRedraw);
+            driver.CenterFgColor(keys, form.Get_FgColor(), NoRedraw);
         }
     }
     if (table.Flag(row, "ROW_TEXT")) {
@@ -127,11 +126,11 @@ void RowAttributes::Take(const frmRow& form, const Template& line) const {
     table.Put(row, "ROW_ALIGN", form.Alignment());
     table.Put(row, "ROW_HEIGHT", height);
     table.Put(row, "ROW_FONT", form.FontRC);
-    modGrid::CenterRelief(grid, keys, relief, NoRedraw);
-    modGrid::CenterAlignment(grid, keys, form.Alignment(), NoRedraw);
-    modGrid::RowHeight(grid, keys.row, height, NoRedraw);
-    modGrid::CenterFont(grid, keys, form.FontRC, NoRedraw);
-    modGrid::DeleteSelection(grid, keys, NoRedraw);
+    driver.CenterRelief(keys, relief, NoRedraw);
+    driver.CenterAlignment(keys, form.Alignment(), NoRedraw);
+    driver.RowHeight(keys.row, height, NoRedraw);
+    driver.CenterFont(keys, form.FontRC, NoRedraw);
+    driver.DeleteSelection(keys, NoRedraw);
     table.PutFlag(row, "ROW_MARKED", false);  // the mark goes with the selection
 }
 

@@ -6,9 +6,9 @@
 #include <planview/Platform.h>
 
 #include "automation/TableSlots.h"
-#include "components/GridControl.h"
 #include "dialogs/FormControls.h"
 #include "grid/HostUpdate.h"
+#include "grid/modGrid.h"
 
 namespace planview {
 
@@ -19,7 +19,7 @@ class RowAttributes {
 public:
     struct Parts {
         const TableSlots& tables;
-        GridControl& grid;
+        modGrid& driver;
         HostUpdate& hostUpdate;
         Forms& forms;
         MessageBoxes& messageBoxes;

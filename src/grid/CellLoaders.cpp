@@ -3,7 +3,6 @@
 
 #include "grid/CellText.h"
 #include "grid/LoaderSupport.h"
-#include "grid/modGrid.h"
 
 namespace planview {
 
@@ -20,14 +19,14 @@ void FillCells(const LoaderContext& context) noexcept {
             const std::string column = modGrid::ColumnKey(columnPosition, "");
             const std::string row = modGrid::RowKey(rowPosition, "");
             keys = {column, row};
-            modGrid::Contents(context.grid, {column, row}, CellText(table.Value(i, "V")), NoRedraw);
+            context.driver.Contents({column, row}, CellText(table.Value(i, "V")), NoRedraw);
         });
     });
 }
 
 void FillFixedCells(const LoaderContext& context) noexcept {
     RunLoader("FillFixedCells", "#FIXED_TAB#", [&] {
-        GridControl& grid = context.grid;
+        modGrid& driver = context.driver;
         const HostTable& table = context.tables.FIXED_TAB;
         CurrentKeys& keys = context.keys;
         ForEachRow(table, [&](HostTable::Row i) {
@@ -36,22 +35,22 @@ void FillFixedCells(const LoaderContext& context) noexcept {
             keys = {column, row};
             const CellKeyView cell{column, row};
             if (const std::string value = table.Text(i, "VALUE"); !value.empty()) {
-                modGrid::Contents(grid, cell, value, NoRedraw);
+                driver.Contents(cell, value, NoRedraw);
             }
             if (const std::string tooltip = table.Text(i, "TOOLTIP"); !tooltip.empty()) {
-                modGrid::Tooltip(grid, cell, tooltip, NoRedraw);
+                driver.Tooltip(cell, tooltip, NoRedraw);
             }
-            modGrid::BackgroundColor(grid, cell, table.Int16(i, "BGCOLOR"), NoRedraw);
-            modGrid::ForegroundColor(grid, cell, table.Int16(i, "FGCOLOR"), NoRedraw);
-            modGrid::Bitmap(grid, cell, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);
-            modGrid::Alignment(grid, cell, table.Int16(i, "TEXTALIGN"), NoRedraw);
+            driver.BackgroundColor(cell, table.Int16(i, "BGCOLOR"), NoRedraw);
+            driver.ForegroundColor(cell, table.Int16(i, "FGCOLOR"), NoRedraw);
+            driver.Bitmap(cell, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);
+            driver.Alignment(cell, table.Int16(i, "TEXTALIGN"), NoRedraw);
         });
     });
 }
 
 void CellAttributes(const LoaderContext& context) noexcept {
     RunLoader("CellAttributes", "#CELL_ATTR#", [&] {
-        GridControl& grid = context.grid;
+        modGrid& driver = context.driver;
         const HostTable& table = context.tables.CELL_ATTR;
         CurrentKeys& keys = context.keys;
         ForEachRow(table, [&](HostTable::Row i) {
@@ -59,11 +58,11 @@ void CellAttributes(const LoaderContext& context) noexcept {
             const std::string row = modGrid::RowKey(table.Int16(i, "LINE"), "");
             keys = {column, row};
             const CellKeyView cell{column, row};
-            modGrid::BackgroundColor(grid, cell, table.Int16(i, "BGCOLOR"), NoRedraw);
-            modGrid::ForegroundColor(grid, cell, table.Int16(i, "FGCOLOR"), NoRedraw);
-            modGrid::Bitmap(grid, cell, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);
+            driver.BackgroundColor(cell, table.Int16(i, "BGCOLOR"), NoRedraw);
+            driver.ForegroundColor(cell, table.Int16(i, "FGCOLOR"), NoRedraw);
+            driver.Bitmap(cell, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);
             if (const std::string tooltip = table.Text(i, "TOOLTIP"); !tooltip.empty()) {
-                modGrid::Tooltip(grid, cell, tooltip, NoRedraw);
+                driver.Tooltip(cell, tooltip, NoRedraw);
             }
         });
     });

@@ -2,7 +2,6 @@
 #include <string>
 
 #include "grid/LoaderSupport.h"
-#include "grid/modGrid.h"
 
 namespace planview {
 
@@ -13,21 +12,20 @@ constexpr std::string_view ProminentFont = ";;Bold";
 constexpr std::string_view PlainFont = ";;Normal";
 
 /// The look by which the user sees whether a fixed column or row can be edited.
-void SetFixedLook(GridControl& grid, CellKeyView keys, bool readOnly) {
-    modGrid::BackgroundColor(grid, keys, readOnly ? modGrid::ReadOnlyBackground : modGrid::EditableBackground,
-                             NoRedraw);
-    modGrid::ReadOnly(grid, keys, readOnly, NoRedraw);
-    modGrid::Relief(grid, keys, true, NoRedraw);
+void SetFixedLook(modGrid& driver, CellKeyView keys, bool readOnly) {
+    driver.BackgroundColor(keys, readOnly ? modGrid::ReadOnlyBackground : modGrid::EditableBackground, NoRedraw);
+    driver.ReadOnly(keys, readOnly, NoRedraw);
+    driver.Relief(keys, true, NoRedraw);
 }
 
 /// The second pass: fixed headers are no part of the selection, so that only planning columns and rows are marked.
-void FinishFixed(GridControl& grid, CellKeyView keys, bool readOnly) {
-    modGrid::SelectionFlag(grid, keys, NoRedraw);
-    SetFixedLook(grid, keys, readOnly);
+void FinishFixed(modGrid& driver, CellKeyView keys, bool readOnly) {
+    driver.SelectionFlag(keys, NoRedraw);
+    SetFixedLook(driver, keys, readOnly);
 }
 
 void LoadFixedColumn(const LoaderContext& context, HostTable::Row i, AreaPlaces& left, AreaPlaces& right) {
-    GridControl& grid = context.grid;
+    modGrid& driver = context.driver;
     const HostTable& table = context.tables.FIXED_COLS;
     const std::string side = table.Text(i, "FLG_POSITION");
 
@@ -35,22 +33,22 @@ void LoadFixedColumn(const LoaderContext& context, HostTable::Row i, AreaPlaces&
     context.keys.column = key;
     if (side == "L" || side == "R") {
         AreaPlaces& places = side == "L" ? left : right;
-        places.Append([&](std::int16_t position) { modGrid::CreateColumn(grid, key, position, NoRedraw); });
+        places.Append([&](std::int16_t position) { return driver.CreateColumn(key, position, NoRedraw); });
     }
     const CellKeyView column{key, {}};
-    modGrid::Font(grid, column, side == "R" ? ProminentFont : PlainFont, NoRedraw);
-    modGrid::ColumnWidth(grid, key, table.Int16(i, "COL_WIDTH"), NoRedraw);
-    modGrid::ColumnHeight(grid, key, table.Int16(i, "COL_HEIGHT"), NoRedraw);
-    modGrid::Format(grid, column, table.Text(i, "COL_FORMAT"), NoRedraw);
-    modGrid::Alignment(grid, column, table.Int16(i, "COL_ALIGN"), NoRedraw);
+    driver.Font(column, side == "R" ? ProminentFont : PlainFont, NoRedraw);
+    driver.ColumnWidth(key, table.Int16(i, "COL_WIDTH"), NoRedraw);
+    driver.ColumnHeight(key, table.Int16(i, "COL_HEIGHT"), NoRedraw);
+    driver.Format(column, table.Text(i, "COL_FORMAT"), NoRedraw);
+    driver.Alignment(column, table.Int16(i, "COL_ALIGN"), NoRedraw);
     if (table.Flag(i, "READONLY")) {
-        SetFixedLook(grid, column, true);
+        SetFixedLook(driver, column, true);
     }
     table.Put(i, "GRID_ID", key);
 }
 
 void LoadFixedLine(const LoaderContext& context, HostTable::Row i, AreaPlaces& top, AreaPlaces& bottom) {
-    GridControl& grid = context.grid;
+    modGrid& driver = context.driver;
     const HostTable& table = context.tables.FIXED_LINES;
     const std::string side = table.Text(i, "FLG_POSITION");
 
@@ -58,16 +56,16 @@ void LoadFixedLine(const LoaderContext& context, HostTable::Row i, AreaPlaces& t
     context.keys.row = key;
     if (side == "T" || side == "B") {
         AreaPlaces& places = side == "T" ? top : bottom;
-        places.Append([&](std::int16_t position) { modGrid::CreateRow(grid, key, position, NoRedraw); });
+        places.Append([&](std::int16_t position) { return driver.CreateRow(key, position, NoRedraw); });
     }
     const CellKeyView row{{}, key};
-    modGrid::Font(grid, row, side == "T" ? ProminentFont : PlainFont, NoRedraw);
-    modGrid::RowWidth(grid, key, table.Int16(i, "ROW_WIDTH"), NoRedraw);
-    modGrid::RowHeight(grid, key, table.Int16(i, "ROW_HEIGHT"), NoRedraw);
-    modGrid::Format(grid, row, table.Text(i, "ROW_FORMAT"), NoRedraw);
-    modGrid::Alignment(grid, row, table.Int16(i, "ROW_ALIGN"), NoRedraw);
+    driver.Font(row, side == "T" ? ProminentFont : PlainFont, NoRedraw);
+    driver.RowWidth(key, table.Int16(i, "ROW_WIDTH"), NoRedraw);
+    driver.RowHeight(key, table.Int16(i, "ROW_HEIGHT"), NoRedraw);
+    driver.Format(row, table.Text(i, "ROW_FORMAT"), NoRedraw);
+    driver.Alignment(row, table.Int16(i, "ROW_ALIGN"), NoRedraw);
     if (table.Flag(i, "READONLY")) {
-        SetFixedLook(grid, row, true);
+        SetFixedLook(driver, row, true);
     }
 }
 
@@ -83,7 +81,7 @@ void Creation_FixedColumns(const LoaderContext& context) noexcept {
             const std::string key = table.Text(i, "GRID_ID");
             context.keys.column = key;
             if (!key.empty()) {
-                FinishFixed(context.grid, {key, {}}, table.Flag(i, "READONLY"));
+                FinishFixed(context.driver, {key, {}}, table.Flag(i, "READONLY"));
             }
         });
     });
@@ -99,7 +97,7 @@ void Creation_FixedLines(const LoaderContext& context) noexcept {
             const std::string key = table.Text(i, "GRID_ID");
             context.keys.row = key;
             if (!key.empty()) {
-                FinishFixed(context.grid, {{}, key}, table.Flag(i, "READONLY"));
+                FinishFixed(context.driver, {{}, key}, table.Flag(i, "READONLY"));
             }
         });
     });

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "automation/TableSlots.h"
-#include "components/GridControl.h"
 #include "grid/HostUpdate.h"
 #include "grid/UserActions.h"
+#include "grid/modGrid.h"
 
 namespace planview {
 
@@ -16,9 +16,13 @@ namespace planview {
 /// once, brings the chart up to date where it is shown, and ends by telling the host.
 class GridCommands {
 public:
-    GridCommands(const TableSlots& tables, GridControl& grid, HostUpdate& hostUpdate, UserActions& actions,
+    GridCommands(const TableSlots& tables, modGrid& driver, HostUpdate& hostUpdate, UserActions& actions,
                  std::function<void()> chartStep)
-        : tables_(tables), grid_(grid), hostUpdate_(hostUpdate), actions_(actions), chartStep_(std::move(chartStep)) {}
+        : tables_(tables),
+          driver_(driver),
+          hostUpdate_(hostUpdate),
+          actions_(actions),
+          chartStep_(std::move(chartStep)) {}
 
     void HideColumns();  ///< "#HIDE COLUMNS#"
     void ShowColumns();  ///< "#SHOW COLUMNS#"
@@ -35,7 +39,7 @@ private:
     void Run(std::string_view command, const Operation& operation);
 
     const TableSlots& tables_;
-    GridControl& grid_;
+    modGrid& driver_;
     HostUpdate& hostUpdate_;
     UserActions& actions_;
     std::function<void()> chartStep_;

@@ -3,7 +3,6 @@
 
 #include "grid/LineCaption.h"
 #include "grid/LoaderSupport.h"
-#include "grid/modGrid.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -11,40 +10,40 @@ namespace planview {
 namespace {
 
 void LoadColumn(const LoaderContext& context, HostTable::Row i, AreaPlaces& places) {
-    GridControl& grid = context.grid;
+    modGrid& driver = context.driver;
     const HostTable& table = context.tables.COLS_INDEX;
 
     const std::string key = modGrid::ColumnKey(table.Int16(i, "COLUMN"), "");
     context.keys.column = key;
-    places.Append([&](std::int16_t position) { modGrid::CreateColumn(grid, key, position, NoRedraw); });
-    modGrid::ColumnWidth(grid, key, table.Int16(i, "COL_WIDTH"), NoRedraw);
-    modGrid::ColumnHeight(grid, key, table.Int16(i, "COL_HEIGHT"), NoRedraw);
+    places.Append([&](std::int16_t position) { return driver.CreateColumn(key, position, NoRedraw); });
+    driver.ColumnWidth(key, table.Int16(i, "COL_WIDTH"), NoRedraw);
+    driver.ColumnHeight(key, table.Int16(i, "COL_HEIGHT"), NoRedraw);
 
     const CellKeyView heading{key, HeadingRowKey};
-    modGrid::Bitmap(grid, heading, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);
+    driver.Bitmap(heading, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);
     const std::string period = table.Text(i, "PERDY");
-    modGrid::Contents(grid, heading, period, NoRedraw);
-    modGrid::Tooltip(grid, heading, period, NoRedraw);
-    modGrid::CenterHidden(grid, {key, {}}, table.Flag(i, "COL_HIDDEN"), NoRedraw);
+    driver.Contents(heading, period, NoRedraw);
+    driver.Tooltip(heading, period, NoRedraw);
+    driver.CenterHidden({key, {}}, table.Flag(i, "COL_HIDDEN"), NoRedraw);
     table.Put(i, "GRID_ID", key);
 }
 
 void SetRowLook(const LoaderContext& context, HostTable::Row i, CellKeyView row) {
-    GridControl& grid = context.grid;
+    modGrid& driver = context.driver;
     const HostTable& table = context.tables.LINE_INDEX;
-    modGrid::CenterBgColor(grid, row, table.Int16(i, "ROW_BG"), NoRedraw);
-    modGrid::CenterFgColor(grid, row, table.Int16(i, "ROW_FG"), NoRedraw);
-    modGrid::CenterReadOnly(grid, row, table.Flag(i, "READONLY"), NoRedraw);
-    modGrid::CenterTextLine(grid, row, table.Text(i, "ROW_TEXT"), NoRedraw);
-    modGrid::CenterHelpLine(grid, row, table.Text(i, "LINETYPE"), NoRedraw);
-    modGrid::CenterRelief(grid, row, table.Flag(i, "RELIEF"), NoRedraw);
-    modGrid::CenterFormat(grid, row, table.Text(i, "ROW_FORMAT"), NoRedraw);
-    modGrid::CenterFont(grid, row, table.Text(i, "ROW_FONT"), NoRedraw);
-    modGrid::CenterAlignment(grid, row, table.Int16(i, "ROW_ALIGN"), NoRedraw);
+    driver.CenterBgColor(row, table.Int16(i, "ROW_BG"), NoRedraw);
+    driver.CenterFgColor(row, table.Int16(i, "ROW_FG"), NoRedraw);
+    driver.CenterReadOnly(row, table.Flag(i, "READONLY"), NoRedraw);
+    driver.CenterTextLine(row, table.Text(i, "ROW_TEXT"), NoRedraw);
+    driver.CenterHelpLine(row, table.Text(i, "LINETYPE"), NoRedraw);
+    driver.CenterRelief(row, table.Flag(i, "RELIEF"), NoRedraw);
+    driver.CenterFormat(row, table.Text(i, "ROW_FORMAT"), NoRedraw);
+    driver.CenterFont(row, table.Text(i, "ROW_FONT"), NoRedraw);
+    driver.CenterAlignment(row, table.Int16(i, "ROW_ALIGN"), NoRedraw);
 }
 
 void LoadRow(const LoaderContext& context, HostTable::Row i, AreaPlaces& places) {
-    GridControl& grid = context.grid;
+    modGrid& driver = context.driver;
     const HostTable& table = context.tables.LINE_INDEX;
 
     if (table.Text(i, "LINETYPE") != "H") {
@@ -52,23 +51,23 @@ void LoadRow(const LoaderContext& context, HostTable::Row i, AreaPlaces& places)
     }
     const std::string key = modGrid::RowKey(table.Int16(i, "LINE"), "");
     context.keys.row = key;
-    places.Append([&](std::int16_t position) { modGrid::CreateRow(grid, key, position, NoRedraw); });
-    modGrid::RowWidth(grid, key, table.Int16(i, "ROW_WIDTH"), NoRedraw);
-    modGrid::RowHeight(grid, key, table.Int16(i, "ROW_HEIGHT"), NoRedraw);
+    places.Append([&](std::int16_t position) { return driver.CreateRow(key, position, NoRedraw); });
+    driver.RowWidth(key, table.Int16(i, "ROW_WIDTH"), NoRedraw);
+    driver.RowHeight(key, table.Int16(i, "ROW_HEIGHT"), NoRedraw);
     SetRowLook(context, i, {{}, key});
 
     const CellKeyView label{LabelColumnKey, key};
-    modGrid::Bitmap(grid, label, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);
+    driver.Bitmap(label, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);
     const std::string caption = LineCaption(table, i);
-    modGrid::Contents(grid, label, caption, NoRedraw);
-    modGrid::Tooltip(grid, label, caption, NoRedraw);
-    modGrid::CenterHidden(grid, {{}, key}, table.Flag(i, "ROW_HIDDEN"), NoRedraw);
+    driver.Contents(label, caption, NoRedraw);
+    driver.Tooltip(label, caption, NoRedraw);
+    driver.CenterHidden({{}, key}, table.Flag(i, "ROW_HIDDEN"), NoRedraw);
     table.Put(i, "GRID_ID", key);
 }
 
 /// The second pass: lines that only show planning values.
 void LockRow(const LoaderContext& context, HostTable::Row i) {
-    GridControl& grid = context.grid;
+    modGrid& driver = context.driver;
     const HostTable& table = context.tables.LINE_INDEX;
     if (!table.Flag(i, "READONLY") || table.Flag(i, "ROW_TEXT")) {
         return;
@@ -83,9 +82,9 @@ void LockRow(const LoaderContext& context, HostTable::Row i) {
                             TraceText("{cid: ", context.keys.column, " - rid: ", key, "}"));
     }
     const CellKeyView row{{}, key};
-    modGrid::ReadOnly(grid, row, true, NoRedraw);
-    modGrid::BackgroundColor(grid, row, modGrid::ReadOnlyBackground, NoRedraw);
-    modGrid::ForegroundColor(grid, row, modGrid::ReadOnlyForeground, NoRedraw);
+    driver.ReadOnly(row, true, NoRedraw);
+    driver.BackgroundColor(row, modGrid::ReadOnlyBackground, NoRedraw);
+    driver.ForegroundColor(row, modGrid::ReadOnlyForeground, NoRedraw);
     table.Put(i, "GRID_ID", key);
 }
 

@@ -16,12 +16,11 @@ inline constexpr bool NoRedraw = false;
 /// Counts what a loader has created in one area, so that the next one stands behind it. A refused one takes no place.
 class AreaPlaces {
 public:
-    /// Calls create(position) with the 1-based position behind the last one created.
+    /// Calls create(position), which answers the status, with the 1-based position behind the last one created.
     template <class Create>
     void Append(const Create& create) {
         const std::int16_t position = CheckedAdd<std::int16_t>(created_, 1);
-        create(position);
-        if (modGrid::Status == GridStatus::Ok) {
+        if (create(position) == GridStatus::Ok) {
             created_ = position;
         }
     }

@@ -2,14 +2,14 @@
 #pragma once
 
 #include "automation/TableSlots.h"
-#include "components/GridControl.h"
 #include "grid/CurrentKeys.h"
+#include "grid/modGrid.h"
 
 namespace planview {
 
 /// What the loaders work on.
 struct LoaderContext {
-    GridControl& grid;
+    modGrid& driver;
     const TableSlots& tables;
     CurrentKeys& keys;
 };

@@ -2,15 +2,14 @@
 #include "grid/MarkedRows.h"
 
 #include "grid/LoaderSupport.h"
-#include "grid/modGrid.h"
 #include "trace/TraceText.h"
 
 namespace planview {
 
 namespace {
 
-void SetMarkedRowsHidden(const HostTable& lineIndex, GridControl& grid, CurrentKeys& keys, bool hidden) {
-    const modGrid::RedrawAtEnd redraw(grid);
+void SetMarkedRowsHidden(const HostTable& lineIndex, modGrid& driver, CurrentKeys& keys, bool hidden) {
+    const modGrid::RedrawAtEnd redraw(driver);
     ForEachRow(lineIndex, [&](HostTable::Row i) {
         if (!lineIndex.Flag(i, "ROW_MARKED")) {
             return;
@@ -23,19 +22,19 @@ void SetMarkedRowsHidden(const HostTable& lineIndex, GridControl& grid, CurrentK
                                 TraceText("{cid: ", keys.column, " - rid: ", keys.row, "}"));
         }
         if (!keys.row.empty()) {  // before a build a row has no key yet; the build then reads the field
-            modGrid::CenterHidden(grid, {{}, keys.row}, hidden, NoRedraw);
+            driver.CenterHidden({{}, keys.row}, hidden, NoRedraw);
         }
     });
 }
 
 }  // namespace
 
-void HideMarkedRows(const HostTable lineIndex, GridControl& grid, CurrentKeys& keys) {
-    SetMarkedRowsHidden(lineIndex, grid, keys, true);
+void HideMarkedRows(const HostTable lineIndex, modGrid& driver, CurrentKeys& keys) {
+    SetMarkedRowsHidden(lineIndex, driver, keys, true);
 }
 
-void ShowMarkedRows(const HostTable lineIndex, GridControl& grid, CurrentKeys& keys) {
-    SetMarkedRowsHidden(lineIndex, grid, keys, false);
+void ShowMarkedRows(const HostTable lineIndex, modGrid& driver, CurrentKeys& keys) {
+    SetMarkedRowsHidden(lineIndex, driver, keys, false);
 }
 
 }  // namespace planview

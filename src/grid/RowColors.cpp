@@ -4,23 +4,22 @@
 #include "grid/IndexAxis.h"
 #include "grid/LoaderSupport.h"
 #include "grid/Selection.h"
-#include "grid/modGrid.h"
 
 namespace planview {
 
-void ColorSelectedRows(HostTable lineIndex, GridControl& grid, RowColor which, std::int16_t color) {
+void ColorSelectedRows(HostTable lineIndex, modGrid& driver, RowColor which, std::int16_t color) {
     const bool background = which == RowColor::Background;
     ForEachRow(lineIndex, [&](HostTable::Row i) {
-        if (modGrid::HeaderSelected(grid, RowAxis.KeysOf(lineIndex.Text(i, "GRID_ID"))) == 1) {
+        if (driver.HeaderSelected(RowAxis.KeysOf(lineIndex.Text(i, "GRID_ID"))) == 1) {
             lineIndex.Put(i, background ? "ROW_BG" : "ROW_FG", color);
         }
     });
     if (background) {
-        RowBgColor(lineIndex, grid);
+        RowBgColor(lineIndex, driver);
     } else {
-        RowFgColor(lineIndex, grid);
+        RowFgColor(lineIndex, driver);
     }
-    grid.Redraw();
+    driver.Grid().Redraw();
 }
 
 }  // namespace planview

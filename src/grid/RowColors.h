@@ -4,13 +4,13 @@
 #include <cstdint>
 
 #include "automation/HostTable.h"
-#include "components/GridControl.h"
+#include "grid/modGrid.h"
 
 namespace planview {
 
 enum class RowColor { Background, Foreground };
 
 /// Writes the palette index into `ROW_BG` or `ROW_FG` of the rows whose header is selected, then shows it.
-void ColorSelectedRows(HostTable lineIndex, GridControl& grid, RowColor which, std::int16_t color);
+void ColorSelectedRows(HostTable lineIndex, modGrid& driver, RowColor which, std::int16_t color);
 
 }  // namespace planview

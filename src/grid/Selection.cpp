@@ -7,7 +7,6 @@
 
 #include "grid/IndexAxis.h"
 #include "grid/LoaderSupport.h"
-#include "grid/modGrid.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -58,24 +57,24 @@ private:
     std::string key_;
 };
 
-void ClearSelection(GridControl& grid) {
-    modGrid::DeleteSelection(grid, {LabelColumnKey, HeadingRowKey}, NoRedraw);
+void ClearSelection(modGrid& driver) {
+    driver.DeleteSelection({LabelColumnKey, HeadingRowKey}, NoRedraw);
 }
 
-void SelectAll(IndexWalk walk, GridControl& grid) {
-    ClearSelection(grid);
+void SelectAll(IndexWalk walk, modGrid& driver) {
+    ClearSelection(driver);
     walk.Run([&](HostTable::Row i, const std::string& key) {
-        modGrid::SetSelection(grid, walk.Axis().KeysOf(key), NoRedraw);
+        driver.SetSelection(walk.Axis().KeysOf(key), NoRedraw);
         walk.Table().PutFlag(i, walk.Axis().markedField, true);
         walk.Trace();
         return true;
     });
 }
 
-void DeselectAll(IndexWalk walk, GridControl& grid) {
-    ClearSelection(grid);
+void DeselectAll(IndexWalk walk, modGrid& driver) {
+    ClearSelection(driver);
     walk.Run([&](HostTable::Row i, const std::string& key) {
-        modGrid::DeleteSelection(grid, walk.Axis().KeysOf(key), NoRedraw);
+        driver.DeleteSelection(walk.Axis().KeysOf(key), NoRedraw);
         walk.Table().PutFlag(i, walk.Axis().markedField, false);
         walk.Trace();
         return true;
@@ -83,21 +82,21 @@ void DeselectAll(IndexWalk walk, GridControl& grid) {
 }
 
 /// Which headers are selected, by table row from 0. Asked before the selection is cleared.
-std::vector<bool> SelectedHeaders(const HostTable& table, const IndexAxis& axis, const GridControl& grid) {
+std::vector<bool> SelectedHeaders(const HostTable& table, const IndexAxis& axis, const modGrid& driver) {
     std::vector<bool> selected;
     ForEachRow(table, [&](HostTable::Row i) {
-        selected.push_back(modGrid::HeaderSelected(grid, axis.KeysOf(table.Text(i, "GRID_ID"))) == 1);
+        selected.push_back(driver.HeaderSelected(axis.KeysOf(table.Text(i, "GRID_ID"))) == 1);
     });
     return selected;
 }
 
-void SelectBlock(IndexWalk walk, GridControl& grid) {
+void SelectBlock(IndexWalk walk, modGrid& driver) {
     std::vector<bool> selected;
-    if (ErrorTextOf([&] { selected = SelectedHeaders(walk.Table(), walk.Axis(), grid); })) {
+    if (ErrorTextOf([&] { selected = SelectedHeaders(walk.Table(), walk.Axis(), driver); })) {
         walk.Trace("", "ERROR");
         return;
     }
-    ClearSelection(grid);
+    ClearSelection(driver);
     bool inside = false;
     walk.Run([&](HostTable::Row i, const std::string& key) {
         if (selected.at(static_cast<std::size_t>(i) - 1)) {
@@ -108,7 +107,7 @@ void SelectBlock(IndexWalk walk, GridControl& grid) {
         }
         if (inside) {
             if (!key.empty()) {
-                modGrid::SetSelection(grid, walk.Axis().KeysOf(key), NoRedraw);
+                driver.SetSelection(walk.Axis().KeysOf(key), NoRedraw);
             }
             walk.Table().PutFlag(i, walk.Axis().markedField, true);
             walk.Trace();
@@ -119,10 +118,10 @@ void SelectBlock(IndexWalk walk, GridControl& grid) {
 
 /// `concerns` says by its key whether a column or row is meant.
 template <class Concerns>
-void SetHidden(IndexWalk walk, GridControl& grid, bool hidden, const Concerns& concerns) {
+void SetHidden(IndexWalk walk, modGrid& driver, bool hidden, const Concerns& concerns) {
     walk.Run([&](HostTable::Row i, const std::string& key) {
         if (concerns(key)) {
-            modGrid::CenterHidden(grid, walk.Axis().KeysOf(key), hidden, NoRedraw);
+            driver.CenterHidden(walk.Axis().KeysOf(key), hidden, NoRedraw);
             walk.Table().PutFlag(i, walk.Axis().hiddenField, hidden);
             walk.Trace();
         }
@@ -130,93 +129,92 @@ void SetHidden(IndexWalk walk, GridControl& grid, bool hidden, const Concerns& c
     });
 }
 
-void SetSelectedHidden(IndexWalk walk, GridControl& grid, bool hidden) {
+void SetSelectedHidden(IndexWalk walk, modGrid& driver, bool hidden) {
     const IndexAxis& axis = walk.Axis();
-    SetHidden(std::move(walk), grid, hidden,
-              [&](const std::string& key) { return modGrid::HeaderSelected(grid, axis.KeysOf(key)) == 1; });
+    SetHidden(std::move(walk), driver, hidden,
+              [&](const std::string& key) { return driver.HeaderSelected(axis.KeysOf(key)) == 1; });
 }
 
-void ShowNamed(IndexWalk walk, GridControl& grid, const std::vector<std::string>& keys) {
+void ShowNamed(IndexWalk walk, modGrid& driver, const std::vector<std::string>& keys) {
     const std::unordered_set<std::string_view> named(keys.begin(), keys.end());
-    SetHidden(std::move(walk), grid, false, [&](const std::string& key) { return named.contains(key); });
+    SetHidden(std::move(walk), driver, false, [&](const std::string& key) { return named.contains(key); });
 }
 
-template <class SetColor>
-void ApplyRowColor(std::string_view method, HostTable lineIndex, GridControl& grid, std::string_view field,
-                   const SetColor& setColor) {
+void ApplyRowColor(std::string_view method, HostTable lineIndex, modGrid& driver, std::string_view field,
+                   GridStatus (modGrid::*setColor)(const CellKeyView& keys, std::int16_t color, bool redraw)) {
     IndexWalk walk(method, RowAxis, std::move(lineIndex));
     walk.Run([&](HostTable::Row i, const std::string& key) {
         const CellKeyView keys = RowAxis.KeysOf(key);
-        if (modGrid::HeaderSelected(grid, keys) == 1) {
+        if (driver.HeaderSelected(keys) == 1) {
             const std::int16_t color = walk.Table().Int16(i, field);
-            setColor(grid, keys, color, NoRedraw);
+            (driver.*setColor)(keys, color, NoRedraw);
             walk.Trace(TraceText(" - color: ", color));
         }
         return true;
     });
 }
 
-void Mirror(const HostTable& table, const IndexAxis& axis, const GridControl& grid) {
+void Mirror(const HostTable& table, const IndexAxis& axis, const modGrid& driver) {
     ForEachRow(table, [&](HostTable::Row i) {
-        table.PutFlag(i, axis.markedField, modGrid::HeaderSelected(grid, axis.KeysOf(table.Text(i, "GRID_ID"))) == 1);
+        table.PutFlag(i, axis.markedField, driver.HeaderSelected(axis.KeysOf(table.Text(i, "GRID_ID"))) == 1);
     });
 }
 
 }  // namespace
 
-void SelectAllColumns(HostTable colsIndex, GridControl& grid) {
-    SelectAll({"SelectAllColumns", ColumnAxis, std::move(colsIndex)}, grid);
+void SelectAllColumns(HostTable colsIndex, modGrid& driver) {
+    SelectAll({"SelectAllColumns", ColumnAxis, std::move(colsIndex)}, driver);
 }
 
-void SelectAllRows(HostTable lineIndex, GridControl& grid) {
-    SelectAll({"SelectAllRows", RowAxis, std::move(lineIndex)}, grid);
+void SelectAllRows(HostTable lineIndex, modGrid& driver) {
+    SelectAll({"SelectAllRows", RowAxis, std::move(lineIndex)}, driver);
 }
 
-void SelectBlockColumns(HostTable colsIndex, GridControl& grid) {
-    SelectBlock({"SelectBlockColumns", ColumnAxis, std::move(colsIndex)}, grid);
+void SelectBlockColumns(HostTable colsIndex, modGrid& driver) {
+    SelectBlock({"SelectBlockColumns", ColumnAxis, std::move(colsIndex)}, driver);
 }
 
-void SelectBlockRows(HostTable lineIndex, GridControl& grid) {
-    SelectBlock({"SelectBlockRows", RowAxis, std::move(lineIndex)}, grid);
+void SelectBlockRows(HostTable lineIndex, modGrid& driver) {
+    SelectBlock({"SelectBlockRows", RowAxis, std::move(lineIndex)}, driver);
 }
 
-void DeselectAllColumns(HostTable colsIndex, GridControl& grid) {
-    DeselectAll({"DeselectAllColumns", ColumnAxis, std::move(colsIndex)}, grid);
+void DeselectAllColumns(HostTable colsIndex, modGrid& driver) {
+    DeselectAll({"DeselectAllColumns", ColumnAxis, std::move(colsIndex)}, driver);
 }
 
-void DeselectAllRows(HostTable lineIndex, GridControl& grid) {
-    DeselectAll({"DeselectAllRows", RowAxis, std::move(lineIndex)}, grid);
+void DeselectAllRows(HostTable lineIndex, modGrid& driver) {
+    DeselectAll({"DeselectAllRows", RowAxis, std::move(lineIndex)}, driver);
 }
 
-void HideColumn(HostTable colsIndex, GridControl& grid) {
-    SetSelectedHidden({"HideColumn", ColumnAxis, std::move(colsIndex)}, grid, true);
+void HideColumn(HostTable colsIndex, modGrid& driver) {
+    SetSelectedHidden({"HideColumn", ColumnAxis, std::move(colsIndex)}, driver, true);
 }
 
-void ShowColumn(HostTable colsIndex, GridControl& grid) {
-    SetSelectedHidden({"ShowColumn", ColumnAxis, std::move(colsIndex)}, grid, false);
+void ShowColumn(HostTable colsIndex, modGrid& driver) {
+    SetSelectedHidden({"ShowColumn", ColumnAxis, std::move(colsIndex)}, driver, false);
 }
 
-void ShowColumn(HostTable colsIndex, GridControl& grid, const std::vector<std::string>& keys) {
-    ShowNamed({"ShowColumn", ColumnAxis, std::move(colsIndex)}, grid, keys);
+void ShowColumn(HostTable colsIndex, modGrid& driver, const std::vector<std::string>& keys) {
+    ShowNamed({"ShowColumn", ColumnAxis, std::move(colsIndex)}, driver, keys);
 }
 
-void HideRow(HostTable lineIndex, GridControl& grid) {
-    SetSelectedHidden({"HideRow", RowAxis, std::move(lineIndex)}, grid, true);
+void HideRow(HostTable lineIndex, modGrid& driver) {
+    SetSelectedHidden({"HideRow", RowAxis, std::move(lineIndex)}, driver, true);
 }
 
-void ShowRow(HostTable lineIndex, GridControl& grid) {
-    SetSelectedHidden({"ShowRow", RowAxis, std::move(lineIndex)}, grid, false);
+void ShowRow(HostTable lineIndex, modGrid& driver) {
+    SetSelectedHidden({"ShowRow", RowAxis, std::move(lineIndex)}, driver, false);
 }
 
-void ShowRow(HostTable lineIndex, GridControl& grid, const std::vector<std::string>& keys) {
-    ShowNamed({"ShowRow", RowAxis, std::move(lineIndex)}, grid, keys);
+void ShowRow(HostTable lineIndex, modGrid& driver, const std::vector<std::string>& keys) {
+    ShowNamed({"ShowRow", RowAxis, std::move(lineIndex)}, driver, keys);
 }
 
-void ColWidthReset(HostTable colsIndex, GridControl& grid, ResetScope scope) {
+void ColWidthReset(HostTable colsIndex, modGrid& driver, ResetScope scope) {
     IndexWalk walk("ColWidthReset", ColumnAxis, std::move(colsIndex));
     walk.Run([&](HostTable::Row i, const std::string& key) {
-        if (scope == ResetScope::All || modGrid::HeaderSelected(grid, {key, {}}) == 1) {
-            modGrid::ColumnWidth(grid, key, ResetColumnWidth, NoRedraw);
+        if (scope == ResetScope::All || driver.HeaderSelected({key, {}}) == 1) {
+            driver.ColumnWidth(key, ResetColumnWidth, NoRedraw);
             walk.Table().Put(i, "COL_WIDTH", ResetColumnWidth);
             walk.Trace(TraceText(" - width: ", ResetColumnWidth));
         }
@@ -224,11 +222,11 @@ void ColWidthReset(HostTable colsIndex, GridControl& grid, ResetScope scope) {
     });
 }
 
-void RowHeightReset(HostTable lineIndex, GridControl& grid, ResetScope scope) {
+void RowHeightReset(HostTable lineIndex, modGrid& driver, ResetScope scope) {
     IndexWalk walk("RowHeightReset", RowAxis, std::move(lineIndex));
     walk.Run([&](HostTable::Row i, const std::string& key) {
-        if (scope == ResetScope::All || modGrid::HeaderSelected(grid, {{}, key}) == 1) {
-            modGrid::RowHeight(grid, key, ResetRowHeight, NoRedraw);
+        if (scope == ResetScope::All || driver.HeaderSelected({{}, key}) == 1) {
+            driver.RowHeight(key, ResetRowHeight, NoRedraw);
             walk.Table().Put(i, "ROW_HEIGHT", ResetRowHeight);
             walk.Trace(TraceText(" - height: ", ResetRowHeight));
         }
@@ -236,17 +234,17 @@ void RowHeightReset(HostTable lineIndex, GridControl& grid, ResetScope scope) {
     });
 }
 
-void RowBgColor(HostTable lineIndex, GridControl& grid) {
-    ApplyRowColor("RowBgColor", std::move(lineIndex), grid, "ROW_BG", modGrid::CenterBgColor);
+void RowBgColor(HostTable lineIndex, modGrid& driver) {
+    ApplyRowColor("RowBgColor", std::move(lineIndex), driver, "ROW_BG", &modGrid::CenterBgColor);
 }
 
-void RowFgColor(HostTable lineIndex, GridControl& grid) {
-    ApplyRowColor("RowFgColor", std::move(lineIndex), grid, "ROW_FG", modGrid::CenterFgColor);
+void RowFgColor(HostTable lineIndex, modGrid& driver) {
+    ApplyRowColor("RowFgColor", std::move(lineIndex), driver, "ROW_FG", &modGrid::CenterFgColor);
 }
 
-void MirrorSelection(HostTable colsIndex, HostTable lineIndex, GridControl& grid) {
-    Mirror(colsIndex, ColumnAxis, grid);
-    Mirror(lineIndex, RowAxis, grid);
+void MirrorSelection(HostTable colsIndex, HostTable lineIndex, const modGrid& driver) {
+    Mirror(colsIndex, ColumnAxis, driver);
+    Mirror(lineIndex, RowAxis, driver);
 }
 
 }  // namespace planview

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "automation/HostTable.h"
-#include "components/GridControl.h"
+#include "grid/modGrid.h"
 
 namespace planview {
 
@@ -15,21 +15,21 @@ namespace planview {
 /// leaves one trace entry per changed row. A failure ends it with the same entry and "ERROR"; what it has written
 /// stays. "Selected" always means: the header is selected in the grid.
 
-void SelectAllColumns(HostTable colsIndex, GridControl& grid);
+void SelectAllColumns(HostTable colsIndex, modGrid& driver);
 /// From the first selected header up to, but not including, the next one; to the end when there is only one.
-void SelectBlockColumns(HostTable colsIndex, GridControl& grid);
-void DeselectAllColumns(HostTable colsIndex, GridControl& grid);
-void HideColumn(HostTable colsIndex, GridControl& grid);
-void ShowColumn(HostTable colsIndex, GridControl& grid);
+void SelectBlockColumns(HostTable colsIndex, modGrid& driver);
+void DeselectAllColumns(HostTable colsIndex, modGrid& driver);
+void HideColumn(HostTable colsIndex, modGrid& driver);
+void ShowColumn(HostTable colsIndex, modGrid& driver);
 /// Those with these keys, selected or not.
-void ShowColumn(HostTable colsIndex, GridControl& grid, const std::vector<std::string>& keys);
+void ShowColumn(HostTable colsIndex, modGrid& driver, const std::vector<std::string>& keys);
 
-void SelectAllRows(HostTable lineIndex, GridControl& grid);
-void SelectBlockRows(HostTable lineIndex, GridControl& grid);
-void DeselectAllRows(HostTable lineIndex, GridControl& grid);
-void HideRow(HostTable lineIndex, GridControl& grid);
-void ShowRow(HostTable lineIndex, GridControl& grid);
-void ShowRow(HostTable lineIndex, GridControl& grid, const std::vector<std::string>& keys);
+void SelectAllRows(HostTable lineIndex, modGrid& driver);
+void SelectBlockRows(HostTable lineIndex, modGrid& driver);
+void DeselectAllRows(HostTable lineIndex, modGrid& driver);
+void HideRow(HostTable lineIndex, modGrid& driver);
+void ShowRow(HostTable lineIndex, modGrid& driver);
+void ShowRow(HostTable lineIndex, modGrid& driver, const std::vector<std::string>& keys);
 
 /// Which columns or rows a reset is for.
 enum class ResetScope { All, Selected };
@@ -38,14 +38,14 @@ enum class ResetScope { All, Selected };
 inline constexpr std::int16_t ResetColumnWidth = 80;
 inline constexpr std::int16_t ResetRowHeight = 22;
 
-void ColWidthReset(HostTable colsIndex, GridControl& grid, ResetScope scope);
-void RowHeightReset(HostTable lineIndex, GridControl& grid, ResetScope scope);
+void ColWidthReset(HostTable colsIndex, modGrid& driver, ResetScope scope);
+void RowHeightReset(HostTable lineIndex, modGrid& driver, ResetScope scope);
 
 /// Gives the selected rows the colour that the table has for them.
-void RowBgColor(HostTable lineIndex, GridControl& grid);
-void RowFgColor(HostTable lineIndex, GridControl& grid);
+void RowBgColor(HostTable lineIndex, modGrid& driver);
+void RowFgColor(HostTable lineIndex, modGrid& driver);
 
 /// Writes every mark of both tables afresh from the grid's selection.
-void MirrorSelection(HostTable colsIndex, HostTable lineIndex, GridControl& grid);
+void MirrorSelection(HostTable colsIndex, HostTable lineIndex, const modGrid& driver);
 
 }  // namespace planview

@@ -7,7 +7,6 @@
 #include "automation/CheckedInt.h"
 #include "grid/IndexAxis.h"
 #include "grid/LoaderSupport.h"
-#include "grid/modGrid.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -18,23 +17,23 @@ struct SizeEvents::Change {
     const IndexAxis& axis;
     std::string_view sizeLabel;
     std::string_view field;
-    void (*set)(GridControl& grid, std::string_view key, std::int16_t size, bool redraw);
+    GridStatus (modGrid::*set)(std::string_view key, std::int16_t size, bool redraw);
 };
 
 void SizeEvents::ColumnResized(const std::string& column, int width) {
-    Apply({"ColumnResized", ColumnAxis, " - width:", "COL_WIDTH", modGrid::ColumnWidth}, column, width);
+    Apply({"ColumnResized", ColumnAxis, " - width:", "COL_WIDTH", &modGrid::ColumnWidth}, column, width);
 }
 
 void SizeEvents::RowResized(const std::string& row, int height) {
-    Apply({"RowResized", RowAxis, " - height:", "ROW_HEIGHT", modGrid::RowHeight}, row, height);
+    Apply({"RowResized", RowAxis, " - height:", "ROW_HEIGHT", &modGrid::RowHeight}, row, height);
 }
 
 void SizeEvents::SwitchedColumnResized(const std::string& column, int height) {
-    Apply({"SwitchedColumnResized", ColumnAxis, " - height:", "COL_HEIGHT", modGrid::ColumnHeight}, column, height);
+    Apply({"SwitchedColumnResized", ColumnAxis, " - height:", "COL_HEIGHT", &modGrid::ColumnHeight}, column, height);
 }
 
 void SizeEvents::SwitchedRowResized(const std::string& row, int width) {
-    Apply({"SwitchedRowResized", RowAxis, " - width:", "ROW_WIDTH", modGrid::RowWidth}, row, width);
+    Apply({"SwitchedRowResized", RowAxis, " - width:", "ROW_WIDTH", &modGrid::RowWidth}, row, width);
 }
 
 void SizeEvents::Apply(const Change& change, const std::string& key, int size) {
@@ -56,10 +55,10 @@ void SizeEvents::Apply(const Change& change, const std::string& key, int size) {
     ForEachRow(table, [&](HostTable::Row i) {
         if (i != own && table.Flag(i, change.axis.markedField)) {
             table.Put(i, change.field, value);
-            change.set(grid_, sized.emplace_back(table.Text(i, "GRID_ID")), value, NoRedraw);
+            (driver_.*change.set)(sized.emplace_back(table.Text(i, "GRID_ID")), value, NoRedraw);
         }
     });
-    modGrid::Redraw(grid_);
+    driver_.Redraw();
     hostUpdate_.StartUpdate();
     ViewAction action{std::string(change.field), {}, {}, std::to_string(size)};
     (change.axis.columns ? action.columns : action.rows) = std::move(sized);

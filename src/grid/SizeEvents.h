@@ -4,10 +4,10 @@
 #include <string>
 
 #include "automation/TableSlots.h"
-#include "components/GridControl.h"
 #include "grid/CurrentKeys.h"
 #include "grid/HostUpdate.h"
 #include "grid/UserActions.h"
+#include "grid/modGrid.h"
 
 namespace planview {
 
@@ -16,9 +16,9 @@ namespace planview {
 /// planning keys are ignored. Sizes in logical pixels.
 class SizeEvents {
 public:
-    SizeEvents(const TableSlots& tables, GridControl& grid, CurrentKeys& keys, HostUpdate& hostUpdate,
+    SizeEvents(const TableSlots& tables, modGrid& driver, CurrentKeys& keys, HostUpdate& hostUpdate,
                UserActions& actions)
-        : tables_(tables), grid_(grid), keys_(keys), hostUpdate_(hostUpdate), actions_(actions) {}
+        : tables_(tables), driver_(driver), keys_(keys), hostUpdate_(hostUpdate), actions_(actions) {}
 
     void ColumnResized(const std::string& column, int width);
     void RowResized(const std::string& row, int height);
@@ -32,7 +32,7 @@ private:
     void Apply(const Change& change, const std::string& key, int size);
 
     const TableSlots& tables_;
-    GridControl& grid_;
+    modGrid& driver_;
     CurrentKeys& keys_;
     HostUpdate& hostUpdate_;
     UserActions& actions_;

@@ -9,7 +9,6 @@
 #include "grid/BusyScope.h"
 #include "grid/CellText.h"
 #include "grid/SelectedCells.h"
-#include "grid/modGrid.h"
 #include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 
@@ -45,24 +44,6 @@ std::string EnteredText(CellKeyView cell, const Variant& value) {
     const std::optional<double> number = TryParseNumber(*text);
     return number ? modPlan::ReplacePoint(NumberText(*number)) : *text;
 }
-
-/// Holds the grid's repaint back until the outermost change ends.
-class RedrawHeld {
-public:
-    explicit RedrawHeld(GridControl& grid) : grid_(grid), wasOn_(grid.RedrawOn()) { grid_.SetRedraw(false); }
-    ~RedrawHeld() {
-        if (wasOn_) {
-            grid_.SetRedraw(true);
-            grid_.Redraw();
-        }
-    }
-    RedrawHeld(const RedrawHeld&) = delete;
-    RedrawHeld& operator=(const RedrawHeld&) = delete;
-
-private:
-    GridControl& grid_;
-    bool wasOn_;
-};
 
 }  // namespace
 
@@ -154,7 +135,7 @@ bool ValueEntry::RunBulk(std::size_t count, bool withFixed, const Body& body) {
         const Announce announce = AnnounceFor(count);
         const BulkAnnouncement bulk(parts_, announce, count);
         const BusyScope busy(parts_.busy);
-        const RedrawHeld held(parts_.grid);
+        const modGrid::RedrawAtEnd redraw(parts_.driver, modGrid::Entries::None);
         std::optional<Transaction> transaction;
         broken = ErrorTextOf(
             [&] { transaction.emplace(parts_, count, announce, withFixed || announce == Announce::EachValue); });
@@ -181,7 +162,7 @@ BulkResult ValueEntry::ChangeCells(std::span<const NewValue> values, const EditN
     if (values.empty()) {
         return result;
     }
-    const GridControl& grid = parts_.grid;
+    const GridControl& grid = parts_.driver.Grid();
     const bool withFixed = std::any_of(values.begin(), values.end(), [&](const NewValue& next) {
         return !IsPlanningCell({grid.Column(next.cell.column).key, grid.Row(next.cell.row).key});
     });
@@ -195,7 +176,7 @@ BulkResult ValueEntry::ChangeCells(std::span<const NewValue> values, const EditN
 }
 
 void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> values, BulkResult& result) {
-    const GridControl& grid = parts_.grid;
+    const GridControl& grid = parts_.driver.Grid();
     const std::uint64_t built = grid.BuildVersion();
     std::vector<CellKey> keys;
     if (transaction.heard) {
@@ -254,8 +235,8 @@ void ValueEntry::Apply(const UndoStep& changes, bool backwards) {
         for (std::size_t i = 0; i < changes.size(); ++i) {
             const std::size_t place = backwards ? changes.size() - 1 - i : i;
             const CellChange& change = changes[place];
-            const std::optional<Cell> cell = parts_.grid.FindCell(change.cell);
-            const std::string shown = cell ? parts_.grid.Contents(*cell) : std::string();
+            const std::optional<Cell> cell = parts_.driver.Grid().FindCell(change.cell);
+            const std::string shown = cell ? parts_.driver.Grid().Contents(*cell) : std::string();
             failed[place] = !ChangeOne(transaction, change.cell, shown, backwards ? change.before : change.after);
         }
         const bool anyFailed = std::find(failed.begin(), failed.end(), true) != failed.end();
@@ -268,7 +249,7 @@ void ValueEntry::Apply(const UndoStep& changes, bool backwards) {
 
 /// Makes the first of the changed cells the current one, and selects them all where they form a block.
 void ValueEntry::GoTo(const UndoStep& changes) {
-    GridControl& grid = parts_.grid;
+    GridControl& grid = parts_.driver.Grid();
     std::optional<Cell> first;
     std::optional<Cell> last;
     std::size_t shown = 0;
@@ -329,7 +310,7 @@ bool ValueEntry::ChangeOne(Transaction& transaction, const CellKey& cell, const 
                   TraceText("{cid: ", cell.column, " - rid: ", cell.row, " - value: ", Shown(value), "}"));
     }
     const std::size_t before = transaction.step.size();
-    const auto show = [&] { modGrid::Contents(parts_.grid, cell, EnteredText(cell, value), true); };
+    const auto show = [&] { parts_.driver.Contents(cell, EnteredText(cell, value), true); };
     const std::optional<std::string> error = ErrorTextOf([&] {
         TakeOver(transaction, cell, shown, value);
         show();
@@ -427,7 +408,7 @@ void ValueEntry::ShowAgain(Transaction& transaction, const CellKey& cell, const 
                 transaction.tab.Find(modGrid::PositionOf(cell.row), modGrid::PositionOf(cell.column));
             text = row == 0 ? std::string() : CellText(transaction.tab.Value(row));
         }
-        modGrid::Contents(parts_.grid, cell, text, true);
+        parts_.driver.Contents(cell, text, true);
     });
 }
 

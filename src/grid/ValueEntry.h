@@ -10,7 +10,6 @@
 
 #include "automation/EventSource.h"
 #include "automation/TableSlots.h"
-#include "components/GridControl.h"
 #include "grid/CellRules.h"
 #include "grid/CellTable.h"
 #include "grid/CurrentKeys.h"
@@ -19,12 +18,13 @@
 #include "grid/KeyLookup.h"
 #include "grid/UndoHistory.h"
 #include "grid/UserActions.h"
+#include "grid/modGrid.h"
 
 namespace planview {
 
 /// What value entry works on.
 struct ValueEntryParts {
-    GridControl& grid;
+    modGrid& driver;
     const TableSlots& tables;
     const GridSettings& settings;
     CurrentKeys& keys;

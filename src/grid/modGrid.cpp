@@ -8,39 +8,31 @@
 #include "trace/TraceText.h"
 #include "trace/modPlan.h"
 
-namespace planview::modGrid {
+namespace planview {
 
 namespace {
 
 using modPlan::TraceEnabled;
 using modPlan::TraceWrite;
 
-void ReportError() {
-    if (TraceEnabled) {
-        TraceWrite("==>", StatusText(Status), "ERROR", TraceText("{cid: ", LastColumnKey, " - rid: ", LastRowKey, "}"));
-    }
+/// The error routine.
+void ReportError(GridStatus status, const CellKeyView& keys) {
+    TraceWrite("==>", modGrid::StatusText(status), "ERROR",
+               TraceText("{cid: ", keys.column, " - rid: ", keys.row, "}"));
 }
 
-/// Most operations go to the same column or row as the one before.
-void Keep(std::string& last, std::string_view key) {
-    if (!SameShortText(last, key)) {
-        last = key;
-    }
-}
-
-/// The four steps of every operation. `call` answers the status, `parameter` the trace text.
+/// The three steps of every operation. `call` answers the status, `parameter` the trace text.
 template <class Call, class Parameter>
-void Run(std::string_view operation, const CellKeyView& keys, const Call& call, const Parameter& parameter,
-         std::string_view message = {}) {
-    Keep(LastColumnKey, keys.column);
-    Keep(LastRowKey, keys.row);
-    Status = call();
+GridStatus Run(std::string_view operation, const CellKeyView& keys, const Call& call, const Parameter& parameter,
+               std::string_view message = {}) {
+    const GridStatus status = call();
     if (TraceEnabled) {
         TraceWrite("GRIDCTL", message, operation, parameter());
+        if (status != GridStatus::Ok) {
+            ReportError(status, keys);
+        }
     }
-    if (Status != GridStatus::Ok) {
-        ReportError();
-    }
+    return status;
 }
 
 GridElement ElementOf(const CellKeyView& keys) noexcept {
@@ -61,17 +53,17 @@ GridStatus SetByKeys(GridControl& grid, const CellKeyView& keys, GridAttribute a
 
 /// An attribute of the grid as a whole: "{label:value - redraw:flag}".
 template <class Value>
-void SetOfGrid(GridControl& grid, std::string_view operation, GridAttribute attribute, std::string_view label,
-               const Value& value, bool redraw) {
-    Run(
+GridStatus SetOfGrid(GridControl& grid, std::string_view operation, GridAttribute attribute, std::string_view label,
+                     const Value& value, bool redraw) {
+    return Run(
         operation, {}, [&] { return grid.SetAttribute(GridElement::Grid, {}, attribute, value, redraw); },
         [&] { return TraceText("{", label, ":", value, " - redraw:", redraw, "}"); });
 }
 
 /// A size of a column or row: "{cid: key - label:size - redraw:flag}".
-void SetSize(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
-             std::string_view label, std::int16_t size, bool redraw) {
-    Run(
+GridStatus SetSize(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
+                   std::string_view label, std::int16_t size, bool redraw) {
+    return Run(
         operation, keys, [&] { return SetByKeys(grid, keys, attribute, size, redraw); },
         [&] { return TraceText("{cid: ", keys.column, keys.row, " - ", label, ":", size, " - redraw:", redraw, "}"); });
 }
@@ -84,18 +76,18 @@ TraceBuffer KeysText(const CellKeyView& keys, std::string_view label, const Valu
 
 /// An attribute of a cell, column or row. `shown` is what the trace says of the value.
 template <class Shown>
-void Set(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
-         const Variant& value, std::string_view label, const Shown& shown, bool redraw) {
-    Run(
+GridStatus Set(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
+               const Variant& value, std::string_view label, const Shown& shown, bool redraw) {
+    return Run(
         operation, keys, [&] { return SetByKeys(grid, keys, attribute, value, redraw); },
         [&] { return KeysText(keys, label, shown, redraw); });
 }
 
 /// An attribute of the centre cells of a column or row.
 template <class Shown>
-void SetCenter(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
-               const Variant& value, std::string_view label, const Shown& shown, bool redraw) {
-    Run(
+GridStatus SetCenter(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
+                     const Variant& value, std::string_view label, const Shown& shown, bool redraw) {
+    return Run(
         operation, keys,
         [&] {
             const GridElement element = ElementOf(keys);
@@ -105,10 +97,11 @@ void SetCenter(GridControl& grid, std::string_view operation, const CellKeyView&
         [&] { return KeysText(keys, label, shown, redraw); });
 }
 
-/// The name of a palette colour; the empty one, which no grid knows, outside the palette.
-const Variant& ColorName(std::int16_t color) {
-    static const Variant NoName("");
-    return color >= 0 && color < PaletteSize ? ColorNames[static_cast<std::size_t>(color)] : NoName;
+/// An operation that has keys and no value.
+template <class Call>
+GridStatus RunOnKeys(std::string_view operation, const CellKeyView& keys, bool redraw, const Call& call) {
+    return Run(operation, keys, call,
+               [&] { return TraceText("{cid: ", keys.column, " - rid: ", keys.row, " - redraw:", redraw, "}"); });
 }
 
 /// The prefix with its closing 0, as it stands in a literal.
@@ -125,7 +118,7 @@ std::string Key(const KeyPrefix& prefix, std::int16_t position, std::string_view
 
 }  // namespace
 
-std::string_view StatusText(GridStatus status) noexcept {
+std::string_view modGrid::StatusText(GridStatus status) noexcept {
     switch (status) {
         case GridStatus::RowDefined:
             return "Row is already defined";
@@ -172,21 +165,21 @@ std::string_view StatusText(GridStatus status) noexcept {
     }
 }
 
-void CreateColor(GridControl& grid, std::string_view name, std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
-    Run(
-        "CreateColor", {}, [&] { return grid.CreateColor(name, red, green, blue); },
+GridStatus modGrid::CreateColor(std::string_view name, std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
+    return Run(
+        "CreateColor", {}, [&] { return grid_.CreateColor(name, red, green, blue); },
         [&] { return TraceText("{color:", name, "}"); });
 }
 
-std::string ColumnKey(std::int16_t position, std::string_view kind) {
+std::string modGrid::ColumnKey(std::int16_t position, std::string_view kind) {
     return Key(kind == "L" ? "FLC" : kind == "R" ? "FRC" : "COL", position, "column key");
 }
 
-std::string RowKey(std::int16_t position, std::string_view kind) {
+std::string modGrid::RowKey(std::int16_t position, std::string_view kind) {
     return Key(kind == "T" ? "FTR" : kind == "B" ? "FBR" : "ROW", position, "row key");
 }
 
-std::int16_t PositionOf(std::string_view key) {
+std::int16_t modGrid::PositionOf(std::string_view key) {
     constexpr std::size_t PrefixLength = 3;
     std::int16_t position = 0;
     if (key.starts_with("COL") || key.starts_with("ROW")) {
@@ -195,274 +188,273 @@ std::int16_t PositionOf(std::string_view key) {
     return position;
 }
 
-void CreateLabelled(GridControl& grid) {
-    Run(
-        "CreateLabelled", {}, [&] { return grid.CreateLabelled(false); }, [] { return std::string("{}"); },
+GridStatus modGrid::CreateLabelled() {
+    return Run(
+        "CreateLabelled", {}, [&] { return grid_.CreateLabelled(false); }, [] { return std::string("{}"); },
         "CONSTRUCTOR");
 }
 
-void Destructor(GridControl& grid, bool redraw) {
-    Run(
-        "DESTRUCTOR", {}, [&] { return grid.Destroy(redraw); }, [&] { return TraceText("{redraw:", redraw, "}"); });
+GridStatus modGrid::Destructor(bool redraw) {
+    return Run(
+        "DESTRUCTOR", {}, [&] { return grid_.Destroy(redraw); }, [&] { return TraceText("{redraw:", redraw, "}"); });
 }
 
-void LabelColWidth(GridControl& grid, std::int16_t width) {
-    Run(
+GridStatus modGrid::LabelColWidth(std::int16_t width) {
+    return Run(
         "LabelColWidth", {},
-        [&] { return grid.SetAttribute(GridElement::Grid, {}, GridAttribute::LabelColumnWidth, width, false); },
+        [&] { return grid_.SetAttribute(GridElement::Grid, {}, GridAttribute::LabelColumnWidth, width, false); },
         [&] { return TraceText("{width:", width, "}"); });
 }
 
-void LabelAutoFit(GridControl& grid, std::int16_t width) {
-    Run(
+GridStatus modGrid::LabelAutoFit(std::int16_t width) {
+    return Run(
         "LabelAutoFit", {},
-        [&] { return grid.SetAttribute(GridElement::Grid, {}, GridAttribute::LabelAutoFit, width, false); },
+        [&] { return grid_.SetAttribute(GridElement::Grid, {}, GridAttribute::LabelAutoFit, width, false); },
         [&] { return TraceText("{width:", width, "}"); });
 }
 
-void DoubleBuffering(GridControl& grid, std::int16_t value, bool redraw) {
-    SetOfGrid(grid, "DoubleBuffering", GridAttribute::DoubleBuffering, "value", value, redraw);
+GridStatus modGrid::DoubleBuffering(std::int16_t value, bool redraw) {
+    return SetOfGrid(grid_, "DoubleBuffering", GridAttribute::DoubleBuffering, "value", value, redraw);
 }
 
-void MovePermission(GridControl& grid, std::int16_t value, bool redraw) {
-    SetOfGrid(grid, "move permission", GridAttribute::MovePermission, "value", value, redraw);
+GridStatus modGrid::MovePermission(std::int16_t value, bool redraw) {
+    return SetOfGrid(grid_, "move permission", GridAttribute::MovePermission, "value", value, redraw);
 }
 
-void ResizePermission(GridControl& grid, std::int16_t value, bool redraw) {
-    SetOfGrid(grid, "resize permission", GridAttribute::ResizePermission, "value", value, redraw);
+GridStatus modGrid::ResizePermission(std::int16_t value, bool redraw) {
+    return SetOfGrid(grid_, "resize permission", GridAttribute::ResizePermission, "value", value, redraw);
 }
 
-void DragDrop(GridControl& grid, std::int16_t value, bool redraw) {
-    SetOfGrid(grid, "DragDrop", GridAttribute::DragDrop, "value", value, redraw);
+GridStatus modGrid::DragDrop(std::int16_t value, bool redraw) {
+    return SetOfGrid(grid_, "DragDrop", GridAttribute::DragDrop, "value", value, redraw);
 }
 
-void GridlinesColor(GridControl& grid, std::int16_t color, bool redraw) {
-    Run(
+GridStatus modGrid::GridlinesColor(std::int16_t color, bool redraw) {
+    return Run(
         "Gridlines color", {},
         [&] {
-            return grid.SetAttribute(GridElement::Grid, {}, GridAttribute::GridLineColor, ColorName(color), redraw);
+            return grid_.SetAttribute(GridElement::Grid, {}, GridAttribute::GridLineColor, ColorName(color), redraw);
         },
         [&] { return TraceText("{color:", color, " - redraw:", redraw, "}"); });
 }
 
-void Switch(GridControl& grid, bool switched, bool redraw) {
-    SetOfGrid(grid, "switch", GridAttribute::Switched, "switched", switched, redraw);
+GridStatus modGrid::Switch(bool switched, bool redraw) {
+    return SetOfGrid(grid_, "switch", GridAttribute::Switched, "switched", switched, redraw);
 }
 
-void SetRedraw(GridControl& grid, bool on) {
-    Run(
-        "SetRedraw", {},
-        [&] {
-            grid.SetRedraw(on);
-            return GridStatus::Ok;
-        },
-        [&] { return TraceText("{redraw:", on, "}"); });
+void modGrid::SetRedraw(bool on, Entries entries) {
+    grid_.SetRedraw(on);
+    if (TraceEnabled && entries == Entries::Written) {
+        TraceWrite("GRIDCTL", "", "SetRedraw", TraceText("{redraw:", on, "}"));
+    }
 }
 
-void Redraw(GridControl& grid) {
-    Run(
-        "Redraw", {},
-        [&] {
-            grid.Redraw();
-            return GridStatus::Ok;
-        },
-        [] { return std::string_view("{}"); });
+void modGrid::Redraw(Entries entries) {
+    grid_.Redraw();
+    if (TraceEnabled && entries == Entries::Written) {
+        TraceWrite("GRIDCTL", "", "Redraw", "{}");
+    }
 }
 
-void State(GridControl& grid, bool waiting) {
-    Run(
-        "state", {},
-        [&] {
-            grid.SetWaiting(waiting);
-            return GridStatus::Ok;
-        },
-        [&] { return TraceText("{value:", waiting, "}"); });
+void modGrid::State(bool waiting, Entries entries) {
+    grid_.SetWaiting(waiting);
+    if (TraceEnabled && entries == Entries::Written) {
+        TraceWrite("GRIDCTL", "", "state", TraceText("{value:", waiting, "}"));
+    }
 }
 
-RedrawAtEnd::RedrawAtEnd(GridControl& grid) : grid_(grid), before_(grid.RedrawOn()) {
-    SetRedraw(grid_, false);
+modGrid::RedrawAtEnd::RedrawAtEnd(modGrid& driver, Entries entries)
+    : driver_(driver), entries_(entries), before_(driver.Grid().RedrawOn()) {
+    driver_.SetRedraw(false, entries_);
 }
 
-RedrawAtEnd::~RedrawAtEnd() {
+modGrid::RedrawAtEnd::~RedrawAtEnd() {
     ErrorTrap("GRIDCTL", "Redraw", [&] {
-        SetRedraw(grid_, before_);
-        Redraw(grid_);
+        driver_.SetRedraw(before_, entries_);
+        driver_.Redraw(entries_);
     });
 }
 
-void FirstColumn(GridControl& grid, std::string_view key, bool redraw) {
-    Run(
-        "FirstColumn", {key, {}}, [&] { return grid.SetFirstColumn(key, redraw); },
+modGrid::WaitingState::WaitingState(modGrid& driver, Entries entries) : driver_(driver), entries_(entries) {
+    driver_.State(true, entries_);
+}
+
+modGrid::WaitingState::~WaitingState() {
+    ErrorTrap("GRIDCTL", "state", [&] { driver_.State(false, entries_); });
+}
+
+GridStatus modGrid::FirstColumn(std::string_view key, bool redraw) {
+    return Run(
+        "FirstColumn", {key, {}}, [&] { return grid_.SetFirstColumn(key, redraw); },
         [&] { return TraceText("{cid: ", key, " - redraw:", redraw, "}"); });
 }
 
-void FirstRow(GridControl& grid, std::string_view key, bool redraw) {
-    Run(
-        "FirstRow", {{}, key}, [&] { return grid.SetFirstRow(key, redraw); },
+GridStatus modGrid::FirstRow(std::string_view key, bool redraw) {
+    return Run(
+        "FirstRow", {{}, key}, [&] { return grid_.SetFirstRow(key, redraw); },
         [&] { return TraceText("{cid: ", key, " - redraw:", redraw, "}"); });
 }
 
-void CreateColumn(GridControl& grid, std::string_view key, std::int16_t position, bool redraw) {
-    Run(
-        "CreateColumn", {key, {}}, [&] { return grid.CreateColumn(key, position, redraw); },
+GridStatus modGrid::CreateColumn(std::string_view key, std::int16_t position, bool redraw) {
+    return Run(
+        "CreateColumn", {key, {}}, [&] { return grid_.CreateColumn(key, position, redraw); },
         [&] { return TraceText("{cid: ", key, " - pos:", position, " - redraw:", redraw, "}"); });
 }
 
-void CreateRow(GridControl& grid, std::string_view key, std::int16_t position, bool redraw) {
-    Run(
-        "CreateRow", {{}, key}, [&] { return grid.CreateRow(key, position, redraw); },
+GridStatus modGrid::CreateRow(std::string_view key, std::int16_t position, bool redraw) {
+    return Run(
+        "CreateRow", {{}, key}, [&] { return grid_.CreateRow(key, position, redraw); },
         [&] { return TraceText("{cid: ", key, " - pos:", position, " - redraw:", redraw, "}"); });
 }
 
-void ColumnWidth(GridControl& grid, std::string_view key, std::int16_t width, bool redraw) {
-    SetSize(grid, "column width", {key, {}}, GridAttribute::Width, "width", width, redraw);
+GridStatus modGrid::ColumnWidth(std::string_view key, std::int16_t width, bool redraw) {
+    return SetSize(grid_, "column width", {key, {}}, GridAttribute::Width, "width", width, redraw);
 }
 
-void ColumnHeight(GridControl& grid, std::string_view key, std::int16_t height, bool redraw) {
-    SetSize(grid, "ColumnHeight", {key, {}}, GridAttribute::Height, "height", height, redraw);
+GridStatus modGrid::ColumnHeight(std::string_view key, std::int16_t height, bool redraw) {
+    return SetSize(grid_, "ColumnHeight", {key, {}}, GridAttribute::Height, "height", height, redraw);
 }
 
-void RowHeight(GridControl& grid, std::string_view key, std::int16_t height, bool redraw) {
-    SetSize(grid, "row height", {{}, key}, GridAttribute::Height, "height", height, redraw);
+GridStatus modGrid::RowHeight(std::string_view key, std::int16_t height, bool redraw) {
+    return SetSize(grid_, "row height", {{}, key}, GridAttribute::Height, "height", height, redraw);
 }
 
-void RowWidth(GridControl& grid, std::string_view key, std::int16_t width, bool redraw) {
-    SetSize(grid, "RowWidth", {{}, key}, GridAttribute::Width, "width", width, redraw);
+GridStatus modGrid::RowWidth(std::string_view key, std::int16_t width, bool redraw) {
+    return SetSize(grid_, "RowWidth", {{}, key}, GridAttribute::Width, "width", width, redraw);
 }
 
-namespace {
-
-/// An operation that has keys and no value.
-template <class Call>
-void RunOnKeys(std::string_view operation, const CellKeyView& keys, bool redraw, const Call& call) {
-    Run(operation, keys, call,
-        [&] { return TraceText("{cid: ", keys.column, " - rid: ", keys.row, " - redraw:", redraw, "}"); });
+GridStatus modGrid::SelectionFlag(const CellKeyView& keys, bool redraw) {
+    return RunOnKeys("SelectionFlag", keys, redraw,
+                     [&] { return SetByKeys(grid_, keys, GridAttribute::Selectable, false, redraw); });
 }
 
-}  // namespace
-
-void SelectionFlag(GridControl& grid, const CellKeyView& keys, bool redraw) {
-    RunOnKeys("SelectionFlag", keys, redraw,
-              [&] { return SetByKeys(grid, keys, GridAttribute::Selectable, false, redraw); });
+GridStatus modGrid::SetSelection(const CellKeyView& keys, bool redraw) {
+    return RunOnKeys("SetSelection", keys, redraw, [&] { return grid_.SetSelection(keys, redraw); });
 }
 
-void SetSelection(GridControl& grid, const CellKeyView& keys, bool redraw) {
-    RunOnKeys("SetSelection", keys, redraw, [&] { return grid.SetSelection(keys, redraw); });
+GridStatus modGrid::DeleteSelection(const CellKeyView& keys, bool redraw) {
+    return RunOnKeys("DeleteSelection", keys, redraw, [&] { return grid_.DeleteSelection(keys, redraw); });
 }
 
-void DeleteSelection(GridControl& grid, const CellKeyView& keys, bool redraw) {
-    RunOnKeys("DeleteSelection", keys, redraw, [&] { return grid.DeleteSelection(keys, redraw); });
+GridStatus modGrid::CenterHidden(const CellKeyView& keys, bool hidden, bool redraw) {
+    return SetCenter(grid_, "CenterHidden", keys, GridAttribute::Hidden, hidden, "hidden", hidden, redraw);
 }
 
-void CenterHidden(GridControl& grid, const CellKeyView& keys, bool hidden, bool redraw) {
-    SetCenter(grid, "CenterHidden", keys, GridAttribute::Hidden, hidden, "hidden", hidden, redraw);
+int modGrid::HeaderSelected(const CellKeyView& keys) const {
+    return grid_.HeaderKind(keys) != 0 && grid_.IsSelected(keys) ? 1 : 0;
 }
 
-int HeaderSelected(const GridControl& grid, const CellKeyView& keys) {
-    return grid.HeaderKind(keys) != 0 && grid.IsSelected(keys) ? 1 : 0;
+GridStatus modGrid::Contents(const CellKeyView& keys, std::string_view text, bool redraw) {
+    return Set(grid_, "Contents", keys, GridAttribute::Contents, text, "contents", text, redraw);
 }
 
-void Contents(GridControl& grid, const CellKeyView& keys, std::string_view text, bool redraw) {
-    Set(grid, "Contents", keys, GridAttribute::Contents, text, "contents", text, redraw);
+std::string modGrid::CellText(const CellKeyView& keys) const {
+    const std::optional<Cell> cell = grid_.FindCell(keys);
+    return cell ? grid_.Contents(*cell) : std::string();
 }
 
-std::string CellText(const GridControl& grid, const CellKeyView& keys) {
-    const std::optional<Cell> cell = grid.FindCell(keys);
-    return cell ? grid.Contents(*cell) : std::string();
+GridStatus modGrid::Tooltip(const CellKeyView& keys, std::string_view text, bool redraw) {
+    return Set(grid_, "Tooltip", keys, GridAttribute::Tooltip, text, "contents", text, redraw);
 }
 
-void Tooltip(GridControl& grid, const CellKeyView& keys, std::string_view text, bool redraw) {
-    Set(grid, "Tooltip", keys, GridAttribute::Tooltip, text, "contents", text, redraw);
+GridStatus modGrid::ReadOnly(const CellKeyView& keys, bool readOnly, bool redraw) {
+    return Set(grid_, "ReadOnly", keys, GridAttribute::ReadOnly, readOnly, "readonly", readOnly, redraw);
 }
 
-void ReadOnly(GridControl& grid, const CellKeyView& keys, bool readOnly, bool redraw) {
-    Set(grid, "ReadOnly", keys, GridAttribute::ReadOnly, readOnly, "readonly", readOnly, redraw);
+GridStatus modGrid::Format(const CellKeyView& keys, std::string_view format, bool redraw) {
+    return Set(grid_, "format", keys, GridAttribute::Format, format, "format", format, redraw);
 }
 
-void Format(GridControl& grid, const CellKeyView& keys, std::string_view format, bool redraw) {
-    Set(grid, "format", keys, GridAttribute::Format, format, "format", format, redraw);
+GridStatus modGrid::Font(const CellKeyView& keys, std::string_view font, bool redraw) {
+    return Set(grid_, "font", keys, GridAttribute::Font, font, "font", font, redraw);
 }
 
-void Font(GridControl& grid, const CellKeyView& keys, std::string_view font, bool redraw) {
-    Set(grid, "font", keys, GridAttribute::Font, font, "font", font, redraw);
+GridStatus modGrid::Alignment(const CellKeyView& keys, std::int16_t alignment, bool redraw) {
+    return Set(grid_, "Alignment", keys, GridAttribute::Alignment, alignment, "align", alignment, redraw);
 }
 
-void Alignment(GridControl& grid, const CellKeyView& keys, std::int16_t alignment, bool redraw) {
-    Set(grid, "Alignment", keys, GridAttribute::Alignment, alignment, "align", alignment, redraw);
+GridStatus modGrid::Relief(const CellKeyView& keys, bool relief, bool redraw) {
+    return Set(grid_, "relief", keys, GridAttribute::Relief, relief, "relief", relief, redraw);
 }
 
-void Relief(GridControl& grid, const CellKeyView& keys, bool relief, bool redraw) {
-    Set(grid, "relief", keys, GridAttribute::Relief, relief, "relief", relief, redraw);
-}
-
-void Bitmap(GridControl& grid, const CellKeyView& keys, std::string_view bitmap, std::int16_t alignment, bool redraw) {
+GridStatus modGrid::Bitmap(const CellKeyView& keys, std::string_view bitmap, std::int16_t alignment, bool redraw) {
     // Nearly all cells have no bitmap, and then there is nothing to align.
     const bool nothingToAlign = bitmap.empty() && alignment == static_cast<std::int16_t>(GridAlignment::Right);
     const bool canAlign = alignment >= static_cast<std::int16_t>(GridAlignment::Right) &&
                           alignment <= static_cast<std::int16_t>(GridAlignment::Center);
-    Run(
+    return Run(
         "bitmap", keys,
         [&] {
             GridStatus status = GridStatus::Ok;
             if (canAlign) {  // an alignment that the grid will refuse must not leave the bitmap behind
-                status = SetByKeys(grid, keys, GridAttribute::Bitmap, bitmap, nothingToAlign && redraw);
+                status = SetByKeys(grid_, keys, GridAttribute::Bitmap, bitmap, nothingToAlign && redraw);
             }
             if (status != GridStatus::Ok || nothingToAlign) {
                 return status;
             }
-            return SetByKeys(grid, keys, GridAttribute::BitmapAlignment, alignment, redraw);
+            return SetByKeys(grid_, keys, GridAttribute::BitmapAlignment, alignment, redraw);
         },
         [&] { return KeysText(keys, "bitmap", bitmap, redraw); });
 }
 
-void BackgroundColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw) {
+GridStatus modGrid::BackgroundColor(const CellKeyView& keys, std::int16_t color, bool redraw) {
     // The one attribute here that the grid as a whole has too.
-    Run(
+    return Run(
         "background colour", keys,
         [&] {
-            return grid.SetAttribute(ElementOf(keys), keys, GridAttribute::BackgroundColor, ColorName(color), redraw);
+            return grid_.SetAttribute(ElementOf(keys), keys, GridAttribute::BackgroundColor, ColorName(color), redraw);
         },
         [&] { return KeysText(keys, "color", color, redraw); });
 }
 
-void ForegroundColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw) {
-    Set(grid, "foreground colour", keys, GridAttribute::ForegroundColor, ColorName(color), "color", color, redraw);
+GridStatus modGrid::ForegroundColor(const CellKeyView& keys, std::int16_t color, bool redraw) {
+    return Set(grid_, "foreground colour", keys, GridAttribute::ForegroundColor, ColorName(color), "color", color,
+               redraw);
 }
 
-void CenterFormat(GridControl& grid, const CellKeyView& keys, std::string_view format, bool redraw) {
-    SetCenter(grid, "CenterFormat", keys, GridAttribute::Format, format, "format", format, redraw);
+GridStatus modGrid::CenterFormat(const CellKeyView& keys, std::string_view format, bool redraw) {
+    return SetCenter(grid_, "CenterFormat", keys, GridAttribute::Format, format, "format", format, redraw);
 }
 
-void CenterFont(GridControl& grid, const CellKeyView& keys, std::string_view font, bool redraw) {
-    SetCenter(grid, "CenterFont", keys, GridAttribute::Font, font, "font", font, redraw);
+GridStatus modGrid::CenterFont(const CellKeyView& keys, std::string_view font, bool redraw) {
+    return SetCenter(grid_, "CenterFont", keys, GridAttribute::Font, font, "font", font, redraw);
 }
 
-void CenterAlignment(GridControl& grid, const CellKeyView& keys, std::int16_t alignment, bool redraw) {
-    SetCenter(grid, "CenterAlignment", keys, GridAttribute::Alignment, alignment, "align", alignment, redraw);
+GridStatus modGrid::CenterAlignment(const CellKeyView& keys, std::int16_t alignment, bool redraw) {
+    return SetCenter(grid_, "CenterAlignment", keys, GridAttribute::Alignment, alignment, "align", alignment, redraw);
 }
 
-void CenterReadOnly(GridControl& grid, const CellKeyView& keys, bool readOnly, bool redraw) {
-    SetCenter(grid, "CenterReadOnly", keys, GridAttribute::ReadOnly, readOnly, "readonly", readOnly, redraw);
+GridStatus modGrid::CenterReadOnly(const CellKeyView& keys, bool readOnly, bool redraw) {
+    return SetCenter(grid_, "CenterReadOnly", keys, GridAttribute::ReadOnly, readOnly, "readonly", readOnly, redraw);
 }
 
-void CenterTextLine(GridControl& grid, const CellKeyView& keys, std::string_view textLine, bool redraw) {
-    SetCenter(grid, "CenterTextLine", keys, GridAttribute::TextLine, textLine == "X", "textline", textLine, redraw);
+GridStatus modGrid::CenterTextLine(const CellKeyView& keys, std::string_view textLine, bool redraw) {
+    return SetCenter(grid_, "CenterTextLine", keys, GridAttribute::TextLine, textLine == "X", "textline", textLine,
+                     redraw);
 }
 
-void CenterHelpLine(GridControl& grid, const CellKeyView& keys, std::string_view lineType, bool redraw) {
-    SetCenter(grid, "CenterHelpLine", keys, GridAttribute::HelpLine, lineType == "H", "helpline", lineType, redraw);
+GridStatus modGrid::CenterHelpLine(const CellKeyView& keys, std::string_view lineType, bool redraw) {
+    return SetCenter(grid_, "CenterHelpLine", keys, GridAttribute::HelpLine, lineType == "H", "helpline", lineType,
+                     redraw);
 }
 
-void CenterRelief(GridControl& grid, const CellKeyView& keys, bool relief, bool redraw) {
-    SetCenter(grid, "CenterRelief", keys, GridAttribute::Relief, relief, "relief", relief, redraw);
+GridStatus modGrid::CenterRelief(const CellKeyView& keys, bool relief, bool redraw) {
+    return SetCenter(grid_, "CenterRelief", keys, GridAttribute::Relief, relief, "relief", relief, redraw);
 }
 
-void CenterBgColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw) {
-    SetCenter(grid, "CenterBgColor", keys, GridAttribute::BackgroundColor, ColorName(color), "color", color, redraw);
+GridStatus modGrid::CenterBgColor(const CellKeyView& keys, std::int16_t color, bool redraw) {
+    return SetCenter(grid_, "CenterBgColor", keys, GridAttribute::BackgroundColor, ColorName(color), "color", color,
+                     redraw);
 }
 
-void CenterFgColor(GridControl& grid, const CellKeyView& keys, std::int16_t color, bool redraw) {
-    SetCenter(grid, "CenterFgColor", keys, GridAttribute::ForegroundColor, ColorName(color), "color", color, redraw);
+GridStatus modGrid::CenterFgColor(const CellKeyView& keys, std::int16_t color, bool redraw) {
+    return SetCenter(grid_, "CenterFgColor", keys, GridAttribute::ForegroundColor, ColorName(color), "color", color,
+                     redraw);
 }
 
-}  // namespace planview::modGrid
+const Variant& modGrid::ColorName(std::int16_t color) const noexcept {
+    static const Variant NoName("");
+    return color >= 0 && color < PaletteSize ? colorNames_[static_cast<std::size_t>(color)] : NoName;
+}
+
+}  // namespace planview

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "grid/modGrid.h"
 
-namespace planview::modGrid {
+namespace planview {
 
 namespace {
 
@@ -12,7 +12,7 @@ struct PaletteColor {
     std::uint8_t blue;
 };
 
-constexpr std::array<PaletteColor, PaletteSize> Palette{{
+constexpr std::array<PaletteColor, modGrid::PaletteSize> Palette{{
     {"tovWhite", 255, 255, 255},
     {"tovBlack", 0, 0, 0},
     {"tovBlue", 0, 0, 128},
@@ -33,23 +33,23 @@ constexpr std::array<PaletteColor, PaletteSize> Palette{{
 
 }  // namespace
 
-void CreatePalette(GridControl& grid) {
+void modGrid::CreatePalette() {
     for (std::size_t i = 0; i < Palette.size(); ++i) {
         const PaletteColor& color = Palette[i];
-        ColorNames[i] = color.name;
-        CreateColor(grid, color.name, color.red, color.green, color.blue);
+        colorNames_[i] = color.name;
+        CreateColor(color.name, color.red, color.green, color.blue);
     }
 }
 
-Rgb PaletteColorOf(std::int16_t index) noexcept {
+Rgb modGrid::PaletteColorOf(std::int16_t index) noexcept {
     const bool known = index >= 0 && index < PaletteSize;
     const PaletteColor& color = Palette[known ? static_cast<std::size_t>(index) : 0];
     return {color.red, color.green, color.blue};
 }
 
-std::string_view PaletteName(std::int16_t index) noexcept {
+std::string_view modGrid::PaletteName(std::int16_t index) noexcept {
     const bool known = index >= 0 && index < PaletteSize;
     return Palette[known ? static_cast<std::size_t>(index) : 0].name;
 }
 
-}  // namespace planview::modGrid
+}  // namespace planview

@@ -9,7 +9,6 @@
 #include "automation/Numbers.h"
 #include "grid/CellRules.h"
 #include "grid/LineCaption.h"
-#include "grid/modGrid.h"
 #include "spreadsheet/SpreadsheetSession.h"
 #include "trace/TraceText.h"
 
@@ -181,7 +180,7 @@ std::vector<SheetReader::Track<Id>> SheetReader::TracksOf(Axis axis, const std::
             const CellKeyView label =
                 columns ? CellKeyView{keys[i], HeadingRowKey} : CellKeyView{LabelColumnKey, keys[i]};
             tracks.push_back(
-                {*id, keys[i], modGrid::CellText(grid_, label), static_cast<std::int16_t>(match.sheetPlaces[i] + 2)});
+                {*id, keys[i], driver_.CellText(label), static_cast<std::int16_t>(match.sheetPlaces[i] + 2)});
         } else {
             preview.notes.push_back("The " + std::string(words.one) + " " + Quoted(captions[i]) +
                                     " is not in the grid and is not read.");

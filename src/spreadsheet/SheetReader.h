@@ -8,7 +8,7 @@
 #include <planview/Spreadsheet.h>
 
 #include "automation/TableSlots.h"
-#include "components/GridControl.h"
+#include "grid/modGrid.h"
 #include "spreadsheet/CaptionMatch.h"
 #include "spreadsheet/ProgressScope.h"
 #include "spreadsheet/SheetCells.h"
@@ -21,8 +21,12 @@ namespace planview {
 /// sheet is none of this grid's.
 class SheetReader {
 public:
-    SheetReader(const GridControl& grid, const TableSlots& tables, const Variant& worksheet)
-        : grid_(grid), columns_(tables.COLS_INDEX), lines_(tables.LINE_INDEX), cells_(worksheet) {}
+    SheetReader(const modGrid& driver, const TableSlots& tables, const Variant& worksheet)
+        : driver_(driver),
+          grid_(driver.Grid()),
+          columns_(tables.COLS_INDEX),
+          lines_(tables.LINE_INDEX),
+          cells_(worksheet) {}
 
     /// Finds the rows and columns; what does not belong together goes into the notes. To be called first.
     void ReadLabels(UploadPreview& preview);
@@ -47,6 +51,7 @@ private:
                                     const std::vector<std::string>& captions, UploadPreview& preview, const Find& find);
     void ReadCell(const Track<ColumnId>& column, const Track<RowId>& line, UploadPreview& preview);
 
+    const modGrid& driver_;
     const GridControl& grid_;
     HostTable columns_;
     HostTable lines_;

@@ -9,7 +9,6 @@
 #include "automation/Numbers.h"
 #include "grid/BusyScope.h"
 #include "grid/LineCaption.h"
-#include "grid/modGrid.h"
 #include "spreadsheet/ProgressScope.h"
 #include "spreadsheet/SheetCells.h"
 #include "spreadsheet/SpreadsheetSession.h"
@@ -126,7 +125,7 @@ SpreadsheetDownload::Outcome SpreadsheetDownload::Save(const std::string& fileNa
     }
     Outcome outcome = Outcome::Failed;
     {
-        const modGrid::WaitingState waiting(parts_.grid);
+        const modGrid::WaitingState waiting(parts_.driver);
         const BusyScope busy(parts_.busy);
         if (session.NewSheet()) {
             outcome = Write(session, fileName);
@@ -285,7 +284,7 @@ std::size_t SpreadsheetDownload::WriteColumn(SheetCells& cells, HostTable::Row c
         cells.SetInterior(line.locked ? Grey : White);
         cells.SetLocked(line.locked);
         if (!line.textLine) {
-            const std::string text = modGrid::CellText(parts_.grid, {columnKey, line.key});
+            const std::string text = parts_.driver.CellText({columnKey, line.key});
             cells.SetValue(ForWorkbook(text));
             longest = std::max(longest, text.size() + text.size() / GroupSize);
         }

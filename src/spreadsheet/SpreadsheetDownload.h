@@ -8,7 +8,7 @@
 #include <planview/Spreadsheet.h>
 
 #include "automation/TableSlots.h"
-#include "components/GridControl.h"
+#include "grid/modGrid.h"
 
 namespace planview {
 
@@ -24,7 +24,7 @@ class SpreadsheetSession;
 class SpreadsheetDownload {
 public:
     struct Parts {
-        GridControl& grid;
+        modGrid& driver;
         const TableSlots& tables;
         const SpreadsheetOptions& options;
         bool& busy;

@@ -6,7 +6,6 @@
 
 #include "automation/Texts.h"
 #include "grid/BusyScope.h"
-#include "grid/modGrid.h"
 #include "spreadsheet/ProgressScope.h"
 #include "spreadsheet/SheetReader.h"
 #include "spreadsheet/SpreadsheetSession.h"
@@ -73,7 +72,7 @@ SpreadsheetUpload::Outcome SpreadsheetUpload::Read(UploadPreview& preview) {
     }
     Outcome outcome = Outcome::Failed;
     {
-        const modGrid::WaitingState waiting(parts_.grid);
+        const modGrid::WaitingState waiting(parts_.driver);
         const BusyScope busy(parts_.busy);
         if (session.GetActiveSheet(preview.file)) {
             preview.sheet = session.SheetName();
@@ -95,7 +94,7 @@ SpreadsheetUpload::Outcome SpreadsheetUpload::Read(UploadPreview& preview) {
 SpreadsheetUpload::Outcome SpreadsheetUpload::ReadSheet(SpreadsheetSession& session, UploadPreview& preview) {
     std::optional<SheetReader> reader;
     if (!session.Run("UploadLabels", [&] {
-            reader.emplace(parts_.grid, parts_.tables, session.Worksheet().Value());
+            reader.emplace(parts_.driver, parts_.tables, session.Worksheet().Value());
             reader->ReadLabels(preview);
         })) {
         return Outcome::Failed;
@@ -109,11 +108,11 @@ SpreadsheetUpload::Outcome SpreadsheetUpload::ReadSheet(SpreadsheetSession& sess
 
 /// None where the cell is gone or another one than it was.
 std::optional<Cell> SpreadsheetUpload::CellOf(const UploadChange& change) const {
-    const GridControl& grid = parts_.grid;
+    const GridControl& grid = parts_.driver.Grid();
     const std::optional<Cell> cell = grid.FindCell({change.column, change.row});
     const bool same = cell && grid.Contents(*cell) == change.before &&
-                      modGrid::CellText(grid, {LabelColumnKey, change.row}) == change.line &&
-                      modGrid::CellText(grid, {change.column, HeadingRowKey}) == change.period;
+                      parts_.driver.CellText({LabelColumnKey, change.row}) == change.line &&
+                      parts_.driver.CellText({change.column, HeadingRowKey}) == change.period;
     return same ? cell : std::nullopt;
 }
 

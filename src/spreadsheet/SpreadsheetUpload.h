@@ -8,8 +8,8 @@
 #include <planview/Spreadsheet.h>
 
 #include "automation/TableSlots.h"
-#include "components/GridControl.h"
 #include "grid/ValueEntry.h"
+#include "grid/modGrid.h"
 
 namespace planview {
 
@@ -21,7 +21,7 @@ class SpreadsheetSession;
 class SpreadsheetUpload {
 public:
     struct Parts {
-        GridControl& grid;
+        modGrid& driver;
         const TableSlots& tables;
         const SpreadsheetOptions& options;
         bool& busy;

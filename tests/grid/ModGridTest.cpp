@@ -17,13 +17,13 @@ namespace {
 class ModGridTest : public test::TracedTest {
 protected:
     ModGridTest() {
-        modGrid::CreateLabelled(grid);
-        modGrid::CreatePalette(grid);
+        driver.CreateLabelled();
+        driver.CreatePalette();
         for (const char* key : {"COL1", "COL2"}) {
-            modGrid::CreateColumn(grid, key, 0, false);
+            driver.CreateColumn(key, 0, false);
         }
         for (const char* key : {"ROW1", "ROW2"}) {
-            modGrid::CreateRow(grid, key, 0, false);
+            driver.CreateRow(key, 0, false);
         }
         ForgetEntries();
     }
@@ -62,6 +62,7 @@ protected:
     }
 
     GridControl grid;
+    modGrid driver{grid};
 };
 
 constexpr CellKeyView OneCell{"COL1", "ROW1"};
@@ -72,70 +73,69 @@ constexpr CellKeyView OneRow{{}, "ROW1"};
 TEST_F(ModGridTest, OperationsOnTheGridAsAWhole) {
     const GridSettingsState& settings = grid.Settings();
     Check({
-        {"LabelColWidth", [&] { modGrid::LabelColWidth(grid, 210); }, "GRIDCTL |  | LabelColWidth | {width:210}",
+        {"LabelColWidth", [&] { driver.LabelColWidth(210); }, "GRIDCTL |  | LabelColWidth | {width:210}",
          [&] { return settings.labelColumnWidth == 210; }},
-        {"LabelAutoFit", [&] { modGrid::LabelAutoFit(grid, 1); }, "GRIDCTL |  | LabelAutoFit | {width:1}",
+        {"LabelAutoFit", [&] { driver.LabelAutoFit(1); }, "GRIDCTL |  | LabelAutoFit | {width:1}",
          [&] { return settings.labelAutoFit; }},
-        {"DoubleBuffering", [&] { modGrid::DoubleBuffering(grid, 1, false); },
+        {"DoubleBuffering", [&] { driver.DoubleBuffering(1, false); },
          "GRIDCTL |  | DoubleBuffering | {value:1 - redraw:False}", [&] { return settings.doubleBuffering; }},
-        {"MovePermission", [&] { modGrid::MovePermission(grid, 1, true); },
+        {"MovePermission", [&] { driver.MovePermission(1, true); },
          "GRIDCTL |  | move permission | {value:1 - redraw:True}", [&] { return settings.moveAllowed; }},
-        {"ResizePermission", [&] { modGrid::ResizePermission(grid, 0, false); },
+        {"ResizePermission", [&] { driver.ResizePermission(0, false); },
          "GRIDCTL |  | resize permission | {value:0 - redraw:False}", [&] { return !settings.resizeAllowed; }},
-        {"DragDrop", [&] { modGrid::DragDrop(grid, 1, false); }, "GRIDCTL |  | DragDrop | {value:1 - redraw:False}",
+        {"DragDrop", [&] { driver.DragDrop(1, false); }, "GRIDCTL |  | DragDrop | {value:1 - redraw:False}",
          [&] { return settings.dragDrop; }},
-        {"GridlinesColor", [&] { modGrid::GridlinesColor(grid, 9, false); },
+        {"GridlinesColor", [&] { driver.GridlinesColor(9, false); },
          "GRIDCTL |  | Gridlines color | {color:9 - redraw:False}", [&] { return settings.gridLineColor == 9; }},
-        {"BackgroundColor without keys", [&] { modGrid::BackgroundColor(grid, {}, 15, false); },
+        {"BackgroundColor without keys", [&] { driver.BackgroundColor({}, 15, false); },
          "GRIDCTL |  | background colour | {cid:  - rid:  - color:15 - redraw:False}",
          [&] { return settings.backgroundColor == 15; }},
-        {"Switch", [&] { modGrid::Switch(grid, true, false); }, "GRIDCTL |  | switch | {switched:True - redraw:False}",
+        {"Switch", [&] { driver.Switch(true, false); }, "GRIDCTL |  | switch | {switched:True - redraw:False}",
          [&] { return settings.switched; }},
-        {"FirstColumn", [&] { modGrid::FirstColumn(grid, "COL2", false); },
+        {"FirstColumn", [&] { driver.FirstColumn("COL2", false); },
          "GRIDCTL |  | FirstColumn | {cid: COL2 - redraw:False}",
          [&] { return grid.FirstColumn() == grid.FindColumn("COL2"); }},
-        {"FirstRow", [&] { modGrid::FirstRow(grid, "ROW2", false); },
-         "GRIDCTL |  | FirstRow | {cid: ROW2 - redraw:False}", [&] { return grid.FirstRow() == grid.FindRow("ROW2"); }},
-        {"SetRedraw", [&] { modGrid::SetRedraw(grid, false); }, "GRIDCTL |  | SetRedraw | {redraw:False}",
+        {"FirstRow", [&] { driver.FirstRow("ROW2", false); }, "GRIDCTL |  | FirstRow | {cid: ROW2 - redraw:False}",
+         [&] { return grid.FirstRow() == grid.FindRow("ROW2"); }},
+        {"SetRedraw", [&] { driver.SetRedraw(false); }, "GRIDCTL |  | SetRedraw | {redraw:False}",
          [&] { return !grid.RedrawOn(); }},
-        {"CreateColor", [&] { modGrid::CreateColor(grid, "hostPink", 1, 2, 3); },
-         "GRIDCTL |  | CreateColor | {color:hostPink}",
+        {"CreateColor", [&] { driver.CreateColor("hostPink", 1, 2, 3); }, "GRIDCTL |  | CreateColor | {color:hostPink}",
          [&] { return grid.Colors().size() == 17 && grid.Colors()[16].blue == 3; }},
-        {"Destructor", [&] { modGrid::Destructor(grid, false); }, "GRIDCTL |  | DESTRUCTOR | {redraw:False}",
+        {"Destructor", [&] { driver.Destructor(false); }, "GRIDCTL |  | DESTRUCTOR | {redraw:False}",
          [&] { return !settings.created; }},
-        {"CreateLabelled", [&] { modGrid::CreateLabelled(grid); }, "GRIDCTL | CONSTRUCTOR | CreateLabelled | {}",
+        {"CreateLabelled", [&] { driver.CreateLabelled(); }, "GRIDCTL | CONSTRUCTOR | CreateLabelled | {}",
          [&] { return settings.created; }},
     });
 }
 
 TEST_F(ModGridTest, OperationsOnColumnsAndRows) {
     Check({
-        {"CreateColumn", [&] { modGrid::CreateColumn(grid, "FRC4", 1, false); },
+        {"CreateColumn", [&] { driver.CreateColumn("FRC4", 1, false); },
          "GRIDCTL |  | CreateColumn | {cid: FRC4 - pos:1 - redraw:False}",
          [&] { return grid.FindColumn("FRC4").has_value(); }},
-        {"CreateRow", [&] { modGrid::CreateRow(grid, "FBR4", 1, true); },
+        {"CreateRow", [&] { driver.CreateRow("FBR4", 1, true); },
          "GRIDCTL |  | CreateRow | {cid: FBR4 - pos:1 - redraw:True}",
          [&] { return grid.FindRow("FBR4").has_value(); }},
-        {"ColumnWidth", [&] { modGrid::ColumnWidth(grid, "COL1", 91, false); },
+        {"ColumnWidth", [&] { driver.ColumnWidth("COL1", 91, false); },
          "GRIDCTL |  | column width | {cid: COL1 - width:91 - redraw:False}", [&] { return Col1().width == 91; }},
-        {"ColumnHeight", [&] { modGrid::ColumnHeight(grid, "COL1", 31, false); },
+        {"ColumnHeight", [&] { driver.ColumnHeight("COL1", 31, false); },
          "GRIDCTL |  | ColumnHeight | {cid: COL1 - height:31 - redraw:False}", [&] { return Col1().height == 31; }},
-        {"RowHeight", [&] { modGrid::RowHeight(grid, "ROW1", 32, false); },
+        {"RowHeight", [&] { driver.RowHeight("ROW1", 32, false); },
          "GRIDCTL |  | row height | {cid: ROW1 - height:32 - redraw:False}", [&] { return Row1().height == 32; }},
-        {"RowWidth", [&] { modGrid::RowWidth(grid, "ROW1", 92, false); },
+        {"RowWidth", [&] { driver.RowWidth("ROW1", 92, false); },
          "GRIDCTL |  | RowWidth | {cid: ROW1 - width:92 - redraw:False}", [&] { return Row1().width == 92; }},
-        {"SetSelection", [&] { modGrid::SetSelection(grid, OneRow, false); },
+        {"SetSelection", [&] { driver.SetSelection(OneRow, false); },
          "GRIDCTL |  | SetSelection | {cid:  - rid: ROW1 - redraw:False}",
-         [&] { return modGrid::HeaderSelected(grid, OneRow) == 1; }},
-        {"DeleteSelection", [&] { modGrid::DeleteSelection(grid, OneRow, true); },
+         [&] { return driver.HeaderSelected(OneRow) == 1; }},
+        {"DeleteSelection", [&] { driver.DeleteSelection(OneRow, true); },
          "GRIDCTL |  | DeleteSelection | {cid:  - rid: ROW1 - redraw:True}",
-         [&] { return modGrid::HeaderSelected(grid, OneRow) == 0; }},
+         [&] { return driver.HeaderSelected(OneRow) == 0; }},
         {"SelectionFlag",
          [&] {
-             modGrid::SelectionFlag(grid, {"COL1", {}}, false);
+             driver.SelectionFlag({"COL1", {}}, false);
          },
          "GRIDCTL |  | SelectionFlag | {cid: COL1 - rid:  - redraw:False}", [&] { return !Col1().selectable; }},
-        {"CenterHidden", [&] { modGrid::CenterHidden(grid, OneRow, true, false); },
+        {"CenterHidden", [&] { driver.CenterHidden(OneRow, true, false); },
          "GRIDCTL |  | CenterHidden | {cid:  - rid: ROW1 - hidden:True - redraw:False}", [&] { return Row1().hidden; }},
     });
 }
@@ -144,33 +144,33 @@ TEST_F(ModGridTest, OperationsOnCells) {
     const Cell cell = grid.FindCell(OneCell).value();
     const auto look = [&] { return grid.Look(cell); };
     Check({
-        {"Contents", [&] { modGrid::Contents(grid, OneCell, "12,5", false); },
+        {"Contents", [&] { driver.Contents(OneCell, "12,5", false); },
          "GRIDCTL |  | Contents | {cid: COL1 - rid: ROW1 - contents:12,5 - redraw:False}",
          [&] { return grid.Contents(cell) == "12,5"; }},
-        {"Tooltip", [&] { modGrid::Tooltip(grid, OneCell, "Tip", true); },
+        {"Tooltip", [&] { driver.Tooltip(OneCell, "Tip", true); },
          "GRIDCTL |  | Tooltip | {cid: COL1 - rid: ROW1 - contents:Tip - redraw:True}",
          [&] { return grid.Tooltip(cell) == "Tip"; }},
-        {"ReadOnly", [&] { modGrid::ReadOnly(grid, OneCell, true, false); },
+        {"ReadOnly", [&] { driver.ReadOnly(OneCell, true, false); },
          "GRIDCTL |  | ReadOnly | {cid: COL1 - rid: ROW1 - readonly:True - redraw:False}",
          [&] { return look().readOnly; }},
-        {"Format", [&] { modGrid::Format(grid, OneCell, "0.00", false); },
+        {"Format", [&] { driver.Format(OneCell, "0.00", false); },
          "GRIDCTL |  | format | {cid: COL1 - rid: ROW1 - format:0.00 - redraw:False}",
          [&] { return grid.DisplayText(cell) == "12,50"; }},
-        {"Font", [&] { modGrid::Font(grid, OneCell, ";14;Bold", false); },
+        {"Font", [&] { driver.Font(OneCell, ";14;Bold", false); },
          "GRIDCTL |  | font | {cid: COL1 - rid: ROW1 - font:;14;Bold - redraw:False}",
          [&] { return look().font && look().font->size == 14; }},
-        {"Alignment", [&] { modGrid::Alignment(grid, OneCell, 2, false); },
+        {"Alignment", [&] { driver.Alignment(OneCell, 2, false); },
          "GRIDCTL |  | Alignment | {cid: COL1 - rid: ROW1 - align:2 - redraw:False}",
          [&] { return look().hasAlignment && look().alignment == GridAlignment::Center; }},
-        {"Relief", [&] { modGrid::Relief(grid, OneCell, true, false); },
+        {"Relief", [&] { driver.Relief(OneCell, true, false); },
          "GRIDCTL |  | relief | {cid: COL1 - rid: ROW1 - relief:True - redraw:False}", [&] { return look().relief; }},
-        {"Bitmap", [&] { modGrid::Bitmap(grid, OneCell, "lock", 2, false); },
+        {"Bitmap", [&] { driver.Bitmap(OneCell, "lock", 2, false); },
          "GRIDCTL |  | bitmap | {cid: COL1 - rid: ROW1 - bitmap:lock - redraw:False}",
          [&] { return look().bitmap && *look().bitmap == "lock" && look().bitmapAlignment == GridAlignment::Center; }},
-        {"BackgroundColor", [&] { modGrid::BackgroundColor(grid, OneCell, 4, false); },
+        {"BackgroundColor", [&] { driver.BackgroundColor(OneCell, 4, false); },
          "GRIDCTL |  | background colour | {cid: COL1 - rid: ROW1 - color:4 - redraw:False}",
          [&] { return look().background == 4; }},
-        {"ForegroundColor", [&] { modGrid::ForegroundColor(grid, OneCell, 5, false); },
+        {"ForegroundColor", [&] { driver.ForegroundColor(OneCell, 5, false); },
          "GRIDCTL |  | foreground colour | {cid: COL1 - rid: ROW1 - color:5 - redraw:False}",
          [&] { return look().foreground == 5; }},
     });
@@ -180,31 +180,31 @@ TEST_F(ModGridTest, OperationsOnCells) {
 TEST_F(ModGridTest, OperationsOnTheCentreOfARow) {
     const auto centre = [&](auto has) { return [this, has] { return Where(has) == "BB."; }; };
     Check({
-        {"CenterFormat", [&] { modGrid::CenterFormat(grid, OneRow, "0.0", false); },
+        {"CenterFormat", [&] { driver.CenterFormat(OneRow, "0.0", false); },
          "GRIDCTL |  | CenterFormat | {cid:  - rid: ROW1 - format:0.0 - redraw:False}",
          centre([](const CellLook& look) { return look.format && look.format->Format(1) == "1,0"; })},
-        {"CenterFont", [&] { modGrid::CenterFont(grid, OneRow, ";;Cursiv", false); },
+        {"CenterFont", [&] { driver.CenterFont(OneRow, ";;Cursiv", false); },
          "GRIDCTL |  | CenterFont | {cid:  - rid: ROW1 - font:;;Cursiv - redraw:False}",
          centre([](const CellLook& look) { return look.font && look.font->italic; })},
-        {"CenterAlignment", [&] { modGrid::CenterAlignment(grid, OneRow, 1, false); },
+        {"CenterAlignment", [&] { driver.CenterAlignment(OneRow, 1, false); },
          "GRIDCTL |  | CenterAlignment | {cid:  - rid: ROW1 - align:1 - redraw:False}",
          centre([](const CellLook& look) { return look.hasAlignment && look.alignment == GridAlignment::Left; })},
-        {"CenterReadOnly", [&] { modGrid::CenterReadOnly(grid, OneRow, true, false); },
+        {"CenterReadOnly", [&] { driver.CenterReadOnly(OneRow, true, false); },
          "GRIDCTL |  | CenterReadOnly | {cid:  - rid: ROW1 - readonly:True - redraw:False}",
          centre([](const CellLook& look) { return look.readOnly; })},
-        {"CenterTextLine", [&] { modGrid::CenterTextLine(grid, OneRow, "X", false); },
+        {"CenterTextLine", [&] { driver.CenterTextLine(OneRow, "X", false); },
          "GRIDCTL |  | CenterTextLine | {cid:  - rid: ROW1 - textline:X - redraw:False}",
          centre([](const CellLook& look) { return look.textLine; })},
-        {"CenterHelpLine", [&] { modGrid::CenterHelpLine(grid, OneRow, "H", false); },
+        {"CenterHelpLine", [&] { driver.CenterHelpLine(OneRow, "H", false); },
          "GRIDCTL |  | CenterHelpLine | {cid:  - rid: ROW1 - helpline:H - redraw:False}",
          centre([](const CellLook& look) { return look.helpLine; })},
-        {"CenterRelief", [&] { modGrid::CenterRelief(grid, OneRow, true, true); },
+        {"CenterRelief", [&] { driver.CenterRelief(OneRow, true, true); },
          "GRIDCTL |  | CenterRelief | {cid:  - rid: ROW1 - relief:True - redraw:True}",
          centre([](const CellLook& look) { return look.relief; })},
-        {"CenterBgColor", [&] { modGrid::CenterBgColor(grid, OneRow, 6, false); },
+        {"CenterBgColor", [&] { driver.CenterBgColor(OneRow, 6, false); },
          "GRIDCTL |  | CenterBgColor | {cid:  - rid: ROW1 - color:6 - redraw:False}",
          centre([](const CellLook& look) { return look.background == 6; })},
-        {"CenterFgColor", [&] { modGrid::CenterFgColor(grid, OneRow, 7, false); },
+        {"CenterFgColor", [&] { driver.CenterFgColor(OneRow, 7, false); },
          "GRIDCTL |  | CenterFgColor | {cid:  - rid: ROW1 - color:7 - redraw:False}",
          centre([](const CellLook& look) { return look.foreground == 7; })},
     });
@@ -212,8 +212,8 @@ TEST_F(ModGridTest, OperationsOnTheCentreOfARow) {
 
 TEST_F(ModGridTest, TextLinesAndHelpLinesNeedTheirOwnLetter) {
     const CellKeyView cell{"COL1", "ROW1"};
-    modGrid::CenterTextLine(grid, OneRow, "H", false);
-    modGrid::CenterHelpLine(grid, OneRow, "X", false);
+    driver.CenterTextLine(OneRow, "H", false);
+    driver.CenterHelpLine(OneRow, "X", false);
     EXPECT_FALSE(grid.Look(grid.FindCell(cell).value()).textLine);
     EXPECT_FALSE(grid.Look(grid.FindCell(cell).value()).helpLine);
 }
@@ -227,37 +227,37 @@ TEST_F(ModGridTest, RefusedOperationsAreReportedAndChangeNothing) {
         std::function<void()> call;
         const char* error;
     } cases[] = {
-        {"a column twice", [&] { modGrid::CreateColumn(grid, "COL1", 0, false); },
+        {"a column twice", [&] { driver.CreateColumn("COL1", 0, false); },
          "==> | Col is already defined | ERROR | {cid: COL1 - rid: }"},
-        {"a row twice", [&] { modGrid::CreateRow(grid, "ROW1", 0, false); },
+        {"a row twice", [&] { driver.CreateRow("ROW1", 0, false); },
          "==> | Row is already defined | ERROR | {cid:  - rid: ROW1}"},
         {"a colour outside the palette",
          [&] {
-             modGrid::BackgroundColor(grid, {"COL2", "ROW2"}, 16, false);
+             driver.BackgroundColor({"COL2", "ROW2"}, 16, false);
          },
          "==> | Unknown color | ERROR | {cid: COL2 - rid: ROW2}"},
         {"a negative colour",
          [&] {
-             modGrid::ForegroundColor(grid, {"COL2", "ROW2"}, -1, false);
+             driver.ForegroundColor({"COL2", "ROW2"}, -1, false);
          },
          "==> | Unknown color | ERROR | {cid: COL2 - rid: ROW2}"},
         {"a bitmap with an alignment that there is not",
          [&] {
-             modGrid::Bitmap(grid, {"COL2", "ROW2"}, "lock", 3, false);
+             driver.Bitmap({"COL2", "ROW2"}, "lock", 3, false);
          },
          "==> | Invalid attribute | ERROR | {cid: COL2 - rid: ROW2}"},
         {"a bitmap that there is not",
          [&] {
-             modGrid::Bitmap(grid, {"COL2", "ROW2"}, "skull", 2, false);
+             driver.Bitmap({"COL2", "ROW2"}, "skull", 2, false);
          },
          "==> | Unknown bitmap | ERROR | {cid: COL2 - rid: ROW2}"},
-        {"a column without a key", [&] { modGrid::ColumnWidth(grid, "", 91, false); },
+        {"a column without a key", [&] { driver.ColumnWidth("", 91, false); },
          "==> | Invalid name | ERROR | {cid:  - rid: }"},
-        {"a row without a key", [&] { modGrid::CenterHidden(grid, {}, true, false); },
+        {"a row without a key", [&] { driver.CenterHidden({}, true, false); },
          "==> | Invalid name | ERROR | {cid:  - rid: }"},
-        {"a selection flag without a key", [&] { modGrid::SelectionFlag(grid, {}, false); },
+        {"a selection flag without a key", [&] { driver.SelectionFlag({}, false); },
          "==> | Invalid name | ERROR | {cid:  - rid: }"},
-        {"a read-only row without a key", [&] { modGrid::ReadOnly(grid, {}, true, false); },
+        {"a read-only row without a key", [&] { driver.ReadOnly({}, true, false); },
          "==> | Invalid name | ERROR | {cid:  - rid: }"},
     };
     for (const auto& row : cases) {
@@ -271,9 +271,8 @@ TEST_F(ModGridTest, RefusedOperationsAreReportedAndChangeNothing) {
             << row.name;
     }
     modPlan::TraceEnabled = false;
-    modGrid::CreateColumn(grid, "COL1", 0, false);
+    EXPECT_EQ(driver.CreateColumn("COL1", 0, false), GridStatus::ColumnDefined);
     modPlan::TraceEnabled = true;
-    EXPECT_EQ(modGrid::Status, GridStatus::ColumnDefined);
     EXPECT_EQ(Entries().size(), 2U) << "without the trace an error leaves nothing";
 }
 
@@ -285,20 +284,28 @@ TEST_F(ModGridTest, TheRedrawIsHeldUntilTheOuterScopeEnds) {
     grid.Redraw();
     grid.SetWatcher(&watcher);
     {
-        const modGrid::RedrawAtEnd outer(grid);
-        modGrid::Contents(grid, OneCell, "1", true);
+        const modGrid::RedrawAtEnd outer(driver);
+        driver.Contents(OneCell, "1", true);
         {
-            const modGrid::RedrawAtEnd inner(grid);
-            modGrid::Contents(grid, OneCell, "2", true);
+            const modGrid::RedrawAtEnd inner(driver);
+            driver.Contents(OneCell, "2", true);
         }
         EXPECT_EQ(watcher.calls, 0);
     }
     EXPECT_EQ(watcher.calls, 1);
     EXPECT_TRUE(grid.RedrawOn());
-    modGrid::Contents(grid, OneCell, "3", false);
+    driver.Contents(OneCell, "3", false);
     EXPECT_EQ(watcher.calls, 1);
-    modGrid::Redraw(grid);
+    driver.Redraw();
     EXPECT_EQ(watcher.calls, 2);
+    ForgetEntries();
+    {
+        const modGrid::RedrawAtEnd redraw(driver, modGrid::Entries::None);
+        const modGrid::WaitingState waiting(driver, modGrid::Entries::None);
+        EXPECT_TRUE(grid.Settings().waiting && !grid.RedrawOn());
+    }
+    EXPECT_TRUE(!grid.Settings().waiting && grid.RedrawOn());
+    EXPECT_EQ(Entries(), Lines{}) << "those who want no entries";
     grid.SetWatcher(nullptr);
 }
 
@@ -317,7 +324,8 @@ TEST_F(ModGridTest, ThePaletteHasSixteenColors) {
         EXPECT_EQ(color.name, expected[i].name) << i;
         EXPECT_TRUE(color.red == expected[i].red && color.green == expected[i].green && color.blue == expected[i].blue)
             << color.name << ": " << int{color.red} << " " << int{color.green} << " " << int{color.blue};
-        EXPECT_EQ(modGrid::ColorNames[i], Variant(expected[i].name));
+        EXPECT_EQ(driver.BackgroundColor({}, static_cast<std::int16_t>(i), false), GridStatus::Ok);
+        EXPECT_EQ(grid.Settings().backgroundColor, static_cast<int>(i)) << color.name;
     }
 }
 

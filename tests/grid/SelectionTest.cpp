@@ -70,19 +70,19 @@ TEST_F(SelectionTest, BlocksRunUpToTheNextSelectedHeader) {
         const char* marked;
     } cases[] = {{{2, 4}, ".XX.."}, {{3}, "..XXX"}, {{}, "....."}, {{1, 2}, "X...."}, {{2, 3, 5}, ".X..."}};
     for (const auto& row : cases) {
-        DeselectAllColumns(context.tables.COLS_INDEX, context.grid);
+        DeselectAllColumns(context.tables.COLS_INDEX, context.driver);
         SelectColumns(row.selected);
-        SelectBlockColumns(context.tables.COLS_INDEX, context.grid);
+        SelectBlockColumns(context.tables.COLS_INDEX, context.driver);
         EXPECT_EQ(Marked(), row.marked);
     }
 }
 
 TEST_F(SelectionTest, SelectingAllAndNoneMarksTheTables) {
-    SelectAllRows(context.tables.LINE_INDEX, context.grid);
+    SelectAllRows(context.tables.LINE_INDEX, context.driver);
     EXPECT_EQ(Flags(*tables.lineIndex, "ROW_MARKED"), "XXXXX");
     EXPECT_TRUE(context.grid.IsSelected({"", "ROW5"}));
     EXPECT_EQ(EntriesOf("SelectAllRows").back(), "GRIDCTL | {rid: ROW5} | SelectAllRows | ");
-    DeselectAllRows(context.tables.LINE_INDEX, context.grid);
+    DeselectAllRows(context.tables.LINE_INDEX, context.driver);
     EXPECT_EQ(Flags(*tables.lineIndex, "ROW_MARKED"), ".....");
     EXPECT_TRUE(context.grid.Selection().IsEmpty());
 }
@@ -134,7 +134,7 @@ TEST_F(SelectionTest, AResizeReachesTheMarkedColumns) {
     context.sizeEvents.ColumnResized("COL1", 90);
     EXPECT_EQ(tables.colsIndex->Value(1, "COL_WIDTH"), Variant(std::int16_t{90}));
     EXPECT_EQ(tables.colsIndex->Value(2, "COL_WIDTH"), Variant(70));
-    SelectAllColumns(context.tables.COLS_INDEX, context.grid);
+    SelectAllColumns(context.tables.COLS_INDEX, context.driver);
     tables.colsIndex->SetValue(4, "COL_MARKED", "");
     context.sizeEvents.ColumnResized("COL2", 55);
     EXPECT_EQ(Widths(), "55 70 55 70 55 ") << "the resized one itself has its size from the user's drag";
@@ -181,7 +181,7 @@ TEST_F(SelectionTest, AClickOnARowHeaderChoosesTheForecastLine) {
 
 TEST_F(SelectionTest, AFailureEndsTheWalkWithItsKey) {
     ExpectErrors();
-    SelectAllColumns(HostTable(), context.grid);
+    SelectAllColumns(HostTable(), context.driver);
     EXPECT_EQ(Entries(IsError), Lines{"GRIDCTL | {cid: } | SelectAllColumns | ERROR"});
 }
 
