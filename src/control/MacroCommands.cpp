@@ -4,7 +4,7 @@
 #include "automation/Texts.h"
 #include "control/Guarded.h"
 #include "control/TreeHandlers.h"
-#include "macro/language/MacroRun.h"
+#include "macro/run/MacroRun.h"
 
 namespace planview {
 

@@ -5,7 +5,7 @@
 
 #include <planview/PlanView.h>
 
-#include "macro/language/MacroProblem.h"
+#include "macro/run/MacroProblem.h"
 
 namespace planview {
 

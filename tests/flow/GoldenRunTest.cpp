@@ -5,7 +5,7 @@
 #include "dialogs/frmRow.h"
 #include "dialogs/frmUpload.h"
 #include "flow/GoldenRecorder.h"
-#include "macro/language/MacroText.h"
+#include "macro/run/MacroText.h"
 #include "support/FakeSpreadsheet.h"
 
 namespace planview::test {

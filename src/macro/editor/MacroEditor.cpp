@@ -5,8 +5,8 @@
 
 #include "automation/Numbers.h"
 #include "automation/Texts.h"
-#include "macro/language/MacroGrid.h"
-#include "macro/language/MacroSentences.h"
+#include "macro/run/MacroGrid.h"
+#include "macro/run/MacroSentences.h"
 #include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 

@@ -14,7 +14,7 @@
 #include "automation/TableSlots.h"
 #include "components/GridControl.h"
 #include "components/TreeControl.h"
-#include "macro/language/MacroProblem.h"
+#include "macro/run/MacroProblem.h"
 #include "macro/tree/MacroOutline.h"
 #include "macro/tree/MacroTable.h"
 #include "macro/tree/MacroToolbar.h"

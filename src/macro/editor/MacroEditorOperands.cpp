@@ -8,7 +8,7 @@
 #include "grid/SelectedCells.h"
 #include "macro/editor/MacroEditor.h"
 #include "macro/language/MacroExpression.h"
-#include "macro/language/MacroGrid.h"
+#include "macro/run/MacroGrid.h"
 #include "trace/ErrorTrap.h"
 
 namespace planview {
@@ -48,16 +48,17 @@ std::optional<int> LineCalled(const MacroGrid& grid, std::string_view text) {
     return found;
 }
 
-NewMacroNode NodeOf(const MacroGrid& grid, const MacroPlace& place) {
+NewMacroNode NodeOf(const MacroGrid& grid, const MacroRange& range, bool asArea = false) {
     NewMacroNode node;
-    const bool oneLine = place.firstLine == place.lastLine;
-    const bool onePeriod = place.HasPeriods() && place.firstPeriod == place.lastPeriod;
-    node.type = oneLine && !place.HasPeriods() ? MacroNodeType::TableLine
-                : oneLine && onePeriod         ? MacroNodeType::TableElement
-                                               : MacroNodeType::TableArea;
-    node.value = grid.ReferenceOf(place);
-    node.name = grid.CaptionsOf(place);
-    node.text = grid.TextOf(place);
+    const bool oneLine = range.firstLine == range.lastLine;
+    const bool onePeriod = range.HasPeriods() && range.firstPeriod == range.lastPeriod;
+    const bool isArea = asArea || !oneLine || (range.HasPeriods() && !onePeriod);
+    node.type = isArea               ? MacroNodeType::TableArea
+                : range.HasPeriods() ? MacroNodeType::TableElement
+                                     : MacroNodeType::TableLine;
+    node.value = grid.ReferenceOf(range, isArea);
+    node.name = grid.CaptionsOf(range, isArea);
+    node.text = grid.TextOf(range);
     return node;
 }
 
@@ -118,14 +119,14 @@ bool MacroEditor::AddSelection() {
                 : grid.PeriodCaption(periods.front()) + CaptionMark + grid.PeriodCaption(periods.back());
         return AddPeriods(one ? first : first + RangeMark + last, names);
     }
-    MacroPlace place;
-    place.firstLine = lines.front();
-    place.lastLine = lines.back();
+    MacroRange range;
+    range.firstLine = lines.front();
+    range.lastLine = lines.back();
     if (!onlyLines) {
-        place.firstPeriod = periods.front();
-        place.lastPeriod = periods.back();
+        range.firstPeriod = periods.front();
+        range.lastPeriod = periods.back();
     }
-    return Add(NodeOf(grid, place));
+    return Add(NodeOf(grid, range));
 }
 
 /// The macro has one element that says its periods.
@@ -215,23 +216,23 @@ std::optional<NewMacroNode> MacroEditor::NodeFromText(const std::string& text) c
     }
     const MacroGrid grid(parts_.grid);
     std::string missing;
-    std::optional<MacroPlace> place = grid.Resolve(text, {}, missing);
-    if (const std::optional<int> line = LineCalled(grid, text); !place && line) {
-        place.emplace();
-        place->firstLine = place->lastLine = *line;
+    std::optional<MacroRange> range = grid.Resolve(text, {}, missing);
+    if (const std::optional<int> line = LineCalled(grid, text); !range && line) {
+        range.emplace();
+        range->firstLine = range->lastLine = *line;
     }
     // "Retail trade, Jan 06": the last comma divides them.
     const std::size_t comma = text.rfind(',');
-    if (!place && comma != std::string::npos) {
+    if (!range && comma != std::string::npos) {
         const std::optional<int> line = LineCalled(grid, Trimmed(std::string_view(text).substr(0, comma)));
         const std::optional<int> period = grid.FindPeriod({}, Trimmed(std::string_view(text).substr(comma + 1)));
         if (line && period) {
-            place.emplace();
-            place->firstLine = place->lastLine = *line;
-            place->firstPeriod = place->lastPeriod = *period;
+            range.emplace();
+            range->firstLine = range->lastLine = *line;
+            range->firstPeriod = range->lastPeriod = *period;
         }
     }
-    return place ? std::optional(NodeOf(grid, *place)) : std::nullopt;
+    return range ? std::optional(NodeOf(grid, *range)) : std::nullopt;
 }
 
 /// True when the text has become an element; it is empty then.
@@ -373,33 +374,22 @@ bool MacroEditor::AddPlaceOf(ToolbarButton button) {
         Say("Select a line, a cell or a block of cells in the grid first.");
         return false;
     }
-    MacroPlace place;
-    place.firstLine = lines.front();
-    place.lastLine = button == ToolbarButton::TabArea ? lines.back() : lines.front();
+    MacroRange range;
+    range.firstLine = lines.front();
+    range.lastLine = button == ToolbarButton::TabArea ? lines.back() : lines.front();
     const GridSelection& selection = parts_.grid.Selection();
     if (button == ToolbarButton::TabElement) {
         const std::optional<Cell> current = parts_.grid.CurrentCell();
         const std::optional<int> line = current ? grid.FindLine(parts_.grid.Row(current->row).key, {}) : std::nullopt;
         const std::optional<int> period =
             current ? grid.FindPeriod(parts_.grid.Column(current->column).key, {}) : std::nullopt;
-        place.firstLine = place.lastLine = line.value_or(lines.front());
-        place.firstPeriod = place.lastPeriod = period.value_or(periods.front());
+        range.firstLine = range.lastLine = line.value_or(lines.front());
+        range.firstPeriod = range.lastPeriod = period.value_or(periods.front());
     } else if (button == ToolbarButton::TabArea && !selection.HasWholeRows()) {
-        place.firstPeriod = periods.front();
-        place.lastPeriod = periods.back();
+        range.firstPeriod = periods.front();
+        range.lastPeriod = periods.back();
     }
-    NewMacroNode node = NodeOf(grid, place);
-    if (button == ToolbarButton::TabArea && node.type != MacroNodeType::TableArea) {
-        node.type = MacroNodeType::TableArea;
-        node.value = grid.LineKey(place.firstLine) + RangeMark + grid.LineKey(place.lastLine);
-        node.name = grid.LineCaption(place.firstLine) + CaptionMark + grid.LineCaption(place.lastLine);
-        if (place.HasPeriods()) {
-            node.value += AxisMark + grid.PeriodKey(place.firstPeriod) + RangeMark + grid.PeriodKey(place.lastPeriod);
-            node.name += CaptionMark + grid.PeriodCaption(place.firstPeriod) + CaptionMark +
-                         grid.PeriodCaption(place.lastPeriod);
-        }
-    }
-    return Add(node);
+    return Add(NodeOf(grid, range, button == ToolbarButton::TabArea));
 }
 
 std::string MacroEditor::Ask(const std::string& caption, std::vector<PopupEntry> entries) {

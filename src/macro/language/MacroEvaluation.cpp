@@ -3,7 +3,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <string>
+
+#include "macro/language/MacroFault.h"
 
 namespace planview {
 
@@ -11,6 +14,13 @@ namespace {
 
 using Values = MacroEvaluation::Values;
 using Mask = MacroEvaluation::Mask;
+using Kind = MacroValueKind;
+
+constexpr MacroValue NoValue{0, Kind::None};
+
+constexpr MacroValue Number(double number) noexcept {
+    return {number, Kind::Number};
+}
 
 constexpr double Holds = 1;
 constexpr double Fails = 0;
@@ -35,56 +45,56 @@ double Compared(MacroOperation operation, double left, double right) noexcept {
     }
 }
 
+}  // namespace
+
 double Rounded(double value, int decimals) noexcept {
     constexpr double Exact = 9007199254740992.0;  // beyond it a double has no decimals
     const double scale = std::pow(10.0, decimals);
     return std::abs(value) * scale < Exact ? std::round(value * scale) / scale : value;
 }
 
-}  // namespace
-
 /// What SUM, MIN, MAX or AVERAGE have gathered, for each period.
 struct MacroEvaluation::Folding {
     Folding(MacroOperation how, std::size_t count)
-        : operation(how), result(count, 0), counts(count, 0), outside(count, 0) {}
+        : operation(how), result(count, Number(0)), counts(count, 0), outside(count, 0) {}
 
-    void Take(std::size_t place, double value) {
-        if (std::isnan(value)) {
-            outside[place] = outside[place] != 0 || !IsEmptyCell(value) ? 1 : 0;
+    void Take(std::size_t index, MacroValue value) {
+        if (!value.IsNumber()) {
+            outside[index] = outside[index] != 0 || value.kind != Kind::Empty ? 1 : 0;
             return;
         }
-        double& now = result[place];
-        const bool isFirst = counts[place]++ == 0;
+        double& now = result.numbers[index];
+        const bool isFirst = counts[index]++ == 0;
         switch (operation) {
             case MacroOperation::Minimum:
-                now = isFirst ? value : std::min(now, value);
+                now = isFirst ? value.number : std::min(now, value.number);
                 break;
             case MacroOperation::Maximum:
-                now = isFirst ? value : std::max(now, value);
+                now = isFirst ? value.number : std::max(now, value.number);
                 break;
             default:
-                now += value;
+                now += value.number;
         }
     }
 
     /// Takes what another one has gathered over all of its periods into each of these.
     void TakeAll(const Folding& other) {
-        for (std::size_t i = 0; i < result.size(); ++i) {
+        for (std::size_t i = 0; i < counts.size(); ++i) {
             const int before = counts[i];
             if (other.counts[0] > 0) {
-                Take(i, other.result[0]);
+                Take(i, other.result.At(0));
                 counts[i] = before + other.counts[0];
             }
         }
     }
 
     void Finish() {
-        for (std::size_t i = 0; i < result.size(); ++i) {
+        for (std::size_t i = 0; i < counts.size(); ++i) {
             if (counts[i] == 0) {
                 // Empty cells add up to 0.
-                result[i] = operation == MacroOperation::Sum && outside[i] == 0 ? 0 : NoValue();
+                result.Set(i, operation == MacroOperation::Sum && outside[i] == 0 ? Number(0) : NoValue);
             } else if (operation == MacroOperation::Average) {
-                result[i] /= counts[i];
+                result.numbers[i] /= counts[i];
             }
         }
     }
@@ -99,7 +109,7 @@ Values MacroEvaluation::Of(const MacroExpression& expression, const Frame& frame
     using Operation = MacroOperation;
     switch (expression.operation) {
         case Operation::Constant:
-            return Values(frame.periods.size(), expression.number);
+            return {frame.periods.size(), Number(expression.number)};
         case Operation::Line:
         case Operation::Element:
         case Operation::Area:
@@ -138,35 +148,32 @@ Values MacroEvaluation::Of(const MacroExpression& expression, const Frame& frame
     return OneArgument(expression, frame, mask);
 }
 
-double MacroEvaluation::Taken(double value, bool keepEmpty, int line, int period, int node) const {
-    if (!std::isnan(value)) {
-        return value;
-    }
-    if (IsTextCell(value)) {
-        throw MacroFault(node, places_.CellCaption(line, period) + " holds a text, not a number.",
+MacroValue MacroEvaluation::Taken(MacroValue value, bool keepEmpty, int line, int period, int node) const {
+    if (value.kind == Kind::Text) {
+        throw MacroFault(node, table_.CellCaption(line, period) + " holds a text, not a number.",
                          "Enter a number there, or leave it empty.");
     }
-    return IsEmptyCell(value) ? (keepEmpty ? value : 0) : NoValue();
+    return value.kind == Kind::Empty && !keepEmpty ? Number(0) : value;
 }
 
-const MacroSheet::Line& MacroEvaluation::LineOf(const MacroExpression& operand, int line, const Frame& frame) {
-    const bool onGrid = operand.operation <= MacroOperation::Area;
-    const MacroSheet::Line& values = onGrid ? sheet_.GridLine(line) : sheet_.OwnLine(line);
+const MacroValues& MacroEvaluation::LineOf(const MacroExpression& operand, int line, const Frame& frame) {
+    const MacroValues& values = IsOfTable(operand.operation) ? sheet_.TableLine(line) : sheet_.OwnLine(line);
     return &values == frame.own && !operand.live ? *frame.before : values;
 }
 
 Values MacroEvaluation::FromLine(const MacroExpression& operand, int line, const Frame& frame, const Mask& mask) {
-    const MacroSheet::Line& values = LineOf(operand, line, frame);
-    const int count = places_.PeriodCount();
-    const bool byPlace = operand.place.HasPeriods() && operand.operation == MacroOperation::Area;
+    const MacroValues& values = LineOf(operand, line, frame);
+    const int count = table_.PeriodCount();
+    const bool ofItsPeriods = operand.range.HasPeriods() && operand.operation == MacroOperation::Area;
     const std::size_t size = frame.periods.size();
-    Values result(size, NoValue());
+    Values result(size, NoValue);
     for (std::size_t i = 0; i < size; ++i) {
         const int base =
-            byPlace ? operand.place.firstPeriod + frame.firstPlace + static_cast<int>(i) : frame.periods[i];
+            ofItsPeriods ? operand.range.firstPeriod + frame.firstIndex + static_cast<int>(i) : frame.periods[i];
         const int period = base + frame.shift;
         if (mask[i] != 0 && period >= 0 && period < count) {
-            result[i] = Taken(values[static_cast<std::size_t>(period)], frame.keepEmpty, line, period, operand.node);
+            const MacroValue value = values.At(static_cast<std::size_t>(period));
+            result.Set(i, value.IsNumber() ? value : Taken(value, frame.keepEmpty, line, period, operand.node));
         }
     }
     return result;
@@ -174,18 +181,27 @@ Values MacroEvaluation::FromLine(const MacroExpression& operand, int line, const
 
 Values MacroEvaluation::Operand(const MacroExpression& operand, const Frame& frame, const Mask& mask) {
     if (operand.operation == MacroOperation::OwnElement) {
-        const double value = sheet_.OwnElement(operand.lines.front());
-        return Values(frame.periods.size(), Taken(value, frame.keepEmpty, 0, 0, operand.node));
+        const MacroValue value = sheet_.OwnElement(operand.lines.front());
+        return {frame.periods.size(), Taken(value, frame.keepEmpty, 0, 0, operand.node)};
     }
     if (operand.operation == MacroOperation::Element) {
-        const int period = operand.place.firstPeriod;
-        const double value = LineOf(operand, operand.lines.front(), frame)[static_cast<std::size_t>(period)];
+        const int line = operand.lines.front();
+        const int period = operand.range.firstPeriod;
+        const MacroValue value = LineOf(operand, line, frame).At(static_cast<std::size_t>(period));
         const bool needed = std::find(mask.begin(), mask.end(), std::uint8_t{1}) != mask.end();
-        return Values(frame.periods.size(),
-                      needed ? Taken(value, frame.keepEmpty, operand.lines.front(), period, operand.node) : 0);
+        return {frame.periods.size(), needed ? Taken(value, frame.keepEmpty, line, period, operand.node) : Number(0)};
     }
-    const auto place = static_cast<std::size_t>(operand.lines.size() == 1 ? 0 : frame.line);
-    return FromLine(operand, operand.lines[place], frame, mask);
+    const auto index = static_cast<std::size_t>(operand.lines.size() == 1 ? 0 : frame.line);
+    return FromLine(operand, operand.lines[index], frame, mask);
+}
+
+void MacroEvaluation::CheckSize(const MacroExpression& expression, const Frame& frame, const Values& values,
+                                const Mask& mask) const {
+    for (std::size_t i = 0; i < values.Size(); ++i) {
+        if (std::isinf(values.numbers[i]) && values.IsNumber(i) && mask[i] != 0) {
+            Fail(expression, frame, i, TooLarge);
+        }
+    }
 }
 
 Values MacroEvaluation::Arithmetic(const MacroExpression& expression, const Frame& frame, const Mask& mask) {
@@ -193,36 +209,35 @@ Values MacroEvaluation::Arithmetic(const MacroExpression& expression, const Fram
     plain.keepEmpty = false;
     Values left = Of(expression.arguments[0], plain, mask);
     const Values right = Of(expression.arguments[1], plain, mask);
-    const std::size_t size = left.size();
+    std::vector<double>& results = left.numbers;
+    const std::vector<double>& others = right.numbers;
+    for (std::size_t i = 0; i < left.Size(); ++i) {
+        left.kinds[i] = right.IsNumber(i) ? left.kinds[i] : Kind::None;
+    }
     switch (expression.operation) {
         case MacroOperation::Add:
-            std::transform(left.begin(), left.end(), right.begin(), left.begin(), std::plus<>());
+            std::transform(results.begin(), results.end(), others.begin(), results.begin(), std::plus<>());
             break;
         case MacroOperation::Subtract:
-            std::transform(left.begin(), left.end(), right.begin(), left.begin(), std::minus<>());
+            std::transform(results.begin(), results.end(), others.begin(), results.begin(), std::minus<>());
             break;
         case MacroOperation::Multiply:
-            std::transform(left.begin(), left.end(), right.begin(), left.begin(), std::multiplies<>());
+            std::transform(results.begin(), results.end(), others.begin(), results.begin(), std::multiplies<>());
             break;
         case MacroOperation::Divide:
-            for (std::size_t i = 0; i < size; ++i) {
-                if (right[i] == 0 && mask[i] != 0 && !std::isnan(left[i])) {
+            for (std::size_t i = 0; i < left.Size(); ++i) {
+                if (others[i] == 0 && mask[i] != 0 && left.IsNumber(i)) {
                     Fail(expression, frame, i, DivisionByZero);
                 }
-                left[i] /= right[i];
+                results[i] /= others[i];
             }
             break;
         default:
-            for (std::size_t i = 0; i < size; ++i) {
-                const bool known = !std::isnan(left[i]) && !std::isnan(right[i]);
-                left[i] = known ? Compared(expression.operation, left[i], right[i]) : NoValue();
+            for (std::size_t i = 0; i < left.Size(); ++i) {
+                results[i] = Compared(expression.operation, results[i], others[i]);
             }
     }
-    for (std::size_t i = 0; i < size; ++i) {
-        if (std::isinf(left[i]) && mask[i] != 0) {
-            Fail(expression, frame, i, TooLarge);
-        }
-    }
+    CheckSize(expression, frame, left, mask);
     return left;
 }
 
@@ -230,13 +245,13 @@ Values MacroEvaluation::Logic(const MacroExpression& expression, const Frame& fr
     const double decided = expression.operation == MacroOperation::And ? Fails : Holds;
     Values left = Of(expression.arguments[0], frame, mask);
     Mask open = mask;
-    for (std::size_t i = 0; i < left.size(); ++i) {
-        open[i] = mask[i] != 0 && left[i] != decided ? 1 : 0;
+    for (std::size_t i = 0; i < left.Size(); ++i) {
+        open[i] = mask[i] != 0 && !left.At(i).Is(decided) ? 1 : 0;
     }
     const Values right = Of(expression.arguments[1], frame, open);
-    for (std::size_t i = 0; i < left.size(); ++i) {
-        if (left[i] != decided && (!std::isnan(left[i]) || right[i] == decided)) {
-            left[i] = right[i];
+    for (std::size_t i = 0; i < left.Size(); ++i) {
+        if (!left.At(i).Is(decided) && (left.IsNumber(i) || right.At(i).Is(decided))) {
+            left.Set(i, right.At(i));
         }
     }
     return left;
@@ -248,15 +263,15 @@ Values MacroEvaluation::Choice(const MacroExpression& expression, const Frame& f
     const Values test = Of(expression.arguments[0], plain, mask);
     Mask first = mask;
     Mask second = mask;
-    for (std::size_t i = 0; i < test.size(); ++i) {
-        first[i] = mask[i] != 0 && test[i] == Holds ? 1 : 0;
-        second[i] = mask[i] != 0 && test[i] == Fails ? 1 : 0;
+    for (std::size_t i = 0; i < test.Size(); ++i) {
+        first[i] = mask[i] != 0 && test.At(i).Is(Holds) ? 1 : 0;
+        second[i] = mask[i] != 0 && test.At(i).Is(Fails) ? 1 : 0;
     }
     Values result = Of(expression.arguments[1], plain, first);
     const Values otherwise = Of(expression.arguments[2], plain, second);
-    for (std::size_t i = 0; i < test.size(); ++i) {
+    for (std::size_t i = 0; i < test.Size(); ++i) {
         if (first[i] == 0) {
-            result[i] = second[i] != 0 ? otherwise[i] : NoValue();
+            result.Set(i, second[i] != 0 ? otherwise.At(i) : NoValue);
         }
     }
     return result;
@@ -270,7 +285,7 @@ Values MacroEvaluation::OneArgument(const MacroExpression& expression, const Fra
         inner.keepEmpty = false;
     }
     Values values = Of(expression.arguments[0], inner, mask);
-    for (double& value : values) {
+    for (double& value : values.numbers) {
         switch (expression.operation) {
             case MacroOperation::Negate:
                 value = -value;
@@ -294,11 +309,7 @@ Values MacroEvaluation::Fold(const MacroExpression& expression, const Frame& fra
         FoldIn(folding, argument, frame, mask);
     }
     folding.Finish();
-    for (std::size_t i = 0; i < folding.result.size(); ++i) {
-        if (std::isinf(folding.result[i]) && mask[i] != 0) {
-            Fail(expression, frame, i, TooLarge);
-        }
-    }
+    CheckSize(expression, frame, folding.result, mask);
     return std::move(folding.result);
 }
 
@@ -322,15 +333,15 @@ void MacroEvaluation::FoldIn(Folding& folding, const MacroExpression& argument, 
     Frame inner = frame;
     inner.keepEmpty = true;
     const int lines = LineCountOf(argument);
-    const bool allItsCells = argument.operation == MacroOperation::Area && argument.place.HasPeriods();
+    const bool allItsCells = argument.operation == MacroOperation::Area && argument.range.HasPeriods();
     const bool gathered = allItsCells || (frame.oneValue && argument.perPeriod);
     std::vector<int> itsPeriods;
     if (allItsCells) {
-        for (int period = argument.place.firstPeriod; period <= argument.place.lastPeriod; ++period) {
+        for (int period = argument.range.firstPeriod; period <= argument.range.lastPeriod; ++period) {
             itsPeriods.push_back(period);
         }
         inner.shift = 0;
-        inner.firstPlace = 0;
+        inner.firstIndex = 0;
     }
     if (gathered) {
         inner.periods = allItsCells ? std::span<const int>(itsPeriods) : std::span<const int>(chosen_);
@@ -344,22 +355,22 @@ void MacroEvaluation::FoldIn(Folding& folding, const MacroExpression& argument, 
     for (int line = 0; line < lines; ++line) {
         inner.line = line;
         const Values values = Of(argument, inner, gathered ? everywhere : mask);
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            gathered ? all.Take(0, values[i]) : folding.Take(i, values[i]);
+        for (std::size_t i = 0; i < values.Size(); ++i) {
+            gathered ? all.Take(0, values.At(i)) : folding.Take(i, values.At(i));
         }
     }
     folding.TakeAll(all);
 }
 
-void MacroEvaluation::Fail(const MacroExpression& expression, const Frame& frame, std::size_t place,
+void MacroEvaluation::Fail(const MacroExpression& expression, const Frame& frame, std::size_t index,
                            const char* what) const {
     std::string where;
     if (frame.statementLine >= 0) {
-        where = places_.LineCaption(frame.statementLine);
+        where = table_.LineCaption(frame.statementLine);
     }
     if (!frame.oneValue) {
-        const int period = std::clamp(frame.periods[place] + frame.shift, 0, places_.PeriodCount() - 1);
-        where += (where.empty() ? "" : ", ") + places_.PeriodCaption(period);
+        const int period = std::clamp(frame.periods[index] + frame.shift, 0, table_.PeriodCount() - 1);
+        where += (where.empty() ? "" : ", ") + table_.PeriodCaption(period);
     }
     throw MacroFault(expression.node, std::string(what) + (where.empty() ? "." : " in " + where + "."),
                      "Change the values, or leave such periods out by a condition.");

@@ -5,10 +5,13 @@
 #include <span>
 #include <vector>
 
-#include "macro/language/MacroProgram.h"
+#include "macro/language/MacroExpression.h"
 #include "macro/language/MacroSheet.h"
 
 namespace planview {
+
+/// As ROUND does: half away from zero. A number too large to have decimals stays as it is.
+[[nodiscard]] double Rounded(double value, int decimals) noexcept;
 
 /// Evaluates one expression over many periods at once.
 ///
@@ -17,25 +20,25 @@ namespace planview {
 /// IF, AND and OR evaluate their later arguments only where the first one leaves it open.
 class MacroEvaluation {
 public:
-    using Values = std::vector<double>;
+    using Values = MacroValues;
     using Mask = std::vector<std::uint8_t>;  ///< where a value is needed; elsewhere it may be anything
 
     /// What an evaluation is for.
     struct Frame {
         std::span<const int> periods;
-        int firstPlace = 0;     ///< of the first of them among the statement's periods, 0-based
+        int firstIndex = 0;     ///< of the first of them among the statement's periods
         int shift = 0;          ///< periods to be added to each
         int line = 0;           ///< 0-based, where areas are taken line by line
-        bool oneValue = false;  ///< there is no period at hand; `periods` has one place all the same
+        bool oneValue = false;  ///< there is no period at hand; `periods` has one item all the same
         bool keepEmpty = false;
         /// The statement's own line, and what it held before the statement.
-        const MacroSheet::Line* own = nullptr;
-        const MacroSheet::Line* before = nullptr;
-        int statementLine = -1;  ///< of the grid, to name it in an error
+        const MacroValues* own = nullptr;
+        const MacroValues* before = nullptr;
+        int statementLine = -1;  ///< of the table, to name it in an error
     };
 
-    MacroEvaluation(MacroSheet& sheet, const MacroGrid& places, const std::vector<int>& chosenPeriods)
-        : sheet_(sheet), places_(places), chosen_(chosenPeriods) {}
+    MacroEvaluation(MacroSheet& sheet, const PlanningTable& table, const std::vector<int>& chosenPeriods)
+        : sheet_(sheet), table_(table), chosen_(chosenPeriods) {}
 
     /// As many values as the frame has periods. Throws MacroFault: division by zero, a number too large, a cell that
     /// holds a text.
@@ -52,13 +55,15 @@ private:
     struct Folding;
     void FoldIn(Folding& folding, const MacroExpression& argument, const Frame& frame, const Mask& mask);
 
-    [[nodiscard]] const MacroSheet::Line& LineOf(const MacroExpression& operand, int line, const Frame& frame);
-    [[nodiscard]] double Taken(double value, bool keepEmpty, int line, int period, int node) const;
-    [[noreturn]] void Fail(const MacroExpression& expression, const Frame& frame, std::size_t place,
+    [[nodiscard]] const MacroValues& LineOf(const MacroExpression& operand, int line, const Frame& frame);
+    [[nodiscard]] MacroValue Taken(MacroValue value, bool keepEmpty, int line, int period, int node) const;
+    /// Throws MacroFault where a number that is needed is none any more.
+    void CheckSize(const MacroExpression& expression, const Frame& frame, const Values& values, const Mask& mask) const;
+    [[noreturn]] void Fail(const MacroExpression& expression, const Frame& frame, std::size_t index,
                            const char* what) const;
 
     MacroSheet& sheet_;
-    const MacroGrid& places_;
+    const PlanningTable& table_;
     const std::vector<int>& chosen_;
 };
 

@@ -8,15 +8,15 @@
 
 #include <planview/Export.h>
 
-#include "macro/language/MacroGrid.h"
+#include "macro/language/PlanningTable.h"
 
 namespace planview {
 
 enum class MacroOperation : std::uint8_t {
     // Operands
     Constant,
-    Line,        ///< one line of the grid, in the period at hand
-    Element,     ///< one cell of the grid
+    Line,        ///< one line of the table, in the period at hand
+    Element,     ///< one cell of the table
     Area,        ///< some lines, in the period at hand or in periods of their own
     OwnLine,     ///< as Line, of the macro's own
     OwnElement,  ///< one value of the macro's own
@@ -47,14 +47,22 @@ enum class MacroOperation : std::uint8_t {
     Round
 };
 
+/// Whether an operand is of the table, not of the macro's own.
+[[nodiscard]] constexpr bool IsOfTable(MacroOperation operand) noexcept {
+    return operand >= MacroOperation::Line && operand <= MacroOperation::Area;
+}
+
+/// ROUND, and what a macro writes, have at most so many decimals.
+inline constexpr double MostDecimals = 15;
+
 /// A part of a statement's right side, or of a condition, that can be evaluated.
 struct MacroExpression {
     MacroOperation operation = MacroOperation::Constant;
     double number = 0;  ///< of a Constant; periods of a Shift; decimals of a Round
-    MacroPlace place;   ///< of an Element its cell; of an Area its periods
-    /// Of lines and areas: which lines of the grid, or of the macro's own; of an OwnElement: which element.
+    MacroRange range;   ///< of an Element its cell; of an Area its periods
+    /// Of lines and areas: which lines of the table, or of the macro's own; of an OwnElement: which element.
     std::vector<int> lines;
-    int node = -1;           ///< in the outline, to name it
+    int node = -1;           ///< the token that faults name
     int depth = 1;           ///< of the tree below it
     bool perPeriod = false;  ///< has a value for each period
     /// A shifted operand: reads what the statement has given its own line already.

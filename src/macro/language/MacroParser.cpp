@@ -6,15 +6,17 @@
 
 #include "automation/Numbers.h"
 #include "automation/Texts.h"
+#include "macro/language/MacroFault.h"
 
 namespace planview {
 
 namespace {
 
+using Kind = MacroToken::Kind;
+
 constexpr int DeepestExpression = 200;
 constexpr int WeakestOperator = 1;
 constexpr double MostPeriods = 32767;
-constexpr double MostDecimals = 15;
 
 constexpr const char* SplitIt = "Split it into several statements.";
 
@@ -23,7 +25,7 @@ class Parser {
 public:
     /// `nesting`: how deep the parser has called itself already.
     Parser(const MacroScope& scope, int parent, int nesting)
-        : scope_(scope), parent_(parent), tokens_(scope.outline.ActiveChildren(parent)), nesting_(nesting) {}
+        : scope_(scope), parent_(parent), tokens_(scope.tokens.Inside(parent)), nesting_(nesting) {}
 
     MacroExpression Whole() {
         MacroExpression whole = Expression(WeakestOperator);
@@ -53,30 +55,28 @@ public:
 private:
     [[nodiscard]] bool AtEnd() const noexcept { return next_ == tokens_.size(); }
     [[nodiscard]] int Token() const { return tokens_[next_]; }
-    [[nodiscard]] const MacroNode& Node() const { return scope_.outline.At(Token()); }
-    [[nodiscard]] bool Is(std::string_view value) const {
-        return !AtEnd() && Node().type == MacroNodeType::Operator && Node().value == value;
-    }
+    [[nodiscard]] MacroToken Next() const { return scope_.tokens.At(Token()); }
+    [[nodiscard]] bool Is(std::string_view value) const { return !AtEnd() && Next().Is(value); }
 
     [[noreturn]] void Unexpected() const {
-        const MacroNode& node = Node();
-        if (node.type != MacroNodeType::Operator) {
+        const MacroToken token = Next();
+        if (token.kind != Kind::Operator) {
             throw MacroFault(Token(), "An operator is missing before it.", "Put one of + - * / in front of it.");
         }
-        if (node.value == ")") {
+        if (token.value == ")") {
             throw MacroFault(Token(), "No bracket is open that it could close.", "Delete it, or add \"(\" before.");
         }
-        if (node.value == ";") {
+        if (token.value == ";") {
             throw MacroFault(Token(), "It stands between the arguments of a function only.", "Delete it.");
         }
-        throw MacroFault(Token(), "There is no operator \"" + node.value + "\".", "Choose another one.");
+        throw MacroFault(Token(), "There is no operator \"" + std::string(token.value) + "\".", "Choose another one.");
     }
 
     MacroExpression Expression(int least) {
         const Nesting nesting(*this);
         MacroExpression left = Unary();
-        while (!AtEnd() && Node().type == MacroNodeType::Operator) {
-            const MacroOperatorName* name = FindMacroOperator(Node().value);
+        while (!AtEnd() && Next().kind == Kind::Operator) {
+            const MacroOperatorName* name = FindMacroOperator(Next().value);
             if (!name || name->strength < least) {
                 break;
             }
@@ -120,8 +120,8 @@ private:
             ++next_;
             return inner;
         }
-        if (Node().type == MacroNodeType::Operator) {
-            const bool known = FindMacroOperator(Node().value) || Node().value == ")" || Node().value == ";";
+        if (Next().kind == Kind::Operator) {
+            const bool known = FindMacroOperator(Next().value) || Next().value == ")" || Next().value == ";";
             throw MacroFault(Token(), known ? "Something is missing in front of it." : "There is no such operator.",
                              known ? "Add a line, a cell or a number." : "Choose another one.");
         }
@@ -131,50 +131,50 @@ private:
     }
 
     MacroExpression Operand(int node) {
-        const MacroNode& read = scope_.outline.At(node);
-        if (IsPlaceType(read.type)) {
-            return Place(node, read.type);
+        const MacroToken read = scope_.tokens.At(node);
+        if (read.IsOperand()) {
+            return Named(node, read.kind);
         }
-        if (read.type == MacroNodeType::Constant) {
+        if (read.kind == Kind::Constant) {
             MacroExpression constant = Made(MacroOperation::Constant, node);
             const std::optional<double> number = TryParseNumber(read.value);
             if (!number) {
-                throw MacroFault(node, "\"" + read.value + "\" is not a number.",
+                throw MacroFault(node, "\"" + std::string(read.value) + "\" is not a number.",
                                  "Enter digits with a point or a comma.");
             }
             constant.number = *number;
             return constant;
         }
-        if (read.type == MacroNodeType::Function) {
+        if (read.kind == Kind::Function) {
             return Function(node);
         }
         throw MacroFault(node, "It cannot stand in an expression.", "Delete it, or move it out.");
     }
 
-    MacroExpression Place(int node, MacroNodeType type) {
-        switch (type) {
-            case MacroNodeType::TableLine:
-                return GridLines(MacroOperation::Line, node);
-            case MacroNodeType::TableArea:
-                return GridLines(MacroOperation::Area, node);
-            case MacroNodeType::TableElement: {
-                MacroExpression element = GridLines(MacroOperation::Element, node);
+    MacroExpression Named(int node, Kind kind) {
+        switch (kind) {
+            case Kind::Line:
+                return TableLines(MacroOperation::Line, node);
+            case Kind::Area:
+                return TableLines(MacroOperation::Area, node);
+            case Kind::Element: {
+                MacroExpression element = TableLines(MacroOperation::Element, node);
                 element.perPeriod = false;
                 return element;
             }
-            case MacroNodeType::OwnLine:
+            case Kind::OwnLine:
                 return Own(MacroOperation::OwnLine, node, scope_.ownLines);
-            case MacroNodeType::OwnArea:
+            case Kind::OwnArea:
                 return Own(MacroOperation::OwnArea, node, scope_.ownAreas);
             default:
                 return OwnElement(node);
         }
     }
 
-    MacroExpression GridLines(MacroOperation operation, int node) {
+    MacroExpression TableLines(MacroOperation operation, int node) {
         MacroExpression made = Made(operation, node);
-        made.place = scope_.PlaceOf(node);
-        made.lines = scope_.LinesOf(node, made.place);
+        made.range = scope_.RangeOf(node);
+        made.lines = scope_.LinesOf(node, made.range);
         made.perPeriod = true;
         return made;
     }
@@ -207,9 +207,9 @@ private:
     }
 
     MacroExpression Function(int node) {
-        const MacroFunctionName* name = FindMacroFunction(scope_.outline.At(node).value);
+        const MacroFunctionName* name = FindMacroFunction(scope_.tokens.At(node).value);
         if (!name) {
-            throw MacroFault(node, "There is no function \"" + scope_.outline.At(node).value + "\".",
+            throw MacroFault(node, "There is no function \"" + std::string(scope_.tokens.At(node).value) + "\".",
                              "Choose another one.");
         }
         if (nesting_ >= DeepestExpression) {
@@ -328,52 +328,53 @@ private:
 
 }  // namespace
 
-MacroPlace MacroScope::PlaceOf(int node) const {
-    const MacroNode& read = outline.At(node);
-    if (read.type == MacroNodeType::TableLine && read.value == SelectedPlace) {
+MacroRange MacroScope::RangeOf(int token) const {
+    const MacroToken read = tokens.At(token);
+    if (read.kind == Kind::Line && read.value == SelectedPlace) {
         if (!selectedLine) {
-            throw MacroFault(node, "No line of the grid is selected.", "Select one, then run the macro.");
+            throw MacroFault(token, "No line of the grid is selected.", "Select one, then run the macro.");
         }
-        MacroPlace place;
-        place.firstLine = place.lastLine = *selectedLine;
-        return place;
+        MacroRange range;
+        range.firstLine = range.lastLine = *selectedLine;
+        return range;
     }
     std::string missing;
-    const std::optional<MacroPlace> place = places.Resolve(read.value, read.name, missing);
-    if (!place) {
-        throw MacroFault(node, read.value.empty() ? "It names nothing yet." : "The grid has no \"" + missing + "\".",
+    const std::optional<MacroRange> range = table.Resolve(read.value, read.captions, missing);
+    if (!range) {
+        throw MacroFault(token, read.value.empty() ? "It names nothing yet." : "The grid has no \"" + missing + "\".",
                          "Take it over from the grid again.");
     }
-    const bool oneLine = place->firstLine == place->lastLine;
-    const bool onePeriod = place->HasPeriods() && place->firstPeriod == place->lastPeriod;
-    if (read.type == MacroNodeType::TableLine && (!oneLine || place->HasPeriods())) {
-        throw MacroFault(node, "\"" + read.value + "\" is not one line.", "Take it over from the grid again.");
+    const bool oneLine = range->firstLine == range->lastLine;
+    const bool onePeriod = range->HasPeriods() && range->firstPeriod == range->lastPeriod;
+    const std::string named = "\"" + std::string(read.value) + "\"";
+    if (read.kind == Kind::Line && (!oneLine || range->HasPeriods())) {
+        throw MacroFault(token, named + " is not one line.", "Take it over from the grid again.");
     }
-    if (read.type == MacroNodeType::TableElement && (!oneLine || !onePeriod)) {
-        throw MacroFault(node, "\"" + read.value + "\" is not one cell.", "Take it over from the grid again.");
+    if (read.kind == Kind::Element && (!oneLine || !onePeriod)) {
+        throw MacroFault(token, named + " is not one cell.", "Take it over from the grid again.");
     }
-    return *place;
+    return *range;
 }
 
-std::vector<int> MacroScope::LinesOf(int node, const MacroPlace& place) const {
+std::vector<int> MacroScope::LinesOf(int token, const MacroRange& range) const {
     std::vector<int> lines;
-    for (int line = place.firstLine; line <= place.lastLine; ++line) {
-        if (!places.IsTextLine(line)) {
+    for (int line = range.firstLine; line <= range.lastLine; ++line) {
+        if (!table.IsTextLine(line)) {
             lines.push_back(line);
         }
     }
     if (lines.empty()) {
-        throw MacroFault(node, "It carries text and no values.", "Choose another line.");
+        throw MacroFault(token, "It carries text and no values.", "Choose another line.");
     }
     return lines;
 }
 
-const std::string& MacroScope::OwnNameOf(int node) const {
-    const std::string& name = outline.At(node).value;
+std::string MacroScope::OwnNameOf(int token) const {
+    const std::string_view name = tokens.At(token).value;
     if (name.empty()) {
-        throw MacroFault(node, "It has no name.", "Rename it.");
+        throw MacroFault(token, "It has no name.", "Rename it.");
     }
-    return name;
+    return std::string(name);
 }
 
 MacroExpression ParseNumberExpression(const MacroScope& scope, int parent) {

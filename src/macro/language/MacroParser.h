@@ -6,17 +6,17 @@
 #include <string>
 #include <vector>
 
-#include "macro/language/MacroProgram.h"
-#include "macro/tree/MacroOutline.h"
+#include "macro/language/MacroExpression.h"
+#include "macro/language/MacroTokens.h"
 
 namespace planview {
 
 /// What the names in a macro stand for, as far as its statements have been read.
 struct MacroScope {
-    MacroScope(const MacroOutline& nodes, const MacroGrid& grid) : outline(nodes), places(grid) {}
+    MacroScope(const MacroTokens& source, const PlanningTable& planning) : tokens(source), table(planning) {}
 
-    const MacroOutline& outline;
-    const MacroGrid& places;
+    const MacroTokens& tokens;
+    const PlanningTable& table;
     /// What "SELECTED" stands for.
     std::optional<int> selectedLine;
     /// The lines of the macro's own lines and areas, the numbers of its elements; by name.
@@ -24,15 +24,15 @@ struct MacroScope {
     std::map<std::string, std::vector<int>, std::less<>> ownAreas;
     std::map<std::string, int, std::less<>> ownElements;
 
-    /// What a table node names. Throws MacroFault.
-    [[nodiscard]] MacroPlace PlaceOf(int node) const;
+    /// What an operand of the table names. Throws MacroFault.
+    [[nodiscard]] MacroRange RangeOf(int token) const;
     /// Its lines without those that carry text. Throws MacroFault where none is left.
-    [[nodiscard]] std::vector<int> LinesOf(int node, const MacroPlace& place) const;
+    [[nodiscard]] std::vector<int> LinesOf(int token, const MacroRange& range) const;
     /// The name of an own line, element or area. Throws MacroFault where it has none.
-    [[nodiscard]] const std::string& OwnNameOf(int node) const;
+    [[nodiscard]] std::string OwnNameOf(int token) const;
 };
 
-/// Reads the active children of a node as one expression that is a number. Throws MacroFault.
+/// Reads what is inside a token as one expression that is a number. Throws MacroFault.
 [[nodiscard]] MacroExpression ParseNumberExpression(const MacroScope& scope, int parent);
 /// As one that holds or not.
 [[nodiscard]] MacroExpression ParseComparison(const MacroScope& scope, int parent);

@@ -2,14 +2,9 @@
 #pragma once
 
 #include <optional>
-#include <stdexcept>
-#include <string>
-#include <utility>
 #include <vector>
 
 #include "macro/language/MacroExpression.h"
-#include "macro/language/MacroProblem.h"
-#include "macro/tree/MacroNodes.h"
 
 namespace planview {
 
@@ -22,13 +17,13 @@ enum class MacroDirection {
 
 /// One statement of a macro: gives something its value, or decides.
 struct MacroStatement {
-    int node = -1;  ///< in the outline
+    int node = -1;  ///< the number by which faults name it
     bool isCondition = false;
 
     // Of one that gives a value
-    MacroNodeType target = MacroNodeType::TableLine;
-    std::vector<int> lines;    ///< of the grid or the macro's own; of an own element: its number
-    std::vector<int> periods;  ///< those it runs over; empty for an own element
+    MacroOperation target = MacroOperation::Line;  ///< one of the operands
+    std::vector<int> lines;                        ///< of the table or the macro's own; of an own element: its number
+    std::vector<int> periods;                      ///< those it runs over; empty for an own element
     MacroExpression value;
     MacroDirection direction = MacroDirection::Any;
 
@@ -39,23 +34,13 @@ struct MacroStatement {
     std::vector<MacroStatement> fails;
 };
 
-/// A macro that has been checked: lines and periods are 0-based places in the MacroGrid that it was checked against.
+/// A macro that has been checked: lines and periods are 0-based indexes in the table that it was checked against.
 struct MacroProgram {
     std::vector<int> periods;  ///< the chosen ones, in their order
     std::optional<int> decimals;
     std::vector<MacroStatement> statements;
     int ownLines = 0;
     int ownElements = 0;
-};
-
-/// Ends the check of one statement, or a run.
-class MacroFault : public std::runtime_error {
-public:
-    MacroFault(int faultyNode, const std::string& what, std::string whatNow)
-        : std::runtime_error(what), node(faultyNode), now(std::move(whatNow)) {}
-
-    int node;  ///< in the outline
-    std::string now;
 };
 
 }  // namespace planview

@@ -5,6 +5,8 @@
 #include <optional>
 #include <set>
 
+#include "macro/language/MacroFault.h"
+
 namespace planview {
 
 namespace {
@@ -54,8 +56,8 @@ private:
         MacroShape shape;
         const bool isArea = operand.operation == MacroOperation::Area || operand.operation == MacroOperation::OwnArea;
         shape.lines = isArea ? static_cast<int>(operand.lines.size()) : 1;
-        if (operand.operation == MacroOperation::Area && operand.place.HasPeriods()) {
-            shape.areaPeriods = operand.place.lastPeriod - operand.place.firstPeriod + 1;
+        if (operand.operation == MacroOperation::Area && operand.range.HasPeriods()) {
+            shape.areaPeriods = operand.range.lastPeriod - operand.range.firstPeriod + 1;
         }
         return shape;
     }
@@ -66,11 +68,11 @@ private:
 /// Whether the operand stands for the target's own line: line by line, or with any of its lines inside a function that
 /// makes one value of many.
 bool IsOwn(const MacroExpression& operand, const MacroStatement& statement, bool inFold) {
-    const bool onGrid = statement.target <= MacroNodeType::TableArea;
     const bool fits =
-        onGrid ? operand.operation == MacroOperation::Line || operand.operation == MacroOperation::Area
-               : operand.operation == MacroOperation::OwnLine || operand.operation == MacroOperation::OwnArea;
-    if (!fits || operand.place.HasPeriods()) {
+        IsOfTable(statement.target)
+            ? operand.operation == MacroOperation::Line || operand.operation == MacroOperation::Area
+            : operand.operation == MacroOperation::OwnLine || operand.operation == MacroOperation::OwnArea;
+    if (!fits || operand.range.HasPeriods()) {
         return false;
     }
     const std::vector<int>& read = operand.lines;
@@ -84,15 +86,15 @@ bool IsOwn(const MacroExpression& operand, const MacroStatement& statement, bool
     return first != read.end();
 }
 
-/// Where in an expression the walk stands.
-struct ReadPlace {
+/// Where in an expression the walk is.
+struct ReadContext {
     int shift = 0;  ///< periods
     bool inFold = false;
     bool directlyInFold = false;
 };
 
 /// Gathers by how many periods the statement reads its own line shifted.
-void FindOwnReads(MacroExpression& expression, const MacroStatement& statement, ReadPlace at, std::set<int>& shifts) {
+void FindOwnReads(MacroExpression& expression, const MacroStatement& statement, ReadContext at, std::set<int>& shifts) {
     if (expression.IsOperand()) {
         if (at.shift != 0 && !at.directlyInFold && IsOwn(expression, statement, at.inFold)) {
             expression.live = true;
@@ -121,7 +123,7 @@ std::optional<int> FirstReaching(const std::vector<int>& periods, int step) {
 }  // namespace
 
 MacroShape ShapeOfValue(const MacroStatement& statement, bool perPeriod) {
-    const bool oneValue = statement.target == MacroNodeType::OwnElement;
+    const bool oneValue = statement.target == MacroOperation::OwnElement;
     if (oneValue && perPeriod) {
         throw MacroFault(statement.node, "It has one value, but its condition decides for each period.",
                          "Move it out of the condition, or compare single values there.");
@@ -136,7 +138,7 @@ void CheckTestShape(const MacroExpression& test) {
     }
 }
 
-void FindDirection(MacroStatement& statement, const MacroGrid& places, const std::string& line) {
+void FindDirection(MacroStatement& statement, const PlanningTable& table, const std::string& line) {
     std::set<int> shifts;
     FindOwnReads(statement.value, statement, {}, shifts);
     std::optional<int> earlier;
@@ -149,7 +151,7 @@ void FindDirection(MacroStatement& statement, const MacroGrid& places, const std
     if (earlier && later) {
         throw MacroFault(statement.node,
                          line + " needs both its earlier and its later periods: a cycle, in " +
-                             places.PeriodCaption(*later) + " first.",
+                             table.PeriodCaption(*later) + " first.",
                          "Shift in one direction only, or put the shifted values into a line of the macro first.");
     }
     statement.direction = later ? MacroDirection::Backward : earlier ? MacroDirection::Forward : MacroDirection::Any;

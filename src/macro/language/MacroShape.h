@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
+
 #include "macro/language/MacroProgram.h"
 
 namespace planview {
@@ -20,6 +22,6 @@ void CheckTestShape(const MacroExpression& test);
 
 /// Finds out whether the statement reads its own line in other periods, and marks the operands that do. Throws
 /// MacroFault, with the line's name, for a line that needs both its earlier and its later periods.
-void FindDirection(MacroStatement& statement, const MacroGrid& places, const std::string& line);
+void FindDirection(MacroStatement& statement, const PlanningTable& table, const std::string& line);
 
 }  // namespace planview

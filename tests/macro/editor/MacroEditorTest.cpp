@@ -3,7 +3,7 @@
 #include <map>
 #include <random>
 
-#include "macro/language/MacroEngineFixture.h"
+#include "macro/run/MacroEngineFixture.h"
 #include "support/TreeText.h"
 
 namespace planview::test {

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "macro/language/MacroGrid.h"
+#include "macro/run/MacroGrid.h"
 
 #include <algorithm>
 #include <span>
 
+#include "automation/Numbers.h"
 #include "automation/Texts.h"
 #include "grid/CellCaption.h"
 #include "grid/SelectedCells.h"
@@ -12,12 +13,8 @@ namespace planview {
 
 namespace {
 
-std::string KeyRange(const std::string& first, const std::string& last, bool always) {
-    return first == last && !always ? first : first + RangeMark + last;
-}
-
-std::string CaptionRange(const std::string& first, const std::string& last) {
-    return first == last ? first : first + " to " + last;
+std::string Ends(const std::string& first, char mark, const std::string& last, bool asArea) {
+    return first == last && !asArea ? first : first + mark + last;
 }
 
 }  // namespace
@@ -31,7 +28,19 @@ MacroGrid::MacroGrid(const GridControl& grid)
 }
 
 std::string MacroGrid::CellCaption(int line, int period) const {
-    return planview::CellCaption(grid_, {periodIds_[Index(period)], lineIds_[Index(line)]});
+    return planview::CellCaption(grid_, CellAt(line, period));
+}
+
+MacroValues MacroGrid::ValuesOf(int line) const {
+    MacroValues values(periodIds_.size(), MacroValue());
+    for (std::size_t period = 0; period < periodIds_.size(); ++period) {
+        const std::string& text = grid_.Contents({periodIds_[period], lineIds_[Index(line)]});
+        if (!text.empty()) {
+            const std::optional<double> number = TryParseNumber(text);
+            values.Set(period, {number.value_or(0), number ? MacroValueKind::Number : MacroValueKind::Text});
+        }
+    }
+    return values;
 }
 
 bool MacroGrid::IsTextLine(int line) const {
@@ -75,7 +84,7 @@ std::optional<PlaceRange> MacroGrid::FindPeriods(std::string_view reference, std
     return FindRange(periods_, reference, names, missing);
 }
 
-std::optional<MacroPlace> MacroGrid::Resolve(std::string_view reference, std::string_view captions,
+std::optional<MacroRange> MacroGrid::Resolve(std::string_view reference, std::string_view captions,
                                              std::string& missing) const {
     const std::vector<std::string_view> axes = SplitAt(reference, AxisMark);
     if (axes.size() > 2) {
@@ -87,48 +96,33 @@ std::optional<MacroPlace> MacroGrid::Resolve(std::string_view reference, std::st
     if (!lines) {
         return std::nullopt;
     }
-    MacroPlace place;
-    place.firstLine = lines->first;
-    place.lastLine = lines->last;
+    MacroRange range;
+    range.firstLine = lines->first;
+    range.lastLine = lines->last;
     if (axes.size() == 2) {
         const std::optional<PlaceRange> periods = FindRange(periods_, axes[1], names, missing);
         if (!periods) {
             return std::nullopt;
         }
-        place.firstPeriod = periods->first;
-        place.lastPeriod = periods->last;
+        range.firstPeriod = periods->first;
+        range.lastPeriod = periods->last;
     }
-    return place;
+    return range;
 }
 
-std::string MacroGrid::ReferenceOf(const MacroPlace& place) const {
-    const bool area = place.firstLine != place.lastLine || place.firstPeriod != place.lastPeriod;
-    std::string text = KeyRange(LineKey(place.firstLine), LineKey(place.lastLine), area);
-    if (place.HasPeriods()) {
-        text += AxisMark + KeyRange(PeriodKey(place.firstPeriod), PeriodKey(place.lastPeriod), area);
+std::string MacroGrid::ReferenceOf(const MacroRange& range, bool asArea) const {
+    std::string text = Ends(LineKey(range.firstLine), RangeMark, LineKey(range.lastLine), asArea);
+    if (range.HasPeriods()) {
+        text += AxisMark + Ends(PeriodKey(range.firstPeriod), RangeMark, PeriodKey(range.lastPeriod), asArea);
     }
     return text;
 }
 
-std::string MacroGrid::CaptionsOf(const MacroPlace& place) const {
-    const bool area = place.firstLine != place.lastLine || place.firstPeriod != place.lastPeriod;
-    std::string text = LineCaption(place.firstLine);
-    if (area) {
-        text += CaptionMark + LineCaption(place.lastLine);
-    }
-    if (place.HasPeriods()) {
-        text += CaptionMark + PeriodCaption(place.firstPeriod);
-        if (area) {
-            text += CaptionMark + PeriodCaption(place.lastPeriod);
-        }
-    }
-    return text;
-}
-
-std::string MacroGrid::TextOf(const MacroPlace& place) const {
-    std::string text = CaptionRange(LineCaption(place.firstLine), LineCaption(place.lastLine));
-    if (place.HasPeriods()) {
-        text += ", " + CaptionRange(PeriodCaption(place.firstPeriod), PeriodCaption(place.lastPeriod));
+std::string MacroGrid::CaptionsOf(const MacroRange& range, bool asArea) const {
+    std::string text = Ends(LineCaption(range.firstLine), CaptionMark, LineCaption(range.lastLine), asArea);
+    if (range.HasPeriods()) {
+        text +=
+            CaptionMark + Ends(PeriodCaption(range.firstPeriod), CaptionMark, PeriodCaption(range.lastPeriod), asArea);
     }
     return text;
 }

@@ -5,7 +5,7 @@
 
 #include "components/TreeControl.h"
 #include "grid/ValueEntry.h"
-#include "macro/language/MacroCheck.h"
+#include "macro/run/MacroCheck.h"
 
 namespace planview {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "macro/language/MacroEngineFixture.h"
-#include "macro/language/MacroSentences.h"
+#include "macro/run/MacroEngineFixture.h"
+#include "macro/run/MacroSentences.h"
 
 namespace planview::test {
 

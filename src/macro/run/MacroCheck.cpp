@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "macro/language/MacroCheck.h"
+#include "macro/run/MacroCheck.h"
 
 #include <algorithm>
 #include <numeric>
@@ -7,31 +7,51 @@
 
 #include "automation/Numbers.h"
 #include "automation/Texts.h"
+#include "macro/language/MacroFault.h"
 #include "macro/language/MacroParser.h"
-#include "macro/language/MacroSentences.h"
 #include "macro/language/MacroShape.h"
+#include "macro/run/MacroSentences.h"
+#include "macro/run/NodeTokens.h"
 
 namespace planview {
 
 namespace {
 
 constexpr int DeepestStatement = 60;
-constexpr double MostDecimals = 15;
+
+MacroOperation OperationOf(MacroToken::Kind target) {
+    switch (target) {
+        case MacroToken::Kind::Line:
+            return MacroOperation::Line;
+        case MacroToken::Kind::Element:
+            return MacroOperation::Element;
+        case MacroToken::Kind::Area:
+            return MacroOperation::Area;
+        case MacroToken::Kind::OwnLine:
+            return MacroOperation::OwnLine;
+        case MacroToken::Kind::OwnElement:
+            return MacroOperation::OwnElement;
+        default:
+            return MacroOperation::OwnArea;
+    }
+}
 
 class Checker {
 public:
-    Checker(const MacroOutline& outline, const MacroGrid& places, std::optional<int> selectedLine,
+    Checker(const MacroOutline& outline, const MacroGrid& table, std::optional<int> selectedLine,
             const std::vector<int>& selectedPeriods, MacroProblems& problems)
         : outline_(outline),
-          scope_(outline, places),
-          sentences_(outline, places),
+          table_(table),
+          tokens_(outline),
+          scope_(tokens_, table),
+          sentences_(outline, table),
           selectedPeriods_(selectedPeriods),
           problems_(problems) {
         scope_.selectedLine = selectedLine;
     }
 
     MacroProgram Program() {
-        program_.periods.resize(static_cast<std::size_t>(scope_.places.PeriodCount()));
+        program_.periods.resize(static_cast<std::size_t>(table_.PeriodCount()));
         std::iota(program_.periods.begin(), program_.periods.end(), 0);
         const std::vector<int> children = outline_.ActiveChildren(0);
         std::vector<int> statements;
@@ -93,7 +113,7 @@ private:
             return;
         }
         std::string missing;
-        const std::optional<PlaceRange> range = scope_.places.FindPeriods(value, outline_.At(node).name, missing);
+        const std::optional<PlaceRange> range = table_.FindPeriods(value, outline_.At(node).name, missing);
         if (!range) {
             throw MacroFault(node, "The grid has no period \"" + missing + "\".", "Choose the periods again.");
         }
@@ -178,15 +198,15 @@ private:
     MacroStatement Assignment(int node, bool perPeriod) {
         MacroStatement statement;
         statement.node = node;
-        statement.target = outline_.At(node).type;
+        statement.target = OperationOf(tokens_.At(node).kind);
         statement.periods = program_.periods;
-        const bool onGrid = statement.target <= MacroNodeType::TableArea;
-        if (onGrid) {
-            const MacroPlace place = scope_.PlaceOf(node);
-            statement.lines = scope_.LinesOf(node, place);
-            if (place.HasPeriods()) {
-                statement.periods.resize(static_cast<std::size_t>(place.lastPeriod - place.firstPeriod + 1));
-                std::iota(statement.periods.begin(), statement.periods.end(), place.firstPeriod);
+        const bool ofTable = IsOfTable(statement.target);
+        if (ofTable) {
+            const MacroRange range = scope_.RangeOf(node);
+            statement.lines = scope_.LinesOf(node, range);
+            if (range.HasPeriods()) {
+                statement.periods.resize(static_cast<std::size_t>(range.lastPeriod - range.firstPeriod + 1));
+                std::iota(statement.periods.begin(), statement.periods.end(), range.firstPeriod);
             }
         } else {
             static_cast<void>(scope_.OwnNameOf(node));
@@ -196,15 +216,15 @@ private:
         MacroShape shape;
         const std::optional<MacroFault> wrongShape =
             fault ? std::nullopt : FaultOf([&] { shape = ShapeOfValue(statement, perPeriod); });
-        if (!onGrid) {
-            statement.lines = OwnPlaces(statement, shape);
+        if (!ofTable) {
+            statement.lines = OwnIndexes(statement, shape);
         }
         if (fault || wrongShape) {
             throw fault ? *fault : *wrongShape;
         }
         CheckTarget(statement, shape);
-        FindDirection(statement, scope_.places,
-                      onGrid ? scope_.places.LineCaption(statement.lines.front()) : outline_.At(node).value);
+        FindDirection(statement, table_,
+                      ofTable ? table_.LineCaption(statement.lines.front()) : outline_.At(node).value);
         return statement;
     }
 
@@ -219,14 +239,14 @@ private:
     }
 
     /// The own lines, or the own element, that the statement's target stands for; new ones at its first statement.
-    std::vector<int> OwnPlaces(const MacroStatement& statement, const MacroShape& shape) {
-        const std::string& name = scope_.OwnNameOf(statement.node);
-        if (statement.target == MacroNodeType::OwnElement) {
-            const auto [place, isNew] = scope_.ownElements.emplace(name, program_.ownElements);
+    std::vector<int> OwnIndexes(const MacroStatement& statement, const MacroShape& shape) {
+        const std::string name = scope_.OwnNameOf(statement.node);
+        if (statement.target == MacroOperation::OwnElement) {
+            const auto [element, isNew] = scope_.ownElements.emplace(name, program_.ownElements);
             program_.ownElements += isNew ? 1 : 0;
-            return {place->second};
+            return {element->second};
         }
-        const bool isLine = statement.target == MacroNodeType::OwnLine;
+        const bool isLine = statement.target == MacroOperation::OwnLine;
         std::vector<int>& lines = (isLine ? scope_.ownLines : scope_.ownAreas)[name];
         for (int missing = lines.empty() ? (isLine ? 1 : shape.lines) : 0; missing > 0; --missing) {
             lines.push_back(program_.ownLines++);
@@ -251,6 +271,8 @@ private:
     }
 
     const MacroOutline& outline_;
+    const MacroGrid& table_;
+    NodeTokens tokens_;
     MacroScope scope_;
     MacroSentences sentences_;
     const std::vector<int>& selectedPeriods_;
@@ -260,9 +282,9 @@ private:
 
 }  // namespace
 
-MacroProgram CheckMacro(const MacroOutline& outline, const MacroGrid& places, std::optional<int> selectedLine,
+MacroProgram CheckMacro(const MacroOutline& outline, const MacroGrid& table, std::optional<int> selectedLine,
                         const std::vector<int>& selectedPeriods, MacroProblems& problems) {
-    return Checker(outline, places, selectedLine, selectedPeriods, problems).Program();
+    return Checker(outline, table, selectedLine, selectedPeriods, problems).Program();
 }
 
 }  // namespace planview

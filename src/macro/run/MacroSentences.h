@@ -2,18 +2,19 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
-#include "macro/language/MacroGrid.h"
-#include "macro/tree/MacroOutline.h"
+#include "macro/language/ExpressionSentences.h"
+#include "macro/run/MacroGrid.h"
+#include "macro/run/NodeTokens.h"
 
 namespace planview {
 
 /// What the nodes of a macro say, in words: "Retail trade = Retail trade * 1,05", "If Total > 100", "Sum of Line 2 to
 /// Line 5". Nodes that are not complete are worded as far as they go ("…" where something is missing).
-class MacroSentences {
+class MacroSentences final : private ExpressionSentences {
 public:
-    MacroSentences(const MacroOutline& outline, const MacroGrid& places) : outline_(outline), places_(places) {}
+    MacroSentences(const MacroOutline& outline, const MacroGrid& table)
+        : ExpressionSentences(tokens_, table), outline_(outline), table_(table), tokens_(outline) {}
 
     /// The node with all that it stands for: a statement with its expression, a condition with what it tests, a
     /// function with its arguments.
@@ -24,15 +25,12 @@ public:
     [[nodiscard]] std::string ShortOf(int node) const;
 
 private:
-    [[nodiscard]] std::string At(int node, int level) const;
-    [[nodiscard]] std::string Expression(int parent, int level) const;
-    [[nodiscard]] std::string Joined(const std::vector<int>& parts, int level, bool bracketed) const;
-    [[nodiscard]] std::string Function(int node, int level) const;
+    [[nodiscard]] std::string OtherText(int node, int level) const override;
     [[nodiscard]] std::string Attribute(const MacroNode& node) const;
-    [[nodiscard]] std::string Place(const MacroNode& node) const;
 
     const MacroOutline& outline_;
-    const MacroGrid& places_;
+    const MacroGrid& table_;
+    NodeTokens tokens_;
 };
 
 }  // namespace planview

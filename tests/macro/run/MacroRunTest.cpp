@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "macro/language/MacroEngineFixture.h"
+#include "macro/run/MacroEngineFixture.h"
 
 namespace planview::test {
 

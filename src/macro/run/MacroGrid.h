@@ -7,26 +7,13 @@
 #include <vector>
 
 #include "grid/GridPlaces.h"
+#include "macro/language/PlanningTable.h"
 
 namespace planview {
 
-/// Stands for the key of the line, or the periods, that the user has selected.
-inline constexpr std::string_view SelectedPlace = "SELECTED";
-
-/// What a reference names, by 0-based places among all lines and periods; both ends belong to it.
-struct MacroPlace {
-    int firstLine = -1;
-    int lastLine = -1;
-    /// -1: no periods are named, those of the macro count.
-    int firstPeriod = -1;
-    int lastPeriod = -1;
-
-    [[nodiscard]] bool HasPeriods() const noexcept { return firstPeriod >= 0; }
-};
-
 /// The planning lines and periods of a grid in the order in which the grid has them, with what they are called. For the
 /// length of one action.
-class MacroGrid {
+class MacroGrid final : public PlanningTable {
 public:
     explicit MacroGrid(const GridControl& grid);
     MacroGrid(const MacroGrid&) = delete;
@@ -34,16 +21,19 @@ public:
 
     [[nodiscard]] const std::vector<RowId>& Lines() const noexcept { return lineIds_; }
     [[nodiscard]] const std::vector<ColumnId>& Periods() const noexcept { return periodIds_; }
-    [[nodiscard]] int LineCount() const noexcept { return static_cast<int>(lineIds_.size()); }
-    [[nodiscard]] int PeriodCount() const noexcept { return static_cast<int>(periodIds_.size()); }
+    [[nodiscard]] int LineCount() const noexcept override { return static_cast<int>(lineIds_.size()); }
+    [[nodiscard]] int PeriodCount() const noexcept override { return static_cast<int>(periodIds_.size()); }
     /// As GridPlaces has it.
-    [[nodiscard]] std::string LineCaption(int line) const { return lines_.Caption(InGrid(lines_, line)); }
-    [[nodiscard]] std::string PeriodCaption(int period) const { return periods_.Caption(InGrid(periods_, period)); }
+    [[nodiscard]] std::string LineCaption(int line) const override { return lines_.Caption(InGrid(lines_, line)); }
+    [[nodiscard]] std::string PeriodCaption(int period) const override {
+        return periods_.Caption(InGrid(periods_, period));
+    }
     [[nodiscard]] const std::string& LineKey(int line) const { return lines_.Key(InGrid(lines_, line)); }
     [[nodiscard]] const std::string& PeriodKey(int period) const { return periods_.Key(InGrid(periods_, period)); }
-    [[nodiscard]] std::string CellCaption(int line, int period) const;
-    /// Carries text and no planning values.
-    [[nodiscard]] bool IsTextLine(int line) const;
+    [[nodiscard]] std::string CellCaption(int line, int period) const override;
+    [[nodiscard]] bool IsTextLine(int line) const override;
+    [[nodiscard]] MacroValues ValuesOf(int line) const override;
+    [[nodiscard]] Cell CellAt(int line, int period) const { return {periodIds_[Index(period)], lineIds_[Index(line)]}; }
 
     /// As GridPlaces finds them, planning ones only.
     [[nodiscard]] std::optional<int> FindLine(std::string_view key, std::string_view caption) const;
@@ -55,16 +45,11 @@ public:
     [[nodiscard]] std::optional<PlaceRange> FindPeriods(std::string_view reference, std::string_view captions,
                                                         std::string& missing) const;
 
-    /// What a node's reference ("ROW2:ROW5/COL3:COL8") names, with the captions of its keys. Ends in the wrong order
-    /// are exchanged. No value where a line or period is not found: then `missing` says which, as the user would call
-    /// it.
-    [[nodiscard]] std::optional<MacroPlace> Resolve(std::string_view reference, std::string_view captions,
-                                                    std::string& missing) const;
-    /// The reference and the captions of a place.
-    [[nodiscard]] std::string ReferenceOf(const MacroPlace& place) const;
-    [[nodiscard]] std::string CaptionsOf(const MacroPlace& place) const;
-    /// As the user reads it: "Retail trade", "Retail trade, Jan 06", "Line 2 to Line 5, Jan 06 to Jun 06".
-    [[nodiscard]] std::string TextOf(const MacroPlace& place) const;
+    [[nodiscard]] std::optional<MacroRange> Resolve(std::string_view reference, std::string_view captions,
+                                                    std::string& missing) const override;
+    /// The reference and the captions of a range; `asArea` with both ends even where they are the same.
+    [[nodiscard]] std::string ReferenceOf(const MacroRange& range, bool asArea) const;
+    [[nodiscard]] std::string CaptionsOf(const MacroRange& range, bool asArea) const;
 
     /// The lines (periods) that the user has selected, as whole ones or with some of their cells; those of the current
     /// cell where nothing is selected. Whole columns alone select periods and leave the line to the current cell.
@@ -72,7 +57,7 @@ public:
     [[nodiscard]] std::vector<int> SelectedPeriods() const;
 
 private:
-    [[nodiscard]] static std::size_t Index(int place) noexcept { return static_cast<std::size_t>(place); }
+    [[nodiscard]] static std::size_t Index(int index) noexcept { return static_cast<std::size_t>(index); }
     [[nodiscard]] static int InGrid(const GridPlaces& axis, int planning) noexcept {
         return axis.Planning().first + planning;
     }

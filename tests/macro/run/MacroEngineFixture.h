@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "control/ControlContext.h"
-#include "macro/language/MacroRun.h"
-#include "macro/language/MacroText.h"
+#include "macro/run/MacroRun.h"
+#include "macro/run/MacroText.h"
 #include "macro/tree/modMacro.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"

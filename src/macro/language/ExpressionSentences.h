@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "macro/language/MacroTokens.h"
+#include "macro/language/PlanningTable.h"
+
+namespace planview {
+
+/// What stands where a sentence has nothing to say yet.
+inline constexpr const char* MissingText = "…";
+
+/// Expressions in words: "Retail trade * 1,05", "(Sum of Line 2 to Line 5) > 100". They are worded from their tokens,
+/// complete or not.
+class ExpressionSentences {
+public:
+    ExpressionSentences(const MacroTokens& tokens, const PlanningTable& table) : tokens_(tokens), table_(table) {}
+    virtual ~ExpressionSentences() = default;
+    ExpressionSentences(const ExpressionSentences&) = delete;
+    ExpressionSentences& operator=(const ExpressionSentences&) = delete;
+
+    /// The token alone: "Retail trade", "Sum".
+    [[nodiscard]] std::string ShortText(const MacroToken& token) const;
+
+protected:
+    /// The expression inside a token; `level`: how deep the sentence is already.
+    [[nodiscard]] std::string Expression(int parent, int level) const;
+    /// The token with all that it stands for: a function with its arguments.
+    [[nodiscard]] std::string Whole(int token, int level) const;
+    /// What a token of the kind Other says.
+    [[nodiscard]] virtual std::string OtherText(int token, int level) const = 0;
+
+private:
+    [[nodiscard]] std::string Joined(const std::vector<int>& parts, int level, bool bracketed) const;
+    [[nodiscard]] std::string Function(int token, int level) const;
+
+    const MacroTokens& tokens_;
+    const PlanningTable& table_;
+};
+
+/// "Retail rounded to 2 decimals".
+[[nodiscard]] std::string RoundedText(const std::string& what, const std::string& decimals);
+
+}  // namespace planview

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace planview {
+
+enum class MacroValueKind : std::uint8_t {
+    Number,
+    Empty,  ///< a cell without contents; counts as 0 in arithmetic
+    Text,   ///< a cell whose text is no number
+    None    ///< no value at all: a shift has left the table
+};
+
+struct MacroValue {
+    double number = 0;  ///< of a Number only
+    MacroValueKind kind = MacroValueKind::Empty;
+
+    [[nodiscard]] bool IsNumber() const noexcept { return kind == MacroValueKind::Number; }
+    [[nodiscard]] bool Is(double wanted) const noexcept { return IsNumber() && number == wanted; }
+};
+
+/// Values by period: their numbers, and beside each what it is. The number of what is none may be anything.
+struct MacroValues {
+    MacroValues() = default;
+    MacroValues(std::size_t size, MacroValue value) : numbers(size, value.number), kinds(size, value.kind) {}
+
+    [[nodiscard]] std::size_t Size() const noexcept { return kinds.size(); }
+    [[nodiscard]] MacroValue At(std::size_t index) const { return {numbers[index], kinds[index]}; }
+    [[nodiscard]] bool IsNumber(std::size_t index) const { return kinds[index] == MacroValueKind::Number; }
+    void Set(std::size_t index, MacroValue value) {
+        numbers[index] = value.number;
+        kinds[index] = value.kind;
+    }
+
+    std::vector<double> numbers;
+    std::vector<MacroValueKind> kinds;
+};
+
+}  // namespace planview

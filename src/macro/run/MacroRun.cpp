@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: MIT
+#include "macro/run/MacroRun.h"
+
+#include <algorithm>
+
+#include "automation/Texts.h"
+#include "macro/language/MacroFault.h"
+#include "macro/language/MacroRunner.h"
+#include "macro/run/MacroSentences.h"
+#include "trace/TraceText.h"
+
+namespace planview {
+
+using modPlan::TraceEnabled;
+using modPlan::TraceWrite;
+
+namespace {
+
+constexpr std::string_view MacroLabel = "MACRO";
+/// So many cells are named in a message; of the others it says how many there are.
+constexpr std::size_t MostNamedCells = 5;
+
+bool UsesSelectedLine(const MacroOutline& outline) {
+    for (int i = 0; i < outline.Count(); ++i) {
+        if (outline.At(i).type == MacroNodeType::TableLine && outline.At(i).value == SelectedPlace) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// What the sheet holds that the grid does not, and the cells among it that may not be changed.
+class Changes {
+public:
+    Changes(const GridControl& grid, const MacroGrid& table, MacroSheet& sheet) : grid_(grid), table_(table) {
+        for (int line = 0; line < table.LineCount(); ++line) {
+            if (!sheet.HasTouched(line)) {
+                continue;
+            }
+            const MacroValues& now = sheet.TableLine(line);
+            const MacroValues& before = sheet.Before(line);
+            for (int period = 0; period < table.PeriodCount(); ++period) {
+                if (sheet.IsTouched(line, period)) {
+                    const auto index = static_cast<std::size_t>(period);
+                    Take(line, period, before.At(index), now.At(index));
+                }
+            }
+        }
+    }
+
+    [[nodiscard]] const std::vector<NewValue>& NewValues() const noexcept { return values_; }
+    [[nodiscard]] bool AnyRefused() const noexcept { return refused_ > 0; }
+    /// Names the cells that may not be changed.
+    [[nodiscard]] std::string RefusedText() const {
+        std::string text = Joined(named_, "; ");
+        if (refused_ > named_.size()) {
+            text += "; and " + std::to_string(refused_ - named_.size()) + " more";
+        }
+        return (refused_ == 1 ? "A cell may not be changed: "
+                              : std::to_string(refused_) + " cells may not be changed: ") +
+               text + ".";
+    }
+
+private:
+    void Take(int line, int period, MacroValue before, MacroValue now) {
+        const Cell cell = table_.CellAt(line, period);
+        if (RefusalOf(grid_, cell) != Refusal::None) {
+            ++refused_;
+            if (named_.size() < MostNamedCells) {
+                named_.push_back(table_.CellCaption(line, period));
+            }
+        } else if (now.IsNumber() ? !before.Is(now.number) : before.kind != MacroValueKind::Empty) {
+            values_.push_back({cell, now.IsNumber() ? Variant(now.number) : Variant("")});
+        }
+    }
+
+    const GridControl& grid_;
+    const MacroGrid& table_;
+    std::vector<NewValue> values_;
+    std::size_t refused_ = 0;
+    std::vector<std::string> named_;
+};
+
+void TraceOutcome(std::string_view method, std::string_view nodeKey, const MacroProblems& problems, int changed) {
+    if (!TraceEnabled) {
+        return;
+    }
+    for (const MacroProblem& problem : problems) {
+        TraceWrite(MacroLabel, "", method, TraceText("{node: ", problem.nodeKey, " - problem: ", problem.what, "}"));
+    }
+    TraceWrite(MacroLabel, "", method,
+               TraceText("{node: ", nodeKey, " - problems: ", problems.size(), " - changed: ", changed, "}"));
+}
+
+MacroProblems NoSuchMacro(std::string_view nodeKey) {
+    return {{std::string(nodeKey), "", "There is no macro \"" + std::string(nodeKey) + "\" in the tree.",
+             "Select a macro there."}};
+}
+
+/// The lines for which a macro runs; one without a value for a macro that does not use the selected line.
+std::vector<std::optional<int>> LinesToRunFor(const MacroOutline& outline, const MacroGrid& table) {
+    std::vector<std::optional<int>> lines;
+    if (UsesSelectedLine(outline)) {
+        for (const int line : table.SelectedLines()) {
+            if (!table.IsTextLine(line)) {
+                lines.emplace_back(line);
+            }
+        }
+    }
+    return lines.empty() ? std::vector<std::optional<int>>(1) : lines;
+}
+
+/// Computes everything on the sheet. A first problem ends it.
+MacroProblems Compute(const MacroOutline& outline, const MacroGrid& table, MacroSheet& sheet) {
+    MacroProblems problems;
+    const std::vector<int> periods = table.SelectedPeriods();
+    for (const std::optional<int> line : LinesToRunFor(outline, table)) {
+        const MacroProgram program = CheckMacro(outline, table, line, periods, problems);
+        if (!problems.empty()) {
+            break;
+        }
+        try {
+            RunProgram(program, table, sheet);
+        } catch (const MacroFault& fault) {
+            const MacroSentences sentences(outline, table);
+            problems.push_back({outline.At(fault.node).key, sentences.Located(fault.node), fault.what(), fault.now});
+            break;
+        }
+    }
+    return problems;
+}
+
+/// Changes the cells; what a failing table let through is taken back.
+void Apply(const MacroRunParts& parts, const Changes& changes, const MacroNode& macro, MacroOutcome& outcome) {
+    const BulkResult result = parts.valueEntry.ChangeCells(changes.NewValues());
+    outcome.changed = result.changed;
+    const int left = result.failed + result.Refused();
+    if (left == 0) {
+        return;
+    }
+    if (result.changed > 0) {
+        parts.valueEntry.Undo();
+        outcome.changed = 0;
+    }
+    outcome.problems.push_back({macro.key, macro.text, std::to_string(left) + " values could not be stored.",
+                                "What the macro had changed before was taken back."});
+}
+
+}  // namespace
+
+MacroProblems CheckMacroNode(const MacroRunParts& parts, std::string_view nodeKey) {
+    const HostTable macroTree = parts.tables.MACRO_TREE;
+    const MacroOutline outline = MacroOutline::Read(parts.tree, macroTree, nodeKey);
+    MacroProblems problems;
+    if (outline.IsEmpty() || outline.At(0).type != MacroNodeType::Macro) {
+        problems = NoSuchMacro(nodeKey);
+    } else {
+        const MacroGrid table(parts.grid);
+        const std::optional<int> line = LinesToRunFor(outline, table).front();
+        static_cast<void>(CheckMacro(outline, table, line, table.SelectedPeriods(), problems));
+    }
+    TraceOutcome("Generate", nodeKey, problems, 0);
+    return problems;
+}
+
+MacroOutcome RunMacroNode(const MacroRunParts& parts, std::string_view nodeKey, bool onSelectedLine) {
+    const HostTable macroTree = parts.tables.MACRO_TREE;
+    MacroOutline outline = MacroOutline::Read(parts.tree, macroTree, nodeKey);
+    MacroOutcome outcome;
+    if (outline.IsEmpty() || outline.At(0).type != MacroNodeType::Macro) {
+        outcome.problems = NoSuchMacro(nodeKey);
+    } else if (onSelectedLine && !outline.PutOnSelectedLine()) {
+        outcome.problems.push_back(
+            {std::string(nodeKey), outline.At(0).text, "The macro is not about one line alone.", "Run it as it is."});
+    } else {
+        const MacroGrid table(parts.grid);
+        MacroSheet sheet(table);
+        outcome.problems = Compute(outline, table, sheet);
+        if (outcome.problems.empty()) {
+            const Changes changes(parts.grid, table, sheet);
+            const MacroNode& macro = outline.At(0);
+            if (changes.AnyRefused()) {
+                outcome.problems.push_back({macro.key, macro.text, changes.RefusedText(),
+                                            "Nothing was changed. Leave them out, or allow them to be edited."});
+            } else if (!changes.NewValues().empty()) {
+                Apply(parts, changes, macro, outcome);
+            }
+        }
+    }
+    TraceOutcome("Run", nodeKey, outcome.problems, outcome.changed);
+    return outcome;
+}
+
+}  // namespace planview

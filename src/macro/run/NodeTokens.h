@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "macro/language/MacroTokens.h"
+#include "macro/tree/MacroOutline.h"
+
+namespace planview {
+
+/// The nodes of a macro as the tokens of its expressions, without those that are left out of a run.
+class NodeTokens final : public MacroTokens {
+public:
+    explicit NodeTokens(const MacroOutline& outline) : outline_(outline) {}
+
+    [[nodiscard]] std::vector<int> Inside(int parent) const override { return outline_.ActiveChildren(parent); }
+    [[nodiscard]] MacroToken At(int token) const override;
+
+private:
+    const MacroOutline& outline_;
+};
+
+}  // namespace planview
