@@ -27,17 +27,17 @@ constexpr std::string_view CommandState = "TRE";
 constexpr std::string_view InsertType = "INSERT";
 constexpr std::string_view CreateType = "CREATE";
 
-void TraceNode(std::string_view method, const std::string& text) {
-    if (TraceEnabled) {
-        TraceWrite(Label, "", method, TraceText("{node: ", text, "}"));
-    }
-}
-
 }  // namespace
 
 std::string TreeHandlers::TextOf(const std::string& key) const {
     const TreeNode node = context_.tree.Nodes().Find(key);
     return node ? node.Text() : std::string();
+}
+
+void TreeHandlers::TraceNode(std::string_view method, const std::string& key) const {
+    if (TraceEnabled) {
+        TraceWrite(Label, "", method, TraceText("{node: ", TextOf(key), "}"));
+    }
 }
 
 void TreeHandlers::Raise(EventId event, const std::string& key) {
@@ -87,7 +87,7 @@ void TreeHandlers::AfterLabelEdit(const std::string& key, const std::string& tex
 
 void TreeHandlers::Fire(EventId event, std::string_view method, const std::string& key) {
     if (context_.macroTreeState.empty() && !context_.tree.EditedNode()) {
-        TraceNode(method, TextOf(key));
+        TraceNode(method, key);
         Raise(event, key);
     }
 }
@@ -168,7 +168,7 @@ void TreeHandlers::MouseDown(const std::string& key, std::int16_t button, std::i
         if (button == RightButton) {
             TreePopup(key, PopupPlace::Mouse);
         }
-        TraceNode("MouseDown fired", TextOf(key));
+        TraceNode("MouseDown fired", key);
         Raise(EventId::MacroTreeMouseDown, key);
     });
 }
@@ -179,7 +179,7 @@ void TreeHandlers::MenuKey(const std::string& key) {
 
 void TreeHandlers::NodeClick(const std::string& key, bool again) {
     ErrorTrap(Label, "NodeClick", [&] {
-        TraceNode("NodeClick fired", TextOf(key));
+        TraceNode("NodeClick fired", key);
         static_cast<void>(modMacro::RowOf(context_.macroTree, key));
         if (!again) {
             return;

@@ -47,6 +47,8 @@ public:
 
 private:
     [[nodiscard]] std::string TextOf(const std::string& key) const;
+    /// "{node: ...}" with the text of the node.
+    void TraceNode(std::string_view method, const std::string& key) const;
     /// The entry, and the event where no command is under way.
     void Fire(EventId event, std::string_view method, const std::string& key);
     void Raise(EventId event, const std::string& key);
