@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <cstdlib>
 #include <limits>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -58,6 +60,23 @@ TEST(Numbers, ParserRefusesTheRest) {
         EXPECT_THROW(static_cast<void>(ParseNumber(std::string_view(text))), AutomationError) << text;
     }
     EXPECT_EQ(TryParseNumber(std::string(1 << 20, '9')), std::nullopt) << "a megabyte of digits";
+}
+
+/// Around the length up to which numbers are read by arithmetic on whole numbers.
+TEST(Numbers, NumbersOfAnyLengthAreTheNearestToWhatIsWritten) {
+    const std::string digits = "98765432109876543210";
+    for (std::size_t length = 13; length <= digits.size(); ++length) {
+        for (std::size_t mark = 0; mark <= length; ++mark) {
+            std::string text = digits.substr(0, length);
+            text.insert(mark, ".");
+            const double expected = std::strtod(text.c_str(), nullptr);
+            EXPECT_EQ(TryParseNumber(text), expected) << text;
+            text[mark] = ',';
+            EXPECT_EQ(TryParseNumber("-" + text), -expected) << text;
+        }
+        const std::string whole = digits.substr(0, length);
+        EXPECT_EQ(TryParseNumber(whole), std::strtod(whole.c_str(), nullptr)) << whole;
+    }
 }
 
 TEST(Numbers, WriterGivesShortestReadableForm) {

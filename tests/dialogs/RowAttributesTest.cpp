@@ -151,6 +151,7 @@ TEST_F(RowAttributesTest, UntouchedFontsStayAsTheHostWroteThem) {
         form.Form_Load();
         EXPECT_EQ(form.ListFont.Items, (Lines{"Arial", "Courier", "Courier New", "Lucida", "Times New Roman"}));
         EXPECT_EQ(form.ListFont.Text() + form.ListSize.Text(), "Lucida12");
+        EXPECT_EQ(form.FontText(), "Lucida;12;Normal") << "one style is chosen, whatever else";
         form.Set_Font(row.given);
         const Lines offered{"DejaVu Sans", "Arial"};
         form.OfferFonts(offered);

@@ -181,6 +181,23 @@ TEST_F(ConstructionTest, FixedColumnsAndRowsStandOnTheirSides) {
     EXPECT_TRUE(Look("COL3", "FBR1").readOnly);
 }
 
+/// The two sides stand mixed in the table; each is counted by itself, and a row of neither side makes nothing.
+TEST_F(ConstructionTest, FixedColumnsAndRowsKeepTheTablesOrderOnTheirSides) {
+    for (const auto& [number, side] : {std::pair(2, "R"), {5, "L"}, {1, "R"}, {3, "?"}, {4, "L"}, {7, "R"}}) {
+        AddRow(*tables.fixedCols, {{"COLUMN_FIX", number}, {"FLG_POSITION", side}});
+        AddRow(*tables.fixedLines, {{"LINE_FIX", number},
+                                    {"FLG_POSITION", *side == 'R'   ? "B"
+                                                     : *side == 'L' ? "T"
+                                                                    : ""}});
+    }
+    ExpectErrors();
+    Build();
+    EXPECT_EQ(Keys(ColumnArea::Right), (Lines{"FRC2", "FRC1", "FRC7"}));
+    EXPECT_EQ(Keys(ColumnArea::Left), (Lines{"FLC0", "FLC5", "FLC4"}));
+    EXPECT_EQ(Keys(RowArea::Bottom), (Lines{"FBR2", "FBR1", "FBR7"}));
+    EXPECT_EQ(Keys(RowArea::Top), (Lines{"FTR5", "FTR4", "FTR0"}));
+}
+
 TEST_F(ConstructionTest, FixedColumnsAndRowsCarryTheirFormats) {
     AddRow(*tables.fixedCols,
            {{"COLUMN_FIX", 1}, {"FLG_POSITION", "R"}, {"COL_HEIGHT", 27}, {"COL_FORMAT", "0.00"}, {"COL_ALIGN", 2}});

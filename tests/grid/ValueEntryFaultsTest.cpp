@@ -61,6 +61,7 @@ TEST_F(ValueEntryFaultsTest, WhatFitsIntoAFullTableIsKeptAnnouncedAndUndone) {
         EXPECT_EQ(host.heard.size(), each ? 6U : 1U);
         EXPECT_TRUE(Told("3 values could not be stored")) << LastMessage();
         EXPECT_TRUE(Told("32,767 rows")) << LastMessage();
+        EXPECT_FALSE(Told("What a cell held before")) << "every old value was kept: " << LastMessage();
         EXPECT_EQ(platform.messages.size(), 1U) << "told once";
         EXPECT_EQ(Entries(IsError).size(), 1U);
         control->Undo();

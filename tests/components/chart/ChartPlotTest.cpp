@@ -179,6 +179,8 @@ TEST(ChartPlotTest, TheUppermostOfEquallyNearOnesIsHit) {
     const ChartPlot lines(state, Area, 10);
     EXPECT_EQ(lines.HitTest(lines.Point(1, 1), Reach), (ChartHit{Point, 2, 1}));
     EXPECT_EQ(lines.HitTest(lines.Point(1, 2), 20), (ChartHit{Point, 1, 2})) << "nearest first";
+    const ChartPoint below{lines.Point(2, 1).x, lines.Point(2, 1).y + Reach};
+    EXPECT_EQ(lines.HitTest(below, below.y - lines.Point(2, 1).y), (ChartHit{Point, 2, 1})) << "just within reach";
 
     state = SampleChart(
         {{ChartType::StackedColumn, {40}}, {ChartType::StackedColumn, {0}}, {ChartType::StackedColumn, {60}}});

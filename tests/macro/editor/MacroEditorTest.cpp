@@ -358,6 +358,57 @@ TEST_F(MacroEditorTest, DraggedNodesStandWhereTheyWereDropped) {
     }
 }
 
+TEST_F(MacroEditorTest, ANodeGoesOnlyWhereItsKindStands) {
+    constexpr const char* InMacro = "An element stands in a macro.";
+    constexpr const char* InRecording = "A recorded step stands in a recording.";
+    constexpr const char* InFolder = "Folders, macros and recordings stand in a folder, not in another macro.";
+    const std::string folder = macros.AddNode("", MacroNodeType::Folder, "", "Folder");
+    const std::string macro = macros.Add("Macro", "ROW1 = ROW2\n");
+    const std::string recording = macros.AddNode(folder, MacroNodeType::Recording, "", "Recording");
+    const std::string step = macros.AddNode(recording, MacroNodeType::Step, "VALUE", "1. Step");
+    BuildTree();
+    const std::string line = context.tree.Nodes().Item(macro).FirstChild().Key();
+    const struct {
+        const char* name;
+        std::string node;
+        std::string target;
+        TreeDrop place;
+        const char* said;
+    } rows[] = {
+        {"an element into a folder", line, folder, TreeDrop::Below, InMacro},
+        {"an element among the roots", line, folder, TreeDrop::After, InMacro},
+        {"an element into a recording", line, recording, TreeDrop::Below, InMacro},
+        {"an element beside a recorded step", line, step, TreeDrop::Before, InMacro},
+        {"an element into a recorded step", line, step, TreeDrop::Below, InMacro},
+        {"a step into a macro", step, macro, TreeDrop::Below, InRecording},
+        {"a step into a folder", step, folder, TreeDrop::Below, InRecording},
+        {"a macro into a recording", macro, recording, TreeDrop::Below, InFolder},
+        {"a folder beside an element", folder, line, TreeDrop::After, InFolder},
+        {"a recording into a macro", recording, macro, TreeDrop::Below, InFolder},
+    };
+    const std::string before = TreeText(context.tree);
+    for (const auto& row : rows) {
+        editor.MoveTo(row.node, row.target, row.place);
+        EXPECT_EQ(editor.Message(), row.said) << row.name;
+        EXPECT_EQ(TreeText(context.tree), before) << row.name;
+    }
+    editor.MoveTo(recording, folder, TreeDrop::After);
+    editor.MoveTo(macro, folder, TreeDrop::Below);
+    EXPECT_EQ(context.tree.Nodes().Item(macro).Parent().Key(), folder);
+    EXPECT_FALSE(context.tree.Nodes().Item(recording).Parent()) << "a recording among the roots";
+}
+
+TEST_F(MacroEditorTest, ANewMacroGetsANameThatNoNodeHas) {
+    macros.AddNode("", MacroNodeType::Macro, "", "Macro 2");
+    macros.AddNode("", MacroNodeType::Folder, "", "Sales");
+    macros.AddNode("", MacroNodeType::Macro, "", "Macro 1");
+    BuildTree();
+    for (const char* name : {"Macro 3", "Macro 4"}) {
+        editor.NewMacro();
+        EXPECT_EQ(context.tree.SelectedItem().Text(), name);
+    }
+}
+
 /// However the user edits, the table always gives the tree that the editor shows.
 TEST_F(MacroEditorTest, AnyEditingKeepsTableAndTreeInStep) {
     std::mt19937 random(7);
