@@ -10,6 +10,7 @@
 #include <vector>
 
 #include <planview/AutomationObject.h>
+#include <planview/Commands.h>
 #include <planview/Events.h>
 #include <planview/Export.h>
 #include <planview/Platform.h>
@@ -188,6 +189,19 @@ public:
 
     // --- Commands for the host's own menus --------------------------------------------------------------------------
 
+    /// Runs any command with the arguments that DescribeCommands() says, as the user would from a menu, and records it
+    /// while a recording runs. Answers whether it was done: false where there was nothing to do, where it failed, and
+    /// for another number of arguments. A command that could not be chosen now (StateOf()) may be run all the same.
+    bool Run(Command command, Arguments arguments = {});
+    /// @{
+    /// Whether the command can be chosen now and is checked, for menus and tool bars.
+    [[nodiscard]] CommandState StateOf(Command command) const;
+    [[nodiscard]] std::vector<CommandState> StatesOf(std::span<const Command> commands) const;
+    /// @}
+    /// Called when StateOf() may answer otherwise than before, which is often; a host had better ask when the present
+    /// event is over. There is one listener; an empty one takes it away.
+    void SetCommandListener(std::function<void()> listener);
+
     /// Takes back the user's last change of values, however many cells it was; nothing where there is none. Undoing and
     /// redoing write the tables and raise the events as any other change does. A rebuild ends the history.
     void Undo();
@@ -301,15 +315,15 @@ public:
 
     // --- Late binding -----------------------------------------------------------------------------------------------
 
-    /// Throws UnknownMember for a name that is none of the 65.
+    /// Throws UnknownMember for a name that is neither one of the 65 nor a command's.
     [[nodiscard]] DispatchId IdOf(std::string_view name) const override;
     /// @{
     /// Throws UnknownMember: the control has methods only.
     [[nodiscard]] Variant Get(DispatchId member, Arguments arguments) override;
     void Put(DispatchId member, Arguments arguments, const Variant& value) override;
     /// @}
-    /// Calls member 1 to 65. Getters answer their table, all others the status. Throws UnknownMember for another
-    /// number, and for arguments of the wrong number or kind.
+    /// Calls member 1 to 65 or a command. Getters answer their table, all others the status. Throws UnknownMember for
+    /// another number, and WrongArguments for another number of arguments.
     Variant Call(DispatchId member, Arguments arguments) override;
 
     // --- What the window tells the control --------------------------------------------------------------------------

@@ -41,6 +41,7 @@ void ChartHandlers::MouseDown(std::int16_t button, std::int16_t shift, const Cha
             context_.chartDragMode = "DRAG";
         } else if (button == RightButton) {
             ShowPopup(hit);
+            context_.runner.Changed();
         }
     });
 }
@@ -88,6 +89,7 @@ void ChartHandlers::Selected(const ChartHit& hit) {
         } else if (hit.code == ChartHitCode::Trendline) {
             TakeTrendline(hit.series);
         }
+        context_.runner.Changed();
     });
 }
 

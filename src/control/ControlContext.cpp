@@ -2,7 +2,6 @@
 #include "control/ControlContext.h"
 
 #include "control/MacroCommands.h"
-#include "control/MenuWiring.h"
 #include "dialogs/frmUpload.h"
 #include "trace/ErrorTrap.h"
 
@@ -18,10 +17,7 @@ ControlContext::ControlContext(const Platform& desktop)
                   [this] { ChartStep(); }, [this](bool running) { TellBulk(running); }}),
       clipboard({grid, keys, valueEntry, desktop.clipboard, desktop.messageBoxes,
                  [this](Cell cell, std::string_view reason) { return TellBeside(cell, reason); }}),
-      keyHandling({grid, keys, clipboard, hostUpdate, busy, [this] { ChartStep(); },
-                   [this] { modPlan::Trace_Show(platform); }}),
-      commands(tables, driver, hostUpdate, recording, [this] { ChartStep(); }),
-      sizeEvents(tables, driver, keys, hostUpdate, recording),
+      sizeEvents(tables, driver, keys, hostUpdate),
       chartData({chart, grid, tables, settings, chartSettings, desktop.messageBoxes}),
       chartCommands({chart, driver, tables, settings, chartSettings, chartData, hostUpdate, desktop.messageBoxes,
                      [this] { layout.Apply(settings.treeShown, settings.chartShown, settings.zoomed); },
@@ -39,8 +35,32 @@ ControlContext::ControlContext(const Platform& desktop)
       upload({driver, tables, spreadsheetOptions, busy, valueEntry, desktop.objects, desktop.fileDialogs,
               desktop.messageBoxes, desktop.progress,
               [this](UploadPreview& preview) { return ConfirmUpload(platform.forms, preview); }}),
-      menus({tables, events, platform.popups, busy,
-             [this](const CellKey& clicked) { return MenuStateOf(*this, clicked); }}),
+      runner({tables,
+              driver,
+              settings,
+              history,
+              valueEntry,
+              clipboard,
+              sizeEvents,
+              hostUpdate,
+              busy,
+              chart,
+              chartCommands,
+              generalOptions,
+              rowAttributes,
+              chartOptions,
+              download,
+              upload,
+              recording,
+              macroTree,
+              macroEditor,
+              events,
+              layout,
+              platform,
+              [this] { return chooseColor(); },
+              [this] { ChartStep(); }}),
+      keyHandling({grid, keys, runner, hostUpdate, busy, [this] { ChartStep(); }}),
+      menus({tables, events, platform.popups, busy, runner}),
       gridHandlers(*this),
       chartHandlers(*this),
       treeHandlers(*this),
@@ -52,7 +72,8 @@ ControlContext::ControlContext(const Platform& desktop)
                        return problems;
                    },
                    [this](const std::string& key) { return CheckMacroCommand(*this, key); }}) {
-    BindMenuCommands(*this);
+    chooseColor = [this] { return menus.ChooseColor(); };
+    showChartPopup = [this](std::string_view place) { menus.Open(place, {}, PopupPlace::Mouse); };
     grid.SetEvents(&gridHandlers);
     chart.SetEvents(&chartHandlers);
     tree.SetEvents(&treeHandlers);

@@ -10,6 +10,8 @@
 #include "automation/EventSource.h"
 #include "automation/TableSlots.h"
 #include "chart/ChartCommands.h"
+#include "commands/CommandRunner.h"
+#include "commands/KeyHandling.h"
 #include "components/GridControl.h"
 #include "components/TreeControl.h"
 #include "control/ChartHandlers.h"
@@ -20,11 +22,9 @@
 #include "dialogs/RowAttributes.h"
 #include "grid/ClipboardCommands.h"
 #include "grid/CurrentKeys.h"
-#include "grid/GridCommands.h"
 #include "grid/GridConstruction.h"
 #include "grid/GridSettings.h"
 #include "grid/HostUpdate.h"
-#include "grid/KeyHandling.h"
 #include "grid/SizeEvents.h"
 #include "grid/UndoHistory.h"
 #include "grid/ValueEntry.h"
@@ -81,8 +81,6 @@ struct ControlContext {
     GridConstruction construction;
     ValueEntry valueEntry;
     ClipboardCommands clipboard;
-    KeyHandling keyHandling;
-    GridCommands commands;
     SizeEvents sizeEvents;
     /// The "Colors" popup.
     ColorChooser chooseColor;
@@ -94,6 +92,8 @@ struct ControlContext {
     SpreadsheetOptions spreadsheetOptions;
     SpreadsheetDownload download;
     SpreadsheetUpload upload;
+    CommandRunner runner;
+    KeyHandling keyHandling;
     MenuDispatch menus;
     GridHandlers gridHandlers;
     ChartHandlers chartHandlers;

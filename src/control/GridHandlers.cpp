@@ -39,20 +39,35 @@ void GridHandlers::KeepKeys(const CellKey& cell) {
 }
 
 void GridHandlers::ColumnResized(const std::string& column, int width) {
-    ErrorTrap(GridControlLabel, "ColumnResized", [&] { context_.sizeEvents.ColumnResized(column, width); });
+    ErrorTrap(GridControlLabel, "ColumnResized", [&] {
+        Record(Command::SetColumnWidth, {.columns = context_.sizeEvents.ColumnResized(column, width), .value = width});
+    });
 }
 
 void GridHandlers::RowResized(const std::string& row, int height) {
-    ErrorTrap(GridControlLabel, "RowResized", [&] { context_.sizeEvents.RowResized(row, height); });
+    ErrorTrap(GridControlLabel, "RowResized", [&] {
+        Record(Command::SetRowHeight, {.rows = context_.sizeEvents.RowResized(row, height), .value = height});
+    });
 }
 
 void GridHandlers::HeaderHeightResized(const std::string& column, int height) {
-    ErrorTrap(GridControlLabel, "SwitchedColumnResized",
-              [&] { context_.sizeEvents.SwitchedColumnResized(column, height); });
+    ErrorTrap(GridControlLabel, "SwitchedColumnResized", [&] {
+        Record(Command::SetColumnHeight,
+               {.columns = context_.sizeEvents.SwitchedColumnResized(column, height), .value = height});
+    });
 }
 
 void GridHandlers::HeaderWidthResized(const std::string& row, int width) {
-    ErrorTrap(GridControlLabel, "SwitchedRowResized", [&] { context_.sizeEvents.SwitchedRowResized(row, width); });
+    ErrorTrap(GridControlLabel, "SwitchedRowResized", [&] {
+        Record(Command::SetRowWidth, {.rows = context_.sizeEvents.SwitchedRowResized(row, width), .value = width});
+    });
+}
+
+/// Nothing for a heading that has no size in the tables.
+void GridHandlers::Record(Command command, const CommandCall& call) {
+    if (!call.columns.empty() || !call.rows.empty()) {
+        context_.runner.Record(command, call);
+    }
 }
 
 void GridHandlers::SelectionChanged(const CellKey& cell, bool selected) {
@@ -63,12 +78,14 @@ void GridHandlers::SelectionChanged(const CellKey& cell, bool selected) {
                        TraceText("{cid: ", cell.column, " - rid: ", cell.row, " - selected: ", selected, "}"));
         }
         MirrorSelection(context_.tables.COLS_INDEX, context_.tables.LINE_INDEX, context_.driver);
-        context_.recording.Marked();
+        context_.runner.Record(Command::SelectHeadings, {});
+        context_.runner.Changed();
     });
 }
 
 void GridHandlers::ContentsChanged(const CellKey& cell, const std::string& text, const std::string& before) {
     ErrorTrap(GridControlLabel, "ContentsChanged", [&] { context_.valueEntry.ContentsChanged(cell, text, before); });
+    context_.runner.Changed();
 }
 
 void GridHandlers::StayCell() {
@@ -141,11 +158,12 @@ void GridHandlers::KeyPress(std::int16_t character) {
 }
 
 void GridHandlers::ShowHiddenColumns(const std::vector<std::string>& columns) {
-    ErrorTrap(GridControlLabel, "#SHOW COLUMNS#", [&] { context_.commands.ShowColumns(columns); });
+    ErrorTrap(GridControlLabel, "#SHOW COLUMNS#",
+              [&] { context_.runner.Run(Command::ShowColumns, {.columns = columns}); });
 }
 
 void GridHandlers::ShowHiddenRows(const std::vector<std::string>& rows) {
-    ErrorTrap(GridControlLabel, "#SHOW ROWS#", [&] { context_.commands.ShowRows(rows); });
+    ErrorTrap(GridControlLabel, "#SHOW ROWS#", [&] { context_.runner.Run(Command::ShowRows, {.rows = rows}); });
 }
 
 void GridHandlers::FocusIn() {

@@ -4,10 +4,13 @@
 #include <functional>
 #include <memory>
 
+#include <planview/Commands.h>
+
 #include "components/GridEvents.h"
 
 namespace planview {
 
+struct CommandCall;
 struct ControlContext;
 
 /// Hears what the user does in the grid and hands each event to the job that it belongs to, under an error trap.
@@ -35,6 +38,7 @@ public:
 
 private:
     void KeepKeys(const CellKey& cell);
+    void Record(Command command, const CommandCall& call);
 
     ControlContext& context_;
 };

@@ -2,8 +2,8 @@
 #include "control/MacroCommands.h"
 
 #include "automation/Texts.h"
+#include "commands/TreeCommands.h"
 #include "control/Guarded.h"
-#include "control/TreeHandlers.h"
 #include "macro/run/MacroRun.h"
 
 namespace planview {

@@ -4,6 +4,7 @@
 #include <planview/PlanView.h>
 
 #include "automation/MemberNames.h"
+#include "commands/CommandTable.h"
 
 namespace planview {
 
@@ -95,6 +96,9 @@ DispatchId PlanView::IdOf(std::string_view name) const {
             return member.id;
         }
     }
+    if (const CommandRow* row = FindCommand(name)) {
+        return static_cast<DispatchId>(row->command);
+    }
     ThrowUnknownMember("The control", name);
 }
 
@@ -107,6 +111,11 @@ void PlanView::Put(DispatchId member, Arguments, const Variant&) {
 }
 
 Variant PlanView::Call(DispatchId member, Arguments arguments) {
+    if (const CommandRow* row = FindCommand(static_cast<Command>(member))) {
+        ExpectArguments(arguments, static_cast<std::size_t>(CountOf(row->arguments)), row->name);
+        Run(row->command, arguments);
+        return Status{0};
+    }
     if (member < 1 || static_cast<std::size_t>(member) > Members.size()) {
         ThrowUnknownMember("The control", member);
     }

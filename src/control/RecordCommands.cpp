@@ -21,23 +21,6 @@ void TellUser(const ControlContext& context, const std::string& text) {
 
 }  // namespace
 
-void PlanView::StartRecording() {
-    Guarded(state_, MacroLabel, "StartRecord", [](ControlContext& context) { context.recording.StartRecord(); });
-}
-
-void PlanView::PauseRecording() {
-    Guarded(state_, MacroLabel, "InterruptRecord",
-            [](ControlContext& context) { context.recording.InterruptRecord(); });
-}
-
-void PlanView::StopRecording() {
-    Guarded(state_, MacroLabel, "StopRecord", [](ControlContext& context) { context.recording.StopRecord(); });
-}
-
-void PlanView::UndoRecordedStep() {
-    Guarded(state_, MacroLabel, "UndoRecord", [](ControlContext& context) { context.recording.UndoRecord(); });
-}
-
 bool PlanView::IsRecording() const noexcept {
     return state_->context.recording.State() != RecordState::Off;
 }
@@ -69,7 +52,7 @@ std::string PlanView::KeepRecording(const std::string& name, const std::string& 
             return;
         }
         if (const std::optional<std::string> error =
-                ErrorTextOf([&] { key = KeepSteps(macroTree, steps, name, parentNode); })) {
+                ErrorTextOf([&] { key = KeepSteps(macroTree, steps, name, parentNode, SentenceOf); })) {
             TraceError(MacroLabel, "KeepRecording", *error);
             TellUser(context, "The recording cannot be kept in MACRO_TREE.\n" + *error);
         } else if (TraceEnabled) {

@@ -4,7 +4,6 @@
 #include "automation/Texts.h"
 #include "control/Guarded.h"
 #include "control/MacroCommands.h"
-#include "control/RecordedActions.h"
 #include "grid/CellCaption.h"
 #include "macro/recording/MacroRecorded.h"
 #include "macro/recording/MacroReplay.h"
@@ -21,8 +20,8 @@ constexpr std::string_view MacroLabel = "MACRO";
 
 MacroReplay ReplayOf(ControlContext& context) {
     return MacroReplay({context.grid, context.valueEntry,
-                        [&](const ViewAction& action) { return ActionRefusal(context, action); },
-                        [&](const ViewAction& action) { PerformAction(context, action); }});
+                        [&](const ViewStep& step) { return context.runner.MisfitOf(step); },
+                        [&](const ViewStep& step) { return context.runner.Replay(step); }, SentenceOf});
 }
 
 MacroResult Replay(ControlContext& context, std::vector<MacroStep> steps, bool onSelectedLine) {

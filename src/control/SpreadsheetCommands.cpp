@@ -23,14 +23,6 @@ const SpreadsheetOptions& PlanView::GetSpreadsheetOptions() const noexcept {
     return state_->context.spreadsheetOptions;
 }
 
-void PlanView::Download() {
-    Guarded(state_, SpreadsheetLabel, "ExcelDn", [](ControlContext& context) { context.download.Run(); });
-}
-
-void PlanView::Upload() {
-    Guarded(state_, SpreadsheetLabel, "ExcelUp", [](ControlContext& context) { context.upload.Run(); });
-}
-
 std::string PlanView::DownloadTo(const std::string& path) {
     std::string error = HasEnded;
     Guarded(state_, SpreadsheetLabel, "ExcelDn", [&](ControlContext& context) {

@@ -4,9 +4,8 @@
 #include <array>
 #include <string>
 
+#include "commands/TreeCommands.h"
 #include "control/ControlContext.h"
-#include "control/MenuWiring.h"
-#include "menus/modPopup.h"
 #include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 
@@ -21,11 +20,7 @@ namespace {
 constexpr std::int16_t RightButton = 2;
 
 /// While a popup of the tree is open.
-constexpr std::string_view CommandState = "TRE";
-
-/// What `MacroTreeNodeDropped` says of a new node: beside the clicked one, or below it.
-constexpr std::string_view InsertType = "INSERT";
-constexpr std::string_view CreateType = "CREATE";
+constexpr std::string_view PopupState = "TRE";
 
 }  // namespace
 
@@ -43,11 +38,6 @@ void TreeHandlers::TraceNode(std::string_view method, const std::string& key) co
 void TreeHandlers::Raise(EventId event, const std::string& key) {
     const std::array<Variant, 2> arguments{key, context_.settings.switched ? "X" : ""};
     context_.events.Raise(event, arguments);
-}
-
-void TreeHandlers::RaiseDropped(const std::string& target, const std::string& type, std::int16_t action) {
-    const std::array<Variant, 3> arguments{target, type, action};
-    context_.events.Raise(EventId::MacroTreeNodeDropped, arguments);
 }
 
 // --- Label
@@ -120,44 +110,29 @@ void TreeHandlers::NodeDropped(const std::string& key, const std::string& target
                        TraceText("{node: ", TextOf(target), " - dropped: ", TextOf(key),
                                  " - action: ", static_cast<std::int16_t>(action), "}"));
         }
-        RaiseDropped(target, key, static_cast<std::int16_t>(action));
+        RaiseMacroTreeNodeDropped(context_.events, target, key, action);
     });
 }
 
 // --- Popups
 
-std::string TreeHandlers::Ask(MainMenu which, PopupPlace place) {
+void TreeHandlers::RunFromPopup(MainMenu which, PopupPlace place, const std::string& key) {
+    CommandCall call;
+    call.place.node = key;
+    if (const std::optional<Command> command = Ask(which, place, call.place)) {
+        context_.runner.Run(*command, std::move(call));
+    }
+}
+
+std::optional<Command> TreeHandlers::Ask(MainMenu which, PopupPlace place, const CommandPlace& about) {
     struct State {
         std::string& text;
-        explicit State(std::string& state) : text(state) { text = CommandState; }
+        explicit State(std::string& state) : text(state) { text = PopupState; }
         ~State() { text.clear(); }
         State(const State&) = delete;
         State& operator=(const State&) = delete;
     } const state(context_.macroTreeState);
-    return context_.menus.Ask(which, place);
-}
-
-void TreeHandlers::TreePopup(const std::string& key, PopupPlace place) {
-    frmMenu& menu = context_.menus.Menu();
-    const MenuCommands& commands = context_.menus.Commands();
-    const MenuState state = MenuStateOf(context_, {});
-    const bool hasNodes = context_.tree.Nodes().Count() > 0;
-    menu.EnableCommand("MacroExpand", hasNodes);
-    menu.EnableCommand("MacroCollapse", hasNodes);
-    modPopup::MacroRecord(menu, commands.IsBound("MacroRecStart"), state.record, state.canUndoRecord);
-    modPopup::Rename(menu, !key.empty() && modMacro::NotRoot(context_.macroTree, key));
-    const std::string command = Ask(MainMenu::Macro, place);
-    if (command == "MacroExpand") {
-        modMacro::ExpandAll(context_.macroTree);
-    } else if (command == "MacroCollapse") {
-        modMacro::CollapseAll(context_.macroTree);
-    } else if (command == "MacroRecStart") {
-        commands.Run(command);
-    } else if (command == "NodeRename") {
-        if (const TreeNode node = context_.tree.Nodes().Find(key)) {
-            node.StartLabelEdit();
-        }
-    }
+    return context_.menus.Ask(which, place, about);
 }
 
 void TreeHandlers::MouseDown(const std::string& key, std::int16_t button, std::int16_t shift) {
@@ -166,7 +141,7 @@ void TreeHandlers::MouseDown(const std::string& key, std::int16_t button, std::i
             TraceWrite(Label, "", "MouseDown", TraceText("{mousebutton: ", button, " - shift: ", shift, "}"));
         }
         if (button == RightButton) {
-            TreePopup(key, PopupPlace::Mouse);
+            RunFromPopup(MainMenu::Macro, PopupPlace::Mouse, key);
         }
         TraceNode("MouseDown fired", key);
         Raise(EventId::MacroTreeMouseDown, key);
@@ -174,27 +149,16 @@ void TreeHandlers::MouseDown(const std::string& key, std::int16_t button, std::i
 }
 
 void TreeHandlers::MenuKey(const std::string& key) {
-    ErrorTrap(Label, "MenuKey", [&] { TreePopup(key, PopupPlace::CurrentCell); });
+    ErrorTrap(Label, "MenuKey", [&] { RunFromPopup(MainMenu::Macro, PopupPlace::CurrentCell, key); });
 }
 
 void TreeHandlers::NodeClick(const std::string& key, bool again) {
     ErrorTrap(Label, "NodeClick", [&] {
         TraceNode("NodeClick fired", key);
         static_cast<void>(modMacro::RowOf(context_.macroTree, key));
-        if (!again) {
-            return;
-        }
-        modPopup::MacroFunction(context_.menus.Menu(), {true, true, true});
-        const std::string command = Ask(MainMenu::MacroFunction, PopupPlace::CurrentCell);
-        const DropAction action = command == "MacroInsert" ? DropAction::NewBefore
-                                  : command == "MacroAdd"  ? DropAction::NewAfter
-                                                           : DropAction::NewBelow;
-        if (!command.empty()) {
-            context_.macroEditor.SetSpot(action == DropAction::NewBefore  ? MacroSpot::Before
-                                         : action == DropAction::NewAfter ? MacroSpot::After
-                                                                          : MacroSpot::Inside);
-            const std::string_view type = action == DropAction::NewBelow ? CreateType : InsertType;
-            RaiseDropped(key, std::string(type), static_cast<std::int16_t>(action));
+        context_.runner.Changed();
+        if (again) {
+            RunFromPopup(MainMenu::MacroFunction, PopupPlace::CurrentCell, key);
         }
     });
 }

@@ -2,28 +2,21 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include <planview/Commands.h>
 #include <planview/Events.h>
 #include <planview/Platform.h>
 
+#include "commands/CommandCall.h"
 #include "components/TreeEvents.h"
 #include "menus/MenuTree.h"
 
 namespace planview {
 
 struct ControlContext;
-
-/// The third argument of `MacroTreeNodeDropped`.
-enum class DropAction : std::int16_t {
-    NewBefore = 1,
-    NewAfter = 2,
-    NewBelow = 3,
-    MovedBefore = 4,  // the type is the key of the moved node from here on
-    MovedAfter = 5,
-    MovedBelow = 6
-};
 
 /// Hears what the user does in the macro tree and carries it out, each under an error trap.
 ///
@@ -52,11 +45,10 @@ private:
     /// The entry, and the event where no command is under way.
     void Fire(EventId event, std::string_view method, const std::string& key);
     void Raise(EventId event, const std::string& key);
-    void RaiseDropped(const std::string& target, const std::string& type, std::int16_t action);
+    /// Shows a popup about the node and runs what was chosen.
+    void RunFromPopup(MainMenu which, PopupPlace place, const std::string& key);
     /// Shows a popup; meanwhile the host cannot choose another node.
-    [[nodiscard]] std::string Ask(MainMenu which, PopupPlace place);
-    /// Shows the tree's popup and carries out what was chosen.
-    void TreePopup(const std::string& key, PopupPlace place);
+    [[nodiscard]] std::optional<Command> Ask(MainMenu which, PopupPlace place, const CommandPlace& about);
 
     ControlContext& context_;
 };

@@ -7,19 +7,16 @@
 
 namespace planview {
 
-void ColorSelectedRows(HostTable lineIndex, modGrid& driver, RowColor which, std::int16_t color) {
+bool ColorSelectedRows(HostTable lineIndex, modGrid& driver, RowColor which, std::int16_t color) {
     const bool background = which == RowColor::Background;
     ForEachRow(lineIndex, [&](HostTable::Row i) {
         if (driver.HeaderSelected(RowAxis.KeysOf(lineIndex.Text(i, "GRID_ID"))) == 1) {
             lineIndex.Put(i, background ? "ROW_BG" : "ROW_FG", color);
         }
     });
-    if (background) {
-        RowBgColor(lineIndex, driver);
-    } else {
-        RowFgColor(lineIndex, driver);
-    }
+    const bool done = background ? RowBgColor(lineIndex, driver) : RowFgColor(lineIndex, driver);
     driver.Grid().Redraw();
+    return done;
 }
 
 }  // namespace planview

@@ -22,9 +22,10 @@ public:
     IndexWalk(std::string_view method, const IndexAxis& axis, HostTable table)
         : method_(method), axis_(axis), table_(std::move(table)) {}
 
-    /// Calls body(row, key) for each row until it answers false; a failure is traced with the key it happened at.
+    /// Calls body(row, key) for each row until it answers false. A failure is traced with the key it happened at;
+    /// answers whether there was none.
     template <class Body>
-    void Run(const Body& body) {
+    [[nodiscard]] bool Run(const Body& body) {
         const std::optional<std::string> error = ErrorTextOf([&] {
             const int count = table_.RowCount();
             for (int i = 1; i <= count; ++i) {
@@ -38,6 +39,7 @@ public:
         if (error) {
             Trace("", "ERROR");
         }
+        return !error;
     }
 
     /// The entry of a changed row; `detail` stands behind the key (" - width: 80").
@@ -61,9 +63,9 @@ void ClearSelection(modGrid& driver) {
     driver.DeleteSelection({LabelColumnKey, HeadingRowKey}, NoRedraw);
 }
 
-void SelectAll(IndexWalk walk, modGrid& driver) {
+bool SelectAll(IndexWalk walk, modGrid& driver) {
     ClearSelection(driver);
-    walk.Run([&](HostTable::Row i, const std::string& key) {
+    return walk.Run([&](HostTable::Row i, const std::string& key) {
         driver.SetSelection(walk.Axis().KeysOf(key), NoRedraw);
         walk.Table().PutFlag(i, walk.Axis().markedField, true);
         walk.Trace();
@@ -71,9 +73,9 @@ void SelectAll(IndexWalk walk, modGrid& driver) {
     });
 }
 
-void DeselectAll(IndexWalk walk, modGrid& driver) {
+bool DeselectAll(IndexWalk walk, modGrid& driver) {
     ClearSelection(driver);
-    walk.Run([&](HostTable::Row i, const std::string& key) {
+    return walk.Run([&](HostTable::Row i, const std::string& key) {
         driver.DeleteSelection(walk.Axis().KeysOf(key), NoRedraw);
         walk.Table().PutFlag(i, walk.Axis().markedField, false);
         walk.Trace();
@@ -90,15 +92,15 @@ std::vector<bool> SelectedHeaders(const HostTable& table, const IndexAxis& axis,
     return selected;
 }
 
-void SelectBlock(IndexWalk walk, modGrid& driver) {
+bool SelectBlock(IndexWalk walk, modGrid& driver) {
     std::vector<bool> selected;
     if (ErrorTextOf([&] { selected = SelectedHeaders(walk.Table(), walk.Axis(), driver); })) {
         walk.Trace("", "ERROR");
-        return;
+        return false;
     }
     ClearSelection(driver);
     bool inside = false;
-    walk.Run([&](HostTable::Row i, const std::string& key) {
+    return walk.Run([&](HostTable::Row i, const std::string& key) {
         if (selected.at(static_cast<std::size_t>(i) - 1)) {
             if (inside) {
                 return false;  // the closing header is left as it is
@@ -118,8 +120,8 @@ void SelectBlock(IndexWalk walk, modGrid& driver) {
 
 /// `concerns` says by its key whether a column or row is meant.
 template <class Concerns>
-void SetHidden(IndexWalk walk, modGrid& driver, bool hidden, const Concerns& concerns) {
-    walk.Run([&](HostTable::Row i, const std::string& key) {
+bool SetHidden(IndexWalk walk, modGrid& driver, bool hidden, const Concerns& concerns) {
+    return walk.Run([&](HostTable::Row i, const std::string& key) {
         if (concerns(key)) {
             driver.CenterHidden(walk.Axis().KeysOf(key), hidden, NoRedraw);
             walk.Table().PutFlag(i, walk.Axis().hiddenField, hidden);
@@ -129,21 +131,21 @@ void SetHidden(IndexWalk walk, modGrid& driver, bool hidden, const Concerns& con
     });
 }
 
-void SetSelectedHidden(IndexWalk walk, modGrid& driver, bool hidden) {
+bool SetSelectedHidden(IndexWalk walk, modGrid& driver, bool hidden) {
     const IndexAxis& axis = walk.Axis();
-    SetHidden(std::move(walk), driver, hidden,
-              [&](const std::string& key) { return driver.HeaderSelected(axis.KeysOf(key)) == 1; });
+    return SetHidden(std::move(walk), driver, hidden,
+                     [&](const std::string& key) { return driver.HeaderSelected(axis.KeysOf(key)) == 1; });
 }
 
-void ShowNamed(IndexWalk walk, modGrid& driver, const std::vector<std::string>& keys) {
+bool ShowNamed(IndexWalk walk, modGrid& driver, const std::vector<std::string>& keys) {
     const std::unordered_set<std::string_view> named(keys.begin(), keys.end());
-    SetHidden(std::move(walk), driver, false, [&](const std::string& key) { return named.contains(key); });
+    return SetHidden(std::move(walk), driver, false, [&](const std::string& key) { return named.contains(key); });
 }
 
-void ApplyRowColor(std::string_view method, HostTable lineIndex, modGrid& driver, std::string_view field,
+bool ApplyRowColor(std::string_view method, HostTable lineIndex, modGrid& driver, std::string_view field,
                    GridStatus (modGrid::*setColor)(const CellKeyView& keys, std::int16_t color, bool redraw)) {
     IndexWalk walk(method, RowAxis, std::move(lineIndex));
-    walk.Run([&](HostTable::Row i, const std::string& key) {
+    return walk.Run([&](HostTable::Row i, const std::string& key) {
         const CellKeyView keys = RowAxis.KeysOf(key);
         if (driver.HeaderSelected(keys) == 1) {
             const std::int16_t color = walk.Table().Int16(i, field);
@@ -162,57 +164,57 @@ void Mirror(const HostTable& table, const IndexAxis& axis, const modGrid& driver
 
 }  // namespace
 
-void SelectAllColumns(HostTable colsIndex, modGrid& driver) {
-    SelectAll({"SelectAllColumns", ColumnAxis, std::move(colsIndex)}, driver);
+bool SelectAllColumns(HostTable colsIndex, modGrid& driver) {
+    return SelectAll({"SelectAllColumns", ColumnAxis, std::move(colsIndex)}, driver);
 }
 
-void SelectAllRows(HostTable lineIndex, modGrid& driver) {
-    SelectAll({"SelectAllRows", RowAxis, std::move(lineIndex)}, driver);
+bool SelectAllRows(HostTable lineIndex, modGrid& driver) {
+    return SelectAll({"SelectAllRows", RowAxis, std::move(lineIndex)}, driver);
 }
 
-void SelectBlockColumns(HostTable colsIndex, modGrid& driver) {
-    SelectBlock({"SelectBlockColumns", ColumnAxis, std::move(colsIndex)}, driver);
+bool SelectBlockColumns(HostTable colsIndex, modGrid& driver) {
+    return SelectBlock({"SelectBlockColumns", ColumnAxis, std::move(colsIndex)}, driver);
 }
 
-void SelectBlockRows(HostTable lineIndex, modGrid& driver) {
-    SelectBlock({"SelectBlockRows", RowAxis, std::move(lineIndex)}, driver);
+bool SelectBlockRows(HostTable lineIndex, modGrid& driver) {
+    return SelectBlock({"SelectBlockRows", RowAxis, std::move(lineIndex)}, driver);
 }
 
-void DeselectAllColumns(HostTable colsIndex, modGrid& driver) {
-    DeselectAll({"DeselectAllColumns", ColumnAxis, std::move(colsIndex)}, driver);
+bool DeselectAllColumns(HostTable colsIndex, modGrid& driver) {
+    return DeselectAll({"DeselectAllColumns", ColumnAxis, std::move(colsIndex)}, driver);
 }
 
-void DeselectAllRows(HostTable lineIndex, modGrid& driver) {
-    DeselectAll({"DeselectAllRows", RowAxis, std::move(lineIndex)}, driver);
+bool DeselectAllRows(HostTable lineIndex, modGrid& driver) {
+    return DeselectAll({"DeselectAllRows", RowAxis, std::move(lineIndex)}, driver);
 }
 
-void HideColumn(HostTable colsIndex, modGrid& driver) {
-    SetSelectedHidden({"HideColumn", ColumnAxis, std::move(colsIndex)}, driver, true);
+bool HideColumn(HostTable colsIndex, modGrid& driver) {
+    return SetSelectedHidden({"HideColumn", ColumnAxis, std::move(colsIndex)}, driver, true);
 }
 
-void ShowColumn(HostTable colsIndex, modGrid& driver) {
-    SetSelectedHidden({"ShowColumn", ColumnAxis, std::move(colsIndex)}, driver, false);
+bool ShowColumn(HostTable colsIndex, modGrid& driver) {
+    return SetSelectedHidden({"ShowColumn", ColumnAxis, std::move(colsIndex)}, driver, false);
 }
 
-void ShowColumn(HostTable colsIndex, modGrid& driver, const std::vector<std::string>& keys) {
-    ShowNamed({"ShowColumn", ColumnAxis, std::move(colsIndex)}, driver, keys);
+bool ShowColumn(HostTable colsIndex, modGrid& driver, const std::vector<std::string>& keys) {
+    return ShowNamed({"ShowColumn", ColumnAxis, std::move(colsIndex)}, driver, keys);
 }
 
-void HideRow(HostTable lineIndex, modGrid& driver) {
-    SetSelectedHidden({"HideRow", RowAxis, std::move(lineIndex)}, driver, true);
+bool HideRow(HostTable lineIndex, modGrid& driver) {
+    return SetSelectedHidden({"HideRow", RowAxis, std::move(lineIndex)}, driver, true);
 }
 
-void ShowRow(HostTable lineIndex, modGrid& driver) {
-    SetSelectedHidden({"ShowRow", RowAxis, std::move(lineIndex)}, driver, false);
+bool ShowRow(HostTable lineIndex, modGrid& driver) {
+    return SetSelectedHidden({"ShowRow", RowAxis, std::move(lineIndex)}, driver, false);
 }
 
-void ShowRow(HostTable lineIndex, modGrid& driver, const std::vector<std::string>& keys) {
-    ShowNamed({"ShowRow", RowAxis, std::move(lineIndex)}, driver, keys);
+bool ShowRow(HostTable lineIndex, modGrid& driver, const std::vector<std::string>& keys) {
+    return ShowNamed({"ShowRow", RowAxis, std::move(lineIndex)}, driver, keys);
 }
 
-void ColWidthReset(HostTable colsIndex, modGrid& driver, ResetScope scope) {
+bool ColWidthReset(HostTable colsIndex, modGrid& driver, ResetScope scope) {
     IndexWalk walk("ColWidthReset", ColumnAxis, std::move(colsIndex));
-    walk.Run([&](HostTable::Row i, const std::string& key) {
+    return walk.Run([&](HostTable::Row i, const std::string& key) {
         if (scope == ResetScope::All || driver.HeaderSelected({key, {}}) == 1) {
             driver.ColumnWidth(key, ResetColumnWidth, NoRedraw);
             walk.Table().Put(i, "COL_WIDTH", ResetColumnWidth);
@@ -222,9 +224,9 @@ void ColWidthReset(HostTable colsIndex, modGrid& driver, ResetScope scope) {
     });
 }
 
-void RowHeightReset(HostTable lineIndex, modGrid& driver, ResetScope scope) {
+bool RowHeightReset(HostTable lineIndex, modGrid& driver, ResetScope scope) {
     IndexWalk walk("RowHeightReset", RowAxis, std::move(lineIndex));
-    walk.Run([&](HostTable::Row i, const std::string& key) {
+    return walk.Run([&](HostTable::Row i, const std::string& key) {
         if (scope == ResetScope::All || driver.HeaderSelected({{}, key}) == 1) {
             driver.RowHeight(key, ResetRowHeight, NoRedraw);
             walk.Table().Put(i, "ROW_HEIGHT", ResetRowHeight);
@@ -234,12 +236,12 @@ void RowHeightReset(HostTable lineIndex, modGrid& driver, ResetScope scope) {
     });
 }
 
-void RowBgColor(HostTable lineIndex, modGrid& driver) {
-    ApplyRowColor("RowBgColor", std::move(lineIndex), driver, "ROW_BG", &modGrid::CenterBgColor);
+bool RowBgColor(HostTable lineIndex, modGrid& driver) {
+    return ApplyRowColor("RowBgColor", std::move(lineIndex), driver, "ROW_BG", &modGrid::CenterBgColor);
 }
 
-void RowFgColor(HostTable lineIndex, modGrid& driver) {
-    ApplyRowColor("RowFgColor", std::move(lineIndex), driver, "ROW_FG", &modGrid::CenterFgColor);
+bool RowFgColor(HostTable lineIndex, modGrid& driver) {
+    return ApplyRowColor("RowFgColor", std::move(lineIndex), driver, "ROW_FG", &modGrid::CenterFgColor);
 }
 
 void MirrorSelection(HostTable colsIndex, HostTable lineIndex, const modGrid& driver) {

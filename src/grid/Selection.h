@@ -13,23 +13,23 @@ namespace planview {
 ///
 /// Each operation walks its table from row 1, changes the grid with redraw off, writes the changed field back and
 /// leaves one trace entry per changed row. A failure ends it with the same entry and "ERROR"; what it has written
-/// stays. "Selected" always means: the header is selected in the grid.
+/// stays, and the answer is false. "Selected" always means: the header is selected in the grid.
 
-void SelectAllColumns(HostTable colsIndex, modGrid& driver);
+[[nodiscard]] bool SelectAllColumns(HostTable colsIndex, modGrid& driver);
 /// From the first selected header up to, but not including, the next one; to the end when there is only one.
-void SelectBlockColumns(HostTable colsIndex, modGrid& driver);
-void DeselectAllColumns(HostTable colsIndex, modGrid& driver);
-void HideColumn(HostTable colsIndex, modGrid& driver);
-void ShowColumn(HostTable colsIndex, modGrid& driver);
+[[nodiscard]] bool SelectBlockColumns(HostTable colsIndex, modGrid& driver);
+[[nodiscard]] bool DeselectAllColumns(HostTable colsIndex, modGrid& driver);
+[[nodiscard]] bool HideColumn(HostTable colsIndex, modGrid& driver);
+[[nodiscard]] bool ShowColumn(HostTable colsIndex, modGrid& driver);
 /// Those with these keys, selected or not.
-void ShowColumn(HostTable colsIndex, modGrid& driver, const std::vector<std::string>& keys);
+[[nodiscard]] bool ShowColumn(HostTable colsIndex, modGrid& driver, const std::vector<std::string>& keys);
 
-void SelectAllRows(HostTable lineIndex, modGrid& driver);
-void SelectBlockRows(HostTable lineIndex, modGrid& driver);
-void DeselectAllRows(HostTable lineIndex, modGrid& driver);
-void HideRow(HostTable lineIndex, modGrid& driver);
-void ShowRow(HostTable lineIndex, modGrid& driver);
-void ShowRow(HostTable lineIndex, modGrid& driver, const std::vector<std::string>& keys);
+[[nodiscard]] bool SelectAllRows(HostTable lineIndex, modGrid& driver);
+[[nodiscard]] bool SelectBlockRows(HostTable lineIndex, modGrid& driver);
+[[nodiscard]] bool DeselectAllRows(HostTable lineIndex, modGrid& driver);
+[[nodiscard]] bool HideRow(HostTable lineIndex, modGrid& driver);
+[[nodiscard]] bool ShowRow(HostTable lineIndex, modGrid& driver);
+[[nodiscard]] bool ShowRow(HostTable lineIndex, modGrid& driver, const std::vector<std::string>& keys);
 
 /// Which columns or rows a reset is for.
 enum class ResetScope { All, Selected };
@@ -38,12 +38,12 @@ enum class ResetScope { All, Selected };
 inline constexpr std::int16_t ResetColumnWidth = 80;
 inline constexpr std::int16_t ResetRowHeight = 22;
 
-void ColWidthReset(HostTable colsIndex, modGrid& driver, ResetScope scope);
-void RowHeightReset(HostTable lineIndex, modGrid& driver, ResetScope scope);
+[[nodiscard]] bool ColWidthReset(HostTable colsIndex, modGrid& driver, ResetScope scope);
+[[nodiscard]] bool RowHeightReset(HostTable lineIndex, modGrid& driver, ResetScope scope);
 
 /// Gives the selected rows the colour that the table has for them.
-void RowBgColor(HostTable lineIndex, modGrid& driver);
-void RowFgColor(HostTable lineIndex, modGrid& driver);
+[[nodiscard]] bool RowBgColor(HostTable lineIndex, modGrid& driver);
+[[nodiscard]] bool RowFgColor(HostTable lineIndex, modGrid& driver);
 
 /// Writes every mark of both tables afresh from the grid's selection.
 void MirrorSelection(HostTable colsIndex, HostTable lineIndex, const modGrid& driver);

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "grid/SizeEvents.h"
 
-#include <utility>
-#include <vector>
-
 #include "automation/CheckedInt.h"
 #include "grid/IndexAxis.h"
 #include "grid/LoaderSupport.h"
@@ -20,25 +17,26 @@ struct SizeEvents::Change {
     GridStatus (modGrid::*set)(std::string_view key, std::int16_t size, bool redraw);
 };
 
-void SizeEvents::ColumnResized(const std::string& column, int width) {
-    Apply({"ColumnResized", ColumnAxis, " - width:", "COL_WIDTH", &modGrid::ColumnWidth}, column, width);
+SizeEvents::Sized SizeEvents::ColumnResized(const std::string& column, int width) {
+    return Apply({"ColumnResized", ColumnAxis, " - width:", "COL_WIDTH", &modGrid::ColumnWidth}, column, width);
 }
 
-void SizeEvents::RowResized(const std::string& row, int height) {
-    Apply({"RowResized", RowAxis, " - height:", "ROW_HEIGHT", &modGrid::RowHeight}, row, height);
+SizeEvents::Sized SizeEvents::RowResized(const std::string& row, int height) {
+    return Apply({"RowResized", RowAxis, " - height:", "ROW_HEIGHT", &modGrid::RowHeight}, row, height);
 }
 
-void SizeEvents::SwitchedColumnResized(const std::string& column, int height) {
-    Apply({"SwitchedColumnResized", ColumnAxis, " - height:", "COL_HEIGHT", &modGrid::ColumnHeight}, column, height);
+SizeEvents::Sized SizeEvents::SwitchedColumnResized(const std::string& column, int height) {
+    return Apply({"SwitchedColumnResized", ColumnAxis, " - height:", "COL_HEIGHT", &modGrid::ColumnHeight}, column,
+                 height);
 }
 
-void SizeEvents::SwitchedRowResized(const std::string& row, int width) {
-    Apply({"SwitchedRowResized", RowAxis, " - width:", "ROW_WIDTH", &modGrid::RowWidth}, row, width);
+SizeEvents::Sized SizeEvents::SwitchedRowResized(const std::string& row, int width) {
+    return Apply({"SwitchedRowResized", RowAxis, " - width:", "ROW_WIDTH", &modGrid::RowWidth}, row, width);
 }
 
-void SizeEvents::Apply(const Change& change, const std::string& key, int size) {
+SizeEvents::Sized SizeEvents::Apply(const Change& change, const std::string& key, int size) {
     if (!key.starts_with(change.axis.keyPrefix)) {
-        return;
+        return {};
     }
     (change.axis.columns ? keys_.column : keys_.row) = key;
     if (modPlan::TraceEnabled) {
@@ -47,7 +45,7 @@ void SizeEvents::Apply(const Change& change, const std::string& key, int size) {
     }
     const HostTable table = change.axis.columns ? tables_.COLS_INDEX : tables_.LINE_INDEX;
     const auto value = CheckedCast<std::int16_t>(size);
-    std::vector<std::string> sized{key};
+    Sized sized{key};
     const HostTable::Row own = table.FindRow("GRID_ID", key);
     if (own != 0) {
         table.Put(own, change.field, value);
@@ -60,9 +58,7 @@ void SizeEvents::Apply(const Change& change, const std::string& key, int size) {
     });
     driver_.Redraw();
     hostUpdate_.StartUpdate();
-    ViewAction action{std::string(change.field), {}, {}, std::to_string(size)};
-    (change.axis.columns ? action.columns : action.rows) = std::move(sized);
-    actions_.Did(action);
+    return sized;
 }
 
 }  // namespace planview

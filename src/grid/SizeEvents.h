@@ -2,11 +2,11 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "automation/TableSlots.h"
 #include "grid/CurrentKeys.h"
 #include "grid/HostUpdate.h"
-#include "grid/UserActions.h"
 #include "grid/modGrid.h"
 
 namespace planview {
@@ -16,26 +16,27 @@ namespace planview {
 /// planning keys are ignored. Sizes in logical pixels.
 class SizeEvents {
 public:
-    SizeEvents(const TableSlots& tables, modGrid& driver, CurrentKeys& keys, HostUpdate& hostUpdate,
-               UserActions& actions)
-        : tables_(tables), driver_(driver), keys_(keys), hostUpdate_(hostUpdate), actions_(actions) {}
+    SizeEvents(const TableSlots& tables, modGrid& driver, CurrentKeys& keys, HostUpdate& hostUpdate)
+        : tables_(tables), driver_(driver), keys_(keys), hostUpdate_(hostUpdate) {}
 
-    void ColumnResized(const std::string& column, int width);
-    void RowResized(const std::string& row, int height);
+    /// The keys of all columns or rows that have the size now.
+    using Sized = std::vector<std::string>;
+
+    Sized ColumnResized(const std::string& column, int width);
+    Sized RowResized(const std::string& row, int height);
     /// The height of the row that a column is shown as in the switched view.
-    void SwitchedColumnResized(const std::string& column, int height);
+    Sized SwitchedColumnResized(const std::string& column, int height);
     /// The width of the column that a row is shown as in the switched view.
-    void SwitchedRowResized(const std::string& row, int width);
+    Sized SwitchedRowResized(const std::string& row, int width);
 
 private:
     struct Change;
-    void Apply(const Change& change, const std::string& key, int size);
+    Sized Apply(const Change& change, const std::string& key, int size);
 
     const TableSlots& tables_;
     modGrid& driver_;
     CurrentKeys& keys_;
     HostUpdate& hostUpdate_;
-    UserActions& actions_;
 };
 
 }  // namespace planview

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "components/GridTypes.h"
@@ -19,15 +18,7 @@ struct EditNote {
     std::vector<CellKey> meant{};  ///< of Raise: the cells it was for, the empty ones too
 };
 
-/// A change of columns, rows or the chart as a whole.
-struct ViewAction {
-    std::string command;  ///< the name of the menu command, or of a size's field
-    std::vector<std::string> columns;
-    std::vector<std::string> rows;
-    std::string value;
-};
-
-/// Hears what the user has done to the table, after it was done and when nothing of it is under way any more.
+/// Hears what the user has done to values, after it was done and when nothing of it is under way any more.
 class UserActions {
 public:
     virtual ~UserActions() = default;
@@ -35,9 +26,6 @@ public:
     virtual void Edited(const EditNote& note, const UndoStep& changes, bool undoable) noexcept = 0;
     virtual void Undone(const UndoStep& changes) noexcept = 0;
     virtual void Redone(const UndoStep& changes) noexcept = 0;
-    virtual void Did(const ViewAction& action) noexcept = 0;
-    /// Other headings are selected.
-    virtual void Marked() noexcept = 0;
     /// Whether anybody wants to hear; what is costly to tell is told only then.
     [[nodiscard]] virtual bool Listening() const noexcept = 0;
 };

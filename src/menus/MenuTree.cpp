@@ -2,160 +2,173 @@
 #include "menus/MenuTree.h"
 
 #include <array>
-#include <string>
 
 #include <planview/AutomationObject.h>
+
+#include "commands/CommandTable.h"
 
 namespace planview {
 
 namespace {
+
+constexpr std::string_view ColorName = "mnuColor";
 
 constexpr MenuLine Separator(int depth, std::string_view name) {
     return {depth, name, "-"};
 }
 
 constexpr MenuLine Top(MainMenu menu, std::string_view caption) {
-    return {0, "mnuMain", caption, {}, {}, static_cast<int>(menu)};
+    return {0, "mnuMain", caption, {}, static_cast<int>(menu)};
 }
 
-constexpr MenuLine Color(int index, std::string_view caption, std::string_view command) {
-    return {1, "mnuColor", caption, command, {}, index};
+constexpr MenuLine Entry(int depth, std::string_view name, Command command) {
+    return {depth, name, {}, command};
 }
 
-// Captions are kept to the letter, "Expotential" too: hosts' handbooks and translations know them so.
+constexpr MenuLine Color(int index, std::string_view caption) {
+    return {1, ColorName, caption, {}, index};
+}
+
+// Captions are kept to the letter: hosts' handbooks and translations know them so.
 constexpr auto Tree = std::to_array<MenuLine>({
     Top(MainMenu::Grid, "Grid"),
     {1, "mnuGrid", "Grid"},
-    {2, "mnuMacroTree", "Macrotree", "MacroTree"},
-    {2, "mnuChart", "Chart", "Chart"},
+    Entry(2, "mnuMacroTree", Command::SwitchMacroTree),
+    Entry(2, "mnuChart", Command::SwitchChart),
     Separator(2, "sepSwitch"),
-    {2, "mnuSwitch", "Switch grid", "Switch"},
-    {2, "mnuZoom", "Zoom grid", "Zoom"},
+    Entry(2, "mnuSwitch", Command::SwitchGrid),
+    Entry(2, "mnuZoom", Command::ZoomGrid),
     Separator(2, "sepMacro"),
     {2, "mnuMacro", "Macro"},
-    {3, "mnuMacroRecStart", "Start recording", "MacroRecStart"},
-    {3, "mnuMacroRecInterrupt", "Interrupt recording", "MacroRecInter"},
+    Entry(3, "mnuMacroRecStart", Command::StartRecording),
+    Entry(3, "mnuMacroRecInterrupt", Command::PauseRecording),
     Separator(3, "sepMacroRecStop"),
-    {3, "mnuMacroRecStop", "Stop recording", "MacroRecStop"},
+    Entry(3, "mnuMacroRecStop", Command::StopRecording),
     Separator(3, "sepMacroRecUndo"),
-    {3, "mnuMacroRecUndo", "Undo", "MacroRecUndo"},
+    Entry(3, "mnuMacroRecUndo", Command::UndoRecordedStep),
     Separator(2, "sepExcel"),
     {2, "mnuExcel", "Microsoft Excel"},
-    {3, "mnuExcelDn", "Download", "ExcelDn"},
-    {3, "mnuExcelUp", "Upload", "ExcelUp"},
+    Entry(3, "mnuExcelDn", Command::Download),
+    Entry(3, "mnuExcelUp", Command::Upload),
     Separator(2, "sepGridOptions"),
     {2, "mnuGridOptions", "Options"},
-    {3, "mnuGeneral", "Properties", "General"},
+    Entry(3, "mnuGeneral", Command::EditGridOptions),
     Separator(3, "sepRandom"),
-    {3, "mnuRandom", "Fill with test data", "TestData"},
+    Entry(3, "mnuRandom", Command::FillWithTestData),
     Separator(3, "sepTrace"),
-    {3, "mnuTrace", "Trace", "Trace"},
-    {3, "mnuShowTrace", "Show trace windows", "ShowTrace"},
+    Entry(3, "mnuTrace", Command::SwitchTrace),
+    Entry(3, "mnuShowTrace", Command::ShowTrace),
 
     Top(MainMenu::Column, "Column"),
     {1, "mnuCols", "Columns"},
-    {2, "mnuColsSelectAll", "Select all", "ColsSelectAll"},
-    {2, "mnuColsSelectBlock", "Select block", "ColsSelectBlock"},
-    {2, "mnuColsDeselect", "Deselect", "ColsDeselect"},
+    Entry(2, "mnuColsSelectAll", Command::SelectAllColumns),
+    Entry(2, "mnuColsSelectBlock", Command::SelectColumnBlock),
+    Entry(2, "mnuColsDeselect", Command::DeselectColumns),
     Separator(2, "sepColsHide"),
-    {2, "mnuColsHide", "Hide selected columns", "ColsHide"},
-    {2, "mnuColsShow", "Show selected columns", "ColsShow"},
+    Entry(2, "mnuColsHide", Command::HideColumns),
+    Entry(2, "mnuColsShow", Command::ShowColumns),
     Separator(2, "sepColWidth"),
     {2, "mnuColProperty", "Properties"},
     {3, "mnuColWidth", "Width"},
-    {4, "mnuWidthReset", "Reset", "WidthReset"},
-    {4, "mnuWidthResetAll", "Reset all", "WidthResetAll"},
+    Entry(4, "mnuWidthReset", Command::ResetWidths),
+    Entry(4, "mnuWidthResetAll", Command::ResetAllWidths),
 
     Top(MainMenu::Row, "Row"),
     {1, "mnuRows", "Rows"},
-    {2, "mnuRowsSelectAll", "Select all", "RowsSelectAll"},
-    {2, "mnuRowsSelectBlock", "Select block", "RowsSelectBlock"},
-    {2, "mnuRowsDeselect", "Deselect", "RowsDeselect"},
+    Entry(2, "mnuRowsSelectAll", Command::SelectAllRows),
+    Entry(2, "mnuRowsSelectBlock", Command::SelectRowBlock),
+    Entry(2, "mnuRowsDeselect", Command::DeselectRows),
     Separator(2, "sepRowsHide"),
-    {2, "mnuRowsHide", "Hide selected rows", "RowsHide"},
-    {2, "mnuRowsShow", "Show selected rows", "RowsShow"},
+    Entry(2, "mnuRowsHide", Command::HideRows),
+    Entry(2, "mnuRowsShow", Command::ShowRows),
     Separator(2, "sepRowProperty"),
     {2, "mnuRowProperty", "Properties"},
-    {3, "mnuRowBgColor", "Background color", "RowBgColor"},
-    {3, "mnuRowFgColor", "Foreground color", "RowFgColor"},
+    Entry(3, "mnuRowBgColor", Command::ColorRowBackground),
+    Entry(3, "mnuRowFgColor", Command::ColorRowText),
     {3, "mnuRowHeight", "Height"},
-    {4, "mnuHeightReset", "Reset", "HeightReset"},
-    {4, "mnuHeightResetAll", "Reset all", "HeightResetAll"},
+    Entry(4, "mnuHeightReset", Command::ResetHeights),
+    Entry(4, "mnuHeightResetAll", Command::ResetAllHeights),
     Separator(3, "sepRowAttributes"),
-    {3, "mnuRowAttributes", "Attributes", "RowAttributes"},
+    Entry(3, "mnuRowAttributes", Command::EditRowAttributes),
 
     Top(MainMenu::Cell, "Cell"),
     {1, "mnuCell", "Cell"},
-    {2, "mnuCellCut", "Cut", "CellCut", "Ctrl+X"},
-    {2, "mnuCellCopy", "Copy", "CellCopy", "Ctrl+C"},
-    {2, "mnuCellPaste", "Paste", "CellPaste", "Ctrl+V"},
+    Entry(2, "mnuCellCut", Command::Cut),
+    Entry(2, "mnuCellCopy", Command::Copy),
+    Entry(2, "mnuCellPaste", Command::Paste),
 
     Top(MainMenu::Chart, "Chart"),
-    {1, "mnuChartRedraw", "Arrange/Redraw", "ChartRedraw"},
+    Entry(1, "mnuChartRedraw", Command::ArrangeChart),
     Separator(1, "sepChartViews"),
     {1, "mnuChartViews", "Chart view"},
-    {2, "mnuDefault", "Standard", "Default"},
-    {2, "mnuForecast1", "Forecast (Compare)", "Forecast1"},
+    Entry(2, "mnuDefault", Command::StandardChart),
+    Entry(2, "mnuForecast1", Command::ForecastChart),
     Separator(1, "sepChartCopy"),
-    {1, "mnuChartCopy", "Copy to clipboard", "ChartCopy"},
+    Entry(1, "mnuChartCopy", Command::CopyChart),
     Separator(1, "sepChartProperty"),
     {1, "mnuChartProperty", "Properties"},
-    {2, "mnuChartAttribute", "Attributes", "ChartAttribute"},
+    Entry(2, "mnuChartAttribute", Command::EditChartAttributes),
 
     Top(MainMenu::Series, "Series"),
     {1, "mnuChartType", "Chart series"},
-    {2, "mnuChartLine", "Line", "ChartLine"},
-    {2, "mnuChartColumn", "Column", "ChartColumn"},
+    Entry(2, "mnuChartLine", Command::DrawAsLine),
+    Entry(2, "mnuChartColumn", Command::DrawAsColumns),
     Separator(2, "sepLineStacked"),
-    {2, "mnuLineStacked", "Line stacked", "LineStacked"},
-    {2, "mnuLineStacked100", "Line stacked 100%", "LineStacked100"},
+    Entry(2, "mnuLineStacked", Command::DrawAsStackedLine),
+    Entry(2, "mnuLineStacked100", Command::DrawAsFullLine),
     Separator(1, "sepTrendline"),
     {1, "mnuTrendLine", "Trendline"},
-    {2, "mnuLinear", "Linear", "Linear"},
-    {2, "mnuLogarithmic", "Logarithmic", "Logarithmic"},
-    {2, "mnuPotential", "Potential", "Potential"},
-    {2, "mnuExpotential", "Expotential", "Expotential"},
-    {2, "mnuAverage", "Average", "Average"},
+    Entry(2, "mnuLinear", Command::AddLinearTrend),
+    Entry(2, "mnuLogarithmic", Command::AddLogarithmicTrend),
+    Entry(2, "mnuPotential", Command::AddPowerTrend),
+    Entry(2, "mnuExpotential", Command::AddExponentialTrend),
+    Entry(2, "mnuAverage", Command::AddMovingAverage),
 
     Top(MainMenu::Trendline, "Trendline"),
-    {1, "mnuTrendColor", "Color", "TrendlineColor"},
+    Entry(1, "mnuTrendColor", Command::ColorTrend),
     Separator(1, "sepTrendDel"),
-    {1, "mnuTrendDel", "Delete", "TrendlineDelete"},
+    Entry(1, "mnuTrendDel", Command::DeleteTrend),
 
     Top(MainMenu::Colors, "Colors"),
-    Color(0, "<black>", "Color 0"),
-    Color(1, "<blue>", "Color 1"),
-    Color(2, "<green>", "Color 2"),
-    Color(3, "<cyan>", "Color 3"),
-    Color(4, "<red>", "Color 4"),
-    Color(5, "<magenta>", "Color 5"),
-    Color(6, "<yellow>", "Color 6"),
-    Color(7, "<gray>", "Color 7"),
-    Color(8, "<darkgray>", "Color 8"),
-    Color(9, "<lightblue>", "Color 9"),
-    Color(10, "<lightgreen>", "Color 10"),
-    Color(11, "<lightcyan>", "Color 11"),
-    Color(12, "<lightred>", "Color 12"),
-    Color(13, "<lightmagenta>", "Color 13"),
-    Color(14, "<lightyellow>", "Color 14"),
-    Color(15, "<white>", "Color 15"),
+    Color(0, "<black>"),
+    Color(1, "<blue>"),
+    Color(2, "<green>"),
+    Color(3, "<cyan>"),
+    Color(4, "<red>"),
+    Color(5, "<magenta>"),
+    Color(6, "<yellow>"),
+    Color(7, "<gray>"),
+    Color(8, "<darkgray>"),
+    Color(9, "<lightblue>"),
+    Color(10, "<lightgreen>"),
+    Color(11, "<lightcyan>"),
+    Color(12, "<lightred>"),
+    Color(13, "<lightmagenta>"),
+    Color(14, "<lightyellow>"),
+    Color(15, "<white>"),
 
     Top(MainMenu::Macro, "Macro"),
-    {1, "mnuTreeExpand", "Expand all", "MacroExpand"},
-    {1, "mnuTreeCollapse", "Collapse all", "MacroCollapse"},
+    Entry(1, "mnuTreeExpand", Command::ExpandMacroTree),
+    Entry(1, "mnuTreeCollapse", Command::CollapseMacroTree),
     Separator(1, "sepRecord"),
-    {1, "mnuRecord", "Start recording", "MacroRecStart"},
+    Entry(1, "mnuRecord", Command::StartRecording),
     Separator(1, "sepNodeEdit"),
-    {1, "mnuNodeRename", "Rename/Edit", "NodeRename"},
+    Entry(1, "mnuNodeRename", Command::RenameMacroNode),
 
     Top(MainMenu::MacroFunction, "Macro function"),
-    {1, "mnuMacroInsert", "Insert", "MacroInsert"},
-    {1, "mnuMacroAdd", "Add", "MacroAdd"},
+    Entry(1, "mnuMacroInsert", Command::InsertMacroNode),
+    Entry(1, "mnuMacroAdd", Command::AddMacroNode),
     Separator(1, "sepNextLevel"),
-    {1, "mnuNextLevel", "Create on next level", "NextLevel"},
+    Entry(1, "mnuNextLevel", Command::NestMacroNode),
 });
 
 }  // namespace
+
+std::string MenuLine::Choice() const {
+    return command             ? std::string(RowOf(*command).name)
+           : name == ColorName ? std::string(ColorChoice) + std::to_string(index)
+                               : std::string();
+}
 
 std::span<const MenuLine> MenuTree() noexcept {
     return Tree;

@@ -2,8 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
+#include <string>
 #include <string_view>
+
+#include <planview/Commands.h>
 
 namespace planview {
 
@@ -21,17 +25,21 @@ enum class MainMenu : std::int16_t {
     MacroFunction = 120
 };
 
+/// Before the position of a colour in what is chosen.
+inline constexpr std::string_view ColorChoice = "Color ";
+
 /// One line of the menu tree. Lines follow each other as they are shown; those deeper than a line and directly behind
 /// it stand below it.
 struct MenuLine {
-    int depth;                       ///< 0 for the top entries, of which each holds one popup
-    std::string_view name;           ///< unique but for the entries of a control array
-    std::string_view caption;        ///< "-" makes a separator
-    std::string_view command = {};   ///< what choosing the entry asks for; none where it opens a submenu
-    std::string_view shortcut = {};  ///< shown only
-    int index = -1;                  ///< within its control array; -1 outside of one
+    int depth;                 ///< 0 for the top entries, of which each holds one popup
+    std::string_view name;     ///< unique but for the entries of a control array
+    std::string_view caption;  ///< "-" makes a separator; empty: that of the command
+    std::optional<Command> command = {};
+    int index = -1;  ///< within its control array; -1 outside of one
 
     [[nodiscard]] bool IsSeparator() const noexcept { return caption == "-"; }
+    /// What choosing the entry asks for: a command's name, or "Color 0" to "Color 15"; empty where it opens a submenu.
+    [[nodiscard]] std::string Choice() const;
 };
 
 [[nodiscard]] std::span<const MenuLine> MenuTree() noexcept;

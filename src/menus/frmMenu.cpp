@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "menus/frmMenu.h"
 
-#include <algorithm>
-
+#include "commands/CommandTable.h"
 #include "grid/modGrid.h"
 #include "trace/TraceText.h"
 
@@ -23,8 +22,11 @@ PopupEntry MakeEntry(const MenuLine& line) {
     }
     entry.name = EntryName(line);
     entry.caption = line.caption;
-    entry.shortcut = line.shortcut;
-    if (line.name == "mnuColor") {
+    if (line.command) {
+        const CommandRow& row = RowOf(*line.command);
+        entry.caption = row.PopupCaption();
+        entry.shortcut = row.key;
+    } else if (line.index >= 0) {
         entry.swatch = modGrid::PaletteColorOf(modGrid::PaletteIndexOf(line.index));
     }
     return entry;
@@ -34,28 +36,29 @@ PopupEntry MakeEntry(const MenuLine& line) {
 
 frmMenu::frmMenu() : states_(MenuTree().size()) {}
 
-void frmMenu::Enable(std::string_view name, bool enabled) {
-    states_[FindMenuLine(name)].enabled = enabled;
-}
-
-void frmMenu::Check(std::string_view name, bool checked) {
-    states_[FindMenuLine(name)].checked = checked;
+void frmMenu::Set(std::size_t line, bool enabled, bool checked) {
+    states_[line] = {enabled, checked};
 }
 
 bool frmMenu::IsEnabled(std::string_view name) const {
-    return states_[FindMenuLine(name)].enabled;
+    return IsEnabled(FindMenuLine(name));
+}
+
+bool frmMenu::IsEnabled(std::size_t line) const {
+    const auto tree = MenuTree();
+    if (!tree[line].Choice().empty()) {
+        return states_[line].enabled;
+    }
+    for (std::size_t i = line + 1; i < tree.size() && tree[i].depth > tree[line].depth; ++i) {
+        if (!tree[i].Choice().empty() && states_[i].enabled) {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool frmMenu::IsChecked(std::string_view name) const {
     return states_[FindMenuLine(name)].checked;
-}
-
-void frmMenu::EnableCommand(std::string_view command, bool enabled) {
-    for (std::size_t i = 0; i < states_.size(); ++i) {
-        if (MenuTree()[i].command == command) {
-            states_[i].enabled = enabled;
-        }
-    }
 }
 
 std::vector<PopupEntry> frmMenu::EntriesBelow(std::size_t line) const {
@@ -67,13 +70,11 @@ std::vector<PopupEntry> frmMenu::EntriesBelow(std::size_t line) const {
             continue;  // stands below one of the entries
         }
         PopupEntry entry = MakeEntry(tree[i]);
-        entry.enabled = states_[i].enabled;
+        entry.enabled = entry.separator || IsEnabled(i);
         entry.checked = states_[i].checked;
-        if (!entry.separator && tree[i].command.empty()) {
+        if (!entry.separator && tree[i].Choice().empty()) {
             entry.name.clear();
             entry.entries = EntriesBelow(i);
-            entry.enabled = entry.enabled && std::any_of(entry.entries.begin(), entry.entries.end(),
-                                                         [](const auto& e) { return !e.separator && e.enabled; });
         }
         entries.push_back(std::move(entry));
     }
@@ -89,8 +90,9 @@ PopupMenu frmMenu::PopupOf(MainMenu which) const {
 
 void frmMenu::Click(std::string_view entryName) {
     for (const MenuLine& line : MenuTree()) {
-        if (!line.command.empty() && EntryName(line) == entryName) {
-            Keep(line.command, 0);
+        const std::string choice = line.Choice();
+        if (!choice.empty() && EntryName(line) == entryName) {
+            Keep(choice, 0);
             return;
         }
     }

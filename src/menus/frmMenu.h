@@ -23,14 +23,13 @@ public:
 
     frmMenu();
 
-    void Enable(std::string_view name, bool enabled);
-    void Check(std::string_view name, bool checked);
+    /// Gives the entry at this place in the tree the state of its command.
+    void Set(std::size_t line, bool enabled, bool checked);
+    /// A submenu is enabled while one of its entries is.
     [[nodiscard]] bool IsEnabled(std::string_view name) const;
     [[nodiscard]] bool IsChecked(std::string_view name) const;
-    /// Enables each entry that asks for this command.
-    void EnableCommand(std::string_view command, bool enabled);
 
-    /// The entries as they are now. A submenu without an enabled entry is disabled itself.
+    /// The entries as they are now.
     [[nodiscard]] PopupMenu PopupOf(MainMenu which) const;
 
     /// The click handler of all entries: keeps the command of the entry that Popups::Choose() named. No entry of that
@@ -47,7 +46,8 @@ private:
         bool checked = false;
     };
 
-    std::vector<PopupEntry> EntriesBelow(std::size_t line) const;
+    [[nodiscard]] bool IsEnabled(std::size_t line) const;
+    [[nodiscard]] std::vector<PopupEntry> EntriesBelow(std::size_t line) const;
     void Keep(std::string_view command, int slot);
 
     std::vector<State> states_;  // as the lines of the tree

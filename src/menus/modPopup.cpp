@@ -1,24 +1,69 @@
 // SPDX-License-Identifier: MIT
 #include "menus/modPopup.h"
 
-#include <array>
 #include <string>
+#include <vector>
 
-#include "components/chart/ChartTypes.h"
+#include "commands/CommandRunner.h"
 #include "trace/TraceText.h"
 
 namespace planview::modPopup {
 
 namespace {
 
-/// `label` is the menu name as it stands in the trace, up to the dash.
-void Update(frmMenu& menu, std::string_view entry, std::string_view label, bool enabled, bool checked = false) {
-    menu.Enable(entry, enabled);
-    menu.Check(entry, checked);
-    if (modPlan::TraceEnabled) {
-        modPlan::TraceWrite("POPUP", "", "Update",
-                            TraceText("{menu: ", label, "- checked: ", checked, " - enabled: ", enabled, "}"));
+/// An entry that leaves a trace entry, in the order in which they do, and what it is called there up to the dash. A
+/// name without an entry stands alone in its trace entry.
+struct TracedEntry {
+    MainMenu popup;
+    std::string_view name;
+    std::string_view entry = {};
+};
+
+constexpr TracedEntry TracedEntries[] = {
+    {MainMenu::Grid, "MACROTREE ", "mnuMacroTree"},
+    {MainMenu::Grid, "CHART ", "mnuChart"},
+    {MainMenu::Grid, "SWITCH ", "mnuSwitch"},
+    {MainMenu::Grid, "ZOOM ", "mnuZoom"},
+    {MainMenu::Grid, "MACRO-RECORD"},
+    {MainMenu::Grid, "EXCEL ", "mnuExcelDn"},
+    {MainMenu::Grid, "EXCEL ", "mnuExcelUp"},
+    {MainMenu::Grid, "FILL TEST DATA ", "mnuRandom"},
+    {MainMenu::Grid, "TRACE ", "mnuTrace"},
+    {MainMenu::Grid, "SHOW TRACE ", "mnuShowTrace"},
+    {MainMenu::Column, "HIDE ", "mnuColsHide"},
+    {MainMenu::Column, "SHOW ", "mnuColsShow"},
+    {MainMenu::Column, "WIDTH ", "mnuColWidth"},
+    {MainMenu::Row, "HIDE ", "mnuRowsHide"},
+    {MainMenu::Row, "SHOW ", "mnuRowsShow"},
+    {MainMenu::Row, "HEIGHT ", "mnuRowHeight"},
+    {MainMenu::Row, "BACKGROUND COLOR ", "mnuRowBgColor"},
+    {MainMenu::Row, "FOREGROUND COLOR ", "mnuRowFgColor"},
+    {MainMenu::Cell, "CELL EDIT ", "mnuCellCut"},
+    {MainMenu::Cell, "CELL EDIT ", "mnuCellCopy"},
+    {MainMenu::Cell, "CELL EDIT ", "mnuCellPaste"},
+    {MainMenu::Chart, "CHART VIEWS ", "mnuChartViews"},
+    {MainMenu::Series, "SERIES"},
+    {MainMenu::Series, "SERIES LINE ", "mnuChartLine"},
+    {MainMenu::Series, "SERIES COLUMN ", "mnuChartColumn"},
+    // Without the blank before the dash, unlike all others; log readers know it so.
+    {MainMenu::Series, "SERIES LINE STACKED", "mnuLineStacked"},
+    {MainMenu::Series, "SERIES LINE STACKED 100% ", "mnuLineStacked100"},
+    {MainMenu::Macro, "MACRO-RECORD"},
+    {MainMenu::Macro, "RENAME ", "mnuNodeRename"},
+    {MainMenu::MacroFunction, "MACRO FUNCTION INSERT ", "mnuMacroInsert"},
+    {MainMenu::MacroFunction, "MACRO FUNCTION ADD ", "mnuMacroAdd"},
+    {MainMenu::MacroFunction, "MACRO FUNCTION NEXT LEVEL ", "mnuNextLevel"},
+};
+
+void Trace(const frmMenu& menu, const TracedEntry& traced) {
+    if (!modPlan::TraceEnabled) {
+        return;
     }
+    const std::string state = traced.entry.empty() ? std::string()
+                                                   : TraceText("- checked: ", menu.IsChecked(traced.entry),
+                                                               " - enabled: ", menu.IsEnabled(traced.entry))
+                                                         .Text();
+    modPlan::TraceWrite("POPUP", "", "Update", TraceText("{menu: ", traced.name, state, "}"));
 }
 
 /// The command that the host's entries of a popup stand for; empty for popups that take none.
@@ -68,93 +113,30 @@ int SlotOf(const UserMenu& user, std::string_view name) {
 
 }  // namespace
 
-void MacroTree(frmMenu& menu, bool enabled, bool shown) {
-    Update(menu, "mnuMacroTree", "MACROTREE ", enabled, shown);
-}
-
-void Chart(frmMenu& menu, bool enabled, bool shown) {
-    Update(menu, "mnuChart", "CHART ", enabled, shown);
-}
-
-void Switch(frmMenu& menu, bool enabled, std::int16_t flag) {
-    Update(menu, "mnuSwitch", "SWITCH ", enabled, flag == -1);
-}
-
-void Zoom(frmMenu& menu, bool enabled, bool zoomed) {
-    Update(menu, "mnuZoom", "ZOOM ", enabled, zoomed);
-}
-
-void FillTestData(frmMenu& menu, bool enabled) {
-    Update(menu, "mnuRandom", "FILL TEST DATA ", enabled);
-}
-
-void MacroRecord(frmMenu& menu, bool possible, RecordState record, bool canUndo) {
-    const bool recording = record != RecordState::Off;
-    menu.Enable("mnuMacroRecStart", possible && record != RecordState::Running);
-    menu.Enable("mnuRecord", possible && record != RecordState::Running);
-    menu.Enable("mnuMacroRecInterrupt", possible && record == RecordState::Running);
-    menu.Enable("mnuMacroRecStop", possible && recording);
-    menu.Enable("mnuMacroRecUndo", possible && recording && canUndo);
-    modPlan::TraceWrite("POPUP", "", "Update", "{menu: MACRO-RECORD}");
-}
-
-void Excel(frmMenu& menu, bool download, bool upload) {
-    Update(menu, "mnuExcelDn", "EXCEL ", download);
-    Update(menu, "mnuExcelUp", "EXCEL ", upload);
-}
-
-void Trace(frmMenu& menu, bool enabled, bool on) {
-    Update(menu, "mnuTrace", "TRACE ", enabled, on);
-}
-
-void ShowTrace(frmMenu& menu, bool enabled) {
-    Update(menu, "mnuShowTrace", "SHOW TRACE ", enabled);
-}
-
-void Columns(frmMenu& menu, const ColumnEntries& enabled) {
-    Update(menu, "mnuColsHide", "HIDE ", enabled.hide);
-    Update(menu, "mnuColsShow", "SHOW ", enabled.show);
-    Update(menu, "mnuColWidth", "WIDTH ", enabled.width);
-}
-
-void Rows(frmMenu& menu, const RowEntries& enabled) {
-    Update(menu, "mnuRowsHide", "HIDE ", enabled.hide);
-    Update(menu, "mnuRowsShow", "SHOW ", enabled.show);
-    Update(menu, "mnuRowHeight", "HEIGHT ", enabled.height);
-    Update(menu, "mnuRowBgColor", "BACKGROUND COLOR ", enabled.background);
-    Update(menu, "mnuRowFgColor", "FOREGROUND COLOR ", enabled.foreground);
-}
-
-void CellEdit(frmMenu& menu, const CellEntries& enabled) {
-    Update(menu, "mnuCellCut", "CELL EDIT ", enabled.cut);
-    Update(menu, "mnuCellCopy", "CELL EDIT ", enabled.copy);
-    Update(menu, "mnuCellPaste", "CELL EDIT ", enabled.paste);
-}
-
-void ChartViews(frmMenu& menu, bool enabled, bool forecast) {
-    Update(menu, "mnuChartViews", "CHART VIEWS ", enabled);
-    menu.Check("mnuDefault", !forecast);
-    menu.Check("mnuForecast1", forecast);
-}
-
-void Series(frmMenu& menu, bool enabled, std::optional<std::int16_t> type) {
-    modPlan::TraceWrite("POPUP", "", "Update", "{menu: SERIES}");
-    const auto is = [&](ChartType wanted) { return type == static_cast<std::int16_t>(wanted); };
-    Update(menu, "mnuChartLine", "SERIES LINE ", enabled, is(ChartType::Line));
-    Update(menu, "mnuChartColumn", "SERIES COLUMN ", enabled, is(ChartType::Column));
-    // Without the blank before the dash, unlike all others; log readers know it so.
-    Update(menu, "mnuLineStacked", "SERIES LINE STACKED", enabled, is(ChartType::StackedLine));
-    Update(menu, "mnuLineStacked100", "SERIES LINE STACKED 100% ", enabled, is(ChartType::StackedLine100));
-}
-
-void Rename(frmMenu& menu, bool enabled) {
-    Update(menu, "mnuNodeRename", "RENAME ", enabled);
-}
-
-void MacroFunction(frmMenu& menu, const MacroFunctionEntries& enabled) {
-    Update(menu, "mnuMacroInsert", "MACRO FUNCTION INSERT ", enabled.insert);
-    Update(menu, "mnuMacroAdd", "MACRO FUNCTION ADD ", enabled.add);
-    Update(menu, "mnuNextLevel", "MACRO FUNCTION NEXT LEVEL ", enabled.nextLevel);
+/// Some conditions leave a trace entry themselves; therefore each is asked once, when its entry's turn has come.
+void Update(frmMenu& menu, MainMenu which, const CommandSituation& now) {
+    const auto tree = MenuTree();
+    std::vector<bool> known(tree.size());
+    const auto setWithBelow = [&](std::size_t line) {
+        std::size_t i = line;
+        do {
+            if (tree[i].command && !known[i]) {
+                known[i] = true;
+                const CommandState state = CommandRunner::StateOf(*tree[i].command, now);
+                menu.Set(i, state.enabled, state.checked);
+            }
+            ++i;
+        } while (i < tree.size() && tree[i].depth > tree[line].depth);
+    };
+    for (const TracedEntry& traced : TracedEntries) {
+        if (traced.popup == which) {
+            if (!traced.entry.empty()) {
+                setWithBelow(FindMenuLine(traced.entry));
+            }
+            Trace(menu, traced);
+        }
+    }
+    setWithBelow(FindMenuLine("mnuMain", static_cast<int>(which)));
 }
 
 void Show(Popups& popups, frmMenu& menu, MainMenu which, const UserMenu* user, PopupPlace place) {

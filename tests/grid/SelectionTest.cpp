@@ -70,19 +70,19 @@ TEST_F(SelectionTest, BlocksRunUpToTheNextSelectedHeader) {
         const char* marked;
     } cases[] = {{{2, 4}, ".XX.."}, {{3}, "..XXX"}, {{}, "....."}, {{1, 2}, "X...."}, {{2, 3, 5}, ".X..."}};
     for (const auto& row : cases) {
-        DeselectAllColumns(context.tables.COLS_INDEX, context.driver);
+        EXPECT_TRUE(DeselectAllColumns(context.tables.COLS_INDEX, context.driver));
         SelectColumns(row.selected);
-        SelectBlockColumns(context.tables.COLS_INDEX, context.driver);
+        EXPECT_TRUE(SelectBlockColumns(context.tables.COLS_INDEX, context.driver));
         EXPECT_EQ(Marked(), row.marked);
     }
 }
 
 TEST_F(SelectionTest, SelectingAllAndNoneMarksTheTables) {
-    SelectAllRows(context.tables.LINE_INDEX, context.driver);
+    EXPECT_TRUE(SelectAllRows(context.tables.LINE_INDEX, context.driver));
     EXPECT_EQ(Flags(*tables.lineIndex, "ROW_MARKED"), "XXXXX");
     EXPECT_TRUE(context.grid.IsSelected({"", "ROW5"}));
     EXPECT_EQ(EntriesOf("SelectAllRows").back(), "GRIDCTL | {rid: ROW5} | SelectAllRows | ");
-    DeselectAllRows(context.tables.LINE_INDEX, context.driver);
+    EXPECT_TRUE(DeselectAllRows(context.tables.LINE_INDEX, context.driver));
     EXPECT_EQ(Flags(*tables.lineIndex, "ROW_MARKED"), ".....");
     EXPECT_TRUE(context.grid.Selection().IsEmpty());
 }
@@ -94,17 +94,17 @@ TEST_F(SelectionTest, CommandsHideAndShowWhatIsSelectedAndTellTheHost) {
     } host;
     context.events.AddSink(host);
     SelectColumns({2, 3});
-    context.commands.HideColumns();
+    context.runner.Run(Command::HideColumns);
     EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), ".XX..");
     EXPECT_TRUE(context.grid.Column(*context.grid.FindColumn("COL3")).hidden);
     EXPECT_EQ(host.updates, 1);
     EXPECT_EQ(EntriesOf("#HIDE COLUMNS#"), Lines{"GRIDCTL | {} | #HIDE COLUMNS# | BEGIN"});
     EXPECT_EQ(EntriesOf("HideColumn"),
               (Lines{"GRIDCTL | {cid: COL2} | HideColumn | ", "GRIDCTL | {cid: COL3} | HideColumn | "}));
-    context.commands.ShowColumns();
+    context.runner.Run(Command::ShowColumns);
     EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), ".....");
     tables.colsIndex->SetValue(5, "COL_HIDDEN", "X");
-    context.commands.HideColumns();
+    context.runner.Run(Command::HideColumns);
     host.updates = 0;
     ForgetEntries();
     context.grid.ReportShowHidden(*context.grid.FindColumn("COL4"), HiddenSide::Before);
@@ -114,7 +114,7 @@ TEST_F(SelectionTest, CommandsHideAndShowWhatIsSelectedAndTellTheHost) {
               (Lines{"GRIDCTL | {cid: COL2} | ShowColumn | ", "GRIDCTL | {cid: COL3} | ShowColumn | "}));
     EXPECT_EQ(host.updates, 1);
     context.grid.SelectRow(*context.grid.FindRow("ROW2"), SelectionMode::Replace);
-    context.commands.HideRows();
+    context.runner.Run(Command::HideRows);
     context.grid.ReportShowHidden(*context.grid.FindRow("ROW1"), HiddenSide::Behind);
     EXPECT_EQ(Flags(*tables.lineIndex, "ROW_HIDDEN"), ".....");
     EXPECT_FALSE(context.grid.Row(*context.grid.FindRow("ROW2")).hidden);
@@ -122,10 +122,10 @@ TEST_F(SelectionTest, CommandsHideAndShowWhatIsSelectedAndTellTheHost) {
 }
 
 TEST_F(SelectionTest, ResetReachesEveryColumnWhateverIsSelected) {
-    context.commands.ResetWidths();
+    context.runner.Run(Command::ResetWidths);
     EXPECT_EQ(Widths(), "80 80 80 80 80 ");
     EXPECT_EQ(tables.colsIndex->Value(5, "COL_WIDTH"), Variant(std::int16_t{80}));
-    context.commands.ResetHeights();
+    context.runner.Run(Command::ResetHeights);
     EXPECT_EQ(tables.lineIndex->Value(1, "ROW_HEIGHT"), Variant(std::int16_t{22}));
     EXPECT_EQ(EntriesOf("RowHeightReset").back(), "GRIDCTL | {rid: ROW5 - height: 22} | RowHeightReset | ");
 }
@@ -134,7 +134,7 @@ TEST_F(SelectionTest, AResizeReachesTheMarkedColumns) {
     context.sizeEvents.ColumnResized("COL1", 90);
     EXPECT_EQ(tables.colsIndex->Value(1, "COL_WIDTH"), Variant(std::int16_t{90}));
     EXPECT_EQ(tables.colsIndex->Value(2, "COL_WIDTH"), Variant(70));
-    SelectAllColumns(context.tables.COLS_INDEX, context.driver);
+    EXPECT_TRUE(SelectAllColumns(context.tables.COLS_INDEX, context.driver));
     tables.colsIndex->SetValue(4, "COL_MARKED", "");
     context.sizeEvents.ColumnResized("COL2", 55);
     EXPECT_EQ(Widths(), "55 70 55 70 55 ") << "the resized one itself has its size from the user's drag";
@@ -181,7 +181,7 @@ TEST_F(SelectionTest, AClickOnARowHeaderChoosesTheForecastLine) {
 
 TEST_F(SelectionTest, AFailureEndsTheWalkWithItsKey) {
     ExpectErrors();
-    SelectAllColumns(HostTable(), context.driver);
+    EXPECT_FALSE(SelectAllColumns(HostTable(), context.driver));
     EXPECT_EQ(Entries(IsError), Lines{"GRIDCTL | {cid: } | SelectAllColumns | ERROR"});
 }
 

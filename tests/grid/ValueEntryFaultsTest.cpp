@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "grid/CellRules.h"
 #include "grid/ValueEntryFixture.h"
+#include "support/StubbornTable.h"
 
 namespace planview {
 
@@ -98,25 +99,8 @@ TEST_F(ValueEntryFaultsTest, WithoutTabOldTheValueIsStoredAndCanBeUndone) {
 
 TEST_F(ValueEntryFaultsTest, AnUndoThatFailsInPartCanBeGoneOnWith) {
     /// Lets no value be put into one of its rows.
-    class Stubborn final : public AutomationObject {
-    public:
-        explicit Stubborn(std::shared_ptr<MemoryTable> inner) : inner_(std::move(inner)) {}
-        DispatchId IdOf(std::string_view name) const override { return inner_->IdOf(name); }
-        Variant Get(DispatchId member, Arguments a) override { return inner_->Get(member, a); }
-        void Put(DispatchId member, Arguments a, const Variant& value) override {
-            if (a[0].AsInt32() == row) {
-                throw std::runtime_error("locked");
-            }
-            inner_->Put(member, a, value);
-        }
-        Variant Call(DispatchId member, Arguments a) override { return inner_->Call(member, a); }
-        std::int32_t row = 0;
-
-    private:
-        std::shared_ptr<MemoryTable> inner_;
-    };
     ExpectErrors();
-    const auto tab = std::make_shared<Stubborn>(tables.tab);
+    const auto tab = std::make_shared<test::StubbornTable>(tables.tab);
     control->PROP_Set_TAB(tab);
     Current("COL1", "ROW1");
     Paste("1\t2\n3");

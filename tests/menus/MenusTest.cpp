@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "control/ControlContext.h"
 #include "menus/modPopup.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
@@ -23,7 +24,29 @@ std::string PopupText(const std::vector<PopupEntry>& entries, const std::string&
 
 class MenusTest : public test::TracedTest {
 protected:
+    MenusTest() : context(platform.Interfaces()) {
+        for (int i = 1; i <= 3; ++i) {
+            tables.AddColumn(i, "Month");
+            tables.AddLine(i, "Line");
+        }
+        context.tables.GRID_ATTR = HostTable(tables.gridAttr);
+        context.tables.COLS_INDEX = HostTable(tables.colsIndex);
+        context.tables.LINE_INDEX = HostTable(tables.lineIndex);
+        context.tables.TAB = HostTable(tables.tab);
+        context.tables.FIXED_COLS = HostTable(tables.fixedCols);
+        context.tables.FIXED_LINES = HostTable(tables.fixedLines);
+        context.tables.FIXED_TAB = HostTable(tables.fixedTab);
+        context.tables.CELL_ATTR = HostTable(tables.cellAttr);
+        context.tables.MACRO_TREE = HostTable(tables.macroTree);
+        context.tables.MACROREC = HostTable(tables.macroRec);
+        context.construction.CreateFromTables();
+        ForgetEntries();
+    }
+
     [[nodiscard]] std::string Text(MainMenu which) const { return PopupText(menu.PopupOf(which).entries); }
+    void Update(MainMenu which, CommandPlace place = {}) {
+        modPopup::Update(menu, which, context.runner.Situation(std::move(place)));
+    }
     [[nodiscard]] static Lines Updates() {
         Lines parameters;
         for (const std::string& entry : EntriesOf("Update")) {
@@ -32,6 +55,8 @@ protected:
         return parameters;
     }
 
+    test::Tables tables;
+    ControlContext context;
     frmMenu menu;
     UserMenu user;
 };
@@ -70,15 +95,15 @@ TEST_F(MenusTest, EachPopupHoldsItsEntriesInTheirOrder) {
 }
 
 TEST_F(MenusTest, EveryEntryWithoutASubmenuAsksForACommandOfItsOwn) {
-    std::vector<std::string_view> commands;
+    Lines commands;
     for (std::size_t i = 0; i < MenuTree().size(); ++i) {
         const MenuLine& line = MenuTree()[i];
         const bool parent = i + 1 < MenuTree().size() && MenuTree()[i + 1].depth > line.depth;
-        EXPECT_EQ(line.command.empty(), parent || line.IsSeparator()) << line.name;
+        EXPECT_EQ(line.Choice().empty(), parent || line.IsSeparator()) << line.name;
         EXPECT_EQ(FindMenuLine(line.name, line.index), i) << line.name << " stands there twice";
-        if (!line.command.empty() && line.name != "mnuRecord") {
-            EXPECT_EQ(std::count(commands.begin(), commands.end(), line.command), 0) << line.command;
-            commands.push_back(line.command);
+        if (!line.Choice().empty() && line.name != "mnuRecord") {
+            EXPECT_EQ(std::count(commands.begin(), commands.end(), line.Choice()), 0) << line.Choice();
+            commands.push_back(line.Choice());
         }
     }
 }
@@ -99,105 +124,164 @@ TEST_F(MenusTest, ColorsAreChosenByPosition) {
     EXPECT_EQ(EntriesOf("Selected").front(), "POPUP | {menu: Color 0} | Selected | ");
 }
 
-TEST_F(MenusTest, SettersTraceWhatTheyTouch) {
+TEST_F(MenusTest, APopupTracesTheStateOfItsEntries) {
+    const auto grid = [](const char* tree, const char* chart, const char* viewed, const char* cells,
+                         const char* trace) {
+        const std::string off = " - checked: False - enabled: ";
+        return Lines{std::string("{menu: MACROTREE - checked: ") + tree + "}",
+                     std::string("{menu: CHART - checked: ") + chart + " - enabled: True}",
+                     std::string("{menu: SWITCH - checked: ") + viewed + " - enabled: True}",
+                     std::string("{menu: ZOOM - checked: ") + viewed + " - enabled: True}",
+                     "{menu: MACRO-RECORD}",
+                     "{menu: EXCEL" + off + cells + "}",
+                     "{menu: EXCEL" + off + cells + "}",
+                     "{menu: FILL TEST DATA" + off + cells + "}",
+                     std::string("{menu: TRACE - checked: ") + trace + " - enabled: True}",
+                     std::string("{menu: SHOW TRACE - checked: False - enabled: ") + trace + "}"};
+    };
+    const std::string nodes = "macro";
+    const auto none = [] {};
     const struct {
         const char* name;
-        std::function<void()> set;
+        MainMenu which;
+        CommandPlace place;
+        std::function<void()> prepare;
         Lines updates;
     } cases[] = {
-        {"macro tree",
-         [&] { modPopup::MacroTree(menu, true, true); },
-         {"{menu: MACROTREE - checked: True - enabled: True}"}},
-        {"switch, on", [&] { modPopup::Switch(menu, true, -1); }, {"{menu: SWITCH - checked: True - enabled: True}"}},
-        {"switch, off",
-         [&] { modPopup::Switch(menu, false, 0); },
-         {"{menu: SWITCH - checked: False - enabled: False}"}},
-        {"zoom", [&] { modPopup::Zoom(menu, true, false); }, {"{menu: ZOOM - checked: False - enabled: True}"}},
-        {"test data",
-         [&] { modPopup::FillTestData(menu, false); },
-         {"{menu: FILL TEST DATA - checked: False - enabled: False}"}},
-        {"recording",
-         [&] { modPopup::MacroRecord(menu, true, RecordState::Running, false); },
-         {"{menu: MACRO-RECORD}"}},
-        {"spreadsheet",
-         [&] { modPopup::Excel(menu, true, false); },
-         {"{menu: EXCEL - checked: False - enabled: True}", "{menu: EXCEL - checked: False - enabled: False}"}},
-        {"chart", [&] { modPopup::Chart(menu, true, true); }, {"{menu: CHART - checked: True - enabled: True}"}},
-        {"chart views",
-         [&] { modPopup::ChartViews(menu, false, false); },
-         {"{menu: CHART VIEWS - checked: False - enabled: False}"}},
-        {"trace", [&] { modPopup::Trace(menu, true, true); }, {"{menu: TRACE - checked: True - enabled: True}"}},
-        {"show trace",
-         [&] { modPopup::ShowTrace(menu, true); },
-         {"{menu: SHOW TRACE - checked: False - enabled: True}"}},
-        {"rename", [&] { modPopup::Rename(menu, true); }, {"{menu: RENAME - checked: False - enabled: True}"}},
-        {"columns",
+        {"grid", MainMenu::Grid, {}, none, grid("False - enabled: False", "False", "False", "True", "True")},
+        {"grid, everything on",
+         MainMenu::Grid,
+         {},
          [&] {
-             modPopup::Columns(menu, {true, false, true});
+             context.layout.SetLayoutMode(true);
+             context.settings.treeShown = context.settings.chartShown = true;
+             context.settings.switched = context.settings.zoomed = true;
          },
+         grid("True - enabled: True", "True", "True", "True", "True")},
+        {"grid without lines",
+         MainMenu::Grid,
+         {},
+         [&] {
+             tables.lineIndex->Clear();
+             context.construction.CreateFromTables();
+         },
+         grid("True - enabled: True", "True", "True", "False", "True")},
+        {"columns, nothing selected",
+         MainMenu::Column,
+         {},
+         none,
+         {"{menu: HIDE - checked: False - enabled: False}", "{menu: SHOW - checked: False - enabled: False}",
+          "{menu: WIDTH - checked: False - enabled: True}"}},
+        {"columns, one selected",
+         MainMenu::Column,
+         {},
+         [&] { context.grid.SelectColumn(*context.grid.FindColumn("COL2"), SelectionMode::Replace); },
          {"{menu: HIDE - checked: False - enabled: True}", "{menu: SHOW - checked: False - enabled: False}",
           "{menu: WIDTH - checked: False - enabled: True}"}},
-        {"rows",
-         [&] {
-             modPopup::Rows(menu, {false, true, true, false, true});
-         },
-         {"{menu: HIDE - checked: False - enabled: False}", "{menu: SHOW - checked: False - enabled: True}",
-          "{menu: HEIGHT - checked: False - enabled: True}",
+        {"rows, there are none",
+         MainMenu::Row,
+         {},
+         none,
+         {"{menu: HIDE - checked: False - enabled: False}", "{menu: SHOW - checked: False - enabled: False}",
+          "{menu: HEIGHT - checked: False - enabled: False}",
           "{menu: BACKGROUND COLOR - checked: False - enabled: False}",
-          "{menu: FOREGROUND COLOR - checked: False - enabled: True}"}},
-        {"cells",
-         [&] {
-             modPopup::CellEdit(menu, {false, true, false});
-         },
+          "{menu: FOREGROUND COLOR - checked: False - enabled: False}"}},
+        {"a cell that is not there",
+         MainMenu::Cell,
+         {{"COL1", "ROW9"}},
+         none,
+         {"{menu: CELL EDIT - checked: False - enabled: False}", "{menu: CELL EDIT - checked: False - enabled: False}",
+          "{menu: CELL EDIT - checked: False - enabled: False}"}},
+        {"a heading",
+         MainMenu::Cell,
+         {{"COL1", "FTR0"}},
+         none,
          {"{menu: CELL EDIT - checked: False - enabled: False}", "{menu: CELL EDIT - checked: False - enabled: True}",
           "{menu: CELL EDIT - checked: False - enabled: False}"}},
-        {"macro functions",
+        {"chart", MainMenu::Chart, {}, none, {"{menu: CHART VIEWS - checked: False - enabled: True}"}},
+        {"chart that is hidden",
+         MainMenu::Chart,
+         {},
+         [&] { context.settings.chartShown = false; },
+         {"{menu: CHART VIEWS - checked: False - enabled: False}"}},
+        {"series",
+         MainMenu::Series,
+         {},
+         none,
+         {"{menu: SERIES}", "{menu: SERIES LINE - checked: False - enabled: False}",
+          "{menu: SERIES COLUMN - checked: False - enabled: False}",
+          "{menu: SERIES LINE STACKED- checked: False - enabled: False}",
+          "{menu: SERIES LINE STACKED 100% - checked: False - enabled: False}"}},
+        {"macro tree, a root",
+         MainMenu::Macro,
+         {{}, nodes},
          [&] {
-             modPopup::MacroFunction(menu, {true, true, false});
+             test::AddRow(*tables.macroTree, {{"NODEKEY", nodes.c_str()}, {"NODETEXT", "Macro"}, {"RELATION", 1}});
+             modMacro::Build(context.macroTree);
          },
+         {"{menu: MACRO-RECORD}", "{menu: RENAME - checked: False - enabled: False}"}},
+        {"macro tree, below a root",
+         MainMenu::Macro,
+         {{}, "step"},
+         [&] {
+             test::AddRow(*tables.macroTree,
+                          {{"NODEKEY", "step"}, {"NODEREF", nodes.c_str()}, {"NODETEXT", "Step"}, {"RELATION", 4}});
+             modMacro::Build(context.macroTree);
+         },
+         {"{menu: MACRO-RECORD}", "{menu: RENAME - checked: False - enabled: True}"}},
+        {"a macro's element",
+         MainMenu::MacroFunction,
+         {{}, "step"},
+         none,
          {"{menu: MACRO FUNCTION INSERT - checked: False - enabled: True}",
           "{menu: MACRO FUNCTION ADD - checked: False - enabled: True}",
-          "{menu: MACRO FUNCTION NEXT LEVEL - checked: False - enabled: False}"}},
-        {"series",
-         [&] { modPopup::Series(menu, true, 21); },
-         {"{menu: SERIES}", "{menu: SERIES LINE - checked: False - enabled: True}",
-          "{menu: SERIES COLUMN - checked: False - enabled: True}",
-          "{menu: SERIES LINE STACKED- checked: True - enabled: True}",
-          "{menu: SERIES LINE STACKED 100% - checked: False - enabled: True}"}},
+          "{menu: MACRO FUNCTION NEXT LEVEL - checked: False - enabled: True}"}},
     };
     for (const auto& row : cases) {
+        row.prepare();
         ForgetEntries();
-        row.set();
+        Update(row.which, row.place);
         EXPECT_EQ(Updates(), row.updates) << row.name;
     }
-    EXPECT_EQ(EntriesOf("Update").front(), "POPUP |  | Update | {menu: SERIES}");
+    EXPECT_EQ(EntriesOf("Update").front(),
+              "POPUP |  | Update | {menu: MACRO FUNCTION INSERT - checked: False - enabled: True}");
 }
 
 TEST_F(MenusTest, RecordingSwitchesItsEntriesAsAGroup) {
     const struct {
-        bool possible;
-        RecordState state;
-        bool canUndo;
+        const char* name;
+        std::function<void()> prepare;
         const char* text;
     } cases[] = {
-        {false, RecordState::Off, false, "(Start) (Interrupt) (Stop) (Undo)"},
-        {true, RecordState::Off, true, "Start (Interrupt) (Stop) (Undo)"},
-        {true, RecordState::Running, false, "(Start) Interrupt Stop (Undo)"},
-        {true, RecordState::Running, true, "(Start) Interrupt Stop Undo"},
-        {true, RecordState::Interrupted, true, "Start (Interrupt) Stop Undo"},
+        {"off", [] {}, "Start (Interrupt) (Stop) (Undo)"},
+        {"runs", [&] { context.recording.StartRecord(); }, "(Start) Interrupt Stop (Undo)"},
+        {"with a step", [&] { context.runner.Run(Command::ZoomGrid); }, "(Start) Interrupt Stop Undo"},
+        {"interrupted", [&] { context.recording.InterruptRecord(); }, "Start (Interrupt) Stop Undo"},
+        {"stopped", [&] { context.recording.StopRecord(); }, "Start (Interrupt) (Stop) (Undo)"},
     };
     for (const auto& row : cases) {
-        modPopup::MacroRecord(menu, row.possible, row.state, row.canUndo);
-        const auto shown = [&](const char* name, const std::string& word) {
-            return menu.IsEnabled(name) ? word : "(" + word + ")";
+        row.prepare();
+        Update(MainMenu::Grid);
+        Update(MainMenu::Macro);
+        const auto shown = [&](const char* entry, const std::string& word) {
+            return menu.IsEnabled(entry) ? word : "(" + word + ")";
         };
         EXPECT_EQ(shown("mnuMacroRecStart", "Start") + " " + shown("mnuMacroRecInterrupt", "Interrupt") + " " +
                       shown("mnuMacroRecStop", "Stop") + " " + shown("mnuMacroRecUndo", "Undo"),
-                  row.text);
+                  row.text)
+            << row.name;
         EXPECT_EQ(menu.IsEnabled("mnuRecord"), menu.IsEnabled("mnuMacroRecStart"));
     }
-    modPopup::MacroRecord(menu, false, RecordState::Off, false);
-    EXPECT_NE(Text(MainMenu::Grid).find("(Macro)\n"), std::string::npos) << "nothing in the submenu can be chosen";
+}
+
+TEST_F(MenusTest, ASubmenuIsDisabledWithAllItsEntries) {
+    Update(MainMenu::Column);
+    EXPECT_NE(Text(MainMenu::Column).find("\nProperties\n  Width\n"), std::string::npos);
+    tables.colsIndex->Clear();
+    context.construction.CreateFromTables();
+    Update(MainMenu::Column);
+    EXPECT_NE(Text(MainMenu::Column).find("\n(Properties)\n  (Width)\n    (Reset)\n"), std::string::npos)
+        << Text(MainMenu::Column);
 }
 
 TEST_F(MenusTest, HostEntriesOfALaterLoadTakeThePlaceOfEarlierOnes) {

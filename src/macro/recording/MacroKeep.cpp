@@ -68,7 +68,7 @@ private:
 }  // namespace
 
 std::string KeepSteps(const HostTable& macroTree, const std::vector<MacroStep>& steps, const std::string& name,
-                      const std::string& parentKey) {
+                      const std::string& parentKey, StepSentence sentenceOf) {
     TreeWriter writer(macroTree);
     if (!parentKey.empty() && !writer.Has(parentKey)) {
         throw AutomationError(AutomationErrorCode::Failed, "MACRO_TREE has no node \"" + parentKey + "\"");
@@ -87,7 +87,7 @@ std::string KeepSteps(const HostTable& macroTree, const std::vector<MacroStep>& 
     for (const MacroStep& step : steps) {
         ++number;
         writer.Add(key + "_" + std::to_string(number), key, NameOf(MacroNodeType::Step),
-                   std::to_string(number) + ". " + ReadableStep(step), StepFields(step));
+                   std::to_string(number) + ". " + ReadableStep(step, sentenceOf), StepFields(step));
     }
     return key;
 }

@@ -13,6 +13,6 @@ namespace planview {
 /// It stands last below `parentKey`, last among the roots where that is empty. Answers its key. Throws as the table
 /// does, before a row is added where the table has not the fields of the macro editor or not the parent.
 std::string KeepSteps(const HostTable& macroTree, const std::vector<MacroStep>& steps, const std::string& name,
-                      const std::string& parentKey);
+                      const std::string& parentKey, StepSentence sentenceOf);
 
 }  // namespace planview

@@ -265,10 +265,10 @@ void MacroRecording::Redone(const UndoStep& changes) noexcept {
     });
 }
 
-void MacroRecording::Did(const ViewAction& action) noexcept {
+void MacroRecording::Did(const ViewStep& step) noexcept {
     Trapped("Did", [&] {
-        Record({{action.command, DescribePlaces(parts_.grid, PlaceAxis::Columns, action.columns),
-                 DescribePlaces(parts_.grid, PlaceAxis::Lines, action.rows), action.value}});
+        Record({{step.command, DescribePlaces(parts_.grid, PlaceAxis::Columns, step.columns),
+                 DescribePlaces(parts_.grid, PlaceAxis::Lines, step.rows), step.value}});
     });
 }
 

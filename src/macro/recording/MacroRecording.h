@@ -59,9 +59,11 @@ public:
     void Edited(const EditNote& note, const UndoStep& changes, bool undoable) noexcept override;
     void Undone(const UndoStep& changes) noexcept override;
     void Redone(const UndoStep& changes) noexcept override;
-    void Did(const ViewAction& action) noexcept override;
-    void Marked() noexcept override;
     [[nodiscard]] bool Listening() const noexcept override { return state_ != RecordState::Off; }
+    /// A command that gives no values was done.
+    void Did(const ViewStep& step) noexcept;
+    /// Other headings are selected.
+    void Marked() noexcept;
 
 private:
     /// A step, and the edit that it is of; 0 for none.

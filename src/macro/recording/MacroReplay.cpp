@@ -49,17 +49,23 @@ bool IsKnownAs(const std::string& value) {
 /// Works the steps out without touching anything.
 class MacroReplay::Plan {
 public:
+    /// A step that gives no values, and its place among all steps, from 0.
+    struct ViewPlan {
+        ViewStep step;
+        std::size_t place = 0;
+    };
+
     explicit Plan(const Parts& parts) : parts_(parts) {}
 
-    void Add(const MacroStep& step) {
+    void Add(const MacroStep& step, std::size_t place) {
         const std::vector<std::string> columns = Found(parts_.grid, PlaceAxis::Columns, step.columns);
         const std::vector<std::string> lines = Found(parts_.grid, PlaceAxis::Lines, step.lines);
         if (!GivesValues(step.command)) {
-            ViewAction action{step.command, columns, lines, step.value};
-            if (const std::optional<std::string> why = parts_.refusal(action)) {
+            ViewStep found{step.command, columns, lines, step.value};
+            if (const std::optional<std::string> why = parts_.misfit(found)) {
                 throw DoesNotFit(*why);
             }
-            actions_.push_back(std::move(action));
+            viewSteps_.push_back({std::move(found), place});
         } else if (columns.empty() || lines.empty()) {
             throw DoesNotFit("it does not say which cells it is about");
         } else if (step.command == MacroCommand::Raise) {
@@ -78,7 +84,7 @@ public:
         return values;
     }
 
-    [[nodiscard]] const std::vector<ViewAction>& Actions() const noexcept { return actions_; }
+    [[nodiscard]] const std::vector<ViewPlan>& ViewSteps() const noexcept { return viewSteps_; }
 
 private:
     using Place = std::pair<std::int32_t, std::int32_t>;
@@ -161,14 +167,17 @@ private:
     const Parts& parts_;
     std::map<Place, Variant> values_;
     std::vector<Cell> order_;
-    std::vector<ViewAction> actions_;
+    std::vector<ViewPlan> viewSteps_;
 };
 
-std::string MacroReplay::AddAll(Plan& plan, const std::vector<MacroStep>& steps) {
+std::string MacroReplay::NameOf(const std::vector<MacroStep>& steps, std::size_t place) const {
+    return "Step " + std::to_string(place + 1) + " (" + ReadableStep(steps[place], parts_.sentenceOf) + ")";
+}
+
+std::string MacroReplay::AddAll(Plan& plan, const std::vector<MacroStep>& steps) const {
     for (std::size_t i = 0; i < steps.size(); ++i) {
-        if (const std::optional<std::string> why = ErrorTextOf([&] { plan.Add(steps[i]); })) {
-            return "Step " + std::to_string(i + 1) + " (" + ReadableStep(steps[i]) +
-                   ") does not fit any more: " + WithoutPeriod(*why) + ".";
+        if (const std::optional<std::string> why = ErrorTextOf([&] { plan.Add(steps[i], i); })) {
+            return NameOf(steps, i) + " does not fit any more: " + WithoutPeriod(*why) + ".";
         }
     }
     return {};
@@ -189,15 +198,17 @@ ReplayResult MacroReplay::Run(const std::vector<MacroStep>& steps) const {
     const std::vector<NewValue> values = plan.Values();
     const BulkResult changed = parts_.valueEntry.ChangeCells(values);
     result.cells = changed.changed;
-    for (const ViewAction& action : plan.Actions()) {
-        parts_.perform(action);
-    }
-    result.steps = static_cast<int>(steps.size());
-    result.done = changed.failed == 0 && changed.Refused() == 0;
-    if (!result.done) {
-        result.error = std::to_string(changed.failed + changed.Refused()) + " of " + std::to_string(values.size()) +
+    if (const int lost = changed.failed + changed.Refused(); lost > 0) {
+        result.error = std::to_string(lost) + " of " + std::to_string(values.size()) +
                        " values could not be stored. Undo takes the others back.";
     }
+    for (const Plan::ViewPlan& each : plan.ViewSteps()) {
+        if (!parts_.perform(each.step) && result.error.empty()) {
+            result.error = NameOf(steps, each.place) + " could not be done; the trace says why.";
+        }
+    }
+    result.steps = static_cast<int>(steps.size());
+    result.done = result.error.empty();
     return result;
 }
 

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "components/GridControl.h"
-#include "grid/UserActions.h"
 #include "grid/ValueEntry.h"
 #include "macro/recording/MacroStep.h"
 
@@ -31,9 +30,11 @@ public:
     struct Parts {
         const GridControl& grid;
         ValueEntry& valueEntry;
-        /// Whether a step that is none of values can be done: a sentence why not, none when it can.
-        std::function<std::optional<std::string>(const ViewAction& action)> refusal;
-        std::function<void(const ViewAction& action)> perform;
+        /// Why a step that gives no values does not fit any more, as the end of a sentence; none when it does.
+        std::function<std::optional<std::string>(const ViewStep& step)> misfit;
+        /// Does such a step; false when it was not done.
+        std::function<bool(const ViewStep& step)> perform;
+        StepSentence sentenceOf;
     };
 
     explicit MacroReplay(Parts parts) : parts_(std::move(parts)) {}
@@ -51,7 +52,9 @@ public:
 private:
     class Plan;
     /// Adds the steps; a sentence for the user where one does not fit, else nothing.
-    static std::string AddAll(Plan& plan, const std::vector<MacroStep>& steps);
+    std::string AddAll(Plan& plan, const std::vector<MacroStep>& steps) const;
+    /// "Step 2 (Hide Retail)".
+    [[nodiscard]] std::string NameOf(const std::vector<MacroStep>& steps, std::size_t place) const;
 
     Parts parts_;
 };

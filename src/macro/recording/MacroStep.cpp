@@ -76,53 +76,18 @@ StepValues Parse(std::string_view text) {
 
 // --- Texts for the user
 
-struct CommandText {
+struct ValueSentence {
     std::string_view command;
-    std::string_view text;  ///< "%P" stands for the places, "%V" for the value
+    std::string_view text;
 };
 
-constexpr auto CommandTexts = std::to_array<CommandText>({
+constexpr auto ValueSentences = std::to_array<ValueSentence>({
     {MacroCommand::Value, "Set %P to %V"},
     {MacroCommand::Drag, "Drag %P in the chart to %V"},
     {MacroCommand::Paste, "Paste %V into %P"},
     {MacroCommand::Fill, "Fill %P with %V"},
     {MacroCommand::Delete, "Empty %P"},
-    {MacroCommand::Mark, "Select %P"},
-    {"ColsHide", "Hide %P"},
-    {"ColsShow", "Show %P"},
-    {"RowsHide", "Hide %P"},
-    {"RowsShow", "Show %P"},
-    {"COL_WIDTH", "Make %P %V wide"},
-    {"ROW_HEIGHT", "Make %P %V high"},
-    {"COL_HEIGHT", "Make %P %V high in the switched table"},
-    {"ROW_WIDTH", "Make %P %V wide in the switched table"},
-    {"WidthReset", "Reset the widths"},
-    {"WidthResetAll", "Reset all widths"},
-    {"HeightReset", "Reset the heights"},
-    {"HeightResetAll", "Reset all heights"},
-    {"RowBgColor", "Colour the background of %P"},
-    {"RowFgColor", "Colour the text of %P"},
-    {"RowsInChart", "Show %P in the chart"},
-    {"ColsInChart", "Show %P in the chart"},
-    {"ChartLine", "Draw %P as a line"},
-    {"ChartColumn", "Draw %P as columns"},
-    {"LineStacked", "Draw %P as a stacked line"},
-    {"LineStacked100", "Draw %P as a line stacked to 100 %"},
-    {"Linear", "Linear trend line of %P"},
-    {"Logarithmic", "Logarithmic trend line of %P"},
-    {"Potential", "Potential trend line of %P"},
-    {"Expotential", "Exponential trend line of %P"},
-    {"Average", "Moving average of %P"},
-    {"ChartRedraw", "Arrange the chart"},
-    {"Default", "Standard view of the chart"},
-    {"Forecast1", "Forecast view of the chart"},
-    {"Chart", "Chart"},
-    {"Switch", "Switched table"},
-    {"Zoom", "Zoomed table"},
-    {"MacroTree", "Macro tree"},
 });
-
-constexpr std::array<std::string_view, 4> Toggles = {"Chart", "Switch", "Zoom", "MacroTree"};
 
 /// The last place of a range that the user reads in a sentence.
 std::string PlacesOf(const MacroStep& step) {
@@ -232,19 +197,17 @@ std::optional<MacroStep> ReadStepFields(std::string_view text) {
     return std::nullopt;
 }
 
-std::string ReadableStep(const MacroStep& step) {
+std::string ReadableStep(const MacroStep& step, StepSentence sentenceOf) {
     if (step.command == MacroCommand::Raise) {
         return RaiseText(step);
     }
-    const auto found = std::find_if(CommandTexts.begin(), CommandTexts.end(),
-                                    [&](const CommandText& each) { return each.command == step.command; });
-    if (found == CommandTexts.end()) {
+    const auto* const found = std::find_if(ValueSentences.begin(), ValueSentences.end(),
+                                           [&](const ValueSentence& each) { return each.command == step.command; });
+    std::string text(found == ValueSentences.end() ? sentenceOf(step.command) : found->text);
+    if (text.empty()) {
         return step.command;
     }
-    std::string text(found->text);
-    if (std::find(Toggles.begin(), Toggles.end(), step.command) != Toggles.end()) {
-        return text + (step.value == "X" ? " on" : " off");
-    }
+    Replace(text, "%S", step.value == "X" ? "on" : "off");
     Replace(text, "%V", ShortValue(step.value));
     Replace(text, "%P", PlacesOf(step));
     return text;

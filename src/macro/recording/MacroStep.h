@@ -26,7 +26,15 @@ struct MacroStep {
     }
 };
 
-/// Commands that give cells values; every other command is that of a menu entry or of a size's field.
+/// A step that gives no values, with the keys of its columns and rows.
+struct ViewStep {
+    std::string command;
+    std::vector<std::string> columns;
+    std::vector<std::string> rows;
+    std::string value;
+};
+
+/// The steps that give cells values, and the selected headings. Every other step has the name of a command.
 namespace MacroCommand {
 inline constexpr std::string_view Value = "VALUE";
 inline constexpr std::string_view Drag = "DRAG";  ///< a point of the chart
@@ -60,8 +68,12 @@ using StepValues = std::vector<std::vector<std::optional<std::string>>>;
 /// No value for a text that is no step.
 [[nodiscard]] std::optional<MacroStep> ReadStepFields(std::string_view text);
 
+/// The sentence of a command that gives no values, empty for a text that is no command: "%P" stands for the columns and
+/// rows, "%V" for the value, "%S" for "on" or "off".
+using StepSentence = std::string_view (*)(std::string_view command) noexcept;
+
 /// "Raise Retail by 5 % from Jan to Jun", for the user.
-[[nodiscard]] std::string ReadableStep(const MacroStep& step);
+[[nodiscard]] std::string ReadableStep(const MacroStep& step, StepSentence sentenceOf);
 
 // --- Rows
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "grid/KeyHandling.h"
+#include "commands/KeyHandling.h"
 
 #include "trace/TraceText.h"
 
@@ -10,12 +10,10 @@ using modPlan::TraceWrite;
 
 namespace {
 
-constexpr std::int16_t NoShift = 0;
-constexpr std::int16_t KeyDelete = 46;
-constexpr std::int16_t KeyC = 'C';
-constexpr std::int16_t KeyD = 'D';
-constexpr std::int16_t KeyV = 'V';
-constexpr std::int16_t KeyX = 'X';
+/// The trace's own keys: they stand in no menu, and the second does nothing before the first.
+constexpr KeyStroke ArmTrace = ReadKeyStroke("Ctrl+Alt+D");
+constexpr KeyStroke ShowTrace = ReadKeyStroke("Ctrl+D");
+
 constexpr std::int16_t CharacterReturn = 13;
 
 }  // namespace
@@ -28,11 +26,11 @@ void KeyHandling::KeepCurrentKeys() {
     }
 }
 
-void KeyHandling::TraceKey(std::int16_t shift, std::int16_t keyCode) const {
+void KeyHandling::TraceKey(KeyStroke key) const {
     if (TraceEnabled) {
         TraceWrite("GRIDCTL", "", "GridKeyDown",
-                   TraceText("{cid: ", parts_.keys.column, " - rid: ", parts_.keys.row, " - modifier:", shift,
-                             " - key:", keyCode, "}"));
+                   TraceText("{cid: ", parts_.keys.column, " - rid: ", parts_.keys.row, " - modifier:", key.shift,
+                             " - key:", key.code, "}"));
     }
 }
 
@@ -41,26 +39,24 @@ bool KeyHandling::GridKeyDown(std::int16_t shift, std::int16_t keyCode) {
         return false;
     }
     KeepCurrentKeys();
-    if (shift == NoShift && keyCode == KeyDelete) {
-        parts_.clipboard.DeleteCellContents();
-    } else if (shift == Control && keyCode == KeyC) {
-        parts_.clipboard.Copy();
-    } else if (shift == Control && keyCode == KeyV) {
-        parts_.clipboard.Paste();
-    } else if (shift == Control && keyCode == KeyX) {
-        parts_.clipboard.Cut();
-    } else if (shift == Control && keyCode == KeyD) {
-        TraceKey(shift, keyCode);
-        if (traceArmed_) {
-            parts_.showTrace();
-        }
-    } else if (shift == Control + Alt && keyCode == KeyD) {
-        TraceKey(shift, keyCode);
+    const KeyStroke key{shift, keyCode};
+    if (key == ArmTrace) {
+        TraceKey(key);
         traceArmed_ = true;
-    } else {
-        return false;
+        return true;
     }
-    return true;
+    if (key == ShowTrace) {
+        TraceKey(key);
+        if (traceArmed_) {
+            parts_.runner.Run(Command::ShowTrace);
+        }
+        return true;
+    }
+    const CommandRow* row = FindCommand(key, KeyPlace::Table);
+    if (row) {
+        parts_.runner.Run(row->command);
+    }
+    return row != nullptr;
 }
 
 void KeyHandling::GridKeyPress(std::int16_t character) {

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include <planview/Platform.h>
+
+#include "automation/EventSource.h"
+#include "automation/TableSlots.h"
+#include "chart/ChartCommands.h"
+#include "components/TreeControl.h"
+#include "dialogs/ChartOptions.h"
+#include "dialogs/GeneralOptions.h"
+#include "dialogs/RowAttributes.h"
+#include "grid/ClipboardCommands.h"
+#include "grid/GridSettings.h"
+#include "grid/HostUpdate.h"
+#include "grid/SizeEvents.h"
+#include "grid/UndoHistory.h"
+#include "grid/ValueEntry.h"
+#include "grid/modGrid.h"
+#include "layout/PaneLayout.h"
+#include "macro/editor/MacroEditor.h"
+#include "macro/recording/MacroRecording.h"
+#include "macro/tree/modMacro.h"
+#include "spreadsheet/SpreadsheetDownload.h"
+#include "spreadsheet/SpreadsheetUpload.h"
+
+namespace planview {
+
+/// What commands use of the control.
+struct CommandParts {
+    const TableSlots& tables;
+    modGrid& driver;
+    GridSettings& settings;
+    const UndoHistory& history;
+    ValueEntry& valueEntry;
+    ClipboardCommands& clipboard;
+    SizeEvents& sizeEvents;
+    HostUpdate& hostUpdate;
+    bool& busy;
+    const ChartControl& chart;
+    ChartCommands& chartCommands;
+    GeneralOptions& generalOptions;
+    RowAttributes& rowAttributes;
+    ChartOptions& chartOptions;
+    SpreadsheetDownload& download;
+    SpreadsheetUpload& upload;
+    MacroRecording& recording;
+    modMacro::Tree& macroTree;
+    MacroEditor& macroEditor;
+    EventSource& events;
+    PaneLayout& layout;
+    const Platform& platform;
+    /// The "Colors" popup: the position of the chosen colour (0 .. 15), no value when none was chosen.
+    std::function<std::optional<int>()> chooseColor;
+    /// Brings the chart up to date where it is shown.
+    std::function<void()> chartStep;
+
+    [[nodiscard]] GridControl& Grid() const noexcept { return driver.Grid(); }
+};
+
+}  // namespace planview

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace planview {
+
+/// A key with those that are held beside it, as the grid's listener knows it (GridEvents::KeyDown()).
+struct KeyStroke {
+    static constexpr std::int16_t Shift = 1;
+    static constexpr std::int16_t Control = 2;
+    static constexpr std::int16_t Alt = 4;
+
+    static constexpr std::int16_t Space = 32;
+    static constexpr std::int16_t Delete = 46;
+
+    std::int16_t shift = 0;  ///< of Shift, Control and Alt, added
+    std::int16_t code = 0;   ///< a capital letter's, Space or Delete; 0 for no key
+
+    friend constexpr bool operator==(const KeyStroke&, const KeyStroke&) = default;
+};
+
+/// Reads "Ctrl+Shift+Z", "Shift+Space", "Del". The code is 0 for any other text.
+[[nodiscard]] constexpr KeyStroke ReadKeyStroke(std::string_view text) noexcept {
+    KeyStroke key;
+    const auto take = [&](std::string_view name, std::int16_t held) {
+        if (text.starts_with(name)) {
+            text.remove_prefix(name.size());
+            key.shift = static_cast<std::int16_t>(key.shift + held);
+        }
+    };
+    take("Ctrl+", KeyStroke::Control);
+    take("Alt+", KeyStroke::Alt);
+    take("Shift+", KeyStroke::Shift);
+    if (text == "Del") {
+        key.code = KeyStroke::Delete;
+    } else if (text == "Space") {
+        key.code = KeyStroke::Space;
+    } else if (text.size() == 1 && text.front() >= 'A' && text.front() <= 'Z') {
+        key.code = text.front();
+    }
+    return key;
+}
+
+}  // namespace planview

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "automation/EventSource.h"
+#include "commands/CommandCall.h"
+#include "commands/CommandParts.h"
+
+namespace planview {
+
+/// The third argument of `MacroTreeNodeDropped`.
+enum class DropAction : std::int16_t {
+    NewBefore = 1,
+    NewAfter = 2,
+    NewBelow = 3,
+    MovedBefore = 4,  // the type is the key of the moved node from here on
+    MovedAfter = 5,
+    MovedBelow = 6
+};
+
+void RaiseMacroTreeNodeDropped(EventSource& events, const std::string& target, const std::string& type,
+                               DropAction action);
+
+/// What the commands of the macro tree run.
+namespace commands {
+
+/// Lets the user edit the node's text.
+void RenameMacroNode(CommandParts& on, CommandCall& call);
+
+// Where the macro editor puts the next element, seen from the node; the host hears of it by `MacroTreeNodeDropped`.
+void InsertMacroNode(CommandParts& on, CommandCall& call);
+void AddMacroNode(CommandParts& on, CommandCall& call);
+void NestMacroNode(CommandParts& on, CommandCall& call);
+
+}  // namespace commands
+
+}  // namespace planview

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "commands/ViewCommands.h"
+
+#include "grid/BusyScope.h"
+#include "trace/modPlan.h"
+
+namespace planview::commands {
+
+namespace {
+
+void PutFlag(const CommandParts& on, std::string_view field, bool set) {
+    const HostTable gridAttr = on.tables.GRID_ATTR;
+    if (gridAttr.IsSet()) {
+        gridAttr.PutFlag(1, field, set);
+    }
+}
+
+void SetZoomed(CommandParts& on, bool zoomed) {
+    on.settings.zoomed = zoomed;
+    PutFlag(on, "ZOOMED", zoomed);
+    on.layout.SetZoomed(zoomed);
+}
+
+}  // namespace
+
+void SwitchGrid(CommandParts& on, CommandCall& /*call*/) {
+    modPlan::TraceWrite("GRIDCTL", "{}", "#SWITCH GRID#", "BEGIN");
+    on.settings.switched = !on.settings.switched;
+    {
+        const BusyScope busy(on.busy);
+        on.driver.Switch(on.settings.switched, true);
+    }
+    PutFlag(on, "SWITCHED", on.settings.switched);
+    on.hostUpdate.StartUpdate();
+}
+
+void ZoomGrid(CommandParts& on, CommandCall& /*call*/) {
+    SetZoomed(on, !on.settings.zoomed);
+    on.hostUpdate.StartUpdate();
+}
+
+void SwitchMacroTree(CommandParts& on, CommandCall& call) {
+    call.done = on.layout.LayoutMode();
+    if (!call.done) {
+        return;
+    }
+    const bool shown = !on.settings.treeShown;
+    on.settings.treeShown = shown;
+    if (shown && on.settings.zoomed) {
+        SetZoomed(on, false);  // the zoomed grid would hide the tree
+    }
+    on.layout.ShowTree(shown);
+    if (shown) {
+        on.layout.LayOutTreeSplitter();
+    }
+    PutFlag(on, "HIDDEN_LIST", shown);
+    on.hostUpdate.StartUpdate();
+}
+
+}  // namespace planview::commands
