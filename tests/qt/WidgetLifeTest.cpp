@@ -45,8 +45,8 @@ private slots:
         QTest::newRow("paste") << &PlanViewWidget::paste;
     }
     void endedByACommandOfTheHost() {
-        using Command = void (PlanViewWidget::*)();
-        QFETCH(Command, command);
+        using Slot = void (PlanViewWidget::*)();
+        QFETCH(Slot, command);
         WidgetOnScreen screen;
         const auto end = [&] { screen.widget.reset(); };
         connect(screen.widget.get(), &PlanViewWidget::GridValueChanged, this, end);
