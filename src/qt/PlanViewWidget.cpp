@@ -41,7 +41,7 @@ QString shownNumber(double value) {
 
 }  // namespace
 
-PlanViewCore::PlanViewCore(PlanViewWidget& widget, const PlatformOverrides& overrides)
+DesktopControl::DesktopControl(PlanViewWidget& widget, const PlatformOverrides& overrides)
     : messageBoxes(widget),
       forms(widget),
       popups(widget),
@@ -59,10 +59,10 @@ PlanViewCore::PlanViewCore(PlanViewWidget& widget, const PlatformOverrides& over
 PlanViewWidget::PlanViewWidget(QWidget* parent) : PlanViewWidget(PlatformOverrides(), parent) {}
 
 PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* parent)
-    : QWidget(parent), state_(std::make_unique<State>()) {
+    : QWidget(parent), state_(std::make_unique<State>(*this)) {
     qRegisterMetaType<ObjectRef>("planview::ObjectRef");
     qRegisterMetaType<MacroResult>("planview::MacroResult");
-    state_->core = std::make_shared<PlanViewCore>(*this, platform);
+    state_->core = std::make_shared<DesktopControl>(*this, platform);
     state_->grid = new GridView(state_->core->view.Grid(), state_->core);
     state_->core->popups.setGrid(state_->grid);
     state_->chart = new ChartView(state_->core->view.Chart(), state_->core);
@@ -99,8 +99,9 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
     connect(this, &PlanViewWidget::GridValueChanged, state_->status, valuesChanged);
     connect(this, &PlanViewWidget::GridStartUpdate, state_->status, valuesChanged);
     connect(state_->grid, &GridView::textScaleChanged, this, &PlanViewWidget::textScaleChanged);
-    connect(qApp, &QApplication::focusChanged, this, &PlanViewWidget::focusMoved);
-    applyTheme();
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](const QWidget* /*from*/, const QWidget* to) { state_->focusMoved(to); });
+    state_->applyTheme();
 }
 
 PlanViewWidget::~PlanViewWidget() {
@@ -134,16 +135,16 @@ void PlanViewWidget::setColorScheme(ColorScheme scheme) {
         return;
     }
     state_->colorScheme = scheme;
-    applyTheme();
+    state_->applyTheme();
     Q_EMIT colorSchemeChanged(scheme);
 }
 
-void PlanViewWidget::applyTheme() {
-    const GridTheme& theme = state_->colorScheme == ColorScheme::System  ? GridTheme::forPalette(palette())
-                             : state_->colorScheme == ColorScheme::Light ? GridTheme::light()
-                                                                         : GridTheme::darkTheme();
-    state_->panes->setTheme(theme);
-    state_->core->forms.setTheme(theme);
+void PlanViewWidget::State::applyTheme() {
+    const GridTheme& theme = colorScheme == ColorScheme::System  ? GridTheme::forPalette(widget.palette())
+                             : colorScheme == ColorScheme::Light ? GridTheme::light()
+                                                                 : GridTheme::darkTheme();
+    panes->setTheme(theme);
+    core->forms.setTheme(theme);
 }
 
 double PlanViewWidget::textScale() const {
@@ -185,25 +186,25 @@ QSize PlanViewWidget::minimumSizeHint() const {
 
 // --- Commands
 
-void PlanViewWidget::runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&), Sight sight) {
-    GridEditor& editor = state_->grid->editor();
+void PlanViewWidget::State::runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&), Sight sight) {
+    GridEditor& editor = grid->editor();
     if (editor.isOpen() && inEditor) {
         inEditor(*editor.line());
         return;
     }
-    const std::shared_ptr<PlanViewCore> core = state_->core;
-    const QPointer<PlanViewWidget> self(this);
-    if (finishEditing() && self) {
-        (core->view.*command)();
+    const std::shared_ptr<DesktopControl> alive = core;
+    const QPointer<PlanViewWidget> self(&widget);
+    if (widget.finishEditing() && self) {
+        (alive->view.*command)();
     }
     if (!self) {
         return;
     }
-    const std::optional<Cell> current = core->view.Grid().CurrentCell();
+    const std::optional<Cell> current = alive->view.Grid().CurrentCell();
     if (sight == Sight::CurrentCell && current) {
-        state_->grid->ensureVisible(*current);
+        grid->ensureVisible(*current);
     }
-    state_->status->gridChanged();
+    status->gridChanged();
 }
 
 bool PlanViewWidget::canUndo() const {
@@ -215,13 +216,13 @@ bool PlanViewWidget::canRedo() const {
 }
 
 void PlanViewWidget::undo() {
-    runCommand(
-        &PlanView::Undo, [](QLineEdit& line) { line.undo(); }, Sight::CurrentCell);
+    state_->runCommand(
+        &PlanView::Undo, [](QLineEdit& line) { line.undo(); }, State::Sight::CurrentCell);
 }
 
 void PlanViewWidget::redo() {
-    runCommand(
-        &PlanView::Redo, [](QLineEdit& line) { line.redo(); }, Sight::CurrentCell);
+    state_->runCommand(
+        &PlanView::Redo, [](QLineEdit& line) { line.redo(); }, State::Sight::CurrentCell);
 }
 
 void PlanViewWidget::keyPressEvent(QKeyEvent* event) {
@@ -238,43 +239,43 @@ void PlanViewWidget::keyPressEvent(QKeyEvent* event) {
 }
 
 void PlanViewWidget::copy() {
-    runCommand(&PlanView::Copy, [](QLineEdit& line) { line.copy(); });
+    state_->runCommand(&PlanView::Copy, [](QLineEdit& line) { line.copy(); });
 }
 
 void PlanViewWidget::cut() {
-    runCommand(&PlanView::Cut, [](QLineEdit& line) { line.cut(); });
+    state_->runCommand(&PlanView::Cut, [](QLineEdit& line) { line.cut(); });
 }
 
 void PlanViewWidget::paste() {
-    runCommand(&PlanView::Paste, [](QLineEdit& line) { line.paste(); });
+    state_->runCommand(&PlanView::Paste, [](QLineEdit& line) { line.paste(); });
 }
 
 void PlanViewWidget::fill() {
-    runCommand(&PlanView::Fill, nullptr);
+    state_->runCommand(&PlanView::Fill, nullptr);
 }
 
 void PlanViewWidget::deleteContents() {
-    runCommand(&PlanView::Delete, nullptr);
+    state_->runCommand(&PlanView::Delete, nullptr);
 }
 
 void PlanViewWidget::hideColumns() {
-    runCommand(&PlanView::HideColumns, nullptr);
+    state_->runCommand(&PlanView::HideColumns, nullptr);
 }
 
 void PlanViewWidget::showColumns() {
-    runCommand(&PlanView::ShowColumns, nullptr);
+    state_->runCommand(&PlanView::ShowColumns, nullptr);
 }
 
 void PlanViewWidget::hideRows() {
-    runCommand(&PlanView::HideRows, nullptr);
+    state_->runCommand(&PlanView::HideRows, nullptr);
 }
 
 void PlanViewWidget::showRows() {
-    runCommand(&PlanView::ShowRows, nullptr);
+    state_->runCommand(&PlanView::ShowRows, nullptr);
 }
 
 void PlanViewWidget::switchChart() {
-    runCommand(&PlanView::SwitchChart, nullptr);
+    state_->runCommand(&PlanView::SwitchChart, nullptr);
 }
 
 bool PlanViewWidget::chartShown() const {
@@ -282,15 +283,15 @@ bool PlanViewWidget::chartShown() const {
 }
 
 void PlanViewWidget::showSelectedColumnsInChart() {
-    runCommand(&PlanView::ShowSelectedColumnsInChart, nullptr);
+    state_->runCommand(&PlanView::ShowSelectedColumnsInChart, nullptr);
 }
 
 void PlanViewWidget::showSelectedRowsInChart() {
-    runCommand(&PlanView::ShowSelectedRowsInChart, nullptr);
+    state_->runCommand(&PlanView::ShowSelectedRowsInChart, nullptr);
 }
 
 void PlanViewWidget::leaveForecastView() {
-    runCommand(&PlanView::LeaveForecastView, nullptr);
+    state_->runCommand(&PlanView::LeaveForecastView, nullptr);
 }
 
 bool PlanViewWidget::isReadOnly() const {
@@ -306,7 +307,7 @@ bool PlanViewWidget::finishEditing() {
 }
 
 bool PlanViewWidget::selectCell(const QString& column, const QString& row) {
-    const std::shared_ptr<PlanViewCore> core = state_->core;
+    const std::shared_ptr<DesktopControl> core = state_->core;
     const QPointer<PlanViewWidget> self(this);
     if (!finishEditing() || !self) {
         return false;
@@ -376,7 +377,7 @@ void PlanViewWidget::refreshPendingChanges() {
 void PlanViewWidget::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        applyTheme();
+        state_->applyTheme();
     }
 }
 
@@ -385,18 +386,18 @@ void PlanViewWidget::resizeEvent(QResizeEvent* event) {
     control().Resize(event->size().width(), event->size().height());
 }
 
-void PlanViewWidget::focusMoved(QWidget* /*from*/, QWidget* to) {
-    const bool inside = to && (to == this || isAncestorOf(to));
-    if (inside == state_->hasFocus) {
+void PlanViewWidget::State::focusMoved(const QWidget* to) {
+    const bool inside = to && (to == &widget || widget.isAncestorOf(to));
+    if (inside == hasFocus) {
         return;
     }
-    state_->hasFocus = inside;
+    hasFocus = inside;
     if (inside) {
-        control().EnterFocus();
-        control().GotFocus();
+        widget.control().EnterFocus();
+        widget.control().GotFocus();
     } else {
-        control().LostFocus();
-        control().ExitFocus();
+        widget.control().LostFocus();
+        widget.control().ExitFocus();
     }
 }
 
