@@ -48,7 +48,7 @@ private:
     [[nodiscard]] QRgb paletteColor(int index, QRgb own) const;
 
     const ChartState& state_;
-    const GridTheme& theme_;
+    GridTheme theme_;
     QRgb ground_;
     QRgb plot_;
     QRgb legend_;

@@ -14,7 +14,7 @@ namespace planview {
 /// painter. Lengths are in logical pixels.
 struct ChartScene {
     const ChartState& state;
-    const GridTheme& theme;
+    GridTheme theme;
     QFont family;        ///< as the surrounding widgets use it
     double scale = 1.0;  ///< of texts and marks
     QRectF area;

@@ -35,7 +35,7 @@ public:
 
     [[nodiscard]] ChartControl& chart() const { return chart_; }
 
-    [[nodiscard]] const GridTheme& theme() const { return *theme_; }
+    [[nodiscard]] const GridTheme& theme() const { return theme_; }
     void setTheme(const GridTheme& theme);
     /// 0.5 .. 3.0; scales texts, lines and marks on the screen.
     void setTextScale(double scale);
@@ -142,7 +142,7 @@ private:
 
     ChartControl& chart_;
     std::shared_ptr<void> owner_;
-    const GridTheme* theme_;
+    GridTheme theme_ = GridTheme::light();
     double textScale_ = 1.0;
     std::unique_ptr<Drawn> drawn_;
     QPixmap picture_;  // the chart, or the ground of a moved point

@@ -25,7 +25,7 @@ constexpr int SectionSpace = 14;
 }  // namespace
 
 FormDialog::FormDialog(PropertyForm& form, QWidget* parent)
-    : ThemedDialog(parent), form_(form), content_(new QVBoxLayout(this)), theme_(&GridTheme::light()) {
+    : ThemedDialog(parent), form_(form), content_(new QVBoxLayout(this)) {
     content_->setContentsMargins(EdgeSpace, EdgeSpace, EdgeSpace, EdgeSpace);
     content_->setSpacing(0);
     content_->setSizeConstraint(QLayout::SetFixedSize);
@@ -33,7 +33,7 @@ FormDialog::FormDialog(PropertyForm& form, QWidget* parent)
 
 void FormDialog::setTheme(const GridTheme& theme) {
     ThemedDialog::setTheme(theme);
-    theme_ = &theme;
+    theme_ = theme;
     for (ColorButton* button : colors_) {
         button->setTheme(theme);
     }
@@ -44,7 +44,7 @@ void FormDialog::setVisible(bool visible) {
         if (!std::exchange(built_, true)) {
             build();
             addButtons();
-            setTheme(*theme_);
+            setTheme(theme_);
         }
         showState();
         if (!focusWidget()) {

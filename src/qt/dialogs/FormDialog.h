@@ -66,7 +66,7 @@ private:
 
     PropertyForm& form_;  // not touched once the window has ended
     QVBoxLayout* content_;
-    const GridTheme* theme_;
+    GridTheme theme_ = GridTheme::light();
     bool built_ = false;
     std::vector<ColorButton*> colors_;
     std::vector<std::function<void()>> showers_;

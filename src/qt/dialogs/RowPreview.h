@@ -34,7 +34,7 @@ private:
     const frmRow& form_;
     GridControl grid_;
     GridView* view_;
-    const GridTheme* theme_;
+    GridTheme theme_ = GridTheme::light();
 };
 
 }  // namespace planview

@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTreeView>
 #include <QWindow>
@@ -242,9 +243,10 @@ void TraceDialog::placeOnTop(bool onTop) {
 }
 
 void TraceDialog::filter() {
-    reporting_ = true;
-    filter_->setWords(words_->text(), static_cast<TraceFilter::In>(where_->currentIndex()));
-    reporting_ = false;
+    {
+        const QScopedValueRollback reporting(reporting_, true);
+        filter_->setWords(words_->text(), static_cast<TraceFilter::In>(where_->currentIndex()));
+    }
     follow();
 }
 

@@ -6,12 +6,13 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <cmath>
 #include <optional>
 
+#include "qt/grid/CellContentPainter.h"
 #include "qt/grid/GridBubble.h"
-#include "qt/grid/GridContents.h"
 #include "qt/grid/GridNavigation.h"
 #include "qt/grid/GridView.h"
 
@@ -242,7 +243,7 @@ void GridEditor::follow() {
         close();
         return;
     }
-    placing_ = true;
+    const QScopedValueRollback placing(placing_, true);
     const QRect cell = view_.cellRect(cell_);
     if (!cell.isEmpty()) {
         place(cell);
@@ -259,7 +260,6 @@ void GridEditor::follow() {
         // Not now: the grid may be telling of the change that scrolled the cell away.
         QMetaObject::invokeMethod(this, &GridEditor::finishOutOfSight, Qt::QueuedConnection);
     }
-    placing_ = false;
 }
 
 /// The editor covers its cell with the frame and grows over the neighbours as the text needs it.

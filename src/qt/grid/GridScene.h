@@ -29,7 +29,7 @@ using RowDots = std::unordered_map<std::string, RowDot>;
 struct GridScene {
     const GridControl& grid;
     const GridGeometry& geometry;
-    const GridTheme& theme;
+    GridTheme theme;
     GridFonts& fonts;  ///< made for the geometry's unit
     GridBitmaps& bitmaps;
     const PendingMarks& pending;

@@ -51,7 +51,7 @@ public:
     void setHistory(GridHistory history) { history_ = std::move(history); }
     [[nodiscard]] GridBitmaps& bitmaps() { return bitmaps_; }
 
-    [[nodiscard]] const GridTheme& theme() const { return *theme_; }
+    [[nodiscard]] const GridTheme& theme() const { return theme_; }
     void setTheme(const GridTheme& theme);
 
     /// Whether the current cell has its frame; a view that only shows cells has none.
@@ -158,7 +158,7 @@ private:
     GridControl& grid_;
     std::shared_ptr<void> owner_;
     GridBitmaps bitmaps_;
-    const GridTheme* theme_;
+    GridTheme theme_ = GridTheme::light();
     double textScale_ = 1.0;
     std::unique_ptr<GridFonts> fonts_;
 

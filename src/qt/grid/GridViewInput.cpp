@@ -395,7 +395,7 @@ void GridView::showToolTip(const QHelpEvent& event) {
     }
     const Cell cell = geometry().cell(hit.horizontal, hit.vertical);
     QStringList lines;
-    GridPainter painter({grid_, geometry(), *theme_, fonts(), bitmaps_, pending_, dots_, true});
+    GridPainter painter({grid_, geometry(), theme_, fonts(), bitmaps_, pending_, dots_, true});
     if (painter.isCut(cell)) {
         lines << QString::fromStdString(grid_.DisplayText(cell)).left(LongestToolTip);
     }

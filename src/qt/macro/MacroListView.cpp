@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTimer>
 
@@ -83,7 +84,7 @@ public:
     Painter(MacroListView& view, GridBitmaps& bitmaps) : QStyledItemDelegate(&view), view_(view), bitmaps_(bitmaps) {}
 
     void setLook(const GridTheme& theme, double scale) {
-        theme_ = &theme;
+        theme_ = theme;
         scale_ = scale;
     }
     [[nodiscard]] int scaled(int logical) const { return qRound(logical * scale_); }
@@ -100,10 +101,10 @@ public:
         const MacroLine& line = view_.lines_->at(index);
         const bool current = index == view_.currentIndex();
         painter->save();
-        painter->fillRect(option.rect, QColor(current ? theme_->accentTint : theme_->base));
+        painter->fillRect(option.rect, QColor(current ? theme_.accentTint : theme_.base));
         if (current && view_.hasFocus()) {
             painter->fillRect(QRect(option.rect.left(), option.rect.top(), 2, option.rect.height()),
-                              QColor(theme_->accent));
+                              QColor(theme_.accent));
         }
         const QRect room = roomFor(line, option.rect);
         if (!line.problem.empty()) {
@@ -141,7 +142,7 @@ private:
     void paintPicture(QPainter& painter, const std::string& name, const QRect& room, int pixels) const {
         const qreal ratio = painter.device()->devicePixelRatioF();
         const int side = scaled(pixels);
-        QPixmap picture = bitmaps_.pixmap(name, qRound(side * ratio), *theme_);
+        QPixmap picture = bitmaps_.pixmap(name, qRound(side * ratio), theme_);
         picture.setDevicePixelRatio(ratio);
         painter.drawPixmap(room.left(), room.top() + (room.height() - side) / 2, picture);
     }
@@ -176,7 +177,7 @@ private:
         painter.setFont(font);
         const QFontMetrics metrics(font);
         const QString text = QString::fromStdString(line.text);
-        painter.setPen(QColor(!line.problem.empty() ? theme_->negative : line.isPart ? theme_->muted : theme_->text));
+        painter.setPen(QColor(!line.problem.empty() ? theme_.negative : line.isPart ? theme_.muted : theme_.text));
         if (textRows(metrics, text, room.width()) > 1) {
             // The first row stands beside the picture.
             const int above = std::max(0, (scaled(RowHeight) - metrics.lineSpacing()) / 2);
@@ -189,7 +190,7 @@ private:
         if (!line.note.empty() && used < room.width()) {
             font.setItalic(true);
             painter.setFont(font);
-            painter.setPen(QColor(theme_->muted));
+            painter.setPen(QColor(theme_.muted));
             const QRect rest = room.adjusted(used, 0, 0, 0);
             painter.drawText(
                 rest, Qt::AlignVCenter | Qt::TextSingleLine,
@@ -199,7 +200,7 @@ private:
 
     MacroListView& view_;
     GridBitmaps& bitmaps_;
-    const GridTheme* theme_ = &GridTheme::light();
+    GridTheme theme_ = GridTheme::light();
     double scale_ = 1.0;
 };
 
@@ -228,7 +229,7 @@ void MacroListView::setLook(const GridTheme& theme, double scale) {
 }
 
 void MacroListView::follow() {
-    following_ = true;
+    const QScopedValueRollback following(following_, true);
     const int top = verticalScrollBar() ? verticalScrollBar()->value() : 0;
     lines_->readAnew();
     const QModelIndex current = lines_->index(editor_.Current());
@@ -239,7 +240,6 @@ void MacroListView::follow() {
     if (current.isValid()) {
         scrollTo(current);
     }
-    following_ = false;
 }
 
 void MacroListView::editName() {

@@ -115,7 +115,7 @@ void MacroPane::follow() {
 }
 
 void MacroPane::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     showLook();
 }
 
@@ -125,28 +125,28 @@ void MacroPane::setTextScale(double scale) {
 }
 
 void MacroPane::showLook() {
-    setPalette(theme_->widgetPalette(palette()));
-    setStyleSheet(editorStyleSheet(*theme_, scale_));
-    heading_->setTheme(*theme_);
+    setPalette(theme_.widgetPalette(palette()));
+    setStyleSheet(editorStyleSheet(theme_, scale_));
+    heading_->setTheme(theme_);
     heading_->setTextScale(scale_);
     heading_->setFixedHeight(qRound(HeadingHeight * scale_));
     // Not by the style sheet: a label whose style is polished anew loses what that says.
     const int side = qRound(MessageSideMargin * scale_);
     const int margin = qRound(MessageMargin * scale_);
     message_->setContentsMargins(side, margin, side, margin);
-    buttons_->setLook(bitmaps_, *theme_, scale_);
-    view_->setLook(*theme_, scale_);
+    buttons_->setLook(bitmaps_, theme_, scale_);
+    view_->setLook(theme_, scale_);
     update();
 }
 
 void MacroPane::paintEvent(QPaintEvent* /*event*/) {
-    QPainter(this).fillRect(rect(), QColor(theme_->panel));
+    QPainter(this).fillRect(rect(), QColor(theme_.panel));
 }
 
 void MacroPane::paintOn(QPainter& painter, const QRect& rect) const {
     MacroPane copy(editor_, bitmaps_);
     copy.scale_ = scale_;
-    copy.setTheme(*theme_);
+    copy.setTheme(theme_);
     copy.resize(rect.size());
     copy.render(&painter, rect.topLeft());
 }

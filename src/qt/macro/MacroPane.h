@@ -46,7 +46,7 @@ private:
     MacroEditor& editor_;
     GridBitmaps& bitmaps_;
     std::shared_ptr<void> owner_;
-    const GridTheme* theme_ = &GridTheme::light();
+    GridTheme theme_ = GridTheme::light();
     double scale_ = 1.0;
     // Children
     PaneHeading* heading_;

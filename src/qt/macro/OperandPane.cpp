@@ -267,7 +267,7 @@ bool OperandPane::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void OperandPane::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     showLook();
 }
 
@@ -278,14 +278,14 @@ void OperandPane::setTextScale(double scale) {
 
 void OperandPane::showLook() {
     const auto scaled = [this](int logical) { return qRound(logical * scale_); };
-    const QPalette colors = theme_->widgetPalette(palette());
+    const QPalette colors = theme_.widgetPalette(palette());
     setPalette(colors);
     setStyleSheet(
-        editorStyleSheet(*theme_, scale_) +
-        QStringLiteral("QScrollArea, QWidget#OperandBody { background: %1; }").arg(QColor(theme_->panel).name()));
+        editorStyleSheet(theme_, scale_) +
+        QStringLiteral("QScrollArea, QWidget#OperandBody { background: %1; }").arg(QColor(theme_.panel).name()));
     completer_->popup()->setPalette(colors);
-    completer_->popup()->setStyleSheet(editorStyleSheet(*theme_, scale_));
-    heading_->setTheme(*theme_);
+    completer_->popup()->setStyleSheet(editorStyleSheet(theme_, scale_));
+    heading_->setTheme(theme_);
     heading_->setTextScale(scale_);
     heading_->setFixedHeight(scaled(HeadingHeight));
     body_->layout()->setContentsMargins(scaled(SideMargin), 0, scaled(SideMargin), scaled(SideMargin));
@@ -299,13 +299,13 @@ void OperandPane::showLook() {
 }
 
 void OperandPane::paintEvent(QPaintEvent* /*event*/) {
-    QPainter(this).fillRect(rect(), QColor(theme_->panel));
+    QPainter(this).fillRect(rect(), QColor(theme_.panel));
 }
 
 void OperandPane::paintOn(QPainter& painter, const QRect& rect) const {
     OperandPane copy(editor_, bitmaps_);
     copy.scale_ = scale_;
-    copy.setTheme(*theme_);
+    copy.setTheme(theme_);
     copy.resize(rect.size());
     copy.render(&painter, rect.topLeft());
 }

@@ -24,7 +24,7 @@ PaneHeading::PaneHeading(const QString& heading, QWidget* parent) : QWidget(pare
 }
 
 void PaneHeading::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     update();
 }
 
@@ -50,12 +50,12 @@ QFont PaneHeading::headingFont(int width) const {
 }
 
 void PaneHeading::paintOn(QPainter& painter, const QRect& rect) const {
-    painter.fillRect(rect, QColor::fromRgb(theme_->panel));
+    painter.fillRect(rect, QColor::fromRgb(theme_.panel));
     const int room = rect.width() - 2 * LeastSideMargin;
     const QFont heading = headingFont(room);
     const QFontMetrics metrics(heading);
     painter.setFont(heading);
-    painter.setPen(QColor::fromRgb(theme_->muted));
+    painter.setPen(QColor::fromRgb(theme_.muted));
     const int spare = room - metrics.horizontalAdvance(heading_);
     const int left = LeastSideMargin + std::clamp(spare, 0, std::max(0, scaled(HeadingLeft) - LeastSideMargin));
     const QRect place = rect.adjusted(left, scaled(HeadingTop), -LeastSideMargin, 0);

@@ -28,7 +28,7 @@ private:
     [[nodiscard]] QFont headingFont(int width) const;
 
     QString heading_;
-    const GridTheme* theme_ = &GridTheme::light();
+    GridTheme theme_ = GridTheme::light();
     double textScale_ = 1.0;
 };
 

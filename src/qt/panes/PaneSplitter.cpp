@@ -47,7 +47,7 @@ PaneSplitter::PaneSplitter(Splitter which, Qt::Orientation orientation, PaneLayo
 }
 
 void PaneSplitter::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     for (int i = 0; i < count(); ++i) {
         handle(i)->update();
     }
@@ -124,8 +124,8 @@ PaneSplitter::Places PaneSplitter::placesIn(const QRect& rect) const {
 
 void PaneSplitter::paintHandle(QPainter& painter, const QRect& rect, bool pointedAt) const {
     const bool across = orientation() == Qt::Horizontal;
-    const QColor line = QColor::fromRgb(theme_->line);
-    painter.fillRect(rect, QColor::fromRgb(pointedAt ? theme_->accentTint : theme_->panel));
+    const QColor line = QColor::fromRgb(theme_.line);
+    painter.fillRect(rect, QColor::fromRgb(pointedAt ? theme_.accentTint : theme_.panel));
     painter.fillRect(
         across ? QRect(rect.left(), rect.top(), 1, rect.height()) : QRect(rect.left(), rect.top(), rect.width(), 1),
         line);
@@ -136,7 +136,7 @@ void PaneSplitter::paintHandle(QPainter& painter, const QRect& rect, bool pointe
     const QPoint middle = rect.center();
     painter.fillRect(across ? QRect(middle.x(), middle.y() - length / 2, GripWidth, length)
                             : QRect(middle.x() - length / 2, middle.y(), length, GripWidth),
-                     QColor::fromRgb(pointedAt ? theme_->accent : theme_->muted));
+                     QColor::fromRgb(pointedAt ? theme_.accent : theme_.muted));
 }
 
 }  // namespace planview

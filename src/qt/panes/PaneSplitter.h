@@ -20,7 +20,7 @@ public:
     PaneSplitter(Splitter which, Qt::Orientation orientation, PaneLayout& layout);
 
     void setTheme(const GridTheme& theme);
-    [[nodiscard]] const GridTheme& theme() const { return *theme_; }
+    [[nodiscard]] const GridTheme& theme() const { return theme_; }
     /// Takes the position from the layout.
     void follow();
     /// The user has let the handle go.
@@ -44,7 +44,7 @@ private:
 
     Splitter which_;
     PaneLayout& layout_;
-    const GridTheme* theme_ = &GridTheme::light();
+    GridTheme theme_ = GridTheme::light();
 };
 
 }  // namespace planview

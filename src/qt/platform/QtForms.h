@@ -14,7 +14,7 @@ namespace planview {
 /// stays unseen. A window that is shown when the control's widget goes closes as by its frame.
 class QtForms final : public Forms {
 public:
-    explicit QtForms(QWidget& control) : control_(&control), theme_(&GridTheme::light()) {}
+    explicit QtForms(QWidget& control) : control_(&control) {}
     ~QtForms() override;
     QtForms(const QtForms&) = delete;
     QtForms& operator=(const QtForms&) = delete;
@@ -31,7 +31,7 @@ private:
     [[nodiscard]] ThemedDialog* window(Form& form) const;
 
     QPointer<QWidget> control_;
-    const GridTheme* theme_;
+    GridTheme theme_ = GridTheme::light();
     std::map<const Form*, QPointer<ThemedDialog>> windows_;
 };
 

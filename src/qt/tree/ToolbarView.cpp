@@ -139,7 +139,7 @@ ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::funct
     for (QToolButton* button : buttons_) {
         button->setFocusPolicy(Qt::TabFocus);
     }
-    setTheme(*theme_);
+    setTheme(theme_);
     ToolbarChanged();
     toolbar_.SetWatcher(this);
 }
@@ -172,7 +172,7 @@ void ToolbarView::ToolbarChanged() {
 }
 
 void ToolbarView::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     setStyleSheet(styleSheetFor(theme));
     showIcons();
     update();
@@ -189,7 +189,7 @@ void ToolbarView::showIcons() {
     const qreal ratio = devicePixelRatioF();
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
         const std::string name(i == 0 ? std::string_view(SelectionIcon) : ToolbarButtons()[i - 1].icon);
-        QPixmap picture = bitmaps_.pixmap(name, qRound(side * ratio), *theme_);
+        QPixmap picture = bitmaps_.pixmap(name, qRound(side * ratio), theme_);
         picture.setDevicePixelRatio(ratio);
         QPixmap faint(picture.size());
         faint.setDevicePixelRatio(ratio);
@@ -246,7 +246,7 @@ void ToolbarView::resizeEvent(QResizeEvent* /*event*/) {
 void ToolbarView::fillMenu() {
     QMenu& menu = *more_->menu();
     menu.clear();
-    menu.setPalette(theme_->widgetPalette(menu.palette()));
+    menu.setPalette(theme_.widgetPalette(menu.palette()));
     for (QToolButton* button : buttons_) {
         if (button->isHidden()) {
             QAction* entry = menu.addAction(button->icon(), button->accessibleName().replace(u'&', u"&&"_qs));
@@ -262,13 +262,13 @@ void ToolbarView::fillMenu() {
 
 void ToolbarView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.fillRect(rect(), QColor(theme_->panel));
-    painter.fillRect(QRect(0, height() - 1, width(), 1), QColor(theme_->line));
+    painter.fillRect(rect(), QColor(theme_.panel));
+    painter.fillRect(QRect(0, height() - 1, width(), 1), QColor(theme_.line));
 }
 
 void ToolbarView::paintOn(QPainter& painter, const QRect& rect) const {
-    painter.fillRect(rect, QColor(theme_->panel));
-    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), QColor(theme_->line));
+    painter.fillRect(rect, QColor(theme_.panel));
+    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), QColor(theme_.line));
     const std::vector<QRect> places = placesIn(rect.width());
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
         const QRect place = places[i].translated(rect.topLeft());
@@ -277,8 +277,8 @@ void ToolbarView::paintOn(QPainter& painter, const QRect& rect) const {
         }
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QColor(theme_->line));
-        painter.setBrush(QColor(theme_->base));
+        painter.setPen(QColor(theme_.line));
+        painter.setBrush(QColor(theme_.base));
         painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
         QRect picture(QPoint(), buttons_[i]->iconSize());
         picture.moveCenter(place.center());

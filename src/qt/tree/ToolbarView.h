@@ -59,7 +59,7 @@ private:
     MacroToolbar& toolbar_;
     GridBitmaps& bitmaps_;
     std::shared_ptr<void> owner_;
-    const GridTheme* theme_ = &GridTheme::light();
+    GridTheme theme_ = GridTheme::light();
     double scale_ = 1.0;
     std::vector<QToolButton*> buttons_;  // children: the selection's, then as ToolbarButton
     QToolButton* more_;                  // a child

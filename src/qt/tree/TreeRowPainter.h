@@ -16,8 +16,8 @@ class TreeRowPainter {
 public:
     explicit TreeRowPainter(GridBitmaps& bitmaps) : bitmaps_(bitmaps) {}
 
-    void setTheme(const GridTheme& theme) { theme_ = &theme; }
-    [[nodiscard]] const GridTheme& theme() const { return *theme_; }
+    void setTheme(const GridTheme& theme) { theme_ = theme; }
+    [[nodiscard]] const GridTheme& theme() const { return theme_; }
     void setTextScale(double scale) { scale_ = scale; }
 
     /// What only the view knows of a row.
@@ -44,7 +44,7 @@ private:
     void paintChevron(QPainter& painter, const QRect& place, bool open) const;
 
     GridBitmaps& bitmaps_;
-    const GridTheme* theme_ = &GridTheme::light();
+    GridTheme theme_ = GridTheme::light();
     double scale_ = 1.0;
 };
 

@@ -10,7 +10,7 @@
 #include "qt/grid/GridCellStyle.h"
 #include "qt/grid/GridScene.h"
 #include "qt/grid/GridTextBatch.h"
-#include "qt/grid/GridTraits.h"
+#include "qt/grid/TrackLooks.h"
 
 class QPainter;
 
@@ -29,9 +29,9 @@ inline constexpr std::string_view TooNarrow = "###";
 ///
 /// A left-aligned text that its cell is too narrow for runs on over empty planning cells beside it; any other one is
 /// cut with an ellipsis.
-class GridContents {
+class CellContentPainter {
 public:
-    explicit GridContents(const GridScene& scene) : scene_(scene), texts_(scene.fonts) {}
+    explicit CellContentPainter(const GridScene& scene) : scene_(scene), texts_(scene.fonts) {}
 
     void add(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
              const GridCellStyle& style, std::optional<double> number);
@@ -55,7 +55,7 @@ private:
         int width = 0;
         int baseLine = 0;
         bool tooLow = false;  ///< the cell is too low for any text
-        GridFace* face = nullptr;
+        TextShaper* shaper = nullptr;
         GridAlignment alignment = GridAlignment::Left;
     };
 
