@@ -18,7 +18,7 @@ constexpr int MinFontSize = 4;
 constexpr int MaxFontSize = 96;
 constexpr std::size_t FirstBucketCount = 64;
 
-/// Cuts the text before the divider off and returns it; all of the text when there is no divider.
+/// Cuts off and returns the text before the divider; the whole text if there is none.
 std::string_view TakePiece(std::string_view& text, char divider) noexcept {
     const std::size_t end = text.find(divider);
     const std::string_view piece = Trimmed(text.substr(0, end));

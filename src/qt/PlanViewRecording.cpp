@@ -62,16 +62,18 @@ bool PlanViewWidget::macroTreeShown() const {
 
 template <class Action>
 MacroResult PlanViewWidget::State::withMacro(Action&& action) {
-    const std::shared_ptr<DesktopControl> alive = core;
-    const QPointer<PlanViewWidget> self(&widget);
-    if (!widget.finishEditing() || !self) {
-        return {};
-    }
-    MacroResult result = action(alive->view);
-    if (self) {
-        status->gridChanged();
-    }
-    return result;
+    return guard.run("Macro", [&]() -> MacroResult {
+        PlanView& view = core->view;
+        const QPointer<PlanViewWidget> self(&widget);
+        if (!widget.finishEditing() || !self) {
+            return {};
+        }
+        MacroResult result = action(view);
+        if (self) {
+            status->gridChanged();
+        }
+        return result;
+    });
 }
 
 MacroResult PlanViewWidget::replayMacro(const QString& nodeKey, bool onSelectedLine) {

@@ -5,6 +5,7 @@
 
 #include <planview/qt/PlanViewWidget.h>
 
+#include "qt/EntryGuard.h"
 #include "qt/SignalSink.h"
 #include "qt/StatusInfo.h"
 #include "qt/chart/ChartView.h"
@@ -42,7 +43,8 @@ struct DesktopControl {
 
 /// What the widget keeps, and what it does beside its public members.
 struct PlanViewWidget::State {
-    explicit State(PlanViewWidget& owner) : widget(owner) {}
+    State(PlanViewWidget& owner, const PlatformOverrides& platform)
+        : widget(owner), core(std::make_shared<DesktopControl>(owner, platform)), guard("USERCONTROL", core) {}
 
     /// Calls a member; the control lives on until the call is over, even when the widget is deleted meanwhile.
     template <class Member>
@@ -61,7 +63,8 @@ struct PlanViewWidget::State {
     void focusMoved(const QWidget* to);
 
     PlanViewWidget& widget;
-    std::shared_ptr<DesktopControl> core;
+    const std::shared_ptr<DesktopControl> core;
+    const EntryGuard guard;
     PaneHost* panes = nullptr;  // children of the widget
     GridView* grid = nullptr;
     ChartView* chart = nullptr;

@@ -59,10 +59,9 @@ DesktopControl::DesktopControl(PlanViewWidget& widget, const PlatformOverrides& 
 PlanViewWidget::PlanViewWidget(QWidget* parent) : PlanViewWidget(PlatformOverrides(), parent) {}
 
 PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* parent)
-    : QWidget(parent), state_(std::make_unique<State>(*this)) {
+    : QWidget(parent), state_(std::make_unique<State>(*this, platform)) {
     qRegisterMetaType<ObjectRef>("planview::ObjectRef");
     qRegisterMetaType<MacroResult>("planview::MacroResult");
-    state_->core = std::make_shared<DesktopControl>(*this, platform);
     state_->grid = new GridView(state_->core->view.Grid(), state_->core);
     state_->core->popups.setGrid(state_->grid);
     state_->chart = new ChartView(state_->core->view.Chart(), state_->core);
@@ -80,7 +79,7 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(state_->panes);
     setFocusProxy(state_->grid);
-    state_->status = new StatusInfo(*this, state_->core->view, *state_->grid);
+    state_->status = new StatusInfo(*this, state_->core->view, *state_->grid, state_->guard);
     state_->core->view.SetBulkListener([this](bool running) {
         state_->announcesSeveral = running;
         if (!running) {
@@ -192,19 +191,21 @@ void PlanViewWidget::State::runCommand(void (PlanView::*command)(), void (*inEdi
         inEditor(*editor.line());
         return;
     }
-    const std::shared_ptr<DesktopControl> alive = core;
-    const QPointer<PlanViewWidget> self(&widget);
-    if (widget.finishEditing() && self) {
-        (alive->view.*command)();
-    }
-    if (!self) {
-        return;
-    }
-    const std::optional<Cell> current = alive->view.Grid().CurrentCell();
-    if (sight == Sight::CurrentCell && current) {
-        grid->ensureVisible(*current);
-    }
-    status->gridChanged();
+    guard.run("Command", [&] {
+        PlanView& view = core->view;
+        const QPointer<PlanViewWidget> self(&widget);
+        if (widget.finishEditing() && self) {
+            (view.*command)();
+        }
+        if (!self) {
+            return;
+        }
+        const std::optional<Cell> current = view.Grid().CurrentCell();
+        if (sight == Sight::CurrentCell && current) {
+            grid->ensureVisible(*current);
+        }
+        status->gridChanged();
+    });
 }
 
 bool PlanViewWidget::canUndo() const {
@@ -377,13 +378,13 @@ void PlanViewWidget::refreshPendingChanges() {
 void PlanViewWidget::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        state_->applyTheme();
+        state_->guard.run("PaletteChange", [this] { state_->applyTheme(); });
     }
 }
 
 void PlanViewWidget::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    control().Resize(event->size().width(), event->size().height());
+    state_->guard.run("Resize", [&] { control().Resize(event->size().width(), event->size().height()); });
 }
 
 void PlanViewWidget::State::focusMoved(const QWidget* to) {
@@ -392,13 +393,15 @@ void PlanViewWidget::State::focusMoved(const QWidget* to) {
         return;
     }
     hasFocus = inside;
-    if (inside) {
-        widget.control().EnterFocus();
-        widget.control().GotFocus();
-    } else {
-        widget.control().LostFocus();
-        widget.control().ExitFocus();
-    }
+    guard.run("FocusChanged", [&view = core->view, inside] {
+        if (inside) {
+            view.EnterFocus();
+            view.GotFocus();
+        } else {
+            view.LostFocus();
+            view.ExitFocus();
+        }
+    });
 }
 
 }  // namespace planview

@@ -7,6 +7,7 @@
 #include <planview/PlanView.h>
 
 #include "grid/SelectionSummary.h"
+#include "qt/EntryGuard.h"
 
 class QTimer;
 
@@ -21,7 +22,7 @@ class StatusInfo final : public QObject {
     Q_OBJECT
 
 public:
-    StatusInfo(PlanViewWidget& widget, PlanView& view, GridView& grid);
+    StatusInfo(PlanViewWidget& widget, PlanView& view, GridView& grid, const EntryGuard& guard);
 
     [[nodiscard]] const SelectionSummary& summary() const { return summary_; }
     [[nodiscard]] const QString& cellName() const { return cellName_; }
@@ -38,6 +39,7 @@ private:
     void updateSummary();
     void updateHistory();
 
+    EntryGuard guard_;
     PlanViewWidget& widget_;
     PlanView& view_;
     GridView& grid_;

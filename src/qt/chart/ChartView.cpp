@@ -34,9 +34,8 @@ QRect outer(const QRectF& rect) {
 }  // namespace
 
 ChartView::ChartView(ChartControl& chart, std::shared_ptr<void> owner, QWidget* parent)
-    : QAbstractScrollArea(parent),
+    : GuardedView(EntryGuard("CHART", std::move(owner)), parent),
       chart_(chart),
-      owner_(std::move(owner)),
       runDrag_([](QDrag& drag) { drag.exec(Qt::CopyAction); }) {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
@@ -149,8 +148,7 @@ void ChartView::updateScrollBar() {
 
 void ChartView::scrollContentsBy(int /*dx*/, int /*dy*/) {
     if (!updatingBar_) {
-        const std::shared_ptr<void> keepChart = owner_;
-        chart_.UserScrolledTo(horizontalScrollBar()->value() + 1);
+        guard().run("Scroll", [this] { chart_.UserScrolledTo(horizontalScrollBar()->value() + 1); });
     }
 }
 

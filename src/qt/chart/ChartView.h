@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "components/chart/ChartControl.h"
+#include "qt/GuardedWidget.h"
 #include "qt/chart/ChartLayout.h"
 #include "qt/chart/ChartPainter.h"
 #include "qt/chart/ChartPicture.h"
@@ -24,7 +25,7 @@ namespace planview {
 ///
 /// The chart keeps the selection and the scroll position. The host may delete the view from inside an event that an
 /// input raised; therefore every handler looks whether the view is still there after the chart has been told.
-class ChartView final : public QAbstractScrollArea, private ChartWatcher {
+class ChartView final : public GuardedView<QAbstractScrollArea>, private ChartWatcher {
     Q_OBJECT
 
 public:
@@ -69,7 +70,7 @@ Q_SIGNALS:
     void redoWanted();
 
 protected:
-    bool viewportEvent(QEvent* event) override;
+    bool handleViewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -141,7 +142,6 @@ private:
     [[nodiscard]] QString describe(const Place& place) const;
 
     ChartControl& chart_;
-    std::shared_ptr<void> owner_;
     GridTheme theme_ = GridTheme::light();
     double textScale_ = 1.0;
     std::unique_ptr<Drawn> drawn_;

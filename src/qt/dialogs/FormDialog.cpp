@@ -25,7 +25,7 @@ constexpr int SectionSpace = 14;
 }  // namespace
 
 FormDialog::FormDialog(PropertyForm& form, QWidget* parent)
-    : ThemedDialog(parent), form_(form), content_(new QVBoxLayout(this)) {
+    : ThemedDialog(form.TraceLabel(), parent), form_(form), content_(new QVBoxLayout(this)) {
     content_->setContentsMargins(EdgeSpace, EdgeSpace, EdgeSpace, EdgeSpace);
     content_->setSpacing(0);
     content_->setSizeConstraint(QLayout::SetFixedSize);
@@ -56,13 +56,13 @@ void FormDialog::setVisible(bool visible) {
 
 void FormDialog::accept() {
     if (!hasEnded()) {
-        form_.cmdOk_Click();  // hides the window
+        guard().run("cmdOk_Click", [this] { form_.cmdOk_Click(); });  // hides the window
     }
 }
 
 void FormDialog::reject() {
     if (!hasEnded()) {
-        form_.cmdCancel_Click();
+        guard().run("cmdCancel_Click", [this] { form_.cmdCancel_Click(); });
     }
 }
 
@@ -92,7 +92,7 @@ void FormDialog::addRow(QGridLayout& section, const QString& caption, QWidget* f
 QCheckBox* FormDialog::addCheckBox(QGridLayout& section, CheckBox& state, char mnemonic) {
     auto* box = new QCheckBox(withMnemonic(state.Caption, mnemonic), this);
     section.addWidget(box, section.rowCount(), 0, 1, 2);
-    connect(box, &QCheckBox::toggled, this, [this, &state](bool on) {
+    guard().connect(box, &QCheckBox::toggled, this, "Tick", [this, &state](bool on) {
         state.Value = on ? 1 : 0;
         stateChanged();
     });
@@ -134,7 +134,7 @@ void FormDialog::addOption(QGridLayout& section, QWidget* group, OptionButton& s
                            int column) {
     auto* button = new QRadioButton(caption, group);
     section.addWidget(button, row, column);
-    connect(button, &QRadioButton::toggled, this, [this, button, &state](bool on) {
+    guard().connect(button, &QRadioButton::toggled, this, "Choose", [this, button, &state](bool on) {
         state.Value = on;
         button->setFocusPolicy(on ? Qt::StrongFocus : Qt::ClickFocus);
         if (on) {
@@ -157,7 +157,7 @@ QComboBox* FormDialog::addList(QGridLayout& section, ListBox& state, const QStri
         list->addItem(item.empty() ? tr("As the view") : QString::fromStdString(item));
     }
     addRow(section, caption, list);
-    connect(list, &QComboBox::currentIndexChanged, this, [this, &state](int index) {
+    guard().connect(list, &QComboBox::currentIndexChanged, this, "Choose", [this, &state](int index) {
         state.ListIndex = index;
         stateChanged();
     });
@@ -172,7 +172,7 @@ QLineEdit* FormDialog::addText(QGridLayout& section, std::string& state, const Q
     auto* field = new QLineEdit(this);
     field->setFixedWidth(width);
     addRow(section, caption, field);
-    connect(field, &QLineEdit::textChanged, this, [this, &state](const QString& text) {
+    guard().connect(field, &QLineEdit::textChanged, this, "EnterText", [this, &state](const QString& text) {
         state = text.toStdString();
         stateChanged();
     });
@@ -187,15 +187,16 @@ ColorButton* FormDialog::addColor(QGridLayout& section, ColorBox& state, ColorBu
                                   std::function<void()> click) {
     auto* button = new ColorButton(use, QString::fromStdString(state.Caption), this);
     addRow(section, withMnemonic(state.Caption, mnemonic), button);
-    connect(button, &QPushButton::clicked, this, [this, button, &state, click = std::move(click)] {
-        const QPointer<FormDialog> self(this);
-        button->setFocus();  // the popup opens below it
-        click();
-        if (self && isVisible()) {
-            button->setColor(state.Get());
-            stateChanged();
-        }
-    });
+    guard().connect(button, &QPushButton::clicked, this, "ChooseColor",
+                    [this, button, &state, click = std::move(click)] {
+                        const QPointer<FormDialog> self(this);
+                        button->setFocus();  // the popup opens below it
+                        click();
+                        if (self && isVisible()) {
+                            button->setColor(state.Get());
+                            stateChanged();
+                        }
+                    });
     showers_.emplace_back([button, &state] { button->setColor(state.Get()); });
     colors_.push_back(button);
     return button;

@@ -32,7 +32,8 @@ const std::vector<std::string>& usualContents() {
 
 }  // namespace
 
-RowPreview::RowPreview(const frmRow& form, QWidget* parent) : QWidget(parent), form_(form) {
+RowPreview::RowPreview(const frmRow& form, const EntryGuard& dialog, QWidget* parent)
+    : GuardedWidget(dialog, parent), form_(form) {
     createGrid();
     view_ = new GridView(grid_, nullptr, this);
     view_->setFramesCurrent(false);

@@ -3,16 +3,20 @@
 
 #include <QDialog>
 
+#include "qt/GuardedWidget.h"
 #include "qt/grid/GridTheme.h"
 
 namespace planview {
 
 /// A window of the control that has the colours of the control's view, whatever the desktop's are.
-class ThemedDialog : public QDialog {
+class ThemedDialog : public GuardedWidget<QDialog> {
     Q_OBJECT
 
 public:
-    explicit ThemedDialog(QWidget* parent) : QDialog(parent) { setWindowFlag(Qt::WindowContextHelpButtonHint, false); }
+    /// `label` is that of the form's trace entries.
+    ThemedDialog(std::string_view label, QWidget* parent) : GuardedWidget(EntryGuard(label), parent) {
+        setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    }
 
     virtual void setTheme(const GridTheme& theme);
     /// Leaves the form, which may be gone after this call, and hides. The window is deleted when all of its own

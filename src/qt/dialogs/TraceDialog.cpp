@@ -52,7 +52,10 @@ char mnemonicOf(int index) {
 }  // namespace
 
 TraceDialog::TraceDialog(frmTrace& form, QWidget* parent)
-    : ThemedDialog(parent), form_(&form), model_(new TraceModel(form.TraceView, this)), filter_(new TraceFilter(this)) {
+    : ThemedDialog("TRACE WINDOW", parent),
+      form_(&form),
+      model_(new TraceModel(form.TraceView, this)),
+      filter_(new TraceFilter(this)) {
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     filter_->setSourceModel(model_);
     buildList();
@@ -108,7 +111,7 @@ void TraceDialog::buildMenus() {
 }
 
 void TraceDialog::buildList() {
-    list_ = new QTreeView(this);
+    list_ = new GuardedView<QTreeView>(guard(), this);
     list_->setModel(filter_);
     list_->setRootIsDecorated(false);
     list_->setUniformRowHeights(true);
@@ -205,7 +208,10 @@ void TraceDialog::keyPressEvent(QKeyEvent* event) {
 }
 
 void TraceDialog::runMenu(int index) {
-    if (form_) {
+    guard().run("mnuTrac_Click", [&] {
+        if (!form_) {
+            return;
+        }
         following_ = true;  // what the entry writes is to be seen
         const QPointer<TraceDialog> self(this);
         // Other controls may have windows over the same list; the entry is about this one.
@@ -219,7 +225,7 @@ void TraceDialog::runMenu(int index) {
             form_->PlaceOnTop = nullptr;
             onTop_->setChecked(form_->mnuTrac[0].Checked);
         }
-    }
+    });
 }
 
 /// As it was last chosen, maybe in another control's window of the same form.

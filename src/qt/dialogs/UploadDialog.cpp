@@ -33,7 +33,7 @@ constexpr int ValueWidth = 110;
 }  // namespace
 
 UploadDialog::UploadDialog(frmUpload& form, QWidget* parent)
-    : ThemedDialog(parent),
+    : ThemedDialog(static_cast<PropertyForm&>(form).TraceLabel(), parent),
       form_(&form),
       model_(new UploadModel(form, this)),
       filter_(new UploadFilter(*model_, this)) {
@@ -55,13 +55,13 @@ void UploadDialog::setVisible(bool visible) {
 
 void UploadDialog::accept() {
     if (form_) {
-        form_->cmdOk_Click();  // hides the window
+        guard().run("cmdOk_Click", [this] { form_->cmdOk_Click(); });  // hides the window
     }
 }
 
 void UploadDialog::reject() {
     if (form_) {
-        form_->cmdCancel_Click();
+        guard().run("cmdCancel_Click", [this] { form_->cmdCancel_Click(); });
     }
 }
 
@@ -150,12 +150,12 @@ void UploadDialog::buildFilterLine(QVBoxLayout& layout) {
     layout.addLayout(line);
     connect(words_, &QLineEdit::textChanged, this, &UploadDialog::filter);
     connect(show_, &QComboBox::currentIndexChanged, this, &UploadDialog::filter);
-    connect(all, &QPushButton::clicked, this, [this] { tickShown(true); });
-    connect(none, &QPushButton::clicked, this, [this] { tickShown(false); });
+    guard().connect(all, &QPushButton::clicked, this, "TickShown", [this] { tickShown(true); });
+    guard().connect(none, &QPushButton::clicked, this, "UntickShown", [this] { tickShown(false); });
 }
 
 void UploadDialog::buildList(QVBoxLayout& layout) {
-    list_ = new QTreeView(this);
+    list_ = new GuardedView<QTreeView>(guard(), this);
     list_->setObjectName(QStringLiteral("ticked"));
     list_->setModel(filter_);
     list_->setRootIsDecorated(false);
@@ -231,7 +231,7 @@ void UploadDialog::tickSelected() {
 bool UploadDialog::eventFilter(QObject* watched, QEvent* event) {
     if (watched == list_ && event->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space) {
-        tickSelected();
+        guard().run("TickSelected", [this] { tickSelected(); });
         return true;
     }
     return ThemedDialog::eventFilter(watched, event);

@@ -107,7 +107,7 @@ void GridEditor::makeLine() {
     line_ = new EditLine(view_.viewport());
     line_->setObjectName(QStringLiteral("CellEditor"));
     line_->installEventFilter(this);
-    connect(line_, &QLineEdit::textChanged, this, [this] {
+    view_.guard().connect(line_.data(), &QLineEdit::textChanged, this, "EntryChanged", [this] {
         hideMessage();
         follow();
     });
@@ -258,7 +258,7 @@ void GridEditor::follow() {
             bubble_->hide();
         }
         // Not now: the grid may be telling of the change that scrolled the cell away.
-        QMetaObject::invokeMethod(this, &GridEditor::finishOutOfSight, Qt::QueuedConnection);
+        view_.guard().later(this, "FinishOutOfSight", [this] { finishOutOfSight(); });
     }
 }
 
@@ -288,7 +288,6 @@ void GridEditor::place(const QRect& cell) {
 
 void GridEditor::finishOutOfSight() {
     if (open_ && view_.cellRect(cell_).isEmpty()) {
-        const std::shared_ptr<void> keepGrid = view_.owner();
         static_cast<void>(finish());
     }
 }
@@ -321,7 +320,10 @@ bool GridEditor::eventFilter(QObject* watched, QEvent* event) {
     if (watched != line_ || !open_) {
         return QObject::eventFilter(watched, event);
     }
-    const std::shared_ptr<void> keepGrid = view_.owner();
+    return view_.guard().run(*event, [&] { return handleLineEvent(event); });
+}
+
+bool GridEditor::handleLineEvent(QEvent* event) {
     switch (event->type()) {
         case QEvent::ShortcutOverride:
             if (isForUs(*static_cast<QKeyEvent*>(event))) {

@@ -69,6 +69,8 @@ private:
     void refuse(Refusal refusal);
     void finishOutOfSight();
     [[nodiscard]] std::string entered() const;
+    /// Whether the text line is not to see the event.
+    [[nodiscard]] bool handleLineEvent(QEvent* event);
     [[nodiscard]] bool handleKey(const QKeyEvent& event);
     [[nodiscard]] bool isForUs(const QKeyEvent& event) const;
 

@@ -45,7 +45,7 @@ QSize deviceSize(QSize logical, qreal ratio) {
 }  // namespace
 
 GridView::GridView(GridControl& grid, std::shared_ptr<void> owner, QWidget* parent)
-    : QAbstractScrollArea(parent), grid_(grid), owner_(std::move(owner)), mouse_(*this), editor_(*this) {
+    : GuardedView(EntryGuard("GRIDCTL", std::move(owner)), parent), grid_(grid), mouse_(*this), editor_(*this) {
     installGridAccessibility();
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
@@ -314,12 +314,14 @@ void GridView::scrollContentsBy(int dx, int dy) {
     if (updatingBars_) {
         return;
     }
-    if (dx != 0) {
-        scrollTo(true, horizontalScrollBar()->value());
-    }
-    if (dy != 0) {
-        scrollTo(false, verticalScrollBar()->value());
-    }
+    guard().run("Scroll", [&] {
+        if (dx != 0) {
+            scrollTo(true, horizontalScrollBar()->value());
+        }
+        if (dy != 0) {
+            scrollTo(false, verticalScrollBar()->value());
+        }
+    });
 }
 
 void GridView::scrollBy(int columns, int rows) {

@@ -10,6 +10,7 @@
 
 #include "components/AxisLayout.h"
 #include "components/GridControl.h"
+#include "qt/GuardedWidget.h"
 #include "qt/grid/GridBitmaps.h"
 #include "qt/grid/GridEditor.h"
 #include "qt/grid/GridFonts.h"
@@ -37,7 +38,7 @@ struct GridHistory {
 /// The grid keeps the scroll position, the selection and the sizes; the view keeps only what belongs to the screen: the
 /// theme, the scale and where everything stands. The host may delete the view from inside an event that an input
 /// raised; therefore every handler looks whether the view is still there after the grid has been told.
-class GridView final : public QAbstractScrollArea, private GridWatcher {
+class GridView final : public GuardedView<QAbstractScrollArea>, private GridWatcher {
     Q_OBJECT
 
 public:
@@ -47,7 +48,6 @@ public:
     ~GridView() override;
 
     [[nodiscard]] GridControl& grid() const { return grid_; }
-    [[nodiscard]] const std::shared_ptr<void>& owner() const { return owner_; }
     void setHistory(GridHistory history) { history_ = std::move(history); }
     [[nodiscard]] GridBitmaps& bitmaps() { return bitmaps_; }
 
@@ -111,7 +111,7 @@ Q_SIGNALS:
     void gridChanged();
 
 protected:
-    bool viewportEvent(QEvent* event) override;
+    bool handleViewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -156,7 +156,6 @@ private:
     void showToolTip(const QHelpEvent& event);
 
     GridControl& grid_;
-    std::shared_ptr<void> owner_;
     GridBitmaps bitmaps_;
     GridTheme theme_ = GridTheme::light();
     double textScale_ = 1.0;

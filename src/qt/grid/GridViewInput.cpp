@@ -16,8 +16,7 @@
 #include "qt/grid/GridView.h"
 #include "qt/grid/HiddenMarks.h"
 
-// What the user does with the view. Before the grid is told, its owner is held: the host may delete the view from
-// inside the event that follows.
+// What the user does with the view. The host may delete it from inside the event that follows.
 
 namespace planview {
 
@@ -97,7 +96,6 @@ void GridView::wheelEvent(QWheelEvent* event) {
 // --- Keyboard
 
 void GridView::keyPressEvent(QKeyEvent* event) {
-    const std::shared_ptr<void> keepGrid = owner_;
     if (editor_.isOpen()) {
         if (editor_.hasFocus()) {
             event->ignore();  // what the editor itself has no use for
@@ -201,7 +199,6 @@ QVariant GridView::inputMethodQuery(Qt::InputMethodQuery query) const {
 }
 
 void GridView::finishAndMove(GridMove direction, bool byReturn) {
-    const std::shared_ptr<void> keepGrid = owner_;
     const QPointer<GridView> self(this);
     if (!editor_.finish() || !self) {
         return;
@@ -215,7 +212,6 @@ void GridView::finishAndMove(GridMove direction, bool byReturn) {
 }
 
 void GridView::handleKey(const GridKey& key) {
-    const std::shared_ptr<void> keepGrid = owner_;
     const std::optional<Cell> current = grid_.CurrentCell();
     switch (key.action) {
         case GridKey::Action::SelectAll:
@@ -270,7 +266,6 @@ void GridView::move(GridMove move, SelectionMode mode) {
 }
 
 void GridView::selectCurrent(Cell cell, SelectionMode mode) {
-    const std::shared_ptr<void> keepGrid = owner_;
     const QPointer<GridView> self(this);
     const GridStatus status = grid_.SelectCell(cell, mode);
     if (self && status == GridStatus::Ok && grid_.SelectionEnd() == cell) {
@@ -279,8 +274,7 @@ void GridView::selectCurrent(Cell cell, SelectionMode mode) {
 }
 
 bool GridView::finishEditing() {
-    const std::shared_ptr<void> keepGrid = owner_;
-    return editor_.finish();
+    return guard().run("FinishEntry", [this] { return editor_.finish(); });
 }
 
 /// Tab moves within the grid and leaves it behind the last cell only.
@@ -314,14 +308,12 @@ void GridView::reportFocus() {
         return;
     }
     viewport()->update();
-    const std::shared_ptr<void> keepGrid = owner_;
     grid_.ReportFocus(now);
 }
 
 // --- Mouse
 
 void GridView::mousePressEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> keepGrid = owner_;
     const QPointer<GridView> self(this);
     if (editor_.finish() && self) {
         editor_.hideMessage();
@@ -330,7 +322,6 @@ void GridView::mousePressEvent(QMouseEvent* event) {
 }
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> keepGrid = owner_;
     const QPointer<GridView> self(this);
     if (editor_.finish() && self) {
         editor_.hideMessage();
@@ -343,14 +334,12 @@ void GridView::edit(Cell cell) {
 }
 
 void GridView::mouseMoveEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> keepGrid = owner_;
     const QPoint point = event->position().toPoint();
     viewport()->setCursor(mouse_.cursorAt(point));
     mouse_.move(point);
 }
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> keepGrid = owner_;
     if (event->button() == Qt::LeftButton) {
         mouse_.release();
     }
@@ -369,16 +358,15 @@ void GridView::timerEvent(QTimerEvent* event) {
         QAbstractScrollArea::timerEvent(event);
         return;
     }
-    const std::shared_ptr<void> keepGrid = owner_;
     mouse_.autoScroll();
 }
 
-bool GridView::viewportEvent(QEvent* event) {
+bool GridView::handleViewportEvent(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         showToolTip(*static_cast<QHelpEvent*>(event));
         return true;
     }
-    return QAbstractScrollArea::viewportEvent(event);
+    return GuardedView::handleViewportEvent(event);
 }
 
 void GridView::showToolTip(const QHelpEvent& event) {

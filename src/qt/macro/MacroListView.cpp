@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QTimer>
+#include <utility>
 
 #include "macro/tree/MacroTable.h"
 
@@ -132,10 +132,7 @@ public:
     /// Afterwards, when the view has done with its own editor: renaming makes the list anew.
     void setModelData(QWidget* editor, QAbstractItemModel* /*model*/, const QModelIndex& /*index*/) const override {
         const std::string text = static_cast<QLineEdit*>(editor)->text().toStdString();
-        QTimer::singleShot(0, &view_, [&view = view_, text] {
-            const std::shared_ptr<void> alive = view.owner_;
-            view.editor_.Rename(text);
-        });
+        view_.guard().later(&view_, "Rename", [&view = view_, text] { view.editor_.Rename(text); });
     }
 
 private:
@@ -204,10 +201,9 @@ private:
     double scale_ = 1.0;
 };
 
-MacroListView::MacroListView(MacroEditor& editor, GridBitmaps& bitmaps, std::shared_ptr<void> owner, QWidget* parent)
-    : QListView(parent),
+MacroListView::MacroListView(MacroEditor& editor, GridBitmaps& bitmaps, EntryGuard pane, QWidget* parent)
+    : GuardedView(std::move(pane), parent),
       editor_(editor),
-      owner_(std::move(owner)),
       lines_(new Lines(editor, this)),
       painter_(new Painter(*this, bitmaps)) {
     setObjectName(QLatin1String("MacroView"));
@@ -255,10 +251,7 @@ void MacroListView::currentChanged(const QModelIndex& current, const QModelIndex
         return;
     }
     // When the view has done with the press: the list is made anew.
-    QTimer::singleShot(0, this, [this, row = current.row()] {
-        const std::shared_ptr<void> alive = owner_;
-        editor_.SetCurrent(row);
-    });
+    guard().later(this, "SetCurrent", [this, row = current.row()] { editor_.SetCurrent(row); });
 }
 
 void MacroListView::keyPressEvent(QKeyEvent* event) {

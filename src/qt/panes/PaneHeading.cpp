@@ -8,6 +8,7 @@ namespace planview {
 
 namespace {
 
+constexpr int Height = 30;
 constexpr int HeadingLeft = 12;
 constexpr int HeadingTop = 8;
 constexpr int HeadingPixels = 11;
@@ -30,6 +31,7 @@ void PaneHeading::setTheme(const GridTheme& theme) {
 
 void PaneHeading::setTextScale(double scale) {
     textScale_ = scale;
+    setFixedHeight(scaled(Height));
     update();
 }
 

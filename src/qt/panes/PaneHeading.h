@@ -13,7 +13,8 @@ public:
     explicit PaneHeading(const QString& heading, QWidget* parent = nullptr);
 
     void setTheme(const GridTheme& theme);
-    /// That of the grid's texts; in a narrow pane the heading is smaller before it is shortened.
+    /// That of the grid's texts; gives the heading its height. In a narrow pane the text is smaller before it is
+    /// shortened.
     void setTextScale(double scale);
     /// Paints the heading as it is into another place.
     void paintOn(QPainter& painter, const QRect& rect) const;

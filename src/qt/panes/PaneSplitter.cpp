@@ -17,10 +17,10 @@ int firstExtent(int extent, int perMille) {
     return std::max(0, extent - PaneSplitter::HandleWidth) * perMille / PaneLayout::WholeExtent;
 }
 
-class PaneHandle final : public QSplitterHandle {
+class PaneHandle final : public GuardedWidget<QSplitterHandle> {
 public:
     explicit PaneHandle(PaneSplitter& splitter)
-        : QSplitterHandle(splitter.orientation(), &splitter), splitter_(splitter) {
+        : GuardedWidget(splitter.guard(), splitter.orientation(), &splitter), splitter_(splitter) {
         setAttribute(Qt::WA_Hover);
     }
 
@@ -41,7 +41,7 @@ private:
 }  // namespace
 
 PaneSplitter::PaneSplitter(Splitter which, Qt::Orientation orientation, PaneLayout& layout)
-    : QSplitter(orientation), which_(which), layout_(layout) {
+    : GuardedWidget(EntryGuard(SplitterLabel(which)), orientation), which_(which), layout_(layout) {
     setHandleWidth(HandleWidth);
     setChildrenCollapsible(false);
 }
@@ -85,8 +85,8 @@ void PaneSplitter::handleReleased() {
 }
 
 /// A pane that came or went has been given its place only by now.
-bool PaneSplitter::event(QEvent* event) {
-    const bool done = QSplitter::event(event);
+bool PaneSplitter::handleEvent(QEvent* event) {
+    const bool done = GuardedWidget::handleEvent(event);
     if (event->type() == QEvent::LayoutRequest) {
         follow();
     }

@@ -5,13 +5,14 @@
 #include <array>
 
 #include "layout/PaneLayout.h"
+#include "qt/GuardedWidget.h"
 #include "qt/grid/GridTheme.h"
 
 namespace planview {
 
 /// One of the control's splitters: two panes, and between them a handle while both are shown. Stands where the layout
 /// says, whatever its size is, and tells the layout where the user has moved it to.
-class PaneSplitter final : public QSplitter {
+class PaneSplitter final : public GuardedWidget<QSplitter> {
     Q_OBJECT
 
 public:
@@ -36,7 +37,7 @@ public:
 
 protected:
     QSplitterHandle* createHandle() override;
-    bool event(QEvent* event) override;
+    bool handleEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:

@@ -58,12 +58,12 @@ QString styleSheetFor(const GridTheme& theme) {
 }  // namespace
 
 /// A button whose content is dragged from it. What is dragged is asked for when the drag begins, or at a click.
-class SelectionButton final : public QToolButton {
+class SelectionButton final : public GuardedWidget<QToolButton> {
 public:
-    SelectionButton(MacroToolbar& toolbar, std::function<std::string()> selection, std::shared_ptr<void> owner,
+    SelectionButton(MacroToolbar& toolbar, std::function<std::string()> selection, const EntryGuard& whole,
                     QWidget* parent)
-        : QToolButton(parent), toolbar_(toolbar), selection_(std::move(selection)), owner_(std::move(owner)) {
-        connect(this, &QToolButton::clicked, this, [this] { handOver(); });
+        : GuardedWidget(whole, parent), toolbar_(toolbar), selection_(std::move(selection)) {
+        guard().connect(this, &QToolButton::clicked, this, "HandOverSelection", [this] { handOver(); });
     }
 
 protected:
@@ -92,7 +92,6 @@ protected:
 
 private:
     std::string handOver() {
-        const std::shared_ptr<void> owner = owner_;
         std::string text = selection_();
         if (!text.empty()) {
             toolbar_.UserDragSelection(text);
@@ -102,19 +101,20 @@ private:
 
     MacroToolbar& toolbar_;
     std::function<std::string()> selection_;
-    std::shared_ptr<void> owner_;
     QPoint pressedAt_;
 };
 
 ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::function<std::string()> selection,
                          std::shared_ptr<void> owner, QWidget* parent)
-    : QWidget(parent), toolbar_(toolbar), bitmaps_(bitmaps), owner_(std::move(owner)), more_(new QToolButton(this)) {
+    : GuardedWidget(EntryGuard(MacroToolbar::Label, std::move(owner)), parent),
+      toolbar_(toolbar),
+      bitmaps_(bitmaps),
+      more_(new QToolButton(this)) {
     setAccessibleName(tr("Macro elements"));
     for (const ToolbarButtonInfo& info : ToolbarButtons()) {
         auto* button = new QToolButton(this);
         button->setObjectName(QString::fromUtf8(info.field.data(), static_cast<qsizetype>(info.field.size())));
-        connect(button, &QToolButton::clicked, this, [this, which = info.button] {
-            const std::shared_ptr<void> alive = owner_;
+        guard().connect(button, &QToolButton::clicked, this, "Press", [this, which = info.button] {
             const QPointer<ToolbarView> self(this);
             toolbar_.UserPress(which);
             if (self) {
@@ -123,7 +123,7 @@ ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::funct
         });
         buttons_.push_back(button);
     }
-    auto* drag = new SelectionButton(toolbar, std::move(selection), owner_, this);
+    auto* drag = new SelectionButton(toolbar, std::move(selection), guard(), this);
     drag->setObjectName(QLatin1String("SELECTION"));
     drag->setToolTip(tr("Drag what is selected in the grid into the macro"));
     drag->setAccessibleName(drag->toolTip());
@@ -134,7 +134,7 @@ ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::funct
     more_->setAccessibleName(more_->toolTip());
     more_->setPopupMode(QToolButton::InstantPopup);
     more_->setMenu(new QMenu(this));
-    connect(more_->menu(), &QMenu::aboutToShow, this, &ToolbarView::fillMenu);
+    guard().connect(more_->menu(), &QMenu::aboutToShow, this, "FillMenu", [this] { fillMenu(); });
     more_->setFocusPolicy(Qt::TabFocus);
     for (QToolButton* button : buttons_) {
         button->setFocusPolicy(Qt::TabFocus);

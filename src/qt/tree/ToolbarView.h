@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "macro/tree/MacroToolbar.h"
+#include "qt/GuardedWidget.h"
 #include "qt/grid/GridBitmaps.h"
 #include "qt/grid/GridTheme.h"
 
@@ -18,7 +19,7 @@ class SelectionButton;
 /// The macro toolbar: one button per kind of macro element, and one from which the grid's selection is dragged. The
 /// buttons stand in as many rows as the width needs and the height has; those that find no place are in the menu of a
 /// last one.
-class ToolbarView final : public QWidget, private ToolbarWatcher {
+class ToolbarView final : public GuardedWidget<QWidget>, private ToolbarWatcher {
     Q_OBJECT
 
 public:
@@ -58,7 +59,6 @@ private:
 
     MacroToolbar& toolbar_;
     GridBitmaps& bitmaps_;
-    std::shared_ptr<void> owner_;
     GridTheme theme_ = GridTheme::light();
     double scale_ = 1.0;
     std::vector<QToolButton*> buttons_;  // children: the selection's, then as ToolbarButton

@@ -30,7 +30,6 @@ protected:
 private:
     void placeParts();
 
-    int headingHeight_ = 0;
     PaneHeading* heading_;  // both are children
     TreeView* view_;
 };

@@ -10,6 +10,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "macro/tree/modMacro.h"
 #include "qt/tree/TreeDelegate.h"
 
 namespace planview {
@@ -26,7 +27,7 @@ constexpr qsizetype LongestTip = 2000;
 }  // namespace
 
 TreeView::TreeView(TreeControl& tree, GridBitmaps& bitmaps, std::shared_ptr<void> owner, QWidget* parent)
-    : QTreeView(parent), tree_(tree), owner_(std::move(owner)), model_(tree), painter_(bitmaps) {
+    : GuardedView(EntryGuard(modMacro::Label, std::move(owner)), parent), tree_(tree), model_(tree), painter_(bitmaps) {
     setAccessibleName(tr("Macros"));
     setFrameShape(QFrame::NoFrame);
     setHeaderHidden(true);
@@ -52,7 +53,10 @@ TreeView::TreeView(TreeControl& tree, GridBitmaps& bitmaps, std::shared_ptr<void
     // Queued: the wish comes from a popup that a mouse press has opened.
     connect(
         &model_, &TreeModel::editWanted, this,
-        [this](const QPersistentModelIndex& index) { editNode(model_.nodeAt(index)); }, Qt::QueuedConnection);
+        [this](const QPersistentModelIndex& index) {
+            guard().run("EditLabel", [&] { editNode(model_.nodeAt(index)); });
+        },
+        Qt::QueuedConnection);
     setTextScale(1.0);
     followExpanded({});
     followSelection();
@@ -123,7 +127,7 @@ void TreeView::followSelection() {
 void TreeView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTreeView::currentChanged(current, previous);
     if (!following_ && current.isValid()) {
-        tree_.UserSelect(model_.nodeAt(current));
+        guard().run("Select", [&] { tree_.UserSelect(model_.nodeAt(current)); });
     }
 }
 
@@ -251,7 +255,7 @@ void TreeView::paintOn(QPainter& painter, const QRect& rect) const {
     painter.restore();
 }
 
-bool TreeView::viewportEvent(QEvent* event) {
+bool TreeView::handleViewportEvent(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto& help = static_cast<const QHelpEvent&>(*event);
         const TreeNode node = nodeUnder(help.pos());
@@ -266,7 +270,7 @@ bool TreeView::viewportEvent(QEvent* event) {
         }
         return true;
     }
-    return QTreeView::viewportEvent(event);
+    return GuardedView::handleViewportEvent(event);
 }
 
 }  // namespace planview

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "components/TreeControl.h"
+#include "qt/GuardedWidget.h"
 #include "qt/tree/TreeModel.h"
 #include "qt/tree/TreeRowPainter.h"
 
@@ -18,7 +19,7 @@ namespace planview {
 /// The host may delete the view, or change the tree, from inside an event that an input raised; therefore every handler
 /// looks whether the view is still there after the tree has been told, and what a standard item view does by itself is
 /// told only when it has returned.
-class TreeView final : public QTreeView {
+class TreeView final : public GuardedView<QTreeView> {
     Q_OBJECT
 
 public:
@@ -54,7 +55,7 @@ protected:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void paintEvent(QPaintEvent* event) override;
-    bool viewportEvent(QEvent* event) override;
+    bool handleViewportEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -95,7 +96,6 @@ private:
     void paintDropMark(QPainter& painter) const;
 
     TreeControl& tree_;
-    std::shared_ptr<void> owner_;
     TreeModel model_;
     TreeRowPainter painter_;
     bool following_ = false;

@@ -72,7 +72,6 @@ bool TreeView::handleKey(const QKeyEvent& event) {
 }
 
 void TreeView::keyPressEvent(QKeyEvent* event) {
-    const std::shared_ptr<void> owner = owner_;
     const QPointer<TreeView> self(this);
     finishLabel();
     if (!self) {
@@ -91,7 +90,6 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
 }
 
 void TreeView::contextMenuEvent(QContextMenuEvent* event) {
-    const std::shared_ptr<void> owner = owner_;
     event->accept();
     // A mouse press has opened its popup already.
     if (event->reason() == QContextMenuEvent::Keyboard) {
@@ -123,7 +121,6 @@ void TreeView::focusOutEvent(QFocusEvent* event) {
 // --- Mouse
 
 void TreeView::mousePressEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> owner = owner_;
     const QPointer<TreeView> self(this);
     clickTimer_.stop();
     pressed_ = {};
@@ -153,7 +150,6 @@ void TreeView::mousePressEvent(QMouseEvent* event) {
 
 /// A click on the selected node opens a popup, but not when it is the first of a double click.
 void TreeView::mouseReleaseEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> owner = owner_;
     const TreeNode node = std::exchange(pressed_, TreeNode());
     QTreeView::mouseReleaseEvent(event);
     if (event->button() != Qt::LeftButton || !node || nodeUnder(event->position().toPoint()) != node) {
@@ -172,7 +168,6 @@ void TreeView::timerEvent(QTimerEvent* event) {
         QTreeView::timerEvent(event);
         return;
     }
-    const std::shared_ptr<void> owner = owner_;
     clickTimer_.stop();
     if (const TreeNode node = std::exchange(clicked_, TreeNode())) {
         tree_.UserClick(node, true);
@@ -180,7 +175,6 @@ void TreeView::timerEvent(QTimerEvent* event) {
 }
 
 void TreeView::mouseDoubleClickEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> owner = owner_;
     const QPointer<TreeView> self(this);
     clickTimer_.stop();
     const TreeNode node = nodeUnder(event->position().toPoint());
@@ -200,7 +194,6 @@ void TreeView::mouseDoubleClickEvent(QMouseEvent* event) {
 // --- Label
 
 void TreeView::editNode(TreeNode node) {
-    const std::shared_ptr<void> owner = owner_;
     const QPointer<TreeView> self(this);
     if (tree_.UserBeginLabelEdit(node) && self && node) {
         scrollTo(model_.indexOf(node));
@@ -222,12 +215,10 @@ void TreeDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewI
 void TreeView::labelEntered(const QString& text) {
     label_ = text;
     // Later: the host may do anything to the view when it hears of the new text, and the editor is just closing.
-    QMetaObject::invokeMethod(
-        this, [this] { finishLabel(); }, Qt::QueuedConnection);
+    guard().later(this, "EndLabelEdit", [this] { finishLabel(); });
 }
 
 void TreeView::finishLabel() {
-    const std::shared_ptr<void> owner = owner_;
     if (const std::optional<QString> text = std::exchange(label_, std::nullopt)) {
         tree_.UserEndLabelEdit(text->simplified().toStdString());
     }
@@ -247,7 +238,6 @@ void TreeView::startDrag(Qt::DropActions /*actions*/) {
     if (!node) {
         return;
     }
-    const std::shared_ptr<void> owner = owner_;
     const QPointer<TreeView> self(this);
     beginDrag(node);
     auto* drag = new QDrag(this);
@@ -314,13 +304,8 @@ void TreeView::dropEvent(QDropEvent* event) {
     event->setAccepted(mark.has_value());
     if (mark) {
         // Later: the drag is still under way.
-        QMetaObject::invokeMethod(
-            this,
-            [this, dragged = dragged_, mark] {
-                const std::shared_ptr<void> owner = owner_;
-                tree_.UserDrop(dragged, mark->target, mark->place);
-            },
-            Qt::QueuedConnection);
+        guard().later(this, "Drop",
+                      [this, dragged = dragged_, mark] { tree_.UserDrop(dragged, mark->target, mark->place); });
     }
 }
 
