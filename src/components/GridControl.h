@@ -193,8 +193,8 @@ public:
     void SetLocked(bool locked) noexcept;
     [[nodiscard]] bool IsLocked() const noexcept;
 
-    // --- Reading, by id
-    // ------------------------------------------------------------------------------------------------
+    // --- Reading, by id. One that names nothing in this grid, such as one from before it was built anew, reads as a
+    // hidden column or row without a key, and its cells as empty ones.
 
     [[nodiscard]] const GridSettingsState& Settings() const noexcept;
     [[nodiscard]] std::span<const GridColor> Colors() const noexcept;

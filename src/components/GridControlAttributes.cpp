@@ -161,7 +161,7 @@ GridStatus GridControl::State::SetOnTrack(GridElement element, CellKeyView keys,
 template <class Tracks, class Id>
 GridStatus GridControl::State::SetOnTrack(Tracks& tracks, Id id, GridAttribute attribute, const Variant& value,
                                           bool centerOnly) {
-    auto& track = tracks.At(id);
+    auto& track = tracks.Change(id);
     const bool isLabel = id == Id{0};
     switch (attribute) {
         case GridAttribute::Hidden:

@@ -99,13 +99,13 @@ GridStatus GridControl::ScrollToRow(RowId row) {
 std::int16_t& GridControl::State::SizeOf(const PressedBorder& which) {
     switch (which.size) {
         case Size::ColumnWidth:
-            return columns.At(ColumnId{which.track}).width;
+            return columns.Change(ColumnId{which.track}).width;
         case Size::ColumnHeight:
-            return columns.At(ColumnId{which.track}).height;
+            return columns.Change(ColumnId{which.track}).height;
         case Size::RowWidth:
-            return rows.At(RowId{which.track}).width;
+            return rows.Change(RowId{which.track}).width;
         case Size::RowHeight:
-            return rows.At(RowId{which.track}).height;
+            return rows.Change(RowId{which.track}).height;
         case Size::LabelWidth:
             break;
     }
@@ -119,7 +119,7 @@ bool GridControl::State::Resize(const PressedBorder& which, std::int16_t size) {
     }
     target = size;
     if (which.size == Size::LabelWidth) {
-        columns.At(LabelColumn).width = size;
+        columns.Change(LabelColumn).width = size;
     }
     LayoutChanged();
     return true;

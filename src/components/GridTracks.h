@@ -23,10 +23,10 @@ public:
 
     [[nodiscard]] int Count() const noexcept { return static_cast<int>(tracks_.size()); }
     [[nodiscard]] bool Has(Id id) const noexcept { return id.value >= 0 && id.value < Count(); }
-    /// Throws std::out_of_range for an id that is none of this grid's.
-    [[nodiscard]] const Track& At(Id id) const { return tracks_.at(static_cast<std::size_t>(id.value)); }
-    /// For everything but `key`, `area` and `hidden`.
-    [[nodiscard]] Track& At(Id id) { return tracks_.at(static_cast<std::size_t>(id.value)); }
+    /// A hidden track without a key for an id that Has() denies, such as one that was kept beyond a rebuild.
+    [[nodiscard]] const Track& At(Id id) const noexcept { return Has(id) ? tracks_[Slot(id)] : Missing(); }
+    /// To change everything but `key`, `area` and `hidden`. The id must be one of this grid's.
+    [[nodiscard]] Track& Change(Id id) noexcept { return tracks_[Slot(id)]; }
     [[nodiscard]] const std::vector<Id>& Of(Area area) const noexcept { return areas_[Index(area)]; }
     [[nodiscard]] int VisibleCount(Area area) const noexcept { return visible_[Index(area)]; }
 
@@ -75,7 +75,7 @@ public:
 
     /// False when it was so already.
     bool SetHidden(Id id, bool hidden) {
-        Track& track = At(id);
+        Track& track = Change(id);
         if (track.hidden == hidden) {
             return false;
         }
@@ -84,10 +84,10 @@ public:
         return true;
     }
 
-    /// The 0-based place among all tracks.
+    /// The 0-based place among all tracks, -1 for an id that Has() denies.
     [[nodiscard]] int OrderOf(Id id) const {
         UpdateOrder();
-        return order_.at(static_cast<std::size_t>(id.value));
+        return Has(id) ? order_[Slot(id)] : -1;
     }
 
     /// The 0-based place within the track's area.
@@ -105,6 +105,9 @@ public:
 
     /// The track itself or the first visible one behind it in its area, else the last visible one before it.
     [[nodiscard]] std::optional<Id> VisibleFrom(Id id) const {
+        if (!Has(id)) {
+            return std::nullopt;
+        }
         const std::vector<Id>& order = Of(At(id).area);
         const int place = PlaceOf(id);
         for (int i = place; i < static_cast<int>(order.size()); ++i) {
@@ -122,6 +125,9 @@ public:
 
     /// The visible track of the same area that stands nearest, the one behind where two are as near.
     [[nodiscard]] std::optional<Id> NearestVisible(Id id) const {
+        if (!Has(id)) {
+            return std::nullopt;
+        }
         const std::vector<Id>& order = Of(At(id).area);
         const int count = static_cast<int>(order.size());
         const int place = PlaceOf(id);
@@ -139,6 +145,15 @@ public:
 
 private:
     [[nodiscard]] static std::size_t Index(Area area) noexcept { return static_cast<std::size_t>(area); }
+    [[nodiscard]] static std::size_t Slot(Id id) noexcept { return static_cast<std::size_t>(id.value); }
+    [[nodiscard]] static const Track& Missing() noexcept {
+        static const Track missing = [] {
+            Track track;
+            track.hidden = true;
+            return track;
+        }();
+        return missing;
+    }
     [[nodiscard]] std::string_view KeyAt(std::int32_t value) const noexcept {
         return tracks_[static_cast<std::size_t>(value)].key;
     }
@@ -148,7 +163,7 @@ private:
     }
     [[nodiscard]] bool IsVisible(const std::vector<Id>& order, int place) const noexcept {
         const Id id = order[static_cast<std::size_t>(place)];
-        return !tracks_[static_cast<std::size_t>(id.value)].hidden;
+        return !tracks_[Slot(id)].hidden;
     }
     [[nodiscard]] int FirstOrderOf(Area area) const noexcept {
         int first = 0;
@@ -166,7 +181,7 @@ private:
         int next = 0;
         for (const std::vector<Id>& area : areas_) {
             for (const Id id : area) {
-                order_[static_cast<std::size_t>(id.value)] = next++;
+                order_[Slot(id)] = next++;
             }
         }
         orderKnown_ = true;

@@ -101,7 +101,7 @@ void GridMouse::press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifier
         }
         if (modifiers == Qt::NoModifier && heading_.press(hit, point)) {
             doing_ = Doing::Moving;
-            clicked_ = cellOf(hit);
+            clicked_ = view_.grid().KeyOf(cellOf(hit));
             report(hit, button, modifiers);
             return;
         }
@@ -113,7 +113,7 @@ void GridMouse::press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifier
         scrollsAcross_ = doing_ != Doing::LeftHeadings && isInCenter(geometry.horizontal, hit.horizontal);
         scrollsDown_ = doing_ != Doing::TopHeadings && isInCenter(geometry.vertical, hit.vertical);
         if (doing_ != Doing::Nothing && modeFor(modifiers) == SelectionMode::Replace) {
-            clicked_ = cellOf(hit);
+            clicked_ = view_.grid().KeyOf(cellOf(hit));
         }
         select(hit, modeFor(modifiers));
     } else {
@@ -264,7 +264,7 @@ void GridMouse::move(QPoint point) {
         return;
     }
     const GridHit hit = view_.hitTest(point);
-    if (clicked_ && (hit.place == Place::Nothing || cellOf(hit) != *clicked_)) {
+    if (clicked_ && (hit.place == Place::Nothing || view_.grid().KeyOf(cellOf(hit)) != *clicked_)) {
         clicked_.reset();
     }
     view_.setAutoScroll(!scrollDirection(point).isNull());
@@ -310,18 +310,25 @@ void GridMouse::extendTo(QPoint point) {
 
 void GridMouse::release() {
     const Doing done = std::exchange(doing_, Doing::Nothing);
-    const std::optional<Cell> clicked = std::exchange(clicked_, std::nullopt);
+    const std::optional<CellKey> clicked = std::exchange(clicked_, std::nullopt);
     view_.setAutoScroll(false);
     if (done == Doing::Resizing) {
         view_.grid().ReleaseBorder();
     } else if (done == Doing::Moving) {
         releaseHeading(clicked);
     } else if (clicked) {
-        view_.grid().ReportSimpleClick(*clicked);
+        reportSimpleClick(*clicked);
     }
 }
 
-void GridMouse::releaseHeading(const std::optional<Cell>& clicked) {
+/// The host may have built the grid anew since the press: the cell is the one with the same keys.
+void GridMouse::reportSimpleClick(const CellKey& key) {
+    if (const std::optional<Cell> cell = view_.grid().FindCell(key)) {
+        view_.grid().ReportSimpleClick(*cell);
+    }
+}
+
+void GridMouse::releaseHeading(const std::optional<CellKey>& clicked) {
     if (heading_.release()) {
         return;
     }
@@ -329,7 +336,7 @@ void GridMouse::releaseHeading(const std::optional<Cell>& clicked) {
     const QPointer<GridView> view(&view_);
     select(heading_.taken(), SelectionMode::Replace);
     if (view && clicked) {
-        view->grid().ReportSimpleClick(*clicked);
+        reportSimpleClick(*clicked);
     }
 }
 

@@ -47,7 +47,8 @@ private:
     [[nodiscard]] Cell cellOf(const GridHit& hit) const;
     [[nodiscard]] bool hasScrolledAway(QPoint point) const;
     void reportDoubleClick(Cell cell);
-    void releaseHeading(const std::optional<Cell>& clicked);
+    void reportSimpleClick(const CellKey& key);
+    void releaseHeading(const std::optional<CellKey>& clicked);
     bool showHidden(QPoint point);
     void fitContents(const GridHit& hit);
     void select(const GridHit& hit, SelectionMode mode);
@@ -73,7 +74,7 @@ private:
     /// The last press.
     std::optional<Pressed> pressed_;
     /// The cell or heading of a press that may become a simple click.
-    std::optional<Cell> clicked_;
+    std::optional<CellKey> clicked_;
 };
 
 }  // namespace planview
