@@ -13,10 +13,10 @@
 
 #include <planview/Variant.h>
 
+#include "automation/FlatMap.h"
 #include "components/GridAttributes.h"
 #include "components/GridStyle.h"
 #include "components/GridTypes.h"
-#include "components/NameIndex.h"
 
 namespace planview {
 
@@ -50,6 +50,10 @@ struct AttributeSet {
     void LayOver(const AttributeSet& above) noexcept;
 };
 
+struct AttributeSetHash {
+    std::size_t operator()(const AttributeSet& set) const noexcept;
+};
+
 /// The looks of a grid: named colours, bitmaps and fonts, number formats, and the attribute sets that its elements
 /// share. A set is never dropped before Clear(): there are few of them, however many cells use them.
 class GridStyles {
@@ -75,11 +79,6 @@ public:
     [[nodiscard]] CellLook LookOf(const AttributeSet& merged) const noexcept;
 
 private:
-    struct NamedFont {
-        std::string text;
-        GridFont font;
-    };
-
     /// A change of a set that was made before: cells repeat a few of them thousands of times.
     struct Step {
         StyleId from = UINT32_MAX;
@@ -97,20 +96,19 @@ private:
     [[nodiscard]] std::optional<GridFont> ParseFont(std::string_view text) const;
     [[nodiscard]] bool FontIsRegistered(std::string_view name) const noexcept;
     [[nodiscard]] StyleId Intern(const AttributeSet& set);
-    void GrowBuckets();
 
     std::vector<GridColor> colors_;
-    NameIndex colorsByName_;
+    NameMap colorsByName_;
     std::deque<std::string> bitmaps_;
-    NameIndex bitmapsByName_;
+    NameMap bitmapsByName_;
     std::vector<std::string> fontNames_;
-    std::deque<NamedFont> fonts_;
-    NameIndex fontsByText_;
+    std::deque<GridFont> fonts_;
+    NameMap fontsByText_;
     std::deque<NumberFormat> formats_;
-    NameIndex formatsByCode_;
+    NameMap formatsByCode_;
     std::vector<AttributeSet> sets_;
     std::array<Step, 256> steps_;
-    std::vector<StyleId> buckets_;  // open addressing over sets_; PlainStyle where free
+    FlatMap<AttributeSet, StyleId, AttributeSetHash> stylesBySet_;
 };
 
 }  // namespace planview

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "automation/FlatMap.h"
 #include "components/GridTypes.h"
-#include "components/NameIndex.h"
 
 namespace planview {
 
@@ -40,11 +40,12 @@ public:
                 return Id{guess};
             }
         }
-        const std::int32_t found = byKey_.Find(key, [this](std::int32_t value) { return KeyAt(value); });
-        if (found != NameIndex::None) {
-            lastFound_ = found;
+        const int* const found = byKey_.Find(key);
+        if (!found) {
+            return Id{};
         }
-        return Id{found};
+        lastFound_ = *found;
+        return Id{*found};
     }
 
     /// `place` is 0-based within the track's area, at most the number of tracks there. The key must be a new one.
@@ -52,7 +53,7 @@ public:
         const Id id{static_cast<std::int32_t>(tracks_.size())};
         const std::size_t area = Index(track.area);
         tracks_.push_back(std::move(track));
-        byKey_.Add(id.value, [this](std::int32_t value) { return KeyAt(value); });
+        byKey_.Add(tracks_.back().key, id.value);
         std::vector<Id>& order = areas_[area];
         order.insert(order.begin() + static_cast<std::ptrdiff_t>(place), id);
         visible_[area] += tracks_.back().hidden ? 0 : 1;
@@ -188,7 +189,7 @@ private:
     }
 
     std::vector<Track> tracks_;  // by id
-    NameIndex byKey_;
+    NameMap byKey_;
     std::array<std::vector<Id>, AreaCount> areas_;
     std::array<int, AreaCount> visible_{};
     mutable std::int32_t lastFound_ = 0;

@@ -10,7 +10,7 @@
 
 #include <planview/Export.h>
 
-#include "components/NameIndex.h"
+#include "automation/FlatMap.h"
 #include "components/TreeEvents.h"
 
 namespace planview {
@@ -63,7 +63,6 @@ public:
     /// The neighbours; a null node where there is none.
     [[nodiscard]] TreeNode Parent() const;
     [[nodiscard]] TreeNode FirstChild() const;
-    [[nodiscard]] TreeNode LastChild() const;
     [[nodiscard]] TreeNode NextSibling() const;
     [[nodiscard]] TreeNode PreviousSibling() const;
     /// How many nodes stand above it.
@@ -202,7 +201,7 @@ private:
 
     TreeNodes nodes_;
     std::vector<Record> records_;
-    NameIndex index_;
+    NameMap index_;
     std::int32_t firstRoot_ = None;
     std::int32_t lastRoot_ = None;
     std::int32_t selected_ = None;
