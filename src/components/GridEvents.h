@@ -53,8 +53,7 @@ public:
     virtual void DoubleClick(const CellKey& cell) = 0;
     /// A click on the cell or header that neither selected more than it nor dragged.
     virtual void SimpleClick(const CellKey& cell) = 0;
-    /// `button`: 1 left, 2 right. `shift`: 1 Shift, 2 Ctrl and 4 Alt, added; 512 and 2048 as desktops with more
-    /// modifier keys report them.
+    /// `button`: 1 left, 2 right. `shift`: 1 Shift, 2 Ctrl and 4 Alt, added.
     virtual void MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) = 0;
     /// The user asked by key for the menu of what is selected: the current cell, the heading of its column or the label
     /// of its row where those are selected as a whole, and the corner where both are, or where no cell is current.

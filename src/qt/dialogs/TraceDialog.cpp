@@ -214,16 +214,9 @@ void TraceDialog::runMenu(int index) {
         }
         following_ = true;  // what the entry writes is to be seen
         const QPointer<TraceDialog> self(this);
-        // Other controls may have windows over the same list; the entry is about this one.
-        form_->PlaceOnTop = [self](bool onTop) {
-            if (self) {
-                self->placeOnTop(onTop);
-            }
-        };
         form_->mnuTrac_Click(index);
         if (self && form_) {
-            form_->PlaceOnTop = nullptr;
-            onTop_->setChecked(form_->mnuTrac[0].Checked);
+            takeOnTop();
         }
     });
 }

@@ -152,10 +152,6 @@ QToolButton* ToolbarView::button(ToolbarButton which) const {
     return buttons_[placeOf(which)];
 }
 
-QToolButton* ToolbarView::selectionButton() const {
-    return buttons_.front();
-}
-
 void ToolbarView::ToolbarChanged() {
     for (const ToolbarButtonInfo& info : ToolbarButtons()) {
         QToolButton* shown = button(info.button);

@@ -30,10 +30,6 @@ public:
     ~ToolbarView() override;
 
     [[nodiscard]] QToolButton* button(ToolbarButton which) const;
-    /// The one from which the selection is dragged. A click on it hands the selection over, too.
-    [[nodiscard]] QToolButton* selectionButton() const;
-    /// The one with the menu of those that find no place; hidden where all do.
-    [[nodiscard]] QToolButton* moreButton() const { return more_; }
 
     void setTheme(const GridTheme& theme);
     void setTextScale(double scale);
