@@ -10,7 +10,7 @@ namespace {
 
 using Size = PressedBorder::Size;
 
-/// Looked up once per layout: with thousands of hidden rows before the next visible one, not for every cell painted.
+/// Looked up once per layout, not for every painted cell: thousands of hidden rows may precede the next visible one.
 template <class Tracks, class Area, class Id>
 std::optional<Id> FirstOnScreen(const Tracks& tracks, Area center, ScrollPlace<Id>& scroll, std::uint64_t version) {
     if (scroll.foundFor != version) {
@@ -205,7 +205,7 @@ void GridControl::State::ReportResized(const PressedBorder& released) {
         return;
     }
     const int size = SizeOf(released);
-    // The listener may end the grid and with it the key.
+    // The listener may destroy the grid and the key with it.
     const bool isRow = released.size == Size::RowWidth || released.size == Size::RowHeight;
     std::string key(LabelColumnKey);
     if (released.track >= 0) {

@@ -110,7 +110,7 @@ void GridStyles::RegisterBitmap(std::string_view name) {
 
 void GridStyles::RegisterFonts(std::vector<std::string> names) {
     fontNames_ = std::move(names);
-    // Texts that were taken so far may name fonts that are not registered now.
+    // Texts accepted so far may name fonts that are no longer registered.
     fontsByText_.Clear();
 }
 

@@ -64,11 +64,11 @@ public:
     [[nodiscard]] std::span<const GridColor> Colors() const noexcept { return colors_; }
     void RegisterBitmap(std::string_view name);
     void RegisterFonts(std::vector<std::string> names);
-    /// Ends colours and attribute sets; registered bitmaps and fonts stay.
+    /// Drops colours and attribute sets; registered bitmaps and fonts stay.
     void Clear();
 
-    /// What a value means for a layered attribute. `meaning` gets the number to hand to With(), none where an empty
-    /// text takes the attribute back.
+    /// What a value means for a layered attribute. `meaning` gets the number to pass to With(), or no value if an empty
+    /// text removes the attribute.
     GridStatus Read(GridAttribute attribute, const Variant& value, std::optional<std::int32_t>& meaning);
     /// The colour's index, or why there is none.
     GridStatus ReadColor(const Variant& value, std::optional<std::int32_t>& index) const;
@@ -79,7 +79,7 @@ public:
     [[nodiscard]] CellLook LookOf(const AttributeSet& merged) const noexcept;
 
 private:
-    /// A change of a set that was made before: cells repeat a few of them thousands of times.
+    /// A change that has been made before: cells repeat a few of these thousands of times.
     struct Step {
         StyleId from = UINT32_MAX;
         GridAttribute attribute = GridAttribute::BackgroundColor;

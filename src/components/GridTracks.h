@@ -74,7 +74,7 @@ public:
         orderKnown_ = false;
     }
 
-    /// False when it was so already.
+    /// False if it already was.
     bool SetHidden(Id id, bool hidden) {
         Track& track = Change(id);
         if (track.hidden == hidden) {
@@ -124,7 +124,7 @@ public:
         return std::nullopt;
     }
 
-    /// The visible track of the same area that stands nearest, the one behind where two are as near.
+    /// The nearest visible track of the same area; of two equally near, the one behind.
     [[nodiscard]] std::optional<Id> NearestVisible(Id id) const {
         if (!Has(id)) {
             return std::nullopt;
@@ -158,7 +158,7 @@ private:
     [[nodiscard]] std::string_view KeyAt(std::int32_t value) const noexcept {
         return tracks_[static_cast<std::size_t>(value)].key;
     }
-    /// Neighbours' keys differ in their last digit: that tells them apart before the whole of them is compared.
+    /// Neighbouring keys differ in their last digit, so comparing that first saves most full comparisons.
     [[nodiscard]] static bool IsSame(std::string_view known, std::string_view asked) noexcept {
         return known.size() == asked.size() && known.back() == asked.back() && known == asked;
     }
@@ -193,7 +193,7 @@ private:
     std::array<std::vector<Id>, AreaCount> areas_;
     std::array<int, AreaCount> visible_{};
     mutable std::int32_t lastFound_ = 0;
-    // Computed when somebody asks: building and moving would otherwise renumber everything each time.
+    // Computed on demand, because building and moving would otherwise renumber everything each time.
     mutable std::vector<int> order_;
     mutable bool orderKnown_ = false;
 };

@@ -25,8 +25,8 @@ namespace planview {
 /// inside an event that the call raises: the owner lives until the call has returned.
 class EntryGuard {
 public:
-    /// `control` is the label in the trace, a literal. `owner` keeps alive what the widget shows; null where that
-    /// outlives the widget anyway.
+    /// `control` is the label in the trace, a literal. `owner` keeps alive what the widget shows; null if that outlives
+    /// the widget.
     explicit EntryGuard(std::string_view control, std::shared_ptr<void> owner = nullptr)
         : control_(control), owner_(std::move(owner)) {}
 
@@ -45,7 +45,7 @@ public:
         }
     }
     /// The same for the handler of an event, which gives the trace entry its name. An event whose handler fails counts
-    /// as handled: nobody else is to try it.
+    /// as handled: no other widget must try it.
     template <class Body>
     bool run(const QEvent& event, Body&& body) const noexcept {
         bool handled = true;

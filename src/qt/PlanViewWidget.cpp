@@ -29,12 +29,12 @@ Interface& chosen(Interface* override, Interface& own) {
     return override ? *override : own;
 }
 
-/// With grouped digits and no more decimals than are worth reading; the empty text for what is no finite number.
+/// With grouped digits and no more decimals than are worth reading; empty for what is not a finite number.
 QString shownNumber(double value) {
     static const std::optional<NumberFormat> Format = NumberFormat::Parse("#,##0.##");
     std::string text = Format->Format(value);
     if (text.ends_with(GridDecimalMark)) {
-        text.pop_back();  // a number code shows its mark in front of no decimals, too
+        text.pop_back();  // a number code shows its decimal mark even without decimals
     }
     return QString::fromStdString(text);
 }
@@ -107,7 +107,7 @@ PlanViewWidget::~PlanViewWidget() {
     disconnect(qApp, nullptr, this, nullptr);
     delete state_->status;
     delete state_->panes;
-    // The control itself may have to wait for a member that is being called; its work ends here.
+    // The control outlives the widget while one of its members is being called; its work ends here.
     state_->core->view.SetBulkListener({});
     state_->core->view.SetHintListener({});
     state_->core->view.SetRecordingListener({});

@@ -17,7 +17,7 @@ class GridView;
 class PlanViewWidget;
 
 /// Keeps what the widget tells its host of the selection, the pending changes and the undo history. Brings it up to
-/// date once per turn of the event loop, however much has changed in it.
+/// date once per turn of the event loop, however much has changed.
 class StatusInfo final : public QObject {
     Q_OBJECT
 
@@ -31,7 +31,7 @@ public:
     /// The control has changed values or announced that tables changed.
     void valuesChanged();
     void gridChanged();
-    /// Does at once what is still to be done.
+    /// Does what is pending at once.
     void update();
 
 private:

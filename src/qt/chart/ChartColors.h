@@ -8,8 +8,7 @@
 
 namespace planview {
 
-/// A mark's colour as it is to be seen on a ground: as it is, or lightened step by step on a dark ground where it would
-/// not stand out.
+/// A mark's colour on a background: unchanged, or lightened step by step where it would not stand out on a dark one.
 [[nodiscard]] QRgb markColor(ChartColor color, QRgb ground);
 
 /// The colours of a chart in a theme.

@@ -10,7 +10,7 @@
 
 namespace planview {
 
-/// All that a picture of the chart is made from; no widget among it, so that screen, clipboard and files share the
+/// All that a picture of the chart is made from. No widget is involved, so that screen, clipboard and files share the
 /// painter. Lengths are in logical pixels.
 struct ChartScene {
     const ChartState& state;

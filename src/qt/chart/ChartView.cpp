@@ -99,7 +99,7 @@ void ChartView::forgetDrawn() {
     viewport()->update();
 }
 
-/// The chart may have changed without a word while redrawing is off.
+/// The chart may have changed silently while redraw is off.
 ChartView::Drawn& ChartView::drawn() {
     const bool current = drawn_ && drawn_->version == chart_.Version() && drawn_->scene.area == area() &&
                          drawn_->scene.ratio == devicePixelRatioF() && drawn_->scene.focused == hasFocus();
@@ -272,7 +272,7 @@ void ChartView::startMoving() {
                    press_->hit.category);
     const auto& trends = chart_.State().series[static_cast<std::size_t>(press_->hit.series - 1)].look->trends;
     if (!trends.empty()) {
-        picture_ = QPixmap();  // without those that move, too
+        picture_ = QPixmap();  // without those that move
         viewport()->update();
     }
 }

@@ -142,7 +142,7 @@ void FormDialog::addOption(QGridLayout& section, QWidget* group, OptionButton& s
         }
     });
     showers_.emplace_back([button, &state] {
-        // One that the form has not chosen is taken back by the one that it has.
+        // The chosen button unchecks the others.
         if (state.Value) {
             button->setChecked(true);
         }

@@ -20,7 +20,7 @@ class QVBoxLayout;
 
 namespace planview {
 
-/// The window of a property form: builds its controls in the order in which the Tab key goes through them, and ends it.
+/// The window of a property form: builds its controls in tab order, and closes the form.
 ///
 /// The form keeps the state. A control writes what the user does into the form at once; showState() shows what the form
 /// holds. Return presses OK, Escape and the frame's button press Cancel.

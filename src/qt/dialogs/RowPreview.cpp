@@ -111,7 +111,7 @@ void RowPreview::follow() {
 }
 
 void RowPreview::paintEvent(QPaintEvent* /*event*/) {
-    QPainter(this).fillRect(rect(), QColor(theme_.line));  // of which the view leaves the edge
+    QPainter(this).fillRect(rect(), QColor(theme_.line));  // the view leaves its edge visible
 }
 
 void RowPreview::resizeEvent(QResizeEvent* event) {

@@ -11,7 +11,7 @@ namespace {
 constexpr double DisabledWeight = 0.5;
 constexpr QSize FrameRoom(16, 48);  // for the window's frame on a small screen
 
-// The window's own ground stands here, too: a style sheet of the host's window would hide the palette's.
+// Includes the window's own background, because a style sheet of the host's window would hide the palette's.
 constexpr const char* StyleSheet = R"(
 QDialog { background: %panel; color: %text; }
 QMenu { background: %base; color: %text; border: 1px solid %edge; padding: 4px; }

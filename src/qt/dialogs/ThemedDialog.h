@@ -19,7 +19,7 @@ public:
     }
 
     virtual void setTheme(const GridTheme& theme);
-    /// Leaves the form, which may be gone after this call, and hides. The window is deleted when all of its own
+    /// Lets go of the form, which may be gone after this call, and hides. The window is deleted when all of its own
     /// handlers have returned.
     virtual void endForm();
     [[nodiscard]] bool hasEnded() const { return ended_; }
@@ -32,7 +32,7 @@ private:
     bool ended_ = false;
 };
 
-/// The text with the first of this letter as its mnemonic; "&" in the text itself is shown as it is.
+/// The text with the first of this letter as its mnemonic; "&" in the text itself is shown verbatim.
 [[nodiscard]] QString withMnemonic(const std::string& text, char letter);
 
 }  // namespace planview

@@ -29,11 +29,11 @@ namespace {
 
 constexpr QSize UsualSize(880, 520);
 constexpr double TwipsPerInch = 1440;
-// What frmTrace::Form_Resize() takes to be round the list.
+// The space that frmTrace::Form_Resize() assumes around the list.
 constexpr int TwipsBeside = 180;
 constexpr int TwipsAbove = 720;
 
-/// The letter of each entry of the form's menu that leads to it.
+/// The mnemonic letter of each entry of the form's menu.
 char mnemonicOf(int index) {
     switch (index) {
         case frmTrace::AlwaysOnTop:
@@ -195,7 +195,7 @@ void TraceDialog::showEvent(QShowEvent* event) {
 }
 
 void TraceDialog::keyPressEvent(QKeyEvent* event) {
-    // Return is no button's here, and Escape takes the filter away first.
+    // Return presses no button here, and Escape clears the filter first.
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         return;
     }
@@ -212,7 +212,7 @@ void TraceDialog::runMenu(int index) {
         if (!form_) {
             return;
         }
-        following_ = true;  // what the entry writes is to be seen
+        following_ = true;  // what the entry writes should be seen
         const QPointer<TraceDialog> self(this);
         form_->mnuTrac_Click(index);
         if (self && form_) {

@@ -178,7 +178,7 @@ void UploadDialog::buildButtons(QVBoxLayout& layout) {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     apply_ = buttons->button(QDialogButtonBox::Ok);
     apply_->setDefault(true);
-    // Its text never grows wider than this one; a default button's is bold.
+    // Its text never grows wider than this; a default button's text is bold.
     QFont bold = font();
     bold.setBold(true);
     apply_->setMinimumWidth(QFontMetrics(bold).horizontalAdvance(QString::fromStdString(form_->cmdOkCaption)) +
@@ -217,7 +217,7 @@ void UploadDialog::tickShown(bool on) {
     tick(rows, on);
 }
 
-/// All selected ones get a tick, or lose it where none of them lacks one. Those that are refused do not count.
+/// Ticks all selected changes, or unticks them if all are ticked. Refused ones do not count.
 void UploadDialog::tickSelected() {
     const QModelIndexList rows = list_->selectionModel()->selectedRows(UploadModel::Line);
     const bool lacksOne = std::any_of(rows.begin(), rows.end(), [](const QModelIndex& row) {
@@ -238,7 +238,7 @@ bool UploadDialog::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void UploadDialog::keyPressEvent(QKeyEvent* event) {
-    // Escape takes the filter away first.
+    // Escape clears the filter first.
     if (event->key() == Qt::Key_Escape && words_ && !words_->text().isEmpty()) {
         words_->clear();
         list_->setFocus();

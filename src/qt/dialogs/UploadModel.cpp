@@ -15,7 +15,7 @@ QString shownValue(const std::string& text) {
     return text.empty() ? UploadModel::tr("(empty)") : QString::fromStdString(text);
 }
 
-/// Room in the place of a tick box, so that captions stand below one another.
+/// Space in the place of a tick box, so that captions line up.
 QPixmap noTickBox() {
     constexpr int Side = 14;
     QPixmap room(Side, Side);

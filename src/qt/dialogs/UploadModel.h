@@ -41,7 +41,7 @@ private:
     GridTheme theme_ = GridTheme::light();
 };
 
-/// Lets the changes through that hold all of some words, and are refused or not.
+/// Passes the changes that contain all of the given words and are refused, not refused, or either.
 class UploadFilter final : public QSortFilterProxyModel {
     Q_OBJECT
 

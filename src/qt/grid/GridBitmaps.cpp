@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
-// The library may be linked statically; then nothing else makes its resources known.
+// A statically linked library registers its resources only here.
 static void initializeIcons() {
     Q_INIT_RESOURCE(planview_icons);
 }

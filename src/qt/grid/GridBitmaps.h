@@ -21,7 +21,7 @@ class GridBitmaps {
 public:
     GridBitmaps();
 
-    /// The host's picture goes before one of ours with the same name.
+    /// The host's picture takes precedence over one of ours with the same name.
     void add(const std::string& name, const QIcon& icon);
 
     /// The picture with sides of `pixels` paint pixels; null when there is none of that name.

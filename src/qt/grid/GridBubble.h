@@ -12,7 +12,7 @@ namespace planview {
 class GridBubble final : public QWidget {
 public:
     enum class Stay {
-        ForAMoment,  ///< goes by itself
+        ForAMoment,  ///< disappears by itself
         UntilHidden
     };
 

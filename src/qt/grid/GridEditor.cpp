@@ -21,7 +21,7 @@ namespace planview {
 namespace {
 
 constexpr int FrameWidth = 2;
-/// What QLineEdit itself keeps free at each side.
+/// The margin that QLineEdit itself keeps on each side.
 constexpr int LineMargin = 2;
 
 std::optional<GridMove> finishingMove(const QKeyEvent& event, GridEditor::Start start) {
@@ -217,7 +217,7 @@ void GridEditor::refuse(Refusal refusal) {
     refused_ = refusal;
     say(refusal, cell_);
     line_->setFrameLook(view_.theme().negative, view_.frameWidth());
-    // Elsewhere in the window the user may go on; the text waits.
+    // The user may go on elsewhere in the window; the text waits.
     if (line_->isVisible() && view_.hasFocus()) {
         line_->setFocus(Qt::OtherFocusReason);
     }
@@ -262,7 +262,7 @@ void GridEditor::follow() {
     }
 }
 
-/// The editor covers its cell with the frame and grows over the neighbours as the text needs it.
+/// The editor covers its cell with the frame and grows over its neighbours as the text needs.
 void GridEditor::place(const QRect& cell) {
     const double scale = view_.textScale();
     const int frame = view_.frameWidth();
@@ -351,7 +351,7 @@ bool GridEditor::handleLineEvent(QEvent* event) {
             if (self) {
                 view_.reportFocus();
             }
-            // The line may be gone, and QLineEdit has still to hear of the focus where it is not.
+            // The line may be gone; if it is not, QLineEdit must still hear of the focus.
             return !self;
         }
         default:

@@ -12,9 +12,9 @@ namespace planview {
 
 namespace {
 
-/// What numbers are written with.
+/// The characters of a plain number.
 constexpr std::string_view NumberCharacters = "0123456789.,-+%";
-/// No cell is wide enough for more; keeps a text of a megabyte from being shaped.
+/// No cell is wide enough for more; avoids shaping a megabyte of text.
 constexpr std::size_t LongestShownText = 1000;
 /// Remembered texts per shaper; enough for many screens.
 constexpr std::size_t MostShaped = 20000;

@@ -30,9 +30,9 @@ struct ShapedText {
     std::vector<Run> runs;
 };
 
-/// One font at one size with what it has already shaped.
+/// Shapes texts in one font at one size.
 ///
-/// Numbers are put together from prepared digits of equal width; every other text is shaped once and remembered.
+/// Composes numbers from prepared digits of equal width; shapes every other text once and remembers it.
 class TextShaper {
 public:
     TextShaper(const QFont& font, std::vector<QRawFont>& rawFonts);

@@ -158,8 +158,8 @@ Cell GridMouse::cellOf(const GridHit& hit) const {
     return view_.geometry().cell(hit.horizontal, hit.vertical);
 }
 
-/// Whether the press here has brought its cell into sight, and so another one under the pointer. What follows without
-/// the pointer going anywhere is still about the cell that was pressed.
+/// Whether the press scrolled its cell into sight and so brought another cell under the pointer. Until the pointer
+/// moves, what follows is still about the pressed cell.
 bool GridMouse::hasScrolledAway(QPoint point) const {
     constexpr int Steady = 4;
     const GridControl& grid = view_.grid();
@@ -173,13 +173,13 @@ void GridMouse::reportDoubleClick(Cell cell) {
     const std::uint64_t built = grid.BuildVersion();
     const QPointer<GridView> view(&view_);
     grid.ReportDoubleClick(cell);
-    // The host may have built the grid anew, or have gone.
+    // The host may have rebuilt the grid, or be gone.
     if (view && grid.BuildVersion() == built) {
         view->edit(cell);
     }
 }
 
-/// What a mark at a header border stands for; false where there is none.
+/// Shows what a mark at a header border stands for; false if there is none.
 bool GridMouse::showHidden(QPoint point) {
     const std::optional<HiddenMark> mark = hiddenMarkAt(view_.grid(), view_.geometry(), view_.toDevice(point));
     if (!mark) {
@@ -321,7 +321,7 @@ void GridMouse::release() {
     }
 }
 
-/// The host may have built the grid anew since the press: the cell is the one with the same keys.
+/// The host may have rebuilt the grid since the press: the cell is the one with the same keys.
 void GridMouse::reportSimpleClick(const CellKey& key) {
     if (const std::optional<Cell> cell = view_.grid().FindCell(key)) {
         view_.grid().ReportSimpleClick(*cell);

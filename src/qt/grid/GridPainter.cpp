@@ -17,7 +17,7 @@ constexpr int LetteredDotSize = 14;
 constexpr int LetterPixels = 10;
 constexpr int HintLength = 14;
 constexpr int HintInset = 3;
-/// How far to the left a text is looked for that runs on into the first visible cell.
+/// How far to the left to look for a text that runs on into the first visible cell.
 constexpr int LongestLookBack = 32;
 
 std::vector<PlacedTrack> placedIn(const GridAxis& axis, const std::vector<TrackLook>& looks, Area area, int start,
@@ -205,7 +205,7 @@ void GridPainter::addPendingCorner(const QRect& inner) {
     }
 }
 
-/// In the air that labels keep on their left; a grid with rows across has no such place.
+/// In the space to the left of the labels; a switched grid has none.
 void GridPainter::addDot(const PlacedTrack& label, const PlacedTrack& row) {
     const GridGeometry& geometry = scene_.geometry;
     if (scene_.dots.empty() || row.track.area != Area::Center || !geometry.horizontal.showsColumns()) {
@@ -219,7 +219,7 @@ void GridPainter::addDot(const PlacedTrack& label, const PlacedTrack& row) {
     const QRect rect = trackRect(label.track, row.track);
     const bool lettered = !found->second.letter.isNull();
     const int size = std::min(geometry.pixels(lettered ? LetteredDotSize : DotSize), rect.height());
-    // One with a letter takes all of that air.
+    // A dot with a letter takes all of that space.
     const int left = lettered ? (geometry.pixels(CellPadding + LabelIndent) - size) / 2 : geometry.pixels(CellPadding);
     dots_.push_back(
         {QRect(rect.left() + left, rect.top() + (rect.height() - line_ - size) / 2, size, size), found->second});

@@ -23,7 +23,7 @@ using Area = AxisLayout::Area;
 
 constexpr double SmallestScale = 0.5;
 constexpr double LargestScale = 3.0;
-/// Repaints of more separate places than this are done as one.
+/// More separate areas than this are repainted as one.
 constexpr int MostPaintRects = 8;
 
 QRect toDevicePixels(const QRect& rect, qreal ratio) {
@@ -255,7 +255,7 @@ void GridView::updateCell(Cell cell) {
     }
 }
 
-/// Moves what is already painted where that is exact, and lets the rest be painted.
+/// Moves what is already painted where that is exact to the pixel, and repaints the rest.
 void GridView::showScrolled(const GridGeometry& before) {
     const int dx = before.horizontal.offset() - geometry_.horizontal.offset();
     const int dy = before.vertical.offset() - geometry_.vertical.offset();
@@ -284,7 +284,7 @@ void GridView::showScrolled(const GridGeometry& before) {
     }
 }
 
-/// What runs on in a fixed row ends at another place when the columns have scrolled.
+/// Text that runs on in a fixed row ends elsewhere once the columns have scrolled.
 void GridView::updateFixedLines() {
     for (const Area area : {Area::Leading, Area::Trailing}) {
         const GridBand band = geometry_.vertical.band(area);
@@ -392,8 +392,8 @@ void GridView::paintDropMark(QPainter& painter) const {
                      QColor::fromRgb(theme_.accent));
 }
 
-/// Another widget of its window has to have the focus before the grid steps back; a window in the background, or one
-/// that is only painted, shows what has the focus in it.
+/// The grid looks unfocused only when another widget of its window has the focus: a window in the background, or one
+/// that is only painted, shows what would have it.
 bool GridView::showsFocus() const {
     return hasGridFocus() || (!isActiveWindow() && window()->focusWidget() == this);
 }

@@ -68,7 +68,7 @@ bool isRedo(const QKeyEvent& event) {
            (event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier);
 }
 
-/// Whether the key begins an entry: it types something, or takes back what stands there.
+/// Whether the key begins an entry: it types something or deletes what is there.
 bool startsEntry(const QKeyEvent& event) {
     constexpr Qt::KeyboardModifiers NotTyping = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     if ((event.modifiers() & NotTyping) != Qt::NoModifier) {
@@ -127,7 +127,7 @@ bool GridView::handleMenuKey(const QKeyEvent& event) {
     return true;
 }
 
-/// The popup has been opened at the press of the button or key; the host's own must not follow.
+/// The popup was opened when the button or key was pressed; the host's own must not follow.
 void GridView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
 }
@@ -277,7 +277,7 @@ bool GridView::finishEditing() {
     return guard().run("FinishEntry", [this] { return editor_.finish(); });
 }
 
-/// Tab moves within the grid and leaves it behind the last cell only.
+/// Tab moves within the grid and leaves it only after the last cell.
 bool GridView::focusNextPrevChild(bool next) {
     const std::optional<Cell> current = grid_.CurrentCell();
     const GridMove move = next ? GridMove::Next : GridMove::Previous;
@@ -301,7 +301,7 @@ bool GridView::hasGridFocus() const {
     return hasFocus() || editor_.hasFocus();
 }
 
-/// The editor is a part of the grid: going from one to the other is no change.
+/// The editor is part of the grid: moving between the two is no change.
 void GridView::reportFocus() {
     const bool now = hasGridFocus();
     if (std::exchange(focusReported_, now) == now) {

@@ -12,7 +12,7 @@ namespace planview {
 
 namespace {
 
-/// The keys of an area in their order, and those of them that are to move.
+/// The keys of an area in order, and those among them that are to move.
 struct AreaKeys {
     std::vector<std::string> all;
     std::vector<std::string> moved;
@@ -40,8 +40,8 @@ AreaKeys keysOf(const Ids& ids, std::string_view before, std::string_view fixedK
     return keys;
 }
 
-/// Moves one after the other, so that none pushes another one off its place: those from before the gap last first, then
-/// those from behind it.
+/// Moves one after the other, so that none displaces another: those from before the gap last first, then those from
+/// behind it.
 template <class Move>
 void moveKeys(const AreaKeys& keys, Move move) {
     std::size_t stay = 0;
@@ -136,7 +136,7 @@ void HeadingDrag::aim(int position) {
         last = &other;
     }
     if (last) {
-        // Behind the last one in sight others may follow.
+        // Others may follow behind the last one in sight.
         const std::span<const AxisItem> items = now.layout().Items(own->area);
         const auto next = static_cast<std::size_t>(last->index) + 1;
         before_ = next < items.size() ? keyOf(items[next].track) : std::string();

@@ -14,7 +14,7 @@ namespace planview {
 class GridView;
 
 /// Moves selected columns or rows by their headings, where the grid allows it: within their own area, to where a line
-/// shows the gap that they will fill. Knows them by their keys, because the host may build the grid anew meanwhile.
+/// shows the gap that they will fill. Knows them by their keys, because the host may rebuild the grid meanwhile.
 class HeadingDrag {
 public:
     explicit HeadingDrag(GridView& view) : view_(view) {}

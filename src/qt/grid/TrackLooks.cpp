@@ -9,7 +9,7 @@ namespace {
 
 using Area = AxisLayout::Area;
 
-/// How many columns are asked whether a row at the bottom sums up.
+/// How many columns are checked to see whether a bottom row holds sums.
 constexpr std::size_t SampledColumns = 64;
 
 bool sumsUp(const GridControl& grid, RowId row, std::span<const AxisItem> columns) {

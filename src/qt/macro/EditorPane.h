@@ -22,14 +22,14 @@ public:
     void setTextScale(double scale);
     /// Shows what the editor holds now.
     virtual void follow() = 0;
-    /// Paints the pane into another place, whether it is shown or not.
+    /// Paints the pane elsewhere, whether or not it is shown.
     void paintOn(QPainter& painter, const QRect& rect) const;
 
     [[nodiscard]] QSize minimumSizeHint() const override { return {40, 28}; }
 
 protected:
     /// `owner` keeps the editor alive while the pane handles an input: the host may delete the pane from inside an
-    /// event. It may be null where the editor outlives the pane anyway.
+    /// event. It may be null if the editor outlives the pane.
     EditorPane(const QString& heading, MacroEditor& editor, GridBitmaps& bitmaps, std::shared_ptr<void> owner,
                QWidget* parent);
 
@@ -42,9 +42,9 @@ protected:
     [[nodiscard]] int scaled(int logical) const { return qRound(logical * scale_); }
     [[nodiscard]] PaneHeading* heading() const { return heading_; }
 
-    /// Does something with the editor and shows what has come of it. The host hears of it, and may delete the pane.
+    /// Runs the action on the editor and shows the result. The host hears of it and may delete the pane.
     void act(const std::function<void(MacroEditor&)>& action);
-    /// Gives the parts their colours and sizes; style sheets are the heir's.
+    /// Gives the parts their colours and sizes; derived classes add their style sheets.
     virtual void showLook();
     [[nodiscard]] virtual std::unique_ptr<EditorPane> makeCopy() const = 0;
 

@@ -78,7 +78,7 @@ private:
     std::vector<MacroLine> lines_;
 };
 
-/// Draws the lines, and edits a name in its place.
+/// Draws the lines, and edits a name in place.
 class MacroListView::Painter final : public QStyledItemDelegate {
 public:
     Painter(MacroListView& view, GridBitmaps& bitmaps) : QStyledItemDelegate(&view), view_(view), bitmaps_(bitmaps) {}
@@ -129,7 +129,7 @@ public:
     void setEditorData(QWidget* editor, const QModelIndex& /*index*/) const override {
         static_cast<QLineEdit*>(editor)->setText(QString::fromStdString(view_.editor_.NameToEdit()));
     }
-    /// Afterwards, when the view has done with its own editor: renaming makes the list anew.
+    /// Later, once the view is done with its editor: renaming rebuilds the list.
     void setModelData(QWidget* editor, QAbstractItemModel* /*model*/, const QModelIndex& /*index*/) const override {
         const std::string text = static_cast<QLineEdit*>(editor)->text().toStdString();
         view_.guard().later(&view_, "Rename", [&view = view_, text] { view.editor_.Rename(text); });
@@ -151,7 +151,7 @@ private:
         return font;
     }
 
-    /// Where the text of the line goes. In a narrow pane depth gives way to it.
+    /// Where the text of the line goes. In a narrow pane, indentation gives way to it.
     [[nodiscard]] QRect roomFor(const MacroLine& line, const QRect& row) const {
         QRect room = row.adjusted(scaled(SideMargin), 0, -scaled(SideMargin), 0);
         room.setRight(room.right() - (line.problem.empty() ? 0 : scaled(MarkPixels + PictureGap)));
@@ -160,7 +160,7 @@ private:
         return room;
     }
 
-    /// 1 too where it would not fit otherwise.
+    /// Also 1 if it would not fit otherwise.
     static int textRows(const QFontMetrics& metrics, const QString& text, int width) {
         if (metrics.horizontalAdvance(text) <= width) {
             return 1;
@@ -210,7 +210,7 @@ MacroListView::MacroListView(MacroEditor& editor, GridBitmaps& bitmaps, EntryGua
     setAccessibleName(tr("Elements of the macro"));
     setModel(lines_);
     setItemDelegate(painter_);
-    setWordWrap(true);  // places the lines anew when the width has changed
+    setWordWrap(true);  // lays the lines out again when the width changes
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setEditTriggers(QAbstractItemView::EditKeyPressed);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -250,7 +250,7 @@ void MacroListView::currentChanged(const QModelIndex& current, const QModelIndex
     if (following_ || !current.isValid()) {
         return;
     }
-    // When the view has done with the press: the list is made anew.
+    // Once the view is done with the press: the list is rebuilt.
     guard().later(this, "SetCurrent", [this, row = current.row()] { editor_.SetCurrent(row); });
 }
 

@@ -99,7 +99,7 @@ void MacroPane::follow() {
 void MacroPane::showLook() {
     EditorPane::showLook();
     setStyleSheet(editorStyleSheet(theme(), scale()));
-    // Not by the style sheet: a label whose style is polished anew loses what that says.
+    // Not in the style sheet: a label loses its margins when its style is polished again.
     const int side = scaled(MessageSideMargin);
     const int margin = scaled(MessageMargin);
     message_->setContentsMargins(side, margin, side, margin);

@@ -216,7 +216,7 @@ void OperandPane::follow() {
     body_->setEnabled(usable);
 }
 
-/// Large texts are smaller on keys that would cut them.
+/// Shrinks texts that their keys would cut.
 void OperandPane::fitKeys() {
     for (QToolButton* key : keys_) {
         QFont font = key->font();
@@ -246,7 +246,7 @@ bool OperandPane::eventFilter(QObject* watched, QEvent* event) {
     if (watched == body_ && event->type() == QEvent::Resize) {
         fitKeys();
     }
-    // What can be completed is asked for when the user comes to enter something.
+    // Completions are fetched when the user enters the field.
     if (watched == field_ && event->type() == QEvent::FocusIn) {
         guard().run("Completions", [this] { offerCompletions(); });
     }

@@ -12,7 +12,7 @@ constexpr int Height = 30;
 constexpr int HeadingLeft = 12;
 constexpr int HeadingTop = 8;
 constexpr int HeadingPixels = 11;
-/// What a narrow pane leaves of these for its heading to be read whole.
+/// How far a narrow pane reduces these so that its whole heading can be read.
 constexpr int LeastSideMargin = 4;
 constexpr int LeastHeadingPixels = 8;
 constexpr QSize SmallestSize(40, 28);

@@ -16,7 +16,7 @@ public:
     /// That of the grid's texts; gives the heading its height. In a narrow pane the text is smaller before it is
     /// shortened.
     void setTextScale(double scale);
-    /// Paints the heading as it is into another place.
+    /// Paints the heading elsewhere.
     void paintOn(QPainter& painter, const QRect& rect) const;
 
     [[nodiscard]] QSize minimumSizeHint() const override;

@@ -84,7 +84,7 @@ void PaneSplitter::handleReleased() {
     }
 }
 
-/// A pane that came or went has been given its place only by now.
+/// Only now has a pane that was shown or hidden been laid out.
 bool PaneSplitter::handleEvent(QEvent* event) {
     const bool done = GuardedWidget::handleEvent(event);
     if (event->type() == QEvent::LayoutRequest) {

@@ -11,7 +11,7 @@
 namespace planview {
 
 /// One of the control's splitters: two panes, and between them a handle while both are shown. Stands where the layout
-/// says, whatever its size is, and tells the layout where the user has moved it to.
+/// says, whatever its size, and tells the layout where the user moves it.
 class PaneSplitter final : public GuardedWidget<QSplitter> {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] const GridTheme& theme() const { return theme_; }
     /// Takes the position from the layout.
     void follow();
-    /// The user has let the handle go.
+    /// The user has released the handle.
     void handleReleased();
 
     /// Where the two panes and the handle between them stand within a rectangle; a pane that is not shown is empty.

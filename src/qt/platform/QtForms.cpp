@@ -50,7 +50,7 @@ void QtForms::ShowModal(Form& form) {
         return;
     }
     if (dialog->isVisible()) {
-        dialog->raise();  // it is waited for already
+        dialog->raise();  // it is already being waited for
         return;
     }
     dialog->exec();

@@ -11,7 +11,7 @@
 namespace planview {
 
 /// The windows of the control's forms, each made when its form is loaded. A form that the desktop has no window for
-/// stays unseen. A window that is shown when the control's widget goes closes as by its frame.
+/// stays unseen. A window still open when the control's widget is destroyed closes as if by its frame.
 class QtForms final : public Forms {
 public:
     explicit QtForms(QWidget& control) : control_(&control) {}

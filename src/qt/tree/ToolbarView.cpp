@@ -22,7 +22,7 @@ constexpr int Gap = 3;
 constexpr int GroupGap = 8;
 /// More rows would leave the macro below too little room.
 constexpr int MostRows = 3;
-/// The pictures need not grow with the texts for ever.
+/// Pictures stop growing with the texts here.
 constexpr double MostScale = 1.5;
 
 constexpr auto SelectionIcon = "macro-selection";
@@ -57,7 +57,7 @@ QString styleSheetFor(const GridTheme& theme) {
 
 }  // namespace
 
-/// A button whose content is dragged from it. What is dragged is asked for when the drag begins, or at a click.
+/// A button to drag from. What is dragged is determined when the drag begins, or on a click.
 class SelectionButton final : public GuardedWidget<QToolButton> {
 public:
     SelectionButton(MacroToolbar& toolbar, std::function<std::string()> selection, const EntryGuard& whole,
@@ -118,7 +118,7 @@ ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::funct
             const QPointer<ToolbarView> self(this);
             toolbar_.UserPress(which);
             if (self) {
-                ToolbarChanged();  // whether it looks pressed down is the control's to say
+                ToolbarChanged();  // the control decides whether it looks pressed
             }
         });
         buttons_.push_back(button);
@@ -159,7 +159,7 @@ void ToolbarView::ToolbarChanged() {
         shown->setToolTip(tooltip.toHtmlEscaped());
         shown->setAccessibleName(tooltip);
         shown->setEnabled(toolbar_.IsEnabled(info.button));
-        // Only a button that can be checked draws itself anew when it is checked no longer.
+        // Only a checkable button repaints itself when it is unchecked.
         const bool checked = toolbar_.IsChecked(info.button);
         shown->setCheckable(checked || shown->isCheckable());
         shown->setChecked(checked);

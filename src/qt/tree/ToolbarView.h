@@ -17,7 +17,7 @@ namespace planview {
 class SelectionButton;
 
 /// The macro toolbar: one button per kind of macro element, and one from which the grid's selection is dragged. The
-/// buttons stand in as many rows as the width needs and the height has; those that find no place are in the menu of a
+/// buttons stand in as many rows as the width needs and the height has; those that do not fit are in the menu of the
 /// last one.
 class ToolbarView final : public GuardedWidget<QWidget>, private ToolbarWatcher {
     Q_OBJECT
@@ -33,7 +33,7 @@ public:
 
     void setTheme(const GridTheme& theme);
     void setTextScale(double scale);
-    /// Paints the toolbar into another place.
+    /// Paints the toolbar elsewhere.
     void paintOn(QPainter& painter, const QRect& rect) const;
 
     [[nodiscard]] bool hasHeightForWidth() const override { return true; }

@@ -33,7 +33,7 @@ public:
     // In logical pixels.
     [[nodiscard]] int rowHeight() const;
     [[nodiscard]] int indentation() const;
-    /// From the begin of a row of this level to its text.
+    /// From the start of a row at this level to its text.
     [[nodiscard]] int textLeft(int level, bool hasPicture) const;
     [[nodiscard]] QFont font(const QFont& base) const;
     [[nodiscard]] bool hasPicture(TreeNode node) const;

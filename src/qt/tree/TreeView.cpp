@@ -17,9 +17,9 @@ namespace planview {
 
 namespace {
 
-/// What a text keeps of the column at least, however deep it stands.
+/// The least width of the column that a text keeps, however deep its node.
 constexpr int LeastText = 64;
-/// And where the tree is to be scrolled sideways anyway.
+/// The same where the tree has to be scrolled sideways anyway.
 constexpr int TextWhenScrolled = 240;
 constexpr int DropLineWidth = 2;
 constexpr qsizetype LongestTip = 2000;
@@ -50,7 +50,7 @@ TreeView::TreeView(TreeControl& tree, GridBitmaps& bitmaps, std::shared_ptr<void
     connect(&model_, &TreeModel::expandedChanged, this, &TreeView::followExpanded);
     connect(&model_, &TreeModel::selectionChanged, this, &TreeView::followSelection);
     connect(&model_, &TreeModel::showWanted, this, [this](const QModelIndex& index) { scrollTo(index); });
-    // Queued: the wish comes from a popup that a mouse press has opened.
+    // Queued: the request comes from a popup opened by a mouse press.
     connect(
         &model_, &TreeModel::editWanted, this,
         [this](const QPersistentModelIndex& index) {
@@ -113,7 +113,7 @@ void TreeView::followExpanded(const QModelIndex& index) {
 
 void TreeView::followSelection() {
     const QScopedValueRollback following(following_, true);
-    setAutoScroll(false);  // whoever selects says whether to scroll there
+    setAutoScroll(false);  // the one who selects decides whether to scroll there
     const QModelIndex index = model_.indexOf(tree_.SelectedItem());
     if (index.isValid()) {
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
@@ -148,7 +148,7 @@ TreeNode TreeView::nodeUnder(QPoint point) const {
     return model_.nodeAt(indexAt(point));
 }
 
-/// The base looks at the one column only, which begins far left of a node that stands deep.
+/// The base class looks only at the column, which begins far to the left of a deep node.
 void TreeView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     QScrollBar& sideways = *horizontalScrollBar();
     const int scrolled = sideways.value();

@@ -91,7 +91,7 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
 
 void TreeView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
-    // A mouse press has opened its popup already.
+    // A mouse press has already opened its popup.
     if (event->reason() == QContextMenuEvent::Keyboard) {
         tree_.UserMenuKey();
     }
@@ -100,7 +100,7 @@ void TreeView::contextMenuEvent(QContextMenuEvent* event) {
 void TreeView::focusInEvent(QFocusEvent* event) {
     focusedByPress_ = event->reason() == Qt::MouseFocusReason;
     {
-        // Where nothing is current yet, the base makes the first node so; a click is to choose by itself.
+        // Without a current node, the base class would make the first one current; a click is to choose for itself.
         const QScopedValueRollback following(following_, focusedByPress_);
         QTreeView::focusInEvent(event);
     }
@@ -137,7 +137,7 @@ void TreeView::mousePressEvent(QMouseEvent* event) {
         }
         return;
     }
-    // The click that brings the focus is none on what is selected.
+    // The click that brings the focus does not count as one on the selected node.
     pressedAgain_ = node && node.Selected() && !bringsFocus;
     if (event->button() == Qt::LeftButton) {
         QTreeView::mousePressEvent(event);
@@ -214,7 +214,7 @@ void TreeDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewI
 
 void TreeView::labelEntered(const QString& text) {
     label_ = text;
-    // Later: the host may do anything to the view when it hears of the new text, and the editor is just closing.
+    // Later: on hearing of the new text the host may do anything to the view, while the editor is still closing.
     guard().later(this, "EndLabelEdit", [this] { finishLabel(); });
 }
 
