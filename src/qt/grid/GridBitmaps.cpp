@@ -35,6 +35,23 @@ const QPixmap& GridBitmaps::pixmap(const std::string& name, int pixels, const Gr
     return known != drawn_.end() ? known->second : drawn_.emplace(key, draw(name, pixels, theme)).first->second;
 }
 
+QIcon GridBitmaps::icon(const std::string& name, int side, qreal ratio, const GridTheme& theme, double disabled) {
+    QPixmap picture = pixmap(name, qRound(side * ratio), theme);
+    picture.setDevicePixelRatio(ratio);
+    QIcon icon(picture);
+    if (!picture.isNull()) {
+        QPixmap faint(picture.size());
+        faint.setDevicePixelRatio(ratio);
+        faint.fill(Qt::transparent);
+        QPainter painter(&faint);
+        painter.setOpacity(disabled);
+        painter.drawPixmap(0, 0, picture);
+        painter.end();
+        icon.addPixmap(faint, QIcon::Disabled);
+    }
+    return icon;
+}
+
 QPixmap GridBitmaps::draw(const std::string& name, int pixels, const GridTheme& theme) const {
     const auto icon = icons_.find(name);
     if (icon != icons_.end()) {

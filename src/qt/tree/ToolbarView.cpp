@@ -25,6 +25,8 @@ constexpr int MostRows = 3;
 /// Pictures stop growing with the texts here.
 constexpr double MostScale = 1.5;
 
+constexpr double FaintWeight = 0.35;  // of a disabled button's picture
+
 constexpr auto SelectionIcon = "macro-selection";
 constexpr auto SelectionFormat = "application/x-planview-selection";
 
@@ -182,21 +184,9 @@ void ToolbarView::setTextScale(double scale) {
 
 void ToolbarView::showIcons() {
     const int side = scaled(BitmapPixels);
-    const qreal ratio = devicePixelRatioF();
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
         const std::string name(i == 0 ? std::string_view(SelectionIcon) : ToolbarButtons()[i - 1].icon);
-        QPixmap picture = bitmaps_.pixmap(name, qRound(side * ratio), theme_);
-        picture.setDevicePixelRatio(ratio);
-        QPixmap faint(picture.size());
-        faint.setDevicePixelRatio(ratio);
-        faint.fill(Qt::transparent);
-        QPainter painter(&faint);
-        painter.setOpacity(0.35);
-        painter.drawPixmap(0, 0, picture);
-        painter.end();
-        QIcon icon(picture);
-        icon.addPixmap(faint, QIcon::Disabled);
-        buttons_[i]->setIcon(icon);
+        buttons_[i]->setIcon(bitmaps_.icon(name, side, devicePixelRatioF(), theme_, FaintWeight));
         buttons_[i]->setIconSize(QSize(side, side));
     }
 }
