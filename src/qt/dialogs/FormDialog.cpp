@@ -3,7 +3,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -43,7 +42,8 @@ void FormDialog::setVisible(bool visible) {
     if (visible && !isVisible()) {
         if (!std::exchange(built_, true)) {
             build();
-            addButtons();
+            content_->addSpacing(EdgeSpace);
+            addButtons(*content_, form_.cmdOkCaption, form_.cmdCancelCaption);
             setTheme(theme_);
         }
         showState();
@@ -200,21 +200,6 @@ ColorButton* FormDialog::addColor(QGridLayout& section, ColorBox& state, ColorBu
     showers_.emplace_back([button, &state] { button->setColor(state.Get()); });
     colors_.push_back(button);
     return button;
-}
-
-void FormDialog::addButtons() {
-    content_->addSpacing(EdgeSpace);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    QPushButton* ok = buttons->button(QDialogButtonBox::Ok);
-    ok->setText(QString::fromStdString(form_.cmdOkCaption));
-    ok->setDefault(true);
-    for (QAbstractButton* each : buttons->buttons()) {
-        each->setIcon({});  // some styles bring pictures of their own, which fit none of our colours
-    }
-    buttons->button(QDialogButtonBox::Cancel)->setText(QString::fromStdString(form_.cmdCancelCaption));
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    content_->addWidget(buttons);
 }
 
 void FormDialog::showState() {

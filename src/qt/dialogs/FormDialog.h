@@ -60,7 +60,6 @@ protected:
     virtual void stateChanged() {}
 
 private:
-    void addButtons();
     void addOption(QGridLayout& section, QWidget* group, OptionButton& state, const QString& caption, int row,
                    int column);
 

@@ -2,7 +2,10 @@
 #include "qt/dialogs/ThemedDialog.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QPushButton>
 #include <QScreen>
+#include <QVBoxLayout>
 
 namespace planview {
 
@@ -119,6 +122,21 @@ void ThemedDialog::setTheme(const GridTheme& theme) {
     }
     setPalette(palette);
     setStyleSheet(filledIn(QLatin1String(StyleSheet), theme));
+}
+
+QPushButton* ThemedDialog::addButtons(QVBoxLayout& layout, const std::string& ok, const std::string& cancel) {
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    for (QAbstractButton* each : buttons->buttons()) {
+        each->setIcon({});  // some styles bring pictures of their own, which fit none of our colours
+    }
+    QPushButton* accepting = buttons->button(QDialogButtonBox::Ok);
+    accepting->setText(QString::fromStdString(ok));
+    accepting->setDefault(true);
+    buttons->button(QDialogButtonBox::Cancel)->setText(QString::fromStdString(cancel));
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    layout.addWidget(buttons);
+    return accepting;
 }
 
 void ThemedDialog::endForm() {

@@ -2,9 +2,14 @@
 #pragma once
 
 #include <QDialog>
+#include <string>
+#include <string_view>
 
 #include "qt/GuardedWidget.h"
 #include "qt/grid/GridTheme.h"
+
+class QPushButton;
+class QVBoxLayout;
 
 namespace planview {
 
@@ -25,6 +30,8 @@ public:
     [[nodiscard]] bool hasEnded() const { return ended_; }
 
 protected:
+    /// Adds OK, which is the default button, and Cancel; they call accept() and reject(). Answers the OK button.
+    QPushButton* addButtons(QVBoxLayout& layout, const std::string& ok, const std::string& cancel);
     /// The window's usual size, or what a small screen has room for.
     void resizeOnScreen(QSize usual);
 

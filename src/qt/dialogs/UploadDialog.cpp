@@ -2,7 +2,6 @@
 #include "qt/dialogs/UploadDialog.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -175,21 +174,12 @@ void UploadDialog::buildList(QVBoxLayout& layout) {
 }
 
 void UploadDialog::buildButtons(QVBoxLayout& layout) {
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    apply_ = buttons->button(QDialogButtonBox::Ok);
-    apply_->setDefault(true);
+    apply_ = addButtons(layout, form_->cmdOkCaption, form_->cmdCancelCaption);
     // Its text never grows wider than this; a default button's text is bold.
     QFont bold = font();
     bold.setBold(true);
     apply_->setMinimumWidth(QFontMetrics(bold).horizontalAdvance(QString::fromStdString(form_->cmdOkCaption)) +
                             ButtonEdges);
-    for (QAbstractButton* each : buttons->buttons()) {
-        each->setIcon({});  // some styles bring pictures of their own, which fit none of our colours
-    }
-    buttons->button(QDialogButtonBox::Cancel)->setText(QString::fromStdString(form_->cmdCancelCaption));
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    layout.addWidget(buttons);
 }
 
 void UploadDialog::filter() {
