@@ -9,7 +9,7 @@ namespace planview {
 
 namespace {
 
-/// Lays the visible ones out one behind the other; `sizeOf` gives a track's size.
+/// Lays the visible ones out one after the other; `sizeOf` gives a track's size.
 template <class Id, class TrackOf, class SizeOf>
 void LayOut(std::span<const Id> tracks, TrackOf trackOf, SizeOf sizeOf, std::vector<AxisItem>& items,
             std::vector<int>& index) {

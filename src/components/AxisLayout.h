@@ -13,7 +13,7 @@ namespace planview {
 
 class GridControl;
 
-/// The id of the label column and of the heading row alike.
+/// The id of both the label column and the heading row.
 inline constexpr std::int32_t HeaderTrack = 0;
 
 /// One visible column or row on its way along a screen axis, in logical pixels.
@@ -24,15 +24,14 @@ struct AxisItem {
     [[nodiscard]] int End() const noexcept { return start + size; }
 };
 
-/// Where the columns (or, when switched, the rows) stand along the horizontal axis, and the other ones along the
-/// vertical axis. Hidden ones are left out. The leading area holds the labels, the trailing one the right or bottom
-/// fixed ones.
+/// Where the columns (or, when switched, the rows) stand along the horizontal axis, and the others along the vertical
+/// axis. Hidden ones are left out. The leading area holds the labels, the trailing one the right or bottom fixed ones.
 class PLANVIEW_EXPORT AxisLayout {
 public:
     enum class Axis { Horizontal, Vertical };
     enum class Area { Leading, Center, Trailing };
 
-    /// Computes the layout anew. `labelWidth` is the width of the leading label on the horizontal axis.
+    /// Recomputes the layout. `labelWidth` is the width of the leading label on the horizontal axis.
     void Update(const GridControl& grid, Axis axis, int labelWidth);
 
     /// True where the axis shows columns: horizontally unless switched, vertically when switched.

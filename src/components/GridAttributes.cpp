@@ -69,7 +69,7 @@ std::optional<std::int32_t> ReadNumber(const Variant& value, std::int32_t least,
         case Variant::Kind::Int32:
             break;
         case Variant::Kind::Double:
-            // No attribute goes beyond 16 bits; what does, and what is no number at all, would not convert.
+            // No attribute exceeds 16 bits; larger values, and what is no number at all, do not convert.
             if (!(std::abs(value.AsDouble()) <= std::numeric_limits<std::int16_t>::max())) {
                 return std::nullopt;
             }

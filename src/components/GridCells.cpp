@@ -15,8 +15,8 @@ std::uint64_t TooltipKey(Cell cell) noexcept {
            static_cast<std::uint32_t>(cell.column.value);
 }
 
-/// The column's value, with room for it. A row of which only the first column was used, the label, stays that short;
-/// any other one gets room for all columns, and grows by steps where columns come later.
+/// The column's value, with room for it. A row that uses only its first column, the label, stays that short; any other
+/// gets room for all columns and grows in steps as columns are added.
 template <class Value>
 Value& Grow(std::vector<Value>& values, ColumnId column, int columnCount) {
     const auto index = static_cast<std::size_t>(column.value);

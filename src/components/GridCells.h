@@ -20,8 +20,8 @@ public:
     [[nodiscard]] const std::string& Tooltip(Cell cell) const;
     [[nodiscard]] StyleId Style(Cell cell) const noexcept;
 
-    /// `columnCount` is the number of columns that the grid has now; rows make room for all of them at once.
-    /// False when the cell holds the same already.
+    /// `columnCount` is the number of columns that the grid has now; rows make room for all of them at once. False if
+    /// the cell already holds the same.
     bool SetContents(Cell cell, std::string_view contents, int columnCount);
     bool SetTooltip(Cell cell, std::string_view tooltip);
     bool SetStyle(Cell cell, StyleId style, int columnCount);

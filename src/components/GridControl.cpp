@@ -349,11 +349,11 @@ std::span<const RowId> GridControl::Rows(RowArea area) const noexcept {
 }
 
 const GridColumn& GridControl::Column(ColumnId column) const {
-    return std::as_const(state_->columns).At(column);
+    return state_->columns.At(column);
 }
 
 const GridRow& GridControl::Row(RowId row) const {
-    return std::as_const(state_->rows).At(row);
+    return state_->rows.At(row);
 }
 
 std::optional<ColumnId> GridControl::FindColumn(std::string_view key) const {

@@ -76,9 +76,9 @@ public:
     // ---------------------------------------------------------------------------------------------
 
     /// An empty grid with the label column "FLC0" and the heading row "FTR0". ColumnDefined when there is a grid; until
-    /// there is one, everything that needs it answers AttributeNotPossible.
+    /// then, everything that needs one answers AttributeNotPossible.
     GridStatus CreateLabelled(bool redraw);
-    /// Ends all columns, rows, contents, selection and colours. The settings return to their defaults.
+    /// Removes all columns, rows, contents, selection and colours. The settings return to their defaults.
     GridStatus Destroy(bool redraw);
     /// The key's prefix says the area: "COL" centre, "FLC" left, "FRC" right. `position` is 1-based within the area,
     /// 1 .. count + 1 (not counting the label column); 0 appends.
@@ -141,8 +141,8 @@ public:
     /// The cell that keys act on; it is never hidden. Before the user chooses one it is the first one on screen. No
     /// value in a grid without visible planning cells.
     [[nodiscard]] std::optional<Cell> CurrentCell() const;
-    /// How far the selection was extended from the current cell, where extending it goes on; the current cell itself
-    /// before it was. It is never hidden.
+    /// The end of the selection opposite the current cell, from which it is extended further; the current cell itself
+    /// while it has not been extended. Never hidden.
     [[nodiscard]] std::optional<Cell> SelectionEnd() const;
 
     // --- What the user does (called by the view)
@@ -162,15 +162,15 @@ public:
     GridStatus ScrollToColumn(ColumnId column);
     GridStatus ScrollToRow(RowId row);
 
-    /// Resizing by the header border: press, any number of drags, release. Sizes are clamped to 1 .. MaxTrackSize.
-    /// The listener hears one event, at the release, when the size is another one then. `switchedSize` means the size
-    /// that counts when switched. The label column's own border changes LabelColumnWidth; the lower border of a heading
-    /// changes the size that it takes from the first planning column or row.
+    /// Resizing by the header border: press, any number of drags, release. Sizes are clamped to 1 .. MaxTrackSize. The
+    /// listener hears one event, on release, if the size has changed by then. `switchedSize` means the size that counts
+    /// when switched. The label column's own border changes LabelColumnWidth; the lower border of a heading changes the
+    /// size that it takes from the first planning column or row.
     GridStatus PressColumnBorder(ColumnId column, bool switchedSize);
     GridStatus PressRowBorder(RowId row, bool switchedSize);
     GridStatus DragBorder(int size);
     GridStatus ReleaseBorder();
-    /// Gives the size back that the header had when it was pressed; no event.
+    /// Restores the size that the header had when it was pressed; raises no event.
     GridStatus CancelBorder();
 
     /// Gives the cell the text that the user entered and tells the listener. Whether the cell takes it is asked before.
@@ -188,13 +188,12 @@ public:
     GridStatus ReportShowHidden(ColumnId beside, HiddenSide side);
     GridStatus ReportShowHidden(RowId beside, HiddenSide side);
 
-    /// Whether the user may edit nothing at all. Outlives Destroy(); only those who ask the cell's rules are bound by
-    /// it.
+    /// Whether the user may not edit anything. Survives Destroy(); binds only those who ask the cell's rules.
     void SetLocked(bool locked) noexcept;
     [[nodiscard]] bool IsLocked() const noexcept;
 
-    // --- Reading, by id
-    // ------------------------------------------------------------------------------------------------
+    // --- Reading, by id. One that names nothing in this grid, such as one from before a rebuild, reads as a hidden
+    // column or row without a key, and its cells as empty ones.
 
     [[nodiscard]] const GridSettingsState& Settings() const noexcept;
     [[nodiscard]] std::span<const GridColor> Colors() const noexcept;
@@ -222,9 +221,9 @@ public:
     /// The contents as they are shown: by the cell's number format where they are a number.
     [[nodiscard]] std::string DisplayText(Cell cell) const;
     [[nodiscard]] std::string DisplayText(Cell cell, const CellLook& look) const;
-    /// Counts up whenever the grid is created or destroyed: ids from before then name nothing.
+    /// Grows whenever the grid is created or destroyed; older ids no longer name anything.
     [[nodiscard]] std::uint64_t BuildVersion() const noexcept;
-    /// Counts up with every change of order, sizes, hidden state or switched state.
+    /// Grows with every change of order, sizes, hidden state or switched state.
     [[nodiscard]] std::uint64_t LayoutVersion() const noexcept;
 
 private:

@@ -18,7 +18,7 @@ std::optional<std::int16_t> ReadSize(const Variant& value, int defaultSize) {
     return static_cast<std::int16_t>(*size == 0 ? defaultSize : *size);
 }
 
-/// Gives the value to the target; false when the target has it already.
+/// Assigns the value to the target; false if the target already has it.
 template <class Value>
 bool Assign(Value& target, Value value) {
     if (target == value) {
@@ -161,7 +161,7 @@ GridStatus GridControl::State::SetOnTrack(GridElement element, CellKeyView keys,
 template <class Tracks, class Id>
 GridStatus GridControl::State::SetOnTrack(Tracks& tracks, Id id, GridAttribute attribute, const Variant& value,
                                           bool centerOnly) {
-    auto& track = tracks.At(id);
+    auto& track = tracks.Change(id);
     const bool isLabel = id == Id{0};
     switch (attribute) {
         case GridAttribute::Hidden:

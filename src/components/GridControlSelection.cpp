@@ -305,7 +305,7 @@ void GridControl::State::Finish(const GridSelection& before, std::optional<Cell>
     }
     GridEvents* const listener = events;
     reports.Report(true);
-    // The listener may build the grid anew: nothing of it is touched from here on.
+    // The listener may rebuild the grid: nothing of it is used from here on.
     if (selectionChanged && listener) {
         listener->SelectionChanged(place, selected);
     }

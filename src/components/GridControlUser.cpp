@@ -10,7 +10,7 @@ namespace {
 
 using Size = PressedBorder::Size;
 
-/// Looked up once per layout: with thousands of hidden rows before the next visible one, not for every cell painted.
+/// Looked up once per layout, not for every painted cell: thousands of hidden rows may precede the next visible one.
 template <class Tracks, class Area, class Id>
 std::optional<Id> FirstOnScreen(const Tracks& tracks, Area center, ScrollPlace<Id>& scroll, std::uint64_t version) {
     if (scroll.foundFor != version) {
@@ -99,13 +99,13 @@ GridStatus GridControl::ScrollToRow(RowId row) {
 std::int16_t& GridControl::State::SizeOf(const PressedBorder& which) {
     switch (which.size) {
         case Size::ColumnWidth:
-            return columns.At(ColumnId{which.track}).width;
+            return columns.Change(ColumnId{which.track}).width;
         case Size::ColumnHeight:
-            return columns.At(ColumnId{which.track}).height;
+            return columns.Change(ColumnId{which.track}).height;
         case Size::RowWidth:
-            return rows.At(RowId{which.track}).width;
+            return rows.Change(RowId{which.track}).width;
         case Size::RowHeight:
-            return rows.At(RowId{which.track}).height;
+            return rows.Change(RowId{which.track}).height;
         case Size::LabelWidth:
             break;
     }
@@ -119,7 +119,7 @@ bool GridControl::State::Resize(const PressedBorder& which, std::int16_t size) {
     }
     target = size;
     if (which.size == Size::LabelWidth) {
-        columns.At(LabelColumn).width = size;
+        columns.Change(LabelColumn).width = size;
     }
     LayoutChanged();
     return true;
@@ -205,7 +205,7 @@ void GridControl::State::ReportResized(const PressedBorder& released) {
         return;
     }
     const int size = SizeOf(released);
-    // The listener may end the grid and with it the key.
+    // The listener may destroy the grid and the key with it.
     const bool isRow = released.size == Size::RowWidth || released.size == Size::RowHeight;
     std::string key(LabelColumnKey);
     if (released.track >= 0) {

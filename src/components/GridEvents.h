@@ -12,28 +12,28 @@ namespace planview {
 
 /// Which part of the grid looks different now. The one record by which every view learns of a change.
 struct GridChange {
-    /// Columns or rows were created, destroyed, moved, hidden, shown, resized or switched, or the scroll position is
-    /// another one: the layout must be computed anew and all of it painted.
+    /// Columns or rows were created, destroyed, moved, hidden, shown, resized or switched, or the scroll position has
+    /// changed: the layout must be recomputed and everything repainted.
     bool layout = false;
-    /// Selection, current cell or a grid-wide look changed: all of it must be painted.
+    /// Selection, current cell or a grid-wide look changed: everything must be repainted.
     bool everything = false;
     /// Otherwise the one changed cell; when several changed, `everything` is set instead.
     bool oneCell = false;
     Cell cell;
-    /// Only the pointer over the grid is another one (GridSettingsState::waiting).
+    /// Only the pointer over the grid has changed (GridSettingsState::waiting).
     bool pointer = false;
 };
 
 /// Hears what changed on screen. Called once per change whose redraw flag was set, with all changes made since the last
-/// call; never while redraw is switched off. It may change attributes and selection, of which it hears when it has
-/// returned, but not build or destroy (GridStatus::Busy).
+/// call; never while redraw is switched off. It may change attributes and the selection, and hears of that after it has
+/// returned, but it must not build or destroy (GridStatus::Busy).
 class GridWatcher {
 public:
     virtual ~GridWatcher() = default;
     virtual void GridChanged(const GridChange& change) = 0;
 };
 
-/// Hears what the user did. Called after the grid itself has taken the action over; may change, destroy and build the
+/// Hears what the user did. Called after the grid itself has applied the action; may change, destroy and rebuild the
 /// grid.
 class GridEvents {
 public:
@@ -44,17 +44,16 @@ public:
     virtual void HeaderHeightResized(const std::string& column, int height) = 0;
     virtual void HeaderWidthResized(const std::string& row, int width) = 0;
     /// A whole column is named by its heading cell, a whole row by its label cell, everything by the corner (label
-    /// column, heading row). `selected` is the state of that place now. Not called where the selection stays the same.
+    /// column, heading row). `selected` is the state of that place now. Not called when the selection does not change.
     virtual void SelectionChanged(const CellKey& cell, bool selected) = 0;
-    /// The user gave a cell this text, which the grid shows already, in the place of `before`.
+    /// The user replaced `before` with this text, which the grid already shows.
     virtual void ContentsChanged(const CellKey& cell, const std::string& text, const std::string& before) = 0;
     /// The user ended an entry without leaving the cell.
     virtual void StayCell() = 0;
     virtual void DoubleClick(const CellKey& cell) = 0;
-    /// A click on the cell or header that neither selected more than it nor dragged.
+    /// A click on the cell or header that selected nothing else and dragged nothing.
     virtual void SimpleClick(const CellKey& cell) = 0;
-    /// `button`: 1 left, 2 right. `shift`: 1 Shift, 2 Ctrl and 4 Alt, added; 512 and 2048 as desktops with more
-    /// modifier keys report them.
+    /// `button`: 1 left, 2 right. `shift`: 1 Shift, 2 Ctrl and 4 Alt, added.
     virtual void MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) = 0;
     /// The user asked by key for the menu of what is selected: the current cell, the heading of its column or the label
     /// of its row where those are selected as a whole, and the corner where both are, or where no cell is current.
@@ -64,7 +63,7 @@ public:
     virtual bool KeyDown(std::int16_t shift, std::int16_t keyCode) = 0;
     /// A typed character that edits nothing; 13 is Return.
     virtual void KeyPress(std::int16_t character) = 0;
-    /// The user wants these hidden columns or rows to be seen again. The grid has not shown them.
+    /// The user asks for these hidden columns or rows to be shown. The grid has not shown them yet.
     virtual void ShowHiddenColumns(const std::vector<std::string>& columns) = 0;
     virtual void ShowHiddenRows(const std::vector<std::string>& rows) = 0;
     virtual void FocusIn() = 0;

@@ -15,10 +15,10 @@ public:
     void NoteEverything() noexcept;
     void NoteCell(Cell cell) noexcept;
 
-    /// Reports what was noted, when `now` and while redraw is on; otherwise it stays noted. What the watcher itself
-    /// changes meanwhile is reported when it has returned.
+    /// Reports what was noted if `now` is set and redraw is on; otherwise it stays noted. Changes made by the watcher
+    /// itself are reported after it returns.
     void Report(bool now);
-    /// Reports another pointer at once: nothing is painted for it.
+    /// Reports a changed pointer at once, because nothing is painted for it.
     void ReportPointer();
     void SetRedraw(bool on) noexcept { redrawOn_ = on; }
     [[nodiscard]] bool RedrawOn() const noexcept { return redrawOn_; }

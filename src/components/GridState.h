@@ -136,7 +136,7 @@ struct GridControl::State {
     // Scrolling and borders (GridControlUser.cpp).
     [[nodiscard]] std::int16_t& SizeOf(const PressedBorder& which);
     GridStatus Press(PressedBorder border);
-    /// False when it had this size already.
+    /// False if it already had this size.
     bool Resize(const PressedBorder& which, std::int16_t size);
     void ReportResized(const PressedBorder& released);
 };

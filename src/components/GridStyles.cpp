@@ -16,9 +16,8 @@ namespace {
 
 constexpr int MinFontSize = 4;
 constexpr int MaxFontSize = 96;
-constexpr std::size_t FirstBucketCount = 64;
 
-/// Cuts the text before the divider off and returns it; all of the text when there is no divider.
+/// Cuts off and returns the text before the divider; the whole text if there is none.
 std::string_view TakePiece(std::string_view& text, char divider) noexcept {
     const std::size_t end = text.find(divider);
     const std::string_view piece = Trimmed(text.substr(0, end));
@@ -29,20 +28,6 @@ std::string_view TakePiece(std::string_view& text, char divider) noexcept {
 /// The status for a text that names nothing known.
 GridStatus Unknown(std::string_view text, GridStatus status) noexcept {
     return IsValidUtf8(text) ? status : GridStatus::InvalidText;
-}
-
-std::size_t HashOf(const AttributeSet& set) noexcept {
-    constexpr std::uint64_t Multiplier = 0x9E3779B97F4A7C15U;
-    std::uint64_t hash = 0;
-    const auto mix = [&hash](std::int64_t value) {
-        hash = (hash ^ static_cast<std::uint64_t>(value)) * Multiplier;
-        hash ^= hash >> 29U;
-    };
-    mix(set.set | (std::int64_t{set.flags} << 16U));
-    mix((std::int64_t{set.background} << 16U) ^ set.foreground);
-    mix((std::int64_t{set.font} << 32U) ^ set.format);
-    mix((std::int64_t{set.bitmap} << 32U) ^ (set.alignment * 4 + set.bitmapAlignment));
-    return static_cast<std::size_t>(hash);
 }
 
 }  // namespace
@@ -65,11 +50,23 @@ void AttributeSet::LayOver(const AttributeSet& above) noexcept {
     set = static_cast<std::uint16_t>(set | above.set);
 }
 
+std::size_t AttributeSetHash::operator()(const AttributeSet& set) const noexcept {
+    constexpr std::uint64_t Multiplier = 0x9E3779B97F4A7C15U;
+    std::uint64_t hash = 0;
+    const auto mix = [&hash](std::int64_t value) {
+        hash = (hash ^ static_cast<std::uint64_t>(value)) * Multiplier;
+        hash ^= hash >> 29U;
+    };
+    mix(set.set | (std::int64_t{set.flags} << 16U));
+    mix((std::int64_t{set.background} << 16U) ^ set.foreground);
+    mix((std::int64_t{set.font} << 32U) ^ set.format);
+    mix((std::int64_t{set.bitmap} << 32U) ^ (set.alignment * 4 + set.bitmapAlignment));
+    return static_cast<std::size_t>(hash);
+}
+
 GridStyles::GridStyles() : bitmaps_(BuiltInBitmaps.begin(), BuiltInBitmaps.end()) {
     for (std::size_t i = 0; i < bitmaps_.size(); ++i) {
-        bitmapsByName_.Add(static_cast<std::int32_t>(i), [this](std::int32_t at) -> std::string_view {
-            return bitmaps_[static_cast<std::size_t>(at)];
-        });
+        bitmapsByName_.Add(bitmaps_[i], static_cast<int>(i));
     }
     Clear();
 }
@@ -83,7 +80,8 @@ void GridStyles::Clear() {
     formatsByCode_.Clear();
     sets_.assign(1, AttributeSet());
     steps_.fill(Step());
-    buckets_.assign(FirstBucketCount, PlainStyle);
+    stylesBySet_.Clear();
+    stylesBySet_.Add(AttributeSet(), PlainStyle);
 }
 
 GridStatus GridStyles::CreateColor(std::string_view name, std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
@@ -93,34 +91,26 @@ GridStatus GridStyles::CreateColor(std::string_view name, std::uint8_t red, std:
     if (!IsValidUtf8(name)) {
         return GridStatus::InvalidText;
     }
-    const auto nameAt = [this](std::int32_t index) -> std::string_view {
-        return colors_[static_cast<std::size_t>(index)].name;
-    };
-    if (colorsByName_.Find(name, nameAt) != NameIndex::None) {
+    if (colorsByName_.Find(name)) {
         return GridStatus::ColorDefined;
     }
     if (colors_.size() > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) {
         return GridStatus::TooManyElements;
     }
     colors_.push_back({std::string(name), red, green, blue});
-    colorsByName_.Add(static_cast<std::int32_t>(colors_.size()) - 1, nameAt);
+    colorsByName_.Add(std::string(name), static_cast<int>(colors_.size()) - 1);
     return GridStatus::Ok;
 }
 
 void GridStyles::RegisterBitmap(std::string_view name) {
-    const auto nameAt = [this](std::int32_t index) -> std::string_view {
-        return bitmaps_[static_cast<std::size_t>(index)];
-    };
-    if (name.empty() || bitmapsByName_.Find(name, nameAt) != NameIndex::None) {
-        return;
+    if (!name.empty() && bitmapsByName_.Add(std::string(name), static_cast<int>(bitmaps_.size()))) {
+        bitmaps_.emplace_back(name);
     }
-    bitmaps_.emplace_back(name);
-    bitmapsByName_.Add(static_cast<std::int32_t>(bitmaps_.size()) - 1, nameAt);
 }
 
 void GridStyles::RegisterFonts(std::vector<std::string> names) {
     fontNames_ = std::move(names);
-    // Texts that were taken so far may name fonts that are not registered now.
+    // Texts accepted so far may name fonts that are no longer registered.
     fontsByText_.Clear();
 }
 
@@ -152,12 +142,11 @@ GridStatus GridStyles::ReadColor(const Variant& value, std::optional<std::int32_
     if (!name) {
         return GridStatus::InvalidAttribute;
     }
-    const std::int32_t found = colorsByName_.Find(
-        *name, [this](std::int32_t at) -> std::string_view { return colors_[static_cast<std::size_t>(at)].name; });
-    if (found == NameIndex::None) {
+    const int* const found = colorsByName_.Find(*name);
+    if (!found) {
         return Unknown(*name, GridStatus::UnknownColor);
     }
-    index = found;
+    index = *found;
     return GridStatus::Ok;
 }
 
@@ -176,48 +165,41 @@ GridStatus GridStyles::ReadText(GridAttribute attribute, const Variant& value, s
 }
 
 GridStatus GridStyles::ReadFont(const std::string& text, std::optional<std::int32_t>& index) {
-    const auto textAt = [this](std::int32_t at) -> std::string_view {
-        return fonts_[static_cast<std::size_t>(at)].text;
-    };
-    std::int32_t found = fontsByText_.Find(text, textAt);
-    if (found == NameIndex::None) {
-        std::optional<GridFont> font = ParseFont(text);
-        if (!font || !IsValidUtf8(text)) {
-            return Unknown(text, GridStatus::UnknownFont);
-        }
-        fonts_.push_back({text, std::move(*font)});
-        found = static_cast<std::int32_t>(fonts_.size()) - 1;
-        fontsByText_.Add(found, textAt);
+    if (const int* const known = fontsByText_.Find(text)) {
+        index = *known;
+        return GridStatus::Ok;
     }
-    index = found;
+    std::optional<GridFont> font = ParseFont(text);
+    if (!font || !IsValidUtf8(text)) {
+        return Unknown(text, GridStatus::UnknownFont);
+    }
+    index = static_cast<std::int32_t>(fonts_.size());
+    fonts_.push_back(std::move(*font));
+    fontsByText_.Add(text, *index);
     return GridStatus::Ok;
 }
 
 GridStatus GridStyles::ReadFormat(const std::string& code, std::optional<std::int32_t>& index) {
-    const auto codeAt = [this](std::int32_t at) -> std::string_view {
-        return formats_[static_cast<std::size_t>(at)].Code();
-    };
-    std::int32_t found = formatsByCode_.Find(code, codeAt);
-    if (found == NameIndex::None) {
-        std::optional<NumberFormat> format = NumberFormat::Parse(code);
-        if (!format || !IsValidUtf8(code)) {
-            return Unknown(code, GridStatus::InvalidAttribute);
-        }
-        formats_.push_back(std::move(*format));
-        found = static_cast<std::int32_t>(formats_.size()) - 1;
-        formatsByCode_.Add(found, codeAt);
+    if (const int* const known = formatsByCode_.Find(code)) {
+        index = *known;
+        return GridStatus::Ok;
     }
-    index = found;
+    std::optional<NumberFormat> format = NumberFormat::Parse(code);
+    if (!format || !IsValidUtf8(code)) {
+        return Unknown(code, GridStatus::InvalidAttribute);
+    }
+    index = static_cast<std::int32_t>(formats_.size());
+    formats_.push_back(std::move(*format));
+    formatsByCode_.Add(code, *index);
     return GridStatus::Ok;
 }
 
 GridStatus GridStyles::ReadBitmap(const std::string& name, std::optional<std::int32_t>& index) const {
-    const std::int32_t found = bitmapsByName_.Find(
-        name, [this](std::int32_t at) -> std::string_view { return bitmaps_[static_cast<std::size_t>(at)]; });
-    if (found == NameIndex::None) {
+    const int* const found = bitmapsByName_.Find(name);
+    if (!found) {
         return Unknown(name, GridStatus::UnknownBitmap);
     }
-    index = found;
+    index = *found;
     return GridStatus::Ok;
 }
 
@@ -301,41 +283,20 @@ AttributeSet GridStyles::Changed(AttributeSet set, GridAttribute attribute, std:
 }
 
 StyleId GridStyles::Intern(const AttributeSet& set) {
-    if (set == sets_[PlainStyle]) {
-        return PlainStyle;
+    if (const StyleId* const known = stylesBySet_.Find(set)) {
+        return *known;
     }
-    if (sets_.size() * 2 > buckets_.size()) {
-        GrowBuckets();
-    }
-    std::size_t bucket = HashOf(set) & (buckets_.size() - 1);
-    while (buckets_[bucket] != PlainStyle) {
-        if (sets_[buckets_[bucket]] == set) {
-            return buckets_[bucket];
-        }
-        bucket = (bucket + 1) & (buckets_.size() - 1);
-    }
+    const auto style = static_cast<StyleId>(sets_.size());
     sets_.push_back(set);
-    buckets_[bucket] = static_cast<StyleId>(sets_.size() - 1);
-    return buckets_[bucket];
-}
-
-void GridStyles::GrowBuckets() {
-    std::vector<StyleId> grown(buckets_.size() * 2, PlainStyle);
-    for (StyleId style = PlainStyle + 1; style < sets_.size(); ++style) {
-        std::size_t bucket = HashOf(sets_[style]) & (grown.size() - 1);
-        while (grown[bucket] != PlainStyle) {
-            bucket = (bucket + 1) & (grown.size() - 1);
-        }
-        grown[bucket] = style;
-    }
-    buckets_ = std::move(grown);
+    stylesBySet_.Add(set, style);
+    return style;
 }
 
 CellLook GridStyles::LookOf(const AttributeSet& merged) const noexcept {
     CellLook look;
     look.background = merged.background;
     look.foreground = merged.foreground;
-    look.font = merged.font >= 0 ? &fonts_[static_cast<std::size_t>(merged.font)].font : nullptr;
+    look.font = merged.font >= 0 ? &fonts_[static_cast<std::size_t>(merged.font)] : nullptr;
     look.format = merged.format >= 0 ? &formats_[static_cast<std::size_t>(merged.format)] : nullptr;
     look.bitmap = merged.bitmap >= 0 ? &bitmaps_[static_cast<std::size_t>(merged.bitmap)] : nullptr;
     look.bitmapAlignment = static_cast<GridAlignment>(merged.bitmapAlignment);

@@ -13,10 +13,10 @@
 
 #include <planview/Variant.h>
 
+#include "automation/FlatMap.h"
 #include "components/GridAttributes.h"
 #include "components/GridStyle.h"
 #include "components/GridTypes.h"
-#include "components/NameIndex.h"
 
 namespace planview {
 
@@ -50,6 +50,10 @@ struct AttributeSet {
     void LayOver(const AttributeSet& above) noexcept;
 };
 
+struct AttributeSetHash {
+    std::size_t operator()(const AttributeSet& set) const noexcept;
+};
+
 /// The looks of a grid: named colours, bitmaps and fonts, number formats, and the attribute sets that its elements
 /// share. A set is never dropped before Clear(): there are few of them, however many cells use them.
 class GridStyles {
@@ -60,11 +64,11 @@ public:
     [[nodiscard]] std::span<const GridColor> Colors() const noexcept { return colors_; }
     void RegisterBitmap(std::string_view name);
     void RegisterFonts(std::vector<std::string> names);
-    /// Ends colours and attribute sets; registered bitmaps and fonts stay.
+    /// Drops colours and attribute sets; registered bitmaps and fonts stay.
     void Clear();
 
-    /// What a value means for a layered attribute. `meaning` gets the number to hand to With(), none where an empty
-    /// text takes the attribute back.
+    /// What a value means for a layered attribute. `meaning` gets the number to pass to With(), or no value if an empty
+    /// text removes the attribute.
     GridStatus Read(GridAttribute attribute, const Variant& value, std::optional<std::int32_t>& meaning);
     /// The colour's index, or why there is none.
     GridStatus ReadColor(const Variant& value, std::optional<std::int32_t>& index) const;
@@ -75,12 +79,7 @@ public:
     [[nodiscard]] CellLook LookOf(const AttributeSet& merged) const noexcept;
 
 private:
-    struct NamedFont {
-        std::string text;
-        GridFont font;
-    };
-
-    /// A change of a set that was made before: cells repeat a few of them thousands of times.
+    /// A change that has been made before: cells repeat a few of these thousands of times.
     struct Step {
         StyleId from = UINT32_MAX;
         GridAttribute attribute = GridAttribute::BackgroundColor;
@@ -97,20 +96,19 @@ private:
     [[nodiscard]] std::optional<GridFont> ParseFont(std::string_view text) const;
     [[nodiscard]] bool FontIsRegistered(std::string_view name) const noexcept;
     [[nodiscard]] StyleId Intern(const AttributeSet& set);
-    void GrowBuckets();
 
     std::vector<GridColor> colors_;
-    NameIndex colorsByName_;
+    NameMap colorsByName_;
     std::deque<std::string> bitmaps_;
-    NameIndex bitmapsByName_;
+    NameMap bitmapsByName_;
     std::vector<std::string> fontNames_;
-    std::deque<NamedFont> fonts_;
-    NameIndex fontsByText_;
+    std::deque<GridFont> fonts_;
+    NameMap fontsByText_;
     std::deque<NumberFormat> formats_;
-    NameIndex formatsByCode_;
+    NameMap formatsByCode_;
     std::vector<AttributeSet> sets_;
     std::array<Step, 256> steps_;
-    std::vector<StyleId> buckets_;  // open addressing over sets_; PlainStyle where free
+    FlatMap<AttributeSet, StyleId, AttributeSetHash> stylesBySet_;
 };
 
 }  // namespace planview

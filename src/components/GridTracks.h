@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "automation/FlatMap.h"
 #include "components/GridTypes.h"
-#include "components/NameIndex.h"
 
 namespace planview {
 
@@ -23,10 +23,10 @@ public:
 
     [[nodiscard]] int Count() const noexcept { return static_cast<int>(tracks_.size()); }
     [[nodiscard]] bool Has(Id id) const noexcept { return id.value >= 0 && id.value < Count(); }
-    /// Throws std::out_of_range for an id that is none of this grid's.
-    [[nodiscard]] const Track& At(Id id) const { return tracks_.at(static_cast<std::size_t>(id.value)); }
-    /// For everything but `key`, `area` and `hidden`.
-    [[nodiscard]] Track& At(Id id) { return tracks_.at(static_cast<std::size_t>(id.value)); }
+    /// A hidden track without a key for an id that Has() denies, such as one that was kept beyond a rebuild.
+    [[nodiscard]] const Track& At(Id id) const noexcept { return Has(id) ? tracks_[Slot(id)] : Missing(); }
+    /// To change everything but `key`, `area` and `hidden`. The id must be one of this grid's.
+    [[nodiscard]] Track& Change(Id id) noexcept { return tracks_[Slot(id)]; }
     [[nodiscard]] const std::vector<Id>& Of(Area area) const noexcept { return areas_[Index(area)]; }
     [[nodiscard]] int VisibleCount(Area area) const noexcept { return visible_[Index(area)]; }
 
@@ -40,11 +40,12 @@ public:
                 return Id{guess};
             }
         }
-        const std::int32_t found = byKey_.Find(key, [this](std::int32_t value) { return KeyAt(value); });
-        if (found != NameIndex::None) {
-            lastFound_ = found;
+        const int* const found = byKey_.Find(key);
+        if (!found) {
+            return Id{};
         }
-        return Id{found};
+        lastFound_ = *found;
+        return Id{*found};
     }
 
     /// `place` is 0-based within the track's area, at most the number of tracks there. The key must be a new one.
@@ -52,7 +53,7 @@ public:
         const Id id{static_cast<std::int32_t>(tracks_.size())};
         const std::size_t area = Index(track.area);
         tracks_.push_back(std::move(track));
-        byKey_.Add(id.value, [this](std::int32_t value) { return KeyAt(value); });
+        byKey_.Add(tracks_.back().key, id.value);
         std::vector<Id>& order = areas_[area];
         order.insert(order.begin() + static_cast<std::ptrdiff_t>(place), id);
         visible_[area] += tracks_.back().hidden ? 0 : 1;
@@ -73,9 +74,9 @@ public:
         orderKnown_ = false;
     }
 
-    /// False when it was so already.
+    /// False if it already was.
     bool SetHidden(Id id, bool hidden) {
-        Track& track = At(id);
+        Track& track = Change(id);
         if (track.hidden == hidden) {
             return false;
         }
@@ -84,10 +85,10 @@ public:
         return true;
     }
 
-    /// The 0-based place among all tracks.
+    /// The 0-based place among all tracks, -1 for an id that Has() denies.
     [[nodiscard]] int OrderOf(Id id) const {
         UpdateOrder();
-        return order_.at(static_cast<std::size_t>(id.value));
+        return Has(id) ? order_[Slot(id)] : -1;
     }
 
     /// The 0-based place within the track's area.
@@ -105,6 +106,9 @@ public:
 
     /// The track itself or the first visible one behind it in its area, else the last visible one before it.
     [[nodiscard]] std::optional<Id> VisibleFrom(Id id) const {
+        if (!Has(id)) {
+            return std::nullopt;
+        }
         const std::vector<Id>& order = Of(At(id).area);
         const int place = PlaceOf(id);
         for (int i = place; i < static_cast<int>(order.size()); ++i) {
@@ -120,8 +124,11 @@ public:
         return std::nullopt;
     }
 
-    /// The visible track of the same area that stands nearest, the one behind where two are as near.
+    /// The nearest visible track of the same area; of two equally near, the one behind.
     [[nodiscard]] std::optional<Id> NearestVisible(Id id) const {
+        if (!Has(id)) {
+            return std::nullopt;
+        }
         const std::vector<Id>& order = Of(At(id).area);
         const int count = static_cast<int>(order.size());
         const int place = PlaceOf(id);
@@ -139,16 +146,25 @@ public:
 
 private:
     [[nodiscard]] static std::size_t Index(Area area) noexcept { return static_cast<std::size_t>(area); }
+    [[nodiscard]] static std::size_t Slot(Id id) noexcept { return static_cast<std::size_t>(id.value); }
+    [[nodiscard]] static const Track& Missing() noexcept {
+        static const Track missing = [] {
+            Track track;
+            track.hidden = true;
+            return track;
+        }();
+        return missing;
+    }
     [[nodiscard]] std::string_view KeyAt(std::int32_t value) const noexcept {
         return tracks_[static_cast<std::size_t>(value)].key;
     }
-    /// Neighbours' keys differ in their last digit: that tells them apart before the whole of them is compared.
+    /// Neighbouring keys differ in their last digit, so comparing that first saves most full comparisons.
     [[nodiscard]] static bool IsSame(std::string_view known, std::string_view asked) noexcept {
         return known.size() == asked.size() && known.back() == asked.back() && known == asked;
     }
     [[nodiscard]] bool IsVisible(const std::vector<Id>& order, int place) const noexcept {
         const Id id = order[static_cast<std::size_t>(place)];
-        return !tracks_[static_cast<std::size_t>(id.value)].hidden;
+        return !tracks_[Slot(id)].hidden;
     }
     [[nodiscard]] int FirstOrderOf(Area area) const noexcept {
         int first = 0;
@@ -166,18 +182,18 @@ private:
         int next = 0;
         for (const std::vector<Id>& area : areas_) {
             for (const Id id : area) {
-                order_[static_cast<std::size_t>(id.value)] = next++;
+                order_[Slot(id)] = next++;
             }
         }
         orderKnown_ = true;
     }
 
     std::vector<Track> tracks_;  // by id
-    NameIndex byKey_;
+    NameMap byKey_;
     std::array<std::vector<Id>, AreaCount> areas_;
     std::array<int, AreaCount> visible_{};
     mutable std::int32_t lastFound_ = 0;
-    // Computed when somebody asks: building and moving would otherwise renumber everything each time.
+    // Computed on demand, because building and moving would otherwise renumber everything each time.
     mutable std::vector<int> order_;
     mutable bool orderKnown_ = false;
 };

@@ -47,7 +47,7 @@ enum class GridAttribute : std::uint8_t {
     // (grid < column < row < cell).
     BackgroundColor,  ///< text: a registered colour's name
     ForegroundColor,  ///< text: a registered colour's name
-    // An empty text takes Format, Font and Bitmap back from the element, which then follows the layers below it.
+    // An empty text removes Format, Font and Bitmap from the element, which then follows the layers below it.
     Format,           ///< text: a number code ("#,##0.0"); with none, the contents are shown as they are
     Font,             ///< text: "name;size;style", style of Normal, Bold, Cursiv; missing pieces take the defaults
     Alignment,        ///< number: 0 right, 1 left, 2 centre

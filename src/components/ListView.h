@@ -37,7 +37,7 @@ public:
 };
 
 /// A list in report view without a screen. Items are appended at the end and dropped at the front in constant time; the
-/// storage of a dropped item is used again for the next one. Keys are the caller's to keep unique.
+/// storage of a dropped item is reused for the next one. The caller keeps keys unique.
 class PLANVIEW_EXPORT ListView {
 public:
     ListView() = default;
@@ -45,7 +45,7 @@ public:
     ListView(const ListView&) = delete;
     ListView& operator=(const ListView&) = delete;
 
-    /// Several windows may show one list. A watcher may add and remove watchers while it is told of something.
+    /// Several windows may show one list. A watcher may add and remove watchers while it is being notified.
     void AddWatcher(ListViewWatcher& watcher) { watchers_.push_back(&watcher); }
     void RemoveWatcher(ListViewWatcher& watcher) noexcept { std::erase(watchers_, &watcher); }
 
@@ -53,7 +53,7 @@ public:
     [[nodiscard]] const std::vector<ListColumn>& Columns() const noexcept { return columns_; }
 
     [[nodiscard]] std::size_t Count() const noexcept { return count_; }
-    /// Throws std::out_of_range for an index that is none of 0 .. Count() - 1.
+    /// Throws std::out_of_range for an index outside 0 .. Count() - 1.
     [[nodiscard]] const ListItem& Item(std::size_t index) const;
 
     /// Appends an item and makes it the current one.
@@ -64,7 +64,7 @@ public:
     [[nodiscard]] std::size_t Current() const noexcept { return current_; }
 
 private:
-    /// Tells each watcher that is there now and still is when its turn comes.
+    /// Notifies each current watcher that is still registered when its turn comes.
     void Tell(void (ListViewWatcher::*what)()) const;
     [[nodiscard]] std::size_t SlotOf(std::size_t index) const noexcept { return (first_ + index) % slots_.size(); }
 

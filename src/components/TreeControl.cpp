@@ -39,7 +39,8 @@ void TreeControl::SetRedraw(bool on) {
 // --- Structure
 
 std::int32_t TreeControl::Find(std::string_view key) const {
-    return index_.Find(key, [this](std::int32_t id) -> std::string_view { return At(id).key; });
+    const int* const found = index_.Find(key);
+    return found ? *found : None;
 }
 
 bool TreeControl::IsBelow(std::int32_t node, std::int32_t ancestor) const noexcept {
@@ -103,7 +104,7 @@ void TreeControl::EnsureVisible(std::int32_t id) {
     }
 }
 
-// --- What the user does
+// --- What the user does. The keys that the listener gets are copies: it may rebuild the tree while it holds them.
 
 void TreeControl::UserExpand(TreeNode node, bool expanded) {
     if (!node || node.Expanded() == expanded) {

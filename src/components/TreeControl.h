@@ -10,12 +10,12 @@
 
 #include <planview/Export.h>
 
-#include "components/NameIndex.h"
+#include "automation/FlatMap.h"
 #include "components/TreeEvents.h"
 
 namespace planview {
 
-/// Where a new node stands, seen from its relative.
+/// Where a new node is placed, relative to another one.
 enum class TreeRelationship : std::int16_t {
     First = 0,     ///< the first of the relative's siblings
     Last = 1,      ///< the last of the relative's siblings
@@ -26,8 +26,8 @@ enum class TreeRelationship : std::int16_t {
 
 class TreeControl;
 
-/// Names one node of a tree, or none. A small value, to be copied. It names its node until the tree is cleared; the use
-/// of one that names no node (any more) throws AutomationError (ObjectNotSet). It must not outlive the tree.
+/// Names one node of a tree, or none. A small value, to be copied. It names its node until the tree is cleared; using
+/// one that names no node, or no longer does, throws AutomationError (ObjectNotSet). It must not outlive the tree.
 class PLANVIEW_EXPORT TreeNode {
 public:
     TreeNode() noexcept = default;
@@ -44,16 +44,17 @@ public:
     [[nodiscard]] const std::string& Image() const;
     [[nodiscard]] const std::string& SelectedImage() const;
 
-    /// Shown faint and struck through, with all that stands below it: it is left out.
+    /// Whether the node is left out: it is shown faint and struck through, with everything below it.
     [[nodiscard]] bool LeftOut() const;
-    /// Belongs to the making of the node: views that show it already are not told.
+    /// Part of making the node: views that already show it are not notified.
     void SetLeftOut(bool leftOut) const;
 
-    /// A node keeps whether it is open while it has no children.
+    /// A node without children keeps this state.
     [[nodiscard]] bool Expanded() const;
     void SetExpanded(bool expanded) const;
     [[nodiscard]] bool Selected() const;
-    /// One node is selected at most: the one before is not any more. Deselecting another node does nothing.
+    /// At most one node is selected: selecting another deselects it. Deselecting a node that is not selected does
+    /// nothing.
     void SetSelected(bool selected) const;
     /// Opens what stands above the node and scrolls to it.
     void EnsureVisible() const;
@@ -63,7 +64,6 @@ public:
     /// The neighbours; a null node where there is none.
     [[nodiscard]] TreeNode Parent() const;
     [[nodiscard]] TreeNode FirstChild() const;
-    [[nodiscard]] TreeNode LastChild() const;
     [[nodiscard]] TreeNode NextSibling() const;
     [[nodiscard]] TreeNode PreviousSibling() const;
     /// How many nodes stand above it.
@@ -108,10 +108,10 @@ private:
 };
 
 /// A tree view as a model without a screen: nodes with a unique key, a text and two image names, open or closed, one of
-/// them selected. Keys are found in constant time; nothing here is recursive, so that a tree may be of any depth.
+/// them selected. Keys are found in constant time; nothing here is recursive, so a tree may have any depth.
 ///
-/// The control changes it through Nodes(); views hear of that as watchers. A view reports what the user does through
-/// the User... methods; the control hears of that through one TreeEvents listener.
+/// The control changes it through Nodes(); views learn of that as watchers. A view reports what the user does through
+/// the User... methods; the control learns of that through one TreeEvents listener.
 class PLANVIEW_EXPORT TreeControl {
 public:
     TreeControl() noexcept : nodes_(*this) {}
@@ -124,20 +124,20 @@ public:
     void ClearSelection();
 
     void SetEvents(TreeEvents* events) noexcept { events_ = events; }
-    /// Several views may show one tree. A watcher may add and remove watchers while it is told of something.
+    /// Several views may show one tree. A watcher may add and remove watchers while it is being notified.
     void AddWatcher(TreeWatcher& watcher) { watchers_.push_back(&watcher); }
     void RemoveWatcher(TreeWatcher& watcher) noexcept { std::erase(watchers_, &watcher); }
 
-    /// Switching it on reports what was not reported yet.
+    /// Switching it on reports what has not been reported yet.
     void SetRedraw(bool on);
     [[nodiscard]] bool RedrawOn() const noexcept { return redraw_; }
 
-    // --- What the user does (called by a view). A node that is there no longer is passed over.
+    // --- What the user does (called by a view). A node that no longer exists is ignored.
 
     void UserExpand(TreeNode node, bool expanded);
     /// Selects the node without a click, as arrow keys do.
     void UserSelect(TreeNode node);
-    /// Selects the node and reports the click. `again`: it was the selected one when the button went down.
+    /// Selects the node and reports the click. `again`: it was already selected when the button went down.
     void UserClick(TreeNode node, bool again);
     void UserDoubleClick(TreeNode node);
     void UserMouseDown(TreeNode node, std::int16_t button, std::int16_t shift);
@@ -149,7 +149,7 @@ public:
     void UserCancelLabelEdit() noexcept { edited_ = TreeNode(); }
     /// The node whose label is being edited; null: none.
     [[nodiscard]] TreeNode EditedNode() const noexcept { return edited_; }
-    /// Passed over where a node is dropped on itself or on one below it.
+    /// Ignored when a node is dropped on itself or on one below it.
     void UserDrop(TreeNode dragged, TreeNode target, TreeDrop place);
     void UserFocus(bool in);
 
@@ -189,7 +189,7 @@ private:
     void EnsureVisible(std::int32_t id);
 
     void NoteReset();
-    /// Tells each watcher that is there now and still is when its turn comes.
+    /// Notifies each current watcher that is still registered when its turn comes.
     template <class What>
     void Tell(What what) {
         const std::vector<TreeWatcher*> told = watchers_;
@@ -202,7 +202,7 @@ private:
 
     TreeNodes nodes_;
     std::vector<Record> records_;
-    NameIndex index_;
+    NameMap index_;
     std::int32_t firstRoot_ = None;
     std::int32_t lastRoot_ = None;
     std::int32_t selected_ = None;

@@ -8,23 +8,23 @@ namespace planview {
 
 class TreeNode;
 
-/// Where a dragged node was let go, seen from the node that it was let go on.
+/// Where a dragged node was dropped, relative to the node it was dropped on.
 enum class TreeDrop : std::uint8_t { Before, After, Below };
 
-/// Hears what changed on screen. Nothing is heard while redraw is off; what happened meanwhile is told once when it is
-/// on again. A watcher reads the tree and does not change it.
+/// Hears what changed on screen. Not called while redraw is off; what happened meanwhile is reported once when it is on
+/// again. A watcher reads the tree and does not change it.
 class TreeWatcher {
 public:
     virtual ~TreeWatcher() = default;
-    /// Nodes came or went: all of the tree is to be read anew.
+    /// Nodes were added or removed: the whole tree must be read again.
     virtual void NodesReset() = 0;
     virtual void TextChanged(TreeNode node) = 0;
-    /// A null node: that of many nodes.
+    /// A null node means many nodes.
     virtual void ExpandedChanged(TreeNode node) = 0;
     virtual void SelectionChanged() = 0;
-    /// The node is to be scrolled to; what stands above it is open already.
+    /// Scroll to the node; its ancestors are already open.
     virtual void ShowNode(TreeNode node) = 0;
-    /// The user is to edit this node's text.
+    /// Let the user edit this node's text.
     virtual void EditLabel(TreeNode node) = 0;
 };
 
@@ -34,7 +34,7 @@ public:
     virtual ~TreeEvents() = default;
     /// Answers whether the user may edit the text.
     virtual bool BeforeLabelEdit(const std::string& key) = 0;
-    /// The node has the new text already, in the place of `before`.
+    /// The node already has the new text instead of `before`.
     virtual void AfterLabelEdit(const std::string& key, const std::string& text, const std::string& before) = 0;
     virtual void Collapse(const std::string& key) = 0;
     virtual void Expand(const std::string& key) = 0;
@@ -43,7 +43,7 @@ public:
     virtual void MouseDown(const std::string& key, std::int16_t button, std::int16_t shift) = 0;
     /// The user asked by key for the menu of the selected node, which may be none.
     virtual void MenuKey(const std::string& key) = 0;
-    /// `again`: the node was the selected one already when it was clicked.
+    /// `again`: the node was already selected when it was clicked.
     virtual void NodeClick(const std::string& key, bool again) = 0;
     /// The user dragged a node to another one. The tree has not moved it.
     virtual void NodeDropped(const std::string& key, const std::string& target, TreeDrop place) = 0;

@@ -116,10 +116,6 @@ TreeNode TreeNode::FirstChild() const {
     return Tree().HandleOf(Tree().At(id_).firstChild);
 }
 
-TreeNode TreeNode::LastChild() const {
-    return Tree().HandleOf(Tree().At(id_).lastChild);
-}
-
 TreeNode TreeNode::NextSibling() const {
     return Tree().HandleOf(Tree().At(id_).next);
 }
@@ -191,7 +187,7 @@ TreeNode TreeNodes::Add(std::string_view relative, TreeRelationship relationship
     added.text = text;
     added.image = image;
     added.selectedImage = selectedImage;
-    tree_.index_.Add(id, [this](std::int32_t other) -> std::string_view { return tree_.At(other).key; });
+    tree_.index_.Add(tree_.At(id).key, id);
     tree_.Link(id, parent, previous);
     tree_.NoteReset();
     return tree_.HandleOf(id);

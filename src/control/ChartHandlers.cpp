@@ -14,9 +14,7 @@ using modPlan::TraceWrite;
 namespace {
 
 constexpr std::string_view ChartLabel = modChart::Label;
-constexpr std::int16_t LeftButton = 1;
 constexpr std::int16_t RightButton = 2;
-constexpr std::int16_t AltKey = 4;
 
 void TraceSource(std::string_view event, const std::string& source) {
     if (TraceEnabled) {
@@ -36,10 +34,7 @@ void ChartHandlers::MouseDown(std::int16_t button, std::int16_t shift, const Cha
         if (TraceEnabled) {
             TraceWrite(ChartLabel, "", "MouseDown", TraceText("{mousebutton:", button, " - shift: ", shift, "}"));
         }
-        context_.chartDragMode.clear();
-        if (button == LeftButton && shift == AltKey) {
-            context_.chartDragMode = "DRAG";
-        } else if (button == RightButton) {
+        if (button == RightButton) {
             ShowPopup(hit);
             context_.runner.Changed();
         }
@@ -99,7 +94,6 @@ void ChartHandlers::Drag(const std::string& source) {
 
 void ChartHandlers::DragDrop(const std::string& source) {
     TraceSource("DragDrop", source);
-    context_.chartDragMode.clear();
 }
 
 void ChartHandlers::GotFocus() {

@@ -40,9 +40,6 @@
 
 namespace planview {
 
-/// What a left press with one of the two special shift states recorded last.
-enum class PressMode : std::int16_t { None = 0, First = 1, Second = 2, Whole = 4 };
-
 /// What the parts of one control share. Each part is handed only what it uses.
 struct ControlContext {
     explicit ControlContext(const Platform& desktop);
@@ -70,7 +67,6 @@ struct ControlContext {
     PaneLayout layout;
     EventSource events;
     modMacro::Tree macroTree{tree, tables, events};
-    PressMode pressMode = PressMode::None;
     /// Set while the control itself changes the grid; keys and popups wait for its end.
     bool busy = false;
     UndoHistory history;
@@ -100,8 +96,6 @@ struct ControlContext {
     TreeHandlers treeHandlers;
     MacroEditor macroEditor;
 
-    /// "DRAG" while the chart itself is being dragged, else empty.
-    std::string chartDragMode;
     /// Shows the popup of the place "CHART", "SERIES" or "TRENDLINE".
     std::function<void(std::string_view place)> showChartPopup;
 

@@ -20,12 +20,7 @@ namespace {
 
 constexpr std::string_view GridControlLabel = "GRIDCTL";
 
-constexpr std::int16_t LeftButton = 1;
 constexpr std::int16_t RightButton = 2;
-// Shift states of a left press that only desktops with more modifier keys report. The Qt layer never does; the mode is
-// kept for a desktop that will, and the pointer stays where the user has it.
-constexpr std::int16_t ShiftState512 = 512;
-constexpr std::int16_t ShiftState2048 = 2048;
 
 std::string KeysText(const CellKey& cell) {
     return TraceText("{cid: ", cell.column, " - rid: ", cell.row, "}").Text();
@@ -122,18 +117,13 @@ void GridHandlers::SimpleClick(const CellKey& cell) {
 
 void GridHandlers::MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) {
     ErrorTrap(GridControlLabel, "OnMouseDown", [&] {
-        const bool firstPress = context_.pressMode == PressMode::None;
         KeepKeys(cell);
         if (TraceEnabled) {
             TraceWrite(GridControlLabel, "", "OnMouseDown",
                        TraceText("{cid: ", cell.column, " - rid: ", cell.row, " - mousebutton: ", button,
                                  " - shift: ", shift, "}"));
         }
-        if (button == LeftButton && shift == ShiftState512) {
-            context_.pressMode = firstPress ? PressMode::First : PressMode::Second;
-        } else if (button == LeftButton && shift == ShiftState2048) {
-            context_.pressMode = PressMode::Whole;
-        } else if (button == RightButton) {
+        if (button == RightButton) {
             context_.menus.Open(cell.column, cell.row, PopupPlace::Mouse);
         }
     });

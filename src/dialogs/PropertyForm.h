@@ -30,9 +30,10 @@ public:
     void cmdOk_Click();
     void cmdCancel_Click();
 
-protected:
     /// The label of the form's own trace entries.
     [[nodiscard]] virtual std::string_view TraceLabel() const noexcept = 0;
+
+protected:
     /// The label of the entries of its buttons: the grid's and the row's dialog share one.
     [[nodiscard]] virtual std::string_view ButtonLabel() const noexcept { return "FRMGRID"; }
     /// Fills the form's lists.

@@ -15,12 +15,17 @@ HostTable::Row CellTable::Find(std::int16_t row, std::int16_t column) {
     if (lookup_ == Lookup::Walk) {
         return FirstMatch(row, column);
     }
-    const HostTable::Row found = index_.Find(row, column);
+    const HostTable::Row found = IndexedRow({row, column});
     if (lookup_ == Lookup::Indexed || (table_.RowCount() == indexedRows_ && (found == 0 || IsAt(found, row, column)))) {
         return found;
     }
     BuildIndex();
-    return index_.Find(row, column);
+    return IndexedRow({row, column});
+}
+
+HostTable::Row CellTable::IndexedRow(CellPlace place) const {
+    const HostTable::Row* const found = index_.Find(place);
+    return found ? *found : HostTable::Row{0};
 }
 
 HostTable::Row CellTable::FirstMatch(std::int16_t row, std::int16_t column) const {
@@ -47,7 +52,7 @@ void CellTable::Add(std::int16_t row, std::int16_t column, const Variant& value)
     table_.Put(tableRow, "C", column);
     table_.Put(tableRow, "V", value);
     if (lookup_ != Lookup::Walk) {
-        index_.Add(row, column, tableRow);
+        index_.Add({row, column}, tableRow);
         indexedRows_ = tableRow;
     }
 }
@@ -55,10 +60,11 @@ void CellTable::Add(std::int16_t row, std::int16_t column, const Variant& value)
 void CellTable::BuildIndex() {
     const int count = table_.RowCount();
     indexedRows_ = count;
-    index_.Reset(static_cast<std::size_t>(count));
+    index_.Clear();
+    index_.Reserve(static_cast<std::size_t>(count));
     for (int i = 1; i <= count; ++i) {
         const auto tableRow = static_cast<HostTable::Row>(i);
-        index_.Add(table_.Int16(tableRow, "Z"), table_.Int16(tableRow, "C"), tableRow);
+        index_.Add({table_.Int16(tableRow, "Z"), table_.Int16(tableRow, "C")}, tableRow);
     }
 }
 

@@ -32,6 +32,7 @@ public:
 
 private:
     void BuildIndex();
+    [[nodiscard]] HostTable::Row IndexedRow(CellPlace place) const;
     [[nodiscard]] HostTable::Row FirstMatch(std::int16_t row, std::int16_t column) const;
     [[nodiscard]] bool IsAt(HostTable::Row tableRow, std::int16_t row, std::int16_t column) const;
 

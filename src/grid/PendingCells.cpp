@@ -51,12 +51,12 @@ std::vector<Cell> PendingCells(const GridControl& grid, const HostTable& tabOld)
     KnownPositions<RowId> rows;
     const int count = tabOld.RowCount();
     CellIndex seen;
-    seen.Reset(static_cast<std::size_t>(count));
+    seen.Reserve(static_cast<std::size_t>(count));
     for (int i = 1; i <= count; ++i) {
         const auto tableRow = static_cast<HostTable::Row>(i);
         const std::int16_t row = tabOld.Int16(tableRow, "Z");
         const std::int16_t column = tabOld.Int16(tableRow, "C");
-        if (!seen.Add(row, column, tableRow)) {
+        if (!seen.Add({row, column}, tableRow)) {
             continue;
         }
         const auto columnId =

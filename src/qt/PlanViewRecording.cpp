@@ -9,7 +9,7 @@
 namespace planview {
 
 void PlanViewWidget::raiseSelected(double percent) {
-    const std::shared_ptr<PlanViewCore> core = state_->core;
+    const std::shared_ptr<DesktopControl> core = state_->core;
     const QPointer<PlanViewWidget> self(this);
     if (finishEditing() && self) {
         core->view.RaiseSelected(percent);
@@ -20,19 +20,19 @@ void PlanViewWidget::raiseSelected(double percent) {
 }
 
 void PlanViewWidget::startRecording() {
-    runCommand(&PlanView::StartRecording, nullptr);
+    state_->runCommand(&PlanView::StartRecording, nullptr);
 }
 
 void PlanViewWidget::pauseRecording() {
-    runCommand(&PlanView::PauseRecording, nullptr);
+    state_->runCommand(&PlanView::PauseRecording, nullptr);
 }
 
 void PlanViewWidget::stopRecording() {
-    runCommand(&PlanView::StopRecording, nullptr);
+    state_->runCommand(&PlanView::StopRecording, nullptr);
 }
 
 void PlanViewWidget::undoRecordedStep() {
-    runCommand(&PlanView::UndoRecordedStep, nullptr);
+    state_->runCommand(&PlanView::UndoRecordedStep, nullptr);
 }
 
 bool PlanViewWidget::isRecording() const {
@@ -48,12 +48,12 @@ int PlanViewWidget::recordedSteps() const {
 }
 
 QString PlanViewWidget::keepRecording(const QString& name, const QString& parentNode) {
-    const std::shared_ptr<PlanViewCore> core = state_->core;
+    const std::shared_ptr<DesktopControl> core = state_->core;
     return QString::fromStdString(core->view.KeepRecording(name.toStdString(), parentNode.toStdString()));
 }
 
 void PlanViewWidget::switchMacroTree() {
-    runCommand(&PlanView::SwitchMacroTree, nullptr);
+    state_->runCommand(&PlanView::SwitchMacroTree, nullptr);
 }
 
 bool PlanViewWidget::macroTreeShown() const {
@@ -61,33 +61,35 @@ bool PlanViewWidget::macroTreeShown() const {
 }
 
 template <class Action>
-MacroResult PlanViewWidget::withMacro(Action&& action) {
-    const std::shared_ptr<PlanViewCore> core = state_->core;
-    const QPointer<PlanViewWidget> self(this);
-    if (!finishEditing() || !self) {
-        return {};
-    }
-    MacroResult result = action(core->view);
-    if (self) {
-        state_->status->gridChanged();
-    }
-    return result;
+MacroResult PlanViewWidget::State::withMacro(Action&& action) {
+    return guard.run("Macro", [&]() -> MacroResult {
+        PlanView& view = core->view;
+        const QPointer<PlanViewWidget> self(&widget);
+        if (!widget.finishEditing() || !self) {
+            return {};
+        }
+        MacroResult result = action(view);
+        if (self) {
+            status->gridChanged();
+        }
+        return result;
+    });
 }
 
 MacroResult PlanViewWidget::replayMacro(const QString& nodeKey, bool onSelectedLine) {
-    return withMacro([&](PlanView& view) { return view.ReplayMacro(nodeKey.toStdString(), onSelectedLine); });
+    return state_->withMacro([&](PlanView& view) { return view.ReplayMacro(nodeKey.toStdString(), onSelectedLine); });
 }
 
 MacroResult PlanViewWidget::runMacro(const QString& nodeKey, bool onSelectedLine) {
-    return withMacro([&](PlanView& view) { return view.RunMacro(nodeKey.toStdString(), onSelectedLine); });
+    return state_->withMacro([&](PlanView& view) { return view.RunMacro(nodeKey.toStdString(), onSelectedLine); });
 }
 
 MacroResult PlanViewWidget::checkMacro(const QString& nodeKey) {
-    return withMacro([&](PlanView& view) { return view.CheckMacro(nodeKey.toStdString()); });
+    return state_->withMacro([&](PlanView& view) { return view.CheckMacro(nodeKey.toStdString()); });
 }
 
 void PlanViewWidget::moveMacroNode(const QString& nodeKey, const QString& target, short action) {
-    const std::shared_ptr<PlanViewCore> core = state_->core;
+    const std::shared_ptr<DesktopControl> core = state_->core;
     core->view.MoveMacroNode(nodeKey.toStdString(), target.toStdString(), action);
 }
 

@@ -6,15 +6,15 @@
 namespace planview {
 
 void PlanViewWidget::download() {
-    runCommand(&PlanView::Download, nullptr);
+    state_->runCommand(&PlanView::Download, nullptr);
 }
 
 void PlanViewWidget::upload() {
-    runCommand(&PlanView::Upload, nullptr);
+    state_->runCommand(&PlanView::Upload, nullptr);
 }
 
 QString PlanViewWidget::downloadTo(const QString& path) {
-    const std::shared_ptr<PlanViewCore> core = state_->core;
+    const std::shared_ptr<DesktopControl> core = state_->core;
     if (!finishEditing()) {
         return tr("The cell that is being edited holds no valid value. Mend it, then try again.");
     }
@@ -22,7 +22,7 @@ QString PlanViewWidget::downloadTo(const QString& path) {
 }
 
 UploadPreview PlanViewWidget::previewUpload(const QString& path) {
-    const std::shared_ptr<PlanViewCore> core = state_->core;
+    const std::shared_ptr<DesktopControl> core = state_->core;
     if (!finishEditing()) {
         UploadPreview preview;
         preview.file = path.toStdString();
@@ -34,7 +34,7 @@ UploadPreview PlanViewWidget::previewUpload(const QString& path) {
 }
 
 UploadResult PlanViewWidget::applyUpload(const UploadPreview& preview) {
-    const std::shared_ptr<PlanViewCore> core = state_->core;
+    const std::shared_ptr<DesktopControl> core = state_->core;
     const QPointer<PlanViewWidget> self(this);
     const UploadResult result = core->view.ApplyUpload(preview);
     if (self) {

@@ -5,6 +5,7 @@
 
 #include <planview/qt/PlanViewWidget.h>
 
+#include "qt/EntryGuard.h"
 #include "qt/SignalSink.h"
 #include "qt/StatusInfo.h"
 #include "qt/chart/ChartView.h"
@@ -25,8 +26,8 @@
 namespace planview {
 
 /// The control with the desktop that it runs on. Outlives its widget while one of its members is being called.
-struct PlanViewCore {
-    PlanViewCore(PlanViewWidget& widget, const PlatformOverrides& overrides);
+struct DesktopControl {
+    DesktopControl(PlanViewWidget& widget, const PlatformOverrides& overrides);
 
     QtMessageBoxes messageBoxes;
     QtForms forms;
@@ -40,8 +41,30 @@ struct PlanViewCore {
     PlanView view;
 };
 
+/// What the widget keeps, and what it does beside its public members.
 struct PlanViewWidget::State {
-    std::shared_ptr<PlanViewCore> core;
+    State(PlanViewWidget& owner, const PlatformOverrides& platform)
+        : widget(owner), core(std::make_shared<DesktopControl>(owner, platform)), guard("USERCONTROL", core) {}
+
+    /// Calls a member; the control lives on until the call is over, even when the widget is deleted meanwhile.
+    template <class Member>
+    auto call(Member&& member) {
+        const std::shared_ptr<DesktopControl> alive = core;
+        return member(alive->view);
+    }
+    /// Ends an entry that is open, then runs the action on the control.
+    template <class Action>
+    MacroResult withMacro(Action&& action);
+    /// What is brought into sight after a command.
+    enum class Sight { Unchanged, CurrentCell };
+    /// Runs the command on the control, or on the text of an entry that is open where `inEditor` knows how.
+    void runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&), Sight sight = Sight::Unchanged);
+    void applyTheme();
+    void focusMoved(const QWidget* to);
+
+    PlanViewWidget& widget;
+    const std::shared_ptr<DesktopControl> core;
+    const EntryGuard guard;
     PaneHost* panes = nullptr;  // children of the widget
     GridView* grid = nullptr;
     ChartView* chart = nullptr;

@@ -29,19 +29,19 @@ Interface& chosen(Interface* override, Interface& own) {
     return override ? *override : own;
 }
 
-/// With grouped digits and no more decimals than are worth reading; the empty text for what is no finite number.
+/// With grouped digits and no more decimals than are worth reading; empty for what is not a finite number.
 QString shownNumber(double value) {
     static const std::optional<NumberFormat> Format = NumberFormat::Parse("#,##0.##");
     std::string text = Format->Format(value);
     if (text.ends_with(GridDecimalMark)) {
-        text.pop_back();  // a number code shows its mark in front of no decimals, too
+        text.pop_back();  // a number code shows its decimal mark even without decimals
     }
     return QString::fromStdString(text);
 }
 
 }  // namespace
 
-PlanViewCore::PlanViewCore(PlanViewWidget& widget, const PlatformOverrides& overrides)
+DesktopControl::DesktopControl(PlanViewWidget& widget, const PlatformOverrides& overrides)
     : messageBoxes(widget),
       forms(widget),
       popups(widget),
@@ -59,10 +59,9 @@ PlanViewCore::PlanViewCore(PlanViewWidget& widget, const PlatformOverrides& over
 PlanViewWidget::PlanViewWidget(QWidget* parent) : PlanViewWidget(PlatformOverrides(), parent) {}
 
 PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* parent)
-    : QWidget(parent), state_(std::make_unique<State>()) {
+    : QWidget(parent), state_(std::make_unique<State>(*this, platform)) {
     qRegisterMetaType<ObjectRef>("planview::ObjectRef");
     qRegisterMetaType<MacroResult>("planview::MacroResult");
-    state_->core = std::make_shared<PlanViewCore>(*this, platform);
     state_->grid = new GridView(state_->core->view.Grid(), state_->core);
     state_->core->popups.setGrid(state_->grid);
     state_->chart = new ChartView(state_->core->view.Chart(), state_->core);
@@ -80,7 +79,7 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(state_->panes);
     setFocusProxy(state_->grid);
-    state_->status = new StatusInfo(*this, state_->core->view, *state_->grid);
+    state_->status = new StatusInfo(*this, state_->core->view, *state_->grid, state_->guard);
     state_->core->view.SetBulkListener([this](bool running) {
         state_->announcesSeveral = running;
         if (!running) {
@@ -99,15 +98,16 @@ PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* paren
     connect(this, &PlanViewWidget::GridValueChanged, state_->status, valuesChanged);
     connect(this, &PlanViewWidget::GridStartUpdate, state_->status, valuesChanged);
     connect(state_->grid, &GridView::textScaleChanged, this, &PlanViewWidget::textScaleChanged);
-    connect(qApp, &QApplication::focusChanged, this, &PlanViewWidget::focusMoved);
-    applyTheme();
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](const QWidget* /*from*/, const QWidget* to) { state_->focusMoved(to); });
+    state_->applyTheme();
 }
 
 PlanViewWidget::~PlanViewWidget() {
     disconnect(qApp, nullptr, this, nullptr);
     delete state_->status;
     delete state_->panes;
-    // The control itself may have to wait for a member that is being called; its work ends here.
+    // The control outlives the widget while one of its members is being called; its work ends here.
     state_->core->view.SetBulkListener({});
     state_->core->view.SetHintListener({});
     state_->core->view.SetRecordingListener({});
@@ -134,16 +134,16 @@ void PlanViewWidget::setColorScheme(ColorScheme scheme) {
         return;
     }
     state_->colorScheme = scheme;
-    applyTheme();
+    state_->applyTheme();
     Q_EMIT colorSchemeChanged(scheme);
 }
 
-void PlanViewWidget::applyTheme() {
-    const GridTheme& theme = state_->colorScheme == ColorScheme::System  ? GridTheme::forPalette(palette())
-                             : state_->colorScheme == ColorScheme::Light ? GridTheme::light()
-                                                                         : GridTheme::darkTheme();
-    state_->panes->setTheme(theme);
-    state_->core->forms.setTheme(theme);
+void PlanViewWidget::State::applyTheme() {
+    const GridTheme& theme = colorScheme == ColorScheme::System  ? GridTheme::forPalette(widget.palette())
+                             : colorScheme == ColorScheme::Light ? GridTheme::light()
+                                                                 : GridTheme::darkTheme();
+    panes->setTheme(theme);
+    core->forms.setTheme(theme);
 }
 
 double PlanViewWidget::textScale() const {
@@ -185,25 +185,27 @@ QSize PlanViewWidget::minimumSizeHint() const {
 
 // --- Commands
 
-void PlanViewWidget::runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&), Sight sight) {
-    GridEditor& editor = state_->grid->editor();
+void PlanViewWidget::State::runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&), Sight sight) {
+    GridEditor& editor = grid->editor();
     if (editor.isOpen() && inEditor) {
         inEditor(*editor.line());
         return;
     }
-    const std::shared_ptr<PlanViewCore> core = state_->core;
-    const QPointer<PlanViewWidget> self(this);
-    if (finishEditing() && self) {
-        (core->view.*command)();
-    }
-    if (!self) {
-        return;
-    }
-    const std::optional<Cell> current = core->view.Grid().CurrentCell();
-    if (sight == Sight::CurrentCell && current) {
-        state_->grid->ensureVisible(*current);
-    }
-    state_->status->gridChanged();
+    guard.run("Command", [&] {
+        PlanView& view = core->view;
+        const QPointer<PlanViewWidget> self(&widget);
+        if (widget.finishEditing() && self) {
+            (view.*command)();
+        }
+        if (!self) {
+            return;
+        }
+        const std::optional<Cell> current = view.Grid().CurrentCell();
+        if (sight == Sight::CurrentCell && current) {
+            grid->ensureVisible(*current);
+        }
+        status->gridChanged();
+    });
 }
 
 bool PlanViewWidget::canUndo() const {
@@ -215,13 +217,13 @@ bool PlanViewWidget::canRedo() const {
 }
 
 void PlanViewWidget::undo() {
-    runCommand(
-        &PlanView::Undo, [](QLineEdit& line) { line.undo(); }, Sight::CurrentCell);
+    state_->runCommand(
+        &PlanView::Undo, [](QLineEdit& line) { line.undo(); }, State::Sight::CurrentCell);
 }
 
 void PlanViewWidget::redo() {
-    runCommand(
-        &PlanView::Redo, [](QLineEdit& line) { line.redo(); }, Sight::CurrentCell);
+    state_->runCommand(
+        &PlanView::Redo, [](QLineEdit& line) { line.redo(); }, State::Sight::CurrentCell);
 }
 
 void PlanViewWidget::keyPressEvent(QKeyEvent* event) {
@@ -238,43 +240,43 @@ void PlanViewWidget::keyPressEvent(QKeyEvent* event) {
 }
 
 void PlanViewWidget::copy() {
-    runCommand(&PlanView::Copy, [](QLineEdit& line) { line.copy(); });
+    state_->runCommand(&PlanView::Copy, [](QLineEdit& line) { line.copy(); });
 }
 
 void PlanViewWidget::cut() {
-    runCommand(&PlanView::Cut, [](QLineEdit& line) { line.cut(); });
+    state_->runCommand(&PlanView::Cut, [](QLineEdit& line) { line.cut(); });
 }
 
 void PlanViewWidget::paste() {
-    runCommand(&PlanView::Paste, [](QLineEdit& line) { line.paste(); });
+    state_->runCommand(&PlanView::Paste, [](QLineEdit& line) { line.paste(); });
 }
 
 void PlanViewWidget::fill() {
-    runCommand(&PlanView::Fill, nullptr);
+    state_->runCommand(&PlanView::Fill, nullptr);
 }
 
 void PlanViewWidget::deleteContents() {
-    runCommand(&PlanView::Delete, nullptr);
+    state_->runCommand(&PlanView::Delete, nullptr);
 }
 
 void PlanViewWidget::hideColumns() {
-    runCommand(&PlanView::HideColumns, nullptr);
+    state_->runCommand(&PlanView::HideColumns, nullptr);
 }
 
 void PlanViewWidget::showColumns() {
-    runCommand(&PlanView::ShowColumns, nullptr);
+    state_->runCommand(&PlanView::ShowColumns, nullptr);
 }
 
 void PlanViewWidget::hideRows() {
-    runCommand(&PlanView::HideRows, nullptr);
+    state_->runCommand(&PlanView::HideRows, nullptr);
 }
 
 void PlanViewWidget::showRows() {
-    runCommand(&PlanView::ShowRows, nullptr);
+    state_->runCommand(&PlanView::ShowRows, nullptr);
 }
 
 void PlanViewWidget::switchChart() {
-    runCommand(&PlanView::SwitchChart, nullptr);
+    state_->runCommand(&PlanView::SwitchChart, nullptr);
 }
 
 bool PlanViewWidget::chartShown() const {
@@ -282,15 +284,15 @@ bool PlanViewWidget::chartShown() const {
 }
 
 void PlanViewWidget::showSelectedColumnsInChart() {
-    runCommand(&PlanView::ShowSelectedColumnsInChart, nullptr);
+    state_->runCommand(&PlanView::ShowSelectedColumnsInChart, nullptr);
 }
 
 void PlanViewWidget::showSelectedRowsInChart() {
-    runCommand(&PlanView::ShowSelectedRowsInChart, nullptr);
+    state_->runCommand(&PlanView::ShowSelectedRowsInChart, nullptr);
 }
 
 void PlanViewWidget::leaveForecastView() {
-    runCommand(&PlanView::LeaveForecastView, nullptr);
+    state_->runCommand(&PlanView::LeaveForecastView, nullptr);
 }
 
 bool PlanViewWidget::isReadOnly() const {
@@ -306,7 +308,7 @@ bool PlanViewWidget::finishEditing() {
 }
 
 bool PlanViewWidget::selectCell(const QString& column, const QString& row) {
-    const std::shared_ptr<PlanViewCore> core = state_->core;
+    const std::shared_ptr<DesktopControl> core = state_->core;
     const QPointer<PlanViewWidget> self(this);
     if (!finishEditing() || !self) {
         return false;
@@ -376,28 +378,30 @@ void PlanViewWidget::refreshPendingChanges() {
 void PlanViewWidget::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        applyTheme();
+        state_->guard.run("PaletteChange", [this] { state_->applyTheme(); });
     }
 }
 
 void PlanViewWidget::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    control().Resize(event->size().width(), event->size().height());
+    state_->guard.run("Resize", [&] { control().Resize(event->size().width(), event->size().height()); });
 }
 
-void PlanViewWidget::focusMoved(QWidget* /*from*/, QWidget* to) {
-    const bool inside = to && (to == this || isAncestorOf(to));
-    if (inside == state_->hasFocus) {
+void PlanViewWidget::State::focusMoved(const QWidget* to) {
+    const bool inside = to && (to == &widget || widget.isAncestorOf(to));
+    if (inside == hasFocus) {
         return;
     }
-    state_->hasFocus = inside;
-    if (inside) {
-        control().EnterFocus();
-        control().GotFocus();
-    } else {
-        control().LostFocus();
-        control().ExitFocus();
-    }
+    hasFocus = inside;
+    guard.run("FocusChanged", [&view = core->view, inside] {
+        if (inside) {
+            view.EnterFocus();
+            view.GotFocus();
+        } else {
+            view.LostFocus();
+            view.ExitFocus();
+        }
+    });
 }
 
 }  // namespace planview

@@ -12,11 +12,11 @@
 
 namespace planview {
 
-StatusInfo::StatusInfo(PlanViewWidget& widget, PlanView& view, GridView& grid)
-    : QObject(&widget), widget_(widget), view_(view), grid_(grid), soon_(new QTimer(this)) {
+StatusInfo::StatusInfo(PlanViewWidget& widget, PlanView& view, GridView& grid, const EntryGuard& guard)
+    : QObject(&widget), guard_(guard), widget_(widget), view_(view), grid_(grid), soon_(new QTimer(this)) {
     soon_->setSingleShot(true);
     soon_->setInterval(0);
-    connect(soon_, &QTimer::timeout, this, &StatusInfo::update);
+    guard_.connect(soon_, &QTimer::timeout, this, "UpdateStatus", [this] { update(); });
     connect(&grid_, &GridView::gridChanged, this, &StatusInfo::gridChanged);
 }
 

@@ -7,6 +7,7 @@
 #include <planview/PlanView.h>
 
 #include "grid/SelectionSummary.h"
+#include "qt/EntryGuard.h"
 
 class QTimer;
 
@@ -16,12 +17,12 @@ class GridView;
 class PlanViewWidget;
 
 /// Keeps what the widget tells its host of the selection, the pending changes and the undo history. Brings it up to
-/// date once per turn of the event loop, however much has changed in it.
+/// date once per turn of the event loop, however much has changed.
 class StatusInfo final : public QObject {
     Q_OBJECT
 
 public:
-    StatusInfo(PlanViewWidget& widget, PlanView& view, GridView& grid);
+    StatusInfo(PlanViewWidget& widget, PlanView& view, GridView& grid, const EntryGuard& guard);
 
     [[nodiscard]] const SelectionSummary& summary() const { return summary_; }
     [[nodiscard]] const QString& cellName() const { return cellName_; }
@@ -30,7 +31,7 @@ public:
     /// The control has changed values or announced that tables changed.
     void valuesChanged();
     void gridChanged();
-    /// Does at once what is still to be done.
+    /// Does what is pending at once.
     void update();
 
 private:
@@ -38,6 +39,7 @@ private:
     void updateSummary();
     void updateHistory();
 
+    EntryGuard guard_;
     PlanViewWidget& widget_;
     PlanView& view_;
     GridView& grid_;

@@ -7,7 +7,7 @@
 
 namespace planview {
 
-/// Empty becomes an invalid QVariant, Nothing a null ObjectRef, a 16-bit number a short, a text a QString.
+/// Empty becomes an invalid QVariant, Nothing a null ObjectRef, a 16-bit number a short and a text a QString.
 [[nodiscard]] QVariant toQVariant(const Variant& value);
 
 /// Whole numbers become the smallest kind that holds them, or a double beyond 32 bits. What is neither a number, a

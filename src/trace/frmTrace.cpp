@@ -95,11 +95,6 @@ void frmTrace::mnuTrac_Click(int index) {
 void frmTrace::ToggleOnTop() {
     bool& checked = mnuTrac[0].Checked;
     checked = !checked;
-    ResumeNext([&] {
-        if (PlaceOnTop) {
-            PlaceOnTop(checked);
-        }
-    });
     TraceWrite(TraceLabel, "", "Always on top", checked ? "{Enabled}" : "{Disabled}");
 }
 

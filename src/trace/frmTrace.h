@@ -2,7 +2,6 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -61,9 +60,6 @@ public:
     void mnuTrac_Click(int index);
     /// Fits the list into the form, whose size is in twips. A width that leaves nothing is taken, a height is not.
     void Form_Resize(int width, int height) noexcept;
-
-    /// Places the window above all others, or among them again. Set by the window while there is one.
-    std::function<void(bool)> PlaceOnTop;
 
     /// What the menu works with while the window is shown; null while it is not. Answers what was set before.
     std::shared_ptr<const Platform> SetPlatform(std::shared_ptr<const Platform> platform) noexcept;

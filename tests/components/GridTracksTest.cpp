@@ -37,6 +37,28 @@ FBR1 |                |                      | end
 )");
 }
 
+TEST_F(GridTracksTest, AnIdFromBeforeARebuildReadsAsNothing) {
+    SetCell({"COL3", "ROW3"}, GridAttribute::Contents, "1");
+    const Cell gone = At({"COL3", "ROW3"});
+    grid_.SelectCell(gone, SelectionMode::Replace);
+    grid_.PressColumnBorder(gone.column, false);
+    grid_.Destroy(false);
+    grid_.CreateLabelled(false);
+    grid_.CreateColumn("COL1", 0, false);
+    grid_.CreateRow("ROW1", 0, false);
+    EXPECT_EQ(grid_.Column(gone.column).key, "");
+    EXPECT_TRUE(grid_.Column(gone.column).hidden);
+    EXPECT_TRUE(grid_.Row(gone.row).hidden);
+    EXPECT_EQ(grid_.KeyOf(gone), CellKey());
+    EXPECT_EQ(grid_.OrderOf(gone.column), -1);
+    EXPECT_EQ(grid_.DisplayText(gone), "");
+    EXPECT_FALSE(grid_.Selection().HasCell(gone, grid_.OrderOf(gone.column), grid_.OrderOf(gone.row)));
+    EXPECT_EQ(Current(), (CellKey{"COL1", "ROW1"}));
+    EXPECT_EQ(grid_.SelectCell(gone, SelectionMode::Extend), GridStatus::UnknownColumn);
+    EXPECT_EQ(grid_.EnterText(gone, "2"), GridStatus::UnknownColumn);
+    EXPECT_EQ(grid_.DragBorder(50), GridStatus::NoRegisterPress);
+}
+
 TEST_F(GridTracksTest, MovesWithContentsAndAttributes) {
     SetCell({"COL1", "ROW1"}, GridAttribute::Contents, "a");
     SetCell({"COL2", "ROW1"}, GridAttribute::Contents, "b");

@@ -30,6 +30,15 @@ class HeadingsTest : public QObject {
         screen.set({}, GridAttribute::MovePermission, std::int16_t{on});
         screen.set({}, GridAttribute::DragDrop, std::int16_t{on});
     }
+    static void buildAnew(Screen& screen, const std::vector<std::string>& columns) {
+        Screen::require(screen.grid().Destroy(false));
+        Screen::require(screen.grid().CreateLabelled(false));
+        Screen::require(screen.grid().CreateRow("ROW1", 0, false));
+        for (const std::string& column : columns) {
+            Screen::require(screen.grid().CreateColumn(column, 0, false));
+        }
+        screen.grid().Redraw();
+    }
     static void click(Screen& screen, const QString& key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::mouseClick(screen.port(), Qt::LeftButton, modifiers, heading(screen, key));
     }
@@ -109,6 +118,55 @@ private slots:
         click(screen, QStringLiteral("COL2"), Qt::ControlModifier);
         click(screen, QStringLiteral("COL1"));
         QVERIFY2(!screen.isSelected("COL2", ""), "a click on a selected heading selects it alone");
+    }
+
+    void theHostMayBuildTheGridAnewDuringADrag_data() {
+        QTest::addColumn<QString>("selected");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("to");
+        QTest::newRow("the moved column is gone") << "COL5"
+                                                  << "COL5"
+                                                  << "COL2";
+        QTest::newRow("the gap is gone") << "COL1"
+                                         << "COL1"
+                                         << "COL5";
+        QTest::newRow("selecting headings") << ""
+                                            << "COL5"
+                                            << "COL4";
+        QTest::newRow("selecting cells") << ""
+                                         << "ROW9"
+                                         << "ROW8";
+    }
+    void theHostMayBuildTheGridAnewDuringADrag() {
+        QFETCH(QString, selected);
+        QFETCH(QString, from);
+        QFETCH(QString, to);
+        Screen screen;
+        allowMoving(screen, true);
+        if (!selected.isEmpty()) {
+            click(screen, selected);
+        }
+        const QPoint start = heading(screen, from);
+        const QPoint end = heading(screen, to) + QPoint(-10, -4);
+        QTest::mousePress(screen.port(), Qt::LeftButton, Qt::NoModifier, start);
+        moveMouse(screen.port(), (start + end) / 2, Qt::LeftButton);
+        moveMouse(screen.port(), end, Qt::LeftButton);
+        buildAnew(screen, {"COL1", "COL2"});
+        moveMouse(screen.port(), end + QPoint(1, 1), Qt::LeftButton);
+        QTest::mouseRelease(screen.port(), Qt::LeftButton, Qt::NoModifier, end);
+        QCOMPARE(order(screen, true), QStringLiteral("1 2"));
+        click(screen, QStringLiteral("COL2"));
+        QVERIFY(screen.isSelected("COL2", ""));
+    }
+
+    void aClickIsAboutTheCellWithItsKeys() {
+        Screen screen;
+        const QPoint place = screen.middle(screen.cell(2, 1));
+        QTest::mousePress(screen.port(), Qt::LeftButton, Qt::NoModifier, place);
+        buildAnew(screen, {"COL2", "COL1"});
+        screen.log().actions.clear();
+        QTest::mouseRelease(screen.port(), Qt::LeftButton, Qt::NoModifier, place);
+        QCOMPARE(screen.log().actions, (std::vector<std::string>{"SimpleClick COL2/ROW1"}));
     }
 
     void aDoubleClickOnABorderFitsTheContents() {

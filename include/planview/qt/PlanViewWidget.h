@@ -356,19 +356,6 @@ protected:
 
 private:
     struct State;
-
-    /// Calls a member; the control lives on until the call is over, even when the widget is deleted meanwhile.
-    template <class Member>
-    auto call(Member&& member);
-    /// Ends an entry that is open, then runs the action on the control.
-    template <class Action>
-    MacroResult withMacro(Action&& action);
-    void applyTheme();
-    void focusMoved(QWidget* from, QWidget* to);
-    /// What is brought into sight after a command.
-    enum class Sight { Unchanged, CurrentCell };
-    void runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&), Sight sight = Sight::Unchanged);
-
     std::unique_ptr<State> state_;
 };
 

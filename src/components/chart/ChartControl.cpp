@@ -66,7 +66,7 @@ void ChartControl::CopyPicture() const {
     }
 }
 
-// The listener may end the chart: the model is kept while it is told.
+// The listener may destroy the chart: the model is kept alive meanwhile.
 
 void ChartControl::UserPressed(std::int16_t button, std::int16_t shift, const ChartHit& hit) {
     const std::shared_ptr<ChartModel> model = model_;

@@ -37,7 +37,7 @@ public:
     virtual void LostFocus() = 0;
     /// Asked before a point is dragged; series and category from 1.
     [[nodiscard]] virtual bool PointMayChange(int series, int category) = 0;
-    /// The user gave a point another value. The chart still shows the old one; whoever fills it fills it anew.
+    /// The user gave a point another value. The chart still shows the old one; whoever fills it refills it.
     virtual void PointValueChanged(int series, int category, double value) = 0;
 };
 
@@ -85,8 +85,8 @@ public:
     // --- What the user does in a view -------------------------------------------------------------------------------
 
     void UserPressed(std::int16_t button, std::int16_t shift, const ChartHit& hit);
-    /// Selects what was hit and tells the listener; nothing while "AllowSelect" is off, nor of a series that has gone
-    /// meanwhile.
+    /// Selects what was hit and tells the listener; does nothing while "AllowSelect" is off or if the series no longer
+    /// exists.
     void UserSelected(const ChartHit& hit);
     [[nodiscard]] bool UserMayChange(int series, int category);
     void UserChangedPoint(int series, int category, double value);

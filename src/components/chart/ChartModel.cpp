@@ -10,7 +10,7 @@ namespace planview {
 
 namespace {
 
-/// More values than this are a slip of whoever asks for them, not a chart.
+/// More values than this are a mistake of the caller, not a chart.
 constexpr std::int64_t MaxValues = 20'000'000;
 
 }  // namespace

@@ -39,7 +39,7 @@ struct ChartModel {
     /// `number` from 1; throws SubscriptOutOfRange.
     [[nodiscard]] ChartSeries& SeriesAt(std::int32_t number);
 
-    /// Ends all series and categories; what was remembered by key stays.
+    /// Removes all series and categories; what was remembered by key stays.
     void DeleteContents();
     void CreateDataRows(std::int32_t categories, std::int32_t series, std::int16_t dataRows);
     /// The series take the looks of their keys; see ChartControl::NameSeries().

@@ -27,7 +27,7 @@ struct ChartRect {
 };
 
 /// Where everything of a chart stands inside a plot area, in the units and the direction (y downwards) of that area.
-/// Worked out once for a state, a rectangle and a scale; what a painter draws is what a click hits.
+/// Computed once for a state, a rectangle and a scale; what a painter draws is what a click hits.
 ///
 /// Series and categories are numbered from 1 here, as in ChartHit.
 class PLANVIEW_EXPORT ChartPlot {

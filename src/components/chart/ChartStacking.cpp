@@ -11,10 +11,10 @@ namespace planview {
 
 namespace {
 
-/// A sum of doubles in here neither overflows nor loses what matters of them.
+/// A sum in this type neither overflows nor loses the significant digits of its doubles.
 using Sum = long double;
 
-/// Shares come near 1 only with values that have no end; this is as near as the user can drag one.
+/// A share approaches 1 only as its value grows without bound; this is as near as the user can drag it.
 constexpr double LargestShare = 0.999;
 
 constexpr std::size_t StackKinds = 4;

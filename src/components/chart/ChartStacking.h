@@ -38,7 +38,7 @@ struct ChartStack {
 /// The own value that a series must have in a category (both from 0) so that its span ends at `to`, in the units of its
 /// axis: for the user who drags a point of a stack. The other series stay as they are. Where no value gives that end,
 /// the nearest that does; the value it has where its share is the same for all: without other values, or as the last of
-/// its category. A share can come up to 99.9 %, since all of it would need a value without end.
+/// its category. A share can come up to 99.9 %, since all of it would need an infinite value.
 [[nodiscard]] PLANVIEW_EXPORT double OwnValueFor(const ChartState& state, int series, int category, double to);
 
 }  // namespace planview

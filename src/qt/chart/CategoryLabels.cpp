@@ -19,7 +19,7 @@ constexpr double Distance = 10;
 constexpr double LongestText = 150;
 constexpr double Slanted = 45;
 constexpr double Vertical = 90;
-/// Lines that stand side by side under an angle need more than their height.
+/// Slanted lines side by side need more than their height.
 constexpr double SlantedPitch = 1.5;
 constexpr double VerticalPitch = 1.1;
 /// A text is shortened no further than to this many of its line's heights.

@@ -30,7 +30,6 @@ public:
     void place(const ChartPlot& plot);
     void paint(QPainter& painter, QRgb color) const;
 
-    [[nodiscard]] bool isTurned() const { return angle_ != 0; }
     struct Label {
         int category = 0;
         QString text;

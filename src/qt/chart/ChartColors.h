@@ -8,8 +8,7 @@
 
 namespace planview {
 
-/// A mark's colour as it is to be seen on a ground: as it is, or lightened step by step on a dark ground where it would
-/// not stand out.
+/// A mark's colour on a background: unchanged, or lightened step by step where it would not stand out on a dark one.
 [[nodiscard]] QRgb markColor(ChartColor color, QRgb ground);
 
 /// The colours of a chart in a theme.
@@ -48,7 +47,7 @@ private:
     [[nodiscard]] QRgb paletteColor(int index, QRgb own) const;
 
     const ChartState& state_;
-    const GridTheme& theme_;
+    GridTheme theme_;
     QRgb ground_;
     QRgb plot_;
     QRgb legend_;

@@ -23,7 +23,7 @@ constexpr double MarkPitch = 2.6;
 constexpr double SmallestPlot = 16;
 constexpr double DeepestLabels = 0.34;
 constexpr double WidestMarks = 0.4;
-/// Label widths and plot sizes follow from each other; they agree after few rounds.
+/// Label widths and plot sizes depend on each other; they settle after a few rounds.
 constexpr int MostRounds = 3;
 
 QFont fontOf(const ChartScene& scene, const ChartFont& wanted, double usual, bool bold) {

@@ -15,8 +15,8 @@
 
 namespace planview {
 
-/// Where the parts of a chart stand in its area: title, legend, axes and what is left for the plot. Worked out once for
-/// a scene, which must outlive it.
+/// Where the parts of a chart stand in its area: title, legend, axes and what is left for the plot. Computed once for a
+/// scene, which must outlive it.
 class ChartLayout {
 public:
     explicit ChartLayout(const ChartScene& scene);

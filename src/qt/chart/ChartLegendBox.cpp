@@ -23,9 +23,9 @@ constexpr double SwatchGap = 7;
 constexpr double EntryGap = 14;
 constexpr double RowGap = 8;
 constexpr double TightRowGap = 2;
-/// An entry is no wider, in logical pixels; its bubble has all of its text.
+/// The greatest width of an entry, in logical pixels; its bubble has the whole text.
 constexpr double WidestEntry = 240;
-/// The parts of the chart that a legend takes at most.
+/// The largest share of the chart that a legend takes.
 constexpr double WidestPart = 0.34;
 constexpr double HighestPart = 0.3;
 /// What must remain beside the legend.

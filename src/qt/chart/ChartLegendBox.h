@@ -35,7 +35,7 @@ public:
 
     /// `plot` knows which trend lines there are.
     void collect(const ChartPlot& plot);
-    /// Takes its part of what is left of the area, which becomes smaller; takes nothing where too little would remain.
+    /// Takes its part of the remaining area, which shrinks; takes nothing if too little would remain.
     void takeFrom(QRectF& area);
     /// A legend at the side begins beside the plot.
     void alignTop(double y);

@@ -15,7 +15,7 @@ constexpr double TrendWidthPart = 0.85;
 
 }  // namespace
 
-// Caps are square: segments with round ones are painted by a way of Qt's raster engine that is many times slower.
+// Caps are square: Qt's raster engine paints segments with round ones many times more slowly.
 QPen linePen(const ChartScene& scene, QRgb color, double width) {
     return {QColor::fromRgb(color), scene.pixels(width), Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin};
 }

@@ -22,7 +22,7 @@ QString grouped(double value, const char* code) {
     const std::optional<NumberFormat> format = NumberFormat::Parse(code);
     std::string text = format->Format(value);
     if (text.ends_with(GridDecimalMark)) {
-        text.pop_back();  // a number code shows its mark in front of no decimals, too
+        text.pop_back();  // a number code shows its decimal mark even without decimals
     }
     return QString::fromStdString(text);
 }

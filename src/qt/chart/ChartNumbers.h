@@ -8,9 +8,9 @@
 
 namespace planview {
 
-/// A value as the series' number code writes it, else with its digits in groups.
+/// A value as the series' number code writes it, otherwise with grouped digits.
 [[nodiscard]] QString valueText(const ChartSeries& series, double value);
-/// With its sign in any case.
+/// Always with its sign.
 [[nodiscard]] QString differenceText(const ChartSeries& series, double difference);
 [[nodiscard]] QString shareText(double share, int decimals);
 /// A limit of the value axis.

@@ -17,7 +17,7 @@ namespace planview {
 /// A chart for others to see: a picture or a file, without the marks of what is selected.
 struct ChartPicture {
     const ChartState& state;
-    const GridTheme& theme;
+    GridTheme theme;
     QFont family;
     double scale = 1.0;  ///< of texts
 

@@ -10,11 +10,11 @@
 
 namespace planview {
 
-/// All that a picture of the chart is made from; no widget among it, so that screen, clipboard and files share the
+/// All that a picture of the chart is made from. No widget is involved, so that screen, clipboard and files share the
 /// painter. Lengths are in logical pixels.
 struct ChartScene {
     const ChartState& state;
-    const GridTheme& theme;
+    GridTheme theme;
     QFont family;        ///< as the surrounding widgets use it
     double scale = 1.0;  ///< of texts and marks
     QRectF area;

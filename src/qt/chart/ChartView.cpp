@@ -9,6 +9,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
 #include <utility>
@@ -33,10 +34,8 @@ QRect outer(const QRectF& rect) {
 }  // namespace
 
 ChartView::ChartView(ChartControl& chart, std::shared_ptr<void> owner, QWidget* parent)
-    : QAbstractScrollArea(parent),
+    : GuardedView(EntryGuard("CHART", std::move(owner)), parent),
       chart_(chart),
-      owner_(std::move(owner)),
-      theme_(&GridTheme::light()),
       runDrag_([](QDrag& drag) { drag.exec(Qt::CopyAction); }) {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
@@ -57,7 +56,7 @@ ChartView::~ChartView() {
 // --- Look
 
 void ChartView::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     QPalette colors = theme.widgetPalette(QApplication::palette());
     colors.setColor(QPalette::Window, QColor::fromRgb(theme.base));
     setPalette(colors);
@@ -100,14 +99,14 @@ void ChartView::forgetDrawn() {
     viewport()->update();
 }
 
-/// The chart may have changed without a word while redrawing is off.
+/// The chart may have changed silently while redraw is off.
 ChartView::Drawn& ChartView::drawn() {
     const bool current = drawn_ && drawn_->version == chart_.Version() && drawn_->scene.area == area() &&
                          drawn_->scene.ratio == devicePixelRatioF() && drawn_->scene.focused == hasFocus();
     if (!current) {
         picture_ = QPixmap();
         drawn_ = std::make_unique<Drawn>(
-            ChartScene{chart_.State(), *theme_, font(), textScale_, area(), devicePixelRatioF(), true, hasFocus()},
+            ChartScene{chart_.State(), theme_, font(), textScale_, area(), devicePixelRatioF(), true, hasFocus()},
             chart_.Version());
     }
     return *drawn_;
@@ -141,19 +140,15 @@ void ChartView::updateScrollBar() {
     const ChartState& state = chart_.State();
     const int hidden = state.categoryAxis.scrollBar ? state.CategoryCount() - state.VisibleCount() : 0;
     QScrollBar* bar = horizontalScrollBar();
-    const bool outermost = !std::exchange(updatingBar_, true);
+    const QScopedValueRollback updating(updatingBar_, true);
     bar->setRange(0, std::max(0, hidden));
     bar->setPageStep(std::max(1, state.VisibleCount()));
     bar->setValue(state.FirstVisible() - 1);
-    if (outermost) {
-        updatingBar_ = false;
-    }
 }
 
 void ChartView::scrollContentsBy(int /*dx*/, int /*dy*/) {
     if (!updatingBar_) {
-        const std::shared_ptr<void> keepChart = owner_;
-        chart_.UserScrolledTo(horizontalScrollBar()->value() + 1);
+        guard().run("Scroll", [this] { chart_.UserScrolledTo(horizontalScrollBar()->value() + 1); });
     }
 }
 
@@ -220,11 +215,11 @@ void ChartView::paintOverlay(QPainter& painter, Drawn& drawn) {
     if (hasFocus() && !marked) {
         if (cursor_ && isPoint(*cursor_) && !pointRect(cursor_->series, cursor_->category).isEmpty()) {
             ChartSeriesPainter(drawn.scene, drawn.scene.state, drawn.layout.plot(), drawn.painter.colors())
-                .paintPointMark(painter, cursor_->series, cursor_->category, theme_->accent);
+                .paintPointMark(painter, cursor_->series, cursor_->category, theme_.accent);
         } else {
             // Nothing else would show where the focus is.
             painter.setRenderHint(QPainter::Antialiasing, false);
-            painter.setPen(QColor::fromRgb(theme_->accent));
+            painter.setPen(QColor::fromRgb(theme_.accent));
             painter.setBrush(Qt::NoBrush);
             painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
         }
@@ -252,14 +247,14 @@ void ChartView::setBubble(std::optional<Bubble> bubble) {
 }
 
 ChartPicture ChartView::picture() const {
-    return {chart_.State(), *theme_, font(), textScale_};
+    return {chart_.State(), theme_, font(), textScale_};
 }
 
 QImage ChartView::renderToImage(QSize size, qreal scale) const {
     QImage image((QSizeF(size) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(scale);
     Drawn drawn(
-        ChartScene{chart_.State(), *theme_, font(), textScale_, QRectF(QPointF(0, 0), QSizeF(size)), scale, true, true},
+        ChartScene{chart_.State(), theme_, font(), textScale_, QRectF(QPointF(0, 0), QSizeF(size)), scale, true, true},
         chart_.Version());
     QPainter painter(&image);
     drawn.painter.paint(painter);
@@ -277,7 +272,7 @@ void ChartView::startMoving() {
                    press_->hit.category);
     const auto& trends = chart_.State().series[static_cast<std::size_t>(press_->hit.series - 1)].look->trends;
     if (!trends.empty()) {
-        picture_ = QPixmap();  // without those that move, too
+        picture_ = QPixmap();  // without those that move
         viewport()->update();
     }
 }

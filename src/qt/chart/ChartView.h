@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "components/chart/ChartControl.h"
+#include "qt/GuardedWidget.h"
 #include "qt/chart/ChartLayout.h"
 #include "qt/chart/ChartPainter.h"
 #include "qt/chart/ChartPicture.h"
@@ -23,19 +24,18 @@ namespace planview {
 /// Shows a ChartControl and hands it what the user does.
 ///
 /// The chart keeps the selection and the scroll position. The host may delete the view from inside an event that an
-/// input raised; therefore every handler looks whether the view is still there after the chart has been told.
-class ChartView final : public QAbstractScrollArea, private ChartWatcher {
+/// input raised; so every handler checks that the view still exists after telling the chart.
+class ChartView final : public GuardedView<QAbstractScrollArea>, private ChartWatcher {
     Q_OBJECT
 
 public:
-    /// `owner` keeps the chart alive while the view handles an input; it may be null where the chart outlives the view
-    /// anyway.
+    /// `owner` keeps the chart alive while the view handles an input; it may be null if the chart outlives the view.
     explicit ChartView(ChartControl& chart, std::shared_ptr<void> owner = nullptr, QWidget* parent = nullptr);
     ~ChartView() override;
 
     [[nodiscard]] ChartControl& chart() const { return chart_; }
 
-    [[nodiscard]] const GridTheme& theme() const { return *theme_; }
+    [[nodiscard]] const GridTheme& theme() const { return theme_; }
     void setTheme(const GridTheme& theme);
     /// 0.5 .. 3.0; scales texts, lines and marks on the screen.
     void setTextScale(double scale);
@@ -56,7 +56,7 @@ public:
     /// The chart as it is now in another size, with its marks and without a scroll bar.
     [[nodiscard]] QImage renderToImage(QSize size, qreal scale) const;
 
-    /// Runs a drag of the chart itself; exists to be replaced where nobody can drop it.
+    /// Runs a drag of the chart itself; replaceable, because a test has nobody to drop it.
     void setDragRunner(std::function<void(QDrag&)> runner) { runDrag_ = std::move(runner); }
 
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -69,7 +69,7 @@ Q_SIGNALS:
     void redoWanted();
 
 protected:
-    bool viewportEvent(QEvent* event) override;
+    bool handleViewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -141,16 +141,15 @@ private:
     [[nodiscard]] QString describe(const Place& place) const;
 
     ChartControl& chart_;
-    std::shared_ptr<void> owner_;
-    const GridTheme* theme_;
+    GridTheme theme_ = GridTheme::light();
     double textScale_ = 1.0;
     std::unique_ptr<Drawn> drawn_;
-    QPixmap picture_;  // the chart, or the ground of a moved point
+    QPixmap picture_;  // the chart, or the background of a moved point
     bool updatingBar_ = false;
 
     std::optional<Bubble> bubble_;
     std::optional<Press> press_;
-    bool refused_ = false;  ///< the drag under way was of a point that may not change
+    bool refused_ = false;  ///< the drag in progress began at a point that may not change
     std::optional<MovedPoint> moved_;
     std::optional<Place> cursor_;  // of the keyboard
     std::optional<Place> asked_;   // whether this point may change has been asked

@@ -16,8 +16,7 @@
 #include "qt/chart/ChartNumbers.h"
 #include "qt/chart/ChartView.h"
 
-// What the user does with the view. Before the chart is told, its owner is held: the host may delete the view from
-// inside the event that follows.
+// What the user does with the view. The host may delete it from inside the event that follows.
 
 namespace planview {
 
@@ -61,7 +60,6 @@ void ChartView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ChartView::press(QMouseEvent& event) {
-    const std::shared_ptr<void> keepChart = owner_;
     const QPointer<ChartView> self(this);
     if (moved_ || (event.button() != Qt::LeftButton && event.button() != Qt::RightButton)) {
         return;
@@ -91,7 +89,6 @@ void ChartView::press(QMouseEvent& event) {
 }
 
 void ChartView::mouseMoveEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> keepChart = owner_;
     const QPointer<ChartView> self(this);
     const QPoint at = event->position().toPoint();
     if (moved_) {
@@ -135,7 +132,6 @@ void ChartView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ChartView::mouseReleaseEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> keepChart = owner_;
     if (event->button() != Qt::LeftButton) {
         return;
     }
@@ -147,11 +143,11 @@ void ChartView::mouseReleaseEvent(QMouseEvent* event) {
     }
 }
 
-bool ChartView::viewportEvent(QEvent* event) {
+bool ChartView::handleViewportEvent(QEvent* event) {
     if (event->type() == QEvent::Leave && !moved_) {
         setBubble(std::nullopt);
     }
-    return QAbstractScrollArea::viewportEvent(event);
+    return GuardedView::handleViewportEvent(event);
 }
 
 void ChartView::hover(QPoint point) {
@@ -208,7 +204,6 @@ void ChartView::showRefusal(const Place& place) {
 }
 
 void ChartView::wheelEvent(QWheelEvent* event) {
-    const std::shared_ptr<void> keepChart = owner_;
     if (event->modifiers().testFlag(Qt::ControlModifier)) {
         Q_EMIT textScaleWanted(textScale_ + ScaleStep * wheel_.scaleSteps(*event));
         event->accept();
@@ -246,7 +241,6 @@ void ChartView::dragEnterEvent(QDragEnterEvent* event) {
         return;  // nothing that the control or its host has
     }
     event->acceptProposedAction();
-    const std::shared_ptr<void> keepChart = owner_;
     chart_.UserDragged(nameOf(event->source()), false);
 }
 
@@ -261,21 +255,18 @@ void ChartView::dropEvent(QDropEvent* event) {
         return;
     }
     event->acceptProposedAction();
-    const std::shared_ptr<void> keepChart = owner_;
     chart_.UserDragged(nameOf(event->source()), true);
 }
 
 // --- Focus
 
 void ChartView::focusInEvent(QFocusEvent* event) {
-    const std::shared_ptr<void> keepChart = owner_;
     QAbstractScrollArea::focusInEvent(event);
     forgetDrawn();
     chart_.UserFocus(true);
 }
 
 void ChartView::focusOutEvent(QFocusEvent* event) {
-    const std::shared_ptr<void> keepChart = owner_;
     QAbstractScrollArea::focusOutEvent(event);
     cancelMoving();
     forgetDrawn();
@@ -295,7 +286,6 @@ std::optional<ChartView::Place> ChartView::current() const {
 }
 
 void ChartView::keyPressEvent(QKeyEvent* event) {
-    const std::shared_ptr<void> keepChart = owner_;
     if (event->key() == Qt::Key_Escape && (moved_ || bubble_)) {
         cancelMoving();
         setBubble(std::nullopt);
@@ -423,7 +413,6 @@ void ChartView::contextMenuEvent(QContextMenuEvent* event) {
     if (event->reason() == QContextMenuEvent::Mouse) {
         return;  // the press has opened it
     }
-    const std::shared_ptr<void> keepChart = owner_;
     const ChartHit& selected = chart_.State().selected;
     chart_.UserPressed(RightButton, 0,
                        selected.code == ChartHitCode::None ? ChartHit{ChartHitCode::PlotArea, 0, 0} : selected);

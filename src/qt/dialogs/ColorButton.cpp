@@ -38,8 +38,7 @@ OwnColor ownColor(ColorButton::Use use, const GridTheme& theme) {
 
 }  // namespace
 
-ColorButton::ColorButton(Use use, const QString& what, QWidget* parent)
-    : QPushButton(parent), use_(use), what_(what), theme_(&GridTheme::light()) {
+ColorButton::ColorButton(Use use, const QString& what, QWidget* parent) : QPushButton(parent), use_(use), what_(what) {
     setObjectName(QStringLiteral("colorButton"));  // for the style sheet
     setAutoDefault(false);
     setIconSize(SwatchSize);
@@ -47,7 +46,7 @@ ColorButton::ColorButton(Use use, const QString& what, QWidget* parent)
 }
 
 void ColorButton::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     showColor();
 }
 
@@ -57,7 +56,7 @@ void ColorButton::setColor(int index) {
 }
 
 void ColorButton::showColor() {
-    const OwnColor own = ownColor(use_, *theme_);
+    const OwnColor own = ownColor(use_, theme_);
     const Rgb rgb = modGrid::PaletteColorOf(static_cast<std::int16_t>(index_));
     const QColor color = index_ == own.index ? QColor(own.rgb) : QColor(rgb.red, rgb.green, rgb.blue);
     const qreal ratio = devicePixelRatioF();
@@ -66,7 +65,7 @@ void ColorButton::showColor() {
     swatch.fill(Qt::transparent);
     QPainter painter(&swatch);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor(mixColors(theme_->line, theme_->muted, EdgeWeight)), 1));
+    painter.setPen(QPen(QColor(mixColors(theme_.line, theme_.muted, EdgeWeight)), 1));
     painter.setBrush(color);
     painter.drawRoundedRect(QRectF(QPointF(0, 0), QSizeF(SwatchSize)).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
     painter.end();

@@ -29,7 +29,7 @@ private:
 
     Use use_;
     QString what_;
-    const GridTheme* theme_;
+    GridTheme theme_ = GridTheme::light();
     int index_ = 0;
 };
 

@@ -3,7 +3,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -25,7 +24,7 @@ constexpr int SectionSpace = 14;
 }  // namespace
 
 FormDialog::FormDialog(PropertyForm& form, QWidget* parent)
-    : ThemedDialog(parent), form_(form), content_(new QVBoxLayout(this)), theme_(&GridTheme::light()) {
+    : ThemedDialog(form.TraceLabel(), parent), form_(form), content_(new QVBoxLayout(this)) {
     content_->setContentsMargins(EdgeSpace, EdgeSpace, EdgeSpace, EdgeSpace);
     content_->setSpacing(0);
     content_->setSizeConstraint(QLayout::SetFixedSize);
@@ -33,7 +32,7 @@ FormDialog::FormDialog(PropertyForm& form, QWidget* parent)
 
 void FormDialog::setTheme(const GridTheme& theme) {
     ThemedDialog::setTheme(theme);
-    theme_ = &theme;
+    theme_ = theme;
     for (ColorButton* button : colors_) {
         button->setTheme(theme);
     }
@@ -43,8 +42,9 @@ void FormDialog::setVisible(bool visible) {
     if (visible && !isVisible()) {
         if (!std::exchange(built_, true)) {
             build();
-            addButtons();
-            setTheme(*theme_);
+            content_->addSpacing(EdgeSpace);
+            addButtons(*content_, form_.cmdOkCaption, form_.cmdCancelCaption);
+            setTheme(theme_);
         }
         showState();
         if (!focusWidget()) {
@@ -56,13 +56,13 @@ void FormDialog::setVisible(bool visible) {
 
 void FormDialog::accept() {
     if (!hasEnded()) {
-        form_.cmdOk_Click();  // hides the window
+        guard().run("cmdOk_Click", [this] { form_.cmdOk_Click(); });  // hides the window
     }
 }
 
 void FormDialog::reject() {
     if (!hasEnded()) {
-        form_.cmdCancel_Click();
+        guard().run("cmdCancel_Click", [this] { form_.cmdCancel_Click(); });
     }
 }
 
@@ -92,7 +92,7 @@ void FormDialog::addRow(QGridLayout& section, const QString& caption, QWidget* f
 QCheckBox* FormDialog::addCheckBox(QGridLayout& section, CheckBox& state, char mnemonic) {
     auto* box = new QCheckBox(withMnemonic(state.Caption, mnemonic), this);
     section.addWidget(box, section.rowCount(), 0, 1, 2);
-    connect(box, &QCheckBox::toggled, this, [this, &state](bool on) {
+    guard().connect(box, &QCheckBox::toggled, this, "Tick", [this, &state](bool on) {
         state.Value = on ? 1 : 0;
         stateChanged();
     });
@@ -134,7 +134,7 @@ void FormDialog::addOption(QGridLayout& section, QWidget* group, OptionButton& s
                            int column) {
     auto* button = new QRadioButton(caption, group);
     section.addWidget(button, row, column);
-    connect(button, &QRadioButton::toggled, this, [this, button, &state](bool on) {
+    guard().connect(button, &QRadioButton::toggled, this, "Choose", [this, button, &state](bool on) {
         state.Value = on;
         button->setFocusPolicy(on ? Qt::StrongFocus : Qt::ClickFocus);
         if (on) {
@@ -142,7 +142,7 @@ void FormDialog::addOption(QGridLayout& section, QWidget* group, OptionButton& s
         }
     });
     showers_.emplace_back([button, &state] {
-        // One that the form has not chosen is taken back by the one that it has.
+        // The chosen button unchecks the others.
         if (state.Value) {
             button->setChecked(true);
         }
@@ -157,7 +157,7 @@ QComboBox* FormDialog::addList(QGridLayout& section, ListBox& state, const QStri
         list->addItem(item.empty() ? tr("As the view") : QString::fromStdString(item));
     }
     addRow(section, caption, list);
-    connect(list, &QComboBox::currentIndexChanged, this, [this, &state](int index) {
+    guard().connect(list, &QComboBox::currentIndexChanged, this, "Choose", [this, &state](int index) {
         state.ListIndex = index;
         stateChanged();
     });
@@ -172,7 +172,7 @@ QLineEdit* FormDialog::addText(QGridLayout& section, std::string& state, const Q
     auto* field = new QLineEdit(this);
     field->setFixedWidth(width);
     addRow(section, caption, field);
-    connect(field, &QLineEdit::textChanged, this, [this, &state](const QString& text) {
+    guard().connect(field, &QLineEdit::textChanged, this, "EnterText", [this, &state](const QString& text) {
         state = text.toStdString();
         stateChanged();
     });
@@ -187,33 +187,19 @@ ColorButton* FormDialog::addColor(QGridLayout& section, ColorBox& state, ColorBu
                                   std::function<void()> click) {
     auto* button = new ColorButton(use, QString::fromStdString(state.Caption), this);
     addRow(section, withMnemonic(state.Caption, mnemonic), button);
-    connect(button, &QPushButton::clicked, this, [this, button, &state, click = std::move(click)] {
-        const QPointer<FormDialog> self(this);
-        button->setFocus();  // the popup opens below it
-        click();
-        if (self && isVisible()) {
-            button->setColor(state.Get());
-            stateChanged();
-        }
-    });
+    guard().connect(button, &QPushButton::clicked, this, "ChooseColor",
+                    [this, button, &state, click = std::move(click)] {
+                        const QPointer<FormDialog> self(this);
+                        button->setFocus();  // the popup opens below it
+                        click();
+                        if (self && isVisible()) {
+                            button->setColor(state.Get());
+                            stateChanged();
+                        }
+                    });
     showers_.emplace_back([button, &state] { button->setColor(state.Get()); });
     colors_.push_back(button);
     return button;
-}
-
-void FormDialog::addButtons() {
-    content_->addSpacing(EdgeSpace);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    QPushButton* ok = buttons->button(QDialogButtonBox::Ok);
-    ok->setText(QString::fromStdString(form_.cmdOkCaption));
-    ok->setDefault(true);
-    for (QAbstractButton* each : buttons->buttons()) {
-        each->setIcon({});  // some styles bring pictures of their own, which fit none of our colours
-    }
-    buttons->button(QDialogButtonBox::Cancel)->setText(QString::fromStdString(form_.cmdCancelCaption));
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    content_->addWidget(buttons);
 }
 
 void FormDialog::showState() {

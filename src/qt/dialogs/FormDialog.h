@@ -20,7 +20,7 @@ class QVBoxLayout;
 
 namespace planview {
 
-/// The window of a property form: builds its controls in the order in which the Tab key goes through them, and ends it.
+/// The window of a property form: builds its controls in tab order, and closes the form.
 ///
 /// The form keeps the state. A control writes what the user does into the form at once; showState() shows what the form
 /// holds. Return presses OK, Escape and the frame's button press Cancel.
@@ -60,13 +60,12 @@ protected:
     virtual void stateChanged() {}
 
 private:
-    void addButtons();
     void addOption(QGridLayout& section, QWidget* group, OptionButton& state, const QString& caption, int row,
                    int column);
 
     PropertyForm& form_;  // not touched once the window has ended
     QVBoxLayout* content_;
-    const GridTheme* theme_;
+    GridTheme theme_ = GridTheme::light();
     bool built_ = false;
     std::vector<ColorButton*> colors_;
     std::vector<std::function<void()>> showers_;

@@ -51,7 +51,7 @@ void RowDialog::build() {
     headline->setVisible(!form_.lblRowLabel.empty());
     content()->addWidget(headline);
     content()->addSpacing(10);
-    preview_ = new RowPreview(form_, this);
+    preview_ = new RowPreview(form_, guard(), this);
     content()->addWidget(preview_);
 
     auto* columns = new QHBoxLayout;
@@ -100,11 +100,11 @@ void RowDialog::addHeight(QGridLayout& section) {
     heightMessage_->setObjectName(QStringLiteral("message"));
     heightMessage_->hide();
     section.addWidget(heightMessage_, section.rowCount(), 0, 1, 2);
-    connect(height_, &QLineEdit::textChanged, this, [this](const QString& text) {
+    guard().connect(height_, &QLineEdit::textChanged, this, "EnterHeight", [this](const QString& text) {
         form_.txtHeight = text.trimmed().toStdString();
         stateChanged();
     });
-    connect(reset, &QPushButton::clicked, this, [this] {
+    guard().connect(reset, &QPushButton::clicked, this, "cmdReset_Click", [this] {
         form_.cmdReset_Click();
         height_->setText(QString::fromStdString(form_.txtHeight));
     });

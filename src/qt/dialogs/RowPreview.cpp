@@ -32,8 +32,8 @@ const std::vector<std::string>& usualContents() {
 
 }  // namespace
 
-RowPreview::RowPreview(const frmRow& form, QWidget* parent)
-    : QWidget(parent), form_(form), theme_(&GridTheme::light()) {
+RowPreview::RowPreview(const frmRow& form, const EntryGuard& dialog, QWidget* parent)
+    : GuardedWidget(dialog, parent), form_(form) {
     createGrid();
     view_ = new GridView(grid_, nullptr, this);
     view_->setFramesCurrent(false);
@@ -92,7 +92,7 @@ void RowPreview::setCenter(GridAttribute attribute, const Variant& value) {
 }
 
 void RowPreview::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     view_->setTheme(theme);
     update();
 }
@@ -111,7 +111,7 @@ void RowPreview::follow() {
 }
 
 void RowPreview::paintEvent(QPaintEvent* /*event*/) {
-    QPainter(this).fillRect(rect(), QColor(theme_->line));  // of which the view leaves the edge
+    QPainter(this).fillRect(rect(), QColor(theme_.line));  // the view leaves its edge visible
 }
 
 void RowPreview::resizeEvent(QResizeEvent* event) {

@@ -5,6 +5,7 @@
 
 #include "components/GridControl.h"
 #include "dialogs/frmRow.h"
+#include "qt/GuardedWidget.h"
 #include "qt/grid/GridTheme.h"
 
 namespace planview {
@@ -12,11 +13,11 @@ namespace planview {
 class GridView;
 
 /// Shows the row of a form as the grid would, with its label and its first cells.
-class RowPreview final : public QWidget {
+class RowPreview final : public GuardedWidget<QWidget> {
     Q_OBJECT
 
 public:
-    RowPreview(const frmRow& form, QWidget* parent);
+    RowPreview(const frmRow& form, const EntryGuard& dialog, QWidget* parent);
     ~RowPreview() override;
 
     void setTheme(const GridTheme& theme);
@@ -34,7 +35,7 @@ private:
     const frmRow& form_;
     GridControl grid_;
     GridView* view_;
-    const GridTheme* theme_;
+    GridTheme theme_ = GridTheme::light();
 };
 
 }  // namespace planview

@@ -2,7 +2,10 @@
 #include "qt/dialogs/ThemedDialog.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QPushButton>
 #include <QScreen>
+#include <QVBoxLayout>
 
 namespace planview {
 
@@ -11,7 +14,7 @@ namespace {
 constexpr double DisabledWeight = 0.5;
 constexpr QSize FrameRoom(16, 48);  // for the window's frame on a small screen
 
-// The window's own ground stands here, too: a style sheet of the host's window would hide the palette's.
+// Includes the window's own background, because a style sheet of the host's window would hide the palette's.
 constexpr const char* StyleSheet = R"(
 QDialog { background: %panel; color: %text; }
 QMenu { background: %base; color: %text; border: 1px solid %edge; padding: 4px; }
@@ -119,6 +122,21 @@ void ThemedDialog::setTheme(const GridTheme& theme) {
     }
     setPalette(palette);
     setStyleSheet(filledIn(QLatin1String(StyleSheet), theme));
+}
+
+QPushButton* ThemedDialog::addButtons(QVBoxLayout& layout, const std::string& ok, const std::string& cancel) {
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    for (QAbstractButton* each : buttons->buttons()) {
+        each->setIcon({});  // some styles bring pictures of their own, which fit none of our colours
+    }
+    QPushButton* accepting = buttons->button(QDialogButtonBox::Ok);
+    accepting->setText(QString::fromStdString(ok));
+    accepting->setDefault(true);
+    buttons->button(QDialogButtonBox::Cancel)->setText(QString::fromStdString(cancel));
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    layout.addWidget(buttons);
+    return accepting;
 }
 
 void ThemedDialog::endForm() {

@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTreeView>
 #include <QWindow>
@@ -28,11 +29,11 @@ namespace {
 
 constexpr QSize UsualSize(880, 520);
 constexpr double TwipsPerInch = 1440;
-// What frmTrace::Form_Resize() takes to be round the list.
+// The space that frmTrace::Form_Resize() assumes around the list.
 constexpr int TwipsBeside = 180;
 constexpr int TwipsAbove = 720;
 
-/// The letter of each entry of the form's menu that leads to it.
+/// The mnemonic letter of each entry of the form's menu.
 char mnemonicOf(int index) {
     switch (index) {
         case frmTrace::AlwaysOnTop:
@@ -51,7 +52,10 @@ char mnemonicOf(int index) {
 }  // namespace
 
 TraceDialog::TraceDialog(frmTrace& form, QWidget* parent)
-    : ThemedDialog(parent), form_(&form), model_(new TraceModel(form.TraceView, this)), filter_(new TraceFilter(this)) {
+    : ThemedDialog("TRACE WINDOW", parent),
+      form_(&form),
+      model_(new TraceModel(form.TraceView, this)),
+      filter_(new TraceFilter(this)) {
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     filter_->setSourceModel(model_);
     buildList();
@@ -107,7 +111,7 @@ void TraceDialog::buildMenus() {
 }
 
 void TraceDialog::buildList() {
-    list_ = new QTreeView(this);
+    list_ = new GuardedView<QTreeView>(guard(), this);
     list_->setModel(filter_);
     list_->setRootIsDecorated(false);
     list_->setUniformRowHeights(true);
@@ -191,7 +195,7 @@ void TraceDialog::showEvent(QShowEvent* event) {
 }
 
 void TraceDialog::keyPressEvent(QKeyEvent* event) {
-    // Return is no button's here, and Escape takes the filter away first.
+    // Return presses no button here, and Escape clears the filter first.
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         return;
     }
@@ -204,21 +208,17 @@ void TraceDialog::keyPressEvent(QKeyEvent* event) {
 }
 
 void TraceDialog::runMenu(int index) {
-    if (form_) {
-        following_ = true;  // what the entry writes is to be seen
+    guard().run("mnuTrac_Click", [&] {
+        if (!form_) {
+            return;
+        }
+        following_ = true;  // what the entry writes should be seen
         const QPointer<TraceDialog> self(this);
-        // Other controls may have windows over the same list; the entry is about this one.
-        form_->PlaceOnTop = [self](bool onTop) {
-            if (self) {
-                self->placeOnTop(onTop);
-            }
-        };
         form_->mnuTrac_Click(index);
         if (self && form_) {
-            form_->PlaceOnTop = nullptr;
-            onTop_->setChecked(form_->mnuTrac[0].Checked);
+            takeOnTop();
         }
-    }
+    });
 }
 
 /// As it was last chosen, maybe in another control's window of the same form.
@@ -242,9 +242,10 @@ void TraceDialog::placeOnTop(bool onTop) {
 }
 
 void TraceDialog::filter() {
-    reporting_ = true;
-    filter_->setWords(words_->text(), static_cast<TraceFilter::In>(where_->currentIndex()));
-    reporting_ = false;
+    {
+        const QScopedValueRollback reporting(reporting_, true);
+        filter_->setWords(words_->text(), static_cast<TraceFilter::In>(where_->currentIndex()));
+    }
     follow();
 }
 

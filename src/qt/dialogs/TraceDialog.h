@@ -17,8 +17,8 @@ namespace planview {
 class TraceFilter;
 class TraceModel;
 
-/// The trace window: shows the entries while they are written, and goes with the newest one as long as that is the
-/// current one. Ends itself when its form does.
+/// The trace window: shows the entries as they are written and follows the newest one while that is the current one.
+/// Ends itself when its form does.
 class TraceDialog final : public ThemedDialog {
     Q_OBJECT
 

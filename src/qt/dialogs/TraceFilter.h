@@ -6,7 +6,7 @@
 
 namespace planview {
 
-/// Lets the entries through that hold all of some words, whatever the case of their letters.
+/// Passes the entries that contain all of the given words, ignoring case.
 class TraceFilter final : public QSortFilterProxyModel {
     Q_OBJECT
 

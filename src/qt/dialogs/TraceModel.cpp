@@ -20,7 +20,7 @@ bool isBookmark(const ListItem& item) {
 }  // namespace
 
 TraceModel::TraceModel(ListView& list, QObject* parent)
-    : QAbstractTableModel(parent), list_(&list), theme_(&GridTheme::light()), rows_(static_cast<int>(list.Count())) {
+    : QAbstractTableModel(parent), list_(&list), rows_(static_cast<int>(list.Count())) {
     list_->AddWatcher(*this);
 }
 
@@ -31,7 +31,7 @@ TraceModel::~TraceModel() {
 }
 
 void TraceModel::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     if (rows_ > 0) {
         Q_EMIT dataChanged(index(0, 0), index(rows_ - 1, columnCount() - 1), {Qt::ForegroundRole, Qt::BackgroundRole});
     }
@@ -64,8 +64,8 @@ QVariant TraceModel::data(const QModelIndex& index, int role) const {
             return QString::fromStdString(
                 index.column() == 0 ? entry->text : entry->subItems[static_cast<std::size_t>(index.column()) - 1]);
         case Qt::ForegroundRole:
-            return isError(*entry)      ? QBrush(QColor(theme_->negative))
-                   : isBookmark(*entry) ? QBrush(QColor(theme_->accent))
+            return isError(*entry)      ? QBrush(QColor(theme_.negative))
+                   : isBookmark(*entry) ? QBrush(QColor(theme_.accent))
                                         : QVariant();
         default:
             return {};

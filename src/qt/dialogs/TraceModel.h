@@ -45,7 +45,7 @@ private:
     [[nodiscard]] const ListItem* item(int row) const;
 
     ListView* list_;
-    const GridTheme* theme_;
+    GridTheme theme_ = GridTheme::light();
     int rows_ = 0;     ///< the views know of
     int removed_ = 0;  ///< of these, at the front, are gone from the list
     bool reportComing_ = false;

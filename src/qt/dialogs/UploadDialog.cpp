@@ -2,7 +2,6 @@
 #include "qt/dialogs/UploadDialog.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -33,7 +32,7 @@ constexpr int ValueWidth = 110;
 }  // namespace
 
 UploadDialog::UploadDialog(frmUpload& form, QWidget* parent)
-    : ThemedDialog(parent),
+    : ThemedDialog(static_cast<PropertyForm&>(form).TraceLabel(), parent),
       form_(&form),
       model_(new UploadModel(form, this)),
       filter_(new UploadFilter(*model_, this)) {
@@ -55,13 +54,13 @@ void UploadDialog::setVisible(bool visible) {
 
 void UploadDialog::accept() {
     if (form_) {
-        form_->cmdOk_Click();  // hides the window
+        guard().run("cmdOk_Click", [this] { form_->cmdOk_Click(); });  // hides the window
     }
 }
 
 void UploadDialog::reject() {
     if (form_) {
-        form_->cmdCancel_Click();
+        guard().run("cmdCancel_Click", [this] { form_->cmdCancel_Click(); });
     }
 }
 
@@ -150,12 +149,12 @@ void UploadDialog::buildFilterLine(QVBoxLayout& layout) {
     layout.addLayout(line);
     connect(words_, &QLineEdit::textChanged, this, &UploadDialog::filter);
     connect(show_, &QComboBox::currentIndexChanged, this, &UploadDialog::filter);
-    connect(all, &QPushButton::clicked, this, [this] { tickShown(true); });
-    connect(none, &QPushButton::clicked, this, [this] { tickShown(false); });
+    guard().connect(all, &QPushButton::clicked, this, "TickShown", [this] { tickShown(true); });
+    guard().connect(none, &QPushButton::clicked, this, "UntickShown", [this] { tickShown(false); });
 }
 
 void UploadDialog::buildList(QVBoxLayout& layout) {
-    list_ = new QTreeView(this);
+    list_ = new GuardedView<QTreeView>(guard(), this);
     list_->setObjectName(QStringLiteral("ticked"));
     list_->setModel(filter_);
     list_->setRootIsDecorated(false);
@@ -175,21 +174,12 @@ void UploadDialog::buildList(QVBoxLayout& layout) {
 }
 
 void UploadDialog::buildButtons(QVBoxLayout& layout) {
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    apply_ = buttons->button(QDialogButtonBox::Ok);
-    apply_->setDefault(true);
-    // Its text never grows wider than this one; a default button's is bold.
+    apply_ = addButtons(layout, form_->cmdOkCaption, form_->cmdCancelCaption);
+    // Its text never grows wider than this; a default button's text is bold.
     QFont bold = font();
     bold.setBold(true);
     apply_->setMinimumWidth(QFontMetrics(bold).horizontalAdvance(QString::fromStdString(form_->cmdOkCaption)) +
                             ButtonEdges);
-    for (QAbstractButton* each : buttons->buttons()) {
-        each->setIcon({});  // some styles bring pictures of their own, which fit none of our colours
-    }
-    buttons->button(QDialogButtonBox::Cancel)->setText(QString::fromStdString(form_->cmdCancelCaption));
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    layout.addWidget(buttons);
 }
 
 void UploadDialog::filter() {
@@ -217,7 +207,7 @@ void UploadDialog::tickShown(bool on) {
     tick(rows, on);
 }
 
-/// All selected ones get a tick, or lose it where none of them lacks one. Those that are refused do not count.
+/// Ticks all selected changes, or unticks them if all are ticked. Refused ones do not count.
 void UploadDialog::tickSelected() {
     const QModelIndexList rows = list_->selectionModel()->selectedRows(UploadModel::Line);
     const bool lacksOne = std::any_of(rows.begin(), rows.end(), [](const QModelIndex& row) {
@@ -231,14 +221,14 @@ void UploadDialog::tickSelected() {
 bool UploadDialog::eventFilter(QObject* watched, QEvent* event) {
     if (watched == list_ && event->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space) {
-        tickSelected();
+        guard().run("TickSelected", [this] { tickSelected(); });
         return true;
     }
     return ThemedDialog::eventFilter(watched, event);
 }
 
 void UploadDialog::keyPressEvent(QKeyEvent* event) {
-    // Escape takes the filter away first.
+    // Escape clears the filter first.
     if (event->key() == Qt::Key_Escape && words_ && !words_->text().isEmpty()) {
         words_->clear();
         list_->setFocus();

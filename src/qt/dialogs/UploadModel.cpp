@@ -15,7 +15,7 @@ QString shownValue(const std::string& text) {
     return text.empty() ? UploadModel::tr("(empty)") : QString::fromStdString(text);
 }
 
-/// Room in the place of a tick box, so that captions stand below one another.
+/// Space in the place of a tick box, so that captions line up.
 QPixmap noTickBox() {
     constexpr int Side = 14;
     QPixmap room(Side, Side);
@@ -31,7 +31,7 @@ QString shownCaption(const std::string& text) {
 }  // namespace
 
 void UploadModel::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     if (rowCount() > 0) {
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1), {Qt::ForegroundRole});
     }
@@ -91,9 +91,9 @@ QVariant UploadModel::data(const QModelIndex& index, int role) const {
                                                                        : QVariant(Qt::AlignLeft | Qt::AlignVCenter);
         case Qt::ForegroundRole:
             if (each->IsRefused()) {
-                return QBrush(QColor(mixColors(theme_->base, theme_->muted, RefusedWeight)));
+                return QBrush(QColor(mixColors(theme_.base, theme_.muted, RefusedWeight)));
             }
-            return index.column() == Before ? QVariant(QBrush(QColor(theme_->muted))) : QVariant();
+            return index.column() == Before ? QVariant(QBrush(QColor(theme_.muted))) : QVariant();
         case Qt::AccessibleTextRole:
             return index.column() == Remark && each->refusal.empty() ? tr("will be changed") : QVariant();
         default:

@@ -17,8 +17,7 @@ class UploadModel final : public QAbstractTableModel {
 public:
     enum Column { Line, Period, Before, After, Remark, ColumnCount };
 
-    UploadModel(frmUpload& form, QObject* parent)
-        : QAbstractTableModel(parent), form_(&form), theme_(&GridTheme::light()) {}
+    UploadModel(frmUpload& form, QObject* parent) : QAbstractTableModel(parent), form_(&form) {}
 
     void setTheme(const GridTheme& theme);
     /// The form is gone.
@@ -39,10 +38,10 @@ private:
     [[nodiscard]] const UploadChange* change(int row) const;
 
     frmUpload* form_;
-    const GridTheme* theme_;
+    GridTheme theme_ = GridTheme::light();
 };
 
-/// Lets the changes through that hold all of some words, and are refused or not.
+/// Passes the changes that contain all of the given words and are refused, not refused, or either.
 class UploadFilter final : public QSortFilterProxyModel {
     Q_OBJECT
 

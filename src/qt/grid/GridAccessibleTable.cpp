@@ -1,9 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "qt/grid/GridAccessibleTable.h"
 
+#include <type_traits>
+
 namespace planview {
 
 namespace {
+
+/// Answers a question about the view; a default value where there is none any more. Guarded, because assistive tools
+/// ask past the view's event handlers.
+template <class Question>
+auto ask(GridView* view, Question question) {
+    using Answer = std::invoke_result_t<Question&, GridView&>;
+    return view ? view->guard().run("Accessible", [&] { return question(*view); }) : Answer{};
+}
+
+/// The columns or rows that the screen shows side by side, and those below one another.
+GridLine acrossOf(GridView& view) {
+    return GridLine(view.geometry().horizontal.layout());
+}
+
+GridLine downOf(GridView& view) {
+    return GridLine(view.geometry().vertical.layout());
+}
 
 /// The track at a place of an axis; -1 is the heading.
 std::int32_t trackAt(const GridAxis& axis, int place) {
@@ -71,14 +90,6 @@ GridView* GridAccessibleTable::view() const {
     return static_cast<GridView*>(object());
 }
 
-GridLine GridAccessibleTable::columns() const {
-    return GridLine(view()->geometry().horizontal.layout());
-}
-
-GridLine GridAccessibleTable::rows() const {
-    return GridLine(view()->geometry().vertical.layout());
-}
-
 void GridAccessibleTable::dropCells() {
     for (const auto& [place, id] : cells_) {
         QAccessible::deleteAccessibleInterface(id);
@@ -87,17 +98,19 @@ void GridAccessibleTable::dropCells() {
 }
 
 QAccessibleInterface* GridAccessibleTable::cell(int row, int column) const {
-    const GridGeometry& geometry = view()->geometry();
-    if (!isIn(geometry.vertical, row) || !isIn(geometry.horizontal, column)) {
-        return nullptr;
-    }
-    const auto known = cells_.find({row, column});
-    if (known != cells_.end()) {
-        return QAccessible::accessibleInterface(known->second);
-    }
-    auto* made = new GridAccessibleCell(view(), row, column);  // owned by QAccessible from here on
-    cells_[{row, column}] = QAccessible::registerAccessibleInterface(made);
-    return made;
+    return ask(view(), [&](GridView& shown) -> QAccessibleInterface* {
+        const GridGeometry& geometry = shown.geometry();
+        if (!isIn(geometry.vertical, row) || !isIn(geometry.horizontal, column)) {
+            return nullptr;
+        }
+        const auto known = cells_.find({row, column});
+        if (known != cells_.end()) {
+            return QAccessible::accessibleInterface(known->second);
+        }
+        auto* made = new GridAccessibleCell(&shown, row, column);  // owned by QAccessible from here on
+        cells_[{row, column}] = QAccessible::registerAccessibleInterface(made);
+        return made;
+    });
 }
 
 int GridAccessibleTable::childIndex(int row, int column) const {
@@ -115,28 +128,36 @@ QAccessibleInterface* GridAccessibleTable::child(int index) const {
 }
 
 QAccessibleInterface* GridAccessibleTable::childAt(int x, int y) const {
-    const GridHit hit = view()->hitTest(view()->viewport()->mapFromGlobal(QPoint(x, y)));
-    if (hit.place == GridHit::Place::Nothing) {
-        return nullptr;
-    }
-    const bool inTop = hit.place == GridHit::Place::TopHeading || hit.place == GridHit::Place::Corner;
-    const bool inLeft = hit.place == GridHit::Place::LeftHeading || hit.place == GridHit::Place::Corner;
-    return cell(inTop ? -1 : rows().placeOf(hit.vertical), inLeft ? -1 : columns().placeOf(hit.horizontal));
+    return ask(view(), [&](GridView& shown) -> QAccessibleInterface* {
+        const GridHit hit = shown.hitTest(shown.viewport()->mapFromGlobal(QPoint(x, y)));
+        if (hit.place == GridHit::Place::Nothing) {
+            return nullptr;
+        }
+        const bool inTop = hit.place == GridHit::Place::TopHeading || hit.place == GridHit::Place::Corner;
+        const bool inLeft = hit.place == GridHit::Place::LeftHeading || hit.place == GridHit::Place::Corner;
+        return cell(inTop ? -1 : downOf(shown).placeOf(hit.vertical),
+                    inLeft ? -1 : acrossOf(shown).placeOf(hit.horizontal));
+    });
 }
 
 QAccessibleInterface* GridAccessibleTable::focusChild() const {
-    const std::optional<Cell> current = view()->grid().CurrentCell();
-    if (!current || !view()->hasFocus()) {
-        return nullptr;
-    }
-    const GridGeometry& geometry = view()->geometry();
-    return cell(rows().placeOf(geometry.verticalId(*current)), columns().placeOf(geometry.horizontalId(*current)));
+    return ask(view(), [&](GridView& shown) -> QAccessibleInterface* {
+        const std::optional<Cell> current = shown.grid().CurrentCell();
+        if (!current || !shown.hasFocus()) {
+            return nullptr;
+        }
+        const GridGeometry& geometry = shown.geometry();
+        return cell(downOf(shown).placeOf(geometry.verticalId(*current)),
+                    acrossOf(shown).placeOf(geometry.horizontalId(*current)));
+    });
 }
 
 int GridAccessibleTable::childCount() const {
-    const GridGeometry& geometry = view()->geometry();
-    const bool labelled = hasHeading(geometry.horizontal) && hasHeading(geometry.vertical);
-    return labelled ? (rowCount() + 1) * (columnCount() + 1) : 0;
+    return ask(view(), [&](GridView& shown) {
+        const GridGeometry& geometry = shown.geometry();
+        const bool labelled = hasHeading(geometry.horizontal) && hasHeading(geometry.vertical);
+        return labelled ? (rowCount() + 1) * (columnCount() + 1) : 0;
+    });
 }
 
 int GridAccessibleTable::indexOfChild(const QAccessibleInterface* child) const {
@@ -150,11 +171,11 @@ QAccessibleInterface* GridAccessibleTable::cellAt(int row, int column) const {
 }
 
 int GridAccessibleTable::columnCount() const {
-    return columns().size();
+    return ask(view(), [](GridView& shown) { return acrossOf(shown).size(); });
 }
 
 int GridAccessibleTable::rowCount() const {
-    return rows().size();
+    return ask(view(), [](GridView& shown) { return downOf(shown).size(); });
 }
 
 QString GridAccessibleTable::columnDescription(int column) const {
@@ -172,19 +193,22 @@ int GridAccessibleTable::selectedCellCount() const {
 }
 
 QList<QAccessibleInterface*> GridAccessibleTable::selectedCells() const {
-    QList<QAccessibleInterface*> result;
-    const GridGeometry& geometry = view()->geometry();
-    if (view()->grid().Selection().IsEmpty()) {
-        return result;
-    }
-    for (int row = 0; row < rowCount(); ++row) {
-        for (int column = 0; column < columnCount(); ++column) {
-            if (cellSelected(*view(), geometry.cell(columns().trackAt(column), rows().trackAt(row)))) {
-                result.append(cell(row, column));
+    return ask(view(), [&](GridView& shown) {
+        QList<QAccessibleInterface*> result;
+        if (shown.grid().Selection().IsEmpty()) {
+            return result;
+        }
+        const GridGeometry& geometry = shown.geometry();
+        for (int row = 0; row < rowCount(); ++row) {
+            for (int column = 0; column < columnCount(); ++column) {
+                const Cell place = geometry.cell(acrossOf(shown).trackAt(column), downOf(shown).trackAt(row));
+                if (cellSelected(shown, place)) {
+                    result.append(cell(row, column));
+                }
             }
         }
-    }
-    return result;
+        return result;
+    });
 }
 
 int GridAccessibleTable::selectedColumnCount() const {
@@ -196,35 +220,40 @@ int GridAccessibleTable::selectedRowCount() const {
 }
 
 QList<int> GridAccessibleTable::selectedColumns() const {
-    return selectedTracks(*view(), view()->geometry().horizontal);
+    return ask(view(), [&](GridView& shown) { return selectedTracks(shown, shown.geometry().horizontal); });
 }
 
 QList<int> GridAccessibleTable::selectedRows() const {
-    return selectedTracks(*view(), view()->geometry().vertical);
+    return ask(view(), [&](GridView& shown) { return selectedTracks(shown, shown.geometry().vertical); });
 }
 
 bool GridAccessibleTable::isColumnSelected(int column) const {
-    return column >= 0 && wholeTrackSelected(*view(), view()->geometry().horizontal, column);
+    return ask(view(), [&](GridView& shown) {
+        return column >= 0 && wholeTrackSelected(shown, shown.geometry().horizontal, column);
+    });
 }
 
 bool GridAccessibleTable::isRowSelected(int row) const {
-    return row >= 0 && wholeTrackSelected(*view(), view()->geometry().vertical, row);
+    return ask(view(),
+               [&](GridView& shown) { return row >= 0 && wholeTrackSelected(shown, shown.geometry().vertical, row); });
 }
 
 bool GridAccessibleTable::selectRow(int row) {
-    return setTrackSelected(*view(), view()->geometry().vertical, row, true);
+    return ask(view(), [&](GridView& shown) { return setTrackSelected(shown, shown.geometry().vertical, row, true); });
 }
 
 bool GridAccessibleTable::selectColumn(int column) {
-    return setTrackSelected(*view(), view()->geometry().horizontal, column, true);
+    return ask(view(),
+               [&](GridView& shown) { return setTrackSelected(shown, shown.geometry().horizontal, column, true); });
 }
 
 bool GridAccessibleTable::unselectRow(int row) {
-    return setTrackSelected(*view(), view()->geometry().vertical, row, false);
+    return ask(view(), [&](GridView& shown) { return setTrackSelected(shown, shown.geometry().vertical, row, false); });
 }
 
 bool GridAccessibleTable::unselectColumn(int column) {
-    return setTrackSelected(*view(), view()->geometry().horizontal, column, false);
+    return ask(view(),
+               [&](GridView& shown) { return setTrackSelected(shown, shown.geometry().horizontal, column, false); });
 }
 
 void GridAccessibleTable::modelChange(QAccessibleTableModelChangeEvent* /*event*/) {
@@ -238,12 +267,20 @@ void* GridAccessibleCell::interface_cast(QAccessible::InterfaceType type) {
 }
 
 bool GridAccessibleCell::isValid() const {
-    return view_ && isIn(view_->geometry().vertical, row_) && isIn(view_->geometry().horizontal, column_);
+    return ask(view_, [&](GridView& shown) {
+        return isIn(shown.geometry().vertical, row_) && isIn(shown.geometry().horizontal, column_);
+    });
 }
 
-Cell GridAccessibleCell::cell() const {
-    const GridGeometry& geometry = view_->geometry();
-    return geometry.cell(trackAt(geometry.horizontal, column_), trackAt(geometry.vertical, row_));
+template <class Question>
+auto GridAccessibleCell::askAboutCell(Question question) const {
+    using Answer = std::invoke_result_t<Question&, GridView&, Cell>;
+    return ask(view_, [&](GridView& shown) {
+        const GridGeometry& geometry = shown.geometry();
+        return isValid() ? question(shown, geometry.cell(trackAt(geometry.horizontal, column_),
+                                                         trackAt(geometry.vertical, row_)))
+                         : Answer{};
+    });
 }
 
 QAccessibleInterface* GridAccessibleCell::parent() const {
@@ -255,33 +292,31 @@ GridAccessibleTable* GridAccessibleCell::gridTable() const {
 }
 
 QString GridAccessibleCell::text(QAccessible::Text kind) const {
-    if (!isValid()) {
-        return {};
-    }
-    switch (kind) {
-        case QAccessible::Name:
-        case QAccessible::Value:
-            return textOf(*view_, cell());
-        case QAccessible::Description:
-            if (row_ >= 0 && column_ >= 0) {
-                return gridTable()->rowDescription(row_) + QStringLiteral(", ") +
-                       gridTable()->columnDescription(column_);
-            }
-            return {};
-        case QAccessible::Help:
-            return QString::fromStdString(view_->grid().Tooltip(cell()));
-        default:
-            return {};
-    }
+    return askAboutCell([&](GridView& shown, Cell cell) -> QString {
+        switch (kind) {
+            case QAccessible::Name:
+            case QAccessible::Value:
+                return textOf(shown, cell);
+            case QAccessible::Description:
+                if (row_ >= 0 && column_ >= 0) {
+                    return gridTable()->rowDescription(row_) + QStringLiteral(", ") +
+                           gridTable()->columnDescription(column_);
+                }
+                return {};
+            case QAccessible::Help:
+                return QString::fromStdString(shown.grid().Tooltip(cell));
+            default:
+                return {};
+        }
+    });
 }
 
 QRect GridAccessibleCell::rect() const {
-    if (!isValid()) {
-        return {};
-    }
-    const QRect inViewport = view_->cellRect(cell());
-    return inViewport.isEmpty() ? QRect()
-                                : QRect(view_->viewport()->mapToGlobal(inViewport.topLeft()), inViewport.size());
+    return askAboutCell([](GridView& shown, Cell cell) {
+        const QRect inViewport = shown.cellRect(cell);
+        return inViewport.isEmpty() ? QRect()
+                                    : QRect(shown.viewport()->mapToGlobal(inViewport.topLeft()), inViewport.size());
+    });
 }
 
 QAccessible::Role GridAccessibleCell::role() const {
@@ -290,16 +325,16 @@ QAccessible::Role GridAccessibleCell::role() const {
 
 QAccessible::State GridAccessibleCell::state() const {
     QAccessible::State state;
-    if (!isValid()) {
-        state.invalid = true;
-        return state;
-    }
-    state.selectable = true;
-    state.focusable = row_ >= 0 && column_ >= 0;
-    state.selected = isSelected();
-    state.focused = view_->hasFocus() && view_->grid().CurrentCell() == cell();
-    state.readOnly = row_ < 0 || column_ < 0 || view_->grid().Look(cell()).readOnly;
-    state.offscreen = view_->cellRect(cell()).isEmpty();
+    const bool known = askAboutCell([&](GridView& shown, Cell cell) {
+        state.selectable = true;
+        state.focusable = row_ >= 0 && column_ >= 0;
+        state.selected = isSelected();
+        state.focused = shown.hasFocus() && shown.grid().CurrentCell() == cell;
+        state.readOnly = row_ < 0 || column_ < 0 || shown.grid().Look(cell).readOnly;
+        state.offscreen = shown.cellRect(cell).isEmpty();
+        return true;
+    });
+    state.invalid = !known;
     return state;
 }
 
@@ -312,7 +347,7 @@ QList<QAccessibleInterface*> GridAccessibleCell::rowHeaderCells() const {
 }
 
 bool GridAccessibleCell::isSelected() const {
-    return isValid() && cellSelected(*view_, cell());
+    return askAboutCell([](GridView& shown, Cell cell) { return cellSelected(shown, cell); });
 }
 
 }  // namespace planview

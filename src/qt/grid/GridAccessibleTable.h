@@ -56,8 +56,6 @@ public:
     void modelChange(QAccessibleTableModelChangeEvent* event) override;
 
 private:
-    [[nodiscard]] GridLine columns() const;
-    [[nodiscard]] GridLine rows() const;
     void dropCells();
 
     using Place = std::pair<int, int>;  // row, column
@@ -93,7 +91,9 @@ public:
     QAccessibleInterface* table() const override { return parent(); }
 
 private:
-    [[nodiscard]] Cell cell() const;
+    /// Answers a question about the cell at this place; a default value where there is none any more.
+    template <class Question>
+    [[nodiscard]] auto askAboutCell(Question question) const;
     [[nodiscard]] GridAccessibleTable* gridTable() const;
 
     QPointer<GridView> view_;

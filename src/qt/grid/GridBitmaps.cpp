@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
-// The library may be linked statically; then nothing else makes its resources known.
+// A statically linked library registers its resources only here.
 static void initializeIcons() {
     Q_INIT_RESOURCE(planview_icons);
 }
@@ -33,6 +33,23 @@ const QPixmap& GridBitmaps::pixmap(const std::string& name, int pixels, const Gr
     const auto key = std::make_tuple(name, pixels, theme.text);
     const auto known = drawn_.find(key);
     return known != drawn_.end() ? known->second : drawn_.emplace(key, draw(name, pixels, theme)).first->second;
+}
+
+QIcon GridBitmaps::icon(const std::string& name, int side, qreal ratio, const GridTheme& theme, double disabled) {
+    QPixmap picture = pixmap(name, qRound(side * ratio), theme);
+    picture.setDevicePixelRatio(ratio);
+    QIcon icon(picture);
+    if (!picture.isNull()) {
+        QPixmap faint(picture.size());
+        faint.setDevicePixelRatio(ratio);
+        faint.fill(Qt::transparent);
+        QPainter painter(&faint);
+        painter.setOpacity(disabled);
+        painter.drawPixmap(0, 0, picture);
+        painter.end();
+        icon.addPixmap(faint, QIcon::Disabled);
+    }
+    return icon;
 }
 
 QPixmap GridBitmaps::draw(const std::string& name, int pixels, const GridTheme& theme) const {

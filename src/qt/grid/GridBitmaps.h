@@ -21,11 +21,14 @@ class GridBitmaps {
 public:
     GridBitmaps();
 
-    /// The host's picture goes before one of ours with the same name.
+    /// The host's picture takes precedence over one of ours with the same name.
     void add(const std::string& name, const QIcon& icon);
 
     /// The picture with sides of `pixels` paint pixels; null when there is none of that name.
     [[nodiscard]] const QPixmap& pixmap(const std::string& name, int pixels, const GridTheme& theme);
+    /// The picture for a button, with sides of `side` logical pixels, each of `ratio` pixels of the device; with this
+    /// opacity while the button is disabled.
+    [[nodiscard]] QIcon icon(const std::string& name, int side, qreal ratio, const GridTheme& theme, double disabled);
 
 private:
     [[nodiscard]] QPixmap draw(const std::string& name, int pixels, const GridTheme& theme) const;

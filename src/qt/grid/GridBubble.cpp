@@ -42,7 +42,7 @@ QRect GridBubble::textRect() const {
 
 void GridBubble::say(const QString& text, const QRect& place, const GridTheme& theme, double scale, Stay stay) {
     text_ = text;
-    theme_ = &theme;
+    theme_ = theme;
     scale_ = scale;
     QFont scaled = parentWidget()->font();
     scaled.setPixelSize(std::max(1, pixels(BaseTextPixels, scale)));
@@ -84,11 +84,11 @@ void GridBubble::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     const double radius = CornerRadius * scale_;
-    painter.setBrush(QColor::fromRgb(theme_->negative));
+    painter.setBrush(QColor::fromRgb(theme_.negative));
     painter.drawRoundedRect(rect(), radius, radius);
-    painter.setBrush(QColor::fromRgb(theme_->text));
+    painter.setBrush(QColor::fromRgb(theme_.text));
     painter.drawRoundedRect(rect().adjusted(pixels(StripeWidth, scale_), 0, 0, 0), radius, radius);
-    painter.setPen(QColor::fromRgb(theme_->base));
+    painter.setPen(QColor::fromRgb(theme_.base));
     painter.drawText(textRect(), Qt::TextWordWrap | Qt::AlignVCenter, text_);
 }
 

@@ -4,15 +4,15 @@
 #include <QBasicTimer>
 #include <QWidget>
 
-namespace planview {
+#include "qt/grid/GridTheme.h"
 
-struct GridTheme;
+namespace planview {
 
 /// A sentence for the user beside a cell, painted over the grid.
 class GridBubble final : public QWidget {
 public:
     enum class Stay {
-        ForAMoment,  ///< goes by itself
+        ForAMoment,  ///< disappears by itself
         UntilHidden
     };
 
@@ -30,7 +30,7 @@ private:
     [[nodiscard]] QRect textRect() const;
 
     QString text_;
-    const GridTheme* theme_ = nullptr;
+    GridTheme theme_ = GridTheme::light();
     double scale_ = 1.0;
     QBasicTimer goes_;
 };

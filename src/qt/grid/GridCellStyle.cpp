@@ -19,7 +19,7 @@ bool isCorner(const PlacedCell& cell) {
 }
 
 /// The track whose heading the cell is.
-const TrackTraits& headed(const PlacedCell& cell) {
+const TrackLook& headed(const PlacedCell& cell) {
     return cell.top() ? cell.horizontal : cell.vertical;
 }
 

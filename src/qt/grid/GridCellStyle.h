@@ -5,17 +5,17 @@
 
 #include "components/GridControl.h"
 #include "qt/grid/GridColors.h"
-#include "qt/grid/GridTraits.h"
+#include "qt/grid/TrackLooks.h"
 
 namespace planview {
 
 /// A cell on its way to the screen.
 struct PlacedCell {
     Cell cell;
-    const TrackTraits& horizontal;
-    const TrackTraits& vertical;
-    const TrackTraits& column;
-    const TrackTraits& row;
+    const TrackLook& horizontal;
+    const TrackLook& vertical;
+    const TrackLook& column;
+    const TrackLook& row;
 
     /// In the headings along the top.
     [[nodiscard]] bool top() const { return vertical.header; }
@@ -48,7 +48,7 @@ private:
     void setFontStyle(const PlacedCell& cell, const CellLook& look, GridCellStyle& style) const;
 
     const GridControl& grid_;
-    const GridTheme& theme_;
+    GridTheme theme_;
     GridColors& colors_;
     std::optional<Cell> current_;
 };

@@ -8,7 +8,7 @@ namespace planview {
 namespace {
 
 constexpr double ReadableContrast = 4.5;
-/// Below this a text cannot be told from its ground at all.
+/// Below this a text cannot be told apart from its background.
 constexpr double VisibleContrast = 1.5;
 constexpr QRgb White = 0xffffffff;
 constexpr QRgb Black = 0xff000000;
@@ -49,7 +49,7 @@ QRgb GridColors::text(std::int16_t index, QRgb ownText, QRgb ground, bool ownGro
         return ownText;
     }
     const QRgb wanted = ownForeground ? ownText : background(index);
-    constexpr QRgb OwnGroundMark = 0xff000000;  // colours are opaque, their first byte is free
+    constexpr QRgb OwnGroundMark = 0xff000000;  // colours are opaque, so their first byte is free
     const std::uint64_t key =
         (static_cast<std::uint64_t>(wanted) << 32) | (ground & RGB_MASK) | (ownGround ? OwnGroundMark : 0);
     const auto known = readable_.find(key);

@@ -41,7 +41,7 @@ private:
     [[nodiscard]] Role roleOf(std::int16_t index, Role none = Role::White) const;
     [[nodiscard]] QRgb readable(QRgb text, QRgb ownText, QRgb ground, bool ownGround) const;
 
-    const GridTheme& theme_;
+    GridTheme theme_;
     std::vector<Entry> colors_;
     bool hasOwnBase_ = true;
     QRgb base_;

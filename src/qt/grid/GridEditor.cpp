@@ -6,12 +6,13 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <cmath>
 #include <optional>
 
+#include "qt/grid/CellContentPainter.h"
 #include "qt/grid/GridBubble.h"
-#include "qt/grid/GridContents.h"
 #include "qt/grid/GridNavigation.h"
 #include "qt/grid/GridView.h"
 
@@ -20,7 +21,7 @@ namespace planview {
 namespace {
 
 constexpr int FrameWidth = 2;
-/// What QLineEdit itself keeps free at each side.
+/// The margin that QLineEdit itself keeps on each side.
 constexpr int LineMargin = 2;
 
 std::optional<GridMove> finishingMove(const QKeyEvent& event, GridEditor::Start start) {
@@ -106,7 +107,7 @@ void GridEditor::makeLine() {
     line_ = new EditLine(view_.viewport());
     line_->setObjectName(QStringLiteral("CellEditor"));
     line_->installEventFilter(this);
-    connect(line_, &QLineEdit::textChanged, this, [this] {
+    view_.guard().connect(line_.data(), &QLineEdit::textChanged, this, "EntryChanged", [this] {
         hideMessage();
         follow();
     });
@@ -216,7 +217,7 @@ void GridEditor::refuse(Refusal refusal) {
     refused_ = refusal;
     say(refusal, cell_);
     line_->setFrameLook(view_.theme().negative, view_.frameWidth());
-    // Elsewhere in the window the user may go on; the text waits.
+    // The user may go on elsewhere in the window; the text waits.
     if (line_->isVisible() && view_.hasFocus()) {
         line_->setFocus(Qt::OtherFocusReason);
     }
@@ -242,7 +243,7 @@ void GridEditor::follow() {
         close();
         return;
     }
-    placing_ = true;
+    const QScopedValueRollback placing(placing_, true);
     const QRect cell = view_.cellRect(cell_);
     if (!cell.isEmpty()) {
         place(cell);
@@ -257,12 +258,11 @@ void GridEditor::follow() {
             bubble_->hide();
         }
         // Not now: the grid may be telling of the change that scrolled the cell away.
-        QMetaObject::invokeMethod(this, &GridEditor::finishOutOfSight, Qt::QueuedConnection);
+        view_.guard().later(this, "FinishOutOfSight", [this] { finishOutOfSight(); });
     }
-    placing_ = false;
 }
 
-/// The editor covers its cell with the frame and grows over the neighbours as the text needs it.
+/// The editor covers its cell with the frame and grows over its neighbours as the text needs.
 void GridEditor::place(const QRect& cell) {
     const double scale = view_.textScale();
     const int frame = view_.frameWidth();
@@ -288,7 +288,6 @@ void GridEditor::place(const QRect& cell) {
 
 void GridEditor::finishOutOfSight() {
     if (open_ && view_.cellRect(cell_).isEmpty()) {
-        const std::shared_ptr<void> keepGrid = view_.owner();
         static_cast<void>(finish());
     }
 }
@@ -321,7 +320,10 @@ bool GridEditor::eventFilter(QObject* watched, QEvent* event) {
     if (watched != line_ || !open_) {
         return QObject::eventFilter(watched, event);
     }
-    const std::shared_ptr<void> keepGrid = view_.owner();
+    return view_.guard().run(*event, [&] { return handleLineEvent(event); });
+}
+
+bool GridEditor::handleLineEvent(QEvent* event) {
     switch (event->type()) {
         case QEvent::ShortcutOverride:
             if (isForUs(*static_cast<QKeyEvent*>(event))) {
@@ -349,7 +351,7 @@ bool GridEditor::eventFilter(QObject* watched, QEvent* event) {
             if (self) {
                 view_.reportFocus();
             }
-            // The line may be gone, and QLineEdit has still to hear of the focus where it is not.
+            // The line may be gone; if it is not, QLineEdit must still hear of the focus.
             return !self;
         }
         default:

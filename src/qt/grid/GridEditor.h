@@ -21,9 +21,9 @@ class GridView;
 /// Edits one cell in its place.
 ///
 /// An entry that the cell does not take stays open with the reason beside it, so that no text is lost; the editor then
-/// waits, out of sight if need be, until the text is mended or given up. The editor stands on its cell while the grid
-/// is scrolled, sized or scaled. Scrolling the cell away and leaving the editor finish the entry. When the grid is
-/// built anew the entry is given up, because what it was made for is gone.
+/// waits, out of sight if need be, until the text is corrected or abandoned. The editor follows its cell while the grid
+/// is scrolled, resized or scaled. Scrolling the cell out of sight or leaving the editor finishes the entry. When the
+/// grid is rebuilt the entry is abandoned, because its cell is gone.
 ///
 /// Finishing tells the grid's listener, who may delete the view and the editor with it.
 class GridEditor final : public QObject {
@@ -40,21 +40,21 @@ public:
 
     [[nodiscard]] bool isOpen() const { return open_; }
     [[nodiscard]] bool hasFocus() const;
-    /// The text line; null while none was ever needed.
+    /// The text line; null until one is needed.
     [[nodiscard]] QLineEdit* line() const;
     /// What is shown beside the cell now; empty when nothing is.
     [[nodiscard]] QString message() const;
 
     /// False where the cell cannot be edited; the reason is then shown beside it.
     bool open(Cell cell, Start start);
-    /// Gives the entry an input that came in beside it, and brings it into sight.
+    /// Passes an input event that reached the view on to the entry, and scrolls it into sight.
     void pass(QEvent& event);
     /// Ends the entry; false when its text is refused. True when there is none.
     bool finish();
     void giveUp();
     /// Shows a sentence beside a cell for a moment; false where the cell is out of sight.
     bool tell(Cell cell, const QString& sentence);
-    /// Takes the editor to where its cell stands now.
+    /// Moves the editor to where its cell is now.
     void follow();
     void hideMessage();
 
@@ -69,6 +69,8 @@ private:
     void refuse(Refusal refusal);
     void finishOutOfSight();
     [[nodiscard]] std::string entered() const;
+    /// Whether the text line is not to see the event.
+    [[nodiscard]] bool handleLineEvent(QEvent* event);
     [[nodiscard]] bool handleKey(const QKeyEvent& event);
     [[nodiscard]] bool isForUs(const QKeyEvent& event) const;
 
@@ -79,7 +81,7 @@ private:
     std::uint64_t builtFor_ = 0;
     std::string before_;
     Start start_ = Start::Typed;
-    Refusal refused_ = Refusal::None;  ///< why the text that stands there was not taken
+    Refusal refused_ = Refusal::None;  ///< why the entered text was not accepted
     bool open_ = false;
     bool placing_ = false;
 };

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "components/GridControl.h"
-#include "qt/grid/GridContents.h"
+#include "qt/grid/CellContentPainter.h"
 #include "qt/grid/GridFonts.h"
 
 namespace planview {
@@ -27,15 +27,15 @@ public:
         // Headings and totals are painted bold.
         const bool bold =
             grid_.Row(cell.row).area != RowArea::Center || grid_.Column(cell.column).area != ColumnArea::Center;
-        GridFace& face = fonts_.face(look.font, bold, look.helpLine);
+        TextShaper& shaper = fonts_.shaper(look.font, bold, look.helpLine);
         double needed = 0;
         if (!text.empty()) {
-            needed = face.isPlainNumber(text) ? face.numberWidth(text) : face.shape(text).width;
+            needed = shaper.isPlainNumber(text) ? shaper.numberWidth(text) : shaper.shape(text).width;
         }
         const int bitmap = look.bitmap ? BitmapPixels : 0;
         needed += bitmap > 0 && !text.empty() ? bitmap + BitmapGap : bitmap;
         width_ = std::max(width_, needed);
-        height_ = std::max({height_, face.height(), bitmap});
+        height_ = std::max({height_, shaper.height(), bitmap});
     }
     void addColumn(ColumnId column) {
         for (const RowArea area : {RowArea::Top, RowArea::Center, RowArea::Bottom}) {

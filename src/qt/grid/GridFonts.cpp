@@ -12,11 +12,11 @@ namespace planview {
 
 namespace {
 
-/// What numbers are written with.
+/// The characters of a plain number.
 constexpr std::string_view NumberCharacters = "0123456789.,-+%";
-/// No cell is wide enough for more; keeps a text of a megabyte from being shaped.
+/// No cell is wide enough for more; avoids shaping a megabyte of text.
 constexpr std::size_t LongestShownText = 1000;
-/// Remembered texts per face; enough for many screens.
+/// Remembered texts per shaper; enough for many screens.
 constexpr std::size_t MostShaped = 20000;
 constexpr double PixelsPerPoint = 96.0 / 72.0;
 constexpr int SmallestTextPixels = 5;
@@ -29,14 +29,14 @@ QString shownText(std::string_view text) {
 
 }  // namespace
 
-GridFace::GridFace(const QFont& font, std::vector<QRawFont>& rawFonts) : font_(font), rawFonts_(rawFonts) {
+TextShaper::TextShaper(const QFont& font, std::vector<QRawFont>& rawFonts) : font_(font), rawFonts_(rawFonts) {
     const QFontMetricsF metrics(font_);
     ascent_ = static_cast<int>(std::lround(metrics.ascent()));
     height_ = static_cast<int>(std::lround(metrics.ascent() + metrics.descent()));
     prepareDigits();
 }
 
-int GridFace::rawFontIndex(const QRawFont& rawFont) const {
+int TextShaper::rawFontIndex(const QRawFont& rawFont) const {
     const auto found = std::find(rawFonts_.begin(), rawFonts_.end(), rawFont);
     const auto index = found - rawFonts_.begin();
     if (found == rawFonts_.end()) {
@@ -45,7 +45,7 @@ int GridFace::rawFontIndex(const QRawFont& rawFont) const {
     return static_cast<int>(index);
 }
 
-void GridFace::prepareDigits() {
+void TextShaper::prepareDigits() {
     qreal widest = 0;
     for (const char character : NumberCharacters) {
         const ShapedText shaped = shapeNow(QString(QLatin1Char(character)));
@@ -68,13 +68,13 @@ void GridFace::prepareDigits() {
     }
 }
 
-bool GridFace::isPlainNumber(std::string_view text) const {
+bool TextShaper::isPlainNumber(std::string_view text) const {
     return numberRawFont_ >= 0 && std::all_of(text.begin(), text.end(), [this](char character) {
                return digits_[static_cast<unsigned char>(character)].advance > 0;
            });
 }
 
-qreal GridFace::numberWidth(std::string_view text) const {
+qreal TextShaper::numberWidth(std::string_view text) const {
     qreal width = 0;
     for (const char character : text) {
         width += digits_[static_cast<unsigned char>(character)].advance;
@@ -82,7 +82,7 @@ qreal GridFace::numberWidth(std::string_view text) const {
     return width;
 }
 
-const ShapedText& GridFace::shape(const std::string& text) {
+const ShapedText& TextShaper::shape(const std::string& text) {
     const auto known = shaped_.find(text);
     if (known != shaped_.end()) {
         return known->second;
@@ -93,7 +93,7 @@ const ShapedText& GridFace::shape(const std::string& text) {
     return shaped_.emplace(text, shapeNow(shownText(text))).first->second;
 }
 
-const ShapedText& GridFace::shapeElided(const std::string& text, int width) {
+const ShapedText& TextShaper::shapeElided(const std::string& text, int width) {
     const ShapedText& whole = shape(text);
     if (whole.width <= width) {
         return whole;
@@ -110,7 +110,7 @@ const ShapedText& GridFace::shapeElided(const std::string& text, int width) {
     return elided_.emplace(key, shapeNow(elided)).first->second;
 }
 
-ShapedText GridFace::shapeNow(const QString& text) const {
+ShapedText TextShaper::shapeNow(const QString& text) const {
     QTextLayout layout(text, font_);
     QTextOption option;
     option.setWrapMode(QTextOption::NoWrap);
@@ -137,30 +137,30 @@ ShapedText GridFace::shapeNow(const QString& text) const {
 
 GridFonts::GridFonts(const QFont& family, double unit) : family_(family), unit_(unit) {}
 
-GridFace& GridFonts::face(const GridFont* font, bool bold, bool italic) {
+TextShaper& GridFonts::shaper(const GridFont* font, bool bold, bool italic) {
     if (!font) {
-        std::unique_ptr<GridFace>& own = own_[(bold ? 1U : 0U) + (italic ? 2U : 0U)];
+        std::unique_ptr<TextShaper>& own = own_[(bold ? 1U : 0U) + (italic ? 2U : 0U)];
         if (!own) {
-            own = makeFace({{}, 0, bold, italic});
+            own = makeShaper({{}, 0, bold, italic});
         }
         return *own;
     }
     const bool wantBold = bold || font->bold;
     const bool wantItalic = italic || font->italic;
     if (font->name.empty() && font->size == 0) {
-        return face(nullptr, wantBold, wantItalic);
+        return shaper(nullptr, wantBold, wantItalic);
     }
-    for (const NamedFace& known : named_) {
+    for (const NamedShaper& known : named_) {
         if (known.font.size == font->size && known.font.bold == wantBold && known.font.italic == wantItalic &&
             known.font.name == font->name) {
-            return *known.face;
+            return *known.shaper;
         }
     }
     const GridFont wanted{font->name, font->size, wantBold, wantItalic};
-    return *named_.emplace_back(NamedFace{wanted, makeFace(wanted)}).face;
+    return *named_.emplace_back(NamedShaper{wanted, makeShaper(wanted)}).shaper;
 }
 
-std::unique_ptr<GridFace> GridFonts::makeFace(const GridFont& font) {
+std::unique_ptr<TextShaper> GridFonts::makeShaper(const GridFont& font) {
     QFont made(family_);
     if (!font.name.empty()) {
         made.setFamilies({QString::fromStdString(font.name), family_.family()});
@@ -169,7 +169,7 @@ std::unique_ptr<GridFace> GridFonts::makeFace(const GridFont& font) {
     made.setPixelSize(std::max(SmallestTextPixels, static_cast<int>(std::lround(pixels * unit_))));
     made.setBold(font.bold);
     made.setItalic(font.italic);
-    return std::make_unique<GridFace>(made, rawFonts_);
+    return std::make_unique<TextShaper>(made, rawFonts_);
 }
 
 }  // namespace planview

@@ -30,12 +30,12 @@ struct ShapedText {
     std::vector<Run> runs;
 };
 
-/// One font at one size with what it has already shaped.
+/// Shapes texts in one font at one size.
 ///
-/// Numbers are put together from prepared digits of equal width; every other text is shaped once and remembered.
-class GridFace {
+/// Composes numbers from prepared digits of equal width; shapes every other text once and remembers it.
+class TextShaper {
 public:
-    GridFace(const QFont& font, std::vector<QRawFont>& rawFonts);
+    TextShaper(const QFont& font, std::vector<QRawFont>& rawFonts);
 
     [[nodiscard]] int ascent() const { return ascent_; }
     [[nodiscard]] int height() const { return height_; }
@@ -88,22 +88,22 @@ public:
     GridFonts(const QFont& family, double unit);
 
     [[nodiscard]] double unit() const { return unit_; }
-    /// The face for a table's font (null: the view's own), made bold or italic where the cell's role asks for it.
-    [[nodiscard]] GridFace& face(const GridFont* font, bool bold, bool italic);
+    /// The shaper for a table's font (null: the view's own), made bold or italic where the cell's role asks for it.
+    [[nodiscard]] TextShaper& shaper(const GridFont* font, bool bold, bool italic);
     [[nodiscard]] const std::vector<QRawFont>& rawFonts() const { return rawFonts_; }
 
 private:
-    struct NamedFace {
+    struct NamedShaper {
         GridFont font;
-        std::unique_ptr<GridFace> face;
+        std::unique_ptr<TextShaper> shaper;
     };
-    [[nodiscard]] std::unique_ptr<GridFace> makeFace(const GridFont& font);
+    [[nodiscard]] std::unique_ptr<TextShaper> makeShaper(const GridFont& font);
 
     QFont family_;
     double unit_;
     std::vector<QRawFont> rawFonts_;
-    std::array<std::unique_ptr<GridFace>, 4> own_;  // by bold and italic
-    std::vector<NamedFace> named_;
+    std::array<std::unique_ptr<TextShaper>, 4> own_;  // by bold and italic
+    std::vector<NamedShaper> named_;
 };
 
 }  // namespace planview

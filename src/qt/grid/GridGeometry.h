@@ -33,7 +33,7 @@ struct GridTrack {
     [[nodiscard]] int size() const { return end - start; }
 };
 
-/// What is seen of one axis: the leading tracks at the start, the trailing ones at the end (right behind the centre
+/// The visible part of one axis: the leading tracks at the start, the trailing ones at the end (right behind the centre
 /// when all of that fits), between them the centre from its first visible track on.
 ///
 /// The centre scrolls by whole tracks. Only the last page is aligned to the end, so that it leaves no gap; there the

@@ -9,7 +9,7 @@ namespace {
 
 using Area = AxisLayout::Area;
 
-/// How far from a border it can be gripped, in logical pixels.
+/// How far from a border it can be grabbed, in logical pixels.
 constexpr int BorderReach = 4;
 
 struct TrackBorder {
@@ -17,7 +17,7 @@ struct TrackBorder {
     int direction = 1;
 };
 
-/// Tracks at the end of the view keep their outer side; they are gripped at their inner one.
+/// Tracks at the end of the view keep their outer side; they are grabbed at their inner one.
 bool grippedAtStart(const GridAxis& axis, const GridTrack& track) {
     return track.area == Area::Trailing && axis.maxFirst() > 0;
 }
@@ -31,7 +31,7 @@ TrackBorder borderAt(const GridAxis& axis, int position, int reach) {
         const GridBand band = axis.band(track.area);
         const bool visible = atStart ? band.contains(border) : border > band.start && border <= band.end;
         const int distance = std::abs(position - border);
-        // The last one wins, so that a track of no size can be drawn out again.
+        // The last one wins, so that a track of size 0 can be dragged open again.
         if (visible && distance <= nearest && distance <= reach) {
             nearest = distance;
             found = {track.id, atStart ? -1 : 1};

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "components/GridControl.h"
-#include "qt/grid/GridContents.h"
+#include "qt/grid/CellContentPainter.h"
 #include "qt/grid/GridFonts.h"
 
 namespace planview {
@@ -19,7 +19,7 @@ int widestLabel(const GridControl& grid, const QFont& family) {
         }
         const CellLook look = grid.Look(cell);
         // A heading may be painted bold.
-        const qreal text = fonts.face(look.font, true, false).shape(grid.DisplayText(cell, look)).width;
+        const qreal text = fonts.shaper(look.font, true, false).shape(grid.DisplayText(cell, look)).width;
         widest = std::max(widest, text + (look.bitmap ? BitmapPixels + BitmapGap : 0));
     };
     const auto label = grid.FindColumn(LabelColumnKey);

@@ -101,7 +101,7 @@ void GridMouse::press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifier
         }
         if (modifiers == Qt::NoModifier && heading_.press(hit, point)) {
             doing_ = Doing::Moving;
-            clicked_ = cellOf(hit);
+            clicked_ = view_.grid().KeyOf(cellOf(hit));
             report(hit, button, modifiers);
             return;
         }
@@ -113,7 +113,7 @@ void GridMouse::press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifier
         scrollsAcross_ = doing_ != Doing::LeftHeadings && isInCenter(geometry.horizontal, hit.horizontal);
         scrollsDown_ = doing_ != Doing::TopHeadings && isInCenter(geometry.vertical, hit.vertical);
         if (doing_ != Doing::Nothing && modeFor(modifiers) == SelectionMode::Replace) {
-            clicked_ = cellOf(hit);
+            clicked_ = view_.grid().KeyOf(cellOf(hit));
         }
         select(hit, modeFor(modifiers));
     } else {
@@ -158,8 +158,8 @@ Cell GridMouse::cellOf(const GridHit& hit) const {
     return view_.geometry().cell(hit.horizontal, hit.vertical);
 }
 
-/// Whether the press here has brought its cell into sight, and so another one under the pointer. What follows without
-/// the pointer going anywhere is still about the cell that was pressed.
+/// Whether the press scrolled its cell into sight and so brought another cell under the pointer. Until the pointer
+/// moves, what follows is still about the pressed cell.
 bool GridMouse::hasScrolledAway(QPoint point) const {
     constexpr int Steady = 4;
     const GridControl& grid = view_.grid();
@@ -173,13 +173,13 @@ void GridMouse::reportDoubleClick(Cell cell) {
     const std::uint64_t built = grid.BuildVersion();
     const QPointer<GridView> view(&view_);
     grid.ReportDoubleClick(cell);
-    // The host may have built the grid anew, or have gone.
+    // The host may have rebuilt the grid, or be gone.
     if (view && grid.BuildVersion() == built) {
         view->edit(cell);
     }
 }
 
-/// What a mark at a header border stands for; false where there is none.
+/// Shows what a mark at a header border stands for; false if there is none.
 bool GridMouse::showHidden(QPoint point) {
     const std::optional<HiddenMark> mark = hiddenMarkAt(view_.grid(), view_.geometry(), view_.toDevice(point));
     if (!mark) {
@@ -264,7 +264,7 @@ void GridMouse::move(QPoint point) {
         return;
     }
     const GridHit hit = view_.hitTest(point);
-    if (clicked_ && (hit.place == Place::Nothing || cellOf(hit) != *clicked_)) {
+    if (clicked_ && (hit.place == Place::Nothing || view_.grid().KeyOf(cellOf(hit)) != *clicked_)) {
         clicked_.reset();
     }
     view_.setAutoScroll(!scrollDirection(point).isNull());
@@ -310,18 +310,25 @@ void GridMouse::extendTo(QPoint point) {
 
 void GridMouse::release() {
     const Doing done = std::exchange(doing_, Doing::Nothing);
-    const std::optional<Cell> clicked = std::exchange(clicked_, std::nullopt);
+    const std::optional<CellKey> clicked = std::exchange(clicked_, std::nullopt);
     view_.setAutoScroll(false);
     if (done == Doing::Resizing) {
         view_.grid().ReleaseBorder();
     } else if (done == Doing::Moving) {
         releaseHeading(clicked);
     } else if (clicked) {
-        view_.grid().ReportSimpleClick(*clicked);
+        reportSimpleClick(*clicked);
     }
 }
 
-void GridMouse::releaseHeading(const std::optional<Cell>& clicked) {
+/// The host may have rebuilt the grid since the press: the cell is the one with the same keys.
+void GridMouse::reportSimpleClick(const CellKey& key) {
+    if (const std::optional<Cell> cell = view_.grid().FindCell(key)) {
+        view_.grid().ReportSimpleClick(*cell);
+    }
+}
+
+void GridMouse::releaseHeading(const std::optional<CellKey>& clicked) {
     if (heading_.release()) {
         return;
     }
@@ -329,7 +336,7 @@ void GridMouse::releaseHeading(const std::optional<Cell>& clicked) {
     const QPointer<GridView> view(&view_);
     select(heading_.taken(), SelectionMode::Replace);
     if (view && clicked) {
-        view->grid().ReportSimpleClick(*clicked);
+        reportSimpleClick(*clicked);
     }
 }
 

@@ -16,8 +16,8 @@ class GridView;
 
 /// What the mouse does in the grid: selects cells, columns and rows, drags header borders and headings.
 ///
-/// Every method may end with the view deleted, because the host may do so when it hears what happened; none touches
-/// anything after it has told the grid.
+/// Every method may end with the view deleted, because the host may do so when it hears what happened; so none uses
+/// anything after telling the grid.
 class GridMouse {
 public:
     explicit GridMouse(GridView& view) : view_(view), heading_(view) {}
@@ -26,7 +26,7 @@ public:
     void doubleClick(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     void move(QPoint point);
     void release();
-    /// Gives up a resizing or moving that is under way; false when there is none.
+    /// Cancels a resize or move in progress; false if there is none.
     bool cancel();
     /// Scrolls towards a pointer beyond the cells and takes the selection along.
     void autoScroll();
@@ -47,7 +47,8 @@ private:
     [[nodiscard]] Cell cellOf(const GridHit& hit) const;
     [[nodiscard]] bool hasScrolledAway(QPoint point) const;
     void reportDoubleClick(Cell cell);
-    void releaseHeading(const std::optional<Cell>& clicked);
+    void reportSimpleClick(const CellKey& key);
+    void releaseHeading(const std::optional<CellKey>& clicked);
     bool showHidden(QPoint point);
     void fitContents(const GridHit& hit);
     void select(const GridHit& hit, SelectionMode mode);
@@ -59,7 +60,7 @@ private:
     Doing doing_ = Doing::Nothing;
     Resizing resizing_;
     HeadingDrag heading_;
-    // Whether what is dragged was taken hold of in the centre, which then scrolls along.
+    // Whether the drag began in the centre area, which then scrolls along.
     bool scrollsAcross_ = false;
     bool scrollsDown_ = false;
     QPoint last_;
@@ -73,7 +74,7 @@ private:
     /// The last press.
     std::optional<Pressed> pressed_;
     /// The cell or heading of a press that may become a simple click.
-    std::optional<Cell> clicked_;
+    std::optional<CellKey> clicked_;
 };
 
 }  // namespace planview

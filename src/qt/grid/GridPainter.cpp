@@ -17,16 +17,16 @@ constexpr int LetteredDotSize = 14;
 constexpr int LetterPixels = 10;
 constexpr int HintLength = 14;
 constexpr int HintInset = 3;
-/// How far to the left a text is looked for that runs on into the first visible cell.
+/// How far to the left to look for a text that runs on into the first visible cell.
 constexpr int LongestLookBack = 32;
 
-std::vector<PlacedTrack> placedIn(const GridAxis& axis, const std::vector<TrackTraits>& traits, Area area, int start,
+std::vector<PlacedTrack> placedIn(const GridAxis& axis, const std::vector<TrackLook>& looks, Area area, int start,
                                   int end) {
     std::vector<PlacedTrack> result;
     const std::span<const GridTrack> tracks = axis.tracks();
     for (std::size_t i = 0; i < tracks.size(); ++i) {
         if (tracks[i].area == area && tracks[i].end > start && tracks[i].start < end) {
-            result.push_back({tracks[i], traits[i]});
+            result.push_back({tracks[i], looks[i]});
         }
     }
     return result;
@@ -40,8 +40,8 @@ QRect regionRect(const GridGeometry& geometry, Area horizontal, Area vertical) {
 
 PlacedCell placedCell(const GridGeometry& geometry, const PlacedTrack& horizontal, const PlacedTrack& vertical) {
     const bool columnsAcross = geometry.horizontal.showsColumns();
-    return {geometry.cell(horizontal.track.id, vertical.track.id), horizontal.traits, vertical.traits,
-            columnsAcross ? horizontal.traits : vertical.traits, columnsAcross ? vertical.traits : horizontal.traits};
+    return {geometry.cell(horizontal.track.id, vertical.track.id), horizontal.look, vertical.look,
+            columnsAcross ? horizontal.look : vertical.look, columnsAcross ? vertical.look : horizontal.look};
 }
 
 }  // namespace
@@ -49,7 +49,7 @@ PlacedCell placedCell(const GridGeometry& geometry, const PlacedTrack& horizonta
 GridPainter::GridPainter(const GridScene& scene)
     : scene_(scene),
       colors_(scene.grid, scene.theme),
-      traits_(scene.grid, colors_, scene.geometry),
+      looks_(scene.grid, colors_, scene.geometry),
       styler_(scene.grid, scene.theme, colors_, scene.grid.CurrentCell()),
       contents_(scene),
       line_(scene.geometry.hairline()) {}
@@ -83,9 +83,9 @@ void GridPainter::paintRegion(QPainter& painter, Area horizontal, Area vertical,
         return;
     }
     const std::vector<PlacedTrack> columns =
-        placedIn(scene_.geometry.horizontal, traits_.horizontal, horizontal, region.left(), region.right() + 1);
+        placedIn(scene_.geometry.horizontal, looks_.horizontal, horizontal, region.left(), region.right() + 1);
     const std::vector<PlacedTrack> rows =
-        placedIn(scene_.geometry.vertical, traits_.vertical, vertical, region.top(), region.bottom() + 1);
+        placedIn(scene_.geometry.vertical, looks_.vertical, vertical, region.top(), region.bottom() + 1);
 
     painter.setClipRect(region);
     painter.fillRect(region, QColor::fromRgb(columns.empty() || rows.empty() ? scene_.theme.panel : colors_.base()));
@@ -133,7 +133,7 @@ void GridPainter::paintRow(QPainter& painter, const std::vector<PlacedTrack>& co
 }
 
 void GridPainter::addSpillFromLeft(const PlacedTrack& first, const PlacedTrack& row) {
-    if (first.track.area != Area::Center || row.traits.header) {
+    if (first.track.area != Area::Center || row.look.header) {
         return;
     }
     const GridAxis& axis = scene_.geometry.horizontal;
@@ -150,7 +150,7 @@ void GridPainter::addSpillFromLeft(const PlacedTrack& first, const PlacedTrack& 
             const GridBand band = axis.centerBand(i);
             PlacedTrack from = first;
             from.track = {id, Area::Center, i, band.start, band.end};
-            from.traits.order = trackOrder(scene_.grid, axis.showsColumns(), id);
+            from.look.order = trackOrder(scene_.grid, axis.showsColumns(), id);
             contents_.add(from, row, look, styler_.style(placedCell(scene_.geometry, from, row), look, std::nullopt),
                           std::nullopt);
         }
@@ -162,8 +162,8 @@ void GridPainter::addMarks(const PlacedTrack& horizontal, const PlacedTrack& ver
                            bool relief) {
     const QRect rect = trackRect(horizontal.track, vertical.track);
     const int width = scene_.geometry.pixels(MarkWidth);
-    const bool top = vertical.traits.header;
-    const bool left = horizontal.traits.header;
+    const bool top = vertical.look.header;
+    const bool left = horizontal.look.header;
     if (style.marked) {
         const QColor accent = QColor::fromRgb(scene_.theme.accent);
         const GridAxis& axis = top ? scene_.geometry.vertical : scene_.geometry.horizontal;
@@ -205,7 +205,7 @@ void GridPainter::addPendingCorner(const QRect& inner) {
     }
 }
 
-/// In the air that labels keep on their left; a grid with rows across has no such place.
+/// In the space to the left of the labels; a switched grid has none.
 void GridPainter::addDot(const PlacedTrack& label, const PlacedTrack& row) {
     const GridGeometry& geometry = scene_.geometry;
     if (scene_.dots.empty() || row.track.area != Area::Center || !geometry.horizontal.showsColumns()) {
@@ -219,7 +219,7 @@ void GridPainter::addDot(const PlacedTrack& label, const PlacedTrack& row) {
     const QRect rect = trackRect(label.track, row.track);
     const bool lettered = !found->second.letter.isNull();
     const int size = std::min(geometry.pixels(lettered ? LetteredDotSize : DotSize), rect.height());
-    // One with a letter takes all of that air.
+    // A dot with a letter takes all of that space.
     const int left = lettered ? (geometry.pixels(CellPadding + LabelIndent) - size) / 2 : geometry.pixels(CellPadding);
     dots_.push_back(
         {QRect(rect.left() + left, rect.top() + (rect.height() - line_ - size) / 2, size, size), found->second});
@@ -230,7 +230,7 @@ void GridPainter::paintDots(QPainter& painter) {
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing, true);
-    QFont font(scene_.fonts.face(nullptr, true, false).font());
+    QFont font(scene_.fonts.shaper(nullptr, true, false).font());
     font.setPixelSize(scene_.geometry.pixels(LetterPixels));
     painter.setFont(font);
     for (const Dot& dot : dots_) {
@@ -261,10 +261,10 @@ void GridPainter::addHiddenHint(const PlacedTrack& track, const QRect& heading, 
                               color});
         }
     };
-    if (track.traits.hidden.before) {
+    if (track.look.hidden.before) {
         addDoubleLine(track.track.start);
     }
-    if (track.traits.hidden.behind) {
+    if (track.look.hidden.behind) {
         addDoubleLine(track.track.end);
     }
 }
@@ -338,10 +338,10 @@ bool GridPainter::isCut(Cell cell) {
         return false;
     }
     const PlacedTrack horizontal{*h,
-                                 traits_.horizontal[static_cast<std::size_t>(h - geometry.horizontal.tracks().data())]};
-    const PlacedTrack vertical{*v, traits_.vertical[static_cast<std::size_t>(v - geometry.vertical.tracks().data())]};
+                                 looks_.horizontal[static_cast<std::size_t>(h - geometry.horizontal.tracks().data())]};
+    const PlacedTrack vertical{*v, looks_.vertical[static_cast<std::size_t>(v - geometry.vertical.tracks().data())]};
     const CellLook look = scene_.grid.Look(cell);
-    const bool heading = horizontal.traits.header || vertical.traits.header;
+    const bool heading = horizontal.look.header || vertical.look.header;
     const std::optional<double> number = heading ? std::nullopt : scene_.grid.Number(cell, look);
     return contents_.isCut(horizontal, vertical, look,
                            styler_.style(placedCell(geometry, horizontal, vertical), look, number), number);

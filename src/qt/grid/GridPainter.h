@@ -4,11 +4,11 @@
 #include <QRect>
 #include <vector>
 
+#include "qt/grid/CellContentPainter.h"
 #include "qt/grid/GridCellStyle.h"
 #include "qt/grid/GridColors.h"
-#include "qt/grid/GridContents.h"
 #include "qt/grid/GridScene.h"
-#include "qt/grid/GridTraits.h"
+#include "qt/grid/TrackLooks.h"
 
 class QPainter;
 
@@ -56,9 +56,9 @@ private:
 
     GridScene scene_;
     GridColors colors_;
-    GridTraits traits_;
+    TrackLooks looks_;
     GridStyler styler_;
-    GridContents contents_;
+    CellContentPainter contents_;
     std::vector<Fill> marks_;  // over the lines
     std::vector<Dot> dots_;    // round
     int line_;

@@ -25,17 +25,18 @@ struct RowDot {
 /// The rows that carry a dot, by key.
 using RowDots = std::unordered_map<std::string, RowDot>;
 
-/// All that a picture of the grid is made from; no widget among it, so that screen, print and files share the painter.
+/// All that a picture of the grid is made from. No widget is involved, so that screen, print and files share the
+/// painter.
 struct GridScene {
     const GridControl& grid;
     const GridGeometry& geometry;
-    const GridTheme& theme;
+    GridTheme theme;
     GridFonts& fonts;  ///< made for the geometry's unit
     GridBitmaps& bitmaps;
     const PendingMarks& pending;
     const RowDots& dots;
     bool framed = true;   ///< the current cell has its frame
-    bool focused = true;  ///< the current cell's frame steps back while the grid does not have the focus
+    bool focused = true;  ///< the current cell's frame is muted while the grid does not have the focus
 };
 
 }  // namespace planview

@@ -18,9 +18,9 @@ GridTextBatch::Batch& GridTextBatch::batch(int rawFont, QRgb color) {
     return batches_.emplace_back(Batch{rawFont, color, {}, {}});
 }
 
-void GridTextBatch::addNumber(const GridFace& face, std::string_view text, QPointF start, QRgb color) {
-    Batch& into = batch(face.numberRawFont(), color);
-    face.placeNumber(text, [&](quint32 glyph, qreal x) {
+void GridTextBatch::addNumber(const TextShaper& shaper, std::string_view text, QPointF start, QRgb color) {
+    Batch& into = batch(shaper.numberRawFont(), color);
+    shaper.placeNumber(text, [&](quint32 glyph, qreal x) {
         into.glyphs.append(glyph);
         into.positions.append(QPointF(start.x() + x, start.y()));
     });

@@ -18,8 +18,8 @@ class GridTextBatch {
 public:
     explicit GridTextBatch(const GridFonts& fonts) : fonts_(fonts) {}
 
-    /// A plain number of the face, see GridFace::isPlainNumber().
-    void addNumber(const GridFace& face, std::string_view text, QPointF start, QRgb color);
+    /// A plain number of the shaper, see TextShaper::isPlainNumber().
+    void addNumber(const TextShaper& shaper, std::string_view text, QPointF start, QRgb color);
     void addText(const ShapedText& text, QPointF start, QRgb color);
     void paint(QPainter& painter);
 

@@ -6,7 +6,7 @@
 
 namespace planview {
 
-/// The colours that the view brings along; everything else comes from the palette that the control registers.
+/// The view's own colours; all others come from the palette that the control registers.
 struct GridTheme {
     bool dark = false;
     QRgb base = 0;      ///< planning cells
@@ -17,7 +17,7 @@ struct GridTheme {
     QRgb helpLine = 0;  ///< help lines
     QRgb line = 0;      ///< between cells; twice as wide between areas
     QRgb text = 0;
-    QRgb muted = 0;        ///< text that steps back
+    QRgb muted = 0;        ///< subdued text
     QRgb accent = 0;       ///< current cell, selected headings
     QRgb accentTint = 0;   ///< selected cells
     QRgb negative = 0;     ///< numbers below zero

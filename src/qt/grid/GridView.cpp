@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
 #include <cmath>
@@ -22,7 +23,7 @@ using Area = AxisLayout::Area;
 
 constexpr double SmallestScale = 0.5;
 constexpr double LargestScale = 3.0;
-/// Repaints of more separate places than this are done as one.
+/// More separate areas than this are repainted as one.
 constexpr int MostPaintRects = 8;
 
 QRect toDevicePixels(const QRect& rect, qreal ratio) {
@@ -44,12 +45,7 @@ QSize deviceSize(QSize logical, qreal ratio) {
 }  // namespace
 
 GridView::GridView(GridControl& grid, std::shared_ptr<void> owner, QWidget* parent)
-    : QAbstractScrollArea(parent),
-      grid_(grid),
-      owner_(std::move(owner)),
-      theme_(nullptr),
-      mouse_(*this),
-      editor_(*this) {
+    : GuardedView(EntryGuard("GRIDCTL", std::move(owner)), parent), grid_(grid), mouse_(*this), editor_(*this) {
     installGridAccessibility();
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
@@ -68,7 +64,7 @@ GridView::~GridView() {
 // --- Look
 
 void GridView::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     setPalette(theme.widgetPalette(QApplication::palette()));
     editor_.follow();
     viewport()->update();
@@ -168,13 +164,10 @@ void GridView::updateScrollBars() {
         bar->setPageStep(axis.page());
         bar->setValue(axis.first());
     };
-    const bool outer = !std::exchange(updatingBars_, true);
+    const QScopedValueRollback updating(updatingBars_, true);
     // Showing or hiding a bar resizes the viewport and lays out again; the second bar then gets what is true by then.
     update(horizontalScrollBar(), geometry_.horizontal);
     update(verticalScrollBar(), geometry_.vertical);
-    if (outer) {
-        updatingBars_ = false;
-    }
 }
 
 void GridView::resizeEvent(QResizeEvent* event) {
@@ -197,7 +190,7 @@ QRect GridView::cellRect(Cell cell) {
 QFont GridView::cellFont(Cell cell) {
     static_cast<void>(geometry());
     const CellLook look = grid_.Look(cell);
-    QFont font = fonts().face(look.font, false, look.helpLine).font();
+    QFont font = fonts().shaper(look.font, false, look.helpLine).font();
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(font.pixelSize() / devicePixelRatioF()))));
     return font;
 }
@@ -262,7 +255,7 @@ void GridView::updateCell(Cell cell) {
     }
 }
 
-/// Moves what is already painted where that is exact, and lets the rest be painted.
+/// Moves what is already painted where that is exact to the pixel, and repaints the rest.
 void GridView::showScrolled(const GridGeometry& before) {
     const int dx = before.horizontal.offset() - geometry_.horizontal.offset();
     const int dy = before.vertical.offset() - geometry_.vertical.offset();
@@ -291,7 +284,7 @@ void GridView::showScrolled(const GridGeometry& before) {
     }
 }
 
-/// What runs on in a fixed row ends at another place when the columns have scrolled.
+/// Text that runs on in a fixed row ends elsewhere once the columns have scrolled.
 void GridView::updateFixedLines() {
     for (const Area area : {Area::Leading, Area::Trailing}) {
         const GridBand band = geometry_.vertical.band(area);
@@ -321,12 +314,14 @@ void GridView::scrollContentsBy(int dx, int dy) {
     if (updatingBars_) {
         return;
     }
-    if (dx != 0) {
-        scrollTo(true, horizontalScrollBar()->value());
-    }
-    if (dy != 0) {
-        scrollTo(false, verticalScrollBar()->value());
-    }
+    guard().run("Scroll", [&] {
+        if (dx != 0) {
+            scrollTo(true, horizontalScrollBar()->value());
+        }
+        if (dy != 0) {
+            scrollTo(false, verticalScrollBar()->value());
+        }
+    });
 }
 
 void GridView::scrollBy(int columns, int rows) {
@@ -368,12 +363,12 @@ void GridView::paintEvent(QPaintEvent* event) {
 }
 
 void GridView::paintGrid(QPainter& painter, const QRect& clip) {
-    GridPainter({grid_, geometry_, *theme_, fonts(), bitmaps_, pending_, dots_, framesCurrent_, showsFocus()})
+    GridPainter({grid_, geometry_, theme_, fonts(), bitmaps_, pending_, dots_, framesCurrent_, showsFocus()})
         .paint(painter, clip);
     paintDropMark(painter);
     if (hasGridFocus() && !grid_.CurrentCell()) {
         // Nothing else would show where the focus is.
-        painter.setPen(QColor::fromRgb(theme_->accent));
+        painter.setPen(QColor::fromRgb(theme_.accent));
         painter.drawRect(0, 0, geometry_.horizontal.extent() - 1, geometry_.vertical.extent() - 1);
     }
 }
@@ -394,11 +389,11 @@ void GridView::paintDropMark(QPainter& painter) const {
     const int start = *dropMark_.position - width;
     const int length = (dropMark_.across ? geometry_.vertical : geometry_.horizontal).contentEnd();
     painter.fillRect(dropMark_.across ? QRect(start, 0, width, length) : QRect(0, start, length, width),
-                     QColor::fromRgb(theme_->accent));
+                     QColor::fromRgb(theme_.accent));
 }
 
-/// Another widget of its window has to have the focus before the grid steps back; a window in the background, or one
-/// that is only painted, shows what has the focus in it.
+/// The grid looks unfocused only when another widget of its window has the focus: a window in the background, or one
+/// that is only painted, shows what would have it.
 bool GridView::showsFocus() const {
     return hasGridFocus() || (!isActiveWindow() && window()->focusWidget() == this);
 }
@@ -410,10 +405,10 @@ QImage GridView::renderToImage(QSize size, qreal scale) {
     const GridGeometry picture = geometryFor(pixels, unit);
     GridFonts pictureFonts(font(), unit);
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
-    image.fill(QColor::fromRgb(theme_->panel));
+    image.fill(QColor::fromRgb(theme_.panel));
     {
         QPainter painter(&image);
-        GridPainter({grid_, picture, *theme_, pictureFonts, bitmaps_, pending_, dots_, true})
+        GridPainter({grid_, picture, theme_, pictureFonts, bitmaps_, pending_, dots_, true})
             .paint(painter, image.rect());
     }
     image.setDevicePixelRatio(scale);

@@ -10,6 +10,7 @@
 
 #include "components/AxisLayout.h"
 #include "components/GridControl.h"
+#include "qt/GuardedWidget.h"
 #include "qt/grid/GridBitmaps.h"
 #include "qt/grid/GridEditor.h"
 #include "qt/grid/GridFonts.h"
@@ -36,22 +37,20 @@ struct GridHistory {
 ///
 /// The grid keeps the scroll position, the selection and the sizes; the view keeps only what belongs to the screen: the
 /// theme, the scale and where everything stands. The host may delete the view from inside an event that an input
-/// raised; therefore every handler looks whether the view is still there after the grid has been told.
-class GridView final : public QAbstractScrollArea, private GridWatcher {
+/// raised; so every handler checks that the view still exists after telling the grid.
+class GridView final : public GuardedView<QAbstractScrollArea>, private GridWatcher {
     Q_OBJECT
 
 public:
-    /// `owner` keeps the grid alive while the view handles an input; it may be null where the grid outlives the view
-    /// anyway.
+    /// `owner` keeps the grid alive while the view handles an input; it may be null if the grid outlives the view.
     explicit GridView(GridControl& grid, std::shared_ptr<void> owner = nullptr, QWidget* parent = nullptr);
     ~GridView() override;
 
     [[nodiscard]] GridControl& grid() const { return grid_; }
-    [[nodiscard]] const std::shared_ptr<void>& owner() const { return owner_; }
     void setHistory(GridHistory history) { history_ = std::move(history); }
     [[nodiscard]] GridBitmaps& bitmaps() { return bitmaps_; }
 
-    [[nodiscard]] const GridTheme& theme() const { return *theme_; }
+    [[nodiscard]] const GridTheme& theme() const { return theme_; }
     void setTheme(const GridTheme& theme);
 
     /// Whether the current cell has its frame; a view that only shows cells has none.
@@ -71,11 +70,11 @@ public:
     [[nodiscard]] const GridGeometry& geometry();
     /// The visible part of a cell in the viewport's coordinates; empty when it is out of sight.
     [[nodiscard]] QRect cellRect(Cell cell);
-    /// The font of its text, in logical pixels.
+    /// The font of the cell's text, in logical pixels.
     [[nodiscard]] QFont cellFont(Cell cell);
-    /// Its line and period, as people call it.
+    /// The cell's line and period, as people call it.
     [[nodiscard]] QString cellName(Cell cell) const;
-    /// Of the current cell's frame, in logical pixels.
+    /// The width of the current cell's frame, in logical pixels.
     [[nodiscard]] int frameWidth() const;
     /// What lies under a point of the viewport.
     [[nodiscard]] GridHit hitTest(QPoint point);
@@ -93,7 +92,7 @@ public:
     bool finishEditing();
     /// Ends the entry and, when it was taken, moves on.
     void finishAndMove(GridMove direction, bool byReturn);
-    /// Looks whether the grid, its editor included, has got or lost the focus.
+    /// Reports if the grid, including its editor, has gained or lost the focus.
     void reportFocus();
 
     /// Shows a line across the grid where dragged columns or rows would go, at a device pixel of an axis; none hides
@@ -107,11 +106,11 @@ public:
 
 Q_SIGNALS:
     void textScaleChanged(double scale);
-    /// What is on screen may be other than before.
+    /// What is on screen may have changed.
     void gridChanged();
 
 protected:
-    bool viewportEvent(QEvent* event) override;
+    bool handleViewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -156,9 +155,8 @@ private:
     void showToolTip(const QHelpEvent& event);
 
     GridControl& grid_;
-    std::shared_ptr<void> owner_;
     GridBitmaps bitmaps_;
-    const GridTheme* theme_;
+    GridTheme theme_ = GridTheme::light();
     double textScale_ = 1.0;
     std::unique_ptr<GridFonts> fonts_;
 

@@ -16,8 +16,7 @@
 #include "qt/grid/GridView.h"
 #include "qt/grid/HiddenMarks.h"
 
-// What the user does with the view. Before the grid is told, its owner is held: the host may delete the view from
-// inside the event that follows.
+// What the user does with the view. The host may delete it from inside the event that follows.
 
 namespace planview {
 
@@ -69,7 +68,7 @@ bool isRedo(const QKeyEvent& event) {
            (event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier);
 }
 
-/// Whether the key begins an entry: it types something, or takes back what stands there.
+/// Whether the key begins an entry: it types something or deletes what is there.
 bool startsEntry(const QKeyEvent& event) {
     constexpr Qt::KeyboardModifiers NotTyping = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     if ((event.modifiers() & NotTyping) != Qt::NoModifier) {
@@ -97,7 +96,6 @@ void GridView::wheelEvent(QWheelEvent* event) {
 // --- Keyboard
 
 void GridView::keyPressEvent(QKeyEvent* event) {
-    const std::shared_ptr<void> keepGrid = owner_;
     if (editor_.isOpen()) {
         if (editor_.hasFocus()) {
             event->ignore();  // what the editor itself has no use for
@@ -129,7 +127,7 @@ bool GridView::handleMenuKey(const QKeyEvent& event) {
     return true;
 }
 
-/// The popup has been opened at the press of the button or key; the host's own must not follow.
+/// The popup was opened when the button or key was pressed; the host's own must not follow.
 void GridView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
 }
@@ -201,7 +199,6 @@ QVariant GridView::inputMethodQuery(Qt::InputMethodQuery query) const {
 }
 
 void GridView::finishAndMove(GridMove direction, bool byReturn) {
-    const std::shared_ptr<void> keepGrid = owner_;
     const QPointer<GridView> self(this);
     if (!editor_.finish() || !self) {
         return;
@@ -215,7 +212,6 @@ void GridView::finishAndMove(GridMove direction, bool byReturn) {
 }
 
 void GridView::handleKey(const GridKey& key) {
-    const std::shared_ptr<void> keepGrid = owner_;
     const std::optional<Cell> current = grid_.CurrentCell();
     switch (key.action) {
         case GridKey::Action::SelectAll:
@@ -270,7 +266,6 @@ void GridView::move(GridMove move, SelectionMode mode) {
 }
 
 void GridView::selectCurrent(Cell cell, SelectionMode mode) {
-    const std::shared_ptr<void> keepGrid = owner_;
     const QPointer<GridView> self(this);
     const GridStatus status = grid_.SelectCell(cell, mode);
     if (self && status == GridStatus::Ok && grid_.SelectionEnd() == cell) {
@@ -279,11 +274,10 @@ void GridView::selectCurrent(Cell cell, SelectionMode mode) {
 }
 
 bool GridView::finishEditing() {
-    const std::shared_ptr<void> keepGrid = owner_;
-    return editor_.finish();
+    return guard().run("FinishEntry", [this] { return editor_.finish(); });
 }
 
-/// Tab moves within the grid and leaves it behind the last cell only.
+/// Tab moves within the grid and leaves it only after the last cell.
 bool GridView::focusNextPrevChild(bool next) {
     const std::optional<Cell> current = grid_.CurrentCell();
     const GridMove move = next ? GridMove::Next : GridMove::Previous;
@@ -307,21 +301,19 @@ bool GridView::hasGridFocus() const {
     return hasFocus() || editor_.hasFocus();
 }
 
-/// The editor is a part of the grid: going from one to the other is no change.
+/// The editor is part of the grid: moving between the two is no change.
 void GridView::reportFocus() {
     const bool now = hasGridFocus();
     if (std::exchange(focusReported_, now) == now) {
         return;
     }
     viewport()->update();
-    const std::shared_ptr<void> keepGrid = owner_;
     grid_.ReportFocus(now);
 }
 
 // --- Mouse
 
 void GridView::mousePressEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> keepGrid = owner_;
     const QPointer<GridView> self(this);
     if (editor_.finish() && self) {
         editor_.hideMessage();
@@ -330,7 +322,6 @@ void GridView::mousePressEvent(QMouseEvent* event) {
 }
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> keepGrid = owner_;
     const QPointer<GridView> self(this);
     if (editor_.finish() && self) {
         editor_.hideMessage();
@@ -343,14 +334,12 @@ void GridView::edit(Cell cell) {
 }
 
 void GridView::mouseMoveEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> keepGrid = owner_;
     const QPoint point = event->position().toPoint();
     viewport()->setCursor(mouse_.cursorAt(point));
     mouse_.move(point);
 }
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> keepGrid = owner_;
     if (event->button() == Qt::LeftButton) {
         mouse_.release();
     }
@@ -369,16 +358,15 @@ void GridView::timerEvent(QTimerEvent* event) {
         QAbstractScrollArea::timerEvent(event);
         return;
     }
-    const std::shared_ptr<void> keepGrid = owner_;
     mouse_.autoScroll();
 }
 
-bool GridView::viewportEvent(QEvent* event) {
+bool GridView::handleViewportEvent(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         showToolTip(*static_cast<QHelpEvent*>(event));
         return true;
     }
-    return QAbstractScrollArea::viewportEvent(event);
+    return GuardedView::handleViewportEvent(event);
 }
 
 void GridView::showToolTip(const QHelpEvent& event) {
@@ -395,7 +383,7 @@ void GridView::showToolTip(const QHelpEvent& event) {
     }
     const Cell cell = geometry().cell(hit.horizontal, hit.vertical);
     QStringList lines;
-    GridPainter painter({grid_, geometry(), *theme_, fonts(), bitmaps_, pending_, dots_, true});
+    GridPainter painter({grid_, geometry(), theme_, fonts(), bitmaps_, pending_, dots_, true});
     if (painter.isCut(cell)) {
         lines << QString::fromStdString(grid_.DisplayText(cell)).left(LongestToolTip);
     }

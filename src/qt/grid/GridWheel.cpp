@@ -17,7 +17,7 @@ constexpr double Notch = 120.0;
 constexpr double PixelsPerColumn = DefaultColumnWidth;
 constexpr double PixelsPerRow = DefaultRowHeight;
 
-/// Takes the whole steps out of what has gathered; a change of direction starts anew.
+/// Takes the whole steps out of what has accumulated; a change of direction starts over.
 int takeSteps(double& rest, double amount) {
     if (rest * amount < 0) {
         rest = 0;

@@ -7,7 +7,8 @@ class QWheelEvent;
 
 namespace planview {
 
-/// Turns wheel and touchpad movements into whole columns, rows and scale steps, keeping what remains for the next one.
+/// Turns wheel and touchpad movements into whole columns, rows and scale steps, and keeps the remainder for the next
+/// one.
 class GridWheel {
 public:
     /// Columns to the right and rows down.

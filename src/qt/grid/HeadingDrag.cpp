@@ -12,9 +12,7 @@ namespace planview {
 
 namespace {
 
-constexpr std::int32_t BehindAll = -1;
-
-/// The keys of an area in their order, and those of them that are to move.
+/// The keys of an area in order, and those among them that are to move.
 struct AreaKeys {
     std::vector<std::string> all;
     std::vector<std::string> moved;
@@ -22,7 +20,7 @@ struct AreaKeys {
 };
 
 template <class Ids, class Describe, class IsSelected>
-AreaKeys keysOf(const Ids& ids, std::int32_t before, std::string_view fixedKey, Describe describe,
+AreaKeys keysOf(const Ids& ids, std::string_view before, std::string_view fixedKey, Describe describe,
                 IsSelected isSelected) {
     AreaKeys keys;
     bool passed = false;
@@ -31,7 +29,7 @@ AreaKeys keysOf(const Ids& ids, std::int32_t before, std::string_view fixedKey, 
         if (key == fixedKey) {
             continue;
         }
-        passed = passed || id.value == before;
+        passed = passed || key == before;
         keys.all.push_back(key);
         if (isSelected(id)) {
             keys.moved.push_back(key);
@@ -42,8 +40,8 @@ AreaKeys keysOf(const Ids& ids, std::int32_t before, std::string_view fixedKey, 
     return keys;
 }
 
-/// Moves one after the other, so that none pushes another one off its place: those from before the gap last first, then
-/// those from behind it.
+/// Moves one after the other, so that none displaces another: those from before the gap last first, then those from
+/// behind it.
 template <class Move>
 void moveKeys(const AreaKeys& keys, Move move) {
     std::size_t stay = 0;
@@ -73,18 +71,42 @@ const GridAxis& HeadingDrag::axis() const {
     return across() ? geometry.horizontal : geometry.vertical;
 }
 
+const std::string& HeadingDrag::keyOf(std::int32_t track) const {
+    const GridControl& grid = view_.grid();
+    return axis().showsColumns() ? grid.Column(ColumnId{track}).key : grid.Row(RowId{track}).key;
+}
+
+std::int32_t HeadingDrag::track() const {
+    const GridControl& grid = view_.grid();
+    return axis().showsColumns() ? grid.FindColumn(key_).value_or(ColumnId()).value
+                                 : grid.FindRow(key_).value_or(RowId()).value;
+}
+
+GridHit HeadingDrag::taken() const {
+    GridHit hit;
+    const std::int32_t found = track();
+    if (found >= 0) {
+        hit.place = place_;
+        hit.horizontal = across() ? found : HeaderTrack;
+        hit.vertical = across() ? HeaderTrack : found;
+    }
+    return hit;
+}
+
 bool HeadingDrag::press(const GridHit& hit, QPoint point) {
     const GridControl& grid = view_.grid();
     if (!grid.Settings().moveAllowed || grid.Settings().dragDrop == 0 ||
         (hit.place != GridHit::Place::TopHeading && hit.place != GridHit::Place::LeftHeading)) {
         return false;
     }
-    taken_ = hit;
+    place_ = hit.place;
+    const std::int32_t pressed = across() ? hit.horizontal : hit.vertical;
+    key_ = keyOf(pressed);
     start_ = point;
     dragging_ = false;
     before_.reset();
-    return axis().showsColumns() ? grid.Selection().HasColumn(ColumnId{track()})
-                                 : grid.Selection().HasRow(RowId{track()});
+    return axis().showsColumns() ? grid.Selection().HasColumn(ColumnId{pressed})
+                                 : grid.Selection().HasRow(RowId{pressed});
 }
 
 void HeadingDrag::move(QPoint point) {
@@ -107,23 +129,23 @@ void HeadingDrag::aim(int position) {
             continue;
         }
         if (position < (other.start + other.end) / 2) {
-            before_ = other.id;
+            before_ = keyOf(other.id);
             view_.setDropMark(across(), std::max(other.start, now.band(other.area).start));
             return;
         }
         last = &other;
     }
     if (last) {
-        // Behind the last one in sight others may follow.
+        // Others may follow behind the last one in sight.
         const std::span<const AxisItem> items = now.layout().Items(own->area);
         const auto next = static_cast<std::size_t>(last->index) + 1;
-        before_ = next < items.size() ? items[next].track : BehindAll;
+        before_ = next < items.size() ? keyOf(items[next].track) : std::string();
         view_.setDropMark(across(), std::min(last->end, now.band(own->area).end));
     }
 }
 
 bool HeadingDrag::release() {
-    const std::optional<std::int32_t> before = before_;
+    const std::optional<std::string> before = before_;
     const bool dragged = dragging_;
     cancel();
     if (dragged && before) {
@@ -138,17 +160,21 @@ void HeadingDrag::cancel() {
     view_.setDropMark(false, std::nullopt);
 }
 
-void HeadingDrag::moveTracks(std::int32_t before) {
+void HeadingDrag::moveTracks(const std::string& before) {
     GridControl& grid = view_.grid();
+    const std::int32_t taken = track();
+    if (taken < 0) {
+        return;
+    }
     if (axis().showsColumns()) {
-        const ColumnArea area = grid.Column(ColumnId{track()}).area;
+        const ColumnArea area = grid.Column(ColumnId{taken}).area;
         const AreaKeys keys = keysOf(
             grid.Columns(area), before, LabelColumnKey,
             [&](ColumnId id) -> const GridColumn& { return grid.Column(id); },
             [&](ColumnId id) { return grid.Selection().HasColumn(id); });
         moveKeys(keys, [&](const std::string& key, std::int16_t place) { grid.MoveColumn(key, place, false); });
     } else {
-        const RowArea area = grid.Row(RowId{track()}).area;
+        const RowArea area = grid.Row(RowId{taken}).area;
         const AreaKeys keys = keysOf(
             grid.Rows(area), before, HeadingRowKey, [&](RowId id) -> const GridRow& { return grid.Row(id); },
             [&](RowId id) { return grid.Selection().HasRow(id); });

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <utility>
 
-#include "qt/grid/GridTraits.h"
+#include "qt/grid/TrackLooks.h"
 
 namespace planview {
 

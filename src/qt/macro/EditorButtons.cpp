@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "qt/macro/EditorButtons.h"
 
-#include <QPainter>
 #include <algorithm>
 
 #include "qt/panes/ButtonFlow.h"
@@ -37,22 +36,8 @@ QToolButton* EditorButtons::add(const char* name, const char* icon, const QStrin
 void EditorButtons::setLook(GridBitmaps& bitmaps, const GridTheme& theme, double scale) {
     scale_ = scale;
     const int side = scaled(BitmapPixels);
-    const qreal ratio = devicePixelRatioF();
     for (const Entry& entry : entries_) {
-        QPixmap picture = bitmaps.pixmap(entry.icon, qRound(side * ratio), theme);
-        picture.setDevicePixelRatio(ratio);
-        QIcon icon(picture);
-        if (!picture.isNull()) {
-            QPixmap faint(picture.size());
-            faint.setDevicePixelRatio(ratio);
-            faint.fill(Qt::transparent);
-            QPainter painter(&faint);
-            painter.setOpacity(FaintWeight);
-            painter.drawPixmap(0, 0, picture);
-            painter.end();
-            icon.addPixmap(faint, QIcon::Disabled);
-        }
-        entry.button->setIcon(icon);
+        entry.button->setIcon(bitmaps.icon(entry.icon, side, devicePixelRatioF(), theme, FaintWeight));
         entry.button->setIconSize(QSize(side, side));
     }
     updateGeometry();

@@ -4,8 +4,9 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QTimer>
+#include <utility>
 
 #include "macro/tree/MacroTable.h"
 
@@ -77,13 +78,13 @@ private:
     std::vector<MacroLine> lines_;
 };
 
-/// Draws the lines, and edits a name in its place.
+/// Draws the lines, and edits a name in place.
 class MacroListView::Painter final : public QStyledItemDelegate {
 public:
     Painter(MacroListView& view, GridBitmaps& bitmaps) : QStyledItemDelegate(&view), view_(view), bitmaps_(bitmaps) {}
 
     void setLook(const GridTheme& theme, double scale) {
-        theme_ = &theme;
+        theme_ = theme;
         scale_ = scale;
     }
     [[nodiscard]] int scaled(int logical) const { return qRound(logical * scale_); }
@@ -100,10 +101,10 @@ public:
         const MacroLine& line = view_.lines_->at(index);
         const bool current = index == view_.currentIndex();
         painter->save();
-        painter->fillRect(option.rect, QColor(current ? theme_->accentTint : theme_->base));
+        painter->fillRect(option.rect, QColor(current ? theme_.accentTint : theme_.base));
         if (current && view_.hasFocus()) {
             painter->fillRect(QRect(option.rect.left(), option.rect.top(), 2, option.rect.height()),
-                              QColor(theme_->accent));
+                              QColor(theme_.accent));
         }
         const QRect room = roomFor(line, option.rect);
         if (!line.problem.empty()) {
@@ -128,20 +129,17 @@ public:
     void setEditorData(QWidget* editor, const QModelIndex& /*index*/) const override {
         static_cast<QLineEdit*>(editor)->setText(QString::fromStdString(view_.editor_.NameToEdit()));
     }
-    /// Afterwards, when the view has done with its own editor: renaming makes the list anew.
+    /// Later, once the view is done with its editor: renaming rebuilds the list.
     void setModelData(QWidget* editor, QAbstractItemModel* /*model*/, const QModelIndex& /*index*/) const override {
         const std::string text = static_cast<QLineEdit*>(editor)->text().toStdString();
-        QTimer::singleShot(0, &view_, [&view = view_, text] {
-            const std::shared_ptr<void> alive = view.owner_;
-            view.editor_.Rename(text);
-        });
+        view_.guard().later(&view_, "Rename", [&view = view_, text] { view.editor_.Rename(text); });
     }
 
 private:
     void paintPicture(QPainter& painter, const std::string& name, const QRect& room, int pixels) const {
         const qreal ratio = painter.device()->devicePixelRatioF();
         const int side = scaled(pixels);
-        QPixmap picture = bitmaps_.pixmap(name, qRound(side * ratio), *theme_);
+        QPixmap picture = bitmaps_.pixmap(name, qRound(side * ratio), theme_);
         picture.setDevicePixelRatio(ratio);
         painter.drawPixmap(room.left(), room.top() + (room.height() - side) / 2, picture);
     }
@@ -153,7 +151,7 @@ private:
         return font;
     }
 
-    /// Where the text of the line goes. In a narrow pane depth gives way to it.
+    /// Where the text of the line goes. In a narrow pane, indentation gives way to it.
     [[nodiscard]] QRect roomFor(const MacroLine& line, const QRect& row) const {
         QRect room = row.adjusted(scaled(SideMargin), 0, -scaled(SideMargin), 0);
         room.setRight(room.right() - (line.problem.empty() ? 0 : scaled(MarkPixels + PictureGap)));
@@ -162,7 +160,7 @@ private:
         return room;
     }
 
-    /// 1 too where it would not fit otherwise.
+    /// Also 1 if it would not fit otherwise.
     static int textRows(const QFontMetrics& metrics, const QString& text, int width) {
         if (metrics.horizontalAdvance(text) <= width) {
             return 1;
@@ -176,7 +174,7 @@ private:
         painter.setFont(font);
         const QFontMetrics metrics(font);
         const QString text = QString::fromStdString(line.text);
-        painter.setPen(QColor(!line.problem.empty() ? theme_->negative : line.isPart ? theme_->muted : theme_->text));
+        painter.setPen(QColor(!line.problem.empty() ? theme_.negative : line.isPart ? theme_.muted : theme_.text));
         if (textRows(metrics, text, room.width()) > 1) {
             // The first row stands beside the picture.
             const int above = std::max(0, (scaled(RowHeight) - metrics.lineSpacing()) / 2);
@@ -189,7 +187,7 @@ private:
         if (!line.note.empty() && used < room.width()) {
             font.setItalic(true);
             painter.setFont(font);
-            painter.setPen(QColor(theme_->muted));
+            painter.setPen(QColor(theme_.muted));
             const QRect rest = room.adjusted(used, 0, 0, 0);
             painter.drawText(
                 rest, Qt::AlignVCenter | Qt::TextSingleLine,
@@ -199,21 +197,20 @@ private:
 
     MacroListView& view_;
     GridBitmaps& bitmaps_;
-    const GridTheme* theme_ = &GridTheme::light();
+    GridTheme theme_ = GridTheme::light();
     double scale_ = 1.0;
 };
 
-MacroListView::MacroListView(MacroEditor& editor, GridBitmaps& bitmaps, std::shared_ptr<void> owner, QWidget* parent)
-    : QListView(parent),
+MacroListView::MacroListView(MacroEditor& editor, GridBitmaps& bitmaps, EntryGuard pane, QWidget* parent)
+    : GuardedView(std::move(pane), parent),
       editor_(editor),
-      owner_(std::move(owner)),
       lines_(new Lines(editor, this)),
       painter_(new Painter(*this, bitmaps)) {
     setObjectName(QLatin1String("MacroView"));
     setAccessibleName(tr("Elements of the macro"));
     setModel(lines_);
     setItemDelegate(painter_);
-    setWordWrap(true);  // places the lines anew when the width has changed
+    setWordWrap(true);  // lays the lines out again when the width changes
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setEditTriggers(QAbstractItemView::EditKeyPressed);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -228,7 +225,7 @@ void MacroListView::setLook(const GridTheme& theme, double scale) {
 }
 
 void MacroListView::follow() {
-    following_ = true;
+    const QScopedValueRollback following(following_, true);
     const int top = verticalScrollBar() ? verticalScrollBar()->value() : 0;
     lines_->readAnew();
     const QModelIndex current = lines_->index(editor_.Current());
@@ -239,7 +236,6 @@ void MacroListView::follow() {
     if (current.isValid()) {
         scrollTo(current);
     }
-    following_ = false;
 }
 
 void MacroListView::editName() {
@@ -254,11 +250,8 @@ void MacroListView::currentChanged(const QModelIndex& current, const QModelIndex
     if (following_ || !current.isValid()) {
         return;
     }
-    // When the view has done with the press: the list is made anew.
-    QTimer::singleShot(0, this, [this, row = current.row()] {
-        const std::shared_ptr<void> alive = owner_;
-        editor_.SetCurrent(row);
-    });
+    // Once the view is done with the press: the list is rebuilt.
+    guard().later(this, "SetCurrent", [this, row = current.row()] { editor_.SetCurrent(row); });
 }
 
 void MacroListView::keyPressEvent(QKeyEvent* event) {

@@ -4,20 +4,20 @@
 #include <QAbstractListModel>
 #include <QListView>
 #include <QStyledItemDelegate>
-#include <memory>
 
 #include "macro/editor/MacroEditor.h"
+#include "qt/GuardedWidget.h"
 #include "qt/grid/GridBitmaps.h"
 #include "qt/grid/GridTheme.h"
 
 namespace planview {
 
 /// `MacroView`: the elements of the active macro as sentences, each as deep as it stands in the macro.
-class MacroListView final : public QListView {
+class MacroListView final : public GuardedView<QListView> {
     Q_OBJECT
 
 public:
-    MacroListView(MacroEditor& editor, GridBitmaps& bitmaps, std::shared_ptr<void> owner, QWidget* parent = nullptr);
+    MacroListView(MacroEditor& editor, GridBitmaps& bitmaps, EntryGuard pane, QWidget* parent = nullptr);
 
     void setLook(const GridTheme& theme, double scale);
     /// Shows what the editor holds now.
@@ -41,7 +41,6 @@ private:
     class Painter;
 
     MacroEditor& editor_;
-    std::shared_ptr<void> owner_;
     Lines* lines_;
     Painter* painter_;
     bool following_ = false;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "qt/macro/MacroPane.h"
 
-#include <QPainter>
-#include <QPointer>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -10,23 +8,17 @@ namespace planview {
 
 namespace {
 
-constexpr int HeadingHeight = 30;
 constexpr int MessageSideMargin = 8;
 constexpr int MessageMargin = 6;
 
 }  // namespace
 
 MacroPane::MacroPane(MacroEditor& editor, GridBitmaps& bitmaps, std::shared_ptr<void> owner, QWidget* parent)
-    : QWidget(parent),
-      editor_(editor),
-      bitmaps_(bitmaps),
-      owner_(std::move(owner)),
-      heading_(new PaneHeading(tr("Macro"))),
+    : EditorPane(tr("Macro"), editor, bitmaps, std::move(owner), parent),
       buttons_(new EditorButtons),
-      view_(new MacroListView(editor, bitmaps, owner_)),
+      view_(new MacroListView(editor, bitmaps, guard())),
       message_(new QLabel) {
     setObjectName(QLatin1String("MacroPane"));
-    setAccessibleName(tr("Macro"));
     message_->setObjectName(QLatin1String("EditorMessage"));
     message_->setWordWrap(true);
     message_->setTextFormat(Qt::PlainText);
@@ -34,7 +26,7 @@ MacroPane::MacroPane(MacroEditor& editor, GridBitmaps& bitmaps, std::shared_ptr<
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(heading_);
+    layout->addWidget(heading());
     layout->addWidget(buttons_);
     layout->addWidget(view_, 1);
     layout->addWidget(message_);
@@ -71,7 +63,7 @@ void MacroPane::addButtons() {
         needMacro_.push_back(button);
     }
     QToolButton* rename = buttons_->add("Rename", "macro-rename", tr("Rename (F2)"), true);
-    connect(rename, &QToolButton::clicked, view_, &MacroListView::editName);
+    guard().connect(rename, &QToolButton::clicked, this, "Rename", [this] { view_->editName(); });
     needMacro_.push_back(rename);
     needElement_.push_back(
         add("MoveUp", "arrow-up", tr("Move up (Alt+Up)"), false, [](MacroEditor& target) { target.Move(true); }));
@@ -81,19 +73,9 @@ void MacroPane::addButtons() {
                              [](MacroEditor& target) { target.Delete(); }));
 }
 
-/// The host hears of what the editor does, and may delete the pane then.
-void MacroPane::act(const std::function<void(MacroEditor&)>& action) {
-    const std::shared_ptr<void> alive = owner_;
-    const QPointer<MacroPane> self(this);
-    action(editor_);
-    if (self) {
-        follow();
-    }
-}
-
 void MacroPane::follow() {
-    const bool hasMacro = !editor_.MacroKey().empty();
-    const int current = editor_.Current();
+    const bool hasMacro = !editor().MacroKey().empty();
+    const int current = editor().Current();
     for (QToolButton* button : needMacro_) {
         button->setEnabled(hasMacro);
     }
@@ -101,54 +83,28 @@ void MacroPane::follow() {
         button->setEnabled(current > 0);
     }
     const auto check = [&](QToolButton* button, bool checked) { button->setChecked(hasMacro && checked); };
-    check(before_, editor_.Spot() == MacroSpot::Before);
-    check(after_, editor_.Spot() == MacroSpot::After);
-    check(inside_, editor_.Spot() == MacroSpot::Inside);
+    check(before_, editor().Spot() == MacroSpot::Before);
+    check(after_, editor().Spot() == MacroSpot::After);
+    check(inside_, editor().Spot() == MacroSpot::Inside);
     view_->follow();
     const QString hint = hasMacro ? QString() : tr("Select a macro in the tree, or make a new one.");
-    const QString text = QString::fromStdString(editor_.Message());
+    const QString text = QString::fromStdString(editor().Message());
     message_->setText(text.isEmpty() ? hint : text);
     message_->setVisible(!message_->text().isEmpty());
-    message_->setProperty("problem", !text.isEmpty() && editor_.MessageIsProblem());
+    message_->setProperty("problem", !text.isEmpty() && editor().MessageIsProblem());
     message_->style()->unpolish(message_);
     message_->style()->polish(message_);
 }
 
-void MacroPane::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
-    showLook();
-}
-
-void MacroPane::setTextScale(double scale) {
-    scale_ = scale;
-    showLook();
-}
-
 void MacroPane::showLook() {
-    setPalette(theme_->widgetPalette(palette()));
-    setStyleSheet(editorStyleSheet(*theme_, scale_));
-    heading_->setTheme(*theme_);
-    heading_->setTextScale(scale_);
-    heading_->setFixedHeight(qRound(HeadingHeight * scale_));
-    // Not by the style sheet: a label whose style is polished anew loses what that says.
-    const int side = qRound(MessageSideMargin * scale_);
-    const int margin = qRound(MessageMargin * scale_);
+    EditorPane::showLook();
+    setStyleSheet(editorStyleSheet(theme(), scale()));
+    // Not in the style sheet: a label loses its margins when its style is polished again.
+    const int side = scaled(MessageSideMargin);
+    const int margin = scaled(MessageMargin);
     message_->setContentsMargins(side, margin, side, margin);
-    buttons_->setLook(bitmaps_, *theme_, scale_);
-    view_->setLook(*theme_, scale_);
-    update();
-}
-
-void MacroPane::paintEvent(QPaintEvent* /*event*/) {
-    QPainter(this).fillRect(rect(), QColor(theme_->panel));
-}
-
-void MacroPane::paintOn(QPainter& painter, const QRect& rect) const {
-    MacroPane copy(editor_, bitmaps_);
-    copy.scale_ = scale_;
-    copy.setTheme(*theme_);
-    copy.resize(rect.size());
-    copy.render(&painter, rect.topLeft());
+    buttons_->setLook(bitmaps(), theme(), scale());
+    view_->setLook(theme(), scale());
 }
 
 }  // namespace planview

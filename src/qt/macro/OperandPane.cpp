@@ -6,8 +6,6 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QPainter>
-#include <QPointer>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -18,7 +16,6 @@ namespace planview {
 
 namespace {
 
-constexpr int HeadingHeight = 30;
 constexpr int KeyHeight = 26;
 constexpr int KeyMargin = 2;
 constexpr int LeastTextPixels = 8;
@@ -71,16 +68,11 @@ bool isDigit(const QString& text) {
 }  // namespace
 
 OperandPane::OperandPane(MacroEditor& editor, GridBitmaps& bitmaps, std::shared_ptr<void> owner, QWidget* parent)
-    : QWidget(parent),
-      editor_(editor),
-      bitmaps_(bitmaps),
-      owner_(std::move(owner)),
-      heading_(new PaneHeading(tr("Operand"))),
+    : EditorPane(tr("Operand"), editor, bitmaps, std::move(owner), parent),
       area_(new QScrollArea),
       body_(new QWidget),
       completions_(new QStringListModel(this)) {
     setObjectName(QLatin1String("OperandPane"));
-    setAccessibleName(tr("Operand"));
     body_->setObjectName(QLatin1String("OperandBody"));
     auto* grid = new QGridLayout(body_);
     grid->setSpacing(Gap);
@@ -97,7 +89,7 @@ OperandPane::OperandPane(MacroEditor& editor, GridBitmaps& bitmaps, std::shared_
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(heading_);
+    layout->addWidget(heading());
     layout->addWidget(area_, 1);
     setFocusProxy(field_);
     showLook();
@@ -115,8 +107,8 @@ void OperandPane::addField(QGridLayout& layout) {
     completer_->setFilterMode(Qt::MatchContains);
     field_->setCompleter(completer_);
     field_->installEventFilter(this);
-    connect(field_, &QLineEdit::textChanged, this,
-            [this](const QString& text) { editor_.SetOperandText(text.toStdString()); });
+    guard().connect(field_, &QLineEdit::textChanged, this, "OperandChanged",
+                    [this](const QString& text) { editor().SetOperandText(text.toStdString()); });
     connect(field_, &QLineEdit::returnPressed, this, [this] {
         if (!completer_->popup()->isVisible()) {
             act([](MacroEditor& target) { target.TakeOperand(); });
@@ -210,17 +202,8 @@ void OperandPane::type(const QString& digit) {
     field_->setText(text);
 }
 
-void OperandPane::act(const std::function<void(MacroEditor&)>& action) {
-    const std::shared_ptr<void> alive = owner_;
-    const QPointer<OperandPane> self(this);
-    action(editor_);
-    if (self) {
-        follow();
-    }
-}
-
 void OperandPane::follow() {
-    const QString text = QString::fromStdString(editor_.OperandText());
+    const QString text = QString::fromStdString(editor().OperandText());
     if (field_->text() != text) {
         field_->setText(text);
     }
@@ -229,15 +212,15 @@ void OperandPane::follow() {
     const QString name = hasText ? tr("Take over what is entered above") : tr("Take over what is selected in the grid");
     take_->setToolTip(name);
     take_->setAccessibleName(name);
-    const bool usable = !editor_.MacroKey().empty() && !editor_.IsRecording();
+    const bool usable = !editor().MacroKey().empty() && !editor().IsRecording();
     body_->setEnabled(usable);
 }
 
-/// Large texts are smaller on keys that would cut them.
+/// Shrinks texts that their keys would cut.
 void OperandPane::fitKeys() {
     for (QToolButton* key : keys_) {
         QFont font = key->font();
-        const int usual = qRound(EditorTextPixels * scale_);
+        const int usual = scaled(EditorTextPixels);
         int pixels = usual;
         for (font.setPixelSize(pixels); pixels > LeastTextPixels && QFontMetrics(font).horizontalAdvance(key->text()) >
                                                                         key->width() - 2 * KeyMargin;
@@ -251,43 +234,33 @@ void OperandPane::fitKeys() {
     }
 }
 
-/// What can be completed is asked for when the user comes to enter something.
+void OperandPane::offerCompletions() {
+    QStringList texts;
+    for (const std::string& text : editor().Completions()) {
+        texts.push_back(QString::fromStdString(text));
+    }
+    completions_->setStringList(texts);
+}
+
 bool OperandPane::eventFilter(QObject* watched, QEvent* event) {
     if (watched == body_ && event->type() == QEvent::Resize) {
         fitKeys();
     }
+    // Completions are fetched when the user enters the field.
     if (watched == field_ && event->type() == QEvent::FocusIn) {
-        QStringList texts;
-        for (const std::string& text : editor_.Completions()) {
-            texts.push_back(QString::fromStdString(text));
-        }
-        completions_->setStringList(texts);
+        guard().run("Completions", [this] { offerCompletions(); });
     }
-    return QWidget::eventFilter(watched, event);
-}
-
-void OperandPane::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
-    showLook();
-}
-
-void OperandPane::setTextScale(double scale) {
-    scale_ = scale;
-    showLook();
+    return EditorPane::eventFilter(watched, event);
 }
 
 void OperandPane::showLook() {
-    const auto scaled = [this](int logical) { return qRound(logical * scale_); };
-    const QPalette colors = theme_->widgetPalette(palette());
-    setPalette(colors);
+    EditorPane::showLook();
+    const QString sheet = editorStyleSheet(theme(), scale());
     setStyleSheet(
-        editorStyleSheet(*theme_, scale_) +
-        QStringLiteral("QScrollArea, QWidget#OperandBody { background: %1; }").arg(QColor(theme_->panel).name()));
-    completer_->popup()->setPalette(colors);
-    completer_->popup()->setStyleSheet(editorStyleSheet(*theme_, scale_));
-    heading_->setTheme(*theme_);
-    heading_->setTextScale(scale_);
-    heading_->setFixedHeight(scaled(HeadingHeight));
+        sheet +
+        QStringLiteral("QScrollArea, QWidget#OperandBody { background: %1; }").arg(QColor(theme().panel).name()));
+    completer_->popup()->setPalette(theme().widgetPalette(palette()));
+    completer_->popup()->setStyleSheet(sheet);
     body_->layout()->setContentsMargins(scaled(SideMargin), 0, scaled(SideMargin), scaled(SideMargin));
     for (QToolButton* key : keys_) {
         key->setFixedHeight(scaled(KeyHeight));
@@ -295,19 +268,6 @@ void OperandPane::showLook() {
     take_->setFixedHeight(scaled(KeyHeight));
     field_->setFixedHeight(scaled(KeyHeight));
     fitKeys();
-    update();
-}
-
-void OperandPane::paintEvent(QPaintEvent* /*event*/) {
-    QPainter(this).fillRect(rect(), QColor(theme_->panel));
-}
-
-void OperandPane::paintOn(QPainter& painter, const QRect& rect) const {
-    OperandPane copy(editor_, bitmaps_);
-    copy.scale_ = scale_;
-    copy.setTheme(*theme_);
-    copy.resize(rect.size());
-    copy.render(&painter, rect.topLeft());
 }
 
 }  // namespace planview

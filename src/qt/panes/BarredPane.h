@@ -6,10 +6,10 @@
 
 namespace planview {
 
-/// A bar above a pane. The bar has the height that it wants at this width, as far as the pane keeps its least.
+/// A bar above a pane. The bar gets the height that it wants at this width, as long as the pane keeps its minimum.
 class BarredPane final : public QWidget {
 public:
-    /// Takes both.
+    /// Takes ownership of both.
     BarredPane(QWidget* bar, QWidget* pane) : bar_(bar), pane_(pane) {
         bar_->setParent(this);
         pane_->setParent(this);
@@ -28,7 +28,7 @@ public:
     }
     [[nodiscard]] QWidget* bar() const { return bar_; }
     [[nodiscard]] QWidget* pane() const { return pane_; }
-    /// To be called when the bar wants another height.
+    /// Call it when the bar wants a different height.
     void placeParts() {
         const Places places = placesIn(rect());
         bar_->setGeometry(places.bar);

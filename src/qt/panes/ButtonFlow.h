@@ -15,7 +15,7 @@ struct ButtonFlow {
     int top;       ///< of the first row
 };
 
-/// The places of so many buttons, which begin a new row where the width ends. There is always one in a row.
+/// The places of `count` buttons, which wrap where the width ends. Every row has at least one.
 template <class BeginsGroup>
 std::vector<QRect> placesOf(std::size_t count, int width, const ButtonFlow& flow, const BeginsGroup& beginsGroup) {
     std::vector<QRect> places;

@@ -8,10 +8,11 @@ namespace planview {
 
 namespace {
 
+constexpr int Height = 30;
 constexpr int HeadingLeft = 12;
 constexpr int HeadingTop = 8;
 constexpr int HeadingPixels = 11;
-/// What a narrow pane leaves of these for its heading to be read whole.
+/// How far a narrow pane reduces these so that its whole heading can be read.
 constexpr int LeastSideMargin = 4;
 constexpr int LeastHeadingPixels = 8;
 constexpr QSize SmallestSize(40, 28);
@@ -24,12 +25,13 @@ PaneHeading::PaneHeading(const QString& heading, QWidget* parent) : QWidget(pare
 }
 
 void PaneHeading::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     update();
 }
 
 void PaneHeading::setTextScale(double scale) {
     textScale_ = scale;
+    setFixedHeight(scaled(Height));
     update();
 }
 
@@ -50,12 +52,12 @@ QFont PaneHeading::headingFont(int width) const {
 }
 
 void PaneHeading::paintOn(QPainter& painter, const QRect& rect) const {
-    painter.fillRect(rect, QColor::fromRgb(theme_->panel));
+    painter.fillRect(rect, QColor::fromRgb(theme_.panel));
     const int room = rect.width() - 2 * LeastSideMargin;
     const QFont heading = headingFont(room);
     const QFontMetrics metrics(heading);
     painter.setFont(heading);
-    painter.setPen(QColor::fromRgb(theme_->muted));
+    painter.setPen(QColor::fromRgb(theme_.muted));
     const int spare = room - metrics.horizontalAdvance(heading_);
     const int left = LeastSideMargin + std::clamp(spare, 0, std::max(0, scaled(HeadingLeft) - LeastSideMargin));
     const QRect place = rect.adjusted(left, scaled(HeadingTop), -LeastSideMargin, 0);

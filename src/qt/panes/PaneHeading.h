@@ -13,9 +13,10 @@ public:
     explicit PaneHeading(const QString& heading, QWidget* parent = nullptr);
 
     void setTheme(const GridTheme& theme);
-    /// That of the grid's texts; in a narrow pane the heading is smaller before it is shortened.
+    /// That of the grid's texts; gives the heading its height. In a narrow pane the text is smaller before it is
+    /// shortened.
     void setTextScale(double scale);
-    /// Paints the heading as it is into another place.
+    /// Paints the heading elsewhere.
     void paintOn(QPainter& painter, const QRect& rect) const;
 
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -28,7 +29,7 @@ private:
     [[nodiscard]] QFont headingFont(int width) const;
 
     QString heading_;
-    const GridTheme* theme_ = &GridTheme::light();
+    GridTheme theme_ = GridTheme::light();
     double textScale_ = 1.0;
 };
 

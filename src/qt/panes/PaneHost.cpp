@@ -118,7 +118,7 @@ void PaneHost::PanesChanged() {
     chart_->setVisible(layout_.ChartPaneVisible());
     showRowDots();
     for (PaneSplitter* splitter : splitters_) {
-        splitter->refresh();  // one that was never on screen does not hear by itself that a pane is hidden
+        splitter->refresh();  // one that was never on screen does not notice by itself that a pane is hidden
         splitter->follow();
     }
 }

@@ -25,7 +25,7 @@ class PaneHost final : public QWidget, private PaneWatcher, private MacroEditorW
     Q_OBJECT
 
 public:
-    /// The panes that are made elsewhere; the host takes them.
+    /// The panes, made elsewhere; the host takes ownership of them.
     struct Panes {
         GridView* grid;
         ChartView* chart;

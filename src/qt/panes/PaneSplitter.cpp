@@ -17,10 +17,10 @@ int firstExtent(int extent, int perMille) {
     return std::max(0, extent - PaneSplitter::HandleWidth) * perMille / PaneLayout::WholeExtent;
 }
 
-class PaneHandle final : public QSplitterHandle {
+class PaneHandle final : public GuardedWidget<QSplitterHandle> {
 public:
     explicit PaneHandle(PaneSplitter& splitter)
-        : QSplitterHandle(splitter.orientation(), &splitter), splitter_(splitter) {
+        : GuardedWidget(splitter.guard(), splitter.orientation(), &splitter), splitter_(splitter) {
         setAttribute(Qt::WA_Hover);
     }
 
@@ -41,13 +41,13 @@ private:
 }  // namespace
 
 PaneSplitter::PaneSplitter(Splitter which, Qt::Orientation orientation, PaneLayout& layout)
-    : QSplitter(orientation), which_(which), layout_(layout) {
+    : GuardedWidget(EntryGuard(SplitterLabel(which)), orientation), which_(which), layout_(layout) {
     setHandleWidth(HandleWidth);
     setChildrenCollapsible(false);
 }
 
 void PaneSplitter::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     for (int i = 0; i < count(); ++i) {
         handle(i)->update();
     }
@@ -84,9 +84,9 @@ void PaneSplitter::handleReleased() {
     }
 }
 
-/// A pane that came or went has been given its place only by now.
-bool PaneSplitter::event(QEvent* event) {
-    const bool done = QSplitter::event(event);
+/// Only now has a pane that was shown or hidden been laid out.
+bool PaneSplitter::handleEvent(QEvent* event) {
+    const bool done = GuardedWidget::handleEvent(event);
     if (event->type() == QEvent::LayoutRequest) {
         follow();
     }
@@ -124,8 +124,8 @@ PaneSplitter::Places PaneSplitter::placesIn(const QRect& rect) const {
 
 void PaneSplitter::paintHandle(QPainter& painter, const QRect& rect, bool pointedAt) const {
     const bool across = orientation() == Qt::Horizontal;
-    const QColor line = QColor::fromRgb(theme_->line);
-    painter.fillRect(rect, QColor::fromRgb(pointedAt ? theme_->accentTint : theme_->panel));
+    const QColor line = QColor::fromRgb(theme_.line);
+    painter.fillRect(rect, QColor::fromRgb(pointedAt ? theme_.accentTint : theme_.panel));
     painter.fillRect(
         across ? QRect(rect.left(), rect.top(), 1, rect.height()) : QRect(rect.left(), rect.top(), rect.width(), 1),
         line);
@@ -136,7 +136,7 @@ void PaneSplitter::paintHandle(QPainter& painter, const QRect& rect, bool pointe
     const QPoint middle = rect.center();
     painter.fillRect(across ? QRect(middle.x(), middle.y() - length / 2, GripWidth, length)
                             : QRect(middle.x() - length / 2, middle.y(), length, GripWidth),
-                     QColor::fromRgb(pointedAt ? theme_->accent : theme_->muted));
+                     QColor::fromRgb(pointedAt ? theme_.accent : theme_.muted));
 }
 
 }  // namespace planview

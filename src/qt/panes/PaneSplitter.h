@@ -5,13 +5,14 @@
 #include <array>
 
 #include "layout/PaneLayout.h"
+#include "qt/GuardedWidget.h"
 #include "qt/grid/GridTheme.h"
 
 namespace planview {
 
 /// One of the control's splitters: two panes, and between them a handle while both are shown. Stands where the layout
-/// says, whatever its size is, and tells the layout where the user has moved it to.
-class PaneSplitter final : public QSplitter {
+/// says, whatever its size, and tells the layout where the user moves it.
+class PaneSplitter final : public GuardedWidget<QSplitter> {
     Q_OBJECT
 
 public:
@@ -20,10 +21,10 @@ public:
     PaneSplitter(Splitter which, Qt::Orientation orientation, PaneLayout& layout);
 
     void setTheme(const GridTheme& theme);
-    [[nodiscard]] const GridTheme& theme() const { return *theme_; }
+    [[nodiscard]] const GridTheme& theme() const { return theme_; }
     /// Takes the position from the layout.
     void follow();
-    /// The user has let the handle go.
+    /// The user has released the handle.
     void handleReleased();
 
     /// Where the two panes and the handle between them stand within a rectangle; a pane that is not shown is empty.
@@ -36,7 +37,7 @@ public:
 
 protected:
     QSplitterHandle* createHandle() override;
-    bool event(QEvent* event) override;
+    bool handleEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -44,7 +45,7 @@ private:
 
     Splitter which_;
     PaneLayout& layout_;
-    const GridTheme* theme_ = &GridTheme::light();
+    GridTheme theme_ = GridTheme::light();
 };
 
 }  // namespace planview

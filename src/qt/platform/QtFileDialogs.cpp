@@ -24,7 +24,7 @@ QString filterOf(const FileDialogRequest& request) {
 
 std::string QtFileDialogs::ask(Kind kind, const FileDialogRequest& request) {
     QWidget* above = QApplication::activeModalWidget();
-    // The window above which it stands may be destroyed while it waits, and takes it along.
+    // The parent window may be destroyed while this one waits, and takes it along.
     const QPointer<QFileDialog> dialog(new QFileDialog(above || !control_ ? above : control_->window()));
     const bool saving = kind == Kind::Save;
     dialog->setWindowTitle(QString::fromStdString(request.title));

@@ -12,7 +12,7 @@ QtForms::~QtForms() {
 }
 
 void QtForms::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     for (const auto& [form, dialog] : windows_) {
         if (dialog) {
             dialog->setTheme(theme);
@@ -36,7 +36,7 @@ void QtForms::Load(Form& form) {
     }
     const std::string_view caption = form.Caption();
     dialog->setWindowTitle(QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
-    dialog->setTheme(*theme_);
+    dialog->setTheme(theme_);
     if (control_) {
         QObject::connect(control_.data(), &QObject::destroyed, dialog, &QDialog::reject);
     }
@@ -50,7 +50,7 @@ void QtForms::ShowModal(Form& form) {
         return;
     }
     if (dialog->isVisible()) {
-        dialog->raise();  // it is waited for already
+        dialog->raise();  // it is already being waited for
         return;
     }
     dialog->exec();

@@ -11,10 +11,10 @@
 namespace planview {
 
 /// The windows of the control's forms, each made when its form is loaded. A form that the desktop has no window for
-/// stays unseen. A window that is shown when the control's widget goes closes as by its frame.
+/// stays unseen. A window still open when the control's widget is destroyed closes as if by its frame.
 class QtForms final : public Forms {
 public:
-    explicit QtForms(QWidget& control) : control_(&control), theme_(&GridTheme::light()) {}
+    explicit QtForms(QWidget& control) : control_(&control) {}
     ~QtForms() override;
     QtForms(const QtForms&) = delete;
     QtForms& operator=(const QtForms&) = delete;
@@ -31,7 +31,7 @@ private:
     [[nodiscard]] ThemedDialog* window(Form& form) const;
 
     QPointer<QWidget> control_;
-    const GridTheme* theme_;
+    GridTheme theme_ = GridTheme::light();
     std::map<const Form*, QPointer<ThemedDialog>> windows_;
 };
 

@@ -53,7 +53,7 @@ QMessageBox::StandardButton buttonOf(MessageAnswer answer) {
     return QMessageBox::Ok;
 }
 
-/// A box without a Cancel button that is closed by its frame answers as the button that means least.
+/// A box without a Cancel button that is closed by its frame answers with the least consequential button.
 MessageAnswer answerOf(int button, MessageButtons buttons) {
     switch (button) {
         case QMessageBox::Ok:
@@ -72,9 +72,9 @@ MessageAnswer answerOf(int button, MessageButtons buttons) {
 }  // namespace
 
 MessageAnswer QtMessageBoxes::Show(const MessageBoxRequest& request) {
-    // Above the window that waits for the user already, such as a form, else above the control's.
+    // Above the window that is already waiting for the user, such as a form; otherwise above the control's.
     QWidget* above = QApplication::activeModalWidget();
-    // The window above which it stands may be destroyed while it waits, and takes it along.
+    // The parent window may be destroyed while this one waits, and takes it along.
     const QPointer<QMessageBox> box(new QMessageBox(above || !control_ ? above : control_->window()));
     box->setIcon(iconOf(request.icon));
     box->setWindowTitle(request.title.empty() ? QCoreApplication::applicationName()

@@ -20,7 +20,7 @@ namespace {
 constexpr int SwatchSize = 14;
 constexpr qreal SwatchRadius = 3;
 constexpr int SwatchEdgeAlpha = 90;
-/// Wider captions are cut; the whole text is the entry's tip then.
+/// Wider captions are cut, and the tooltip then shows the whole text.
 constexpr int WidestCaption = 420;
 /// No more characters are measured for a caption, or shown as a tip.
 constexpr qsizetype LongestCaption = 400;
@@ -42,7 +42,7 @@ QIcon swatchIcon(Rgb color, QColor edge, qreal scale) {
     return icon;
 }
 
-/// One line of plain text: no character of it is a mnemonic, or parts a shortcut from it.
+/// One line of plain text, in which no character is a mnemonic or separates a shortcut.
 QString menuText(const QString& caption, const QFontMetrics& metrics) {
     QString line = caption.left(LongestCaption);
     for (QChar& character : line) {

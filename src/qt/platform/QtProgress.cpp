@@ -19,7 +19,7 @@ void QtProgress::Begin(std::string_view title, int steps) {
     dialog_->setAutoClose(false);
     dialog_->setAutoReset(false);
     dialog_->setRange(0, steps);
-    dialog_->setValue(0);  // from here on it counts the time after which it shows itself
+    dialog_->setValue(0);  // starts the time after which it shows itself
 }
 
 bool QtProgress::Advance(int done) {

@@ -9,7 +9,7 @@
 
 namespace planview {
 
-/// A window with a bar and a Cancel button, which comes when an operation takes longer than a moment.
+/// A window with a bar and a Cancel button, which appears when an operation takes more than a moment.
 class QtProgress final : public Progress {
 public:
     explicit QtProgress(QWidget& control) : control_(&control) {}

@@ -22,8 +22,10 @@ constexpr int Gap = 3;
 constexpr int GroupGap = 8;
 /// More rows would leave the macro below too little room.
 constexpr int MostRows = 3;
-/// The pictures need not grow with the texts for ever.
+/// Pictures stop growing with the texts here.
 constexpr double MostScale = 1.5;
+
+constexpr double FaintWeight = 0.35;  // of a disabled button's picture
 
 constexpr auto SelectionIcon = "macro-selection";
 constexpr auto SelectionFormat = "application/x-planview-selection";
@@ -57,13 +59,13 @@ QString styleSheetFor(const GridTheme& theme) {
 
 }  // namespace
 
-/// A button whose content is dragged from it. What is dragged is asked for when the drag begins, or at a click.
-class SelectionButton final : public QToolButton {
+/// A button to drag from. What is dragged is determined when the drag begins, or on a click.
+class SelectionButton final : public GuardedWidget<QToolButton> {
 public:
-    SelectionButton(MacroToolbar& toolbar, std::function<std::string()> selection, std::shared_ptr<void> owner,
+    SelectionButton(MacroToolbar& toolbar, std::function<std::string()> selection, const EntryGuard& whole,
                     QWidget* parent)
-        : QToolButton(parent), toolbar_(toolbar), selection_(std::move(selection)), owner_(std::move(owner)) {
-        connect(this, &QToolButton::clicked, this, [this] { handOver(); });
+        : GuardedWidget(whole, parent), toolbar_(toolbar), selection_(std::move(selection)) {
+        guard().connect(this, &QToolButton::clicked, this, "HandOverSelection", [this] { handOver(); });
     }
 
 protected:
@@ -92,7 +94,6 @@ protected:
 
 private:
     std::string handOver() {
-        const std::shared_ptr<void> owner = owner_;
         std::string text = selection_();
         if (!text.empty()) {
             toolbar_.UserDragSelection(text);
@@ -102,28 +103,29 @@ private:
 
     MacroToolbar& toolbar_;
     std::function<std::string()> selection_;
-    std::shared_ptr<void> owner_;
     QPoint pressedAt_;
 };
 
 ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::function<std::string()> selection,
                          std::shared_ptr<void> owner, QWidget* parent)
-    : QWidget(parent), toolbar_(toolbar), bitmaps_(bitmaps), owner_(std::move(owner)), more_(new QToolButton(this)) {
+    : GuardedWidget(EntryGuard(MacroToolbar::Label, std::move(owner)), parent),
+      toolbar_(toolbar),
+      bitmaps_(bitmaps),
+      more_(new QToolButton(this)) {
     setAccessibleName(tr("Macro elements"));
     for (const ToolbarButtonInfo& info : ToolbarButtons()) {
         auto* button = new QToolButton(this);
         button->setObjectName(QString::fromUtf8(info.field.data(), static_cast<qsizetype>(info.field.size())));
-        connect(button, &QToolButton::clicked, this, [this, which = info.button] {
-            const std::shared_ptr<void> alive = owner_;
+        guard().connect(button, &QToolButton::clicked, this, "Press", [this, which = info.button] {
             const QPointer<ToolbarView> self(this);
             toolbar_.UserPress(which);
             if (self) {
-                ToolbarChanged();  // whether it looks pressed down is the control's to say
+                ToolbarChanged();  // the control decides whether it looks pressed
             }
         });
         buttons_.push_back(button);
     }
-    auto* drag = new SelectionButton(toolbar, std::move(selection), owner_, this);
+    auto* drag = new SelectionButton(toolbar, std::move(selection), guard(), this);
     drag->setObjectName(QLatin1String("SELECTION"));
     drag->setToolTip(tr("Drag what is selected in the grid into the macro"));
     drag->setAccessibleName(drag->toolTip());
@@ -134,12 +136,12 @@ ToolbarView::ToolbarView(MacroToolbar& toolbar, GridBitmaps& bitmaps, std::funct
     more_->setAccessibleName(more_->toolTip());
     more_->setPopupMode(QToolButton::InstantPopup);
     more_->setMenu(new QMenu(this));
-    connect(more_->menu(), &QMenu::aboutToShow, this, &ToolbarView::fillMenu);
+    guard().connect(more_->menu(), &QMenu::aboutToShow, this, "FillMenu", [this] { fillMenu(); });
     more_->setFocusPolicy(Qt::TabFocus);
     for (QToolButton* button : buttons_) {
         button->setFocusPolicy(Qt::TabFocus);
     }
-    setTheme(*theme_);
+    setTheme(theme_);
     ToolbarChanged();
     toolbar_.SetWatcher(this);
 }
@@ -152,10 +154,6 @@ QToolButton* ToolbarView::button(ToolbarButton which) const {
     return buttons_[placeOf(which)];
 }
 
-QToolButton* ToolbarView::selectionButton() const {
-    return buttons_.front();
-}
-
 void ToolbarView::ToolbarChanged() {
     for (const ToolbarButtonInfo& info : ToolbarButtons()) {
         QToolButton* shown = button(info.button);
@@ -163,7 +161,7 @@ void ToolbarView::ToolbarChanged() {
         shown->setToolTip(tooltip.toHtmlEscaped());
         shown->setAccessibleName(tooltip);
         shown->setEnabled(toolbar_.IsEnabled(info.button));
-        // Only a button that can be checked draws itself anew when it is checked no longer.
+        // Only a checkable button repaints itself when it is unchecked.
         const bool checked = toolbar_.IsChecked(info.button);
         shown->setCheckable(checked || shown->isCheckable());
         shown->setChecked(checked);
@@ -172,7 +170,7 @@ void ToolbarView::ToolbarChanged() {
 }
 
 void ToolbarView::setTheme(const GridTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme;
     setStyleSheet(styleSheetFor(theme));
     showIcons();
     update();
@@ -186,21 +184,9 @@ void ToolbarView::setTextScale(double scale) {
 
 void ToolbarView::showIcons() {
     const int side = scaled(BitmapPixels);
-    const qreal ratio = devicePixelRatioF();
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
         const std::string name(i == 0 ? std::string_view(SelectionIcon) : ToolbarButtons()[i - 1].icon);
-        QPixmap picture = bitmaps_.pixmap(name, qRound(side * ratio), *theme_);
-        picture.setDevicePixelRatio(ratio);
-        QPixmap faint(picture.size());
-        faint.setDevicePixelRatio(ratio);
-        faint.fill(Qt::transparent);
-        QPainter painter(&faint);
-        painter.setOpacity(0.35);
-        painter.drawPixmap(0, 0, picture);
-        painter.end();
-        QIcon icon(picture);
-        icon.addPixmap(faint, QIcon::Disabled);
-        buttons_[i]->setIcon(icon);
+        buttons_[i]->setIcon(bitmaps_.icon(name, side, devicePixelRatioF(), theme_, FaintWeight));
         buttons_[i]->setIconSize(QSize(side, side));
     }
 }
@@ -246,7 +232,7 @@ void ToolbarView::resizeEvent(QResizeEvent* /*event*/) {
 void ToolbarView::fillMenu() {
     QMenu& menu = *more_->menu();
     menu.clear();
-    menu.setPalette(theme_->widgetPalette(menu.palette()));
+    menu.setPalette(theme_.widgetPalette(menu.palette()));
     for (QToolButton* button : buttons_) {
         if (button->isHidden()) {
             QAction* entry = menu.addAction(button->icon(), button->accessibleName().replace(u'&', u"&&"_qs));
@@ -262,13 +248,13 @@ void ToolbarView::fillMenu() {
 
 void ToolbarView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.fillRect(rect(), QColor(theme_->panel));
-    painter.fillRect(QRect(0, height() - 1, width(), 1), QColor(theme_->line));
+    painter.fillRect(rect(), QColor(theme_.panel));
+    painter.fillRect(QRect(0, height() - 1, width(), 1), QColor(theme_.line));
 }
 
 void ToolbarView::paintOn(QPainter& painter, const QRect& rect) const {
-    painter.fillRect(rect, QColor(theme_->panel));
-    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), QColor(theme_->line));
+    painter.fillRect(rect, QColor(theme_.panel));
+    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), QColor(theme_.line));
     const std::vector<QRect> places = placesIn(rect.width());
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
         const QRect place = places[i].translated(rect.topLeft());
@@ -277,8 +263,8 @@ void ToolbarView::paintOn(QPainter& painter, const QRect& rect) const {
         }
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QColor(theme_->line));
-        painter.setBrush(QColor(theme_->base));
+        painter.setPen(QColor(theme_.line));
+        painter.setBrush(QColor(theme_.base));
         painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
         QRect picture(QPoint(), buttons_[i]->iconSize());
         picture.moveCenter(place.center());

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "macro/tree/MacroToolbar.h"
+#include "qt/GuardedWidget.h"
 #include "qt/grid/GridBitmaps.h"
 #include "qt/grid/GridTheme.h"
 
@@ -16,9 +17,9 @@ namespace planview {
 class SelectionButton;
 
 /// The macro toolbar: one button per kind of macro element, and one from which the grid's selection is dragged. The
-/// buttons stand in as many rows as the width needs and the height has; those that find no place are in the menu of a
+/// buttons stand in as many rows as the width needs and the height has; those that do not fit are in the menu of the
 /// last one.
-class ToolbarView final : public QWidget, private ToolbarWatcher {
+class ToolbarView final : public GuardedWidget<QWidget>, private ToolbarWatcher {
     Q_OBJECT
 
 public:
@@ -29,14 +30,10 @@ public:
     ~ToolbarView() override;
 
     [[nodiscard]] QToolButton* button(ToolbarButton which) const;
-    /// The one from which the selection is dragged. A click on it hands the selection over, too.
-    [[nodiscard]] QToolButton* selectionButton() const;
-    /// The one with the menu of those that find no place; hidden where all do.
-    [[nodiscard]] QToolButton* moreButton() const { return more_; }
 
     void setTheme(const GridTheme& theme);
     void setTextScale(double scale);
-    /// Paints the toolbar into another place.
+    /// Paints the toolbar elsewhere.
     void paintOn(QPainter& painter, const QRect& rect) const;
 
     [[nodiscard]] bool hasHeightForWidth() const override { return true; }
@@ -58,8 +55,7 @@ private:
 
     MacroToolbar& toolbar_;
     GridBitmaps& bitmaps_;
-    std::shared_ptr<void> owner_;
-    const GridTheme* theme_ = &GridTheme::light();
+    GridTheme theme_ = GridTheme::light();
     double scale_ = 1.0;
     std::vector<QToolButton*> buttons_;  // children: the selection's, then as ToolbarButton
     QToolButton* more_;                  // a child

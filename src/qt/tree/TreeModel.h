@@ -8,10 +8,10 @@
 
 namespace planview {
 
-/// A TreeControl for item views. Reads only: what the user does goes to the TreeControl, and comes back from it.
+/// A TreeControl as a model for item views. Read-only: user actions go to the TreeControl and come back from it.
 ///
-/// Nodes deeper than DeepestLevel are shown as children of the one at that level, in their order: item views take time
-/// and stack for each level.
+/// Nodes deeper than DeepestLevel are shown as children of the one at that level, in their order: item views need time
+/// and stack space for every level.
 class TreeModel final : public QAbstractItemModel, private TreeWatcher {
     Q_OBJECT
 
@@ -21,11 +21,11 @@ public:
     explicit TreeModel(TreeControl& tree, QObject* parent = nullptr);
     ~TreeModel() override;
 
-    /// A null node where the index is none of the nodes that are there now.
+    /// A null node if the index names none of the current nodes.
     [[nodiscard]] TreeNode nodeAt(const QModelIndex& index) const;
     /// An invalid index for a null node.
     [[nodiscard]] QModelIndex indexOf(TreeNode node) const;
-    /// How far the node stands in, 0 .. DeepestLevel.
+    /// The node's indentation level, 0 .. DeepestLevel.
     [[nodiscard]] static int levelOf(TreeNode node);
     [[nodiscard]] int deepest() const { return deepest_; }
     /// All nodes that are open.
@@ -43,7 +43,7 @@ public:
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 Q_SIGNALS:
-    /// An invalid index: that of many nodes.
+    /// An invalid index means many nodes.
     void expandedChanged(const QModelIndex& index);
     void selectionChanged();
     void showWanted(const QModelIndex& index);
@@ -72,7 +72,7 @@ private:
 
     TreeControl& tree_;
     std::vector<Place> places_;  // [0] holds the top level, [i] the node with that index
-    std::vector<int> children_;  // those of each place behind each other
+    std::vector<int> children_;  // grouped by place
     int deepest_ = 0;
 };
 

@@ -5,12 +5,6 @@
 
 namespace planview {
 
-namespace {
-
-constexpr int HeadingHeight = 30;
-
-}  // namespace
-
 TreePane::TreePane(TreeControl& tree, GridBitmaps& bitmaps, std::shared_ptr<void> owner, QWidget* parent)
     : QWidget(parent),
       heading_(new PaneHeading(tr("Macros"), this)),
@@ -26,14 +20,14 @@ void TreePane::setTheme(const GridTheme& theme) {
 
 void TreePane::setTextScale(double scale) {
     heading_->setTextScale(scale);
-    headingHeight_ = qRound(HeadingHeight * scale);
     view_->setTextScale(scale);
     placeParts();
 }
 
 void TreePane::placeParts() {
-    heading_->setGeometry(0, 0, width(), headingHeight_);
-    view_->setGeometry(0, headingHeight_, width(), height() - headingHeight_);
+    const int top = heading_->height();
+    heading_->setGeometry(0, 0, width(), top);
+    view_->setGeometry(0, top, width(), height() - top);
 }
 
 void TreePane::resizeEvent(QResizeEvent* /*event*/) {
@@ -41,8 +35,9 @@ void TreePane::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 void TreePane::paintOn(QPainter& painter, const QRect& rect) const {
-    view_->paintOn(painter, rect.adjusted(0, headingHeight_, 0, 0));
-    heading_->paintOn(painter, QRect(rect.topLeft(), QSize(rect.width(), headingHeight_)));
+    const int top = heading_->height();
+    view_->paintOn(painter, rect.adjusted(0, top, 0, 0));
+    heading_->paintOn(painter, QRect(rect.topLeft(), QSize(rect.width(), top)));
 }
 
 }  // namespace planview

@@ -19,7 +19,7 @@ public:
 
     void setTheme(const GridTheme& theme);
     void setTextScale(double scale);
-    /// Paints the pane as it is into another place.
+    /// Paints the pane elsewhere.
     void paintOn(QPainter& painter, const QRect& rect) const;
 
     [[nodiscard]] QSize minimumSizeHint() const override { return heading_->minimumSizeHint(); }
@@ -30,7 +30,6 @@ protected:
 private:
     void placeParts();
 
-    int headingHeight_ = 0;
     PaneHeading* heading_;  // both are children
     TreeView* view_;
 };

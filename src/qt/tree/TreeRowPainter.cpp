@@ -72,7 +72,7 @@ QFont TreeRowPainter::font(const QFont& base) const {
 const QPixmap& TreeRowPainter::picture(TreeNode node, qreal ratio) const {
     const std::string& selected = node.SelectedImage();
     const std::string& name = node.Selected() && !selected.empty() ? selected : node.Image();
-    return bitmaps_.pixmap(pictureName(name), qRound(scaled(BitmapPixels) * ratio), *theme_);
+    return bitmaps_.pixmap(pictureName(name), qRound(scaled(BitmapPixels) * ratio), theme_);
 }
 
 bool TreeRowPainter::hasPicture(TreeNode node) const {
@@ -92,7 +92,7 @@ void TreeRowPainter::paintChevron(QPainter& painter, const QRect& place, bool op
         path.lineTo(middle + QPointF(half / 2, 0));
         path.lineTo(middle + QPointF(-half / 2, half));
     }
-    painter.setPen(QPen(QColor(theme_->muted), 1.5 * scale_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(QColor(theme_.muted), 1.5 * scale_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(path);
 }
@@ -103,14 +103,14 @@ void TreeRowPainter::paint(QPainter& painter, const QRect& row, TreeNode node, c
     const QRectF ground = QRectF(row).adjusted(FocusWidth, 0.5, -FocusWidth, -0.5);
     if (node.Selected() || state.hovered) {
         const double weight = !node.Selected() ? HoverWeight : state.focused ? 1.0 : UnfocusedWeight;
-        const QRgb over = node.Selected() ? theme_->accentTint : theme_->heading;
-        const QRgb tint = node.Selected() && !state.focused ? mixColors(theme_->heading, theme_->accentTint, weight)
-                                                            : mixColors(theme_->panel, over, weight);
+        const QRgb over = node.Selected() ? theme_.accentTint : theme_.heading;
+        const QRgb tint = node.Selected() && !state.focused ? mixColors(theme_.heading, theme_.accentTint, weight)
+                                                            : mixColors(theme_.panel, over, weight);
         painter.setPen(Qt::NoPen);
         painter.setBrush(QColor(tint));
         painter.drawRoundedRect(ground, RowRadius, RowRadius);
         if (node.Selected() && state.focused) {
-            painter.setBrush(QColor(theme_->accent));
+            painter.setBrush(QColor(theme_.accent));
             painter.drawRoundedRect(QRectF(row.left(), row.top() + 2, FocusWidth + 1, row.height() - 4), 1, 1);
         }
     }
@@ -130,7 +130,7 @@ void TreeRowPainter::paint(QPainter& painter, const QRect& row, TreeNode node, c
     QFont textFont = font(painter.font());
     textFont.setStrikeOut(leftOut);
     painter.setFont(textFont);
-    painter.setPen(QColor(theme_->text));
+    painter.setPen(QColor(theme_.text));
     const QString full = QString::fromStdString(node.Text()).simplified();
     painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(full, Qt::ElideRight, text.width()));

@@ -16,8 +16,8 @@ class TreeRowPainter {
 public:
     explicit TreeRowPainter(GridBitmaps& bitmaps) : bitmaps_(bitmaps) {}
 
-    void setTheme(const GridTheme& theme) { theme_ = &theme; }
-    [[nodiscard]] const GridTheme& theme() const { return *theme_; }
+    void setTheme(const GridTheme& theme) { theme_ = theme; }
+    [[nodiscard]] const GridTheme& theme() const { return theme_; }
     void setTextScale(double scale) { scale_ = scale; }
 
     /// What only the view knows of a row.
@@ -33,7 +33,7 @@ public:
     // In logical pixels.
     [[nodiscard]] int rowHeight() const;
     [[nodiscard]] int indentation() const;
-    /// From the begin of a row of this level to its text.
+    /// From the start of a row at this level to its text.
     [[nodiscard]] int textLeft(int level, bool hasPicture) const;
     [[nodiscard]] QFont font(const QFont& base) const;
     [[nodiscard]] bool hasPicture(TreeNode node) const;
@@ -44,7 +44,7 @@ private:
     void paintChevron(QPainter& painter, const QRect& place, bool open) const;
 
     GridBitmaps& bitmaps_;
-    const GridTheme* theme_ = &GridTheme::light();
+    GridTheme theme_ = GridTheme::light();
     double scale_ = 1.0;
 };
 

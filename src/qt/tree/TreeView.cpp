@@ -10,15 +10,16 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "macro/tree/modMacro.h"
 #include "qt/tree/TreeDelegate.h"
 
 namespace planview {
 
 namespace {
 
-/// What a text keeps of the column at least, however deep it stands.
+/// The least width of the column that a text keeps, however deep its node.
 constexpr int LeastText = 64;
-/// And where the tree is to be scrolled sideways anyway.
+/// The same where the tree has to be scrolled sideways anyway.
 constexpr int TextWhenScrolled = 240;
 constexpr int DropLineWidth = 2;
 constexpr qsizetype LongestTip = 2000;
@@ -26,7 +27,7 @@ constexpr qsizetype LongestTip = 2000;
 }  // namespace
 
 TreeView::TreeView(TreeControl& tree, GridBitmaps& bitmaps, std::shared_ptr<void> owner, QWidget* parent)
-    : QTreeView(parent), tree_(tree), owner_(std::move(owner)), model_(tree), painter_(bitmaps) {
+    : GuardedView(EntryGuard(modMacro::Label, std::move(owner)), parent), tree_(tree), model_(tree), painter_(bitmaps) {
     setAccessibleName(tr("Macros"));
     setFrameShape(QFrame::NoFrame);
     setHeaderHidden(true);
@@ -49,10 +50,13 @@ TreeView::TreeView(TreeControl& tree, GridBitmaps& bitmaps, std::shared_ptr<void
     connect(&model_, &TreeModel::expandedChanged, this, &TreeView::followExpanded);
     connect(&model_, &TreeModel::selectionChanged, this, &TreeView::followSelection);
     connect(&model_, &TreeModel::showWanted, this, [this](const QModelIndex& index) { scrollTo(index); });
-    // Queued: the wish comes from a popup that a mouse press has opened.
+    // Queued: the request comes from a popup opened by a mouse press.
     connect(
         &model_, &TreeModel::editWanted, this,
-        [this](const QPersistentModelIndex& index) { editNode(model_.nodeAt(index)); }, Qt::QueuedConnection);
+        [this](const QPersistentModelIndex& index) {
+            guard().run("EditLabel", [&] { editNode(model_.nodeAt(index)); });
+        },
+        Qt::QueuedConnection);
     setTextScale(1.0);
     followExpanded({});
     followSelection();
@@ -109,7 +113,7 @@ void TreeView::followExpanded(const QModelIndex& index) {
 
 void TreeView::followSelection() {
     const QScopedValueRollback following(following_, true);
-    setAutoScroll(false);  // whoever selects says whether to scroll there
+    setAutoScroll(false);  // the one who selects decides whether to scroll there
     const QModelIndex index = model_.indexOf(tree_.SelectedItem());
     if (index.isValid()) {
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
@@ -123,7 +127,7 @@ void TreeView::followSelection() {
 void TreeView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTreeView::currentChanged(current, previous);
     if (!following_ && current.isValid()) {
-        tree_.UserSelect(model_.nodeAt(current));
+        guard().run("Select", [&] { tree_.UserSelect(model_.nodeAt(current)); });
     }
 }
 
@@ -144,7 +148,7 @@ TreeNode TreeView::nodeUnder(QPoint point) const {
     return model_.nodeAt(indexAt(point));
 }
 
-/// The base looks at the one column only, which begins far left of a node that stands deep.
+/// The base class looks only at the column, which begins far to the left of a deep node.
 void TreeView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     QScrollBar& sideways = *horizontalScrollBar();
     const int scrolled = sideways.value();
@@ -251,7 +255,7 @@ void TreeView::paintOn(QPainter& painter, const QRect& rect) const {
     painter.restore();
 }
 
-bool TreeView::viewportEvent(QEvent* event) {
+bool TreeView::handleViewportEvent(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto& help = static_cast<const QHelpEvent&>(*event);
         const TreeNode node = nodeUnder(help.pos());
@@ -266,7 +270,7 @@ bool TreeView::viewportEvent(QEvent* event) {
         }
         return true;
     }
-    return QTreeView::viewportEvent(event);
+    return GuardedView::handleViewportEvent(event);
 }
 
 }  // namespace planview

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "components/TreeControl.h"
+#include "qt/GuardedWidget.h"
 #include "qt/tree/TreeModel.h"
 #include "qt/tree/TreeRowPainter.h"
 
@@ -15,15 +16,14 @@ namespace planview {
 /// Shows a TreeControl and hands it what the user does. What is open and what is selected is the TreeControl's; the
 /// view follows it.
 ///
-/// The host may delete the view, or change the tree, from inside an event that an input raised; therefore every handler
-/// looks whether the view is still there after the tree has been told, and what a standard item view does by itself is
-/// told only when it has returned.
-class TreeView final : public QTreeView {
+/// The host may delete the view, or change the tree, from inside an event that an input raised; so every handler checks
+/// that the view still exists after telling the tree, and what a standard item view does by itself is reported only
+/// after it has returned.
+class TreeView final : public GuardedView<QTreeView> {
     Q_OBJECT
 
 public:
-    /// `owner` keeps the tree alive while the view handles an input; it may be null where the tree outlives the view
-    /// anyway.
+    /// `owner` keeps the tree alive while the view handles an input; it may be null if the tree outlives the view.
     TreeView(TreeControl& tree, GridBitmaps& bitmaps, std::shared_ptr<void> owner = nullptr, QWidget* parent = nullptr);
     ~TreeView() override;
 
@@ -33,9 +33,9 @@ public:
     void setTheme(const GridTheme& theme);
     void setTextScale(double scale);
 
-    /// Opens the label of a node for editing, where the control lets it.
+    /// Opens the label of a node for editing, if the control allows it.
     void editNode(TreeNode node);
-    /// Paints the rows as they are scrolled now into another place.
+    /// Paints the rows elsewhere, scrolled as they are now.
     void paintOn(QPainter& painter, const QRect& rect) const;
     /// The row of a node in the viewport's coordinates, from its picture on; empty when it is out of sight.
     [[nodiscard]] QRect nodeRect(TreeNode node) const;
@@ -54,7 +54,7 @@ protected:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void paintEvent(QPaintEvent* event) override;
-    bool viewportEvent(QEvent* event) override;
+    bool handleViewportEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -95,7 +95,6 @@ private:
     void paintDropMark(QPainter& painter) const;
 
     TreeControl& tree_;
-    std::shared_ptr<void> owner_;
     TreeModel model_;
     TreeRowPainter painter_;
     bool following_ = false;
@@ -103,11 +102,11 @@ private:
     TreeNode pressed_;           // by the left button, which is still down
     bool pressedAgain_ = false;  // and was the selected one before
     bool focusedByPress_ = false;
-    QBasicTimer clickTimer_;  // until it is known that no second click follows
+    QBasicTimer clickTimer_;  // until no second click can follow
     TreeNode clicked_;        // the node of that click
     TreeNode dragged_;
     std::optional<DropMark> drop_;
-    std::optional<QString> label_;  // entered, not told yet
+    std::optional<QString> label_;  // entered, not reported yet
 };
 
 }  // namespace planview

@@ -72,7 +72,6 @@ bool TreeView::handleKey(const QKeyEvent& event) {
 }
 
 void TreeView::keyPressEvent(QKeyEvent* event) {
-    const std::shared_ptr<void> owner = owner_;
     const QPointer<TreeView> self(this);
     finishLabel();
     if (!self) {
@@ -91,9 +90,8 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
 }
 
 void TreeView::contextMenuEvent(QContextMenuEvent* event) {
-    const std::shared_ptr<void> owner = owner_;
     event->accept();
-    // A mouse press has opened its popup already.
+    // A mouse press has already opened its popup.
     if (event->reason() == QContextMenuEvent::Keyboard) {
         tree_.UserMenuKey();
     }
@@ -102,7 +100,7 @@ void TreeView::contextMenuEvent(QContextMenuEvent* event) {
 void TreeView::focusInEvent(QFocusEvent* event) {
     focusedByPress_ = event->reason() == Qt::MouseFocusReason;
     {
-        // Where nothing is current yet, the base makes the first node so; a click is to choose by itself.
+        // Without a current node, the base class would make the first one current; a click is to choose for itself.
         const QScopedValueRollback following(following_, focusedByPress_);
         QTreeView::focusInEvent(event);
     }
@@ -123,7 +121,6 @@ void TreeView::focusOutEvent(QFocusEvent* event) {
 // --- Mouse
 
 void TreeView::mousePressEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> owner = owner_;
     const QPointer<TreeView> self(this);
     clickTimer_.stop();
     pressed_ = {};
@@ -140,7 +137,7 @@ void TreeView::mousePressEvent(QMouseEvent* event) {
         }
         return;
     }
-    // The click that brings the focus is none on what is selected.
+    // The click that brings the focus does not count as one on the selected node.
     pressedAgain_ = node && node.Selected() && !bringsFocus;
     if (event->button() == Qt::LeftButton) {
         QTreeView::mousePressEvent(event);
@@ -153,7 +150,6 @@ void TreeView::mousePressEvent(QMouseEvent* event) {
 
 /// A click on the selected node opens a popup, but not when it is the first of a double click.
 void TreeView::mouseReleaseEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> owner = owner_;
     const TreeNode node = std::exchange(pressed_, TreeNode());
     QTreeView::mouseReleaseEvent(event);
     if (event->button() != Qt::LeftButton || !node || nodeUnder(event->position().toPoint()) != node) {
@@ -172,7 +168,6 @@ void TreeView::timerEvent(QTimerEvent* event) {
         QTreeView::timerEvent(event);
         return;
     }
-    const std::shared_ptr<void> owner = owner_;
     clickTimer_.stop();
     if (const TreeNode node = std::exchange(clicked_, TreeNode())) {
         tree_.UserClick(node, true);
@@ -180,7 +175,6 @@ void TreeView::timerEvent(QTimerEvent* event) {
 }
 
 void TreeView::mouseDoubleClickEvent(QMouseEvent* event) {
-    const std::shared_ptr<void> owner = owner_;
     const QPointer<TreeView> self(this);
     clickTimer_.stop();
     const TreeNode node = nodeUnder(event->position().toPoint());
@@ -200,7 +194,6 @@ void TreeView::mouseDoubleClickEvent(QMouseEvent* event) {
 // --- Label
 
 void TreeView::editNode(TreeNode node) {
-    const std::shared_ptr<void> owner = owner_;
     const QPointer<TreeView> self(this);
     if (tree_.UserBeginLabelEdit(node) && self && node) {
         scrollTo(model_.indexOf(node));
@@ -221,13 +214,11 @@ void TreeDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewI
 
 void TreeView::labelEntered(const QString& text) {
     label_ = text;
-    // Later: the host may do anything to the view when it hears of the new text, and the editor is just closing.
-    QMetaObject::invokeMethod(
-        this, [this] { finishLabel(); }, Qt::QueuedConnection);
+    // Later: on hearing of the new text the host may do anything to the view, while the editor is still closing.
+    guard().later(this, "EndLabelEdit", [this] { finishLabel(); });
 }
 
 void TreeView::finishLabel() {
-    const std::shared_ptr<void> owner = owner_;
     if (const std::optional<QString> text = std::exchange(label_, std::nullopt)) {
         tree_.UserEndLabelEdit(text->simplified().toStdString());
     }
@@ -247,7 +238,6 @@ void TreeView::startDrag(Qt::DropActions /*actions*/) {
     if (!node) {
         return;
     }
-    const std::shared_ptr<void> owner = owner_;
     const QPointer<TreeView> self(this);
     beginDrag(node);
     auto* drag = new QDrag(this);
@@ -314,13 +304,8 @@ void TreeView::dropEvent(QDropEvent* event) {
     event->setAccepted(mark.has_value());
     if (mark) {
         // Later: the drag is still under way.
-        QMetaObject::invokeMethod(
-            this,
-            [this, dragged = dragged_, mark] {
-                const std::shared_ptr<void> owner = owner_;
-                tree_.UserDrop(dragged, mark->target, mark->place);
-            },
-            Qt::QueuedConnection);
+        guard().later(this, "Drop",
+                      [this, dragged = dragged_, mark] { tree_.UserDrop(dragged, mark->target, mark->place); });
     }
 }
 

@@ -11,7 +11,7 @@
 namespace planview {
 
 /// What a column or row lends to the look of its cells.
-struct TrackTraits {
+struct TrackLook {
     AxisLayout::Area area = AxisLayout::Area::Center;
     int order = 0;         ///< see GridControl::OrderOf()
     bool header = false;   ///< carries the headings of the other axis
@@ -25,15 +25,15 @@ struct TrackTraits {
 
 struct PlacedTrack {
     GridTrack track;
-    TrackTraits traits;
+    TrackLook look;
 };
 
-/// The traits of the visible tracks of both axes, in the order of GridAxis::tracks().
-struct GridTraits {
-    GridTraits(const GridControl& grid, const GridColors& colors, const GridGeometry& geometry);
+/// The looks of the visible tracks of both axes, in the order of GridAxis::tracks().
+struct TrackLooks {
+    TrackLooks(const GridControl& grid, const GridColors& colors, const GridGeometry& geometry);
 
-    std::vector<TrackTraits> horizontal;
-    std::vector<TrackTraits> vertical;
+    std::vector<TrackLook> horizontal;
+    std::vector<TrackLook> vertical;
 };
 
 /// The place of a column or row among all of its kind, hidden ones included.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "qt/grid/GridContents.h"
+#include "qt/grid/CellContentPainter.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -15,13 +15,13 @@ using Area = AxisLayout::Area;
 constexpr int LongestRun = 64;
 
 bool isLabel(const PlacedTrack& horizontal, const PlacedTrack& vertical) {
-    return horizontal.traits.header && vertical.traits.area == Area::Center;
+    return horizontal.look.header && vertical.look.area == Area::Center;
 }
 
 }  // namespace
 
-GridContents::Room GridContents::textRoom(const PlacedTrack& horizontal, const PlacedTrack& vertical,
-                                          const CellLook& look, const GridCellStyle& style) {
+CellContentPainter::Room CellContentPainter::textRoom(const PlacedTrack& horizontal, const PlacedTrack& vertical,
+                                                      const CellLook& look, const GridCellStyle& style) {
     const GridGeometry& geometry = scene_.geometry;
     const QRect rect = trackRect(horizontal.track, vertical.track);
     const int padding = geometry.pixels(CellPadding);
@@ -29,17 +29,17 @@ GridContents::Room GridContents::textRoom(const PlacedTrack& horizontal, const P
     const int height = rect.height() - geometry.hairline();
 
     Room room;
-    room.face = &scene_.fonts.face(look.font, style.bold, style.italic);
+    room.shaper = &scene_.fonts.shaper(look.font, style.bold, style.italic);
     room.left = rect.left() + padding + indent;
     room.width = rect.width() - geometry.hairline() - 2 * padding - indent;
-    room.baseLine = rect.top() + (height - room.face->height() + 1) / 2 + room.face->ascent();
-    room.tooLow = 2 * height < room.face->height();
+    room.baseLine = rect.top() + (height - room.shaper->height() + 1) / 2 + room.shaper->ascent();
+    room.tooLow = 2 * height < room.shaper->height();
     room.alignment = style.alignment;
     return room;
 }
 
-const QPixmap* GridContents::placeBitmap(const CellLook& look, const PlacedTrack& vertical, bool hasText, Room& room,
-                                         QPoint& at) {
+const QPixmap* CellContentPainter::placeBitmap(const CellLook& look, const PlacedTrack& vertical, bool hasText,
+                                               Room& room, QPoint& at) {
     const GridGeometry& geometry = scene_.geometry;
     const int height = vertical.track.size() - geometry.hairline();
     const int side = std::min(geometry.pixels(BitmapPixels), height);
@@ -63,8 +63,8 @@ const QPixmap* GridContents::placeBitmap(const CellLook& look, const PlacedTrack
     return &pixmap;
 }
 
-void GridContents::add(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
-                       const GridCellStyle& style, std::optional<double> number) {
+void CellContentPainter::add(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
+                             const GridCellStyle& style, std::optional<double> number) {
     const Cell cell = scene_.geometry.cell(horizontal.track.id, vertical.track.id);
     const std::string text = scene_.grid.DisplayText(cell, look);
     if (text.empty() && !look.bitmap) {
@@ -80,23 +80,23 @@ void GridContents::add(const PlacedTrack& horizontal, const PlacedTrack& vertica
     if (text.empty() || room.tooLow) {
         return;
     }
-    if (number && room.face->isPlainNumber(text)) {
+    if (number && room.shaper->isPlainNumber(text)) {
         addNumber(text, room, style.text);
-    } else if (number && room.face->shape(text).width > room.width) {
+    } else if (number && room.shaper->shape(text).width > room.width) {
         addNumber(TooNarrow, room, style.text);
     } else {
         addText(text, horizontal, vertical, room, style);
     }
 }
 
-void GridContents::addNumber(std::string_view text, const Room& room, QRgb color) {
-    qreal width = room.face->numberWidth(text);
-    if (width > room.width || !room.face->isPlainNumber(text)) {
+void CellContentPainter::addNumber(std::string_view text, const Room& room, QRgb color) {
+    qreal width = room.shaper->numberWidth(text);
+    if (width > room.width || !room.shaper->isPlainNumber(text)) {
         text = TooNarrow;
-        while (!text.empty() && room.face->shape(std::string(text)).width > room.width) {
+        while (!text.empty() && room.shaper->shape(std::string(text)).width > room.width) {
             text.remove_suffix(1);
         }
-        const ShapedText& mark = room.face->shape(std::string(text));
+        const ShapedText& mark = room.shaper->shape(std::string(text));
         texts_.addText(mark, QPointF(std::round(room.left + room.width - mark.width), room.baseLine), color);
         return;
     }
@@ -104,17 +104,17 @@ void GridContents::addNumber(std::string_view text, const Room& room, QRgb color
     const qreal shift = room.alignment == GridAlignment::Right    ? free
                         : room.alignment == GridAlignment::Center ? free / 2
                                                                   : 0;
-    texts_.addNumber(*room.face, text, QPointF(std::round(room.left + shift), room.baseLine), color);
+    texts_.addNumber(*room.shaper, text, QPointF(std::round(room.left + shift), room.baseLine), color);
 }
 
-void GridContents::addText(const std::string& text, const PlacedTrack& horizontal, const PlacedTrack& vertical,
-                           const Room& room, const GridCellStyle& style) {
-    const auto wanted = static_cast<int>(std::ceil(room.face->shape(text).width));
+void CellContentPainter::addText(const std::string& text, const PlacedTrack& horizontal, const PlacedTrack& vertical,
+                                 const Room& room, const GridCellStyle& style) {
+    const auto wanted = static_cast<int>(std::ceil(room.shaper->shape(text).width));
     const int width = widthFor(wanted, horizontal, vertical, room, &style.ground);
     if (width <= 0) {
         return;
     }
-    const ShapedText& shaped = room.face->shapeElided(text, width);
+    const ShapedText& shaped = room.shaper->shapeElided(text, width);
     const qreal free = std::max<qreal>(room.width - shaped.width, 0);
     const qreal shift = room.alignment == GridAlignment::Right    ? free
                         : room.alignment == GridAlignment::Center ? free / 2
@@ -122,13 +122,13 @@ void GridContents::addText(const std::string& text, const PlacedTrack& horizonta
     texts_.addText(shaped, QPointF(std::round(room.left + shift), room.baseLine), style.text);
 }
 
-int GridContents::widthFor(int wanted, const PlacedTrack& horizontal, const PlacedTrack& vertical, const Room& room,
-                           const QRgb* ground) {
+int CellContentPainter::widthFor(int wanted, const PlacedTrack& horizontal, const PlacedTrack& vertical,
+                                 const Room& room, const QRgb* ground) {
     if (wanted <= room.width || room.alignment != GridAlignment::Left) {
         return room.width;
     }
     const int width = room.width + runOn(horizontal, vertical, wanted - room.width, ground);
-    const bool standsStill = vertical.track.area != Area::Center && !vertical.traits.header;
+    const bool standsStill = vertical.track.area != Area::Center && !vertical.look.header;
     if (!standsStill || horizontal.track.area != Area::Center) {
         return width;
     }
@@ -136,8 +136,9 @@ int GridContents::widthFor(int wanted, const PlacedTrack& horizontal, const Plac
     return std::min(width, geometry.horizontal.band(Area::Center).end - geometry.pixels(CellPadding) - room.left);
 }
 
-int GridContents::runOn(const PlacedTrack& horizontal, const PlacedTrack& vertical, int wanted, const QRgb* ground) {
-    if (horizontal.track.area != Area::Center || vertical.traits.header) {
+int CellContentPainter::runOn(const PlacedTrack& horizontal, const PlacedTrack& vertical, int wanted,
+                              const QRgb* ground) {
+    if (horizontal.track.area != Area::Center || vertical.look.header) {
         return 0;
     }
     const GridAxis& axis = scene_.geometry.horizontal;
@@ -161,8 +162,8 @@ int GridContents::runOn(const PlacedTrack& horizontal, const PlacedTrack& vertic
     return room;
 }
 
-bool GridContents::isCut(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
-                         const GridCellStyle& style, std::optional<double> number) {
+bool CellContentPainter::isCut(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
+                               const GridCellStyle& style, std::optional<double> number) {
     const std::string text =
         scene_.grid.DisplayText(scene_.geometry.cell(horizontal.track.id, vertical.track.id), look);
     if (text.empty()) {
@@ -174,7 +175,7 @@ bool GridContents::isCut(const PlacedTrack& horizontal, const PlacedTrack& verti
         placeBitmap(look, vertical, true, room, at);
     }
     const qreal width =
-        number && room.face->isPlainNumber(text) ? room.face->numberWidth(text) : room.face->shape(text).width;
+        number && room.shaper->isPlainNumber(text) ? room.shaper->numberWidth(text) : room.shaper->shape(text).width;
     if (width <= room.width) {
         return room.tooLow;
     }
@@ -182,7 +183,7 @@ bool GridContents::isCut(const PlacedTrack& horizontal, const PlacedTrack& verti
     return number || widthFor(wanted, horizontal, vertical, room, nullptr) < wanted;
 }
 
-void GridContents::paint(QPainter& painter) {
+void CellContentPainter::paint(QPainter& painter) {
     for (const Patch& patch : patches_) {
         painter.fillRect(patch.rect, QColor::fromRgb(patch.color));
     }

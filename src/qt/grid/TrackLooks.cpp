@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "qt/grid/GridTraits.h"
+#include "qt/grid/TrackLooks.h"
 
 #include <algorithm>
 
@@ -9,7 +9,7 @@ namespace {
 
 using Area = AxisLayout::Area;
 
-/// How many columns are asked whether a row at the bottom sums up.
+/// How many columns are checked to see whether a bottom row holds sums.
 constexpr std::size_t SampledColumns = 64;
 
 bool sumsUp(const GridControl& grid, RowId row, std::span<const AxisItem> columns) {
@@ -23,38 +23,38 @@ bool sumsUp(const GridControl& grid, RowId row, std::span<const AxisItem> column
 }
 
 void describeRow(const GridControl& grid, const GridColors& colors, std::span<const AxisItem> columns, RowId row,
-                 TrackTraits& traits) {
+                 TrackLook& trackLook) {
     if (columns.empty()) {
         return;
     }
-    if (traits.area == Area::Trailing) {
-        traits.sums = sumsUp(grid, row, columns);
-    } else if (traits.area == Area::Center) {
+    if (trackLook.area == Area::Trailing) {
+        trackLook.sums = sumsUp(grid, row, columns);
+    } else if (trackLook.area == Area::Center) {
         const CellLook look = grid.Look({ColumnId{columns.front().track}, row});
-        traits.helpLine = look.helpLine;
-        traits.readOnly = look.readOnly && colors.isReadOnlyPair(look.background, look.foreground);
+        trackLook.helpLine = look.helpLine;
+        trackLook.readOnly = look.readOnly && colors.isReadOnlyPair(look.background, look.foreground);
     }
 }
 
-std::vector<TrackTraits> describe(const GridControl& grid, const GridColors& colors, const GridAxis& axis,
-                                  const GridAxis& across) {
-    std::vector<TrackTraits> result;
+std::vector<TrackLook> describe(const GridControl& grid, const GridColors& colors, const GridAxis& axis,
+                                const GridAxis& across) {
+    std::vector<TrackLook> result;
     result.reserve(axis.tracks().size());
     const bool columns = axis.showsColumns();
     const GridSelection& selection = grid.Selection();
     for (const GridTrack& track : axis.tracks()) {
-        TrackTraits traits;
-        traits.area = track.area;
-        traits.order = trackOrder(grid, columns, track.id);
-        traits.header = &track == axis.header();
+        TrackLook trackLook;
+        trackLook.area = track.area;
+        trackLook.order = trackOrder(grid, columns, track.id);
+        trackLook.header = &track == axis.header();
         if (columns) {
-            traits.touched = selection.TouchesColumn(ColumnId{track.id}, traits.order);
+            trackLook.touched = selection.TouchesColumn(ColumnId{track.id}, trackLook.order);
         } else {
-            traits.touched = selection.TouchesRow(RowId{track.id}, traits.order);
-            describeRow(grid, colors, across.layout().Items(Area::Center), RowId{track.id}, traits);
+            trackLook.touched = selection.TouchesRow(RowId{track.id}, trackLook.order);
+            describeRow(grid, colors, across.layout().Items(Area::Center), RowId{track.id}, trackLook);
         }
-        traits.hidden = hiddenBeside(grid, axis, track);
-        result.push_back(traits);
+        trackLook.hidden = hiddenBeside(grid, axis, track);
+        result.push_back(trackLook);
     }
     return result;
 }
@@ -65,7 +65,7 @@ int trackOrder(const GridControl& grid, bool column, std::int32_t id) {
     return column ? grid.OrderOf(ColumnId{id}) : grid.OrderOf(RowId{id});
 }
 
-GridTraits::GridTraits(const GridControl& grid, const GridColors& colors, const GridGeometry& geometry)
+TrackLooks::TrackLooks(const GridControl& grid, const GridColors& colors, const GridGeometry& geometry)
     : horizontal(describe(grid, colors, geometry.horizontal, geometry.vertical)),
       vertical(describe(grid, colors, geometry.vertical, geometry.horizontal)) {}
 

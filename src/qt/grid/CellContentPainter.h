@@ -10,28 +10,28 @@
 #include "qt/grid/GridCellStyle.h"
 #include "qt/grid/GridScene.h"
 #include "qt/grid/GridTextBatch.h"
-#include "qt/grid/GridTraits.h"
+#include "qt/grid/TrackLooks.h"
 
 class QPainter;
 
 namespace planview {
 
-/// The air beside the text of a cell, in logical pixels.
+/// The padding beside the text of a cell, in logical pixels.
 inline constexpr int CellPadding = 7;
-/// Room at the start of a label, so that marks and labels of all lines stand in line, in logical pixels.
+/// Room at the start of a label, so that the marks and labels of all lines line up, in logical pixels.
 inline constexpr int LabelIndent = 13;
 /// Between a bitmap and the text beside it, in logical pixels.
 inline constexpr int BitmapGap = 4;
-/// What stands for a number that its cell is too narrow for.
+/// Shown instead of a number that its cell is too narrow for.
 inline constexpr std::string_view TooNarrow = "###";
 
 /// Places texts and bitmaps in cells, collects them and paints them together.
 ///
 /// A left-aligned text that its cell is too narrow for runs on over empty planning cells beside it; any other one is
 /// cut with an ellipsis.
-class GridContents {
+class CellContentPainter {
 public:
-    explicit GridContents(const GridScene& scene) : scene_(scene), texts_(scene.fonts) {}
+    explicit CellContentPainter(const GridScene& scene) : scene_(scene), texts_(scene.fonts) {}
 
     void add(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
              const GridCellStyle& style, std::optional<double> number);
@@ -55,7 +55,7 @@ private:
         int width = 0;
         int baseLine = 0;
         bool tooLow = false;  ///< the cell is too low for any text
-        GridFace* face = nullptr;
+        TextShaper* shaper = nullptr;
         GridAlignment alignment = GridAlignment::Left;
     };
 
@@ -65,8 +65,8 @@ private:
     void addNumber(std::string_view text, const Room& room, QRgb color);
     void addText(const std::string& text, const PlacedTrack& horizontal, const PlacedTrack& vertical, const Room& room,
                  const GridCellStyle& style);
-    /// The width that a text may take that would like to have `wanted`. In a fixed row, where it is a note to be read,
-    /// a text that runs on ends with an ellipsis where the sight of the columns ends; planning cells are cut there.
+    /// The width available to a text that needs `wanted`. In a fixed row, a text that runs on is a note to be read and
+    /// ends with an ellipsis at the edge of the visible columns; in planning cells it is cut there.
     int widthFor(int wanted, const PlacedTrack& horizontal, const PlacedTrack& vertical, const Room& room,
                  const QRgb* ground);
     /// The pixels that a text may take from empty neighbours, at most a little more than `wanted`; optionally covers
