@@ -93,7 +93,8 @@ public:
     /// The platform identifier: 0, 1 and 2 are the three that the trace knows by name, any other number is one it does
     /// not know. No value when the query fails.
     [[nodiscard]] virtual std::optional<int> PlatformId() const = 0;
-    /// The folder for the trace log, without a separator at its end. Created on demand; empty when there is none.
+    /// The folder for the trace log, UTF-8, without a separator at its end. Created on demand; empty when there is
+    /// none.
     [[nodiscard]] virtual std::string LogFolder() const = 0;
     /// The decimal mark of the user's regional settings, "." or ",".
     [[nodiscard]] virtual char DecimalMark() const = 0;

@@ -237,6 +237,8 @@ std::string ShortNumberText(double value, char decimalMark) {
     if (!(magnitude < Largest)) {
         return {};
     }
+    // A false alarm: only a number near a half could be rounded wrongly, and the comparison turns that one away.
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings)
     const auto scaled = static_cast<std::int64_t>(magnitude * double{Scale} + 0.5);
     if (static_cast<double>(scaled) / double{Scale} != magnitude) {
         return {};

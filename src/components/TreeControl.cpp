@@ -5,6 +5,15 @@
 
 namespace planview {
 
+namespace {
+
+/// A copy for what calls listeners: one of them may end the node, and its texts with it.
+std::string Kept(const std::string& text) {
+    return text;
+}
+
+}  // namespace
+
 void TreeControl::NoteReset() {
     noted_.reset = true;
     if (redraw_) {
@@ -110,7 +119,7 @@ void TreeControl::UserExpand(TreeNode node, bool expanded) {
     if (!node || node.Expanded() == expanded) {
         return;
     }
-    const std::string key = node.Key();
+    const std::string key = Kept(node.Key());
     node.SetExpanded(expanded);
     if (!expanded && IsBelow(selected_, node.id_)) {
         node.SetSelected(true);  // what is selected stays on screen
@@ -130,7 +139,7 @@ void TreeControl::UserClick(TreeNode node, bool again) {
     if (!node) {
         return;
     }
-    const std::string key = node.Key();
+    const std::string key = Kept(node.Key());
     node.SetSelected(true);
     if (events_) {
         events_->NodeClick(key, again);
@@ -139,7 +148,7 @@ void TreeControl::UserClick(TreeNode node, bool again) {
 
 void TreeControl::UserDoubleClick(TreeNode node) {
     if (node && events_) {
-        const std::string key = node.Key();
+        const std::string key = Kept(node.Key());
         events_->DblClick(key);
     }
 }
@@ -163,7 +172,7 @@ bool TreeControl::UserBeginLabelEdit(TreeNode node) {
     if (!node) {
         return false;
     }
-    const std::string key = node.Key();
+    const std::string key = Kept(node.Key());
     if (events_ && !events_->BeforeLabelEdit(key)) {
         return false;
     }
@@ -179,8 +188,8 @@ void TreeControl::UserEndLabelEdit(std::string_view text) {
     if (!node || text.empty() || node.Text() == text) {
         return;
     }
-    const std::string key = node.Key();
-    const std::string before = node.Text();
+    const std::string key = Kept(node.Key());
+    const std::string before = Kept(node.Text());
     const std::string entered(text);
     node.SetText(entered);
     if (events_) {
@@ -192,7 +201,7 @@ void TreeControl::UserDrop(TreeNode dragged, TreeNode target, TreeDrop place) {
     if (!dragged || !target || !events_ || IsBelow(target.id_, dragged.id_)) {
         return;
     }
-    const std::string key = dragged.Key();
+    const std::string key = Kept(dragged.Key());
     const std::string targetKey = target.Key();
     events_->NodeDropped(key, targetKey, place);
 }

@@ -3,7 +3,7 @@
 
 #include <planview/HeadlessPlatform.h>
 
-#include "platform/LinuxSystem.h"
+#include "platform/System.h"
 
 namespace planview {
 
@@ -34,11 +34,11 @@ private:
     ClipboardContents contents_;
 };
 
-class LinuxInformation final : public SystemInformation {
+class OwnSystem final : public SystemInformation {
 public:
-    std::optional<MemoryStatus> Memory() const override { return LinuxMemoryStatus(); }
-    std::optional<int> PlatformId() const override { return LinuxPlatformId(); }
-    std::string LogFolder() const override { return LinuxLogFolder(); }
+    std::optional<MemoryStatus> Memory() const override { return SystemMemory(); }
+    std::optional<int> PlatformId() const override { return SystemPlatformId(); }
+    std::string LogFolder() const override { return SystemLogFolder(); }
     /// That of the process: "." until the host has called setlocale().
     char DecimalMark() const override { return *std::localeconv()->decimal_point == ',' ? ',' : '.'; }
 };
@@ -69,7 +69,7 @@ struct HeadlessPlatform::State {
     DefaultAnswers messageBoxes;
     NoForms forms;
     OwnClipboard clipboard;
-    LinuxInformation system;
+    OwnSystem system;
     NoPopups popups;
     NoFileDialogs fileDialogs;
     ObjectRegistry objects;

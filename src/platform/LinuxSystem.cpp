@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "platform/LinuxSystem.h"
-
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
 #include <sys/utsname.h>
 
+#include "platform/System.h"
+
 namespace planview {
 
-std::optional<MemoryStatus> LinuxMemoryStatus() {
+std::optional<MemoryStatus> SystemMemory() {
     std::ifstream file("/proc/meminfo");
     std::string name;
     std::int64_t kibibytes = 0;
@@ -36,7 +36,7 @@ std::optional<MemoryStatus> LinuxMemoryStatus() {
                         (available + swapFree) * BytesPerKibibyte};
 }
 
-std::optional<int> LinuxPlatformId() {
+std::optional<int> SystemPlatformId() {
     constexpr int Linux = 3;
     utsname name{};
     if (uname(&name) != 0) {
@@ -45,7 +45,7 @@ std::optional<int> LinuxPlatformId() {
     return Linux;
 }
 
-std::string LinuxLogFolder() {
+std::string SystemLogFolder() {
     const auto variable = [](const char* name) {
         const char* value = std::getenv(name);
         return std::filesystem::path(value ? value : "");

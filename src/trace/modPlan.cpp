@@ -137,7 +137,8 @@ void Save(const Platform& platform, const ListView& list) {
         return;
     }
     ResumeNext([&] {
-        const std::filesystem::path folder(platform.system.LogFolder());
+        const std::string name = platform.system.LogFolder();
+        const std::filesystem::path folder(std::u8string(name.begin(), name.end()));
         std::filesystem::create_directories(folder);
         std::ofstream file(folder / LogFileName, std::ios::binary | std::ios::trunc);
         WriteList(file, list);

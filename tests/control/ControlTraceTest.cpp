@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -8,6 +6,7 @@
 
 #include <planview/PlanView.h>
 
+#include "support/TempFolder.h"
 #include "support/TraceOracle.h"
 
 namespace planview {
@@ -76,9 +75,8 @@ TEST_F(ControlTraceTest, TheEndUnloadsTheWindowOfEachDesktop) {
 }
 
 TEST_F(ControlTraceTest, ATraceThatBeginsWhileTheOldOneIsSavedKeepsItsEntries) {
-    std::string folder = (std::filesystem::temp_directory_path() / "planview-trace-XXXXXX").string();
-    ASSERT_NE(mkdtemp(folder.data()), nullptr);
-    secondDesktop.logFolder = folder;
+    const test::TempFolder folder;
+    secondDesktop.logFolder = folder.Name();
     secondDesktop.answer = MessageAnswer::Yes;
     first->plv_EnableTrace();
     first->DP_Import_PopupMenu();
@@ -90,7 +88,7 @@ TEST_F(ControlTraceTest, ATraceThatBeginsWhileTheOldOneIsSavedKeepsItsEntries) {
 
     EXPECT_TRUE(modPlan::TraceEnabled);
     EXPECT_EQ(Methods(), (Lines{"Trace_Enable", "Morvida", "", "", "", "", "plv_LayoutHide"}));
-    std::ifstream file(folder + "/MORVIDA.LOG", std::ios::binary);
+    std::ifstream file(folder.Path() / "MORVIDA.LOG", std::ios::binary);
     std::stringstream log;
     log << file.rdbuf();
     EXPECT_NE(log.str().find("DP_Import_PopupMenu"), std::string::npos) << "the list that was asked about is saved";
@@ -100,7 +98,6 @@ TEST_F(ControlTraceTest, ATraceThatBeginsWhileTheOldOneIsSavedKeepsItsEntries) {
     first->plv_DisableTrace();
     EXPECT_EQ(firstDesktop->formCalls.back(), "unload frmTrace");
     EXPECT_EQ(firstDesktop->formCalls.size(), 4U);
-    std::filesystem::remove_all(folder);
 }
 
 TEST_F(ControlTraceTest, ATraceThatBeginsAndEndsWhileTheOldOneIsSavedIsGone) {

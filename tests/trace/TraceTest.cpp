@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <limits>
@@ -9,6 +8,7 @@
 
 #include <planview/Trace.h>
 
+#include "support/TempFolder.h"
 #include "support/TraceOracle.h"
 #include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
@@ -22,23 +22,14 @@ namespace {
 class TraceTest : public test::TracedTest {};
 
 /// A folder of its own for each test.
-class LogFolder {
+class LogFolder : public test::TempFolder {
 public:
-    LogFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "planview-log-XXXXXX").string();
-        path_ = mkdtemp(name.data());
-    }
-    ~LogFolder() { std::filesystem::remove_all(path_); }
-    [[nodiscard]] std::filesystem::path Path() const { return path_; }
     [[nodiscard]] std::string Log() const {
-        std::ifstream file(path_ / "MORVIDA.LOG", std::ios::binary);
+        std::ifstream file(Path() / "MORVIDA.LOG", std::ios::binary);
         std::stringstream text;
         text << file.rdbuf();
         return text.str();
     }
-
-private:
-    std::filesystem::path path_;
 };
 
 std::string LastKey() {
@@ -107,7 +98,7 @@ TEST_F(TraceTest, ACounterAtItsEndStopsEntriesAndNothingElse) {
 
 TEST_F(TraceTest, DisableSavesWithoutItsOwnEntryAndEmptiesTheList) {
     const LogFolder folder;
-    platform.logFolder = (folder.Path() / "made on demand").string();
+    platform.logFolder = folder.Name() + "/Protokolle f\xC3\xBCr \xCE\xB1";  // made on demand
     platform.answer = MessageAnswer::Yes;
     modPlan::TraceWrite("GRIDCTL", "", "Redraw", "{}");
     modPlan::Trace_Disable(platform.Interfaces());
@@ -123,7 +114,7 @@ TEST_F(TraceTest, DisableSavesWithoutItsOwnEntryAndEmptiesTheList) {
     EXPECT_FALSE(frmTrace::Exists());
     EXPECT_FALSE(TraceIsOn());
 
-    std::ifstream log(folder.Path() / "made on demand" / "MORVIDA.LOG", std::ios::binary);
+    std::ifstream log(folder.Path() / u8"Protokolle f\u00FCr \u03B1" / "MORVIDA.LOG", std::ios::binary);
     std::string line;
     std::getline(log, line);
     EXPECT_EQ(line, "GRIDCTL                           Redraw                        {}\r");
@@ -133,7 +124,7 @@ TEST_F(TraceTest, DisableSavesWithoutItsOwnEntryAndEmptiesTheList) {
 TEST_F(TraceTest, AnsweringNoLeavesAnEarlierLogAlone) {
     const LogFolder folder;
     std::ofstream(folder.Path() / "MORVIDA.LOG") << "earlier";
-    platform.logFolder = folder.Path().string();
+    platform.logFolder = folder.Name();
     modPlan::TraceSave(platform.Interfaces());  // the default is No
     EXPECT_EQ(folder.Log(), "earlier");
     platform.answer = MessageAnswer::Yes;
@@ -142,7 +133,9 @@ TEST_F(TraceTest, AnsweringNoLeavesAnEarlierLogAlone) {
 }
 
 TEST_F(TraceTest, AnUnwritableLogIsGivenUpSilently) {
-    platform.logFolder = "/proc/none";
+    const LogFolder folder;
+    std::ofstream(folder.Path() / "file") << "no folder";
+    platform.logFolder = folder.Name() + "/file/below";
     platform.answer = MessageAnswer::Yes;
     modPlan::TraceSave(platform.Interfaces());
     EXPECT_EQ(platform.messages.size(), 1U);

@@ -3,20 +3,20 @@
 
 #include <QLocale>
 
-#include "platform/LinuxSystem.h"
+#include "platform/System.h"
 
 namespace planview {
 
 std::optional<MemoryStatus> QtSystemInformation::Memory() const {
-    return LinuxMemoryStatus();
+    return SystemMemory();
 }
 
 std::optional<int> QtSystemInformation::PlatformId() const {
-    return LinuxPlatformId();
+    return SystemPlatformId();
 }
 
 std::string QtSystemInformation::LogFolder() const {
-    return LinuxLogFolder();
+    return SystemLogFolder();
 }
 
 char QtSystemInformation::DecimalMark() const {
