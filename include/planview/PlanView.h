@@ -10,6 +10,7 @@
 #include <vector>
 
 #include <planview/AutomationObject.h>
+#include <planview/CellKey.h>
 #include <planview/Events.h>
 #include <planview/Export.h>
 #include <planview/Platform.h>
@@ -17,14 +18,6 @@
 
 /// The planning table. `PlanView` is the control, `PlanViewWidget` the same as a Qt widget.
 namespace planview {
-
-struct Cell;
-class ChartControl;
-class GridControl;
-class MacroEditor;
-class MacroToolbar;
-class PaneLayout;
-class TreeControl;
 
 /// One member of the control's automation interface.
 struct MemberDescription {
@@ -182,9 +175,13 @@ public:
     /// What SetLocked() was last told; false at first.
     [[nodiscard]] bool IsLocked() const noexcept;
 
+    /// The planning cells that show another value than TAB_OLD keeps for them: what the user has changed and the host
+    /// has not taken over yet.
+    [[nodiscard]] std::vector<CellKey> PendingCells() const;
+
     /// Called to show the user beside a cell why it does not take a value; false where that is not possible, and then a
     /// message box says it. There is one listener; an empty one takes it away.
-    void SetHintListener(std::function<bool(const Cell& cell, std::string_view reason)> listener);
+    void SetHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener);
 
     // --- Commands for the host's own menus --------------------------------------------------------------------------
 
@@ -329,22 +326,8 @@ public:
     /// has switched the trace on they still leave their entry.
     void Terminate();
 
-    /// The grid, for the layer that puts it on the screen.
-    [[nodiscard]] GridControl& Grid() noexcept;
-    /// The chart, for the same layer.
-    [[nodiscard]] ChartControl& Chart() noexcept;
-    /// The planning cells whose value the user has changed since TAB_OLD was last emptied, for the same layer.
-    [[nodiscard]] std::vector<Cell> PendingCells() const;
-    /// The macro tree and its toolbar, for the same layer.
-    [[nodiscard]] TreeControl& Tree() noexcept;
-    /// The toolbar of the macro tree, for the same layer.
-    [[nodiscard]] MacroToolbar& Toolbar() noexcept;
-    /// The macro editor, for the same layer.
-    [[nodiscard]] MacroEditor& Editor() noexcept;
-    /// The panes, for the same layer.
-    [[nodiscard]] PaneLayout& Panes() noexcept;
-
 private:
+    friend class ControlParts;  // src/control: by it the widget reaches what it shows
     struct State;
     std::shared_ptr<State> state_;
 };

@@ -75,7 +75,7 @@ void ControlContext::ChartStep() {
 
 bool ControlContext::TellBeside(const Cell& cell, std::string_view reason) const {
     const auto listener = hintListener;
-    return listener && listener(cell, reason);
+    return listener && listener(grid.KeyOf(cell), reason);
 }
 
 void ControlContext::TellBulk(bool running) const {

@@ -76,7 +76,7 @@ struct ControlContext {
     UndoHistory history;
     MacroRecording recording;
     std::function<void(bool running)> bulkListener;
-    std::function<bool(const Cell& cell, std::string_view reason)> hintListener;
+    std::function<bool(const CellKey& cell, std::string_view reason)> hintListener;
     HostUpdate hostUpdate;
     GridConstruction construction;
     ValueEntry valueEntry;

@@ -197,24 +197,4 @@ void PlanView::RemoveSink(EventSink& sink) noexcept {
     state_->context.events.RemoveSink(sink);
 }
 
-GridControl& PlanView::Grid() noexcept {
-    return state_->context.grid;
-}
-
-ChartControl& PlanView::Chart() noexcept {
-    return state_->context.chart;
-}
-
-TreeControl& PlanView::Tree() noexcept {
-    return state_->context.tree;
-}
-
-MacroToolbar& PlanView::Toolbar() noexcept {
-    return state_->context.toolbar;
-}
-
-PaneLayout& PlanView::Panes() noexcept {
-    return state_->context.layout;
-}
-
 }  // namespace planview

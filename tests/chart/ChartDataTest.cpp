@@ -94,7 +94,7 @@ TEST_F(ChartDataTest, TheStackedViewsFollowTheTable) {
 
 TEST_F(ChartDataTest, ATextThatIsNoNumberStopsTheFill) {
     ExpectErrors();
-    control.Grid().SetAttribute(GridElement::Cell, {"COL2", "ROW1"}, GridAttribute::Contents, "soon", true);
+    Grid().SetAttribute(GridElement::Cell, {"COL2", "ROW1"}, GridAttribute::Contents, "soon", true);
     ForgetEntries();
     Rebuild();
     EXPECT_EQ(Chart().series[1].values[0], 30) << "the column before it";

@@ -7,6 +7,7 @@
 #include <planview/PlanView.h>
 
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
 
@@ -190,7 +191,7 @@ TEST_F(ControlTest, GridAttributesAreReadInOrderUpToTheFirstFault) {
     tables.gridAttr->SetValue(1, "HIDDEN_LIST", "X");
     control->DP_Import_Attribute();
     control->DP_Import_Create();
-    const GridSettingsState& grid = control->Grid().Settings();
+    const GridSettingsState& grid = ControlParts(*control).Grid().Settings();
     EXPECT_TRUE(grid.switched);
     EXPECT_FALSE(grid.resizeAllowed);
     EXPECT_TRUE(grid.moveAllowed) << "an empty field permits";
@@ -206,8 +207,8 @@ TEST_F(ControlTest, GridAttributesAreReadInOrderUpToTheFirstFault) {
     control->DP_Import_Create();
     EXPECT_EQ(Entries(IsError), Lines{"USERCONTROL | ERROR | DP_Import_Attribute | {error: Type mismatch: 'blue' is no "
                                       "number in field BGCOLOR of row 1}"});
-    EXPECT_FALSE(control->Grid().Settings().switched) << "read before the fault";
-    EXPECT_EQ(control->Grid().Settings().labelColumnWidth, 210) << "behind the fault";
+    EXPECT_FALSE(ControlParts(*control).Grid().Settings().switched) << "read before the fault";
+    EXPECT_EQ(ControlParts(*control).Grid().Settings().labelColumnWidth, 210) << "behind the fault";
 }
 
 TEST_F(ControlTest, WindowEventsLeaveTheirEntries) {

@@ -10,6 +10,7 @@
 #include <planview/PlanView.h>
 
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
 
@@ -35,7 +36,7 @@ void Fill(const Tables& tables) {
 }
 
 Cell CellAt(PlanView& control, const char* column, const char* row) {
-    return control.Grid().FindCell({column, row}).value();
+    return ControlParts(control).Grid().FindCell({column, row}).value();
 }
 
 /// Enters a text as a view does, which keeps the control until the grid has returned.
@@ -103,7 +104,7 @@ const std::vector<UserAction>& UserActions() {
         {"delete", [](const auto& control) { control->Delete(); }},
         {"hide",
          [](const auto& control) {
-             control->Grid().SelectRow(CellAt(*control, "COL2", "ROW2").row, SelectionMode::Replace);
+             ControlParts(*control).Grid().SelectRow(CellAt(*control, "COL2", "ROW2").row, SelectionMode::Replace);
              control->HideRows();
          }},
         {"chart", [](const auto& control) { control->SwitchChart(); }},
@@ -225,7 +226,7 @@ TEST_F(LifetimeTest, TheTraceMayBeSwitchedInsideAnyEvent) {
         for (int i = 0; i < 4; ++i) {
             action.run(control);
         }
-        EXPECT_EQ(control->Grid().Columns(ColumnArea::Center).size(), 3U) << action.name;
+        EXPECT_EQ(ControlParts(*control).Grid().Columns(ColumnArea::Center).size(), 3U) << action.name;
         control->RemoveSink(sink);
     }
 }

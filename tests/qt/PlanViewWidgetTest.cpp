@@ -9,6 +9,7 @@
 #include <planview/qt/PlanViewWidget.h>
 
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "qt/GridOnScreen.h"
 #include "qt/SignalSink.h"
 #include "qt/VariantConversion.h"
@@ -178,7 +179,7 @@ private slots:
         widget.resize(500, 300);
         widget.show();
         build(widget, smallTables());
-        const auto cell = widget.control().Grid().FindCell({"COL1", "ROW1"});
+        const auto cell = ControlParts(widget.control()).Grid().FindCell({"COL1", "ROW1"});
         QVERIFY(cell.has_value());
         auto* view = widget.findChild<GridView*>();
         const QImage image = view->viewport()->grab().toImage();
@@ -203,7 +204,7 @@ private slots:
         delete widgets[1];
         QCoreApplication::processEvents();
         for (const int i : {0, 2, 3}) {
-            GridControl& grid = widgets[static_cast<std::size_t>(i)]->control().Grid();
+            GridControl& grid = ControlParts(widgets[static_cast<std::size_t>(i)]->control()).Grid();
             QVERIFY(grid.FindColumn("COL" + std::to_string(3 + i)).has_value());
             QCOMPARE(grid.Columns(ColumnArea::Center).size(), std::size_t{3});
             QVERIFY(widgets[static_cast<std::size_t>(i)]->height() > 100);
@@ -254,7 +255,7 @@ private slots:
             listener.widget->show();
             build(*listener.widget, smallTables());
             auto* view = listener.widget->findChild<GridView*>();
-            GridControl& grid = listener.widget->control().Grid();
+            GridControl& grid = ControlParts(listener.widget->control()).Grid();
             const QPoint place = view->cellRect(*grid.FindCell({"COL2", "ROW1"})).center();
             grid.SetEvents(&listener);
             if (byKey) {
