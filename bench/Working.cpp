@@ -82,7 +82,7 @@ std::string Block(int salt) {
 void PasteBlock(benchmark::State& state) {
     test::Tables tables = FullTables();
     test::ScriptedPlatform platform;
-    PlanViewWidget widget(PlatformOverrides{.clipboard = &platform});
+    PlanViewWidget widget(Platform{.clipboard = &platform});
     tables.GiveTo(widget.control());
     widget.DP_Import_Attribute();
     widget.DP_Import_Create();

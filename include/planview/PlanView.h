@@ -37,10 +37,13 @@ struct MacroResult {
 /// The 65 members in their order.
 [[nodiscard]] PLANVIEW_EXPORT std::span<const MemberDescription> DescribeMembers() noexcept;
 
+/// The names of the host's seventeen tables ("GRID_ATTR", "COLS_INDEX" ...) in their order.
+[[nodiscard]] PLANVIEW_EXPORT std::span<const std::string_view> TableNames() noexcept;
+
 /// The planning table: shows the tables that the host hands to it and tells the host what the user does.
 ///
 /// The host calls it through these methods, or late-bound by name or by number (DescribeMembers()). Call order:
-/// 1. hand over the tables with `PROP_Set_X` or `plvSet_X`, in any order;
+/// 1. hand over the tables with `PROP_Set_X`, `plvSet_X` or SetTable(), in any order;
 /// 2. where wanted `plv_LayoutMode` (before `DP_Import_Attribute`, or the tree pane stays hidden) and
 /// `plv_EnableTrace`;
 /// 3. `DP_Import_Attribute`, then `DP_Import_Texts`, `DP_Import_MacroTree`, `DP_Import_PopupMenu` in any order;
@@ -49,8 +52,8 @@ struct MacroResult {
 ///
 /// Errors: every method that returns a Status returns 0, whatever happens. A failure ends the method quietly and can be
 /// seen in the trace (an entry with the message "ERROR"). None of the methods, table properties and commands throws.
-/// What does: the constructor, when memory or the platform fails it, and a late-bound access to a member that there is
-/// not or with arguments that it does not take (AutomationError).
+/// What does: the constructor, when memory or the platform fails it, a table by a name that there is not, and a
+/// late-bound access to a member that there is not or with arguments that it does not take (AutomationError).
 ///
 /// The control keeps a counted reference to each table, copies none, and reads the host's object at every access. All
 /// calls and events run on the thread that created the control. The trace is shared by all controls of a process.
@@ -59,8 +62,9 @@ public:
     /// Always 0.
     using Status = std::int16_t;
 
-    /// A control with an empty grid. What the platform refers to must outlive it.
-    explicit PlanView(const Platform& platform);
+    /// A control with an empty grid, without a screen where the platform has none. What the platform refers to must
+    /// outlive the control.
+    explicit PlanView(const Platform& platform = {});
     /// Ends the control as Terminate() does.
     ~PlanView() override;
     PlanView(const PlanView&) = delete;
@@ -154,6 +158,13 @@ public:
     ObjectRef PROP_Get_MACROREC();
     Status PROP_Set_MACROREC(ObjectRef table);
     Status plvSet_MACROREC(ObjectRef table);
+    /// @}
+
+    /// @{
+    /// The same for a table by its name, one of TableNames(): what `PROP_Get_X` answers (of FIXED_TAB too), and what
+    /// `PROP_Set_X` does. Throws UnknownMember for another name.
+    [[nodiscard]] ObjectRef GetTable(std::string_view name);
+    Status SetTable(std::string_view name, ObjectRef table);
     /// @}
 
     // --- Events -----------------------------------------------------------------------------------------------------

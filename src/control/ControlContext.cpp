@@ -8,7 +8,7 @@
 
 namespace planview {
 
-ControlContext::ControlContext(const Platform& desktop)
+ControlContext::ControlContext(const Desktop& desktop)
     : platform(desktop),
       events([](std::string_view event, std::string_view error) { TraceError("USERCONTROL", event, error); }),
       recording({tables, grid, events, platform.messageBoxes}),

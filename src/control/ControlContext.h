@@ -5,7 +5,6 @@
 #include <string>
 
 #include <planview/PlanView.h>
-#include <planview/Platform.h>
 
 #include "automation/EventSource.h"
 #include "automation/TableSlots.h"
@@ -35,6 +34,8 @@
 #include "macro/tree/MacroToolbar.h"
 #include "macro/tree/modMacro.h"
 #include "menus/MenuDispatch.h"
+#include "platform/Desktop.h"
+#include "platform/HeadlessPlatform.h"
 #include "spreadsheet/SpreadsheetDownload.h"
 #include "spreadsheet/SpreadsheetUpload.h"
 
@@ -45,7 +46,7 @@ enum class PressMode : std::int16_t { None = 0, First = 1, Second = 2, Whole = 4
 
 /// What the parts of one control share. Each part is handed only what it uses.
 struct ControlContext {
-    explicit ControlContext(const Platform& desktop);
+    explicit ControlContext(const Desktop& desktop);
     ~ControlContext();
     ControlContext(const ControlContext&) = delete;
     ControlContext& operator=(const ControlContext&) = delete;
@@ -57,7 +58,7 @@ struct ControlContext {
     /// Shows the user a reason beside the cell; false where that is not possible.
     [[nodiscard]] bool TellBeside(const Cell& cell, std::string_view reason) const;
 
-    Platform platform;
+    Desktop platform;
     TableSlots tables;
     GridSettings settings;
     CurrentKeys keys;
@@ -114,8 +115,9 @@ struct ControlContext {
 
 /// The control's state; outlives the control when the host destroys it from inside an event.
 struct PlanView::State {
-    explicit State(const Platform& platform) : context(platform) {}
+    explicit State(const Platform& platform) : context(Completed(platform, headless.Interfaces())) {}
 
+    HeadlessPlatform headless;  // what the host's platform lacks
     ControlContext context;
     bool terminated = false;
 };

@@ -30,7 +30,7 @@ void TraceCall(std::string_view method) noexcept {
 
 PlanView::PlanView(const Platform& platform) : state_(std::make_shared<State>(platform)) {
     modPlan::ControlVersion = VersionText();
-    modPlan::TraceDecimalMark = platform.system.DecimalMark();
+    modPlan::TraceDecimalMark = state_->context.platform.system.DecimalMark();
     TraceWrite(UserControl, "CONSTRUCTOR", "Initialize", "{}");
     Guarded(state_, UserControl, "Initialize", [](ControlContext& context) {
         context.layout.Apply(context.settings.treeShown, context.settings.chartShown, context.settings.zoomed);

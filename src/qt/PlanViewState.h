@@ -26,7 +26,7 @@ namespace planview {
 
 /// The control with the desktop that it runs on. Outlives its widget while one of its members is being called.
 struct PlanViewCore {
-    PlanViewCore(PlanViewWidget& widget, const PlatformOverrides& overrides);
+    PlanViewCore(PlanViewWidget& widget, const Platform& given);
 
     QtMessageBoxes messageBoxes;
     QtForms forms;

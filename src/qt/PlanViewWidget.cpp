@@ -14,6 +14,7 @@
 #include "automation/Numbers.h"
 #include "control/ControlParts.h"
 #include "macro/tree/SelectionText.h"
+#include "platform/Desktop.h"
 #include "qt/PlanViewState.h"
 
 namespace planview {
@@ -24,11 +25,6 @@ constexpr QSize UsualSize(900, 500);
 constexpr QSize SmallestSize(240, 120);
 /// In logical pixels, where nobody asked for another one.
 constexpr QSize ChartFileSize(1000, 560);
-
-template <class Interface>
-Interface& chosen(Interface* override, Interface& own) {
-    return override ? *override : own;
-}
 
 /// With grouped digits and no more decimals than are worth reading; the empty text for what is no finite number.
 QString shownNumber(double value) {
@@ -42,24 +38,27 @@ QString shownNumber(double value) {
 
 }  // namespace
 
-PlanViewCore::PlanViewCore(PlanViewWidget& widget, const PlatformOverrides& overrides)
+PlanViewCore::PlanViewCore(PlanViewWidget& widget, const Platform& given)
     : messageBoxes(widget),
       forms(widget),
       popups(widget),
       fileDialogs(widget),
       progress(widget),
       sink(widget),
-      view(Platform{
-          chosen<MessageBoxes>(overrides.messageBoxes, messageBoxes), chosen<Forms>(overrides.forms, forms),
-          chosen<Clipboard>(overrides.clipboard, clipboard), chosen<SystemInformation>(overrides.system, system),
-          chosen<Popups>(overrides.popups, popups), chosen<FileDialogs>(overrides.fileDialogs, fileDialogs),
-          chosen<ObjectFactory>(overrides.objects, objects), chosen<Progress>(overrides.progress, progress)}) {
+      view(Completed(given, {.messageBoxes = &messageBoxes,
+                             .forms = &forms,
+                             .clipboard = &clipboard,
+                             .system = &system,
+                             .popups = &popups,
+                             .fileDialogs = &fileDialogs,
+                             .objects = &objects,
+                             .progress = &progress})) {
     view.AddSink(sink);
 }
 
-PlanViewWidget::PlanViewWidget(QWidget* parent) : PlanViewWidget(PlatformOverrides(), parent) {}
+PlanViewWidget::PlanViewWidget(QWidget* parent) : PlanViewWidget(Platform(), parent) {}
 
-PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* parent)
+PlanViewWidget::PlanViewWidget(const Platform& platform, QWidget* parent)
     : QWidget(parent), state_(std::make_unique<State>()) {
     qRegisterMetaType<ObjectRef>("planview::ObjectRef");
     qRegisterMetaType<MacroResult>("planview::MacroResult");

@@ -76,7 +76,7 @@ TEST_F(ChartEventsTest, APointKeepsItsCellWhateverTheHostDoesWithItsNumbers) {
             table->SetValue(row, "CHART_ID", std::int16_t{1});
         }
     }
-    control.Chart().UserChangedPoint(2, 3, 4.5);
+    ChartPart().UserChangedPoint(2, 3, 4.5);
     EXPECT_EQ(listener.heard, (Lines{"3COL3 3ROW3 = 4,5"}));
     const struct {
         const char* why;
@@ -85,14 +85,14 @@ TEST_F(ChartEventsTest, APointKeepsItsCellWhateverTheHostDoesWithItsNumbers) {
     } strangers[] = {
         {"before the first", 0, 1}, {"before the first", 1, 0}, {"behind the last", 3, 1}, {"behind the last", 1, 4}};
     for (const auto& point : strangers) {
-        EXPECT_FALSE(control.Chart().UserMayChange(point.series, point.category)) << point.why;
+        EXPECT_FALSE(ChartPart().UserMayChange(point.series, point.category)) << point.why;
     }
 }
 
 TEST_F(ChartEventsTest, APointOfAColumnThatTheGridHasNoMoreRefuses) {
-    control.Grid().Destroy(false);
-    control.Grid().CreateLabelled(false);
-    EXPECT_FALSE(control.Chart().UserMayChange(1, 1));
+    Grid().Destroy(false);
+    Grid().CreateLabelled(false);
+    EXPECT_FALSE(ChartPart().UserMayChange(1, 1));
 }
 
 TEST_F(ChartEventsTest, MouseAndDragLeaveTheirEntries) {

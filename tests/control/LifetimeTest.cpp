@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 #include <malloc.h>
 
-#include <planview/HeadlessPlatform.h>
 #include <planview/PlanView.h>
 
 #include "components/GridControl.h"
@@ -42,7 +41,7 @@ Cell CellAt(PlanView& control, const char* column, const char* row) {
 /// Enters a text as a view does, which keeps the control until the grid has returned.
 void Enter(const std::shared_ptr<PlanView>& control, const char* text) {
     const std::shared_ptr<PlanView> kept = control;
-    kept->Grid().EnterText(CellAt(*kept, "COL2", "ROW2"), text);
+    ControlParts(*kept).Grid().EnterText(CellAt(*kept, "COL2", "ROW2"), text);
 }
 
 /// The host's table, which takes itself away from the control in the middle of the count-th access to it.
@@ -111,7 +110,7 @@ const std::vector<UserAction>& UserActions() {
         {"double click",
          [](const auto& control) {
              const std::shared_ptr<PlanView> kept = control;
-             kept->Grid().ReportDoubleClick(CellAt(*kept, "COL2", "ROW2"));
+             ControlParts(*kept).Grid().ReportDoubleClick(CellAt(*kept, "COL2", "ROW2"));
          }},
     };
     return actions;
@@ -196,10 +195,10 @@ TEST_F(LifetimeTest, TwoControlsShareTheirTables) {
     first->AddSink(sink);
     Enter(first, "70");
     second->DP_Import_Update();
-    EXPECT_EQ(second->Grid().Contents(CellAt(*second, "COL2", "ROW2")), "70");
+    EXPECT_EQ(ControlParts(*second).Grid().Contents(CellAt(*second, "COL2", "ROW2")), "70");
     Enter(second, "71");
     first->DP_Import_Update();
-    EXPECT_EQ(first->Grid().Contents(CellAt(*first, "COL2", "ROW2")), "71");
+    EXPECT_EQ(ControlParts(*first).Grid().Contents(CellAt(*first, "COL2", "ROW2")), "71");
     EXPECT_EQ(tables.tabOld->RowCount(), 1) << "one cell, one old value";
     second.reset();
     EXPECT_EQ(tables.tab.use_count(), 2);

@@ -409,7 +409,7 @@ TEST(ConstructionAtItsLimit, TheLastColumnThatATableCanCountIsWhole) {
     }
     tables.GiveTo(control);
     control.DP_Import_Create();
-    EXPECT_EQ(Grid().Columns(ColumnArea::Center).size(), 32767U);
+    EXPECT_EQ(ControlParts(control).Grid().Columns(ColumnArea::Center).size(), 32767U);
     EXPECT_EQ(tables.colsIndex->Value(Last, "GRID_ID"), Variant("COL32767"));
 }
 
@@ -417,8 +417,8 @@ TEST(ConstructionWithoutTables, EveryLoaderEndsAtItsTrap) {
     test::ScriptedPlatform platform;
     PlanView control(platform.Interfaces());
     EXPECT_EQ(control.DP_Import_Update(), 0);
-    EXPECT_EQ(Grid().Columns(ColumnArea::Left).size(), 1U);
-    EXPECT_TRUE(Grid().Columns(ColumnArea::Center).empty());
+    EXPECT_EQ(ControlParts(control).Grid().Columns(ColumnArea::Left).size(), 1U);
+    EXPECT_TRUE(ControlParts(control).Grid().Columns(ColumnArea::Center).empty());
 }
 
 }  // namespace planview

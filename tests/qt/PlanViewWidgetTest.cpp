@@ -160,7 +160,7 @@ private slots:
 
     void membersAreCalledByName() {
         test::ScriptedPlatform platform;
-        PlanViewWidget widget({&platform, &platform, &platform});
+        PlanViewWidget widget({.messageBoxes = &platform, .forms = &platform, .clipboard = &platform});
         const ObjectRef table = test::Tables().tab;
         short status = -1;
         QVERIFY(QMetaObject::invokeMethod(&widget, "PROP_Set_TAB", Q_RETURN_ARG(short, status),
@@ -169,6 +169,11 @@ private slots:
         ObjectRef found;
         QVERIFY(QMetaObject::invokeMethod(&widget, "PROP_Get_TAB", Q_RETURN_ARG(planview::ObjectRef, found)));
         QCOMPARE(found, table);
+        QVERIFY(widget.setTable(QStringLiteral("TAB_OLD"), table));
+        QCOMPARE(widget.PROP_Get_TAB_OLD(), table);
+        QCOMPARE(widget.table(QStringLiteral("TAB_OLD")), table);
+        QVERIFY(!widget.setTable(QStringLiteral("NONE"), table));
+        QVERIFY(!widget.table(QStringLiteral("NONE")));
         QVERIFY(QMetaObject::invokeMethod(&widget, "plv_LayoutShow"));
         QCOMPARE(platform.messages.size(), std::size_t{1});
         QVERIFY(QMetaObject::invokeMethod(&widget, "plv_ActiveNode", Q_ARG(QString, QStringLiteral("node"))));
@@ -236,7 +241,7 @@ private slots:
             }
         } boxes;
         test::ScriptedPlatform platform;
-        boxes.widget = new PlanViewWidget({&boxes, &platform, &platform});
+        boxes.widget = new PlanViewWidget({.messageBoxes = &boxes, .forms = &platform, .clipboard = &platform});
         boxes.widget->plv_LayoutMode();
         QCOMPARE(boxes.widget->plv_LayoutShow(), short{0});
         QVERIFY(!boxes.widget);
@@ -271,7 +276,8 @@ private slots:
         test::ScriptedPlatform platform;
         QWidget window;
         auto* other = new QLineEdit(&window);
-        auto* widget = new PlanViewWidget({&platform, &platform, &platform}, &window);
+        auto* widget =
+            new PlanViewWidget({.messageBoxes = &platform, .forms = &platform, .clipboard = &platform}, &window);
         widget->setGeometry(0, 40, 300, 200);
         window.resize(400, 300);
         window.show();

@@ -36,7 +36,7 @@ public:
                 tables.AddValue(line, column, line * 10 + column);
             }
         }
-        PlatformOverrides overrides;
+        Platform overrides;
         overrides.messageBoxes = &platform;
         overrides.forms = &platform;
         overrides.popups = scriptedPopups ? &platform : nullptr;

@@ -141,9 +141,8 @@ TEST_F(MacroTreeEventsTest, TheHostChoosesTheNodeButNotUnderAPopup) {
     EXPECT_EQ(heard, Lines{}) << "what the host does raises nothing";
 
     AskingPopups popups;
-    Platform desktop = platform.Interfaces();
-    const Platform asking{desktop.messageBoxes, desktop.forms,   desktop.clipboard, desktop.system, popups,
-                          desktop.fileDialogs,  desktop.objects, desktop.progress};
+    Platform asking = platform.Interfaces();
+    asking.popups = &popups;
     PlanView other(asking);
     TreeControl& tree = ControlParts(other).Tree();
     other.PROP_Set_MACRO_TREE(tables.macroTree);
