@@ -7,6 +7,7 @@
 
 #include "BenchTables.h"
 #include "components/chart/ChartControl.h"
+#include "control/ControlParts.h"
 #include "support/ScriptedPlatform.h"
 
 namespace planview::bench {
@@ -30,7 +31,7 @@ void RebuildChart(benchmark::State& state) {
     for ([[maybe_unused]] auto _ : state) {
         control.plv_MarkedRowsShow();  // no row is marked: nothing but the chart is done anew
     }
-    const ChartState& chart = control.Chart().State();
+    const ChartState& chart = ControlParts(control).Chart().State();
     if (chart.SeriesCount() != Lines || chart.CategoryCount() != Side) {
         state.SkipWithError("the chart is not the one to be measured");
     }

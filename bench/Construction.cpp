@@ -5,7 +5,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <planview/HeadlessPlatform.h>
 #include <planview/PlanView.h>
 
 #include "BenchTables.h"
@@ -19,10 +18,9 @@ namespace {
 void Create(benchmark::State& state, bool traced) {
     const Plan plan(static_cast<int>(state.range(0)));
     const test::Tables tables = MakeTables(plan);
-    HeadlessPlatform platform;
     for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
-        auto control = std::make_unique<PlanView>(platform.Interfaces());
+        auto control = std::make_unique<PlanView>();
         tables.GiveTo(*control);
         control->DP_Import_Attribute();
         if (traced) {

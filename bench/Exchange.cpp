@@ -10,7 +10,7 @@
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
-#include <planview/HeadlessPlatform.h>
+#include <planview/ObjectRegistry.h>
 #include <planview/PlanView.h>
 #include <planview/xlsx/SpreadsheetApplication.h>
 
@@ -34,12 +34,12 @@ struct TemporaryWorkbook {
 
 /// A control with a plan whose workbook is that of the peer: each fifth line read-only, all of them with a format.
 struct Exchange {
-    Exchange() : plan(Side), tables(MakeTables(plan)), control(platform.Interfaces()) {
+    Exchange() : plan(Side), tables(MakeTables(plan)), control({.objects = &objects}) {
         for (std::int32_t row = 1; row <= Side; ++row) {
             tables.lineIndex->SetValue(row, "READONLY", row % 5 == 0 ? "X" : "");
             tables.lineIndex->SetValue(row, "ROW_FORMAT", "#,##0.0");
         }
-        xlsx::Register(platform.Objects());
+        xlsx::Register(objects);
         tables.GiveTo(control);
         control.DP_Import_Attribute();
         control.DP_Import_Create();
@@ -47,7 +47,7 @@ struct Exchange {
 
     Plan plan;
     test::Tables tables;
-    HeadlessPlatform platform;
+    ObjectRegistry objects;
     PlanView control;
 };
 

@@ -16,7 +16,6 @@
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
-#include <planview/HeadlessPlatform.h>
 #include <planview/PlanView.h>
 
 #include "BenchTables.h"
@@ -37,8 +36,7 @@ std::int64_t HeapBytes() {
 
 std::int64_t GrowthByGrid() {
     const test::Tables tables = MakeTables(Plan(Side));
-    HeadlessPlatform platform;
-    PlanView control(platform.Interfaces());
+    PlanView control;
     tables.GiveTo(control);
     control.DP_Import_Attribute();
     const std::int64_t before = HeapBytes();

@@ -14,6 +14,7 @@
 
 #include "PaintCounter.h"
 #include "components/TreeControl.h"
+#include "control/ControlParts.h"
 #include "qt/tree/TreeView.h"
 #include "support/SampleTables.h"
 
@@ -60,7 +61,7 @@ void BuildTree(benchmark::State& state) {
         widget.DP_Import_MacroTree();
         view->viewport()->repaint();
     }
-    if (widget.control().Tree().Nodes().Count() != NodeCount || paints.Count() < state.iterations()) {
+    if (ControlParts(widget.control()).Tree().Nodes().Count() != NodeCount || paints.Count() < state.iterations()) {
         state.SkipWithError("the tree was not built and painted");
     }
 }

@@ -18,6 +18,7 @@
 #include "PaintCounter.h"
 #include "Peers.h"
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "qt/grid/GridView.h"
 #include "support/ScriptedPlatform.h"
 
@@ -52,7 +53,7 @@ void EditLastCell(benchmark::State& state) {
     tables.GiveTo(control);
     control.DP_Import_Attribute();
     control.DP_Import_Create();
-    GridControl& grid = control.Grid();
+    GridControl& grid = ControlParts(control).Grid();
     const Cell cell = CellAt(grid, Side, Side);
     int count = 0;
     for ([[maybe_unused]] auto _ : state) {
@@ -81,7 +82,7 @@ std::string Block(int salt) {
 void PasteBlock(benchmark::State& state) {
     test::Tables tables = FullTables();
     test::ScriptedPlatform platform;
-    PlanViewWidget widget(PlatformOverrides{.clipboard = &platform});
+    PlanViewWidget widget(Platform{.clipboard = &platform});
     tables.GiveTo(widget.control());
     widget.DP_Import_Attribute();
     widget.DP_Import_Create();
@@ -209,7 +210,7 @@ void TypeAndPaint(benchmark::State& state) {
     widget.setFocus();
     QApplication::processEvents();
     widget.selectCell("COL3", "ROW1");
-    GridControl& grid = widget.control().Grid();
+    GridControl& grid = ControlParts(widget.control()).Grid();
     QWidget& port = *widget.findChild<GridView*>()->viewport();
     const PaintCounter painted(port);
     int count = 0;
@@ -246,7 +247,7 @@ void SumUp(benchmark::State& state) {
     widget.DP_Import_Create();
     widget.resize(WindowSize);
     widget.show();
-    GridControl& grid = widget.control().Grid();
+    GridControl& grid = ControlParts(widget.control()).Grid();
     for ([[maybe_unused]] auto _ : state) {
         grid.SelectAll();
         QApplication::processEvents();

@@ -12,7 +12,6 @@
 
 #include <unistd.h>
 
-#include <planview/HeadlessPlatform.h>
 #include <planview/PlanView.h>
 
 #include "FuzzBytes.h"
@@ -153,11 +152,9 @@ void Rewrite(const QSqlDatabase& database, Bytes& input) {
 /// What a user does with a book that opened: look at it, change it, save, take it all back.
 void Work(BookStore& store, const Book& book) {
     const BookSnapshot before(book);
-    planview::HeadlessPlatform platform;
-    planview::PlanView control(platform.Interfaces());
+    planview::PlanView control;
     for (const TableDescription& table : BookSchema()) {
-        control.Call(control.IdOf("PROP_Set_" + std::string(table.name)),
-                     std::vector<planview::Variant>{planview::Variant(book.Share(table.table))});
+        control.SetTable(table.name, book.Share(table.table));
     }
     control.DP_Import_Attribute();
     control.DP_Import_Texts();

@@ -13,9 +13,10 @@
 #include <planview/PlanView.h>
 
 #include "FuzzBytes.h"
-#include "automation/TableFields.h"
+#include "automation/TableSlots.h"
 #include "components/GridControl.h"
 #include "components/chart/ChartControl.h"
+#include "control/ControlParts.h"
 #include "support/ScriptedPlatform.h"
 #include "trace/frmTrace.h"
 #include "trace/modPlan.h"
@@ -28,11 +29,6 @@ using planview::fuzz::Bytes;
 constexpr int MaxSteps = 200;
 /// A host that calls back from within a callback does not do so for ever.
 constexpr int MaxDepth = 3;
-
-constexpr std::array<const char*, 17> TableNames{"GRID_ATTR",  "COLS_INDEX",  "LINE_INDEX", "TAB",       "TAB_OLD",
-                                                 "FIXED_COLS", "FIXED_LINES", "FIXED_TAB",  "CELL_ATTR", "GRID_TREE",
-                                                 "MACRO_TREE", "TEXTS",       "COLMENU",    "ROWMENU",   "GRIDMENU",
-                                                 "CELLMENU",   "MACROREC"};
 
 /// One control with its host, which answers, throws and calls back as the input says.
 class Host final : public EventSink {
@@ -80,7 +76,7 @@ private:
 /// A table that keeps what is put, answers it most of the time, and the rest of the time does as it likes.
 class HostileTable final : public AutomationObject {
 public:
-    HostileTable(Host& host, const char* name) : host_(host), table_(MemoryTable::WithFieldsOf(name)) {}
+    HostileTable(Host& host, std::string_view name) : host_(host), table_(MemoryTable::WithFieldsOf(name)) {}
 
     [[nodiscard]] MemoryTable& Rows() noexcept { return *table_; }
 
@@ -166,8 +162,9 @@ void Host::CallBack(bool mayEnd) {
 }
 
 void Host::GiveTable(std::size_t which) {
-    auto table = std::make_shared<HostileTable>(*this, TableNames[which]);
-    const auto fields = TableFields(TableNames[which]);
+    const std::string_view name = DescribeTables()[which].name;
+    const std::span<const std::string_view> fields = DescribeTables()[which].fields;
+    auto table = std::make_shared<HostileTable>(*this, name);
     for (int rows = which == 0 ? 1 : input_.Below(8); rows > 0; --rows) {
         std::vector<Variant> values;
         for (const std::string_view field : fields) {
@@ -176,18 +173,17 @@ void Host::GiveTable(std::size_t which) {
         }
         table->Rows().AddRow(std::move(values));
     }
-    const std::vector<Variant> argument{Variant(ObjectRef(std::move(table)))};
-    control_->Call(control_->IdOf(std::string("PROP_Set_") + TableNames[which]), argument);
+    control_->SetTable(name, std::move(table));
 }
 
 void Host::GiveTables() {
-    for (std::size_t which = 0; which < TableNames.size(); ++which) {
+    for (std::size_t which = 0; which < DescribeTables().size(); ++which) {
         GiveTable(which);
     }
 }
 
 std::optional<Cell> Host::AnyCell() {
-    const GridControl& grid = control_->Grid();
+    const GridControl& grid = ControlParts(*control_).Grid();
     const auto columns = grid.Columns(static_cast<ColumnArea>(input_.Below(3)));
     const auto rows = grid.Rows(static_cast<RowArea>(input_.Below(3)));
     if (columns.empty() || rows.empty()) {
@@ -198,7 +194,7 @@ std::optional<Cell> Host::AnyCell() {
 
 void Host::UseGrid() {
     const std::shared_ptr<PlanView> kept = control_;  // as every view keeps it while it reports
-    GridControl& grid = control_->Grid();
+    GridControl& grid = ControlParts(*control_).Grid();
     const std::optional<Cell> cell = AnyCell();
     if (!cell) {
         return;
@@ -260,7 +256,7 @@ void Host::UseMenu() {
 
 void Host::UseChart() {
     const std::shared_ptr<PlanView> kept = control_;
-    ChartControl& chart = control_->Chart();
+    ChartControl& chart = ControlParts(*control_).Chart();
     const int series = input_.Below(6);
     const int category = input_.Below(6);
     switch (input_.Below(4)) {
@@ -308,11 +304,10 @@ void Host::Step(bool mayEnd) {
             UseChart();
             break;
         case 8:
-            GiveTable(input_.Byte() % TableNames.size());
+            GiveTable(input_.Byte() % DescribeTables().size());
             break;
         case 9:
-            control_->Call(control_->IdOf(std::string("PROP_Set_") + TableNames[input_.Byte() % TableNames.size()]),
-                           std::array<Variant, 1>{Variant::Nothing()});
+            control_->SetTable(TableNames()[input_.Byte() % DescribeTables().size()], nullptr);
             break;
         case 10:
             control_->SwitchChart();

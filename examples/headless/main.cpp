@@ -7,7 +7,6 @@
 #include <memory>
 #include <string>
 
-#include <planview/HeadlessPlatform.h>
 #include <planview/MemoryTable.h>
 #include <planview/PlanView.h>
 #include <planview/xlsx/SpreadsheetApplication.h>
@@ -64,9 +63,9 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     Plan plan;
-    planview::HeadlessPlatform platform;           // before the control, which uses it to its end
-    planview::xlsx::Register(platform.Objects());  // what the control downloads to
-    planview::PlanView control(platform.Interfaces());
+    planview::ObjectRegistry objects;   // before the control, which uses it to its end
+    planview::xlsx::Register(objects);  // what the control downloads to
+    planview::PlanView control({.objects = &objects});
     control.PROP_Set_COLS_INDEX(plan.columns);
     control.PROP_Set_LINE_INDEX(plan.lines);
     control.PROP_Set_TAB(plan.cells);

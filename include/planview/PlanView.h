@@ -10,6 +10,7 @@
 #include <vector>
 
 #include <planview/AutomationObject.h>
+#include <planview/CellKey.h>
 #include <planview/Commands.h>
 #include <planview/Events.h>
 #include <planview/Export.h>
@@ -18,14 +19,6 @@
 
 /// The planning table. `PlanView` is the control, `PlanViewWidget` the same as a Qt widget.
 namespace planview {
-
-struct Cell;
-class ChartControl;
-class GridControl;
-class MacroEditor;
-class MacroToolbar;
-class PaneLayout;
-class TreeControl;
 
 /// One member of the control's automation interface.
 struct MemberDescription {
@@ -45,10 +38,13 @@ struct MacroResult {
 /// The 65 members in their order.
 [[nodiscard]] PLANVIEW_EXPORT std::span<const MemberDescription> DescribeMembers() noexcept;
 
+/// The names of the host's seventeen tables ("GRID_ATTR", "COLS_INDEX" ...) in their order.
+[[nodiscard]] PLANVIEW_EXPORT std::span<const std::string_view> TableNames() noexcept;
+
 /// The planning table: shows the tables that the host hands to it and tells the host what the user does.
 ///
 /// The host calls it through these methods, or late-bound by name or by number (DescribeMembers()). Call order:
-/// 1. hand over the tables with `PROP_Set_X` or `plvSet_X`, in any order;
+/// 1. hand over the tables with `PROP_Set_X`, `plvSet_X` or SetTable(), in any order;
 /// 2. where wanted `plv_LayoutMode` (before `DP_Import_Attribute`, or the tree pane stays hidden) and
 /// `plv_EnableTrace`;
 /// 3. `DP_Import_Attribute`, then `DP_Import_Texts`, `DP_Import_MacroTree`, `DP_Import_PopupMenu` in any order;
@@ -57,8 +53,8 @@ struct MacroResult {
 ///
 /// Errors: every method that returns a Status returns 0, whatever happens. A failure ends the method quietly and can be
 /// seen in the trace (an entry with the message "ERROR"). None of the methods, table properties and commands throws.
-/// What does: the constructor, when memory or the platform fails it, and a late-bound access to a member that there is
-/// not or with arguments that it does not take (AutomationError).
+/// What does: the constructor, when memory or the platform fails it, a table by a name that there is not, and a
+/// late-bound access to a member that there is not or with arguments that it does not take (AutomationError).
 ///
 /// The control keeps a counted reference to each table, copies none, and reads the host's object at every access. All
 /// calls and events run on the thread that created the control. The trace is shared by all controls of a process.
@@ -67,8 +63,9 @@ public:
     /// Always 0.
     using Status = std::int16_t;
 
-    /// A control with an empty grid. What the platform refers to must outlive it.
-    explicit PlanView(const Platform& platform);
+    /// A control with an empty grid, without a screen where the platform has none. What the platform refers to must
+    /// outlive the control.
+    explicit PlanView(const Platform& platform = {});
     /// Ends the control as Terminate() does.
     ~PlanView() override;
     PlanView(const PlanView&) = delete;
@@ -164,6 +161,13 @@ public:
     Status plvSet_MACROREC(ObjectRef table);
     /// @}
 
+    /// @{
+    /// The same for a table by its name, one of TableNames(): what `PROP_Get_X` answers (of FIXED_TAB too), and what
+    /// `PROP_Set_X` does. Throws UnknownMember for another name.
+    [[nodiscard]] ObjectRef GetTable(std::string_view name);
+    Status SetTable(std::string_view name, ObjectRef table);
+    /// @}
+
     // --- Events -----------------------------------------------------------------------------------------------------
 
     /// The sink hears all twenty events until RemoveSink(); it must live that long. Sinks may be added and removed, and
@@ -183,9 +187,13 @@ public:
     /// What SetLocked() was last told; false at first.
     [[nodiscard]] bool IsLocked() const noexcept;
 
+    /// The planning cells that show another value than TAB_OLD keeps for them: what the user has changed and the host
+    /// has not taken over yet.
+    [[nodiscard]] std::vector<CellKey> PendingCells() const;
+
     /// Called to show the user beside a cell why it does not take a value; false where that is not possible, and then a
     /// message box says it. There is one listener; an empty one takes it away.
-    void SetHintListener(std::function<bool(const Cell& cell, std::string_view reason)> listener);
+    void SetHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener);
 
     // --- Commands for the host's own menus --------------------------------------------------------------------------
 
@@ -343,22 +351,8 @@ public:
     /// has switched the trace on they still leave their entry.
     void Terminate();
 
-    /// The grid, for the layer that puts it on the screen.
-    [[nodiscard]] GridControl& Grid() noexcept;
-    /// The chart, for the same layer.
-    [[nodiscard]] ChartControl& Chart() noexcept;
-    /// The planning cells whose value the user has changed since TAB_OLD was last emptied, for the same layer.
-    [[nodiscard]] std::vector<Cell> PendingCells() const;
-    /// The macro tree and its toolbar, for the same layer.
-    [[nodiscard]] TreeControl& Tree() noexcept;
-    /// The toolbar of the macro tree, for the same layer.
-    [[nodiscard]] MacroToolbar& Toolbar() noexcept;
-    /// The macro editor, for the same layer.
-    [[nodiscard]] MacroEditor& Editor() noexcept;
-    /// The panes, for the same layer.
-    [[nodiscard]] PaneLayout& Panes() noexcept;
-
 private:
+    friend class ControlParts;  // src/control: by it the widget reaches what it shows
     struct State;
     std::shared_ptr<State> state_;
 };

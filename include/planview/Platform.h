@@ -181,16 +181,24 @@ public:
     virtual void End() noexcept = 0;
 };
 
-/// What the control needs of the desktop it runs on. The referred objects must outlive the control.
+/// What a host puts in the place of the desktop's pieces, each by its name: `{.clipboard = &mine}`. Later versions may
+/// have more of them.
+///
+/// A null piece stays the control's own. PlanViewWidget has those of Qt. PlanView has some without a screen: message
+/// boxes answer with their default button, forms, popups and progress are never shown, file dialogs are cancelled, the
+/// clipboard is the control's alone, no object is known, and the system information is that of the operating system,
+/// with the log folder "planview" in the user's state folder (`XDG_STATE_HOME`, else "~/.local/state").
+///
+/// The control deletes none of the objects: they must outlive it. It calls them on its own thread only.
 struct Platform {
-    MessageBoxes& messageBoxes;  ///< questions and messages
-    Forms& forms;                ///< the dialogs and the trace window
-    Clipboard& clipboard;        ///< copy and paste
-    SystemInformation& system;   ///< what the trace says of the machine, and where its log goes
-    Popups& popups;              ///< the popup menus
-    FileDialogs& fileDialogs;    ///< choosing a workbook
-    ObjectFactory& objects;      ///< the spreadsheet application
-    Progress& progress;          ///< of long operations
+    MessageBoxes* messageBoxes = nullptr;  ///< questions and messages
+    Forms* forms = nullptr;                ///< the dialogs and the trace window
+    Clipboard* clipboard = nullptr;        ///< copy and paste
+    SystemInformation* system = nullptr;   ///< what the trace says of the machine, and where its log goes
+    Popups* popups = nullptr;              ///< the popup menus
+    FileDialogs* fileDialogs = nullptr;    ///< choosing a workbook
+    ObjectFactory* objects = nullptr;      ///< the spreadsheet application
+    Progress* progress = nullptr;          ///< of long operations
 };
 
 }  // namespace planview

@@ -21,8 +21,10 @@ using ObjectRef = std::shared_ptr<AutomationObject>;
 /// A value that crosses the border between the control and its host.
 ///
 /// The conversions follow one set of rules everywhere: booleans count as -1 and 0, a number is rounded to the nearest
-/// whole number (halves to the even one), texts are read by ParseNumber(). A conversion that cannot be made throws
-/// AutomationError with the code TypeMismatch, one that leaves the range of the target throws Overflow.
+/// whole number (halves to the even one). In a text, where both "." and "," occur, the last one is the decimal mark and
+/// the other one groups digits by three; the one that occurs alone is the decimal mark if it occurs once, else it
+/// groups. A conversion that cannot be made throws AutomationError with the code TypeMismatch, one that leaves the
+/// range of the target throws Overflow.
 class PLANVIEW_EXPORT Variant {
 public:
     /// What a value holds. `Nothing` is an object reference that refers to no object, `Empty` no value at all.

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <array>
+#include <type_traits>
 
 #include <planview/Events.h>
 
@@ -9,50 +11,45 @@ namespace {
 
 using Kind = Variant::Kind;
 
-constexpr EventArgument Column{"Column", Kind::Int16};
-constexpr EventArgument ColPos{"ColPos", Kind::Text};
-constexpr EventArgument Row{"Row", Kind::Int16};
-constexpr EventArgument RowPos{"RowPos", Kind::Text};
-constexpr EventArgument Switch{"Switch", Kind::Text};
-constexpr EventArgument MouseButton{"MouseButton", Kind::Int16};
-constexpr EventArgument NodeKey{"NodeKey", Kind::Text};
-constexpr EventArgument Value32{"vValue", Kind::Int32};
+/// Of an argument, by its type in PlanViewEvents.
+template <class Type>
+constexpr Kind KindOf = Kind::Empty;  // any kind
+template <>
+constexpr Kind KindOf<std::int16_t> = Kind::Int16;
+template <>
+constexpr Kind KindOf<std::int32_t> = Kind::Int32;
+template <>
+constexpr Kind KindOf<std::string> = Kind::Text;
 
-constexpr std::array ValueChangedArguments{Column, ColPos, Row, RowPos, EventArgument{"strValue", Kind::Empty}};
-constexpr std::array CellArguments{Column, ColPos, Row, RowPos, Switch};
-constexpr std::array MouseCellArguments{MouseButton, Column, ColPos, Row, RowPos, Switch};
-constexpr std::array ColumnResizedArguments{Column, ColPos, Value32, Switch};
-constexpr std::array RowResizedArguments{Row, RowPos, Value32, Switch};
-constexpr std::array MouseArguments{MouseButton};
-constexpr std::array NodeArguments{NodeKey, Switch};
-constexpr std::array PopupArguments{
-    EventArgument{"Popup", Kind::Int16}, EventArgument{"UComm", Kind::Text}, Column, ColPos, Row, RowPos};
-constexpr std::array DroppedArguments{EventArgument{"NodeRefKey", Kind::Text}, EventArgument{"NodeType", Kind::Text},
-                                      EventArgument{"Action", Kind::Int16}};
-constexpr std::array SelectionArguments{EventArgument{"Selection", Kind::Text}};
+template <class... Types>
+constexpr std::array<EventArgument, sizeof...(Types)> ArgumentsOf(
+    void (PlanViewEvents::*)(Types...), const std::array<std::string_view, sizeof...(Types)>& names) {
+    constexpr std::array<Kind, sizeof...(Types)> Kinds{KindOf<std::remove_cvref_t<Types>>...};
+    std::array<EventArgument, sizeof...(Types)> arguments{};
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        arguments[i] = {names[i], Kinds[i]};
+    }
+    return arguments;
+}
 
-constexpr std::array<EventDescription, 20> Descriptions{{
-    {EventId::GridValueChanged, "GridValueChanged", ValueChangedArguments},
-    {EventId::GridCellDblClick, "GridCellDblClick", CellArguments},
-    {EventId::GridCellMouseDown, "GridCellMouseDown", MouseCellArguments},
-    {EventId::ColumnResized, "ColumnResized", ColumnResizedArguments},
-    {EventId::RowResized, "RowResized", RowResizedArguments},
-    {EventId::ChartMouseDown, "ChartMouseDown", MouseArguments},
-    {EventId::GridStartUpdate, "GridStartUpdate", {}},
-    {EventId::GridTreeNodeClick, "GridTreeNodeClick", NodeArguments},
-    {EventId::GridTreeNodeExpand, "GridTreeNodeExpand", NodeArguments},
-    {EventId::GridTreeMacroClick, "GridTreeMacroClick", NodeArguments},
-    {EventId::GridTreeMacroExpand, "GridTreeMacroExpand", NodeArguments},
-    {EventId::MacroTreeMouseDown, "MacroTreeMouseDown", NodeArguments},
-    {EventId::GridTreeMacroCollapse, "GridTreeMacroCollapse", NodeArguments},
-    {EventId::GridPopupMenuPressed, "GridPopupMenuPressed", PopupArguments},
-    {EventId::GridReturnKeyPressed, "GridReturnKeyPressed", {}},
-    {EventId::MacroTreeNodeDropped, "MacroTreeNodeDropped", DroppedArguments},
-    {EventId::MacroTreeExpand, "MacroTreeExpand", {}},
-    {EventId::MacroTreeCollapse, "MacroTreeCollapse", {}},
-    {EventId::MacroDragSelection, "MacroDragSelection", SelectionArguments},
-    {EventId::MacroRecordSave, "MacroRecordSave", {}},
-}};
+#define PLANVIEW_EVENT(NAME, ...) constexpr auto NAME##Arguments = ArgumentsOf(&PlanViewEvents::NAME, __VA_ARGS__);
+#include "automation/Events.def"
+
+constexpr EventDescription Descriptions[] = {
+#define PLANVIEW_EVENT(NAME, ...) {EventId::NAME, #NAME, NAME##Arguments},
+#include "automation/Events.def"
+};
+
+/// Whether the list has them by their numbers, and a name for each argument.
+constexpr bool IsComplete() {
+    std::int32_t number = 0;
+    return std::all_of(std::begin(Descriptions), std::end(Descriptions), [&](const EventDescription& event) {
+        return event.id == static_cast<EventId>(++number) &&
+               std::none_of(event.arguments.begin(), event.arguments.end(),
+                            [](const EventArgument& argument) { return argument.name.empty(); });
+    });
+}
+static_assert(IsComplete());
 
 }  // namespace
 

@@ -8,7 +8,7 @@
 #include "automation/CheckedInt.h"
 #include "automation/MemberNames.h"
 #include "automation/ShortText.h"
-#include "automation/TableFields.h"
+#include "automation/TableSlots.h"
 
 namespace planview {
 
@@ -179,7 +179,7 @@ MemoryTable::MemoryTable(std::vector<std::string> fields) : state_(std::make_sha
 MemoryTable::~MemoryTable() = default;
 
 std::shared_ptr<MemoryTable> MemoryTable::WithFieldsOf(std::string_view tableName) {
-    const std::span<const std::string_view> fields = TableFields(tableName);
+    const std::span<const std::string_view> fields = TableNamed(tableName).fields;
     return std::make_shared<MemoryTable>(std::vector<std::string>(fields.begin(), fields.end()));
 }
 

@@ -1,52 +1,45 @@
 // SPDX-License-Identifier: MIT
+#include <type_traits>
+#include <utility>
+
 #include <planview/Events.h>
 
 namespace planview {
 
-void PlanViewEvents::OnEvent(EventId event, std::span<const Variant> a) {
+namespace {
+
+template <class Type>
+Type As(const Variant& value) {
+    if constexpr (std::is_same_v<Type, std::int16_t>) {
+        return value.AsInt16();
+    } else if constexpr (std::is_same_v<Type, std::int32_t>) {
+        return value.AsInt32();
+    } else if constexpr (std::is_same_v<Type, std::string>) {
+        return value.AsText();
+    } else {
+        return value;
+    }
+}
+
+template <class... Types, std::size_t... Index>
+void Tell(PlanViewEvents& sink, void (PlanViewEvents::*method)(Types...),
+          [[maybe_unused]] std::span<const Variant> arguments, std::index_sequence<Index...>) {
+    (sink.*method)(As<std::remove_cvref_t<Types>>(arguments[Index])...);
+}
+
+template <class... Types>
+void Tell(PlanViewEvents& sink, void (PlanViewEvents::*method)(Types...), std::span<const Variant> arguments) {
+    Tell(sink, method, arguments, std::index_sequence_for<Types...>());
+}
+
+}  // namespace
+
+void PlanViewEvents::OnEvent(EventId event, std::span<const Variant> arguments) {
     switch (event) {
-        case EventId::GridValueChanged:
-            return GridValueChanged(a[0].AsInt16(), a[1].AsText(), a[2].AsInt16(), a[3].AsText(), a[4]);
-        case EventId::GridCellDblClick:
-            return GridCellDblClick(a[0].AsInt16(), a[1].AsText(), a[2].AsInt16(), a[3].AsText(), a[4].AsText());
-        case EventId::GridCellMouseDown:
-            return GridCellMouseDown(a[0].AsInt16(), a[1].AsInt16(), a[2].AsText(), a[3].AsInt16(), a[4].AsText(),
-                                     a[5].AsText());
-        case EventId::ColumnResized:
-            return ColumnResized(a[0].AsInt16(), a[1].AsText(), a[2].AsInt32(), a[3].AsText());
-        case EventId::RowResized:
-            return RowResized(a[0].AsInt16(), a[1].AsText(), a[2].AsInt32(), a[3].AsText());
-        case EventId::ChartMouseDown:
-            return ChartMouseDown(a[0].AsInt16());
-        case EventId::GridStartUpdate:
-            return GridStartUpdate();
-        case EventId::GridTreeNodeClick:
-            return GridTreeNodeClick(a[0].AsText(), a[1].AsText());
-        case EventId::GridTreeNodeExpand:
-            return GridTreeNodeExpand(a[0].AsText(), a[1].AsText());
-        case EventId::GridTreeMacroClick:
-            return GridTreeMacroClick(a[0].AsText(), a[1].AsText());
-        case EventId::GridTreeMacroExpand:
-            return GridTreeMacroExpand(a[0].AsText(), a[1].AsText());
-        case EventId::MacroTreeMouseDown:
-            return MacroTreeMouseDown(a[0].AsText(), a[1].AsText());
-        case EventId::GridTreeMacroCollapse:
-            return GridTreeMacroCollapse(a[0].AsText(), a[1].AsText());
-        case EventId::GridPopupMenuPressed:
-            return GridPopupMenuPressed(a[0].AsInt16(), a[1].AsText(), a[2].AsInt16(), a[3].AsText(), a[4].AsInt16(),
-                                        a[5].AsText());
-        case EventId::GridReturnKeyPressed:
-            return GridReturnKeyPressed();
-        case EventId::MacroTreeNodeDropped:
-            return MacroTreeNodeDropped(a[0].AsText(), a[1].AsText(), a[2].AsInt16());
-        case EventId::MacroTreeExpand:
-            return MacroTreeExpand();
-        case EventId::MacroTreeCollapse:
-            return MacroTreeCollapse();
-        case EventId::MacroDragSelection:
-            return MacroDragSelection(a[0].AsText());
-        case EventId::MacroRecordSave:
-            return MacroRecordSave();
+#define PLANVIEW_EVENT(NAME, ...) \
+    case EventId::NAME:           \
+        return Tell(*this, &PlanViewEvents::NAME, arguments);
+#include "automation/Events.def"
     }
 }
 

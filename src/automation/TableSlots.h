@@ -1,29 +1,32 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <span>
+#include <string_view>
+
 #include "automation/HostTable.h"
 
 namespace planview {
 
-/// The seventeen tables that the host hands to the control, in the order in which they are declared and released.
+/// The seventeen tables that the host hands to the control, by their names.
 struct TableSlots {
-    HostTable GRID_ATTR;
-    HostTable COLS_INDEX;
-    HostTable LINE_INDEX;
-    HostTable TAB;
-    HostTable TAB_OLD;
-    HostTable FIXED_COLS;
-    HostTable FIXED_LINES;
-    HostTable FIXED_TAB;
-    HostTable CELL_ATTR;
-    HostTable GRID_TREE;
-    HostTable MACRO_TREE;
-    HostTable TEXTS;
-    HostTable COLMENU;
-    HostTable ROWMENU;
-    HostTable GRIDMENU;
-    HostTable CELLMENU;
-    HostTable MACROREC;
+#define PLANVIEW_TABLE(NAME, GETTER_ENTRY, RELEASED_AS) HostTable NAME;
+#include "automation/Tables.def"
 };
+
+/// One of them.
+struct TableDescription {
+    std::string_view name;
+    HostTable TableSlots::*slot;
+    std::span<const std::string_view> fields;  ///< that the control reads or writes
+    std::string_view getterEntry;              ///< what its getter calls itself in the trace
+    std::string_view releasedAs;               ///< what it is called there when it is released; empty for none
+};
+
+/// In the order in which they are declared and released.
+[[nodiscard]] std::span<const TableDescription> DescribeTables() noexcept;
+
+/// Throws UnknownMember for a name that is none of the seventeen.
+[[nodiscard]] const TableDescription& TableNamed(std::string_view name);
 
 }  // namespace planview

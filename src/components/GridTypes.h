@@ -2,8 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
+
+#include <planview/CellKey.h>
 
 namespace planview {
 
@@ -80,19 +81,6 @@ enum class GridAttribute : std::uint8_t {
 
 /// `ROW_ALIGN`, `BMP_ALIGN` and `TEXTALIGN` use these numbers.
 enum class GridAlignment : std::int8_t { Right = 0, Left = 1, Center = 2 };
-
-/// Keys as the caller has them; empty where a call has none.
-struct CellKeyView {
-    std::string_view column;
-    std::string_view row;
-};
-
-struct CellKey {
-    std::string column;
-    std::string row;
-    operator CellKeyView() const noexcept { return {column, row}; }
-    friend bool operator==(const CellKey&, const CellKey&) = default;
-};
 
 /// Names a column inside one GridControl for as long as the grid is not destroyed; moving does not change it.
 struct ColumnId {

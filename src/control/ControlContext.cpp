@@ -7,7 +7,7 @@
 
 namespace planview {
 
-ControlContext::ControlContext(const Platform& desktop)
+ControlContext::ControlContext(const Desktop& desktop)
     : platform(desktop),
       events([](std::string_view event, std::string_view error) { TraceError("USERCONTROL", event, error); }),
       recording({tables, grid, events, platform.messageBoxes}),
@@ -96,7 +96,7 @@ void ControlContext::ChartStep() {
 
 bool ControlContext::TellBeside(const Cell& cell, std::string_view reason) const {
     const auto listener = hintListener;
-    return listener && listener(cell, reason);
+    return listener && listener(grid.KeyOf(cell), reason);
 }
 
 void ControlContext::TellBulk(bool running) const {

@@ -5,7 +5,6 @@
 #include <string>
 
 #include <planview/PlanView.h>
-#include <planview/Platform.h>
 
 #include "automation/EventSource.h"
 #include "automation/TableSlots.h"
@@ -35,6 +34,8 @@
 #include "macro/tree/MacroToolbar.h"
 #include "macro/tree/modMacro.h"
 #include "menus/MenuDispatch.h"
+#include "platform/Desktop.h"
+#include "platform/HeadlessPlatform.h"
 #include "spreadsheet/SpreadsheetDownload.h"
 #include "spreadsheet/SpreadsheetUpload.h"
 
@@ -42,7 +43,7 @@ namespace planview {
 
 /// What the parts of one control share. Each part is handed only what it uses.
 struct ControlContext {
-    explicit ControlContext(const Platform& desktop);
+    explicit ControlContext(const Desktop& desktop);
     ~ControlContext();
     ControlContext(const ControlContext&) = delete;
     ControlContext& operator=(const ControlContext&) = delete;
@@ -54,7 +55,7 @@ struct ControlContext {
     /// Shows the user a reason beside the cell; false where that is not possible.
     [[nodiscard]] bool TellBeside(const Cell& cell, std::string_view reason) const;
 
-    Platform platform;
+    Desktop platform;
     TableSlots tables;
     GridSettings settings;
     CurrentKeys keys;
@@ -72,7 +73,7 @@ struct ControlContext {
     UndoHistory history;
     MacroRecording recording;
     std::function<void(bool running)> bulkListener;
-    std::function<bool(const Cell& cell, std::string_view reason)> hintListener;
+    std::function<bool(const CellKey& cell, std::string_view reason)> hintListener;
     HostUpdate hostUpdate;
     GridConstruction construction;
     ValueEntry valueEntry;
@@ -108,8 +109,9 @@ struct ControlContext {
 
 /// The control's state; outlives the control when the host destroys it from inside an event.
 struct PlanView::State {
-    explicit State(const Platform& platform) : context(platform) {}
+    explicit State(const Platform& platform) : context(Completed(platform, headless.Interfaces())) {}
 
+    HeadlessPlatform headless;  // what the host's platform lacks
     ControlContext context;
     bool terminated = false;
 };

@@ -27,7 +27,7 @@ void PlanView::SetBulkListener(std::function<void(bool running)> listener) {
     state_->context.bulkListener = std::move(listener);
 }
 
-void PlanView::SetHintListener(std::function<bool(const Cell& cell, std::string_view reason)> listener) {
+void PlanView::SetHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener) {
     state_->context.hintListener = std::move(listener);
 }
 
@@ -40,10 +40,12 @@ bool PlanView::IsLocked() const noexcept {
     return state_->context.grid.IsLocked();
 }
 
-std::vector<Cell> PlanView::PendingCells() const {
-    std::vector<Cell> pending;
+std::vector<CellKey> PlanView::PendingCells() const {
+    std::vector<CellKey> pending;
     Guarded(state_, GridControlLabel, "PendingCells", [&](const ControlContext& context) {
-        pending = planview::PendingCells(context.grid, context.tables.TAB_OLD);
+        for (const Cell cell : planview::PendingCells(context.grid, context.tables.TAB_OLD)) {
+            pending.push_back(context.grid.KeyOf(cell));
+        }
     });
     return pending;
 }

@@ -13,35 +13,15 @@ namespace {
 
 constexpr std::string_view UserControl = "USERCONTROL";
 
-/// Empties a slot. `name` is what the entry calls it; TAB is released without one.
-void Release(HostTable& slot, std::string_view name) {
-    ResumeNext([&] { slot = HostTable(); },
-               [&] {
-                   if (!name.empty()) {
-                       TraceWrite("Q/7-OBJECT", "", name, "{=Nothing}");
-                   }
-               });
-}
-
 void ReleaseTables(TableSlots& tables) {
-    Release(tables.GRID_ATTR, "GRID_ATTR");
-    Release(tables.COLS_INDEX, "COLS_INDEX");
-    Release(tables.LINE_INDEX, "LINE_INDEX");
-    Release(tables.TAB, "");
-    Release(tables.TAB_OLD, "TAB_OLD");
-    Release(tables.FIXED_COLS, "FIXED_COLS");
-    Release(tables.FIXED_LINES, "FIXED_LINES");
-    Release(tables.FIXED_TAB, "FIXED_TAB");
-    Release(tables.CELL_ATTR, "CELL_ATTR");
-    Release(tables.GRID_TREE, "GRID_TREE");
-    Release(tables.MACRO_TREE, "MACRO_TREE");
-    Release(tables.TEXTS, "TEXTS");
-    // The names of the menu and recording slots carry an underscore here, unlike their properties.
-    Release(tables.COLMENU, "COL_MENU");
-    Release(tables.ROWMENU, "ROW_MENU");
-    Release(tables.GRIDMENU, "GRID_MENU");
-    Release(tables.CELLMENU, "CELL_MENU");
-    Release(tables.MACROREC, "MACRO_REC");
+    for (const TableDescription& table : DescribeTables()) {
+        ResumeNext([&] { tables.*table.slot = HostTable(); },
+                   [&] {
+                       if (!table.releasedAs.empty()) {
+                           TraceWrite("Q/7-OBJECT", "", table.releasedAs, "{=Nothing}");
+                       }
+                   });
+    }
 }
 
 }  // namespace

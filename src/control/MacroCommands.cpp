@@ -92,8 +92,4 @@ void PlanView::MoveMacroNode(const std::string& nodeKey, const std::string& targ
     });
 }
 
-MacroEditor& PlanView::Editor() noexcept {
-    return state_->context.macroEditor;
-}
-
 }  // namespace planview

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <array>
+#include <iterator>
 
 #include <planview/PlanView.h>
 
@@ -19,64 +20,20 @@ struct Member {
     Variant (*call)(PlanView& control, Arguments arguments);
 };
 
-#define METHOD(NAME)                                                                      \
-    Member {                                                                              \
-#NAME, 0, [](PlanView & control, Arguments) -> Variant { return control.NAME(); } \
-    }
-#define GETTER(TABLE) METHOD(PROP_Get_##TABLE)
-#define SETTER(NAME)                                                                                       \
-    Member {                                                                                               \
-#NAME, 1, [](PlanView & control, Arguments a) -> Variant { return control.NAME(a[0].AsObject()); } \
-    }
-#define SETTERS(TABLE) SETTER(PROP_Set_##TABLE), SETTER(plvSet_##TABLE)
-#define TABLE_MEMBERS(TABLE) GETTER(TABLE), SETTERS(TABLE)
-
 // The order is part of the interface: hosts call the members by number too.
-constexpr std::array<Member, 65> Members{{
-    METHOD(plv_EnableTrace),
-    METHOD(plv_DisableTrace),
-    METHOD(plv_LayoutShow),
-    METHOD(plv_LayoutHide),
-    METHOD(plv_LayoutMode),
-    METHOD(plv_LayoutModeDisable),
-    {"plv_ActiveNode", 1,
-     [](PlanView& control, Arguments a) -> Variant { return control.plv_ActiveNode(a[0].AsText()); }},
-    METHOD(plv_MarkedRowsHide),
-    METHOD(plv_MarkedRowsShow),
-    METHOD(DP_Import_Texts),
-    METHOD(DP_Import_Attribute),
-    METHOD(DP_Import_Create),
-    METHOD(DP_Import_Update),
-    METHOD(DP_Import_PopupMenu),
-    METHOD(DP_Import_MacroTree),
-    TABLE_MEMBERS(GRID_ATTR),
-    TABLE_MEMBERS(COLS_INDEX),
-    TABLE_MEMBERS(LINE_INDEX),
-    TABLE_MEMBERS(TAB),
-    TABLE_MEMBERS(TAB_OLD),
-    TABLE_MEMBERS(FIXED_COLS),
-    TABLE_MEMBERS(FIXED_LINES),
-    SETTERS(FIXED_TAB),
-    TABLE_MEMBERS(CELL_ATTR),
-    TABLE_MEMBERS(GRID_TREE),
-    TABLE_MEMBERS(MACRO_TREE),
-    TABLE_MEMBERS(TEXTS),
-    TABLE_MEMBERS(COLMENU),
-    TABLE_MEMBERS(ROWMENU),
-    TABLE_MEMBERS(GRIDMENU),
-    TABLE_MEMBERS(CELLMENU),
-    TABLE_MEMBERS(MACROREC),
-}};
+constexpr Member Members[] = {
+#define PLANVIEW_METHOD(NAME) {#NAME, 0, [](PlanView& control, Arguments) -> Variant { return control.NAME(); }},
+#define PLANVIEW_TEXT_METHOD(NAME, ARGUMENT) \
+    {#NAME, 1, [](PlanView& control, Arguments a) -> Variant { return control.NAME(a[0].AsText()); }},
+#define PLANVIEW_GETTER(NAME, TABLE) PLANVIEW_METHOD(NAME)
+#define PLANVIEW_SETTER(NAME, TABLE) \
+    {#NAME, 1, [](PlanView& control, Arguments a) -> Variant { return control.NAME(a[0].AsObject()); }},
+#include "control/Members.def"
+};
 
-#undef TABLE_MEMBERS
-#undef SETTERS
-#undef SETTER
-#undef GETTER
-#undef METHOD
-
-constexpr std::array<MemberDescription, Members.size()> Describe() {
-    std::array<MemberDescription, Members.size()> descriptions{};
-    for (std::size_t i = 0; i < Members.size(); ++i) {
+constexpr std::array<MemberDescription, std::size(Members)> Describe() {
+    std::array<MemberDescription, std::size(Members)> descriptions{};
+    for (std::size_t i = 0; i < std::size(Members); ++i) {
         descriptions[i] = {static_cast<DispatchId>(i + 1), Members[i].name, Members[i].argumentCount};
     }
     return descriptions;
@@ -116,7 +73,7 @@ Variant PlanView::Call(DispatchId member, Arguments arguments) {
         Run(row->command, arguments);
         return Status{0};
     }
-    if (member < 1 || static_cast<std::size_t>(member) > Members.size()) {
+    if (member < 1 || static_cast<std::size_t>(member) > std::size(Members)) {
         ThrowUnknownMember("The control", member);
     }
     const Member& called = Members[static_cast<std::size_t>(member) - 1];

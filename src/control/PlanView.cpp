@@ -30,7 +30,7 @@ void TraceCall(std::string_view method) noexcept {
 
 PlanView::PlanView(const Platform& platform) : state_(std::make_shared<State>(platform)) {
     modPlan::ControlVersion = VersionText();
-    modPlan::TraceDecimalMark = platform.system.DecimalMark();
+    modPlan::TraceDecimalMark = state_->context.platform.system.DecimalMark();
     TraceWrite(UserControl, "CONSTRUCTOR", "Initialize", "{}");
     Guarded(state_, UserControl, "Initialize", [](ControlContext& context) {
         context.layout.Apply(context.settings.treeShown, context.settings.chartShown, context.settings.zoomed);
@@ -195,26 +195,6 @@ void PlanView::AddSink(EventSink& sink) {
 
 void PlanView::RemoveSink(EventSink& sink) noexcept {
     state_->context.events.RemoveSink(sink);
-}
-
-GridControl& PlanView::Grid() noexcept {
-    return state_->context.grid;
-}
-
-ChartControl& PlanView::Chart() noexcept {
-    return state_->context.chart;
-}
-
-TreeControl& PlanView::Tree() noexcept {
-    return state_->context.tree;
-}
-
-MacroToolbar& PlanView::Toolbar() noexcept {
-    return state_->context.toolbar;
-}
-
-PaneLayout& PlanView::Panes() noexcept {
-    return state_->context.layout;
 }
 
 }  // namespace planview

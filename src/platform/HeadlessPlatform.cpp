@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "platform/HeadlessPlatform.h"
+
 #include <clocale>
 
-#include <planview/HeadlessPlatform.h>
+#include <planview/ObjectRegistry.h>
 
 #include "platform/System.h"
 
@@ -81,12 +83,14 @@ HeadlessPlatform::HeadlessPlatform() : state_(std::make_unique<State>()) {}
 HeadlessPlatform::~HeadlessPlatform() = default;
 
 Platform HeadlessPlatform::Interfaces() noexcept {
-    return {state_->messageBoxes, state_->forms,       state_->clipboard, state_->system,
-            state_->popups,       state_->fileDialogs, state_->objects,   state_->progress};
-}
-
-ObjectRegistry& HeadlessPlatform::Objects() noexcept {
-    return state_->objects;
+    return {.messageBoxes = &state_->messageBoxes,
+            .forms = &state_->forms,
+            .clipboard = &state_->clipboard,
+            .system = &state_->system,
+            .popups = &state_->popups,
+            .fileDialogs = &state_->fileDialogs,
+            .objects = &state_->objects,
+            .progress = &state_->progress};
 }
 
 }  // namespace planview

@@ -27,7 +27,7 @@ namespace planview {
 
 /// The control with the desktop that it runs on. Outlives its widget while one of its members is being called.
 struct DesktopControl {
-    DesktopControl(PlanViewWidget& widget, const PlatformOverrides& overrides);
+    DesktopControl(PlanViewWidget& widget, const Platform& given);
 
     QtMessageBoxes messageBoxes;
     QtForms forms;
@@ -43,7 +43,7 @@ struct DesktopControl {
 
 /// What the widget keeps, and what it does beside its public members.
 struct PlanViewWidget::State {
-    State(PlanViewWidget& owner, const PlatformOverrides& platform)
+    State(PlanViewWidget& owner, const Platform& platform)
         : widget(owner), core(std::make_shared<DesktopControl>(owner, platform)), guard("USERCONTROL", core) {}
 
     /// Calls a member; the control lives on until the call is over, even when the widget is deleted meanwhile.

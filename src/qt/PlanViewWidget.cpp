@@ -12,7 +12,9 @@
 
 #include "automation/NumberFormat.h"
 #include "automation/Numbers.h"
+#include "control/ControlParts.h"
 #include "macro/tree/SelectionText.h"
+#include "platform/Desktop.h"
 #include "qt/PlanViewState.h"
 
 namespace planview {
@@ -23,11 +25,6 @@ constexpr QSize UsualSize(900, 500);
 constexpr QSize SmallestSize(240, 120);
 /// In logical pixels, where nobody asked for another one.
 constexpr QSize ChartFileSize(1000, 560);
-
-template <class Interface>
-Interface& chosen(Interface* override, Interface& own) {
-    return override ? *override : own;
-}
 
 /// With grouped digits and no more decimals than are worth reading; empty for what is not a finite number.
 QString shownNumber(double value) {
@@ -41,56 +38,62 @@ QString shownNumber(double value) {
 
 }  // namespace
 
-DesktopControl::DesktopControl(PlanViewWidget& widget, const PlatformOverrides& overrides)
+DesktopControl::DesktopControl(PlanViewWidget& widget, const Platform& given)
     : messageBoxes(widget),
       forms(widget),
       popups(widget),
       fileDialogs(widget),
       progress(widget),
       sink(widget),
-      view(Platform{
-          chosen<MessageBoxes>(overrides.messageBoxes, messageBoxes), chosen<Forms>(overrides.forms, forms),
-          chosen<Clipboard>(overrides.clipboard, clipboard), chosen<SystemInformation>(overrides.system, system),
-          chosen<Popups>(overrides.popups, popups), chosen<FileDialogs>(overrides.fileDialogs, fileDialogs),
-          chosen<ObjectFactory>(overrides.objects, objects), chosen<Progress>(overrides.progress, progress)}) {
+      view(Completed(given, {.messageBoxes = &messageBoxes,
+                             .forms = &forms,
+                             .clipboard = &clipboard,
+                             .system = &system,
+                             .popups = &popups,
+                             .fileDialogs = &fileDialogs,
+                             .objects = &objects,
+                             .progress = &progress})) {
     view.AddSink(sink);
 }
 
-PlanViewWidget::PlanViewWidget(QWidget* parent) : PlanViewWidget(PlatformOverrides(), parent) {}
+PlanViewWidget::PlanViewWidget(QWidget* parent) : PlanViewWidget(Platform(), parent) {}
 
-PlanViewWidget::PlanViewWidget(const PlatformOverrides& platform, QWidget* parent)
+PlanViewWidget::PlanViewWidget(const Platform& platform, QWidget* parent)
     : QWidget(parent), state_(std::make_unique<State>(*this, platform)) {
     qRegisterMetaType<ObjectRef>("planview::ObjectRef");
     qRegisterMetaType<MacroResult>("planview::MacroResult");
-    state_->grid = new GridView(state_->core->view.Grid(), state_->core);
-    state_->core->popups.setGrid(state_->grid);
-    state_->chart = new ChartView(state_->core->view.Chart(), state_->core);
-    state_->core->popups.setChart(state_->chart);
     PlanView& view = state_->core->view;
-    state_->tree = new TreePane(view.Tree(), state_->grid->bitmaps(), state_->core);
+    const ControlParts parts(view);
+    state_->grid = new GridView(parts.Grid(), state_->core);
+    state_->core->popups.setGrid(state_->grid);
+    state_->chart = new ChartView(parts.Chart(), state_->core);
+    state_->core->popups.setChart(state_->chart);
+    state_->tree = new TreePane(parts.Tree(), state_->grid->bitmaps(), state_->core);
     state_->core->popups.setTree(&state_->tree->view());
     auto* toolbar = new ToolbarView(
-        view.Toolbar(), state_->grid->bitmaps(), [&grid = view.Grid()] { return SelectionText(grid); }, state_->core);
-    auto* macro = new MacroPane(view.Editor(), state_->grid->bitmaps(), state_->core);
-    auto* operands = new OperandPane(view.Editor(), state_->grid->bitmaps(), state_->core);
-    state_->panes = new PaneHost(view.Panes(), view.Editor(),
+        parts.Toolbar(), state_->grid->bitmaps(), [&grid = parts.Grid()] { return SelectionText(grid); }, state_->core);
+    auto* macro = new MacroPane(parts.Editor(), state_->grid->bitmaps(), state_->core);
+    auto* operands = new OperandPane(parts.Editor(), state_->grid->bitmaps(), state_->core);
+    state_->panes = new PaneHost(parts.Panes(), parts.Editor(),
                                  {state_->grid, state_->chart, state_->tree, toolbar, macro, operands}, this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(state_->panes);
     setFocusProxy(state_->grid);
-    state_->status = new StatusInfo(*this, state_->core->view, *state_->grid, state_->guard);
-    state_->core->view.SetBulkListener([this](bool running) {
+    state_->status = new StatusInfo(*this, view, *state_->grid, state_->guard);
+    view.SetBulkListener([this](bool running) {
         state_->announcesSeveral = running;
         if (!running) {
             Q_EMIT severalValuesAnnounced();
         }
     });
-    state_->core->view.SetHintListener([this](const Cell& cell, std::string_view reason) {
-        return isVisible() && state_->grid->editor().tell(
-                                  cell, QString::fromUtf8(reason.data(), static_cast<qsizetype>(reason.size())));
+    view.SetHintListener([this, &grid = parts.Grid()](const CellKey& key, std::string_view reason) {
+        const std::optional<Cell> cell = grid.FindCell(key);
+        return cell && isVisible() &&
+               state_->grid->editor().tell(*cell,
+                                           QString::fromUtf8(reason.data(), static_cast<qsizetype>(reason.size())));
     });
-    state_->core->view.SetRecordingListener([this] { Q_EMIT recordingChanged(); });
+    view.SetRecordingListener([this] { Q_EMIT recordingChanged(); });
     state_->grid->setHistory({[this] { undo(); }, [this] { redo(); }});
     connect(state_->chart, &ChartView::undoWanted, this, &PlanViewWidget::undo);
     connect(state_->chart, &ChartView::redoWanted, this, &PlanViewWidget::redo);
@@ -157,7 +160,7 @@ void PlanViewWidget::setTextScale(double scale) {
 void PlanViewWidget::registerBitmap(const QString& name, const QIcon& icon) {
     const std::string plainName = name.toStdString();
     state_->grid->bitmaps().add(plainName, icon);
-    control().Grid().RegisterBitmap(plainName);
+    ControlParts(control()).Grid().RegisterBitmap(plainName);
     state_->grid->viewport()->update();
     state_->tree->update();
 }
@@ -200,7 +203,7 @@ void PlanViewWidget::State::runCommand(void (PlanView::*command)(), void (*inEdi
         if (!self) {
             return;
         }
-        const std::optional<Cell> current = view.Grid().CurrentCell();
+        const std::optional<Cell> current = ControlParts(view).Grid().CurrentCell();
         if (sight == Sight::CurrentCell && current) {
             grid->ensureVisible(*current);
         }
@@ -313,7 +316,7 @@ bool PlanViewWidget::selectCell(const QString& column, const QString& row) {
     if (!finishEditing() || !self) {
         return false;
     }
-    GridControl& grid = core->view.Grid();
+    GridControl& grid = ControlParts(core->view).Grid();
     const std::string columnKey = column.toStdString();
     const std::string rowKey = row.toStdString();
     const std::optional<Cell> cell = grid.FindCell({columnKey, rowKey});
@@ -331,13 +334,13 @@ bool PlanViewWidget::selectCell(const QString& column, const QString& row) {
 // --- Status
 
 QString PlanViewWidget::currentColumn() const {
-    const GridControl& grid = state_->core->view.Grid();
+    const GridControl& grid = ControlParts(state_->core->view).Grid();
     const std::optional<Cell> cell = grid.CurrentCell();
     return cell ? QString::fromStdString(grid.Column(cell->column).key) : QString();
 }
 
 QString PlanViewWidget::currentRow() const {
-    const GridControl& grid = state_->core->view.Grid();
+    const GridControl& grid = ControlParts(state_->core->view).Grid();
     const std::optional<Cell> cell = grid.CurrentCell();
     return cell ? QString::fromStdString(grid.Row(cell->row).key) : QString();
 }

@@ -8,6 +8,7 @@
 
 #include <planview/qt/PlanViewWidget.h>
 
+#include "control/ControlParts.h"
 #include "qt/grid/GridView.h"
 
 namespace planview {
@@ -42,13 +43,13 @@ void StatusInfo::update() {
 }
 
 void StatusInfo::updatePending() {
-    const std::uint64_t built = view_.Grid().BuildVersion();
+    const std::uint64_t built = ControlParts(view_).Grid().BuildVersion();
     if (pendingKnown_ && builtFor_ == built) {
         return;
     }
     pendingKnown_ = true;
     builtFor_ = built;
-    const std::vector<Cell> cells = view_.PendingCells();
+    const std::vector<Cell> cells = ControlParts(view_).PendingCells();
     grid_.setPending(PendingMarks(cells));
     const int count = static_cast<int>(cells.size());
     if (std::exchange(pending_, count) != count) {
@@ -57,7 +58,7 @@ void StatusInfo::updatePending() {
 }
 
 void StatusInfo::updateSummary() {
-    const GridControl& grid = view_.Grid();
+    const GridControl& grid = ControlParts(view_).Grid();
     const std::optional<Cell> current = grid.CurrentCell();
     const SelectionSummary summary = SummaryOfSelection(grid);
     const QString name = current ? grid_.cellName(*current) : QString();

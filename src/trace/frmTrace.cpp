@@ -57,12 +57,12 @@ void frmTrace::End() noexcept {
     instance.reset();
 }
 
-std::shared_ptr<const Platform> frmTrace::SetPlatform(std::shared_ptr<const Platform> platform) noexcept {
+std::shared_ptr<const Desktop> frmTrace::SetPlatform(std::shared_ptr<const Desktop> platform) noexcept {
     return std::exchange(platform_, std::move(platform));
 }
 
 void frmTrace::mnuTrac_Click(int index) {
-    const std::shared_ptr<const Platform> platform = platform_;
+    const std::shared_ptr<const Desktop> platform = platform_;
     ResumeNext([&] {
         switch (index) {
             case AlwaysOnTop:
@@ -98,7 +98,7 @@ void frmTrace::ToggleOnTop() {
     TraceWrite(TraceLabel, "", "Always on top", checked ? "{Enabled}" : "{Disabled}");
 }
 
-void frmTrace::DeleteAll(const Platform& platform) {
+void frmTrace::DeleteAll(const Desktop& platform) {
     const std::shared_ptr<frmTrace> asked = Share();
     modPlan::TraceSave(platform);
     // While the question stood, the trace may have been switched off and the form with it, and on again.

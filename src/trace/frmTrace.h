@@ -6,9 +6,9 @@
 #include <string_view>
 
 #include <planview/Export.h>
-#include <planview/Platform.h>
 
 #include "components/ListView.h"
+#include "platform/Desktop.h"
 
 namespace planview {
 
@@ -62,14 +62,14 @@ public:
     void Form_Resize(int width, int height) noexcept;
 
     /// What the menu works with while the window is shown; null while it is not. Answers what was set before.
-    std::shared_ptr<const Platform> SetPlatform(std::shared_ptr<const Platform> platform) noexcept;
+    std::shared_ptr<const Desktop> SetPlatform(std::shared_ptr<const Desktop> platform) noexcept;
 
 private:
     frmTrace();
     void ToggleOnTop();
-    static void DeleteAll(const Platform& platform);
+    static void DeleteAll(const Desktop& platform);
 
-    std::shared_ptr<const Platform> platform_;
+    std::shared_ptr<const Desktop> platform_;
 };
 
 }  // namespace planview

@@ -126,7 +126,7 @@ void WriteList(std::ostream& out, const ListView& list) {
     }
 }
 
-void Save(const Platform& platform, const ListView& list) {
+void Save(const Desktop& platform, const ListView& list) {
     MessageAnswer answer = MessageAnswer::No;
     ResumeNext([&] {
         answer = platform.messageBoxes.Show(
@@ -181,7 +181,7 @@ void TraceWrite(std::string_view control, std::string_view message, std::string_
     });
 }
 
-void Trace_Enable(const Platform& platform) {
+void Trace_Enable(const Desktop& platform) {
     TraceEnabled = true;
     TraceCounter = 0;
     if (frmTrace::Exists() && &frmTrace::Instance() == beingSaved) {
@@ -195,7 +195,7 @@ void Trace_Enable(const Platform& platform) {
     OsCheck(platform.system);
 }
 
-void Trace_Disable(const Platform& platform) {
+void Trace_Disable(const Desktop& platform) {
     TraceEnabled = false;
     TraceWrite("USERCONTROL", "", "Trace_Disable", "{}");
     const std::shared_ptr<frmTrace> ended = frmTrace::Share();
@@ -209,23 +209,23 @@ void Trace_Disable(const Platform& platform) {
     }
 }
 
-void Trace_Leave(const Platform& platform) noexcept {
+void Trace_Leave(const Desktop& platform) noexcept {
     EndWindows([&](const TraceWindow& window) { return window.forms == &platform.forms; });
 }
 
-void Trace_Show(const Platform& platform) {
+void Trace_Show(const Desktop& platform) {
     if (!TraceEnabled) {
         return;
     }
     // The window may end, and with it the trace, while it is shown.
     const std::shared_ptr<frmTrace> shown = frmTrace::Share();
     // The window's menu works with the desktop of the control that shows it.
-    auto before = shown->SetPlatform(std::make_shared<const Platform>(platform));
+    auto before = shown->SetPlatform(std::make_shared<const Desktop>(platform));
     ResumeNext([&] { NoteWindow(platform.forms); }, [&] { platform.forms.ShowModal(*shown); });
     shown->SetPlatform(std::move(before));
 }
 
-void TraceSave(const Platform& platform) {
+void TraceSave(const Desktop& platform) {
     Save(platform, frmTrace::Share()->TraceView);
 }
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include <planview/Platform.h>
+#include "platform/Desktop.h"
 
 namespace planview::modPlan {
 
@@ -36,18 +36,18 @@ void TraceWrite(std::string_view control, std::string_view message, std::string_
                 std::string_view parameter) noexcept;
 
 /// Switches the trace on with an empty list and writes what the log needs to know of the machine.
-void Trace_Enable(const Platform& platform);
+void Trace_Enable(const Desktop& platform);
 /// Switches the trace off, offers to save the list, empties it and ends its windows, on whatever platform they are. The
 /// entry about the switch itself is written after the switch and so never recorded: the log ends with the last entry
 /// before it. Who switches the trace on again while the question is open gets a list of his own.
-void Trace_Disable(const Platform& platform);
+void Trace_Disable(const Desktop& platform);
 /// Ends the windows of the trace on this platform. A control that ends calls it, for its platform may end after it.
-void Trace_Leave(const Platform& platform) noexcept;
+void Trace_Leave(const Desktop& platform) noexcept;
 /// Shows the trace window and waits for its end; does nothing while the trace is off.
-void Trace_Show(const Platform& platform);
+void Trace_Show(const Desktop& platform);
 /// Asks and then writes the list to "MORVIDA.LOG" in the platform's log folder, replacing an earlier one. A file that
 /// cannot be written is given up without a message.
-void TraceSave(const Platform& platform);
+void TraceSave(const Desktop& platform);
 /// The list in the form of the log file; see planview::WriteTraceLog().
 void WriteTraceLines(std::ostream& out);
 

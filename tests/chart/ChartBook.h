@@ -5,6 +5,7 @@
 
 #include "components/GridControl.h"
 #include "components/chart/ChartControl.h"
+#include "control/ControlParts.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
 
@@ -32,7 +33,9 @@ protected:
         ForgetEntries();
     }
 
-    [[nodiscard]] const ChartState& Chart() { return control.Chart().State(); }
+    [[nodiscard]] GridControl& Grid() { return ControlParts(control).Grid(); }
+    [[nodiscard]] ChartControl& ChartPart() { return ControlParts(control).Chart(); }
+    [[nodiscard]] const ChartState& Chart() { return ChartPart().State(); }
     [[nodiscard]] Lines Captions() {
         Lines captions;
         for (const ChartSeries& series : Chart().series) {
@@ -44,7 +47,7 @@ protected:
     [[nodiscard]] static std::string Mark(const TableRef& table, int row) {
         return table->Value(row, "SHOW_CHART").AsText();
     }
-    void SelectRow(const char* key) { control.Grid().SelectRow(*control.Grid().FindRow(key), SelectionMode::Replace); }
+    void SelectRow(const char* key) { Grid().SelectRow(*Grid().FindRow(key), SelectionMode::Replace); }
 
     Tables tables;
     PlanView control;

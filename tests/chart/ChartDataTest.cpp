@@ -94,7 +94,7 @@ TEST_F(ChartDataTest, TheStackedViewsFollowTheTable) {
 
 TEST_F(ChartDataTest, ATextThatIsNoNumberStopsTheFill) {
     ExpectErrors();
-    control.Grid().SetAttribute(GridElement::Cell, {"COL2", "ROW1"}, GridAttribute::Contents, "soon", true);
+    Grid().SetAttribute(GridElement::Cell, {"COL2", "ROW1"}, GridAttribute::Contents, "soon", true);
     ForgetEntries();
     Rebuild();
     EXPECT_EQ(Chart().series[1].values[0], 30) << "the column before it";
@@ -102,10 +102,10 @@ TEST_F(ChartDataTest, ATextThatIsNoNumberStopsTheFill) {
     const Lines errors = Entries(IsError);
     ASSERT_EQ(errors.size(), 1u);
     EXPECT_EQ(errors[0].find("CHART"), 0u);
-    EXPECT_FALSE(control.Chart().UserMayChange(1, 1)) << "no point of a chart that is not whole leads to a cell";
-    control.Grid().SetAttribute(GridElement::Cell, {"COL2", "ROW1"}, GridAttribute::Contents, "7", true);
+    EXPECT_FALSE(ChartPart().UserMayChange(1, 1)) << "no point of a chart that is not whole leads to a cell";
+    Grid().SetAttribute(GridElement::Cell, {"COL2", "ROW1"}, GridAttribute::Contents, "7", true);
     Rebuild();
-    EXPECT_TRUE(control.Chart().UserMayChange(1, 1));
+    EXPECT_TRUE(ChartPart().UserMayChange(1, 1));
 }
 
 TEST_F(ChartDataTest, CaptionsStandWithAndWithoutTheTraceWhichListsThemWithEveryColumn) {

@@ -2,6 +2,7 @@
 #include <planview/Events.h>
 
 #include "chart/ChartBook.h"
+#include "control/ControlParts.h"
 #include "layout/PaneLayout.h"
 
 namespace planview {
@@ -29,14 +30,14 @@ protected:
     ~ChartEventsTest() override { control.RemoveSink(listener); }
 
     [[nodiscard]] std::string Contents(const char* column, const char* row) {
-        return control.Grid().Contents(*control.Grid().FindCell({column, row}));
+        return Grid().Contents(*Grid().FindCell({column, row}));
     }
 
     Listener listener;
 };
 
 TEST_F(ChartEventsTest, ADraggedPointGoesTheWayOfATypedValue) {
-    control.Chart().UserChangedPoint(2, 3, 4.5);
+    ChartPart().UserChangedPoint(2, 3, 4.5);
     EXPECT_EQ(listener.heard, (Lines{"3COL3 3ROW3 = 4,5"}));
     EXPECT_EQ(Contents("COL3", "ROW3"), "4,5");
     EXPECT_EQ(tables.tab->Value(4, "V").AsDouble(), 4.5);
@@ -47,26 +48,26 @@ TEST_F(ChartEventsTest, ADraggedPointGoesTheWayOfATypedValue) {
 }
 
 TEST_F(ChartEventsTest, AReadOnlyPointRefuses) {
-    EXPECT_TRUE(control.Chart().UserMayChange(1, 1));
+    EXPECT_TRUE(ChartPart().UserMayChange(1, 1));
     tables.lineIndex->SetValue(1, "READONLY", "X");
     control.DP_Import_Create();
-    EXPECT_FALSE(control.Chart().UserMayChange(1, 1));
+    EXPECT_FALSE(ChartPart().UserMayChange(1, 1));
     ForgetEntries();
-    control.Chart().UserChangedPoint(1, 1, 99);
+    ChartPart().UserChangedPoint(1, 1, 99);
     EXPECT_TRUE(listener.heard.empty());
     EXPECT_EQ(Contents("COL1", "ROW1"), "10");
     EXPECT_FALSE(EntriesOf("#UPDATE#").empty()) << "the chart shows the old value again";
-    EXPECT_FALSE(control.Chart().UserMayChange(7, 1)) << "no such series";
+    EXPECT_FALSE(ChartPart().UserMayChange(7, 1)) << "no such series";
 }
 
 TEST_F(ChartEventsTest, WhatIsSelectedInTheChartIsSelectedInTheGrid) {
-    control.Chart().UserSelected({ChartHitCode::Series, 2, 0});
+    ChartPart().UserSelected({ChartHitCode::Series, 2, 0});
     EXPECT_EQ(EntriesOf("Selected").front(), "CHART |  | Selected | {index: 2 - hitcode: 7}");
-    EXPECT_TRUE(control.Grid().IsSelected({{}, "ROW3"}));
+    EXPECT_TRUE(Grid().IsSelected({{}, "ROW3"}));
     EXPECT_EQ(tables.lineIndex->Value(3, "ROW_MARKED").AsText(), "X");
-    control.Chart().UserSelected({ChartHitCode::Point, 1, 2});
-    EXPECT_EQ(control.Grid().KeyOf(*control.Grid().CurrentCell()), (CellKey{"COL2", "ROW1"}));
-    EXPECT_FALSE(control.Grid().IsSelected({{}, "ROW3"}));
+    ChartPart().UserSelected({ChartHitCode::Point, 1, 2});
+    EXPECT_EQ(Grid().KeyOf(*Grid().CurrentCell()), (CellKey{"COL2", "ROW1"}));
+    EXPECT_FALSE(Grid().IsSelected({{}, "ROW3"}));
 }
 
 TEST_F(ChartEventsTest, APointKeepsItsCellWhateverTheHostDoesWithItsNumbers) {
@@ -75,7 +76,7 @@ TEST_F(ChartEventsTest, APointKeepsItsCellWhateverTheHostDoesWithItsNumbers) {
             table->SetValue(row, "CHART_ID", std::int16_t{1});
         }
     }
-    control.Chart().UserChangedPoint(2, 3, 4.5);
+    ChartPart().UserChangedPoint(2, 3, 4.5);
     EXPECT_EQ(listener.heard, (Lines{"3COL3 3ROW3 = 4,5"}));
     const struct {
         const char* why;
@@ -84,24 +85,24 @@ TEST_F(ChartEventsTest, APointKeepsItsCellWhateverTheHostDoesWithItsNumbers) {
     } strangers[] = {
         {"before the first", 0, 1}, {"before the first", 1, 0}, {"behind the last", 3, 1}, {"behind the last", 1, 4}};
     for (const auto& point : strangers) {
-        EXPECT_FALSE(control.Chart().UserMayChange(point.series, point.category)) << point.why;
+        EXPECT_FALSE(ChartPart().UserMayChange(point.series, point.category)) << point.why;
     }
 }
 
 TEST_F(ChartEventsTest, APointOfAColumnThatTheGridHasNoMoreRefuses) {
-    control.Grid().Destroy(false);
-    control.Grid().CreateLabelled(false);
-    EXPECT_FALSE(control.Chart().UserMayChange(1, 1));
+    Grid().Destroy(false);
+    Grid().CreateLabelled(false);
+    EXPECT_FALSE(ChartPart().UserMayChange(1, 1));
 }
 
 TEST_F(ChartEventsTest, MouseAndDragLeaveTheirEntries) {
     ForgetEntries();
-    control.Chart().UserPressed(1, 4, {ChartHitCode::PlotArea, 0, 0});
-    control.Chart().UserPressed(2, 0, {});
-    control.Chart().UserDragged("GridView", false);
-    control.Chart().UserDragged("GridView", true);
-    control.Chart().UserFocus(true);
-    control.Chart().UserFocus(false);
+    ChartPart().UserPressed(1, 4, {ChartHitCode::PlotArea, 0, 0});
+    ChartPart().UserPressed(2, 0, {});
+    ChartPart().UserDragged("GridView", false);
+    ChartPart().UserDragged("GridView", true);
+    ChartPart().UserFocus(true);
+    ChartPart().UserFocus(false);
     EXPECT_EQ(
         Entries([](const ListItem& item) { return item.text == "CHART"; }),
         (Lines{"CHART |  | MouseDown | {mousebutton:1 - shift: 4}", "CHART |  | MouseDown | {mousebutton:2 - shift: 0}",
@@ -117,7 +118,7 @@ TEST_F(ChartEventsTest, SelectedRowsAndColumnsGoIntoTheChart) {
     EXPECT_EQ(EntriesOf("RowsShowInChart").front(), "CHART |  | RowsShowInChart | {column:ROW1}");
     EXPECT_EQ(Captions(), (Lines{"Rent"}));
     EXPECT_EQ(Mark(tables.lineIndex, 1), "");
-    control.Grid().SelectColumn(*control.Grid().FindColumn("COL3"), SelectionMode::Replace);
+    Grid().SelectColumn(*Grid().FindColumn("COL3"), SelectionMode::Replace);
     control.ShowSelectedColumnsInChart();
     EXPECT_EQ(Chart().categories, (std::vector<std::string>{"Mar"}));
     EXPECT_EQ(listener.updates, 2);
@@ -135,7 +136,7 @@ TEST_F(ChartEventsTest, SwitchingTheChartWritesTheTable) {
     tables.gridAttr->SetValue(1, "ZOOMED", "X");
     control.DP_Import_Attribute();
     control.SwitchChart();
-    EXPECT_TRUE(control.Panes().ChartPaneVisible()) << "a zoomed grid gives way";
+    EXPECT_TRUE(ControlParts(control).Panes().ChartPaneVisible()) << "a zoomed grid gives way";
     EXPECT_EQ(tables.gridAttr->Value(1, "ZOOMED").AsText(), "");
     EXPECT_EQ(Captions().size(), 3u);
 }

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <planview/AutomationObject.h>
-#include <planview/HeadlessPlatform.h>
 #include <planview/MemoryTable.h>
 
 #include "contract/PlatformContract.h"
 #include "dialogs/frmGrid.h"
 #include "dialogs/frmRow.h"
+#include "platform/Desktop.h"
+#include "platform/HeadlessPlatform.h"
 #include "support/ScriptedPlatform.h"
 #include "trace/frmTrace.h"
 
@@ -15,7 +16,7 @@ namespace {
 
 void NobodyThere() {}
 
-void CheckPlatform(const Platform& platform) {
+void CheckPlatform(const Desktop& platform) {
     test::CheckSystemInformation(platform.system);
     test::CheckClipboard(platform.clipboard);
     test::CheckMessageBoxes(platform.messageBoxes, NobodyThere);
@@ -30,17 +31,18 @@ void CheckPlatform(const Platform& platform) {
 }  // namespace
 
 TEST(PlatformContract, Headless) {
-    HeadlessPlatform platform;
-    CheckPlatform(platform.Interfaces());
-    test::CheckPopups(platform.Interfaces().popups, false, [](const std::string&) {});
-    test::CheckProgress(platform.Interfaces().progress, false);
-    EXPECT_EQ(platform.Interfaces().fileDialogs.Save({}), "");
-    EXPECT_EQ(platform.Interfaces().fileDialogs.Open({}), "");
+    HeadlessPlatform headless;
+    const Desktop platform(headless.Interfaces());
+    CheckPlatform(platform);
+    test::CheckPopups(platform.popups, false, [](const std::string&) {});
+    test::CheckProgress(platform.progress, false);
+    EXPECT_EQ(platform.fileDialogs.Save({}), "");
+    EXPECT_EQ(platform.fileDialogs.Open({}), "");
 }
 
 TEST(PlatformContract, Scripted) {
     test::ScriptedPlatform platform;
-    CheckPlatform(platform.Interfaces());
+    CheckPlatform(Desktop(platform.Interfaces()));
     test::CheckPopups(platform, true, [&](const std::string& name) { platform.choices = {name}; });
     platform.progress.cancelAt = 3;
     test::CheckProgress(platform.progress, true);
@@ -86,15 +88,15 @@ TEST(HeadlessPlatform, TellsOfThisMachine) {
 
 TEST(HeadlessPlatform, TellsOfThisMachine) {
     HeadlessPlatform platform;
-    const std::optional<MemoryStatus> memory = platform.Interfaces().system.Memory();
+    const std::optional<MemoryStatus> memory = platform.Interfaces().system->Memory();
     ASSERT_TRUE(memory);
     EXPECT_GT(memory->totalPhysical, 64 * 1024 * 1024);
-    EXPECT_EQ(platform.Interfaces().system.PlatformId(), 3);
+    EXPECT_EQ(platform.Interfaces().system->PlatformId(), 3);
     ASSERT_EQ(setenv("XDG_STATE_HOME", "/tmp/state", 1), 0);
-    EXPECT_EQ(platform.Interfaces().system.LogFolder(), "/tmp/state/planview");
+    EXPECT_EQ(platform.Interfaces().system->LogFolder(), "/tmp/state/planview");
     ASSERT_EQ(setenv("XDG_STATE_HOME", "relative", 1), 0);
     ASSERT_EQ(setenv("HOME", "/home/planner", 1), 0);
-    EXPECT_EQ(platform.Interfaces().system.LogFolder(), "/home/planner/.local/state/planview");
+    EXPECT_EQ(platform.Interfaces().system->LogFolder(), "/home/planner/.local/state/planview");
 }
 
 #endif

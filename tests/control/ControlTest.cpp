@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include <planview/HeadlessPlatform.h>
 #include <planview/PlanView.h>
 
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
 
@@ -27,10 +27,9 @@ protected:
     Tables tables;
 };
 
-constexpr const char* TableNames[] = {"GRID_ATTR",  "COLS_INDEX",  "LINE_INDEX", "TAB",       "TAB_OLD",
-                                      "FIXED_COLS", "FIXED_LINES", "FIXED_TAB",  "CELL_ATTR", "GRID_TREE",
-                                      "MACRO_TREE", "TEXTS",       "COLMENU",    "ROWMENU",   "GRIDMENU",
-                                      "CELLMENU",   "MACROREC"};
+constexpr const char* Seventeen[] = {"GRID_ATTR",   "COLS_INDEX", "LINE_INDEX", "TAB",       "TAB_OLD",    "FIXED_COLS",
+                                     "FIXED_LINES", "FIXED_TAB",  "CELL_ATTR",  "GRID_TREE", "MACRO_TREE", "TEXTS",
+                                     "COLMENU",     "ROWMENU",    "GRIDMENU",   "CELLMENU",  "MACROREC"};
 
 std::string NameOf(DispatchId id) {
     return std::string(DescribeMembers()[static_cast<std::size_t>(id) - 1].name);
@@ -43,7 +42,7 @@ TEST_F(ControlTest, SixtyFiveMembersKeepTheirNumbers) {
                 "plv_LayoutMode",     "plv_LayoutModeDisable", "plv_ActiveNode",      "plv_MarkedRowsHide",
                 "plv_MarkedRowsShow", "DP_Import_Texts",       "DP_Import_Attribute", "DP_Import_Create",
                 "DP_Import_Update",   "DP_Import_PopupMenu",   "DP_Import_MacroTree"};
-    for (const std::string table : TableNames) {
+    for (const std::string table : Seventeen) {
         if (table != "FIXED_TAB") {
             names.push_back("PROP_Get_" + table);
         }
@@ -81,7 +80,7 @@ TEST_F(ControlTest, EveryMethodAnswersZeroByNumber) {
 TEST_F(ControlTest, TablesAreSetAndReadByNumber) {
     std::map<std::string, TableRef> given;
     for (const char* setter : {"PROP_Set_", "plvSet_"}) {
-        for (const std::string table : TableNames) {
+        for (const std::string table : Seventeen) {
             given[table] = MemoryTable::WithFieldsOf(table);
             const std::vector<Variant> argument{Variant(given[table])};
             EXPECT_EQ(control->Call(control->IdOf(setter + table), argument), Variant(std::int16_t{0})) << table;
@@ -116,6 +115,32 @@ TEST_F(ControlTest, TablePropertiesKeepTheVeryObject) {
                          }));
 }
 
+TEST_F(ControlTest, ATableIsSetByItsNameAsByItsMember) {
+    const std::span<const std::string_view> names = TableNames();
+    ASSERT_EQ(Lines(names.begin(), names.end()), Lines(std::begin(Seventeen), std::end(Seventeen)));
+    for (const std::string name : Seventeen) {
+        const auto table = std::make_shared<MemoryTable>(std::vector<std::string>{"Z"});
+        ForgetEntries();
+        control->Call(control->IdOf("PROP_Set_" + name), std::vector<Variant>{Variant(table)});
+        if (name != "FIXED_TAB") {
+            EXPECT_EQ(control->Call(control->IdOf("PROP_Get_" + name), {}), Variant(table));
+        }
+        const Lines byMember = Entries();
+        ForgetEntries();
+        control->SetTable(name, nullptr);
+        EXPECT_EQ(table.use_count(), 1) << name;
+        control->SetTable(name, table);
+        ForgetEntries();
+        control->SetTable(name, table);
+        EXPECT_EQ(control->GetTable(name), table);
+        Lines byName = Entries();
+        byName.resize(byMember.size());
+        EXPECT_EQ(byName, byMember) << name;
+    }
+    EXPECT_THROW(control->SetTable("TAB2", nullptr), AutomationError);
+    EXPECT_THROW(static_cast<void>(control->GetTable("")), AutomationError);
+}
+
 TEST_F(ControlTest, TheEndReleasesTheTablesInTheirOrder) {
     tables.GiveTo(*control);
     ForgetEntries();
@@ -133,8 +158,9 @@ TEST_F(ControlTest, TheEndReleasesTheTablesInTheirOrder) {
     private:
         Lines& out_;
     } peek(entries);
-    control = std::make_unique<PlanView>(
-        Platform{peek, platform, platform, platform, platform, platform, platform.objects, platform.progress});
+    Platform peeking = platform.Interfaces();
+    peeking.messageBoxes = &peek;
+    control = std::make_unique<PlanView>(peeking);
     tables.GiveTo(*control);
     modPlan::Trace_Enable(platform.Interfaces());
     ForgetEntries();
@@ -190,7 +216,7 @@ TEST_F(ControlTest, GridAttributesAreReadInOrderUpToTheFirstFault) {
     tables.gridAttr->SetValue(1, "HIDDEN_LIST", "X");
     control->DP_Import_Attribute();
     control->DP_Import_Create();
-    const GridSettingsState& grid = control->Grid().Settings();
+    const GridSettingsState& grid = ControlParts(*control).Grid().Settings();
     EXPECT_TRUE(grid.switched);
     EXPECT_FALSE(grid.resizeAllowed);
     EXPECT_TRUE(grid.moveAllowed) << "an empty field permits";
@@ -206,8 +232,8 @@ TEST_F(ControlTest, GridAttributesAreReadInOrderUpToTheFirstFault) {
     control->DP_Import_Create();
     EXPECT_EQ(Entries(IsError), Lines{"USERCONTROL | ERROR | DP_Import_Attribute | {error: Type mismatch: 'blue' is no "
                                       "number in field BGCOLOR of row 1}"});
-    EXPECT_FALSE(control->Grid().Settings().switched) << "read before the fault";
-    EXPECT_EQ(control->Grid().Settings().labelColumnWidth, 210) << "behind the fault";
+    EXPECT_FALSE(ControlParts(*control).Grid().Settings().switched) << "read before the fault";
+    EXPECT_EQ(ControlParts(*control).Grid().Settings().labelColumnWidth, 210) << "behind the fault";
 }
 
 TEST_F(ControlTest, WindowEventsLeaveTheirEntries) {
@@ -236,9 +262,25 @@ TEST_F(ControlTest, ImportsSayThatTheyRan) {
                      "MACROTREE |  | Update | {node: N7 - text: Plan}", "MACROTREE |  | ActiveNode | {node: N7}"}));
 }
 
+TEST(ControlLife, WhatAPlatformLacksIsThereWithoutAScreen) {
+    test::ScriptedPlatform scripted;
+    PlanView control({.messageBoxes = &scripted});
+    control.plv_LayoutShow();
+    EXPECT_EQ(scripted.messages.size(), 1U) << "the host's own piece";
+    const Tables tables;
+    tables.AddColumn(1, "Jan");
+    tables.AddLine(1, "Sales");
+    tables.GiveTo(control);
+    control.DP_Import_Create();
+    ControlParts(control).Grid().SelectAll();
+    control.Copy();
+    control.Download();
+    ControlParts(control).Grid().ReportMenuKey();
+    EXPECT_NE(control.DownloadTo("/nowhere/plan.xlsx"), "") << "no spreadsheet application is known";
+}
+
 TEST(ControlLife, AHostMayEndTheControlFromItsOwnTable) {
-    HeadlessPlatform platform;
-    auto control = std::make_unique<PlanView>(platform.Interfaces());
+    auto control = std::make_unique<PlanView>();
     /// Ends the control at the first access, in the middle of DP_Import_Create.
     class EndsControl final : public AutomationObject {
     public:

@@ -8,10 +8,10 @@
 #include <malloc.h>
 #endif
 
-#include <planview/HeadlessPlatform.h>
 #include <planview/PlanView.h>
 
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
 
@@ -37,13 +37,13 @@ void Fill(const Tables& tables) {
 }
 
 Cell CellAt(PlanView& control, const char* column, const char* row) {
-    return control.Grid().FindCell({column, row}).value();
+    return ControlParts(control).Grid().FindCell({column, row}).value();
 }
 
 /// Enters a text as a view does, which keeps the control until the grid has returned.
 void Enter(const std::shared_ptr<PlanView>& control, const char* text) {
     const std::shared_ptr<PlanView> kept = control;
-    kept->Grid().EnterText(CellAt(*kept, "COL2", "ROW2"), text);
+    ControlParts(*kept).Grid().EnterText(CellAt(*kept, "COL2", "ROW2"), text);
 }
 
 /// The host's table, which takes itself away from the control in the middle of the count-th access to it.
@@ -105,14 +105,14 @@ const std::vector<UserAction>& UserActions() {
         {"delete", [](const auto& control) { control->Delete(); }},
         {"hide",
          [](const auto& control) {
-             control->Grid().SelectRow(CellAt(*control, "COL2", "ROW2").row, SelectionMode::Replace);
+             ControlParts(*control).Grid().SelectRow(CellAt(*control, "COL2", "ROW2").row, SelectionMode::Replace);
              control->HideRows();
          }},
         {"chart", [](const auto& control) { control->SwitchChart(); }},
         {"double click",
          [](const auto& control) {
              const std::shared_ptr<PlanView> kept = control;
-             kept->Grid().ReportDoubleClick(CellAt(*kept, "COL2", "ROW2"));
+             ControlParts(*kept).Grid().ReportDoubleClick(CellAt(*kept, "COL2", "ROW2"));
          }},
     };
     return actions;
@@ -197,10 +197,10 @@ TEST_F(LifetimeTest, TwoControlsShareTheirTables) {
     first->AddSink(sink);
     Enter(first, "70");
     second->DP_Import_Update();
-    EXPECT_EQ(second->Grid().Contents(CellAt(*second, "COL2", "ROW2")), "70");
+    EXPECT_EQ(ControlParts(*second).Grid().Contents(CellAt(*second, "COL2", "ROW2")), "70");
     Enter(second, "71");
     first->DP_Import_Update();
-    EXPECT_EQ(first->Grid().Contents(CellAt(*first, "COL2", "ROW2")), "71");
+    EXPECT_EQ(ControlParts(*first).Grid().Contents(CellAt(*first, "COL2", "ROW2")), "71");
     EXPECT_EQ(tables.tabOld->RowCount(), 1) << "one cell, one old value";
     second.reset();
     EXPECT_EQ(tables.tab.use_count(), 2);
@@ -227,7 +227,7 @@ TEST_F(LifetimeTest, TheTraceMayBeSwitchedInsideAnyEvent) {
         for (int i = 0; i < 4; ++i) {
             action.run(control);
         }
-        EXPECT_EQ(control->Grid().Columns(ColumnArea::Center).size(), 3U) << action.name;
+        EXPECT_EQ(ControlParts(*control).Grid().Columns(ColumnArea::Center).size(), 3U) << action.name;
         control->RemoveSink(sink);
     }
 }

@@ -4,6 +4,7 @@
 #include <planview/PlanView.h>
 
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
 
@@ -24,16 +25,16 @@ protected:
         }
         tables.GiveTo(control);
     }
-    ~MarkedRowsTest() override { control.Grid().SetWatcher(nullptr); }
+    ~MarkedRowsTest() override { ControlParts(control).Grid().SetWatcher(nullptr); }
 
     void Build() {
         control.DP_Import_Create();
-        control.Grid().SetWatcher(this);
+        ControlParts(control).Grid().SetWatcher(this);
         ForgetEntries();
     }
     /// The numbers of the lines that the grid hides, and of those that the table says are hidden.
     [[nodiscard]] std::string Hidden() {
-        const GridControl& grid = control.Grid();
+        const GridControl& grid = ControlParts(control).Grid();
         std::string hidden;
         for (const RowId row : grid.Rows(RowArea::Center)) {
             hidden += grid.Row(row).hidden ? grid.Row(row).key.substr(3) : "";
@@ -79,7 +80,7 @@ TEST_F(MarkedRowsTest, WithoutAMarkNothingIsWrittenButTheGridIsDrawn) {
     tables.lineIndex->SetValue(2, "ROW_MARKED", "x");
     tables.lineIndex->SetValue(4, "ROW_MARKED", "");
     Build();
-    control.Grid().SetAttribute(GridElement::Row, {{}, "ROW1"}, GridAttribute::Height, 40, false);
+    ControlParts(control).Grid().SetAttribute(GridElement::Row, {{}, "ROW1"}, GridAttribute::Height, 40, false);
     control.plv_MarkedRowsShow();
     EXPECT_EQ(drawn, 1) << "what was changed without redraw before";
     EXPECT_TRUE(tables.lineIndex->Value(4, "ROW_HIDDEN").IsEmpty());
@@ -117,7 +118,7 @@ TEST_F(MarkedRowsTest, ATableThatFailsHalfwayLeavesTheRedrawOn) {
     control.plv_MarkedRowsHide();
     EXPECT_EQ(Hidden(), "2 2");
     EXPECT_EQ(drawn, 1) << "what was hidden before the failure is shown so";
-    EXPECT_TRUE(control.Grid().RedrawOn());
+    EXPECT_TRUE(ControlParts(control).Grid().RedrawOn());
 }
 
 }  // namespace planview

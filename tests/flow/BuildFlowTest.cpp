@@ -5,6 +5,7 @@
 
 #include "components/AxisLayout.h"
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "grid/HostUpdate.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
@@ -41,7 +42,7 @@ TEST_F(BuildFlow, FromATableRowToAPaintedCell) {
               "GRIDCTL |  | Contents | {cid: COL3 - rid: ROW2 - contents:15284,7 - redraw:False}");
 
     // The grid keeps the number in the control's form and shows it by the row's format.
-    const GridControl& grid = control.Grid();
+    const GridControl& grid = ControlParts(control).Grid();
     const std::optional<Cell> cell = grid.FindCell({"COL3", "ROW2"});
     ASSERT_TRUE(cell);
     EXPECT_EQ(grid.Contents(*cell), "15284,7");
@@ -70,7 +71,7 @@ TEST_F(BuildFlow, TheHostHearsOfTheScrollPositionBeforeItsEvents) {
     PlanView control(platform.Interfaces());
     tables.GiveTo(control);
     control.DP_Import_Create();
-    GridControl& grid = control.Grid();
+    GridControl& grid = ControlParts(control).Grid();
     grid.ScrollToColumn(*grid.FindColumn("COL30"));
     grid.ScrollToRow(*grid.FindRow("ROW4"));
 

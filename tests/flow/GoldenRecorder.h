@@ -15,6 +15,7 @@
 #include "automation/Numbers.h"
 #include "components/GridControl.h"
 #include "components/chart/ChartControl.h"
+#include "control/ControlParts.h"
 #include "macro/editor/MacroEditor.h"
 #include "support/GridText.h"
 #include "support/SampleTables.h"
@@ -148,7 +149,7 @@ private:
 
     [[nodiscard]] Texts ShownNow() {
         Texts texts;
-        std::istringstream drawing(GridText(control->Grid()));
+        std::istringstream drawing(GridText(ControlParts(*control).Grid()));
         for (std::string line; std::getline(drawing, line);) {
             std::istringstream words(line);
             std::string row;
@@ -159,7 +160,7 @@ private:
             }
             texts[row] += text;
         }
-        const ChartState& chart = control->Chart().State();
+        const ChartState& chart = ControlParts(*control).Chart().State();
         texts["chart"] = chart.title + (chart.IsComparison() ? ", compared" : "");
         for (std::size_t i = 0; i < chart.series.size(); ++i) {
             const ChartSeries& series = chart.series[i];
@@ -170,8 +171,8 @@ private:
                 text += " " + chart.categories[at] + "=" + NumberText(series.values[at]);
             }
         }
-        texts["tree"] = TreeText(control->Tree());
-        const MacroEditor& editor = control->Editor();
+        texts["tree"] = TreeText(ControlParts(*control).Tree());
+        const MacroEditor& editor = ControlParts(*control).Editor();
         for (std::size_t i = 0; i < editor.Lines().size(); ++i) {
             const MacroLine& line = editor.Lines()[i];
             texts["macro " + Number(static_cast<int>(i) + 1)] =

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "components/TreeControl.h"
+#include "control/ControlParts.h"
 #include "dialogs/frmChart.h"
 #include "dialogs/frmGrid.h"
 #include "dialogs/frmRow.h"
@@ -53,7 +54,7 @@ private:
     void FillFixed();
     void FillMenusAndMacros();
 
-    [[nodiscard]] GridControl& Grid() { return control->Grid(); }
+    [[nodiscard]] GridControl& Grid() { return ControlParts(*control).Grid(); }
     [[nodiscard]] Cell At(const std::string& place) {
         const std::size_t slash = place.find('/');
         return Grid().FindCell({place.substr(0, slash), place.substr(slash + 1)}).value();
@@ -72,9 +73,9 @@ private:
     }
     void ChartClick(ChartHitCode code, int series, std::deque<std::string> choices = {}) {
         platform.choices = std::move(choices);
-        control->Chart().UserPressed(Right, NoShift, {code, series, code == ChartHitCode::Point ? 1 : 0});
+        ControlParts(*control).Chart().UserPressed(Right, NoShift, {code, series, code == ChartHitCode::Point ? 1 : 0});
     }
-    [[nodiscard]] TreeNode Node(const char* key) { return control->Tree().Nodes().Item(key); }
+    [[nodiscard]] TreeNode Node(const char* key) { return ControlParts(*control).Tree().Nodes().Item(key); }
     template <class Wanted>
     void WhileShown(std::function<void(Wanted&)> act) {
         platform.whileShown = [act](Form& form) { act(dynamic_cast<Wanted&>(form)); };
@@ -409,14 +410,14 @@ void GoldenRun::View() {
 
 void GoldenRun::Chart() {
     Step("series and points are selected in the chart");
-    control->Chart().UserFocus(true);
-    control->Chart().UserPressed(Left, NoShift, {ChartHitCode::Series, 2, 0});
-    control->Chart().UserSelected({ChartHitCode::Series, 2, 0});
-    control->Chart().UserSelected({ChartHitCode::Point, 1, 2});
+    ControlParts(*control).Chart().UserFocus(true);
+    ControlParts(*control).Chart().UserPressed(Left, NoShift, {ChartHitCode::Series, 2, 0});
+    ControlParts(*control).Chart().UserSelected({ChartHitCode::Series, 2, 0});
+    ControlParts(*control).Chart().UserSelected({ChartHitCode::Point, 1, 2});
     Step("a point is dragged");
-    control->Chart().UserChangedPoint(1, 2, 8123.25);
+    ControlParts(*control).Chart().UserChangedPoint(1, 2, 8123.25);
     Step("a point of no cell is dragged");
-    control->Chart().UserChangedPoint(7, 2, 1);
+    ControlParts(*control).Chart().UserChangedPoint(7, 2, 1);
     Step("types of a series");
     for (const char* entry : {"mnuLineStacked100", "mnuChartColumn"}) {
         ChartClick(ChartHitCode::Series, 1, {entry});
@@ -435,9 +436,9 @@ void GoldenRun::Chart() {
     Grid().SelectColumn(Column("COL4"), SelectionMode::Extend);
     control->ShowSelectedColumnsInChart();
     Step("something is dragged over the chart");
-    control->Chart().UserDragged("GridView", false);
-    control->Chart().UserDragged("GridView", true);
-    control->Chart().UserFocus(false);
+    ControlParts(*control).Chart().UserDragged("GridView", false);
+    ControlParts(*control).Chart().UserDragged("GridView", true);
+    ControlParts(*control).Chart().UserFocus(false);
 }
 
 void GoldenRun::ChartViews() {
@@ -461,7 +462,7 @@ void GoldenRun::ChartViews() {
 }
 
 void GoldenRun::Tree() {
-    TreeControl& tree = control->Tree();
+    TreeControl& tree = ControlParts(*control).Tree();
     Step("nodes are opened, closed and clicked");
     tree.UserFocus(true);
     tree.UserExpand(Node("F2"), true);
@@ -495,18 +496,18 @@ void GoldenRun::Tree() {
 }
 
 void GoldenRun::EditMacro() {
-    MacroEditor& editor = control->Editor();
+    MacroEditor& editor = ControlParts(*control).Editor();
     Step("a macro is run, undone and run again");
-    control->Tree().UserClick(Node("M1"), false);
+    ControlParts(*control).Tree().UserClick(Node("M1"), false);
     editor.Check();
     editor.Run();
     control->Undo();
     control->Redo();
     Step("a macro that is wrong is run");
-    TreeNodes& nodes = control->Tree().Nodes();
+    TreeNodes& nodes = ControlParts(*control).Tree().Nodes();
     for (TreeNode node = nodes.FirstRoot(); node; node = node.NextSibling()) {
         if (node.Text() == "Wrong") {
-            control->Tree().UserClick(node, false);
+            ControlParts(*control).Tree().UserClick(node, false);
             break;
         }
     }
@@ -536,10 +537,10 @@ void GoldenRun::EditMacro() {
         if (*choice != '\0') {
             platform.choices = {choice};
         }
-        control->Toolbar().UserPress(button);
+        ControlParts(*control).Toolbar().UserPress(button);
         platform.choices.clear();
     }
-    control->Toolbar().UserDragSelection("ROW1/COL1:COL2");
+    ControlParts(*control).Toolbar().UserDragSelection("ROW1/COL1:COL2");
     Step("elements are renamed, moved and deleted");
     editor.SetCurrent(0);
     editor.Rename("Sum up");

@@ -4,6 +4,7 @@
 #include <planview/PlanView.h>
 
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "grid/modGrid.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
@@ -32,7 +33,7 @@ protected:
         control.DP_Import_Create();
     }
 
-    [[nodiscard]] const GridControl& Grid() { return control.Grid(); }
+    [[nodiscard]] GridControl& Grid() { return ControlParts(control).Grid(); }
     [[nodiscard]] Cell At(const char* column, const char* row) {
         const std::optional<Cell> cell = Grid().FindCell({column, row});
         EXPECT_TRUE(cell) << column << "/" << row;
@@ -391,11 +392,11 @@ TEST_F(ConstructionTest, BuildingTwiceLeavesOneGridDrawnOnce) {
         void GridChanged(const GridChange&) override { ++calls; }
     } watcher;
     Build();
-    control.Grid().SetWatcher(&watcher);
+    Grid().SetWatcher(&watcher);
     Build();
     EXPECT_EQ(watcher.calls, 1);
     EXPECT_EQ(Keys(ColumnArea::Center), (Lines{"COL3", "COL7"}));
-    control.Grid().SetWatcher(nullptr);
+    Grid().SetWatcher(nullptr);
 }
 
 TEST(ConstructionAtItsLimit, TheLastColumnThatATableCanCountIsWhole) {
@@ -408,7 +409,7 @@ TEST(ConstructionAtItsLimit, TheLastColumnThatATableCanCountIsWhole) {
     }
     tables.GiveTo(control);
     control.DP_Import_Create();
-    EXPECT_EQ(control.Grid().Columns(ColumnArea::Center).size(), 32767U);
+    EXPECT_EQ(ControlParts(control).Grid().Columns(ColumnArea::Center).size(), 32767U);
     EXPECT_EQ(tables.colsIndex->Value(Last, "GRID_ID"), Variant("COL32767"));
 }
 
@@ -416,8 +417,8 @@ TEST(ConstructionWithoutTables, EveryLoaderEndsAtItsTrap) {
     test::ScriptedPlatform platform;
     PlanView control(platform.Interfaces());
     EXPECT_EQ(control.DP_Import_Update(), 0);
-    EXPECT_EQ(control.Grid().Columns(ColumnArea::Left).size(), 1U);
-    EXPECT_TRUE(control.Grid().Columns(ColumnArea::Center).empty());
+    EXPECT_EQ(ControlParts(control).Grid().Columns(ColumnArea::Left).size(), 1U);
+    EXPECT_TRUE(ControlParts(control).Grid().Columns(ColumnArea::Center).empty());
 }
 
 }  // namespace planview

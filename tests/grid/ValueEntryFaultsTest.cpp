@@ -244,8 +244,8 @@ TEST_F(ValueEntryFaultsTest, ASpreadsheetsOwnNumbersAreTakenInThePlaceOfTheirTex
 
 TEST_F(ValueEntryFaultsTest, ASingleCellIsAnsweredBesideIt) {
     Lines told;
-    control->SetHintListener([&](const Cell& cell, std::string_view reason) {
-        told.push_back(Grid().KeyOf(cell).column + "/" + Grid().KeyOf(cell).row + " " + std::string(reason));
+    control->SetHintListener([&](const CellKey& cell, std::string_view reason) {
+        told.push_back(cell.column + "/" + cell.row + " " + std::string(reason));
         return true;
     });
     const std::string readOnly(RefusalText(Refusal::ReadOnly));
@@ -302,7 +302,7 @@ TEST_F(ValueEntryFaultsTest, CountingPendingCellsLeavesNoTraceAndGetsOverAnyValu
         AddRow(*tables.tabOld, {{"Z", 1}, {"C", column}, {"V", column == 2 ? Variant("text") : Variant("10,0")}});
     }
     ForgetEntries();
-    EXPECT_EQ(control->PendingCells(), (std::vector<Cell>{At("COL2", "ROW1"), At("COL3", "ROW1")}));
+    EXPECT_EQ(control->PendingCells(), (std::vector<CellKey>{{"COL2", "ROW1"}, {"COL3", "ROW1"}}));
     EXPECT_EQ(Entries(), Lines{});
 }
 

@@ -10,6 +10,7 @@
 #include <planview/PlanView.h>
 
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
 
@@ -51,7 +52,7 @@ protected:
     }
     ~ValueEntryTest() override { control->RemoveSink(host); }
 
-    [[nodiscard]] GridControl& Grid() { return control->Grid(); }
+    [[nodiscard]] GridControl& Grid() { return ControlParts(*control).Grid(); }
     [[nodiscard]] Cell At(const char* column, const char* row) {
         const std::optional<Cell> cell = Grid().FindCell({column, row});
         EXPECT_TRUE(cell) << column << "/" << row;

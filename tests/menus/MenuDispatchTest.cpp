@@ -2,6 +2,7 @@
 #include <planview/PlanView.h>
 
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "layout/PaneLayout.h"
 #include "menus/MenuTree.h"
 #include "support/SampleTables.h"
@@ -34,22 +35,24 @@ protected:
         ForgetEntries();
     }
 
+    [[nodiscard]] GridControl& Grid() { return ControlParts(*control).Grid(); }
+    [[nodiscard]] PaneLayout& Panes() { return ControlParts(*control).Panes(); }
     /// A right click at a place, "COL1/ROW1"; the names are chosen from the popups that open one after another.
     void RightClick(const std::string& place, std::deque<std::string> choices = {}) {
         platform.popups.clear();
         platform.choices = std::move(choices);
         heard.clear();
-        control->Grid().ReportMouseDown(At(place), 2, 0);
+        Grid().ReportMouseDown(At(place), 2, 0);
     }
     [[nodiscard]] Cell At(const std::string& place) {
         const std::size_t slash = place.find('/');
-        return control->Grid().FindCell({place.substr(0, slash), place.substr(slash + 1)}).value();
+        return Grid().FindCell({place.substr(0, slash), place.substr(slash + 1)}).value();
     }
     void SelectColumn(const char* key, SelectionMode mode = SelectionMode::Replace) {
-        control->Grid().SelectColumn(control->Grid().FindColumn(key).value(), mode);
+        Grid().SelectColumn(Grid().FindColumn(key).value(), mode);
     }
     void SelectRow(const char* key, SelectionMode mode = SelectionMode::Replace) {
-        control->Grid().SelectRow(control->Grid().FindRow(key).value(), mode);
+        Grid().SelectRow(Grid().FindRow(key).value(), mode);
     }
     /// The values of a field, row by row.
     static Lines Field(const test::TableRef& table, const char* field) {
@@ -132,7 +135,7 @@ TEST_F(MenuDispatchTest, EntriesFollowWhatIsTrue) {
     RightClick("COL2/FTR0");
     EXPECT_FALSE(Offered("mnuColsHide")) << "the selected one is hidden already";
     EXPECT_TRUE(Offered("mnuColsShow"));
-    control->Grid().SelectAll();
+    Grid().SelectAll();
     RightClick("COL2/FTR0");
     EXPECT_FALSE(Offered("mnuColsHide")) << "no heading would be left to show them again from";
 
@@ -157,7 +160,7 @@ TEST_F(MenuDispatchTest, CommandsOfColumnsAndRowsReachTablesAndGrid) {
     const auto marked = [&] { return Field(tables.colsIndex, "COL_MARKED"); };
     RightClick("COL2/FTR0", {"mnuColsSelectAll"});
     EXPECT_EQ(marked(), (Lines{"X", "X", "X"}));
-    EXPECT_TRUE(control->Grid().IsSelected({"COL2", {}}));
+    EXPECT_TRUE(Grid().IsSelected({"COL2", {}}));
     RightClick("COL2/FTR0", {"mnuColsDeselect"});
     EXPECT_EQ(marked(), (Lines{"", "", ""}));
     EXPECT_EQ(heard, (Lines{"update"}));
@@ -206,7 +209,7 @@ TEST_F(MenuDispatchTest, RowColorsGoThroughTheColorsPopup) {
     RightClick("FLC0/ROW2", {"mnuRowBgColor", "mnuColor(13)"});
     EXPECT_EQ(platform.popups.back().caption, "Colors");
     EXPECT_EQ(Field(tables.lineIndex, "ROW_BG"), (Lines{"", "14", "14", ""}));
-    EXPECT_EQ(control->Grid().Look(At("COL1/ROW3")).background, 14);
+    EXPECT_EQ(Grid().Look(At("COL1/ROW3")).background, 14);
     EXPECT_EQ(heard, (Lines{"update"}));
     RightClick("FLC0/ROW2", {"mnuRowBgColor", "mnuColor(15)"});
     EXPECT_EQ(Field(tables.lineIndex, "ROW_BG"), (Lines{"", "0", "0", ""})) << "white is index 0";
@@ -224,9 +227,9 @@ TEST_F(MenuDispatchTest, ViewCommandsWriteTheirFlagAndTellTheHost) {
         const char* field;
         std::function<bool()> shown;
     } cases[] = {
-        {"mnuSwitch", "SWITCHED", [&] { return control->Grid().Settings().switched; }},
-        {"mnuZoom", "ZOOMED", [&] { return control->Panes().Zoomed(); }},
-        {"mnuMacroTree", "HIDDEN_LIST", [&] { return control->Panes().TreePaneVisible(); }},
+        {"mnuSwitch", "SWITCHED", [&] { return Grid().Settings().switched; }},
+        {"mnuZoom", "ZOOMED", [&] { return Panes().Zoomed(); }},
+        {"mnuMacroTree", "HIDDEN_LIST", [&] { return Panes().TreePaneVisible(); }},
     };
     for (const auto& row : cases) {
         for (const bool on : {true, false}) {
@@ -239,18 +242,18 @@ TEST_F(MenuDispatchTest, ViewCommandsWriteTheirFlagAndTellTheHost) {
     }
     control->PROP_Set_GRID_ATTR(nullptr);
     RightClick("FLC0/FTR0", {"mnuSwitch"});
-    EXPECT_TRUE(control->Grid().Settings().switched) << "also without a table to keep it";
+    EXPECT_TRUE(Grid().Settings().switched) << "also without a table to keep it";
 }
 
 TEST_F(MenuDispatchTest, CellCommandsUseTheClipboard) {
-    control->Grid().SelectCell(At("COL2/ROW1"), SelectionMode::Replace);
+    Grid().SelectCell(At("COL2/ROW1"), SelectionMode::Replace);
     RightClick("COL2/ROW1", {"mnuCellCopy"});
     EXPECT_EQ(platform.onClipboard.text, "12");
     RightClick("COL2/ROW1", {"mnuCellCut"});
-    EXPECT_EQ(control->Grid().Contents(At("COL2/ROW1")), "");
-    control->Grid().SelectCell(At("COL1/ROW1"), SelectionMode::Replace);
+    EXPECT_EQ(Grid().Contents(At("COL2/ROW1")), "");
+    Grid().SelectCell(At("COL1/ROW1"), SelectionMode::Replace);
     RightClick("COL1/ROW1", {"mnuCellPaste"});
-    EXPECT_EQ(control->Grid().Contents(At("COL1/ROW1")), "12");
+    EXPECT_EQ(Grid().Contents(At("COL1/ROW1")), "12");
 }
 
 TEST_F(MenuDispatchTest, CopyInASelectionTracesTheClickedCell) {
@@ -269,9 +272,9 @@ TEST_F(MenuDispatchTest, TestDataAreOneChangeOfTheUsers) {
     RightClick("FLC0/FTR0", {"mnuRandom"});
     EXPECT_EQ(tables.tabOld->RowCount(), 9);
     EXPECT_EQ(heard, (Lines{"update"}));
-    EXPECT_EQ(control->Grid().Contents(At("COL1/ROW4")), "41") << "a read-only line";
+    EXPECT_EQ(Grid().Contents(At("COL1/ROW4")), "41") << "a read-only line";
     control->Undo();
-    EXPECT_EQ(control->Grid().Contents(At("COL3/ROW3")), "33");
+    EXPECT_EQ(Grid().Contents(At("COL3/ROW3")), "33");
     EXPECT_FALSE(control->CanUndo());
 }
 
@@ -327,7 +330,7 @@ TEST_F(MenuDispatchTest, NoGridPopupOpensWhileTheControlChangesTheGrid) {
         std::function<void()> click_;
     } sink([&] { RightClick("COL1/ROW1"); });
     control->AddSink(sink);
-    control->Grid().EnterText(At("COL1/ROW1"), "5");
+    Grid().EnterText(At("COL1/ROW1"), "5");
     EXPECT_EQ(platform.popups.size(), 0U);
     control->RemoveSink(sink);
     RightClick("COL1/ROW1");
@@ -347,17 +350,17 @@ TEST_F(MenuDispatchTest, AFailingCommandEndsInTheTrace) {
 TEST_F(MenuDispatchTest, TheMenuKeyIsAboutWhatIsSelected) {
     const auto press = [&] {
         platform.popups.clear();
-        control->Grid().ReportMenuKey();
+        Grid().ReportMenuKey();
         return platform.popups.empty() ? "" : platform.popups.front().caption;
     };
-    control->Grid().SelectCell(At("COL2/ROW2"), SelectionMode::Replace);
+    Grid().SelectCell(At("COL2/ROW2"), SelectionMode::Replace);
     EXPECT_EQ(press(), "Cell");
     EXPECT_EQ(platform.popupPlaces.back(), PopupPlace::CurrentCell);
     SelectColumn("COL2");
     EXPECT_EQ(press(), "Column");
     SelectRow("ROW2");
     EXPECT_EQ(press(), "Row");
-    control->Grid().SelectAll();
+    Grid().SelectAll();
     EXPECT_EQ(press(), "Grid");
 }
 

@@ -17,6 +17,7 @@
 #include "book/BookSnapshot.h"
 #include "book/BookStore.h"
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "planbook/ScriptedQuestions.h"
 #include "planbook/TestBook.h"
 
@@ -28,7 +29,7 @@ struct BookWindow {
         window.openBook(file);
     }
 
-    planview::GridControl& Grid() { return window.view().control().Grid(); }
+    planview::GridControl& Grid() { return planview::ControlParts(window.view().control()).Grid(); }
     planview::Cell At(int line, int period) {
         const std::string column = "COL" + std::to_string(period);
         const std::string row = "ROW" + std::to_string(line);

@@ -17,6 +17,7 @@
 #include "app/MainWindow.h"
 #include "components/GridControl.h"
 #include "components/chart/ChartControl.h"
+#include "control/ControlParts.h"
 #include "import/Import.h"
 #include "planbook/ScriptedQuestions.h"
 #include "planbook/TestFolder.h"
@@ -120,7 +121,7 @@ protected:
             }
         }
     }
-    [[nodiscard]] planview::GridControl& Grid() { return window_.view().control().Grid(); }
+    [[nodiscard]] planview::GridControl& Grid() { return planview::ControlParts(window_.view().control()).Grid(); }
     [[nodiscard]] planview::Cell At(const char* column, const char* row) {
         return Grid().FindCell({column, row}).value();
     }
@@ -168,7 +169,8 @@ TEST_F(GoldenWindow, LeavesTheTraceThatWasKept) {
         Grid().SelectAll();
         Choose({"View", "Show selected rows"});
     });
-    Step("a point of the chart is dragged", [&] { window_.view().control().Chart().UserChangedPoint(1, 2, 7500.5); });
+    Step("a point of the chart is dragged",
+         [&] { planview::ControlParts(window_.view().control()).Chart().UserChangedPoint(1, 2, 7500.5); });
     Step("the chart is hidden and shown", [&] {
         Choose({"View", "Chart", "Chart"});
         Choose({"View", "Chart", "Chart"});

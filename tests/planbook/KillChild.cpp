@@ -11,6 +11,7 @@
 #include "app/HostMessageBoxes.h"
 #include "app/MainWindow.h"
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "planbook/KillScript.h"
 
 namespace {
@@ -26,7 +27,7 @@ Cell cellAt(const GridControl& grid, int line, int period) {
 }
 
 void run(PlanViewWidget& view, const KillEdit& edit) {
-    GridControl& grid = view.control().Grid();
+    GridControl& grid = planview::ControlParts(view.control()).Grid();
     const Cell first = cellAt(grid, edit.line, edit.period);
     if (edit.kind == KillEdit::Kind::Type) {
         grid.EnterText(first, edit.value);

@@ -13,6 +13,7 @@
 #include "app/FindBar.h"
 #include "app/RecentBooks.h"
 #include "components/chart/ChartControl.h"
+#include "control/ControlParts.h"
 #include "planbook/BookWindow.h"
 
 namespace planbook {
@@ -210,7 +211,7 @@ TEST(Window, PutsABookAwayWithTheMarksOfItsUsualView) {
     }
     const std::string before = DumpTable(LoadBook(file), BookTable::LineIndex);
     ChooseInSubmenu("Chart view", "Forecast (Compare)");
-    view.control().Chart().UserPressed(2, 0, {planview::ChartHitCode::PlotArea, 0, 0});
+    planview::ControlParts(view.control()).Chart().UserPressed(2, 0, {planview::ChartHitCode::PlotArea, 0, 0});
     EXPECT_NE(DumpTable(LoadBook(file), BookTable::LineIndex), before) << "the forecast view has marks of its own";
     EXPECT_TRUE(w.window.close());
     EXPECT_EQ(DumpTable(LoadBook(file), BookTable::LineIndex), before);

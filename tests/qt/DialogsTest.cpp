@@ -25,9 +25,10 @@ namespace planview {
 namespace {
 
 /// A control whose forms are real windows; everything else is scripted.
-class Desktop : public test::ScriptedPlatform {
+class QtDesktop : public test::ScriptedPlatform {
 public:
-    Desktop() : widget(std::make_unique<QWidget>()), forms(std::make_unique<QtForms>(*widget)), context(Interfaces()) {
+    QtDesktop()
+        : widget(std::make_unique<QWidget>()), forms(std::make_unique<QtForms>(*widget)), context(Interfaces()) {
         widget->resize(400, 300);
         for (int i = 1; i <= 4; ++i) {
             tables.AddColumn(i, ("2026-0" + std::to_string(i)).c_str());
@@ -156,7 +157,7 @@ private slots:
     void initTestCase() { QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10)); }
 
     void optionsAreChosenByKeyboardAndMouse() {
-        Desktop desktop;
+        QtDesktop desktop;
         desktop.chosenColor = 4;  // red
         whenShown<QDialog>([](QDialog* dialog) {
             QCOMPARE(dialog->windowTitle(), QStringLiteral("Grid general options"));
@@ -178,7 +179,7 @@ private slots:
     }
 
     void escapeAndTheFrameCancel() {
-        Desktop desktop;
+        QtDesktop desktop;
         for (const bool byFrame : {false, true}) {
             whenShown<QDialog>([byFrame](QDialog* dialog) {
                 auto* move = button<QCheckBox>(*dialog, QStringLiteral("Allow move of columns and rows"));
@@ -196,7 +197,7 @@ private slots:
     }
 
     void aRowIsPreviewedWhileItIsChanged() {
-        Desktop desktop;
+        QtDesktop desktop;
         desktop.selectRow("ROW1");
         desktop.chosenColor = 9;  // light blue
         whenShown<QDialog>([](QDialog* dialog) {
@@ -231,7 +232,7 @@ private slots:
     }
 
     void aHeightThatMakesNoSenseIsSaid() {
-        Desktop desktop;
+        QtDesktop desktop;
         desktop.selectRow("ROW1");
         whenShown<QDialog>([&desktop](QDialog* dialog) {
             auto* height = dialog->findChild<QLineEdit*>();
@@ -267,7 +268,7 @@ private slots:
     void everythingIsReachedAndReadable() {
         QFETCH(bool, row);
         QFETCH(bool, dark);
-        Desktop desktop;
+        QtDesktop desktop;
         desktop.forms->setTheme(dark ? GridTheme::darkTheme() : GridTheme::light());
         desktop.selectRow("ROW1");
         whenShown<QDialog>([row, dark](QDialog* dialog) {
@@ -293,7 +294,7 @@ private slots:
     void theControlMayGoWhileADialogIsOpen() {
         QFETCH(bool, whole);
         QPointer<QWidget> window(new QWidget);
-        Desktop desktop;
+        QtDesktop desktop;
         QWidget* control = desktop.widget.get();
         control->setParent(window);
         static_cast<void>(desktop.widget.release());  // its parent's now
@@ -307,7 +308,7 @@ private slots:
     }
 
     void theControlMayGoWhileAColourIsChosen() {
-        Desktop desktop;
+        QtDesktop desktop;
         desktop.context.chooseColor = [&desktop] {
             desktop.widget.reset();
             return std::optional(3);

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QToolButton>
 
+#include "control/ControlParts.h"
 #include "qt/WhenShown.h"
 #include "qt/WidgetOnScreen.h"
 #include "qt/macro/MacroPane.h"
@@ -25,7 +26,7 @@ class MacroPanesTest : public QObject {
             widget->plv_LayoutShow();
             QCoreApplication::processEvents();
         }
-        [[nodiscard]] MacroEditor& macros() const { return widget->control().Editor(); }
+        [[nodiscard]] MacroEditor& macros() const { return ControlParts(widget->control()).Editor(); }
         [[nodiscard]] MacroListView& list() const { return *widget->findChild<MacroListView*>(); }
         [[nodiscard]] QLineEdit& field() const { return *widget->findChild<QLineEdit*>(QStringLiteral("txtOpa")); }
         [[nodiscard]] QString message() const {
@@ -200,7 +201,7 @@ private slots:
         widget.plv_LayoutMode();
         widget.plv_LayoutShow();
         widget.DP_Import_Create();
-        widget.control().Editor().NewMacro();
+        ControlParts(widget.control()).Editor().NewMacro();
         const QImage picture = widget.renderToImage(QSize(1280, 800));
         const QRect editor(0, 600, 220, 190);
         QVERIFY(countColor(picture, editor, GridTheme::light().accentTint) > 100);

@@ -3,6 +3,7 @@
 #include <QSplitter>
 #include <QSplitterHandle>
 
+#include "control/ControlParts.h"
 #include "layout/PaneLayout.h"
 #include "qt/WidgetOnScreen.h"
 
@@ -83,7 +84,7 @@ private slots:
     void splittersStandWhereTheLayoutSays() {
         Screen screen(false);
         showAll(screen);
-        const PaneLayout& layout = screen.widget->control().Panes();
+        const PaneLayout& layout = ControlParts(screen.widget->control()).Panes();
         for (const QSize size : {QSize(800, 400), QSize(1200, 700)}) {
             screen.widget->resize(size);
             QCoreApplication::processEvents();
@@ -109,7 +110,7 @@ private slots:
     void theUsersMoveReachesTheLayoutAndStays() {
         Screen screen(false);
         showAll(screen);
-        PaneLayout& layout = screen.widget->control().Panes();
+        PaneLayout& layout = ControlParts(screen.widget->control()).Panes();
         QSplitterHandle* handle = dynamic_cast<QSplitter&>(part(screen, "CtrlSplit")).handle(1);
         const int before = layout.Position(Splitter::CtrlSplit);
         const QPoint grip = handle->rect().center();
@@ -158,7 +159,7 @@ private slots:
     void aNarrowPaneKeepsItsHeadingWhole() {
         Screen screen(false);
         showAll(screen);
-        screen.widget->control().Panes().MoveSplitter(Splitter::CtrlSplit, 180);
+        ControlParts(screen.widget->control()).Panes().MoveSplitter(Splitter::CtrlSplit, 180);
         QCoreApplication::processEvents();
         for (const double scale : {1.0, 1.5}) {
             screen.widget->setTextScale(scale);

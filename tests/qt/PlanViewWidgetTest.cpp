@@ -9,6 +9,7 @@
 #include <planview/qt/PlanViewWidget.h>
 
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "qt/GridOnScreen.h"
 #include "qt/SignalSink.h"
 #include "qt/VariantConversion.h"
@@ -159,7 +160,7 @@ private slots:
 
     void membersAreCalledByName() {
         test::ScriptedPlatform platform;
-        PlanViewWidget widget({&platform, &platform, &platform});
+        PlanViewWidget widget({.messageBoxes = &platform, .forms = &platform, .clipboard = &platform});
         const ObjectRef table = test::Tables().tab;
         short status = -1;
         QVERIFY(QMetaObject::invokeMethod(&widget, "PROP_Set_TAB", Q_RETURN_ARG(short, status),
@@ -168,6 +169,11 @@ private slots:
         ObjectRef found;
         QVERIFY(QMetaObject::invokeMethod(&widget, "PROP_Get_TAB", Q_RETURN_ARG(planview::ObjectRef, found)));
         QCOMPARE(found, table);
+        QVERIFY(widget.setTable(QStringLiteral("TAB_OLD"), table));
+        QCOMPARE(widget.PROP_Get_TAB_OLD(), table);
+        QCOMPARE(widget.table(QStringLiteral("TAB_OLD")), table);
+        QVERIFY(!widget.setTable(QStringLiteral("NONE"), table));
+        QVERIFY(!widget.table(QStringLiteral("NONE")));
         QVERIFY(QMetaObject::invokeMethod(&widget, "plv_LayoutShow"));
         QCOMPARE(platform.messages.size(), std::size_t{1});
         QVERIFY(QMetaObject::invokeMethod(&widget, "plv_ActiveNode", Q_ARG(QString, QStringLiteral("node"))));
@@ -178,7 +184,7 @@ private slots:
         widget.resize(500, 300);
         widget.show();
         build(widget, smallTables());
-        const auto cell = widget.control().Grid().FindCell({"COL1", "ROW1"});
+        const auto cell = ControlParts(widget.control()).Grid().FindCell({"COL1", "ROW1"});
         QVERIFY(cell.has_value());
         auto* view = widget.findChild<GridView*>();
         const QImage image = view->viewport()->grab().toImage();
@@ -203,7 +209,7 @@ private slots:
         delete widgets[1];
         QCoreApplication::processEvents();
         for (const int i : {0, 2, 3}) {
-            GridControl& grid = widgets[static_cast<std::size_t>(i)]->control().Grid();
+            GridControl& grid = ControlParts(widgets[static_cast<std::size_t>(i)]->control()).Grid();
             QVERIFY(grid.FindColumn("COL" + std::to_string(3 + i)).has_value());
             QCOMPARE(grid.Columns(ColumnArea::Center).size(), std::size_t{3});
             QVERIFY(widgets[static_cast<std::size_t>(i)]->height() > 100);
@@ -235,7 +241,7 @@ private slots:
             }
         } boxes;
         test::ScriptedPlatform platform;
-        boxes.widget = new PlanViewWidget({&boxes, &platform, &platform});
+        boxes.widget = new PlanViewWidget({.messageBoxes = &boxes, .forms = &platform, .clipboard = &platform});
         boxes.widget->plv_LayoutMode();
         QCOMPARE(boxes.widget->plv_LayoutShow(), short{0});
         QVERIFY(!boxes.widget);
@@ -254,7 +260,7 @@ private slots:
             listener.widget->show();
             build(*listener.widget, smallTables());
             auto* view = listener.widget->findChild<GridView*>();
-            GridControl& grid = listener.widget->control().Grid();
+            GridControl& grid = ControlParts(listener.widget->control()).Grid();
             const QPoint place = view->cellRect(*grid.FindCell({"COL2", "ROW1"})).center();
             grid.SetEvents(&listener);
             if (byKey) {
@@ -270,7 +276,8 @@ private slots:
         test::ScriptedPlatform platform;
         QWidget window;
         auto* other = new QLineEdit(&window);
-        auto* widget = new PlanViewWidget({&platform, &platform, &platform}, &window);
+        auto* widget =
+            new PlanViewWidget({.messageBoxes = &platform, .forms = &platform, .clipboard = &platform}, &window);
         widget->setGeometry(0, 40, 300, 200);
         window.resize(400, 300);
         window.show();

@@ -23,9 +23,9 @@ namespace planview {
 namespace {
 
 /// A platform whose forms are real windows.
-class Desktop : public test::ScriptedPlatform {
+class QtDesktop : public test::ScriptedPlatform {
 public:
-    Desktop() : forms(std::make_unique<QtForms>(widget)) {}
+    QtDesktop() : forms(std::make_unique<QtForms>(widget)) {}
     void Load(Form& form) override { forms->Load(form); }
     void ShowModal(Form& form) override { forms->ShowModal(form); }
     void Hide(Form& form) override { forms->Hide(form); }
@@ -80,7 +80,7 @@ class TraceDialogTest : public QObject {
 private slots:
     void initTestCase() { QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10)); }
     void init() {
-        desktop_ = std::make_unique<Desktop>();
+        desktop_ = std::make_unique<QtDesktop>();
         modPlan::Trace_Enable(desktop_->Interfaces());
         frmTrace::Instance().TraceView.Clear();
     }
@@ -294,10 +294,10 @@ private slots:
 
     /// Two controls have a window each for the one trace: neither freezes the other's, nor outlives what it shows.
     void windowsOfTwoControlsShowOneTrace() {
-        const auto other = std::make_unique<Desktop>();
+        const auto other = std::make_unique<QtDesktop>();
         int first = 0;
         int second = 0;
-        const auto countIn = [](Desktop& desktop, int& count, bool onTop) {
+        const auto countIn = [](QtDesktop& desktop, int& count, bool onTop) {
             whenShown<QDialog>([&count, onTop](QDialog* dialog) {
                 write("GRIDCTL", "Entry", "{}");
                 count = listOf(*dialog).model()->rowCount();
@@ -329,7 +329,7 @@ private:
         modPlan::Trace_Show(desktop_->Interfaces());
     }
 
-    std::unique_ptr<Desktop> desktop_;
+    std::unique_ptr<QtDesktop> desktop_;
 };
 
 }  // namespace planview

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "control/ControlParts.h"
 #include "qt/WidgetOnScreen.h"
 #include "qt/tree/ToolbarView.h"
 #include "qt/tree/TreePane.h"
@@ -50,7 +51,7 @@ public:
                                                 {"EXPANDED", ""}});
     }
 
-    [[nodiscard]] TreeControl& tree() { return screen.widget->control().Tree(); }
+    [[nodiscard]] TreeControl& tree() { return ControlParts(screen.widget->control()).Tree(); }
     [[nodiscard]] TreeView& view() { return *screen.widget->findChild<TreeView*>(); }
     [[nodiscard]] ToolbarView& toolbar() { return *screen.widget->findChild<ToolbarView*>(); }
     [[nodiscard]] QWidget* port() { return view().viewport(); }

@@ -5,6 +5,7 @@
 #include <QMimeData>
 #include <QScrollBar>
 
+#include "control/ControlParts.h"
 #include "macro/editor/MacroEditor.h"
 #include "qt/TreeOnScreen.h"
 #include "qt/WhenShown.h"
@@ -141,7 +142,7 @@ private slots:
         screen.click("M2");
         letTimersCome(screen.view());
         QCOMPARE(screen.screen.platform.popups.size(), std::size_t{1});
-        QCOMPARE(screen.screen.widget->control().Editor().Spot(), MacroSpot::Before);
+        QCOMPARE(ControlParts(screen.screen.widget->control()).Editor().Spot(), MacroSpot::Before);
     }
 
     void aRightPressSelectsAndOpensThePopup() {
@@ -357,7 +358,7 @@ private slots:
         ToolbarView& toolbar = screen.toolbar();
         QCOMPARE(toolbar.button(ToolbarButton::Condition)->accessibleName(), QStringLiteral("Bedingung <neu>"));
         QList<int> pressed;
-        MacroToolbar& model = screen.screen.widget->control().Toolbar();
+        MacroToolbar& model = ControlParts(screen.screen.widget->control()).Toolbar();
         model.onPress = [&](ToolbarButton button) { pressed << static_cast<int>(button); };
         model.SetEnabled(ToolbarButton::Operator, false);
         model.SetChecked(ToolbarButton::Inactive, true);

@@ -9,6 +9,7 @@
 #include <planview/qt/PlanViewWidget.h>
 
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "qt/GridOnScreen.h"
 #include "qt/grid/GridView.h"
 #include "support/SampleTables.h"
@@ -35,7 +36,7 @@ public:
                 tables.AddValue(line, column, line * 10 + column);
             }
         }
-        PlatformOverrides overrides;
+        Platform overrides;
         overrides.messageBoxes = &platform;
         overrides.forms = &platform;
         overrides.popups = scriptedPopups ? &platform : nullptr;
@@ -61,7 +62,7 @@ public:
         view().setFocus();
     }
 
-    [[nodiscard]] GridControl& grid() { return widget->control().Grid(); }
+    [[nodiscard]] GridControl& grid() { return ControlParts(widget->control()).Grid(); }
     [[nodiscard]] GridView& view() { return *widget->findChild<GridView*>(); }
     [[nodiscard]] QWidget* port() { return view().viewport(); }
     [[nodiscard]] QLineEdit* editor() { return view().editor().isOpen() ? view().editor().line() : nullptr; }

@@ -42,7 +42,7 @@ public:
         void End() noexcept override { ++ended; }
     };
 
-    [[nodiscard]] Platform Interfaces() { return {*this, *this, *this, *this, *this, *this, objects, progress}; }
+    [[nodiscard]] Platform Interfaces() { return {this, this, this, this, this, this, &objects, &progress}; }
 
     // What to answer.
     std::optional<MessageAnswer> answer;  ///< none: the default button

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <algorithm>
 #include <chrono>
-#include <iterator>
 #include <string>
 #include <utility>
 
@@ -18,7 +17,6 @@
 
 namespace planbook {
 
-using planview::ObjectRef;
 using planview::PlanViewWidget;
 using planview::Variant;
 
@@ -26,35 +24,6 @@ namespace {
 
 constexpr std::chrono::seconds WatchInterval{1};
 constexpr std::chrono::milliseconds WaitInterval{50};
-
-using Setter = short (PlanViewWidget::*)(const ObjectRef&);
-
-/// Which member takes which table.
-struct Slot {
-    BookTable table;
-    Setter set;
-};
-
-constexpr Slot Slots[] = {
-    {BookTable::GridAttr, &PlanViewWidget::PROP_Set_GRID_ATTR},
-    {BookTable::ColsIndex, &PlanViewWidget::PROP_Set_COLS_INDEX},
-    {BookTable::LineIndex, &PlanViewWidget::PROP_Set_LINE_INDEX},
-    {BookTable::Tab, &PlanViewWidget::PROP_Set_TAB},
-    {BookTable::TabOld, &PlanViewWidget::PROP_Set_TAB_OLD},
-    {BookTable::FixedCols, &PlanViewWidget::PROP_Set_FIXED_COLS},
-    {BookTable::FixedLines, &PlanViewWidget::PROP_Set_FIXED_LINES},
-    {BookTable::FixedTab, &PlanViewWidget::PROP_Set_FIXED_TAB},
-    {BookTable::CellAttr, &PlanViewWidget::PROP_Set_CELL_ATTR},
-    {BookTable::GridTree, &PlanViewWidget::PROP_Set_GRID_TREE},
-    {BookTable::MacroTree, &PlanViewWidget::PROP_Set_MACRO_TREE},
-    {BookTable::Texts, &PlanViewWidget::PROP_Set_TEXTS},
-    {BookTable::ColMenu, &PlanViewWidget::PROP_Set_COLMENU},
-    {BookTable::RowMenu, &PlanViewWidget::PROP_Set_ROWMENU},
-    {BookTable::GridMenu, &PlanViewWidget::PROP_Set_GRIDMENU},
-    {BookTable::CellMenu, &PlanViewWidget::PROP_Set_CELLMENU},
-    {BookTable::MacroRec, &PlanViewWidget::PROP_Set_MACROREC},
-};
-static_assert(std::size(Slots) == BookTableCount);
 
 /// A value as an event carries it.
 Variant toVariant(const QVariant& value) {
@@ -137,8 +106,8 @@ void BookSession::reload() {
 }
 
 void BookSession::show() {
-    for (const Slot& slot : Slots) {
-        (view_.*slot.set)(book_.Share(slot.table));
+    for (const TableDescription& table : BookSchema()) {
+        view_.control().SetTable(table.name, book_.Share(table.table));
     }
     view_.plv_LayoutMode();  // or the tree pane could not be shown
     view_.DP_Import_Attribute();

@@ -15,23 +15,11 @@
 namespace planbook {
 
 using planview::MemoryTable;
-using planview::ObjectRef;
 using planview::PlanViewWidget;
 
 namespace {
 
-struct MenuSlot {
-    BookTable table;
-    const char* name;
-    short (PlanViewWidget::*set)(const ObjectRef&);
-};
-
-constexpr MenuSlot MenuSlots[] = {
-    {BookTable::GridMenu, "GRIDMENU", &PlanViewWidget::PROP_Set_GRIDMENU},
-    {BookTable::ColMenu, "COLMENU", &PlanViewWidget::PROP_Set_COLMENU},
-    {BookTable::RowMenu, "ROWMENU", &PlanViewWidget::PROP_Set_ROWMENU},
-    {BookTable::CellMenu, "CELLMENU", &PlanViewWidget::PROP_Set_CELLMENU},
-};
+constexpr BookTable MenuTables[] = {BookTable::GridMenu, BookTable::ColMenu, BookTable::RowMenu, BookTable::CellMenu};
 
 QString captionOf(const Book& book, std::int32_t line) {
     const MemoryTable& table = book[BookTable::LineIndex];
@@ -62,9 +50,10 @@ void HostMenus::offer() {
     if (!session_.isOpen()) {
         return;
     }
-    for (const MenuSlot& slot : MenuSlots) {
-        const MemoryTable& inBook = session_.book()[slot.table];
-        const std::shared_ptr<MemoryTable> offered = MemoryTable::WithFieldsOf(slot.name);
+    for (const BookTable menu : MenuTables) {
+        const MemoryTable& inBook = session_.book()[menu];
+        const std::string_view name = Describe(menu).name;
+        const std::shared_ptr<MemoryTable> offered = MemoryTable::WithFieldsOf(name);
         for (std::int32_t row = 1; row <= inBook.RowCount(); ++row) {
             const planview::Variant& number = inBook.Value(row, "PFID");
             const auto command = static_cast<HostCommand>(std::atoi(number.AsText().c_str()));
@@ -72,7 +61,7 @@ void HostMenus::offer() {
             offered->AddRowWith(
                 {{"PFID", number}, {"TEXT", inBook.Value(row, "TEXT")}, {"ENABLED", enabled ? "X" : ""}});
         }
-        (view_.*slot.set)(offered);
+        view_.control().SetTable(name, offered);
     }
 }
 

@@ -43,7 +43,7 @@ QString toQt(const std::filesystem::path& path) {
 MainWindow::MainWindow(planview::MessageBoxes& messageBoxes, bool trace, Questions* questions)
     : ownQuestions_(questions ? nullptr : std::make_unique<QuestionWindows>(this)),
       questions_(questions ? *questions : *ownQuestions_),
-      view_(new PlanViewWidget(planview::PlatformOverrides{.messageBoxes = &messageBoxes}, this)),
+      view_(new PlanViewWidget(planview::Platform{.messageBoxes = &messageBoxes}, this)),
       session_(new BookSession(*view_, questions_, this)),
       hostMenus_(new HostMenus(*view_, *session_, questions_, this)),
       recent_(new RecentBooks(this)),

@@ -130,7 +130,7 @@ void RunMacro(int& argc, char** argv, const MacroRequest& request) {
     const QApplication application(argc, argv);
     HostMessageBoxes messageBoxes;  // without a window: answered as nobody would
     NoQuestions questions;
-    planview::PlanViewWidget view(planview::PlatformOverrides{.messageBoxes = &messageBoxes});
+    planview::PlanViewWidget view(planview::Platform{.messageBoxes = &messageBoxes});
     BookSession session(view, questions);
     session.open(request.book);
     const MacroEntry macro = MacroFor(request, session.book());

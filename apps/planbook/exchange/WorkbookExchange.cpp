@@ -2,7 +2,6 @@
 #include "exchange/WorkbookExchange.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "book/BookError.h"
 #include "exchange/SpreadsheetObject.h"
@@ -15,20 +14,6 @@ using planview::UploadPreview;
 using planview::UploadResult;
 
 namespace {
-
-/// Which member takes which table.
-struct Slot {
-    BookTable table;
-    PlanView::Status (PlanView::*set)(ObjectRef);
-};
-
-constexpr Slot Slots[] = {
-    {BookTable::GridAttr, &PlanView::PROP_Set_GRID_ATTR},     {BookTable::ColsIndex, &PlanView::PROP_Set_COLS_INDEX},
-    {BookTable::LineIndex, &PlanView::PROP_Set_LINE_INDEX},   {BookTable::Tab, &PlanView::PROP_Set_TAB},
-    {BookTable::TabOld, &PlanView::PROP_Set_TAB_OLD},         {BookTable::FixedCols, &PlanView::PROP_Set_FIXED_COLS},
-    {BookTable::FixedLines, &PlanView::PROP_Set_FIXED_LINES}, {BookTable::FixedTab, &PlanView::PROP_Set_FIXED_TAB},
-    {BookTable::CellAttr, &PlanView::PROP_Set_CELL_ATTR},     {BookTable::Texts, &PlanView::PROP_Set_TEXTS},
-};
 
 bool IsBook(const std::filesystem::path& file) {
     try {
@@ -43,10 +28,10 @@ bool IsBook(const std::filesystem::path& file) {
 
 WorkbookExchange::WorkbookExchange(const std::filesystem::path& book)
     : file_(std::filesystem::absolute(book)), store_(BookStore::Open(file_)), book_(store_.Load()) {
-    RegisterSpreadsheet(platform_.Objects());
-    view_ = std::make_unique<PlanView>(platform_.Interfaces());
-    for (const Slot& slot : Slots) {
-        ((*view_).*slot.set)(book_.Share(slot.table));
+    RegisterSpreadsheet(objects_);
+    view_ = std::make_unique<PlanView>(planview::Platform{.objects = &objects_});
+    for (const TableDescription& table : BookSchema()) {
+        view_->SetTable(table.name, book_.Share(table.table));
     }
     view_->DP_Import_Attribute();
     view_->DP_Import_Create();

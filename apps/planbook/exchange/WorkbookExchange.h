@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <memory>
 
-#include <planview/HeadlessPlatform.h>
+#include <planview/ObjectRegistry.h>
 #include <planview/PlanView.h>
 
 #include "book/Book.h"
@@ -33,7 +33,7 @@ private:
     std::filesystem::path file_;
     BookStore store_;
     Book book_;
-    planview::HeadlessPlatform platform_;
+    planview::ObjectRegistry objects_;
     std::unique_ptr<planview::PlanView> view_;
 };
 

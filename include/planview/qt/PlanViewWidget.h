@@ -23,19 +23,6 @@ class QLineEdit;
 
 namespace planview {
 
-/// Pieces of the desktop that a host or a test puts in the place of our own; null ones stay ours. The objects must
-/// outlive the widget.
-struct PlatformOverrides {
-    MessageBoxes* messageBoxes = nullptr;  ///< instead of QMessageBox
-    Forms* forms = nullptr;                ///< instead of our dialogs
-    Clipboard* clipboard = nullptr;        ///< instead of QClipboard
-    SystemInformation* system = nullptr;   ///< instead of what Linux says
-    Popups* popups = nullptr;              ///< instead of QMenu
-    FileDialogs* fileDialogs = nullptr;    ///< instead of QFileDialog
-    ObjectFactory* objects = nullptr;      ///< instead of PlanViewWidget::objects()
-    Progress* progress = nullptr;          ///< instead of QProgressDialog
-};
-
 /// The planning table as a widget.
 ///
 /// The 65 members of PlanView are invokable and its 20 events are signals, both with their own names and in their own
@@ -63,8 +50,9 @@ public:
 
     /// A widget with an empty grid on Qt's desktop.
     explicit PlanViewWidget(QWidget* parent = nullptr);
-    /// The same with some of the desktop's pieces replaced.
-    explicit PlanViewWidget(const PlatformOverrides& platform, QWidget* parent = nullptr);
+    /// The same with some of the desktop's pieces replaced; null ones stay Qt's. What the platform refers to must
+    /// outlive the widget. With `objects` replaced, the host's own are used instead of objects().
+    explicit PlanViewWidget(const Platform& platform, QWidget* parent = nullptr);
     ~PlanViewWidget() override;
 
     /// The control behind the widget, for late binding and for event sinks; lives as long as the widget.
@@ -171,6 +159,12 @@ public:
     Q_INVOKABLE planview::ObjectRef PROP_Get_MACROREC();
     Q_INVOKABLE short PROP_Set_MACROREC(const planview::ObjectRef& table);
     Q_INVOKABLE short plvSet_MACROREC(const planview::ObjectRef& table);
+    /// @}
+
+    /// @{
+    /// The same for a table by its name, one of planview::TableNames(). Null and false for another name.
+    [[nodiscard]] Q_INVOKABLE planview::ObjectRef table(const QString& name);
+    Q_INVOKABLE bool setTable(const QString& name, const planview::ObjectRef& table);
     /// @}
 
     // --- Commands for the host's own menus; while an entry is open, those that it knows are about its text

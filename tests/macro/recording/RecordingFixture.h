@@ -10,6 +10,7 @@
 #include <planview/PlanView.h>
 
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
 
@@ -39,7 +40,7 @@ protected:
 
     void MacroRecordSave() override { ++saves; }
 
-    [[nodiscard]] GridControl& Grid() { return control->Grid(); }
+    [[nodiscard]] GridControl& Grid() { return ControlParts(*control).Grid(); }
     [[nodiscard]] Cell At(const std::string& column, const std::string& row) {
         const std::optional<Cell> cell = Grid().FindCell({column, row});
         EXPECT_TRUE(cell) << column << "/" << row;

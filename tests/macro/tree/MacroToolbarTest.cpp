@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "components/GridControl.h"
+#include "control/ControlParts.h"
 #include "macro/tree/MacroToolbar.h"
 #include "macro/tree/MacroTreeFixture.h"
 #include "macro/tree/SelectionText.h"
@@ -16,7 +17,7 @@ using MacroToolbarTest = test::MacroTreeFixture;
 }  // namespace
 
 TEST_F(MacroToolbarTest, TooltipsComeFromTextsRowByRow) {
-    const MacroToolbar& toolbar = control->Toolbar();
+    const MacroToolbar& toolbar = ControlParts(*control).Toolbar();
     const std::string own = toolbar.Tooltip(ToolbarButton::Generate);
     EXPECT_FALSE(own.empty());
     AddRow(*tables.texts, {{"CONDITION", "Bedingung"}, {"TABLINE", "Zeile"}});
@@ -54,14 +55,14 @@ TEST_F(MacroToolbarTest, TheDraggedSelectionNamesItsLinesAndPeriods) {
     }
     AddRow(*tables.fixedCols, {{"COLUMN_FIX", 1}, {"FLG_POSITION", "R"}});
     control->DP_Import_Create();
-    GridControl& grid = control->Grid();
+    GridControl& grid = ControlParts(*control).Grid();
     const auto cell = [&](const char* column, const char* row) { return grid.FindCell({column, row}).value(); };
     EXPECT_EQ(SelectionText(grid), "ROW1/COL1") << "the current cell";
     grid.SelectCell(cell("COL4", "ROW3"), SelectionMode::Replace);
     grid.SelectCell(cell("COL7", "ROW3"), SelectionMode::Extend);
     EXPECT_EQ(SelectionText(grid), "ROW3/COL4:COL7");
     ForgetEntries();
-    control->Toolbar().UserDragSelection(SelectionText(grid));
+    ControlParts(*control).Toolbar().UserDragSelection(SelectionText(grid));
     EXPECT_EQ(heard, Lines{"Drag ROW3/COL4:COL7"});
     EXPECT_EQ(Entries(), Lines{"TREETOOL |  | DragSelection | {selection: ROW3/COL4:COL7}"});
     grid.SelectRow(grid.FindRow("ROW2").value(), SelectionMode::Replace);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "control/ControlParts.h"
 #include "macro/tree/MacroTreeFixture.h"
 
 namespace planview {
@@ -140,10 +141,10 @@ TEST_F(MacroTreeEventsTest, TheHostChoosesTheNodeButNotUnderAPopup) {
     EXPECT_EQ(heard, Lines{}) << "what the host does raises nothing";
 
     AskingPopups popups;
-    Platform desktop = platform.Interfaces();
-    const Platform asking{desktop.messageBoxes, desktop.forms,   desktop.clipboard, desktop.system, popups,
-                          desktop.fileDialogs,  desktop.objects, desktop.progress};
+    Platform asking = platform.Interfaces();
+    asking.popups = &popups;
     PlanView other(asking);
+    TreeControl& tree = ControlParts(other).Tree();
     other.PROP_Set_MACRO_TREE(tables.macroTree);
     other.DP_Import_MacroTree();
     other.plv_ActiveNode("N1");
@@ -151,17 +152,17 @@ TEST_F(MacroTreeEventsTest, TheHostChoosesTheNodeButNotUnderAPopup) {
     popups.whileOpen = [&] {
         ++opened;
         other.plv_ActiveNode("F");
-        other.Tree().UserMouseDown(other.Tree().Nodes().Item("F"), 2, 0);  // no second popup over the first
+        tree.UserMouseDown(tree.Nodes().Item("F"), 2, 0);  // no second popup over the first
         return std::string();
     };
-    other.Tree().UserMouseDown(other.Tree().Nodes().Item("N1"), 2, 0);
+    tree.UserMouseDown(tree.Nodes().Item("N1"), 2, 0);
     EXPECT_EQ(opened, 1);
-    EXPECT_EQ(other.Tree().SelectedItem().Key(), "N1");
+    EXPECT_EQ(tree.SelectedItem().Key(), "N1");
     other.plv_ActiveNode("F");
-    EXPECT_EQ(other.Tree().SelectedItem().Key(), "F");
+    EXPECT_EQ(tree.SelectedItem().Key(), "F");
     ExpectErrors();
     other.plv_ActiveNode("nobody");
-    EXPECT_EQ(other.Tree().SelectedItem().Key(), "F");
+    EXPECT_EQ(tree.SelectedItem().Key(), "F");
 }
 
 TEST_F(MacroTreeEventsTest, AHostMayChangeTheTreeDuringAnyEvent) {

@@ -7,6 +7,7 @@
 #include <planview/PlanView.h>
 
 #include "components/TreeControl.h"
+#include "control/ControlParts.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
 #include "support/TreeText.h"
@@ -38,7 +39,7 @@ protected:
         control->DP_Import_MacroTree();
         ForgetEntries();
     }
-    [[nodiscard]] TreeControl& Tree() { return control->Tree(); }
+    [[nodiscard]] TreeControl& Tree() { return ControlParts(*control).Tree(); }
     [[nodiscard]] TreeNode Node(const char* key) { return Tree().Nodes().Item(key); }
     [[nodiscard]] std::string Shown() { return TreeText(Tree()); }
     [[nodiscard]] Lines Field(const char* field) const {

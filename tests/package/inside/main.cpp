@@ -5,7 +5,6 @@
 #include <sstream>
 #include <string>
 
-#include <planview/HeadlessPlatform.h>
 #include <planview/MemoryTable.h>
 #include <planview/PlanView.h>
 #include <planview/Trace.h>
@@ -21,8 +20,7 @@ int main() {
     lines->AddRowWith({{"LINE", 1}, {"LTEXT", "F"}, {"FREET", "Sales"}});
     cells->AddRowWith({{"Z", 1}, {"C", 1}, {"V", 1250.5}});
 
-    planview::HeadlessPlatform platform;
-    planview::PlanView control(platform.Interfaces());
+    planview::PlanView control;
     control.PROP_Set_COLS_INDEX(columns);
     control.PROP_Set_LINE_INDEX(lines);
     control.PROP_Set_TAB(cells);

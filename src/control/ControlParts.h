@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include <planview/Export.h>
+#include <planview/PlanView.h>
+
+#include "components/GridTypes.h"
+
+namespace planview {
+
+class ChartControl;
+class GridControl;
+class MacroEditor;
+class MacroToolbar;
+class PaneLayout;
+class TreeControl;
+
+/// The parts of a control, for the layer that puts it on the screen and for tests. Valid as long as the control.
+class PLANVIEW_EXPORT ControlParts {
+public:
+    explicit ControlParts(PlanView& control) noexcept;
+
+    [[nodiscard]] GridControl& Grid() const noexcept;
+    [[nodiscard]] ChartControl& Chart() const noexcept;
+    [[nodiscard]] TreeControl& Tree() const noexcept;
+    /// That of the macro tree.
+    [[nodiscard]] MacroToolbar& Toolbar() const noexcept;
+    [[nodiscard]] MacroEditor& Editor() const noexcept;
+    [[nodiscard]] PaneLayout& Panes() const noexcept;
+    /// As PlanView::PendingCells(), without a key for each.
+    [[nodiscard]] std::vector<Cell> PendingCells() const;
+
+private:
+    std::shared_ptr<PlanView::State> state_;
+};
+
+}  // namespace planview
