@@ -63,7 +63,6 @@ public:
     /// The neighbours; a null node where there is none.
     [[nodiscard]] TreeNode Parent() const;
     [[nodiscard]] TreeNode FirstChild() const;
-    [[nodiscard]] TreeNode LastChild() const;
     [[nodiscard]] TreeNode NextSibling() const;
     [[nodiscard]] TreeNode PreviousSibling() const;
     /// How many nodes stand above it.

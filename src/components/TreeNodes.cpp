@@ -116,10 +116,6 @@ TreeNode TreeNode::FirstChild() const {
     return Tree().HandleOf(Tree().At(id_).firstChild);
 }
 
-TreeNode TreeNode::LastChild() const {
-    return Tree().HandleOf(Tree().At(id_).lastChild);
-}
-
 TreeNode TreeNode::NextSibling() const {
     return Tree().HandleOf(Tree().At(id_).next);
 }

@@ -45,25 +45,17 @@ ControlContext::ControlContext(const Platform& desktop)
       chartHandlers(*this),
       treeHandlers(*this),
       macroEditor({grid, tables, tree, events, platform.popups, toolbar, [this] { modMacro::Build(macroTree); },
-                   [this](const std::string& key, std::string& message) {
-                       MacroResult result;
-                       MacroProblems problems = RunMacroCommand(*this, key, false, result);
-                       message = result.message;
-                       return problems;
-                   },
+                   [this](const std::string& key) { return RunMacroCommand(*this, key, false); },
                    [this](const std::string& key) { return CheckMacroCommand(*this, key); }}) {
     BindMenuCommands(*this);
     grid.SetEvents(&gridHandlers);
     chart.SetEvents(&chartHandlers);
     tree.SetEvents(&treeHandlers);
-    toolbar.onPress = [this](ToolbarButton button) { macroEditor.AddElement(button); };
-    toolbar.onDragSelection = [this](const std::string& selection) {
-        const Variant argument(selection);
-        events.Raise(EventId::MacroDragSelection, {&argument, 1});
-    };
+    toolbar.SetEvents(&treeHandlers);
 }
 
 ControlContext::~ControlContext() {
+    toolbar.SetEvents(nullptr);
     tree.SetEvents(nullptr);
     chart.SetEvents(nullptr);
     grid.SetEvents(nullptr);

@@ -162,7 +162,6 @@ void ToolbarView::ToolbarChanged() {
         const QString tooltip = QString::fromStdString(toolbar_.Tooltip(info.button));
         shown->setToolTip(tooltip.toHtmlEscaped());
         shown->setAccessibleName(tooltip);
-        shown->setEnabled(toolbar_.IsEnabled(info.button));
         // Only a button that can be checked draws itself anew when it is checked no longer.
         const bool checked = toolbar_.IsChecked(info.button);
         shown->setCheckable(checked || shown->isCheckable());
