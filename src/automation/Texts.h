@@ -30,18 +30,18 @@ namespace planview {
     return text;
 }
 
-/// A to Z become a to z; no other letter changes, whatever the locale is.
+/// Converts A to Z only, in every locale.
 [[nodiscard]] constexpr char LowerCase(char c) noexcept {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// Whether two texts differ in nothing but A to Z and a to z.
+/// Whether two texts are equal apart from the case of A to Z.
 [[nodiscard]] constexpr bool EqualIgnoringCase(std::string_view left, std::string_view right) noexcept {
     return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                       [](char a, char b) { return LowerCase(a) == LowerCase(b); });
 }
 
-/// The pieces of a text between the marks; one piece where there is no mark.
+/// The pieces of a text between the marks; the whole text if there is no mark.
 [[nodiscard]] std::vector<std::string_view> SplitAt(std::string_view text, char mark);
 
 // --- Writing texts for people
@@ -52,7 +52,7 @@ template <std::integral Count>
     return std::to_string(count) + " " + std::string(what) + (count == 1 ? "" : "s");
 }
 
-/// The texts one behind the other, with `between` between each two.
+/// Concatenates the texts with `between` between them.
 [[nodiscard]] std::string Joined(const std::vector<std::string>& texts, std::string_view between);
 
 }  // namespace planview

@@ -65,26 +65,18 @@ ControlContext::ControlContext(const Desktop& desktop)
       chartHandlers(*this),
       treeHandlers(*this),
       macroEditor({grid, tables, tree, events, platform.popups, toolbar, [this] { modMacro::Build(macroTree); },
-                   [this](const std::string& key, std::string& message) {
-                       MacroResult result;
-                       MacroProblems problems = RunMacroCommand(*this, key, false, result);
-                       message = result.message;
-                       return problems;
-                   },
+                   [this](const std::string& key) { return RunMacroCommand(*this, key, false); },
                    [this](const std::string& key) { return CheckMacroCommand(*this, key); }}) {
     chooseColor = [this] { return menus.ChooseColor(); };
     showChartPopup = [this](std::string_view place) { menus.Open(place, {}, PopupPlace::Mouse); };
     grid.SetEvents(&gridHandlers);
     chart.SetEvents(&chartHandlers);
     tree.SetEvents(&treeHandlers);
-    toolbar.onPress = [this](ToolbarButton button) { macroEditor.AddElement(button); };
-    toolbar.onDragSelection = [this](const std::string& selection) {
-        const Variant argument(selection);
-        events.Raise(EventId::MacroDragSelection, {&argument, 1});
-    };
+    toolbar.SetEvents(&treeHandlers);
 }
 
 ControlContext::~ControlContext() {
+    toolbar.SetEvents(nullptr);
     tree.SetEvents(nullptr);
     chart.SetEvents(nullptr);
     grid.SetEvents(nullptr);

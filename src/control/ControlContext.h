@@ -100,8 +100,6 @@ struct ControlContext {
     /// Shows the popup of the place "CHART", "SERIES" or "TRENDLINE".
     std::function<void(std::string_view place)> showChartPopup;
 
-    /// The macro tree node last made active by the host.
-    std::string activeNode;
     /// "TRE" while a popup of the macro tree is open, else empty. While it is not empty the host cannot choose another
     /// node, and opening, closing and double clicks raise nothing.
     std::string macroTreeState;

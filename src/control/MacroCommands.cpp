@@ -25,27 +25,26 @@ bool IsRecordingNode(const ControlContext& context, const std::string& nodeKey) 
     return MacroNodeTypeOf(type) == MacroNodeType::Recording;
 }
 
-std::string JoinedTexts(const MacroProblems& problems) {
-    std::string text;
+/// For the host: what is wrong, each in a line, or what was done.
+MacroResult ResultOf(const MacroProblems& problems, const std::string& done) {
+    std::vector<std::string> texts;
     for (const MacroProblem& problem : problems) {
-        text += (text.empty() ? "" : "\n") + problem.Text();
+        texts.push_back(problem.Text());
     }
-    return text;
+    return {problems.empty(), 0, problems.empty() ? done : Joined(texts, "\n")};
 }
 
 }  // namespace
 
-MacroProblems RunMacroCommand(ControlContext& context, const std::string& nodeKey, bool onSelectedLine,
-                              MacroResult& result) {
+MacroOutcome RunMacroCommand(ControlContext& context, const std::string& nodeKey, bool onSelectedLine) {
     if (IsRecordingNode(context, nodeKey)) {
-        result = ReplayRecording(context, nodeKey, onSelectedLine);
-        return result.done ? MacroProblems() : MacroProblems{{nodeKey, "", result.message, ""}};
+        const MacroResult result = ReplayRecording(context, nodeKey, onSelectedLine);
+        return result.done ? MacroOutcome{{}, result.cells, result.message}
+                           : MacroOutcome{{{nodeKey, "", result.message, ""}}, result.cells, ""};
     }
     MacroOutcome outcome = RunMacroNode(PartsOf(context), nodeKey, onSelectedLine);
-    result.done = outcome.problems.empty();
-    result.cells = outcome.changed;
-    result.message = result.done ? Counted(outcome.changed, "cell") + " changed." : JoinedTexts(outcome.problems);
-    return std::move(outcome.problems);
+    outcome.done = Counted(outcome.changed, "cell") + " changed.";
+    return outcome;
 }
 
 MacroProblems CheckMacroCommand(ControlContext& context, const std::string& nodeKey) {
@@ -59,7 +58,9 @@ MacroProblems CheckMacroCommand(ControlContext& context, const std::string& node
 MacroResult PlanView::RunMacro(const std::string& nodeKey, bool onSelectedLine) {
     MacroResult result;
     Guarded(state_, MacroLabel, "Run", [&](ControlContext& context) {
-        static_cast<void>(RunMacroCommand(context, nodeKey, onSelectedLine, result));
+        const MacroOutcome outcome = RunMacroCommand(context, nodeKey, onSelectedLine);
+        result = ResultOf(outcome.problems, outcome.done);
+        result.cells = outcome.changed;
     });
     return result;
 }
@@ -67,9 +68,7 @@ MacroResult PlanView::RunMacro(const std::string& nodeKey, bool onSelectedLine) 
 MacroResult PlanView::CheckMacro(const std::string& nodeKey) {
     MacroResult result;
     Guarded(state_, MacroLabel, "Generate", [&](ControlContext& context) {
-        const MacroProblems problems = CheckMacroCommand(context, nodeKey);
-        result.done = problems.empty();
-        result.message = result.done ? "no problem was found." : JoinedTexts(problems);
+        result = ResultOf(CheckMacroCommand(context, nodeKey), "no problem was found.");
     });
     return result;
 }

@@ -5,16 +5,15 @@
 
 #include <planview/PlanView.h>
 
-#include "macro/run/MacroProblem.h"
+#include "macro/tree/MacroOutcome.h"
 
 namespace planview {
 
 struct ControlContext;
 
 /// Runs what the MACRO_TREE node with this key is: a macro is run, a recording is replayed. The one place that tells
-/// them apart. Answers what is wrong; `result` has the same for the user.
-MacroProblems RunMacroCommand(ControlContext& context, const std::string& nodeKey, bool onSelectedLine,
-                              MacroResult& result);
+/// them apart.
+MacroOutcome RunMacroCommand(ControlContext& context, const std::string& nodeKey, bool onSelectedLine);
 
 /// Checks a macro or recording as it would run now.
 MacroProblems CheckMacroCommand(ControlContext& context, const std::string& nodeKey);

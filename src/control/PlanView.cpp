@@ -112,7 +112,6 @@ PlanView::Status PlanView::plv_ActiveNode(const std::string& vNode) {
             const TreeNode node = context.tree.Nodes().Item(vNode);
             node.SetSelected(true);
             node.EnsureVisible();
-            context.activeNode = vNode;
         }
     });
 }

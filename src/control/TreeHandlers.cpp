@@ -171,4 +171,15 @@ void TreeHandlers::LostFocus() {
     TraceWrite(Label, "", "LostFocus", "{}");
 }
 
+// --- The toolbar
+
+void TreeHandlers::ButtonPressed(ToolbarButton button) {
+    context_.macroEditor.AddElement(button);
+}
+
+void TreeHandlers::SelectionDragged(const std::string& selection) {
+    const Variant argument(selection);
+    context_.events.Raise(EventId::MacroDragSelection, {&argument, 1});
+}
+
 }  // namespace planview

@@ -12,17 +12,18 @@
 
 #include "commands/CommandCall.h"
 #include "components/TreeEvents.h"
+#include "macro/tree/MacroToolbar.h"
 #include "menus/MenuTree.h"
 
 namespace planview {
 
 struct ControlContext;
 
-/// Hears what the user does in the macro tree and carries it out, each under an error trap.
+/// Hears what the user does in the macro tree and its toolbar and carries it out, each under an error trap.
 ///
 /// A right press opens the tree's popup. A click selects; a click on the node that is selected already asks where a new
 /// node goes. `MacroTreeNodeDropped` carries the answer, or where the user has dragged a node to.
-class TreeHandlers final : public TreeEvents {
+class TreeHandlers final : public TreeEvents, public ToolbarEvents {
 public:
     explicit TreeHandlers(ControlContext& context) : context_(context) {}
 
@@ -37,6 +38,8 @@ public:
     void NodeDropped(const std::string& key, const std::string& target, TreeDrop place) override;
     void GotFocus() override;
     void LostFocus() override;
+    void ButtonPressed(ToolbarButton button) override;
+    void SelectionDragged(const std::string& selection) override;
 
 private:
     [[nodiscard]] std::string TextOf(const std::string& key) const;

@@ -10,14 +10,14 @@
 
 namespace planview {
 
-/// What people call a line or a period: its heading without the blanks that indent it; its key where that is empty.
+/// The name of a line or period for people: its trimmed heading, or its key if that is empty.
 [[nodiscard]] std::string HeadingOf(const GridControl& grid, RowId line);
 [[nodiscard]] std::string HeadingOf(const GridControl& grid, ColumnId period);
 
-/// A cell as people call it: "Durable goods, Apr 06".
+/// The name of a cell for people: "Durable goods, Apr 06".
 [[nodiscard]] PLANVIEW_EXPORT std::string CellCaption(const GridControl& grid, Cell cell,
                                                       std::string_view between = ", ");
-/// The cell that had these keys; by the keys where the grid has changed since.
+/// The same by keys; uses the keys as names if the grid no longer has the cell.
 [[nodiscard]] std::string CellCaption(const GridControl& grid, const CellKey& keys);
 
 }  // namespace planview

@@ -11,7 +11,7 @@ namespace planview {
 
 namespace {
 
-/// Fit to stand in a list of captions.
+/// A caption that can be part of a list of captions.
 std::string Listable(std::string caption) {
     std::replace_if(
         caption.begin(), caption.end(),
@@ -26,7 +26,7 @@ std::size_t CountKeys(std::string_view reference) {
     return static_cast<std::size_t>(marks) + 1;
 }
 
-/// The item of this index in three lists one behind the other.
+/// The item with this index in three concatenated lists.
 template <class Id>
 Id At(std::span<const Id> first, std::span<const Id> second, std::span<const Id> third, int index) {
     auto at = static_cast<std::size_t>(index);

@@ -14,7 +14,7 @@
 #include "automation/TableSlots.h"
 #include "components/GridControl.h"
 #include "components/TreeControl.h"
-#include "macro/run/MacroProblem.h"
+#include "macro/tree/MacroOutcome.h"
 #include "macro/tree/MacroOutline.h"
 #include "macro/tree/MacroTable.h"
 #include "macro/tree/MacroToolbar.h"
@@ -29,10 +29,10 @@ struct MacroEditorParts {
     EventSource& events;
     Popups& popups;
     MacroToolbar& toolbar;
-    /// Builds the tree anew from MACRO_TREE.
+    /// Rebuilds the tree from MACRO_TREE.
     std::function<void()> buildTree;
-    /// Runs the macro or recording with this key; says in `message` what it did.
-    std::function<MacroProblems(const std::string& key, std::string& message)> run;
+    /// Runs the macro or recording with this key.
+    std::function<MacroOutcome(const std::string& key)> run;
     std::function<MacroProblems(const std::string& key)> check;
 };
 
@@ -40,27 +40,27 @@ struct MacroEditorParts {
 struct MacroLine {
     std::string key;
     std::string text;  ///< a sentence
-    std::string note;  ///< what the user has renamed it to; empty where it has its usual name
+    std::string note;  ///< the name that the user gave it; empty if it has its usual one
     MacroNodeType type = MacroNodeType::Folder;
     int depth = 0;          ///< 0 for the macro itself
-    bool isPart = false;    ///< of the statement or condition above it
-    bool inactive = false;  ///< it, or what it is in, is left out
-    std::string problem;    ///< what a check has said about it
+    bool isPart = false;    ///< belongs to the statement or condition above it
+    bool inactive = false;  ///< it or a parent is left out of runs
+    std::string problem;    ///< found by the last check
 };
 
-/// Hears that something of the editor looks different.
+/// Is told when the editor looks different.
 class MacroEditorWatcher {
 public:
     virtual ~MacroEditorWatcher() = default;
     virtual void EditorChanged() = 0;
 };
 
-/// The macro editor without a screen: the elements of the active macro (`MacroView`), the operand that the user is
-/// about to take (`txtOpa`), and what its buttons do (`cmdOpa`, `cmdOpe` and the others).
+/// The macro editor without a screen: the elements of the active macro (`MacroView`), the operand that is being entered
+/// (`txtOpa`), and what the buttons do (`cmdOpa`, `cmdOpe` and the others).
 ///
-/// The active macro is the one that the tree's selected node is, or stands in; the current element is that node. Every
-/// change goes into MACRO_TREE at once, the tree is built anew, and `MacroTreeExpand` tells the host. What cannot be
-/// done is told by Message(). Each operation leaves an entry under "MACROVIEW" and ends at an error trap.
+/// The active macro is the one that the tree's selected node is or belongs to; the current element is that node. Every
+/// change is written to MACRO_TREE at once, the tree is rebuilt, and `MacroTreeExpand` tells the host. Message() says
+/// what could not be done. Each operation writes a trace entry under "MACROVIEW" and ends at an error trap.
 class PLANVIEW_EXPORT MacroEditor final : private TreeWatcher {
 public:
     inline static constexpr std::string_view Label = "MACROVIEW";
@@ -74,18 +74,18 @@ public:
 
     // --- What it shows
 
-    /// Empty while no macro is active; then the lists are empty, too.
+    /// Empty while no macro is active; then there are no elements.
     [[nodiscard]] const std::string& MacroKey() const noexcept { return macroKey_; }
-    [[nodiscard]] const std::vector<MacroLine>& Lines() const noexcept { return lines_; }
-    /// The 0-based place of the current element in Lines(), -1 without one.
+    [[nodiscard]] const std::vector<MacroLine>& Lines() const noexcept { return elements_; }
+    /// The 0-based index of the current element in Lines(), -1 without one.
     [[nodiscard]] int Current() const noexcept;
-    void SetCurrent(int line);
-    /// A recording is listed, but only as a whole run, renamed or deleted.
+    void SetCurrent(int element);
+    /// A recording is listed, but can only be run, renamed or deleted as a whole.
     [[nodiscard]] bool IsRecording() const noexcept;
-    /// Where the next element goes, seen from the current one.
+    /// Where the next element goes relative to the current one.
     [[nodiscard]] MacroSpot Spot() const noexcept { return spot_; }
     void SetSpot(MacroSpot spot);
-    /// What went wrong last, or what to do next; empty when there is nothing to say.
+    /// What went wrong, or what to do next; may be empty.
     [[nodiscard]] const std::string& Message() const noexcept { return message_; }
     [[nodiscard]] bool MessageIsProblem() const noexcept { return messageIsProblem_; }
 
@@ -93,49 +93,45 @@ public:
 
     [[nodiscard]] const std::string& OperandText() const noexcept { return operandText_; }
     void SetOperandText(std::string text);
-    /// What the user may be about to enter: line captions and the macro's own names.
+    /// Suggestions for the operand: captions of lines and the macro's own names.
     [[nodiscard]] std::vector<std::string> Completions() const;
-    /// `cmdOpa`: takes the text, or what is selected in the grid where there is none. A whole line gives a line, a cell
-    /// an element, a block or several lines an area, whole columns the periods of the macro.
+    /// `cmdOpa`: adds the operand text as an element, or without a text what is selected in the grid: a whole line as a
+    /// line, a cell as an element, a block or several lines as an area, whole columns as the periods of the macro.
     void TakeOperand();
-    /// What is selected in the grid, whatever the text is.
-    void TakeSelection();
-    /// `cmdOpe`: takes a text that is still to be taken, then adds the operator. ")" and ";" that have no bracket of
-    /// their own belong to the function that the current element stands in.
+    /// `cmdOpe`: adds the operand text, if there is one, then the operator. A ")" without "(" closes the function that
+    /// the current element is in.
     void AddOperator(const std::string& value);
     void AddFunction(const std::string& value);
 
     // --- The elements
 
-    /// Adds a macro of its own behind the active one and makes it the active one.
+    /// Adds a macro after the active one and makes it the active one.
     void NewMacro();
-    /// A button of the toolbar: adds an element of that kind, asking by a popup where there is a choice.
+    /// A toolbar button: adds an element of that kind; a popup asks if there is a choice.
     void AddElement(ToolbarButton button);
     void AddCondition(bool otherwise);
-    /// The next element becomes a statement behind the one that the current element is in.
+    /// Makes the next element a statement after the one that the current element is in.
     void NextStatement();
-    /// A macro and most elements take the text as their name; an own line, element or area is renamed wherever the
-    /// macro names it; a number takes it as its value.
+    /// The text becomes the name of a macro or element, or the value of a number. Own lines, elements and areas are
+    /// renamed everywhere in the macro.
     void Rename(const std::string& text);
-    /// What Rename() begins with.
+    /// The text to offer for Rename().
     [[nodiscard]] std::string NameToEdit() const;
     void Move(bool up);
-    /// Moves any node of the tree beside or below another one, where the kinds of both go together.
-    void MoveTo(const std::string& key, const std::string& target, TreeDrop place);
+    /// Moves any node of the tree beside or below another one, if their kinds allow it.
+    void MoveTo(const std::string& key, const std::string& target, TreeDrop drop);
     void Delete();
-    /// Takes the element out of the macro, or in again.
+    /// Leaves the element out of runs, or includes it again.
     void ToggleActive();
 
     // --- The macro
 
-    /// "GENERATE". From then on the elements with problems are marked, until there are none.
+    /// "GENERATE". Elements with problems are marked until there are none.
     void Check();
     void Run();
 
 private:
-    struct Spotted;
-
-    // The tree has changed.
+    // TreeWatcher
     void NodesReset() override { Reload(); }
     void TextChanged(TreeNode /*node*/) override { Reload(); }
     void ExpandedChanged(TreeNode /*node*/) override {}
@@ -143,34 +139,29 @@ private:
     void ShowNode(TreeNode /*node*/) override {}
     void EditLabel(TreeNode /*node*/) override {}
 
-    /// Runs an operation under an error trap; a failure becomes the message.
+    /// Runs an operation under an error trap; an error becomes the message.
     void Operate(std::string_view method, const std::function<void()>& body);
     void Reload();
-    void ReadLines();
+    void ReadElements();
+    /// Marks elements with problems. The message is the first problem, or `done` if there is none.
+    void Tell(const MacroProblems& problems, std::string done);
     void Mark(const MacroProblems& problems);
     void Say(std::string text, bool isProblem = true);
     void Changed() const;
     void ShowInToolbar();
 
     [[nodiscard]] const MacroNode* CurrentNode() const noexcept;
-    /// The table has changed: builds the tree anew and makes this node the current one.
-    void Built(const std::string& key);
+    /// Changes MACRO_TREE. If the change returns a key, rebuilds the tree and makes that node the current element.
+    bool Edit(const std::function<std::optional<std::string>(MacroTable& table)>& change);
+    void Build(const std::string& currentKey);
     void Announce();
-    [[nodiscard]] MacroSpot UsualSpot() const;
-    [[nodiscard]] bool IsContainer(int node) const;
-    [[nodiscard]] bool HoldsStatements(int node) const;
-    /// Where an element of this type goes; no value where it cannot go anywhere, and then Message() says why.
-    [[nodiscard]] std::optional<Spotted> SpotFor(MacroNodeType type);
-    bool Add(NewMacroNode node);
-    bool AddPlaceOf(ToolbarButton button);
+    bool Add(const NewMacroNode& node);
     bool AddSelection();
-    bool AddPeriods(const std::string& value, const std::string& name);
+    void AddSelectionAs(MacroNodeType type);
+    bool AddPeriods(const NewMacroNode& node);
     bool TakeText();
-    [[nodiscard]] std::optional<NewMacroNode> NodeFromText(const std::string& text) const;
-    [[nodiscard]] std::vector<std::string> OwnNames(MacroNodeType type) const;
-    void CloseFunction();
-    [[nodiscard]] int FunctionAround(int node) const;
-    [[nodiscard]] std::string Ask(const std::string& caption, std::vector<PopupEntry> entries);
+    void CloseFunction(int function);
+    [[nodiscard]] std::string Ask(const std::string& caption, std::vector<PopupEntry> choices);
     void AskOperator();
     void AskFunction();
     void AskAttribute();
@@ -181,14 +172,14 @@ private:
     MacroEditorWatcher* watcher_ = nullptr;
     std::string macroKey_;
     MacroOutline outline_;
-    std::vector<MacroLine> lines_;
+    std::vector<MacroLine> elements_;
     std::string currentKey_;
     MacroSpot spot_ = MacroSpot::Inside;
     std::string operandText_;
     std::string message_;
     bool messageIsProblem_ = false;
     bool marksProblems_ = false;
-    bool isWorking_ = false;  // the tree changes because of the editor
+    bool isWorking_ = false;  // the editor itself is changing the tree
 };
 
 }  // namespace planview

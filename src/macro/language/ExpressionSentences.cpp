@@ -20,7 +20,7 @@ std::string Plural(double count, const std::string& one) {
     return NumberText(count, GridDecimalMark) + " " + one + (count == 1 ? "" : "s");
 }
 
-/// How a shift reads behind what it shifts.
+/// "Retail 2 periods earlier".
 std::string ShiftedText(const std::string& what, const std::string& by) {
     const std::optional<double> periods = TryParseNumber(by);
     if (!periods) {
@@ -74,11 +74,11 @@ std::string ExpressionSentences::Expression(int parent, int level) const {
     return parts.empty() ? MissingText : Joined(parts, level, parts.size() > 1);
 }
 
-/// `bracketed`: functions stand in brackets, because something else stands beside them.
+/// `bracketed`: functions are put in brackets because they are not alone.
 std::string ExpressionSentences::Joined(const std::vector<int>& parts, int level, bool bracketed) const {
     std::string text;
     bool tight = true;        // no blank before the next part
-    bool afterValue = false;  // "+" and "-" are operators there, signs elsewhere
+    bool afterValue = false;  // "+" and "-" are operators then, else signs
     for (const int part : parts) {
         const MacroToken token = tokens_.At(part);
         const bool closes = token.Is(")") || token.Is(";");

@@ -9,11 +9,10 @@
 
 namespace planview {
 
-/// What stands where a sentence has nothing to say yet.
+/// Stands for what is missing in a sentence.
 inline constexpr const char* MissingText = "…";
 
-/// Expressions in words: "Retail trade * 1,05", "(Sum of Line 2 to Line 5) > 100". They are worded from their tokens,
-/// complete or not.
+/// Expressions in words: "Retail trade * 1,05", "(Sum of Line 2 to Line 5) > 100". They need not be complete.
 class ExpressionSentences {
 public:
     ExpressionSentences(const MacroTokens& tokens, const PlanningTable& table) : tokens_(tokens), table_(table) {}
@@ -25,11 +24,11 @@ public:
     [[nodiscard]] std::string ShortText(const MacroToken& token) const;
 
 protected:
-    /// The expression inside a token; `level`: how deep the sentence is already.
+    /// The expression inside a token. `level`: nesting depth so far.
     [[nodiscard]] std::string Expression(int parent, int level) const;
-    /// The token with all that it stands for: a function with its arguments.
+    /// The token and what belongs to it: a function with its arguments.
     [[nodiscard]] std::string Whole(int token, int level) const;
-    /// What a token of the kind Other says.
+    /// The text of a token of kind Other.
     [[nodiscard]] virtual std::string OtherText(int token, int level) const = 0;
 
 private:

@@ -53,7 +53,7 @@ double Rounded(double value, int decimals) noexcept {
     return std::abs(value) * scale < Exact ? std::round(value * scale) / scale : value;
 }
 
-/// What SUM, MIN, MAX or AVERAGE have gathered, for each period.
+/// The running result of SUM, MIN, MAX or AVERAGE for each period.
 struct MacroEvaluation::Folding {
     Folding(MacroOperation how, std::size_t count)
         : operation(how), result(count, Number(0)), counts(count, 0), outside(count, 0) {}
@@ -77,7 +77,7 @@ struct MacroEvaluation::Folding {
         }
     }
 
-    /// Takes what another one has gathered over all of its periods into each of these.
+    /// Adds the single result of another one to every period.
     void TakeAll(const Folding& other) {
         for (std::size_t i = 0; i < counts.size(); ++i) {
             const int before = counts[i];
@@ -102,7 +102,7 @@ struct MacroEvaluation::Folding {
     MacroOperation operation;
     Values result;
     std::vector<int> counts;
-    Mask outside;  // something lay outside the table
+    Mask outside;  // a value was outside the table
 };
 
 Values MacroEvaluation::Of(const MacroExpression& expression, const Frame& frame, const Mask& mask) {
@@ -315,7 +315,7 @@ Values MacroEvaluation::Fold(const MacroExpression& expression, const Frame& fra
 
 namespace {
 
-/// The lines that an argument of SUM and its kin stands for.
+/// The number of lines in an argument of SUM and the like.
 int LineCountOf(const MacroExpression& expression) {
     if (expression.IsOperand()) {
         return std::max(1, static_cast<int>(expression.lines.size()));

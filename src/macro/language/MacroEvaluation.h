@@ -10,38 +10,38 @@
 
 namespace planview {
 
-/// As ROUND does: half away from zero. A number too large to have decimals stays as it is.
+/// Rounds half away from zero, as ROUND does. A number too large to have decimals stays as it is.
 [[nodiscard]] double Rounded(double value, int decimals) noexcept;
 
 /// Evaluates one expression over many periods at once.
 ///
-/// An empty cell counts as 0 in arithmetic; SUM, MIN, MAX and AVERAGE leave it out, COPY keeps it. A value that lies
-/// outside the table (by a shift) makes what is computed with it no value; the functions of many values leave it out.
-/// IF, AND and OR evaluate their later arguments only where the first one leaves it open.
+/// An empty cell counts as 0 in arithmetic; SUM, MIN, MAX and AVERAGE ignore it, COPY keeps it. Arithmetic with a value
+/// outside the table (by a shift) has no value; SUM and the like ignore it. IF, AND and OR evaluate their later
+/// arguments only for the periods that need them.
 class MacroEvaluation {
 public:
     using Values = MacroValues;
-    using Mask = std::vector<std::uint8_t>;  ///< where a value is needed; elsewhere it may be anything
+    using Mask = std::vector<std::uint8_t>;  ///< periods that need a value; the others may get any
 
-    /// What an evaluation is for.
+    /// What to evaluate for.
     struct Frame {
         std::span<const int> periods;
-        int firstIndex = 0;     ///< of the first of them among the statement's periods
-        int shift = 0;          ///< periods to be added to each
-        int line = 0;           ///< 0-based, where areas are taken line by line
-        bool oneValue = false;  ///< there is no period at hand; `periods` has one item all the same
+        int firstIndex = 0;     ///< of periods.front() among the statement's periods
+        int shift = 0;          ///< added to each period
+        int line = 0;           ///< index in each area, which are taken line by line
+        bool oneValue = false;  ///< one value without a period; `periods` still has one item
         bool keepEmpty = false;
-        /// The statement's own line, and what it held before the statement.
+        /// The line that is assigned, and what it held before the statement.
         const MacroValues* own = nullptr;
         const MacroValues* before = nullptr;
-        int statementLine = -1;  ///< of the table, to name it in an error
+        int statementLine = -1;  ///< index of the line in the table, for error messages
     };
 
     MacroEvaluation(MacroSheet& sheet, const PlanningTable& table, const std::vector<int>& chosenPeriods)
         : sheet_(sheet), table_(table), chosen_(chosenPeriods) {}
 
-    /// As many values as the frame has periods. Throws MacroFault: division by zero, a number too large, a cell that
-    /// holds a text.
+    /// One value for each period of the frame. Throws MacroFault on a division by zero, an overflow, or a text in a
+    /// cell.
     [[nodiscard]] Values Of(const MacroExpression& expression, const Frame& frame, const Mask& mask);
 
 private:
@@ -57,7 +57,7 @@ private:
 
     [[nodiscard]] const MacroValues& LineOf(const MacroExpression& operand, int line, const Frame& frame);
     [[nodiscard]] MacroValue Taken(MacroValue value, bool keepEmpty, int line, int period, int node) const;
-    /// Throws MacroFault where a number that is needed is none any more.
+    /// Throws MacroFault on an overflow in a period that needs a value.
     void CheckSize(const MacroExpression& expression, const Frame& frame, const Values& values, const Mask& mask) const;
     [[noreturn]] void Fail(const MacroExpression& expression, const Frame& frame, std::size_t index,
                            const char* what) const;

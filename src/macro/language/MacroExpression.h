@@ -15,12 +15,12 @@ namespace planview {
 enum class MacroOperation : std::uint8_t {
     // Operands
     Constant,
-    Line,        ///< one line of the table, in the period at hand
+    Line,        ///< one line of the table, in the current period
     Element,     ///< one cell of the table
-    Area,        ///< some lines, in the period at hand or in periods of their own
-    OwnLine,     ///< as Line, of the macro's own
-    OwnElement,  ///< one value of the macro's own
-    OwnArea,     ///< as Area, of the macro's own
+    Area,        ///< several lines, in the current period or in given periods
+    OwnLine,     ///< a line of the macro itself
+    OwnElement,  ///< a single value of the macro itself
+    OwnArea,     ///< an area of the macro itself
     // Operators
     Negate,
     Add,
@@ -47,49 +47,49 @@ enum class MacroOperation : std::uint8_t {
     Round
 };
 
-/// Whether an operand is of the table, not of the macro's own.
+/// Whether an operand belongs to the table, not to the macro itself.
 [[nodiscard]] constexpr bool IsOfTable(MacroOperation operand) noexcept {
     return operand >= MacroOperation::Line && operand <= MacroOperation::Area;
 }
 
-/// ROUND, and what a macro writes, have at most so many decimals.
+/// The most decimals for ROUND and for what a macro writes.
 inline constexpr double MostDecimals = 15;
 
-/// A part of a statement's right side, or of a condition, that can be evaluated.
+/// A part of an expression or comparison that can be evaluated.
 struct MacroExpression {
     MacroOperation operation = MacroOperation::Constant;
-    double number = 0;  ///< of a Constant; periods of a Shift; decimals of a Round
-    MacroRange range;   ///< of an Element its cell; of an Area its periods
-    /// Of lines and areas: which lines of the table, or of the macro's own; of an OwnElement: which element.
+    double number = 0;  ///< of a Constant; periods for Shift; decimals for Round
+    MacroRange range;   ///< the cell of an Element, the periods of an Area
+    /// Indexes of lines in the table or of own lines; of an OwnElement, its index.
     std::vector<int> lines;
-    int node = -1;           ///< the token that faults name
+    int node = -1;           ///< the token, for faults
     int depth = 1;           ///< of the tree below it
     bool perPeriod = false;  ///< has a value for each period
-    /// A shifted operand: reads what the statement has given its own line already.
+    /// A shifted operand that reads values which this statement has already computed.
     bool live = false;
     std::vector<MacroExpression> arguments;
 
     [[nodiscard]] bool IsTruth() const noexcept {
         return operation >= MacroOperation::Equal && operation <= MacroOperation::Or;
     }
-    /// SUM, MIN, MAX or AVERAGE: makes one value of many.
+    /// SUM, MIN, MAX or AVERAGE: combines many values into one.
     [[nodiscard]] bool IsFold() const noexcept {
         return operation >= MacroOperation::Sum && operation <= MacroOperation::Average;
     }
-    /// Reads cells or own values as they are.
+    /// A line, element or area.
     [[nodiscard]] bool IsOperand() const noexcept {
         return operation > MacroOperation::Constant && operation <= MacroOperation::OwnArea;
     }
 };
 
-/// An operator or function as it stands in `NODEVALUE`, with what the editor calls it.
+/// An operator as it is written (`NODEVALUE`).
 struct MacroOperatorName {
     std::string_view value;
     MacroOperation operation;
-    int strength;  ///< binds the more strongly the higher it is
+    int strength;  ///< precedence; higher binds tighter
 };
 
-/// The operators with two sides. "(" ")" and ";" are none of them.
+/// The binary operators; "(", ")" and ";" are not among them.
 [[nodiscard]] PLANVIEW_EXPORT const std::vector<MacroOperatorName>& MacroOperators();
 
 struct MacroFunctionName {
@@ -97,12 +97,12 @@ struct MacroFunctionName {
     MacroOperation operation;
     std::size_t leastArguments;
     std::size_t mostArguments;
-    std::string_view caption;  ///< for a button or a popup
-    std::string_view takes;    ///< a sentence on its arguments
+    std::string_view caption;  ///< on buttons and in popups
+    std::string_view takes;    ///< its arguments, a sentence
 };
 
 [[nodiscard]] PLANVIEW_EXPORT const std::vector<MacroFunctionName>& MacroFunctions();
-/// Null where there is none of that name.
+/// Null if there is none of that name.
 [[nodiscard]] PLANVIEW_EXPORT const MacroOperatorName* FindMacroOperator(std::string_view value) noexcept;
 [[nodiscard]] PLANVIEW_EXPORT const MacroFunctionName* FindMacroFunction(std::string_view value) noexcept;
 

@@ -7,13 +7,13 @@
 
 namespace planview {
 
-/// Ends the check of one statement, or a run.
+/// Ends the check of a statement, or a run.
 class MacroFault : public std::runtime_error {
 public:
     MacroFault(int faultyNode, const std::string& what, std::string whatNow)
         : std::runtime_error(what), node(faultyNode), now(std::move(whatNow)) {}
 
-    int node;         ///< the token or statement that it is about, by the number that its reader has given it
+    int node;         ///< number of the token or statement; see MacroTokens
     std::string now;  ///< what the user can do
 };
 

@@ -8,22 +8,22 @@
 
 namespace planview {
 
-/// In which order a statement goes through its periods.
+/// The order in which a statement computes its periods.
 enum class MacroDirection {
-    Any,      ///< no period depends on another one
-    Forward,  ///< a period reads earlier ones of its own line
+    Any,      ///< periods do not depend on each other
+    Forward,  ///< a period depends on earlier ones of the same line
     Backward
 };
 
-/// One statement of a macro: gives something its value, or decides.
+/// One statement of a macro: an assignment or a condition.
 struct MacroStatement {
-    int node = -1;  ///< the number by which faults name it
+    int node = -1;  ///< number of the statement; see MacroTokens
     bool isCondition = false;
 
-    // Of one that gives a value
-    MacroOperation target = MacroOperation::Line;  ///< one of the operands
-    std::vector<int> lines;                        ///< of the table or the macro's own; of an own element: its number
-    std::vector<int> periods;                      ///< those it runs over; empty for an own element
+    // Of an assignment
+    MacroOperation target = MacroOperation::Line;  ///< an operand
+    std::vector<int> lines;    ///< indexes in the table or of own lines; of an own element, its index
+    std::vector<int> periods;  ///< that it computes; empty for an own element
     MacroExpression value;
     MacroDirection direction = MacroDirection::Any;
 
@@ -34,9 +34,9 @@ struct MacroStatement {
     std::vector<MacroStatement> fails;
 };
 
-/// A macro that has been checked: lines and periods are 0-based indexes in the table that it was checked against.
+/// A checked macro. Lines and periods are 0-based indexes in the table that it was checked against.
 struct MacroProgram {
-    std::vector<int> periods;  ///< the chosen ones, in their order
+    std::vector<int> periods;  ///< the periods of the macro, in order
     std::optional<int> decimals;
     std::vector<MacroStatement> statements;
     int ownLines = 0;

@@ -6,8 +6,7 @@
 
 namespace planview {
 
-/// Runs the statements of a macro over a sheet, which keeps the macro's own values of an earlier run no longer. Throws
-/// MacroFault.
+/// Runs a program on a sheet, after clearing the macro's own values there. Throws MacroFault.
 void RunProgram(const MacroProgram& program, const PlanningTable& table, MacroSheet& sheet);
 
 }  // namespace planview

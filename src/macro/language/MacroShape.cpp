@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* FoldIt = "Put it into SUM, MIN, MAX or AVERAGE.";
 
-/// Two pieces of one expression: each has one line (no periods of its own), or both have as many.
+/// Two parts of an expression fit if they have the same number of lines (periods) or one of them has only one (none).
 int Fitting(int left, int right, int neutral, int node, const char* what) {
     if (left != neutral && right != neutral && left != right) {
         throw MacroFault(node,
@@ -86,14 +86,14 @@ bool IsOwn(const MacroExpression& operand, const MacroStatement& statement, bool
     return first != read.end();
 }
 
-/// Where in an expression the walk is.
+/// Where in the expression the operand is.
 struct ReadContext {
     int shift = 0;  ///< periods
     bool inFold = false;
     bool directlyInFold = false;
 };
 
-/// Gathers by how many periods the statement reads its own line shifted.
+/// Collects the shifts by which the statement reads the line that it assigns.
 void FindOwnReads(MacroExpression& expression, const MacroStatement& statement, ReadContext at, std::set<int>& shifts) {
     if (expression.IsOperand()) {
         if (at.shift != 0 && !at.directlyInFold && IsOwn(expression, statement, at.inFold)) {
@@ -110,7 +110,7 @@ void FindOwnReads(MacroExpression& expression, const MacroStatement& statement, 
     }
 }
 
-/// The first of the periods from which this step leads to another one of them.
+/// The first period from which the step leads to another one of the periods.
 std::optional<int> FirstReaching(const std::vector<int>& periods, int step) {
     for (const int period : periods) {
         if (std::binary_search(periods.begin(), periods.end(), period + step)) {

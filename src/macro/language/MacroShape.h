@@ -7,21 +7,21 @@
 
 namespace planview {
 
-/// How many lines and periods an expression has of its own.
+/// The size of an expression.
 struct MacroShape {
-    int lines = 1;        ///< more than one: it is taken line by line
-    int areaPeriods = 0;  ///< more than none: an area with periods of its own is taken period by period
+    int lines = 1;        ///< more than 1: it is computed line by line
+    int areaPeriods = 0;  ///< more than 0: it contains an area with given periods
 };
 
-/// The shape of the value of a statement, whose target and periods are known. Throws MacroFault where its pieces do not
-/// fit each other or the target: `perPeriod` says that a condition decides for each period whether it runs.
+/// The shape of a statement's value; its target and periods must be set. Throws MacroFault if parts of it do not fit
+/// each other or the target. `perPeriod`: a condition decides for each period whether the statement runs.
 [[nodiscard]] MacroShape ShapeOfValue(const MacroStatement& statement, bool perPeriod);
 
-/// Throws MacroFault for a test that is taken line by line.
+/// Throws MacroFault for a test that has more than one line.
 void CheckTestShape(const MacroExpression& test);
 
-/// Finds out whether the statement reads its own line in other periods, and marks the operands that do. Throws
-/// MacroFault, with the line's name, for a line that needs both its earlier and its later periods.
+/// Sets the statement's direction: whether it reads other periods of the line that it assigns. Marks the operands that
+/// do. Throws MacroFault, with the line's name, if it needs both earlier and later periods.
 void FindDirection(MacroStatement& statement, const PlanningTable& table, const std::string& line);
 
 }  // namespace planview

@@ -7,22 +7,22 @@
 
 namespace planview {
 
-/// The values that a macro works on, by line and period: those of the table, each line read when it is first needed,
-/// and the macro's own. Nothing goes back to the table from here.
+/// The values of a run by line and period: those of the table, each line read when first needed, and those of the macro
+/// itself. Never writes to the table.
 class MacroSheet {
 public:
     explicit MacroSheet(const PlanningTable& table);
-    /// Forgets the macro's own values and takes so many of them, all empty.
+    /// Replaces the macro's own values by so many empty ones.
     void StartOwn(int lines, int elements);
 
     [[nodiscard]] MacroValues& TableLine(int line);
     [[nodiscard]] MacroValues& OwnLine(int line) { return ownLines_[static_cast<std::size_t>(line)]; }
     [[nodiscard]] MacroValue& OwnElement(int element) { return ownElements_[static_cast<std::size_t>(element)]; }
 
-    /// Notes that the macro gave a cell of the table its value.
+    /// Notes that the macro has set a cell of the table.
     void Touch(int line, int period);
     [[nodiscard]] bool IsTouched(int line, int period) const;
-    /// What the table holds, for a line that has been read.
+    /// What the table holds; the line must have been read.
     [[nodiscard]] const MacroValues& Before(int line) const { return lines_[static_cast<std::size_t>(line)].before; }
     [[nodiscard]] bool HasTouched(int line) const { return !lines_[static_cast<std::size_t>(line)].touched.empty(); }
 
@@ -31,7 +31,7 @@ private:
         bool isRead = false;
         MacroValues values;
         MacroValues before;
-        std::vector<bool> touched;  // empty: none is
+        std::vector<bool> touched;  // empty: no cell is
     };
 
     const PlanningTable& table_;

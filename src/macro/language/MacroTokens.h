@@ -7,19 +7,19 @@
 
 namespace planview {
 
-/// One piece of an expression.
+/// A token of an expression.
 struct MacroToken {
     enum class Kind : std::uint8_t {
         Line,     ///< one line of the table; `value` is its key, or "SELECTED"
         Element,  ///< one cell
-        Area,     ///< some lines, in the period at hand or in periods of their own
-        OwnLine,  ///< as Line, of the macro's own; `value` is its name
+        Area,     ///< several lines, in the current period or in given periods
+        OwnLine,  ///< a line of the macro itself; `value` is its name
         OwnElement,
         OwnArea,
         Operator,  ///< also "(", ")" and ";"
-        Function,  ///< its arguments are inside it, with ";" between them
+        Function,  ///< its arguments are inside it, separated by ";"
         Constant,
-        Other  ///< nothing that an expression can hold
+        Other  ///< not allowed in an expression
     };
 
     Kind kind = Kind::Other;
@@ -29,16 +29,16 @@ struct MacroToken {
     [[nodiscard]] bool Is(std::string_view operation) const noexcept {
         return kind == Kind::Operator && value == operation;
     }
-    /// A line, an element or an area, of the table or the macro's own.
+    /// A line, element or area of the table or of the macro itself.
     [[nodiscard]] bool IsOperand() const noexcept { return kind <= Kind::OwnArea; }
     [[nodiscard]] bool IsOwn() const noexcept { return kind >= Kind::OwnLine && kind <= Kind::OwnArea; }
 };
 
-/// Where expressions are read from. Tokens are known by numbers of the reader's own, which faults name.
+/// The source of expressions. It gives each token a number of its choice, by which faults refer to it.
 class MacroTokens {
 public:
     virtual ~MacroTokens() = default;
-    /// The tokens of an expression, or of the arguments of a function, in their order.
+    /// The tokens of an expression or of the arguments of a function, in order.
     [[nodiscard]] virtual std::vector<int> Inside(int parent) const = 0;
     [[nodiscard]] virtual MacroToken At(int token) const = 0;
 

@@ -11,18 +11,18 @@ enum class MacroValueKind : std::uint8_t {
     Number,
     Empty,  ///< a cell without contents; counts as 0 in arithmetic
     Text,   ///< a cell whose text is no number
-    None    ///< no value at all: a shift has left the table
+    None    ///< no value: a shift led outside the table
 };
 
 struct MacroValue {
-    double number = 0;  ///< of a Number only
+    double number = 0;  ///< for kind Number only
     MacroValueKind kind = MacroValueKind::Empty;
 
     [[nodiscard]] bool IsNumber() const noexcept { return kind == MacroValueKind::Number; }
     [[nodiscard]] bool Is(double wanted) const noexcept { return IsNumber() && number == wanted; }
 };
 
-/// Values by period: their numbers, and beside each what it is. The number of what is none may be anything.
+/// Values by period. A number counts only if its kind is Number.
 struct MacroValues {
     MacroValues() = default;
     MacroValues(std::size_t size, MacroValue value) : numbers(size, value.number), kinds(size, value.kind) {}

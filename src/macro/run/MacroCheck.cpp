@@ -121,7 +121,7 @@ private:
         std::iota(program_.periods.begin(), program_.periods.end(), range->first);
     }
 
-    /// `perPeriod`: they stand below a condition that each period decides for itself.
+    /// `perPeriod`: they are below a condition that is decided for each period.
     std::vector<MacroStatement> Statements(const std::vector<int>& nodes, bool perPeriod) {
         std::vector<MacroStatement> statements;
         bool afterIf = false;
@@ -144,7 +144,7 @@ private:
                 } else if (read.type == MacroNodeType::Condition) {
                     afterIf = true;
                     statements.push_back(Condition(node, perPeriod));
-                } else if (IsPlaceType(read.type)) {
+                } else if (IsOperandType(read.type)) {
                     statements.push_back(Assignment(node, perPeriod));
                 } else {
                     throw MacroFault(node, "It is no statement.",
@@ -153,7 +153,7 @@ private:
                 }
             });
             if (afterIf && (statements.empty() || statements.back().node != node)) {
-                // Its own problem has been told; the one after it is no second one.
+                // Its own problem has been reported; an ELSE after it is not another one.
                 MacroStatement& failed = statements.emplace_back();
                 failed.node = node;
                 failed.isCondition = true;
@@ -185,7 +185,7 @@ private:
         return condition;
     }
 
-    /// A statement may name periods of its own, for which the condition decides, too.
+    /// A statement may name other periods; the condition is decided for those too.
     static void AddTestedPeriods(MacroStatement& condition, const std::vector<MacroStatement>& inner) {
         std::set<int> periods(condition.testedPeriods.begin(), condition.testedPeriods.end());
         for (const MacroStatement& statement : inner) {
@@ -211,7 +211,7 @@ private:
         } else {
             static_cast<void>(scope_.OwnNameOf(node));
         }
-        // Whatever is wrong with the value, those that read an own name later are not to blame.
+        // Even if the value is wrong, the name is known from here on: statements that read it are not to blame.
         const std::optional<MacroFault> fault = FaultOf([&] { statement.value = ParseNumberExpression(scope_, node); });
         MacroShape shape;
         const std::optional<MacroFault> wrongShape =
@@ -238,7 +238,7 @@ private:
         }
     }
 
-    /// The own lines, or the own element, that the statement's target stands for; new ones at its first statement.
+    /// The indexes of the own lines, or of the own element, that are assigned; new ones at the first assignment.
     std::vector<int> OwnIndexes(const MacroStatement& statement, const MacroShape& shape) {
         const std::string name = scope_.OwnNameOf(statement.node);
         if (statement.target == MacroOperation::OwnElement) {

@@ -13,8 +13,8 @@ namespace planview {
 
 namespace {
 
-std::string Ends(const std::string& first, char mark, const std::string& last, bool asArea) {
-    return first == last && !asArea ? first : first + mark + last;
+std::string Ends(const std::string& first, char mark, const std::string& last, bool both) {
+    return both ? first + mark + last : first;
 }
 
 }  // namespace
@@ -125,6 +125,14 @@ std::string MacroGrid::CaptionsOf(const MacroRange& range, bool asArea) const {
             CaptionMark + Ends(PeriodCaption(range.firstPeriod), CaptionMark, PeriodCaption(range.lastPeriod), asArea);
     }
     return text;
+}
+
+std::string MacroGrid::PeriodsReferenceOf(const PlaceRange& periods) const {
+    return Ends(PeriodKey(periods.first), RangeMark, PeriodKey(periods.last), periods.first != periods.last);
+}
+
+std::string MacroGrid::PeriodsCaptionsOf(const PlaceRange& periods) const {
+    return Ends(PeriodCaption(periods.first), CaptionMark, PeriodCaption(periods.last), periods.first != periods.last);
 }
 
 std::vector<int> MacroGrid::SelectedLines() const {

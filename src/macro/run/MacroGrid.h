@@ -11,19 +11,18 @@
 
 namespace planview {
 
-/// The planning lines and periods of a grid in the order in which the grid has them, with what they are called. For the
-/// length of one action.
+/// The planning lines and periods of a grid, in the grid's order. Must not outlive an action.
 class MacroGrid final : public PlanningTable {
 public:
     explicit MacroGrid(const GridControl& grid);
     MacroGrid(const MacroGrid&) = delete;
     MacroGrid& operator=(const MacroGrid&) = delete;
 
-    [[nodiscard]] const std::vector<RowId>& Lines() const noexcept { return lineIds_; }
-    [[nodiscard]] const std::vector<ColumnId>& Periods() const noexcept { return periodIds_; }
+    [[nodiscard]] RowId LineId(int line) const { return lineIds_[Index(line)]; }
+    [[nodiscard]] ColumnId PeriodId(int period) const { return periodIds_[Index(period)]; }
     [[nodiscard]] int LineCount() const noexcept override { return static_cast<int>(lineIds_.size()); }
     [[nodiscard]] int PeriodCount() const noexcept override { return static_cast<int>(periodIds_.size()); }
-    /// As GridPlaces has it.
+    /// See GridPlaces::Caption().
     [[nodiscard]] std::string LineCaption(int line) const override { return lines_.Caption(InGrid(lines_, line)); }
     [[nodiscard]] std::string PeriodCaption(int period) const override {
         return periods_.Caption(InGrid(periods_, period));
@@ -33,26 +32,29 @@ public:
     [[nodiscard]] std::string CellCaption(int line, int period) const override;
     [[nodiscard]] bool IsTextLine(int line) const override;
     [[nodiscard]] MacroValues ValuesOf(int line) const override;
-    [[nodiscard]] Cell CellAt(int line, int period) const { return {periodIds_[Index(period)], lineIds_[Index(line)]}; }
+    [[nodiscard]] Cell CellAt(int line, int period) const { return {PeriodId(period), LineId(line)}; }
 
-    /// As GridPlaces finds them, planning ones only.
+    /// See GridPlaces::Find(); planning lines and periods only.
     [[nodiscard]] std::optional<int> FindLine(std::string_view key, std::string_view caption) const;
     [[nodiscard]] std::optional<int> FindPeriod(std::string_view key, std::string_view caption) const;
     /// The only line with this caption.
     [[nodiscard]] std::optional<int> FindLineByCaption(std::string_view caption) const;
-    /// One period or a range ("COL3:COL8"), in the order of the grid. No value where it is not found: then `missing`
-    /// says which, as the user would call it.
+    /// One period or a range ("COL3:COL8"), in the grid's order. Returns no value if it is not found; `missing` then
+    /// names it as the user would.
     [[nodiscard]] std::optional<PlaceRange> FindPeriods(std::string_view reference, std::string_view captions,
                                                         std::string& missing) const;
 
     [[nodiscard]] std::optional<MacroRange> Resolve(std::string_view reference, std::string_view captions,
                                                     std::string& missing) const override;
-    /// The reference and the captions of a range; `asArea` with both ends even where they are the same.
+    /// The reference and the captions of a range; an area has both ends even if they are equal.
     [[nodiscard]] std::string ReferenceOf(const MacroRange& range, bool asArea) const;
     [[nodiscard]] std::string CaptionsOf(const MacroRange& range, bool asArea) const;
+    /// The same for periods without lines.
+    [[nodiscard]] std::string PeriodsReferenceOf(const PlaceRange& periods) const;
+    [[nodiscard]] std::string PeriodsCaptionsOf(const PlaceRange& periods) const;
 
-    /// The lines (periods) that the user has selected, as whole ones or with some of their cells; those of the current
-    /// cell where nothing is selected. Whole columns alone select periods and leave the line to the current cell.
+    /// The lines (periods) with selected cells; those of the current cell if nothing is selected. If only whole columns
+    /// are selected, the line is that of the current cell.
     [[nodiscard]] std::vector<int> SelectedLines() const;
     [[nodiscard]] std::vector<int> SelectedPeriods() const;
 

@@ -17,7 +17,7 @@ using modPlan::TraceWrite;
 namespace {
 
 constexpr std::string_view MacroLabel = "MACRO";
-/// So many cells are named in a message; of the others it says how many there are.
+/// A message names so many cells and gives the number of the others.
 constexpr std::size_t MostNamedCells = 5;
 
 bool UsesSelectedLine(const MacroOutline& outline) {
@@ -29,7 +29,7 @@ bool UsesSelectedLine(const MacroOutline& outline) {
     return false;
 }
 
-/// What the sheet holds that the grid does not, and the cells among it that may not be changed.
+/// The cells that get a new value, and those among them that may not be changed.
 class Changes {
 public:
     Changes(const GridControl& grid, const MacroGrid& table, MacroSheet& sheet) : grid_(grid), table_(table) {
@@ -97,7 +97,7 @@ MacroProblems NoSuchMacro(std::string_view nodeKey) {
              "Select a macro there."}};
 }
 
-/// The lines for which a macro runs; one without a value for a macro that does not use the selected line.
+/// The lines for which a macro runs; a single empty one if it does not use the selected line.
 std::vector<std::optional<int>> LinesToRunFor(const MacroOutline& outline, const MacroGrid& table) {
     std::vector<std::optional<int>> lines;
     if (UsesSelectedLine(outline)) {
@@ -110,7 +110,7 @@ std::vector<std::optional<int>> LinesToRunFor(const MacroOutline& outline, const
     return lines.empty() ? std::vector<std::optional<int>>(1) : lines;
 }
 
-/// Computes everything on the sheet. A first problem ends it.
+/// Computes everything on the sheet. The first problem ends it.
 MacroProblems Compute(const MacroOutline& outline, const MacroGrid& table, MacroSheet& sheet) {
     MacroProblems problems;
     const std::vector<int> periods = table.SelectedPeriods();
@@ -130,7 +130,7 @@ MacroProblems Compute(const MacroOutline& outline, const MacroGrid& table, Macro
     return problems;
 }
 
-/// Changes the cells; what a failing table let through is taken back.
+/// Changes the cells; if the table fails, the cells that did change are changed back.
 void Apply(const MacroRunParts& parts, const Changes& changes, const MacroNode& macro, MacroOutcome& outcome) {
     const BulkResult result = parts.valueEntry.ChangeCells(changes.NewValues());
     outcome.changed = result.changed;

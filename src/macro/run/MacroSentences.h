@@ -9,19 +9,19 @@
 
 namespace planview {
 
-/// What the nodes of a macro say, in words: "Retail trade = Retail trade * 1,05", "If Total > 100", "Sum of Line 2 to
-/// Line 5". Nodes that are not complete are worded as far as they go ("…" where something is missing).
+/// The nodes of a macro in words: "Retail trade = Retail trade * 1,05", "If Total > 100", "Sum of Line 2 to Line 5".
+/// What is missing in incomplete nodes reads "…".
 class MacroSentences final : private ExpressionSentences {
 public:
     MacroSentences(const MacroOutline& outline, const MacroGrid& table)
         : ExpressionSentences(tokens_, table), outline_(outline), table_(table), tokens_(outline) {}
 
-    /// The node with all that it stands for: a statement with its expression, a condition with what it tests, a
-    /// function with its arguments.
+    /// The node and what belongs to it: a statement with its expression, a condition with its test, a function with its
+    /// arguments.
     [[nodiscard]] std::string Of(int node) const;
-    /// The node for a message that stands alone: a part of a statement together with the statement it is in.
+    /// The node for a message without context: a part of a statement is worded with its statement.
     [[nodiscard]] std::string Located(int node) const;
-    /// The node alone, as it is called in the tree: "Retail trade", "Sum", "If".
+    /// The node alone, as the tree shows it: "Retail trade", "Sum", "If".
     [[nodiscard]] std::string ShortOf(int node) const;
 
 private:

@@ -6,7 +6,7 @@
 
 namespace planview {
 
-/// The nodes of a macro as the tokens of its expressions, without those that are left out of a run.
+/// The active nodes of a macro as tokens, numbered by their index in the outline.
 class NodeTokens final : public MacroTokens {
 public:
     explicit NodeTokens(const MacroOutline& outline) : outline_(outline) {}

@@ -7,30 +7,14 @@
 
 namespace planview {
 
-/// What a row of MACRO_TREE is, by its `NODETYPE`. What `NODEVALUE` holds and which children a node has:
+/// What a row of MACRO_TREE is, by its `NODETYPE`. `docs/macros.md` lists what `NODEVALUE` holds and which children a
+/// node of each type has.
 ///
-/// | NODETYPE | Is | NODEVALUE | Children |
-/// |---|---|---|---|
-/// | (empty) | a folder of the host's | | any |
-/// | M_MAKRO | a macro | | attributes, then statements |
-/// | M_ATTRIBUTE | holds for the whole macro | PERIODS=ALL, PERIODS=SELECTED, PERIODS=COL4:COL9, DECIMALS=2 | |
-/// | M_CONDITION | decides for each period | IF, or ELSE for the sibling directly after an IF | IF: an M_CONDSTRING,
-/// then statements; ELSE: statements | | M_CONDSTRING | what an IF tests | | operands and operators | | M_TABLINE | a
-/// line of the grid | ROW3, or SELECTED for the selected line | an operand: none; a target: what it gets | |
-/// M_TABELEMENT | one cell | ROW3/COL5 | as above | | M_TABAREA | lines, in all or some periods | ROW2:ROW5,
-/// ROW2:ROW5/COL3:COL8 | as above | | M_MAKLINE | the macro's own line, a value for each period | its name | as above |
-/// | M_MAKELEMENT | the macro's own single value | its name | as above |
-/// | M_MAKAREA | the macro's own area | its name | as above |
-/// | M_OPERATOR | an operator | + - * / ( ) = <> < <= > >= AND OR ; | |
-/// | M_FUNCTION | a function | SUM MIN MAX AVERAGE COPY SHIFT IF ABS ROUND | its arguments, M_OPERATOR ";" between them
-/// | | M_CONSTANT | a number | as the user writes it: 1,05 | | | M_RECORD | a recorded macro | | its steps | | M_STEP |
-/// one recorded step | the fields of its MACROREC row from COMMAND on, with tabulators between them | |
+/// A line, element or area directly under a macro or a condition is a target: a statement that assigns it the value of
+/// the expression below it. Anywhere else it is an operand.
 ///
-/// A node of a table, own line, element or area kind that stands directly under a macro or a condition is a target: a
-/// statement that gives it the value of the expression below it. Anywhere else it is an operand.
-///
-/// `NODENAME` is the caption of the line or period that `NODEVALUE` names, as it was when the node was made: it finds
-/// the line again in a book whose keys have moved. `INACTIVE` "X" leaves the node, and all below it, out of a run.
+/// `NODENAME` holds the captions that the lines and periods of `NODEVALUE` had when the node was made; they find them
+/// again in a book with other keys. `INACTIVE` "X" leaves the node and its descendants out of a run.
 enum class MacroNodeType : std::uint8_t {
     Folder,
     Macro,
@@ -72,11 +56,11 @@ inline constexpr std::array<MacroNodeName, 16> MacroNodeNames{{{MacroNodeType::F
                                                                {MacroNodeType::Recording, "M_RECORD"},
                                                                {MacroNodeType::Step, "M_STEP"}}};
 
-/// A type that is none of these is a folder: the host may keep nodes of its own in the tree.
+/// Any other name is a folder: the host may keep nodes of its own in the tree.
 [[nodiscard]] constexpr MacroNodeType MacroNodeTypeOf(std::string_view name) noexcept {
-    for (const MacroNodeName& entry : MacroNodeNames) {
-        if (entry.name == name) {
-            return entry.type;
+    for (const MacroNodeName& known : MacroNodeNames) {
+        if (known.name == name) {
+            return known.type;
         }
     }
     return MacroNodeType::Folder;

@@ -43,7 +43,7 @@ MacroNode ReadNode(const TreeNode& node, EditorFields& fields, HostTable::Row ro
     return read;
 }
 
-/// The node after this one in the order of the tree, below `top`; a null node at the end.
+/// The next node in tree order below `top`; a null node at the end.
 TreeNode NextInOrder(TreeNode node, const TreeNode& top) {
     if (const TreeNode child = node.FirstChild()) {
         return child;
@@ -95,7 +95,7 @@ MacroOutline MacroOutline::Read(TreeControl& tree, const HostTable& table, std::
     const MacroRows rows(table);
     EditorFields fields(table);
     const int level = top.Level();
-    std::vector<int> open;  // the node last read on each level
+    std::vector<int> open;  // the last node read on each level
     for (TreeNode node = top; node; node = NextInOrder(node, top)) {
         const int index = outline.Count();
         MacroNode& read = outline.nodes_.emplace_back(ReadNode(node, fields, rows.Find(node.Key())));
@@ -128,7 +128,7 @@ std::vector<int> MacroOutline::ActiveChildren(int index) const {
 
 bool MacroOutline::IsTarget(int index) const {
     const MacroNode& node = At(index);
-    if (!IsPlaceType(node.type) || node.parent == MacroNode::None) {
+    if (!IsOperandType(node.type) || node.parent == MacroNode::None) {
         return false;
     }
     const MacroNodeType parent = At(node.parent).type;
@@ -157,7 +157,7 @@ bool MacroOutline::PutOnSelectedLine() {
     return !only.empty();
 }
 
-bool IsPlaceType(MacroNodeType type) noexcept {
+bool IsOperandType(MacroNodeType type) noexcept {
     return type >= MacroNodeType::TableLine && type <= MacroNodeType::OwnArea;
 }
 

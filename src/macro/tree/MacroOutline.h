@@ -12,7 +12,7 @@
 
 namespace planview {
 
-/// One node of MACRO_TREE with what the macro editor's fields say of it.
+/// One node of MACRO_TREE with its macro editor fields.
 struct MacroNode {
     static constexpr int None = -1;
 
@@ -28,15 +28,15 @@ struct MacroNode {
     std::vector<int> children;
 };
 
-/// Finds the row of a node key. Reads every `NODEKEY` once; lives no longer than one action, because the host may
-/// change its table between two.
+/// Finds rows by node key. Reads every `NODEKEY` once, so it must not outlive an action: the host may change its table
+/// afterwards.
 class MacroRows {
 public:
     explicit MacroRows(const HostTable& table);
 
-    /// The first row with this key, 0 when there is none.
+    /// The first row with this key, 0 if there is none.
     [[nodiscard]] HostTable::Row Find(std::string_view key) const;
-    /// A key "M" with a number behind it that no row has.
+    /// An unused key: "M" and a number.
     [[nodiscard]] std::string NewKey();
 
 private:
@@ -44,36 +44,35 @@ private:
     int lastNumber_ = 0;
 };
 
-/// A node and all that is below it, as a copy: the node itself is number 0, the others follow in the order of the tree,
-/// each parent before its children.
+/// A copy of a node and its descendants. The node has index 0; the others follow in tree order, parents before
+/// children.
 class MacroOutline {
 public:
-    /// Empty where the tree has no node of that key. Throws as the table does; a table without the fields of the macro
-    /// editor gives nodes that are all folders.
+    /// Empty if the tree has no such node. Passes on what the table throws. If the table lacks the macro editor's
+    /// fields, every node is a folder.
     [[nodiscard]] static MacroOutline Read(TreeControl& tree, const HostTable& table, std::string_view key);
 
     [[nodiscard]] bool IsEmpty() const noexcept { return nodes_.empty(); }
     [[nodiscard]] int Count() const noexcept { return static_cast<int>(nodes_.size()); }
     [[nodiscard]] const MacroNode& At(int index) const { return nodes_.at(static_cast<std::size_t>(index)); }
-    /// MacroNode::None where there is none.
+    /// MacroNode::None if there is no such node.
     [[nodiscard]] int Find(std::string_view key) const noexcept;
-    /// The children that take part in a run.
+    /// The children that are not inactive.
     [[nodiscard]] std::vector<int> ActiveChildren(int index) const;
-    /// Whether the node gives something its value, not only names it: a table or own kind directly under a macro or a
-    /// condition.
+    /// Whether the node is assigned a value: a line, element or area directly under a macro or a condition.
     [[nodiscard]] bool IsTarget(int index) const;
-    /// Puts the selected line in the place of the line of the grid that the macro is about. False, and nothing done,
-    /// where it is about none or several; one that says "SELECTED" already stays as it is.
+    /// Replaces the only grid line that the macro is about by the selected line. Returns false and changes nothing if
+    /// it is about no line or several; a macro that uses "SELECTED" already stays as it is.
     bool PutOnSelectedLine();
 
 private:
     std::vector<MacroNode> nodes_;
 };
 
-/// A line, an element or an area, of the grid or the macro's own.
-[[nodiscard]] bool IsPlaceType(MacroNodeType type) noexcept;
+/// A line, element or area of the grid or of the macro itself.
+[[nodiscard]] bool IsOperandType(MacroNodeType type) noexcept;
 
-/// The key of the macro or recording that the node is or stands in; empty where there is none.
+/// The key of the macro or recording that the node is or belongs to; empty if there is none.
 [[nodiscard]] std::string MacroKeyOf(TreeControl& tree, const HostTable& table, std::string_view nodeKey);
 
 }  // namespace planview

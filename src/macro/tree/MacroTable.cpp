@@ -24,12 +24,12 @@ void MacroTable::Put(std::string_view key, std::string_view field, std::string_v
     table_.Put(row, field, value);
 }
 
-/// Roots are built before all others.
+/// Roots are built first.
 int MacroTable::BuildOrder(HostTable::Row row) const {
     return table_.Text(row, "NODEREF").empty() ? 0 : row;
 }
 
-/// An empty row behind the parent's, a new one where there is none.
+/// An empty row after the parent's, or else a new one.
 HostTable::Row MacroTable::RowFor(std::string_view parent) {
     const int count = table_.RowCount();
     const HostTable::Row parentRow = parent.empty() ? HostTable::Row(0) : rows_.Find(parent);
@@ -41,7 +41,7 @@ HostTable::Row MacroTable::RowFor(std::string_view parent) {
     return table_.AddRow();
 }
 
-void MacroTable::Place(HostTable::Row row, std::string_view reference, TreeRelationship relation) {
+void MacroTable::Relate(HostTable::Row row, std::string_view reference, TreeRelationship relation) {
     if (table_.Text(row, "NODEREF") != reference) {
         table_.Put(row, "NODEREF", reference);
     }
@@ -70,7 +70,7 @@ std::string MacroTable::Add(const NewMacroNode& node, std::string_view beside, M
     table_.Put(row, "NODETEXT", node.text);
     table_.Put(row, "IMAGE", MacroImageOf(node.type));
     table_.Put(row, "IMAGE_SEL", MacroImageOf(node.type));
-    Place(row, "", TreeRelationship::Child);
+    Relate(row, "", TreeRelationship::Child);
     const std::string key = rows_.NewKey();
     table_.Put(row, "NODEKEY", key);
     rows_ = MacroRows(table_);
@@ -78,32 +78,32 @@ std::string MacroTable::Add(const NewMacroNode& node, std::string_view beside, M
         return key;
     }
     Keys order = ChildrenOf(parent);
-    auto place = order.end();
+    auto at = order.end();
     if (spot != MacroSpot::Inside) {
-        place = std::find(order.begin(), order.end(), beside) + (spot == MacroSpot::After ? 1 : 0);
+        at = std::find(order.begin(), order.end(), beside) + (spot == MacroSpot::After ? 1 : 0);
     }
-    order.insert(place, key);
+    order.insert(at, key);
     Arrange(parentKey, order);
     table_.PutFlag(rows_.Find(parentKey), "EXPANDED", true);
     return key;
 }
 
 void MacroTable::Arrange(const std::string& parent, const Keys& order) {
-    std::map<HostTable::Row, std::size_t> byRow;  // the order in which they are built
+    std::map<HostTable::Row, std::size_t> byRow;  // in build order
     for (std::size_t i = 0; i < order.size(); ++i) {
         byRow.emplace(rows_.Find(order[i]), i);
     }
     std::set<std::size_t> placed;
-    for (const auto& [row, place] : byRow) {
-        const auto next = placed.upper_bound(place);
+    for (const auto& [row, index] : byRow) {
+        const auto next = placed.upper_bound(index);
         if (next != placed.begin()) {
-            Place(row, order[*std::prev(next)], TreeRelationship::Next);
+            Relate(row, order[*std::prev(next)], TreeRelationship::Next);
         } else if (next != placed.end()) {
-            Place(row, order[*next], TreeRelationship::Previous);
+            Relate(row, order[*next], TreeRelationship::Previous);
         } else {
-            Place(row, parent, TreeRelationship::Child);
+            Relate(row, parent, TreeRelationship::Child);
         }
-        placed.insert(place);
+        placed.insert(index);
     }
 }
 
@@ -134,7 +134,7 @@ void MacroTable::Empty(HostTable::Row row) {
     }
 }
 
-/// What stands beside this root by its key stands beside another one, or alone.
+/// Makes the roots that refer to this one refer to another one, or to none.
 void MacroTable::ReleaseRoots(std::string_view key) {
     std::string other;
     for (TreeNode root = tree_.Nodes().FirstRoot(); root; root = root.NextSibling()) {
@@ -146,7 +146,7 @@ void MacroTable::ReleaseRoots(std::string_view key) {
     for (TreeNode root = tree_.Nodes().FirstRoot(); root; root = root.NextSibling()) {
         const HostTable::Row row = rows_.Find(root.Key());
         if (row != 0 && table_.Text(row, "NODEREF") == key) {
-            Place(row, other, other.empty() ? TreeRelationship::Child : TreeRelationship::Last);
+            Relate(row, other, other.empty() ? TreeRelationship::Child : TreeRelationship::Last);
             other = other.empty() ? root.Key() : other;
         }
     }
@@ -165,7 +165,7 @@ bool MacroTable::Move(std::string_view key, bool up) {
     return true;
 }
 
-/// Gives the nodes rows behind this one, in the order in which they are built, unless theirs are already.
+/// Moves the nodes into new rows after this one, in build order, unless theirs already come after it.
 void MacroTable::PutBehind(HostTable::Row row, const MacroOutline& moved) {
     std::map<int, HostTable::Row> byOrder;
     for (int i = 0; i < moved.Count(); ++i) {
@@ -190,7 +190,7 @@ void MacroTable::PutBehind(HostTable::Row row, const MacroOutline& moved) {
     rows_ = MacroRows(table_);
 }
 
-bool MacroTable::MoveTo(std::string_view key, std::string_view target, TreeDrop place) {
+bool MacroTable::MoveTo(std::string_view key, std::string_view target, TreeDrop drop) {
     const TreeNode node = tree_.Nodes().Item(key);
     const TreeNode beside = tree_.Nodes().Item(target);
     for (TreeNode above = beside; above; above = above.Parent()) {
@@ -199,7 +199,7 @@ bool MacroTable::MoveTo(std::string_view key, std::string_view target, TreeDrop 
         }
     }
     const TreeNode oldParent = node.Parent();
-    const TreeNode parent = place == TreeDrop::Below ? beside : beside.Parent();
+    const TreeNode parent = drop == TreeDrop::Below ? beside : beside.Parent();
     const MacroOutline moved = MacroOutline::Read(tree_, table_, key);
     if (parent != oldParent && oldParent) {
         Keys left = ChildrenOf(oldParent);
@@ -211,13 +211,13 @@ bool MacroTable::MoveTo(std::string_view key, std::string_view target, TreeDrop 
     const HostTable::Row anchor = rows_.Find(parent ? parent.Key() : target);
     PutBehind(static_cast<HostTable::Row>(BuildOrder(anchor)), moved);
     if (!parent) {
-        Place(rows_.Find(key), target, place == TreeDrop::Before ? TreeRelationship::Previous : TreeRelationship::Next);
+        Relate(rows_.Find(key), target, drop == TreeDrop::Before ? TreeRelationship::Previous : TreeRelationship::Next);
         return true;
     }
     Keys order = ChildrenOf(parent);
     std::erase(order, key);
-    const auto at = place == TreeDrop::Below ? order.end() : std::find(order.begin(), order.end(), target);
-    order.insert(at + (place == TreeDrop::After ? 1 : 0), std::string(key));
+    const auto at = drop == TreeDrop::Below ? order.end() : std::find(order.begin(), order.end(), target);
+    order.insert(at + (drop == TreeDrop::After ? 1 : 0), std::string(key));
     Arrange(parent.Key(), order);
     table_.PutFlag(rows_.Find(parent.Key()), "EXPANDED", true);
     return true;

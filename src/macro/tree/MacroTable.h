@@ -14,7 +14,7 @@
 
 namespace planview {
 
-/// Where a new node goes, seen from another one.
+/// Where a new node goes relative to another one.
 enum class MacroSpot { Before, After, Inside };
 
 struct NewMacroNode {
@@ -24,26 +24,24 @@ struct NewMacroNode {
     std::string text;
 };
 
-/// Changes the nodes of macros in MACRO_TREE. The tree still shows what the table held before: it is to be built anew
-/// after each call but the setters.
+/// Changes the nodes of macros in MACRO_TREE. The tree is not updated: rebuild it after each call except the setters.
 ///
-/// Rows keep their places. A tree control's table offers no way to remove a row, so the rows of deleted nodes stay,
-/// with all fields of theirs empty: a row without `NODEKEY` is no node. New nodes take such rows again. Where nodes
-/// change their order, `NODEREF` and `RELATION` of their siblings are written anew. Every method throws as the table
-/// does.
+/// Rows do not move. A host's table has no way to remove a row, so the rows of deleted nodes stay with empty fields: a
+/// row without `NODEKEY` is no node. New nodes reuse such rows. Reordering rewrites `NODEREF` and `RELATION` of the
+/// siblings. Every method passes on what the table throws.
 class MacroTable {
 public:
     MacroTable(TreeControl& tree, HostTable table) : tree_(tree), table_(std::move(table)), rows_(table_) {}
 
-    /// Adds a node and answers its key. Without `beside` it becomes the last root.
+    /// Adds a node and returns its key. Without `beside` it becomes the last root.
     std::string Add(const NewMacroNode& node, std::string_view beside, MacroSpot spot);
-    /// With all below it.
+    /// Deletes the node and its descendants.
     void Delete(std::string_view key);
-    /// Exchanges the node with the sibling before (behind) it; false where there is none.
+    /// Swaps the node with its previous (next) sibling; false if there is none.
     bool Move(std::string_view key, bool up);
-    /// Moves the node with all below it beside or below the target; false where the target is one of these. Where its
-    /// rows would be read before those of its new place, it gets new ones: fields of the host's own stay behind then.
-    bool MoveTo(std::string_view key, std::string_view target, TreeDrop place);
+    /// Moves the node and its descendants beside or below the target; false if the target is one of them. Nodes whose
+    /// rows would be read before that of their new parent get new rows; the host's own fields are not copied.
+    bool MoveTo(std::string_view key, std::string_view target, TreeDrop drop);
 
     void SetText(std::string_view key, std::string_view text) { Put(key, "NODETEXT", text); }
     void SetValue(std::string_view key, std::string_view value) { Put(key, "NODEVALUE", value); }
@@ -55,8 +53,8 @@ private:
 
     void Put(std::string_view key, std::string_view field, std::string_view value);
     [[nodiscard]] HostTable::Row RowFor(std::string_view parent);
-    void Place(HostTable::Row row, std::string_view reference, TreeRelationship relation);
-    /// Gives the siblings below `parent` this order.
+    void Relate(HostTable::Row row, std::string_view reference, TreeRelationship relation);
+    /// Puts the children of `parent` into this order.
     void Arrange(const std::string& parent, const Keys& order);
     void ReleaseRoots(std::string_view key);
     void Empty(HostTable::Row row);
@@ -69,7 +67,7 @@ private:
     MacroRows rows_;
 };
 
-/// The name of the picture that a node of this type has in the tree.
+/// The name of the tree picture for nodes of this type.
 [[nodiscard]] PLANVIEW_EXPORT std::string_view MacroImageOf(MacroNodeType type) noexcept;
 
 }  // namespace planview

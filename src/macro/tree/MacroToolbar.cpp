@@ -58,13 +58,6 @@ void MacroToolbar::TooltipTexts(const HostTable& texts) {
     Changed();
 }
 
-void MacroToolbar::SetEnabled(ToolbarButton button, bool enabled) {
-    if (At(button).enabled != enabled) {
-        At(button).enabled = enabled;
-        Changed();
-    }
-}
-
 void MacroToolbar::SetChecked(ToolbarButton button, bool checked) {
     if (At(button).checked != checked) {
         At(button).checked = checked;
@@ -78,8 +71,8 @@ void MacroToolbar::UserPress(ToolbarButton button) {
         if (TraceEnabled) {
             TraceWrite(Label, "", "ButtonClick", TraceText("{button: ", name, "}"));
         }
-        if (const auto handler = onPress; handler && IsEnabled(button)) {  // a copy: it may be set anew meanwhile
-            handler(button);
+        if (events_) {
+            events_->ButtonPressed(button);
         }
     });
 }
@@ -89,8 +82,8 @@ void MacroToolbar::UserDragSelection(const std::string& selection) {
         if (TraceEnabled) {
             TraceWrite(Label, "", "DragSelection", TraceText("{selection: ", selection, "}"));
         }
-        if (const auto handler = onDragSelection) {
-            handler(selection);
+        if (events_) {
+            events_->SelectionDragged(selection);
         }
     });
 }

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -16,8 +15,8 @@
 
 namespace planview {
 
-/// The buttons of the macro toolbar in their order: one per kind of macro element, then the check of a macro and
-/// whether an element is left out.
+/// The buttons of the macro toolbar in order: one per kind of macro element, then checking a macro and leaving an
+/// element out.
 enum class ToolbarButton : std::uint8_t {
     CondString,
     Condition,
@@ -35,57 +34,61 @@ enum class ToolbarButton : std::uint8_t {
 };
 inline constexpr std::size_t ToolbarButtonCount = 13;
 
-/// What is fixed of a button.
+/// The constant properties of a button.
 struct ToolbarButtonInfo {
     ToolbarButton button;
-    std::string_view field;    ///< of TEXTS; the button's name in the trace
-    std::string_view tooltip;  ///< where TEXTS has none
-    std::string_view icon;     ///< the name of its picture
+    std::string_view field;    ///< in TEXTS, and its name in the trace
+    std::string_view tooltip;  ///< if TEXTS has none
+    std::string_view icon;     ///< name of its picture
 };
 
-/// All buttons in their order.
+/// All buttons in order.
 [[nodiscard]] PLANVIEW_EXPORT std::span<const ToolbarButtonInfo, ToolbarButtonCount> ToolbarButtons() noexcept;
 
-/// Hears that a button looks different.
+/// Is told when a button looks different.
 class ToolbarWatcher {
 public:
     virtual ~ToolbarWatcher() = default;
     virtual void ToolbarChanged() = 0;
 };
 
-/// The macro toolbar without a screen: its tooltips, which buttons can be pressed, and what the user does to it.
+/// Is told what the user does to the toolbar.
+class ToolbarEvents {
+public:
+    virtual ~ToolbarEvents() = default;
+    virtual void ButtonPressed(ToolbarButton button) = 0;
+    /// The grid's selection was dragged from the toolbar. `selection`: see SelectionText().
+    virtual void SelectionDragged(const std::string& selection) = 0;
+};
+
+/// The macro toolbar without a screen: tooltips, which buttons look pressed, and what the user does.
 class PLANVIEW_EXPORT MacroToolbar {
 public:
     inline static constexpr std::string_view Label = "TREETOOL";
 
     MacroToolbar();
 
-    /// Takes the tooltips from TEXTS: each row's fields in their order, later rows over earlier ones. A button for
-    /// which no row has a text gets its own English one. Throws AutomationError.
+    /// Reads the tooltips from TEXTS; later rows override earlier ones. A button without a text gets its English one.
+    /// Throws AutomationError.
     void TooltipTexts(const HostTable& texts);
     [[nodiscard]] const std::string& Tooltip(ToolbarButton button) const { return At(button).tooltip; }
 
-    void SetEnabled(ToolbarButton button, bool enabled);
-    [[nodiscard]] bool IsEnabled(ToolbarButton button) const { return At(button).enabled; }
-    /// Whether the button looks pressed down, as INACTIVE does for an element that is left out.
+    /// Whether the button looks pressed, as INACTIVE does for an inactive element.
     void SetChecked(ToolbarButton button, bool checked);
     [[nodiscard]] bool IsChecked(ToolbarButton button) const { return At(button).checked; }
 
     void SetWatcher(ToolbarWatcher* watcher) noexcept { watcher_ = watcher; }
-    /// Hears of each press of an enabled button, and of the grid's selection being dragged from the toolbar.
-    std::function<void(ToolbarButton button)> onPress;
-    std::function<void(const std::string& selection)> onDragSelection;
+    void SetEvents(ToolbarEvents* events) noexcept { events_ = events; }
 
-    // --- What the user does (called by a view)
+    // --- User actions, called by the view
 
     void UserPress(ToolbarButton button);
-    /// `selection`: as SelectionText() has it.
+    /// `selection`: see SelectionText().
     void UserDragSelection(const std::string& selection);
 
 private:
     struct State {
         std::string tooltip;
-        bool enabled = true;
         bool checked = false;
     };
     [[nodiscard]] const State& At(ToolbarButton button) const { return states_[static_cast<std::size_t>(button)]; }
@@ -94,6 +97,7 @@ private:
 
     std::array<State, ToolbarButtonCount> states_;
     ToolbarWatcher* watcher_ = nullptr;
+    ToolbarEvents* events_ = nullptr;
 };
 
 }  // namespace planview

@@ -7,7 +7,7 @@ namespace planview {
 
 namespace {
 
-/// "KEY", or "FIRST:LAST" of those of the planning area; empty where there is none of it.
+/// "KEY" or "FIRST:LAST" of those in the planning area; empty if none is.
 template <class Id, class Track>
 std::string RangeText(const std::vector<Id>& ids, const Track& track) {
     std::string first;

@@ -9,9 +9,9 @@
 
 namespace planview {
 
-/// The smallest block around the visible planning cells that are selected, as "ROW3/COL4:COL9" (lines, then columns;
-/// one alone without ":"). Where only whole lines are selected, the lines alone: "ROW3:ROW5". The current cell where
-/// nothing is selected. Empty where no planning cell is.
+/// The smallest block that contains the selected visible planning cells, "ROW3/COL4:COL9": lines, then columns, a
+/// single one without ":". If only whole lines are selected, just the lines: "ROW3:ROW5". If nothing is selected, the
+/// current cell. Empty if that is no planning cell.
 [[nodiscard]] PLANVIEW_EXPORT std::string SelectionText(const GridControl& grid);
 
 }  // namespace planview

@@ -7,6 +7,7 @@
 
 #include <planview/AutomationObject.h>
 
+#include "grid/BusyScope.h"
 #include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 
@@ -17,38 +18,46 @@ using modPlan::TraceWrite;
 
 namespace {
 
-/// Keeps one procedure from running inside another, and the view from following each step.
-class Run {
+/// Holds back the repaints.
+class RedrawOff {
 public:
-    explicit Run(Tree& tree) : tree_(tree) {
-        if (tree.running) {
-            throw AutomationError(AutomationErrorCode::Failed, "The macro tree is being worked on already");
-        }
-        tree.running = true;
-        tree.control.SetRedraw(false);
-    }
-    ~Run() {
-        tree_.running = false;
-        tree_.control.SetRedraw(true);
-    }
-    Run(const Run&) = delete;
-    Run& operator=(const Run&) = delete;
+    explicit RedrawOff(TreeControl& control) : control_(control) { control.SetRedraw(false); }
+    ~RedrawOff() { control_.SetRedraw(true); }
+    RedrawOff(const RedrawOff&) = delete;
+    RedrawOff& operator=(const RedrawOff&) = delete;
 
 private:
-    Tree& tree_;
+    TreeControl& control_;
+};
+
+Tree& NotRunning(Tree& tree) {
+    if (tree.running) {
+        throw AutomationError(AutomationErrorCode::Failed, "The macro tree is being worked on already");
+    }
+    return tree;
+}
+
+/// Refuses to run one procedure inside another. The view is updated after the end.
+class Run {
+public:
+    explicit Run(Tree& tree) : redrawOff_(NotRunning(tree).control), running_(tree.running) {}
+
+private:
+    RedrawOff redrawOff_;
+    BusyScope running_;
 };
 
 TreeRelationship RelationIn(const HostTable& table, HostTable::Row row, const std::string& reference) {
     const Variant value = table.Value(row, "RELATION");
     const std::string* text = value.TextIf();
     if (reference.empty() && text && text->empty()) {
-        return TreeRelationship::Last;  // a root has nothing to stand beside
+        return TreeRelationship::Last;  // a root has no sibling to refer to
     }
     const bool isNumber = value.GetKind() == Variant::Kind::Int16 || value.GetKind() == Variant::Kind::Empty;
     return static_cast<TreeRelationship>(isNumber ? value.AsInt16() : table.Int16(row, "RELATION"));
 }
 
-/// A host may leave the field out.
+/// The field is optional.
 bool HasInactive(const HostTable& table) {
     return table.RowCount() > 0 && !ErrorTextOf([&] { static_cast<void>(table.Value(1, "INACTIVE")); });
 }
@@ -66,7 +75,7 @@ void AddNode(TreeControl& control, const HostTable& table, HostTable::Row row, c
     }
 }
 
-/// Both passes: the roots, then the others. `NODEREF` is read once: a late-bound call is what takes the time here.
+/// First the roots, then the others. `NODEREF` is read only once: late-bound calls take most of the time here.
 void AddNodes(TreeControl& control, const HostTable& table) {
     const bool hasInactive = HasInactive(table);
     const int count = table.RowCount();
@@ -123,7 +132,7 @@ bool NotRoot(const Tree& tree, std::string_view key) {
     const HostTable::Row row = table.FindRow("NODEKEY", key);
     const bool notRoot = row > 0 && !table.Text(row, "NODEREF").empty();
     if (TraceEnabled) {
-        // Without its closing bracket; log readers know it so.
+        // Without its closing bracket: log readers expect it this way.
         TraceWrite(Label, "", "NotRoot", TraceText("{value: ", notRoot));
     }
     return notRoot;

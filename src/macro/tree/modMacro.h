@@ -7,44 +7,44 @@
 #include "automation/TableSlots.h"
 #include "components/TreeControl.h"
 
-/// The macro tree: the nodes of a TreeControl made from the host's MACRO_TREE, and the table kept in step with them.
+/// The macro tree: the nodes of a TreeControl, built from the host's MACRO_TREE and kept in step with it.
 ///
-/// MACRO_TREE is the truth; no copy of it is kept. A node and its row belong together by `NODEKEY`; expand all and
-/// collapse all go by position, node i with row i.
+/// No copy of MACRO_TREE is kept. `NODEKEY` links a node to its row; ExpandAll() and CollapseAll() pair node i with row
+/// i.
 ///
-/// Every procedure throws AutomationError where the table or the tree fails, or where it is called from inside another
-/// one of them (by a table that calls the control while it is being read).
+/// Every procedure throws AutomationError if the table or the tree fails, or if it is called while another one runs (by
+/// a table that calls the control while it is being read).
 namespace planview::modMacro {
 
 inline constexpr std::string_view Label = "MACROTREE";
 
-/// What the procedures are about.
+/// What the procedures work on.
 struct Tree {
     TreeControl& control;
     const TableSlots& tables;
     EventSource& events;
-    bool running = false;  ///< one of the procedures is at work
+    bool running = false;  ///< a procedure is running
 };
 
-/// All nodes anew from MACRO_TREE: first the rows without `NODEREF` as roots, then the others relative to the node that
-/// `NODEREF` names. A row that cannot be placed ends the build; what stands by then stays. A node that is there again
-/// is selected again.
+/// Rebuilds all nodes from MACRO_TREE: first the rows without `NODEREF` as roots, then the others relative to the node
+/// that `NODEREF` names. A row that cannot be added ends the build; the nodes added before it stay. The selected node
+/// is selected again if it still exists.
 void Build(Tree& tree);
 
-/// Whether the table has a row of that key with a `NODEREF`.
+/// Whether the row with that key has a `NODEREF`.
 [[nodiscard]] bool NotRoot(const Tree& tree, std::string_view key);
 
-/// Opens all nodes and writes "X" into `EXPANDED`; then selects the first node, shows it, and raises `MacroTreeExpand`.
+/// Opens all nodes, writes "X" into `EXPANDED`, selects and shows the first node, and raises `MacroTreeExpand`.
 void ExpandAll(Tree& tree);
-/// Closes all nodes and empties `EXPANDED`; raises `MacroTreeCollapse`. What is selected stays so.
+/// Closes all nodes, clears `EXPANDED`, and raises `MacroTreeCollapse`. The selection stays.
 void CollapseAll(Tree& tree);
 
-/// Writes the node's text into every row of that key.
+/// Writes the text into every row with that key.
 void PutText(Tree& tree, std::string_view key, std::string_view text);
-/// Writes the node's open state into the row of that key, where there is one.
+/// Writes the open state into the row with that key, if there is one.
 void PutExpanded(Tree& tree, std::string_view key, bool expanded);
 
-/// The row of that key. Throws SubscriptOutOfRange where there is none.
+/// The row with that key. Throws SubscriptOutOfRange if there is none.
 [[nodiscard]] HostTable::Row RowOf(const Tree& tree, std::string_view key);
 
 }  // namespace planview::modMacro

@@ -160,7 +160,6 @@ void ToolbarView::ToolbarChanged() {
         const QString tooltip = QString::fromStdString(toolbar_.Tooltip(info.button));
         shown->setToolTip(tooltip.toHtmlEscaped());
         shown->setAccessibleName(tooltip);
-        shown->setEnabled(toolbar_.IsEnabled(info.button));
         // Only a checkable button repaints itself when it is unchecked.
         const bool checked = toolbar_.IsChecked(info.button);
         shown->setCheckable(checked || shown->isCheckable());

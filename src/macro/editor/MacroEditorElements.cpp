@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: MIT
+// How the macro editor changes the elements of a macro.
+
+#include <algorithm>
+
+#include "automation/Numbers.h"
+#include "automation/Texts.h"
+#include "macro/editor/ElementSpots.h"
+#include "macro/editor/MacroEditor.h"
+
+namespace planview {
+
+bool MacroEditor::Add(const NewMacroNode& node) {
+    std::string refusal;
+    const std::optional<ElementSpot> at = SpotFor(outline_, {Current(), spot_}, node.type, refusal);
+    if (!at) {
+        Say(refusal);
+        return false;
+    }
+    return Edit([&](MacroTable& table) { return table.Add(node, outline_.At(at->node).key, at->spot); });
+}
+
+void MacroEditor::NewMacro() {
+    Operate("NewMacro", [&] {
+        TreeNodes& nodes = parts_.tree.Nodes();
+        const auto isTaken = [&](const std::string& name) {
+            for (int i = 1; i <= nodes.Count(); ++i) {
+                if (nodes.Item(i).Text() == name) {
+                    return true;
+                }
+            }
+            return false;
+        };
+        NewMacroNode node;
+        node.type = MacroNodeType::Macro;
+        for (int number = 1; node.text.empty() || isTaken(node.text); ++number) {
+            node.text = "Macro " + std::to_string(number);
+        }
+        Edit([&](MacroTable& table) {
+            return table.Add(node, macroKey_, macroKey_.empty() ? MacroSpot::Inside : MacroSpot::After);
+        });
+        Announce();
+        Say("Point at what gets a value, a line for example, and take it over.", false);
+    });
+}
+
+void MacroEditor::AddCondition(bool otherwise) {
+    Operate("AddCondition", [&] {
+        NewMacroNode node;
+        node.type = MacroNodeType::Condition;
+        node.value = otherwise ? "ELSE" : "IF";
+        node.text = otherwise ? "Otherwise" : "If";
+        if (otherwise) {
+            const int condition = ConditionAround(outline_, Current());
+            if (condition == MacroNode::None) {
+                Say("\"Otherwise\" stands behind a condition. Select one first.");
+                return;
+            }
+            currentKey_ = outline_.At(condition).key;
+            spot_ = MacroSpot::After;
+        }
+        if (!Add(node)) {
+            return;
+        }
+        if (!otherwise) {
+            spot_ = MacroSpot::Inside;
+            AddConditionString();
+        }
+        Announce();
+    });
+}
+
+void MacroEditor::AddConditionString() {
+    const int at = ConditionAround(outline_, Current());
+    if (at == MacroNode::None) {
+        Say("A comparison belongs to a condition. Add one first.");
+        return;
+    }
+    if (const int comparison = ComparisonOf(outline_, at); comparison != MacroNode::None) {
+        Build(outline_.At(comparison).key);
+        return;
+    }
+    NewMacroNode node;
+    node.type = MacroNodeType::ConditionString;
+    node.text = "Comparison";
+    Edit([&](MacroTable& table) {
+        const MacroNode& condition = outline_.At(at);
+        return condition.children.empty()
+                   ? table.Add(node, condition.key, MacroSpot::Inside)
+                   : table.Add(node, outline_.At(condition.children.front()).key, MacroSpot::Before);
+    });
+}
+
+void MacroEditor::NextStatement() {
+    Operate("NextStatement", [&] {
+        if (!operandText_.empty() && !TakeText()) {
+            return;
+        }
+        int at = Current();
+        while (at > 0 && !HoldsStatements(outline_.At(outline_.At(at).parent).type)) {
+            at = outline_.At(at).parent;
+        }
+        if (at <= 0) {
+            return;
+        }
+        const bool isTest = outline_.At(at).type == MacroNodeType::ConditionString;
+        if (const TreeNode node = parts_.tree.Nodes().Find(outline_.At(at).key)) {
+            node.SetSelected(true);
+        }
+        spot_ = MacroSpot::After;
+        Say(isTest ? "Point at what gets a value where the condition holds, and take it over."
+                   : "Point at what gets a value next, and take it over.",
+            false);
+    });
+}
+
+std::string MacroEditor::NameToEdit() const {
+    const MacroNode* node = CurrentNode();
+    if (!node) {
+        return {};
+    }
+    const bool byValue = node->type == MacroNodeType::Constant ||
+                         (node->type >= MacroNodeType::OwnLine && node->type <= MacroNodeType::OwnArea);
+    return byValue ? node->value : node->text;
+}
+
+void MacroEditor::Rename(const std::string& text) {
+    Operate("Rename", [&] {
+        const MacroNode* node = CurrentNode();
+        if (!node || text == NameToEdit()) {
+            return;
+        }
+        if (Trimmed(text).empty()) {
+            Say("A name cannot be empty.");
+            return;
+        }
+        if (node->type == MacroNodeType::Constant && !TryParseNumber(text)) {
+            Say("\"" + text + "\" is not a number. Enter digits with a point or a comma.");
+            return;
+        }
+        Edit([&](MacroTable& table) {
+            const bool isOwn = node->type >= MacroNodeType::OwnLine && node->type <= MacroNodeType::OwnArea;
+            for (int i = 0; i < outline_.Count(); ++i) {
+                const MacroNode& each = outline_.At(i);
+                if (&each == node || (isOwn && each.type == node->type && each.value == node->value)) {
+                    if (isOwn || node->type == MacroNodeType::Constant) {
+                        table.SetValue(each.key, text);
+                    }
+                    table.SetText(each.key, text);
+                }
+            }
+            return node->key;
+        });
+        Announce();
+    });
+}
+
+void MacroEditor::Move(bool up) {
+    Operate(up ? "MoveUp" : "MoveDown", [&] {
+        const MacroNode* node = CurrentNode();
+        if (!node || Current() == 0) {
+            return;
+        }
+        const bool moved = Edit(
+            [&](MacroTable& table) { return table.Move(node->key, up) ? std::optional(node->key) : std::nullopt; });
+        if (moved) {
+            Announce();
+        } else {
+            Say(up ? "It is the first of its level." : "It is the last of its level.", false);
+        }
+    });
+}
+
+void MacroEditor::MoveTo(const std::string& key, const std::string& target, TreeDrop drop) {
+    Operate("MoveTo", [&] {
+        const HostTable macroTree = parts_.tables.MACRO_TREE;
+        const TreeNode beside = parts_.tree.Nodes().Item(target);
+        const TreeNode parent = drop == TreeDrop::Below ? beside : beside.Parent();
+        const auto typeOf = [&](std::string_view nodeKey) {
+            const HostTable::Row row = macroTree.FindRow("NODEKEY", nodeKey);
+            return row == 0 ? MacroNodeType::Folder : MacroNodeTypeOf(macroTree.Text(row, "NODETYPE"));
+        };
+        const MacroNodeType type = typeOf(key);
+        const MacroNodeType holder = parent ? typeOf(parent.Key()) : MacroNodeType::Folder;
+        if (type == MacroNodeType::Folder || type == MacroNodeType::Macro || type == MacroNodeType::Recording) {
+            if (holder != MacroNodeType::Folder) {
+                Say("Folders, macros and recordings stand in a folder, not in another macro.");
+                return;
+            }
+        } else if (type == MacroNodeType::Step) {
+            if (holder != MacroNodeType::Recording) {
+                Say("A recorded step stands in a recording.");
+                return;
+            }
+        } else if (holder == MacroNodeType::Folder || holder == MacroNodeType::Recording ||
+                   holder == MacroNodeType::Step) {
+            Say("An element stands in a macro.");
+            return;
+        }
+        const bool moved = Edit(
+            [&](MacroTable& table) { return table.MoveTo(key, target, drop) ? std::optional(key) : std::nullopt; });
+        if (moved) {
+            Announce();
+        } else {
+            Say("A node cannot be moved into itself.");
+        }
+    });
+}
+
+void MacroEditor::Delete() {
+    Operate("Delete", [&] {
+        const int current = Current();
+        if (current == MacroNode::None) {
+            return;
+        }
+        // Afterwards the previous sibling is current, or else the parent.
+        const MacroNode& node = outline_.At(current);
+        std::string next;
+        if (node.parent != MacroNode::None) {
+            const std::vector<int>& siblings = outline_.At(node.parent).children;
+            const auto found = std::find(siblings.begin(), siblings.end(), current);
+            next = outline_.At(found == siblings.begin() ? node.parent : *std::prev(found)).key;
+        }
+        Edit([&](MacroTable& table) {
+            table.Delete(node.key);
+            if (next.empty()) {
+                macroKey_.clear();
+            }
+            return next;
+        });
+        Announce();
+    });
+}
+
+void MacroEditor::ToggleActive() {
+    Operate("ToggleActive", [&] {
+        const MacroNode* node = CurrentNode();
+        if (!node || IsRecording()) {
+            return;
+        }
+        Edit([&](MacroTable& table) {
+            table.SetInactive(node->key, !node->inactive);
+            return node->key;
+        });
+        Announce();
+    });
+}
+
+}  // namespace planview
