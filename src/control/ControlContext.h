@@ -67,7 +67,7 @@ struct ControlContext {
     TreeControl tree;
     MacroToolbar toolbar;
     ChartSettings chartSettings;
-    PaneLayout layout;
+    PaneLayout layout{settings};
     EventSource events;
     modMacro::Tree macroTree{tree, tables, events};
     PressMode pressMode = PressMode::None;

@@ -68,7 +68,7 @@ void PlanView::SwitchChart() {
 
 void PlanView::SwitchMacroTree() {
     Guarded(state_, "USERCONTROL", "SwitchMacroTree", [](ControlContext& context) {
-        if (context.layout.LayoutMode()) {
+        if (context.settings.layoutMode) {
             ToggleMacroTree(context);
             RecordMenuCommand(context, "MacroTree");
         }

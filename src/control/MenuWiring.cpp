@@ -153,7 +153,7 @@ void BindMenuCommands(ControlContext& context) {
 
 MenuState MenuStateOf(const ControlContext& context, const CellKey& clicked) {
     MenuState state;
-    state.layoutMode = context.layout.LayoutMode();
+    state.layoutMode = context.settings.layoutMode;
     state.treeShown = context.settings.treeShown;
     state.chartShown = context.settings.chartShown;
     state.switched = context.settings.switched;

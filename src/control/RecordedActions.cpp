@@ -218,7 +218,7 @@ std::optional<std::string> ActionRefusal(const ControlContext& context, const Vi
             }
             break;
         case ActionKind::Toggle:
-            if (action.command == "MacroTree" && !context.layout.LayoutMode()) {
+            if (action.command == "MacroTree" && !context.settings.layoutMode) {
                 return "the macro tree cannot be shown here";
             }
             break;

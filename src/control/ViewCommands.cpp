@@ -19,7 +19,7 @@ void PutFlag(const ControlContext& context, std::string_view field, bool set) {
 void SetZoomed(ControlContext& context, bool zoomed) {
     context.settings.zoomed = zoomed;
     PutFlag(context, "ZOOMED", zoomed);
-    context.layout.SetZoomed(zoomed);
+    context.layout.LayOut(Splitter::GridSplit);
 }
 
 }  // namespace
@@ -46,9 +46,9 @@ void ToggleMacroTree(ControlContext& context) {
     if (shown && context.settings.zoomed) {
         SetZoomed(context, false);  // the zoomed grid would hide the tree
     }
-    context.layout.ShowTree(shown);
+    context.layout.LayOut(Splitter::CtrlSplit);
     if (shown) {
-        context.layout.LayOutTreeSplitter();
+        context.layout.LayOut(Splitter::TreeSplit);
     }
     PutFlag(context, "HIDDEN_LIST", shown);
     context.hostUpdate.StartUpdate();

@@ -225,7 +225,7 @@ TEST_F(MenuDispatchTest, ViewCommandsWriteTheirFlagAndTellTheHost) {
         std::function<bool()> shown;
     } cases[] = {
         {"mnuSwitch", "SWITCHED", [&] { return control->Grid().Settings().switched; }},
-        {"mnuZoom", "ZOOMED", [&] { return control->Panes().Zoomed(); }},
+        {"mnuZoom", "ZOOMED", [&] { return EntriesOf("Layout").back().ends_with("zoomed: True}"); }},
         {"mnuMacroTree", "HIDDEN_LIST", [&] { return control->Panes().TreePaneVisible(); }},
     };
     for (const auto& row : cases) {
