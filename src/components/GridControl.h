@@ -222,10 +222,14 @@ public:
     /// The contents as they are shown: by the cell's number format where they are a number.
     [[nodiscard]] std::string DisplayText(Cell cell) const;
     [[nodiscard]] std::string DisplayText(Cell cell, const CellLook& look) const;
+    /// The same for who has asked Number() already.
+    [[nodiscard]] std::string DisplayText(Cell cell, const CellLook& look, std::optional<double> number) const;
     /// Counts up whenever the grid is created or destroyed: ids from before then name nothing.
     [[nodiscard]] std::uint64_t BuildVersion() const noexcept;
     /// Counts up with every change of order, sizes, hidden state or switched state.
     [[nodiscard]] std::uint64_t LayoutVersion() const noexcept;
+    /// Counts up with every change of what is shown, whatever redraw says, but not with the scroll position.
+    [[nodiscard]] std::uint64_t ChangeVersion() const noexcept;
 
 private:
     struct State;

@@ -64,9 +64,7 @@ const QPixmap* GridContents::placeBitmap(const CellLook& look, const PlacedTrack
 }
 
 void GridContents::add(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
-                       const GridCellStyle& style, std::optional<double> number) {
-    const Cell cell = scene_.geometry.cell(horizontal.track.id, vertical.track.id);
-    const std::string text = scene_.grid.DisplayText(cell, look);
+                       const GridCellStyle& style, const std::string& text, bool isNumber) {
     if (text.empty() && !look.bitmap) {
         return;
     }
@@ -80,9 +78,9 @@ void GridContents::add(const PlacedTrack& horizontal, const PlacedTrack& vertica
     if (text.empty() || room.tooLow) {
         return;
     }
-    if (number && room.face->isPlainNumber(text)) {
+    if (isNumber && room.face->isPlainNumber(text)) {
         addNumber(text, room, style.text);
-    } else if (number && room.face->shape(text).width > room.width) {
+    } else if (isNumber && room.face->shape(text).width > room.width) {
         addNumber(TooNarrow, room, style.text);
     } else {
         addText(text, horizontal, vertical, room, style);
