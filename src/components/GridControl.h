@@ -173,7 +173,8 @@ public:
     /// Gives the size back that the header had when it was pressed; no event.
     GridStatus CancelBorder();
 
-    /// Gives the cell the text that the user entered and tells the listener. Whether the cell takes it is asked before.
+    /// Asks the listener to take the text that the user entered, and the cell shows what the listener sets; without a
+    /// listener it shows the text as it is. Whether the cell can be edited, and takes this text, is asked before.
     GridStatus EnterText(Cell cell, const std::string& text);
     void ReportStay();
     void ReportDoubleClick(Cell cell);
