@@ -249,7 +249,7 @@ template <class IsLine>
 void ChartData::FillSheet(const IsLine& isLine) {
     const HostTable colsIndex = parts_.tables.COLS_INDEX;
     std::vector<Line> lines = NumberLines(isLine);
-    const ObjectRef dataSheet = Late(Chart()).Get("DataSheet").Value().AsObject();
+    modChart::DataSheet dataSheet(Late(Chart()).Get("DataSheet").Value().AsObject());
     ShownKeys shown;
     std::int16_t category = 0;
     ForEachIndexRow(colsIndex, [&](HostTable::Row row) {
@@ -293,7 +293,7 @@ std::vector<ChartData::Line> ChartData::NumberLines(const IsLine& isLine) const 
 
 /// A caption stands from the first category on. The trace lists it with every category: only for its entry it is
 /// written again.
-void ChartData::FillCategory(const ObjectRef& dataSheet, std::int16_t category, std::string_view columnKey,
+void ChartData::FillCategory(modChart::DataSheet& dataSheet, std::int16_t category, std::string_view columnKey,
                              const std::vector<Line>& lines) const {
     const std::optional<ColumnId> column = parts_.grid.FindColumn(columnKey);
     const bool withCaptions = category == 1 || modPlan::TraceEnabled;

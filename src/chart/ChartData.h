@@ -10,6 +10,7 @@
 
 #include "automation/TableSlots.h"
 #include "chart/ChartTexts.h"
+#include "chart/modChart.h"
 #include "components/GridControl.h"
 #include "components/chart/ChartControl.h"
 #include "grid/ChartSettings.h"
@@ -69,7 +70,7 @@ private:
     void FillSheet(const IsLine& isLine);
     template <class IsLine>
     [[nodiscard]] std::vector<Line> NumberLines(const IsLine& isLine) const;
-    void FillCategory(const ObjectRef& dataSheet, std::int16_t category, std::string_view columnKey,
+    void FillCategory(modChart::DataSheet& dataSheet, std::int16_t category, std::string_view columnKey,
                       const std::vector<Line>& lines) const;
     template <class IsLine>
     void ApplyLineTypes(const IsLine& isLine) const;

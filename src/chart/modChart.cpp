@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "chart/modChart.h"
 
+#include <array>
+
 #include "automation/CheckedInt.h"
 #include "automation/Late.h"
 #include "chart/ChartRun.h"
@@ -279,33 +281,42 @@ void SeriesCollection(const ObjectRef& chart, std::int16_t id, std::int16_t code
         [&] { return TraceText("{id:", id, " - charttype:", code, "}"); });
 }
 
-void CellTextY(const ObjectRef& dataSheet, std::int16_t column, std::string_view text) noexcept {
+void DataSheet::Put(std::int16_t row, std::int16_t column, const Variant& value) {
+    const std::array<Variant, 2> place{Variant(row), Variant(column)};
+    const ObjectRef cell = sheet_ ? sheet_->Get(cells_.Of(*sheet_), place).AsObject() : nullptr;
+    if (!cell) {
+        throw AutomationError(AutomationErrorCode::ObjectNotSet, "The chart gave no cell of its data sheet");
+    }
+    cell->Put(value_.Of(*cell), {}, value);
+}
+
+void CellTextY(DataSheet& dataSheet, std::int16_t column, std::string_view text) noexcept {
     Run(
         "CellTextY",
         [&] {
             const std::int16_t sheetRow = CheckedAdd(column, std::int16_t{1});
-            Late(dataSheet).Get("Cells", sheetRow, std::int16_t{1}).Put("Value", text);
+            dataSheet.Put(sheetRow, 1, Variant(text));
         },
         [&] { return TraceText("{column:", column, " - value: ", text, "}"); });
 }
 
-void CellTextX(const ObjectRef& dataSheet, std::int16_t row, std::string_view text) noexcept {
+void CellTextX(DataSheet& dataSheet, std::int16_t row, std::string_view text) noexcept {
     Run(
         "CellTextX",
         [&] {
             const std::int16_t sheetColumn = CheckedAdd(row, std::int16_t{1});
-            Late(dataSheet).Get("Cells", std::int16_t{1}, sheetColumn).Put("Value", text);
+            dataSheet.Put(1, sheetColumn, Variant(text));
         },
         [&] { return TraceText("{row:", row, " - value: ", text, "}"); });
 }
 
-void CellValue(const ObjectRef& dataSheet, std::int16_t column, std::int16_t row, double value) noexcept {
+void CellValue(DataSheet& dataSheet, std::int16_t column, std::int16_t row, double value) noexcept {
     Run(
         "CellValue",
         [&] {
             const std::int16_t sheetRow = CheckedAdd(column, std::int16_t{1});
             const std::int16_t sheetColumn = CheckedAdd(row, std::int16_t{1});
-            Late(dataSheet).Get("Cells", sheetRow, sheetColumn).Put("Value", value);
+            dataSheet.Put(sheetRow, sheetColumn, Variant(value));
         },
         [&] { return TraceText("{column:", column, " - row:", row, " - value:", value, "}"); });
 }

@@ -4,8 +4,10 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "automation/HostTable.h"
+#include "automation/MemberNumber.h"
 #include "grid/modGrid.h"
 
 /// Every change of the chart goes through one of these procedures: each makes one change on the chart control,
@@ -65,9 +67,22 @@ void SeriesCollection(const ObjectRef& chart, std::int16_t id, std::int16_t code
 // --- Data sheet -----------------------------------------------------------------------------------------------------
 // `column` is the number of a category, `row` that of a series, both from 1; the captions stand before them.
 
-void CellTextY(const ObjectRef& dataSheet, std::int16_t column, std::string_view text) noexcept;
-void CellTextX(const ObjectRef& dataSheet, std::int16_t row, std::string_view text) noexcept;
-void CellValue(const ObjectRef& dataSheet, std::int16_t column, std::int16_t row, double value) noexcept;
+/// The chart's data sheet, held while it is filled. A null sheet is the error of whoever writes into it.
+class DataSheet {
+public:
+    explicit DataSheet(ObjectRef sheet) noexcept : sheet_(std::move(sheet)) {}
+    /// "Cells"(row, column)."Value" = value; throws what the sheet throws.
+    void Put(std::int16_t row, std::int16_t column, const Variant& value);
+
+private:
+    ObjectRef sheet_;
+    MemberNumber cells_{"Cells"};
+    MemberNumber value_{"Value"};
+};
+
+void CellTextY(DataSheet& dataSheet, std::int16_t column, std::string_view text) noexcept;
+void CellTextX(DataSheet& dataSheet, std::int16_t row, std::string_view text) noexcept;
+void CellValue(DataSheet& dataSheet, std::int16_t column, std::int16_t row, double value) noexcept;
 
 // --- Passes over the index tables -----------------------------------------------------------------------------------
 // A row whose field is missing counts as not equal.

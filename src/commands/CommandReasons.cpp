@@ -114,11 +114,11 @@ std::string NoTrendLine(const CommandSituation& now) {
 }
 
 std::string NoLayoutMode(const CommandSituation& now) {
-    return Unless(now.on.layout.LayoutMode(), "The macro tree cannot be shown here.");
+    return Unless(now.on.settings.layoutMode, "The macro tree cannot be shown here.");
 }
 
 std::optional<std::string> NoMacroTree(const CommandParts& on, const CommandCall& /*call*/) {
-    return on.layout.LayoutMode() ? std::nullopt : std::optional<std::string>("the macro tree cannot be shown here");
+    return on.settings.layoutMode ? std::nullopt : std::optional<std::string>("the macro tree cannot be shown here");
 }
 
 std::string NoTrace(const CommandSituation& /*now*/) {

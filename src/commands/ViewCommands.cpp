@@ -18,7 +18,7 @@ void PutFlag(const CommandParts& on, std::string_view field, bool set) {
 void SetZoomed(CommandParts& on, bool zoomed) {
     on.settings.zoomed = zoomed;
     PutFlag(on, "ZOOMED", zoomed);
-    on.layout.SetZoomed(zoomed);
+    on.layout.LayOut(Splitter::GridSplit);
 }
 
 }  // namespace
@@ -40,7 +40,7 @@ void ZoomGrid(CommandParts& on, CommandCall& /*call*/) {
 }
 
 void SwitchMacroTree(CommandParts& on, CommandCall& call) {
-    call.done = on.layout.LayoutMode();
+    call.done = on.settings.layoutMode;
     if (!call.done) {
         return;
     }
@@ -49,9 +49,9 @@ void SwitchMacroTree(CommandParts& on, CommandCall& call) {
     if (shown && on.settings.zoomed) {
         SetZoomed(on, false);  // the zoomed grid would hide the tree
     }
-    on.layout.ShowTree(shown);
+    on.layout.LayOut(Splitter::CtrlSplit);
     if (shown) {
-        on.layout.LayOutTreeSplitter();
+        on.layout.LayOut(Splitter::TreeSplit);
     }
     PutFlag(on, "HIDDEN_LIST", shown);
     on.hostUpdate.StartUpdate();

@@ -411,12 +411,11 @@ std::string GridControl::DisplayText(Cell cell) const {
 }
 
 std::string GridControl::DisplayText(Cell cell, const CellLook& look) const {
-    if (look.format) {
-        if (const std::optional<double> number = Number(cell, look)) {
-            return look.format->Format(*number);
-        }
-    }
-    return Contents(cell);
+    return DisplayText(cell, look, look.format ? Number(cell, look) : std::nullopt);
+}
+
+std::string GridControl::DisplayText(Cell cell, const CellLook& look, std::optional<double> number) const {
+    return look.format && number ? look.format->Format(*number) : Contents(cell);
 }
 
 void GridControl::SetLocked(bool locked) noexcept {
@@ -433,6 +432,10 @@ std::uint64_t GridControl::BuildVersion() const noexcept {
 
 std::uint64_t GridControl::LayoutVersion() const noexcept {
     return state_->layoutVersion;
+}
+
+std::uint64_t GridControl::ChangeVersion() const noexcept {
+    return state_->layoutVersion + state_->reports.Changes();
 }
 
 }  // namespace planview

@@ -173,7 +173,8 @@ public:
     /// Restores the size that the header had when it was pressed; raises no event.
     GridStatus CancelBorder();
 
-    /// Gives the cell the text that the user entered and tells the listener. Whether the cell takes it is asked before.
+    /// Asks the listener to take the text that the user entered, and the cell shows what the listener sets; without a
+    /// listener it shows the text as it is. Whether the cell can be edited, and takes this text, is asked before.
     GridStatus EnterText(Cell cell, const std::string& text);
     void ReportStay();
     void ReportDoubleClick(Cell cell);
@@ -221,10 +222,14 @@ public:
     /// The contents as they are shown: by the cell's number format where they are a number.
     [[nodiscard]] std::string DisplayText(Cell cell) const;
     [[nodiscard]] std::string DisplayText(Cell cell, const CellLook& look) const;
+    /// The same for who has asked Number() already.
+    [[nodiscard]] std::string DisplayText(Cell cell, const CellLook& look, std::optional<double> number) const;
     /// Grows whenever the grid is created or destroyed; older ids no longer name anything.
     [[nodiscard]] std::uint64_t BuildVersion() const noexcept;
     /// Grows with every change of order, sizes, hidden state or switched state.
     [[nodiscard]] std::uint64_t LayoutVersion() const noexcept;
+    /// Counts up with every change of what is shown, whatever redraw says, but not with the scroll position.
+    [[nodiscard]] std::uint64_t ChangeVersion() const noexcept;
 
 private:
     struct State;

@@ -235,16 +235,12 @@ GridStatus GridControl::EnterText(Cell cell, const std::string& text) {
     if (const GridStatus status = state.Check(cell); status != GridStatus::Ok) {
         return status;
     }
-    const CellKey key = state.KeyOf(cell);
-    const std::string before = Contents(cell);
-    if (const GridStatus status = state.SetOnCell(cell, GridAttribute::Contents, text); status != GridStatus::Ok) {
-        return status;
-    }
-    state.Done(true);
     if (state.events) {
-        state.events->ContentsChanged(key, text, before);
+        state.events->TextEntered(state.KeyOf(cell), text);
+        return GridStatus::Ok;
     }
-    return GridStatus::Ok;
+    const GridStatus status = state.SetOnCell(cell, GridAttribute::Contents, text);
+    return status == GridStatus::Ok ? state.Done(true) : status;
 }
 
 void GridControl::ReportStay() {

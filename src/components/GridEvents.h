@@ -33,8 +33,8 @@ public:
     virtual void GridChanged(const GridChange& change) = 0;
 };
 
-/// Hears what the user did. Called after the grid itself has applied the action; may change, destroy and rebuild the
-/// grid.
+/// Hears what the user did. Called after the grid itself has applied the action, except for what it is asked to do
+/// (TextEntered, ShowHidden...); may change, destroy and rebuild the grid.
 class GridEvents {
 public:
     virtual ~GridEvents() = default;
@@ -46,8 +46,8 @@ public:
     /// A whole column is named by its heading cell, a whole row by its label cell, everything by the corner (label
     /// column, heading row). `selected` is the state of that place now. Not called when the selection does not change.
     virtual void SelectionChanged(const CellKey& cell, bool selected) = 0;
-    /// The user replaced `before` with this text, which the grid already shows.
-    virtual void ContentsChanged(const CellKey& cell, const std::string& text, const std::string& before) = 0;
+    /// The user entered this text, which the cell does not show yet: whoever takes it sets what the cell shows then.
+    virtual void TextEntered(const CellKey& cell, const std::string& text) = 0;
     /// The user ended an entry without leaving the cell.
     virtual void StayCell() = 0;
     virtual void DoubleClick(const CellKey& cell) = 0;

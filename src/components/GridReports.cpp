@@ -11,12 +11,14 @@ void GridReports::NoteLayout() noexcept {
 }
 
 void GridReports::NoteEverything() noexcept {
+    ++changes_;
     noted_.everything = true;
     noted_.oneCell = false;
     anyNoted_ = true;
 }
 
 void GridReports::NoteCell(Cell cell) noexcept {
+    ++changes_;
     if (noted_.everything || (noted_.oneCell && noted_.cell == cell)) {
         return;
     }

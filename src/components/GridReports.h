@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+
 #include "components/GridEvents.h"
 #include "components/GridTypes.h"
 
@@ -22,12 +24,15 @@ public:
     void ReportPointer();
     void SetRedraw(bool on) noexcept { redrawOn_ = on; }
     [[nodiscard]] bool RedrawOn() const noexcept { return redrawOn_; }
+    /// How many changes of cells, selection and look were noted; not those of the layout.
+    [[nodiscard]] std::uint64_t Changes() const noexcept { return changes_; }
     /// Whether the watcher is being called.
     [[nodiscard]] bool IsReporting() const noexcept { return reporting_; }
 
 private:
     GridWatcher* watcher_ = nullptr;
     GridChange noted_;
+    std::uint64_t changes_ = 0;
     bool anyNoted_ = false;
     bool reportAgain_ = false;
     bool redrawOn_ = true;

@@ -126,9 +126,7 @@ void ChartHandlers::PointValueChanged(int series, int category, double value) {
         }
         const CellKey keys = context_.grid.KeyOf(*cell);
         const std::string text = modPlan::ReplacePoint(NumberText(value));
-        const std::string before = context_.grid.Contents(*cell);
-        context_.driver.Contents(keys, text, true);
-        context_.valueEntry.ContentsChanged(keys, text, before, EditKind::Drag);
+        context_.valueEntry.Enter(keys, text, EditKind::Drag);
     });
 }
 

@@ -65,7 +65,7 @@ struct ControlContext {
     TreeControl tree;
     MacroToolbar toolbar;
     ChartSettings chartSettings;
-    PaneLayout layout;
+    PaneLayout layout{settings};
     EventSource events;
     modMacro::Tree macroTree{tree, tables, events};
     /// Set while the control itself changes the grid; keys and popups wait for its end.

@@ -78,8 +78,8 @@ void GridHandlers::SelectionChanged(const CellKey& cell, bool selected) {
     });
 }
 
-void GridHandlers::ContentsChanged(const CellKey& cell, const std::string& text, const std::string& before) {
-    ErrorTrap(GridControlLabel, "ContentsChanged", [&] { context_.valueEntry.ContentsChanged(cell, text, before); });
+void GridHandlers::TextEntered(const CellKey& cell, const std::string& text) {
+    ErrorTrap(GridControlLabel, "ContentsChanged", [&] { context_.valueEntry.Enter(cell, text); });
     context_.runner.Changed();
 }
 

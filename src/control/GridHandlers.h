@@ -23,7 +23,7 @@ public:
     void HeaderHeightResized(const std::string& column, int height) override;
     void HeaderWidthResized(const std::string& row, int width) override;
     void SelectionChanged(const CellKey& cell, bool selected) override;
-    void ContentsChanged(const CellKey& cell, const std::string& text, const std::string& before) override;
+    void TextEntered(const CellKey& cell, const std::string& text) override;
     void StayCell() override;
     void DoubleClick(const CellKey& cell) override;
     void SimpleClick(const CellKey& cell) override;

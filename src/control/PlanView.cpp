@@ -33,7 +33,7 @@ PlanView::PlanView(const Platform& platform) : state_(std::make_shared<State>(pl
     modPlan::TraceDecimalMark = state_->context.platform.system.DecimalMark();
     TraceWrite(UserControl, "CONSTRUCTOR", "Initialize", "{}");
     Guarded(state_, UserControl, "Initialize", [](ControlContext& context) {
-        context.layout.Apply(context.settings.treeShown, context.settings.chartShown, context.settings.zoomed);
+        context.layout.LayOut();
         context.construction.CreateEmpty();
     });
 }
@@ -69,10 +69,10 @@ PlanView::Status PlanView::plv_LayoutShow() {
             context.platform.messageBoxes.Show(
                 {"NOTHING", "", MessageButtons::Ok, MessageIcon::None, MessageAnswer::Ok});
         }
-        if (context.layout.LayoutMode()) {
+        if (context.settings.layoutMode) {
             context.settings.treeShown = true;
-            context.layout.ShowTree(true);
-            context.layout.LayOutTreeSplitter();
+            context.layout.LayOut(Splitter::CtrlSplit);
+            context.layout.LayOut(Splitter::TreeSplit);
         }
     });
 }
@@ -80,23 +80,23 @@ PlanView::Status PlanView::plv_LayoutShow() {
 PlanView::Status PlanView::plv_LayoutHide() {
     return Guarded(state_, UserControl, "plv_LayoutHide", [](ControlContext& context) {
         TraceCall("plv_LayoutHide");
-        if (context.tables.MACRO_TREE.IsSet() && context.layout.LayoutMode()) {
+        if (context.tables.MACRO_TREE.IsSet() && context.settings.layoutMode) {
             context.settings.treeShown = false;
-            context.layout.ShowTree(false);
+            context.layout.LayOut(Splitter::CtrlSplit);
         }
     });
 }
 
 PlanView::Status PlanView::plv_LayoutMode() {
     return Guarded(state_, UserControl, "plv_LayoutMode", [](ControlContext& context) {
-        context.layout.SetLayoutMode(true);
+        context.settings.layoutMode = true;
         TraceWrite("GRIDCTL", "", "LayoutMode", "{Enabled}");
     });
 }
 
 PlanView::Status PlanView::plv_LayoutModeDisable() {
     return Guarded(state_, UserControl, "plv_LayoutModeDisable", [](ControlContext& context) {
-        context.layout.SetLayoutMode(false);
+        context.settings.layoutMode = false;
         TraceWrite("GRIDCTL", "", "LayoutMode", "{Disabled}");
     });
 }
@@ -146,9 +146,9 @@ PlanView::Status PlanView::DP_Import_Texts() {
 PlanView::Status PlanView::DP_Import_Attribute() {
     return Guarded(state_, UserControl, "DP_Import_Attribute", [](ControlContext& context) {
         TraceCall("DP_Import_Attribute");
-        ReadGridAttributes(context.tables.GRID_ATTR, context.layout.LayoutMode(), context.settings);
+        ReadGridAttributes(context.tables.GRID_ATTR, context.settings);
         FollowChartType(context.settings, context.chartSettings);
-        context.layout.Apply(context.settings.treeShown, context.settings.chartShown, context.settings.zoomed);
+        context.layout.LayOut();
     });
 }
 

@@ -39,7 +39,7 @@ void GeneralOptions::Run() {
 void GeneralOptions::Fill(frmGrid& form) const {
     const GridSettings& settings = parts_.settings;
     form.Set_Text();
-    form.Set_Layoutmode(parts_.layoutMode());
+    form.Set_Layoutmode(parts_.settings.layoutMode);
     form.Set_BgColor(settings.backgroundColor);
     form.Set_GridLinesColor(settings.gridLineColor);
     form.chkMove.Value = settings.moveAllowed;

@@ -24,7 +24,6 @@ public:
         modGrid& driver;
         HostUpdate& hostUpdate;
         Forms& forms;
-        std::function<bool()> layoutMode;
         ColorChooser chooseColor;
     };
 

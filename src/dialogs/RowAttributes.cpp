@@ -30,7 +30,7 @@ void RowAttributes::Run() {
 
 bool RowAttributes::Edit(frmRow& form) const {
     form.Set_Text();
-    form.Set_Layoutmode(parts_.layoutMode());
+    form.Set_Layoutmode(parts_.settings.layoutMode);
     const Template line = FindTemplate();
     if (line.row == 0) {
         return false;

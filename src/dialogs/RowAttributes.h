@@ -7,6 +7,7 @@
 
 #include "automation/TableSlots.h"
 #include "dialogs/FormControls.h"
+#include "grid/GridSettings.h"
 #include "grid/HostUpdate.h"
 #include "grid/modGrid.h"
 
@@ -18,12 +19,12 @@ class frmRow;
 class RowAttributes {
 public:
     struct Parts {
+        const GridSettings& settings;
         const TableSlots& tables;
         modGrid& driver;
         HostUpdate& hostUpdate;
         Forms& forms;
         MessageBoxes& messageBoxes;
-        std::function<bool()> layoutMode;
         ColorChooser chooseColor;
         std::function<void()> chartStep;
     };

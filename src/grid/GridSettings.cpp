@@ -3,7 +3,7 @@
 
 namespace planview {
 
-void ReadGridAttributes(const HostTable gridAttr, bool layoutMode, GridSettings& settings) {
+void ReadGridAttributes(const HostTable gridAttr, GridSettings& settings) {
     constexpr HostTable::Row Row = 1;
     const auto flag = [&](const char* field) { return gridAttr.Flag(Row, field); };
     const auto permission = [&](const char* forbidden) { return static_cast<std::int16_t>(flag(forbidden) ? 0 : 1); };
@@ -11,7 +11,7 @@ void ReadGridAttributes(const HostTable gridAttr, bool layoutMode, GridSettings&
     const auto real = [&](const char* field) { return gridAttr.Double(Row, field); };
 
     settings.chartShown = flag("CHART");
-    settings.treeShown = flag("HIDDEN_LIST") && layoutMode;
+    settings.treeShown = flag("HIDDEN_LIST") && settings.layoutMode;
     settings.moveAllowed = permission("NOMOVE_ALLOWED");
     settings.resizeAllowed = permission("NORESIZE_ALLOWED");
     settings.singleValue = flag("SINGLEVALUE") ? 1 : 0;

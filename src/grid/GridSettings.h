@@ -8,8 +8,11 @@
 
 namespace planview {
 
-/// What GRID_ATTR says of the view, kept until it is read again.
+/// What the view is set to, in the one place where all that use it read and write it. What GRID_ATTR says is kept until
+/// it is read again.
 struct GridSettings {
+    /// While it is off, GRID_ATTR and `plv_LayoutShow` cannot show the tree pane. No field of GRID_ATTR holds it.
+    bool layoutMode = false;
     bool chartShown = false;
     bool treeShown = false;
     std::int16_t moveAllowed = 1;    ///< 0 or 1
@@ -36,6 +39,6 @@ struct GridSettings {
 
 /// Reads row 1 of GRID_ATTR, field by field in a fixed order. A field that cannot be read throws and leaves those
 /// behind it as they were. The tree is shown only in layout mode, whatever the table says.
-void ReadGridAttributes(HostTable gridAttr, bool layoutMode, GridSettings& settings);
+void ReadGridAttributes(HostTable gridAttr, GridSettings& settings);
 
 }  // namespace planview

@@ -113,13 +113,17 @@ private:
     bool running_;
 };
 
-void ValueEntry::ContentsChanged(CellKeyView keys, const std::string& text, const std::string& before, EditKind kind) {
+void ValueEntry::Enter(CellKeyView keys, const std::string& text, EditKind kind) {
     const CellKey cell{std::string(keys.column), std::string(keys.row)};
+    const std::string shown = ShownIn(cell);
+    if (kind == EditKind::Drag) {
+        parts_.driver.Contents(cell, text, true);  // its entry stands before those of the value
+    }
     Transaction transaction(parts_, 1, Announce::EachValue, true);
     Done done;
     {
         const BusyScope busy(parts_.busy);
-        ChangeOne(transaction, cell, before, text);
+        ChangeOne(transaction, cell, shown, text);
         done = Record(transaction);
         DrawChart();
     }
@@ -199,7 +203,7 @@ void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> v
         const Refusal refusal = text ? RefusalOf(grid, *cell, *text) : RefusalOf(grid, *cell);
         const CellKey key = grid.KeyOf(*cell);
         if (refusal == Refusal::None) {
-            const std::string shown = IsPlanningCell(key) ? std::string() : grid.Contents(*cell);
+            const std::string shown = grid.Contents(*cell);
             ++(ChangeOne(transaction, key, shown, value) ? result.changed : result.failed);
             continue;
         }
@@ -235,9 +239,8 @@ void ValueEntry::Apply(const UndoStep& changes, bool backwards) {
         for (std::size_t i = 0; i < changes.size(); ++i) {
             const std::size_t place = backwards ? changes.size() - 1 - i : i;
             const CellChange& change = changes[place];
-            const std::optional<Cell> cell = parts_.driver.Grid().FindCell(change.cell);
-            const std::string shown = cell ? parts_.driver.Grid().Contents(*cell) : std::string();
-            failed[place] = !ChangeOne(transaction, change.cell, shown, backwards ? change.before : change.after);
+            failed[place] =
+                !ChangeOne(transaction, change.cell, ShownIn(change.cell), backwards ? change.before : change.after);
         }
         const bool anyFailed = std::find(failed.begin(), failed.end(), true) != failed.end();
         if (anyFailed && parts_.history.Generation() == history) {
@@ -317,7 +320,7 @@ bool ValueEntry::ChangeOne(Transaction& transaction, const CellKey& cell, const 
     });
     Failures& failures = transaction.failures;
     if (error && transaction.step.size() == before) {
-        ShowAgain(transaction, cell, shown);
+        ShowHeld(transaction, cell, shown);
         failures.Add(failures.notStored, *error);
         return false;
     }
@@ -400,15 +403,26 @@ void ValueEntry::Tell(const Failures& failures) noexcept {
     });
 }
 
-void ValueEntry::ShowAgain(Transaction& transaction, const CellKey& cell, const std::string& shown) noexcept {
+std::string ValueEntry::ShownIn(const CellKey& cell) const {
+    const std::optional<Cell> found = parts_.driver.Grid().FindCell(cell);
+    return found ? parts_.driver.Grid().Contents(*found) : std::string();
+}
+
+/// Has a cell whose value could not be stored show what TAB holds. A fixed cell, which TAB does not keep, and one of a
+/// TAB that cannot be read show what they showed before.
+void ValueEntry::ShowHeld(Transaction& transaction, const CellKey& cell, const std::string& shown) noexcept {
     ResumeNext([&] {
         std::string text = shown;
-        if (IsPlanningCell(cell)) {
-            const HostTable::Row row =
-                transaction.tab.Find(modGrid::PositionOf(cell.row), modGrid::PositionOf(cell.column));
-            text = row == 0 ? std::string() : CellText(transaction.tab.Value(row));
+        const std::optional<std::string> unreadable = ErrorTextOf([&] {
+            if (IsPlanningCell(cell)) {
+                const HostTable::Row row =
+                    transaction.tab.Find(modGrid::PositionOf(cell.row), modGrid::PositionOf(cell.column));
+                text = row == 0 ? std::string() : CellText(transaction.tab.Value(row));
+            }
+        });
+        if (!unreadable || ShownIn(cell) != shown) {
+            parts_.driver.Contents(cell, text, true);
         }
-        parts_.driver.Contents(cell, text, true);
     });
 }
 

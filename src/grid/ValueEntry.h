@@ -60,17 +60,17 @@ struct BulkResult {
 /// The one way by which a value that the user changes reaches the host: TAB, TAB_OLD, `GridValueChanged`, the chart,
 /// the undo history. Typing, deleting, pasting, filling and undoing all come through here.
 ///
-/// A table that fails (it is not set, it throws) leaves the cell with what it held before, which the grid then shows
-/// again; the other cells of the action are changed all the same. What was changed is recorded, drawn and announced
-/// whatever failed beside it. The user is told once and the trace has one entry of the error.
+/// The tables come first: the grid shows a value when they have taken it. A table that fails (it is not set, it throws)
+/// leaves the cell with what TAB holds; the other cells of the action are changed all the same. What was changed is
+/// recorded, drawn and announced whatever failed beside it. The user is told once and the trace has one entry of the
+/// error.
 class ValueEntry {
 public:
     explicit ValueEntry(ValueEntryParts parts) : parts_(std::move(parts)) {}
 
-    /// Handles the grid's event: the user gave a cell this text, which the grid already shows, in the place of
-    /// `before`.
-    void ContentsChanged(CellKeyView keys, const std::string& text, const std::string& before,
-                         EditKind kind = EditKind::Value);
+    /// Takes the text that the user entered into a cell, which still shows another one, and has the cell show it.
+    /// Whether the cell takes it was asked before.
+    void Enter(CellKeyView keys, const std::string& text, EditKind kind = EditKind::Value);
 
     /// Gives many cells their values as one action: one repaint, one chart step, one undo step. `SINGLEVALUE` decides
     /// whether the host hears `GridValueChanged` for each cell or one `GridStartUpdate` at the end; one value alone is
@@ -96,7 +96,7 @@ private:
     void ChangeAll(Transaction& transaction, std::span<const NewValue> values, BulkResult& result);
     void Apply(const UndoStep& changes, bool backwards);
     void GoTo(const UndoStep& changes);
-    /// `shown` is what a fixed cell showed before: TAB does not keep it.
+    /// `shown` is what the cell showed before the action: of a fixed cell TAB does not keep it.
     bool ChangeOne(Transaction& transaction, const CellKey& cell, const std::string& shown, const Variant& value);
     void TakeOver(Transaction& transaction, CellKeyView keys, const std::string& shown, const Variant& value);
     /// What an action has changed, for those who hear of it.
@@ -108,7 +108,9 @@ private:
     void DrawChart() noexcept;
     Variant StoreInTab(CellTable& tab, const KeyPositions& at, const Variant& value);
     void KeepInTabOld(CellTable& tabOld, const KeyPositions& at, const Variant& before);
-    void ShowAgain(Transaction& transaction, const CellKey& cell, const std::string& shown) noexcept;
+    void ShowHeld(Transaction& transaction, const CellKey& cell, const std::string& shown) noexcept;
+    /// What the grid shows of a cell; nothing for one that it does not have.
+    [[nodiscard]] std::string ShownIn(const CellKey& cell) const;
     void Tell(const Failures& failures) noexcept;
     [[nodiscard]] Announce AnnounceFor(std::size_t count) const;
 

@@ -15,29 +15,14 @@ std::string_view SplitterLabel(Splitter splitter) noexcept {
     return Labels[static_cast<std::size_t>(splitter)];
 }
 
-void PaneLayout::Apply(bool treeShown, bool chartShown, bool zoomed) {
-    treeShown_ = treeShown;
-    chartShown_ = chartShown;
-    zoomed_ = zoomed;
-    LayOut(Splitter::CtrlSplit);
-    LayOut(Splitter::GridSplit);
+void PaneLayout::LayOut() const {
+    TraceLayout(Splitter::CtrlSplit);
+    TraceLayout(Splitter::GridSplit);
     Changed();
 }
 
-void PaneLayout::ShowTree(bool shown) {
-    treeShown_ = shown;
-    LayOut(Splitter::CtrlSplit);
-    Changed();
-}
-
-void PaneLayout::SetZoomed(bool zoomed) {
-    zoomed_ = zoomed;
-    LayOut(Splitter::GridSplit);
-    Changed();
-}
-
-void PaneLayout::LayOutTreeSplitter() const {
-    LayOut(Splitter::TreeSplit);
+void PaneLayout::LayOut(Splitter splitter) const {
+    TraceLayout(splitter);
     Changed();
 }
 
@@ -53,23 +38,21 @@ void PaneLayout::MoveSplitter(Splitter splitter, int position) {
 void PaneLayout::Resize(int width, int height) {
     width_ = width;
     height_ = height;
-    LayOut(Splitter::CtrlSplit);
-    LayOut(Splitter::GridSplit);
-    Changed();
+    LayOut();
 }
 
-void PaneLayout::LayOut(Splitter splitter) const {
+void PaneLayout::TraceLayout(Splitter splitter) const {
     if (!TraceEnabled) {
         return;
     }
     switch (splitter) {
         case Splitter::CtrlSplit:
             TraceWrite(SplitterLabel(splitter), "", "Layout",
-                       TraceText("{width: ", width_, " - height: ", height_, " - tree: ", treeShown_, "}"));
+                       TraceText("{width: ", width_, " - height: ", height_, " - tree: ", settings_.treeShown, "}"));
             break;
         case Splitter::GridSplit:
             TraceWrite(SplitterLabel(splitter), "", "Layout",
-                       TraceText("{chart: ", chartShown_, " - zoomed: ", zoomed_, "}"));
+                       TraceText("{chart: ", settings_.chartShown, " - zoomed: ", settings_.zoomed, "}"));
             break;
         case Splitter::TreeSplit:
         case Splitter::MacroSplit:

@@ -60,6 +60,12 @@ void StatusInfo::updatePending() {
 void StatusInfo::updateSummary() {
     const GridControl& grid = ControlParts(view_).Grid();
     const std::optional<Cell> current = grid.CurrentCell();
+    const std::uint64_t version = grid.ChangeVersion();
+    if (version == summedUpFor_ && current == summedUpAt_) {
+        return;  // only scrolled
+    }
+    summedUpFor_ = version;
+    summedUpAt_ = current;
     const SelectionSummary summary = SummaryOfSelection(grid);
     const QString name = current ? grid_.cellName(*current) : QString();
     if (summary != summary_ || name != cellName_) {

@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QString>
+#include <optional>
 
 #include <planview/PlanView.h>
 
@@ -45,6 +46,9 @@ private:
     GridView& grid_;
     QTimer* soon_;
     SelectionSummary summary_;
+    /// What the summary was made of: the grid's version and its current cell.
+    std::uint64_t summedUpFor_ = 0;
+    std::optional<Cell> summedUpAt_;
     QString cellName_;
     int pending_ = 0;
     std::uint64_t builtFor_ = 0;

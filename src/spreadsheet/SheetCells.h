@@ -3,31 +3,10 @@
 
 #include <array>
 #include <cstdint>
-#include <string_view>
 
-#include <planview/AutomationObject.h>
+#include "automation/MemberNumber.h"
 
 namespace planview {
-
-/// The number of a member, asked once: of all that writing a cell takes, looking its members up by name would be the
-/// dearest part. Good for objects that one and the same member answers, which have the same members.
-class MemberNumber {
-public:
-    explicit constexpr MemberNumber(std::string_view name) noexcept : name_(name) {}
-
-    [[nodiscard]] DispatchId Of(const AutomationObject& object) {
-        if (!known_) {
-            id_ = object.IdOf(name_);
-            known_ = true;
-        }
-        return id_;
-    }
-
-private:
-    std::string_view name_;
-    DispatchId id_ = DefaultMember;
-    bool known_ = false;
-};
 
 /// Reads and writes a worksheet cell by cell. Rows and columns from 1. Throws what the worksheet throws.
 class SheetCells {

@@ -26,7 +26,7 @@ protected:
 };
 
 TEST_F(ModChartTest, EveryProcedureLeavesItsEntry) {
-    const ObjectRef sheet = Late(Object()).Get("DataSheet").Value().AsObject();
+    modChart::DataSheet sheet(Late(Object()).Get("DataSheet").Value().AsObject());
     const struct {
         std::function<void()> call;
         Lines entries;

@@ -40,10 +40,11 @@ Lines Members(const GridSettings& s) {
 std::string Difference(const char* field, const Variant& value, bool layoutMode) {
     const test::Tables tables;
     GridSettings empty;
-    GridSettings set;
-    ReadGridAttributes(HostTable(tables.gridAttr), layoutMode, empty);
+    empty.layoutMode = layoutMode;
+    GridSettings set = empty;
+    ReadGridAttributes(HostTable(tables.gridAttr), empty);
     tables.gridAttr->SetValue(1, field, value);
-    ReadGridAttributes(HostTable(tables.gridAttr), layoutMode, set);
+    ReadGridAttributes(HostTable(tables.gridAttr), set);
     std::string difference;
     for (std::size_t i = 0; i < Members(set).size(); ++i) {
         if (Members(set)[i] != Members(empty)[i]) {
@@ -117,7 +118,7 @@ TEST(GridSettings, AnEmptyTablePermitsAndScalesByItself) {
     GridSettings settings;
     settings.moveAllowed = settings.resizeAllowed = 0;
     settings.autoMinimum = settings.autoMaximum = false;
-    ReadGridAttributes(HostTable(tables.gridAttr), false, settings);
+    ReadGridAttributes(HostTable(tables.gridAttr), settings);
     EXPECT_EQ(settings.moveAllowed, 1);
     EXPECT_EQ(settings.resizeAllowed, 1);
     EXPECT_TRUE(settings.autoMinimum);
@@ -129,7 +130,8 @@ TEST(GridSettings, FieldsAreReadFromTheFirstRowInTheirOrder) {
     const test::Tables tables;
     const auto log = std::make_shared<ReadLog>(tables.gridAttr);
     GridSettings settings;
-    ReadGridAttributes(HostTable(log), true, settings);
+    settings.layoutMode = true;
+    ReadGridAttributes(HostTable(log), settings);
     EXPECT_EQ(log->fields,
               (Lines{"1 CHART",     "1 HIDDEN_LIST", "1 NOMOVE_ALLOWED", "1 NORESIZE_ALLOWED", "1 SINGLEVALUE",
                      "1 SWITCHED",  "1 ZOOMED",      "1 BGCOLOR",        "1 GRIDLINE_COLOR",   "1 FIRST_COL",
@@ -137,7 +139,8 @@ TEST(GridSettings, FieldsAreReadFromTheFirstRowInTheirOrder) {
                      "1 MAXVALUE",  "1 MINRANGE",    "1 MAXRANGE",       "1 OPTIMUM",          "1 LABELCOL_WIDTH",
                      "1 TITELTEXT"}));
     log->fields.clear();
-    ReadGridAttributes(HostTable(log), false, settings);
+    settings.layoutMode = false;
+    ReadGridAttributes(HostTable(log), settings);
     EXPECT_EQ(log->fields.size(), 21U) << "what layout mode overrules is read all the same";
 }
 

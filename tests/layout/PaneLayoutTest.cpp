@@ -13,24 +13,34 @@ protected:
     PaneLayoutTest() { panes.SetWatcher(this); }
     void PanesChanged() override { ++changes; }
 
-    PaneLayout panes;
+    GridSettings settings;
+    PaneLayout panes{settings};
     int changes = 0;
 };
 
 }  // namespace
 
 TEST_F(PaneLayoutTest, ZoomLeavesTheGridAloneAndGivesThePanesBack) {
-    panes.Apply(true, true, false);
+    settings.treeShown = settings.chartShown = true;
+    panes.LayOut();
     EXPECT_TRUE(panes.TreePaneVisible());
     EXPECT_TRUE(panes.ChartPaneVisible());
-    panes.SetZoomed(true);
+    settings.zoomed = true;
+    panes.LayOut(Splitter::GridSplit);
     EXPECT_FALSE(panes.TreePaneVisible());
     EXPECT_FALSE(panes.ChartPaneVisible());
-    panes.ShowTree(false);
-    panes.SetZoomed(false);
+    settings.treeShown = false;
+    panes.LayOut(Splitter::CtrlSplit);
+    settings.zoomed = false;
+    panes.LayOut(Splitter::GridSplit);
     EXPECT_FALSE(panes.TreePaneVisible()) << "hidden meanwhile";
     EXPECT_TRUE(panes.ChartPaneVisible());
     EXPECT_EQ(changes, 4);
+    EXPECT_EQ(Entries(), (test::Lines{"CTRLSPLIT |  | Layout | {width: 0 - height: 0 - tree: True}",
+                                      "GRIDSPLIT |  | Layout | {chart: True - zoomed: False}",
+                                      "GRIDSPLIT |  | Layout | {chart: True - zoomed: True}",
+                                      "CTRLSPLIT |  | Layout | {width: 0 - height: 0 - tree: False}",
+                                      "GRIDSPLIT |  | Layout | {chart: True - zoomed: False}"}));
 }
 
 TEST_F(PaneLayoutTest, SplittersKeepTheirPlacesWithinBounds) {

@@ -228,7 +228,7 @@ TEST_F(MenuDispatchTest, ViewCommandsWriteTheirFlagAndTellTheHost) {
         std::function<bool()> shown;
     } cases[] = {
         {"mnuSwitch", "SWITCHED", [&] { return Grid().Settings().switched; }},
-        {"mnuZoom", "ZOOMED", [&] { return Panes().Zoomed(); }},
+        {"mnuZoom", "ZOOMED", [&] { return EntriesOf("Layout").back().ends_with("zoomed: True}"); }},
         {"mnuMacroTree", "HIDDEN_LIST", [&] { return Panes().TreePaneVisible(); }},
     };
     for (const auto& row : cases) {

@@ -47,7 +47,7 @@ public:
         context.tables.FIXED_TAB = HostTable(tables.fixedTab);
         context.tables.CELL_ATTR = HostTable(tables.cellAttr);
         context.construction.CreateFromTables();
-        context.layout.SetLayoutMode(true);
+        context.settings.layoutMode = true;
         context.chooseColor = [this] { return chosenColor; };
     }
     void selectRow(const char* key) {

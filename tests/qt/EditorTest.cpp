@@ -359,7 +359,7 @@ private slots:
             QVERIFY2(event.rfind("Focus", 0) != 0, event.c_str());
         }
         QCOMPARE(screen.log().actions,
-                 (std::vector<std::string>{"ContentsChanged COL2/ROW2 5", "KeyPress 13", "StayCell"}));
+                 (std::vector<std::string>{"TextEntered COL2/ROW2 5", "KeyPress 13", "StayCell"}));
     }
 
     void clicksAreReported() {

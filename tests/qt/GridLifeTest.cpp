@@ -29,7 +29,7 @@ class ChoosyDeleter final : public ReportLog {
 public:
     ChoosyDeleter(GridOnScreen& screen, QString event) : screen_(screen), event_(std::move(event)) {}
     void SelectionChanged(const CellKey&, bool) override {}
-    void ContentsChanged(const CellKey&, const std::string&, const std::string&) override { heard("ContentsChanged"); }
+    void TextEntered(const CellKey&, const std::string&) override { heard("TextEntered"); }
     void StayCell() override { heard("StayCell"); }
     void SimpleClick(const CellKey&) override { heard("SimpleClick"); }
     void MouseDown(const CellKey&, std::int16_t, std::int16_t) override { heard("MouseDown"); }
@@ -122,7 +122,7 @@ private slots:
         add("SimpleClick", click);
         add("KeyDown", [](GridOnScreen& screen) { QTest::keyPress(&screen.view(), Qt::Key_Delete); });
         add("KeyPress", press(Qt::Key_Return));
-        add("ContentsChanged", press(Qt::Key_Tab));
+        add("TextEntered", press(Qt::Key_Tab));
         add("StayCell", press(Qt::Key_Escape));
     }
     void deletedByOneOfSeveralEvents() {

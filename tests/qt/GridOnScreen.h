@@ -37,6 +37,7 @@ public:
         view_->activateWindow();
         static_cast<void>(QTest::qWaitForWindowActive(view_.get()));
         view_->setFocus();
+        log_.taking = &grid_;
         grid_.SetEvents(&log_);
     }
     ~GridOnScreen() { view_.reset(); }

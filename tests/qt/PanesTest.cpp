@@ -121,8 +121,10 @@ private slots:
         QVERIFY2(std::abs(after - before - 100) <= 3, qPrintable(QString::number(after)));
         QTest::mouseClick(handle, Qt::LeftButton, Qt::NoModifier, grip);
         QCOMPARE(layout.Position(Splitter::CtrlSplit), after);
-        layout.SetZoomed(true);
-        layout.SetZoomed(false);
+        for (const char* zoomed : {"X", ""}) {
+            screen.tables.gridAttr->SetValue(1, "ZOOMED", zoomed);
+            screen.widget->DP_Import_Attribute();
+        }
         QCOMPARE(layout.Position(Splitter::CtrlSplit), after);
         QVERIFY(std::abs(part(screen, "TreePane").width() - 793 * after / 1000) <= 1);
     }

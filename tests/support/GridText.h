@@ -154,8 +154,11 @@ public:
     void ShowHiddenRows(const std::vector<std::string>& rows) override { Show("ShowHiddenRows", rows); }
     void FocusIn() override { events.emplace_back("FocusIn"); }
     void FocusOut() override { events.emplace_back("FocusOut"); }
-    void ContentsChanged(const CellKey& cell, const std::string& text, const std::string&) override {
-        Act("ContentsChanged", cell, text);
+    void TextEntered(const CellKey& cell, const std::string& text) override {
+        Act("TextEntered", cell, text);
+        if (taking) {
+            taking->SetAttribute(GridElement::Cell, cell, GridAttribute::Contents, text, true);
+        }
     }
     void StayCell() override { actions.emplace_back("StayCell"); }
     void DoubleClick(const CellKey& cell) override {
@@ -179,6 +182,7 @@ public:
     std::vector<std::string> events;   ///< of sizes, selection and focus
     std::vector<std::string> actions;  ///< of values, keys and clicks
     std::function<void()> onDoubleClick;
+    GridControl* taking = nullptr;  ///< the grid that gets every entered text
 
 private:
     void Show(std::string action, const std::vector<std::string>& keys) {

@@ -64,9 +64,7 @@ const QPixmap* CellContentPainter::placeBitmap(const CellLook& look, const Place
 }
 
 void CellContentPainter::add(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
-                             const GridCellStyle& style, std::optional<double> number) {
-    const Cell cell = scene_.geometry.cell(horizontal.track.id, vertical.track.id);
-    const std::string text = scene_.grid.DisplayText(cell, look);
+                             const GridCellStyle& style, const std::string& text, bool isNumber) {
     if (text.empty() && !look.bitmap) {
         return;
     }
@@ -80,9 +78,9 @@ void CellContentPainter::add(const PlacedTrack& horizontal, const PlacedTrack& v
     if (text.empty() || room.tooLow) {
         return;
     }
-    if (number && room.shaper->isPlainNumber(text)) {
+    if (isNumber && room.shaper->isPlainNumber(text)) {
         addNumber(text, room, style.text);
-    } else if (number && room.shaper->shape(text).width > room.width) {
+    } else if (isNumber && room.shaper->shape(text).width > room.width) {
         addNumber(TooNarrow, room, style.text);
     } else {
         addText(text, horizontal, vertical, room, style);

@@ -33,8 +33,9 @@ class CellContentPainter {
 public:
     explicit CellContentPainter(const GridScene& scene) : scene_(scene), texts_(scene.fonts) {}
 
+    /// `text` is what the cell shows, cut as a number is where `isNumber`.
     void add(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
-             const GridCellStyle& style, std::optional<double> number);
+             const GridCellStyle& style, const std::string& text, bool isNumber);
     void paint(QPainter& painter);
 
     [[nodiscard]] bool isCut(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,

@@ -123,7 +123,8 @@ void GridPainter::paintRow(QPainter& painter, const std::vector<PlacedTrack>& co
             run = {rect, style.ground};
         }
         if (!contents.empty() || look.bitmap) {
-            contents_.add(column, row, look, style, cell.top() || cell.left() ? std::nullopt : number);
+            contents_.add(column, row, look, style, scene_.grid.DisplayText(cell.cell, look, number),
+                          number && !cell.top() && !cell.left());
         } else if (&column == &columns.front()) {
             addSpillFromLeft(column, row);
         }
@@ -152,7 +153,7 @@ void GridPainter::addSpillFromLeft(const PlacedTrack& first, const PlacedTrack& 
             from.track = {id, Area::Center, i, band.start, band.end};
             from.look.order = trackOrder(scene_.grid, axis.showsColumns(), id);
             contents_.add(from, row, look, styler_.style(placedCell(scene_.geometry, from, row), look, std::nullopt),
-                          std::nullopt);
+                          contents, false);
         }
         return;
     }
