@@ -4,8 +4,6 @@
 #include <functional>
 #include <optional>
 
-#include <planview/Platform.h>
-
 #include "automation/EventSource.h"
 #include "automation/TableSlots.h"
 #include "chart/ChartCommands.h"
@@ -24,6 +22,7 @@
 #include "macro/editor/MacroEditor.h"
 #include "macro/recording/MacroRecording.h"
 #include "macro/tree/modMacro.h"
+#include "platform/Desktop.h"
 #include "spreadsheet/SpreadsheetDownload.h"
 #include "spreadsheet/SpreadsheetUpload.h"
 
@@ -52,7 +51,7 @@ struct CommandParts {
     MacroEditor& macroEditor;
     EventSource& events;
     PaneLayout& layout;
-    const Platform& platform;
+    const Desktop& platform;
     /// The "Colors" popup: the position of the chosen colour (0 .. 15), no value when none was chosen.
     std::function<std::optional<int>()> chooseColor;
     /// Brings the chart up to date where it is shown.

@@ -84,6 +84,7 @@ struct Row : CommandRow {
     }
     constexpr Row& Checked(decltype(checked) when) {
         checked = when;
+        checkable = true;
         return *this;
     }
     constexpr Row& CaptionNow(decltype(captionNow) text) {
@@ -432,8 +433,7 @@ constexpr auto Describe() {
     std::array<CommandDescription, std::size(Table)> descriptions{};
     for (const CommandRow& row : Table) {
         descriptions[static_cast<std::size_t>(NumberOf(row.command) - FirstNumber)] = {
-            row.command,           row.name, row.caption, row.key, row.icon, row.group, row.checked != nullptr,
-            CountOf(row.arguments)};
+            row.command, row.name, row.caption, row.key, row.icon, row.group, row.checkable, CountOf(row.arguments)};
     }
     return descriptions;
 }

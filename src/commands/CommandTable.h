@@ -65,6 +65,8 @@ struct CommandRow {
     std::string (*whyNot)(const CommandSituation& now) = nullptr;
     /// Whether it is checked; without it it never is.
     bool (*checked)(const CommandSituation& now) = nullptr;
+    /// Whether there is `checked`; g++ compares no pointer in a constant expression while it sanitizes.
+    bool checkable = false;
     /// The caption for now, empty for the usual one.
     std::string_view (*captionNow)(const CommandSituation& now) = nullptr;
 

@@ -16,20 +16,20 @@ bool isTable(std::string_view name) {
 
 }  // namespace
 
-#define PLANVIEW_METHOD(NAME)                                    \
-    short PlanViewWidget::NAME() {                               \
+#define PLANVIEW_METHOD(NAME)                                            \
+    short PlanViewWidget::NAME() {                                       \
         return state_->call([](PlanView& view) { return view.NAME(); }); \
     }
-#define PLANVIEW_TEXT_METHOD(NAME, ARGUMENT)                                            \
-    short PlanViewWidget::NAME(const QString& ARGUMENT) {                               \
+#define PLANVIEW_TEXT_METHOD(NAME, ARGUMENT)                                                    \
+    short PlanViewWidget::NAME(const QString& ARGUMENT) {                                       \
         return state_->call([&](PlanView& view) { return view.NAME(ARGUMENT.toStdString()); }); \
     }
-#define PLANVIEW_GETTER(NAME, TABLE)                             \
-    ObjectRef PlanViewWidget::NAME() {                           \
+#define PLANVIEW_GETTER(NAME, TABLE)                                     \
+    ObjectRef PlanViewWidget::NAME() {                                   \
         return state_->call([](PlanView& view) { return view.NAME(); }); \
     }
-#define PLANVIEW_SETTER(NAME, TABLE)                                   \
-    short PlanViewWidget::NAME(const ObjectRef& table) {               \
+#define PLANVIEW_SETTER(NAME, TABLE)                                           \
+    short PlanViewWidget::NAME(const ObjectRef& table) {                       \
         return state_->call([&](PlanView& view) { return view.NAME(table); }); \
     }
 #include "control/Members.def"

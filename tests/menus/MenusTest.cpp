@@ -153,7 +153,7 @@ TEST_F(MenusTest, APopupTracesTheStateOfItsEntries) {
          MainMenu::Grid,
          {},
          [&] {
-             context.layout.SetLayoutMode(true);
+             context.settings.layoutMode = true;
              context.settings.treeShown = context.settings.chartShown = true;
              context.settings.switched = context.settings.zoomed = true;
          },
