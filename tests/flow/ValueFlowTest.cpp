@@ -7,6 +7,7 @@
 
 #include "components/GridControl.h"
 #include "components/chart/ChartControl.h"
+#include "control/ControlParts.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
 
@@ -31,13 +32,13 @@ protected:
         control.DP_Import_Attribute();
         control.DP_Import_Create();
         control.AddSink(*this);
-        control.Grid().SetWatcher(this);
+        Grid().SetWatcher(this);
         Grid().SelectCell(February(), SelectionMode::Replace);
         seen.clear();
         ForgetEntries();
     }
     ~ValueFlow() override {
-        control.Grid().SetWatcher(nullptr);
+        Grid().SetWatcher(nullptr);
         control.RemoveSink(*this);
     }
 
@@ -50,10 +51,10 @@ protected:
                        tables.tab->Value(2, "V").AsText());
     }
 
-    [[nodiscard]] GridControl& Grid() { return control.Grid(); }
+    [[nodiscard]] GridControl& Grid() { return ControlParts(control).Grid(); }
     [[nodiscard]] Cell February() { return Grid().FindCell({"COL2", "ROW1"}).value(); }
     [[nodiscard]] std::string Shown() { return Grid().Contents(February()); }
-    [[nodiscard]] double Charted() { return control.Chart().State().series.at(0).values.at(1); }
+    [[nodiscard]] double Charted() { return ControlParts(control).Chart().State().series.at(0).values.at(1); }
 
     test::Tables tables;
     PlanView control;
@@ -86,7 +87,7 @@ TEST_F(ValueFlow, EveryWayStoresTheTextOnce) {
         const char* shown;
     } ways[] = {
         {"typed", [&] { Grid().EnterText(February(), "12,50"); }, "12,5"},
-        {"dragged", [&] { control.Chart().UserChangedPoint(1, 2, 8.25); }, "8,25"},
+        {"dragged", [&] { ControlParts(control).Chart().UserChangedPoint(1, 2, 8.25); }, "8,25"},
         {"pasted", [&] { control.Paste(); }, "30"},
         {"deleted", [&] { control.Delete(); }, ""},
         {"undone", [&] { control.Undo(); }, "30"},
@@ -105,7 +106,7 @@ TEST_F(ValueFlow, WhatTheTablesDoNotTakeDoesNotStay) {
     control.PROP_Set_TAB(nullptr);
     Grid().EnterText(February(), "13");
     EXPECT_EQ(seen, Lines{"event 13 grid 20 TAB 20"}) << "it is never on the screen";
-    control.Chart().UserChangedPoint(1, 2, 13);
+    ControlParts(control).Chart().UserChangedPoint(1, 2, 13);
     EXPECT_EQ(Shown(), "20");
     EXPECT_EQ(Charted(), 20);
     EXPECT_EQ(platform.messages.size(), 2U);

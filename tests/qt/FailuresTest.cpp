@@ -36,7 +36,7 @@ private:
 class GridListener final : public ReportLog {
 public:
     void SelectionChanged(const CellKey&, bool) override { host.hear(); }
-    void ContentsChanged(const CellKey&, const std::string&, const std::string&) override { host.hear(); }
+    void TextEntered(const CellKey&, const std::string&) override { host.hear(); }
     void DoubleClick(const CellKey&) override { host.hear(); }
     void MouseDown(const CellKey&, std::int16_t, std::int16_t) override { host.hear(); }
     void MenuKey(const CellKey&) override { host.hear(); }
