@@ -8,6 +8,7 @@
 #include <string>
 
 #include <planview/MemoryTable.h>
+#include <planview/ObjectRegistry.h>
 #include <planview/PlanView.h>
 #include <planview/xlsx/SpreadsheetApplication.h>
 
