@@ -5,13 +5,15 @@
 #include <string>
 #include <string_view>
 
+#include <planview/Export.h>
+
 #include "automation/ErrorText.h"
 #include "trace/modPlan.h"
 
 namespace planview {
 
 /// Writes the entry by which a failure can be seen in the trace.
-void TraceError(std::string_view control, std::string_view method, std::string_view error) noexcept;
+PLANVIEW_EXPORT void TraceError(std::string_view control, std::string_view method, std::string_view error) noexcept;
 
 /// Wraps a public method or an event handler: a failure ends the body quietly and leaves an entry with the message
 /// "ERROR". Returns whether the body went through.
