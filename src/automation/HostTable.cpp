@@ -40,61 +40,104 @@ auto Converted(HostTable::Row row, std::string_view field, Convert convert) {
 
 using AccessArguments = std::array<Variant, 2>;
 
-/// The arguments (row, field) of an access, kept for the next one to the same field: of all that reading a field takes,
-/// making them anew would be the dearest part. As all of the control, for one thread.
+/// The arguments (row, field) of an access, kept for the next one to the same field of the table: making them anew
+/// costs up to a tenth of a reading, and more for a long name.
 struct KeptArguments {
     AccessArguments arguments;
     bool inUse = false;
 };
 
-std::array<KeptArguments, 64> keptArguments;
-
-KeptArguments& KeptArgumentsOf(std::string_view field) noexcept {
-    if (field.empty()) {
-        return keptArguments[0];
-    }
-    // Tells nearly all fields of a table apart; those that it does not only take each other's place.
-    const auto at = [field](std::size_t i) { return std::size_t{static_cast<unsigned char>(field[i])}; };
-    const std::size_t size = field.size();
-    return keptArguments[(size * 19 + at(0) * 9 + at(size / 2) * 21 + at(size - 1)) % keptArguments.size()];
-}
-
-/// Calls use(arguments). Where the table, while it answers, leads to another access to the same field, that one gets
-/// arguments of its own.
-template <class Use>
-auto WithArguments(HostTable::Row row, std::string_view field, const Use& use) {
-    KeptArguments& kept = KeptArgumentsOf(field);
-    if (kept.inUse) {
-        const AccessArguments own{Variant(row), Variant(field)};
-        return use(own);
-    }
-    struct InUse {
-        bool& flag;
-        explicit InUse(bool& f) noexcept : flag(f) { flag = true; }
-        ~InUse() { flag = false; }
-        InUse(const InUse&) = delete;
-        InUse& operator=(const InUse&) = delete;
-    } const inUse(kept.inUse);
-    const std::string* known = kept.arguments[1].TextIf();
-    if (!known || !SameShortText(*known, field)) {
-        kept.arguments[1] = Variant(field);
-    }
-    kept.arguments[0] = Variant(row);
-    return use(kept.arguments);
-}
-
 }  // namespace
 
-AutomationObject& HostTable::Table() const {
-    if (!object_) {
+class HostTable::Access {
+public:
+    explicit Access(ObjectRef object) noexcept : object_(std::move(object)) {}
+
+    /// Owned by the HostTables; where the last of them goes during an access, its end comes with that of the access.
+    static std::shared_ptr<Access> To(ObjectRef object) { return {new Access(std::move(object)), &Access::End}; }
+
+    [[nodiscard]] const ObjectRef& Object() const noexcept { return object_; }
+
+    /// Calls use(object, arguments). Where the table, while it answers, leads to another access to the same field, that
+    /// one gets arguments of its own.
+    template <class Use>
+    auto With(Row row, std::string_view field, const Use& use) {
+        KeptArguments& kept = KeptFor(field);
+        if (kept.inUse) {
+            const AccessArguments own{Variant(row), Variant(field)};
+            return use(*object_, own);
+        }
+        const InUse inUse(*this, kept);
+        const std::string* known = kept.arguments[1].TextIf();
+        if (!known || !SameShortText(*known, field)) {
+            kept.arguments[1] = Variant(field);
+        }
+        kept.arguments[0] = Variant(row);
+        return use(*object_, kept.arguments);
+    }
+
+private:
+    class InUse {
+    public:
+        InUse(Access& access, KeptArguments& kept) noexcept : access_(access), kept_(kept) {
+            ++access_.uses_;
+            kept_.inUse = true;
+        }
+        ~InUse() {
+            kept_.inUse = false;
+            --access_.uses_;
+            if (access_.abandoned_) {
+                End(&access_);
+            }
+        }
+        InUse(const InUse&) = delete;
+        InUse& operator=(const InUse&) = delete;
+
+    private:
+        Access& access_;
+        KeptArguments& kept_;
+    };
+
+    static void End(Access* access) noexcept {
+        if (access->uses_ == 0) {
+            delete access;
+        } else {
+            access->abandoned_ = true;
+        }
+    }
+
+    KeptArguments& KeptFor(std::string_view field) noexcept {
+        if (field.empty()) {
+            return kept_[0];
+        }
+        // Tells nearly all fields of a table apart; those that it does not only take each other's place.
+        const auto at = [field](std::size_t i) { return std::size_t{static_cast<unsigned char>(field[i])}; };
+        const std::size_t size = field.size();
+        return kept_[(size * 19 + at(0) * 9 + at(size / 2) * 21 + at(size - 1)) % kept_.size()];
+    }
+
+    ObjectRef object_;
+    int uses_ = 0;
+    bool abandoned_ = false;
+    std::array<KeptArguments, 64> kept_;
+};
+
+HostTable::HostTable(ObjectRef object) : access_(object ? Access::To(std::move(object)) : nullptr) {}
+
+ObjectRef HostTable::Object() const noexcept {
+    return access_ ? access_->Object() : nullptr;
+}
+
+HostTable::Access& HostTable::Table() const {
+    if (!access_) {
         throw AutomationError(AutomationErrorCode::ObjectNotSet, "The table is not set");
     }
-    return *object_;
+    return *access_;
 }
 
 HostTable::Row HostTable::RowCount() const {
-    AutomationObject& table = Table();
-    const Row count = table.Get(table.IdOf("rowCount"), {}).AsInt16();
+    const ObjectRef table = Table().Object();
+    const Row count = table->Get(table->IdOf("rowCount"), {}).AsInt16();
     if (count < 0) {
         throw AutomationError(AutomationErrorCode::SubscriptOutOfRange,
                               "The table says that it has " + std::to_string(count) + " rows");
@@ -103,8 +146,9 @@ HostTable::Row HostTable::RowCount() const {
 }
 
 Variant HostTable::Value(Row row, std::string_view field) const {
-    return WithArguments(row, field,
-                         [&](AutomationObject::Arguments arguments) { return Table().Get(DefaultMember, arguments); });
+    return Table().With(row, field, [](AutomationObject& table, AutomationObject::Arguments arguments) {
+        return table.Get(DefaultMember, arguments);
+    });
 }
 
 std::string HostTable::Text(Row row, std::string_view field) const {
@@ -132,8 +176,9 @@ double HostTable::Double(Row row, std::string_view field) const {
 }
 
 void HostTable::Put(Row row, std::string_view field, const Variant& value) const {
-    WithArguments(row, field,
-                  [&](AutomationObject::Arguments arguments) { Table().Put(DefaultMember, arguments, value); });
+    Table().With(row, field, [&](AutomationObject& table, AutomationObject::Arguments arguments) {
+        table.Put(DefaultMember, arguments, value);
+    });
 }
 
 HostTable::Row HostTable::FindRow(std::string_view field, std::string_view text) const {
@@ -153,7 +198,7 @@ HostTable::Row HostTable::AddRow() const {
 }
 
 ObjectRef HostTable::Rows() const {
-    return Late(object_).Get("Rows").Value().AsObject();
+    return Late(Object()).Get("Rows").Value().AsObject();
 }
 
 HostTable::Row HostTable::AddRow(const ObjectRef& rows) const {

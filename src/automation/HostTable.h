@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -25,10 +26,11 @@ public:
     using Row = std::int16_t;
 
     HostTable() noexcept = default;
-    explicit HostTable(ObjectRef object) noexcept : object_(std::move(object)) {}
+    explicit HostTable(ObjectRef object);
 
-    [[nodiscard]] bool IsSet() const noexcept { return object_ != nullptr; }
-    [[nodiscard]] const ObjectRef& Object() const noexcept { return object_; }
+    [[nodiscard]] bool IsSet() const noexcept { return access_ != nullptr; }
+    /// The table itself, a null reference where there is none.
+    [[nodiscard]] ObjectRef Object() const noexcept;
 
     [[nodiscard]] Row RowCount() const;
 
@@ -51,9 +53,11 @@ public:
     Row AddRow(const ObjectRef& rows) const;
 
 private:
-    [[nodiscard]] AutomationObject& Table() const;
+    /// The table and what speeds its accesses up; shared by the copies of a HostTable, which stay on one thread.
+    class Access;
+    [[nodiscard]] Access& Table() const;
 
-    ObjectRef object_;
+    std::shared_ptr<Access> access_;
 };
 
 }  // namespace planview

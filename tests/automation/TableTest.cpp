@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <functional>
 #include <map>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -17,7 +18,7 @@ namespace {
 /// Answers from the next row, which it reads as the control does: while it is being read itself.
 class ChainedTable final : public AutomationObject {
 public:
-    std::weak_ptr<ChainedTable> self;
+    const HostTable* readBy = nullptr;
 
     DispatchId IdOf(std::string_view) const override { return 1; }
     Variant Get(DispatchId, Arguments a) override {
@@ -26,7 +27,7 @@ public:
         if (row == LastRow) {
             return Variant("end");
         }
-        const std::string next = HostTable(self.lock()).Text(static_cast<std::int16_t>(row + 1), a[1].AsText());
+        const std::string next = readBy->Text(static_cast<std::int16_t>(row + 1), a[1].AsText());
         return Variant(std::to_string(a[0].AsInt16()) + a[1].AsText() + " " + next);
     }
     void Put(DispatchId, Arguments, const Variant&) override {}
@@ -133,11 +134,35 @@ TEST(HostTable, HostileTablesGiveErrors) {
 
 TEST(HostTable, ATableMayBeReadWhileItAnswers) {
     const auto chained = std::make_shared<ChainedTable>();
-    chained->self = chained;
-    EXPECT_EQ(HostTable(chained).Text(1, "V"), "1V 2V 3V 4V end");
-    EXPECT_EQ(HostTable(chained).Text(3, "AN_UNUSUALLY_LONG_NAME"),
-              "3AN_UNUSUALLY_LONG_NAME 4AN_UNUSUALLY_LONG_NAME end");
-    EXPECT_EQ(HostTable(chained).Text(4, ""), "4 end");
+    const HostTable table{ObjectRef(chained)};
+    chained->readBy = &table;
+    EXPECT_EQ(table.Text(1, "V"), "1V 2V 3V 4V end");
+    EXPECT_EQ(table.Text(3, "AN_UNUSUALLY_LONG_NAME"), "3AN_UNUSUALLY_LONG_NAME 4AN_UNUSUALLY_LONG_NAME end");
+    EXPECT_EQ(table.Text(4, ""), "4 end");
+}
+
+/// The host takes its table back from inside an access: the object ends when that access has, and not before.
+TEST(HostTable, ATableThatIsTakenBackWhileItAnswersLivesToItsAnswer) {
+    struct Leaving final : AutomationObject {
+        explicit Leaving(bool& flag) : ended(flag) {}
+        ~Leaving() override { ended = true; }
+        DispatchId IdOf(std::string_view) const override { return 1; }
+        Variant Get(DispatchId, Arguments arguments) override {
+            const std::string field = arguments[1].AsText();
+            *slot = HostTable();
+            return ended ? "gone" : field == arguments[1].AsText() ? "there" : "mixed up";
+        }
+        void Put(DispatchId, Arguments, const Variant&) override {}
+        Variant Call(DispatchId, Arguments) override { return {}; }
+        bool& ended;
+        HostTable* slot = nullptr;
+    };
+    bool ended = false;
+    auto object = std::make_shared<Leaving>(ended);
+    HostTable slot{ObjectRef(object)};
+    std::exchange(object, nullptr)->slot = &slot;
+    EXPECT_EQ(slot.Text(1, "FIELD"), "there");
+    EXPECT_TRUE(ended);
 }
 
 TEST(HostTable, ConversionErrorsNameTheirPlace) {
