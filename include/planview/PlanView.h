@@ -56,8 +56,11 @@ struct MacroResult {
 /// What does: the constructor, when memory or the platform fails it, a table by a name that there is not, and a
 /// late-bound access to a member that there is not or with arguments that it does not take (AutomationError).
 ///
-/// The control keeps a counted reference to each table, copies none, and reads the host's object at every access. All
-/// calls and events run on the thread that created the control. The trace is shared by all controls of a process.
+/// The control keeps a counted reference to each table, copies none, and reads the host's object at every access.
+///
+/// Threads: a control is called, raises its events and ends on the thread that created it. Controls on different
+/// threads do not disturb each other, where each thread has tables and platforms of its own. The trace is shared by all
+/// controls of a process, on whatever threads they are, and is safe to share.
 class PLANVIEW_EXPORT PlanView final : public AutomationObject {
 public:
     /// Always 0.

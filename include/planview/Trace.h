@@ -7,7 +7,8 @@
 
 namespace planview {
 
-/// Whether the process-wide trace is on; any control switches it with `plv_EnableTrace` and `plv_DisableTrace`.
+/// Whether the process-wide trace is on; any control switches it with `plv_EnableTrace` and `plv_DisableTrace`. These
+/// functions may be called on any thread.
 [[nodiscard]] PLANVIEW_EXPORT bool TraceIsOn() noexcept;
 
 /// Writes the entries that the trace holds now, oldest first, in the form of the log file: control from column 1,

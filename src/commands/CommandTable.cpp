@@ -164,7 +164,7 @@ constexpr CommandRow Table[] = {
         .Unless(NoCells)
         .Recorded(StepKind::Values),
     Row(Command::SwitchTrace, "Trace", Group::Trace, "Trace", SwitchTrace).Checked([](const Now&) {
-        return modPlan::TraceEnabled;
+        return modPlan::TraceEnabled.load();
     }),
     Row(Command::ShowTrace, "ShowTrace", Group::Trace, "Show trace windows",
         [](On& on, Call&) { modPlan::Trace_Show(on.platform); })

@@ -2,67 +2,103 @@
 #include "components/ListView.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <stdexcept>
 
 namespace planview {
 
-ListView::~ListView() {
-    Tell(&ListViewWatcher::Ended);
+void ListView::AddWatcher(std::shared_ptr<ListViewWatcher> watcher) {
+    const std::lock_guard lock(mutex_);
+    auto watchers = watchers_ ? std::make_shared<Watchers>(*watchers_) : std::make_shared<Watchers>();
+    watchers->push_back(std::move(watcher));
+    watchers_ = std::move(watchers);
 }
 
-void ListView::Tell(void (ListViewWatcher::*what)()) const {
-    if (watchers_.size() == 1) {
-        (watchers_.front()->*what)();
-        return;
-    }
-    const std::vector<ListViewWatcher*> told = watchers_;
-    for (ListViewWatcher* watcher : told) {
-        if (std::find(watchers_.begin(), watchers_.end(), watcher) != watchers_.end()) {
-            (watcher->*what)();
-        }
+void ListView::RemoveWatcher(const ListViewWatcher& watcher) {
+    std::shared_ptr<const Watchers> before;  // ends, and the watcher maybe with it, when the lock is open
+    const std::lock_guard lock(mutex_);
+    if (watchers_) {
+        auto watchers = std::make_shared<Watchers>(*watchers_);
+        std::erase_if(*watchers, [&](const auto& each) { return each.get() == &watcher; });
+        before = std::exchange(watchers_, watchers->empty() ? nullptr : std::move(watchers));
     }
 }
 
-const ListItem& ListView::Item(std::size_t index) const {
+bool ListView::IsWatching(const ListViewWatcher& watcher) const {
+    const std::lock_guard lock(mutex_);
+    return watchers_ &&
+           std::any_of(watchers_->begin(), watchers_->end(), [&](const auto& each) { return each.get() == &watcher; });
+}
+
+ListView::Range ListView::Items() const {
+    const std::lock_guard lock(mutex_);
+    return {first_, count_};
+}
+
+bool ListView::Read(std::uint64_t number, ListItem& item) const {
+    const std::lock_guard lock(mutex_);
+    if (number < first_ || number - first_ >= count_) {
+        return false;
+    }
+    item = slots_[SlotOf(static_cast<std::size_t>(number - first_))];
+    return true;
+}
+
+ListItem ListView::Item(std::size_t index) const {
+    const std::lock_guard lock(mutex_);
     if (index >= count_) {
         throw std::out_of_range("ListView::Item");
     }
     return slots_[SlotOf(index)];
 }
 
-void ListView::Add(std::string_view key, std::string_view text, const std::array<std::string_view, 4>& subItems) {
-    if (count_ == slots_.size()) {
-        std::rotate(slots_.begin(), slots_.begin() + static_cast<std::ptrdiff_t>(first_), slots_.end());
-        first_ = 0;
-        slots_.emplace_back();
+std::vector<ListItem> ListView::AllItems() const {
+    const std::lock_guard lock(mutex_);
+    std::vector<ListItem> items;
+    items.reserve(count_);
+    for (std::size_t i = 0; i < count_; ++i) {
+        items.push_back(slots_[SlotOf(i)]);
     }
-    ListItem& item = slots_[SlotOf(count_)];
-    item.key = key;
-    item.text = text;
-    for (std::size_t i = 0; i < subItems.size(); ++i) {
-        item.subItems[i] = subItems[i];
-    }
-    current_ = count_++;
-    Tell(&ListViewWatcher::ItemAdded);
+    return items;
 }
 
-void ListView::RemoveFirst() {
-    if (count_ == 0) {
-        return;
+ListItem& ListView::FreeItem(std::size_t most) {
+    if (count_ > 0 && count_ >= most) {
+        head_ = SlotOf(1);
+        --count_;
+        ++first_;
+    } else if (count_ == slots_.size()) {
+        std::rotate(slots_.begin(), slots_.begin() + static_cast<std::ptrdiff_t>(head_), slots_.end());
+        head_ = 0;
+        slots_.emplace_back();
     }
-    first_ = SlotOf(1);
-    --count_;
-    current_ = current_ > 0 ? current_ - 1 : count_;
-    Tell(&ListViewWatcher::FirstItemRemoved);
+    return slots_[SlotOf(count_)];
 }
 
 void ListView::Clear() {
-    slots_.clear();
-    first_ = 0;
-    count_ = 0;
-    current_ = 0;
-    Tell(&ListViewWatcher::Cleared);
+    std::shared_ptr<const Watchers> told;
+    {
+        const std::lock_guard lock(mutex_);
+        slots_.clear();
+        head_ = 0;
+        first_ += std::exchange(count_, 0);
+        told = watchers_;
+    }
+    Tell(told, [](ListViewWatcher& watcher) { watcher.Cleared(); });
+}
+
+void ListView::End() {
+    std::shared_ptr<const Watchers> told;
+    {
+        const std::lock_guard lock(mutex_);
+        ended_ = true;
+        told = watchers_;
+    }
+    Tell(told, [](ListViewWatcher& watcher) { watcher.Ended(); });
+}
+
+bool ListView::HasEnded() const {
+    const std::lock_guard lock(mutex_);
+    return ended_;
 }
 
 }  // namespace planview

@@ -37,12 +37,7 @@ void PlanView::Terminate() {
     ResumeNext([&] { context.driver.Destructor(false); }, [&] { ReleaseTables(context.tables); },
                [&] { TraceWrite(UserControl, "DESTRUCTOR", "Terminate", "{}"); },
                [&] { modPlan::MemoryCheck(context.platform.system); },
-               [&] {
-                   if (TraceEnabled) {
-                       modPlan::Trace_Disable(context.platform);
-                   }
-               },
-               [&] { modPlan::Trace_Leave(context.platform); });
+               [&] { modPlan::Trace_Disable(context.platform); }, [&] { modPlan::Trace_Leave(context.platform); });
 }
 
 namespace {

@@ -2,7 +2,6 @@
 #include <string>
 
 #include <planview/PlanView.h>
-#include <planview/Version.h>
 
 #include "control/Guarded.h"
 #include "grid/BusyScope.h"
@@ -18,10 +17,6 @@ namespace {
 
 constexpr std::string_view UserControl = "USERCONTROL";
 
-std::string VersionText() {
-    return std::to_string(VersionMajor) + "." + std::to_string(VersionMinor) + "." + std::to_string(VersionRevision);
-}
-
 void TraceCall(std::string_view method) noexcept {
     TraceWrite(UserControl, "", method, "{}");
 }
@@ -29,7 +24,6 @@ void TraceCall(std::string_view method) noexcept {
 }  // namespace
 
 PlanView::PlanView(const Platform& platform) : state_(std::make_shared<State>(platform)) {
-    modPlan::ControlVersion = VersionText();
     modPlan::TraceDecimalMark = state_->context.platform.system.DecimalMark();
     TraceWrite(UserControl, "CONSTRUCTOR", "Initialize", "{}");
     Guarded(state_, UserControl, "Initialize", [](ControlContext& context) {
@@ -45,19 +39,13 @@ PlanView::~PlanView() {
 // --- Trace ----------------------------------------------------------------------------------------------------------
 
 PlanView::Status PlanView::plv_EnableTrace() {
-    return Guarded(state_, UserControl, "plv_EnableTrace", [](ControlContext& context) {
-        if (!TraceEnabled) {
-            modPlan::Trace_Enable(context.platform);
-        }
-    });
+    return Guarded(state_, UserControl, "plv_EnableTrace",
+                   [](ControlContext& context) { modPlan::Trace_Enable(context.platform); });
 }
 
 PlanView::Status PlanView::plv_DisableTrace() {
-    return Guarded(state_, UserControl, "plv_DisableTrace", [](ControlContext& context) {
-        if (TraceEnabled) {
-            modPlan::Trace_Disable(context.platform);
-        }
-    });
+    return Guarded(state_, UserControl, "plv_DisableTrace",
+                   [](ControlContext& context) { modPlan::Trace_Disable(context.platform); });
 }
 
 // --- Panes ----------------------------------------------------------------------------------------------------------

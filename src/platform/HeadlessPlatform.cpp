@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/HeadlessPlatform.h"
 
-#include <clocale>
+#include <array>
+#include <cstdio>
 
 #include <planview/ObjectRegistry.h>
 
@@ -41,8 +42,12 @@ public:
     std::optional<MemoryStatus> Memory() const override { return SystemMemory(); }
     std::optional<int> PlatformId() const override { return SystemPlatformId(); }
     std::string LogFolder() const override { return SystemLogFolder(); }
-    /// That of the process: "." until the host has called setlocale().
-    char DecimalMark() const override { return *std::localeconv()->decimal_point == ',' ? ',' : '.'; }
+    /// That of the process: "." until the host has called setlocale(). Asked by printing, which any thread may do.
+    char DecimalMark() const override {
+        std::array<char, 8> half{};
+        std::snprintf(half.data(), half.size(), "%.1f", 0.5);
+        return half[1] == ',' ? ',' : '.';
+    }
 };
 
 /// Without a screen every popup is closed at once.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "trace/frmTrace.h"
 
+#include <mutex>
 #include <utility>
 
 #include "trace/ErrorTrap.h"
@@ -17,44 +18,71 @@ constexpr std::string_view TraceLabel = "TRACE WINDOW";
 constexpr int WidthBeside = 180;
 constexpr int HeightBeside = 720;
 
-std::shared_ptr<frmTrace> instance;
+std::mutex instanceMutex;
+std::shared_ptr<frmTrace> instance;  // guarded by it
 
 }  // namespace
 
 frmTrace::frmTrace()
-    : mnuTrac{{{AlwaysOnTop, "Window always on top", true},
+    : TraceView({{"CONTROL", "Control", 1500},
+                 {"MESSAGE", "Message", 1500},
+                 {"METHODE", "Methode/Event", 2100},
+                 {"PARAMETER", "Parameter", 4500},
+                 {"GUID", "GUID", 2100}}),
+      mnuTrac{{{AlwaysOnTop, "Window always on top", true},
                {19, "-"},
                {DeleteAllItems, "Delete all items"},
                {CheckMemory, "Memory check"},
                {79, "-"},
                {InsertBookmark, "Insert bookmark"},
                {89, "-"},
-               {Exit, "Exit"}}} {
-    TraceView.AddColumn({"CONTROL", "Control", 1500});
-    TraceView.AddColumn({"MESSAGE", "Message", 1500});
-    TraceView.AddColumn({"METHODE", "Methode/Event", 2100});
-    TraceView.AddColumn({"PARAMETER", "Parameter", 4500});
-    TraceView.AddColumn({"GUID", "GUID", 2100});
-}
+               {Exit, "Exit"}}} {}
 
-frmTrace& frmTrace::Instance() {
+std::shared_ptr<frmTrace> frmTrace::Share() {
+    const std::lock_guard lock(instanceMutex);
     if (!instance) {
         instance.reset(new frmTrace);
     }
-    return *instance;
-}
-
-std::shared_ptr<frmTrace> frmTrace::Share() {
-    static_cast<void>(Instance());
     return instance;
 }
 
-bool frmTrace::Exists() noexcept {
-    return instance != nullptr;
+std::shared_ptr<frmTrace> frmTrace::Find() noexcept {
+    const std::lock_guard lock(instanceMutex);
+    return instance;
 }
 
-void frmTrace::End() noexcept {
-    instance.reset();
+// Switch and instance change in one step: of two threads that switch, each finds what the other has left.
+
+std::shared_ptr<frmTrace> frmTrace::SwitchOn() {
+    std::shared_ptr<frmTrace> before;  // ends, where it does, when the lock is open
+    const std::lock_guard lock(instanceMutex);
+    if (modPlan::TraceEnabled.exchange(true)) {
+        return nullptr;
+    }
+    if (!instance || instance->isOff_) {
+        before = std::exchange(instance, std::shared_ptr<frmTrace>(new frmTrace));
+    }
+    return instance;
+}
+
+std::shared_ptr<frmTrace> frmTrace::SwitchOff() {
+    const std::lock_guard lock(instanceMutex);
+    if (!modPlan::TraceEnabled.exchange(false)) {
+        return nullptr;
+    }
+    if (!instance) {
+        instance.reset(new frmTrace);
+    }
+    instance->isOff_ = true;
+    return instance;
+}
+
+void frmTrace::End(const frmTrace& form) noexcept {
+    std::shared_ptr<frmTrace> ended;  // when the lock is open
+    const std::lock_guard lock(instanceMutex);
+    if (instance.get() == &form) {
+        ended = std::move(instance);
+    }
 }
 
 std::shared_ptr<const Desktop> frmTrace::SetPlatform(std::shared_ptr<const Desktop> platform) noexcept {
@@ -99,11 +127,11 @@ void frmTrace::ToggleOnTop() {
 }
 
 void frmTrace::DeleteAll(const Desktop& platform) {
-    const std::shared_ptr<frmTrace> asked = Share();
-    modPlan::TraceSave(platform);
+    const std::shared_ptr<frmTrace> self = shared_from_this();
+    modPlan::TraceSave(platform, TraceView);
     // While the question stood, the trace may have been switched off and the form with it, and on again.
-    if (instance == asked) {
-        asked->TraceView.Clear();
+    if (Find() == self) {
+        TraceView.Clear();
         TraceWrite(TraceLabel, "", "All items deleted", "{}");
     }
 }

@@ -21,7 +21,9 @@ struct TraceMenuEntry {
 };
 
 /// The trace window: the one place where trace entries live. One instance per process, created on first use.
-class PLANVIEW_EXPORT frmTrace final : public Form {
+///
+/// The list may be used on any thread; all else is the window's, and belongs to the thread that shows it.
+class PLANVIEW_EXPORT frmTrace final : public Form, public std::enable_shared_from_this<frmTrace> {
 public:
     static constexpr std::string_view FormName = "frmTrace";
 
@@ -36,14 +38,18 @@ public:
         int Height = 0;
     };
 
-    /// The instance; creates it, with its list's columns, when there is none.
-    [[nodiscard]] static frmTrace& Instance();
-    /// Whether there is an instance now.
-    [[nodiscard]] static bool Exists() noexcept;
-    /// The instance as one who needs its entries beyond End() holds it.
+    /// The instance; creates it when there is none.
     [[nodiscard]] static std::shared_ptr<frmTrace> Share();
-    /// Ends the instance; its entries end with the last one who shares it.
-    static void End() noexcept;
+    /// The instance where there is one now.
+    [[nodiscard]] static std::shared_ptr<frmTrace> Find() noexcept;
+    /// Switches the trace on and answers the instance for it: a new one where a trace that has been switched off is not
+    /// done with the one that there is. A null reference where the trace is on already.
+    [[nodiscard]] static std::shared_ptr<frmTrace> SwitchOn();
+    /// Switches the trace off and answers its instance, which is for no other trace. A null reference where the trace
+    /// is off already.
+    [[nodiscard]] static std::shared_ptr<frmTrace> SwitchOff();
+    /// This is the instance no more, if it was; it ends with the last one who shares it.
+    static void End(const frmTrace& form) noexcept;
 
     [[nodiscard]] std::string_view Name() const noexcept override { return FormName; }
     [[nodiscard]] std::string_view Caption() const noexcept override { return "Trace [Morvida]"; }
@@ -67,9 +73,10 @@ public:
 private:
     frmTrace();
     void ToggleOnTop();
-    static void DeleteAll(const Desktop& platform);
+    void DeleteAll(const Desktop& platform);
 
     std::shared_ptr<const Desktop> platform_;
+    bool isOff_ = false;  // its trace has been switched off; guarded as the instance is
 };
 
 }  // namespace planview

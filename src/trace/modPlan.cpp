@@ -7,11 +7,15 @@
 #include <fstream>
 #include <limits>
 #include <memory>
+#include <mutex>
+#include <optional>
 #include <ostream>
+#include <thread>
 #include <utility>
 #include <vector>
 
 #include <planview/Trace.h>
+#include <planview/Version.h>
 
 #include "automation/CheckedInt.h"
 #include "automation/Utf8.h"
@@ -84,65 +88,58 @@ std::string_view PlatformText(int platformId) {
     }
 }
 
-/// A window of the trace: of which list, and who made it.
+/// A window of the trace: of which list, who made it, and the one thread that may end it.
 struct TraceWindow {
-    std::weak_ptr<frmTrace> form;
+    std::shared_ptr<frmTrace> form;
     Forms* forms;
+    std::thread::id thread = std::this_thread::get_id();
+
+    [[nodiscard]] bool IsOfThisThread() const noexcept { return thread == std::this_thread::get_id(); }
 };
 
-std::vector<TraceWindow> windows;
+std::mutex windowsMutex;
+std::vector<TraceWindow> windows;  // guarded by it
 
-/// The list that a save question is open for; a trace that begins meanwhile must not go on in it.
-const frmTrace* beingSaved = nullptr;
-
-void NoteWindow(Forms& forms) {
-    const std::shared_ptr<frmTrace> form = frmTrace::Share();
-    const auto isNoted = [&](const TraceWindow& window) {
-        return window.form.lock() == form && window.forms == &forms;
+/// Ends those windows that `wanted` says. Each is forgotten first: ending it may lead back here.
+template <class Wanted>
+void EndWindows(const Wanted& wanted) noexcept {
+    const auto take = [&]() -> std::optional<TraceWindow> {
+        const std::lock_guard lock(windowsMutex);
+        const auto found = std::find_if(windows.begin(), windows.end(), wanted);
+        if (found == windows.end()) {
+            return std::nullopt;
+        }
+        TraceWindow window = std::move(*found);
+        windows.erase(found);
+        return window;
     };
+    while (const std::optional<TraceWindow> window = take()) {
+        ResumeNext([&] { window->forms->Unload(*window->form); });
+    }
+}
+
+void NoteWindow(const std::shared_ptr<frmTrace>& form, Forms& forms) {
+    // Lists that another thread has ended left theirs to this one.
+    EndWindows([](const TraceWindow& window) { return window.IsOfThisThread() && window.form->TraceView.HasEnded(); });
+    const std::lock_guard lock(windowsMutex);
+    const auto isNoted = [&](const TraceWindow& window) { return window.form == form && window.forms == &forms; };
     if (std::none_of(windows.begin(), windows.end(), isNoted)) {
         windows.push_back({form, &forms});
     }
 }
 
-/// Ends those windows that `wanted` says. Each is forgotten first: ending it may lead back here.
-template <class Wanted>
-void EndWindows(const Wanted& wanted) noexcept {
-    for (auto window = std::find_if(windows.begin(), windows.end(), wanted); window != windows.end();
-         window = std::find_if(windows.begin(), windows.end(), wanted)) {
-        const std::shared_ptr<frmTrace> form = window->form.lock();
-        Forms& forms = *window->forms;
-        windows.erase(window);
-        if (form) {
-            ResumeNext([&] { forms.Unload(*form); });
-        }
-    }
-}
-
 void WriteList(std::ostream& out, const ListView& list) {
-    for (std::size_t i = 0; i < list.Count(); ++i) {
-        const ListItem& item = list.Item(i);
+    for (const ListItem& item : list.AllItems()) {
         WriteLogLine(out, {item.text, item.subItems[0], item.subItems[1], item.subItems[2]});
     }
 }
 
-void Save(const Desktop& platform, const ListView& list) {
-    MessageAnswer answer = MessageAnswer::No;
-    ResumeNext([&] {
-        answer = platform.messageBoxes.Show(
-            {"Save trace to file ?", "Trace", MessageButtons::YesNo, MessageIcon::Exclamation, MessageAnswer::No});
-    });
-    TraceSaveAnswer = answer;
-    if (answer != MessageAnswer::Yes) {
-        return;
+/// Counts up by one; a switching on that comes between begins the count anew.
+std::int32_t NextNumber() {
+    std::int32_t number = TraceCounter;
+    while (!TraceCounter.compare_exchange_weak(number, CheckedAdd(number, 1))) {
     }
-    ResumeNext([&] {
-        const std::string name = platform.system.LogFolder();
-        const std::filesystem::path folder(std::u8string(name.begin(), name.end()));
-        std::filesystem::create_directories(folder);
-        std::ofstream file(folder / LogFileName, std::ios::binary | std::ios::trunc);
-        WriteList(file, list);
-    });
+    return number + 1;
 }
 
 /// The text as the list and the log can show it; nearly always it is so already.
@@ -171,42 +168,46 @@ void TraceWrite(std::string_view control, std::string_view message, std::string_
         return;
     }
     ResumeNext([&] {
-        ListView& list = frmTrace::Instance().TraceView;
-        if (list.Count() >= MaxTraceEntries) {
-            list.RemoveFirst();
-        }
-        TraceCounter = CheckedAdd(TraceCounter, 1);
-        TraceKey = std::string_view(TraceText("TRACE{", TraceCounter, "}"));
-        list.Add(TraceKey, control, {ShownText(message), method, ShownText(parameter), TraceKey});
+        const std::shared_ptr<frmTrace> form = frmTrace::Share();
+        const ShownText shownMessage(message);
+        const ShownText shownParameter(parameter);
+        form->TraceView.Add(MaxTraceEntries, [&](ListItem& item) {
+            item.key = std::string_view(TraceText("TRACE{", NextNumber(), "}"));
+            item.text = control;
+            item.subItems[0] = std::string_view(shownMessage);
+            item.subItems[1] = method;
+            item.subItems[2] = std::string_view(shownParameter);
+            item.subItems[3] = item.key;
+        });
     });
 }
 
 void Trace_Enable(const Desktop& platform) {
-    TraceEnabled = true;
-    TraceCounter = 0;
-    if (frmTrace::Exists() && &frmTrace::Instance() == beingSaved) {
-        frmTrace::End();
+    const std::shared_ptr<frmTrace> form = frmTrace::SwitchOn();
+    if (!form) {
+        return;
     }
-    ResumeNext([&] { NoteWindow(platform.forms); }, [&] { platform.forms.Load(frmTrace::Instance()); },
-               [] { frmTrace::Instance().TraceView.Clear(); });
+    TraceCounter = 0;
+    ResumeNext([&] { NoteWindow(form, platform.forms); }, [&] { platform.forms.Load(*form); },
+               [&] { form->TraceView.Clear(); });
     TraceWrite("USERCONTROL", "", "Trace_Enable", "{}");
-    TraceWrite("USERCONTROL", "", "Morvida", TraceText("{version: ", ControlVersion, "}"));
+    TraceWrite("USERCONTROL", "", "Morvida",
+               TraceText("{version: ", VersionMajor, ".", VersionMinor, ".", VersionRevision, "}"));
     MemoryCheck(platform.system);
     OsCheck(platform.system);
 }
 
 void Trace_Disable(const Desktop& platform) {
-    TraceEnabled = false;
-    TraceWrite("USERCONTROL", "", "Trace_Disable", "{}");
-    const std::shared_ptr<frmTrace> ended = frmTrace::Share();
-    const frmTrace* const savedBefore = std::exchange(beingSaved, ended.get());
-    Save(platform, ended->TraceView);
-    beingSaved = savedBefore;
-    ended->TraceView.Clear();
-    EndWindows([&](const TraceWindow& window) { return window.form.lock() == ended; });
-    if (frmTrace::Exists() && &frmTrace::Instance() == ended.get()) {
-        frmTrace::End();
+    const std::shared_ptr<frmTrace> ended = frmTrace::SwitchOff();
+    if (!ended) {
+        return;
     }
+    TraceWrite("USERCONTROL", "", "Trace_Disable", "{}");
+    TraceSave(platform, ended->TraceView);
+    ended->TraceView.Clear();
+    EndWindows([&](const TraceWindow& window) { return window.form == ended && window.IsOfThisThread(); });
+    ended->TraceView.End();
+    frmTrace::End(*ended);
 }
 
 void Trace_Leave(const Desktop& platform) noexcept {
@@ -221,17 +222,31 @@ void Trace_Show(const Desktop& platform) {
     const std::shared_ptr<frmTrace> shown = frmTrace::Share();
     // The window's menu works with the desktop of the control that shows it.
     auto before = shown->SetPlatform(std::make_shared<const Desktop>(platform));
-    ResumeNext([&] { NoteWindow(platform.forms); }, [&] { platform.forms.ShowModal(*shown); });
+    ResumeNext([&] { NoteWindow(shown, platform.forms); }, [&] { platform.forms.ShowModal(*shown); });
     shown->SetPlatform(std::move(before));
 }
 
-void TraceSave(const Desktop& platform) {
-    Save(platform, frmTrace::Share()->TraceView);
+void TraceSave(const Desktop& platform, const ListView& list) {
+    MessageAnswer answer = MessageAnswer::No;
+    ResumeNext([&] {
+        answer = platform.messageBoxes.Show(
+            {"Save trace to file ?", "Trace", MessageButtons::YesNo, MessageIcon::Exclamation, MessageAnswer::No});
+    });
+    if (answer != MessageAnswer::Yes) {
+        return;
+    }
+    ResumeNext([&] {
+        const std::string name = platform.system.LogFolder();
+        const std::filesystem::path folder(std::u8string(name.begin(), name.end()));
+        std::filesystem::create_directories(folder);
+        std::ofstream file(folder / LogFileName, std::ios::binary | std::ios::trunc);
+        WriteList(file, list);
+    });
 }
 
 void WriteTraceLines(std::ostream& out) {
-    if (frmTrace::Exists()) {
-        WriteList(out, frmTrace::Instance().TraceView);
+    if (const std::shared_ptr<frmTrace> form = frmTrace::Find()) {
+        WriteList(out, form->TraceView);
     }
 }
 
@@ -265,9 +280,10 @@ void OsCheck(const SystemInformation& system) {
 }
 
 std::string ReplacePoint(std::string text) {
-    const std::string before = TraceEnabled ? text : std::string();
+    const bool traced = TraceEnabled;
+    const std::string before = traced ? text : std::string();
     std::replace(text.begin(), text.end(), '.', ',');
-    if (TraceEnabled) {
+    if (traced) {
         TraceWrite("GRIDCTL", "", "ReplacePoint", TraceText("{before: ", before, " - after: ", text, "}"));
     }
     return text;

@@ -128,7 +128,7 @@ TEST_F(ModChartTest, AFailingCallEndsItsProcedureOnly) {
     ForgetEntries();
     modChart::Caterogies(Object(), 32767);
     EXPECT_EQ(Entries().size(), 1u);
-    EXPECT_TRUE(IsError(frmTrace::Instance().TraceView.Item(0)));
+    EXPECT_TRUE(IsError(frmTrace::Share()->TraceView.Item(0)));
     EXPECT_EQ(State().categoryAxis.visibleCategories, 0);
     modChart::SeriesCollection(Object(), 9, 0);
     modChart::Redraw(nullptr, true);

@@ -20,8 +20,8 @@ void CheckPlatform(const Desktop& platform) {
     test::CheckSystemInformation(platform.system);
     test::CheckClipboard(platform.clipboard);
     test::CheckMessageBoxes(platform.messageBoxes, NobodyThere);
-    test::CheckForms(platform.forms, frmTrace::Instance(), NobodyThere);
-    frmTrace::End();
+    test::CheckForms(platform.forms, *frmTrace::Share(), NobodyThere);
+    frmTrace::End(*frmTrace::Share());
     frmGrid options(platform.forms, nullptr);
     test::CheckForms(platform.forms, options, NobodyThere);
     frmRow row(platform.forms, platform.messageBoxes, nullptr);

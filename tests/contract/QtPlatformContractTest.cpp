@@ -105,10 +105,10 @@ TEST(PlatformContract, Qt) {
     test::CheckSystemInformation(QtSystemInformation());
     test::CheckClipboard(clipboard);
     test::CheckMessageBoxes(boxes, PressReturn);
-    test::CheckForms(forms, frmTrace::Instance(), CloseWindow);
+    test::CheckForms(forms, *frmTrace::Share(), CloseWindow);
     QtPopups popups(control);
     test::CheckPopups(popups, true, ChooseFromPopup);
-    frmTrace::End();
+    frmTrace::End(*frmTrace::Share());
     frmGrid options(forms, nullptr);
     test::CheckForms(forms, options, CloseWindow);
     frmRow row(forms, boxes, nullptr);

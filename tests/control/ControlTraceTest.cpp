@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -26,7 +27,7 @@ protected:
 
     static Lines Methods() {
         Lines methods;
-        const ListView& list = frmTrace::Instance().TraceView;
+        const ListView& list = frmTrace::Share()->TraceView;
         for (std::size_t i = 0; i < list.Count(); ++i) {
             methods.push_back(list.Item(i).subItems[1]);
         }
@@ -54,7 +55,7 @@ TEST_F(ControlTraceTest, OneSwitchServesBoth) {
     EXPECT_TRUE(firstDesktop->messages.empty()) << "already off";
     first->plv_EnableTrace();
     EXPECT_EQ(Methods().size(), 6U) << "starts empty again";
-    EXPECT_EQ(frmTrace::Instance().TraceView.Item(0).key, "TRACE{1}");
+    EXPECT_EQ(frmTrace::Share()->TraceView.Item(0).key, "TRACE{1}");
     first.reset();
     EXPECT_FALSE(modPlan::TraceEnabled) << "the end of a control ends the trace";
 }
@@ -71,7 +72,7 @@ TEST_F(ControlTraceTest, TheEndUnloadsTheWindowOfEachDesktop) {
     second->plv_DisableTrace();
     EXPECT_EQ(firstDesktop->formCalls, (Lines{"load frmTrace", "unload frmTrace"}));
     EXPECT_EQ(secondDesktop.formCalls, (Lines{"show frmTrace", "show frmTrace", "unload frmTrace"}));
-    EXPECT_FALSE(frmTrace::Exists());
+    EXPECT_FALSE(frmTrace::Find());
 }
 
 TEST_F(ControlTraceTest, ATraceThatBeginsWhileTheOldOneIsSavedKeepsItsEntries) {
@@ -124,7 +125,33 @@ TEST_F(ControlTraceTest, ADesktopMayEndWhileAnotherOneAsks) {
     };
     second->plv_DisableTrace();
     EXPECT_EQ(calls, (Lines{"load frmTrace", "unload frmTrace"}));
-    EXPECT_FALSE(frmTrace::Exists());
+    EXPECT_FALSE(frmTrace::Find());
+}
+
+/// A desktop is only ever called on its control's thread, also where the trace is ended on another one.
+TEST_F(ControlTraceTest, AnotherThreadLeavesTheWindowsToTheirOwn) {
+    struct Window final : ListViewWatcher {
+        void ItemAdded(std::uint64_t) override {}
+        void Cleared() override {}
+        void Ended() override { ended = true; }
+        bool ended = false;
+    };
+    const auto window = std::make_shared<Window>();
+    firstDesktop->whenLoaded = [&](Form& form) { dynamic_cast<frmTrace&>(form).TraceView.AddWatcher(window); };
+    first->plv_EnableTrace();
+    std::thread([] {
+        ScriptedPlatform desktop;
+        PlanView control(desktop.Interfaces());
+        control.plv_DisableTrace();
+        EXPECT_EQ(desktop.messages.size(), 1U);
+    }).join();
+    EXPECT_FALSE(frmTrace::Find());
+    EXPECT_TRUE(window->ended) << "by this it can end itself";
+    EXPECT_EQ(firstDesktop->formCalls, Lines{"load frmTrace"});
+    first->plv_EnableTrace();
+    EXPECT_EQ(firstDesktop->formCalls, (Lines{"load frmTrace", "unload frmTrace", "load frmTrace"}));
+    first.reset();
+    EXPECT_EQ(firstDesktop->formCalls.size(), 4U);
 }
 
 }  // namespace planview

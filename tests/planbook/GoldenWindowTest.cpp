@@ -80,7 +80,7 @@ protected:
         act();
         QApplication::processEvents();
         transcript_.Begin(name);
-        planview::ListView& list = planview::frmTrace::Instance().TraceView;
+        planview::ListView& list = planview::frmTrace::Share()->TraceView;
         for (std::size_t i = 0; i < list.Count(); ++i) {
             transcript_.Add(Masked(planview::test::EntryText(list.Item(i))));
         }

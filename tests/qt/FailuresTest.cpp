@@ -62,7 +62,7 @@ public:
 /// "GRIDCTL KeyPress" for each failure in the trace, which is empty afterwards.
 QString failures() {
     QStringList found;
-    ListView& trace = frmTrace::Instance().TraceView;
+    ListView& trace = frmTrace::Share()->TraceView;
     for (std::size_t i = 0; i < trace.Count(); ++i) {
         const ListItem& entry = trace.Item(i);
         if (entry.subItems[0] == "ERROR" && entry.subItems[2] == "{error: the host fails}") {
@@ -96,7 +96,7 @@ private slots:
     void init() {
         platform_.answer = MessageAnswer::No;
         modPlan::Trace_Enable(platform_.Interfaces());
-        frmTrace::Instance().TraceView.Clear();
+        frmTrace::Share()->TraceView.Clear();
     }
     void cleanup() {
         if (modPlan::TraceEnabled) {

@@ -285,12 +285,12 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&window));
         other->setFocus();
         widget->plv_EnableTrace();
-        frmTrace::Instance().TraceView.Clear();
+        frmTrace::Share()->TraceView.Clear();
         widget->setFocus();
         other->setFocus();
         widget->resize(310, 220);
         QStringList methods;
-        const ListView& trace = frmTrace::Instance().TraceView;
+        const ListView& trace = frmTrace::Share()->TraceView;
         for (std::size_t i = 0; i < trace.Count(); ++i) {
             if (trace.Item(i).text == "USERCONTROL") {
                 methods << QString::fromStdString(trace.Item(i).subItems[1] + trace.Item(i).subItems[2]);

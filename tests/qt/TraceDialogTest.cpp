@@ -11,6 +11,7 @@
 #include <QTreeView>
 #include <QWindow>
 #include <QtTest>
+#include <thread>
 
 #include "qt/WhenShown.h"
 #include "qt/dialogs/TraceDialog.h"
@@ -82,7 +83,7 @@ private slots:
     void init() {
         desktop_ = std::make_unique<QtDesktop>();
         modPlan::Trace_Enable(desktop_->Interfaces());
-        frmTrace::Instance().TraceView.Clear();
+        frmTrace::Share()->TraceView.Clear();
     }
     void cleanup() {
         if (modPlan::TraceEnabled) {
@@ -191,8 +192,8 @@ private slots:
         write("GRIDCTL", "Redraw", "{a: 1}");
         write("CHART", "Update", "{}");
         write("POPUP", "Update", "{}");
-        const std::string first = frmTrace::Instance().TraceView.Item(0).key;
-        const std::string last = frmTrace::Instance().TraceView.Item(2).key;
+        const std::string first = frmTrace::Share()->TraceView.Item(0).key;
+        const std::string last = frmTrace::Share()->TraceView.Item(2).key;
         show([&](QDialog* dialog) {
             QTreeView& list = listOf(*dialog);
             const auto select = [&](int row) {
@@ -227,8 +228,8 @@ private slots:
             action(*dialog, QStringLiteral("Exit"))->trigger();
             QVERIFY(!dialog->isVisible());
         });
-        QVERIFY(frmTrace::Exists());
-        QCOMPARE(frmTrace::Instance().TraceView.Count(), std::size_t{4});
+        QVERIFY(frmTrace::Find());
+        QCOMPARE(frmTrace::Share()->TraceView.Count(), std::size_t{4});
     }
 
     void showingItTwiceShowsOneWindow() {
@@ -238,7 +239,7 @@ private slots:
             modPlan::Trace_Show(desktop_->Interfaces());  // returns at once
             QVERIFY(dialog->isVisible());
             action(*dialog, QStringLiteral("Memory check"))->trigger();
-            QCOMPARE(frmTrace::Instance().TraceView.Count(), std::size_t{3});
+            QCOMPARE(frmTrace::Share()->TraceView.Count(), std::size_t{3});
         });
         QCOMPARE(shownOnce, 1);
     }
@@ -266,10 +267,26 @@ private slots:
             modPlan::Trace_Disable(another.Interfaces());
         });
         modPlan::Trace_Show(desktop_->Interfaces());
-        QVERIFY(!frmTrace::Exists());
+        QVERIFY(!frmTrace::Find());
         modPlan::Trace_Enable(desktop_->Interfaces());
         show([&shownAgain](QDialog*) { shownAgain = true; });
         QVERIFY(shownAgain);
+    }
+
+    void anotherThreadWritesAndEndsTheTrace() {
+        whenShown<QDialog>([](QDialog* dialog) {
+            std::thread([] { write("CHART", "Update", "{}", 3); }).join();
+            QCoreApplication::processEvents();
+            QCOMPARE(shown(*dialog).size(), 3);
+            std::thread([] {
+                test::ScriptedPlatform another;
+                modPlan::Trace_Disable(another.Interfaces());
+            }).join();
+            QVERIFY2(dialog->isVisible(), "that thread leaves the window alone");
+        });
+        modPlan::Trace_Show(desktop_->Interfaces());  // until the window has ended itself
+        QVERIFY(!frmTrace::Find());
+        modPlan::Trace_Leave(desktop_->Interfaces());
     }
 
     void pictures_data() {
@@ -309,7 +326,7 @@ private slots:
             modPlan::Trace_Show(desktop.Interfaces());
         };
         countIn(*desktop_, first, false);
-        other->Load(frmTrace::Instance());
+        other->Load(*frmTrace::Share());
         countIn(*other, second, true);
         QVERIFY(second > first);
         const int before = second;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,7 +22,7 @@ inline std::string EntryText(const ListItem& item) {
 
 /// A fixture with the trace switched on. An entry that reports an error fails the test unless the test asked for it.
 /// Entries are looked at as they are written: a control that ends takes the list with it.
-class TracedTest : public testing::Test, private ListViewWatcher {
+class TracedTest : public testing::Test {
 protected:
     TracedTest() {
         platform.whenLoaded = [this](Form& form) { Watch(form); };
@@ -35,8 +36,8 @@ protected:
             platform.whileAsking = nullptr;
             modPlan::Trace_Disable(platform.Interfaces());
         }
-        if (frmTrace::Exists()) {
-            frmTrace::Instance().TraceView.RemoveWatcher(*this);
+        if (const auto form = frmTrace::Find()) {
+            form->TraceView.RemoveWatcher(*watcher_);
         }
         for (const std::string& entry : errorsExpected_ ? std::vector<std::string>() : errors_) {
             ADD_FAILURE() << "unasked error in the trace: " << entry;
@@ -44,7 +45,7 @@ protected:
     }
 
     void ExpectErrors() { errorsExpected_ = true; }
-    static void ForgetEntries() { frmTrace::Instance().TraceView.Clear(); }
+    static void ForgetEntries() { frmTrace::Share()->TraceView.Clear(); }
 
     /// A trap says so in the message, a grid operation in the method, a walk over an index table in the parameter.
     static bool IsError(const ListItem& item) {
@@ -53,10 +54,9 @@ protected:
 
     [[nodiscard]] static std::vector<std::string> Entries(const std::function<bool(const ListItem&)>& wanted = {}) {
         std::vector<std::string> entries;
-        const ListView& list = frmTrace::Instance().TraceView;
-        for (std::size_t i = 0; i < list.Count(); ++i) {
-            if (!wanted || wanted(list.Item(i))) {
-                entries.push_back(EntryText(list.Item(i)));
+        for (const ListItem& item : frmTrace::Share()->TraceView.AllItems()) {
+            if (!wanted || wanted(item)) {
+                entries.push_back(EntryText(item));
             }
         }
         return entries;
@@ -71,26 +71,36 @@ protected:
     ScriptedPlatform platform;
 
 private:
+    struct Watcher final : ListViewWatcher {
+        explicit Watcher(TracedTest& test) : test_(test) {}
+        void ItemAdded(std::uint64_t number) override {
+            ListItem entry;
+            const auto form = frmTrace::Find();
+            if (form && form->TraceView.Read(number, entry)) {
+                test_.Hear(entry);
+            }
+        }
+        void Cleared() override {}
+        void Ended() override {}
+        TracedTest& test_;
+    };
+
     void Watch(Form& form) {
         if (auto* trace = dynamic_cast<frmTrace*>(&form)) {
-            trace->TraceView.RemoveWatcher(*this);
-            trace->TraceView.AddWatcher(*this);
+            trace->TraceView.RemoveWatcher(*watcher_);
+            trace->TraceView.AddWatcher(watcher_);
         }
     }
-    void ItemAdded() override {
-        const ListView& list = frmTrace::Instance().TraceView;
-        const ListItem& newest = list.Item(list.Count() - 1);
-        if (IsError(newest)) {
-            errors_.push_back(EntryText(newest));
+    void Hear(const ListItem& entry) {
+        if (IsError(entry)) {
+            errors_.push_back(EntryText(entry));
         }
-        EntryAdded(newest);
+        EntryAdded(entry);
     }
-    void FirstItemRemoved() override {}
-    void Cleared() override {}
-    void Ended() override {}
 
     bool errorsExpected_ = false;
     std::vector<std::string> errors_;
+    std::shared_ptr<Watcher> watcher_ = std::make_shared<Watcher>(*this);
 };
 
 using Lines = std::vector<std::string>;

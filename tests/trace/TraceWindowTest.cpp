@@ -22,7 +22,7 @@ protected:
 
 TEST_F(TraceWindowTest, TheMenuKeepsItsIndexes) {
     std::string menu;
-    for (const TraceMenuEntry& entry : frmTrace::Instance().mnuTrac) {
+    for (const TraceMenuEntry& entry : frmTrace::Share()->mnuTrac) {
         menu +=
             std::to_string(entry.Index) + " " + std::string(entry.Caption) + (entry.RadioCheck ? " (o)" : "") + "\n";
     }
@@ -49,7 +49,8 @@ TEST_F(TraceWindowTest, DeletingAsksAndThenDeletesWhateverTheAnswer) {
     WhileShown([](frmTrace& form) { form.mnuTrac_Click(20); });
     EXPECT_EQ(platform.messages.size(), 1U);
     EXPECT_EQ(Entries(), Lines{"TRACE WINDOW |  | All items deleted | {}"});
-    EXPECT_EQ(modPlan::TraceKey, "TRACE{" + std::to_string(before + 1) + "}") << "the numbers go on";
+    EXPECT_EQ(frmTrace::Share()->TraceView.Item(0).key, "TRACE{" + std::to_string(before + 1) + "}")
+        << "the numbers go on";
 }
 
 TEST_F(TraceWindowTest, BookmarksAndMemoryStandInTheList) {
@@ -63,17 +64,17 @@ TEST_F(TraceWindowTest, BookmarksAndMemoryStandInTheList) {
     ASSERT_EQ(entries.size(), 4U);
     EXPECT_EQ(entries[0], "TRACE WINDOW | # BOOKMARK # | InsertBookmark | {" + std::string(40, '#') + "}");
     EXPECT_EQ(platform.formCalls.back(), "hide frmTrace");
-    EXPECT_TRUE(frmTrace::Exists()) << "hidden, not ended";
+    EXPECT_TRUE(frmTrace::Find()) << "hidden, not ended";
 }
 
 TEST_F(TraceWindowTest, ABookmarkInAFullListDropsTheOldest) {
     for (std::size_t i = 0; i < modPlan::MaxTraceEntries; ++i) {
         modPlan::TraceWrite("CHART", "", "Redraw", "{}");
     }
-    const std::string second = frmTrace::Instance().TraceView.Item(1).key;
+    const std::string second = frmTrace::Share()->TraceView.Item(1).key;
     WhileShown([](frmTrace& form) { form.mnuTrac_Click(80); });
-    EXPECT_EQ(frmTrace::Instance().TraceView.Count(), modPlan::MaxTraceEntries);
-    EXPECT_EQ(frmTrace::Instance().TraceView.Item(0).key, second);
+    EXPECT_EQ(frmTrace::Share()->TraceView.Count(), modPlan::MaxTraceEntries);
+    EXPECT_EQ(frmTrace::Share()->TraceView.Item(0).key, second);
 }
 
 TEST_F(TraceWindowTest, TheListFollowsTheForm) {
@@ -85,7 +86,7 @@ TEST_F(TraceWindowTest, TheListFollowsTheForm) {
                  {"below it the last one stays", 179, 6000, 0, 5280},
                  {"a height of nothing is not taken", 9000, 720, 8820, 5280},
                  {"the least height", 9000, 721, 8820, 1}};
-    frmTrace& form = frmTrace::Instance();
+    frmTrace& form = *frmTrace::Share();
     EXPECT_EQ(form.TraceViewPlace.Left, 30);
     EXPECT_EQ(form.TraceViewPlace.Top, 30);
     for (const auto& row : cases) {
@@ -99,18 +100,18 @@ TEST_F(TraceWindowTest, TheTraceMayEndWhileTheWindowAsks) {
     struct EndsTheTrace final : test::ScriptedPlatform {
         MessageAnswer Show(const MessageBoxRequest&) override {
             modPlan::TraceEnabled = false;
-            frmTrace::End();
+            frmTrace::End(*frmTrace::Share());
             return MessageAnswer::No;
         }
     } ending;
     ending.whileShown = [](Form& form) { dynamic_cast<frmTrace&>(form).mnuTrac_Click(20); };
     modPlan::Trace_Show(ending.Interfaces());
-    EXPECT_FALSE(frmTrace::Exists());
+    EXPECT_FALSE(frmTrace::Find());
 }
 
 TEST_F(TraceWindowTest, WithoutItsWindowTheMenuDeletesNothing) {
     modPlan::TraceWrite("CHART", "", "Redraw", "{}");
-    frmTrace::Instance().mnuTrac_Click(20);
+    frmTrace::Share()->mnuTrac_Click(20);
     EXPECT_EQ(Entries().size(), 1U);
     EXPECT_TRUE(platform.messages.empty());
 }
@@ -119,25 +120,31 @@ TEST_F(TraceWindowTest, WithoutItsWindowTheMenuDeletesNothing) {
 TEST(TraceList, TellsEveryWindowThatShowsIt) {
     class Window : public ListViewWatcher {
     public:
-        void ItemAdded() override { heard += "+"; }
-        void FirstItemRemoved() override { heard += "-"; }
-        void Cleared() override { heard += "0"; }
+        void ItemAdded(std::uint64_t number) override { heard += std::to_string(number); }
+        void Cleared() override { heard += "-"; }
         void Ended() override { heard += "."; }
         std::string heard;
     };
-    Window one;
-    Window other;
-    {
-        ListView list;
-        list.AddWatcher(one);
-        list.AddWatcher(other);
-        list.Add("k", "text", {});
-        list.RemoveFirst();
-        list.RemoveWatcher(one);
-        list.Clear();
+    const auto one = std::make_shared<Window>();
+    const auto other = std::make_shared<Window>();
+    ListView list;
+    list.AddWatcher(one);
+    list.AddWatcher(other);
+    const auto add = [&](const char* text) { list.Add(2, [&](ListItem& item) { item.text = text; }); };
+    for (const char* text : {"a", "b", "c"}) {
+        add(text);
     }
-    EXPECT_EQ(one.heard, "+-");
-    EXPECT_EQ(other.heard, "+-0.");
+    list.RemoveWatcher(*one);
+    EXPECT_ANY_THROW(list.Add(9, [](ListItem&) { throw std::runtime_error("no text"); }));
+    ListItem item;
+    EXPECT_TRUE(!list.Read(0, item) && list.Read(2, item) && item.text == "c" && !list.Read(3, item));
+    EXPECT_EQ(list.Item(0).text, "b");
+    list.Clear();
+    add("d");
+    EXPECT_TRUE(!list.Read(2, item) && list.Read(3, item) && item.text == "d") << "a number is never given again";
+    list.End();
+    EXPECT_EQ(one->heard, "012");
+    EXPECT_EQ(other->heard, "012-3.");
 }
 
 }  // namespace planview

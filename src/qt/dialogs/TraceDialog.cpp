@@ -53,8 +53,8 @@ char mnemonicOf(int index) {
 
 TraceDialog::TraceDialog(frmTrace& form, QWidget* parent)
     : ThemedDialog("TRACE WINDOW", parent),
-      form_(&form),
-      model_(new TraceModel(form.TraceView, this)),
+      form_(form.shared_from_this()),
+      model_(new TraceModel(std::shared_ptr<ListView>(form_, &form_->TraceView), this)),
       filter_(new TraceFilter(this)) {
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     filter_->setSourceModel(model_);

@@ -50,7 +50,7 @@ private:
     void copySelected() const;
     void runMenu(int index);
 
-    frmTrace* form_;
+    std::shared_ptr<frmTrace> form_;  ///< until it ends
     TraceModel* model_;
     TraceFilter* filter_;
     QMenuBar* menus_ = nullptr;

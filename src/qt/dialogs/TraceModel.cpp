@@ -2,7 +2,10 @@
 #include "qt/dialogs/TraceModel.h"
 
 #include <QBrush>
+#include <QCoreApplication>
+#include <QPointer>
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 namespace planview {
@@ -19,15 +22,50 @@ bool isBookmark(const ListItem& item) {
 
 }  // namespace
 
-TraceModel::TraceModel(ListView& list, QObject* parent)
-    : QAbstractTableModel(parent), list_(&list), rows_(static_cast<int>(list.Count())) {
-    list_->AddWatcher(*this);
+/// Hears of the list on whatever thread it is changed, and goes on in the next turn of the user interface's.
+class TraceModel::Watcher final : public ListViewWatcher {
+public:
+    explicit Watcher(TraceModel& model) : model_(&model) {}
+
+    void ItemAdded(std::uint64_t /*number*/) override { reportSoon(); }
+    void Cleared() override { reportSoon(); }
+    void Ended() override { post(&TraceModel::ended); }
+
+    /// What happens from now on needs another report.
+    void reportBegins() { reportComing_ = false; }
+
+private:
+    void reportSoon() {
+        if (!reportComing_.exchange(true)) {
+            post(&TraceModel::report);
+        }
+    }
+    /// Not through the model itself, which may end at this moment.
+    void post(void (TraceModel::*what)()) const {
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(),
+            [model = model_, what] {
+                if (model) {
+                    (model.data()->*what)();
+                }
+            },
+            Qt::QueuedConnection);
+    }
+
+    const QPointer<TraceModel> model_;  // read in the thread of the user interface only
+    std::atomic<bool> reportComing_ = false;
+};
+
+TraceModel::TraceModel(std::shared_ptr<ListView> list, QObject* parent)
+    : QAbstractTableModel(parent), list_(std::move(list)), watcher_(std::make_shared<Watcher>(*this)) {
+    list_->AddWatcher(watcher_);
+    const ListView::Range items = list_->Items();
+    first_ = items.first;
+    rows_ = static_cast<int>(items.count);
 }
 
 TraceModel::~TraceModel() {
-    if (list_) {
-        list_->RemoveWatcher(*this);
-    }
+    list_->RemoveWatcher(*watcher_);
 }
 
 void TraceModel::setTheme(const GridTheme& theme) {
@@ -46,77 +84,50 @@ int TraceModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : Columns;
 }
 
-const ListItem* TraceModel::item(int row) const {
-    const int place = row - removed_;
-    return list_ && place >= 0 && static_cast<std::size_t>(place) < list_->Count()
-               ? &list_->Item(static_cast<std::size_t>(place))
-               : nullptr;
-}
-
 QVariant TraceModel::data(const QModelIndex& index, int role) const {
-    const ListItem* entry = index.isValid() ? item(index.row()) : nullptr;
-    if (!entry) {
+    ListItem entry;
+    const bool wanted = role == Qt::DisplayRole || role == Qt::ToolTipRole || role == Qt::ForegroundRole;
+    if (!wanted || !index.isValid() || !list_->Read(first_ + static_cast<std::uint64_t>(index.row()), entry)) {
         return {};
     }
     switch (role) {
         case Qt::DisplayRole:
         case Qt::ToolTipRole:
             return QString::fromStdString(
-                index.column() == 0 ? entry->text : entry->subItems[static_cast<std::size_t>(index.column()) - 1]);
+                index.column() == 0 ? entry.text : entry.subItems[static_cast<std::size_t>(index.column()) - 1]);
         case Qt::ForegroundRole:
-            return isError(*entry)      ? QBrush(QColor(theme_.negative))
-                   : isBookmark(*entry) ? QBrush(QColor(theme_.accent))
-                                        : QVariant();
+            return isError(entry)      ? QBrush(QColor(theme_.negative))
+                   : isBookmark(entry) ? QBrush(QColor(theme_.accent))
+                                       : QVariant();
         default:
             return {};
     }
 }
 
 QVariant TraceModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (!list_ || orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 ||
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 ||
         static_cast<std::size_t>(section) >= list_->Columns().size()) {
         return {};
     }
     return QString::fromStdString(list_->Columns()[static_cast<std::size_t>(section)].caption);
 }
 
-void TraceModel::FirstItemRemoved() {
-    removed_ = std::min(removed_ + 1, rows_);
-    reportSoon();
-}
-
-void TraceModel::Cleared() {
-    removed_ = rows_;
-    reportSoon();
-}
-
-void TraceModel::Ended() {
-    beginResetModel();
-    list_ = nullptr;
-    rows_ = 0;
-    removed_ = 0;
-    endResetModel();
-    Q_EMIT ended();
-}
-
-void TraceModel::reportSoon() {
-    if (!std::exchange(reportComing_, true)) {
-        QMetaObject::invokeMethod(this, &TraceModel::report, Qt::QueuedConnection);
-    }
-}
-
 void TraceModel::report() {
-    reportComing_ = false;
-    const int count = list_ ? static_cast<int>(list_->Count()) : 0;
-    if (removed_ == rows_ && rows_ > 0) {
+    watcher_->reportBegins();
+    const ListView::Range items = list_->Items();
+    const auto removed = static_cast<int>(std::min<std::uint64_t>(items.first - first_, static_cast<unsigned>(rows_)));
+    const auto count = static_cast<int>(items.count);
+    if (rows_ == 0) {
+        first_ = items.first;
+    } else if (removed == rows_) {
         beginResetModel();
+        first_ = items.first;
         rows_ = count;
-        removed_ = 0;
         endResetModel();
-    }
-    if (removed_ > 0) {
-        beginRemoveRows({}, 0, removed_ - 1);
-        rows_ -= std::exchange(removed_, 0);
+    } else if (removed > 0) {
+        beginRemoveRows({}, 0, removed - 1);
+        first_ = items.first;
+        rows_ -= removed;
         endRemoveRows();
     }
     if (count > rows_) {

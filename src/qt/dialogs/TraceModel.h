@@ -2,21 +2,23 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <cstdint>
+#include <memory>
 
 #include "components/ListView.h"
 #include "qt/grid/GridTheme.h"
 
 namespace planview {
 
-/// The trace's list as a model: reads the list's own items, copies none.
+/// The trace's list as a model: reads the list's own items, keeps none.
 ///
-/// The list may change many times between two turns of the event loop. What happened is collected and reported to the
-/// views once, in the next turn.
-class TraceModel final : public QAbstractTableModel, private ListViewWatcher {
+/// The list may change many times between two turns of the event loop, on any thread. What happened is reported to the
+/// views at once, in the next turn; a row that the list has dropped meanwhile reads as empty.
+class TraceModel final : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    TraceModel(ListView& list, QObject* parent);
+    TraceModel(std::shared_ptr<ListView> list, QObject* parent);
     ~TraceModel() override;
 
     void setTheme(const GridTheme& theme);
@@ -32,23 +34,17 @@ public:
 Q_SIGNALS:
     /// The views have been told of all changes.
     void reported();
-    /// The list is gone; the model is empty from now on.
+    /// Nothing more comes.
     void ended();
 
 private:
-    void ItemAdded() override { reportSoon(); }
-    void FirstItemRemoved() override;
-    void Cleared() override;
-    void Ended() override;
+    class Watcher;
 
-    void reportSoon();
-    [[nodiscard]] const ListItem* item(int row) const;
-
-    ListView* list_;
+    std::shared_ptr<ListView> list_;
+    std::shared_ptr<Watcher> watcher_;
     GridTheme theme_ = GridTheme::light();
-    int rows_ = 0;     ///< the views know of
-    int removed_ = 0;  ///< of these, at the front, are gone from the list
-    bool reportComing_ = false;
+    std::uint64_t first_ = 0;  ///< the item of the first row that the views know of
+    int rows_ = 0;             ///< that the views know of
 };
 
 }  // namespace planview
