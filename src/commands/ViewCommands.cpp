@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/ViewCommands.h"
 
-#include "grid/BusyScope.h"
+#include "automation/BusyScope.h"
 #include "trace/modPlan.h"
 
 namespace planview::commands {

@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "automation/BusyScope.h"
+
 namespace planview {
 
 void GridReports::NoteLayout() noexcept {
@@ -47,14 +49,7 @@ void GridReports::Report(bool now) {
         reportAgain_ = true;
         return;
     }
-    struct Reporting {
-        explicit Reporting(bool& flag) noexcept : flag_(flag) { flag_ = true; }
-        ~Reporting() { flag_ = false; }
-        Reporting(const Reporting&) = delete;
-        Reporting& operator=(const Reporting&) = delete;
-        bool& flag_;
-    };
-    const Reporting reporting(reporting_);
+    const BusyScope reporting(reporting_);
     do {
         reportAgain_ = false;
         const GridChange change = std::exchange(noted_, GridChange());

@@ -25,22 +25,19 @@ bool IsRecordingNode(const ControlContext& context, const std::string& nodeKey) 
     return MacroNodeTypeOf(type) == MacroNodeType::Recording;
 }
 
-/// For the host: what is wrong, each in a line, or what was done.
-MacroResult ResultOf(const MacroProblems& problems, const std::string& done) {
+}  // namespace
+
+MacroResult ResultOf(const MacroOutcome& outcome) {
     std::vector<std::string> texts;
-    for (const MacroProblem& problem : problems) {
+    for (const MacroProblem& problem : outcome.problems) {
         texts.push_back(problem.Text());
     }
-    return {problems.empty(), 0, problems.empty() ? done : Joined(texts, "\n")};
+    return {texts.empty(), outcome.changed, texts.empty() ? outcome.done : Joined(texts, "\n")};
 }
-
-}  // namespace
 
 MacroOutcome RunMacroCommand(ControlContext& context, const std::string& nodeKey, bool onSelectedLine) {
     if (IsRecordingNode(context, nodeKey)) {
-        const MacroResult result = ReplayRecording(context, nodeKey, onSelectedLine);
-        return result.done ? MacroOutcome{{}, result.cells, result.message}
-                           : MacroOutcome{{{nodeKey, "", result.message, ""}}, result.cells, ""};
+        return ReplayRecording(context, nodeKey, onSelectedLine);
     }
     MacroOutcome outcome = RunMacroNode(PartsOf(context), nodeKey, onSelectedLine);
     outcome.done = Counted(outcome.changed, "cell") + " changed.";
@@ -57,18 +54,15 @@ MacroProblems CheckMacroCommand(ControlContext& context, const std::string& node
 
 MacroResult PlanView::RunMacro(const std::string& nodeKey, bool onSelectedLine) {
     MacroResult result;
-    Guarded(state_, MacroLabel, "Run", [&](ControlContext& context) {
-        const MacroOutcome outcome = RunMacroCommand(context, nodeKey, onSelectedLine);
-        result = ResultOf(outcome.problems, outcome.done);
-        result.cells = outcome.changed;
-    });
+    Guarded(state_, MacroLabel, "Run",
+            [&](ControlContext& context) { result = ResultOf(RunMacroCommand(context, nodeKey, onSelectedLine)); });
     return result;
 }
 
 MacroResult PlanView::CheckMacro(const std::string& nodeKey) {
     MacroResult result;
     Guarded(state_, MacroLabel, "Generate", [&](ControlContext& context) {
-        result = ResultOf(CheckMacroCommand(context, nodeKey), "no problem was found.");
+        result = ResultOf({CheckMacroCommand(context, nodeKey), 0, "no problem was found."});
     });
     return result;
 }

@@ -11,6 +11,9 @@ namespace planview {
 
 struct ControlContext;
 
+/// As the host gets it.
+[[nodiscard]] MacroResult ResultOf(const MacroOutcome& outcome);
+
 /// Runs what the MACRO_TREE node with this key is: a macro is run, a recording is replayed. The one place that tells
 /// them apart.
 MacroOutcome RunMacroCommand(ControlContext& context, const std::string& nodeKey, bool onSelectedLine);
@@ -21,6 +24,6 @@ MacroProblems CheckMacroCommand(ControlContext& context, const std::string& node
 /// What would keep the recording from being replayed, for the user; empty where nothing would.
 [[nodiscard]] std::string RecordingFault(ControlContext& context, const std::string& nodeKey);
 
-MacroResult ReplayRecording(ControlContext& context, const std::string& nodeKey, bool onSelectedLine);
+MacroOutcome ReplayRecording(ControlContext& context, const std::string& nodeKey, bool onSelectedLine);
 
 }  // namespace planview

@@ -3,8 +3,8 @@
 
 #include <planview/PlanView.h>
 
+#include "automation/BusyScope.h"
 #include "control/Guarded.h"
-#include "grid/BusyScope.h"
 #include "grid/MarkedRows.h"
 #include "trace/TraceText.h"
 

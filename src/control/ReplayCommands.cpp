@@ -24,49 +24,52 @@ MacroReplay ReplayOf(ControlContext& context) {
                         [&](const ViewStep& step) { return context.runner.Replay(step); }, SentenceOf});
 }
 
-MacroResult Replay(ControlContext& context, std::vector<MacroStep> steps, bool onSelectedLine) {
+MacroOutcome Replay(ControlContext& context, std::vector<MacroStep> steps, bool onSelectedLine) {
     std::string where;
     if (onSelectedLine) {
         const std::string line = SelectedLine(context.grid);
         if (line.empty()) {
-            return {false, 0, "Select the line to replay on: its heading, or cells of it alone. Nothing was changed."};
+            return FailedOutcome(
+                "Select the line to replay on: its heading, or cells of it alone. Nothing was changed.");
         }
         std::optional<std::vector<MacroStep>> there = MacroReplay::OnLine(context.grid, std::move(steps), line);
         if (!there) {
-            return {false, 0,
-                    "The recording is not about one line alone, so it can be replayed only where it was recorded. "
-                    "Nothing was changed."};
+            return FailedOutcome(
+                "The recording is not about one line alone, so it can be replayed only where it was recorded. "
+                "Nothing was changed.");
         }
         steps = std::move(*there);
         where = " on " + HeadingOf(context.grid, context.grid.FindRow(line).value());
     }
-    const ReplayResult result = ReplayOf(context).Run(steps);
-    if (!result.error.empty()) {
-        return {false, result.cells, result.error};
-    }
-    return {true, result.cells,
-            Counted(result.steps, "step") + " replayed" + where + ", " + Counted(result.cells, "cell") + " changed."};
+    MacroOutcome outcome = ReplayOf(context).Run(steps);
+    outcome.done =
+        Counted(steps.size(), "step") + " replayed" + where + ", " + Counted(outcome.changed, "cell") + " changed.";
+    return outcome;
 }
 
 }  // namespace
 
-MacroResult ReplayRecording(ControlContext& context, const std::string& nodeKey, bool onSelectedLine) {
-    MacroResult result;
+MacroOutcome ReplayRecording(ControlContext& context, const std::string& nodeKey, bool onSelectedLine) {
     if (TraceEnabled) {
         TraceWrite(MacroLabel, "BEGIN", "Replay",
                    TraceText("{node: ", nodeKey, " - selected line: ", onSelectedLine, "}"));
     }
+    MacroOutcome outcome;
     std::vector<MacroStep> steps;
     if (const std::optional<std::string> error =
             ErrorTextOf([&] { steps = RecordedSteps(context.tree, context.tables.MACRO_TREE, nodeKey); })) {
-        result.message = *error;
+        outcome = FailedOutcome(*error);
     } else {
-        result = Replay(context, std::move(steps), onSelectedLine);
+        outcome = Replay(context, std::move(steps), onSelectedLine);
+    }
+    for (MacroProblem& problem : outcome.problems) {
+        problem.nodeKey = nodeKey;
     }
     if (TraceEnabled) {
+        const MacroResult result = ResultOf(outcome);
         TraceWrite(MacroLabel, "END", "Replay", TraceText("{cells: ", result.cells, " - ", result.message, "}"));
     }
-    return result;
+    return outcome;
 }
 
 std::string RecordingFault(ControlContext& context, const std::string& nodeKey) {
@@ -79,7 +82,7 @@ std::string RecordingFault(ControlContext& context, const std::string& nodeKey) 
 MacroResult PlanView::ReplayMacro(const std::string& nodeKey, bool onSelectedLine) {
     MacroResult result;
     Guarded(state_, MacroLabel, "Replay",
-            [&](ControlContext& context) { result = ReplayRecording(context, nodeKey, onSelectedLine); });
+            [&](ControlContext& context) { result = ResultOf(ReplayRecording(context, nodeKey, onSelectedLine)); });
     return result;
 }
 

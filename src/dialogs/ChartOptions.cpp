@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/ChartOptions.h"
 
+#include "automation/BusyScope.h"
 #include "dialogs/frmChart.h"
-#include "grid/BusyScope.h"
 #include "trace/ErrorTrap.h"
 
 namespace planview {

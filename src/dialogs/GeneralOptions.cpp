@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/GeneralOptions.h"
 
+#include "automation/BusyScope.h"
 #include "dialogs/frmGrid.h"
-#include "grid/BusyScope.h"
 #include "trace/ErrorTrap.h"
 
 namespace planview {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/RowAttributes.h"
 
+#include "automation/BusyScope.h"
 #include "dialogs/frmRow.h"
-#include "grid/BusyScope.h"
 #include "trace/ErrorTrap.h"
 
 namespace planview {

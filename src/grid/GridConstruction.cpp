@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "grid/BusyScope.h"
+#include "automation/BusyScope.h"
 #include "grid/LoaderSupport.h"
 
 namespace planview {

@@ -5,8 +5,8 @@
 #include <array>
 #include <vector>
 
+#include "automation/BusyScope.h"
 #include "automation/Numbers.h"
-#include "grid/BusyScope.h"
 #include "grid/CellText.h"
 #include "grid/SelectedCells.h"
 #include "trace/ErrorTrap.h"

@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-#include "grid/BusyScope.h"
+#include "automation/BusyScope.h"
 #include "grid/modGrid.h"
 #include "menus/modPopup.h"
 #include "trace/ErrorTrap.h"

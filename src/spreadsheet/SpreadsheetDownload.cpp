@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "automation/BusyScope.h"
 #include "automation/CheckedInt.h"
 #include "automation/NumberFormat.h"
 #include "automation/Numbers.h"
-#include "grid/BusyScope.h"
 #include "grid/LineCaption.h"
 #include "spreadsheet/ProgressScope.h"
 #include "spreadsheet/SheetCells.h"

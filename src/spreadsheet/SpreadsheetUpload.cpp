@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "automation/BusyScope.h"
 #include "automation/Texts.h"
-#include "grid/BusyScope.h"
 #include "spreadsheet/ProgressScope.h"
 #include "spreadsheet/SheetReader.h"
 #include "spreadsheet/SpreadsheetSession.h"

@@ -173,12 +173,12 @@ private:
         }
         texts["tree"] = TreeText(ControlParts(*control).Tree());
         const MacroEditor& editor = ControlParts(*control).Editor();
-        for (std::size_t i = 0; i < editor.Lines().size(); ++i) {
-            const MacroLine& line = editor.Lines()[i];
+        for (std::size_t i = 0; i < editor.Elements().size(); ++i) {
+            const MacroElement& element = editor.Elements()[i];
             texts["macro " + Number(static_cast<int>(i) + 1)] =
-                std::string(static_cast<std::size_t>(line.depth) * 2, ' ') + line.text +
-                (line.inactive ? " (out)" : "") + (static_cast<int>(i) == editor.Current() ? " <" : "") +
-                (line.problem.empty() ? "" : " ! " + line.problem);
+                std::string(static_cast<std::size_t>(element.depth) * 2, ' ') + element.text +
+                (element.inactive ? " (out)" : "") + (static_cast<int>(i) == editor.Current() ? " <" : "") +
+                (element.problem.empty() ? "" : " ! " + element.problem);
         }
         texts["macro message"] = editor.Message();
         texts["clipboard"] = platform.onClipboard.text + (platform.onClipboard.html.empty() ? "" : " and HTML");

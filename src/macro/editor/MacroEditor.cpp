@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "grid/BusyScope.h"
+#include "automation/BusyScope.h"
 #include "macro/editor/ElementSpots.h"
 #include "macro/run/MacroGrid.h"
 #include "macro/run/MacroSentences.h"
@@ -91,7 +91,7 @@ void MacroEditor::ReadElements() {
     const MacroSentences sentences(outline_, table);
     for (int i = 0; i < outline_.Count(); ++i) {
         const MacroNode& node = outline_.At(i);
-        MacroLine& element = elements_.emplace_back();
+        MacroElement& element = elements_.emplace_back();
         element.key = node.key;
         element.text = sentences.Of(i);
         element.type = node.type;
@@ -137,12 +137,12 @@ void MacroEditor::SetSpot(MacroSpot spot) {
 }
 
 void MacroEditor::Mark(const MacroProblems& problems) {
-    for (MacroLine& element : elements_) {
+    for (MacroElement& element : elements_) {
         element.problem.clear();
     }
     for (const MacroProblem& problem : problems) {
         const auto found = std::find_if(elements_.begin(), elements_.end(),
-                                        [&](const MacroLine& element) { return element.key == problem.nodeKey; });
+                                        [&](const MacroElement& element) { return element.key == problem.nodeKey; });
         if (found != elements_.end() && found->problem.empty()) {
             found->problem = problem.what + (problem.now.empty() ? "" : " " + problem.now);
         }

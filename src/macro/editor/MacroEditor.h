@@ -37,7 +37,7 @@ struct MacroEditorParts {
 };
 
 /// One element of the active macro, as `MacroView` shows it.
-struct MacroLine {
+struct MacroElement {
     std::string key;
     std::string text;  ///< a sentence
     std::string note;  ///< the name that the user gave it; empty if it has its usual one
@@ -76,8 +76,8 @@ public:
 
     /// Empty while no macro is active; then there are no elements.
     [[nodiscard]] const std::string& MacroKey() const noexcept { return macroKey_; }
-    [[nodiscard]] const std::vector<MacroLine>& Lines() const noexcept { return elements_; }
-    /// The 0-based index of the current element in Lines(), -1 without one.
+    [[nodiscard]] const std::vector<MacroElement>& Elements() const noexcept { return elements_; }
+    /// The 0-based index of the current element in Elements(), -1 without one.
     [[nodiscard]] int Current() const noexcept;
     void SetCurrent(int element);
     /// A recording is listed, but can only be run, renamed or deleted as a whole.
@@ -172,7 +172,7 @@ private:
     MacroEditorWatcher* watcher_ = nullptr;
     std::string macroKey_;
     MacroOutline outline_;
-    std::vector<MacroLine> elements_;
+    std::vector<MacroElement> elements_;
     std::string currentKey_;
     MacroSpot spot_ = MacroSpot::Inside;
     std::string operandText_;

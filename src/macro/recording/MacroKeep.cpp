@@ -12,7 +12,7 @@ namespace planview {
 
 namespace {
 
-// The tree's relations.
+// Values of RELATION.
 constexpr std::int16_t Last = 1;
 constexpr std::int16_t Child = 4;
 

@@ -10,7 +10,7 @@ namespace planview {
 
 namespace {
 
-/// A sentence without its full stop.
+/// A sentence without the full stop.
 std::string TextOf(const PlaceFault& fault, PlaceAxis axis) {
     const std::string kind = axis == PlaceAxis::Columns ? "period" : "line";
     const std::string what = "the " + kind + " \"" + fault.missing + "\"";

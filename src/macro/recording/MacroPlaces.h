@@ -9,36 +9,35 @@
 
 namespace planview {
 
-/// Columns or lines as they stand in a table: their keys, and what they were called at that time.
+/// Columns or lines as a table keeps them: their keys and the captions that they had then.
 ///
-/// `keys` lists keys and ranges of keys, "ROW3" or "COL4:COL9,COL12"; a range takes all that stand from one of its ends
-/// to the other, hidden ones too. `names` has the caption of each key in `keys`, in the same order, divided by "|"; in
-/// a caption a "|" or a control character stands as a blank. Both are empty for no place.
+/// `keys` lists keys and ranges of keys, "ROW3" or "COL4:COL9,COL12"; a range includes hidden columns or lines. `names`
+/// has the caption of each key in `keys`, in the same order, separated by "|"; inside a caption, "|" and control
+/// characters are replaced by blanks. Both are empty for none.
 struct PlaceTexts {
     std::string keys;
     std::string names;
 };
 
-/// The keys in the grid's order, neighbours as ranges.
+/// Sorts the keys in the grid's order and joins neighbours to ranges.
 [[nodiscard]] PlaceTexts DescribePlaces(const GridControl& grid, PlaceAxis axis, const std::vector<std::string>& keys);
 
-/// What was found of them, or why not.
+/// The keys that were found, or why not.
 struct FoundPlaces {
-    std::vector<std::string> keys;  ///< one by one
-    std::string error;              ///< empty when all were found
+    std::vector<std::string> keys;  ///< one for each column or line
+    std::string error;              ///< empty if all were found
 
     [[nodiscard]] bool Ok() const noexcept { return error.empty(); }
 };
 
-/// Finds places on a grid that may have changed since, as GridPlaces does. The keys of a range come from its first end
-/// to its last one: where these have changed their order, in the order in which they stood, which is that of their
-/// values.
+/// Finds places again on a grid that may have changed, by GridPlaces. The keys of a range are listed from its first end
+/// to its last one even if the grid now has them the other way round: recorded values are in that order.
 [[nodiscard]] FoundPlaces FindPlaces(const GridControl& grid, PlaceAxis axis, const PlaceTexts& places);
 
-/// "Retail", "Jan 08 to Jun 08", "Retail, Utilities": the places by their captions, for the user.
+/// The captions for the user: "Retail", "Jan 08 to Jun 08", "Retail, Utilities".
 [[nodiscard]] std::string ReadablePlaces(const PlaceTexts& places);
 
-/// The single place that is meant; empty when there are several or none.
+/// The only key; empty if there are several or none.
 [[nodiscard]] std::string_view SinglePlace(std::string_view keys);
 
 }  // namespace planview

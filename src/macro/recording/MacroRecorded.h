@@ -10,8 +10,8 @@
 
 namespace planview {
 
-/// The steps of the recording that is the node with this key, in the order of the tree and without the inactive ones.
-/// Throws with a sentence for the user where it is none or a step cannot be read.
+/// The active steps of the recording with this node key, in tree order. Throws with a sentence for the user if it is no
+/// recording or a step cannot be read.
 [[nodiscard]] std::vector<MacroStep> RecordedSteps(TreeControl& tree, const HostTable& macroTree,
                                                    std::string_view nodeKey);
 

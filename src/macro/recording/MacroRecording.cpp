@@ -22,7 +22,7 @@ MessageBoxRequest Message(std::string text, MessageIcon icon = MessageIcon::Excl
     return {std::move(text), "Macro recording", MessageButtons::Ok, icon, MessageAnswer::Ok};
 }
 
-/// The same change the other way round.
+/// The change that takes this one back.
 UndoStep Reversed(const UndoStep& changes) {
     UndoStep reversed;
     for (const CellChange& change : changes) {
@@ -40,7 +40,7 @@ void MacroRecording::Trace(std::string_view method) const {
 }
 
 void MacroRecording::Tell() const {
-    if (const auto listener = listener_) {  // a copy: it may take itself away
+    if (const auto listener = listener_) {  // a copy: the listener may remove itself
         listener();
     }
 }
@@ -87,7 +87,7 @@ void MacroRecording::StartRecord() {
             EmptyStep(table, static_cast<HostTable::Row>(row));
         }
         if (rows == 0) {
-            EmptyStep(table, table.AddRow());  // a table without the fields is found out now
+            EmptyStep(table, table.AddRow());  // fails now if the table lacks the fields
         }
     });
     if (error) {
@@ -153,10 +153,10 @@ void MacroRecording::Record(std::vector<MacroStep> steps, std::uint64_t edit) {
 
 void MacroRecording::RecordOne(MacroStep step, std::uint64_t edit) {
     DropMarksFor(step);
-    const std::size_t place = steps_.size();
+    const std::size_t index = steps_.size();
     steps_.push_back({std::move(step), edit});
-    if (const std::optional<std::string> error = ErrorTextOf([&] { Write(place); })) {
-        steps_.resize(place);  // a step that cannot be written is none
+    if (const std::optional<std::string> error = ErrorTextOf([&] { Write(index); })) {
+        steps_.resize(index);  // a step that cannot be written is not kept
         throw AutomationError(AutomationErrorCode::Failed, *error);
     }
     if (TraceEnabled) {
@@ -180,8 +180,7 @@ void MacroRecording::DropMarksFor(const MacroStep& step) {
     }
 }
 
-/// Brings the table's rows from this place on in step with the steps; all of them where the host has set another table
-/// or emptied it meanwhile.
+/// Writes the steps from this index on into the table; all of them if the host has replaced or emptied the table.
 void MacroRecording::Write(std::size_t from) {
     const HostTable table = parts_.tables.MACROREC;
     if (from > 0) {
@@ -197,7 +196,7 @@ void MacroRecording::Write(std::size_t from) {
     const int rows = table.RowCount();
     for (int row = StepCount() + 1; row <= rows; ++row) {
         if (table.Text(static_cast<HostTable::Row>(row), "COMMAND").empty()) {
-            break;  // behind it there is none either
+            break;  // nor have the rows after it
         }
         EmptyStep(table, static_cast<HostTable::Row>(row));
     }
@@ -218,7 +217,7 @@ void MacroRecording::Edited(const EditNote& note, const UndoStep& changes, bool 
     });
 }
 
-/// The steps of the edit go. An edit from before the recording leaves a step with the values that came back.
+/// Removes the steps of the edit. Undoing an edit from before the recording is recorded as entering the old values.
 void MacroRecording::Undone(const UndoStep& changes) noexcept {
     if (state_ == RecordState::Off) {
         return;
@@ -272,7 +271,7 @@ void MacroRecording::Did(const ViewStep& step) noexcept {
     });
 }
 
-/// Taking the selection away again is no step: nothing is done with it.
+/// Clearing the selection is not recorded: nothing is done with it.
 void MacroRecording::Marked() noexcept {
     if (state_ != RecordState::Running) {
         return;

@@ -17,14 +17,13 @@
 
 namespace planview {
 
-/// Writes what the user does into MACROREC, a row for each step.
+/// Writes what the user does into MACROREC, one row for each step.
 ///
-/// An edit, a paste or a fill is one step, however many cells it was; only one whose values do not fit into a field is
-/// divided by lines. Selecting headings is a step as long as no command takes them up: then the command names them.
-/// Taking an edit back drops its step. What the user chooses in a dialog is not recorded.
+/// An edit, paste or fill is one step whatever its size; if its values do not fit into a field, it is split by lines.
+/// Selecting headings is a step until a command uses the selection: then the command names them. Undo removes the step
+/// of the edit. Choices in dialogs are not recorded.
 ///
-/// The rows from 1 on are the steps in their order. A row that is not needed (a step was dropped, an earlier recording
-/// was longer) stays with an empty COMMAND, because a host's table can only grow.
+/// Row n holds step n. A row that is no longer needed keeps an empty COMMAND, because a host's table can only grow.
 class MacroRecording final : public UserActions {
 public:
     struct Parts {
@@ -36,22 +35,22 @@ public:
 
     explicit MacroRecording(Parts parts) : parts_(parts) {}
 
-    /// Begins a recording, dropping the steps of an earlier one, or goes on with an interrupted one. Says so when there
-    /// is no table that can take it.
+    /// Begins a recording, discarding the steps of an earlier one, or resumes an interrupted one. Tells the user if
+    /// there is no table for it.
     void StartRecord();
-    /// What follows is not recorded until StartRecord().
+    /// Records nothing until StartRecord() is called.
     void InterruptRecord();
     /// Ends the recording and raises `MacroRecordSave`.
     void StopRecord();
-    /// Drops the last step; what it did stays done.
+    /// Removes the last step from the recording; its effect stays.
     void UndoRecord();
 
     [[nodiscard]] RecordState State() const noexcept { return state_; }
     [[nodiscard]] int StepCount() const noexcept { return static_cast<int>(steps_.size()); }
     [[nodiscard]] bool CanUndoRecord() const noexcept { return state_ != RecordState::Off && !steps_.empty(); }
-    /// Called when the state or the number of steps is another one.
+    /// Called when the state or the number of steps has changed.
     void SetListener(std::function<void()> listener) { listener_ = std::move(listener); }
-    /// Ends the recording without an event, as the control ends.
+    /// Ends the recording without an event, for the end of the control.
     void Abandon() noexcept;
 
     // --- What the user does
@@ -60,18 +59,18 @@ public:
     void Undone(const UndoStep& changes) noexcept override;
     void Redone(const UndoStep& changes) noexcept override;
     [[nodiscard]] bool Listening() const noexcept override { return state_ != RecordState::Off; }
-    /// A command that gives no values was done.
+    /// A command that gives no values has run.
     void Did(const ViewStep& step) noexcept;
-    /// Other headings are selected.
+    /// The selection of headings has changed.
     void Marked() noexcept;
 
 private:
-    /// A step, and the edit that it is of; 0 for none.
+    /// A step and the edit that it belongs to; 0 for none.
     struct Recorded {
         MacroStep step;
         std::uint64_t edit = 0;
     };
-    /// An edit that the undo history holds, done after the recording began.
+    /// An edit in the undo history that was made during the recording.
     struct Edit {
         std::uint64_t id = 0;
         std::vector<MacroStep> steps{};  ///< while it is undone
@@ -79,11 +78,11 @@ private:
 
     void Record(std::vector<MacroStep> steps, std::uint64_t edit = 0);
     void RecordOne(MacroStep step, std::uint64_t edit);
-    /// Drops a selection of headings that the step names itself.
+    /// Removes a selection of headings that the step itself names.
     void DropMarksFor(const MacroStep& step);
     void Write(std::size_t from);
     void Tell() const;
-    /// Runs the body; a failure interrupts the recording and is told.
+    /// Runs the body. An error interrupts the recording and is shown.
     template <class Body>
     void Trapped(std::string_view method, const Body& body) noexcept;
     void Trace(std::string_view method) const;

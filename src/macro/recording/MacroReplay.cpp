@@ -18,13 +18,13 @@ namespace planview {
 
 namespace {
 
-/// Raised for a step that does not fit; ends the plan.
+/// Thrown for a step that does not fit.
 class DoesNotFit : public AutomationError {
 public:
     explicit DoesNotFit(const std::string& why) : AutomationError(AutomationErrorCode::Failed, why) {}
 };
 
-/// For a sentence that goes on.
+/// To continue the sentence.
 std::string WithoutPeriod(std::string text) {
     if (text.ends_with('.')) {
         text.pop_back();
@@ -46,18 +46,18 @@ bool IsKnownAs(const std::string& value) {
 
 }  // namespace
 
-/// Works the steps out without touching anything.
+/// Computes what the steps do without changing anything.
 class MacroReplay::Plan {
 public:
-    /// A step that gives no values, and its place among all steps, from 0.
+    /// A step that gives no values, and its 0-based index among all steps.
     struct ViewPlan {
         ViewStep step;
-        std::size_t place = 0;
+        std::size_t index = 0;
     };
 
     explicit Plan(const Parts& parts) : parts_(parts) {}
 
-    void Add(const MacroStep& step, std::size_t place) {
+    void Add(const MacroStep& step, std::size_t index) {
         const std::vector<std::string> columns = Found(parts_.grid, PlaceAxis::Columns, step.columns);
         const std::vector<std::string> lines = Found(parts_.grid, PlaceAxis::Lines, step.lines);
         if (!GivesValues(step.command)) {
@@ -65,7 +65,7 @@ public:
             if (const std::optional<std::string> why = parts_.misfit(found)) {
                 throw DoesNotFit(*why);
             }
-            viewSteps_.push_back({std::move(found), place});
+            viewSteps_.push_back({std::move(found), index});
         } else if (columns.empty() || lines.empty()) {
             throw DoesNotFit("it does not say which cells it is about");
         } else if (step.command == MacroCommand::Raise) {
@@ -75,7 +75,7 @@ public:
         }
     }
 
-    /// The cells in the order in which they were first changed, with what they hold at the end.
+    /// The cells in the order of their first change, with their final values.
     [[nodiscard]] std::vector<NewValue> Values() const {
         std::vector<NewValue> values;
         for (const Cell cell : order_) {
@@ -87,7 +87,7 @@ public:
     [[nodiscard]] const std::vector<ViewPlan>& ViewSteps() const noexcept { return viewSteps_; }
 
 private:
-    using Place = std::pair<std::int32_t, std::int32_t>;
+    using CellIds = std::pair<std::int32_t, std::int32_t>;
 
     void Raise(const MacroStep& step, const std::vector<std::string>& columns, const std::vector<std::string>& lines) {
         const std::optional<double> percent = TryParseNumber(step.value);
@@ -148,7 +148,7 @@ private:
 
     [[nodiscard]] std::string NameOf(Cell cell) const { return CellCaption(parts_.grid, cell); }
 
-    /// What the cell holds after the steps so far.
+    /// The value of the cell after the steps so far.
     [[nodiscard]] std::optional<double> NumberIn(Cell cell) const {
         const auto found = values_.find({cell.column.value, cell.row.value});
         if (found == values_.end()) {
@@ -159,19 +159,19 @@ private:
     }
 
     void Put(Cell cell, Variant value) {
-        if (values_.insert_or_assign(Place{cell.column.value, cell.row.value}, std::move(value)).second) {
+        if (values_.insert_or_assign(CellIds{cell.column.value, cell.row.value}, std::move(value)).second) {
             order_.push_back(cell);
         }
     }
 
     const Parts& parts_;
-    std::map<Place, Variant> values_;
+    std::map<CellIds, Variant> values_;
     std::vector<Cell> order_;
     std::vector<ViewPlan> viewSteps_;
 };
 
-std::string MacroReplay::NameOf(const std::vector<MacroStep>& steps, std::size_t place) const {
-    return "Step " + std::to_string(place + 1) + " (" + ReadableStep(steps[place], parts_.sentenceOf) + ")";
+std::string MacroReplay::NameOf(const std::vector<MacroStep>& steps, std::size_t index) const {
+    return "Step " + std::to_string(index + 1) + " (" + ReadableStep(steps[index], parts_.sentenceOf) + ")";
 }
 
 std::string MacroReplay::AddAll(Plan& plan, const std::vector<MacroStep>& steps) const {
@@ -188,28 +188,26 @@ std::string MacroReplay::Check(const std::vector<MacroStep>& steps) const {
     return AddAll(plan, steps);
 }
 
-ReplayResult MacroReplay::Run(const std::vector<MacroStep>& steps) const {
-    ReplayResult result;
+MacroOutcome MacroReplay::Run(const std::vector<MacroStep>& steps) const {
     Plan plan(parts_);
     if (const std::string fault = AddAll(plan, steps); !fault.empty()) {
-        result.error = fault + " Nothing was changed.";
-        return result;
+        return FailedOutcome(fault + " Nothing was changed.");
     }
     const std::vector<NewValue> values = plan.Values();
     const BulkResult changed = parts_.valueEntry.ChangeCells(values);
-    result.cells = changed.changed;
+    std::string fault;
     if (const int lost = changed.failed + changed.Refused(); lost > 0) {
-        result.error = std::to_string(lost) + " of " + std::to_string(values.size()) +
-                       " values could not be stored. Undo takes the others back.";
+        fault = std::to_string(lost) + " of " + std::to_string(values.size()) +
+                " values could not be stored. Undo takes the others back.";
     }
     for (const Plan::ViewPlan& each : plan.ViewSteps()) {
-        if (!parts_.perform(each.step) && result.error.empty()) {
-            result.error = NameOf(steps, each.place) + " could not be done; the trace says why.";
+        if (!parts_.perform(each.step) && fault.empty()) {
+            fault = NameOf(steps, each.index) + " could not be done; the trace says why.";
         }
     }
-    result.steps = static_cast<int>(steps.size());
-    result.done = result.error.empty();
-    return result;
+    MacroOutcome outcome = fault.empty() ? MacroOutcome() : FailedOutcome(fault);
+    outcome.changed = changed.changed;
+    return outcome;
 }
 
 std::optional<std::vector<MacroStep>> MacroReplay::OnLine(const GridControl& grid, std::vector<MacroStep> steps,
@@ -223,10 +221,10 @@ std::optional<std::vector<MacroStep>> MacroReplay::OnLine(const GridControl& gri
     if (lines.size() != 1 || SinglePlace(*lines.begin()).empty()) {
         return std::nullopt;
     }
-    const PlaceTexts place = DescribePlaces(grid, PlaceAxis::Lines, {line});
+    const PlaceTexts texts = DescribePlaces(grid, PlaceAxis::Lines, {line});
     for (MacroStep& step : steps) {
         if (!step.lines.keys.empty()) {
-            step.lines = place;
+            step.lines = texts;
         }
     }
     return steps;

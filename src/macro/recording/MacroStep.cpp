@@ -45,7 +45,7 @@ bool AllAlike(const StepValues& values) {
            });
 }
 
-/// Takes a text of values apart.
+/// Splits a text of values.
 StepValues Parse(std::string_view text) {
     StepValues values(1);
     std::string value;
@@ -89,7 +89,7 @@ constexpr auto ValueSentences = std::to_array<ValueSentence>({
     {MacroCommand::Delete, "Empty %P"},
 });
 
-/// The last place of a range that the user reads in a sentence.
+/// "Retail from Jan to Jun".
 std::string PlacesOf(const MacroStep& step) {
     const std::string lines = ReadablePlaces(step.lines);
     const std::string periods = ReadablePlaces(step.columns);
@@ -186,7 +186,7 @@ std::optional<MacroStep> ReadStepFields(std::string_view text) {
         const std::size_t end = text.find(Tab);
         fields[i] = text.substr(0, end);
         if (end == std::string_view::npos) {
-            // Captions that nobody knows may be left out.
+            // The captions are optional.
             constexpr std::size_t ValueField = 3;
             return i >= ValueField && !fields[0].empty()
                        ? std::optional(MacroStep{fields[0], {fields[1], fields[4]}, {fields[2], fields[5]}, fields[3]})
@@ -242,7 +242,7 @@ void WriteStep(const HostTable& macroRec, HostTable::Row row, int number, const 
     macroRec.Put(row, "VALUE", step.value);
     macroRec.Put(row, "COLUMN_NAME", step.columns.names);
     macroRec.Put(row, "LINE_NAME", step.lines.names);
-    macroRec.Put(row, "COMMAND", step.command);  // last: without it the row is no step
+    macroRec.Put(row, "COMMAND", step.command);  // last: a row without it is no step
 }
 
 void EmptyStep(const HostTable& macroRec, HostTable::Row row) {

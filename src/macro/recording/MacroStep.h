@@ -11,8 +11,7 @@
 
 namespace planview {
 
-/// One recorded step: the fields of a row of MACROREC without its number. `docs/macros-recording.md` lists the
-/// commands.
+/// A recorded step: the fields of a MACROREC row without its number. `docs/macros-recording.md` lists the commands.
 struct MacroStep {
     std::string command;
     PlaceTexts columns;  ///< fields COLUMN and COLUMN_NAME
@@ -50,22 +49,22 @@ inline constexpr std::string_view Mark = "MARK";
 
 // --- The values of a step
 
-/// The values for a block of cells, line by line; no value for a cell that is left as it is.
+/// The values of a block of cells, line by line; no value for a cell that stays unchanged.
 using StepValues = std::vector<std::vector<std::optional<std::string>>>;
 
-/// As the field VALUE keeps them: one value alone where every cell gets the same, else the values of a line divided by
-/// ";" and lines by "|", "~" for a cell left as it is. A backslash stands before a character that would mean one of
-/// these, "\t" and "\n" stand for a tab and a line end.
+/// The text for field VALUE: a single value if all cells get the same; else the values of a line separated by ";" and
+/// the lines by "|", with "~" for an unchanged cell. A backslash escapes these characters; "\t" and "\n" are tab and
+/// line end.
 [[nodiscard]] std::string StepValueText(const StepValues& values);
 
-/// Reads it for a block of this size. No value when it is for a block of another size.
+/// Reads such a text for a block of this size. No value if the text is for another size.
 [[nodiscard]] std::optional<StepValues> ReadStepValues(std::string_view text, std::size_t lines, std::size_t columns);
 
 // --- Texts
 
-/// The fields COMMAND, COLUMN, LINE, VALUE, COLUMN_NAME and LINE_NAME, divided by tabs.
+/// The fields COMMAND, COLUMN, LINE, VALUE, COLUMN_NAME and LINE_NAME, separated by tabs.
 [[nodiscard]] std::string StepFields(const MacroStep& step);
-/// No value for a text that is no step.
+/// No value if the text is not a step.
 [[nodiscard]] std::optional<MacroStep> ReadStepFields(std::string_view text);
 
 /// The sentence of a command that gives no values, empty for a text that is no command: "%P" stands for the columns and
@@ -77,10 +76,10 @@ using StepSentence = std::string_view (*)(std::string_view command) noexcept;
 
 // --- Rows
 
-/// The steps of a MACROREC table in the order of STEP; rows without a command are none.
+/// The steps of a MACROREC table in the order of STEP; rows without a command are skipped.
 [[nodiscard]] std::vector<MacroStep> ReadSteps(const HostTable& macroRec);
 void WriteStep(const HostTable& macroRec, HostTable::Row row, int number, const MacroStep& step);
-/// Makes the row one that holds no step.
+/// Clears the row.
 void EmptyStep(const HostTable& macroRec, HostTable::Row row);
 
 }  // namespace planview

@@ -13,7 +13,7 @@ namespace planview {
 
 namespace {
 
-/// The longest text of values in one step. A step's fields together must fit into one field of a host's table.
+/// The longest text of values in one step. All fields of a step together must fit into one field of a host's table.
 constexpr std::size_t MaxValueBytes = 30000;
 
 std::string_view CommandOf(EditKind kind) noexcept {
@@ -34,7 +34,7 @@ std::string_view CommandOf(EditKind kind) noexcept {
     return MacroCommand::Value;
 }
 
-/// As the user could have typed it.
+/// The value as the user would type it.
 std::string TypedText(const Variant& value) {
     return value.TextIf() ? *value.TextIf() : QuietCellText(value);
 }
@@ -62,7 +62,7 @@ std::vector<MacroStep> StepsOfRaise(const GridControl& grid, const EditNote& not
     return steps;
 }
 
-/// The block around the changed cells, as it is filled line by line.
+/// The smallest block that contains the changed cells.
 class ValueBlock {
 public:
     ValueBlock(const GridControl& grid, const UndoStep& changes) : grid_(grid) {
@@ -123,7 +123,7 @@ private:
         return line;
     }
 
-    /// With the planning ones between, so that a paste beside hidden columns is one block.
+    /// The keys with the planning ones between them, so that a paste beside hidden columns is one block.
     [[nodiscard]] std::vector<std::string> Expanded(PlaceAxis axis, const std::set<std::string>& keys) const {
         PlaceTexts texts = DescribePlaces(grid_, axis, Keys(keys));
         const std::string_view prefix = axis == PlaceAxis::Columns ? "COL" : "ROW";

@@ -9,7 +9,7 @@
 
 namespace planview {
 
-/// An edit as steps: one, or several where its values do not fit into one field or its cells form no block.
+/// The steps of an edit: one, or several if its values do not fit into one field or its cells are no block.
 [[nodiscard]] std::vector<MacroStep> StepsOfEdit(const GridControl& grid, const EditNote& note,
                                                  const UndoStep& changes);
 

@@ -27,4 +27,9 @@ struct MacroOutcome {
     std::string done{};        ///< what was done, for the user; may be empty
 };
 
+/// An outcome with one problem that is not about a single node.
+[[nodiscard]] inline MacroOutcome FailedOutcome(const std::string& what) {
+    return {{{"", "", what, ""}}};
+}
+
 }  // namespace planview

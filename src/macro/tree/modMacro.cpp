@@ -7,7 +7,7 @@
 
 #include <planview/AutomationObject.h>
 
-#include "grid/BusyScope.h"
+#include "automation/BusyScope.h"
 #include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 

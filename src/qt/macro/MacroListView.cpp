@@ -25,43 +25,44 @@ constexpr int MostTextRows = 8;
 
 }  // namespace
 
-class MacroListView::Lines final : public QAbstractListModel {
+class MacroListView::Elements final : public QAbstractListModel {
 public:
-    Lines(MacroEditor& editor, QObject* parent) : QAbstractListModel(parent), editor_(editor) {}
+    Elements(MacroEditor& editor, QObject* parent) : QAbstractListModel(parent), editor_(editor) {}
 
     void readAnew() {
         beginResetModel();
-        lines_ = editor_.Lines();
+        elements_ = editor_.Elements();
         endResetModel();
     }
-    [[nodiscard]] const MacroLine& at(const QModelIndex& index) const {
-        return lines_[static_cast<std::size_t>(index.row())];
+    [[nodiscard]] const MacroElement& at(const QModelIndex& index) const {
+        return elements_[static_cast<std::size_t>(index.row())];
     }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
-        return parent.isValid() ? 0 : static_cast<int>(lines_.size());
+        return parent.isValid() ? 0 : static_cast<int>(elements_.size());
     }
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-        if (!index.isValid() || index.row() >= static_cast<int>(lines_.size())) {
+        if (!index.isValid() || index.row() >= static_cast<int>(elements_.size())) {
             return {};
         }
-        const MacroLine& line = at(index);
-        const QString text = QString::fromStdString(line.text);
+        const MacroElement& element = at(index);
+        const QString text = QString::fromStdString(element.text);
         switch (role) {
             case Qt::DisplayRole:
                 return text;
             case Qt::AccessibleTextRole:
                 return tr("Level %1: %2%3%4")
-                    .arg(line.depth)
-                    .arg(text, line.inactive ? tr(", left out") : QString(),
-                         line.problem.empty() ? QString() : tr(", problem: ") + QString::fromStdString(line.problem));
+                    .arg(element.depth)
+                    .arg(text, element.inactive ? tr(", left out") : QString(),
+                         element.problem.empty() ? QString()
+                                                 : tr(", problem: ") + QString::fromStdString(element.problem));
             case Qt::ToolTipRole: {
                 QString tip = text;
-                if (!line.note.empty()) {
-                    tip += QLatin1Char('\n') + QString::fromStdString(line.note);
+                if (!element.note.empty()) {
+                    tip += QLatin1Char('\n') + QString::fromStdString(element.note);
                 }
-                if (!line.problem.empty()) {
-                    tip += QLatin1Char('\n') + QString::fromStdString(line.problem);
+                if (!element.problem.empty()) {
+                    tip += QLatin1Char('\n') + QString::fromStdString(element.problem);
                 }
                 return tip.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
             }
@@ -75,7 +76,7 @@ public:
 
 private:
     MacroEditor& editor_;
-    std::vector<MacroLine> lines_;
+    std::vector<MacroElement> elements_;
 };
 
 /// Draws the lines, and edits a name in place.
@@ -90,15 +91,15 @@ public:
     [[nodiscard]] int scaled(int logical) const { return qRound(logical * scale_); }
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        const MacroLine& line = view_.lines_->at(index);
-        const QFontMetrics metrics(fontOf(option.font, line));
-        const int width = roomFor(line, QRect(0, 0, view_.viewport()->width(), 0)).width();
-        const int rows = textRows(metrics, QString::fromStdString(line.text), width);
+        const MacroElement& element = view_.elements_->at(index);
+        const QFontMetrics metrics(fontOf(option.font, element));
+        const int width = roomFor(element, QRect(0, 0, view_.viewport()->width(), 0)).width();
+        const int rows = textRows(metrics, QString::fromStdString(element.text), width);
         return {scaled(RowHeight), scaled(RowHeight) + (rows - 1) * metrics.lineSpacing()};
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        const MacroLine& line = view_.lines_->at(index);
+        const MacroElement& element = view_.elements_->at(index);
         const bool current = index == view_.currentIndex();
         painter->save();
         painter->fillRect(option.rect, QColor(current ? theme_.accentTint : theme_.base));
@@ -106,17 +107,17 @@ public:
             painter->fillRect(QRect(option.rect.left(), option.rect.top(), 2, option.rect.height()),
                               QColor(theme_.accent));
         }
-        const QRect room = roomFor(line, option.rect);
-        if (!line.problem.empty()) {
+        const QRect room = roomFor(element, option.rect);
+        if (!element.problem.empty()) {
             paintPicture(*painter, "error",
                          QRect(room.right() + scaled(PictureGap), room.top(), scaled(MarkPixels), scaled(RowHeight)),
                          MarkPixels);
         }
-        painter->setOpacity(line.inactive ? InactiveOpacity : 1.0);
+        painter->setOpacity(element.inactive ? InactiveOpacity : 1.0);
         const int pictureLeft = room.left() - scaled(BitmapPixels + PictureGap);
-        paintPicture(*painter, std::string(MacroImageOf(line.type)),
+        paintPicture(*painter, std::string(MacroImageOf(element.type)),
                      QRect(pictureLeft, room.top(), scaled(BitmapPixels), scaled(RowHeight)), BitmapPixels);
-        paintText(*painter, fontOf(option.font, line), room, line);
+        paintText(*painter, fontOf(option.font, element), room, element);
         painter->restore();
     }
 
@@ -144,18 +145,18 @@ private:
         painter.drawPixmap(room.left(), room.top() + (room.height() - side) / 2, picture);
     }
 
-    static QFont fontOf(const QFont& base, const MacroLine& line) {
+    static QFont fontOf(const QFont& base, const MacroElement& element) {
         QFont font = base;
-        font.setBold(line.depth == 0);
-        font.setStrikeOut(line.inactive);
+        font.setBold(element.depth == 0);
+        font.setStrikeOut(element.inactive);
         return font;
     }
 
-    /// Where the text of the line goes. In a narrow pane, indentation gives way to it.
-    [[nodiscard]] QRect roomFor(const MacroLine& line, const QRect& row) const {
+    /// Where the text of the element goes. In a narrow pane, indentation gives way to it.
+    [[nodiscard]] QRect roomFor(const MacroElement& element, const QRect& row) const {
         QRect room = row.adjusted(scaled(SideMargin), 0, -scaled(SideMargin), 0);
-        room.setRight(room.right() - (line.problem.empty() ? 0 : scaled(MarkPixels + PictureGap)));
-        const int depth = std::min(line.depth * scaled(Indentation), room.width() / 4);
+        room.setRight(room.right() - (element.problem.empty() ? 0 : scaled(MarkPixels + PictureGap)));
+        const int depth = std::min(element.depth * scaled(Indentation), room.width() / 4);
         room.setLeft(room.left() + depth + scaled(BitmapPixels + PictureGap));
         return room;
     }
@@ -170,11 +171,13 @@ private:
         return rows <= MostTextRows && size.width() <= width ? rows : 1;
     }
 
-    void paintText(QPainter& painter, QFont font, const QRect& room, const MacroLine& line) const {
+    void paintText(QPainter& painter, QFont font, const QRect& room, const MacroElement& element) const {
         painter.setFont(font);
         const QFontMetrics metrics(font);
-        const QString text = QString::fromStdString(line.text);
-        painter.setPen(QColor(!line.problem.empty() ? theme_.negative : line.isPart ? theme_.muted : theme_.text));
+        const QString text = QString::fromStdString(element.text);
+        painter.setPen(QColor(!element.problem.empty() ? theme_.negative
+                              : element.isPart         ? theme_.muted
+                                                       : theme_.text));
         if (textRows(metrics, text, room.width()) > 1) {
             // The first row stands beside the picture.
             const int above = std::max(0, (scaled(RowHeight) - metrics.lineSpacing()) / 2);
@@ -184,14 +187,14 @@ private:
         const QString shown = metrics.elidedText(text, Qt::ElideRight, room.width());
         painter.drawText(room, Qt::AlignVCenter | Qt::TextSingleLine, shown);
         const int used = metrics.horizontalAdvance(shown) + scaled(2 * PictureGap);
-        if (!line.note.empty() && used < room.width()) {
+        if (!element.note.empty() && used < room.width()) {
             font.setItalic(true);
             painter.setFont(font);
             painter.setPen(QColor(theme_.muted));
             const QRect rest = room.adjusted(used, 0, 0, 0);
             painter.drawText(
                 rest, Qt::AlignVCenter | Qt::TextSingleLine,
-                QFontMetrics(font).elidedText(QString::fromStdString(line.note), Qt::ElideRight, rest.width()));
+                QFontMetrics(font).elidedText(QString::fromStdString(element.note), Qt::ElideRight, rest.width()));
         }
     }
 
@@ -204,11 +207,11 @@ private:
 MacroListView::MacroListView(MacroEditor& editor, GridBitmaps& bitmaps, EntryGuard pane, QWidget* parent)
     : GuardedView(std::move(pane), parent),
       editor_(editor),
-      lines_(new Lines(editor, this)),
+      elements_(new Elements(editor, this)),
       painter_(new Painter(*this, bitmaps)) {
     setObjectName(QLatin1String("MacroView"));
     setAccessibleName(tr("Elements of the macro"));
-    setModel(lines_);
+    setModel(elements_);
     setItemDelegate(painter_);
     setWordWrap(true);  // lays the lines out again when the width changes
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -227,8 +230,8 @@ void MacroListView::setLook(const GridTheme& theme, double scale) {
 void MacroListView::follow() {
     const QScopedValueRollback following(following_, true);
     const int top = verticalScrollBar() ? verticalScrollBar()->value() : 0;
-    lines_->readAnew();
-    const QModelIndex current = lines_->index(editor_.Current());
+    elements_->readAnew();
+    const QModelIndex current = elements_->index(editor_.Current());
     setCurrentIndex(current);
     if (verticalScrollBar()) {
         verticalScrollBar()->setValue(top);

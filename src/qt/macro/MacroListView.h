@@ -37,11 +37,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    class Lines;
+    class Elements;
     class Painter;
 
     MacroEditor& editor_;
-    Lines* lines_;
+    Elements* elements_;
     Painter* painter_;
     bool following_ = false;
 };

@@ -32,11 +32,11 @@ protected:
     /// The list: two blanks a level, "> " before the current element, "x" for one that is left out.
     [[nodiscard]] Lines Shown() const {
         Lines shown;
-        for (std::size_t i = 0; i < editor.Lines().size(); ++i) {
-            const MacroLine& line = editor.Lines()[i];
+        for (std::size_t i = 0; i < editor.Elements().size(); ++i) {
+            const MacroElement& element = editor.Elements()[i];
             shown.push_back((static_cast<int>(i) == editor.Current() ? "> " : "  ") +
-                            std::string(static_cast<std::size_t>(line.depth) * 2, ' ') + (line.inactive ? "x " : "") +
-                            line.text);
+                            std::string(static_cast<std::size_t>(element.depth) * 2, ' ') +
+                            (element.inactive ? "x " : "") + element.text);
         }
         return shown;
     }
@@ -44,16 +44,16 @@ protected:
     [[nodiscard]] Lines Statements() {
         BuildTree();
         Lines statements;
-        for (const MacroLine& line : editor.Lines()) {
-            if (line.depth == 1) {
-                statements.push_back(line.text);
+        for (const MacroElement& element : editor.Elements()) {
+            if (element.depth == 1) {
+                statements.push_back(element.text);
             }
         }
         return statements;
     }
     void GoTo(const std::string& text) {
-        for (std::size_t i = 0; i < editor.Lines().size(); ++i) {
-            if (editor.Lines()[i].text == text) {
+        for (std::size_t i = 0; i < editor.Elements().size(); ++i) {
+            if (editor.Elements()[i].text == text) {
                 editor.SetCurrent(static_cast<int>(i));
                 return;
             }
@@ -159,7 +159,7 @@ TEST_F(MacroEditorTest, SpotsSayWhereTheNextElementGoes) {
     editor.SetCurrent(0);
     editor.AddOperator("+");
     EXPECT_TRUE(editor.MessageIsProblem());
-    EXPECT_EQ(editor.Lines().size(), 4U);
+    EXPECT_EQ(editor.Elements().size(), 4U);
 }
 
 TEST_F(MacroEditorTest, DeletingLeavesTheOthersWhereTheyWere) {
@@ -216,11 +216,11 @@ TEST_F(MacroEditorTest, ProblemsAreMarkedUntilTheyAreGone) {
     editor.AddOperator("*");
     editor.Check();
     EXPECT_TRUE(editor.MessageIsProblem());
-    EXPECT_NE(editor.Lines()[3].problem, "");
+    EXPECT_NE(editor.Elements()[3].problem, "");
     editor.SetOperandText("3");
     editor.TakeOperand();
-    for (const MacroLine& line : editor.Lines()) {
-        EXPECT_EQ(line.problem, "") << line.text;
+    for (const MacroElement& element : editor.Elements()) {
+        EXPECT_EQ(element.problem, "") << element.text;
     }
     GoTo("Retail = 2 * 3");
     editor.ToggleActive();
@@ -414,7 +414,7 @@ TEST_F(MacroEditorTest, AnyEditingKeepsTableAndTreeInStep) {
     std::mt19937 random(7);
     editor.NewMacro();
     for (int step = 0; step < 400; ++step) {
-        const auto count = static_cast<unsigned>(editor.Lines().size());
+        const auto count = static_cast<unsigned>(editor.Elements().size());
         editor.SetCurrent(static_cast<int>(random() % std::max(count, 1U)));
         editor.SetSpot(static_cast<MacroSpot>(random() % 3));
         switch (random() % 8) {

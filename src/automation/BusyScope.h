@@ -3,7 +3,7 @@
 
 namespace planview {
 
-/// Keeps the busy flag set for as long as the object lives; nests.
+/// Sets a busy flag for its lifetime; can be nested.
 class BusyScope {
 public:
     explicit BusyScope(bool& busy) noexcept : busy_(busy), before_(busy) { busy_ = true; }
