@@ -30,8 +30,6 @@ public:
     explicit EntryGuard(std::string_view control, std::shared_ptr<void> owner = nullptr)
         : control_(control), owner_(std::move(owner)) {}
 
-    [[nodiscard]] const std::shared_ptr<void>& owner() const noexcept { return owner_; }
-
     /// Runs the body. Answers what it answers, or a default value when it fails.
     template <class Body>
     auto run(std::string_view method, Body&& body) const noexcept {
@@ -53,7 +51,7 @@ public:
         return handled;
     }
 
-    /// As QObject::connect(), with a slot that is run guarded. The context owns the guard.
+    /// As QObject::connect(), with a slot that is run guarded. The guard must outlive the context.
     template <class Sender, class Signal, class Slot>
     void connect(Sender* sender, Signal signal, QObject* context, std::string_view method, Slot slot) const {
         if constexpr (std::is_invocable_v<Slot&>) {
@@ -65,7 +63,7 @@ public:
         }
     }
 
-    /// Runs the body in a later turn of the event loop, unless the context, which owns the guard, is gone by then.
+    /// Runs the body in a later turn of the event loop, unless the context is gone by then. The guard must outlive it.
     template <class Body>
     void later(QObject* context, std::string_view method, Body body) const {
         QMetaObject::invokeMethod(

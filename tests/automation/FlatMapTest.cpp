@@ -8,7 +8,7 @@ namespace {
 
 /// All keys want the same slot, the last one of the smallest map.
 struct Crowded {
-    std::size_t operator()(int) const noexcept { return 15; }
+    std::size_t operator()(int) const noexcept { return 31; }
 };
 
 TEST(FlatMapTest, KeepsTheFirstValueOfEachKeyHoweverManyThereAre) {
