@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <QPointer>
-
 #include "qt/PlanViewState.h"
 
 // Recording and replaying, and the command that raises. An entry that is open is ended first: it belongs to the step
@@ -9,30 +7,23 @@
 namespace planview {
 
 void PlanViewWidget::raiseSelected(double percent) {
-    const std::shared_ptr<DesktopControl> core = state_->core;
-    const QPointer<PlanViewWidget> self(this);
-    if (finishEditing() && self) {
-        core->view.RaiseSelected(percent);
-    }
-    if (self) {
-        state_->status->gridChanged();
-    }
+    state_->runOnControl([percent](PlanView& view) { view.RaiseSelected(percent); });
 }
 
 void PlanViewWidget::startRecording() {
-    state_->runCommand(&PlanView::StartRecording, nullptr);
+    run(Command::StartRecording);
 }
 
 void PlanViewWidget::pauseRecording() {
-    state_->runCommand(&PlanView::PauseRecording, nullptr);
+    run(Command::PauseRecording);
 }
 
 void PlanViewWidget::stopRecording() {
-    state_->runCommand(&PlanView::StopRecording, nullptr);
+    run(Command::StopRecording);
 }
 
 void PlanViewWidget::undoRecordedStep() {
-    state_->runCommand(&PlanView::UndoRecordedStep, nullptr);
+    run(Command::UndoRecordedStep);
 }
 
 bool PlanViewWidget::isRecording() const {
@@ -53,7 +44,7 @@ QString PlanViewWidget::keepRecording(const QString& name, const QString& parent
 }
 
 void PlanViewWidget::switchMacroTree() {
-    state_->runCommand(&PlanView::SwitchMacroTree, nullptr);
+    run(Command::SwitchMacroTree);
 }
 
 bool PlanViewWidget::macroTreeShown() const {
@@ -62,18 +53,9 @@ bool PlanViewWidget::macroTreeShown() const {
 
 template <class Action>
 MacroResult PlanViewWidget::State::withMacro(Action&& action) {
-    return guard.run("Macro", [&]() -> MacroResult {
-        PlanView& view = core->view;
-        const QPointer<PlanViewWidget> self(&widget);
-        if (!widget.finishEditing() || !self) {
-            return {};
-        }
-        MacroResult result = action(view);
-        if (self) {
-            status->gridChanged();
-        }
-        return result;
-    });
+    MacroResult result;
+    runOnControl([&](PlanView& view) { result = action(view); });
+    return result;
 }
 
 MacroResult PlanViewWidget::replayMacro(const QString& nodeKey, bool onSelectedLine) {

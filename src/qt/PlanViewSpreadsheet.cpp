@@ -6,11 +6,11 @@
 namespace planview {
 
 void PlanViewWidget::download() {
-    state_->runCommand(&PlanView::Download, nullptr);
+    run(Command::Download);
 }
 
 void PlanViewWidget::upload() {
-    state_->runCommand(&PlanView::Upload, nullptr);
+    run(Command::Upload);
 }
 
 QString PlanViewWidget::downloadTo(const QString& path) {

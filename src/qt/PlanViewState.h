@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPointer>
 #include <memory>
 
 #include <planview/qt/PlanViewWidget.h>
 
+#include "qt/CommandActions.h"
 #include "qt/EntryGuard.h"
 #include "qt/SignalSink.h"
 #include "qt/StatusInfo.h"
@@ -55,10 +57,22 @@ struct PlanViewWidget::State {
     /// Ends an entry that is open, then runs the action on the control.
     template <class Action>
     MacroResult withMacro(Action&& action);
-    /// What is brought into sight after a command.
-    enum class Sight { Unchanged, CurrentCell };
-    /// Runs the command on the control, or on the text of an entry that is open where `inEditor` knows how.
-    void runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&), Sight sight = Sight::Unchanged);
+    /// Ends an entry that is open, then runs the action on the control; not where the entry is refused. Afterwards the
+    /// host is told what is other than before.
+    template <class Action>
+    void runOnControl(Action&& action) {
+        guard.run("Command", [&] {
+            PlanView& view = core->view;
+            const QPointer<PlanViewWidget> self(&widget);
+            if (widget.finishEditing() && self) {
+                action(view);
+            }
+            if (self) {
+                status->gridChanged();
+                actions->update();
+            }
+        });
+    }
     void applyTheme();
     void focusMoved(const QWidget* to);
 
@@ -70,6 +84,7 @@ struct PlanViewWidget::State {
     ChartView* chart = nullptr;
     TreePane* tree = nullptr;
     StatusInfo* status = nullptr;
+    CommandActions* actions = nullptr;
     ColorScheme colorScheme = ColorScheme::System;
     bool announcesSeveral = false;
     bool hasFocus = false;

@@ -15,6 +15,7 @@
 #include "control/ControlParts.h"
 #include "macro/tree/SelectionText.h"
 #include "platform/Desktop.h"
+#include "qt/KeyStrokes.h"
 #include "qt/PlanViewState.h"
 
 namespace planview {
@@ -94,9 +95,8 @@ PlanViewWidget::PlanViewWidget(const Platform& platform, QWidget* parent)
                                            QString::fromUtf8(reason.data(), static_cast<qsizetype>(reason.size())));
     });
     view.SetRecordingListener([this] { Q_EMIT recordingChanged(); });
-    state_->grid->setHistory({[this] { undo(); }, [this] { redo(); }});
-    connect(state_->chart, &ChartView::undoWanted, this, &PlanViewWidget::undo);
-    connect(state_->chart, &ChartView::redoWanted, this, &PlanViewWidget::redo);
+    state_->actions = new CommandActions(*this, view, *state_->grid, state_->guard);
+    view.SetCommandListener([this] { state_->actions->changed(); });
     const auto valuesChanged = [this] { state_->status->valuesChanged(); };
     connect(this, &PlanViewWidget::GridValueChanged, state_->status, valuesChanged);
     connect(this, &PlanViewWidget::GridStartUpdate, state_->status, valuesChanged);
@@ -108,12 +108,14 @@ PlanViewWidget::PlanViewWidget(const Platform& platform, QWidget* parent)
 
 PlanViewWidget::~PlanViewWidget() {
     disconnect(qApp, nullptr, this, nullptr);
+    delete state_->actions;
     delete state_->status;
     delete state_->panes;
     // The control outlives the widget while one of its members is being called; its work ends here.
     state_->core->view.SetBulkListener({});
     state_->core->view.SetHintListener({});
     state_->core->view.SetRecordingListener({});
+    state_->core->view.SetCommandListener({});
     state_->core->view.RemoveSink(state_->core->sink);
     state_->core->view.Terminate();
 }
@@ -188,98 +190,87 @@ QSize PlanViewWidget::minimumSizeHint() const {
 
 // --- Commands
 
-void PlanViewWidget::State::runCommand(void (PlanView::*command)(), void (*inEditor)(QLineEdit&), Sight sight) {
-    GridEditor& editor = grid->editor();
-    if (editor.isOpen() && inEditor) {
-        inEditor(*editor.line());
+void PlanViewWidget::run(Command command) {
+    if (state_->actions->runInEntry(command)) {
         return;
     }
-    guard.run("Command", [&] {
-        PlanView& view = core->view;
-        const QPointer<PlanViewWidget> self(&widget);
-        if (widget.finishEditing() && self) {
-            (view.*command)();
-        }
-        if (!self) {
-            return;
-        }
+    const QPointer<PlanViewWidget> self(this);
+    state_->runOnControl([&](PlanView& view) {
+        const bool changesBack = command == Command::Undo || command == Command::Redo;
+        view.Run(command);
         const std::optional<Cell> current = ControlParts(view).Grid().CurrentCell();
-        if (sight == Sight::CurrentCell && current) {
-            grid->ensureVisible(*current);
+        if (self && changesBack && current) {
+            state_->grid->ensureVisible(*current);
         }
-        status->gridChanged();
     });
 }
 
+QAction* PlanViewWidget::action(Command command) {
+    return state_->actions->action(command);
+}
+
 bool PlanViewWidget::canUndo() const {
-    return state_->core->view.CanUndo();
+    return state_->actions->canRun(Command::Undo);
 }
 
 bool PlanViewWidget::canRedo() const {
-    return state_->core->view.CanRedo();
+    return state_->actions->canRun(Command::Redo);
 }
 
 void PlanViewWidget::undo() {
-    state_->runCommand(
-        &PlanView::Undo, [](QLineEdit& line) { line.undo(); }, State::Sight::CurrentCell);
+    run(Command::Undo);
 }
 
 void PlanViewWidget::redo() {
-    state_->runCommand(
-        &PlanView::Redo, [](QLineEdit& line) { line.redo(); }, State::Sight::CurrentCell);
+    run(Command::Redo);
 }
 
 void PlanViewWidget::keyPressEvent(QKeyEvent* event) {
-    constexpr auto ControlShift = Qt::ControlModifier | Qt::ShiftModifier;
-    const bool control = event->modifiers() == Qt::ControlModifier;
-    if (control && event->key() == Qt::Key_Z) {
-        undo();
-    } else if ((control && event->key() == Qt::Key_Y) ||
-               (event->modifiers() == ControlShift && event->key() == Qt::Key_Z)) {
-        redo();
+    if (const CommandRow* row = FindCommand(keyStrokeOf(*event), KeyPlace::Control)) {
+        run(row->command);
     } else {
         QWidget::keyPressEvent(event);
     }
 }
 
 void PlanViewWidget::copy() {
-    state_->runCommand(&PlanView::Copy, [](QLineEdit& line) { line.copy(); });
+    run(Command::Copy);
 }
 
 void PlanViewWidget::cut() {
-    state_->runCommand(&PlanView::Cut, [](QLineEdit& line) { line.cut(); });
+    run(Command::Cut);
 }
 
 void PlanViewWidget::paste() {
-    state_->runCommand(&PlanView::Paste, [](QLineEdit& line) { line.paste(); });
+    run(Command::Paste);
 }
 
 void PlanViewWidget::fill() {
-    state_->runCommand(&PlanView::Fill, nullptr);
+    run(Command::Fill);
 }
 
 void PlanViewWidget::deleteContents() {
-    state_->runCommand(&PlanView::Delete, nullptr);
+    run(Command::Delete);
 }
 
 void PlanViewWidget::hideColumns() {
-    state_->runCommand(&PlanView::HideColumns, nullptr);
+    run(Command::HideColumns);
 }
 
 void PlanViewWidget::showColumns() {
-    state_->runCommand(&PlanView::ShowColumns, nullptr);
+    run(Command::ShowColumns);
 }
 
 void PlanViewWidget::hideRows() {
-    state_->runCommand(&PlanView::HideRows, nullptr);
+    run(Command::HideRows);
 }
 
 void PlanViewWidget::showRows() {
-    state_->runCommand(&PlanView::ShowRows, nullptr);
+    run(Command::ShowRows);
 }
 
 void PlanViewWidget::switchChart() {
-    state_->runCommand(&PlanView::SwitchChart, nullptr);
+    run(Command::SwitchChart);
 }
 
 bool PlanViewWidget::chartShown() const {
@@ -287,15 +278,15 @@ bool PlanViewWidget::chartShown() const {
 }
 
 void PlanViewWidget::showSelectedColumnsInChart() {
-    state_->runCommand(&PlanView::ShowSelectedColumnsInChart, nullptr);
+    run(Command::ShowColumnsInChart);
 }
 
 void PlanViewWidget::showSelectedRowsInChart() {
-    state_->runCommand(&PlanView::ShowSelectedRowsInChart, nullptr);
+    run(Command::ShowRowsInChart);
 }
 
 void PlanViewWidget::leaveForecastView() {
-    state_->runCommand(&PlanView::LeaveForecastView, nullptr);
+    state_->runOnControl([](PlanView& view) { view.LeaveForecastView(); });
 }
 
 bool PlanViewWidget::isReadOnly() const {
@@ -381,7 +372,10 @@ void PlanViewWidget::refreshPendingChanges() {
 void PlanViewWidget::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        state_->guard.run("PaletteChange", [this] { state_->applyTheme(); });
+        state_->guard.run("PaletteChange", [this] {
+            state_->applyTheme();
+            state_->actions->updateIcons();
+        });
     }
 }
 

@@ -2,12 +2,14 @@
 #include "app/MacroMenu.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QMenu>
 #include <QScopedValueRollback>
 #include <QTimer>
 #include <optional>
 #include <string>
 
+#include <planview/Commands.h>
 #include <planview/PlanView.h>
 #include <planview/qt/PlanViewWidget.h>
 
@@ -29,20 +31,13 @@ QString toQt(const std::string& text) {
 }  // namespace
 
 MacroMenu::MacroMenu(QMenu& menu, PlanViewWidget& view, BookSession& session, Questions& questions, QObject* parent)
-    : QObject(parent),
-      view_(view),
-      session_(session),
-      questions_(questions),
-      start_(menu.addAction("&Start recording", &view, &PlanViewWidget::startRecording)),
-      interrupt_(menu.addAction("&Interrupt recording", &view, &PlanViewWidget::pauseRecording)),
-      stop_(menu.addAction("S&top recording", &view, &PlanViewWidget::stopRecording)),
-      undo_(menu.addAction("&Undo last step", &view, &PlanViewWidget::undoRecordedStep)) {
+    : QObject(parent), view_(view), session_(session), questions_(questions), recordable_(new QActionGroup(this)) {
+    recordable_->addAction(view_.action(planview::Command::StartRecording));
     menu.addSeparator();
     addMacros(menu, "&Run", &MacroMenu::run);
     addMacros(menu, "Run on selected &line", &MacroMenu::runOnSelectedLine);
     addMacros(menu, "&Check", &MacroMenu::check);
-    connect(&view_, &PlanViewWidget::recordingChanged, this, &MacroMenu::showState);
-    connect(&session_, &BookSession::opened, this, &MacroMenu::showState);
+    connect(&session_, &BookSession::opened, this, &MacroMenu::allowRecording);
     // After the event, so that the view is not built anew while it raises one.
     connect(&view_, &PlanViewWidget::MacroRecordSave, this, [this] {
         if (asksForName_) {
@@ -60,7 +55,7 @@ MacroMenu::MacroMenu(QMenu& menu, PlanViewWidget& view, BookSession& session, Qu
                     }
                 });
             });
-    showState();
+    allowRecording();
 }
 
 QMenu* MacroMenu::addMacros(QMenu& menu, const QString& title, void (MacroMenu::*chosen)(const MacroEntry&)) {
@@ -82,15 +77,8 @@ void MacroMenu::fill(QMenu& menu, void (MacroMenu::*chosen)(const MacroEntry&)) 
     }
 }
 
-void MacroMenu::showState() {
-    const bool open = session_.isOpen();
-    const bool recording = view_.isRecording();
-    const bool paused = view_.isRecordingPaused();
-    start_->setText(paused ? "Go &on recording" : "&Start recording");
-    start_->setEnabled(open && !session_.isReadOnly() && (!recording || paused));
-    interrupt_->setEnabled(recording && !paused);
-    stop_->setEnabled(recording);
-    undo_->setEnabled(recording && view_.recordedSteps() > 0);
+void MacroMenu::allowRecording() {
+    recordable_->setEnabled(session_.isOpen() && !session_.isReadOnly());
 }
 
 // --- Keeping

@@ -5,7 +5,7 @@
 #include <QString>
 #include <string>
 
-class QAction;
+class QActionGroup;
 class QMenu;
 
 namespace planview {
@@ -18,8 +18,8 @@ class BookSession;
 class Questions;
 struct MacroEntry;
 
-/// The Macro menu: recording, and running what the book holds. When a recording ends it asks for a name and keeps the
-/// recording in the book.
+/// What the Macro menu has beside the commands of recording: running what the book holds. When a recording ends it asks
+/// for a name and keeps the recording in the book.
 class MacroMenu : public QObject {
     Q_OBJECT
 
@@ -39,7 +39,7 @@ private:
     /// A menu with an entry for each macro.
     QMenu* addMacros(QMenu& menu, const QString& title, void (MacroMenu::*chosen)(const MacroEntry&));
     void fill(QMenu& menu, void (MacroMenu::*chosen)(const MacroEntry&));
-    void showState();
+    void allowRecording();
     void keepRecording();
     void run(const MacroEntry& macro);
     /// The one whose node this is; nothing for any other node.
@@ -51,11 +51,8 @@ private:
     planview::PlanViewWidget& view_;
     BookSession& session_;
     Questions& questions_;
-    QAction* start_;
-    QAction* interrupt_;
-    QAction* stop_;
-    QAction* undo_;
-    bool asksForName_ = true;  // when a recording ends
+    QActionGroup* recordable_;  // where the book can keep a recording
+    bool asksForName_ = true;   // when a recording ends
 };
 
 }  // namespace planbook

@@ -17,7 +17,8 @@
 
 namespace planbook {
 
-using planview::PlanViewWidget;
+using planview::Command;
+using planview::CommandGroup;
 
 namespace {
 
@@ -42,10 +43,12 @@ void MainWindow::buildFileMenu() {
     recent_->attach(*file->addMenu("Recent &books"));
     bookActions_->addAction(file->addAction("&Reload", QKeySequence(Qt::Key_F5), this, &MainWindow::reload));
     file->addSeparator();
-    bookActions_->addAction(file->addAction("&Download as workbook…", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
-                                            view_, &PlanViewWidget::download));
-    bookActions_->addAction(file->addAction("&Upload from workbook…", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
-                                            view_, &PlanViewWidget::upload));
+    addCommands(*file, CommandGroup::Exchange);
+    view_->action(Command::Download)->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+    view_->action(Command::Upload)->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O));
+    for (const Command command : {Command::Download, Command::Upload}) {
+        view_->action(command)->setShortcutContext(Qt::WindowShortcut);
+    }
     QAction* printSetup = file->addAction("Workbooks with &print set-up");
     printSetup->setCheckable(true);
     connect(printSetup, &QAction::toggled, view_, &PlanViewWidget::setSpreadsheetPrintSetup);
@@ -53,27 +56,23 @@ void MainWindow::buildFileMenu() {
     file->addAction("&Quit", QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
 }
 
+void MainWindow::addCommands(QMenu& menu, CommandGroup group) {
+    for (const planview::CommandDescription& command : planview::DescribeCommands()) {
+        if (command.group == group) {
+            QAction* action = view_->action(command.command);
+            action->setIconVisibleInMenu(false);
+            menu.addAction(action);
+            bookActions_->addAction(action);
+        }
+    }
+}
+
 void MainWindow::buildEditMenu() {
     QMenu* edit = menuBar()->addMenu("&Edit");
-    // The view has these keys itself while it has the focus, and an entry field has its own: the menu only names them.
-    const auto add = [&](const QString& text, void (PlanViewWidget::*command)()) {
-        QAction* action = edit->addAction(text, view_, command);
-        bookActions_->addAction(action);
-        return action;
-    };
-    QAction* undo = add("&Undo\tCtrl+Z", &PlanViewWidget::undo);
-    QAction* redo = add("&Redo\tCtrl+Y", &PlanViewWidget::redo);
-    connect(edit, &QMenu::aboutToShow, this, [this, undo, redo] {
-        undo->setEnabled(session_->isOpen() && view_->canUndo());
-        redo->setEnabled(session_->isOpen() && view_->canRedo());
-    });
-    edit->addSeparator();
-    add("Cu&t\tCtrl+X", &PlanViewWidget::cut);
-    add("&Copy\tCtrl+C", &PlanViewWidget::copy);
-    add("&Paste\tCtrl+V", &PlanViewWidget::paste);
-    add("&Fill with the first value", &PlanViewWidget::fill);
-    add("&Delete\tDel", &PlanViewWidget::deleteContents);
-    edit->addSeparator();
+    for (const CommandGroup group : {CommandGroup::History, CommandGroup::Cells, CommandGroup::Selection}) {
+        addCommands(*edit, group);
+        edit->addSeparator();
+    }
     bookActions_->addAction(edit->addAction("F&ind…", QKeySequence::Find, this, &MainWindow::startToFind));
     bookActions_->addAction(edit->addAction("Find &next", QKeySequence(Qt::Key_F3), findBar_, &FindBar::findNext));
     bookActions_->addAction(
@@ -87,23 +86,15 @@ void MainWindow::buildEditMenu() {
 
 void MainWindow::buildViewMenu() {
     QMenu* view = menuBar()->addMenu("&View");
-    buildChartMenu(*view);
-    QAction* tree = view->addAction("&Macros", view_, &PlanViewWidget::switchMacroTree);
-    tree->setCheckable(true);
-    connect(view, &QMenu::aboutToShow, this, [=, this] {
-        tree->setEnabled(session_->isOpen());
-        tree->setChecked(session_->isOpen() && view_->macroTreeShown());
-    });
+    addCommands(*view, CommandGroup::Chart);
+    QAction* save = view->addAction("Save cha&rt as…", this, &MainWindow::saveChart);
+    connect(view, &QMenu::aboutToShow, this,
+            [=, this] { save->setEnabled(session_->isOpen() && view_->chartShown()); });
+    addCommands(*view, CommandGroup::Panes);
     view->addSeparator();
     buildSchemeMenu(*view);
     view->addSeparator();
-    const auto add = [&](const QString& text, void (PlanViewWidget::*command)()) {
-        bookActions_->addAction(view->addAction(text, view_, command));
-    };
-    add("&Hide selected rows", &PlanViewWidget::hideRows);
-    add("Hide selected &columns", &PlanViewWidget::hideColumns);
-    add("Sho&w selected rows", &PlanViewWidget::showRows);
-    add("Show selected c&olumns", &PlanViewWidget::showColumns);
+    addCommands(*view, CommandGroup::Hiding);
     view->addSeparator();
     view->addAction("&Larger text", QKeySequence::ZoomIn, this,
                     [this] { view_->setTextScale(view_->textScale() * TextStep); });
@@ -114,26 +105,9 @@ void MainWindow::buildViewMenu() {
 
 void MainWindow::buildMacroMenu() {
     QMenu* menu = menuBar()->addMenu("&Macro");
+    addCommands(*menu, CommandGroup::Recording);
     macros_ = new MacroMenu(*menu, *view_, *session_, questions_, this);
     connect(macros_, &MacroMenu::ran, status_, &StatusLine::showNews);
-}
-
-void MainWindow::buildChartMenu(QMenu& menu) {
-    QAction* shown = menu.addAction("&Chart", view_, &PlanViewWidget::switchChart);
-    shown->setCheckable(true);
-    QAction* rows = menu.addAction("Selected ro&ws into the chart", view_, &PlanViewWidget::showSelectedRowsInChart);
-    QAction* columns =
-        menu.addAction("Selected &periods into the chart", view_, &PlanViewWidget::showSelectedColumnsInChart);
-    QAction* save = menu.addAction("Save cha&rt as…", this, &MainWindow::saveChart);
-    connect(&menu, &QMenu::aboutToShow, this, [=, this] {
-        const bool open = session_->isOpen();
-        const bool chart = open && view_->chartShown();
-        shown->setEnabled(open);
-        shown->setChecked(chart);
-        for (QAction* action : {rows, columns, save}) {
-            action->setEnabled(chart);
-        }
-    });
 }
 
 void MainWindow::saveChart() {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <memory>
 
+#include <planview/Commands.h>
 #include <planview/Platform.h>
 
 #include "app/CommandLine.h"
@@ -60,7 +61,8 @@ private:
     void buildViewMenu();
     void buildMacroMenu();
     void buildSchemeMenu(QMenu& menu);
-    void buildChartMenu(QMenu& menu);
+    /// Appends the view's commands of this group to the menu.
+    void addCommands(QMenu& menu, planview::CommandGroup group);
     void saveChart();
     void chooseBook();
     /// Opens and tells the user when that fails.

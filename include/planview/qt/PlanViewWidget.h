@@ -19,7 +19,7 @@
 
 Q_DECLARE_METATYPE(planview::ObjectRef)
 
-class QLineEdit;
+class QAction;
 
 namespace planview {
 
@@ -169,6 +169,16 @@ public:
 
     // --- Commands for the host's own menus; while an entry is open, those that it knows are about its text
 
+    /// The command as an action for menus and tool bars, the same one at each call; null for a number that is none. Its
+    /// text, icon, enabled and checked state follow by themselves; while it is disabled its tool tip and status tip say
+    /// why. It shows the command's key and does not listen to it: the view does that, and only while it has the
+    /// keyboard. The widget owns it. Triggering it runs the command; one that takes an argument (Raise) runs nothing,
+    /// so that the host can ask for the argument and call the method. To forbid a command beside this, a host puts the
+    /// action into a QActionGroup and disables that.
+    [[nodiscard]] QAction* action(planview::Command command);
+    /// Runs a command that takes no argument; an entry that is open is ended first, and where it is refused nothing
+    /// runs. Undoing and redoing bring the current cell into sight.
+    Q_INVOKABLE void run(planview::Command command);
     /// @{
     /// Whether undo() or redo() would do something, in the open entry or in the tables.
     [[nodiscard]] bool canUndo() const;

@@ -65,8 +65,6 @@ Q_SIGNALS:
     void chartChanged();
     /// The user asks for another scale of all texts.
     void textScaleWanted(double scale);
-    void undoWanted();
-    void redoWanted();
 
 protected:
     bool handleViewportEvent(QEvent* event) override;

@@ -291,15 +291,6 @@ void ChartView::keyPressEvent(QKeyEvent* event) {
         setBubble(std::nullopt);
         return;
     }
-    if (!moved_ && event->matches(QKeySequence::Undo)) {
-        Q_EMIT undoWanted();
-        return;
-    }
-    if (!moved_ && (event->matches(QKeySequence::Redo) ||
-                    (event->modifiers() == Qt::ControlModifier && event->key() == Qt::Key_Y))) {
-        Q_EMIT redoWanted();
-        return;
-    }
     if (moved_ || (!changeByKey(*event) && !walk(*event))) {
         event->ignore();
     }

@@ -27,12 +27,6 @@ class QHelpEvent;
 
 namespace planview {
 
-/// The commands of the control that the view has keys for; empty ones have no keys.
-struct GridHistory {
-    std::function<void()> undo;
-    std::function<void()> redo;
-};
-
 /// Shows a GridControl and hands it what the user does.
 ///
 /// The grid keeps the scroll position, the selection and the sizes; the view keeps only what belongs to the screen: the
@@ -47,7 +41,6 @@ public:
     ~GridView() override;
 
     [[nodiscard]] GridControl& grid() const { return grid_; }
-    void setHistory(GridHistory history) { history_ = std::move(history); }
     [[nodiscard]] GridBitmaps& bitmaps() { return bitmaps_; }
 
     [[nodiscard]] const GridTheme& theme() const { return theme_; }
@@ -170,7 +163,6 @@ private:
 
     GridMouse mouse_;
     GridWheel wheel_;
-    GridHistory history_;
     PendingMarks pending_;
     RowDots dots_;
     struct DropMark {

@@ -12,6 +12,7 @@
 #include <optional>
 #include <utility>
 
+#include "qt/KeyStrokes.h"
 #include "qt/grid/GridPainter.h"
 #include "qt/grid/GridView.h"
 #include "qt/grid/HiddenMarks.h"
@@ -26,47 +27,7 @@ constexpr double ScaleStep = 0.1;
 constexpr int AutoScrollMilliseconds = 60;
 constexpr qsizetype LongestToolTip = 2000;
 
-/// The codes that the grid's listener knows keys by.
-struct CommandKey {
-    std::int16_t shift = 0;
-    std::int16_t code = 0;
-};
-constexpr std::int16_t ShiftControl = 2;
-constexpr std::int16_t ShiftControlAlt = 6;
-constexpr std::int16_t CodeDelete = 46;
 constexpr std::int16_t CharacterReturn = 13;
-
-std::optional<CommandKey> commandOf(const QKeyEvent& event) {
-    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
-    if (event.matches(QKeySequence::Copy)) {
-        return CommandKey{ShiftControl, 'C'};
-    }
-    if (event.matches(QKeySequence::Paste)) {
-        return CommandKey{ShiftControl, 'V'};
-    }
-    if (event.matches(QKeySequence::Cut)) {
-        return CommandKey{ShiftControl, 'X'};
-    }
-    if (event.key() == Qt::Key_Delete && modifiers == Qt::NoModifier) {
-        return CommandKey{0, CodeDelete};
-    }
-    if (event.key() == Qt::Key_D && modifiers == Qt::ControlModifier) {
-        return CommandKey{ShiftControl, 'D'};
-    }
-    if (event.key() == Qt::Key_D && modifiers == (Qt::ControlModifier | Qt::AltModifier)) {
-        return CommandKey{ShiftControlAlt, 'D'};
-    }
-    return std::nullopt;
-}
-
-bool isUndo(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Z && event.modifiers() == Qt::ControlModifier;
-}
-
-bool isRedo(const QKeyEvent& event) {
-    return (event.key() == Qt::Key_Z && event.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier)) ||
-           (event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier);
-}
 
 /// Whether the key begins an entry: it types something or deletes what is there.
 bool startsEntry(const QKeyEvent& event) {
@@ -133,16 +94,11 @@ void GridView::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 bool GridView::handleCommand(const QKeyEvent& event) {
-    if (isUndo(event) && history_.undo) {
-        history_.undo();
-        return true;
+    const KeyStroke key = keyStrokeOf(event);
+    if (key.code == 0 || (startsEntry(event) && !FindCommand(key, KeyPlace::Table))) {
+        return false;
     }
-    if (isRedo(event) && history_.redo) {
-        history_.redo();
-        return true;
-    }
-    const std::optional<CommandKey> command = commandOf(event);
-    return command && grid_.ReportKeyDown(command->shift, command->code);
+    return grid_.ReportKeyDown(key.shift, key.code);
 }
 
 bool GridView::handleGridKey(const QKeyEvent& event) {

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include "qt/CommandActions.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QLineEdit>
+#include <QTimer>
+#include <algorithm>
+
+#include <planview/qt/PlanViewWidget.h>
+
+#include "qt/grid/GridView.h"
+
+namespace planview {
+
+namespace {
+
+constexpr double FaintWeight = 0.35;  // of a disabled action's picture
+
+/// A command that is about the text of an open entry.
+struct EntryCommand {
+    Command command;
+    void (QLineEdit::*run)();
+    bool (*can)(const QLineEdit& line);
+};
+
+bool hasSelection(const QLineEdit& line) {
+    return line.hasSelectedText();
+}
+
+constexpr EntryCommand EntryCommands[] = {
+    {Command::Undo, &QLineEdit::undo, [](const QLineEdit& line) { return line.isUndoAvailable(); }},
+    {Command::Redo, &QLineEdit::redo, [](const QLineEdit& line) { return line.isRedoAvailable(); }},
+    {Command::Cut, &QLineEdit::cut, hasSelection},
+    {Command::Copy, &QLineEdit::copy, hasSelection},
+    {Command::Paste, &QLineEdit::paste, [](const QLineEdit&) { return true; }},
+};
+
+const EntryCommand* findEntryCommand(Command command) {
+    const auto* const found = std::find_if(std::begin(EntryCommands), std::end(EntryCommands),
+                                           [&](const EntryCommand& each) { return each.command == command; });
+    return found == std::end(EntryCommands) ? nullptr : found;
+}
+
+QString toQt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+void show(QAction& action, const CommandState& state) {
+    const QPointer<QAction> alive(&action);  // the host hears of each change
+    action.setText(toQt(state.caption));
+    if (alive) {
+        action.setEnabled(state.enabled);
+    }
+    if (alive && action.isCheckable()) {
+        action.setChecked(state.checked);
+    }
+    if (alive) {
+        action.setToolTip(toQt(state.reason));  // without one it is the text
+    }
+    if (alive) {
+        action.setStatusTip(toQt(state.reason));
+    }
+}
+
+}  // namespace
+
+CommandActions::CommandActions(PlanViewWidget& widget, PlanView& view, GridView& grid, const EntryGuard& guard)
+    : QObject(&widget), guard_(guard), widget_(widget), view_(view), grid_(grid), soon_(new QTimer(this)) {
+    soon_->setSingleShot(true);
+    soon_->setInterval(0);
+    guard_.connect(soon_, &QTimer::timeout, this, "CommandActions", [this] { update(); });
+    connect(&grid_, &GridView::gridChanged, this, &CommandActions::changed);
+}
+
+QAction* CommandActions::action(Command command) {
+    const auto known = actions_.find(command);
+    if (known != actions_.end() && known->second) {
+        return known->second;
+    }
+    const auto commands = DescribeCommands();
+    const auto description =
+        std::find_if(commands.begin(), commands.end(), [&](const auto& each) { return each.command == command; });
+    if (description == commands.end()) {
+        return nullptr;
+    }
+    auto* action = new QAction(this);
+    action->setObjectName(toQt(description->name));
+    action->setMenuRole(QAction::NoRole);
+    action->setCheckable(description->checkable);
+    // Shown only: the view has its keys itself, and an entry and the host's other widgets keep theirs.
+    action->setShortcut(QKeySequence::fromString(toQt(description->key), QKeySequence::PortableText));
+    action->setShortcutContext(Qt::WidgetShortcut);
+    if (description->argumentCount == 0) {
+        guard_.connect(action, &QAction::triggered, this, "CommandActions", [this, command] { widget_.run(command); });
+    }
+    setIcon(*action, description->icon);
+    actions_[command] = action;
+    show(*action, statesOf({command}).front());
+    return action;
+}
+
+bool CommandActions::canRun(Command command) const {
+    return statesOf({command}).front().enabled;
+}
+
+QLineEdit* CommandActions::openEntry() const {
+    const GridEditor& editor = grid_.editor();
+    return editor.isOpen() ? editor.line() : nullptr;
+}
+
+bool CommandActions::runInEntry(Command command) {
+    QLineEdit* line = openEntry();
+    const EntryCommand* known = line ? findEntryCommand(command) : nullptr;
+    if (known) {
+        (line->*known->run)();
+    }
+    return known != nullptr;
+}
+
+std::vector<CommandState> CommandActions::statesOf(const std::vector<Command>& commands) const {
+    std::vector<CommandState> states = view_.StatesOf(commands);
+    if (const QLineEdit* line = openEntry()) {
+        for (std::size_t i = 0; i < commands.size(); ++i) {
+            if (const EntryCommand* known = findEntryCommand(commands[i])) {
+                states[i].enabled = known->can(*line);
+                states[i].reason.clear();
+            }
+        }
+    }
+    return states;
+}
+
+// --- Following
+
+void CommandActions::changed() {
+    if (!actions_.empty()) {
+        soon_->start();
+    }
+}
+
+void CommandActions::update() {
+    soon_->stop();
+    if (QLineEdit* line = openEntry(); line && line != watched_) {
+        watched_ = line;
+        connect(line, &QLineEdit::textChanged, this, &CommandActions::changed);
+        connect(line, &QLineEdit::selectionChanged, this, &CommandActions::changed);
+    }
+    std::erase_if(actions_, [](const auto& each) { return !each.second; });
+    std::vector<Command> commands;
+    for (const auto& [command, action] : actions_) {
+        commands.push_back(command);
+    }
+    const std::vector<CommandState> states = statesOf(commands);
+    const QPointer<CommandActions> self(this);
+    for (std::size_t i = 0; i < commands.size() && self; ++i) {
+        if (const auto found = actions_.find(commands[i]); found != actions_.end() && found->second) {
+            show(*found->second, states[i]);
+        }
+    }
+}
+
+void CommandActions::updateIcons() {
+    for (const CommandDescription& description : DescribeCommands()) {
+        const auto found = actions_.find(description.command);
+        if (found != actions_.end() && found->second) {
+            setIcon(*found->second, description.icon);
+        }
+    }
+}
+
+void CommandActions::setIcon(QAction& action, std::string_view picture) const {
+    if (picture.empty()) {
+        return;
+    }
+    action.setIcon(grid_.bitmaps().icon(std::string(picture), BitmapPixels, widget_.devicePixelRatioF(),
+                                        GridTheme::forPalette(widget_.palette()), FaintWeight));
+}
+
+}  // namespace planview
