@@ -80,7 +80,9 @@ enum class Command : DispatchId {
     SetColumnWidth = 1065,
     SetColumnHeight = 1066,
     SetRowWidth = 1067,
-    SetRowHeight = 1068
+    SetRowHeight = 1068,
+    SelectRow = 1069,
+    SelectColumn = 1070
 };
 
 /// Commands that stand together in a menu or tool bar.

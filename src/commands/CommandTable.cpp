@@ -382,6 +382,14 @@ constexpr CommandRow Table[] = {
         .Unless(CannotEdit)
         .Recorded(StepKind::Values)
         .Traced(Grid, "Raise"),
+    Row(Command::SelectRow, "RowSelect", Group::Selection, "Select ro&w", SelectRow)
+        .Key("Shift+Space")
+        .Unless(NoCell)
+        .Recorded(StepKind::Marks),
+    Row(Command::SelectColumn, "ColSelect", Group::Selection, "Select co&lumn", SelectColumn)
+        .Key("Ctrl+Space")
+        .Unless(NoCell)
+        .Recorded(StepKind::Marks),
     Row(Command::ShowRowsInChart, "RowsInChart", Group::Chart, "Selected ro&ws into the chart",
         [](On& on, Call&) { on.chartCommands.RowsShowInChart(); })
         .Unless(NoChart)

@@ -130,6 +130,16 @@ void DeselectRows(CommandParts& on, CommandCall& call) {
     Deselect(on, call, on.tables.LINE_INDEX, DeselectAllRows);
 }
 
+void SelectRow(CommandParts& on, CommandCall& call) {
+    const std::optional<Cell> cell = on.Grid().CurrentCell();
+    call.done = cell && on.Grid().SelectRow(cell->row, SelectionMode::Replace) == GridStatus::Ok;
+}
+
+void SelectColumn(CommandParts& on, CommandCall& call) {
+    const std::optional<Cell> cell = on.Grid().CurrentCell();
+    call.done = cell && on.Grid().SelectColumn(cell->column, SelectionMode::Replace) == GridStatus::Ok;
+}
+
 void SelectHeadings(CommandParts& on, CommandCall& call) {
     on.driver.DeleteSelection({LabelColumnKey, HeadingRowKey}, NoRedraw);
     for (const std::string& key : call.columns) {

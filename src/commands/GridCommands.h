@@ -17,6 +17,9 @@ void DeselectColumns(CommandParts& on, CommandCall& call);
 void SelectAllRows(CommandParts& on, CommandCall& call);
 void SelectRowBlock(CommandParts& on, CommandCall& call);
 void DeselectRows(CommandParts& on, CommandCall& call);
+// That of the current cell, as a whole.
+void SelectRow(CommandParts& on, CommandCall& call);
+void SelectColumn(CommandParts& on, CommandCall& call);
 /// Those with the keys of the call, and nothing else.
 void SelectHeadings(CommandParts& on, CommandCall& call);
 

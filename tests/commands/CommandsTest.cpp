@@ -106,6 +106,8 @@ TEST_F(CommandsTest, NumbersAndNamesStayAsTheyAre) {
         "COL_HEIGHT",
         "ROW_WIDTH",
         "ROW_HEIGHT",
+        "RowSelect",
+        "ColSelect",
     };
     const auto commands = DescribeCommands();
     ASSERT_GE(commands.size(), std::size(names));

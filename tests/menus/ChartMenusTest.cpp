@@ -21,15 +21,7 @@ protected:
         }
         tables.AddLine(1, "Wages", {{"SHOW_CHART", "X"}});
         tables.AddLine(2, "Sales", {{"SHOW_CHART", "X"}});
-        context.tables.GRID_ATTR = HostTable(tables.gridAttr);
-        context.tables.COLS_INDEX = HostTable(tables.colsIndex);
-        context.tables.LINE_INDEX = HostTable(tables.lineIndex);
-        context.tables.TAB = HostTable(tables.tab);
-        context.tables.FIXED_COLS = HostTable(tables.fixedCols);
-        context.tables.FIXED_LINES = HostTable(tables.fixedLines);
-        context.tables.FIXED_TAB = HostTable(tables.fixedTab);
-        context.tables.CELL_ATTR = HostTable(tables.cellAttr);
-        context.tables.TEXTS = HostTable(tables.texts);
+        tables.GiveTo(context.tables);
         context.settings.chartShown = true;
         context.construction.CreateFromTables();
         context.chartData.Initialize();

@@ -29,16 +29,7 @@ protected:
             tables.AddColumn(i, "Month");
             tables.AddLine(i, "Line");
         }
-        context.tables.GRID_ATTR = HostTable(tables.gridAttr);
-        context.tables.COLS_INDEX = HostTable(tables.colsIndex);
-        context.tables.LINE_INDEX = HostTable(tables.lineIndex);
-        context.tables.TAB = HostTable(tables.tab);
-        context.tables.FIXED_COLS = HostTable(tables.fixedCols);
-        context.tables.FIXED_LINES = HostTable(tables.fixedLines);
-        context.tables.FIXED_TAB = HostTable(tables.fixedTab);
-        context.tables.CELL_ATTR = HostTable(tables.cellAttr);
-        context.tables.MACRO_TREE = HostTable(tables.macroTree);
-        context.tables.MACROREC = HostTable(tables.macroRec);
+        tables.GiveTo(context.tables);
         context.construction.CreateFromTables();
         ForgetEntries();
     }

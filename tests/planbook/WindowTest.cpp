@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <QAction>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QSettings>
 #include <QTest>
 #include <QTimer>
@@ -46,6 +48,47 @@ void ChooseInSubmenu(const char* submenu, const char* entry) {
         way->menu()->setActiveAction(action);
         QTest::keyClick(way->menu(), Qt::Key_Return);
     });
+}
+
+/// The entries of a menu as they are read: "&Undo Ctrl+Z", "-" for a separator, in brackets while disabled.
+std::vector<std::string> EntriesOf(const QMainWindow& window, const QString& menu) {
+    std::vector<std::string> entries;
+    for (const QAction* top : window.menuBar()->actions()) {
+        for (const QAction* entry : top->text() == menu ? top->menu()->actions() : QList<QAction*>()) {
+            const QString key = entry->shortcut().toString(QKeySequence::NativeText);
+            const QString text = entry->text() + (key.isEmpty() ? "" : " " + key);
+            const QString shown = entry->isSeparator() ? "-" : entry->isEnabled() ? text : "(" + text + ")";
+            if (shown != "-" || (!entries.empty() && entries.back() != "-")) {
+                entries.push_back(shown.toStdString());
+            }
+        }
+    }
+    return entries;
+}
+
+TEST(Window, MenusOfferWhatCanBeDone) {
+    using Entries = std::vector<std::string>;
+    const TestFolder folder;
+    Window w(MakeSmallBook(folder));
+    w.Grid().SelectCell(w.At(1, 1), SelectionMode::Replace);
+    QApplication::processEvents();
+    EXPECT_EQ(EntriesOf(w.window, "&Edit"),
+              (Entries{"(&Undo Ctrl+Z)", "(&Redo Ctrl+Y)", "-", "Cu&t Ctrl+X", "&Copy Ctrl+C", "&Paste Ctrl+V",
+                       "(&Fill with the first value)", "&Delete Del", "-", "Select ro&w Shift+Space",
+                       "Select co&lumn Ctrl+Space", "-", "F&ind… Ctrl+F", "Find &next F3", "Find pre&vious Shift+F3",
+                       "-", "(&Accept changes)", "(R&evert changes…)"}));
+    w.Grid().SelectRow(*w.Grid().FindRow("ROW1"), SelectionMode::Replace);
+    QApplication::processEvents();
+    Entries view = EntriesOf(w.window, "&View");
+    view.erase(view.begin() + 3);  // asked as the menu opens: saving the chart
+    EXPECT_EQ(view, (Entries{"&Chart", "(Selected ro&ws into the chart)", "(Selected &periods into the chart)",
+                             "&Macros", "-", "Colours of the &desktop", "L&ight", "Dar&k", "-", "&Hide selected rows",
+                             "(Hide selected &columns)", "(Sho&w selected rows)", "(Show selected c&olumns)", "-",
+                             "&Larger text Ctrl++", "&Smaller text Ctrl+-", "&Usual text Ctrl+0"}));
+    EXPECT_EQ(EntriesOf(w.window, "&Macro"),
+              (Entries{"&Start recording", "(&Interrupt recording)", "(S&top recording)", "(&Undo last step)", "-",
+                       "&Run", "Run on selected &line", "&Check"}));
+    EXPECT_EQ(EntriesOf(w.window, "&File")[3], "&Download as workbook… Ctrl+Shift+S");
 }
 
 // --- Saving

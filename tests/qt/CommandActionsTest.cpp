@@ -113,6 +113,31 @@ private slots:
         QVERIFY(record->isEnabled());
     }
 
+    void selectTheRowAndTheColumnOfTheCurrentCell() {
+        Screen screen;
+        screen.goTo(QStringLiteral("COL2/ROW3"));
+        const auto selected = [&] {
+            return QStringList{screen.grid().IsSelected({"COL2", {}}) ? "column" : "",
+                               screen.grid().IsSelected({{}, "ROW3"}) ? "row" : ""}
+                .join(QString());
+        };
+        screen.widget->startRecording();
+        Screen::press(QStringLiteral("<Shift+Space>"));
+        QCOMPARE(selected(), QStringLiteral("row"));
+        QVERIFY(!screen.editor());
+        Screen::press(QStringLiteral("<Ctrl+Space>"));
+        QCOMPARE(selected(), QStringLiteral("column"));
+        screen.widget->action(Command::SelectRow)->trigger();
+        QCOMPARE(selected(), QStringLiteral("row"));
+        QCOMPARE(screen.tables.lineIndex->Value(3, "ROW_MARKED").AsText(), std::string("X"));
+        const test::TableRef& steps = screen.tables.macroRec;
+        QCOMPARE(steps->Value(1, "COMMAND").AsText(), std::string("MARK"));
+        QCOMPARE(steps->Value(1, "LINE").AsText(), std::string("ROW3"));
+        QCOMPARE(screen.widget->recordedSteps(), 1);  // the last selection alone
+        Screen::press(QStringLiteral("<F2><Shift+Space>"));
+        QCOMPARE(screen.editor()->text(), QStringLiteral("32 "));
+    }
+
     /// Menus show the keys; each key still belongs to the widget that has the keyboard, and works there once.
     void keysStayWithTheFocus() {
         Screen screen;

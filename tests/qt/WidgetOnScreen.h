@@ -119,6 +119,8 @@ inline void WidgetOnScreen::press(const QString& keys) {
         {QStringLiteral("Home"), {Qt::Key_Home, Qt::NoModifier}},
         {QStringLiteral("Backspace"), {Qt::Key_Backspace, Qt::NoModifier}},
         {QStringLiteral("Delete"), {Qt::Key_Delete, Qt::NoModifier}},
+        {QStringLiteral("Shift+Space"), {Qt::Key_Space, Qt::ShiftModifier}},
+        {QStringLiteral("Ctrl+Space"), {Qt::Key_Space, Qt::ControlModifier}},
         {QStringLiteral("Ctrl+A"), {Qt::Key_A, Qt::ControlModifier}},
         {QStringLiteral("Ctrl+C"), {Qt::Key_C, Qt::ControlModifier}},
         {QStringLiteral("Ctrl+V"), {Qt::Key_V, Qt::ControlModifier}},

@@ -11,6 +11,28 @@ void SetFields(MemoryTable& table, std::int32_t row, FieldValues values) {
     }
 }
 
+/// Each table with the setter that the control has for it, and with its slot.
+template <class Take>
+void ForEach(const Tables& tables, const Take& take) {
+    take(&PlanView::PROP_Set_GRID_ATTR, &TableSlots::GRID_ATTR, tables.gridAttr);
+    take(&PlanView::PROP_Set_COLS_INDEX, &TableSlots::COLS_INDEX, tables.colsIndex);
+    take(&PlanView::PROP_Set_LINE_INDEX, &TableSlots::LINE_INDEX, tables.lineIndex);
+    take(&PlanView::PROP_Set_TAB, &TableSlots::TAB, tables.tab);
+    take(&PlanView::PROP_Set_TAB_OLD, &TableSlots::TAB_OLD, tables.tabOld);
+    take(&PlanView::PROP_Set_FIXED_COLS, &TableSlots::FIXED_COLS, tables.fixedCols);
+    take(&PlanView::PROP_Set_FIXED_LINES, &TableSlots::FIXED_LINES, tables.fixedLines);
+    take(&PlanView::PROP_Set_FIXED_TAB, &TableSlots::FIXED_TAB, tables.fixedTab);
+    take(&PlanView::PROP_Set_CELL_ATTR, &TableSlots::CELL_ATTR, tables.cellAttr);
+    take(&PlanView::PROP_Set_GRID_TREE, &TableSlots::GRID_TREE, tables.gridTree);
+    take(&PlanView::PROP_Set_MACRO_TREE, &TableSlots::MACRO_TREE, tables.macroTree);
+    take(&PlanView::PROP_Set_TEXTS, &TableSlots::TEXTS, tables.texts);
+    take(&PlanView::PROP_Set_COLMENU, &TableSlots::COLMENU, tables.colMenu);
+    take(&PlanView::PROP_Set_ROWMENU, &TableSlots::ROWMENU, tables.rowMenu);
+    take(&PlanView::PROP_Set_GRIDMENU, &TableSlots::GRIDMENU, tables.gridMenu);
+    take(&PlanView::PROP_Set_CELLMENU, &TableSlots::CELLMENU, tables.cellMenu);
+    take(&PlanView::PROP_Set_MACROREC, &TableSlots::MACROREC, tables.macroRec);
+}
+
 }  // namespace
 
 std::int32_t AddRow(MemoryTable& table, FieldValues values) {
@@ -41,23 +63,11 @@ Tables::Tables()
 }
 
 void Tables::GiveTo(PlanView& control) const {
-    control.PROP_Set_GRID_ATTR(gridAttr);
-    control.PROP_Set_COLS_INDEX(colsIndex);
-    control.PROP_Set_LINE_INDEX(lineIndex);
-    control.PROP_Set_TAB(tab);
-    control.PROP_Set_TAB_OLD(tabOld);
-    control.PROP_Set_FIXED_COLS(fixedCols);
-    control.PROP_Set_FIXED_LINES(fixedLines);
-    control.PROP_Set_FIXED_TAB(fixedTab);
-    control.PROP_Set_CELL_ATTR(cellAttr);
-    control.PROP_Set_GRID_TREE(gridTree);
-    control.PROP_Set_MACRO_TREE(macroTree);
-    control.PROP_Set_TEXTS(texts);
-    control.PROP_Set_COLMENU(colMenu);
-    control.PROP_Set_ROWMENU(rowMenu);
-    control.PROP_Set_GRIDMENU(gridMenu);
-    control.PROP_Set_CELLMENU(cellMenu);
-    control.PROP_Set_MACROREC(macroRec);
+    ForEach(*this, [&](auto set, auto /*slot*/, const TableRef& table) { (control.*set)(table); });
+}
+
+void Tables::GiveTo(TableSlots& slots) const {
+    ForEach(*this, [&](auto /*set*/, auto slot, const TableRef& table) { slots.*slot = HostTable(table); });
 }
 
 void Tables::AddColumn(int position, const char* period, FieldValues more) const {

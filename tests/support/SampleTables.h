@@ -10,6 +10,8 @@
 #include <planview/MemoryTable.h>
 #include <planview/PlanView.h>
 
+#include "automation/TableSlots.h"
+
 namespace planview::test {
 
 using TableRef = std::shared_ptr<MemoryTable>;
@@ -23,6 +25,8 @@ struct Tables {
     Tables();
     /// Hands all of them to the control.
     void GiveTo(PlanView& control) const;
+    /// The same without one.
+    void GiveTo(TableSlots& slots) const;
 
     TableRef gridAttr;
     TableRef colsIndex;

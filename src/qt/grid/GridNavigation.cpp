@@ -89,9 +89,8 @@ std::optional<GridKey> GridKey::of(const QKeyEvent& event) {
     if (key == Qt::Key_A && control && !shift) {
         return GridKey{Action::SelectAll, {}};
     }
-    if (key == Qt::Key_Space && (control || shift)) {
-        return control && shift ? GridKey{Action::SelectAll, {}}
-                                : GridKey{control ? Action::SelectColumn : Action::SelectRow, {}};
+    if (key == Qt::Key_Space && control && shift) {
+        return GridKey{Action::SelectAll, {}};
     }
     if (key == Qt::Key_Escape) {
         return GridKey{Action::ClearSelection, {}};

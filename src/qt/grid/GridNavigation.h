@@ -38,7 +38,7 @@ enum class GridMove {
 
 /// What a key does to the grid.
 struct GridKey {
-    enum class Action { Move, Extend, SelectAll, SelectColumn, SelectRow, ClearSelection };
+    enum class Action { Move, Extend, SelectAll, ClearSelection };
     Action action = Action::Move;
     GridMove move = GridMove::Right;
 

@@ -95,10 +95,11 @@ void GridView::contextMenuEvent(QContextMenuEvent* event) {
 
 bool GridView::handleCommand(const QKeyEvent& event) {
     const KeyStroke key = keyStrokeOf(event);
-    if (key.code == 0 || (startsEntry(event) && !FindCommand(key, KeyPlace::Table))) {
+    const bool isCommand = FindCommand(key, KeyPlace::Table) != nullptr;
+    if (key.code == 0 || (startsEntry(event) && !isCommand)) {
         return false;
     }
-    return grid_.ReportKeyDown(key.shift, key.code);
+    return grid_.ReportKeyDown(key.shift, key.code) || isCommand;  // the key of a command types nothing
 }
 
 bool GridView::handleGridKey(const QKeyEvent& event) {
@@ -168,23 +169,12 @@ void GridView::finishAndMove(GridMove direction, bool byReturn) {
 }
 
 void GridView::handleKey(const GridKey& key) {
-    const std::optional<Cell> current = grid_.CurrentCell();
     switch (key.action) {
         case GridKey::Action::SelectAll:
             grid_.SelectAll();
             return;
         case GridKey::Action::ClearSelection:
             grid_.ClearSelection();
-            return;
-        case GridKey::Action::SelectColumn:
-            if (current) {
-                grid_.SelectColumn(current->column, SelectionMode::Replace);
-            }
-            return;
-        case GridKey::Action::SelectRow:
-            if (current) {
-                grid_.SelectRow(current->row, SelectionMode::Replace);
-            }
             return;
         case GridKey::Action::Move:
             move(key.move, SelectionMode::Replace);
