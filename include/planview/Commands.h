@@ -110,13 +110,13 @@ enum class CommandGroup {
 
 /// What is fixed of a command.
 struct CommandDescription {
-    Command command;
+    Command command;           ///< which
     std::string_view name;     ///< for late binding; in macros and popups, too: "CellCopy"
     std::string_view caption;  ///< "&Copy", with "&" before the mnemonic
     std::string_view key;      ///< the usual one, "Ctrl+C"; empty for none
     std::string_view icon;     ///< the name of a built-in picture, as in BITMAP fields; empty for none
-    CommandGroup group;
-    bool checkable;
+    CommandGroup group;        ///< where it stands in menus
+    bool checkable;            ///< it is on or off, which menus show by a mark
     /// What a call takes: nothing; one argument (Raise: the percentage; SelectHeadings: keys with "," between them); or
     /// two, keys and a size in logical pixels.
     int argumentCount;
@@ -124,8 +124,8 @@ struct CommandDescription {
 
 /// What is true of a command now.
 struct CommandState {
-    bool enabled = false;
-    bool checked = false;
+    bool enabled = false;  ///< it can be run
+    bool checked = false;  ///< it is on; only of those that are checkable
     std::string reason;   ///< why it is not enabled, a sentence for the user; empty where it is
     std::string caption;  ///< that of the description, or another one for as long as the state lasts
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "automation/TableSlots.h"
 #include "chart/ChartBook.h"
-#include "control/ControlContext.h"
+#include "support/ContextOnTables.h"
 
 namespace planview {
 
@@ -10,9 +10,9 @@ using test::Lines;
 namespace {
 
 /// The commands on a control of their own, as the menus call them.
-class ChartCommandsTest : public test::TracedTest {
+class ChartCommandsTest : public test::ContextTest {
 protected:
-    ChartCommandsTest() : context(platform.Interfaces()) {
+    ChartCommandsTest() {
         tables.gridAttr->SetValue(1, "CHART", "X");
         tables.AddColumn(1, "Jan");
         tables.AddColumn(2, "Feb");
@@ -23,16 +23,8 @@ protected:
         tables.AddValue(1, 2, 8.0);
         tables.AddValue(2, 1, 1.0);
         tables.AddValue(2, 2, -1.0);
-        context.tables.COLS_INDEX = HostTable(tables.colsIndex);
-        context.tables.LINE_INDEX = HostTable(tables.lineIndex);
-        context.tables.TAB = HostTable(tables.tab);
-        context.tables.TEXTS = HostTable(tables.texts);
-        context.tables.FIXED_COLS = HostTable(tables.fixedCols);
-        context.tables.FIXED_LINES = HostTable(tables.fixedLines);
-        context.tables.FIXED_TAB = HostTable(tables.fixedTab);
-        context.tables.CELL_ATTR = HostTable(tables.cellAttr);
         context.settings.chartShown = true;
-        context.construction.CreateFromTables();
+        Build();
         context.chartData.Initialize();
         context.chartData.Update();
         ForgetEntries();
@@ -43,9 +35,6 @@ protected:
         context.grid.SelectRow(*context.grid.FindRow(key), SelectionMode::Replace);
         ForgetEntries();
     }
-
-    test::Tables tables;
-    ControlContext context;
 };
 
 TEST_F(ChartCommandsTest, ASeriesTypeGoesToTheSelectedLines) {

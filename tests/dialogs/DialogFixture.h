@@ -7,9 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "control/ControlContext.h"
-#include "support/SampleTables.h"
-#include "support/TraceOracle.h"
+#include "support/ContextOnTables.h"
 
 namespace planview::test {
 
@@ -33,9 +31,9 @@ private:
 };
 
 /// A built grid of three columns and five rows; forms are filled in by the test.
-class DialogTest : public TracedTest, public EventSink {
+class DialogTest : public ContextTest, public EventSink {
 protected:
-    DialogTest() : context(platform.Interfaces()) {
+    DialogTest() {
         for (int i = 1; i <= 3; ++i) {
             tables.AddColumn(i, "P");
         }
@@ -45,14 +43,8 @@ protected:
         tables.AddValue(2, 1, "12.5");
         lineLog = std::make_shared<LoggedTable>(tables.lineIndex);
         gridLog = std::make_shared<LoggedTable>(tables.gridAttr);
-        context.tables.COLS_INDEX = HostTable(tables.colsIndex);
+        Build();
         context.tables.LINE_INDEX = HostTable(lineLog);
-        context.tables.TAB = HostTable(tables.tab);
-        context.tables.FIXED_COLS = HostTable(tables.fixedCols);
-        context.tables.FIXED_LINES = HostTable(tables.fixedLines);
-        context.tables.FIXED_TAB = HostTable(tables.fixedTab);
-        context.tables.CELL_ATTR = HostTable(tables.cellAttr);
-        context.construction.CreateFromTables();
         context.tables.GRID_ATTR = HostTable(gridLog);
         context.events.AddSink(*this);
         Forget();
@@ -76,10 +68,8 @@ protected:
         return table.Value(row, field).AsText();
     }
 
-    Tables tables;
     std::shared_ptr<LoggedTable> lineLog;
     std::shared_ptr<LoggedTable> gridLog;
-    ControlContext context;
     int updates = 0;
 };
 

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <functional>
+#include <string>
+#include <type_traits>
 
 #include <gtest/gtest.h>
 
 #include "components/GridControl.h"
 #include "grid/modGrid.h"
 #include "support/TraceOracle.h"
+#include "trace/TraceText.h"
 
 namespace planview {
 
@@ -44,170 +47,154 @@ protected:
         return where;
     }
 
-    /// One operation, its whole entry, and how one sees in the grid that it was this one.
-    struct Operation {
-        const char* name;
-        std::function<void()> call;
-        const char* entry;
-        std::function<bool()> seen;
-    };
-    void Check(const std::vector<Operation>& operations) {
-        for (const Operation& operation : operations) {
-            ForgetEntries();
-            EXPECT_FALSE(operation.seen()) << operation.name << ": the grid is so already";
-            operation.call();
-            EXPECT_EQ(Entries(), Lines{operation.entry}) << operation.name;
-            EXPECT_TRUE(operation.seen()) << operation.name;
-        }
+    using Seen = std::function<bool()>;
+
+    /// Calls an operation, with and without redraw by turns, and expects one entry of it, "{keys - label:value -
+    /// redraw:flag}", and that it is `seen` in the grid.
+    template <class Call, class Value>
+    void Check(const char* method, const std::string& keys, const char* label, const Value& value, const Call& call,
+               const Seen& seen) {
+        SCOPED_TRACE(method);
+        redraw_ = !redraw_;
+        ForgetEntries();
+        EXPECT_FALSE(seen()) << "the grid is so already";
+        call(redraw_);
+        EXPECT_EQ(Entries(), Lines{std::string("GRIDCTL |  | ") + method + " | " +
+                                   TraceText("{", keys, label, ":", value, " - redraw:", redraw_, "}").Text()});
+        EXPECT_TRUE(seen());
+    }
+    template <class Result, class Value>
+    void OnGrid(const char* method, const char* label, Result (modGrid::*operation)(Value, bool),
+                std::type_identity_t<Value> value, const Seen& seen) {
+        Check(
+            method, "", label, value, [&](bool redraw) { (driver.*operation)(value, redraw); }, seen);
+    }
+    /// On a column or row as a track.
+    template <class Result, class Value>
+    void OnTrack(const char* key, const char* method, const char* label,
+                 Result (modGrid::*operation)(std::string_view, Value, bool), std::type_identity_t<Value> value,
+                 const Seen& seen) {
+        Check(
+            method, "cid: " + std::string(key) + " - ", label, value,
+            [&](bool redraw) { (driver.*operation)(key, value, redraw); }, seen);
+    }
+    template <class Result, class Value>
+    void On(const CellKeyView& keys, const char* method, const char* label,
+            Result (modGrid::*operation)(const CellKeyView&, Value, bool), std::type_identity_t<Value> value,
+            const Seen& seen) {
+        Check(
+            method, "cid: " + std::string(keys.column) + " - rid: " + std::string(keys.row) + " - ", label, value,
+            [&](bool redraw) { (driver.*operation)(keys, value, redraw); }, seen);
+    }
+    /// One that has no redraw of its own or no value.
+    void Plain(const std::function<void()>& call, const char* entry, const Seen& seen) {
+        SCOPED_TRACE(entry);
+        ForgetEntries();
+        EXPECT_FALSE(seen()) << "the grid is so already";
+        call();
+        EXPECT_EQ(Entries(), Lines{entry});
+        EXPECT_TRUE(seen());
     }
 
     GridControl grid;
     modGrid driver{grid};
+
+private:
+    bool redraw_ = false;
 };
 
 constexpr CellKeyView OneCell{"COL1", "ROW1"};
 constexpr CellKeyView OneRow{{}, "ROW1"};
+constexpr CellKeyView OneColumn{"COL1", {}};
 
 }  // namespace
 
 TEST_F(ModGridTest, OperationsOnTheGridAsAWhole) {
     const GridSettingsState& settings = grid.Settings();
-    Check({
-        {"LabelColWidth", [&] { driver.LabelColWidth(210); }, "GRIDCTL |  | LabelColWidth | {width:210}",
-         [&] { return settings.labelColumnWidth == 210; }},
-        {"LabelAutoFit", [&] { driver.LabelAutoFit(1); }, "GRIDCTL |  | LabelAutoFit | {width:1}",
-         [&] { return settings.labelAutoFit; }},
-        {"DoubleBuffering", [&] { driver.DoubleBuffering(1, false); },
-         "GRIDCTL |  | DoubleBuffering | {value:1 - redraw:False}", [&] { return settings.doubleBuffering; }},
-        {"MovePermission", [&] { driver.MovePermission(1, true); },
-         "GRIDCTL |  | move permission | {value:1 - redraw:True}", [&] { return settings.moveAllowed; }},
-        {"ResizePermission", [&] { driver.ResizePermission(0, false); },
-         "GRIDCTL |  | resize permission | {value:0 - redraw:False}", [&] { return !settings.resizeAllowed; }},
-        {"DragDrop", [&] { driver.DragDrop(1, false); }, "GRIDCTL |  | DragDrop | {value:1 - redraw:False}",
-         [&] { return settings.dragDrop; }},
-        {"GridlinesColor", [&] { driver.GridlinesColor(9, false); },
-         "GRIDCTL |  | Gridlines color | {color:9 - redraw:False}", [&] { return settings.gridLineColor == 9; }},
-        {"BackgroundColor without keys", [&] { driver.BackgroundColor({}, 15, false); },
-         "GRIDCTL |  | background colour | {cid:  - rid:  - color:15 - redraw:False}",
-         [&] { return settings.backgroundColor == 15; }},
-        {"Switch", [&] { driver.Switch(true, false); }, "GRIDCTL |  | switch | {switched:True - redraw:False}",
-         [&] { return settings.switched; }},
-        {"FirstColumn", [&] { driver.FirstColumn("COL2", false); },
-         "GRIDCTL |  | FirstColumn | {cid: COL2 - redraw:False}",
-         [&] { return grid.FirstColumn() == grid.FindColumn("COL2"); }},
-        {"FirstRow", [&] { driver.FirstRow("ROW2", false); }, "GRIDCTL |  | FirstRow | {cid: ROW2 - redraw:False}",
-         [&] { return grid.FirstRow() == grid.FindRow("ROW2"); }},
-        {"SetRedraw", [&] { driver.SetRedraw(false); }, "GRIDCTL |  | SetRedraw | {redraw:False}",
-         [&] { return !grid.RedrawOn(); }},
-        {"CreateColor", [&] { driver.CreateColor("hostPink", 1, 2, 3); }, "GRIDCTL |  | CreateColor | {color:hostPink}",
-         [&] { return grid.Colors().size() == 17 && grid.Colors()[16].blue == 3; }},
-        {"Destructor", [&] { driver.Destructor(false); }, "GRIDCTL |  | DESTRUCTOR | {redraw:False}",
-         [&] { return !settings.created; }},
-        {"CreateLabelled", [&] { driver.CreateLabelled(); }, "GRIDCTL | CONSTRUCTOR | CreateLabelled | {}",
-         [&] { return settings.created; }},
-    });
+    OnGrid("DoubleBuffering", "value", &modGrid::DoubleBuffering, 1, [&] { return settings.doubleBuffering; });
+    OnGrid("move permission", "value", &modGrid::MovePermission, 1, [&] { return settings.moveAllowed; });
+    OnGrid("resize permission", "value", &modGrid::ResizePermission, 0, [&] { return !settings.resizeAllowed; });
+    OnGrid("DragDrop", "value", &modGrid::DragDrop, 1, [&] { return settings.dragDrop == 1; });
+    OnGrid("Gridlines color", "color", &modGrid::GridlinesColor, 9, [&] { return settings.gridLineColor == 9; });
+    On({}, "background colour", "color", &modGrid::BackgroundColor, 15, [&] { return settings.backgroundColor == 15; });
+    OnGrid("switch", "switched", &modGrid::Switch, true, [&] { return settings.switched; });
+
+    Plain([&] { driver.LabelColWidth(210); }, "GRIDCTL |  | LabelColWidth | {width:210}",
+          [&] { return settings.labelColumnWidth == 210; });
+    Plain([&] { driver.LabelAutoFit(1); }, "GRIDCTL |  | LabelAutoFit | {width:1}",
+          [&] { return settings.labelAutoFit; });
+    Plain([&] { driver.FirstColumn("COL2", false); }, "GRIDCTL |  | FirstColumn | {cid: COL2 - redraw:False}",
+          [&] { return grid.FirstColumn() == grid.FindColumn("COL2"); });
+    Plain([&] { driver.FirstRow("ROW2", true); }, "GRIDCTL |  | FirstRow | {cid: ROW2 - redraw:True}",
+          [&] { return grid.FirstRow() == grid.FindRow("ROW2"); });
+    Plain([&] { driver.SetRedraw(false); }, "GRIDCTL |  | SetRedraw | {redraw:False}",
+          [&] { return !grid.RedrawOn(); });
+    Plain([&] { driver.CreateColor("hostPink", 1, 2, 3); }, "GRIDCTL |  | CreateColor | {color:hostPink}",
+          [&] { return grid.Colors().size() == 17 && grid.Colors()[16].blue == 3; });
+    Plain([&] { driver.Destructor(false); }, "GRIDCTL |  | DESTRUCTOR | {redraw:False}",
+          [&] { return !settings.created; });
+    Plain([&] { driver.CreateLabelled(); }, "GRIDCTL | CONSTRUCTOR | CreateLabelled | {}",
+          [&] { return settings.created; });
 }
 
 TEST_F(ModGridTest, OperationsOnColumnsAndRows) {
-    Check({
-        {"CreateColumn", [&] { driver.CreateColumn("FRC4", 1, false); },
-         "GRIDCTL |  | CreateColumn | {cid: FRC4 - pos:1 - redraw:False}",
-         [&] { return grid.FindColumn("FRC4").has_value(); }},
-        {"CreateRow", [&] { driver.CreateRow("FBR4", 1, true); },
-         "GRIDCTL |  | CreateRow | {cid: FBR4 - pos:1 - redraw:True}",
-         [&] { return grid.FindRow("FBR4").has_value(); }},
-        {"ColumnWidth", [&] { driver.ColumnWidth("COL1", 91, false); },
-         "GRIDCTL |  | column width | {cid: COL1 - width:91 - redraw:False}", [&] { return Col1().width == 91; }},
-        {"ColumnHeight", [&] { driver.ColumnHeight("COL1", 31, false); },
-         "GRIDCTL |  | ColumnHeight | {cid: COL1 - height:31 - redraw:False}", [&] { return Col1().height == 31; }},
-        {"RowHeight", [&] { driver.RowHeight("ROW1", 32, false); },
-         "GRIDCTL |  | row height | {cid: ROW1 - height:32 - redraw:False}", [&] { return Row1().height == 32; }},
-        {"RowWidth", [&] { driver.RowWidth("ROW1", 92, false); },
-         "GRIDCTL |  | RowWidth | {cid: ROW1 - width:92 - redraw:False}", [&] { return Row1().width == 92; }},
-        {"SetSelection", [&] { driver.SetSelection(OneRow, false); },
-         "GRIDCTL |  | SetSelection | {cid:  - rid: ROW1 - redraw:False}",
-         [&] { return driver.HeaderSelected(OneRow) == 1; }},
-        {"DeleteSelection", [&] { driver.DeleteSelection(OneRow, true); },
-         "GRIDCTL |  | DeleteSelection | {cid:  - rid: ROW1 - redraw:True}",
-         [&] { return driver.HeaderSelected(OneRow) == 0; }},
-        {"SelectionFlag",
-         [&] {
-             driver.SelectionFlag({"COL1", {}}, false);
-         },
-         "GRIDCTL |  | SelectionFlag | {cid: COL1 - rid:  - redraw:False}", [&] { return !Col1().selectable; }},
-        {"CenterHidden", [&] { driver.CenterHidden(OneRow, true, false); },
-         "GRIDCTL |  | CenterHidden | {cid:  - rid: ROW1 - hidden:True - redraw:False}", [&] { return Row1().hidden; }},
-    });
+    OnTrack("FRC4", "CreateColumn", "pos", &modGrid::CreateColumn, 1,
+            [&] { return grid.FindColumn("FRC4").has_value(); });
+    OnTrack("FBR4", "CreateRow", "pos", &modGrid::CreateRow, 1, [&] { return grid.FindRow("FBR4").has_value(); });
+    OnTrack("COL1", "column width", "width", &modGrid::ColumnWidth, 91, [&] { return Col1().width == 91; });
+    OnTrack("COL1", "ColumnHeight", "height", &modGrid::ColumnHeight, 31, [&] { return Col1().height == 31; });
+    OnTrack("ROW1", "row height", "height", &modGrid::RowHeight, 32, [&] { return Row1().height == 32; });
+    OnTrack("ROW1", "RowWidth", "width", &modGrid::RowWidth, 92, [&] { return Row1().width == 92; });
+    On(OneRow, "CenterHidden", "hidden", &modGrid::CenterHidden, true, [&] { return Row1().hidden; });
+
+    Plain([&] { driver.SetSelection(OneRow, false); }, "GRIDCTL |  | SetSelection | {cid:  - rid: ROW1 - redraw:False}",
+          [&] { return driver.HeaderSelected(OneRow) == 1; });
+    Plain([&] { driver.DeleteSelection(OneRow, true); },
+          "GRIDCTL |  | DeleteSelection | {cid:  - rid: ROW1 - redraw:True}",
+          [&] { return driver.HeaderSelected(OneRow) == 0; });
+    Plain([&] { driver.SelectionFlag(OneColumn, false); },
+          "GRIDCTL |  | SelectionFlag | {cid: COL1 - rid:  - redraw:False}", [&] { return !Col1().selectable; });
 }
 
 TEST_F(ModGridTest, OperationsOnCells) {
     const Cell cell = grid.FindCell(OneCell).value();
     const auto look = [&] { return grid.Look(cell); };
-    Check({
-        {"Contents", [&] { driver.Contents(OneCell, "12,5", false); },
-         "GRIDCTL |  | Contents | {cid: COL1 - rid: ROW1 - contents:12,5 - redraw:False}",
-         [&] { return grid.Contents(cell) == "12,5"; }},
-        {"Tooltip", [&] { driver.Tooltip(OneCell, "Tip", true); },
-         "GRIDCTL |  | Tooltip | {cid: COL1 - rid: ROW1 - contents:Tip - redraw:True}",
-         [&] { return grid.Tooltip(cell) == "Tip"; }},
-        {"ReadOnly", [&] { driver.ReadOnly(OneCell, true, false); },
-         "GRIDCTL |  | ReadOnly | {cid: COL1 - rid: ROW1 - readonly:True - redraw:False}",
-         [&] { return look().readOnly; }},
-        {"Format", [&] { driver.Format(OneCell, "0.00", false); },
-         "GRIDCTL |  | format | {cid: COL1 - rid: ROW1 - format:0.00 - redraw:False}",
-         [&] { return grid.DisplayText(cell) == "12,50"; }},
-        {"Font", [&] { driver.Font(OneCell, ";14;Bold", false); },
-         "GRIDCTL |  | font | {cid: COL1 - rid: ROW1 - font:;14;Bold - redraw:False}",
-         [&] { return look().font && look().font->size == 14; }},
-        {"Alignment", [&] { driver.Alignment(OneCell, 2, false); },
-         "GRIDCTL |  | Alignment | {cid: COL1 - rid: ROW1 - align:2 - redraw:False}",
-         [&] { return look().hasAlignment && look().alignment == GridAlignment::Center; }},
-        {"Relief", [&] { driver.Relief(OneCell, true, false); },
-         "GRIDCTL |  | relief | {cid: COL1 - rid: ROW1 - relief:True - redraw:False}", [&] { return look().relief; }},
-        {"Bitmap", [&] { driver.Bitmap(OneCell, "lock", 2, false); },
-         "GRIDCTL |  | bitmap | {cid: COL1 - rid: ROW1 - bitmap:lock - redraw:False}",
-         [&] { return look().bitmap && *look().bitmap == "lock" && look().bitmapAlignment == GridAlignment::Center; }},
-        {"BackgroundColor", [&] { driver.BackgroundColor(OneCell, 4, false); },
-         "GRIDCTL |  | background colour | {cid: COL1 - rid: ROW1 - color:4 - redraw:False}",
-         [&] { return look().background == 4; }},
-        {"ForegroundColor", [&] { driver.ForegroundColor(OneCell, 5, false); },
-         "GRIDCTL |  | foreground colour | {cid: COL1 - rid: ROW1 - color:5 - redraw:False}",
-         [&] { return look().foreground == 5; }},
-    });
+    On(OneCell, "Contents", "contents", &modGrid::Contents, "12,5", [&] { return grid.Contents(cell) == "12,5"; });
+    On(OneCell, "Tooltip", "contents", &modGrid::Tooltip, "Tip", [&] { return grid.Tooltip(cell) == "Tip"; });
+    On(OneCell, "ReadOnly", "readonly", &modGrid::ReadOnly, true, [&] { return look().readOnly; });
+    On(OneCell, "format", "format", &modGrid::Format, "0.00", [&] { return grid.DisplayText(cell) == "12,50"; });
+    On(OneCell, "font", "font", &modGrid::Font, ";14;Bold", [&] { return look().font && look().font->size == 14; });
+    On(OneCell, "Alignment", "align", &modGrid::Alignment, 2,
+       [&] { return look().hasAlignment && look().alignment == GridAlignment::Center; });
+    On(OneCell, "relief", "relief", &modGrid::Relief, true, [&] { return look().relief; });
+    On(OneCell, "background colour", "color", &modGrid::BackgroundColor, 4, [&] { return look().background == 4; });
+    On(OneCell, "foreground colour", "color", &modGrid::ForegroundColor, 5, [&] { return look().foreground == 5; });
+    Plain([&] { driver.Bitmap(OneCell, "lock", 2, false); },
+          "GRIDCTL |  | bitmap | {cid: COL1 - rid: ROW1 - bitmap:lock - redraw:False}",
+          [&] { return look().bitmap && *look().bitmap == "lock" && look().bitmapAlignment == GridAlignment::Center; });
 }
 
 /// Each of these reaches both planning cells of the row and not its label.
 TEST_F(ModGridTest, OperationsOnTheCentreOfARow) {
     const auto centre = [&](auto has) { return [this, has] { return Where(has) == "BB."; }; };
-    Check({
-        {"CenterFormat", [&] { driver.CenterFormat(OneRow, "0.0", false); },
-         "GRIDCTL |  | CenterFormat | {cid:  - rid: ROW1 - format:0.0 - redraw:False}",
-         centre([](const CellLook& look) { return look.format && look.format->Format(1) == "1,0"; })},
-        {"CenterFont", [&] { driver.CenterFont(OneRow, ";;Cursiv", false); },
-         "GRIDCTL |  | CenterFont | {cid:  - rid: ROW1 - font:;;Cursiv - redraw:False}",
-         centre([](const CellLook& look) { return look.font && look.font->italic; })},
-        {"CenterAlignment", [&] { driver.CenterAlignment(OneRow, 1, false); },
-         "GRIDCTL |  | CenterAlignment | {cid:  - rid: ROW1 - align:1 - redraw:False}",
-         centre([](const CellLook& look) { return look.hasAlignment && look.alignment == GridAlignment::Left; })},
-        {"CenterReadOnly", [&] { driver.CenterReadOnly(OneRow, true, false); },
-         "GRIDCTL |  | CenterReadOnly | {cid:  - rid: ROW1 - readonly:True - redraw:False}",
-         centre([](const CellLook& look) { return look.readOnly; })},
-        {"CenterTextLine", [&] { driver.CenterTextLine(OneRow, "X", false); },
-         "GRIDCTL |  | CenterTextLine | {cid:  - rid: ROW1 - textline:X - redraw:False}",
-         centre([](const CellLook& look) { return look.textLine; })},
-        {"CenterHelpLine", [&] { driver.CenterHelpLine(OneRow, "H", false); },
-         "GRIDCTL |  | CenterHelpLine | {cid:  - rid: ROW1 - helpline:H - redraw:False}",
-         centre([](const CellLook& look) { return look.helpLine; })},
-        {"CenterRelief", [&] { driver.CenterRelief(OneRow, true, true); },
-         "GRIDCTL |  | CenterRelief | {cid:  - rid: ROW1 - relief:True - redraw:True}",
-         centre([](const CellLook& look) { return look.relief; })},
-        {"CenterBgColor", [&] { driver.CenterBgColor(OneRow, 6, false); },
-         "GRIDCTL |  | CenterBgColor | {cid:  - rid: ROW1 - color:6 - redraw:False}",
-         centre([](const CellLook& look) { return look.background == 6; })},
-        {"CenterFgColor", [&] { driver.CenterFgColor(OneRow, 7, false); },
-         "GRIDCTL |  | CenterFgColor | {cid:  - rid: ROW1 - color:7 - redraw:False}",
-         centre([](const CellLook& look) { return look.foreground == 7; })},
-    });
+    using Look = const CellLook&;
+    On(OneRow, "CenterFormat", "format", &modGrid::CenterFormat, "0.0",
+       centre([](Look look) { return look.format && look.format->Format(1) == "1,0"; }));
+    On(OneRow, "CenterFont", "font", &modGrid::CenterFont, ";;Cursiv",
+       centre([](Look look) { return look.font && look.font->italic; }));
+    On(OneRow, "CenterAlignment", "align", &modGrid::CenterAlignment, 1,
+       centre([](Look look) { return look.hasAlignment && look.alignment == GridAlignment::Left; }));
+    On(OneRow, "CenterReadOnly", "readonly", &modGrid::CenterReadOnly, true,
+       centre([](Look look) { return look.readOnly; }));
+    On(OneRow, "CenterTextLine", "textline", &modGrid::CenterTextLine, "X",
+       centre([](Look look) { return look.textLine; }));
+    On(OneRow, "CenterHelpLine", "helpline", &modGrid::CenterHelpLine, "H",
+       centre([](Look look) { return look.helpLine; }));
+    On(OneRow, "CenterRelief", "relief", &modGrid::CenterRelief, true, centre([](Look look) { return look.relief; }));
+    On(OneRow, "CenterBgColor", "color", &modGrid::CenterBgColor, 6,
+       centre([](Look look) { return look.background == 6; }));
+    On(OneRow, "CenterFgColor", "color", &modGrid::CenterFgColor, 7,
+       centre([](Look look) { return look.foreground == 7; }));
 }
 
 TEST_F(ModGridTest, TextLinesAndHelpLinesNeedTheirOwnLetter) {

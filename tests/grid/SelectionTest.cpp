@@ -4,10 +4,8 @@
 #include <planview/PlanView.h>
 
 #include "components/GridControl.h"
-#include "control/ControlContext.h"
 #include "grid/Selection.h"
-#include "support/SampleTables.h"
-#include "support/TraceOracle.h"
+#include "support/ContextOnTables.h"
 
 namespace planview {
 
@@ -17,21 +15,14 @@ using test::Tables;
 namespace {
 
 /// Five columns and five rows.
-class SelectionTest : public test::TracedTest {
+class SelectionTest : public test::ContextTest {
 protected:
-    SelectionTest() : context(platform.Interfaces()) {
+    SelectionTest() {
         for (int i = 1; i <= 5; ++i) {
             tables.AddColumn(i, "P", {{"COL_WIDTH", 70}});
             tables.AddLine(i, "Line", {{"ROW_HEIGHT", 24}});
         }
-        context.tables.COLS_INDEX = HostTable(tables.colsIndex);
-        context.tables.LINE_INDEX = HostTable(tables.lineIndex);
-        context.tables.TAB = HostTable(tables.tab);
-        context.tables.FIXED_COLS = HostTable(tables.fixedCols);
-        context.tables.FIXED_LINES = HostTable(tables.fixedLines);
-        context.tables.FIXED_TAB = HostTable(tables.fixedTab);
-        context.tables.CELL_ATTR = HostTable(tables.cellAttr);
-        context.construction.CreateFromTables();
+        Build();
         ForgetEntries();
     }
 
@@ -57,9 +48,6 @@ protected:
         }
         return widths;
     }
-
-    Tables tables;
-    ControlContext context;
 };
 
 }  // namespace

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "control/ControlContext.h"
-#include "support/SampleTables.h"
-#include "support/TraceOracle.h"
+#include "support/ContextOnTables.h"
 
 namespace planview {
 
@@ -10,9 +8,9 @@ using test::Lines;
 namespace {
 
 /// A control with two lines in its chart, right-clicked in the chart.
-class ChartMenusTest : public test::TracedTest {
+class ChartMenusTest : public test::ContextTest {
 protected:
-    ChartMenusTest() : context(platform.Interfaces()) {
+    ChartMenusTest() {
         tables.gridAttr->SetValue(1, "CHART", "X");
         for (int i = 1; i <= 4; ++i) {
             tables.AddColumn(i, "Month");
@@ -21,9 +19,8 @@ protected:
         }
         tables.AddLine(1, "Wages", {{"SHOW_CHART", "X"}});
         tables.AddLine(2, "Sales", {{"SHOW_CHART", "X"}});
-        tables.GiveTo(context.tables);
         context.settings.chartShown = true;
-        context.construction.CreateFromTables();
+        Build();
         context.chartData.Initialize();
         context.chartData.Update();
         ForgetEntries();
@@ -50,9 +47,6 @@ protected:
     [[nodiscard]] const ChartSeriesLook& Look(std::size_t series) const {
         return *context.chart.State().series[series].look;
     }
-
-    test::Tables tables;
-    ControlContext context;
 
 private:
     static void Collect(const std::vector<PopupEntry>& entries, Lines& texts) {

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "control/ControlContext.h"
 #include "menus/modPopup.h"
-#include "support/SampleTables.h"
-#include "support/TraceOracle.h"
+#include "support/ContextOnTables.h"
 
 namespace planview {
 
@@ -22,15 +20,14 @@ std::string PopupText(const std::vector<PopupEntry>& entries, const std::string&
     return text;
 }
 
-class MenusTest : public test::TracedTest {
+class MenusTest : public test::ContextTest {
 protected:
-    MenusTest() : context(platform.Interfaces()) {
+    MenusTest() {
         for (int i = 1; i <= 3; ++i) {
             tables.AddColumn(i, "Month");
             tables.AddLine(i, "Line");
         }
-        tables.GiveTo(context.tables);
-        context.construction.CreateFromTables();
+        Build();
         ForgetEntries();
     }
 

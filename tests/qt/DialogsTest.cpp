@@ -9,7 +9,6 @@
 #include <QtTest>
 #include <algorithm>
 
-#include "control/ControlContext.h"
 #include "dialogs/frmGrid.h"
 #include "dialogs/frmRow.h"
 #include "qt/WhenShown.h"
@@ -17,18 +16,19 @@
 #include "qt/dialogs/FormDialog.h"
 #include "qt/grid/GridView.h"
 #include "qt/platform/QtForms.h"
-#include "support/SampleTables.h"
-#include "support/ScriptedPlatform.h"
+#include "support/ContextOnTables.h"
 
 namespace planview {
 
 namespace {
 
 /// A control whose forms are real windows; everything else is scripted.
-class QtDesktop : public test::ScriptedPlatform {
+class QtDesktop : public test::ScriptedPlatform, public test::ContextOnTables {
 public:
     QtDesktop()
-        : widget(std::make_unique<QWidget>()), forms(std::make_unique<QtForms>(*widget)), context(Interfaces()) {
+        : ContextOnTables(Interfaces()),
+          widget(std::make_unique<QWidget>()),
+          forms(std::make_unique<QtForms>(*widget)) {
         widget->resize(400, 300);
         for (int i = 1; i <= 4; ++i) {
             tables.AddColumn(i, ("2026-0" + std::to_string(i)).c_str());
@@ -38,15 +38,7 @@ public:
         for (int column = 1; column <= 4; ++column) {
             tables.AddValue(1, column, (column - 2) * 1234.5);
         }
-        context.tables.GRID_ATTR = HostTable(tables.gridAttr);
-        context.tables.COLS_INDEX = HostTable(tables.colsIndex);
-        context.tables.LINE_INDEX = HostTable(tables.lineIndex);
-        context.tables.TAB = HostTable(tables.tab);
-        context.tables.FIXED_COLS = HostTable(tables.fixedCols);
-        context.tables.FIXED_LINES = HostTable(tables.fixedLines);
-        context.tables.FIXED_TAB = HostTable(tables.fixedTab);
-        context.tables.CELL_ATTR = HostTable(tables.cellAttr);
-        context.construction.CreateFromTables();
+        Build();
         context.settings.layoutMode = true;
         context.chooseColor = [this] { return chosenColor; };
     }
@@ -62,8 +54,6 @@ public:
 
     std::unique_ptr<QWidget> widget;
     std::unique_ptr<QtForms> forms;
-    test::Tables tables;
-    ControlContext context;
     std::optional<int> chosenColor;
 };
 

@@ -6,18 +6,16 @@
 #include <string>
 #include <vector>
 
-#include "control/ControlContext.h"
+#include "support/ContextOnTables.h"
 #include "support/FakeSpreadsheet.h"
-#include "support/SampleTables.h"
-#include "support/TraceOracle.h"
 
 namespace planview::test {
 
 /// Three periods; the lines "Sales" and "Costs", a read-only "Result" and the text line "Notes"; a spreadsheet
 /// application of the test.
-class SpreadsheetTest : public TracedTest, public EventSink {
+class SpreadsheetTest : public ContextTest, public EventSink {
 protected:
-    SpreadsheetTest() : context(platform.Interfaces()), fake(std::make_shared<FakeSpreadsheet>()) {
+    SpreadsheetTest() : fake(std::make_shared<FakeSpreadsheet>()) {
         for (int i = 1; i <= 3; ++i) {
             tables.AddColumn(i, ("May 0" + std::to_string(i)).c_str(), {{"COL_HIDDEN", i == 3 ? "X" : ""}});
         }
@@ -29,15 +27,7 @@ protected:
         tables.AddValue(1, 2, 10);
         tables.AddValue(2, 1, -3);
         tables.AddValue(3, 1, 1231.5);
-        context.tables.COLS_INDEX = HostTable(tables.colsIndex);
-        context.tables.LINE_INDEX = HostTable(tables.lineIndex);
-        context.tables.TAB = HostTable(tables.tab);
-        context.tables.TAB_OLD = HostTable(tables.tabOld);
-        context.tables.FIXED_COLS = HostTable(tables.fixedCols);
-        context.tables.FIXED_LINES = HostTable(tables.fixedLines);
-        context.tables.FIXED_TAB = HostTable(tables.fixedTab);
-        context.tables.CELL_ATTR = HostTable(tables.cellAttr);
-        context.construction.CreateFromTables();
+        Build();
         context.events.AddSink(*this);
         platform.objects.Register("Excel.Application", [this] { return MakeApplication(fake); });
         platform.formCalls.clear();
@@ -72,8 +62,6 @@ protected:
         ForgetEntries();
     }
 
-    Tables tables;
-    ControlContext context;
     FakeRef fake;
     std::vector<EventId> events;
     std::function<void()> onEvent;

@@ -25,7 +25,7 @@ struct Tables {
     Tables();
     /// Hands all of them to the control.
     void GiveTo(PlanView& control) const;
-    /// The same without one.
+    /// The same to the inside of one.
     void GiveTo(TableSlots& slots) const;
 
     TableRef gridAttr;

@@ -4,20 +4,18 @@
 #include <string>
 #include <vector>
 
-#include "control/ControlContext.h"
 #include "macro/run/MacroRun.h"
 #include "macro/run/MacroText.h"
 #include "macro/tree/modMacro.h"
-#include "support/SampleTables.h"
-#include "support/TraceOracle.h"
+#include "support/ContextOnTables.h"
 
 namespace planview::test {
 
 /// Six periods "Jan" to "Jun"; the lines "Retail" 10 20 .. 60, "Trade" 1 .. 6, "Prices" (empty), "Fixed" (read-only, 5
 /// in each period), "Heading" (a text line), "Total" (100 in each period).
-class MacroEngineTest : public TracedTest {
+class MacroEngineTest : public ContextTest {
 protected:
-    MacroEngineTest() : context(platform.Interfaces()), macros(*tables.macroTree) {
+    MacroEngineTest() : macros(*tables.macroTree) {
         constexpr const char* Periods[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun"};
         for (int i = 1; i <= PeriodCount; ++i) {
             tables.AddColumn(i, Periods[i - 1]);
@@ -34,18 +32,7 @@ protected:
             tables.AddValue(4, i, 5);
             tables.AddValue(6, i, 100);
         }
-        TableSlots& slots = context.tables;
-        slots.GRID_ATTR = HostTable(tables.gridAttr);
-        slots.COLS_INDEX = HostTable(tables.colsIndex);
-        slots.LINE_INDEX = HostTable(tables.lineIndex);
-        slots.TAB = HostTable(tables.tab);
-        slots.TAB_OLD = HostTable(tables.tabOld);
-        slots.FIXED_COLS = HostTable(tables.fixedCols);
-        slots.FIXED_LINES = HostTable(tables.fixedLines);
-        slots.FIXED_TAB = HostTable(tables.fixedTab);
-        slots.CELL_ATTR = HostTable(tables.cellAttr);
-        slots.MACRO_TREE = HostTable(tables.macroTree);
-        context.construction.CreateFromTables();
+        Build();
         ForgetEntries();
     }
 
@@ -93,8 +80,6 @@ protected:
                                   true);
     }
 
-    Tables tables;
-    ControlContext context;
     MacroText macros;
 };
 
