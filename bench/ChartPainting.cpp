@@ -114,14 +114,18 @@ private:
     QVector<double> keys_;
 };
 
-void PaintPeerLines(benchmark::State& state) {
+void AddLines(PeerPlot& peer) {
     constexpr double Width = 2;
-    PeerPlot peer;
     for (int s = 0; s < Series; ++s) {
         QCPGraph* graph = peer.Plot().addGraph();
         graph->setName("Series " + QString::number(s + 1));
         graph->setPen(QPen(PeerPlot::ColorOf(s), Width));
     }
+}
+
+void PaintPeerLines(benchmark::State& state) {
+    PeerPlot peer;
+    AddLines(peer);
     QImage image;
     int round = 0;
     for ([[maybe_unused]] auto _ : state) {
@@ -134,8 +138,7 @@ void PaintPeerLines(benchmark::State& state) {
     SavePicture(image, "peer-lines");
 }
 
-void PaintPeerColumns(benchmark::State& state) {
-    PeerPlot peer;
+std::vector<QCPBars*> AddColumns(PeerPlot& peer) {
     std::vector<QCPBars*> bars;
     for (int s = 0; s < Series; ++s) {
         auto* bar = new QCPBars(peer.Plot().xAxis, peer.Plot().yAxis);
@@ -147,6 +150,12 @@ void PaintPeerColumns(benchmark::State& state) {
         }
         bars.push_back(bar);
     }
+    return bars;
+}
+
+void PaintPeerColumns(benchmark::State& state) {
+    PeerPlot peer;
+    const std::vector<QCPBars*> bars = AddColumns(peer);
     QImage image;
     int round = 0;
     for ([[maybe_unused]] auto _ : state) {
@@ -213,6 +222,64 @@ void DragFrame(benchmark::State& state, ChartType type, bool withTrend) {
     send(QEvent::MouseButtonRelease, point.y);
 }
 
+/// The least squares line through the points of a graph.
+void Fit(const QCPGraph& from, QCPGraph& line) {
+    double sumX = 0;
+    double sumY = 0;
+    double sumXX = 0;
+    double sumXY = 0;
+    for (const QCPGraphData& point : *from.data()) {
+        sumX += point.key;
+        sumY += point.value;
+        sumXX += point.key * point.key;
+        sumXY += point.key * point.value;
+    }
+    const double slope = (Categories * sumXY - sumX * sumY) / (Categories * sumXX - sumX * sumX);
+    const double base = (sumY - slope * sumX) / Categories;
+    line.setData({1, Categories}, {base + slope, base + slope * Categories}, true);
+}
+
+/// One value of the peer's plot is another one, and all of it is painted.
+template <class SetValue>
+void PeerFrames(benchmark::State& state, PeerPlot& peer, const SetValue& setValue) {
+    constexpr int Way = 40;
+    QCustomPlot& plot = peer.Plot();
+    plot.rescaleAxes();
+    plot.show();
+    QApplication::processEvents();
+    int step = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        setValue(100.0 + ++step % Way);
+        plot.replot(QCustomPlot::rpImmediateRefresh);
+        QApplication::processEvents();
+    }
+}
+
+void PeerDragLine(benchmark::State& state, bool withTrend) {
+    PeerPlot peer;
+    AddLines(peer);
+    for (int s = 0; s < Series; ++s) {
+        peer.Plot().graph(s)->setData(peer.Keys(), peer.Values(ChartType::Line, s, 0), true);
+    }
+    const QCPGraph* dragged = peer.Plot().graph(Series / 2);
+    QCPGraph* trend = withTrend ? peer.Plot().addGraph() : nullptr;
+    PeerFrames(state, peer, [&](double value) {
+        (dragged->data()->begin() + Categories / 2)->value = value;
+        if (trend) {
+            Fit(*dragged, *trend);
+        }
+    });
+}
+
+void PeerDragColumn(benchmark::State& state) {
+    PeerPlot peer;
+    const std::vector<QCPBars*> bars = AddColumns(peer);
+    for (int s = 0; s < Series; ++s) {
+        bars[static_cast<std::size_t>(s)]->setData(peer.Keys(), peer.Values(ChartType::StackedColumn, s, 0), true);
+    }
+    PeerFrames(state, peer, [&](double value) { (bars[Series / 2]->data()->begin() + Categories / 2)->value = value; });
+}
+
 BENCHMARK_CAPTURE(PaintOurs, lines, ChartType::Line, "lines")->Name("ChartLines")->Unit(benchmark::kMillisecond);
 BENCHMARK(PaintPeerLines)->Name("PeerChartLines")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(PaintOurs, columns, ChartType::StackedColumn, "columns")
@@ -224,6 +291,9 @@ BENCHMARK_CAPTURE(DragFrame, columns, ChartType::StackedColumn, false)
     ->Name("ChartDragColumn")
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(DragFrame, trend, ChartType::Line, true)->Name("ChartDragTrend")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(PeerDragLine, lines, false)->Name("PeerChartDragFrame")->Unit(benchmark::kMillisecond);
+BENCHMARK(PeerDragColumn)->Name("PeerChartDragColumn")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(PeerDragLine, trend, true)->Name("PeerChartDragTrend")->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

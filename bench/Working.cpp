@@ -17,6 +17,7 @@
 #include "BenchTables.h"
 #include "PaintCounter.h"
 #include "Peers.h"
+#include "automation/HostTable.h"
 #include "components/GridControl.h"
 #include "control/ControlParts.h"
 #include "qt/grid/GridView.h"
@@ -58,6 +59,32 @@ void EditLastCell(benchmark::State& state) {
     int count = 0;
     for ([[maybe_unused]] auto _ : state) {
         grid.EnterText(cell, std::to_string(++count) + ",5");
+    }
+    if (tables.tab->Value(FullTable, "V") != Variant(std::to_string(count) + ",5")) {
+        state.SkipWithError("the edits did not reach the last row");
+    }
+}
+
+/// What a host would do without an index: looks through TAB for the row, puts the value, keeps the old one.
+void PlainEditLastCell(benchmark::State& state) {
+    const test::Tables tables = FullTables();
+    const HostTable tab(tables.tab);
+    const HostTable old(tables.tabOld);
+    int count = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        const HostTable::Row rows = tab.RowCount();
+        HostTable::Row row = 1;
+        while (row < rows && (tab.Int16(row, "Z") != Side || tab.Int16(row, "C") != Side)) {
+            ++row;
+        }
+        const Variant before = tab.Value(row, "V");
+        tab.Put(row, "V", std::to_string(++count) + ",5");
+        if (count == 1) {
+            const HostTable::Row added = old.AddRow();
+            old.Put(added, "Z", Side);
+            old.Put(added, "C", Side);
+            old.Put(added, "V", before);
+        }
     }
     if (tables.tab->Value(FullTable, "V") != Variant(std::to_string(count) + ",5")) {
         state.SkipWithError("the edits did not reach the last row");
@@ -233,6 +260,38 @@ void TypeAndPaint(benchmark::State& state) {
     }
 }
 
+/// The same in Qt's own table, which opens and closes its editor by the same keys.
+void PeerTypeAndPaint(benchmark::State& state) {
+    QTableWidget table;
+    FillPeer(table, PeerSource(Plan(Side)));
+    table.resize(WindowSize);
+    table.show();
+    table.activateWindow();
+    table.setFocus();
+    QApplication::processEvents();
+    table.setCurrentCell(0, 2);
+    const PaintCounter painted(*table.viewport());
+    int count = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        const int digit = ++count % 10;
+        PressKey(static_cast<Qt::Key>(Qt::Key_0 + digit), QString::number(digit));
+        PressKey(Qt::Key_Return, "\r");
+        QApplication::processEvents();
+
+        state.PauseTiming();
+        if (table.item(0, 2)->text() != QString::number(digit)) {
+            state.SkipWithError("the digit is not in its cell");
+        }
+        table.setFocus();
+        table.setCurrentCell(0, 2);
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+    if (painted.Count() < state.iterations()) {
+        state.SkipWithError("not every value was painted");
+    }
+}
+
 /// As many values as TAB holds, in a grid with this many rows of 181 columns.
 void SumUp(benchmark::State& state) {
     const auto rows = static_cast<int>(state.range(0));
@@ -261,13 +320,49 @@ void SumUp(benchmark::State& state) {
     }
 }
 
+/// The same in Qt's own table: all items selected, their texts read as numbers and added up.
+void PeerSumUp(benchmark::State& state) {
+    const auto rows = static_cast<int>(state.range(0));
+    QTableWidget table;
+    FillPeer(table, PeerSource(Plan(Side)));
+    table.setRowCount(rows);
+    table.resize(WindowSize);
+    table.show();
+    QApplication::processEvents();
+    double expected = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        table.selectAll();
+        double sum = 0;
+        for (int row = 0; row < rows; ++row) {
+            for (int column = 0; column < Side; ++column) {
+                if (const QTableWidgetItem* item = table.item(row, column)) {
+                    sum += item->text().replace(',', '.').toDouble();
+                }
+            }
+        }
+        QApplication::processEvents();
+
+        state.PauseTiming();
+        expected = expected == 0 ? sum : expected;
+        if (sum == 0 || sum != expected) {
+            state.SkipWithError("not everything is summed up");
+        }
+        table.clearSelection();
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
 BENCHMARK(EditLastCell)->Unit(benchmark::kMicrosecond);
+BENCHMARK(PlainEditLastCell)->Unit(benchmark::kMicrosecond);
 BENCHMARK(PasteBlock)->Unit(benchmark::kMicrosecond);
 BENCHMARK(PeerPasteBlock)->Unit(benchmark::kMicrosecond);
 BENCHMARK(HideRows)->Unit(benchmark::kMicrosecond);
 BENCHMARK(PeerHideRows)->Unit(benchmark::kMicrosecond);
 BENCHMARK(TypeAndPaint)->Unit(benchmark::kMicrosecond);
+BENCHMARK(PeerTypeAndPaint)->Unit(benchmark::kMicrosecond);
 BENCHMARK(SumUp)->Name("SelectAll")->Arg(Side)->Arg(ManyRows)->Unit(benchmark::kMicrosecond);
+BENCHMARK(PeerSumUp)->Name("PeerSelectAll")->Arg(Side)->Arg(ManyRows)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
