@@ -297,7 +297,7 @@ void GridControl::State::SelectTrack(const Tracks& tracks, Id id, SelectionMode 
 }
 
 /// Reports what the user's action has changed: to the watcher, then to the listener when the selection is another one.
-void GridControl::State::Finish(const GridSelection& before, std::optional<Cell> currentBefore, CellKey place,
+void GridControl::State::Finish(const GridSelection& before, std::optional<Cell> currentBefore, const CellKey& place,
                                 bool selected) {
     const bool selectionChanged = !(selection == before);
     if (selectionChanged || current != currentBefore) {

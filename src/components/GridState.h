@@ -131,7 +131,7 @@ struct GridControl::State {
     void SelectCell(Cell cell, SelectionMode mode);
     template <class Tracks, class Id>
     void SelectTrack(const Tracks& tracks, Id id, SelectionMode mode);
-    void Finish(const GridSelection& before, std::optional<Cell> currentBefore, CellKey place, bool selected);
+    void Finish(const GridSelection& before, std::optional<Cell> currentBefore, const CellKey& place, bool selected);
 
     // Scrolling and borders (GridControlUser.cpp).
     [[nodiscard]] std::int16_t& SizeOf(const PressedBorder& which);

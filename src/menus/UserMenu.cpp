@@ -2,6 +2,7 @@
 #include "menus/UserMenu.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
@@ -20,8 +21,8 @@ const UserMenu::Slot& UserMenu::At(int number) const {
     return slots_[IndexOf(number)];
 }
 
-void UserMenu::Load(std::string_view method, const HostTable& table) {
-    ErrorTrap("POPUP", method, [&] {
+void UserMenu::Load(std::string_view method, HostTable table) {
+    ErrorTrap("POPUP", method, [this, method, table = std::move(table)] {
         modPlan::TraceWrite("POPUP", "", method, "{}");
         for (int i = 1; i <= used_; ++i) {
             Slot& slot = slots_[IndexOf(i)];

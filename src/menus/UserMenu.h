@@ -36,7 +36,8 @@ public:
     [[nodiscard]] int Loaded() const noexcept { return loaded_; }
 
 private:
-    void Load(std::string_view method, const HostTable& table);
+    /// Holds the table: reading it may lead the host to set another one.
+    void Load(std::string_view method, HostTable table);
     [[nodiscard]] static std::size_t IndexOf(int number);
 
     std::array<Slot, MaxSlots> slots_;
