@@ -172,7 +172,7 @@ void PaintPeerColumns(benchmark::State& state) {
 /// Lets every point be moved.
 class Willing final : public ChartEvents {
 public:
-    void MouseDown(std::int16_t, std::int16_t, const ChartHit&) override {}
+    void MouseDown(MouseButton, ShiftState, const ChartHit&) override {}
     void Selected(const ChartHit&) override {}
     void Drag(const std::string&) override {}
     void DragDrop(const std::string&) override {}

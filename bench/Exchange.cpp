@@ -55,7 +55,7 @@ void Download(benchmark::State& state) {
     Exchange exchange;
     const TemporaryWorkbook file("-download.xlsx");
     for ([[maybe_unused]] auto _ : state) {
-        if (const std::string error = exchange.control.DownloadTo(file.path); !error.empty()) {
+        if (const std::string error = exchange.control.Exchange().DownloadTo(file.path); !error.empty()) {
             state.SkipWithError(error.c_str());
         }
     }
@@ -65,11 +65,11 @@ void Download(benchmark::State& state) {
 void Upload(benchmark::State& state) {
     Exchange exchange;
     const TemporaryWorkbook file("-upload.xlsx");
-    (void)exchange.control.DownloadTo(file.path);
+    (void)exchange.control.Exchange().DownloadTo(file.path);
     exchange.tables.tab->SetValue(1, "V", 4711);
     exchange.control.DP_Import_Create();
     for ([[maybe_unused]] auto _ : state) {
-        const UploadPreview preview = exchange.control.PreviewUpload(file.path);
+        const UploadPreview preview = exchange.control.Exchange().PreviewUpload(file.path);
         if (preview.changes.size() != 1) {
             state.SkipWithError("one cell should differ");
         }
@@ -83,7 +83,7 @@ BENCHMARK(Upload)->Unit(benchmark::kMicrosecond);
 
 std::function<void(const std::string&)> PreparedDownload() {
     return [exchange = std::make_shared<Exchange>()](const std::string& path) {
-        (void)exchange->control.DownloadTo(path);
+        (void)exchange->control.Exchange().DownloadTo(path);
     };
 }
 

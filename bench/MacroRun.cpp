@@ -67,12 +67,12 @@ void Run(benchmark::State& state, const char* targetType, const std::string& tar
     control.DP_Import_MacroTree();
     control.DP_Import_Create();
     for ([[maybe_unused]] auto _ : state) {
-        const MacroResult result = control.RunMacro(macro);
+        const MacroResult result = control.Macros().Run(macro);
         state.PauseTiming();
         if (!result.done || result.cells != (changes ? Side * Side : 0)) {
             state.SkipWithError(result.message.c_str());
         }
-        control.Undo();
+        control.Editing().Undo();
         tables.tabOld->Clear();  // as after accepting the changes
         state.ResumeTiming();
     }

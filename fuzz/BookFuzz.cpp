@@ -160,9 +160,9 @@ void Work(BookStore& store, const Book& book) {
     control.DP_Import_Texts();
     control.DP_Import_PopupMenu();
     control.DP_Import_Create();
-    control.Delete();
-    control.HideRows();
-    control.Undo();
+    control.Editing().DeleteContents();
+    control.View().HideRows();
+    control.Editing().Undo();
     static_cast<void>(store.Write(before.ChangesIn(book)));
     static_cast<void>(store.EndPendingChanges(BookStore::OldValues::PutBack));
     static_cast<void>(store.Load());

@@ -224,7 +224,7 @@ void Host::UseGrid() {
             break;
         case 7:
             UseMenu();
-            grid.ReportMouseDown(*cell, static_cast<std::int16_t>(1 + input_.Below(2)), 0);
+            grid.ReportMouseDown(*cell, input_.Below(2) ? MouseButton::Right : MouseButton::Left, ShiftState::None);
             break;
         case 8:
             grid.ReportKeyDown(static_cast<std::int16_t>(input_.Below(8)), input_.Byte());
@@ -277,7 +277,7 @@ void Host::UseChart() {
             if (input_.Byte() % 2 != 0) {
                 chart.UserSelected(hit);
             } else {
-                chart.UserPressed(2, 0, hit);
+                chart.UserPressed(MouseButton::Right, ShiftState::None, hit);
             }
             break;
         }
@@ -310,32 +310,32 @@ void Host::Step(bool mayEnd) {
             control_->SetTable(TableNames()[input_.Byte() % DescribeTables().size()], nullptr);
             break;
         case 10:
-            control_->SwitchChart();
+            control_->View().SwitchChart();
             break;
         case 11:
             platform_.onClipboard.text = input_.Text();
-            control_->Paste();
+            control_->Editing().Paste();
             break;
         case 12:
-            control_->Fill();
+            control_->Editing().Fill();
             break;
         case 13:
-            control_->Undo();
+            control_->Editing().Undo();
             break;
         case 14:
-            control_->Redo();
+            control_->Editing().Redo();
             break;
         case 15:
-            control_->HideRows();
+            control_->View().HideRows();
             break;
         case 19:
-            control_->ShowRows();
+            control_->View().ShowRows();
             break;
         case 16:
-            control_->ShowSelectedRowsInChart();
+            control_->View().ShowSelectedRowsInChart();
             break;
         case 17:
-            control_->SetLocked(input_.Below(2) != 0);
+            control_->Editing().SetReadOnly(input_.Below(2) != 0);
             break;
         case 18:
             if (mayEnd && input_.Byte() == 255) {

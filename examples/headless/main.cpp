@@ -78,7 +78,7 @@ int main(int argc, char* argv[]) {
     }
     control.DP_Import_Update();
 
-    const std::string fault = control.DownloadTo(std::filesystem::absolute(argv[1]).string());
+    const std::string fault = control.Exchange().DownloadTo(std::filesystem::absolute(argv[1]).string());
     if (!fault.empty()) {
         std::cerr << fault << '\n';
         return 1;

@@ -44,7 +44,8 @@ private:
 /// An object reached late-bound: by member name or by member number.
 ///
 /// The host implements it for its own tables; the control implements it for itself. Every method may throw
-/// AutomationError (any other exception is treated alike). Member names are compared without regard to case.
+/// AutomationError (any other exception is treated alike). Member names are compared without regard to case. The
+/// control calls its tables on its own thread only, at any access and in any order, and keeps them alive while it does.
 class PLANVIEW_EXPORT AutomationObject {
 public:
     /// What a call hands over, in the order of the member's arguments; valid for the length of the call.
@@ -63,7 +64,7 @@ public:
 
 protected:
     /// @{
-    /// Made and copied as a part of what implements it only.
+    /// Only derived classes construct or copy it.
     AutomationObject() = default;
     AutomationObject(const AutomationObject&) = default;
     AutomationObject& operator=(const AutomationObject&) = default;

@@ -19,7 +19,7 @@ enum class Command : DispatchId {
     Copy = 1004,
     Paste = 1005,
     Fill = 1006,
-    Delete = 1007,
+    DeleteContents = 1007,
     Raise = 1008,
     HideRows = 1009,
     HideColumns = 1010,
@@ -110,13 +110,13 @@ enum class CommandGroup {
 
 /// What is fixed of a command.
 struct CommandDescription {
-    Command command;           ///< which
+    Command command;           ///< its number
     std::string_view name;     ///< for late binding; in macros and popups, too: "CellCopy"
     std::string_view caption;  ///< "&Copy", with "&" before the mnemonic
     std::string_view key;      ///< the usual one, "Ctrl+C"; empty for none
     std::string_view icon;     ///< the name of a built-in picture, as in BITMAP fields; empty for none
-    CommandGroup group;        ///< where it stands in menus
-    bool checkable;            ///< it is on or off, which menus show by a mark
+    CommandGroup group;        ///< with which others it stands
+    bool checkable;            ///< whether it can be checked, as a switch is
     /// What a call takes: nothing; one argument (Raise: the percentage; SelectHeadings: keys with "," between them); or
     /// two, keys and a size in logical pixels.
     int argumentCount;
@@ -124,10 +124,10 @@ struct CommandDescription {
 
 /// What is true of a command now.
 struct CommandState {
-    bool enabled = false;  ///< it can be run
-    bool checked = false;  ///< it is on; only of those that are checkable
-    std::string reason;   ///< why it is not enabled, a sentence for the user; empty where it is
-    std::string caption;  ///< that of the description, or another one for as long as the state lasts
+    bool enabled = false;  ///< can be chosen
+    bool checked = false;  ///< what it switches is on
+    std::string reason;    ///< why it is not enabled, a sentence for the user; empty where it is
+    std::string caption;   ///< that of the description, or another one for as long as the state lasts
 };
 
 /// All commands, ordered by number: in the order in which those of a group stand in a menu.

@@ -38,6 +38,19 @@ enum class EventId : std::int32_t {
     MacroRecordSave = 20
 };
 
+/// The `Popup` of `GridPopupMenuPressed`: whose popup it was.
+enum class PopupOwner : std::int16_t { Grid = 10, Column = 20, Row = 30, Cell = 40 };
+
+/// The `Action` of `MacroTreeNodeDropped`: what the host is to do, and where beside or below the node `NodeRefKey`.
+enum class DropAction : std::int16_t {
+    NewBefore = 1,    ///< a new node before it
+    NewAfter = 2,     ///< a new node behind it
+    NewBelow = 3,     ///< a new node, the last one below it
+    MovedBefore = 4,  ///< the node `NodeType` goes before it
+    MovedAfter = 5,   ///< the node `NodeType` goes behind it
+    MovedBelow = 6    ///< the node `NodeType` becomes the last one below it
+};
+
 /// One argument of an event.
 struct EventArgument {
     std::string_view name;  ///< as the event's own signature has it ("ColPos")
@@ -104,15 +117,14 @@ public:
     virtual void MacroTreeMouseDown(const std::string& NodeKey, const std::string& Switch);
     /// A node of the macro tree was closed.
     virtual void GridTreeMacroCollapse(const std::string& NodeKey, const std::string& Switch);
-    /// An entry from one of the host's menu tables was chosen. `Popup` is 10 for the grid's popup, 20 a column's, 30 a
-    /// row's, 40 a cell's; `UComm` the entry's `PFID` as text; the rest is the place that was clicked.
+    /// An entry from one of the host's menu tables was chosen. `Popup` is a PopupOwner, `UComm` the entry's `PFID` as
+    /// text; the rest is the place that was clicked.
     virtual void GridPopupMenuPressed(std::int16_t Popup, const std::string& UComm, std::int16_t Column,
                                       const std::string& ColPos, std::int16_t Row, const std::string& RowPos);
     /// Return was pressed in the grid. Prepared as GridStartUpdate().
     virtual void GridReturnKeyPressed();
-    /// The host is to change MACRO_TREE and to build the tree again. A new node: `Action` 1 before the node
-    /// `NodeRefKey`, 2 behind it (`NodeType` "INSERT"), 3 one level below it ("CREATE"). A node that was dragged, whose
-    /// key is `NodeType`: 4 before, 5 behind, 6 below `NodeRefKey`.
+    /// The host is to change MACRO_TREE and to build the tree again. `Action` is a DropAction. `NodeType` is "INSERT"
+    /// or, for a node one level below, "CREATE"; of a node that was dragged, its key.
     virtual void MacroTreeNodeDropped(const std::string& NodeRefKey, const std::string& NodeType, std::int16_t Action);
     /// The whole macro tree was opened, a node renamed, or a macro edited: MACRO_TREE has changed.
     virtual void MacroTreeExpand();

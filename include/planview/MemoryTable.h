@@ -19,6 +19,7 @@ namespace planview {
 /// Offers what the control asks of every table: `rowCount`, the default member (row, field) to get and to put, and
 /// `Rows` with `Rows(i)` and `Add`. Rows are numbered from 1. A field that was not listed at construction is an
 /// UnknownMember error, a row outside 1 .. RowCount() a SubscriptOutOfRange error. Field names are compared exactly.
+/// Used on one thread; it may be changed at any time, also from inside an event.
 class PLANVIEW_EXPORT MemoryTable final : public AutomationObject {
 public:
     /// An empty table with these fields, in this order.

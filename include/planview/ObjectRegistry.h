@@ -11,7 +11,8 @@
 
 namespace planview {
 
-/// An object factory that makes what the host has registered. Identifiers are compared without regard to case.
+/// An object factory that makes what the host has registered. Identifiers are compared without regard to case. Used on
+/// one thread; an object that was made may outlive it.
 class PLANVIEW_EXPORT ObjectRegistry final : public ObjectFactory {
 public:
     /// Makes one object. What it throws goes to the caller of Create().

@@ -10,12 +10,16 @@
 #include <vector>
 
 #include <planview/AutomationObject.h>
-#include <planview/CellKey.h>
 #include <planview/Commands.h>
+#include <planview/Diagnostics.h>
+#include <planview/Editing.h>
 #include <planview/Events.h>
+#include <planview/Exchange.h>
 #include <planview/Export.h>
+#include <planview/Macros.h>
 #include <planview/Platform.h>
-#include <planview/Spreadsheet.h>
+#include <planview/Recording.h>
+#include <planview/View.h>
 
 /// The planning table. `PlanView` is the control, `PlanViewWidget` the same as a Qt widget.
 namespace planview {
@@ -26,13 +30,6 @@ struct MemberDescription {
     std::string_view name;  ///< "DP_Import_Create"
     /// Arguments that a call takes: none, a text (`plv_ActiveNode`) or a table (the setters).
     int argumentCount;
-};
-
-/// What became of a macro that was run or replayed.
-struct MacroResult {
-    bool done = false;    ///< false: nothing was changed
-    int cells = 0;        ///< that were given a value
-    std::string message;  ///< for the user: what was done, or what is wrong, where, and what now
 };
 
 /// The 65 members in their order.
@@ -61,6 +58,15 @@ struct MacroResult {
 /// Threads: a control is called, raises its events and ends on the thread that created it. Controls on different
 /// threads do not disturb each other, where each thread has tables and platforms of its own. The trace is shared by all
 /// controls of a process, on whatever threads they are, and is safe to share.
+///
+/// Lifetimes: a table is held until it is replaced or the control ends. The pieces of the platform and the sinks stay
+/// the host's and must outlive the control, a sink until RemoveSink(); listeners are copied. On the control's thread
+/// the host may at any time destroy the control, take tables back, add and remove sinks and listeners, also from inside
+/// an event, a listener, a table that is being read or a piece of the platform: what was under way then ends quietly.
+///
+/// Callbacks: tables, sinks, listeners and the platform are called only while a call of the host is under way, or while
+/// a window hands on what the user does (PlanViewWidget: from Qt's event loop). Nothing is called later, or from a
+/// thread of the control's own.
 class PLANVIEW_EXPORT PlanView final : public AutomationObject {
 public:
     /// Always 0.
@@ -179,25 +185,6 @@ public:
     /// The sink hears nothing more, also of an event that is being told. Nothing for one that was not added.
     void RemoveSink(EventSink& sink) noexcept;
 
-    /// Called when an action of the user begins (true) that announces several values by `GridValueChanged`, and when it
-    /// has ended (false), so that a host can keep what it hears in between as one. A single value's event comes outside
-    /// of any. There is one listener; an empty one takes it away.
-    void SetBulkListener(std::function<void(bool running)> listener);
-
-    /// Whether the user may edit nothing at all, for a host that can keep no change. Outlives a rebuild; the host
-    /// itself may change its tables as before.
-    void SetLocked(bool locked) noexcept;
-    /// What SetLocked() was last told; false at first.
-    [[nodiscard]] bool IsLocked() const noexcept;
-
-    /// The planning cells that show another value than TAB_OLD keeps for them: what the user has changed and the host
-    /// has not taken over yet.
-    [[nodiscard]] std::vector<CellKey> PendingCells() const;
-
-    /// Called to show the user beside a cell why it does not take a value; false where that is not possible, and then a
-    /// message box says it. There is one listener; an empty one takes it away.
-    void SetHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener);
-
     // --- Commands for the host's own menus --------------------------------------------------------------------------
 
     /// Runs any command with the arguments that DescribeCommands() says, as the user would from a menu, and records it
@@ -213,116 +200,20 @@ public:
     /// event is over. There is one listener; an empty one takes it away.
     void SetCommandListener(std::function<void()> listener);
 
-    /// Takes back the user's last change of values, however many cells it was; nothing where there is none. Undoing and
-    /// redoing write the tables and raise the events as any other change does. A rebuild ends the history.
-    void Undo();
-    /// Makes the change again that Undo() took back last; nothing after another change of values.
-    void Redo();
-    /// Whether Undo() has something to take back.
-    [[nodiscard]] bool CanUndo() const noexcept;
-    /// Whether Redo() has something to make again.
-    [[nodiscard]] bool CanRedo() const noexcept;
-    /// Puts the selected block on the clipboard, the current cell where nothing is selected. Says so where the selected
-    /// cells form no block.
-    void Copy();
-    /// Copy(), then Delete().
-    void Cut();
-    /// Puts the clipboard's cells from the first selected one on, or over the selection where they fit it a whole
-    /// number of times. Cells that take no value are left out and the user is told how many.
-    void Paste();
-    /// Gives every selected cell the value of the first one.
-    void Fill();
-    /// Empties the selected planning cells.
-    void Delete();
-    /// Multiplies the numbers of the selected planning cells by 1 + percent / 100, -1,000,000 .. 1,000,000; empty cells
-    /// stay empty. One change, undone as one; what may not change is left alone and named.
-    void RaiseSelected(double percent);
-    /// Shows or hides the chart pane.
-    void SwitchChart();
-    /// Whether the chart belongs to the view; a zoomed grid hides it all the same.
-    [[nodiscard]] bool ChartShown() const noexcept;
-    /// Shows or hides the macro tree pane, and writes it into `HIDDEN_LIST` of GRID_ATTR; needs layout mode.
-    void SwitchMacroTree();
-    /// Whether the macro tree pane belongs to the view; false without layout mode.
-    [[nodiscard]] bool MacroTreeShown() const noexcept;
-    /// @{
-    /// Puts exactly the columns (rows) whose headers are selected into the chart.
-    void ShowSelectedColumnsInChart();
-    void ShowSelectedRowsInChart();
-    /// @}
-    /// Ends the chart's forecast view: LINE_INDEX and COLS_INDEX have the marks for the chart again that they had
-    /// before it. For a host that is about to put its tables away; nothing in another view.
-    void LeaveForecastView();
-    /// @{
-    /// Hides the columns whose headings are selected, writes it into COLS_INDEX and raises `GridStartUpdate`; hidden
-    /// ones can be selected along with those around them, and so be shown again. The same for rows and LINE_INDEX.
-    void HideColumns();
-    void ShowColumns();
-    void HideRows();
-    void ShowRows();
-    /// @}
+    // --- The rest of the interface, part by part --------------------------------------------------------------------
 
-    // --- Exchange with a spreadsheet application ("Excel.Application" of the platform's objects) --------------------
-
-    /// @{
-    /// How workbooks are written and where their dialogs open; kept for the life of the control.
-    void SetSpreadsheetOptions(SpreadsheetOptions options);
-    [[nodiscard]] const SpreadsheetOptions& GetSpreadsheetOptions() const noexcept;
-    /// @}
-    /// @{
-    /// Ask for a file, work and tell what went wrong, as the entries of the grid's popup do.
-    void Download();
-    void Upload();
-    /// @}
-    /// Writes the grid into a new workbook without asking. A sentence about what went wrong, empty when the file is
-    /// written; a failure leaves an older file of that name as it was. `path` in UTF-8.
-    [[nodiscard]] std::string DownloadTo(const std::string& path);
-    /// What an upload of the workbook would change. Changes nothing.
-    [[nodiscard]] UploadPreview PreviewUpload(const std::string& path);
-    /// Applies the ticked changes of a preview as one action of the user: one undo step, events as for a paste. Cells
-    /// that have changed since the preview was made are left alone.
-    UploadResult ApplyUpload(const UploadPreview& preview);
-
-    // --- Recording and replaying
-    // --------------------------------------------------------------------------------------
-
-    /// Records what the user does from now on into MACROREC, or goes on with a recording that was paused. What was in
-    /// MACROREC is dropped when a recording begins. Says so where there is no such table.
-    void StartRecording();
-    /// Records nothing until StartRecording(); what is recorded stays.
-    void PauseRecording();
-    /// Raises `MacroRecordSave`, at which a host keeps the recording.
-    void StopRecording();
-    /// Drops the last recorded step; what it did stays done.
-    void UndoRecordedStep();
-    /// Whether there is a recording that has not been stopped, be it paused or not.
-    [[nodiscard]] bool IsRecording() const noexcept;
-    /// Whether there is a recording, and it is paused.
-    [[nodiscard]] bool IsRecordingPaused() const noexcept;
-    /// How many steps the recording has, be it paused or not; 0 without one.
-    [[nodiscard]] int RecordedSteps() const noexcept;
-    /// Called when one of the three above is another. There is one listener; an empty one takes it away.
-    void SetRecordingListener(std::function<void()> listener);
-    /// Keeps the steps in MACROREC as a node of MACRO_TREE with this text, last below the node `parentNode` or among
-    /// the roots, and builds the tree anew. Answers the key of the new node; empty, and told to the user, where there
-    /// is nothing to keep or MACRO_TREE cannot take it.
-    std::string KeepRecording(const std::string& name, const std::string& parentNode = {});
-    /// Replays the recording that is the MACRO_TREE node with this key. Steps find their lines and periods by the key
-    /// while it has still the caption of the recording, else by the caption when it is the only one; a step that does
-    /// not find them ends the replay before anything is changed. All values are one change, undone as one.
-    /// `onSelectedLine` takes the selected line (that of the selected cells) in the place of the one that the recording
-    /// is about; it has to be about one alone.
-    MacroResult ReplayMacro(const std::string& nodeKey, bool onSelectedLine = false);
-    /// Runs the MACRO_TREE node with this key: a macro, or a recording as ReplayMacro() does. A macro computes
-    /// everything first; whatever is wrong then (the check, a division by zero, a cell that may not be changed),
-    /// nothing is changed. Its values are one change, undone as one. `onSelectedLine` as for ReplayMacro().
-    MacroResult RunMacro(const std::string& nodeKey, bool onSelectedLine = false);
-    /// Says what would keep the macro from running, each problem on a line of its own; `done` where nothing would.
-    MacroResult CheckMacro(const std::string& nodeKey);
-    /// Moves a MACRO_TREE node, with all below it, as `MacroTreeNodeDropped` reports it: `action` 4 before, 5 after, 6
-    /// as the last one below the target. What does not go there is not moved; the macro editor says why. The host hears
-    /// of the change by `MacroTreeExpand`.
-    void MoveMacroNode(const std::string& nodeKey, const std::string& target, std::int16_t action);
+    /// Undo, the clipboard, read only, what is pending.
+    [[nodiscard]] planview::Editing Editing() noexcept { return planview::Editing(*this); }
+    /// Panes, hidden columns and rows, what is in the chart; focus and size.
+    [[nodiscard]] planview::View View() noexcept { return planview::View(*this); }
+    /// Workbooks.
+    [[nodiscard]] planview::Exchange Exchange() noexcept { return planview::Exchange(*this); }
+    /// Running macros and recordings.
+    [[nodiscard]] planview::Macros Macros() noexcept { return planview::Macros(*this); }
+    /// Recording what the user does.
+    [[nodiscard]] planview::Recording Recording() noexcept { return planview::Recording(*this); }
+    /// The trace.
+    [[nodiscard]] planview::Diagnostics Diagnostics() noexcept { return planview::Diagnostics(*this); }
 
     // --- Late binding -----------------------------------------------------------------------------------------------
 
@@ -337,27 +228,16 @@ public:
     /// another number, and WrongArguments for another number of arguments.
     Variant Call(DispatchId member, Arguments arguments) override;
 
-    // --- What the window tells the control --------------------------------------------------------------------------
+    // --- The end ----------------------------------------------------------------------------------------------------
 
-    /// @{
-    /// The keyboard focus comes to the control or leaves it, and comes to its own surface or leaves it. Each leaves its
-    /// trace entry and does nothing else.
-    void EnterFocus();
-    void ExitFocus();
-    void GotFocus();
-    void LostFocus();
-    /// @}
-    /// The control's new size in logical pixels.
-    void Resize(int width, int height);
     /// Ends the grid, releases the tables in their order and, when tracing is on, ends the trace. Safe to call twice.
     /// Afterwards the methods and setters do nothing; the getters answer a null reference, and where another control
     /// has switched the trace on they still leave their entry.
     void Terminate();
 
 private:
-    friend class ControlParts;  // src/control: by it the widget reaches what it shows
-    struct State;
-    std::shared_ptr<State> state_;
+    friend class Facet;
+    std::shared_ptr<detail::ControlState> state_;
 };
 
 }  // namespace planview

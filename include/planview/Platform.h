@@ -21,7 +21,7 @@ enum class MessageAnswer { Ok, Cancel, Yes, No };
 
 /// What a message box says and offers.
 struct MessageBoxRequest {
-    std::string text;                             ///< UTF-8, shown letter by letter; may have several lines
+    std::string text;                             ///< UTF-8, shown verbatim; may have several lines
     std::string title;                            ///< of the window; empty for the desktop's own
     MessageButtons buttons = MessageButtons::Ok;  ///< which can be pressed
     MessageIcon icon = MessageIcon::None;         ///< beside the text
@@ -109,7 +109,7 @@ struct Rgb {
     friend bool operator==(const Rgb&, const Rgb&) = default;
 };
 
-/// One entry of a popup menu. Captions are shown letter by letter: none of their characters is a mnemonic.
+/// One entry of a popup menu. Captions are shown verbatim: no character is a mnemonic.
 struct PopupEntry {
     std::string name;                 ///< what Popups::Choose() answers; empty for separators and submenus
     std::string caption;              ///< of any length

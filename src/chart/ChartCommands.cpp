@@ -63,7 +63,7 @@ void ChartCommands::SerieType(std::int16_t code) {
     ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
         const std::string key = lineIndex.Text(row, "GRID_ID");
         const std::int16_t series = CodeIn(lineIndex, row, "CHART_ID");
-        if (series != 0 && parts_.driver.HeaderSelected({{}, key}) == 1) {
+        if (series != 0 && parts_.driver.HeadingSelected({{}, key}) == 1) {
             lineIndex.Put(row, "CHART_TYPE", code);
             modChart::SeriesCollection(parts_.chart.Object(), series, code);
         }
@@ -122,7 +122,7 @@ void ChartCommands::ShowInChart(const HostTable& slot, bool columns) {
     ForEachIndexRow(table, [&](HostTable::Row row) {
         const std::string key = table.Text(row, "GRID_ID");
         const CellKeyView keys = columns ? CellKeyView{key, {}} : CellKeyView{{}, key};
-        table.PutFlag(row, ShowChart, parts_.driver.HeaderSelected(keys) == 1);
+        table.PutFlag(row, ShowChart, parts_.driver.HeadingSelected(keys) == 1);
         if (modPlan::TraceEnabled) {
             modPlan::TraceWrite(modChart::Label, "", columns ? "ColsShowInChart" : "RowsShowInChart",
                                 TraceText("{column:", key, "}"));

@@ -60,7 +60,7 @@ std::string CannotEdit(const CommandSituation& now) {
     }
     if (!now.IsClicked() && now.SeveralCellsSelected()) {
         // Some of them may take values; the command counts those that do not.
-        return grid.IsLocked() ? std::string(RefusalText(Refusal::Locked)) : std::string();
+        return grid.IsReadOnly() ? std::string(RefusalText(Refusal::TableReadOnly)) : std::string();
     }
     return std::string(RefusalText(RefusalOf(grid, *cell)));
 }

@@ -370,7 +370,7 @@ constexpr CommandRow Table[] = {
         .Unless(NothingToFill)
         .Recorded(StepKind::Values)
         .Traced(Grid, "Fill"),
-    Row(Command::Delete, "CellDelete", Group::Cells, "&Delete",
+    Row(Command::DeleteContents, "CellDelete", Group::Cells, "&Delete",
         [](On& on, Call&) { on.clipboard.DeleteCellContents(); })
         .Key("Del")
         .Unless(CannotEdit)

@@ -10,16 +10,6 @@
 
 namespace planview {
 
-/// The third argument of `MacroTreeNodeDropped`.
-enum class DropAction : std::int16_t {
-    NewBefore = 1,
-    NewAfter = 2,
-    NewBelow = 3,
-    MovedBefore = 4,  // the type is the key of the moved node from here on
-    MovedAfter = 5,
-    MovedBelow = 6
-};
-
 void RaiseMacroTreeNodeDropped(EventSource& events, const std::string& target, const std::string& type,
                                DropAction action);
 

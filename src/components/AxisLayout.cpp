@@ -48,7 +48,7 @@ void AxisLayout::Update(const GridControl& grid, Axis axis, int labelWidth) {
     // Across the screen a track counts by its width, down the screen by its height; only the label differs.
     const auto layOut = [&](auto trackOf, auto area, int labelSize, std::vector<AxisItem>& items) {
         const auto sizeOf = [horizontal, labelSize](auto id, const auto& track) {
-            if (id.value == HeaderTrack) {
+            if (id.value == HeadingTrack) {
                 return labelSize;
             }
             return static_cast<int>(horizontal ? track.width : track.height);

@@ -14,7 +14,7 @@ namespace planview {
 class GridControl;
 
 /// The id of both the label column and the heading row.
-inline constexpr std::int32_t HeaderTrack = 0;
+inline constexpr std::int32_t HeadingTrack = 0;
 
 /// One visible column or row on its way along a screen axis, in logical pixels.
 struct AxisItem {

@@ -418,12 +418,12 @@ std::string GridControl::DisplayText(Cell cell, const CellLook& look, std::optio
     return look.format && number ? look.format->Format(*number) : Contents(cell);
 }
 
-void GridControl::SetLocked(bool locked) noexcept {
-    state_->locked = locked;
+void GridControl::SetReadOnly(bool readOnly) noexcept {
+    state_->readOnly = readOnly;
 }
 
-bool GridControl::IsLocked() const noexcept {
-    return state_->locked;
+bool GridControl::IsReadOnly() const noexcept {
+    return state_->readOnly;
 }
 
 std::uint64_t GridControl::BuildVersion() const noexcept {

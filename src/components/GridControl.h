@@ -132,8 +132,8 @@ public:
     GridStatus SetSelection(CellKeyView keys, bool redraw);
     /// The same places taken out of the selection; the corner (label column, heading row) clears all of it.
     GridStatus DeleteSelection(CellKeyView keys, bool redraw);
-    /// 19 for a selectable column header, 20 for a selectable row header, else 0.
-    [[nodiscard]] int HeaderKind(CellKeyView keys) const;
+    /// 19 for a selectable column heading, 20 for a selectable row heading, else 0.
+    [[nodiscard]] int HeadingKind(CellKeyView keys) const;
     /// Whether the whole column or row (one key empty) or the cell (both keys) is selected.
     [[nodiscard]] bool IsSelected(CellKeyView keys) const;
 
@@ -162,7 +162,7 @@ public:
     GridStatus ScrollToColumn(ColumnId column);
     GridStatus ScrollToRow(RowId row);
 
-    /// Resizing by the header border: press, any number of drags, release. Sizes are clamped to 1 .. MaxTrackSize. The
+    /// Resizing by the heading border: press, any number of drags, release. Sizes are clamped to 1 .. MaxTrackSize. The
     /// listener hears one event, on release, if the size has changed by then. `switchedSize` means the size that counts
     /// when switched. The label column's own border changes LabelColumnWidth; the lower border of a heading changes the
     /// size that it takes from the first planning column or row.
@@ -170,7 +170,7 @@ public:
     GridStatus PressRowBorder(RowId row, bool switchedSize);
     GridStatus DragBorder(int size);
     GridStatus ReleaseBorder();
-    /// Restores the size that the header had when it was pressed; raises no event.
+    /// Restores the size that the heading had when it was pressed; raises no event.
     GridStatus CancelBorder();
 
     /// Asks the listener to take the text that the user entered, and the cell shows what the listener sets; without a
@@ -179,7 +179,7 @@ public:
     void ReportStay();
     void ReportDoubleClick(Cell cell);
     void ReportSimpleClick(Cell cell);
-    void ReportMouseDown(Cell cell, std::int16_t button, std::int16_t shift);
+    void ReportMouseDown(Cell cell, MouseButton button, ShiftState shift);
     void ReportMenuKey();
     bool ReportKeyDown(std::int16_t shift, std::int16_t keyCode);
     void ReportKeyPress(std::int16_t character);
@@ -190,8 +190,8 @@ public:
     GridStatus ReportShowHidden(RowId beside, HiddenSide side);
 
     /// Whether the user may not edit anything. Survives Destroy(); binds only those who ask the cell's rules.
-    void SetLocked(bool locked) noexcept;
-    [[nodiscard]] bool IsLocked() const noexcept;
+    void SetReadOnly(bool readOnly) noexcept;
+    [[nodiscard]] bool IsReadOnly() const noexcept;
 
     // --- Reading, by id. One that names nothing in this grid, such as one from before a rebuild, reads as a hidden
     // column or row without a key, and its cells as empty ones.

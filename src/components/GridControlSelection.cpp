@@ -12,8 +12,8 @@ namespace {
 
 using Kind = SelectionPlace::Kind;
 
-constexpr int ColumnHeaderKind = 19;
-constexpr int RowHeaderKind = 20;
+constexpr int ColumnHeadingKind = 19;
+constexpr int RowHeadingKind = 20;
 
 CellKey CornerKey() {
     return {std::string(LabelColumnKey), std::string(HeadingRowKey)};
@@ -118,15 +118,15 @@ GridStatus GridControl::DeleteSelection(CellKeyView keys, bool redraw) {
     return state.Done(redraw);
 }
 
-int GridControl::HeaderKind(CellKeyView keys) const {
+int GridControl::HeadingKind(CellKeyView keys) const {
     SelectionPlace place;
     if (state_->FindPlace(keys, place) != GridStatus::Ok) {
         return 0;
     }
     if (place.kind == Kind::Column && state_->columns.At(place.cell.column).selectable) {
-        return ColumnHeaderKind;
+        return ColumnHeadingKind;
     }
-    return place.kind == Kind::Row && state_->rows.At(place.cell.row).selectable ? RowHeaderKind : 0;
+    return place.kind == Kind::Row && state_->rows.At(place.cell.row).selectable ? RowHeadingKind : 0;
 }
 
 bool GridControl::IsSelected(CellKeyView keys) const {

@@ -94,7 +94,7 @@ GridStatus GridControl::ScrollToRow(RowId row) {
     return state_->rows.Has(row) ? SetFirstRow(state_->rows.At(row).key, true) : GridStatus::UnknownRow;
 }
 
-// --- Header borders
+// --- Borders of headings
 
 std::int16_t& GridControl::State::SizeOf(const PressedBorder& which) {
     switch (which.size) {
@@ -217,13 +217,13 @@ void GridControl::State::ReportResized(const PressedBorder& released) {
             events->ColumnResized(key, size);
             break;
         case Size::ColumnHeight:
-            events->HeaderHeightResized(key, size);
+            events->HeadingHeightResized(key, size);
             break;
         case Size::RowHeight:
             events->RowResized(key, size);
             break;
         case Size::RowWidth:
-            events->HeaderWidthResized(key, size);
+            events->HeadingWidthResized(key, size);
             break;
     }
 }
@@ -261,7 +261,7 @@ void GridControl::ReportSimpleClick(Cell cell) {
     }
 }
 
-void GridControl::ReportMouseDown(Cell cell, std::int16_t button, std::int16_t shift) {
+void GridControl::ReportMouseDown(Cell cell, MouseButton button, ShiftState shift) {
     if (state_->events && state_->Check(cell) == GridStatus::Ok) {
         state_->events->MouseDown(state_->KeyOf(cell), button, shift);
     }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "components/GridTypes.h"
+#include "components/InputTypes.h"
 
 namespace planview {
 
@@ -41,8 +42,8 @@ public:
     /// Sizes in logical pixels. The heading sizes are those of columns shown as rows and rows shown as columns.
     virtual void ColumnResized(const std::string& column, int width) = 0;
     virtual void RowResized(const std::string& row, int height) = 0;
-    virtual void HeaderHeightResized(const std::string& column, int height) = 0;
-    virtual void HeaderWidthResized(const std::string& row, int width) = 0;
+    virtual void HeadingHeightResized(const std::string& column, int height) = 0;
+    virtual void HeadingWidthResized(const std::string& row, int width) = 0;
     /// A whole column is named by its heading cell, a whole row by its label cell, everything by the corner (label
     /// column, heading row). `selected` is the state of that place now. Not called when the selection does not change.
     virtual void SelectionChanged(const CellKey& cell, bool selected) = 0;
@@ -51,15 +52,14 @@ public:
     /// The user ended an entry without leaving the cell.
     virtual void StayCell() = 0;
     virtual void DoubleClick(const CellKey& cell) = 0;
-    /// A click on the cell or header that selected nothing else and dragged nothing.
+    /// A click on the cell or heading that selected nothing else and dragged nothing.
     virtual void SimpleClick(const CellKey& cell) = 0;
-    /// `button`: 1 left, 2 right. `shift`: 1 Shift, 2 Ctrl and 4 Alt, added.
-    virtual void MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) = 0;
+    virtual void MouseDown(const CellKey& cell, MouseButton button, ShiftState shift) = 0;
     /// The user asked by key for the menu of what is selected: the current cell, the heading of its column or the label
     /// of its row where those are selected as a whole, and the corner where both are, or where no cell is current.
     virtual void MenuKey(const CellKey& cell) = 0;
     /// A key that edits nothing; answers whether it was a command. `keyCode` is 46 for Delete, else the capital
-    /// letter's code; `shift` as in MouseDown().
+    /// letter's code; `shift` is a sum of ShiftState.
     virtual bool KeyDown(std::int16_t shift, std::int16_t keyCode) = 0;
     /// A typed character that edits nothing; 13 is Return.
     virtual void KeyPress(std::int16_t character) = 0;

@@ -60,7 +60,7 @@ struct SelectionAnchor {
     bool ownsRange = false;
 };
 
-/// A header border between press and release.
+/// A heading border between press and release.
 struct PressedBorder {
     enum class Size { ColumnWidth, ColumnHeight, RowWidth, RowHeight, LabelWidth };
     Size size = Size::ColumnWidth;
@@ -85,7 +85,7 @@ struct GridControl::State {
     std::optional<PressedBorder> pressed;
     std::uint64_t layoutVersion = 1;
     std::uint64_t buildVersion = 1;
-    bool locked = false;
+    bool readOnly = false;
 
     void LayoutChanged() noexcept {
         ++layoutVersion;

@@ -33,7 +33,7 @@ enum class GridStatus : std::int16_t {
     InvalidText = 19,      ///< a text that is no valid UTF-8; has no text of its own
     Busy = 20,  ///< the watcher tries to build, move or destroy while it is told of a change; no text of its own
     ColorDefined = 21,     ///< a colour with this name exists
-    NoRegisterPress = 22,  ///< a header is dragged or released that was not pressed before
+    NoRegisterPress = 22,  ///< a heading is dragged or released that was not pressed before
     InvalidAttribute = 23  ///< a value of the wrong kind or outside the attribute's range
 };
 
@@ -67,7 +67,7 @@ enum class GridAttribute : std::uint8_t {
     // the heading row is LabelColumnWidth.
     Width,       ///< of a column; a row's width is that of its column when switched
     Height,      ///< of a row; a column's height is that of its row when switched
-    Selectable,  ///< boolean: whether the header can be selected
+    Selectable,  ///< boolean: whether the heading can be selected
     // Of the grid only.
     GridLineColor,     ///< text: a registered colour's name
     MovePermission,    ///< number: 0 or 1

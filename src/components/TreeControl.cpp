@@ -153,7 +153,7 @@ void TreeControl::UserDoubleClick(TreeNode node) {
     }
 }
 
-void TreeControl::UserMouseDown(TreeNode node, std::int16_t button, std::int16_t shift) {
+void TreeControl::UserMouseDown(TreeNode node, MouseButton button, ShiftState shift) {
     if (events_) {
         const std::string key = node ? node.Key() : std::string();
         events_->MouseDown(key, button, shift);

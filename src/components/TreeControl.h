@@ -140,7 +140,7 @@ public:
     /// Selects the node and reports the click. `again`: it was already selected when the button went down.
     void UserClick(TreeNode node, bool again);
     void UserDoubleClick(TreeNode node);
-    void UserMouseDown(TreeNode node, std::int16_t button, std::int16_t shift);
+    void UserMouseDown(TreeNode node, MouseButton button, ShiftState shift);
     void UserMenuKey();
     /// Whether the user may edit the node's text now; the label is being edited from then on.
     [[nodiscard]] bool UserBeginLabelEdit(TreeNode node);

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "components/InputTypes.h"
+
 namespace planview {
 
 class TreeNode;
@@ -39,8 +41,8 @@ public:
     virtual void Collapse(const std::string& key) = 0;
     virtual void Expand(const std::string& key) = 0;
     virtual void DblClick(const std::string& key) = 0;
-    /// `button`: 1 left, 2 right, 4 middle. `shift`: 1 Shift, 2 Ctrl and 4 Alt, added. `key` is empty beside the nodes.
-    virtual void MouseDown(const std::string& key, std::int16_t button, std::int16_t shift) = 0;
+    /// `key` is empty beside the nodes.
+    virtual void MouseDown(const std::string& key, MouseButton button, ShiftState shift) = 0;
     /// The user asked by key for the menu of the selected node, which may be none.
     virtual void MenuKey(const std::string& key) = 0;
     /// `again`: the node was already selected when it was clicked.

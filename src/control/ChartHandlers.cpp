@@ -14,8 +14,6 @@ using modPlan::TraceWrite;
 namespace {
 
 constexpr std::string_view ChartLabel = modChart::Label;
-constexpr std::int16_t RightButton = 2;
-
 void TraceSource(std::string_view event, const std::string& source) {
     if (TraceEnabled) {
         TraceWrite(ChartLabel, "", event, TraceText("{source:", source, "}"));
@@ -29,12 +27,12 @@ std::optional<Cell> ChartHandlers::CellOf(int series, int category) const {
     return context_.grid.FindCell({shown.ColumnOf(category), shown.LineOf(series)});
 }
 
-void ChartHandlers::MouseDown(std::int16_t button, std::int16_t shift, const ChartHit& hit) {
+void ChartHandlers::MouseDown(MouseButton button, ShiftState shift, const ChartHit& hit) {
     ErrorTrap(ChartLabel, "MouseDown", [&] {
         if (TraceEnabled) {
             TraceWrite(ChartLabel, "", "MouseDown", TraceText("{mousebutton:", button, " - shift: ", shift, "}"));
         }
-        if (button == RightButton) {
+        if (button == MouseButton::Right) {
             ShowPopup(hit);
             context_.runner.Changed();
         }

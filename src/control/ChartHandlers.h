@@ -13,7 +13,7 @@ class ChartHandlers final : public ChartEvents {
 public:
     explicit ChartHandlers(ControlContext& context) : context_(context) {}
 
-    void MouseDown(std::int16_t button, std::int16_t shift, const ChartHit& hit) override;
+    void MouseDown(MouseButton button, ShiftState shift, const ChartHit& hit) override;
     void Selected(const ChartHit& hit) override;
     void Drag(const std::string& source) override;
     void DragDrop(const std::string& source) override;

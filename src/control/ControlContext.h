@@ -105,9 +105,9 @@ struct ControlContext {
     std::string macroTreeState;
 };
 
-/// The control's state; outlives the control when the host destroys it from inside an event.
-struct PlanView::State {
-    explicit State(const Platform& platform) : context(Completed(platform, headless.Interfaces())) {}
+/// The control's state; outlives the control when the host destroys it from inside an event, and in handles.
+struct detail::ControlState {
+    explicit ControlState(const Platform& platform) : context(Completed(platform, headless.Interfaces())) {}
 
     HeadlessPlatform headless;  // what the host's platform lacks
     ControlContext context;

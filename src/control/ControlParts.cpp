@@ -6,35 +6,33 @@
 
 namespace planview {
 
-ControlParts::ControlParts(PlanView& control) noexcept : state_(control.state_) {}
-
 GridControl& ControlParts::Grid() const noexcept {
-    return state_->context.grid;
+    return State()->context.grid;
 }
 
 ChartControl& ControlParts::Chart() const noexcept {
-    return state_->context.chart;
+    return State()->context.chart;
 }
 
 TreeControl& ControlParts::Tree() const noexcept {
-    return state_->context.tree;
+    return State()->context.tree;
 }
 
 MacroToolbar& ControlParts::Toolbar() const noexcept {
-    return state_->context.toolbar;
+    return State()->context.toolbar;
 }
 
 MacroEditor& ControlParts::Editor() const noexcept {
-    return state_->context.macroEditor;
+    return State()->context.macroEditor;
 }
 
 PaneLayout& ControlParts::Panes() const noexcept {
-    return state_->context.layout;
+    return State()->context.layout;
 }
 
 std::vector<Cell> ControlParts::PendingCells() const {
     std::vector<Cell> pending;
-    Guarded(state_, "GRIDCTL", "PendingCells", [&](const ControlContext& context) {
+    Asked(State(), "GRIDCTL", "PendingCells", [&](const ControlContext& context) {
         pending = planview::PendingCells(context.grid, context.tables.TAB_OLD);
     });
     return pending;

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <memory>
 #include <vector>
 
 #include <planview/Export.h>
-#include <planview/PlanView.h>
+#include <planview/Facet.h>
 
 #include "components/GridTypes.h"
 
@@ -19,9 +18,9 @@ class PaneLayout;
 class TreeControl;
 
 /// The parts of a control, for the layer that puts it on the screen and for tests. Valid as long as the control.
-class PLANVIEW_EXPORT ControlParts {
+class PLANVIEW_EXPORT ControlParts : public Facet {
 public:
-    explicit ControlParts(PlanView& control) noexcept;
+    explicit ControlParts(PlanView& control) noexcept : Facet(control) {}
 
     [[nodiscard]] GridControl& Grid() const noexcept;
     [[nodiscard]] ChartControl& Chart() const noexcept;
@@ -30,11 +29,8 @@ public:
     [[nodiscard]] MacroToolbar& Toolbar() const noexcept;
     [[nodiscard]] MacroEditor& Editor() const noexcept;
     [[nodiscard]] PaneLayout& Panes() const noexcept;
-    /// As PlanView::PendingCells(), without a key for each.
+    /// As Editing::PendingCells(), without a key for each.
     [[nodiscard]] std::vector<Cell> PendingCells() const;
-
-private:
-    std::shared_ptr<PlanView::State> state_;
 };
 
 }  // namespace planview

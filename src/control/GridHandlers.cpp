@@ -20,8 +20,6 @@ namespace {
 
 constexpr std::string_view GridControlLabel = "GRIDCTL";
 
-constexpr std::int16_t RightButton = 2;
-
 std::string KeysText(const CellKey& cell) {
     return TraceText("{cid: ", cell.column, " - rid: ", cell.row, "}").Text();
 }
@@ -45,14 +43,14 @@ void GridHandlers::RowResized(const std::string& row, int height) {
     });
 }
 
-void GridHandlers::HeaderHeightResized(const std::string& column, int height) {
+void GridHandlers::HeadingHeightResized(const std::string& column, int height) {
     ErrorTrap(GridControlLabel, "SwitchedColumnResized", [&] {
         Record(Command::SetColumnHeight,
                {.columns = context_.sizeEvents.SwitchedColumnResized(column, height), .value = height});
     });
 }
 
-void GridHandlers::HeaderWidthResized(const std::string& row, int width) {
+void GridHandlers::HeadingWidthResized(const std::string& row, int width) {
     ErrorTrap(GridControlLabel, "SwitchedRowResized", [&] {
         Record(Command::SetRowWidth, {.rows = context_.sizeEvents.SwitchedRowResized(row, width), .value = width});
     });
@@ -106,8 +104,8 @@ void GridHandlers::SimpleClick(const CellKey& cell) {
         if (TraceEnabled) {
             TraceWrite(GridControlLabel, "", "SimpleClick", KeysText(cell));
         }
-        const bool onRowHeader = cell.column == LabelColumnKey && cell.row.starts_with(RowAxis.keyPrefix);
-        if (context_.chartCommands.IsForecastView() && onRowHeader) {
+        const bool onRowHeading = cell.column == LabelColumnKey && cell.row.starts_with(RowAxis.keyPrefix);
+        if (context_.chartCommands.IsForecastView() && onRowHeading) {
             ChooseForecastLine(context_.tables.LINE_INDEX, cell.row);
             context_.ChartStep();
             context_.hostUpdate.StartUpdate();
@@ -115,7 +113,7 @@ void GridHandlers::SimpleClick(const CellKey& cell) {
     });
 }
 
-void GridHandlers::MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) {
+void GridHandlers::MouseDown(const CellKey& cell, MouseButton button, ShiftState shift) {
     ErrorTrap(GridControlLabel, "OnMouseDown", [&] {
         KeepKeys(cell);
         if (TraceEnabled) {
@@ -123,7 +121,7 @@ void GridHandlers::MouseDown(const CellKey& cell, std::int16_t button, std::int1
                        TraceText("{cid: ", cell.column, " - rid: ", cell.row, " - mousebutton: ", button,
                                  " - shift: ", shift, "}"));
         }
-        if (button == RightButton) {
+        if (button == MouseButton::Right) {
             context_.menus.Open(cell.column, cell.row, PopupPlace::Mouse);
         }
     });

@@ -20,14 +20,14 @@ public:
 
     void ColumnResized(const std::string& column, int width) override;
     void RowResized(const std::string& row, int height) override;
-    void HeaderHeightResized(const std::string& column, int height) override;
-    void HeaderWidthResized(const std::string& row, int width) override;
+    void HeadingHeightResized(const std::string& column, int height) override;
+    void HeadingWidthResized(const std::string& row, int width) override;
     void SelectionChanged(const CellKey& cell, bool selected) override;
     void TextEntered(const CellKey& cell, const std::string& text) override;
     void StayCell() override;
     void DoubleClick(const CellKey& cell) override;
     void SimpleClick(const CellKey& cell) override;
-    void MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) override;
+    void MouseDown(const CellKey& cell, MouseButton button, ShiftState shift) override;
     void MenuKey(const CellKey& cell) override;
     bool KeyDown(std::int16_t shift, std::int16_t keyCode) override;
     void KeyPress(std::int16_t character) override;

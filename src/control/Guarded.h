@@ -9,11 +9,20 @@
 
 namespace planview {
 
-/// The frame of every public method: keeps the control's state alive while the body runs (the host may destroy the
-/// control from inside an event), does nothing on a control that has ended, and traps errors. Afterwards commands may
-/// be enabled otherwise than before. Answers the status.
-template <class State, class Body>
-PlanView::Status Guarded(std::shared_ptr<State> state, std::string_view control, std::string_view method,
+/// The frame of a question: keeps the control's state alive while the body runs (the host may destroy the control from
+/// inside an event, or from a table that is read), does nothing on a control that has ended, and traps errors.
+template <class Body>
+void Asked(std::shared_ptr<detail::ControlState> state, std::string_view control, std::string_view method,
+           Body&& body) noexcept {
+    if (!state->terminated) {
+        ErrorTrap(control, method, [&] { body(state->context); });
+    }
+}
+
+/// The frame of every public method that does something: the same, and afterwards commands may be enabled otherwise
+/// than before. Answers the status.
+template <class Body>
+PlanView::Status Guarded(std::shared_ptr<detail::ControlState> state, std::string_view control, std::string_view method,
                          Body&& body) noexcept {
     if (!state->terminated) {
         ErrorTrap(control, method, [&] { body(state->context); });
@@ -21,5 +30,9 @@ PlanView::Status Guarded(std::shared_ptr<State> state, std::string_view control,
     }
     return 0;
 }
+
+/// Runs a command as PlanView::Run() does.
+bool RunCommand(const std::shared_ptr<detail::ControlState>& state, Command command,
+                AutomationObject::Arguments arguments = {}) noexcept;
 
 }  // namespace planview

@@ -2,7 +2,6 @@
 #include <planview/PlanView.h>
 
 #include "control/Guarded.h"
-#include "trace/TraceText.h"
 
 namespace planview {
 
@@ -27,7 +26,7 @@ void ReleaseTables(TableSlots& tables) {
 }  // namespace
 
 void PlanView::Terminate() {
-    const std::shared_ptr<State> state = state_;
+    const std::shared_ptr<detail::ControlState> state = state_;
     if (state->terminated) {
         return;
     }
@@ -38,41 +37,6 @@ void PlanView::Terminate() {
                [&] { TraceWrite(UserControl, "DESTRUCTOR", "Terminate", "{}"); },
                [&] { modPlan::MemoryCheck(context.platform.system); },
                [&] { modPlan::Trace_Disable(context.platform); }, [&] { modPlan::Trace_Leave(context.platform); });
-}
-
-namespace {
-
-/// A focus event has its entry and nothing else.
-template <class State>
-void TraceFocus(const std::shared_ptr<State>& state, std::string_view event) {
-    Guarded(state, UserControl, event, [&](ControlContext&) { TraceWrite(UserControl, "", event, "{}"); });
-}
-
-}  // namespace
-
-void PlanView::EnterFocus() {
-    TraceFocus(state_, "EnterFocus");
-}
-
-void PlanView::ExitFocus() {
-    TraceFocus(state_, "ExitFocus");
-}
-
-void PlanView::GotFocus() {
-    TraceFocus(state_, "GotFocus");
-}
-
-void PlanView::LostFocus() {
-    TraceFocus(state_, "LostFocus");
-}
-
-void PlanView::Resize(int width, int height) {
-    Guarded(state_, UserControl, "Resize", [&](ControlContext& context) {
-        if (TraceEnabled) {
-            TraceWrite(UserControl, "", "Resize", TraceText("{width:", width, " height:", height, "}"));
-        }
-        context.layout.Resize(width, height);
-    });
 }
 
 }  // namespace planview

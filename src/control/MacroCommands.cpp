@@ -52,24 +52,32 @@ MacroProblems CheckMacroCommand(ControlContext& context, const std::string& node
     return fault.empty() ? MacroProblems() : MacroProblems{{nodeKey, "", fault, ""}};
 }
 
-MacroResult PlanView::RunMacro(const std::string& nodeKey, bool onSelectedLine) {
+void ImportMacroTree(const std::shared_ptr<detail::ControlState>& state) noexcept {
+    constexpr std::string_view Method = "DP_Import_MacroTree";
+    Guarded(state, "USERCONTROL", Method, [&](ControlContext& context) {
+        modPlan::TraceWrite("USERCONTROL", "", Method, "{}");
+        modMacro::Build(context.macroTree);
+    });
+}
+
+MacroResult Macros::Run(const std::string& nodeKey, bool onSelectedLine) {
     MacroResult result;
-    Guarded(state_, MacroLabel, "Run",
+    Guarded(State(), MacroLabel, "Run",
             [&](ControlContext& context) { result = ResultOf(RunMacroCommand(context, nodeKey, onSelectedLine)); });
     return result;
 }
 
-MacroResult PlanView::CheckMacro(const std::string& nodeKey) {
+MacroResult Macros::Check(const std::string& nodeKey) {
     MacroResult result;
-    Guarded(state_, MacroLabel, "Generate", [&](ControlContext& context) {
+    Guarded(State(), MacroLabel, "Generate", [&](ControlContext& context) {
         result = ResultOf({CheckMacroCommand(context, nodeKey), 0, "no problem was found."});
     });
     return result;
 }
 
-void PlanView::MoveMacroNode(const std::string& nodeKey, const std::string& target, std::int16_t action) {
-    Guarded(state_, MacroLabel, "MoveMacroNode", [&](ControlContext& context) {
-        switch (static_cast<DropAction>(action)) {
+void Macros::MoveNode(const std::string& nodeKey, const std::string& target, DropAction action) {
+    Guarded(State(), MacroLabel, "MoveMacroNode", [&](ControlContext& context) {
+        switch (action) {
             case DropAction::MovedBefore:
                 context.macroEditor.MoveTo(nodeKey, target, TreeDrop::Before);
                 break;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
 #include <string>
 
-#include <planview/PlanView.h>
+#include <planview/Macros.h>
 
 #include "macro/tree/MacroOutcome.h"
 
@@ -23,6 +24,9 @@ MacroProblems CheckMacroCommand(ControlContext& context, const std::string& node
 
 /// What would keep the recording from being replayed, for the user; empty where nothing would.
 [[nodiscard]] std::string RecordingFault(ControlContext& context, const std::string& nodeKey);
+
+/// What `DP_Import_MacroTree` does.
+void ImportMacroTree(const std::shared_ptr<detail::ControlState>& state) noexcept;
 
 MacroOutcome ReplayRecording(ControlContext& context, const std::string& nodeKey, bool onSelectedLine);
 

@@ -5,6 +5,7 @@
 
 #include "automation/BusyScope.h"
 #include "control/Guarded.h"
+#include "control/MacroCommands.h"
 #include "grid/MarkedRows.h"
 #include "trace/TraceText.h"
 
@@ -23,7 +24,7 @@ void TraceCall(std::string_view method) noexcept {
 
 }  // namespace
 
-PlanView::PlanView(const Platform& platform) : state_(std::make_shared<State>(platform)) {
+PlanView::PlanView(const Platform& platform) : state_(std::make_shared<detail::ControlState>(platform)) {
     modPlan::TraceDecimalMark = state_->context.platform.system.DecimalMark();
     TraceWrite(UserControl, "CONSTRUCTOR", "Initialize", "{}");
     Guarded(state_, UserControl, "Initialize", [](ControlContext& context) {
@@ -168,10 +169,8 @@ PlanView::Status PlanView::DP_Import_PopupMenu() {
 }
 
 PlanView::Status PlanView::DP_Import_MacroTree() {
-    return Guarded(state_, UserControl, "DP_Import_MacroTree", [](ControlContext& context) {
-        TraceCall("DP_Import_MacroTree");
-        modMacro::Build(context.macroTree);
-    });
+    ImportMacroTree(state_);
+    return 0;
 }
 
 // --- Events ---------------------------------------------------------------------------------------------------------

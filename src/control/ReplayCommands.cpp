@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <planview/PlanView.h>
+#include <planview/Macros.h>
 
 #include "automation/Texts.h"
 #include "control/Guarded.h"
@@ -79,9 +79,9 @@ std::string RecordingFault(ControlContext& context, const std::string& nodeKey) 
     return error.value_or(fault);
 }
 
-MacroResult PlanView::ReplayMacro(const std::string& nodeKey, bool onSelectedLine) {
+MacroResult Macros::Replay(const std::string& nodeKey, bool onSelectedLine) {
     MacroResult result;
-    Guarded(state_, MacroLabel, "Replay",
+    Guarded(State(), MacroLabel, "Replay",
             [&](ControlContext& context) { result = ResultOf(ReplayRecording(context, nodeKey, onSelectedLine)); });
     return result;
 }

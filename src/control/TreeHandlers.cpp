@@ -17,8 +17,6 @@ using modPlan::TraceWrite;
 
 namespace {
 
-constexpr std::int16_t RightButton = 2;
-
 /// While a popup of the tree is open.
 constexpr std::string_view PopupState = "TRE";
 
@@ -107,8 +105,7 @@ void TreeHandlers::NodeDropped(const std::string& key, const std::string& target
                                                              : DropAction::MovedBelow;
         if (TraceEnabled) {
             TraceWrite(Label, "", "NodeDropped fired",
-                       TraceText("{node: ", TextOf(target), " - dropped: ", TextOf(key),
-                                 " - action: ", static_cast<std::int16_t>(action), "}"));
+                       TraceText("{node: ", TextOf(target), " - dropped: ", TextOf(key), " - action: ", action, "}"));
         }
         RaiseMacroTreeNodeDropped(context_.events, target, key, action);
     });
@@ -135,12 +132,12 @@ std::optional<Command> TreeHandlers::Ask(MainMenu which, PopupPlace place, const
     return context_.menus.Ask(which, place, about);
 }
 
-void TreeHandlers::MouseDown(const std::string& key, std::int16_t button, std::int16_t shift) {
+void TreeHandlers::MouseDown(const std::string& key, MouseButton button, ShiftState shift) {
     ErrorTrap(Label, "MouseDown", [&] {
         if (TraceEnabled) {
             TraceWrite(Label, "", "MouseDown", TraceText("{mousebutton: ", button, " - shift: ", shift, "}"));
         }
-        if (button == RightButton) {
+        if (button == MouseButton::Right) {
             RunFromPopup(MainMenu::Macro, PopupPlace::Mouse, key);
         }
         TraceNode("MouseDown fired", key);

@@ -32,7 +32,7 @@ public:
     void Collapse(const std::string& key) override;
     void Expand(const std::string& key) override;
     void DblClick(const std::string& key) override;
-    void MouseDown(const std::string& key, std::int16_t button, std::int16_t shift) override;
+    void MouseDown(const std::string& key, MouseButton button, ShiftState shift) override;
     void MenuKey(const std::string& key) override;
     void NodeClick(const std::string& key, bool again) override;
     void NodeDropped(const std::string& key, const std::string& target, TreeDrop place) override;

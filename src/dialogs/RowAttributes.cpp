@@ -57,7 +57,7 @@ RowAttributes::Template RowAttributes::FindTemplate() const {
     for (int i = 1; i <= count; ++i) {
         const auto row = static_cast<HostTable::Row>(i);
         std::string key = table.Text(row, "GRID_ID");
-        if (!key.empty() && parts_.driver.HeaderSelected({{}, key}) == 1) {
+        if (!key.empty() && parts_.driver.HeadingSelected({{}, key}) == 1) {
             return {table, row, std::move(key)};
         }
     }
@@ -105,7 +105,7 @@ void RowAttributes::Take(const frmRow& form, const Template& line) const {
     const CellKeyView keys{{}, line.key};
     const bool inChart = form.chkChart.Value == 1;
 
-    if (table.Text(row, "LINETYPE") == "H" || driver.HeaderSelected(keys) == 1) {
+    if (table.Text(row, "LINETYPE") == "H" || driver.HeadingSelected(keys) == 1) {
         table.PutFlag(row, "SHOW_CHART", inChart);
         // An index that is no colour stays in the table until the user chooses one.
         if (form.picBgColor.HasColor()) {

@@ -31,7 +31,7 @@ public:
 
     explicit RowAttributes(Parts parts) : parts_(std::move(parts)) {}
 
-    /// Shows the dialog filled from the first row of LINE_INDEX whose header is selected, and waits for it. On OK that
+    /// Shows the dialog filled from the first row of LINE_INDEX whose heading is selected, and waits for it. On OK that
     /// row of the table and of the grid get what was chosen and its selection ends; other rows keep all of theirs.
     /// Without a selected row nothing is shown. Does nothing while the dialog is open.
     void Run();

@@ -10,8 +10,8 @@ bool IsPlanningCell(CellKeyView keys) noexcept {
 }
 
 Refusal RefusalOf(const GridControl& grid, Cell cell) {
-    if (grid.IsLocked()) {
-        return Refusal::Locked;
+    if (grid.IsReadOnly()) {
+        return Refusal::TableReadOnly;
     }
     if (grid.Column(cell.column).key == LabelColumnKey || grid.Row(cell.row).key == HeadingRowKey) {
         return Refusal::Heading;
@@ -42,7 +42,7 @@ std::string_view RefusalText(Refusal refusal) noexcept {
             return "This line carries text and takes no values.";
         case Refusal::Heading:
             return "Headings cannot be edited here.";
-        case Refusal::Locked:
+        case Refusal::TableReadOnly:
             return "This table is open for reading only.";
         case Refusal::NoNumber:
             return "This is not a number. Enter digits with a point or a comma, or nothing.";

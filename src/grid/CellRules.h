@@ -12,11 +12,11 @@ namespace planview {
 /// Why a cell does not take a value.
 enum class Refusal {
     None,
-    ReadOnly,  ///< the cell, its line or its column cannot be edited
-    TextLine,  ///< the line carries text and no planning values
-    Heading,   ///< a label or a period heading
-    Locked,    ///< the host lets nothing be edited
-    NoNumber   ///< a planning cell takes a number or nothing
+    ReadOnly,       ///< the cell, its line or its column cannot be edited
+    TextLine,       ///< the line carries text and no planning values
+    Heading,        ///< a label or a period heading
+    TableReadOnly,  ///< the host lets nothing be edited
+    NoNumber        ///< a planning cell takes a number or nothing
 };
 
 [[nodiscard]] PLANVIEW_EXPORT bool IsPlanningCell(CellKeyView keys) noexcept;

@@ -18,7 +18,7 @@ void SetFixedLook(modGrid& driver, CellKeyView keys, bool readOnly) {
     driver.Relief(keys, true, NoRedraw);
 }
 
-/// The second pass: fixed headers are no part of the selection, so that only planning columns and rows are marked.
+/// The second pass: fixed headings are no part of the selection, so that only planning columns and rows are marked.
 void FinishFixed(modGrid& driver, CellKeyView keys, bool readOnly) {
     driver.SelectionFlag(keys, NoRedraw);
     SetFixedLook(driver, keys, readOnly);

@@ -10,7 +10,7 @@ namespace planview {
 bool ColorSelectedRows(HostTable lineIndex, modGrid& driver, RowColor which, std::int16_t color) {
     const bool background = which == RowColor::Background;
     ForEachRow(lineIndex, [&](HostTable::Row i) {
-        if (driver.HeaderSelected(RowAxis.KeysOf(lineIndex.Text(i, "GRID_ID"))) == 1) {
+        if (driver.HeadingSelected(RowAxis.KeysOf(lineIndex.Text(i, "GRID_ID"))) == 1) {
             lineIndex.Put(i, background ? "ROW_BG" : "ROW_FG", color);
         }
     });

@@ -83,18 +83,18 @@ bool DeselectAll(IndexWalk walk, modGrid& driver) {
     });
 }
 
-/// Which headers are selected, by table row from 0. Asked before the selection is cleared.
-std::vector<bool> SelectedHeaders(const HostTable& table, const IndexAxis& axis, const modGrid& driver) {
+/// Which headings are selected, by table row from 0. Asked before the selection is cleared.
+std::vector<bool> SelectedHeadings(const HostTable& table, const IndexAxis& axis, const modGrid& driver) {
     std::vector<bool> selected;
     ForEachRow(table, [&](HostTable::Row i) {
-        selected.push_back(driver.HeaderSelected(axis.KeysOf(table.Text(i, "GRID_ID"))) == 1);
+        selected.push_back(driver.HeadingSelected(axis.KeysOf(table.Text(i, "GRID_ID"))) == 1);
     });
     return selected;
 }
 
 bool SelectBlock(IndexWalk walk, modGrid& driver) {
     std::vector<bool> selected;
-    if (ErrorTextOf([&] { selected = SelectedHeaders(walk.Table(), walk.Axis(), driver); })) {
+    if (ErrorTextOf([&] { selected = SelectedHeadings(walk.Table(), walk.Axis(), driver); })) {
         walk.Trace("", "ERROR");
         return false;
     }
@@ -103,7 +103,7 @@ bool SelectBlock(IndexWalk walk, modGrid& driver) {
     return walk.Run([&](HostTable::Row i, const std::string& key) {
         if (selected.at(static_cast<std::size_t>(i) - 1)) {
             if (inside) {
-                return false;  // the closing header is left as it is
+                return false;  // the closing heading is left as it is
             }
             inside = true;
         }
@@ -134,7 +134,7 @@ bool SetHidden(IndexWalk walk, modGrid& driver, bool hidden, const Concerns& con
 bool SetSelectedHidden(IndexWalk walk, modGrid& driver, bool hidden) {
     const IndexAxis& axis = walk.Axis();
     return SetHidden(std::move(walk), driver, hidden,
-                     [&](const std::string& key) { return driver.HeaderSelected(axis.KeysOf(key)) == 1; });
+                     [&](const std::string& key) { return driver.HeadingSelected(axis.KeysOf(key)) == 1; });
 }
 
 bool ShowNamed(IndexWalk walk, modGrid& driver, const std::vector<std::string>& keys) {
@@ -147,7 +147,7 @@ bool ApplyRowColor(std::string_view method, HostTable lineIndex, modGrid& driver
     IndexWalk walk(method, RowAxis, std::move(lineIndex));
     return walk.Run([&](HostTable::Row i, const std::string& key) {
         const CellKeyView keys = RowAxis.KeysOf(key);
-        if (driver.HeaderSelected(keys) == 1) {
+        if (driver.HeadingSelected(keys) == 1) {
             const std::int16_t color = walk.Table().Int16(i, field);
             (driver.*setColor)(keys, color, NoRedraw);
             walk.Trace(TraceText(" - color: ", color));
@@ -158,7 +158,7 @@ bool ApplyRowColor(std::string_view method, HostTable lineIndex, modGrid& driver
 
 void Mirror(const HostTable& table, const IndexAxis& axis, const modGrid& driver) {
     ForEachRow(table, [&](HostTable::Row i) {
-        table.PutFlag(i, axis.markedField, driver.HeaderSelected(axis.KeysOf(table.Text(i, "GRID_ID"))) == 1);
+        table.PutFlag(i, axis.markedField, driver.HeadingSelected(axis.KeysOf(table.Text(i, "GRID_ID"))) == 1);
     });
 }
 
@@ -215,7 +215,7 @@ bool ShowRow(HostTable lineIndex, modGrid& driver, const std::vector<std::string
 bool ColWidthReset(HostTable colsIndex, modGrid& driver, ResetScope scope) {
     IndexWalk walk("ColWidthReset", ColumnAxis, std::move(colsIndex));
     return walk.Run([&](HostTable::Row i, const std::string& key) {
-        if (scope == ResetScope::All || driver.HeaderSelected({key, {}}) == 1) {
+        if (scope == ResetScope::All || driver.HeadingSelected({key, {}}) == 1) {
             driver.ColumnWidth(key, ResetColumnWidth, NoRedraw);
             walk.Table().Put(i, "COL_WIDTH", ResetColumnWidth);
             walk.Trace(TraceText(" - width: ", ResetColumnWidth));
@@ -227,7 +227,7 @@ bool ColWidthReset(HostTable colsIndex, modGrid& driver, ResetScope scope) {
 bool RowHeightReset(HostTable lineIndex, modGrid& driver, ResetScope scope) {
     IndexWalk walk("RowHeightReset", RowAxis, std::move(lineIndex));
     return walk.Run([&](HostTable::Row i, const std::string& key) {
-        if (scope == ResetScope::All || driver.HeaderSelected({{}, key}) == 1) {
+        if (scope == ResetScope::All || driver.HeadingSelected({{}, key}) == 1) {
             driver.RowHeight(key, ResetRowHeight, NoRedraw);
             walk.Table().Put(i, "ROW_HEIGHT", ResetRowHeight);
             walk.Trace(TraceText(" - height: ", ResetRowHeight));

@@ -13,10 +13,10 @@ namespace planview {
 ///
 /// Each operation walks its table from row 1, changes the grid with redraw off, writes the changed field back and
 /// leaves one trace entry per changed row. A failure ends it with the same entry and "ERROR"; what it has written
-/// stays, and the answer is false. "Selected" always means: the header is selected in the grid.
+/// stays, and the answer is false. "Selected" always means: the heading is selected in the grid.
 
 [[nodiscard]] bool SelectAllColumns(HostTable colsIndex, modGrid& driver);
-/// From the first selected header up to, but not including, the next one; to the end when there is only one.
+/// From the first selected heading up to, but not including, the next one; to the end when there is only one.
 [[nodiscard]] bool SelectBlockColumns(HostTable colsIndex, modGrid& driver);
 [[nodiscard]] bool DeselectAllColumns(HostTable colsIndex, modGrid& driver);
 [[nodiscard]] bool HideColumn(HostTable colsIndex, modGrid& driver);

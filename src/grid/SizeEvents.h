@@ -11,7 +11,7 @@
 
 namespace planview {
 
-/// Takes over what the user did to the size of a header: into the table row of that column or row, and to all marked
+/// Takes over what the user did to the size of a heading: into the table row of that column or row, and to all marked
 /// ones as well, in the table and in the grid. Then the grid is redrawn once and the host is told. Keys other than
 /// planning keys are ignored. Sizes in logical pixels.
 class SizeEvents {

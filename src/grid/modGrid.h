@@ -122,14 +122,14 @@ public:
     GridStatus ColumnHeight(std::string_view key, std::int16_t height, bool redraw);
     GridStatus RowHeight(std::string_view key, std::int16_t height, bool redraw);
     GridStatus RowWidth(std::string_view key, std::int16_t width, bool redraw);
-    /// Takes the header of a fixed column or row out of the selection, so that only planning ones can be marked.
+    /// Takes the heading of a fixed column or row out of the selection, so that only planning ones can be marked.
     GridStatus SelectionFlag(const CellKeyView& keys, bool redraw);
     GridStatus SetSelection(const CellKeyView& keys, bool redraw);
     GridStatus DeleteSelection(const CellKeyView& keys, bool redraw);
     GridStatus CenterHidden(const CellKeyView& keys, bool hidden, bool redraw);
-    /// 1 when the header of this column (empty row) or row (empty column) can be selected and is, else 0. Leaves no
+    /// 1 when the heading of this column (empty row) or row (empty column) can be selected and is, else 0. Leaves no
     /// entry.
-    [[nodiscard]] int HeaderSelected(const CellKeyView& keys) const;
+    [[nodiscard]] int HeadingSelected(const CellKeyView& keys) const;
 
     // --- Cells ---
 

@@ -1,54 +1,29 @@
 // SPDX-License-Identifier: MIT
 #include "qt/PlanViewState.h"
 
-// Recording and replaying, and the command that raises. An entry that is open is ended first: it belongs to the step
-// before.
+// Recording and replaying. An entry that is open is ended first: it belongs to the step before.
 
 namespace planview {
 
-void PlanViewWidget::raiseSelected(double percent) {
-    state_->runOnControl([percent](PlanView& view) { view.RaiseSelected(percent); });
-}
-
-void PlanViewWidget::startRecording() {
-    run(Command::StartRecording);
-}
-
-void PlanViewWidget::pauseRecording() {
-    run(Command::PauseRecording);
-}
-
-void PlanViewWidget::stopRecording() {
-    run(Command::StopRecording);
-}
-
-void PlanViewWidget::undoRecordedStep() {
-    run(Command::UndoRecordedStep);
-}
-
 bool PlanViewWidget::isRecording() const {
-    return state_->core->view.IsRecording();
+    return state_->core->view.Recording().IsOn();
 }
 
 bool PlanViewWidget::isRecordingPaused() const {
-    return state_->core->view.IsRecordingPaused();
+    return state_->core->view.Recording().IsPaused();
 }
 
 int PlanViewWidget::recordedSteps() const {
-    return state_->core->view.RecordedSteps();
+    return state_->core->view.Recording().Steps();
 }
 
 QString PlanViewWidget::keepRecording(const QString& name, const QString& parentNode) {
     const std::shared_ptr<DesktopControl> core = state_->core;
-    return QString::fromStdString(core->view.KeepRecording(name.toStdString(), parentNode.toStdString()));
-}
-
-void PlanViewWidget::switchMacroTree() {
-    run(Command::SwitchMacroTree);
+    return QString::fromStdString(core->view.Recording().Keep(name.toStdString(), parentNode.toStdString()));
 }
 
 bool PlanViewWidget::macroTreeShown() const {
-    return state_->core->view.MacroTreeShown();
+    return state_->core->view.View().MacroTreeShown();
 }
 
 template <class Action>
@@ -59,20 +34,21 @@ MacroResult PlanViewWidget::State::withMacro(Action&& action) {
 }
 
 MacroResult PlanViewWidget::replayMacro(const QString& nodeKey, bool onSelectedLine) {
-    return state_->withMacro([&](PlanView& view) { return view.ReplayMacro(nodeKey.toStdString(), onSelectedLine); });
+    return state_->withMacro(
+        [&](PlanView& view) { return view.Macros().Replay(nodeKey.toStdString(), onSelectedLine); });
 }
 
 MacroResult PlanViewWidget::runMacro(const QString& nodeKey, bool onSelectedLine) {
-    return state_->withMacro([&](PlanView& view) { return view.RunMacro(nodeKey.toStdString(), onSelectedLine); });
+    return state_->withMacro([&](PlanView& view) { return view.Macros().Run(nodeKey.toStdString(), onSelectedLine); });
 }
 
 MacroResult PlanViewWidget::checkMacro(const QString& nodeKey) {
-    return state_->withMacro([&](PlanView& view) { return view.CheckMacro(nodeKey.toStdString()); });
+    return state_->withMacro([&](PlanView& view) { return view.Macros().Check(nodeKey.toStdString()); });
 }
 
-void PlanViewWidget::moveMacroNode(const QString& nodeKey, const QString& target, short action) {
+void PlanViewWidget::moveMacroNode(const QString& nodeKey, const QString& target, DropAction action) {
     const std::shared_ptr<DesktopControl> core = state_->core;
-    core->view.MoveMacroNode(nodeKey.toStdString(), target.toStdString(), action);
+    core->view.Macros().MoveNode(nodeKey.toStdString(), target.toStdString(), action);
 }
 
 }  // namespace planview

@@ -5,20 +5,12 @@
 
 namespace planview {
 
-void PlanViewWidget::download() {
-    run(Command::Download);
-}
-
-void PlanViewWidget::upload() {
-    run(Command::Upload);
-}
-
 QString PlanViewWidget::downloadTo(const QString& path) {
     const std::shared_ptr<DesktopControl> core = state_->core;
     if (!finishEditing()) {
         return tr("The cell that is being edited holds no valid value. Mend it, then try again.");
     }
-    return QString::fromStdString(core->view.DownloadTo(path.toStdString()));
+    return QString::fromStdString(core->view.Exchange().DownloadTo(path.toStdString()));
 }
 
 UploadPreview PlanViewWidget::previewUpload(const QString& path) {
@@ -30,13 +22,13 @@ UploadPreview PlanViewWidget::previewUpload(const QString& path) {
             tr("The cell that is being edited holds no valid value. Mend it, then try again.").toStdString();
         return preview;
     }
-    return core->view.PreviewUpload(path.toStdString());
+    return core->view.Exchange().PreviewUpload(path.toStdString());
 }
 
 UploadResult PlanViewWidget::applyUpload(const UploadPreview& preview) {
     const std::shared_ptr<DesktopControl> core = state_->core;
     const QPointer<PlanViewWidget> self(this);
-    const UploadResult result = core->view.ApplyUpload(preview);
+    const UploadResult result = core->view.Exchange().ApplyUpload(preview);
     if (self) {
         state_->status->gridChanged();
     }
@@ -44,11 +36,11 @@ UploadResult PlanViewWidget::applyUpload(const UploadPreview& preview) {
 }
 
 const SpreadsheetOptions& PlanViewWidget::spreadsheetOptions() const {
-    return state_->core->view.GetSpreadsheetOptions();
+    return state_->core->view.Exchange().Options();
 }
 
 void PlanViewWidget::setSpreadsheetOptions(const SpreadsheetOptions& options) {
-    state_->core->view.SetSpreadsheetOptions(options);
+    state_->core->view.Exchange().SetOptions(options);
 }
 
 bool PlanViewWidget::spreadsheetPrintSetup() const {

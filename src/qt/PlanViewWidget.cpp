@@ -82,19 +82,19 @@ PlanViewWidget::PlanViewWidget(const Platform& platform, QWidget* parent)
     layout->addWidget(state_->panes);
     setFocusProxy(state_->grid);
     state_->status = new StatusInfo(*this, view, *state_->grid, state_->guard);
-    view.SetBulkListener([this](bool running) {
+    view.Editing().SetBulkListener([this](bool running) {
         state_->announcesSeveral = running;
         if (!running) {
             Q_EMIT severalValuesAnnounced();
         }
     });
-    view.SetHintListener([this, &grid = parts.Grid()](const CellKey& key, std::string_view reason) {
+    view.Editing().SetHintListener([this, &grid = parts.Grid()](const CellKey& key, std::string_view reason) {
         const std::optional<Cell> cell = grid.FindCell(key);
         return cell && isVisible() &&
                state_->grid->editor().tell(*cell,
                                            QString::fromUtf8(reason.data(), static_cast<qsizetype>(reason.size())));
     });
-    view.SetRecordingListener([this] { Q_EMIT recordingChanged(); });
+    view.Recording().SetListener([this] { Q_EMIT recordingChanged(); });
     state_->actions = new CommandActions(*this, view, *state_->grid, state_->guard);
     view.SetCommandListener([this] { state_->actions->changed(); });
     const auto valuesChanged = [this] { state_->status->valuesChanged(); };
@@ -112,12 +112,13 @@ PlanViewWidget::~PlanViewWidget() {
     delete state_->status;
     delete state_->panes;
     // The control outlives the widget while one of its members is being called; its work ends here.
-    state_->core->view.SetBulkListener({});
-    state_->core->view.SetHintListener({});
-    state_->core->view.SetRecordingListener({});
-    state_->core->view.SetCommandListener({});
-    state_->core->view.RemoveSink(state_->core->sink);
-    state_->core->view.Terminate();
+    PlanView& view = state_->core->view;
+    view.Editing().SetBulkListener({});
+    view.Editing().SetHintListener({});
+    view.Recording().SetListener({});
+    view.SetCommandListener({});
+    view.RemoveSink(state_->core->sink);
+    view.Terminate();
 }
 
 PlanView& PlanViewWidget::control() {
@@ -209,20 +210,26 @@ QAction* PlanViewWidget::action(Command command) {
     return state_->actions->action(command);
 }
 
+#define PLANVIEW_SLOT(NAME, COMMAND) \
+    void PlanViewWidget::NAME() {    \
+        run(Command::COMMAND);       \
+    }
+#include "qt/Slots.def"
+
+void PlanViewWidget::raiseSelected(double percent) {
+    state_->runOnControl([percent](PlanView& view) { view.Editing().RaiseSelected(percent); });
+}
+
+void PlanViewWidget::leaveForecastView() {
+    state_->runOnControl([](PlanView& view) { view.View().LeaveForecastView(); });
+}
+
 bool PlanViewWidget::canUndo() const {
     return state_->actions->canRun(Command::Undo);
 }
 
 bool PlanViewWidget::canRedo() const {
     return state_->actions->canRun(Command::Redo);
-}
-
-void PlanViewWidget::undo() {
-    run(Command::Undo);
-}
-
-void PlanViewWidget::redo() {
-    run(Command::Redo);
 }
 
 void PlanViewWidget::keyPressEvent(QKeyEvent* event) {
@@ -233,68 +240,16 @@ void PlanViewWidget::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void PlanViewWidget::copy() {
-    run(Command::Copy);
-}
-
-void PlanViewWidget::cut() {
-    run(Command::Cut);
-}
-
-void PlanViewWidget::paste() {
-    run(Command::Paste);
-}
-
-void PlanViewWidget::fill() {
-    run(Command::Fill);
-}
-
-void PlanViewWidget::deleteContents() {
-    run(Command::Delete);
-}
-
-void PlanViewWidget::hideColumns() {
-    run(Command::HideColumns);
-}
-
-void PlanViewWidget::showColumns() {
-    run(Command::ShowColumns);
-}
-
-void PlanViewWidget::hideRows() {
-    run(Command::HideRows);
-}
-
-void PlanViewWidget::showRows() {
-    run(Command::ShowRows);
-}
-
-void PlanViewWidget::switchChart() {
-    run(Command::SwitchChart);
-}
-
 bool PlanViewWidget::chartShown() const {
-    return state_->core->view.ChartShown();
-}
-
-void PlanViewWidget::showSelectedColumnsInChart() {
-    run(Command::ShowColumnsInChart);
-}
-
-void PlanViewWidget::showSelectedRowsInChart() {
-    run(Command::ShowRowsInChart);
-}
-
-void PlanViewWidget::leaveForecastView() {
-    state_->runOnControl([](PlanView& view) { view.LeaveForecastView(); });
+    return state_->core->view.View().ChartShown();
 }
 
 bool PlanViewWidget::isReadOnly() const {
-    return state_->core->view.IsLocked();
+    return state_->core->view.Editing().IsReadOnly();
 }
 
 void PlanViewWidget::setReadOnly(bool readOnly) {
-    state_->core->view.SetLocked(readOnly);
+    state_->core->view.Editing().SetReadOnly(readOnly);
 }
 
 bool PlanViewWidget::finishEditing() {
@@ -381,7 +336,7 @@ void PlanViewWidget::changeEvent(QEvent* event) {
 
 void PlanViewWidget::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    state_->guard.run("Resize", [&] { control().Resize(event->size().width(), event->size().height()); });
+    state_->guard.run("Resize", [&] { control().View().Resize(event->size().width(), event->size().height()); });
 }
 
 void PlanViewWidget::State::focusMoved(const QWidget* to) {
@@ -392,11 +347,11 @@ void PlanViewWidget::State::focusMoved(const QWidget* to) {
     hasFocus = inside;
     guard.run("FocusChanged", [&view = core->view, inside] {
         if (inside) {
-            view.EnterFocus();
-            view.GotFocus();
+            view.View().EnterFocus();
+            view.View().GotFocus();
         } else {
-            view.LostFocus();
-            view.ExitFocus();
+            view.View().LostFocus();
+            view.View().ExitFocus();
         }
     });
 }

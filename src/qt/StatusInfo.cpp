@@ -77,8 +77,8 @@ void StatusInfo::updateSummary() {
 
 void StatusInfo::updateHistory() {
     const QPointer<StatusInfo> self(this);
-    const bool undo = view_.CanUndo();
-    const bool redo = view_.CanRedo();
+    const bool undo = view_.Editing().CanUndo();
+    const bool redo = view_.Editing().CanRedo();
     if (std::exchange(canUndo_, undo) != undo) {
         Q_EMIT widget_.undoAvailable(undo);
     }

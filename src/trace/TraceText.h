@@ -6,6 +6,7 @@
 #include <concepts>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "automation/Numbers.h"
 #include "trace/modPlan.h"
@@ -37,6 +38,11 @@ public:
         const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number);
         Append(std::string_view(digits.data(), static_cast<std::size_t>(result.ptr - digits.data())));
     }
+
+    /// A code as its number.
+    template <class Code>
+    requires std::is_enum_v<Code>
+    void Append(Code code) { Append(static_cast<std::underlying_type_t<Code>>(code)); }
 
     operator std::string_view() const noexcept {
         return overflow_.empty() ? std::string_view(near_.data(), size_) : std::string_view(overflow_);

@@ -187,7 +187,7 @@ TEST_F(ChartCommandsTest, ARightClickIsAboutWhatWasHitEvenWhereNothingCanBeSelec
     context.chartCommands.Rebuild();
     SelectRow("ROW2");
     platform.choices = {"mnuChartLine"};
-    context.chart.UserPressed(2, 0, {ChartHitCode::Series, 1, 0});
+    context.chart.UserPressed(MouseButton::Right, ShiftState::None, {ChartHitCode::Series, 1, 0});
     EXPECT_EQ(tables.lineIndex->Value(1, "CHART_TYPE").AsInt16(), 23);
     EXPECT_NE(tables.lineIndex->Value(2, "CHART_TYPE").AsText(), "23");
 }

@@ -43,7 +43,7 @@ TEST_F(ChartEventsTest, ADraggedPointGoesTheWayOfATypedValue) {
     EXPECT_EQ(tables.tab->Value(4, "V").AsDouble(), 4.5);
     EXPECT_EQ(tables.tabOld->RowCount(), 1);
     EXPECT_EQ(Chart().series[1].values[2], 4.5);
-    control.Undo();
+    control.Editing().Undo();
     EXPECT_EQ(Chart().series[1].values[2], -3);
 }
 
@@ -97,8 +97,8 @@ TEST_F(ChartEventsTest, APointOfAColumnThatTheGridHasNoMoreRefuses) {
 
 TEST_F(ChartEventsTest, MouseAndDragLeaveTheirEntries) {
     ForgetEntries();
-    ChartPart().UserPressed(1, 4, {ChartHitCode::PlotArea, 0, 0});
-    ChartPart().UserPressed(2, 0, {});
+    ChartPart().UserPressed(MouseButton::Left, ShiftState::Alt, {ChartHitCode::PlotArea, 0, 0});
+    ChartPart().UserPressed(MouseButton::Right, ShiftState::None, {});
     ChartPart().UserDragged("GridView", false);
     ChartPart().UserDragged("GridView", true);
     ChartPart().UserFocus(true);
@@ -113,29 +113,29 @@ TEST_F(ChartEventsTest, MouseAndDragLeaveTheirEntries) {
 TEST_F(ChartEventsTest, SelectedRowsAndColumnsGoIntoTheChart) {
     SelectRow("ROW2");
     ForgetEntries();
-    control.ShowSelectedRowsInChart();
+    control.View().ShowSelectedRowsInChart();
     EXPECT_EQ(EntriesOf("RowsShowInChart").size(), 4u);
     EXPECT_EQ(EntriesOf("RowsShowInChart").front(), "CHART |  | RowsShowInChart | {column:ROW1}");
     EXPECT_EQ(Captions(), (Lines{"Rent"}));
     EXPECT_EQ(Mark(tables.lineIndex, 1), "");
     Grid().SelectColumn(*Grid().FindColumn("COL3"), SelectionMode::Replace);
-    control.ShowSelectedColumnsInChart();
+    control.View().ShowSelectedColumnsInChart();
     EXPECT_EQ(Chart().categories, (std::vector<std::string>{"Mar"}));
     EXPECT_EQ(listener.updates, 2);
     control.PROP_Set_LINE_INDEX(nullptr);
     ForgetEntries();
-    control.ShowSelectedRowsInChart();
+    control.View().ShowSelectedRowsInChart();
     EXPECT_EQ(Entries(), Lines{}) << "nothing without the table";
 }
 
 TEST_F(ChartEventsTest, SwitchingTheChartWritesTheTable) {
-    control.SwitchChart();
-    EXPECT_FALSE(control.ChartShown());
+    control.View().SwitchChart();
+    EXPECT_FALSE(control.View().ChartShown());
     EXPECT_EQ(tables.gridAttr->Value(1, "CHART").AsText(), "");
     tables.lineIndex->SetValue(2, "SHOW_CHART", "X");
     tables.gridAttr->SetValue(1, "ZOOMED", "X");
     control.DP_Import_Attribute();
-    control.SwitchChart();
+    control.View().SwitchChart();
     EXPECT_TRUE(ControlParts(control).Panes().ChartPaneVisible()) << "a zoomed grid gives way";
     EXPECT_EQ(tables.gridAttr->Value(1, "ZOOMED").AsText(), "");
     EXPECT_EQ(Captions().size(), 3u);

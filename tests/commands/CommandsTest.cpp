@@ -139,7 +139,7 @@ TEST_F(CommandsTest, RunLateBoundByNameAndNumber) {
     control->Call(static_cast<DispatchId>(Command::Raise), {&percent, 1});
     EXPECT_EQ(Line("ROW1"), "101 153 103 104 105 106");
     const std::array<Variant, 2> wide{"COL3", 120};
-    control->StartRecording();
+    control->Recording().Start();
     control->Call(static_cast<DispatchId>(Command::SetColumnWidth), wide);
     EXPECT_EQ(Grid().Column(*Grid().FindColumn("COL3")).width, 120);
     const Variant headings = "ROW1,ROW3";
@@ -177,7 +177,7 @@ TEST_F(CommandsTest, WhatHasFailedIsNeitherRecordedNorAnnounced) {
         control->PROP_Set_COLS_INDEX(columns);
         control->PROP_Set_LINE_INDEX(lines);
         row.table == columns ? SelectColumns({"COL2", "COL3"}) : SelectRows({"ROW2", "ROW3"});
-        control->StartRecording();
+        control->Recording().Start();
         MakeStubborn(row.table, 3, row.field);
         updates = 0;
         ForgetEntries();
@@ -185,21 +185,21 @@ TEST_F(CommandsTest, WhatHasFailedIsNeitherRecordedNorAnnounced) {
         EXPECT_EQ(Entries(IsError).front(), row.error);
         EXPECT_EQ(updates, 0);
         EXPECT_EQ(Steps(), Lines{});
-        control->StopRecording();
+        control->Recording().Stop();
     }
     EXPECT_TRUE(Grid().Row(*Grid().FindRow("ROW1")).height == 22) << "the rows before it have their height";
 }
 
 TEST_F(CommandsTest, AReplaySaysWhichStepFailed) {
-    control->StartRecording();
+    control->Recording().Start();
     SelectRows({"ROW3"});
-    control->HideRows();
-    control->StopRecording();
-    const std::string key = control->KeepRecording("Test");
-    control->ShowRows();
+    control->View().HideRows();
+    control->Recording().Stop();
+    const std::string key = control->Recording().Keep("Test");
+    control->View().ShowRows();
     ExpectErrors();
     MakeStubborn(tables.lineIndex, 3, "ROW_HIDDEN");
-    const MacroResult result = control->ReplayMacro(key);
+    const MacroResult result = control->Macros().Replay(key);
     EXPECT_FALSE(result.done);
     EXPECT_EQ(result.message, "Step 1 (Hide Utilities) could not be done; the trace says why.");
 }
@@ -215,31 +215,32 @@ TEST_F(CommandsTest, SayWhyTheyCannotBeRun) {
         {"no change yet", none, Command::Undo, "There is no change to take back."},
         {"a change", [&] { Grid().EnterText(At("COL1", "ROW1"), "7"); }, Command::Undo, ""},
         {"not taken back", none, Command::Redo, "There is no change to make again."},
-        {"taken back", [&] { control->Undo(); }, Command::Redo, ""},
+        {"taken back", [&] { control->Editing().Undo(); }, Command::Redo, ""},
         {"a read-only line", [&] { Select("COL1", "ROW4", "COL1", "ROW4"); }, Command::Paste,
          "This cell is read-only."},
         {"one that is copied", none, Command::Copy, ""},
         {"one cell", none, Command::Fill, "Select several cells first; the first one gives the value."},
         {"a block with it", [&] { Select("COL1", "ROW3", "COL1", "ROW4"); }, Command::Paste, ""},
         {"several cells", none, Command::Fill, ""},
-        {"all is locked", [&] { control->SetLocked(true); }, Command::Delete, "This table is open for reading only."},
-        {"not any more", [&] { control->SetLocked(false); }, Command::Delete, ""},
+        {"all is read only", [&] { control->Editing().SetReadOnly(true); }, Command::DeleteContents,
+         "This table is open for reading only."},
+        {"not any more", [&] { control->Editing().SetReadOnly(false); }, Command::DeleteContents, ""},
         {"no heading", none, Command::HideRows, "Select a row by its heading first."},
         {"a heading", [&] { SelectRows({"ROW2"}); }, Command::HideRows, ""},
         {"nothing hidden", none, Command::ShowRows, "Select the headings on both sides of a hidden row first."},
-        {"hidden", [&] { control->HideRows(); }, Command::HideRows, "Every selected row is hidden already."},
+        {"hidden", [&] { control->View().HideRows(); }, Command::HideRows, "Every selected row is hidden already."},
         {"to be shown", none, Command::ShowRows, ""},
         {"all of them", [&] { Grid().SelectAll(); }, Command::HideColumns, "One column has to stay visible."},
         {"no chart", none, Command::ShowRowsInChart, "Show the chart first."},
-        {"a chart", [&] { control->SwitchChart(); }, Command::ShowRowsInChart, ""},
+        {"a chart", [&] { control->View().SwitchChart(); }, Command::ShowRowsInChart, ""},
         {"it is checked", none, Command::SwitchChart, "checked"},
         {"no layout mode", none, Command::SwitchMacroTree, "The macro tree cannot be shown here."},
         {"layout mode", [&] { control->plv_LayoutMode(); }, Command::SwitchMacroTree, ""},
         {"no trend line", none, Command::DeleteTrend, "Click a trend line in the chart first."},
         {"no recording", none, Command::StopRecording, "There is no recording."},
-        {"a recording", [&] { control->StartRecording(); }, Command::StartRecording, "A recording is running."},
+        {"a recording", [&] { control->Recording().Start(); }, Command::StartRecording, "A recording is running."},
         {"no step", none, Command::UndoRecordedStep, "The recording has no step."},
-        {"interrupted", [&] { control->PauseRecording(); }, Command::StartRecording, ""},
+        {"interrupted", [&] { control->Recording().Pause(); }, Command::StartRecording, ""},
         {"no node", none, Command::RenameMacroNode, "Select a node of the macro tree first."},
     };
     for (const auto& row : cases) {
@@ -260,13 +261,13 @@ TEST_F(CommandsTest, TheHostHearsThatTheyMayHaveChanged) {
     } cases[] = {
         {"another selection", [&] { SelectRows({"ROW1"}); }},
         {"a typed value", [&] { Grid().EnterText(At("COL1", "ROW1"), "7"); }},
-        {"a command", [&] { control->Undo(); }},
+        {"a command", [&] { control->Editing().Undo(); }},
         {"a member", [&] { control->plv_LayoutMode(); }},
-        {"locked", [&] { control->SetLocked(true); }},
+        {"read only", [&] { control->Editing().SetReadOnly(true); }},
         {"by popup",
          [&] {
              platform.choices = {"mnuZoom"};
-             Grid().ReportMouseDown(At("FLC0", "FTR0"), 2, 0);
+             Grid().ReportMouseDown(At("FLC0", "FTR0"), MouseButton::Right, ShiftState::None);
          }},
     };
     int heard = 0;
@@ -278,7 +279,7 @@ TEST_F(CommandsTest, TheHostHearsThatTheyMayHaveChanged) {
     }
     control->SetCommandListener({});
     heard = 0;
-    control->Redo();
+    control->Editing().Redo();
     EXPECT_EQ(heard, 0);
 }
 

@@ -146,7 +146,7 @@ TEST_F(GridSelectionTest, HiddenOnesBesideAreNamedToTheListener) {
     }
 }
 
-TEST_F(GridSelectionTest, HeadersThatCannotBeSelectedAreSkipped) {
+TEST_F(GridSelectionTest, HeadingsThatCannotBeSelectedAreSkipped) {
     grid_.SelectRow(RowAt("ROW2"), Mode::Replace);
     SetRow("ROW2", GridAttribute::Selectable, "");
     EXPECT_EQ(Whole(), "") << "not any longer";
@@ -177,7 +177,7 @@ TEST_F(GridSelectionTest, HeadersThatCannotBeSelectedAreSkipped) {
                            {{"COL1", "ROW1"}, 0},
                            {{"COL9", ""}, 0},
                            {{"", ""}, 0}}) {
-        EXPECT_EQ(grid_.HeaderKind(row.keys), row.kind) << row.keys.column << "/" << row.keys.row;
+        EXPECT_EQ(grid_.HeadingKind(row.keys), row.kind) << row.keys.column << "/" << row.keys.row;
     }
 }
 

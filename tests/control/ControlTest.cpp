@@ -237,11 +237,11 @@ TEST_F(ControlTest, GridAttributesAreReadInOrderUpToTheFirstFault) {
 }
 
 TEST_F(ControlTest, WindowEventsLeaveTheirEntries) {
-    control->EnterFocus();
-    control->GotFocus();
-    control->LostFocus();
-    control->ExitFocus();
-    control->Resize(640, 480);
+    control->View().EnterFocus();
+    control->View().GotFocus();
+    control->View().LostFocus();
+    control->View().ExitFocus();
+    control->View().Resize(640, 480);
     const Lines entries = Entries([](const ListItem& item) { return item.text == "USERCONTROL"; });
     EXPECT_EQ(entries, (Lines{"USERCONTROL |  | EnterFocus | {}", "USERCONTROL |  | GotFocus | {}",
                               "USERCONTROL |  | LostFocus | {}", "USERCONTROL |  | ExitFocus | {}",
@@ -273,10 +273,10 @@ TEST(ControlLife, WhatAPlatformLacksIsThereWithoutAScreen) {
     tables.GiveTo(control);
     control.DP_Import_Create();
     ControlParts(control).Grid().SelectAll();
-    control.Copy();
-    control.Download();
+    control.Editing().Copy();
+    control.Exchange().Download();
     ControlParts(control).Grid().ReportMenuKey();
-    EXPECT_NE(control.DownloadTo("/nowhere/plan.xlsx"), "") << "no spreadsheet application is known";
+    EXPECT_NE(control.Exchange().DownloadTo("/nowhere/plan.xlsx"), "") << "no spreadsheet application is known";
 }
 
 TEST(ControlLife, AHostMayEndTheControlFromItsOwnTable) {

@@ -2,6 +2,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 
 #include <gtest/gtest.h>
 #ifdef __GLIBC__
@@ -102,13 +103,13 @@ const std::vector<UserAction>& UserActions() {
     static const std::vector<UserAction> actions = {
         {"build", [](const auto& control) { control->DP_Import_Create(); }},
         {"enter", [](const auto& control) { Enter(control, "7"); }},
-        {"delete", [](const auto& control) { control->Delete(); }},
+        {"delete", [](const auto& control) { control->Editing().DeleteContents(); }},
         {"hide",
          [](const auto& control) {
              ControlParts(*control).Grid().SelectRow(CellAt(*control, "COL2", "ROW2").row, SelectionMode::Replace);
-             control->HideRows();
+             control->View().HideRows();
          }},
-        {"chart", [](const auto& control) { control->SwitchChart(); }},
+        {"chart", [](const auto& control) { control->View().SwitchChart(); }},
         {"double click",
          [](const auto& control) {
              const std::shared_ptr<PlanView> kept = control;
@@ -183,6 +184,41 @@ TEST_F(LifetimeTest, TheControlMayEndInsideAnyOfItsEvents) {
     EXPECT_GE(ended, 4);
 }
 
+TEST(FacetLife, AHandleMayOutliveItsControlAndItsPlatform) {
+    struct Handles {
+        explicit Handles(PlanView& control)
+            : editing(control), view(control), exchange(control), macros(control), recording(control) {}
+        Editing editing;
+        View view;
+        Exchange exchange;
+        Macros macros;
+        Recording recording;
+    };
+    std::optional<Handles> handles;
+    const Tables tables;
+    Fill(tables);
+    {
+        test::ScriptedPlatform platform;
+        PlanView control(platform.Interfaces());
+        tables.GiveTo(control);
+        control.DP_Import_Create();
+        ControlParts(control).Grid().SelectCell(CellAt(control, "COL1", "ROW1"), SelectionMode::Replace);
+        handles.emplace(control);
+        handles->editing.DeleteContents();
+        EXPECT_TRUE(control.Editing().CanUndo()) << "every handle is about the same control";
+    }
+    EXPECT_EQ(tables.tab.use_count(), 1) << "a handle keeps no table";
+    handles->editing.Paste();
+    handles->editing.Undo();
+    EXPECT_TRUE(handles->editing.PendingCells().empty());
+    handles->view.HideRows();
+    handles->view.Resize(10, 10);
+    EXPECT_EQ(handles->exchange.DownloadTo("plan.xlsx"), "The control has ended.");
+    EXPECT_FALSE(handles->macros.Run("N1").done);
+    handles->recording.Start();
+    EXPECT_EQ(handles->recording.Keep("Test"), "");
+}
+
 TEST_F(LifetimeTest, TwoControlsShareTheirTables) {
     Tables tables;
     Fill(tables);
@@ -250,7 +286,7 @@ TEST_F(LifetimeTest, AThousandControlsLeaveNothingBehind) {
         for (int i = 0; i < count; ++i) {
             const std::shared_ptr<PlanView> control = Build(tables);
             Enter(control, i % 2 == 0 ? "8" : "9");
-            control->Undo();
+            control->Editing().Undo();
         }
     };
     createAndEnd(50);  // what is made once is made

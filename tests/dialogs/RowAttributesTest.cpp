@@ -20,7 +20,7 @@ protected:
     void Set(int row, const char* field, Variant value) { tables.lineIndex->SetValue(row, field, std::move(value)); }
     [[nodiscard]] std::string RowState(const char* row) {
         return std::to_string(context.grid.Row(context.grid.FindRow(row).value()).height) +
-               (context.driver.HeaderSelected({{}, row}) == 1 ? " selected" : "");
+               (context.driver.HeadingSelected({{}, row}) == 1 ? " selected" : "");
     }
 };
 

@@ -13,8 +13,6 @@ namespace planview::test {
 
 namespace {
 
-constexpr std::int16_t Left = 1;
-constexpr std::int16_t Right = 2;
 constexpr std::int16_t NoShift = 0;
 constexpr std::int16_t Control = 2;
 constexpr std::int16_t ControlAlt = 6;
@@ -69,11 +67,12 @@ private:
     void Key(std::int16_t shift, std::int16_t key) { static_cast<void>(Grid().ReportKeyDown(shift, key)); }
     void RightClick(const char* place, std::deque<std::string> choices = {}) {
         platform.choices = std::move(choices);
-        Grid().ReportMouseDown(At(place), Right, NoShift);
+        Grid().ReportMouseDown(At(place), MouseButton::Right, ShiftState::None);
     }
     void ChartClick(ChartHitCode code, int series, std::deque<std::string> choices = {}) {
         platform.choices = std::move(choices);
-        ControlParts(*control).Chart().UserPressed(Right, NoShift, {code, series, code == ChartHitCode::Point ? 1 : 0});
+        ControlParts(*control).Chart().UserPressed(MouseButton::Right, ShiftState::None,
+                                                   {code, series, code == ChartHitCode::Point ? 1 : 0});
     }
     [[nodiscard]] TreeNode Node(const char* key) { return ControlParts(*control).Tree().Nodes().Item(key); }
     template <class Wanted>
@@ -165,9 +164,9 @@ void GoldenRun::Open() {
     Step("the grid is built");
     Call("DP_Import_Create");
     Step("the window is shown");
-    control->Resize(900, 700);
-    control->EnterFocus();
-    control->GotFocus();
+    control->View().Resize(900, 700);
+    control->View().EnterFocus();
+    control->View().GotFocus();
     Grid().ReportFocus(true);
 }
 
@@ -192,12 +191,12 @@ void GoldenRun::Type() {
     Grid().ReportKeyPress(Return);
     Grid().ReportStay();
     Step("undone twice and made again once");
-    control->Undo();
-    control->Undo();
-    control->Redo();
+    control->Editing().Undo();
+    control->Editing().Undo();
+    control->Editing().Redo();
     Step("a click and a double click");
     Grid().SelectCell(At("COL2/ROW2"), SelectionMode::Replace);
-    Grid().ReportMouseDown(At("COL2/ROW2"), Left, NoShift);
+    Grid().ReportMouseDown(At("COL2/ROW2"), MouseButton::Left, ShiftState::None);
     Grid().ReportSimpleClick(At("COL2/ROW2"));
     Grid().ReportDoubleClick(At("COL2/ROW2"));
 }
@@ -214,7 +213,7 @@ void GoldenRun::Clip() {
     Grid().SelectCell(At("COL1/ROW1"), SelectionMode::Replace);
     Key(Control, 'V');
     Step("a paste is undone");
-    control->Undo();
+    control->Editing().Undo();
     Step("cells are emptied");
     Select("COL1/ROW2", "COL3/ROW3");
     Key(NoShift, DeleteKey);
@@ -223,16 +222,16 @@ void GoldenRun::Clip() {
     Key(Control, 'X');
     Step("cells are filled");
     Select("COL1/ROW1", "COL4/ROW1");
-    control->Fill();
+    control->Editing().Fill();
     Step("cells are raised");
-    control->RaiseSelected(2.5);
+    control->Editing().RaiseSelected(2.5);
     Step("each value is told of: one cell pasted over several");
     tables.gridAttr->SetValue(1, "SINGLEVALUE", "X");
     Call("DP_Import_Attribute");
     platform.onClipboard = {"5", ""};
     Select("COL1/ROW1", "COL3/ROW1");
     Key(Control, 'V');
-    control->Undo();
+    control->Editing().Undo();
     tables.gridAttr->SetValue(1, "SINGLEVALUE", "");
     Call("DP_Import_Attribute");
     Step("keys that do nothing here");
@@ -257,9 +256,9 @@ void GoldenRun::SelectAndHide() {
     Grid().SelectColumn(Column("COL2"), SelectionMode::Replace);
     Grid().SelectColumn(Column("COL3"), SelectionMode::Extend);
     Step("and hidden");
-    control->HideColumns();
+    control->View().HideColumns();
     Step("and shown");
-    control->ShowColumns();
+    control->View().ShowColumns();
     Step("everything is selected, then nothing");
     Grid().SelectAll();
     Grid().ClearSelection();
@@ -411,7 +410,7 @@ void GoldenRun::View() {
 void GoldenRun::Chart() {
     Step("series and points are selected in the chart");
     ControlParts(*control).Chart().UserFocus(true);
-    ControlParts(*control).Chart().UserPressed(Left, NoShift, {ChartHitCode::Series, 2, 0});
+    ControlParts(*control).Chart().UserPressed(MouseButton::Left, ShiftState::None, {ChartHitCode::Series, 2, 0});
     ControlParts(*control).Chart().UserSelected({ChartHitCode::Series, 2, 0});
     ControlParts(*control).Chart().UserSelected({ChartHitCode::Point, 1, 2});
     Step("a point is dragged");
@@ -431,10 +430,10 @@ void GoldenRun::Chart() {
     ChartClick(ChartHitCode::Trendline, 1, {"mnuTrendDel"});
     Step("rows and columns for the chart");
     Grid().SelectRow(Row("ROW7"), SelectionMode::Replace);
-    control->ShowSelectedRowsInChart();
+    control->View().ShowSelectedRowsInChart();
     Grid().SelectColumn(Column("COL2"), SelectionMode::Replace);
     Grid().SelectColumn(Column("COL4"), SelectionMode::Extend);
-    control->ShowSelectedColumnsInChart();
+    control->View().ShowSelectedColumnsInChart();
     Step("something is dragged over the chart");
     ControlParts(*control).Chart().UserDragged("GridView", false);
     ControlParts(*control).Chart().UserDragged("GridView", true);
@@ -458,7 +457,7 @@ void GoldenRun::ChartViews() {
     ChartClick(ChartHitCode::None, 0, {"mnuDefault"});
     Step("the forecast view is left for another book");
     ChartClick(ChartHitCode::None, 0, {"mnuForecast1"});
-    control->LeaveForecastView();
+    control->View().LeaveForecastView();
 }
 
 void GoldenRun::Tree() {
@@ -469,7 +468,7 @@ void GoldenRun::Tree() {
     tree.UserExpand(Node("F2"), false);
     tree.UserClick(Node("F3"), false);
     tree.UserDoubleClick(Node("F3"));
-    tree.UserMouseDown(Node("F3"), Left, NoShift);
+    tree.UserMouseDown(Node("F3"), MouseButton::Left, ShiftState::None);
     Step("a new node is asked for");
     for (const char* entry : {"mnuMacroInsert", "mnuMacroAdd", "mnuNextLevel"}) {
         platform.choices = {entry};
@@ -478,13 +477,13 @@ void GoldenRun::Tree() {
     Step("the tree's popup");
     for (const char* entry : {"mnuTreeExpand", "mnuTreeCollapse"}) {
         platform.choices = {entry};
-        tree.UserMouseDown(Node("F3"), Right, NoShift);
+        tree.UserMouseDown(Node("F3"), MouseButton::Right, ShiftState::None);
     }
-    tree.UserMouseDown({}, Right, NoShift);
+    tree.UserMouseDown({}, MouseButton::Right, ShiftState::None);
     tree.UserMenuKey();
     Step("a label is edited, and one is left as it was");
     platform.choices = {"mnuNodeRename"};
-    tree.UserMouseDown(Node("F3"), Right, NoShift);
+    tree.UserMouseDown(Node("F3"), MouseButton::Right, ShiftState::None);
     EXPECT_TRUE(tree.UserBeginLabelEdit(Node("F3")));
     tree.UserEndLabelEdit("Newest");
     EXPECT_TRUE(tree.UserBeginLabelEdit(Node("F2")));
@@ -501,8 +500,8 @@ void GoldenRun::EditMacro() {
     ControlParts(*control).Tree().UserClick(Node("M1"), false);
     editor.Check();
     editor.Run();
-    control->Undo();
-    control->Redo();
+    control->Editing().Undo();
+    control->Editing().Redo();
     Step("a macro that is wrong is run");
     TreeNodes& nodes = ControlParts(*control).Tree().Nodes();
     for (TreeNode node = nodes.FirstRoot(); node; node = node.NextSibling()) {
@@ -556,7 +555,7 @@ void GoldenRun::Record() {
     Step("what is recorded");
     Enter("COL1/ROW1", "100");
     Select("COL1/ROW1", "COL4/ROW1");
-    control->RaiseSelected(10);
+    control->Editing().RaiseSelected(10);
     Grid().SelectRow(Row("ROW2"), SelectionMode::Replace);
     RightClick("FLC0/ROW2", {"mnuRowBgColor", "mnuColor(2)"});
     Grid().PressColumnBorder(Column("COL1"), false);
@@ -572,13 +571,13 @@ void GoldenRun::Record() {
     RightClick("FLC0/FTR0", {"mnuMacroRecUndo"});
     Step("it ends and is kept");
     RightClick("FLC0/FTR0", {"mnuMacroRecStop"});
-    const std::string key = control->KeepRecording("Recorded", "F1");
+    const std::string key = control->Recording().Keep("Recorded", "F1");
     Step("it is replayed");
-    static_cast<void>(control->ReplayMacro(key));
+    static_cast<void>(control->Macros().Replay(key));
     Step("it does not fit any more");
     tables.lineIndex->SetValue(1, "READONLY", "X");
     Call("DP_Import_Update");
-    static_cast<void>(control->RunMacro(key));
+    static_cast<void>(control->Macros().Run(key));
     tables.lineIndex->SetValue(1, "READONLY", "");
 }
 
@@ -638,8 +637,8 @@ void GoldenRun::Close() {
     Call("DP_Import_Update");
     Step("the control loses the focus and ends");
     Grid().ReportFocus(false);
-    control->LostFocus();
-    control->ExitFocus();
+    control->View().LostFocus();
+    control->View().ExitFocus();
     control->Terminate();
     EndStep();
 }

@@ -88,9 +88,9 @@ TEST_F(ValueFlow, EveryWayStoresTheTextOnce) {
     } ways[] = {
         {"typed", [&] { Grid().EnterText(February(), "12,50"); }, "12,5"},
         {"dragged", [&] { ControlParts(control).Chart().UserChangedPoint(1, 2, 8.25); }, "8,25"},
-        {"pasted", [&] { control.Paste(); }, "30"},
-        {"deleted", [&] { control.Delete(); }, ""},
-        {"undone", [&] { control.Undo(); }, "30"},
+        {"pasted", [&] { control.Editing().Paste(); }, "30"},
+        {"deleted", [&] { control.Editing().DeleteContents(); }, ""},
+        {"undone", [&] { control.Editing().Undo(); }, "30"},
     };
     for (const auto& row : ways) {
         const std::uint64_t version = Grid().ChangeVersion();
@@ -110,7 +110,7 @@ TEST_F(ValueFlow, WhatTheTablesDoNotTakeDoesNotStay) {
     EXPECT_EQ(Shown(), "20");
     EXPECT_EQ(Charted(), 20);
     EXPECT_EQ(platform.messages.size(), 2U);
-    EXPECT_FALSE(control.CanUndo());
+    EXPECT_FALSE(control.Editing().CanUndo());
 }
 
 }  // namespace planview

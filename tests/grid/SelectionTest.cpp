@@ -52,7 +52,7 @@ protected:
 
 }  // namespace
 
-TEST_F(SelectionTest, BlocksRunUpToTheNextSelectedHeader) {
+TEST_F(SelectionTest, BlocksRunUpToTheNextSelectedHeading) {
     const struct {
         std::initializer_list<int> selected;
         const char* marked;
@@ -143,8 +143,8 @@ TEST_F(SelectionTest, TheUsersSelectionIsMirroredIntoBothTables) {
     EXPECT_EQ(Marked(), ".XX..");
 }
 
-/// Only a line's header chooses it for the comparison; its cells are there to be edited.
-TEST_F(SelectionTest, AClickOnARowHeaderChoosesTheForecastLine) {
+/// Only a line's heading chooses it for the comparison; its cells are there to be edited.
+TEST_F(SelectionTest, AClickOnARowHeadingChoosesTheForecastLine) {
     const auto chosen = [&] {
         std::string flags;
         for (std::int32_t row = 1; row <= 3; ++row) {

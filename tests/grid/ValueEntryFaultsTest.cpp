@@ -27,7 +27,7 @@ protected:
     }
     void Paste(const char* text, const char* html = "") {
         platform.onClipboard = {text, html};
-        control->Paste();
+        control->Editing().Paste();
     }
     void Current(const char* column, const char* row) { Grid().SelectCell(At(column, row), SelectionMode::Replace); }
     [[nodiscard]] std::string LastMessage() const {
@@ -65,10 +65,10 @@ TEST_F(ValueEntryFaultsTest, WhatFitsIntoAFullTableIsKeptAnnouncedAndUndone) {
         EXPECT_FALSE(Told("What a cell held before")) << "every old value was kept: " << LastMessage();
         EXPECT_EQ(platform.messages.size(), 1U) << "told once";
         EXPECT_EQ(Entries(IsError).size(), 1U);
-        control->Undo();
+        control->Editing().Undo();
         EXPECT_EQ(Shown(), "[10][20][] | [30][][] | [][][]");
         EXPECT_EQ(tables.tab->Value(3, "V"), Variant(30));
-        EXPECT_FALSE(control->CanUndo());
+        EXPECT_FALSE(control->Editing().CanUndo());
         platform.messages.clear();
         ForgetEntries();
     }
@@ -93,7 +93,7 @@ TEST_F(ValueEntryFaultsTest, WithoutTabOldTheValueIsStoredAndCanBeUndone) {
     EXPECT_EQ(Grid().Contents(At("COL1", "ROW1")), "7") << "the grid shows what TAB holds";
     EXPECT_TRUE(Told("the new value is stored")) << LastMessage();
     EXPECT_FALSE(Told("could not be stored"));
-    control->Undo();
+    control->Editing().Undo();
     EXPECT_EQ(tables.tab->Value(1, "V"), Variant(10));
 }
 
@@ -105,20 +105,20 @@ TEST_F(ValueEntryFaultsTest, AnUndoThatFailsInPartCanBeGoneOnWith) {
     Current("COL1", "ROW1");
     Paste("1\t2\n3");
     tab->row = 2;
-    control->Undo();
+    control->Editing().Undo();
     EXPECT_EQ(Shown(), "[10][2][] | [30][][] | [][][]");
     tab->row = 1;
-    control->Redo();
+    control->Editing().Redo();
     EXPECT_EQ(Shown(), "[10][2][] | [3][][] | [][][]");
     tab->row = 0;
-    control->Redo();
+    control->Editing().Redo();
     EXPECT_EQ(Shown(), "[1][2][] | [3][][] | [][][]");
-    EXPECT_FALSE(control->CanRedo());
-    while (control->CanUndo()) {
-        control->Undo();
+    EXPECT_FALSE(control->Editing().CanRedo());
+    while (control->Editing().CanUndo()) {
+        control->Editing().Undo();
     }
     EXPECT_EQ(Shown(), "[10][20][] | [30][][] | [][][]");
-    EXPECT_TRUE(control->CanRedo());
+    EXPECT_TRUE(control->Editing().CanRedo());
 }
 
 TEST_F(ValueEntryFaultsTest, AHostThatRebuildsWithinAnActionGetsEveryValueInItsCell) {
@@ -132,9 +132,9 @@ TEST_F(ValueEntryFaultsTest, AHostThatRebuildsWithinAnActionGetsEveryValueInItsC
     Current("COL1", "ROW1");
     Paste("1\t2\n3\t4");
     EXPECT_EQ(Rows(*tables.tab), "1,1=1 1,2=2 2,1=3 2,2=4");
-    EXPECT_FALSE(control->CanUndo()) << "the rebuild has ended the history";
+    EXPECT_FALSE(control->Editing().CanUndo()) << "the rebuild has ended the history";
     Type("COL1", "ROW2", "5");
-    EXPECT_TRUE(control->CanUndo());
+    EXPECT_TRUE(control->Editing().CanUndo());
 }
 
 // --- Fixed cells
@@ -142,17 +142,17 @@ TEST_F(ValueEntryFaultsTest, AHostThatRebuildsWithinAnActionGetsEveryValueInItsC
 TEST_F(ValueEntryFaultsTest, AFixedCellGetsItsTextBack) {
     NameUnits();
     Type("FRC1", "ROW1", "barrels");
-    control->Undo();
+    control->Editing().Undo();
     EXPECT_EQ(Grid().Contents(At("FRC1", "ROW1")), "tons");
     EXPECT_EQ(host.heard.back(), "0/FRC1 1/ROW1 = tons");
-    control->Redo();
+    control->Editing().Redo();
     EXPECT_EQ(Grid().Contents(At("FRC1", "ROW1")), "barrels");
     host.heard.clear();
     Current("FRC1", "ROW1");
     Paste("a\nb");
     EXPECT_EQ(host.heard, (Lines{"0/FRC1 1/ROW1 = a", "0/FRC1 2/ROW2 = b", "update"}))
         << "only the event says which fixed cell it was";
-    control->Undo();
+    control->Editing().Undo();
     EXPECT_EQ(Grid().Contents(At("FRC1", "ROW2")), "kilos");
     ExpectErrors();
     control->PROP_Set_TAB(nullptr);
@@ -172,15 +172,15 @@ TEST_F(ValueEntryFaultsTest, DeleteAndCutLeaveFixedCellsInASelectionAlone) {
     for (const bool cut : {false, true}) {
         Select("COL2", "ROW1", "FRC1", "ROW2");
         if (cut) {
-            control->Cut();
+            control->Editing().Cut();
             EXPECT_EQ(platform.onClipboard.text, "20\t\ttons\n\t\tkilos\n");
         } else {
-            control->Delete();
+            control->Editing().DeleteContents();
         }
         EXPECT_EQ(Shown(), "[10][][] | [30][][] | [][][]");
         EXPECT_EQ(Grid().Contents(At("FRC1", "ROW1")), "tons");
         EXPECT_TRUE(platform.messages.empty()) << LastMessage();
-        control->Undo();
+        control->Editing().Undo();
     }
     EXPECT_EQ(Rows(*tables.tab), "1,1=10 1,2=20 2,1=30 1,3= 2,2= 2,3=");
 }
@@ -193,8 +193,8 @@ TEST_F(ValueEntryFaultsTest, CellsThatFormNoBlockAreNotTakenForOne) {
     Paste("7");
     EXPECT_EQ(Shown(), "[7][20][] | [30][][7] | [][][]") << "one value goes to the selected cells alone";
     platform.onClipboard.text = "as it was";
-    control->Copy();
-    control->Cut();
+    control->Editing().Copy();
+    control->Editing().Cut();
     EXPECT_EQ(platform.onClipboard.text, "as it was");
     EXPECT_EQ(platform.messages.size(), 2U);
     Paste("1\t2");
@@ -202,7 +202,7 @@ TEST_F(ValueEntryFaultsTest, CellsThatFormNoBlockAreNotTakenForOne) {
     EXPECT_EQ(Shown(), "[7][20][] | [30][][7] | [][][]");
     Grid().SelectColumn(At("COL1", "ROW1").column, SelectionMode::Replace);
     Grid().SelectColumn(At("COL3", "ROW1").column, SelectionMode::Add);
-    control->Copy();
+    control->Editing().Copy();
     EXPECT_EQ(platform.onClipboard.text, "7\t\n30\t7\n\t\n") << "columns apart are a block all the same";
 }
 
@@ -244,36 +244,36 @@ TEST_F(ValueEntryFaultsTest, ASpreadsheetsOwnNumbersAreTakenInThePlaceOfTheirTex
 
 TEST_F(ValueEntryFaultsTest, ASingleCellIsAnsweredBesideIt) {
     Lines told;
-    control->SetHintListener([&](const CellKey& cell, std::string_view reason) {
+    control->Editing().SetHintListener([&](const CellKey& cell, std::string_view reason) {
         told.push_back(cell.column + "/" + cell.row + " " + std::string(reason));
         return true;
     });
     const std::string readOnly(RefusalText(Refusal::ReadOnly));
     const std::string noNumber(RefusalText(Refusal::NoNumber));
     Current("COL1", "ROW3");
-    control->Delete();
-    control->Cut();
+    control->Editing().DeleteContents();
+    control->Editing().Cut();
     Paste("1");
     Current("COL1", "ROW1");
     Paste("x");
     EXPECT_EQ(told, (Lines{"COL1/ROW3 " + readOnly, "COL1/ROW3 " + readOnly, "COL1/ROW3 " + readOnly,
                            "COL1/ROW1 " + noNumber}));
     EXPECT_TRUE(platform.messages.empty());
-    control->SetHintListener({});
+    control->Editing().SetHintListener({});
     Paste("x");
     EXPECT_EQ(platform.messages.size(), 1U) << "without anybody to show it a box says it";
 }
 
 TEST_F(ValueEntryFaultsTest, ALockedGridTakesNothing) {
-    control->SetLocked(true);
+    control->Editing().SetReadOnly(true);
     control->DP_Import_Update();
-    EXPECT_EQ(RefusalOf(Grid(), At("COL1", "ROW1")), Refusal::Locked);
-    EXPECT_EQ(RefusalOf(Grid(), At("FRC1", "ROW1")), Refusal::Locked);
+    EXPECT_EQ(RefusalOf(Grid(), At("COL1", "ROW1")), Refusal::TableReadOnly);
+    EXPECT_EQ(RefusalOf(Grid(), At("FRC1", "ROW1")), Refusal::TableReadOnly);
     Select("COL1", "ROW1", "COL2", "ROW2");
-    control->Delete();
+    control->Editing().DeleteContents();
     Paste("1\t2");
     EXPECT_EQ(Rows(*tables.tab), "1,1=10 1,2=20 2,1=30");
-    control->SetLocked(false);
+    control->Editing().SetReadOnly(false);
     Paste("1\t2");
     EXPECT_EQ(Grid().Contents(At("COL2", "ROW1")), "2");
 }
@@ -281,17 +281,17 @@ TEST_F(ValueEntryFaultsTest, ALockedGridTakesNothing) {
 TEST_F(ValueEntryFaultsTest, UndoGoesToWhatItChanged) {
     Type("COL2", "ROW1", "5");
     Select("COL1", "ROW1", "COL3", "ROW2");
-    control->Delete();
+    control->Editing().DeleteContents();
     Current("COL3", "ROW3");
-    control->Undo();
+    control->Editing().Undo();
     EXPECT_EQ(Grid().KeyOf(*Grid().CurrentCell()), (CellKey{"COL1", "ROW1"}));
     EXPECT_TRUE(Grid().IsSelected({"COL3", "ROW2"}));
     EXPECT_FALSE(Grid().IsSelected({"COL3", "ROW3"}));
-    control->Undo();
+    control->Editing().Undo();
     EXPECT_EQ(Grid().KeyOf(*Grid().CurrentCell()), (CellKey{"COL2", "ROW1"}));
     EXPECT_FALSE(Grid().IsSelected({"COL1", "ROW1"}));
     Current("COL3", "ROW3");
-    control->Redo();
+    control->Editing().Redo();
     EXPECT_EQ(Grid().KeyOf(*Grid().CurrentCell()), (CellKey{"COL2", "ROW1"}));
 }
 
@@ -302,7 +302,7 @@ TEST_F(ValueEntryFaultsTest, CountingPendingCellsLeavesNoTraceAndGetsOverAnyValu
         AddRow(*tables.tabOld, {{"Z", 1}, {"C", column}, {"V", column == 2 ? Variant("text") : Variant("10,0")}});
     }
     ForgetEntries();
-    EXPECT_EQ(control->PendingCells(), (std::vector<CellKey>{{"COL2", "ROW1"}, {"COL3", "ROW1"}}));
+    EXPECT_EQ(control->Editing().PendingCells(), (std::vector<CellKey>{{"COL2", "ROW1"}, {"COL3", "ROW1"}}));
     EXPECT_EQ(Entries(), Lines{});
 }
 

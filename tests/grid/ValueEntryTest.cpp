@@ -69,7 +69,7 @@ TEST_F(ValueEntryTest, ATableThatFailsLeavesTheGridWithWhatItHolds) {
     control->PROP_Set_TAB(std::make_shared<Refusing>(tables.tab));
     Type("COL2", "ROW1", "12");
     EXPECT_EQ(Grid().Contents(At("COL2", "ROW1")), "20");
-    EXPECT_FALSE(control->CanUndo());
+    EXPECT_FALSE(control->Editing().CanUndo());
     ASSERT_EQ(platform.messages.size(), 1U);
     EXPECT_NE(platform.messages[0].text.find("disk full"), std::string::npos) << platform.messages[0].text;
     control->PROP_Set_TAB(nullptr);
@@ -102,7 +102,7 @@ TEST_F(ValueEntryTest, DeleteEmptiesWritablePlanningCellsOnly) {
 TEST_F(ValueEntryTest, BlocksArePastedFromTheCurrentCellToTheEdge) {
     Grid().SelectCell(At("COL2", "ROW1"), SelectionMode::Replace);
     platform.onClipboard.text = "1,5\t2.5\t3\n4\tx\n";
-    control->Paste();
+    control->Editing().Paste();
     EXPECT_EQ(Shown(), "[10][1,5][2,5] | [30][4][] | [][][]") << "the third column does not exist";
     EXPECT_EQ(host.heard, Lines{"update"}) << "several cells are announced as one";
     ASSERT_EQ(platform.messages.size(), 1U);
@@ -113,10 +113,10 @@ TEST_F(ValueEntryTest, BlocksArePastedFromTheCurrentCellToTheEdge) {
 TEST_F(ValueEntryTest, ASelectionIsTheTargetFromItsFirstCellOn) {
     Select("COL1", "ROW1", "COL3", "ROW2");
     platform.onClipboard.text = "1\t2\n3\t4";
-    control->Paste();
+    control->Editing().Paste();
     EXPECT_EQ(Shown(), "[1][2][] | [3][4][] | [][][]") << "two columns do not fit into three";
     Select("COL2", "ROW1", "COL3", "ROW2");
-    control->Fill();
+    control->Editing().Fill();
     EXPECT_EQ(Shown(), "[1][2][2] | [3][2][2] | [][][]");
 }
 
@@ -125,15 +125,15 @@ TEST_F(ValueEntryTest, SingleValueModeAnnouncesEachCell) {
     control->DP_Import_Attribute();
     platform.onClipboard.text = "1\t2";
     Grid().SelectCell(At("COL1", "ROW2"), SelectionMode::Replace);
-    control->Paste();
+    control->Editing().Paste();
     EXPECT_EQ(host.heard, (Lines{"1/COL1 2/ROW2 = 1", "2/COL2 2/ROW2 = 2"}));
 }
 
 TEST_F(ValueEntryTest, SeveralAnnouncedValuesAreBracketed) {
-    control->SetBulkListener([&](bool running) { host.heard.emplace_back(running ? "begin" : "end"); });
+    control->Editing().SetBulkListener([&](bool running) { host.heard.emplace_back(running ? "begin" : "end"); });
     platform.onClipboard.text = "1\t2";
     Grid().SelectCell(At("COL1", "ROW2"), SelectionMode::Replace);
-    control->Paste();
+    control->Editing().Paste();
     EXPECT_EQ(host.heard, Lines{"update"}) << "one event says it all";
     tables.gridAttr->SetValue(1, "SINGLEVALUE", "X");
     control->DP_Import_Attribute();
@@ -141,14 +141,14 @@ TEST_F(ValueEntryTest, SeveralAnnouncedValuesAreBracketed) {
     Type("COL1", "ROW1", "5");
     EXPECT_EQ(host.heard, Lines{"1/COL1 1/ROW1 = 5"}) << "nor is there anything to gather";
     host.heard.clear();
-    control->Paste();
-    control->Undo();
+    control->Editing().Paste();
+    control->Editing().Undo();
     EXPECT_EQ(host.heard, (Lines{"begin", "1/COL1 2/ROW2 = 1", "2/COL2 2/ROW2 = 2", "end", "begin", "2/COL2 2/ROW2 = 2",
                                  "1/COL1 2/ROW2 = 1", "end"}));
     host.heard.clear();
     control->PROP_Set_TAB_OLD(nullptr);
     ExpectErrors();
-    control->Paste();
+    control->Editing().Paste();
     EXPECT_EQ(host.heard.back(), "end") << "an action that fails ends, too";
 }
 
@@ -162,22 +162,22 @@ TEST_F(ValueEntryTest, TheRowsOfTabMayMoveWithinAnAction) {
     };
     Grid().SelectCell(At("COL1", "ROW1"), SelectionMode::Replace);
     platform.onClipboard.text = "1\t2\n4\t5";
-    control->Paste();
+    control->Editing().Paste();
     EXPECT_EQ(Rows(*tables.tab), "1,1=1 2,1=4 1,2=2 2,2=5");
 }
 
 TEST_F(ValueEntryTest, OneValueOrOneRowFillsASelection) {
     Select("COL1", "ROW1", "COL3", "ROW3");
     platform.onClipboard.text = "7";
-    control->Paste();
+    control->Editing().Paste();
     EXPECT_EQ(Shown(), "[7][7][7] | [7][7][7] | [][][]");
     EXPECT_NE(platform.messages[0].text.find("3 cells cannot be edited"), std::string::npos);
     Select("COL1", "ROW1", "COL3", "ROW2");
     platform.onClipboard.text = "1\t2\t3\r\n";
-    control->Paste();
+    control->Editing().Paste();
     EXPECT_EQ(Shown(), "[1][2][3] | [1][2][3] | [][][]");
-    control->Undo();
-    control->Undo();
+    control->Editing().Undo();
+    control->Editing().Undo();
     EXPECT_EQ(Shown(), "[10][20][] | [30][][] | [][][]");
 }
 
@@ -200,19 +200,19 @@ TEST_F(ValueEntryTest, UndoAndRedoFollowTheUsersActions) {
     EXPECT_TRUE(Grid().ReportKeyDown(0, 46));
     EXPECT_EQ(Shown(), "[][][] | [][][] | [][][]");
     host.heard.clear();
-    control->Undo();
+    control->Editing().Undo();
     EXPECT_EQ(Shown(), "[12][20][] | [30][][] | [][][]");
     EXPECT_EQ(host.heard, Lines{"update"});
-    control->Undo();
+    control->Editing().Undo();
     EXPECT_EQ(Shown(), "[11][20][] | [30][][] | [][][]");
     EXPECT_EQ(host.heard.back(), "1/COL1 1/ROW1 = 11");
     EXPECT_EQ(tables.tabOld->Value(1, "V"), Variant(10)) << "the first value stays";
-    control->Redo();
+    control->Editing().Redo();
     EXPECT_EQ(Grid().Contents(At("COL1", "ROW1")), "12");
     Type("COL3", "ROW2", "1");
-    EXPECT_FALSE(control->CanRedo()) << "a new action ends what could be repeated";
+    EXPECT_FALSE(control->Editing().CanRedo()) << "a new action ends what could be repeated";
     control->DP_Import_Update();
-    EXPECT_FALSE(control->CanUndo()) << "a rebuild ends the history";
+    EXPECT_FALSE(control->Editing().CanUndo()) << "a rebuild ends the history";
 }
 
 TEST_F(ValueEntryTest, TheHostMayRebuildFromItsOwnEvent) {

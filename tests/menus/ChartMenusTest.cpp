@@ -31,12 +31,12 @@ protected:
         platform.popups.clear();
         platform.choices = std::move(choices);
         context.chartHandlers.Selected({code, series, 0});
-        context.chartHandlers.MouseDown(2, 0, {code, series, 0});
+        context.chartHandlers.MouseDown(MouseButton::Right, ShiftState::None, {code, series, 0});
     }
     void GridPopup(const CellKey& place, const char* choice) {
         platform.popups.clear();
         platform.choices = {choice};
-        context.gridHandlers.MouseDown(place, 2, 0);
+        context.gridHandlers.MouseDown(place, MouseButton::Right, ShiftState::None);
     }
     /// The captions that can be chosen, checked ones with a star.
     [[nodiscard]] Lines Offered() const {

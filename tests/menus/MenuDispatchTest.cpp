@@ -42,7 +42,7 @@ protected:
         platform.popups.clear();
         platform.choices = std::move(choices);
         heard.clear();
-        Grid().ReportMouseDown(At(place), 2, 0);
+        Grid().ReportMouseDown(At(place), MouseButton::Right, ShiftState::None);
     }
     [[nodiscard]] Cell At(const std::string& place) {
         const std::size_t slash = place.find('/');
@@ -273,9 +273,9 @@ TEST_F(MenuDispatchTest, TestDataAreOneChangeOfTheUsers) {
     EXPECT_EQ(tables.tabOld->RowCount(), 9);
     EXPECT_EQ(heard, (Lines{"update"}));
     EXPECT_EQ(Grid().Contents(At("COL1/ROW4")), "41") << "a read-only line";
-    control->Undo();
+    control->Editing().Undo();
     EXPECT_EQ(Grid().Contents(At("COL3/ROW3")), "33");
-    EXPECT_FALSE(control->CanUndo());
+    EXPECT_FALSE(control->Editing().CanUndo());
 }
 
 TEST_F(MenuDispatchTest, TraceIsSwitchedByItsEntry) {

@@ -43,8 +43,6 @@ protected:
         return parameters;
     }
 
-    test::Tables tables;
-    ControlContext context;
     frmMenu menu;
     UserMenu user;
 };

@@ -168,7 +168,7 @@ TEST(Session, ABookThatCannotBeWrittenSaysSoAndTakesNothing) {
         EXPECT_EQ(w.window.windowTitle().toStdString(), "small (read-only)[*] – planbook");
         EXPECT_EQ(w.Text("pending"), "Read-only book, 1 pending change");
         EXPECT_TRUE(w.Find<QToolButton>("accept")->isHidden());
-        EXPECT_EQ(planview::RefusalOf(w.Grid(), w.At(1, 1)), planview::Refusal::Locked);
+        EXPECT_EQ(planview::RefusalOf(w.Grid(), w.At(1, 1)), planview::Refusal::TableReadOnly);
         w.EmptyBlock(1, 1, 3, 3);
         EXPECT_EQ(w.Shown(3, 3), "300");
         w.Grid().PressColumnBorder(*w.Grid().FindColumn("COL2"), false);

@@ -254,7 +254,10 @@ TEST(Window, PutsABookAwayWithTheMarksOfItsUsualView) {
     }
     const std::string before = DumpTable(LoadBook(file), BookTable::LineIndex);
     ChooseInSubmenu("Chart view", "Forecast (Compare)");
-    planview::ControlParts(view.control()).Chart().UserPressed(2, 0, {planview::ChartHitCode::PlotArea, 0, 0});
+    planview::ControlParts(view.control())
+        .Chart()
+        .UserPressed(planview::MouseButton::Right, planview::ShiftState::None,
+                     {planview::ChartHitCode::PlotArea, 0, 0});
     EXPECT_NE(DumpTable(LoadBook(file), BookTable::LineIndex), before) << "the forecast view has marks of its own";
     EXPECT_TRUE(w.window.close());
     EXPECT_EQ(DumpTable(LoadBook(file), BookTable::LineIndex), before);

@@ -48,8 +48,11 @@ inline ChartState SampleChart(ChartType type) {
 /// Lets nothing but points above the first line's change, and writes down what it hears.
 class ChartLog final : public ChartEvents {
 public:
-    void MouseDown(std::int16_t button, std::int16_t shift, const ChartHit& hit) override {
-        heard << QStringLiteral("down %1 %2 %3").arg(button).arg(shift).arg(static_cast<int>(hit.code));
+    void MouseDown(MouseButton button, ShiftState shift, const ChartHit& hit) override {
+        heard << QStringLiteral("down %1 %2 %3")
+                     .arg(static_cast<int>(button))
+                     .arg(static_cast<int>(shift))
+                     .arg(static_cast<int>(hit.code));
         call(onPress);
     }
     void Selected(const ChartHit& hit) override {

@@ -73,7 +73,7 @@ void ChartPaneTest::rowsInTheChartCarryDots() {
     QVERIFY(hasDot("ROW4"));
     const RowDots& dots = screen.view().rowDots();
     QCOMPARE(dots.at("ROW3").color, ChartColors(screen.chart().chart().State(), GridTheme::light()).series(2));
-    screen.widget->control().SwitchChart();
+    screen.widget->control().View().SwitchChart();
     QVERIFY(!hasDot("ROW2"));
 }
 

@@ -32,7 +32,7 @@ public:
     void TextEntered(const CellKey&, const std::string&) override { heard("TextEntered"); }
     void StayCell() override { heard("StayCell"); }
     void SimpleClick(const CellKey&) override { heard("SimpleClick"); }
-    void MouseDown(const CellKey&, std::int16_t, std::int16_t) override { heard("MouseDown"); }
+    void MouseDown(const CellKey&, MouseButton, ShiftState) override { heard("MouseDown"); }
     bool KeyDown(std::int16_t, std::int16_t) override {
         heard("KeyDown");
         return true;

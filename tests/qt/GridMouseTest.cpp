@@ -170,9 +170,9 @@ private slots:
         add("fixed column", false, "FLC1", "FTR0", true, 20, "ColumnResized FLC1 80");
         add("total column grows inwards", false, "FRC1", "FTR0", true, 25, "ColumnResized FRC1 85");
         add("label column", false, "FLC0", "FTR0", true, -40, "ColumnResized FLC0 80");
-        add("heading row", false, "FLC0", "FTR0", false, 16, "HeaderHeightResized COL1 40");
-        add("switched: a row's width", true, "FLC0", "ROW2", true, 15, "HeaderWidthResized ROW2 95");
-        add("switched: a column's height", true, "COL2", "FTR0", false, 9, "HeaderHeightResized COL2 33");
+        add("heading row", false, "FLC0", "FTR0", false, 16, "HeadingHeightResized COL1 40");
+        add("switched: a row's width", true, "FLC0", "ROW2", true, 15, "HeadingWidthResized ROW2 95");
+        add("switched: a column's height", true, "COL2", "FTR0", false, 9, "HeadingHeightResized COL2 33");
     }
     void bordersResize() {
         QFETCH(bool, switched);

@@ -179,6 +179,17 @@ private slots:
         QVERIFY(QMetaObject::invokeMethod(&widget, "plv_ActiveNode", Q_ARG(QString, QStringLiteral("node"))));
     }
 
+    void commandsAreInvokable() {
+        test::ScriptedPlatform platform;
+        PlanViewWidget widget(platform.Interfaces());
+        for (const char* slot : {
+#define PLANVIEW_SLOT(NAME, COMMAND) #NAME,
+#include "qt/Slots.def"
+             }) {
+            QVERIFY2(QMetaObject::invokeMethod(&widget, slot), slot);
+        }
+    }
+
     void tablesAreShown() {
         PlanViewWidget widget;
         widget.resize(500, 300);

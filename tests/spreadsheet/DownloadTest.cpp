@@ -334,23 +334,23 @@ TEST_F(DownloadTest, AHostWithoutDialogsGetsAnswers) {
     PlanView control(platform.Interfaces());
     tables.GiveTo(control);
     control.DP_Import_Create();
-    EXPECT_EQ(control.DownloadTo("plan.xlsx"), "");
+    EXPECT_EQ(control.Exchange().DownloadTo("plan.xlsx"), "");
     EXPECT_TRUE(Saved());
     fake->cells[(test::FakeSpreadsheet::Place{2, 2})].value = 5;
-    const UploadPreview preview = control.PreviewUpload("plan.xlsx");
+    const UploadPreview preview = control.Exchange().PreviewUpload("plan.xlsx");
     EXPECT_EQ(preview.error, "");
     ASSERT_EQ(preview.changes.size(), 1U);
-    EXPECT_EQ(control.ApplyUpload(preview).changed, 1);
-    EXPECT_TRUE(control.CanUndo());
-    EXPECT_EQ(control.ApplyUpload(preview).outdated, 1) << "it has been applied already";
+    EXPECT_EQ(control.Exchange().ApplyUpload(preview).changed, 1);
+    EXPECT_TRUE(control.Editing().CanUndo());
+    EXPECT_EQ(control.Exchange().ApplyUpload(preview).outdated, 1) << "it has been applied already";
 
     platform.objects.Unregister("Excel.Application");
-    EXPECT_EQ(control.DownloadTo("plan.xlsx"), "No connection to Microsoft Excel !");
-    EXPECT_EQ(control.PreviewUpload("plan.xlsx").error, "No connection to Microsoft Excel !");
+    EXPECT_EQ(control.Exchange().DownloadTo("plan.xlsx"), "No connection to Microsoft Excel !");
+    EXPECT_EQ(control.Exchange().PreviewUpload("plan.xlsx").error, "No connection to Microsoft Excel !");
     control.Terminate();
-    EXPECT_EQ(control.DownloadTo("plan.xlsx"), "The control has ended.");
-    EXPECT_EQ(control.PreviewUpload("plan.xlsx").error, "The control has ended.");
-    EXPECT_EQ(control.ApplyUpload(preview).changed, 0);
+    EXPECT_EQ(control.Exchange().DownloadTo("plan.xlsx"), "The control has ended.");
+    EXPECT_EQ(control.Exchange().PreviewUpload("plan.xlsx").error, "The control has ended.");
+    EXPECT_EQ(control.Exchange().ApplyUpload(preview).changed, 0);
 }
 
 TEST_F(DownloadTest, TheCommandIsInThePopup) {

@@ -284,7 +284,7 @@ TEST_F(UploadTest, TheUserHearsOfWhatWasLeftAlone) {
 
 TEST_F(UploadTest, ALockedGridRefusesEverything) {
     Edit(2, 2, 5);
-    context.grid.SetLocked(true);
+    context.grid.SetReadOnly(true);
     EXPECT_EQ(Differences(), Lines{"Sales/May 01: 1234,5 -> 5 (This table is open for reading only.)"});
 }
 

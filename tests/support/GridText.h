@@ -143,10 +143,10 @@ public:
     void GridChanged(const GridChange& change) override { changes.push_back(change); }
     void ColumnResized(const std::string& column, int width) override { Add("ColumnResized", column, width); }
     void RowResized(const std::string& row, int height) override { Add("RowResized", row, height); }
-    void HeaderHeightResized(const std::string& column, int height) override {
-        Add("HeaderHeightResized", column, height);
+    void HeadingHeightResized(const std::string& column, int height) override {
+        Add("HeadingHeightResized", column, height);
     }
-    void HeaderWidthResized(const std::string& row, int width) override { Add("HeaderWidthResized", row, width); }
+    void HeadingWidthResized(const std::string& row, int width) override { Add("HeadingWidthResized", row, width); }
     void SelectionChanged(const CellKey& cell, bool selected) override {
         Add("SelectionChanged", cell.column + "/" + cell.row, selected ? 1 : 0);
     }
@@ -168,8 +168,9 @@ public:
         }
     }
     void SimpleClick(const CellKey& cell) override { Act("SimpleClick", cell, ""); }
-    void MouseDown(const CellKey& cell, std::int16_t button, std::int16_t shift) override {
-        Act("MouseDown", cell, std::to_string(button) + " " + std::to_string(shift));
+    void MouseDown(const CellKey& cell, MouseButton button, ShiftState shift) override {
+        Act("MouseDown", cell,
+            std::to_string(static_cast<int>(button)) + " " + std::to_string(static_cast<int>(shift)));
     }
     void MenuKey(const CellKey& cell) override { Act("MenuKey", cell, ""); }
     bool KeyDown(std::int16_t shift, std::int16_t keyCode) override {

@@ -51,7 +51,7 @@ MacroMenu::MacroMenu(QMenu& menu, PlanViewWidget& view, BookSession& session, Qu
             [this](const QString& target, const QString& moved, short action) {
                 QTimer::singleShot(0, this, [=, this] {
                     if (session_.isOpen() && !session_.isReadOnly()) {
-                        view_.moveMacroNode(moved, target, action);
+                        view_.moveMacroNode(moved, target, planview::DropAction{action});
                     }
                 });
             });

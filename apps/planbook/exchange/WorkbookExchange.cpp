@@ -52,14 +52,15 @@ void WorkbookExchange::Download(const std::filesystem::path& workbook, bool prin
     }
     planview::SpreadsheetOptions options;
     options.printSetup = printSetup;
-    view_->SetSpreadsheetOptions(options);
-    if (const std::string error = view_->DownloadTo(std::filesystem::absolute(workbook).string()); !error.empty()) {
+    view_->Exchange().SetOptions(options);
+    if (const std::string error = view_->Exchange().DownloadTo(std::filesystem::absolute(workbook).string());
+        !error.empty()) {
         throw BookError(error);
     }
 }
 
 UploadPreview WorkbookExchange::Preview(const std::filesystem::path& workbook) {
-    UploadPreview preview = view_->PreviewUpload(std::filesystem::absolute(workbook).string());
+    UploadPreview preview = view_->Exchange().PreviewUpload(std::filesystem::absolute(workbook).string());
     if (!preview.error.empty()) {
         throw BookError(preview.error);
     }
@@ -69,7 +70,7 @@ UploadPreview WorkbookExchange::Preview(const std::filesystem::path& workbook) {
 UploadResult WorkbookExchange::Apply(const UploadPreview& preview) {
     // Taken now: building the view has written keys into the tables, which is no change of the user's.
     const BookSnapshot before(book_);
-    const UploadResult result = view_->ApplyUpload(preview);
+    const UploadResult result = view_->Exchange().ApplyUpload(preview);
     BookChanges changes = before.ChangesIn(book_);
     std::erase_if(changes.tables, [](const TableEdits& edits) {
         return edits.table != BookTable::Tab && edits.table != BookTable::TabOld;

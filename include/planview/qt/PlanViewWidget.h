@@ -277,8 +277,8 @@ public:
     Q_INVOKABLE planview::MacroResult runMacro(const QString& nodeKey, bool onSelectedLine = false);
     /// Looks whether it could be run or replayed now.
     Q_INVOKABLE planview::MacroResult checkMacro(const QString& nodeKey);
-    /// Carries out what MacroTreeNodeDropped has reported: `action` 4 before, 5 after, 6 below the target.
-    Q_INVOKABLE void moveMacroNode(const QString& nodeKey, const QString& target, short action);
+    /// Carries out what MacroTreeNodeDropped has reported of a node that was dragged.
+    Q_INVOKABLE void moveMacroNode(const QString& nodeKey, const QString& target, planview::DropAction action);
 
     // --- For a host that keeps the changes
 

@@ -68,7 +68,7 @@ void ChartControl::CopyPicture() const {
 
 // The listener may destroy the chart: the model is kept alive meanwhile.
 
-void ChartControl::UserPressed(std::int16_t button, std::int16_t shift, const ChartHit& hit) {
+void ChartControl::UserPressed(MouseButton button, ShiftState shift, const ChartHit& hit) {
     const std::shared_ptr<ChartModel> model = model_;
     if (model->events) {
         model->events->MouseDown(button, shift, hit);

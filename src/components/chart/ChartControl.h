@@ -10,6 +10,7 @@
 #include <planview/AutomationObject.h>
 #include <planview/Export.h>
 
+#include "components/InputTypes.h"
 #include "components/chart/ChartState.h"
 
 namespace planview {
@@ -24,11 +25,11 @@ public:
     virtual void CopyPicture() = 0;
 };
 
-/// Hears what the user did in the chart. May change and rebuild it. Buttons and shift states as in GridEvents.
+/// Hears what the user did in the chart. May change and rebuild it.
 class ChartEvents {
 public:
     virtual ~ChartEvents() = default;
-    virtual void MouseDown(std::int16_t button, std::int16_t shift, const ChartHit& hit) = 0;
+    virtual void MouseDown(MouseButton button, ShiftState shift, const ChartHit& hit) = 0;
     virtual void Selected(const ChartHit& hit) = 0;
     /// `source` names the control that something is dragged from, over the chart or dropped on it.
     virtual void Drag(const std::string& source) = 0;
@@ -84,7 +85,7 @@ public:
 
     // --- What the user does in a view -------------------------------------------------------------------------------
 
-    void UserPressed(std::int16_t button, std::int16_t shift, const ChartHit& hit);
+    void UserPressed(MouseButton button, ShiftState shift, const ChartHit& hit);
     /// Selects what was hit and tells the listener; does nothing while "AllowSelect" is off or if the series no longer
     /// exists.
     void UserSelected(const ChartHit& hit);

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "qt/InputCodes.h"
 #include "qt/chart/ChartDrawn.h"
 #include "qt/chart/ChartNumbers.h"
 #include "qt/chart/ChartView.h"
@@ -22,19 +23,12 @@ namespace planview {
 
 namespace {
 
-constexpr std::int16_t LeftButton = 1;
-constexpr std::int16_t RightButton = 2;
 constexpr double ScaleStep = 0.1;
 constexpr int SmallStep = 1;
 constexpr int LargeStep = 10;
 /// The point follows the mouse from here on, in logical pixels; a click moves nothing.
 constexpr int LeastMove = 3;
 constexpr double DraggedPart = 0.35;
-
-std::int16_t shiftOf(Qt::KeyboardModifiers modifiers) {
-    const auto bit = [modifiers](Qt::KeyboardModifier key, int value) { return modifiers.testFlag(key) ? value : 0; };
-    return static_cast<std::int16_t>(bit(Qt::ShiftModifier, 1) + bit(Qt::ControlModifier, 2) + bit(Qt::AltModifier, 4));
-}
 
 /// The nearest name in the tree of widgets that a programmer has given.
 std::string nameOf(const QObject* source) {
@@ -67,16 +61,16 @@ void ChartView::press(QMouseEvent& event) {
     refused_ = false;
     const QPoint at = event.position().toPoint();
     const ChartHit hit = hitTest(at);
-    const std::int16_t shift = shiftOf(event.modifiers());
+    const ShiftState shift = shiftOf(event.modifiers());
     setBubble(std::nullopt);
     if (event.button() == Qt::RightButton) {
-        chart_.UserPressed(RightButton, shift, hit);  // the popup's owner selects what it is about
+        chart_.UserPressed(MouseButton::Right, shift, hit);  // the popup's owner selects what it is about
         return;
     }
     const bool ofChart = event.modifiers() == Qt::AltModifier;
     const std::uint64_t version = chart_.Version();
     const double height = hit.code == ChartHitCode::Point ? layout().plot().Point(hit.series, hit.category).y : 0;
-    chart_.UserPressed(LeftButton, shift, hit);
+    chart_.UserPressed(MouseButton::Left, shift, hit);
     if (!self || chart_.Version() != version) {
         return;  // what lay under the mouse may lie elsewhere now
     }
@@ -405,7 +399,7 @@ void ChartView::contextMenuEvent(QContextMenuEvent* event) {
         return;  // the press has opened it
     }
     const ChartHit& selected = chart_.State().selected;
-    chart_.UserPressed(RightButton, 0,
+    chart_.UserPressed(MouseButton::Right, ShiftState::None,
                        selected.code == ChartHitCode::None ? ChartHit{ChartHitCode::PlotArea, 0, 0} : selected);
 }
 

@@ -15,7 +15,7 @@ using Area = AxisLayout::Area;
 constexpr int LongestRun = 64;
 
 bool isLabel(const PlacedTrack& horizontal, const PlacedTrack& vertical) {
-    return horizontal.look.header && vertical.look.area == Area::Center;
+    return horizontal.look.heading && vertical.look.area == Area::Center;
 }
 
 }  // namespace
@@ -126,7 +126,7 @@ int CellContentPainter::widthFor(int wanted, const PlacedTrack& horizontal, cons
         return room.width;
     }
     const int width = room.width + runOn(horizontal, vertical, wanted - room.width, ground);
-    const bool standsStill = vertical.track.area != Area::Center && !vertical.look.header;
+    const bool standsStill = vertical.track.area != Area::Center && !vertical.look.heading;
     if (!standsStill || horizontal.track.area != Area::Center) {
         return width;
     }
@@ -136,7 +136,7 @@ int CellContentPainter::widthFor(int wanted, const PlacedTrack& horizontal, cons
 
 int CellContentPainter::runOn(const PlacedTrack& horizontal, const PlacedTrack& vertical, int wanted,
                               const QRgb* ground) {
-    if (horizontal.track.area != Area::Center || vertical.look.header) {
+    if (horizontal.track.area != Area::Center || vertical.look.heading) {
         return 0;
     }
     const GridAxis& axis = scene_.geometry.horizontal;

@@ -5,7 +5,7 @@ namespace planview {
 
 class GridView;
 
-/// Makes every GridView known to assistive tools as a table: cells with their texts, named column and row headers.
+/// Makes every GridView known to assistive tools as a table: cells with their texts, named column and row headings.
 void installGridAccessibility();
 
 enum class GridAccessibleChange { Layout, CurrentCell };

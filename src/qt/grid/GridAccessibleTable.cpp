@@ -26,7 +26,7 @@ GridLine downOf(GridView& view) {
 
 /// The track at a place of an axis; -1 is the heading.
 std::int32_t trackAt(const GridAxis& axis, int place) {
-    return place < 0 ? HeaderTrack : GridLine(axis.layout()).trackAt(place);
+    return place < 0 ? HeadingTrack : GridLine(axis.layout()).trackAt(place);
 }
 
 bool hasHeading(const GridAxis& axis) {

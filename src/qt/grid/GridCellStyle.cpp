@@ -69,8 +69,8 @@ QRgb GridStyler::ownText(const PlacedCell& cell, const CellLook& look) const {
     if (cell.column.area == Area::Leading) {
         return theme_.muted;
     }
-    const bool locked = look.readOnly && colors_.isReadOnlyPair(look.background, look.foreground);
-    return locked && !look.helpLine ? theme_.muted : theme_.text;  // a help line tells itself apart by its tint
+    const bool readOnly = look.readOnly && colors_.isReadOnlyPair(look.background, look.foreground);
+    return readOnly && !look.helpLine ? theme_.muted : theme_.text;  // a help line tells itself apart by its tint
 }
 
 void GridStyler::setFontStyle(const PlacedCell& cell, const CellLook& look, GridCellStyle& style) const {

@@ -18,9 +18,9 @@ struct PlacedCell {
     const TrackLook& row;
 
     /// In the headings along the top.
-    [[nodiscard]] bool top() const { return vertical.header; }
+    [[nodiscard]] bool top() const { return vertical.heading; }
     /// In the headings along the left side.
-    [[nodiscard]] bool left() const { return horizontal.header; }
+    [[nodiscard]] bool left() const { return horizontal.heading; }
 };
 
 struct GridCellStyle {

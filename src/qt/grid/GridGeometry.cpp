@@ -93,8 +93,8 @@ const GridTrack* GridAxis::find(std::int32_t id) const {
     return found == tracks_.end() ? nullptr : &*found;
 }
 
-const GridTrack* GridAxis::header() const {
-    return find(HeaderTrack);
+const GridTrack* GridAxis::heading() const {
+    return find(HeadingTrack);
 }
 
 int GridAxis::firstToShow(int index) const {

@@ -56,7 +56,7 @@ public:
     [[nodiscard]] const GridTrack* at(int position) const;
     [[nodiscard]] const GridTrack* find(std::int32_t id) const;
     /// The first leading track, which carries the headings of the other axis.
-    [[nodiscard]] const GridTrack* header() const;
+    [[nodiscard]] const GridTrack* heading() const;
 
     /// The index of the first centre track, 0 .. maxFirst().
     [[nodiscard]] int first() const { return first_; }

@@ -46,8 +46,8 @@ GridHit GridHit::test(const GridGeometry& geometry, QPoint point) {
     GridHit hit;
     const GridTrack* h = geometry.horizontal.at(point.x());
     const GridTrack* v = geometry.vertical.at(point.y());
-    const GridTrack* top = geometry.vertical.header();
-    const GridTrack* left = geometry.horizontal.header();
+    const GridTrack* top = geometry.vertical.heading();
+    const GridTrack* left = geometry.horizontal.heading();
     const int reach = geometry.pixels(BorderReach);
 
     if (top && v == top) {

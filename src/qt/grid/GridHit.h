@@ -17,7 +17,7 @@ struct GridHit {
     std::int32_t horizontal = -1;  ///< the track under the point on each axis
     std::int32_t vertical = -1;
 
-    /// The header border under the point: that of a track of the horizontal or the vertical axis.
+    /// The heading border under the point: that of a track of the horizontal or the vertical axis.
     Border border = Border::None;
     std::int32_t borderTrack = -1;
     /// 1 where dragging towards the end of the axis makes the track larger, else -1.

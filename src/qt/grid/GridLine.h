@@ -14,7 +14,7 @@ class GridLine {
 public:
     explicit GridLine(const AxisLayout& layout)
         : layout_(layout),
-          header_(layout.IndexOf(Area::Leading, HeaderTrack)),
+          heading_(layout.IndexOf(Area::Leading, HeadingTrack)),
           leading_(std::max(0, count(Area::Leading) - 1)),
           center_(count(Area::Center)),
           trailing_(count(Area::Trailing)) {}
@@ -37,7 +37,7 @@ public:
             const int index = layout_.IndexOf(area, track);
             if (index >= 0) {
                 if (area == Area::Leading) {
-                    return clamped(index < header_ ? index : index - 1);
+                    return clamped(index < heading_ ? index : index - 1);
                 }
                 return clamped((area == Area::Center ? leading_ : leading_ + center_) + index);
             }
@@ -49,7 +49,7 @@ public:
         const auto item = [&](Area area, int index) {
             return layout_.Items(area)[static_cast<std::size_t>(index)].track;
         };
-        return place < leading_  ? item(Area::Leading, place < header_ ? place : place + 1)
+        return place < leading_  ? item(Area::Leading, place < heading_ ? place : place + 1)
                : inCenter(place) ? item(Area::Center, place - leading_)
                                  : item(Area::Trailing, place - leading_ - center_);
     }
@@ -59,7 +59,7 @@ private:
     [[nodiscard]] int count(Area area) const { return static_cast<int>(layout_.Items(area).size()); }
 
     const AxisLayout& layout_;
-    int header_;  // its index in the leading area
+    int heading_;  // its index in the leading area
     int leading_;
     int center_;
     int trailing_;

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <utility>
 
+#include "qt/InputCodes.h"
 #include "qt/grid/GridFit.h"
 #include "qt/grid/GridView.h"
 #include "qt/grid/HiddenMarks.h"
@@ -19,8 +20,6 @@ using Border = GridHit::Border;
 using Place = GridHit::Place;
 
 // As the grid's listener counts them.
-constexpr std::int16_t LeftButton = 1;
-constexpr std::int16_t RightButton = 2;
 
 SelectionMode modeFor(Qt::KeyboardModifiers modifiers) {
     return modifiers.testFlag(Qt::ShiftModifier)     ? SelectionMode::Extend
@@ -40,9 +39,9 @@ int sizeOf(const AxisLayout& layout, std::int32_t track) {
 
 /// The nearest position that has a cell and no heading.
 int clampToCells(const GridAxis& axis, int position) {
-    const GridTrack* header = axis.header();
+    const GridTrack* heading = axis.heading();
     const int inside = std::clamp(position, 0, std::max(0, axis.contentEnd() - 1));
-    return header && inside >= header->start && inside < header->end ? header->end : inside;
+    return heading && inside >= heading->start && inside < heading->end ? heading->end : inside;
 }
 
 int clampToCenter(const GridAxis& axis, int position) {
@@ -125,12 +124,7 @@ void GridMouse::press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifier
 }
 
 void GridMouse::report(const GridHit& hit, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
-    const auto bit = [modifiers](Qt::KeyboardModifier modifier, int value) {
-        return modifiers.testFlag(modifier) ? value : 0;
-    };
-    const int shift = bit(Qt::ShiftModifier, 1) + bit(Qt::ControlModifier, 2) + bit(Qt::AltModifier, 4);
-    view_.grid().ReportMouseDown(cellOf(hit), button == Qt::RightButton ? RightButton : LeftButton,
-                                 static_cast<std::int16_t>(shift));
+    view_.grid().ReportMouseDown(cellOf(hit), buttonOf(button), shiftOf(modifiers));
 }
 
 void GridMouse::doubleClick(QPoint point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
@@ -179,7 +173,7 @@ void GridMouse::reportDoubleClick(Cell cell) {
     }
 }
 
-/// Shows what a mark at a header border stands for; false if there is none.
+/// Shows what a mark at a heading border stands for; false if there is none.
 bool GridMouse::showHidden(QPoint point) {
     const std::optional<HiddenMark> mark = hiddenMarkAt(view_.grid(), view_.geometry(), view_.toDevice(point));
     if (!mark) {

@@ -14,7 +14,7 @@ namespace planview {
 
 class GridView;
 
-/// What the mouse does in the grid: selects cells, columns and rows, drags header borders and headings.
+/// What the mouse does in the grid: selects cells, columns and rows, drags heading borders and headings.
 ///
 /// Every method may end with the view deleted, because the host may do so when it hears what happened; so none uses
 /// anything after telling the grid.

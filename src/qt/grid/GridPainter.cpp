@@ -134,7 +134,7 @@ void GridPainter::paintRow(QPainter& painter, const std::vector<PlacedTrack>& co
 }
 
 void GridPainter::addSpillFromLeft(const PlacedTrack& first, const PlacedTrack& row) {
-    if (first.track.area != Area::Center || row.look.header) {
+    if (first.track.area != Area::Center || row.look.heading) {
         return;
     }
     const GridAxis& axis = scene_.geometry.horizontal;
@@ -163,14 +163,14 @@ void GridPainter::addMarks(const PlacedTrack& horizontal, const PlacedTrack& ver
                            bool relief) {
     const QRect rect = trackRect(horizontal.track, vertical.track);
     const int width = scene_.geometry.pixels(MarkWidth);
-    const bool top = vertical.look.header;
-    const bool left = horizontal.look.header;
+    const bool top = vertical.look.heading;
+    const bool left = horizontal.look.heading;
     if (style.marked) {
         const QColor accent = QColor::fromRgb(scene_.theme.accent);
         const GridAxis& axis = top ? scene_.geometry.vertical : scene_.geometry.horizontal;
-        const GridTrack& header = top ? vertical.track : horizontal.track;
-        const bool atEdge = header.end >= axis.band(Area::Leading).end;
-        const int end = header.end - (atEdge ? scene_.geometry.edge() : line_);
+        const GridTrack& heading = top ? vertical.track : horizontal.track;
+        const bool atEdge = heading.end >= axis.band(Area::Leading).end;
+        const int end = heading.end - (atEdge ? scene_.geometry.edge() : line_);
         marks_.push_back({top ? QRect(rect.left(), end - width, rect.width() - line_, width)
                               : QRect(end - width, rect.top(), width, rect.height() - line_),
                           accent.rgba()});
@@ -342,7 +342,7 @@ bool GridPainter::isCut(Cell cell) {
                                  looks_.horizontal[static_cast<std::size_t>(h - geometry.horizontal.tracks().data())]};
     const PlacedTrack vertical{*v, looks_.vertical[static_cast<std::size_t>(v - geometry.vertical.tracks().data())]};
     const CellLook look = scene_.grid.Look(cell);
-    const bool heading = horizontal.look.header || vertical.look.header;
+    const bool heading = horizontal.look.heading || vertical.look.heading;
     const std::optional<double> number = heading ? std::nullopt : scene_.grid.Number(cell, look);
     return contents_.isCut(horizontal, vertical, look,
                            styler_.style(placedCell(geometry, horizontal, vertical), look, number), number);

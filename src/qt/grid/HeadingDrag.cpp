@@ -87,8 +87,8 @@ GridHit HeadingDrag::taken() const {
     const std::int32_t found = track();
     if (found >= 0) {
         hit.place = place_;
-        hit.horizontal = across() ? found : HeaderTrack;
-        hit.vertical = across() ? HeaderTrack : found;
+        hit.horizontal = across() ? found : HeadingTrack;
+        hit.vertical = across() ? HeadingTrack : found;
     }
     return hit;
 }
@@ -125,7 +125,7 @@ void HeadingDrag::aim(int position) {
     }
     const GridTrack* last = nullptr;
     for (const GridTrack& other : now.tracks()) {
-        if (other.area != own->area || &other == now.header()) {
+        if (other.area != own->area || &other == now.heading()) {
             continue;
         }
         if (position < (other.start + other.end) / 2) {

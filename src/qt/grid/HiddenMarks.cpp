@@ -66,10 +66,10 @@ std::optional<HiddenMark> hiddenMarkAt(const GridControl& grid, const GridGeomet
     const GridTrack* v = geometry.vertical.at(point.y());
     const int reach = geometry.pixels(MarkReach);
     std::optional<HiddenMark> mark;
-    if (v && v == geometry.vertical.header()) {
+    if (v && v == geometry.vertical.heading()) {
         mark = markOnAxis(grid, geometry.horizontal, point.x(), reach);
     }
-    if (!mark && h && h == geometry.horizontal.header()) {
+    if (!mark && h && h == geometry.horizontal.heading()) {
         mark = markOnAxis(grid, geometry.vertical, point.y(), reach);
     }
     return mark;

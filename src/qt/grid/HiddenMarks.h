@@ -19,7 +19,7 @@ struct HiddenBeside {
 };
 [[nodiscard]] HiddenBeside hiddenBeside(const GridControl& grid, const GridAxis& axis, const GridTrack& track);
 
-/// A mark at a header border.
+/// A mark at a heading border.
 struct HiddenMark {
     bool columns = true;      ///< hidden columns, else rows
     std::int32_t track = -1;  ///< the visible column or row beside it

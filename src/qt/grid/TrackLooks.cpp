@@ -46,7 +46,7 @@ std::vector<TrackLook> describe(const GridControl& grid, const GridColors& color
         TrackLook trackLook;
         trackLook.area = track.area;
         trackLook.order = trackOrder(grid, columns, track.id);
-        trackLook.header = &track == axis.header();
+        trackLook.heading = &track == axis.heading();
         if (columns) {
             trackLook.touched = selection.TouchesColumn(ColumnId{track.id}, trackLook.order);
         } else {

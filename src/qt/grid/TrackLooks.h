@@ -14,7 +14,7 @@ namespace planview {
 struct TrackLook {
     AxisLayout::Area area = AxisLayout::Area::Center;
     int order = 0;         ///< see GridControl::OrderOf()
-    bool header = false;   ///< carries the headings of the other axis
+    bool heading = false;  ///< carries the headings of the other axis
     bool touched = false;  ///< the selection reaches into it
     HiddenBeside hidden;
     // Rows only.

@@ -7,6 +7,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
+#include "qt/InputCodes.h"
 #include "qt/tree/TreeDelegate.h"
 #include "qt/tree/TreeView.h"
 
@@ -14,21 +15,7 @@ namespace planview {
 
 namespace {
 
-constexpr std::int16_t LeftButton = 1;
-constexpr std::int16_t RightButton = 2;
-constexpr std::int16_t MiddleButton = 4;
-
 constexpr auto NodeFormat = "application/x-planview-macro-node";
-
-std::int16_t codeOf(Qt::MouseButton button) {
-    return button == Qt::RightButton ? RightButton : button == Qt::MiddleButton ? MiddleButton : LeftButton;
-}
-
-std::int16_t codeOf(Qt::KeyboardModifiers modifiers) {
-    const int code = (modifiers & Qt::ShiftModifier ? 1 : 0) + (modifiers & Qt::ControlModifier ? 2 : 0) +
-                     (modifiers & Qt::AltModifier ? 4 : 0);
-    return static_cast<std::int16_t>(code);
-}
 
 }  // namespace
 
@@ -131,7 +118,7 @@ void TreeView::mousePressEvent(QMouseEvent* event) {
     }
     const TreeNode node = nodeUnder(event->position().toPoint());
     if (event->button() == Qt::LeftButton && chevronRect(node).contains(event->position().toPoint())) {
-        tree_.UserMouseDown(node, LeftButton, codeOf(event->modifiers()));
+        tree_.UserMouseDown(node, MouseButton::Left, shiftOf(event->modifiers()));
         if (self && node) {
             tree_.UserExpand(node, !node.Expanded());
         }
@@ -145,7 +132,7 @@ void TreeView::mousePressEvent(QMouseEvent* event) {
     } else {
         tree_.UserSelect(node);
     }
-    tree_.UserMouseDown(node, codeOf(event->button()), codeOf(event->modifiers()));
+    tree_.UserMouseDown(node, buttonOf(event->button()), shiftOf(event->modifiers()));
 }
 
 /// A click on the selected node opens a popup, but not when it is the first of a double click.

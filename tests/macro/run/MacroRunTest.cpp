@@ -164,9 +164,9 @@ TEST_F(MacroEngineTest, AFailingTableLeavesNothingHalfApplied) {
     ExpectErrors();
     const std::string key = macros.Add("Macro", "ROW1 = 0");
     BuildTree();
-    context.grid.SetLocked(true);
+    context.grid.SetReadOnly(true);
     EXPECT_EQ(RunMacroNode(Parts(), key).problems.size(), 1U);
-    context.grid.SetLocked(false);
+    context.grid.SetReadOnly(false);
     context.tables.TAB = HostTable();
     const MacroOutcome outcome = RunMacroNode(Parts(), key);
     EXPECT_EQ(Texts(outcome.problems), Lines{"Macro: 6 values could not be stored."});

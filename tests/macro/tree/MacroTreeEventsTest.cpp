@@ -67,9 +67,9 @@ TEST_F(MacroTreeEventsTest, NodesOpenCloseAndAreDoubleClicked) {
 
 TEST_F(MacroTreeEventsTest, ARightPressOpensThePopupALeftOneDoesNot) {
     platform.choices = {"mnuNodeRename"};
-    Tree().UserMouseDown(Node("N1"), 1, 3);
+    Tree().UserMouseDown(Node("N1"), MouseButton::Left, ShiftState::Shift | ShiftState::Control);
     EXPECT_TRUE(platform.popups.empty());
-    Tree().UserMouseDown(TreeNode(), 1, 0);
+    Tree().UserMouseDown(TreeNode(), MouseButton::Left, ShiftState::None);
     EXPECT_EQ(heard, (Lines{"MouseDown N1", "MouseDown "}));
     EXPECT_EQ(Entries(), (Lines{"MACROTREE |  | MouseDown | {mousebutton: 1 - shift: 3}",
                                 "MACROTREE |  | MouseDown fired | {node: Text N1}",
@@ -86,7 +86,7 @@ TEST_F(MacroTreeEventsTest, ARightPressOpensThePopupALeftOneDoesNot) {
     } watch;
     Tree().AddWatcher(watch);
     ForgetEntries();
-    Tree().UserMouseDown(Node("N1"), 2, 0);
+    Tree().UserMouseDown(Node("N1"), MouseButton::Right, ShiftState::None);
     EXPECT_EQ(watch.edited, "N1");
     EXPECT_EQ(platform.popups.size(), 1U);
     EXPECT_EQ(Entries(),
@@ -152,10 +152,11 @@ TEST_F(MacroTreeEventsTest, TheHostChoosesTheNodeButNotUnderAPopup) {
     popups.whileOpen = [&] {
         ++opened;
         other.plv_ActiveNode("F");
-        tree.UserMouseDown(tree.Nodes().Item("F"), 2, 0);  // no second popup over the first
+        tree.UserMouseDown(tree.Nodes().Item("F"), MouseButton::Right,
+                           ShiftState::None);  // no second popup over the first
         return std::string();
     };
-    tree.UserMouseDown(tree.Nodes().Item("N1"), 2, 0);
+    tree.UserMouseDown(tree.Nodes().Item("N1"), MouseButton::Right, ShiftState::None);
     EXPECT_EQ(opened, 1);
     EXPECT_EQ(tree.SelectedItem().Key(), "N1");
     other.plv_ActiveNode("F");
@@ -175,7 +176,7 @@ TEST_F(MacroTreeEventsTest, AHostMayChangeTheTreeDuringAnyEvent) {
     const std::function<void()> actions[] = {
         [&] { Tree().UserExpand(Node("N1"), true); },
         [&] { Tree().UserDoubleClick(Node("N1")); },
-        [&] { Tree().UserMouseDown(Node("N1"), 1, 0); },
+        [&] { Tree().UserMouseDown(Node("N1"), MouseButton::Left, ShiftState::None); },
         [&] { Tree().UserDrop(Node("N2"), Node("F"), TreeDrop::Below); },
         [&] {
             platform.choices = {"mnuMacroAdd"};
@@ -183,7 +184,7 @@ TEST_F(MacroTreeEventsTest, AHostMayChangeTheTreeDuringAnyEvent) {
         },
         [&] {
             platform.choices = {"mnuTreeExpand"};
-            Tree().UserMouseDown(Node("N1"), 2, 0);
+            Tree().UserMouseDown(Node("N1"), MouseButton::Right, ShiftState::None);
         },
         [&] {
             ASSERT_TRUE(Tree().UserBeginLabelEdit(Node("N1")));

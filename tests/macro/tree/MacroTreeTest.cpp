@@ -175,9 +175,9 @@ TEST_F(MacroTreeTest, TheLongestChainIsBuiltAndOpened) {
 TEST_F(MacroTreeTest, NotRootNeedsAReference) {
     BuildThree();
     for (const char* key : {"N1", "F"}) {
-        Tree().UserMouseDown(Node(key), 2, 0);
+        Tree().UserMouseDown(Node(key), MouseButton::Right, ShiftState::None);
     }
-    Tree().UserMouseDown(TreeNode(), 2, 0);
+    Tree().UserMouseDown(TreeNode(), MouseButton::Right, ShiftState::None);
     EXPECT_EQ(EntriesOf("NotRoot"),
               (Lines{"MACROTREE |  | NotRoot | {value: True", "MACROTREE |  | NotRoot | {value: False"}));
     const auto renames = [&](std::size_t popup) { return platform.popups.at(popup).entries.back().enabled; };
@@ -190,13 +190,13 @@ TEST_F(MacroTreeTest, ExpandAllAndCollapseAllAndTheirDifference) {
     BuildThree();
     Node("N2").SetSelected(true);
     platform.choices = {"mnuTreeCollapse"};
-    Tree().UserMouseDown(Node("N1"), 2, 0);
+    Tree().UserMouseDown(Node("N1"), MouseButton::Right, ShiftState::None);
     EXPECT_EQ(heard, (Lines{"CollapseAll ", "MouseDown N1"}));
     EXPECT_EQ(Field("EXPANDED"), (Lines{"", "", ""}));
     EXPECT_EQ(Tree().SelectedItem().Key(), "N2") << "stays where it was";
     heard.clear();
     platform.choices = {"mnuTreeExpand"};
-    Tree().UserMouseDown(Node("N1"), 2, 0);
+    Tree().UserMouseDown(Node("N1"), MouseButton::Right, ShiftState::None);
     EXPECT_EQ(heard, (Lines{"ExpandAll ", "MouseDown N1"}));
     EXPECT_EQ(Field("EXPANDED"), (Lines{"X", "X", "X"}));
     EXPECT_EQ(Tree().SelectedItem().Key(), "F");
@@ -218,7 +218,7 @@ TEST_F(MacroTreeTest, ATableThatCallsTheControlWhileItIsWrittenDoesNoHarm) {
     };
     ForgetEntries();
     platform.choices = {"mnuTreeExpand"};
-    Tree().UserMouseDown(Node("K2"), 2, 0);
+    Tree().UserMouseDown(Node("K2"), MouseButton::Right, ShiftState::None);
     EXPECT_EQ(Shown(), "K1 K2 K3");
     EXPECT_EQ(Errors(), 3U) << "one for each build inside the other";
     EXPECT_EQ(heard, (Lines{"ExpandAll ", "MouseDown K2"}));

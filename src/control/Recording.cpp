@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <planview/PlanView.h>
+#include <planview/Recording.h>
 
 #include "control/Guarded.h"
+#include "control/MacroCommands.h"
 #include "macro/recording/MacroKeep.h"
 #include "trace/TraceText.h"
 
@@ -21,25 +22,41 @@ void TellUser(const ControlContext& context, const std::string& text) {
 
 }  // namespace
 
-bool PlanView::IsRecording() const noexcept {
-    return state_->context.recording.State() != RecordState::Off;
+void Recording::Start() {
+    RunCommand(State(), Command::StartRecording);
 }
 
-bool PlanView::IsRecordingPaused() const noexcept {
-    return state_->context.recording.State() == RecordState::Interrupted;
+void Recording::Pause() {
+    RunCommand(State(), Command::PauseRecording);
 }
 
-int PlanView::RecordedSteps() const noexcept {
-    return state_->context.recording.StepCount();
+void Recording::Stop() {
+    RunCommand(State(), Command::StopRecording);
 }
 
-void PlanView::SetRecordingListener(std::function<void()> listener) {
-    state_->context.recording.SetListener(std::move(listener));
+void Recording::UndoStep() {
+    RunCommand(State(), Command::UndoRecordedStep);
 }
 
-std::string PlanView::KeepRecording(const std::string& name, const std::string& parentNode) {
+bool Recording::IsOn() const noexcept {
+    return State()->context.recording.State() != RecordState::Off;
+}
+
+bool Recording::IsPaused() const noexcept {
+    return State()->context.recording.State() == RecordState::Interrupted;
+}
+
+int Recording::Steps() const noexcept {
+    return State()->context.recording.StepCount();
+}
+
+void Recording::SetListener(std::function<void()> listener) {
+    State()->context.recording.SetListener(std::move(listener));
+}
+
+std::string Recording::Keep(const std::string& name, const std::string& parentNode) {
     std::string key;
-    Guarded(state_, MacroLabel, "KeepRecording", [&](ControlContext& context) {
+    Guarded(State(), MacroLabel, "KeepRecording", [&](ControlContext& context) {
         const HostTable macroRec = context.tables.MACROREC;
         const HostTable macroTree = context.tables.MACRO_TREE;
         if (!macroRec.IsSet() || !macroTree.IsSet()) {
@@ -60,7 +77,7 @@ std::string PlanView::KeepRecording(const std::string& name, const std::string& 
         }
     });
     if (!key.empty()) {
-        DP_Import_MacroTree();
+        ImportMacroTree(State());
     }
     return key;
 }

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string_view>
+#include <vector>
+
+#include <planview/CellKey.h>
+#include <planview/Export.h>
+#include <planview/Facet.h>
+
+namespace planview {
+
+/// Changing values: what a host's Edit menu offers, and what a host that keeps the changes has to know.
+///
+/// The changes write the tables and raise the events as those that the user makes in the grid do.
+class PLANVIEW_EXPORT Editing final : public Facet {
+public:
+    /// That of this control.
+    explicit Editing(PlanView& control) noexcept : Facet(control) {}
+
+    /// Takes back the user's last change of values, however many cells it was; nothing where there is none. A rebuild
+    /// ends the history.
+    void Undo();
+    /// Makes the change again that Undo() took back last; nothing after another change of values.
+    void Redo();
+    /// Whether Undo() has something to take back.
+    [[nodiscard]] bool CanUndo() const noexcept;
+    /// Whether Redo() has something to make again.
+    [[nodiscard]] bool CanRedo() const noexcept;
+    /// Puts the selected block on the clipboard, the current cell where nothing is selected. Says so where the selected
+    /// cells form no block.
+    void Copy();
+    /// Copy(), then DeleteContents().
+    void Cut();
+    /// Puts the clipboard's cells from the first selected one on, or over the selection where they fit it a whole
+    /// number of times. Cells that take no value are left out and the user is told how many.
+    void Paste();
+    /// Gives every selected cell the value of the first one.
+    void Fill();
+    /// Empties the selected planning cells.
+    void DeleteContents();
+    /// Multiplies the numbers of the selected planning cells by 1 + percent / 100, -1,000,000 .. 1,000,000; empty cells
+    /// stay empty. One change, undone as one; what may not change is left alone and named.
+    void RaiseSelected(double percent);
+
+    /// Whether the user may edit nothing at all, for a host that can keep no change. Outlives a rebuild; the host
+    /// itself may change its tables as before.
+    void SetReadOnly(bool readOnly) noexcept;
+    /// What SetReadOnly() was last told; false at first.
+    [[nodiscard]] bool IsReadOnly() const noexcept;
+
+    /// The planning cells that show another value than TAB_OLD keeps for them: what the user has changed and the host
+    /// has not taken over yet.
+    [[nodiscard]] std::vector<CellKey> PendingCells() const;
+
+    /// Called when an action of the user begins (true) that announces several values by `GridValueChanged`, and when it
+    /// has ended (false), so that a host can keep what it hears in between as one. A single value's event comes outside
+    /// of any. There is one listener; an empty one takes it away.
+    void SetBulkListener(std::function<void(bool running)> listener);
+    /// Called to show the user beside a cell why it does not take a value; false where that is not possible, and then a
+    /// message box says it. There is one listener; an empty one takes it away.
+    void SetHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener);
+};
+
+}  // namespace planview

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include <utility>
+
+#include <planview/Editing.h>
+
+#include "control/Guarded.h"
+#include "grid/PendingCells.h"
+
+namespace planview {
+
+void Editing::Undo() {
+    RunCommand(State(), Command::Undo);
+}
+
+void Editing::Redo() {
+    RunCommand(State(), Command::Redo);
+}
+
+bool Editing::CanUndo() const noexcept {
+    return State()->context.history.CanUndo();
+}
+
+bool Editing::CanRedo() const noexcept {
+    return State()->context.history.CanRedo();
+}
+
+void Editing::Copy() {
+    RunCommand(State(), Command::Copy);
+}
+
+void Editing::Cut() {
+    RunCommand(State(), Command::Cut);
+}
+
+void Editing::Paste() {
+    RunCommand(State(), Command::Paste);
+}
+
+void Editing::Fill() {
+    RunCommand(State(), Command::Fill);
+}
+
+void Editing::DeleteContents() {
+    RunCommand(State(), Command::DeleteContents);
+}
+
+void Editing::RaiseSelected(double percent) {
+    const Variant argument(percent);
+    RunCommand(State(), Command::Raise, {&argument, 1});
+}
+
+void Editing::SetReadOnly(bool readOnly) noexcept {
+    ControlContext& context = State()->context;
+    context.grid.SetReadOnly(readOnly);
+    context.runner.Changed();
+}
+
+bool Editing::IsReadOnly() const noexcept {
+    return State()->context.grid.IsReadOnly();
+}
+
+std::vector<CellKey> Editing::PendingCells() const {
+    std::vector<CellKey> pending;
+    Asked(State(), "GRIDCTL", "PendingCells", [&](const ControlContext& context) {
+        for (const Cell cell : planview::PendingCells(context.grid, context.tables.TAB_OLD)) {
+            pending.push_back(context.grid.KeyOf(cell));
+        }
+    });
+    return pending;
+}
+
+void Editing::SetBulkListener(std::function<void(bool running)> listener) {
+    State()->context.bulkListener = std::move(listener);
+}
+
+void Editing::SetHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener) {
+    State()->context.hintListener = std::move(listener);
+}
+
+}  // namespace planview
