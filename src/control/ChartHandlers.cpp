@@ -4,7 +4,9 @@
 #include "automation/Numbers.h"
 #include "chart/ChartRun.h"
 #include "chart/modChart.h"
-#include "control/ControlContext.h"
+#include "commands/CommandRunner.h"
+#include "control/ChartPart.h"
+#include "menus/MenuDispatch.h"
 
 namespace planview {
 
@@ -23,8 +25,8 @@ void TraceSource(std::string_view event, const std::string& source) {
 }  // namespace
 
 std::optional<Cell> ChartHandlers::CellOf(int series, int category) const {
-    const ChartData& shown = context_.chartData;
-    return context_.grid.FindCell({shown.ColumnOf(category), shown.LineOf(series)});
+    const ChartData& shown = parts_.chart.data;
+    return parts_.grid.control.FindCell({shown.ColumnOf(category), shown.LineOf(series)});
 }
 
 void ChartHandlers::MouseDown(MouseButton button, ShiftState shift, const ChartHit& hit) {
@@ -34,7 +36,7 @@ void ChartHandlers::MouseDown(MouseButton button, ShiftState shift, const ChartH
         }
         if (button == MouseButton::Right) {
             ShowPopup(hit);
-            context_.runner.Changed();
+            parts_.runner.Changed();
         }
     });
 }
@@ -43,27 +45,27 @@ void ChartHandlers::MouseDown(MouseButton button, ShiftState shift, const ChartH
 /// the commands are about.
 void ChartHandlers::ShowPopup(const ChartHit& hit) {
     if (hit.code == ChartHitCode::Series || hit.code == ChartHitCode::Point) {
-        context_.chart.UserSelected({ChartHitCode::Series, hit.series, hit.category});
+        parts_.chart.control.UserSelected({ChartHitCode::Series, hit.series, hit.category});
         SelectLine(hit.series);  // also where selecting in the chart is not allowed
-        context_.showChartPopup(PlaceSeries);
+        parts_.menus.Open(PlaceSeries, {}, PopupPlace::Mouse);
     } else if (hit.code == ChartHitCode::Trendline) {
-        context_.chart.UserSelected(hit);
+        parts_.chart.control.UserSelected(hit);
         TakeTrendline(hit.series);
-        context_.showChartPopup(PlaceTrendline);
+        parts_.menus.Open(PlaceTrendline, {}, PopupPlace::Mouse);
     } else {
-        context_.showChartPopup(PlaceChart);
+        parts_.menus.Open(PlaceChart, {}, PopupPlace::Mouse);
     }
 }
 
 void ChartHandlers::SelectLine(int series) {
-    if (const std::optional<RowId> row = context_.grid.FindRow(context_.chartData.LineOf(series))) {
-        context_.grid.SelectRow(*row, SelectionMode::Replace);
+    if (const std::optional<RowId> row = parts_.grid.control.FindRow(parts_.chart.data.LineOf(series))) {
+        parts_.grid.control.SelectRow(*row, SelectionMode::Replace);
     }
 }
 
 void ChartHandlers::TakeTrendline(int series) {
-    context_.chartCommands.SetCurrentTrendline(
-        modChart::GetTrendline(context_.chart.Object(), static_cast<std::int16_t>(series)));
+    parts_.chart.commands.SetCurrentTrendline(
+        modChart::GetTrendline(parts_.chart.control.Object(), static_cast<std::int16_t>(series)));
 }
 
 void ChartHandlers::Selected(const ChartHit& hit) {
@@ -72,7 +74,7 @@ void ChartHandlers::Selected(const ChartHit& hit) {
             TraceWrite(ChartLabel, "", "Selected",
                        TraceText("{index: ", hit.series, " - hitcode: ", static_cast<std::int16_t>(hit.code), "}"));
         }
-        GridControl& grid = context_.grid;
+        GridControl& grid = parts_.grid.control;
         if (hit.code == ChartHitCode::Series) {
             SelectLine(hit.series);
         } else if (hit.code == ChartHitCode::Point && hit.category >= 0) {
@@ -82,7 +84,7 @@ void ChartHandlers::Selected(const ChartHit& hit) {
         } else if (hit.code == ChartHitCode::Trendline) {
             TakeTrendline(hit.series);
         }
-        context_.runner.Changed();
+        parts_.runner.Changed();
     });
 }
 
@@ -106,7 +108,7 @@ bool ChartHandlers::PointMayChange(int series, int category) {
     bool may = false;
     ErrorTrap(ChartLabel, "PointMayChange", [&] {
         const std::optional<Cell> cell = CellOf(series, category);
-        may = !context_.busy && cell && RefusalOf(context_.grid, *cell) == Refusal::None;
+        may = !parts_.shared.busy && cell && RefusalOf(parts_.grid.control, *cell) == Refusal::None;
     });
     return may;
 }
@@ -118,13 +120,13 @@ void ChartHandlers::PointValueChanged(int series, int category, double value) {
                        TraceText("{series: ", series, " - point: ", category, " - value: ", value, "}"));
         }
         const std::optional<Cell> cell = CellOf(series, category);
-        if (!cell || RefusalOf(context_.grid, *cell) != Refusal::None) {
-            context_.ChartStep();
+        if (!cell || RefusalOf(parts_.grid.control, *cell) != Refusal::None) {
+            parts_.chart.Step();
             return;
         }
-        const CellKey keys = context_.grid.KeyOf(*cell);
+        const CellKey keys = parts_.grid.control.KeyOf(*cell);
         const std::string text = modPlan::ReplacePoint(NumberText(value));
-        context_.valueEntry.Enter(keys, text, EditKind::Drag);
+        parts_.grid.valueEntry.Enter(keys, text, EditKind::Drag);
     });
 }
 

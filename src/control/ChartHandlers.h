@@ -6,12 +6,25 @@
 
 namespace planview {
 
-struct ControlContext;
+class CommandRunner;
+class MenuDispatch;
+struct ChartPart;
+struct ControlShared;
+struct GridPart;
 
 /// Hears what the user does in the chart and hands each event to the job that it belongs to, under an error trap.
 class ChartHandlers final : public ChartEvents {
 public:
-    explicit ChartHandlers(ControlContext& context) : context_(context) {}
+    /// What it hands events to.
+    struct Parts {
+        const ControlShared& shared;
+        GridPart& grid;
+        ChartPart& chart;
+        CommandRunner& runner;
+        MenuDispatch& menus;
+    };
+
+    explicit ChartHandlers(const Parts& parts) : parts_(parts) {}
 
     void MouseDown(MouseButton button, ShiftState shift, const ChartHit& hit) override;
     void Selected(const ChartHit& hit) override;
@@ -30,7 +43,7 @@ private:
     void SelectLine(int series);
     void TakeTrendline(int series);
 
-    ControlContext& context_;
+    Parts parts_;
 };
 
 }  // namespace planview

@@ -1,97 +1,66 @@
 // SPDX-License-Identifier: MIT
 #include "control/ControlContext.h"
 
-#include "control/MacroCommands.h"
 #include "dialogs/frmUpload.h"
 #include "trace/ErrorTrap.h"
 
 namespace planview {
 
+ControlShared::ControlShared(const Desktop& platform)
+    : desktop(platform),
+      events([](std::string_view event, std::string_view error) { TraceError("USERCONTROL", event, error); }) {}
+
 ControlContext::ControlContext(const Desktop& desktop)
-    : platform(desktop),
-      events([](std::string_view event, std::string_view error) { TraceError("USERCONTROL", event, error); }),
-      recording({tables, grid, events, platform.messageBoxes}),
-      hostUpdate(grid, tables, events),
-      construction({driver, tables, keys}, settings),
-      valueEntry({driver, tables, settings, keys, events, hostUpdate, history, busy, desktop.messageBoxes, recording,
-                  [this] { ChartStep(); }, [this](bool running) { TellBulk(running); }}),
-      clipboard({grid, keys, valueEntry, desktop.clipboard, desktop.messageBoxes,
-                 [this](Cell cell, std::string_view reason) { return TellBeside(cell, reason); }}),
-      sizeEvents(tables, driver, keys, hostUpdate),
-      chartData({chart, grid, tables, settings, chartSettings, desktop.messageBoxes}),
-      chartCommands({chart, driver, tables, settings, chartSettings, chartData, hostUpdate, desktop.messageBoxes,
-                     [this] { layout.LayOut(); }, [this] { return chooseColor(); }}),
-      generalOptions({settings, tables, driver, hostUpdate, desktop.forms, [this] { return chooseColor(); }}),
-      rowAttributes({settings, tables, driver, hostUpdate, desktop.forms, desktop.messageBoxes,
-                     [this] { return chooseColor(); }, [this] { ChartStep(); }}),
-      chartOptions({settings, chartSettings, tables, hostUpdate, desktop.forms, desktop.messageBoxes,
-                    [this] { return chooseColor(); }, [this] { return chartCommands.CommonType(); },
-                    [this](ChartType type) { chartCommands.ChooseType(type); }, [this] { chartCommands.Rebuild(); }}),
-      download({driver, tables, spreadsheetOptions, busy, desktop.objects, desktop.fileDialogs, desktop.messageBoxes,
-                desktop.progress}),
-      upload({driver, tables, spreadsheetOptions, busy, valueEntry, desktop.objects, desktop.fileDialogs,
-              desktop.messageBoxes, desktop.progress,
-              [this](UploadPreview& preview) { return ConfirmUpload(platform.forms, preview); }}),
-      runner({tables,
-              driver,
-              settings,
-              history,
-              valueEntry,
-              clipboard,
-              sizeEvents,
-              hostUpdate,
-              busy,
-              chart,
-              chartCommands,
-              generalOptions,
-              rowAttributes,
-              chartOptions,
+    : shared(desktop),
+      grid(shared, macros.recording, [this] { chart.Step(); }),
+      chart(shared, grid),
+      macros(shared, grid, runner),
+      download({grid.driver, shared.tables, spreadsheetOptions, shared.busy, desktop.objects, desktop.fileDialogs,
+                desktop.messageBoxes, desktop.progress}),
+      upload({grid.driver, shared.tables, spreadsheetOptions, shared.busy, grid.valueEntry, desktop.objects,
+              desktop.fileDialogs, desktop.messageBoxes, desktop.progress,
+              [this](UploadPreview& preview) { return ConfirmUpload(shared.desktop.forms, preview); }}),
+      runner({shared.tables,
+              grid.driver,
+              shared.settings,
+              grid.history,
+              grid.valueEntry,
+              grid.clipboard,
+              grid.sizeEvents,
+              grid.hostUpdate,
+              shared.busy,
+              chart.control,
+              chart.commands,
+              grid.generalOptions,
+              grid.rowAttributes,
+              chart.options,
               download,
               upload,
-              recording,
-              macroTree,
-              macroEditor,
-              events,
-              layout,
-              platform,
-              [this] { return chooseColor(); },
-              [this] { ChartStep(); }}),
-      keyHandling({grid, keys, runner, hostUpdate, busy, [this] { ChartStep(); }}),
-      menus({tables, events, platform.popups, busy, runner}),
-      gridHandlers(*this),
-      chartHandlers(*this),
-      treeHandlers(*this),
-      macroEditor({grid, tables, tree, events, platform.popups, toolbar, [this] { modMacro::Build(macroTree); },
-                   [this](const std::string& key) { return RunMacroCommand(*this, key, false); },
-                   [this](const std::string& key) { return CheckMacroCommand(*this, key); }}) {
-    chooseColor = [this] { return menus.ChooseColor(); };
-    showChartPopup = [this](std::string_view place) { menus.Open(place, {}, PopupPlace::Mouse); };
-    grid.SetEvents(&gridHandlers);
-    chart.SetEvents(&chartHandlers);
-    tree.SetEvents(&treeHandlers);
-    toolbar.SetEvents(&treeHandlers);
+              macros.recording,
+              macros.nodes,
+              macros.editor,
+              shared.events,
+              shared.layout,
+              shared.desktop,
+              [this] { return shared.chooseColor(); },
+              [this] { chart.Step(); }}),
+      keyHandling({grid.control, grid.keys, runner, grid.hostUpdate, shared.busy, [this] { chart.Step(); }}),
+      menus({shared.tables, shared.events, shared.desktop.popups, shared.busy, runner}),
+      gridHandlers({shared, grid, chart, runner, keyHandling, menus}),
+      chartHandlers({shared, grid, chart, runner, menus}),
+      treeHandlers({shared, macros, runner, menus}) {
+    shared.chooseColor = [this] { return menus.ChooseColor(); };
+    grid.control.SetEvents(&gridHandlers);
+    chart.control.SetEvents(&chartHandlers);
+    macros.tree.SetEvents(&treeHandlers);
+    macros.toolbar.SetEvents(&treeHandlers);
 }
 
 ControlContext::~ControlContext() {
-    toolbar.SetEvents(nullptr);
-    tree.SetEvents(nullptr);
-    chart.SetEvents(nullptr);
-    grid.SetEvents(nullptr);
-}
-
-void ControlContext::ChartStep() {
-    chartCommands.ChartStep();
-}
-
-bool ControlContext::TellBeside(const Cell& cell, std::string_view reason) const {
-    const auto listener = hintListener;
-    return listener && listener(grid.KeyOf(cell), reason);
-}
-
-void ControlContext::TellBulk(bool running) const {
-    if (const auto listener = bulkListener) {  // a copy: it may take itself away
-        listener(running);
-    }
+    macros.toolbar.SetEvents(nullptr);
+    macros.tree.SetEvents(nullptr);
+    chart.control.SetEvents(nullptr);
+    grid.control.SetEvents(nullptr);
 }
 
 }  // namespace planview

@@ -7,33 +7,33 @@
 namespace planview {
 
 GridControl& ControlParts::Grid() const noexcept {
-    return State()->context.grid;
+    return State()->context.grid.control;
 }
 
 ChartControl& ControlParts::Chart() const noexcept {
-    return State()->context.chart;
+    return State()->context.chart.control;
 }
 
 TreeControl& ControlParts::Tree() const noexcept {
-    return State()->context.tree;
+    return State()->context.macros.tree;
 }
 
 MacroToolbar& ControlParts::Toolbar() const noexcept {
-    return State()->context.toolbar;
+    return State()->context.macros.toolbar;
 }
 
 MacroEditor& ControlParts::Editor() const noexcept {
-    return State()->context.macroEditor;
+    return State()->context.macros.editor;
 }
 
 PaneLayout& ControlParts::Panes() const noexcept {
-    return State()->context.layout;
+    return State()->context.shared.layout;
 }
 
 std::vector<Cell> ControlParts::PendingCells() const {
     std::vector<Cell> pending;
     Asked(State(), "GRIDCTL", "PendingCells", [&](const ControlContext& context) {
-        pending = planview::PendingCells(context.grid, context.tables.TAB_OLD);
+        pending = planview::PendingCells(context.grid.control, context.shared.tables.TAB_OLD);
     });
     return pending;
 }

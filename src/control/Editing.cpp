@@ -17,11 +17,11 @@ void Editing::Redo() {
 }
 
 bool Editing::CanUndo() const noexcept {
-    return State()->context.history.CanUndo();
+    return State()->context.grid.history.CanUndo();
 }
 
 bool Editing::CanRedo() const noexcept {
-    return State()->context.history.CanRedo();
+    return State()->context.grid.history.CanRedo();
 }
 
 void Editing::Copy() {
@@ -51,30 +51,30 @@ void Editing::RaiseSelected(double percent) {
 
 void Editing::SetReadOnly(bool readOnly) noexcept {
     ControlContext& context = State()->context;
-    context.grid.SetReadOnly(readOnly);
+    context.grid.control.SetReadOnly(readOnly);
     context.runner.Changed();
 }
 
 bool Editing::IsReadOnly() const noexcept {
-    return State()->context.grid.IsReadOnly();
+    return State()->context.grid.control.IsReadOnly();
 }
 
 std::vector<CellKey> Editing::PendingCells() const {
     std::vector<CellKey> pending;
     Asked(State(), "GRIDCTL", "PendingCells", [&](const ControlContext& context) {
-        for (const Cell cell : planview::PendingCells(context.grid, context.tables.TAB_OLD)) {
-            pending.push_back(context.grid.KeyOf(cell));
+        for (const Cell cell : planview::PendingCells(context.grid.control, context.shared.tables.TAB_OLD)) {
+            pending.push_back(context.grid.control.KeyOf(cell));
         }
     });
     return pending;
 }
 
 void Editing::SetBulkListener(std::function<void(bool running)> listener) {
-    State()->context.bulkListener = std::move(listener);
+    State()->context.grid.bulkListener = std::move(listener);
 }
 
 void Editing::SetHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener) {
-    State()->context.hintListener = std::move(listener);
+    State()->context.grid.hintListener = std::move(listener);
 }
 
 }  // namespace planview

@@ -3,11 +3,13 @@
 
 #include <array>
 
-#include "control/ControlContext.h"
+#include "commands/KeyHandling.h"
+#include "control/ChartPart.h"
 #include "grid/ForecastLine.h"
 #include "grid/IndexAxis.h"
 #include "grid/Selection.h"
 #include "grid/modGrid.h"
+#include "menus/MenuDispatch.h"
 #include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 
@@ -27,39 +29,40 @@ std::string KeysText(const CellKey& cell) {
 }  // namespace
 
 void GridHandlers::KeepKeys(const CellKey& cell) {
-    context_.keys.column = cell.column;
-    context_.keys.row = cell.row;
+    parts_.grid.keys.column = cell.column;
+    parts_.grid.keys.row = cell.row;
 }
 
 void GridHandlers::ColumnResized(const std::string& column, int width) {
     ErrorTrap(GridControlLabel, "ColumnResized", [&] {
-        Record(Command::SetColumnWidth, {.columns = context_.sizeEvents.ColumnResized(column, width), .value = width});
+        Record(Command::SetColumnWidth,
+               {.columns = parts_.grid.sizeEvents.ColumnResized(column, width), .value = width});
     });
 }
 
 void GridHandlers::RowResized(const std::string& row, int height) {
     ErrorTrap(GridControlLabel, "RowResized", [&] {
-        Record(Command::SetRowHeight, {.rows = context_.sizeEvents.RowResized(row, height), .value = height});
+        Record(Command::SetRowHeight, {.rows = parts_.grid.sizeEvents.RowResized(row, height), .value = height});
     });
 }
 
 void GridHandlers::HeadingHeightResized(const std::string& column, int height) {
     ErrorTrap(GridControlLabel, "SwitchedColumnResized", [&] {
         Record(Command::SetColumnHeight,
-               {.columns = context_.sizeEvents.SwitchedColumnResized(column, height), .value = height});
+               {.columns = parts_.grid.sizeEvents.SwitchedColumnResized(column, height), .value = height});
     });
 }
 
 void GridHandlers::HeadingWidthResized(const std::string& row, int width) {
     ErrorTrap(GridControlLabel, "SwitchedRowResized", [&] {
-        Record(Command::SetRowWidth, {.rows = context_.sizeEvents.SwitchedRowResized(row, width), .value = width});
+        Record(Command::SetRowWidth, {.rows = parts_.grid.sizeEvents.SwitchedRowResized(row, width), .value = width});
     });
 }
 
 /// Nothing for a heading that has no size in the tables.
 void GridHandlers::Record(Command command, const CommandCall& call) {
     if (!call.columns.empty() || !call.rows.empty()) {
-        context_.runner.Record(command, call);
+        parts_.runner.Record(command, call);
     }
 }
 
@@ -70,19 +73,19 @@ void GridHandlers::SelectionChanged(const CellKey& cell, bool selected) {
             TraceWrite(GridControlLabel, "", "Selected",
                        TraceText("{cid: ", cell.column, " - rid: ", cell.row, " - selected: ", selected, "}"));
         }
-        MirrorSelection(context_.tables.COLS_INDEX, context_.tables.LINE_INDEX, context_.driver);
-        context_.runner.Record(Command::SelectHeadings, {});
-        context_.runner.Changed();
+        MirrorSelection(parts_.shared.tables.COLS_INDEX, parts_.shared.tables.LINE_INDEX, parts_.grid.driver);
+        parts_.runner.Record(Command::SelectHeadings, {});
+        parts_.runner.Changed();
     });
 }
 
 void GridHandlers::TextEntered(const CellKey& cell, const std::string& text) {
-    ErrorTrap(GridControlLabel, "ContentsChanged", [&] { context_.valueEntry.Enter(cell, text); });
-    context_.runner.Changed();
+    ErrorTrap(GridControlLabel, "ContentsChanged", [&] { parts_.grid.valueEntry.Enter(cell, text); });
+    parts_.runner.Changed();
 }
 
 void GridHandlers::StayCell() {
-    ErrorTrap(GridControlLabel, "GridStayCell", [&] { context_.keyHandling.GridStayCell(); });
+    ErrorTrap(GridControlLabel, "GridStayCell", [&] { parts_.keyHandling.GridStayCell(); });
 }
 
 void GridHandlers::DoubleClick(const CellKey& cell) {
@@ -93,8 +96,8 @@ void GridHandlers::DoubleClick(const CellKey& cell) {
         }
         const std::array<Variant, 5> arguments{modGrid::PositionOf(cell.column), cell.column,
                                                modGrid::PositionOf(cell.row), cell.row,
-                                               context_.settings.switched ? "X" : ""};
-        context_.events.Raise(EventId::GridCellDblClick, arguments);
+                                               parts_.shared.settings.switched ? "X" : ""};
+        parts_.shared.events.Raise(EventId::GridCellDblClick, arguments);
     });
 }
 
@@ -105,10 +108,10 @@ void GridHandlers::SimpleClick(const CellKey& cell) {
             TraceWrite(GridControlLabel, "", "SimpleClick", KeysText(cell));
         }
         const bool onRowHeading = cell.column == LabelColumnKey && cell.row.starts_with(RowAxis.keyPrefix);
-        if (context_.chartCommands.IsForecastView() && onRowHeading) {
-            ChooseForecastLine(context_.tables.LINE_INDEX, cell.row);
-            context_.ChartStep();
-            context_.hostUpdate.StartUpdate();
+        if (parts_.chart.commands.IsForecastView() && onRowHeading) {
+            ChooseForecastLine(parts_.shared.tables.LINE_INDEX, cell.row);
+            parts_.chart.Step();
+            parts_.grid.hostUpdate.StartUpdate();
         }
     });
 }
@@ -122,7 +125,7 @@ void GridHandlers::MouseDown(const CellKey& cell, MouseButton button, ShiftState
                                  " - shift: ", shift, "}"));
         }
         if (button == MouseButton::Right) {
-            context_.menus.Open(cell.column, cell.row, PopupPlace::Mouse);
+            parts_.menus.Open(cell.column, cell.row, PopupPlace::Mouse);
         }
     });
 }
@@ -130,28 +133,28 @@ void GridHandlers::MouseDown(const CellKey& cell, MouseButton button, ShiftState
 void GridHandlers::MenuKey(const CellKey& cell) {
     ErrorTrap(GridControlLabel, "MenuKey", [&] {
         KeepKeys(cell);
-        context_.menus.Open(cell.column, cell.row, PopupPlace::CurrentCell);
+        parts_.menus.Open(cell.column, cell.row, PopupPlace::CurrentCell);
     });
 }
 
 bool GridHandlers::KeyDown(std::int16_t shift, std::int16_t keyCode) {
     bool taken = false;
     const bool done =
-        ErrorTrap(GridControlLabel, "GridKeyDown", [&] { taken = context_.keyHandling.GridKeyDown(shift, keyCode); });
+        ErrorTrap(GridControlLabel, "GridKeyDown", [&] { taken = parts_.keyHandling.GridKeyDown(shift, keyCode); });
     return taken || !done;
 }
 
 void GridHandlers::KeyPress(std::int16_t character) {
-    ErrorTrap(GridControlLabel, "GridKeyPress", [&] { context_.keyHandling.GridKeyPress(character); });
+    ErrorTrap(GridControlLabel, "GridKeyPress", [&] { parts_.keyHandling.GridKeyPress(character); });
 }
 
 void GridHandlers::ShowHiddenColumns(const std::vector<std::string>& columns) {
     ErrorTrap(GridControlLabel, "#SHOW COLUMNS#",
-              [&] { context_.runner.Run(Command::ShowColumns, {.columns = columns}); });
+              [&] { parts_.runner.Run(Command::ShowColumns, {.columns = columns}); });
 }
 
 void GridHandlers::ShowHiddenRows(const std::vector<std::string>& rows) {
-    ErrorTrap(GridControlLabel, "#SHOW ROWS#", [&] { context_.runner.Run(Command::ShowRows, {.rows = rows}); });
+    ErrorTrap(GridControlLabel, "#SHOW ROWS#", [&] { parts_.runner.Run(Command::ShowRows, {.rows = rows}); });
 }
 
 void GridHandlers::FocusIn() {

@@ -11,12 +11,27 @@
 namespace planview {
 
 struct CommandCall;
-struct ControlContext;
+class CommandRunner;
+class KeyHandling;
+class MenuDispatch;
+struct ChartPart;
+struct ControlShared;
+struct GridPart;
 
 /// Hears what the user does in the grid and hands each event to the job that it belongs to, under an error trap.
 class GridHandlers final : public GridEvents {
 public:
-    explicit GridHandlers(ControlContext& context) : context_(context) {}
+    /// What it hands events to.
+    struct Parts {
+        ControlShared& shared;
+        GridPart& grid;
+        ChartPart& chart;
+        CommandRunner& runner;
+        KeyHandling& keyHandling;
+        MenuDispatch& menus;
+    };
+
+    explicit GridHandlers(const Parts& parts) : parts_(parts) {}
 
     void ColumnResized(const std::string& column, int width) override;
     void RowResized(const std::string& row, int height) override;
@@ -40,7 +55,7 @@ private:
     void KeepKeys(const CellKey& cell);
     void Record(Command command, const CommandCall& call);
 
-    ControlContext& context_;
+    Parts parts_;
 };
 
 }  // namespace planview

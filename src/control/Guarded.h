@@ -35,4 +35,7 @@ PlanView::Status Guarded(std::shared_ptr<detail::ControlState> state, std::strin
 bool RunCommand(const std::shared_ptr<detail::ControlState>& state, Command command,
                 AutomationObject::Arguments arguments = {}) noexcept;
 
+/// What `DP_Import_MacroTree` does.
+void ImportMacroTree(const std::shared_ptr<detail::ControlState>& state) noexcept;
+
 }  // namespace planview

@@ -32,11 +32,12 @@ void PlanView::Terminate() {
     }
     state->terminated = true;
     ControlContext& context = state->context;
-    context.recording.Abandon();
-    ResumeNext([&] { context.driver.Destructor(false); }, [&] { ReleaseTables(context.tables); },
+    context.macros.recording.Abandon();
+    ResumeNext([&] { context.grid.driver.Destructor(false); }, [&] { ReleaseTables(context.shared.tables); },
                [&] { TraceWrite(UserControl, "DESTRUCTOR", "Terminate", "{}"); },
-               [&] { modPlan::MemoryCheck(context.platform.system); },
-               [&] { modPlan::Trace_Disable(context.platform); }, [&] { modPlan::Trace_Leave(context.platform); });
+               [&] { modPlan::MemoryCheck(context.shared.desktop.system); },
+               [&] { modPlan::Trace_Disable(context.shared.desktop); },
+               [&] { modPlan::Trace_Leave(context.shared.desktop); });
 }
 
 }  // namespace planview

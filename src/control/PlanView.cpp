@@ -5,7 +5,6 @@
 
 #include "automation/BusyScope.h"
 #include "control/Guarded.h"
-#include "control/MacroCommands.h"
 #include "grid/MarkedRows.h"
 #include "trace/TraceText.h"
 
@@ -25,11 +24,11 @@ void TraceCall(std::string_view method) noexcept {
 }  // namespace
 
 PlanView::PlanView(const Platform& platform) : state_(std::make_shared<detail::ControlState>(platform)) {
-    modPlan::TraceDecimalMark = state_->context.platform.system.DecimalMark();
+    modPlan::TraceDecimalMark = state_->context.shared.desktop.system.DecimalMark();
     TraceWrite(UserControl, "CONSTRUCTOR", "Initialize", "{}");
     Guarded(state_, UserControl, "Initialize", [](ControlContext& context) {
-        context.layout.LayOut();
-        context.construction.CreateEmpty();
+        context.shared.layout.LayOut();
+        context.grid.construction.CreateEmpty();
     });
 }
 
@@ -41,12 +40,12 @@ PlanView::~PlanView() {
 
 PlanView::Status PlanView::plv_EnableTrace() {
     return Guarded(state_, UserControl, "plv_EnableTrace",
-                   [](ControlContext& context) { modPlan::Trace_Enable(context.platform); });
+                   [](ControlContext& context) { modPlan::Trace_Enable(context.shared.desktop); });
 }
 
 PlanView::Status PlanView::plv_DisableTrace() {
     return Guarded(state_, UserControl, "plv_DisableTrace",
-                   [](ControlContext& context) { modPlan::Trace_Disable(context.platform); });
+                   [](ControlContext& context) { modPlan::Trace_Disable(context.shared.desktop); });
 }
 
 // --- Panes ----------------------------------------------------------------------------------------------------------
@@ -54,14 +53,14 @@ PlanView::Status PlanView::plv_DisableTrace() {
 PlanView::Status PlanView::plv_LayoutShow() {
     return Guarded(state_, UserControl, "plv_LayoutShow", [](ControlContext& context) {
         TraceCall("plv_LayoutShow");
-        if (!context.tables.MACRO_TREE.IsSet()) {
-            context.platform.messageBoxes.Show(
+        if (!context.shared.tables.MACRO_TREE.IsSet()) {
+            context.shared.desktop.messageBoxes.Show(
                 {"NOTHING", "", MessageButtons::Ok, MessageIcon::None, MessageAnswer::Ok});
         }
-        if (context.settings.layoutMode) {
-            context.settings.treeShown = true;
-            context.layout.LayOut(Splitter::CtrlSplit);
-            context.layout.LayOut(Splitter::TreeSplit);
+        if (context.shared.settings.layoutMode) {
+            context.shared.settings.treeShown = true;
+            context.shared.layout.LayOut(Splitter::CtrlSplit);
+            context.shared.layout.LayOut(Splitter::TreeSplit);
         }
     });
 }
@@ -69,23 +68,23 @@ PlanView::Status PlanView::plv_LayoutShow() {
 PlanView::Status PlanView::plv_LayoutHide() {
     return Guarded(state_, UserControl, "plv_LayoutHide", [](ControlContext& context) {
         TraceCall("plv_LayoutHide");
-        if (context.tables.MACRO_TREE.IsSet() && context.settings.layoutMode) {
-            context.settings.treeShown = false;
-            context.layout.LayOut(Splitter::CtrlSplit);
+        if (context.shared.tables.MACRO_TREE.IsSet() && context.shared.settings.layoutMode) {
+            context.shared.settings.treeShown = false;
+            context.shared.layout.LayOut(Splitter::CtrlSplit);
         }
     });
 }
 
 PlanView::Status PlanView::plv_LayoutMode() {
     return Guarded(state_, UserControl, "plv_LayoutMode", [](ControlContext& context) {
-        context.settings.layoutMode = true;
+        context.shared.settings.layoutMode = true;
         TraceWrite("GRIDCTL", "", "LayoutMode", "{Enabled}");
     });
 }
 
 PlanView::Status PlanView::plv_LayoutModeDisable() {
     return Guarded(state_, UserControl, "plv_LayoutModeDisable", [](ControlContext& context) {
-        context.settings.layoutMode = false;
+        context.shared.settings.layoutMode = false;
         TraceWrite("GRIDCTL", "", "LayoutMode", "{Disabled}");
     });
 }
@@ -97,8 +96,8 @@ PlanView::Status PlanView::plv_ActiveNode(const std::string& vNode) {
         if (TraceEnabled) {
             TraceWrite("MACROTREE", "", "ActiveNode", TraceText("{node: ", vNode, "}"));
         }
-        if (context.macroTreeState.empty()) {
-            const TreeNode node = context.tree.Nodes().Item(vNode);
+        if (context.macros.popupState.empty()) {
+            const TreeNode node = context.macros.tree.Nodes().Item(vNode);
             node.SetSelected(true);
             node.EnsureVisible();
         }
@@ -110,16 +109,16 @@ PlanView::Status PlanView::plv_ActiveNode(const std::string& vNode) {
 PlanView::Status PlanView::plv_MarkedRowsHide() {
     return Guarded(state_, UserControl, "plv_MarkedRowsHide", [](ControlContext& context) {
         TraceCall("plv_MarkedRowsHide");
-        HideMarkedRows(context.tables.LINE_INDEX, context.driver, context.keys);
-        context.ChartStep();
+        HideMarkedRows(context.shared.tables.LINE_INDEX, context.grid.driver, context.grid.keys);
+        context.chart.Step();
     });
 }
 
 PlanView::Status PlanView::plv_MarkedRowsShow() {
     return Guarded(state_, UserControl, "plv_MarkedRowsShow", [](ControlContext& context) {
         TraceCall("plv_MarkedRowsShow");
-        ShowMarkedRows(context.tables.LINE_INDEX, context.driver, context.keys);
-        context.ChartStep();
+        ShowMarkedRows(context.shared.tables.LINE_INDEX, context.grid.driver, context.grid.keys);
+        context.chart.Step();
     });
 }
 
@@ -128,28 +127,28 @@ PlanView::Status PlanView::plv_MarkedRowsShow() {
 PlanView::Status PlanView::DP_Import_Texts() {
     return Guarded(state_, UserControl, "DP_Import_Texts", [](ControlContext& context) {
         TraceCall("DP_Import_Texts");
-        context.toolbar.TooltipTexts(context.tables.TEXTS);
+        context.macros.toolbar.TooltipTexts(context.shared.tables.TEXTS);
     });
 }
 
 PlanView::Status PlanView::DP_Import_Attribute() {
     return Guarded(state_, UserControl, "DP_Import_Attribute", [](ControlContext& context) {
         TraceCall("DP_Import_Attribute");
-        ReadGridAttributes(context.tables.GRID_ATTR, context.settings);
-        FollowChartType(context.settings, context.chartSettings);
-        context.layout.LayOut();
+        ReadGridAttributes(context.shared.tables.GRID_ATTR, context.shared.settings);
+        FollowChartType(context.shared.settings, context.chart.settings);
+        context.shared.layout.LayOut();
     });
 }
 
 PlanView::Status PlanView::DP_Import_Create() {
     return Guarded(state_, UserControl, "DP_Import_Create", [](ControlContext& context) {
         TraceCall("DP_Import_Create");
-        context.history.Clear();
-        const BusyScope busy(context.busy);
-        context.construction.CreateFromTables();
-        if (context.settings.chartShown) {
-            context.chartData.Initialize();
-            context.chartData.Update();
+        context.grid.history.Clear();
+        const BusyScope busy(context.shared.busy);
+        context.grid.construction.CreateFromTables();
+        if (context.shared.settings.chartShown) {
+            context.chart.data.Initialize();
+            context.chart.data.Update();
         }
     });
 }
@@ -176,11 +175,11 @@ PlanView::Status PlanView::DP_Import_MacroTree() {
 // --- Events ---------------------------------------------------------------------------------------------------------
 
 void PlanView::AddSink(EventSink& sink) {
-    state_->context.events.AddSink(sink);
+    state_->context.shared.events.AddSink(sink);
 }
 
 void PlanView::RemoveSink(EventSink& sink) noexcept {
-    state_->context.events.RemoveSink(sink);
+    state_->context.shared.events.RemoveSink(sink);
 }
 
 }  // namespace planview

@@ -2,7 +2,6 @@
 #include <planview/Recording.h>
 
 #include "control/Guarded.h"
-#include "control/MacroCommands.h"
 #include "macro/recording/MacroKeep.h"
 #include "trace/TraceText.h"
 
@@ -16,7 +15,7 @@ namespace {
 constexpr std::string_view MacroLabel = "MACRO";
 
 void TellUser(const ControlContext& context, const std::string& text) {
-    context.platform.messageBoxes.Show(
+    context.shared.desktop.messageBoxes.Show(
         {text, "Macro", MessageButtons::Ok, MessageIcon::Exclamation, MessageAnswer::Ok});
 }
 
@@ -39,26 +38,26 @@ void Recording::UndoStep() {
 }
 
 bool Recording::IsOn() const noexcept {
-    return State()->context.recording.State() != RecordState::Off;
+    return State()->context.macros.recording.State() != RecordState::Off;
 }
 
 bool Recording::IsPaused() const noexcept {
-    return State()->context.recording.State() == RecordState::Interrupted;
+    return State()->context.macros.recording.State() == RecordState::Interrupted;
 }
 
 int Recording::Steps() const noexcept {
-    return State()->context.recording.StepCount();
+    return State()->context.macros.recording.StepCount();
 }
 
 void Recording::SetListener(std::function<void()> listener) {
-    State()->context.recording.SetListener(std::move(listener));
+    State()->context.macros.recording.SetListener(std::move(listener));
 }
 
 std::string Recording::Keep(const std::string& name, const std::string& parentNode) {
     std::string key;
     Guarded(State(), MacroLabel, "KeepRecording", [&](ControlContext& context) {
-        const HostTable macroRec = context.tables.MACROREC;
-        const HostTable macroTree = context.tables.MACRO_TREE;
+        const HostTable macroRec = context.shared.tables.MACROREC;
+        const HostTable macroTree = context.shared.tables.MACRO_TREE;
         if (!macroRec.IsSet() || !macroTree.IsSet()) {
             TellUser(context, "The recording cannot be kept: the host has not set MACROREC and MACRO_TREE.");
             return;

@@ -5,7 +5,8 @@
 #include <string>
 
 #include "commands/TreeCommands.h"
-#include "control/ControlContext.h"
+#include "control/MacroPart.h"
+#include "menus/MenuDispatch.h"
 #include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 
@@ -23,7 +24,7 @@ constexpr std::string_view PopupState = "TRE";
 }  // namespace
 
 std::string TreeHandlers::TextOf(const std::string& key) const {
-    const TreeNode node = context_.tree.Nodes().Find(key);
+    const TreeNode node = parts_.macros.tree.Nodes().Find(key);
     return node ? node.Text() : std::string();
 }
 
@@ -34,8 +35,8 @@ void TreeHandlers::TraceNode(std::string_view method, const std::string& key) co
 }
 
 void TreeHandlers::Raise(EventId event, const std::string& key) {
-    const std::array<Variant, 2> arguments{key, context_.settings.switched ? "X" : ""};
-    context_.events.Raise(event, arguments);
+    const std::array<Variant, 2> arguments{key, parts_.shared.settings.switched ? "X" : ""};
+    parts_.shared.events.Raise(event, arguments);
 }
 
 // --- Label
@@ -43,8 +44,8 @@ void TreeHandlers::Raise(EventId event, const std::string& key) {
 bool TreeHandlers::BeforeLabelEdit(const std::string& key) {
     bool may = false;
     ErrorTrap(Label, "BeforeLabelEdit", [&] {
-        const TreeNode node = context_.tree.Nodes().Find(key);
-        may = node && context_.macroTreeState.empty();
+        const TreeNode node = parts_.macros.tree.Nodes().Find(key);
+        may = node && parts_.macros.popupState.empty();
         if (TraceEnabled) {
             const std::string named = node ? "node: " + key + " - " : std::string();
             TraceWrite(Label, "", "BeforeLabelEdit", TraceText("{", named, "status: ", may, "}"));
@@ -55,26 +56,26 @@ bool TreeHandlers::BeforeLabelEdit(const std::string& key) {
 
 void TreeHandlers::AfterLabelEdit(const std::string& key, const std::string& text, const std::string& before) {
     const bool written = ErrorTrap(Label, "AfterLabelEdit", [&] {
-        modMacro::PutText(context_.macroTree, key, text);
+        modMacro::PutText(parts_.macros.nodes, key, text);
         if (TraceEnabled) {
             TraceWrite(Label, "", "AfterLabelEdit", TraceText("{node: ", key, " - new: ", text, "}"));
         }
     });
     if (!written) {
         // The table does not have the new text; the tree shows what the table has.
-        if (const TreeNode node = context_.tree.Nodes().Find(key)) {
+        if (const TreeNode node = parts_.macros.tree.Nodes().Find(key)) {
             node.SetText(before);
         }
         return;
     }
     // Not an event of its own: this one is how hosts hear that the tree has changed.
-    ErrorTrap(Label, "AfterLabelEdit", [&] { context_.events.Raise(EventId::MacroTreeExpand); });
+    ErrorTrap(Label, "AfterLabelEdit", [&] { parts_.shared.events.Raise(EventId::MacroTreeExpand); });
 }
 
 // --- Nodes
 
 void TreeHandlers::Fire(EventId event, std::string_view method, const std::string& key) {
-    if (context_.macroTreeState.empty() && !context_.tree.EditedNode()) {
+    if (parts_.macros.popupState.empty() && !parts_.macros.tree.EditedNode()) {
         TraceNode(method, key);
         Raise(event, key);
     }
@@ -82,14 +83,14 @@ void TreeHandlers::Fire(EventId event, std::string_view method, const std::strin
 
 void TreeHandlers::Collapse(const std::string& key) {
     ErrorTrap(Label, "Collapse", [&] {
-        modMacro::PutExpanded(context_.macroTree, key, false);
+        modMacro::PutExpanded(parts_.macros.nodes, key, false);
         Fire(EventId::GridTreeMacroCollapse, "Collapse fired", key);
     });
 }
 
 void TreeHandlers::Expand(const std::string& key) {
     ErrorTrap(Label, "Expand", [&] {
-        modMacro::PutExpanded(context_.macroTree, key, true);
+        modMacro::PutExpanded(parts_.macros.nodes, key, true);
         Fire(EventId::GridTreeMacroExpand, "Expand fired", key);
     });
 }
@@ -107,7 +108,7 @@ void TreeHandlers::NodeDropped(const std::string& key, const std::string& target
             TraceWrite(Label, "", "NodeDropped fired",
                        TraceText("{node: ", TextOf(target), " - dropped: ", TextOf(key), " - action: ", action, "}"));
         }
-        RaiseMacroTreeNodeDropped(context_.events, target, key, action);
+        RaiseMacroTreeNodeDropped(parts_.shared.events, target, key, action);
     });
 }
 
@@ -117,7 +118,7 @@ void TreeHandlers::RunFromPopup(MainMenu which, PopupPlace place, const std::str
     CommandCall call;
     call.place.node = key;
     if (const std::optional<Command> command = Ask(which, place, call.place)) {
-        context_.runner.Run(*command, std::move(call));
+        parts_.runner.Run(*command, std::move(call));
     }
 }
 
@@ -128,8 +129,8 @@ std::optional<Command> TreeHandlers::Ask(MainMenu which, PopupPlace place, const
         ~State() { text.clear(); }
         State(const State&) = delete;
         State& operator=(const State&) = delete;
-    } const state(context_.macroTreeState);
-    return context_.menus.Ask(which, place, about);
+    } const state(parts_.macros.popupState);
+    return parts_.menus.Ask(which, place, about);
 }
 
 void TreeHandlers::MouseDown(const std::string& key, MouseButton button, ShiftState shift) {
@@ -152,8 +153,8 @@ void TreeHandlers::MenuKey(const std::string& key) {
 void TreeHandlers::NodeClick(const std::string& key, bool again) {
     ErrorTrap(Label, "NodeClick", [&] {
         TraceNode("NodeClick fired", key);
-        static_cast<void>(modMacro::RowOf(context_.macroTree, key));
-        context_.runner.Changed();
+        static_cast<void>(modMacro::RowOf(parts_.macros.nodes, key));
+        parts_.runner.Changed();
         if (again) {
             RunFromPopup(MainMenu::MacroFunction, PopupPlace::CurrentCell, key);
         }
@@ -171,12 +172,12 @@ void TreeHandlers::LostFocus() {
 // --- The toolbar
 
 void TreeHandlers::ButtonPressed(ToolbarButton button) {
-    context_.macroEditor.AddElement(button);
+    parts_.macros.editor.AddElement(button);
 }
 
 void TreeHandlers::SelectionDragged(const std::string& selection) {
     const Variant argument(selection);
-    context_.events.Raise(EventId::MacroDragSelection, {&argument, 1});
+    parts_.shared.events.Raise(EventId::MacroDragSelection, {&argument, 1});
 }
 
 }  // namespace planview

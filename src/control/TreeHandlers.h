@@ -17,7 +17,10 @@
 
 namespace planview {
 
-struct ControlContext;
+class CommandRunner;
+class MenuDispatch;
+struct ControlShared;
+struct MacroPart;
 
 /// Hears what the user does in the macro tree and its toolbar and carries it out, each under an error trap.
 ///
@@ -25,7 +28,15 @@ struct ControlContext;
 /// node goes. `MacroTreeNodeDropped` carries the answer, or where the user has dragged a node to.
 class TreeHandlers final : public TreeEvents, public ToolbarEvents {
 public:
-    explicit TreeHandlers(ControlContext& context) : context_(context) {}
+    /// What it hands events to.
+    struct Parts {
+        ControlShared& shared;
+        MacroPart& macros;
+        CommandRunner& runner;
+        MenuDispatch& menus;
+    };
+
+    explicit TreeHandlers(const Parts& parts) : parts_(parts) {}
 
     bool BeforeLabelEdit(const std::string& key) override;
     void AfterLabelEdit(const std::string& key, const std::string& text, const std::string& before) override;
@@ -53,7 +64,7 @@ private:
     /// Shows a popup; meanwhile the host cannot choose another node.
     [[nodiscard]] std::optional<Command> Ask(MainMenu which, PopupPlace place, const CommandPlace& about);
 
-    ControlContext& context_;
+    Parts parts_;
 };
 
 }  // namespace planview

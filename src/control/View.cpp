@@ -25,7 +25,7 @@ void View::SwitchChart() {
 }
 
 bool View::ChartShown() const noexcept {
-    return State()->context.settings.chartShown;
+    return State()->context.shared.settings.chartShown;
 }
 
 void View::SwitchMacroTree() {
@@ -33,7 +33,7 @@ void View::SwitchMacroTree() {
 }
 
 bool View::MacroTreeShown() const noexcept {
-    return State()->context.settings.treeShown;
+    return State()->context.shared.settings.treeShown;
 }
 
 void View::ShowSelectedColumnsInChart() {
@@ -46,8 +46,8 @@ void View::ShowSelectedRowsInChart() {
 
 void View::LeaveForecastView() {
     Guarded(State(), "CHART", "StandardView", [](ControlContext& context) {
-        if (context.chartCommands.IsForecastView()) {
-            context.chartCommands.StandardView();
+        if (context.chart.commands.IsForecastView()) {
+            context.chart.commands.StandardView();
         }
     });
 }
@@ -89,7 +89,7 @@ void View::Resize(int width, int height) {
         if (TraceEnabled) {
             TraceWrite(UserControl, "", "Resize", TraceText("{width:", width, " height:", height, "}"));
         }
-        context.layout.Resize(width, height);
+        context.shared.layout.Resize(width, height);
     });
 }
 

@@ -20,7 +20,7 @@ constexpr double FaintWeight = 0.35;  // of a disabled action's picture
 /// A command that is about the text of an open entry.
 struct EntryCommand {
     Command command;
-    void (QLineEdit::*run)();
+    void (*run)(QLineEdit& line);
     bool (*can)(const QLineEdit& line);
 };
 
@@ -29,11 +29,11 @@ bool hasSelection(const QLineEdit& line) {
 }
 
 constexpr EntryCommand EntryCommands[] = {
-    {Command::Undo, &QLineEdit::undo, [](const QLineEdit& line) { return line.isUndoAvailable(); }},
-    {Command::Redo, &QLineEdit::redo, [](const QLineEdit& line) { return line.isRedoAvailable(); }},
-    {Command::Cut, &QLineEdit::cut, hasSelection},
-    {Command::Copy, &QLineEdit::copy, hasSelection},
-    {Command::Paste, &QLineEdit::paste, [](const QLineEdit&) { return true; }},
+    {Command::Undo, [](QLineEdit& line) { line.undo(); }, [](const QLineEdit& line) { return line.isUndoAvailable(); }},
+    {Command::Redo, [](QLineEdit& line) { line.redo(); }, [](const QLineEdit& line) { return line.isRedoAvailable(); }},
+    {Command::Cut, [](QLineEdit& line) { line.cut(); }, hasSelection},
+    {Command::Copy, [](QLineEdit& line) { line.copy(); }, hasSelection},
+    {Command::Paste, [](QLineEdit& line) { line.paste(); }, [](const QLineEdit&) { return true; }},
 };
 
 const EntryCommand* findEntryCommand(Command command) {
@@ -71,6 +71,7 @@ CommandActions::CommandActions(PlanViewWidget& widget, PlanView& view, GridView&
     soon_->setInterval(0);
     guard_.connect(soon_, &QTimer::timeout, this, "CommandActions", [this] { update(); });
     connect(&grid_, &GridView::gridChanged, this, &CommandActions::changed);
+    connect(&grid_.editor(), &GridEditor::openChanged, this, &CommandActions::changed);
 }
 
 QAction* CommandActions::action(Command command) {
@@ -113,7 +114,7 @@ bool CommandActions::runInEntry(Command command) {
     QLineEdit* line = openEntry();
     const EntryCommand* known = line ? findEntryCommand(command) : nullptr;
     if (known) {
-        (line->*known->run)();
+        known->run(*line);
     }
     return known != nullptr;
 }

@@ -23,63 +23,63 @@ protected:
         tables.AddValue(1, 2, 8.0);
         tables.AddValue(2, 1, 1.0);
         tables.AddValue(2, 2, -1.0);
-        context.settings.chartShown = true;
+        context.shared.settings.chartShown = true;
         Build();
-        context.chartData.Initialize();
-        context.chartData.Update();
+        context.chart.data.Initialize();
+        context.chart.data.Update();
         ForgetEntries();
     }
 
-    [[nodiscard]] const ChartState& Chart() const { return context.chart.State(); }
+    [[nodiscard]] const ChartState& Chart() const { return context.chart.control.State(); }
     void SelectRow(const char* key) {
-        context.grid.SelectRow(*context.grid.FindRow(key), SelectionMode::Replace);
+        context.grid.control.SelectRow(*context.grid.control.FindRow(key), SelectionMode::Replace);
         ForgetEntries();
     }
 };
 
 TEST_F(ChartCommandsTest, ASeriesTypeGoesToTheSelectedLines) {
     SelectRow("ROW2");
-    context.chartCommands.SerieType(22);
+    context.chart.commands.SerieType(22);
     EXPECT_EQ(tables.lineIndex->Value(2, "CHART_TYPE").AsInt16(), 22);
     EXPECT_EQ(Chart().series[1].type, ChartType::StackedLine100);
     EXPECT_EQ(Chart().series[0].type, ChartType::Column);
     EXPECT_EQ(EntriesOf("SerieType"), (Lines{"CHART |  | SerieType | {type:22}"}));
     SelectRow("ROW3");
-    context.chartCommands.SerieType(23);
+    context.chart.commands.SerieType(23);
     EXPECT_TRUE(tables.lineIndex->Value(3, "CHART_TYPE").IsEmpty()) << "a line that is not in the chart";
 }
 
 TEST_F(ChartCommandsTest, ATrendLineBelongsToTheSelectedLine) {
     SelectRow("ROW1");
-    context.chartCommands.TrendlineAdd(1);
+    context.chart.commands.TrendlineAdd(1);
     EXPECT_EQ(Entries(), (Lines{"CHART |  | GetTrendline | {index:1}", "CHART |  | AddTrendline | {index:1}",
                                 "CHART |  | TrendlineAdd | {type:1 - index:1}"}));
     ForgetEntries();
-    context.chartCommands.TrendlineAdd(4);
+    context.chart.commands.TrendlineAdd(4);
     EXPECT_EQ(Entries(), (Lines{"CHART |  | GetTrendline | {index:1}", "CHART |  | GetTrendline | {index:1}",
                                 "CHART |  | TrendlineAdd | {type:4 - index:1}"}));
     ASSERT_EQ(Chart().series[0].look->trends.size(), 1u) << "reused, never a second one";
     EXPECT_EQ(Chart().series[0].look->trends[0]->kind, TrendKind::MovingAverage);
     EXPECT_TRUE(platform.messages.empty());
 
-    context.chooseColor = [] { return std::optional(1); };
-    context.chartCommands.TrendlineColor();
+    context.shared.chooseColor = [] { return std::optional(1); };
+    context.chart.commands.TrendlineColor();
     EXPECT_EQ(Chart().series[0].look->trends[0]->borderColorIndex, 10);
-    context.chooseColor = [] { return std::optional<int>(); };
-    context.chartCommands.TrendlineColor();
+    context.shared.chooseColor = [] { return std::optional<int>(); };
+    context.chart.commands.TrendlineColor();
     EXPECT_EQ(EntriesOf("TrendlineColor"), (Lines{"CHART |  | TrendlineColor | {color:10}"}));
 
-    context.ChartStep();
+    context.chart.Step();
     ForgetEntries();
-    context.chartCommands.TrendlineDelete();
+    context.chart.commands.TrendlineDelete();
     EXPECT_EQ(Entries(), (Lines{"CHART |  | TrendlineDelete | {trendline:ROW1}"}));
-    EXPECT_FALSE(context.chartCommands.HasTrendline());
+    EXPECT_FALSE(context.chart.commands.HasTrendline());
     EXPECT_TRUE(Chart().series[0].look->trends.empty());
 }
 
 TEST_F(ChartCommandsTest, AnImpossibleTrendIsSaid) {
     SelectRow("ROW2");
-    context.chartCommands.TrendlineAdd(3);
+    context.chart.commands.TrendlineAdd(3);
     ASSERT_EQ(platform.messages.size(), 1u);
     EXPECT_NE(platform.messages[0].text.find("Sales"), std::string::npos);
     EXPECT_NE(platform.messages[0].text.find("-1"), std::string::npos) << platform.messages[0].text;
@@ -88,13 +88,13 @@ TEST_F(ChartCommandsTest, AnImpossibleTrendIsSaid) {
 TEST_F(ChartCommandsTest, WithoutAQualifyingLineNoTrendIsAdded) {
     ExpectErrors();
     SelectRow("ROW3");
-    context.chartCommands.TrendlineAdd(0);
-    EXPECT_FALSE(context.chartCommands.HasTrendline());
+    context.chart.commands.TrendlineAdd(0);
+    EXPECT_FALSE(context.chart.commands.HasTrendline());
     EXPECT_EQ(Entries(IsError).size(), 1u);
 }
 
 TEST_F(ChartCommandsTest, TheForecastViewComparesTwoLinesAndGivesTheMarksBack) {
-    context.chartCommands.ForecastView();
+    context.chart.commands.ForecastView();
     ASSERT_EQ(platform.messages.size(), 1u);
     EXPECT_EQ(platform.messages[0].title, "Sales");
     EXPECT_EQ(platform.messages[0].icon, MessageIcon::Information);
@@ -110,7 +110,7 @@ TEST_F(ChartCommandsTest, TheForecastViewComparesTwoLinesAndGivesTheMarksBack) {
     EXPECT_EQ(Chart().series[1].caption, "Rent");
     EXPECT_EQ(tables.lineIndex->Value(1, "SHOW_CHART").AsText(), "");
 
-    context.chartCommands.StandardView();
+    context.chart.commands.StandardView();
     EXPECT_FALSE(Chart().IsComparison());
     EXPECT_EQ(tables.lineIndex->Value(1, "SHOW_CHART").AsText(), "X");
     EXPECT_EQ(tables.lineIndex->Value(2, "SHOW_CHART").AsText(), "X");
@@ -119,18 +119,18 @@ TEST_F(ChartCommandsTest, TheForecastViewComparesTwoLinesAndGivesTheMarksBack) {
 
 TEST_F(ChartCommandsTest, TheForecastViewShowsTheHostsTexts) {
     test::AddRow(*tables.texts, {{"ENTRY", std::int16_t{184}}, {"TEXT", "Choose the sales."}});
-    context.chartCommands.ForecastView();
+    context.chart.commands.ForecastView();
     ASSERT_EQ(platform.messages.size(), 1u);
     EXPECT_EQ(platform.messages[0].text, "Choose the sales.");
 }
 
 TEST_F(ChartCommandsTest, AForecastViewWithoutLinesHoldsNothingThatCouldBeChanged) {
-    context.chartCommands.ForecastView();
+    context.chart.commands.ForecastView();
     EXPECT_EQ(Chart().SeriesCount(), 0);
-    EXPECT_FALSE(context.chart.UserMayChange(1, 1));
+    EXPECT_FALSE(context.chart.control.UserMayChange(1, 1));
     EXPECT_EQ(tables.lineIndex->Value(1, "CHART_ID").AsInt32(), 0);
     EXPECT_EQ(tables.colsIndex->Value(1, "CHART_ID").AsInt32(), 0);
-    context.ChartStep();
+    context.chart.Step();
     EXPECT_EQ(platform.messages.size(), 1u) << "said once, not at every change";
 }
 
@@ -143,7 +143,7 @@ TEST_F(ChartCommandsTest, TheTwoMarksStandOnce) {
         return all;
     };
     const auto click = [&](const char* row) { context.gridHandlers.SimpleClick({"FLC0", row}); };
-    context.chartCommands.ForecastView();
+    context.chart.commands.ForecastView();
     click("ROW1");
     click("ROW2");
     EXPECT_EQ(marks(), (Lines{"S", "F", ""}));
@@ -156,48 +156,48 @@ TEST_F(ChartCommandsTest, TheTwoMarksStandOnce) {
     click("ROW3");
     EXPECT_EQ(marks(), (Lines{"S", "", "F"}));
     tables.lineIndex->SetValue(3, "ROW_HIDDEN", "X");
-    context.ChartStep();
+    context.chart.Step();
     EXPECT_EQ(Chart().SeriesCount(), 0) << "a hidden line is in no chart";
 }
 
 TEST_F(ChartCommandsTest, TheForecastViewIsPlainAndLeavesColumnsAsTheyWere) {
     tables.colsIndex->SetValue(2, "SHOW_CHART", "");
     tables.lineIndex->SetValue(1, "CHART_TYPE", std::int16_t{23});
-    context.settings.chartType = 2;
-    FollowChartType(context.settings, context.chartSettings);
-    context.chartCommands.Rebuild();
-    context.chartCommands.ForecastView();
+    context.shared.settings.chartType = 2;
+    FollowChartType(context.shared.settings, context.chart.settings);
+    context.chart.commands.Rebuild();
+    context.chart.commands.ForecastView();
     context.gridHandlers.SimpleClick({"FLC0", "ROW1"});
     context.gridHandlers.SimpleClick({"FLC0", "ROW2"});
     EXPECT_EQ(Chart().series[0].type, ChartType::Line);
     EXPECT_EQ(Chart().series[1].type, ChartType::Column);
     EXPECT_EQ(Chart().CategoryCount(), 2);
-    context.chartCommands.StandardView();
+    context.chart.commands.StandardView();
     EXPECT_EQ(Chart().CategoryCount(), 1);
-    context.chartCommands.ForecastView();
+    context.chart.commands.ForecastView();
     EXPECT_EQ(Chart().SeriesCount(), 2) << "the two lines are remembered";
     SelectRow("ROW3");
-    context.chartCommands.RowsShowInChart();
-    EXPECT_FALSE(context.chartCommands.IsForecastView());
+    context.chart.commands.RowsShowInChart();
+    EXPECT_FALSE(context.chart.commands.IsForecastView());
     EXPECT_EQ(Chart().series[0].caption, "Rent");
 }
 
 TEST_F(ChartCommandsTest, ARightClickIsAboutWhatWasHitEvenWhereNothingCanBeSelected) {
-    context.chartSettings.selectionAllowed = false;
-    context.chartCommands.Rebuild();
+    context.chart.settings.selectionAllowed = false;
+    context.chart.commands.Rebuild();
     SelectRow("ROW2");
     platform.choices = {"mnuChartLine"};
-    context.chart.UserPressed(MouseButton::Right, ShiftState::None, {ChartHitCode::Series, 1, 0});
+    context.chart.control.UserPressed(MouseButton::Right, ShiftState::None, {ChartHitCode::Series, 1, 0});
     EXPECT_EQ(tables.lineIndex->Value(1, "CHART_TYPE").AsInt16(), 23);
     EXPECT_NE(tables.lineIndex->Value(2, "CHART_TYPE").AsText(), "23");
 }
 
 TEST_F(ChartCommandsTest, ARebuildStaysWhereTheUserIs) {
-    context.chartSettings.scrollBar = true;
-    context.chartSettings.visibleCategories = 0;  // one is visible
-    context.chartCommands.Rebuild();
-    context.chart.UserScrolledTo(2);
-    context.ChartStep();
+    context.chart.settings.scrollBar = true;
+    context.chart.settings.visibleCategories = 0;  // one is visible
+    context.chart.commands.Rebuild();
+    context.chart.control.UserScrolledTo(2);
+    context.chart.Step();
     EXPECT_EQ(Chart().FirstVisible(), 2);
 }
 

@@ -11,13 +11,13 @@ namespace {
 class ChartOptionsTest : public test::DialogTest {
 protected:
     ChartOptionsTest() {
-        context.settings.chartShown = true;
+        context.shared.settings.chartShown = true;
         tables.lineIndex->SetValue(2, "SHOW_CHART", "X");
         tables.lineIndex->SetValue(3, "SHOW_CHART", "X");
-        context.chartCommands.Rebuild();
+        context.chart.commands.Rebuild();
         Forget();
     }
-    [[nodiscard]] const ChartState& Chart() const { return context.chart.State(); }
+    [[nodiscard]] const ChartState& Chart() const { return context.chart.control.State(); }
 };
 
 }  // namespace
@@ -46,7 +46,7 @@ TEST_F(ChartOptionsTest, OkReachesTableChartAndHost) {
         form.chkLabelY.Value = 0;
         form.cmdOk_Click();
     });
-    context.chartOptions.Run();
+    context.chart.options.Run();
 
     EXPECT_EQ(gridLog->puts,
               (Lines{"CHART_TYPE=21", "NO_AUTOMIN=X", "NO_AUTOMAX=X", "MINVALUE=-2.5", "MAXVALUE=40", "MINRANGE=3",
@@ -78,23 +78,23 @@ TEST_F(ChartOptionsTest, AStackedChartTakesTheLinesTypesBack) {
         form.Set_Type(ChartType::StackedColumn100);
         form.cmdOk_Click();
     });
-    context.chartOptions.Run();
+    context.chart.options.Run();
     EXPECT_EQ(Text(*tables.lineIndex, 2, "CHART_TYPE"), "23");
     EXPECT_EQ(Chart().series[0].type, ChartType::StackedColumn100);
 }
 
 TEST_F(ChartOptionsTest, CancelChangesNothing) {
-    const std::uint64_t version = context.chart.Version();
+    const std::uint64_t version = context.chart.control.Version();
     WhileShown<frmChart>([](frmChart& form) {
         form.Set_Type(ChartType::Line);
         form.txtTitle = "x";
         form.cmdCancel_Click();
     });
-    context.chartOptions.Run();
+    context.chart.options.Run();
     EXPECT_EQ(gridLog->puts, Lines{});
-    EXPECT_EQ(context.settings.chartType, 0);
-    EXPECT_EQ(context.settings.titleText, "");
-    EXPECT_EQ(context.chart.Version(), version);
+    EXPECT_EQ(context.shared.settings.chartType, 0);
+    EXPECT_EQ(context.shared.settings.titleText, "");
+    EXPECT_EQ(context.chart.control.Version(), version);
     EXPECT_EQ(updates, 0);
 }
 
@@ -129,7 +129,7 @@ TEST_F(ChartOptionsTest, WhatCannotBeTakenIsSaidAndTheFormStays) {
             form.cmdOk_Click();
             EXPECT_EQ(form.ButtonPressed, "CANCEL") << row.name;
         });
-        context.chartOptions.Run();
+        context.chart.options.Run();
         ASSERT_EQ(platform.messages.size(), 1u) << row.name;
         EXPECT_NE(platform.messages[0].text.find(row.says), std::string::npos) << platform.messages[0].text;
     }

@@ -44,9 +44,9 @@ protected:
         lineLog = std::make_shared<LoggedTable>(tables.lineIndex);
         gridLog = std::make_shared<LoggedTable>(tables.gridAttr);
         Build();
-        context.tables.LINE_INDEX = HostTable(lineLog);
-        context.tables.GRID_ATTR = HostTable(gridLog);
-        context.events.AddSink(*this);
+        context.shared.tables.LINE_INDEX = HostTable(lineLog);
+        context.shared.tables.GRID_ATTR = HostTable(gridLog);
+        context.shared.events.AddSink(*this);
         Forget();
     }
 

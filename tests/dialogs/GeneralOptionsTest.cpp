@@ -18,9 +18,9 @@ protected:
 }  // namespace
 
 TEST_F(GeneralOptionsTest, OkWritesTheTableThenTheGridThenTellsTheHost) {
-    context.settings.moveAllowed = 1;
-    context.settings.backgroundColor = 7;
-    context.chooseColor = [] { return 15; };  // white
+    context.shared.settings.moveAllowed = 1;
+    context.shared.settings.backgroundColor = 7;
+    context.shared.chooseColor = [] { return 15; };  // white
     WhileShown<frmGrid>([&](frmGrid& form) {
         EXPECT_EQ(form.chkMove.Value, 1);
         EXPECT_EQ(form.Get_BgColor(), 7);
@@ -33,15 +33,15 @@ TEST_F(GeneralOptionsTest, OkWritesTheTableThenTheGridThenTellsTheHost) {
         form.Set_GridLinesColor(11);
         form.cmdOk_Click();
     });
-    context.generalOptions.Run();
+    context.grid.generalOptions.Run();
 
     EXPECT_EQ(gridLog->puts, (Lines{"NOMOVE_ALLOWED=X", "NORESIZE_ALLOWED=", "SINGLEVALUE=X", "BGCOLOR=0",
                                     "GRIDLINE_COLOR=11", "FIRST_COL=1", "FIRST_ROW=1"}));
-    const GridSettingsState& grid = context.grid.Settings();
+    const GridSettingsState& grid = context.grid.control.Settings();
     EXPECT_FALSE(grid.moveAllowed);
     EXPECT_EQ(grid.dragDrop, 2);
-    EXPECT_EQ(context.grid.Colors()[static_cast<std::size_t>(grid.backgroundColor)].name, "tovWhite");
-    EXPECT_EQ(context.grid.Colors()[static_cast<std::size_t>(grid.gridLineColor)].name, "tovLightGreen");
+    EXPECT_EQ(context.grid.control.Colors()[static_cast<std::size_t>(grid.backgroundColor)].name, "tovWhite");
+    EXPECT_EQ(context.grid.control.Colors()[static_cast<std::size_t>(grid.gridLineColor)].name, "tovLightGreen");
     EXPECT_EQ(updates, 1);
     EXPECT_EQ(platform.formCalls, (Lines{"load frmGrid", "show frmGrid", "hide frmGrid", "unload frmGrid"}));
     EXPECT_EQ(Entries(), (Lines{
@@ -70,10 +70,10 @@ TEST_F(GeneralOptionsTest, CancelAndClosingChangeNothing) {
                 form.cmdCancel_Click();
             }
         });
-        context.generalOptions.Run();
+        context.grid.generalOptions.Run();
         EXPECT_EQ(gridLog->puts, Lines{});
-        EXPECT_EQ(context.settings.moveAllowed, 1);
-        EXPECT_EQ(context.settings.backgroundColor, 0);
+        EXPECT_EQ(context.shared.settings.moveAllowed, 1);
+        EXPECT_EQ(context.shared.settings.backgroundColor, 0);
         EXPECT_EQ(updates, 0);
         EXPECT_EQ(platform.formCalls.back(), "unload frmGrid");
     }
@@ -81,13 +81,13 @@ TEST_F(GeneralOptionsTest, CancelAndClosingChangeNothing) {
 }
 
 TEST_F(GeneralOptionsTest, WithoutATableTheGridIsChangedAllTheSame) {
-    context.tables.GRID_ATTR = HostTable();
+    context.shared.tables.GRID_ATTR = HostTable();
     WhileShown<frmGrid>([&](frmGrid& form) {
         form.Set_BgColor(5);
         form.cmdOk_Click();
     });
-    context.generalOptions.Run();
-    EXPECT_EQ(context.grid.Settings().backgroundColor, 5);
+    context.grid.generalOptions.Run();
+    EXPECT_EQ(context.grid.control.Settings().backgroundColor, 5);
     EXPECT_EQ(updates, 1);
 }
 
@@ -96,9 +96,9 @@ TEST_F(GeneralOptionsTest, TheDragModeOutlivesARebuild) {
         form.Set_DragMode(0);
         form.cmdOk_Click();
     });
-    context.generalOptions.Run();
-    context.construction.CreateFromTables();
-    EXPECT_EQ(context.grid.Settings().dragDrop, 0);
+    context.grid.generalOptions.Run();
+    context.grid.construction.CreateFromTables();
+    EXPECT_EQ(context.grid.control.Settings().dragDrop, 0);
 }
 
 TEST_F(GeneralOptionsTest, ColoursComeByTheirPlaceInThePopup) {
@@ -126,11 +126,11 @@ TEST_F(GeneralOptionsTest, IsNotOpenedTwice) {
     int shown = 0;
     WhileShown<frmGrid>([&](frmGrid&) {
         ++shown;
-        context.generalOptions.Run();
+        context.grid.generalOptions.Run();
     });
-    context.generalOptions.Run();
+    context.grid.generalOptions.Run();
     EXPECT_EQ(shown, 1);
-    context.generalOptions.Run();
+    context.grid.generalOptions.Run();
     EXPECT_EQ(shown, 2) << "but again when it was closed";
 }
 
@@ -140,7 +140,7 @@ TEST_F(GeneralOptionsTest, AFailingTableEndsTheCommandAndTheForm) {
         tables.gridAttr->Clear();  // row 1 is gone when the answer comes
         form.cmdOk_Click();
     });
-    context.generalOptions.Run();
+    context.grid.generalOptions.Run();
     EXPECT_EQ(platform.formCalls.back(), "unload frmGrid");
     EXPECT_EQ(Entries(IsError).size(), 1U);
     EXPECT_EQ(updates, 0);

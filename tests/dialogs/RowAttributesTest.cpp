@@ -12,15 +12,15 @@ namespace {
 class RowAttributesTest : public test::DialogTest {
 protected:
     void Select(std::initializer_list<const char*> rows) {
-        context.grid.ClearSelection();
+        context.grid.control.ClearSelection();
         for (const char* row : rows) {
-            context.grid.SetSelection({"", row}, false);
+            context.grid.control.SetSelection({"", row}, false);
         }
     }
     void Set(int row, const char* field, Variant value) { tables.lineIndex->SetValue(row, field, std::move(value)); }
     [[nodiscard]] std::string RowState(const char* row) {
-        return std::to_string(context.grid.Row(context.grid.FindRow(row).value()).height) +
-               (context.driver.HeadingSelected({{}, row}) == 1 ? " selected" : "");
+        return std::to_string(context.grid.control.Row(context.grid.control.FindRow(row).value()).height) +
+               (context.grid.driver.HeadingSelected({{}, row}) == 1 ? " selected" : "");
     }
 };
 
@@ -32,7 +32,7 @@ TEST_F(RowAttributesTest, OkChangesTheFirstSelectedRowInOrder) {
     Set(2, "RELIEF", "X");
     Set(2, "ROW_BG", 14);
     Select({"ROW2", "ROW4", "ROW5"});
-    context.chooseColor = [] { return 9; };  // light blue
+    context.shared.chooseColor = [] { return 9; };  // light blue
     WhileShown<frmRow>([&](frmRow& form) {
         EXPECT_EQ(form.lblRowLabel, "Line 2");
         EXPECT_EQ(form.chkRelief.Value, 1);
@@ -54,14 +54,14 @@ TEST_F(RowAttributesTest, OkChangesTheFirstSelectedRowInOrder) {
         form.cmdOk_Click();
     });
     Forget();
-    context.rowAttributes.Run();
+    context.grid.rowAttributes.Run();
 
     EXPECT_EQ(lineLog->puts, (Lines{"SHOW_CHART=X", "ROW_BG=14", "ROW_FG=10", "RELIEF=", "ROW_ALIGN=2", "ROW_HEIGHT=40",
                                     "ROW_FONT=Courier New;10;Bold", "ROW_MARKED="}));
     EXPECT_EQ(RowState("ROW2"), "40");
     EXPECT_EQ(RowState("ROW4"), "24 selected");
     EXPECT_EQ(RowState("ROW5"), "25 selected");
-    const CellLook look = context.grid.Look(context.grid.FindCell({"COL1", "ROW2"}).value());
+    const CellLook look = context.grid.control.Look(context.grid.control.FindCell({"COL1", "ROW2"}).value());
     EXPECT_EQ(look.font->name, "Courier New");
     EXPECT_FALSE(look.relief);
     EXPECT_EQ(look.alignment, GridAlignment::Center);
@@ -82,12 +82,12 @@ TEST_F(RowAttributesTest, OkChangesTheFirstSelectedRowInOrder) {
 
 TEST_F(RowAttributesTest, WithoutASelectedRowNothingIsShown) {
     for (const bool cellOnly : {false, true}) {
-        context.grid.ClearSelection();
+        context.grid.control.ClearSelection();
         if (cellOnly) {
-            context.grid.SetSelection({"COL1", "ROW2"}, false);
+            context.grid.control.SetSelection({"COL1", "ROW2"}, false);
         }
         Forget();
-        context.rowAttributes.Run();
+        context.grid.rowAttributes.Run();
         EXPECT_EQ(platform.formCalls, (Lines{"load frmRow", "unload frmRow"}));
         EXPECT_EQ(lineLog->puts, Lines{});
         EXPECT_EQ(updates, 0);
@@ -101,7 +101,7 @@ TEST_F(RowAttributesTest, CancelLeavesTableGridAndSelection) {
         form.Set_BgColor(5);
         form.cmdCancel_Click();
     });
-    context.rowAttributes.Run();
+    context.grid.rowAttributes.Run();
     EXPECT_EQ(lineLog->puts, Lines{});
     EXPECT_EQ(RowState("ROW3"), "23 selected");
     EXPECT_EQ(updates, 0);
@@ -112,7 +112,7 @@ TEST_F(RowAttributesTest, ColoursOutsideThePaletteStayUntilOneIsChosen) {
     Set(3, "ROW_FG", 99);
     for (const bool chosen : {false, true}) {
         Select({"ROW3"});
-        context.chooseColor = [] { return 9; };  // light blue
+        context.shared.chooseColor = [] { return 9; };  // light blue
         WhileShown<frmRow>([&](frmRow& form) {
             EXPECT_EQ(form.Get_FgColor(), 1) << "the text's usual colour";
             if (chosen) {
@@ -120,7 +120,7 @@ TEST_F(RowAttributesTest, ColoursOutsideThePaletteStayUntilOneIsChosen) {
             }
             form.cmdOk_Click();
         });
-        context.rowAttributes.Run();
+        context.grid.rowAttributes.Run();
         EXPECT_EQ(Text(*tables.lineIndex, 3, "ROW_BG"), "-4");
         EXPECT_EQ(Text(*tables.lineIndex, 3, "ROW_FG"), chosen ? "10" : "99");
     }
@@ -130,7 +130,7 @@ TEST_F(RowAttributesTest, TextLinesGetTheirChartMarkTwice) {
     Set(1, "ROW_TEXT", "X");
     Select({"ROW1"});
     WhileShown<frmRow>([&](frmRow& form) { form.cmdOk_Click(); });
-    context.rowAttributes.Run();
+    context.grid.rowAttributes.Run();
     EXPECT_EQ(std::count(lineLog->puts.begin(), lineLog->puts.end(), "SHOW_CHART="), 2);
 }
 
@@ -194,11 +194,11 @@ TEST_F(RowAttributesTest, ARowThatTheHostReplacedMeanwhileIsLeftAlone) {
     Select({"ROW5"});
     WhileShown<frmRow>([&](frmRow& form) {
         tables.lineIndex->RemoveRow(1);
-        context.construction.CreateFromTables();
+        context.grid.construction.CreateFromTables();
         lineLog->puts.clear();
         form.cmdOk_Click();
     });
-    context.rowAttributes.Run();
+    context.grid.rowAttributes.Run();
     EXPECT_EQ(lineLog->puts, Lines{});
     EXPECT_EQ(updates, 0);
 }

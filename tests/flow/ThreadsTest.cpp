@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <planview/HeadlessPlatform.h>
 #include <planview/PlanView.h>
 #include <planview/Trace.h>
 
@@ -15,6 +14,7 @@
 #include "components/chart/ChartControl.h"
 #include "control/ControlParts.h"
 #include "macro/run/MacroText.h"
+#include "platform/HeadlessPlatform.h"
 #include "support/GridText.h"
 #include "support/SampleTables.h"
 #include "support/TreeText.h"
@@ -75,17 +75,17 @@ public:
             control_.DP_Import_Create();
             Enter("COL1/ROW1", std::to_string(number_) + "," + std::to_string(round));
             Enter("COL2/ROW3", "1.234,5");
-            control_.Undo();
-            control_.RunMacro(macro_);
+            control_.Editing().Undo();
+            control_.Macros().Run(macro_);
             Select({"COL3", {}});
-            control_.HideColumns();
+            control_.View().HideColumns();
             Select({{}, "ROW4"});
-            control_.HideRows();
-            control_.ShowSelectedRowsInChart();
+            control_.View().HideRows();
+            control_.View().ShowSelectedRowsInChart();
             Select({"COL1", "ROW1"});
-            control_.Copy();
+            control_.Editing().Copy();
             Select({"COL5", "ROW" + std::to_string(5 + round)});
-            control_.Paste();
+            control_.Editing().Paste();
             control_.plv_MarkedRowsHide();
             shown_ += Shown();
         }

@@ -27,9 +27,9 @@ protected:
     }
 
     void SelectColumns(std::initializer_list<int> numbers) {
-        context.grid.ClearSelection();
+        context.grid.control.ClearSelection();
         for (const int number : numbers) {
-            context.grid.SetSelection({"COL" + std::to_string(number), ""}, false);
+            context.grid.control.SetSelection({"COL" + std::to_string(number), ""}, false);
         }
     }
     /// "X" or "." per row of the table.
@@ -43,8 +43,8 @@ protected:
     [[nodiscard]] std::string Marked() const { return Flags(*tables.colsIndex, "COL_MARKED"); }
     [[nodiscard]] std::string Widths() const {
         std::string widths;
-        for (const ColumnId column : context.grid.Columns(ColumnArea::Center)) {
-            widths += std::to_string(context.grid.Column(column).width) + " ";
+        for (const ColumnId column : context.grid.control.Columns(ColumnArea::Center)) {
+            widths += std::to_string(context.grid.control.Column(column).width) + " ";
         }
         return widths;
     }
@@ -58,21 +58,21 @@ TEST_F(SelectionTest, BlocksRunUpToTheNextSelectedHeading) {
         const char* marked;
     } cases[] = {{{2, 4}, ".XX.."}, {{3}, "..XXX"}, {{}, "....."}, {{1, 2}, "X...."}, {{2, 3, 5}, ".X..."}};
     for (const auto& row : cases) {
-        EXPECT_TRUE(DeselectAllColumns(context.tables.COLS_INDEX, context.driver));
+        EXPECT_TRUE(DeselectAllColumns(context.shared.tables.COLS_INDEX, context.grid.driver));
         SelectColumns(row.selected);
-        EXPECT_TRUE(SelectBlockColumns(context.tables.COLS_INDEX, context.driver));
+        EXPECT_TRUE(SelectBlockColumns(context.shared.tables.COLS_INDEX, context.grid.driver));
         EXPECT_EQ(Marked(), row.marked);
     }
 }
 
 TEST_F(SelectionTest, SelectingAllAndNoneMarksTheTables) {
-    EXPECT_TRUE(SelectAllRows(context.tables.LINE_INDEX, context.driver));
+    EXPECT_TRUE(SelectAllRows(context.shared.tables.LINE_INDEX, context.grid.driver));
     EXPECT_EQ(Flags(*tables.lineIndex, "ROW_MARKED"), "XXXXX");
-    EXPECT_TRUE(context.grid.IsSelected({"", "ROW5"}));
+    EXPECT_TRUE(context.grid.control.IsSelected({"", "ROW5"}));
     EXPECT_EQ(EntriesOf("SelectAllRows").back(), "GRIDCTL | {rid: ROW5} | SelectAllRows | ");
-    EXPECT_TRUE(DeselectAllRows(context.tables.LINE_INDEX, context.driver));
+    EXPECT_TRUE(DeselectAllRows(context.shared.tables.LINE_INDEX, context.grid.driver));
     EXPECT_EQ(Flags(*tables.lineIndex, "ROW_MARKED"), ".....");
-    EXPECT_TRUE(context.grid.Selection().IsEmpty());
+    EXPECT_TRUE(context.grid.control.Selection().IsEmpty());
 }
 
 TEST_F(SelectionTest, CommandsHideAndShowWhatIsSelectedAndTellTheHost) {
@@ -80,11 +80,11 @@ TEST_F(SelectionTest, CommandsHideAndShowWhatIsSelectedAndTellTheHost) {
         int updates = 0;
         void GridStartUpdate() override { ++updates; }
     } host;
-    context.events.AddSink(host);
+    context.shared.events.AddSink(host);
     SelectColumns({2, 3});
     context.runner.Run(Command::HideColumns);
     EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), ".XX..");
-    EXPECT_TRUE(context.grid.Column(*context.grid.FindColumn("COL3")).hidden);
+    EXPECT_TRUE(context.grid.control.Column(*context.grid.control.FindColumn("COL3")).hidden);
     EXPECT_EQ(host.updates, 1);
     EXPECT_EQ(EntriesOf("#HIDE COLUMNS#"), Lines{"GRIDCTL | {} | #HIDE COLUMNS# | BEGIN"});
     EXPECT_EQ(EntriesOf("HideColumn"),
@@ -95,18 +95,18 @@ TEST_F(SelectionTest, CommandsHideAndShowWhatIsSelectedAndTellTheHost) {
     context.runner.Run(Command::HideColumns);
     host.updates = 0;
     ForgetEntries();
-    context.grid.ReportShowHidden(*context.grid.FindColumn("COL4"), HiddenSide::Before);
+    context.grid.control.ReportShowHidden(*context.grid.control.FindColumn("COL4"), HiddenSide::Before);
     EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), "....X") << "only those at the place";
     EXPECT_EQ(EntriesOf("#SHOW COLUMNS#"), Lines{"GRIDCTL | {} | #SHOW COLUMNS# | BEGIN"});
     EXPECT_EQ(EntriesOf("ShowColumn"),
               (Lines{"GRIDCTL | {cid: COL2} | ShowColumn | ", "GRIDCTL | {cid: COL3} | ShowColumn | "}));
     EXPECT_EQ(host.updates, 1);
-    context.grid.SelectRow(*context.grid.FindRow("ROW2"), SelectionMode::Replace);
+    context.grid.control.SelectRow(*context.grid.control.FindRow("ROW2"), SelectionMode::Replace);
     context.runner.Run(Command::HideRows);
-    context.grid.ReportShowHidden(*context.grid.FindRow("ROW1"), HiddenSide::Behind);
+    context.grid.control.ReportShowHidden(*context.grid.control.FindRow("ROW1"), HiddenSide::Behind);
     EXPECT_EQ(Flags(*tables.lineIndex, "ROW_HIDDEN"), ".....");
-    EXPECT_FALSE(context.grid.Row(*context.grid.FindRow("ROW2")).hidden);
-    context.events.RemoveSink(host);
+    EXPECT_FALSE(context.grid.control.Row(*context.grid.control.FindRow("ROW2")).hidden);
+    context.shared.events.RemoveSink(host);
 }
 
 TEST_F(SelectionTest, ResetReachesEveryColumnWhateverIsSelected) {
@@ -119,26 +119,26 @@ TEST_F(SelectionTest, ResetReachesEveryColumnWhateverIsSelected) {
 }
 
 TEST_F(SelectionTest, AResizeReachesTheMarkedColumns) {
-    context.sizeEvents.ColumnResized("COL1", 90);
+    context.grid.sizeEvents.ColumnResized("COL1", 90);
     EXPECT_EQ(tables.colsIndex->Value(1, "COL_WIDTH"), Variant(std::int16_t{90}));
     EXPECT_EQ(tables.colsIndex->Value(2, "COL_WIDTH"), Variant(70));
-    EXPECT_TRUE(SelectAllColumns(context.tables.COLS_INDEX, context.driver));
+    EXPECT_TRUE(SelectAllColumns(context.shared.tables.COLS_INDEX, context.grid.driver));
     tables.colsIndex->SetValue(4, "COL_MARKED", "");
-    context.sizeEvents.ColumnResized("COL2", 55);
+    context.grid.sizeEvents.ColumnResized("COL2", 55);
     EXPECT_EQ(Widths(), "55 70 55 70 55 ") << "the resized one itself has its size from the user's drag";
     EXPECT_EQ(tables.colsIndex->Value(2, "COL_WIDTH"), Variant(std::int16_t{55}));
-    context.sizeEvents.ColumnResized("ROW2", 33);
+    context.grid.sizeEvents.ColumnResized("ROW2", 33);
     EXPECT_EQ(tables.lineIndex->Value(2, "ROW_HEIGHT"), Variant(24)) << "no column key";
-    context.sizeEvents.SwitchedRowResized("ROW2", 33);
+    context.grid.sizeEvents.SwitchedRowResized("ROW2", 33);
     EXPECT_EQ(tables.lineIndex->Value(2, "ROW_WIDTH"), Variant(std::int16_t{33}));
 }
 
 TEST_F(SelectionTest, TheUsersSelectionIsMirroredIntoBothTables) {
     tables.colsIndex->SetValue(5, "COL_MARKED", "X");
-    context.grid.SelectColumn(*context.grid.FindColumn("COL2"), SelectionMode::Replace);
-    context.grid.SelectColumn(*context.grid.FindColumn("COL3"), SelectionMode::Extend);
+    context.grid.control.SelectColumn(*context.grid.control.FindColumn("COL2"), SelectionMode::Replace);
+    context.grid.control.SelectColumn(*context.grid.control.FindColumn("COL3"), SelectionMode::Extend);
     EXPECT_EQ(Marked(), ".XX..");
-    context.grid.SelectRow(*context.grid.FindRow("ROW4"), SelectionMode::Add);
+    context.grid.control.SelectRow(*context.grid.control.FindRow("ROW4"), SelectionMode::Add);
     EXPECT_EQ(Flags(*tables.lineIndex, "ROW_MARKED"), "...X.");
     EXPECT_EQ(Marked(), ".XX..");
 }
@@ -152,13 +152,15 @@ TEST_F(SelectionTest, AClickOnARowHeadingChoosesTheForecastLine) {
         }
         return flags;
     };
-    const auto click = [&](CellKeyView keys) { context.grid.ReportSimpleClick(*context.grid.FindCell(keys)); };
+    const auto click = [&](CellKeyView keys) {
+        context.grid.control.ReportSimpleClick(*context.grid.control.FindCell(keys));
+    };
     for (std::int32_t row = 1; row <= 3; ++row) {
         tables.lineIndex->SetValue(row, "SHOW_CHART", "");
     }
     click({"FLC0", "ROW1"});
     EXPECT_EQ(chosen(), "...") << "not in the forecast view";
-    context.chartCommands.ForecastView();
+    context.chart.commands.ForecastView();
     click({"COL1", "ROW1"});
     click({"COL1", "FTR0"});
     EXPECT_EQ(chosen(), "...");
@@ -169,7 +171,7 @@ TEST_F(SelectionTest, AClickOnARowHeadingChoosesTheForecastLine) {
 
 TEST_F(SelectionTest, AFailureEndsTheWalkWithItsKey) {
     ExpectErrors();
-    EXPECT_FALSE(SelectAllColumns(HostTable(), context.driver));
+    EXPECT_FALSE(SelectAllColumns(HostTable(), context.grid.driver));
     EXPECT_EQ(Entries(IsError), Lines{"GRIDCTL | {cid: } | SelectAllColumns | ERROR"});
 }
 

@@ -19,10 +19,10 @@ protected:
         }
         tables.AddLine(1, "Wages", {{"SHOW_CHART", "X"}});
         tables.AddLine(2, "Sales", {{"SHOW_CHART", "X"}});
-        context.settings.chartShown = true;
+        context.shared.settings.chartShown = true;
         Build();
-        context.chartData.Initialize();
-        context.chartData.Update();
+        context.chart.data.Initialize();
+        context.chart.data.Update();
         ForgetEntries();
     }
 
@@ -45,7 +45,7 @@ protected:
         return texts;
     }
     [[nodiscard]] const ChartSeriesLook& Look(std::size_t series) const {
-        return *context.chart.State().series[series].look;
+        return *context.chart.control.State().series[series].look;
     }
 
 private:
@@ -108,17 +108,17 @@ TEST_F(ChartMenusTest, ViewsAreCheckedAndChosen) {
     RightClick(ChartHitCode::None, 0, {"mnuForecast1"});
     EXPECT_EQ(Offered(),
               (Lines{"Arrange/Redraw", "Standard*", "Forecast (Compare)", "Copy to clipboard", "Attributes"}));
-    EXPECT_TRUE(context.chartCommands.IsForecastView());
+    EXPECT_TRUE(context.chart.commands.IsForecastView());
     RightClick(ChartHitCode::None, 0, {"mnuDefault"});
     EXPECT_EQ(Offered()[2], "Forecast (Compare)*");
-    EXPECT_FALSE(context.chartCommands.IsForecastView());
+    EXPECT_FALSE(context.chart.commands.IsForecastView());
     GridPopup({"FLC0", "FTR0"}, "mnuChart");
-    EXPECT_FALSE(context.settings.chartShown);
+    EXPECT_FALSE(context.shared.settings.chartShown);
     EXPECT_EQ(tables.gridAttr->Value(1, "CHART").AsText(), "");
 }
 
 TEST_F(ChartMenusTest, DialogsOpenFromTheirEntries) {
-    context.grid.SelectRow(*context.grid.FindRow("ROW1"), SelectionMode::Replace);
+    context.grid.control.SelectRow(*context.grid.control.FindRow("ROW1"), SelectionMode::Replace);
     GridPopup({"FLC0", "FTR0"}, "mnuGeneral");
     EXPECT_EQ(std::count(platform.formCalls.begin(), platform.formCalls.end(), "show frmGrid"), 1);
     GridPopup({"FLC0", "ROW1"}, "mnuRowAttributes");

@@ -139,9 +139,9 @@ TEST_F(MenusTest, APopupTracesTheStateOfItsEntries) {
          MainMenu::Grid,
          {},
          [&] {
-             context.settings.layoutMode = true;
-             context.settings.treeShown = context.settings.chartShown = true;
-             context.settings.switched = context.settings.zoomed = true;
+             context.shared.settings.layoutMode = true;
+             context.shared.settings.treeShown = context.shared.settings.chartShown = true;
+             context.shared.settings.switched = context.shared.settings.zoomed = true;
          },
          grid("True - enabled: True", "True", "True", "True", "True")},
         {"grid without lines",
@@ -149,7 +149,7 @@ TEST_F(MenusTest, APopupTracesTheStateOfItsEntries) {
          {},
          [&] {
              tables.lineIndex->Clear();
-             context.construction.CreateFromTables();
+             context.grid.construction.CreateFromTables();
          },
          grid("True - enabled: True", "True", "True", "False", "True")},
         {"columns, nothing selected",
@@ -161,7 +161,7 @@ TEST_F(MenusTest, APopupTracesTheStateOfItsEntries) {
         {"columns, one selected",
          MainMenu::Column,
          {},
-         [&] { context.grid.SelectColumn(*context.grid.FindColumn("COL2"), SelectionMode::Replace); },
+         [&] { context.grid.control.SelectColumn(*context.grid.control.FindColumn("COL2"), SelectionMode::Replace); },
          {"{menu: HIDE - checked: False - enabled: True}", "{menu: SHOW - checked: False - enabled: False}",
           "{menu: WIDTH - checked: False - enabled: True}"}},
         {"rows, there are none",
@@ -188,7 +188,7 @@ TEST_F(MenusTest, APopupTracesTheStateOfItsEntries) {
         {"chart that is hidden",
          MainMenu::Chart,
          {},
-         [&] { context.settings.chartShown = false; },
+         [&] { context.shared.settings.chartShown = false; },
          {"{menu: CHART VIEWS - checked: False - enabled: False}"}},
         {"series",
          MainMenu::Series,
@@ -203,7 +203,7 @@ TEST_F(MenusTest, APopupTracesTheStateOfItsEntries) {
          {{}, nodes},
          [&] {
              test::AddRow(*tables.macroTree, {{"NODEKEY", nodes.c_str()}, {"NODETEXT", "Macro"}, {"RELATION", 1}});
-             modMacro::Build(context.macroTree);
+             modMacro::Build(context.macros.nodes);
          },
          {"{menu: MACRO-RECORD}", "{menu: RENAME - checked: False - enabled: False}"}},
         {"macro tree, below a root",
@@ -212,7 +212,7 @@ TEST_F(MenusTest, APopupTracesTheStateOfItsEntries) {
          [&] {
              test::AddRow(*tables.macroTree,
                           {{"NODEKEY", "step"}, {"NODEREF", nodes.c_str()}, {"NODETEXT", "Step"}, {"RELATION", 4}});
-             modMacro::Build(context.macroTree);
+             modMacro::Build(context.macros.nodes);
          },
          {"{menu: MACRO-RECORD}", "{menu: RENAME - checked: False - enabled: True}"}},
         {"a macro's element",
@@ -240,10 +240,10 @@ TEST_F(MenusTest, RecordingSwitchesItsEntriesAsAGroup) {
         const char* text;
     } cases[] = {
         {"off", [] {}, "Start (Interrupt) (Stop) (Undo)"},
-        {"runs", [&] { context.recording.StartRecord(); }, "(Start) Interrupt Stop (Undo)"},
+        {"runs", [&] { context.macros.recording.StartRecord(); }, "(Start) Interrupt Stop (Undo)"},
         {"with a step", [&] { context.runner.Run(Command::ZoomGrid); }, "(Start) Interrupt Stop Undo"},
-        {"interrupted", [&] { context.recording.InterruptRecord(); }, "Start (Interrupt) Stop Undo"},
-        {"stopped", [&] { context.recording.StopRecord(); }, "Start (Interrupt) (Stop) (Undo)"},
+        {"interrupted", [&] { context.macros.recording.InterruptRecord(); }, "Start (Interrupt) Stop Undo"},
+        {"stopped", [&] { context.macros.recording.StopRecord(); }, "Start (Interrupt) (Stop) (Undo)"},
     };
     for (const auto& row : cases) {
         row.prepare();
@@ -264,7 +264,7 @@ TEST_F(MenusTest, ASubmenuIsDisabledWithAllItsEntries) {
     Update(MainMenu::Column);
     EXPECT_NE(Text(MainMenu::Column).find("\nProperties\n  Width\n"), std::string::npos);
     tables.colsIndex->Clear();
-    context.construction.CreateFromTables();
+    context.grid.construction.CreateFromTables();
     Update(MainMenu::Column);
     EXPECT_NE(Text(MainMenu::Column).find("\n(Properties)\n  (Width)\n    (Reset)\n"), std::string::npos)
         << Text(MainMenu::Column);

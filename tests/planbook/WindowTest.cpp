@@ -88,7 +88,7 @@ TEST(Window, MenusOfferWhatCanBeDone) {
     EXPECT_EQ(EntriesOf(w.window, "&Macro"),
               (Entries{"&Start recording", "(&Interrupt recording)", "(S&top recording)", "(&Undo last step)", "-",
                        "&Run", "Run on selected &line", "&Check"}));
-    EXPECT_EQ(EntriesOf(w.window, "&File")[3], "&Download as workbook… Ctrl+Shift+S");
+    EXPECT_EQ(EntriesOf(w.window, "&File")[4], "&Download as workbook… Ctrl+Shift+S");
 }
 
 // --- Saving

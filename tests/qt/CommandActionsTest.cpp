@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QSignalSpy>
+#include <QVBoxLayout>
 
 #include "qt/WidgetOnScreen.h"
 
@@ -80,7 +81,7 @@ private slots:
         QVERIFY(!chart->isChecked());
         chart->trigger();
         QVERIFY(chart->isChecked() && screen.widget->chartShown());
-        screen.widget->control().SwitchChart();
+        screen.widget->control().View().SwitchChart();
         QTRY_VERIFY(!chart->isChecked());
         QCOMPARE(record->text(), QStringLiteral("&Start recording"));
         record->trigger();

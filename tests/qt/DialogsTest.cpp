@@ -39,12 +39,12 @@ public:
             tables.AddValue(1, column, (column - 2) * 1234.5);
         }
         Build();
-        context.settings.layoutMode = true;
-        context.chooseColor = [this] { return chosenColor; };
+        context.shared.settings.layoutMode = true;
+        context.shared.chooseColor = [this] { return chosenColor; };
     }
     void selectRow(const char* key) {
-        context.grid.ClearSelection();
-        context.grid.SetSelection({"", key}, true);
+        context.grid.control.ClearSelection();
+        context.grid.control.SetSelection({"", key}, true);
     }
 
     void Load(Form& form) override { forms->Load(form); }
@@ -161,10 +161,10 @@ private slots:
             QCOMPARE(ground->text(), QStringLiteral("Red"));
             QTest::keyClick(dialog, Qt::Key_Return);
         });
-        desktop.context.generalOptions.Run();
-        QCOMPARE(desktop.context.settings.moveAllowed, std::int16_t{0});
-        QCOMPARE(desktop.context.settings.dragMode, std::int16_t{2});
-        QCOMPARE(desktop.context.settings.backgroundColor, std::int16_t{5});
+        desktop.context.grid.generalOptions.Run();
+        QCOMPARE(desktop.context.shared.settings.moveAllowed, std::int16_t{0});
+        QCOMPARE(desktop.context.shared.settings.dragMode, std::int16_t{2});
+        QCOMPARE(desktop.context.shared.settings.backgroundColor, std::int16_t{5});
         QCOMPARE(desktop.tables.gridAttr->Value(1, "NOMOVE_ALLOWED").AsText(), std::string("X"));
     }
 
@@ -181,8 +181,8 @@ private slots:
                     QTest::keyClick(dialog, Qt::Key_Escape);
                 }
             });
-            desktop.context.generalOptions.Run();
-            QCOMPARE(desktop.context.settings.moveAllowed, std::int16_t{1});
+            desktop.context.grid.generalOptions.Run();
+            QCOMPARE(desktop.context.shared.settings.moveAllowed, std::int16_t{1});
         }
     }
 
@@ -212,7 +212,7 @@ private slots:
             QCOMPARE(preview.Row(cell.row).height, std::int16_t{40});
             QTest::keyClick(dialog, Qt::Key_Return);
         });
-        desktop.context.rowAttributes.Run();
+        desktop.context.grid.rowAttributes.Run();
         const auto text = [&](const char* field) { return desktop.tables.lineIndex->Value(1, field).AsText(); };
         QCOMPARE(text("ROW_FONT"), std::string("Courier New;;Bold"));
         QCOMPARE(text("ROW_FG"), std::string("10"));
@@ -243,7 +243,7 @@ private slots:
             QVERIFY(!message->isVisible());
             QTest::keyClick(dialog, Qt::Key_Return);
         });
-        desktop.context.rowAttributes.Run();
+        desktop.context.grid.rowAttributes.Run();
         QCOMPARE(desktop.tables.lineIndex->Value(1, "ROW_HEIGHT").AsText(), std::string("22"));
     }
 
@@ -273,7 +273,7 @@ private slots:
             QCOMPARE(tabOrder(*dialog).join(QLatin1String(", ")), row ? RowTabOrder : GridTabOrder);
             QTest::keyClick(dialog, Qt::Key_Escape);
         });
-        row ? desktop.context.rowAttributes.Run() : desktop.context.generalOptions.Run();
+        row ? desktop.context.grid.rowAttributes.Run() : desktop.context.grid.generalOptions.Run();
     }
 
     void theControlMayGoWhileADialogIsOpen_data() {
@@ -292,20 +292,20 @@ private slots:
             button<QCheckBox>(*dialog, QStringLiteral("Allow move of columns and rows"))->click();
             delete (whole ? window.data() : control);
         });
-        desktop.context.generalOptions.Run();
-        QCOMPARE(desktop.context.settings.moveAllowed, std::int16_t{1});
+        desktop.context.grid.generalOptions.Run();
+        QCOMPARE(desktop.context.shared.settings.moveAllowed, std::int16_t{1});
         delete window;
     }
 
     void theControlMayGoWhileAColourIsChosen() {
         QtDesktop desktop;
-        desktop.context.chooseColor = [&desktop] {
+        desktop.context.shared.chooseColor = [&desktop] {
             desktop.widget.reset();
             return std::optional(3);
         };
         whenShown<QDialog>([](QDialog* dialog) { colorButton(*dialog, QStringLiteral("Background color"))->click(); });
-        desktop.context.generalOptions.Run();
-        QCOMPARE(desktop.context.settings.backgroundColor, std::int16_t{0});
+        desktop.context.grid.generalOptions.Run();
+        QCOMPARE(desktop.context.shared.settings.backgroundColor, std::int16_t{0});
     }
 };
 

@@ -38,7 +38,7 @@ public:
     void SelectionChanged(const CellKey&, bool) override { host.hear(); }
     void TextEntered(const CellKey&, const std::string&) override { host.hear(); }
     void DoubleClick(const CellKey&) override { host.hear(); }
-    void MouseDown(const CellKey&, std::int16_t, std::int16_t) override { host.hear(); }
+    void MouseDown(const CellKey&, MouseButton, ShiftState) override { host.hear(); }
     void MenuKey(const CellKey&) override { host.hear(); }
     Host host;
 };
@@ -50,7 +50,7 @@ public:
     void Collapse(const std::string&) override {}
     void Expand(const std::string&) override {}
     void DblClick(const std::string&) override {}
-    void MouseDown(const std::string&, std::int16_t, std::int16_t) override { host.hear(); }
+    void MouseDown(const std::string&, MouseButton, ShiftState) override { host.hear(); }
     void MenuKey(const std::string&) override { host.hear(); }
     void NodeClick(const std::string&, bool) override {}
     void NodeDropped(const std::string&, const std::string&, TreeDrop) override {}

@@ -18,8 +18,8 @@ protected:
     void ExpectEnded(const std::string& name) const {
         EXPECT_EQ(std::count(fake->log.begin(), fake->log.end(), "Application.Quit"), 1) << name;
         EXPECT_EQ(fake->objects, 0) << name << ": a reference is left";
-        EXPECT_FALSE(context.grid.Settings().waiting) << name;
-        EXPECT_FALSE(context.busy) << name;
+        EXPECT_FALSE(context.grid.control.Settings().waiting) << name;
+        EXPECT_FALSE(context.shared.busy) << name;
     }
     [[nodiscard]] std::string Sheet() {
         std::string text;
@@ -150,7 +150,7 @@ TEST_F(DownloadTest, CaptionsFollowLtext) {
 
 TEST_F(DownloadTest, AsksForTheFileInTheHostsWords) {
     context.download.Run();
-    context.tables.TEXTS = HostTable(tables.texts);
+    context.shared.tables.TEXTS = HostTable(tables.texts);
     test::AddRow(*tables.texts, {{"ENTRY", 135}, {"TEXT", "In Excel sichern"}});
     context.spreadsheetOptions.folder = "/plans";
     context.spreadsheetOptions.fileName = "May.xlsx";
@@ -235,7 +235,7 @@ TEST_F(DownloadTest, AFailingCallEndsItsOwnProcedure) {
         EXPECT_EQ(EntriesOf("Quit").front(), "EXCEL |  | Quit | {}") << row.failing;
         EXPECT_EQ(EntriesOf("Terminate").size(), 1U) << row.failing;
         EXPECT_EQ(fake->objects, 0) << row.failing;
-        EXPECT_FALSE(context.grid.Settings().waiting) << row.failing;
+        EXPECT_FALSE(context.grid.control.Settings().waiting) << row.failing;
     }
     EXPECT_EQ(platform.messages.size(), 0U);
     fake->failing = "Workbook.Saveas";
@@ -283,7 +283,7 @@ TEST_F(DownloadTest, CancellingLeavesNothing) {
 
 TEST_F(DownloadTest, WideColumnsGetRoom) {
     tables.AddValue(2, 2, 1234567890.5);
-    context.construction.CreateFromTables();
+    context.grid.construction.CreateFromTables();
     EXPECT_EQ(context.download.SaveTo("plan.xlsx"), "");
     EXPECT_EQ(std::count_if(fake->log.begin(), fake->log.end(),
                             [](const std::string& entry) { return entry.ends_with(").ColumnWidth=17"); }),
@@ -304,12 +304,12 @@ TEST_F(DownloadTest, WhatDoesNotFit16BitsEndsAtTheTrap) {
         std::int32_t rows_;
     };
     for (const std::int32_t rows : {32767, 32768, -1}) {
-        context.tables.LINE_INDEX = HostTable(std::make_shared<Endless>(rows));
+        context.shared.tables.LINE_INDEX = HostTable(std::make_shared<Endless>(rows));
         const std::string error = context.download.SaveTo("plan.xlsx");
         EXPECT_NE(error, "") << rows;
         EXPECT_FALSE(Saved()) << rows;
     }
-    context.tables.LINE_INDEX = HostTable();
+    context.shared.tables.LINE_INDEX = HostTable();
     EXPECT_NE(context.download.SaveTo("plan.xlsx"), "") << "no table";
     EXPECT_FALSE(Saved());
     EXPECT_EQ(fake->objects, 0);

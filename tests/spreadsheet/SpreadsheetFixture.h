@@ -28,12 +28,12 @@ protected:
         tables.AddValue(2, 1, -3);
         tables.AddValue(3, 1, 1231.5);
         Build();
-        context.events.AddSink(*this);
+        context.shared.events.AddSink(*this);
         platform.objects.Register("Excel.Application", [this] { return MakeApplication(fake); });
         platform.formCalls.clear();
         ForgetEntries();
     }
-    ~SpreadsheetTest() override { context.events.RemoveSink(*this); }
+    ~SpreadsheetTest() override { context.shared.events.RemoveSink(*this); }
 
     void OnEvent(EventId event, std::span<const Variant>) override {
         events.push_back(event);
@@ -45,7 +45,7 @@ protected:
         return Entries([](const ListItem& item) { return item.text == "EXCEL"; });
     }
     [[nodiscard]] std::string Shown(const char* column, const char* row) const {
-        return context.grid.Contents(context.grid.FindCell({column, row}).value());
+        return context.grid.control.Contents(context.grid.control.FindCell({column, row}).value());
     }
     [[nodiscard]] std::string Messages() const {
         std::string text;

@@ -180,14 +180,14 @@ TEST_F(UploadTest, AppliesWhatIsTickedAsOneAction) {
     EXPECT_EQ(Messages(), "");
     EXPECT_EQ(platform.formCalls, (Lines{"load frmUpload", "show frmUpload", "hide frmUpload", "unload frmUpload"}));
 
-    context.valueEntry.Undo();
+    context.grid.valueEntry.Undo();
     EXPECT_EQ(Shown("COL1", "ROW1"), "1234,5");
     EXPECT_EQ(Shown("COL3", "ROW2"), "");
-    EXPECT_FALSE(context.history.CanUndo()) << "it was one step";
+    EXPECT_FALSE(context.grid.history.CanUndo()) << "it was one step";
 }
 
 TEST_F(UploadTest, SingleValueAnnouncesEachCell) {
-    context.settings.singleValue = 1;
+    context.shared.settings.singleValue = 1;
     Edit(2, 2, 5);
     Edit(3, 2, 6);
     WhileShown([](frmUpload& form) { form.cmdOk_Click(); });
@@ -238,20 +238,20 @@ TEST_F(UploadTest, LeavesAloneWhatChangedMeanwhile) {
         {"nothing", [] {}, 3},
         {"another value in one cell",
          [&] {
-             context.grid.EnterText(context.grid.FindCell({"COL2", "ROW1"}).value(), "99");
+             context.grid.control.EnterText(context.grid.control.FindCell({"COL2", "ROW1"}).value(), "99");
          },
          2},
-        {"the grid built again as it was", [&] { context.construction.CreateFromTables(); }, 3},
+        {"the grid built again as it was", [&] { context.grid.construction.CreateFromTables(); }, 3},
         {"a line replaced by another one",
          [&] {
              tables.lineIndex->Put(DefaultMember, std::vector<Variant>{std::int16_t{2}, "FREET"}, "Other");
-             context.construction.CreateFromTables();
+             context.grid.construction.CreateFromTables();
          },
          2},
-        {"the grid gone", [&] { context.grid.Destroy(true); }, 0},
+        {"the grid gone", [&] { context.grid.control.Destroy(true); }, 0},
     };
     for (const auto& row : cases) {
-        context.construction.CreateFromTables();
+        context.grid.construction.CreateFromTables();
         platform.messages.clear();
         const UploadPreview preview = context.upload.Preview("plan.xlsx");
         ASSERT_EQ(preview.changes.size(), 3U) << row.name;
@@ -266,7 +266,7 @@ TEST_F(UploadTest, LeavesAloneWhatChangedMeanwhile) {
         tables.AddValue(1, 2, 10);
         tables.AddValue(2, 1, -3);
         tables.AddValue(3, 1, 1231.5);
-        context.construction.CreateFromTables();
+        context.grid.construction.CreateFromTables();
     }
 }
 
@@ -274,7 +274,7 @@ TEST_F(UploadTest, TheUserHearsOfWhatWasLeftAlone) {
     Edit(2, 2, 5);
     Edit(2, 3, 6);
     WhileShown([&](frmUpload& form) {
-        context.grid.EnterText(context.grid.FindCell({"COL2", "ROW1"}).value(), "99");
+        context.grid.control.EnterText(context.grid.control.FindCell({"COL2", "ROW1"}).value(), "99");
         form.cmdOk_Click();
     });
     RunUpload();
@@ -284,7 +284,7 @@ TEST_F(UploadTest, TheUserHearsOfWhatWasLeftAlone) {
 
 TEST_F(UploadTest, ALockedGridRefusesEverything) {
     Edit(2, 2, 5);
-    context.grid.SetReadOnly(true);
+    context.grid.control.SetReadOnly(true);
     EXPECT_EQ(Differences(), Lines{"Sales/May 01: 1234,5 -> 5 (This table is open for reading only.)"});
 }
 
@@ -312,7 +312,7 @@ TEST_F(UploadTest, AFailingCallEndsItsOwnProcedure) {
         EXPECT_NE(errors[0].find(std::string("| ") + row.procedure + " |"), std::string::npos) << errors[0];
         EXPECT_EQ(EntriesOf("Quit").size(), 1U) << row.failing;
         EXPECT_EQ(fake->objects, 0) << row.failing;
-        EXPECT_FALSE(context.grid.Settings().waiting) << row.failing;
+        EXPECT_FALSE(context.grid.control.Settings().waiting) << row.failing;
     }
     platform.objects.Unregister("Excel.Application");
     RunUpload();

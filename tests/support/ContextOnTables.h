@@ -13,8 +13,8 @@ struct ContextOnTables {
 
     /// Hands all tables over and builds the grid.
     void Build() {
-        tables.GiveTo(context.tables);
-        context.construction.CreateFromTables();
+        tables.GiveTo(context.shared.tables);
+        context.grid.construction.CreateFromTables();
     }
 
     Tables tables;

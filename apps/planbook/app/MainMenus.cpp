@@ -51,7 +51,7 @@ void MainWindow::buildFileMenu() {
     }
     QAction* printSetup = file->addAction("Workbooks with &print set-up");
     printSetup->setCheckable(true);
-    connect(printSetup, &QAction::toggled, view_, &PlanViewWidget::setSpreadsheetPrintSetup);
+    connect(printSetup, &QAction::toggled, view_, &planview::PlanViewWidget::setSpreadsheetPrintSetup);
     file->addSeparator();
     file->addAction("&Quit", QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
 }

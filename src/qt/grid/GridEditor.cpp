@@ -136,6 +136,7 @@ bool GridEditor::open(Cell cell, Start start) {
     line_->setModified(false);
     line_->setAccessibleName(view_.cellName(cell));
     open_ = true;
+    Q_EMIT openChanged();
     follow();
     line_->setFocus(Qt::OtherFocusReason);
     return true;
@@ -143,6 +144,7 @@ bool GridEditor::open(Cell cell, Start start) {
 
 void GridEditor::close() {
     open_ = false;
+    Q_EMIT openChanged();
     hideMessage();
     if (line_->hasFocus()) {
         view_.setFocus(Qt::OtherFocusReason);

@@ -58,6 +58,10 @@ public:
     void follow();
     void hideMessage();
 
+Q_SIGNALS:
+    /// An entry has begun or ended.
+    void openChanged();
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -96,7 +96,8 @@ void GridView::contextMenuEvent(QContextMenuEvent* event) {
 bool GridView::handleCommand(const QKeyEvent& event) {
     const KeyStroke key = keyStrokeOf(event);
     const bool isCommand = FindCommand(key, KeyPlace::Table) != nullptr;
-    if (key.code == 0 || (startsEntry(event) && !isCommand)) {
+    const bool isGrids = startsEntry(event) || GridKey::of(event);
+    if (key.code == 0 || (isGrids && !isCommand)) {
         return false;
     }
     return grid_.ReportKeyDown(key.shift, key.code) || isCommand;  // the key of a command types nothing

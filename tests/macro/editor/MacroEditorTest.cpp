@@ -18,12 +18,14 @@ struct HeardEvents : PlanViewEvents {
 /// A user at the macro editor: points at the grid, presses the buttons.
 class MacroEditorTest : public MacroEngineTest {
 protected:
-    MacroEditorTest() : editor(context.macroEditor) { context.events.AddSink(heard); }
-    ~MacroEditorTest() override { context.events.RemoveSink(heard); }
+    MacroEditorTest() : editor(context.macros.editor) { context.shared.events.AddSink(heard); }
+    ~MacroEditorTest() override { context.shared.events.RemoveSink(heard); }
 
-    void PointAtLine(const char* row) { context.grid.SelectRow(*context.grid.FindRow(row), SelectionMode::Replace); }
+    void PointAtLine(const char* row) {
+        context.grid.control.SelectRow(*context.grid.control.FindRow(row), SelectionMode::Replace);
+    }
     void PointAt(const char* column, const char* row, SelectionMode mode = SelectionMode::Replace) {
-        context.grid.SelectCell(context.grid.FindCell({column, row}).value(), mode);
+        context.grid.control.SelectCell(context.grid.control.FindCell({column, row}).value(), mode);
     }
     void TakeLine(const char* row) {
         PointAtLine(row);
@@ -101,7 +103,7 @@ TEST_F(MacroEditorTest, FunctionsAreFilledAndLeft) {
     TakeLine("ROW3");
     editor.AddFunction("SUM");
     PointAtLine("ROW1");
-    context.grid.SelectRow(*context.grid.FindRow("ROW2"), SelectionMode::Extend);
+    context.grid.control.SelectRow(*context.grid.control.FindRow("ROW2"), SelectionMode::Extend);
     editor.TakeOperand();
     editor.AddOperator(";");
     editor.AddOperator("(");
@@ -139,8 +141,8 @@ TEST_F(MacroEditorTest, WholeColumnsAreThePeriodsOfTheMacro) {
     editor.NewMacro();
     TakeLine("ROW3");
     const auto select = [&](const char* first, const char* last) {
-        context.grid.SelectColumn(*context.grid.FindColumn(first), SelectionMode::Replace);
-        context.grid.SelectColumn(*context.grid.FindColumn(last), SelectionMode::Extend);
+        context.grid.control.SelectColumn(*context.grid.control.FindColumn(first), SelectionMode::Replace);
+        context.grid.control.SelectColumn(*context.grid.control.FindColumn(last), SelectionMode::Extend);
         editor.TakeOperand();
     };
     select("COL1", "COL2");
@@ -185,15 +187,15 @@ TEST_F(MacroEditorTest, DeletingLeavesTheOthersWhereTheyWere) {
     editor.NewMacro();
     EXPECT_EQ(tables.macroTree->RowCount(), rows) << "the deleted rows are taken again";
     editor.Delete();
-    EXPECT_FALSE(context.tree.Nodes().Find(editor.MacroKey()));
-    context.tree.Nodes().Item(first).SetSelected(true);
+    EXPECT_FALSE(context.macros.tree.Nodes().Find(editor.MacroKey()));
+    context.macros.tree.Nodes().Item(first).SetSelected(true);
     EXPECT_EQ(Statements().size(), 3U);
 }
 
 TEST_F(MacroEditorTest, RenamingAnOwnLineRenamesItEverywhere) {
     const std::string key = macros.Add("Plan", "$a = ROW1\nROW3 = $a\n#a = 1");
     BuildTree();
-    context.tree.Nodes().Item(key).SetSelected(true);
+    context.macros.tree.Nodes().Item(key).SetSelected(true);
     GoTo("a = Retail");
     editor.Rename("Help");
     EXPECT_EQ(Statements(), (Lines{"Help = Retail", "Prices = Help", "a = 1"}));
@@ -232,26 +234,26 @@ TEST_F(MacroEditorTest, ProblemsAreMarkedUntilTheyAreGone) {
 TEST_F(MacroEditorTest, ToolbarButtonsAddTheirElements) {
     editor.NewMacro();
     PointAt("COL2", "ROW3");
-    context.toolbar.UserPress(ToolbarButton::MakLine);
+    context.macros.toolbar.UserPress(ToolbarButton::MakLine);
     platform.choices = {"AVERAGE"};
-    context.toolbar.UserPress(ToolbarButton::Function);
+    context.macros.toolbar.UserPress(ToolbarButton::Function);
     PointAt("COL2", "ROW1");
     PointAt("COL3", "ROW2", SelectionMode::Extend);
-    context.toolbar.UserPress(ToolbarButton::TabArea);
+    context.macros.toolbar.UserPress(ToolbarButton::TabArea);
     platform.choices = {"SELECTED"};
-    context.toolbar.UserPress(ToolbarButton::Attribute);
+    context.macros.toolbar.UserPress(ToolbarButton::Attribute);
     editor.NextStatement();
     PointAt("COL2", "ROW3");
     GoTo("Own line 1 = Average of Retail to Trade, Feb to Mar");
     editor.SetSpot(MacroSpot::After);
-    context.toolbar.UserPress(ToolbarButton::TabElement);
+    context.macros.toolbar.UserPress(ToolbarButton::TabElement);
     platform.choices = {"-"};
-    context.toolbar.UserPress(ToolbarButton::Operator);
+    context.macros.toolbar.UserPress(ToolbarButton::Operator);
     platform.choices = {"Own line 1"};
-    context.toolbar.UserPress(ToolbarButton::MakLine);
+    context.macros.toolbar.UserPress(ToolbarButton::MakLine);
     EXPECT_EQ(Statements(), (Lines{"For the selected periods", "Own line 1 = Average of Retail to Trade, Feb to Mar",
                                    "Prices, Feb = -Own line 1"}));
-    context.toolbar.UserPress(ToolbarButton::Generate);
+    context.macros.toolbar.UserPress(ToolbarButton::Generate);
     EXPECT_EQ(editor.Message(), "The macro can run.");
 }
 
@@ -260,13 +262,13 @@ TEST_F(MacroEditorTest, AHostWithoutTheFieldsIsToldSo) {
     auto plain = std::make_shared<MemoryTable>(
         std::vector<std::string>{"NODEKEY", "NODEREF", "RELATION", "NODETEXT", "IMAGE", "IMAGE_SEL", "EXPANDED"});
     plain->AddRowWith({{"NODEKEY", "N1"}, {"NODEREF", ""}, {"RELATION", 4}, {"NODETEXT", "Plan"}});
-    context.tables.MACRO_TREE = HostTable(plain);
+    context.shared.tables.MACRO_TREE = HostTable(plain);
     BuildTree();
     editor.NewMacro();
     EXPECT_TRUE(editor.MessageIsProblem());
     EXPECT_NE(editor.Message().find("NODETYPE"), std::string::npos) << editor.Message();
     BuildTree();
-    EXPECT_EQ(context.tree.Nodes().Count(), 1);
+    EXPECT_EQ(context.macros.tree.Nodes().Count(), 1);
 }
 
 /// Folders that are dragged about, and what should come of it.
@@ -318,7 +320,7 @@ TEST_F(MacroEditorTest, DraggedNodesStandWhereTheyWereDropped) {
         folders.Add(keys.back(), in);
     }
     BuildTree();
-    ASSERT_EQ(TreeText(context.tree), folders.Text());
+    ASSERT_EQ(TreeText(context.macros.tree), folders.Text());
     int moved = 0;
     for (int step = 0; step < 300; ++step) {
         const std::string key = keys[random() % keys.size()];
@@ -337,24 +339,24 @@ TEST_F(MacroEditorTest, DraggedNodesStandWhereTheyWereDropped) {
             ++moved;
         }
         BuildTree();
-        ASSERT_EQ(TreeText(context.tree), folders.Text())
+        ASSERT_EQ(TreeText(context.macros.tree), folders.Text())
             << step << ": " << key << " to " << target << " in " << before;
-        ASSERT_EQ(context.tree.Nodes().Item(key).Text(), "Text " + key);
+        ASSERT_EQ(context.macros.tree.Nodes().Item(key).Text(), "Text " + key);
     }
     EXPECT_GT(moved, 100);
     editor.MoveTo(keys[2], keys[0], TreeDrop::Before);
     folders.Drop(keys[2], keys[0], TreeDrop::Before);
     BuildTree();
-    EXPECT_EQ(TreeText(context.tree), folders.Text()) << "beside another root";
+    EXPECT_EQ(TreeText(context.macros.tree), folders.Text()) << "beside another root";
     editor.NewMacro();
     const std::string macro = editor.MacroKey();
     TakeLine("ROW1");
-    const std::string line = context.tree.SelectedItem().Key();
-    const std::string shown = TreeText(context.tree);
+    const std::string line = context.macros.tree.SelectedItem().Key();
+    const std::string shown = TreeText(context.macros.tree);
     for (const auto& [node, target] : {std::pair(line, keys[0]), std::pair(keys[0], macro), std::pair(macro, line)}) {
         editor.MoveTo(node, target, TreeDrop::Below);
         EXPECT_TRUE(editor.MessageIsProblem()) << node;
-        EXPECT_EQ(TreeText(context.tree), shown);
+        EXPECT_EQ(TreeText(context.macros.tree), shown);
     }
 }
 
@@ -367,7 +369,7 @@ TEST_F(MacroEditorTest, ANodeGoesOnlyWhereItsKindStands) {
     const std::string recording = macros.AddNode(folder, MacroNodeType::Recording, "", "Recording");
     const std::string step = macros.AddNode(recording, MacroNodeType::Step, "VALUE", "1. Step");
     BuildTree();
-    const std::string line = context.tree.Nodes().Item(macro).FirstChild().Key();
+    const std::string line = context.macros.tree.Nodes().Item(macro).FirstChild().Key();
     const struct {
         const char* name;
         std::string node;
@@ -386,16 +388,16 @@ TEST_F(MacroEditorTest, ANodeGoesOnlyWhereItsKindStands) {
         {"a folder beside an element", folder, line, TreeDrop::After, InFolder},
         {"a recording into a macro", recording, macro, TreeDrop::Below, InFolder},
     };
-    const std::string before = TreeText(context.tree);
+    const std::string before = TreeText(context.macros.tree);
     for (const auto& row : rows) {
         editor.MoveTo(row.node, row.target, row.place);
         EXPECT_EQ(editor.Message(), row.said) << row.name;
-        EXPECT_EQ(TreeText(context.tree), before) << row.name;
+        EXPECT_EQ(TreeText(context.macros.tree), before) << row.name;
     }
     editor.MoveTo(recording, folder, TreeDrop::After);
     editor.MoveTo(macro, folder, TreeDrop::Below);
-    EXPECT_EQ(context.tree.Nodes().Item(macro).Parent().Key(), folder);
-    EXPECT_FALSE(context.tree.Nodes().Item(recording).Parent()) << "a recording among the roots";
+    EXPECT_EQ(context.macros.tree.Nodes().Item(macro).Parent().Key(), folder);
+    EXPECT_FALSE(context.macros.tree.Nodes().Item(recording).Parent()) << "a recording among the roots";
 }
 
 TEST_F(MacroEditorTest, ANewMacroGetsANameThatNoNodeHas) {
@@ -405,7 +407,7 @@ TEST_F(MacroEditorTest, ANewMacroGetsANameThatNoNodeHas) {
     BuildTree();
     for (const char* name : {"Macro 3", "Macro 4"}) {
         editor.NewMacro();
-        EXPECT_EQ(context.tree.SelectedItem().Text(), name);
+        EXPECT_EQ(context.macros.tree.SelectedItem().Text(), name);
     }
 }
 
@@ -440,7 +442,7 @@ TEST_F(MacroEditorTest, AnyEditingKeepsTableAndTreeInStep) {
         BuildTree();
         ASSERT_EQ(Shown(), shown) << "step " << step;
     }
-    EXPECT_GT(context.tree.Nodes().Count(), 20);
+    EXPECT_GT(context.macros.tree.Nodes().Count(), 20);
     EXPECT_TRUE(EntriesOf("Reload").empty());
 }
 

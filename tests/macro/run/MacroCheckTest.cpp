@@ -97,14 +97,14 @@ class MovedLine : public MacroEngineTest, public testing::WithParamInterface<Mov
 TEST_P(MovedLine, IsFoundByKeyThenByCaption) {
     tables.AddLine(7, "Twice");
     tables.AddLine(8, "Twice");
-    context.construction.CreateFromTables();
+    context.grid.construction.CreateFromTables();
     const std::string key = macros.Add("Macro", "ROW6 = ROW1");
     macros.SetField("M3", "NODEVALUE", GetParam().value);
     macros.SetField("M3", "NODENAME", GetParam().captions);
     BuildTree();
     const MacroProblems problems = CheckMacroNode(Parts(), key);
-    const MacroOutline outline = MacroOutline::Read(context.tree, context.tables.MACRO_TREE, key);
-    const MacroGrid grid(context.grid);
+    const MacroOutline outline = MacroOutline::Read(context.macros.tree, context.shared.tables.MACRO_TREE, key);
+    const MacroGrid grid(context.grid.control);
     EXPECT_EQ(problems.empty() ? MacroSentences(outline, grid).Of(1) : Texts(problems).front(), GetParam().expected);
 }
 
@@ -130,8 +130,8 @@ TEST_F(MacroEngineTest, SentencesReadAsTheMacroRuns) {
                    "ROW6/COL2 = IF( ROW1 > 1 ; ROUND( ROW2 ; 1 ) ; AVERAGE( ROW1:ROW2/COL1:COL2 ) )\n"
                    "SELECTED = COPY( $help )");
     BuildTree();
-    const MacroOutline outline = MacroOutline::Read(context.tree, context.tables.MACRO_TREE, key);
-    const MacroGrid grid(context.grid);
+    const MacroOutline outline = MacroOutline::Read(context.macros.tree, context.shared.tables.MACRO_TREE, key);
+    const MacroGrid grid(context.grid.control);
     Lines sentences;
     for (int i = 1; i < outline.Count(); ++i) {
         const MacroNodeType type = outline.At(i).type;

@@ -38,8 +38,10 @@ protected:
 
     static constexpr int PeriodCount = 6;
 
-    void BuildTree() { modMacro::Build(context.macroTree); }
-    [[nodiscard]] MacroRunParts Parts() { return {context.grid, context.tables, context.tree, context.valueEntry}; }
+    void BuildTree() { modMacro::Build(context.macros.nodes); }
+    [[nodiscard]] MacroRunParts Parts() {
+        return {context.grid.control, context.shared.tables, context.macros.tree, context.grid.valueEntry};
+    }
 
     MacroOutcome Run(const std::string& text) {
         const std::string key = macros.Add("Macro", text);
@@ -67,17 +69,17 @@ protected:
         std::string text;
         for (int i = 1; i <= PeriodCount; ++i) {
             const std::optional<Cell> cell =
-                context.grid.FindCell({"COL" + std::to_string(i), "ROW" + std::to_string(number)});
-            const std::string& contents = context.grid.Contents(cell.value());
+                context.grid.control.FindCell({"COL" + std::to_string(i), "ROW" + std::to_string(number)});
+            const std::string& contents = context.grid.control.Contents(cell.value());
             text += (i == 1 ? "" : " ") + (contents.empty() ? "-" : contents);
         }
         return text;
     }
     void Put(int line, int period, const char* text) {
         const std::optional<Cell> cell =
-            context.grid.FindCell({"COL" + std::to_string(period), "ROW" + std::to_string(line)});
-        context.grid.SetAttribute(GridElement::Cell, context.grid.KeyOf(cell.value()), GridAttribute::Contents, text,
-                                  true);
+            context.grid.control.FindCell({"COL" + std::to_string(period), "ROW" + std::to_string(line)});
+        context.grid.control.SetAttribute(GridElement::Cell, context.grid.control.KeyOf(cell.value()),
+                                          GridAttribute::Contents, text, true);
     }
 
     MacroText macros;

@@ -111,7 +111,7 @@ TEST_P(MacroRunFault, IsNamedAndChangesNothing) {
     EXPECT_EQ(Texts(outcome.problems), Lines{GetParam().problem});
     EXPECT_EQ(Line(1), "10 20 30 40 50 60");
     EXPECT_EQ(tables.tabOld->RowCount(), 0);
-    EXPECT_FALSE(context.history.CanUndo());
+    EXPECT_FALSE(context.grid.history.CanUndo());
 }
 
 constexpr FaultCase RunFaults[] = {
@@ -136,9 +136,9 @@ INSTANTIATE_TEST_SUITE_P(Macros, MacroRunFault, testing::ValuesIn(RunFaults),
 TEST_F(MacroEngineTest, ARunIsOneUndoStepAndAnnouncedOnce) {
     EXPECT_EQ(Run("ROW1 = ROW1 * 2\nROW2:ROW3 = ROW1\nROW3 = COPY( ROW3 )").changed, 18);
     EXPECT_EQ(tables.tabOld->RowCount(), 18);
-    context.valueEntry.Undo();
+    context.grid.valueEntry.Undo();
     EXPECT_EQ(Line(1) + " / " + Line(2) + " / " + Line(3), "10 20 30 40 50 60 / 1 2 3 4 5 6 / - - - - - -");
-    EXPECT_FALSE(context.history.CanUndo());
+    EXPECT_FALSE(context.grid.history.CanUndo());
 }
 
 TEST_F(MacroEngineTest, WhatKeepsItsValueIsNotWritten) {
@@ -147,15 +147,15 @@ TEST_F(MacroEngineTest, WhatKeepsItsValueIsNotWritten) {
 }
 
 TEST_F(MacroEngineTest, TheSelectedLineIsEachOfTheSelectedOnes) {
-    context.grid.SetSelection({"", "ROW1"}, false);
-    context.grid.SetSelection({"", "ROW2"}, false);
+    context.grid.control.SetSelection({"", "ROW1"}, false);
+    context.grid.control.SetSelection({"", "ROW2"}, false);
     EXPECT_EQ(Run("periods COL1:COL2\nSELECTED = SELECTED + 1").changed, 4);
     EXPECT_EQ(Line(1) + " / " + Line(2), "11 21 30 40 50 60 / 2 3 3 4 5 6");
 }
 
 TEST_F(MacroEngineTest, SelectedPeriodsAreThoseOfTheSelection) {
-    context.grid.SelectCell(context.grid.FindCell({"COL2", "ROW1"}).value(), SelectionMode::Replace);
-    context.grid.SelectCell(context.grid.FindCell({"COL4", "ROW2"}).value(), SelectionMode::Extend);
+    context.grid.control.SelectCell(context.grid.control.FindCell({"COL2", "ROW1"}).value(), SelectionMode::Replace);
+    context.grid.control.SelectCell(context.grid.control.FindCell({"COL4", "ROW2"}).value(), SelectionMode::Extend);
     Run("periods SELECTED\nROW6 = 1");
     EXPECT_EQ(Line(6), "100 1 1 1 100 100");
 }
@@ -164,10 +164,10 @@ TEST_F(MacroEngineTest, AFailingTableLeavesNothingHalfApplied) {
     ExpectErrors();
     const std::string key = macros.Add("Macro", "ROW1 = 0");
     BuildTree();
-    context.grid.SetReadOnly(true);
+    context.grid.control.SetReadOnly(true);
     EXPECT_EQ(RunMacroNode(Parts(), key).problems.size(), 1U);
-    context.grid.SetReadOnly(false);
-    context.tables.TAB = HostTable();
+    context.grid.control.SetReadOnly(false);
+    context.shared.tables.TAB = HostTable();
     const MacroOutcome outcome = RunMacroNode(Parts(), key);
     EXPECT_EQ(Texts(outcome.problems), Lines{"Macro: 6 values could not be stored."});
     EXPECT_EQ(outcome.changed, 0);

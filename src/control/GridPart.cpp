@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include "control/GridPart.h"
+
+namespace planview {
+
+GridPart::GridPart(ControlShared& shared, UserActions& actions, const std::function<void()>& chartStep)
+    : hostUpdate(control, shared.tables, shared.events),
+      construction({driver, shared.tables, keys}, shared.settings),
+      valueEntry({driver, shared.tables, shared.settings, keys, shared.events, hostUpdate, history, shared.busy,
+                  shared.desktop.messageBoxes, actions, chartStep, [this](bool running) { TellBulk(running); }}),
+      clipboard({control, keys, valueEntry, shared.desktop.clipboard, shared.desktop.messageBoxes,
+                 [this](Cell cell, std::string_view reason) { return TellBeside(cell, reason); }}),
+      sizeEvents(shared.tables, driver, keys, hostUpdate),
+      generalOptions({shared.settings, shared.tables, driver, hostUpdate, shared.desktop.forms,
+                      [&shared] { return shared.chooseColor(); }}),
+      rowAttributes({shared.settings, shared.tables, driver, hostUpdate, shared.desktop.forms,
+                     shared.desktop.messageBoxes, [&shared] { return shared.chooseColor(); }, chartStep}) {}
+
+void GridPart::TellBulk(bool running) const {
+    if (const auto listener = bulkListener) {  // a copy: it may take itself away
+        listener(running);
+    }
+}
+
+bool GridPart::TellBeside(const Cell& cell, std::string_view reason) const {
+    const auto listener = hintListener;
+    return listener && listener(control.KeyOf(cell), reason);
+}
+
+}  // namespace planview
