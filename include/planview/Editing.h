@@ -28,8 +28,8 @@ public:
     [[nodiscard]] bool CanUndo() const noexcept;
     /// Whether Redo() has something to make again.
     [[nodiscard]] bool CanRedo() const noexcept;
-    /// Puts the selected block on the clipboard, the current cell where nothing is selected. Says so where the selected
-    /// cells form no block.
+    /// Puts the selected block on the clipboard, the current cell where nothing is selected. Tells the user if the
+    /// selected cells form no block.
     void Copy();
     /// Copy(), then DeleteContents().
     void Cut();
@@ -44,7 +44,7 @@ public:
     /// stay empty. One change, undone as one; what may not change is left alone and named.
     void RaiseSelected(double percent);
 
-    /// Whether the user may edit nothing at all, for a host that can keep no change. Outlives a rebuild; the host
+    /// Whether the user may edit nothing at all, for a host that can keep no change. A rebuild keeps it; the host
     /// itself may change its tables as before.
     void SetReadOnly(bool readOnly) noexcept;
     /// What SetReadOnly() was last told; false at first.

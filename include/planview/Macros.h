@@ -29,7 +29,7 @@ public:
     /// Replays the recording that is the MACRO_TREE node with this key. Steps find their lines and periods by the key
     /// while it has still the caption of the recording, else by the caption when it is the only one; a step that does
     /// not find them ends the replay before anything is changed. All values are one change, undone as one.
-    /// `onSelectedLine` takes the selected line (that of the selected cells) in the place of the one that the recording
+    /// `onSelectedLine` takes the selected line (that of the selected cells) instead of the one that the recording
     /// is about; it has to be about one alone.
     MacroResult Replay(const std::string& nodeKey, bool onSelectedLine = false);
     /// Says what would keep the macro from running, each problem on a line of its own; `done` where nothing would.

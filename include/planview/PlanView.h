@@ -50,8 +50,8 @@ struct MemberDescription {
 ///
 /// Errors: every method that returns a Status returns 0, whatever happens. A failure ends the method quietly and can be
 /// seen in the trace (an entry with the message "ERROR"). None of the methods, table properties and commands throws.
-/// What does: the constructor, when memory or the platform fails it, a table by a name that there is not, and a
-/// late-bound access to a member that there is not or with arguments that it does not take (AutomationError).
+/// What does: the constructor, when memory or the platform fails it, an unknown table name, and a late-bound
+/// access to an unknown member or with arguments that it does not take (AutomationError).
 ///
 /// The control keeps a counted reference to each table, copies none, and reads the host's object at every access.
 ///
@@ -182,22 +182,22 @@ public:
     /// The sink hears all twenty events until RemoveSink(); it must live that long. Sinks may be added and removed, and
     /// the control may be destroyed, from inside an event.
     void AddSink(EventSink& sink);
-    /// The sink hears nothing more, also of an event that is being told. Nothing for one that was not added.
+    /// The sink is not called again, not even for an event being delivered. Nothing for one that was not added.
     void RemoveSink(EventSink& sink) noexcept;
 
     // --- Commands for the host's own menus --------------------------------------------------------------------------
 
     /// Runs any command with the arguments that DescribeCommands() says, as the user would from a menu, and records it
-    /// while a recording runs. Answers whether it was done: false where there was nothing to do, where it failed, and
-    /// for another number of arguments. A command that could not be chosen now (StateOf()) may be run all the same.
+    /// while a recording runs. Answers whether it was done: false where there was nothing to do or it could not be
+    /// chosen (StateOf()), where it failed, and for another number of arguments.
     bool Run(Command command, Arguments arguments = {});
     /// @{
     /// Whether the command can be chosen now and is checked, for menus and tool bars.
     [[nodiscard]] CommandState StateOf(Command command) const;
     [[nodiscard]] std::vector<CommandState> StatesOf(std::span<const Command> commands) const;
     /// @}
-    /// Called when StateOf() may answer otherwise than before, which is often; a host had better ask when the present
-    /// event is over. There is one listener; an empty one takes it away.
+    /// Called when what StateOf() answers may have changed, which is often; a host should ask after the
+    /// current event. There is one listener; an empty one takes it away.
     void SetCommandListener(std::function<void()> listener);
 
     // --- The rest of the interface, part by part --------------------------------------------------------------------

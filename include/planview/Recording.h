@@ -16,7 +16,7 @@ public:
     explicit Recording(PlanView& control) noexcept : Facet(control) {}
 
     /// Records what the user does from now on into MACROREC, or goes on with a recording that was paused. What was in
-    /// MACROREC is dropped when a recording begins. Says so where there is no such table.
+    /// MACROREC is dropped when a recording begins. Tells the user if there is no such table.
     void Start();
     /// Records nothing until Start(); what is recorded stays.
     void Pause();

@@ -20,16 +20,6 @@ template <std::signed_integral Integer>
     return result;
 }
 
-template <std::signed_integral Integer>
-[[nodiscard]] Integer CheckedSubtract(Integer left, Integer right) {
-    Integer result{};
-    if (__builtin_sub_overflow(left, right, &result)) {
-        throw AutomationError(AutomationErrorCode::Overflow,
-                              "Overflow: " + std::to_string(left) + " - " + std::to_string(right));
-    }
-    return result;
-}
-
 /// The value in a narrower type; throws Overflow when it does not fit.
 template <std::signed_integral Target, std::integral Source>
 [[nodiscard]] Target CheckedCast(Source value) {

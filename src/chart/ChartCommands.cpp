@@ -44,15 +44,15 @@ void ChartCommands::SwitchDisplay() {
     if (modPlan::TraceEnabled) {
         modPlan::TraceWrite(modChart::Label, "", "SwitchDisplay", TraceText("{value:", shown, "}"));
     }
-    settings.chartShown = shown;
     const bool endZoom = shown && settings.zoomed;  // the zoomed grid would hide the chart
-    settings.zoomed = settings.zoomed && !endZoom;
     if (const HostTable gridAttr = parts_.tables.GRID_ATTR; gridAttr.IsSet()) {
         gridAttr.PutFlag(1, "CHART", shown);
         if (endZoom) {
             gridAttr.PutFlag(1, "ZOOMED", false);
         }
     }
+    settings.chartShown = shown;
+    settings.zoomed = settings.zoomed && !endZoom;
     parts_.layOutPanes();
     Rebuild();
     parts_.hostUpdate.StartUpdate();

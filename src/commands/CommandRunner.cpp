@@ -44,6 +44,7 @@ CommandCall CallFrom(const ViewStep& step) {
 bool CommandRunner::Run(Command command, CommandCall call) {
     const CommandRow& row = RowOf(command);
     SelectHeadingsOf(row, call);
+    const bool possible = IsPossible(row, call);
     CommandCall meant = call;
     if (parts_.recording.State() == RecordState::Running) {
         // What it is done on is asked before it is done: the host may select something else meanwhile.
@@ -54,6 +55,7 @@ bool CommandRunner::Run(Command command, CommandCall call) {
         }
     }
     row.run(parts_, call);
+    call.done = call.done && possible;
     if (call.done) {
         if (!call.columns.empty() || !call.rows.empty()) {
             meant = call;
@@ -78,7 +80,14 @@ bool CommandRunner::RunWith(Command command, AutomationObject::Arguments argumen
     return Run(command, std::move(call));
 }
 
-/// A command on selected headings that is told by key which are meant finds them selected.
+/// What cannot be chosen now comes to nothing, though it may leave its trace entries. Changes of values are told by the
+/// cells that they reach, and a call that names columns or rows by those.
+bool CommandRunner::IsPossible(const CommandRow& row, const CommandCall& call) const {
+    const bool asks = row.whyNot && row.step != StepKind::Values && call.columns.empty() && call.rows.empty();
+    return !asks || row.whyNot(Situation()).empty();
+}
+
+/// Selects the columns and rows that a call names before a command on selected ones runs.
 void CommandRunner::SelectHeadingsOf(const CommandRow& row, CommandCall& call) {
     const bool onSelected = row.step == StepKind::OnColumns || row.step == StepKind::OnRows;
     if (onSelected && (!call.columns.empty() || !call.rows.empty())) {

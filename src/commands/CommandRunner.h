@@ -50,6 +50,7 @@ public:
     bool Replay(const ViewStep& step);
 
 private:
+    [[nodiscard]] bool IsPossible(const CommandRow& row, const CommandCall& call) const;
     void SelectHeadingsOf(const CommandRow& row, CommandCall& call);
 
     CommandParts parts_;

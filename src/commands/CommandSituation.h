@@ -17,8 +17,8 @@ struct HeadingState {
     bool remainsVisible = false;   ///< one that is visible and not selected
 };
 
-/// The control as commands find it at one moment, for what can be run and what is checked. What takes longer to find
-/// out is found out once, when it is first asked for. Not kept while anything changes.
+/// The control as commands find it at one moment, for what can be run and what is checked. Costly answers
+/// are computed once, when first asked for. Do not keep one across changes.
 class CommandSituation {
 public:
     explicit CommandSituation(const CommandParts& parts, CommandPlace clicked = {})

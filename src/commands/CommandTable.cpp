@@ -104,8 +104,7 @@ struct Row : CommandRow {
     }
 };
 
-// Captions of popups and names are kept to the letter, "Expotential" too: hosts' handbooks and translations know them
-// so.
+// Names and captions of popups are a fixed part of the interface, "Expotential" too.
 constexpr CommandRow Table[] = {
     Row(Command::SwitchMacroTree, "MacroTree", Group::Panes, "&Macros", SwitchMacroTree)
         .InPopup("Macrotree")
@@ -182,7 +181,7 @@ constexpr CommandRow Table[] = {
         .InPopup("Deselect")
         .Unless(NoColumnSelected)
         .Recorded(StepKind::Marks),
-    Row(Command::HideColumns, "ColsHide", Group::Hiding, "Hide selected &columns", HideColumns)
+    Row(Command::HideColumns, "ColsHide", Group::Hiding, "Hide selected colum&ns", HideColumns)
         .Unless(NoColumnToHide)
         .Recorded(StepKind::OnColumns, "Hide %P", NothingRemains)
         .Traced(Grid, "#HIDE COLUMNS#"),
@@ -217,7 +216,7 @@ constexpr CommandRow Table[] = {
         .Unless(NoRowToHide)
         .Recorded(StepKind::OnRows, "Hide %P", NothingRemains)
         .Traced(Grid, "#HIDE ROWS#"),
-    Row(Command::ShowRows, "RowsShow", Group::Hiding, "Sho&w selected rows", ShowRows)
+    Row(Command::ShowRows, "RowsShow", Group::Hiding, "Show s&elected rows", ShowRows)
         .Unless(NoRowToShow)
         .Recorded(StepKind::NamedRows, "Show %P")
         .Traced(Grid, "#SHOW ROWS#"),
@@ -261,6 +260,7 @@ constexpr CommandRow Table[] = {
 
     Row(Command::ArrangeChart, "ChartRedraw", Group::ChartView, "Arrange/Redraw",
         [](On& on, Call&) { on.chartCommands.AutoArrange(); })
+        .Unless(NoChart)
         .Recorded(StepKind::Plain, "Arrange the chart")
         .Traced(Chart),
     Row(Command::StandardChart, "Default", Group::ChartView, "Standard",
@@ -304,18 +304,23 @@ constexpr CommandRow Table[] = {
         .Recorded(StepKind::OnRows, "Draw %P as a line stacked to 100 %")
         .Traced(Chart),
     Row(Command::AddLinearTrend, "Linear", Group::Trendline, "Linear", AddTrend<TrendKind::Linear>)
+        .Unless(NoChart)
         .Recorded(StepKind::OnRows, "Linear trend line of %P")
         .Traced(Chart),
     Row(Command::AddLogarithmicTrend, "Logarithmic", Group::Trendline, "Logarithmic", AddTrend<TrendKind::Logarithmic>)
+        .Unless(NoChart)
         .Recorded(StepKind::OnRows, "Logarithmic trend line of %P")
         .Traced(Chart),
     Row(Command::AddPowerTrend, "Potential", Group::Trendline, "Potential", AddTrend<TrendKind::Power>)
+        .Unless(NoChart)
         .Recorded(StepKind::OnRows, "Potential trend line of %P")
         .Traced(Chart),
     Row(Command::AddExponentialTrend, "Expotential", Group::Trendline, "Expotential", AddTrend<TrendKind::Exponential>)
+        .Unless(NoChart)
         .Recorded(StepKind::OnRows, "Exponential trend line of %P")
         .Traced(Chart),
     Row(Command::AddMovingAverage, "Average", Group::Trendline, "Average", AddTrend<TrendKind::MovingAverage>)
+        .Unless(NoChart)
         .Recorded(StepKind::OnRows, "Moving average of %P")
         .Traced(Chart),
     Row(Command::ColorTrend, "TrendlineColor", Group::Trendline, "Color of the trend line…",
@@ -355,12 +360,20 @@ constexpr CommandRow Table[] = {
         .Traced(modMacro::Label),
 
     // In no popup.
-    Row(Command::Undo, "Undo", Group::History, "&Undo", [](On& on, Call&) { on.valueEntry.Undo(); })
+    Row(Command::Undo, "Undo", Group::History, "&Undo",
+        [](On& on, Call& call) {
+            call.done = on.history.CanUndo();
+            on.valueEntry.Undo();
+        })
         .Key("Ctrl+Z")
         .KeyEverywhere()
         .Unless(NothingToUndo)
         .Recorded(StepKind::Values),
-    Row(Command::Redo, "Redo", Group::History, "&Redo", [](On& on, Call&) { on.valueEntry.Redo(); })
+    Row(Command::Redo, "Redo", Group::History, "&Redo",
+        [](On& on, Call& call) {
+            call.done = on.history.CanRedo();
+            on.valueEntry.Redo();
+        })
         .Key("Ctrl+Y", "Ctrl+Shift+Z")
         .KeyEverywhere()
         .Unless(NothingToRedo)

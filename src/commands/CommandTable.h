@@ -86,7 +86,7 @@ struct CommandRow {
     [[nodiscard]] std::string PopupCaption() const;
 };
 
-/// All commands; those of the popups in the order in which a chosen entry is compared with them.
+/// All commands.
 [[nodiscard]] std::span<const CommandRow> CommandRows() noexcept;
 
 /// Null for a number that is none.

@@ -73,8 +73,10 @@ void Resize(CommandParts& on, CommandCall& call, std::vector<std::string>& keys,
     call.done = size && !keys.empty();
     if (call.done) {
         const std::string first = keys.front();
-        (on.driver.*set)(first, *size, NoRedraw);
-        keys = (on.sizeEvents.*tell)(first, *size);
+        call.done = (on.driver.*set)(first, *size, NoRedraw) == GridStatus::Ok;
+        if (call.done) {
+            keys = (on.sizeEvents.*tell)(first, *size);
+        }
     }
 }
 
@@ -142,11 +144,14 @@ void SelectColumn(CommandParts& on, CommandCall& call) {
 
 void SelectHeadings(CommandParts& on, CommandCall& call) {
     on.driver.DeleteSelection({LabelColumnKey, HeadingRowKey}, NoRedraw);
+    const auto select = [&](const CellKeyView& heading) {
+        call.done = on.driver.SetSelection(heading, NoRedraw) == GridStatus::Ok && call.done;
+    };
     for (const std::string& key : call.columns) {
-        on.driver.SetSelection({key, {}}, NoRedraw);
+        select({key, {}});
     }
     for (const std::string& key : call.rows) {
-        on.driver.SetSelection({{}, key}, NoRedraw);
+        select({{}, key});
     }
     MirrorSelection(on);
 }

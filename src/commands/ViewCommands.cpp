@@ -8,6 +8,7 @@ namespace planview::commands {
 
 namespace {
 
+/// Before the setting changes: a table that refuses leaves all as it was.
 void PutFlag(const CommandParts& on, std::string_view field, bool set) {
     const HostTable gridAttr = on.tables.GRID_ATTR;
     if (gridAttr.IsSet()) {
@@ -16,8 +17,8 @@ void PutFlag(const CommandParts& on, std::string_view field, bool set) {
 }
 
 void SetZoomed(CommandParts& on, bool zoomed) {
-    on.settings.zoomed = zoomed;
     PutFlag(on, "ZOOMED", zoomed);
+    on.settings.zoomed = zoomed;
     on.layout.LayOut(Splitter::GridSplit);
 }
 
@@ -25,12 +26,13 @@ void SetZoomed(CommandParts& on, bool zoomed) {
 
 void SwitchGrid(CommandParts& on, CommandCall& /*call*/) {
     modPlan::TraceWrite("GRIDCTL", "{}", "#SWITCH GRID#", "BEGIN");
-    on.settings.switched = !on.settings.switched;
+    const bool switched = !on.settings.switched;
+    PutFlag(on, "SWITCHED", switched);
+    on.settings.switched = switched;
     {
         const BusyScope busy(on.busy);
-        on.driver.Switch(on.settings.switched, true);
+        on.driver.Switch(switched, true);
     }
-    PutFlag(on, "SWITCHED", on.settings.switched);
     on.hostUpdate.StartUpdate();
 }
 
@@ -45,6 +47,7 @@ void SwitchMacroTree(CommandParts& on, CommandCall& call) {
         return;
     }
     const bool shown = !on.settings.treeShown;
+    PutFlag(on, "HIDDEN_LIST", shown);
     on.settings.treeShown = shown;
     if (shown && on.settings.zoomed) {
         SetZoomed(on, false);  // the zoomed grid would hide the tree
@@ -53,7 +56,6 @@ void SwitchMacroTree(CommandParts& on, CommandCall& call) {
     if (shown) {
         on.layout.LayOut(Splitter::TreeSplit);
     }
-    PutFlag(on, "HIDDEN_LIST", shown);
     on.hostUpdate.StartUpdate();
 }
 

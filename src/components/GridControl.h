@@ -222,7 +222,7 @@ public:
     /// The contents as they are shown: by the cell's number format where they are a number.
     [[nodiscard]] std::string DisplayText(Cell cell) const;
     [[nodiscard]] std::string DisplayText(Cell cell, const CellLook& look) const;
-    /// The same for who has asked Number() already.
+    /// The same for callers that already have Number().
     [[nodiscard]] std::string DisplayText(Cell cell, const CellLook& look, std::optional<double> number) const;
     /// Grows whenever the grid is created or destroyed; older ids no longer name anything.
     [[nodiscard]] std::uint64_t BuildVersion() const noexcept;

@@ -35,7 +35,7 @@ public:
     /// The item with this number has been added, maybe in the place of the first one.
     virtual void ItemAdded(std::uint64_t number) = 0;
     virtual void Cleared() = 0;
-    /// Nothing more comes; whoever shows the list leaves it.
+    /// Nothing more comes; viewers must release the list.
     virtual void Ended() = 0;
 };
 

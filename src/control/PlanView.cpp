@@ -156,9 +156,7 @@ PlanView::Status PlanView::DP_Import_Create() {
 PlanView::Status PlanView::DP_Import_Update() {
     return Guarded(state_, UserControl, "DP_Import_Update", [this](ControlContext&) {
         TraceCall("DP_Import_Update");
-        if (Call(IdOf("DP_Import_Create"), {}).AsInt16() != 0) {
-            throw AutomationError(AutomationErrorCode::Failed, "The grid could not be built again");
-        }
+        static_cast<void>(Call(IdOf("DP_Import_Create"), {}));
     });
 }
 

@@ -42,7 +42,15 @@ public:
         return !error;
     }
 
-    /// The entry of a changed row; `detail` stands behind the key (" - width: 80").
+    /// The entry of a changed row; the detail stands behind the key (" - width: 80"), its text is made only where it is
+    /// written.
+    template <class... Parts>
+    void TraceDetail(const Parts&... parts) const {
+        if (TraceEnabled) {
+            Trace(TraceText(parts...));
+        }
+    }
+    /// The same without a detail; `parameter` is "ERROR" for a failure.
     void Trace(std::string_view detail = {}, std::string_view parameter = {}) const {
         if (TraceEnabled) {
             TraceWrite("GRIDCTL", TraceText(axis_.traceLabel, key_, detail, "}"), method_, parameter);
@@ -150,7 +158,7 @@ bool ApplyRowColor(std::string_view method, HostTable lineIndex, modGrid& driver
         if (driver.HeadingSelected(keys) == 1) {
             const std::int16_t color = walk.Table().Int16(i, field);
             (driver.*setColor)(keys, color, NoRedraw);
-            walk.Trace(TraceText(" - color: ", color));
+            walk.TraceDetail(" - color: ", color);
         }
         return true;
     });
@@ -218,7 +226,7 @@ bool ColWidthReset(HostTable colsIndex, modGrid& driver, ResetScope scope) {
         if (scope == ResetScope::All || driver.HeadingSelected({key, {}}) == 1) {
             driver.ColumnWidth(key, ResetColumnWidth, NoRedraw);
             walk.Table().Put(i, "COL_WIDTH", ResetColumnWidth);
-            walk.Trace(TraceText(" - width: ", ResetColumnWidth));
+            walk.TraceDetail(" - width: ", ResetColumnWidth);
         }
         return true;
     });
@@ -230,7 +238,7 @@ bool RowHeightReset(HostTable lineIndex, modGrid& driver, ResetScope scope) {
         if (scope == ResetScope::All || driver.HeadingSelected({{}, key}) == 1) {
             driver.RowHeight(key, ResetRowHeight, NoRedraw);
             walk.Table().Put(i, "ROW_HEIGHT", ResetRowHeight);
-            walk.Trace(TraceText(" - height: ", ResetRowHeight));
+            walk.TraceDetail(" - height: ", ResetRowHeight);
         }
         return true;
     });

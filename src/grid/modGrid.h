@@ -26,7 +26,7 @@ public:
     modGrid(const modGrid&) = delete;
     modGrid& operator=(const modGrid&) = delete;
 
-    /// The grid itself, for whoever reads it or asks it for what leaves no entry.
+    /// The grid itself, for reading, and for operations without a trace entry.
     [[nodiscard]] GridControl& Grid() noexcept { return grid_; }
     [[nodiscard]] const GridControl& Grid() const noexcept { return grid_; }
 

@@ -13,24 +13,24 @@ namespace {
 
 constexpr std::string_view ColorName = "mnuColor";
 
-constexpr MenuLine Separator(int depth, std::string_view name) {
+constexpr MenuItem Separator(int depth, std::string_view name) {
     return {depth, name, "-"};
 }
 
-constexpr MenuLine Top(MainMenu menu, std::string_view caption) {
+constexpr MenuItem Top(MainMenu menu, std::string_view caption) {
     return {0, "mnuMain", caption, {}, static_cast<int>(menu)};
 }
 
-constexpr MenuLine Entry(int depth, std::string_view name, Command command) {
+constexpr MenuItem Entry(int depth, std::string_view name, Command command) {
     return {depth, name, {}, command};
 }
 
-constexpr MenuLine Color(int index, std::string_view caption) {
+constexpr MenuItem Color(int index, std::string_view caption) {
     return {1, ColorName, caption, {}, index};
 }
 
-// Captions are kept to the letter: hosts' handbooks and translations know them so.
-constexpr auto Tree = std::to_array<MenuLine>({
+// Names and captions are a fixed part of the interface.
+constexpr auto Tree = std::to_array<MenuItem>({
     Top(MainMenu::Grid, "Grid"),
     {1, "mnuGrid", "Grid"},
     Entry(2, "mnuMacroTree", Command::SwitchMacroTree),
@@ -164,17 +164,17 @@ constexpr auto Tree = std::to_array<MenuLine>({
 
 }  // namespace
 
-std::string MenuLine::Choice() const {
+std::string MenuItem::Choice() const {
     return command             ? std::string(RowOf(*command).name)
            : name == ColorName ? std::string(ColorChoice) + std::to_string(index)
                                : std::string();
 }
 
-std::span<const MenuLine> MenuTree() noexcept {
+std::span<const MenuItem> MenuTree() noexcept {
     return Tree;
 }
 
-std::size_t FindMenuLine(std::string_view name, int index) {
+std::size_t FindMenuItem(std::string_view name, int index) {
     for (std::size_t i = 0; i < Tree.size(); ++i) {
         if (Tree[i].name == name && Tree[i].index == index) {
             return i;

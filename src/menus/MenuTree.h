@@ -8,15 +8,16 @@
 #include <string_view>
 
 #include <planview/Commands.h>
+#include <planview/Events.h>
 
 namespace planview {
 
-/// The popups, by the index of their top entry. The gaps are part of the design.
+/// The popups, by the index of their top entry. Hosts know the first four by PopupOwner.
 enum class MainMenu : std::int16_t {
-    Grid = 10,
-    Column = 20,
-    Row = 30,
-    Cell = 40,
+    Grid = static_cast<std::int16_t>(PopupOwner::Grid),
+    Column = static_cast<std::int16_t>(PopupOwner::Column),
+    Row = static_cast<std::int16_t>(PopupOwner::Row),
+    Cell = static_cast<std::int16_t>(PopupOwner::Cell),
     Chart = 50,
     Series = 60,
     Trendline = 70,
@@ -30,7 +31,7 @@ inline constexpr std::string_view ColorChoice = "Color ";
 
 /// One line of the menu tree. Lines follow each other as they are shown; those deeper than a line and directly behind
 /// it stand below it.
-struct MenuLine {
+struct MenuItem {
     int depth;                 ///< 0 for the top entries, of which each holds one popup
     std::string_view name;     ///< unique but for the entries of a control array
     std::string_view caption;  ///< "-" makes a separator; empty: that of the command
@@ -42,9 +43,9 @@ struct MenuLine {
     [[nodiscard]] std::string Choice() const;
 };
 
-[[nodiscard]] std::span<const MenuLine> MenuTree() noexcept;
+[[nodiscard]] std::span<const MenuItem> MenuTree() noexcept;
 
-/// The place of the entry in the tree; throws InvalidArgument for a name that it does not have.
-[[nodiscard]] std::size_t FindMenuLine(std::string_view name, int index = -1);
+/// The position of the item in the tree; throws WrongArguments for a name that it does not have.
+[[nodiscard]] std::size_t FindMenuItem(std::string_view name, int index = -1);
 
 }  // namespace planview

@@ -10,11 +10,11 @@ namespace planview {
 namespace {
 
 /// "mnuChart", or "mnuColor(3)" within a control array.
-std::string EntryName(const MenuLine& line) {
+std::string EntryName(const MenuItem& line) {
     return line.index < 0 ? std::string(line.name) : std::string(line.name) + "(" + std::to_string(line.index) + ")";
 }
 
-PopupEntry MakeEntry(const MenuLine& line) {
+PopupEntry MakeEntry(const MenuItem& line) {
     PopupEntry entry;
     if (line.IsSeparator()) {
         entry.separator = true;
@@ -41,7 +41,7 @@ void frmMenu::Set(std::size_t line, bool enabled, bool checked) {
 }
 
 bool frmMenu::IsEnabled(std::string_view name) const {
-    return IsEnabled(FindMenuLine(name));
+    return IsEnabled(FindMenuItem(name));
 }
 
 bool frmMenu::IsEnabled(std::size_t line) const {
@@ -58,7 +58,7 @@ bool frmMenu::IsEnabled(std::size_t line) const {
 }
 
 bool frmMenu::IsChecked(std::string_view name) const {
-    return states_[FindMenuLine(name)].checked;
+    return states_[FindMenuItem(name)].checked;
 }
 
 std::vector<PopupEntry> frmMenu::EntriesBelow(std::size_t line) const {
@@ -84,12 +84,12 @@ std::vector<PopupEntry> frmMenu::EntriesBelow(std::size_t line) const {
 /// The popups of the grid stand one level deeper than those of the chart and the macro tree.
 PopupMenu frmMenu::PopupOf(MainMenu which) const {
     const auto index = static_cast<int>(which);
-    const std::size_t top = FindMenuLine("mnuMain", index);
+    const std::size_t top = FindMenuItem("mnuMain", index);
     return {std::string(MenuTree()[top].caption), EntriesBelow(which <= MainMenu::Cell ? top + 1 : top)};
 }
 
 void frmMenu::Click(std::string_view entryName) {
-    for (const MenuLine& line : MenuTree()) {
+    for (const MenuItem& line : MenuTree()) {
         const std::string choice = line.Choice();
         if (!choice.empty() && EntryName(line) == entryName) {
             Keep(choice, 0);

@@ -45,7 +45,7 @@ constexpr TracedEntry TracedEntries[] = {
     {MainMenu::Series, "SERIES"},
     {MainMenu::Series, "SERIES LINE ", "mnuChartLine"},
     {MainMenu::Series, "SERIES COLUMN ", "mnuChartColumn"},
-    // Without the blank before the dash, unlike all others; log readers know it so.
+    // Without the blank before the dash, unlike all others: the text of this trace entry is fixed.
     {MainMenu::Series, "SERIES LINE STACKED", "mnuLineStacked"},
     {MainMenu::Series, "SERIES LINE STACKED 100% ", "mnuLineStacked100"},
     {MainMenu::Macro, "MACRO-RECORD"},
@@ -131,12 +131,12 @@ void Update(frmMenu& menu, MainMenu which, const CommandSituation& now) {
     for (const TracedEntry& traced : TracedEntries) {
         if (traced.popup == which) {
             if (!traced.entry.empty()) {
-                setWithBelow(FindMenuLine(traced.entry));
+                setWithBelow(FindMenuItem(traced.entry));
             }
             Trace(menu, traced);
         }
     }
-    setWithBelow(FindMenuLine("mnuMain", static_cast<int>(which)));
+    setWithBelow(FindMenuItem("mnuMain", static_cast<int>(which)));
 }
 
 void Show(Popups& popups, frmMenu& menu, MainMenu which, const UserMenu* user, PopupPlace place) {

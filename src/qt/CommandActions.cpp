@@ -2,8 +2,10 @@
 #include "qt/CommandActions.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QKeySequence>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QTimer>
 #include <algorithm>
 
@@ -18,7 +20,7 @@ namespace {
 constexpr double FaintWeight = 0.35;  // of a disabled action's picture
 
 /// A command that is about the text of an open entry.
-struct EntryCommand {
+struct EditorCommand {
     Command command;
     void (*run)(QLineEdit& line);
     bool (*can)(const QLineEdit& line);
@@ -28,7 +30,7 @@ bool hasSelection(const QLineEdit& line) {
     return line.hasSelectedText();
 }
 
-constexpr EntryCommand EntryCommands[] = {
+constexpr EditorCommand EditorCommands[] = {
     {Command::Undo, [](QLineEdit& line) { line.undo(); }, [](const QLineEdit& line) { return line.isUndoAvailable(); }},
     {Command::Redo, [](QLineEdit& line) { line.redo(); }, [](const QLineEdit& line) { return line.isRedoAvailable(); }},
     {Command::Cut, [](QLineEdit& line) { line.cut(); }, hasSelection},
@@ -36,10 +38,10 @@ constexpr EntryCommand EntryCommands[] = {
     {Command::Paste, [](QLineEdit& line) { line.paste(); }, [](const QLineEdit&) { return true; }},
 };
 
-const EntryCommand* findEntryCommand(Command command) {
-    const auto* const found = std::find_if(std::begin(EntryCommands), std::end(EntryCommands),
-                                           [&](const EntryCommand& each) { return each.command == command; });
-    return found == std::end(EntryCommands) ? nullptr : found;
+const EditorCommand* findEditorCommand(Command command) {
+    const auto* const found = std::find_if(std::begin(EditorCommands), std::end(EditorCommands),
+                                           [&](const EditorCommand& each) { return each.command == command; });
+    return found == std::end(EditorCommands) ? nullptr : found;
 }
 
 QString toQt(std::string_view text) {
@@ -93,7 +95,15 @@ QAction* CommandActions::action(Command command) {
     action->setShortcut(QKeySequence::fromString(toQt(description->key), QKeySequence::PortableText));
     action->setShortcutContext(Qt::WidgetShortcut);
     if (description->argumentCount == 0) {
-        guard_.connect(action, &QAction::triggered, this, "CommandActions", [this, command] { widget_.run(command); });
+        guard_.connect(action, &QAction::triggered, this, "CommandActions", [this, command] {
+            // While a menu bar has the keyboard, the keys of its entries are live; choosing an entry gives it back
+            // first.
+            if (qobject_cast<QMenuBar*>(QApplication::focusWidget())) {
+                changed();
+            } else {
+                widget_.run(command);
+            }
+        });
     }
     setIcon(*action, description->icon);
     actions_[command] = action;
@@ -105,14 +115,14 @@ bool CommandActions::canRun(Command command) const {
     return statesOf({command}).front().enabled;
 }
 
-QLineEdit* CommandActions::openEntry() const {
+QLineEdit* CommandActions::openEditor() const {
     const GridEditor& editor = grid_.editor();
     return editor.isOpen() ? editor.line() : nullptr;
 }
 
-bool CommandActions::runInEntry(Command command) {
-    QLineEdit* line = openEntry();
-    const EntryCommand* known = line ? findEntryCommand(command) : nullptr;
+bool CommandActions::runInEditor(Command command) {
+    QLineEdit* line = openEditor();
+    const EditorCommand* known = line ? findEditorCommand(command) : nullptr;
     if (known) {
         known->run(*line);
     }
@@ -121,9 +131,9 @@ bool CommandActions::runInEntry(Command command) {
 
 std::vector<CommandState> CommandActions::statesOf(const std::vector<Command>& commands) const {
     std::vector<CommandState> states = view_.StatesOf(commands);
-    if (const QLineEdit* line = openEntry()) {
+    if (const QLineEdit* line = openEditor()) {
         for (std::size_t i = 0; i < commands.size(); ++i) {
-            if (const EntryCommand* known = findEntryCommand(commands[i])) {
+            if (const EditorCommand* known = findEditorCommand(commands[i])) {
                 states[i].enabled = known->can(*line);
                 states[i].reason.clear();
             }
@@ -142,7 +152,7 @@ void CommandActions::changed() {
 
 void CommandActions::update() {
     soon_->stop();
-    if (QLineEdit* line = openEntry(); line && line != watched_) {
+    if (QLineEdit* line = openEditor(); line && line != watched_) {
         watched_ = line;
         connect(line, &QLineEdit::textChanged, this, &CommandActions::changed);
         connect(line, &QLineEdit::selectionChanged, this, &CommandActions::changed);

@@ -21,7 +21,8 @@ class PlanView;
 class PlanViewWidget;
 
 /// The commands as actions for the host's menus and tool bars. Brings them up to date once per turn of the event loop,
-/// however much has changed. While an entry is open, those that it knows are about its text.
+/// however much has changed. While a cell is being edited, Undo,
+/// Redo, Cut, Copy and Paste act on the editor's text.
 class CommandActions final : public QObject {
     Q_OBJECT
 
@@ -32,7 +33,7 @@ public:
     [[nodiscard]] QAction* action(Command command);
     [[nodiscard]] bool canRun(Command command) const;
     /// False where no entry is open, or the command is not about its text.
-    bool runInEntry(Command command);
+    bool runInEditor(Command command);
 
     /// What can be run may be another one.
     void changed();
@@ -42,7 +43,7 @@ public:
     void updateIcons();
 
 private:
-    [[nodiscard]] QLineEdit* openEntry() const;
+    [[nodiscard]] QLineEdit* openEditor() const;
     [[nodiscard]] std::vector<CommandState> statesOf(const std::vector<Command>& commands) const;
     void setIcon(QAction& action, std::string_view picture) const;
 

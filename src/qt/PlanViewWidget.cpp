@@ -192,7 +192,7 @@ QSize PlanViewWidget::minimumSizeHint() const {
 // --- Commands
 
 void PlanViewWidget::run(Command command) {
-    if (state_->actions->runInEntry(command)) {
+    if (state_->actions->runInEditor(command)) {
         return;
     }
     const QPointer<PlanViewWidget> self(this);

@@ -16,7 +16,7 @@ namespace planview {
 PLANVIEW_EXPORT void TraceError(std::string_view control, std::string_view method, std::string_view error) noexcept;
 
 /// Wraps a public method or an event handler: a failure ends the body quietly and leaves an entry with the message
-/// "ERROR". Returns whether the body went through.
+/// "ERROR". Returns true if the body did not throw.
 template <class Body>
 bool ErrorTrap(std::string_view control, std::string_view method, Body&& body) noexcept {
     const std::optional<std::string> error = ErrorTextOf(body);

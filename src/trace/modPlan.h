@@ -25,7 +25,8 @@ inline constexpr std::size_t MaxTraceEntries = 5000;
 inline std::atomic<bool> TraceEnabled = false;
 /// The number of the newest entry since the trace was switched on.
 inline std::atomic<std::int32_t> TraceCounter = 0;
-/// How numbers are written in entries; from the user's regional settings, set when a control is created.
+/// How numbers are written in entries; from the user's regional settings, set for all controls
+/// whenever one is created.
 inline std::atomic<char> TraceDecimalMark = '.';
 
 /// Appends an entry; does nothing while the trace is off.

@@ -190,6 +190,50 @@ TEST_F(CommandsTest, WhatHasFailedIsNeitherRecordedNorAnnounced) {
     EXPECT_TRUE(Grid().Row(*Grid().FindRow("ROW1")).height == 22) << "the rows before it have their height";
 }
 
+TEST_F(CommandsTest, WhatCannotBeDoneAnswersSoAndIsNotRecorded) {
+    const struct {
+        Command command;
+        std::vector<Variant> arguments;
+    } cases[] = {
+        {Command::SetColumnWidth, {"COL99", 50}},
+        {Command::SetRowHeight, {"ROW99", 50}},
+        {Command::SelectHeadings, {"COL1,COL99"}},
+        {Command::HideColumns, {}},
+        {Command::ShowRows, {}},
+        {Command::AddMovingAverage, {}},
+        {Command::ArrangeChart, {}},
+        {Command::StandardChart, {}},
+        {Command::ForecastChart, {}},
+        {Command::ShowRowsInChart, {}},
+        {Command::Undo, {}},
+        {Command::Redo, {}},
+        {Command::RenameMacroNode, {}},
+    };
+    ExpectErrors();
+    for (const auto& row : cases) {
+        SCOPED_TRACE(static_cast<int>(row.command));
+        Grid().ClearSelection();
+        control->Recording().Start();
+        EXPECT_FALSE(control->Run(row.command, row.arguments));
+        EXPECT_EQ(Steps(), Lines{});
+        control->Recording().Stop();
+    }
+}
+
+TEST_F(CommandsTest, ATableThatRefusesASettingLeavesTheViewAsItWas) {
+    const auto stubborn = std::make_shared<StubbornTable>(tables.gridAttr, 1, "CHART");
+    control->PROP_Set_GRID_ATTR(stubborn);
+    ExpectErrors();
+    EXPECT_FALSE(control->Run(Command::SwitchChart));
+    EXPECT_FALSE(control->View().ChartShown());
+    EXPECT_EQ(StateOf(Command::SwitchChart), "");
+    for (const auto& [command, field] : {std::pair{Command::ZoomGrid, "ZOOMED"}, {Command::SwitchGrid, "SWITCHED"}}) {
+        control->PROP_Set_GRID_ATTR(std::make_shared<StubbornTable>(tables.gridAttr, 1, field));
+        EXPECT_FALSE(control->Run(command));
+        EXPECT_EQ(StateOf(command), "") << field;
+    }
+}
+
 TEST_F(CommandsTest, AReplaySaysWhichStepFailed) {
     control->Recording().Start();
     SelectRows({"ROW3"});

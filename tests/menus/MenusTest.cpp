@@ -83,10 +83,10 @@ TEST_F(MenusTest, EachPopupHoldsItsEntriesInTheirOrder) {
 TEST_F(MenusTest, EveryEntryWithoutASubmenuAsksForACommandOfItsOwn) {
     Lines commands;
     for (std::size_t i = 0; i < MenuTree().size(); ++i) {
-        const MenuLine& line = MenuTree()[i];
+        const MenuItem& line = MenuTree()[i];
         const bool parent = i + 1 < MenuTree().size() && MenuTree()[i + 1].depth > line.depth;
         EXPECT_EQ(line.Choice().empty(), parent || line.IsSeparator()) << line.name;
-        EXPECT_EQ(FindMenuLine(line.name, line.index), i) << line.name << " stands there twice";
+        EXPECT_EQ(FindMenuItem(line.name, line.index), i) << line.name << " stands there twice";
         if (!line.Choice().empty() && line.name != "mnuRecord") {
             EXPECT_EQ(std::count(commands.begin(), commands.end(), line.Choice()), 0) << line.Choice();
             commands.push_back(line.Choice());

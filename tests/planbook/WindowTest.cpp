@@ -83,12 +83,28 @@ TEST(Window, MenusOfferWhatCanBeDone) {
     view.erase(view.begin() + 3);  // asked as the menu opens: saving the chart
     EXPECT_EQ(view, (Entries{"&Chart", "(Selected ro&ws into the chart)", "(Selected &periods into the chart)",
                              "&Macros", "-", "Colours of the &desktop", "L&ight", "Dar&k", "-", "&Hide selected rows",
-                             "(Hide selected &columns)", "(Sho&w selected rows)", "(Show selected c&olumns)", "-",
+                             "(Hide selected colum&ns)", "(Show s&elected rows)", "(Show selected c&olumns)", "-",
                              "&Larger text Ctrl++", "&Smaller text Ctrl+-", "&Usual text Ctrl+0"}));
     EXPECT_EQ(EntriesOf(w.window, "&Macro"),
               (Entries{"&Start recording", "(&Interrupt recording)", "(S&top recording)", "(&Undo last step)", "-",
                        "&Run", "Run on selected &line", "&Check"}));
     EXPECT_EQ(EntriesOf(w.window, "&File")[4], "&Download as workbook… Ctrl+Shift+S");
+}
+
+TEST(Window, EachLetterOpensOneEntryOfAMenu) {
+    const TestFolder folder;
+    Window w(MakeSmallBook(folder));
+    for (const QAction* menu : w.window.menuBar()->actions()) {
+        QString letters;
+        for (const QAction* entry : menu->menu()->actions()) {
+            const qsizetype mark = entry->text().indexOf('&');
+            if (mark >= 0 && entry->isVisible()) {
+                const QChar letter = entry->text().at(mark + 1).toLower();
+                EXPECT_FALSE(letters.contains(letter)) << entry->text().toStdString();
+                letters += letter;
+            }
+        }
+    }
 }
 
 // --- Saving

@@ -165,6 +165,12 @@ private slots:
         Screen::press(QStringLiteral("<Ctrl+Z>"));
         QCOMPARE(line->text(), QStringLiteral("host"));
 
+        screen.goTo(QStringLiteral("COL2/ROW2"));
+        window.menuBar()->setFocus();  // as after Esc in a menu
+        const QSignalSpy byBar(screen.widget.get(), &PlanViewWidget::GridValueChanged);
+        Screen::press(QStringLiteral("<Delete>"));
+        QCOMPARE(byBar.size(), 0);
+
         screen.view().setFocus();
         screen.goTo(QStringLiteral("COL2/ROW2"));
         const QSignalSpy changes(screen.widget.get(), &PlanViewWidget::GridValueChanged);

@@ -2,6 +2,7 @@
 #include "app/BookSession.h"
 
 #include <QApplication>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <chrono>
 #include <string>
@@ -175,14 +176,18 @@ bool BookSession::commit(BookChanges& changes) {
     return true;
 }
 
+template <class Question>
+bool BookSession::asked(const Question& question) {
+    const QScopedValueRollback<bool> busy(busy_, true);
+    return question();
+}
+
 void BookSession::decide(BookChanges& changes, const std::vector<CellConflict>& conflicts) {
     std::vector<DisputedCell> cells;
     for (const CellConflict& conflict : conflicts) {
         cells.push_back({nameOf(conflict.cell), toText(conflict.mine), toText(conflict.theirs)});
     }
-    busy_ = true;
-    const bool keepMine = questions_.whoseValues(cells) == Questions::Keep::Mine;
-    busy_ = false;
+    const bool keepMine = asked([&] { return questions_.whoseValues(cells) == Questions::Keep::Mine; });
     for (const CellConflict& conflict : conflicts) {
         const auto isDisputed = [&](const auto& change) { return change.cell == conflict.cell; };
         if (keepMine) {
@@ -215,10 +220,7 @@ void BookSession::revertChanges() {
     if (!isOpen() || !view_.finishEditing()) {
         return;
     }
-    busy_ = true;
-    const bool may = questions_.mayRevert(view_.pendingChanges());
-    busy_ = false;
-    if (may) {
+    if (asked([&] { return questions_.mayRevert(view_.pendingChanges()); })) {
         endPendingChanges(BookStore::OldValues::PutBack);
     }
 }
@@ -292,8 +294,8 @@ void BookSession::afterwards(Afterwards what, const QString& failure) {
     }
 }
 
-/// The view is not built anew under its own feet, nor behind a message that is being read: an event loop within one of
-/// its events comes here, too.
+/// The view must not be rebuilt while it handles an event, nor behind a message that is being read: an event loop
+/// within one of its events comes here, too.
 void BookSession::tryAfterwards() {
     if (busy_ || view_.isAnnouncingSeveral() || QApplication::activeModalWidget()) {
         later_.start(WaitInterval);

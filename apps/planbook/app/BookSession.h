@@ -42,7 +42,6 @@ public:
 
     [[nodiscard]] bool isOpen() const { return store_ != nullptr; }
     [[nodiscard]] bool isReadOnly() const { return store_ && store_->IsReadOnly(); }
-    [[nodiscard]] bool isChangedElsewhere() const { return changedElsewhere_; }
     [[nodiscard]] const std::filesystem::path& file() const { return file_; }
     /// Its tables are those that the view shows.
     [[nodiscard]] const Book& book() const { return book_; }
@@ -79,6 +78,9 @@ private:
     /// False when the changes could not be written; the failure is then dealt with.
     bool commit(BookChanges& changes);
     /// Asks whose values count; mine that give way are taken out of `changes`.
+    /// Asks the user; meanwhile the book is not looked at.
+    template <class Question>
+    bool asked(const Question& question);
     void decide(BookChanges& changes, const std::vector<CellConflict>& conflicts);
     void endPendingChanges(BookStore::OldValues what);
 

@@ -56,8 +56,6 @@ struct BookChanges {
     std::vector<TableEdits> tables;
 
     [[nodiscard]] bool IsEmpty() const noexcept { return cells.empty() && oldValues.empty() && tables.empty(); }
-    /// Nothing but what is on screen and what is marked.
-    [[nodiscard]] bool IsViewOnly() const noexcept;
 };
 
 /// A cell that somebody else has changed since this window last read it, so that writing it would lose their value.

@@ -87,15 +87,6 @@ void AddCellChanges(const BookRows& before, const MemoryTable& table, const Tabl
 
 }  // namespace
 
-bool BookChanges::IsViewOnly() const noexcept {
-    return cells.empty() && oldValues.empty() && std::all_of(tables.begin(), tables.end(), [](const TableEdits& edits) {
-               const auto fields = Describe(edits.table).fields;
-               return !edits.allRows && std::all_of(edits.fields.begin(), edits.fields.end(), [&](const FieldEdit& e) {
-                   return std::find(ViewFields.begin(), ViewFields.end(), fields[e.field].name) != ViewFields.end();
-               });
-           });
-}
-
 BookRows RowsOf(const MemoryTable& table, const TableDescription& description) {
     BookRows rows;
     rows.reserve(static_cast<std::size_t>(table.RowCount()));

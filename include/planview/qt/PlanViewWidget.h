@@ -167,7 +167,8 @@ public:
     Q_INVOKABLE bool setTable(const QString& name, const planview::ObjectRef& table);
     /// @}
 
-    // --- Commands for the host's own menus; while an entry is open, those that it knows are about its text
+    // --- Commands for the host's own menus. While a cell is being edited, Undo, Redo, Cut, Copy and Paste act on the
+    //     editor's text.
 
     /// The command as an action for menus and tool bars, the same one at each call; null for a number that is none. Its
     /// text, icon, enabled and checked state follow by themselves; while it is disabled its tool tip and status tip say

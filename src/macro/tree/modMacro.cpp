@@ -132,7 +132,7 @@ bool NotRoot(const Tree& tree, std::string_view key) {
     const HostTable::Row row = table.FindRow("NODEKEY", key);
     const bool notRoot = row > 0 && !table.Text(row, "NODEREF").empty();
     if (TraceEnabled) {
-        // Without its closing bracket: log readers expect it this way.
+        // Without its closing bracket: the text of this entry is fixed.
         TraceWrite(Label, "", "NotRoot", TraceText("{value: ", notRoot));
     }
     return notRoot;
