@@ -18,7 +18,7 @@ install(FILES
 
 # --- What Debian wants beside each package's files --------------------------------------------------------------------
 
-set(PLANVIEW_PACKAGE_CONTACT "The PlanView developers <planview@localhost>" CACHE STRING
+set(PLANVIEW_PACKAGE_CONTACT "The PlanView developers <planview@example.org>" CACHE STRING
   "Who answers for the Debian packages, as Name <address>")
 
 file(READ LICENSE PLANVIEW_LICENCE)
@@ -122,6 +122,8 @@ if(TARGET planview_designer)
       "an application with such a form takes libplanview-dev alone.")
 endif()
 
+# Each package has its own; any other text would stand before all of them.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_NAME} built using CMake")
 set(CPACK_GENERATOR DEB)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
