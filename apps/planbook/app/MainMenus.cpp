@@ -12,6 +12,7 @@
 #include "app/FindBar.h"
 #include "app/MacroMenu.h"
 #include "app/MainWindow.h"
+#include "app/Questions.h"
 #include "app/RecentBooks.h"
 #include "app/StatusLine.h"
 
@@ -119,6 +120,9 @@ void MainWindow::saveChart() {
     }
     if (const QString error = view_->saveChart(path); !error.isEmpty()) {
         QMessageBox::warning(this, windowTitle(), error);
+    } else if (!session_->report().IsWhole()) {
+        questions_.tell("The chart was saved, but of an incomplete book. " +
+                        QString::fromStdString(session_->report().Headline()));
     }
 }
 

@@ -76,6 +76,7 @@ private:
     void proposeWorkbook();
     void remember();
     void pendingChanged(int count);
+    void tellFaults();
     void startToFind();
     void showAbout();
 
@@ -89,6 +90,7 @@ private:
     QStackedWidget* pages_;
     QWidget* bookPage_ = nullptr;
     NoticeBar* changedNotice_ = nullptr;
+    NoticeBar* faultNotice_ = nullptr;
     FindBar* findBar_ = nullptr;
     StatusLine* status_ = nullptr;
     QActionGroup* bookActions_ = nullptr;  // for those that need a book

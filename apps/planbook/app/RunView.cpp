@@ -13,6 +13,7 @@
 
 #include <planview/Trace.h>
 
+#include "app/BookSession.h"
 #include "app/HostMessageBoxes.h"
 #include "app/MainWindow.h"
 #include "app/QtMessages.h"
@@ -94,7 +95,7 @@ void saveTrace(const std::filesystem::path& name) {
 
 }  // namespace
 
-void RunView(int& argc, char** argv, const ViewRequest& request) {
+ExitCode RunView(int& argc, char** argv, const ViewRequest& request) {
     checkOutput(request.screenshot, request);
     checkOutput(request.trace, request);
     const bool onScreen = chooseScreen(request);
@@ -126,6 +127,8 @@ void RunView(int& argc, char** argv, const ViewRequest& request) {
     if (request.trace) {
         saveTrace(*request.trace);
     }
+    // The window has told it.
+    return request.book && !onScreen ? TellReport(*request.book, window.session().report()) : ExitCode::Done;
 }
 
 }  // namespace planbook

@@ -26,8 +26,13 @@ bool IsBook(const std::filesystem::path& file) {
 
 }  // namespace
 
+std::string WorkbookMark(const BookReport& report) {
+    constexpr std::size_t MostInCell = 20;
+    return report.IsWhole() ? std::string() : "INCOMPLETE: " + report.Headline() + "\n" + report.List(MostInCell);
+}
+
 WorkbookExchange::WorkbookExchange(const std::filesystem::path& book)
-    : file_(std::filesystem::absolute(book)), store_(BookStore::Open(file_)), book_(store_.Load()) {
+    : file_(std::filesystem::absolute(book)), store_(BookStore::Open(file_)), book_(store_.LoadReadable()) {
     RegisterSpreadsheet(objects_);
     view_ = std::make_unique<PlanView>(planview::Platform{.objects = &objects_});
     for (const TableDescription& table : BookSchema()) {
@@ -52,6 +57,7 @@ void WorkbookExchange::Download(const std::filesystem::path& workbook, bool prin
     }
     planview::SpreadsheetOptions options;
     options.printSetup = printSetup;
+    options.mark = WorkbookMark(Report());
     view_->Exchange().SetOptions(options);
     if (const std::string error = view_->Exchange().DownloadTo(std::filesystem::absolute(workbook).string());
         !error.empty()) {

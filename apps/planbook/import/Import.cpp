@@ -7,6 +7,7 @@
 #include <QString>
 #include <string>
 
+#include "book/BookCheck.h"
 #include "book/BookError.h"
 #include "book/BookStore.h"
 #include "import/BookBuilder.h"
@@ -117,6 +118,15 @@ void CheckTables(const ImportRequest& request, const SourceTable& source, const 
     }
 }
 
+/// What a view could not read is not made in the first place.
+void CheckReadable(const ImportRequest& request, const Book& book) {
+    constexpr std::size_t MostFaults = 20;
+    if (const BookReport report = MakeReadable(book); !report.IsWhole()) {
+        throw BookError("Nothing was imported: the book made from \"" + request.source.string() +
+                        "\" could not be read. " + report.Headline() + "\n" + report.List(MostFaults));
+    }
+}
+
 NamesFile ReadNames(const ImportRequest& request, const SourceTable& source) {
     NamesFile names;
     if (request.names) {
@@ -143,6 +153,7 @@ ImportResult ImportBook(const ImportRequest& request) {
     faults.Throw(request.source.string());
     const Book book = BuildBook(source, ReadNames(request, source));
     CheckTables(request, source, book);
+    CheckReadable(request, book);
 
     PartFile part(target);
     BookStore::Create(part.Path()).Save(book, AllBookTables());
