@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ostream>
+#include <sstream>
+
+#include <planview/Trace.h>
 
 #include "book/BookError.h"
 #include "planbook/BookWindow.h"
@@ -35,6 +38,13 @@ TEST_P(FaultyPlace, IsNamedAndHidesNothingElse) {
     EXPECT_EQ(w.Grid().Contents(w.Grid().FindCell({"FRC1", "ROW2"}).value()), "25,5") << "the mean";
     EXPECT_FALSE(w.Find<QWidget>("faultNotice")->isHidden());
     EXPECT_TRUE(w.window.windowTitle().contains("(incomplete)"));
+
+    w.window.view().plv_EnableTrace();
+    w.window.session().reload();
+    std::ostringstream trace;
+    planview::WriteTraceLog(trace);
+    w.window.view().plv_DisableTrace();
+    EXPECT_FALSE(Contains(trace.str(), "ERROR")) << "some table was not read to its end:\n" << trace.str();
 
     // What is saved goes into its own rows, and the faulty ones stay as they are.
     w.Type(2, 3, "31");

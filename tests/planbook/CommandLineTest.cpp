@@ -3,6 +3,7 @@
 #include <QProcess>
 #include <QStringList>
 #include <array>
+#include <filesystem>
 #include <ostream>
 #include <string>
 
@@ -21,7 +22,8 @@ struct Outcome {
 };
 
 /// Runs planbook in a folder, with no display unless one is named.
-Outcome RunPlanbook(const TestFolder& folder, const QStringList& arguments, const QString& display = {}) {
+Outcome RunPlanbook(const TestFolder& folder, const QStringList& arguments, const QString& display = {},
+                    const QString& platform = {}) {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR"}) {
@@ -30,11 +32,17 @@ Outcome RunPlanbook(const TestFolder& folder, const QStringList& arguments, cons
     if (!display.isEmpty()) {
         environment.insert("DISPLAY", display);
     }
+    if (!platform.isEmpty()) {
+        environment.insert("QT_QPA_PLATFORM", platform);
+    }
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(QString::fromStdString(folder.Path("").string()));
     process.start(PLANBOOK_PROGRAM, arguments);
     Outcome outcome;
-    if (process.waitForFinished() && process.exitStatus() == QProcess::NormalExit) {
+    if (!process.waitForFinished()) {
+        process.kill();
+        process.waitForFinished();
+    } else if (process.exitStatus() == QProcess::NormalExit) {
         outcome.exitCode = process.exitCode();
     }
     outcome.out = process.readAllStandardOutput().toStdString();
@@ -68,6 +76,7 @@ TEST_P(Command, EndsWithItsCodeAndMessageAndChangesNothing) {
     folder.Write("bad.csv", "month,a\n2008-01,x\n");
     folder.Write("text.txt", "no book");
     MakeSample(folder);
+    std::filesystem::copy_file(folder.Path("us.planbook"), folder.Path("other.planbook"));
     const auto before = folder.Contents();
     const Outcome outcome = RunPlanbook(folder, GetParam().arguments);
     EXPECT_EQ(outcome.exitCode, GetParam().exitCode);
@@ -116,9 +125,17 @@ const CommandCase Commands[] = {
     {"NoBook", {"--screenshot", "p.png", "text.txt"}, 1, "it is no planning book"},
     {"NoSuchBook", {"--trace", "t", "none"}, 1, "there is no such file"},
     {"NoDisplay", {"us.planbook"}, 1, "Cannot open a window: there is no display"},
-    {"PictureInNoFolder", {"--screenshot", "none/p.png", "us.planbook"}, 1, "Cannot write the picture \"none/p.png\""},
-    {"PictureOverBook", {"--screenshot", "us.planbook", "us.planbook"}, 1, "it is the book"},
-    {"TraceOverBook", {"--trace", "./us.planbook", "us.planbook"}, 1, "it is the book"},
+    {"PictureInNoFolder",
+     {"--screenshot", "none/p.png", "us.planbook"},
+     1,
+     "Cannot save 'none/p.png': the folder 'none'"},
+    {"PictureOverBook", {"--screenshot", "us.planbook", "us.planbook"}, 1, "there is a planning book of that name"},
+    {"TraceOverBook", {"--trace", "./us.planbook", "us.planbook"}, 1, "there is a planning book of that name"},
+    {"PictureOverAnotherBook",
+     {"--screenshot", "other.planbook", "us.planbook"},
+     1,
+     "there is a planning book of that name"},
+    {"TraceOverAnotherBook", {"--trace", "other.planbook", "us.planbook"}, 1, "there is a planning book of that name"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Refused, Command, testing::ValuesIn(Commands),
@@ -290,6 +307,17 @@ TEST(Planbook, WritesTheTraceWithoutADisplayAndWithoutErrors) {
         EXPECT_TRUE(Contains(trace, entry)) << entry << " is missing in\n" << trace;
     }
     EXPECT_FALSE(Contains(trace, "ERROR")) << trace;
+}
+
+TEST(Planbook, APlatformWithoutAScreenIsNoDisplay) {
+    const TestFolder folder;
+    MakeCounter(folder, "counter");
+    for (const char* platform : {"offscreen", "minimal:enable_fonts"}) {
+        EXPECT_EQ(RunPlanbook(folder, {"--trace", "trace.txt", "counter"}, {}, platform).exitCode, 0) << platform;
+        const Outcome window = RunPlanbook(folder, {"counter"}, {}, platform);
+        EXPECT_EQ(window.exitCode, 1) << platform;
+        EXPECT_TRUE(Contains(window.error, "there is no display")) << window.error;
+    }
 }
 
 }  // namespace

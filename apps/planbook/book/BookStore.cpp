@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QTemporaryFile>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "book/BookConnection.h"
@@ -56,6 +57,11 @@ constexpr std::size_t FaultsInMessage = 5;
 /// Whether the process as it runs now may write the file and beside it, where SQLite keeps its journal. Tried, not
 /// asked: permissions do not tell of read-only disks and of who one is just now.
 bool MayWrite(const std::filesystem::path& file) {
+    std::error_code error;
+    static_cast<void>(std::filesystem::symlink_status(file.string() + "-journal", error));  // too long a name?
+    if (error == std::errc::filename_too_long) {
+        return false;
+    }
     if (!QFile(QString::fromStdString(file.string())).open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) {
         return false;
     }

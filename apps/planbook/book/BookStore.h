@@ -85,4 +85,7 @@ private:
 /// Throws BookError unless the file is a book of a version known here, going by its first bytes only.
 void CheckBookHeader(const std::filesystem::path& file);
 
+/// Whether that throws nothing. No output may take the place of a book.
+[[nodiscard]] bool IsBookFile(const std::filesystem::path& file);
+
 }  // namespace planbook

@@ -13,19 +13,6 @@ using planview::PlanView;
 using planview::UploadPreview;
 using planview::UploadResult;
 
-namespace {
-
-bool IsBook(const std::filesystem::path& file) {
-    try {
-        CheckBookHeader(file);
-        return true;
-    } catch (const BookError&) {
-        return false;
-    }
-}
-
-}  // namespace
-
 std::string WorkbookMark(const BookReport& report) {
     constexpr std::size_t MostInCell = 20;
     return report.IsWhole() ? std::string() : "INCOMPLETE: " + report.Headline() + "\n" + report.List(MostInCell);
@@ -51,7 +38,7 @@ int WorkbookExchange::Lines() const {
 }
 
 void WorkbookExchange::Download(const std::filesystem::path& workbook, bool printSetup) {
-    if (IsBook(workbook)) {
+    if (IsBookFile(workbook)) {
         throw BookError("Cannot write the workbook \"" + workbook.string() +
                         "\": there is a planning book of that name. Choose another one.");
     }
