@@ -13,6 +13,7 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include <planview/Trace.h>
 #include <planview/Version.h>
 #include <planview/qt/PlanViewWidget.h>
 
@@ -22,6 +23,7 @@
 #include "app/HostMenus.h"
 #include "app/MacroMenu.h"
 #include "app/NoticeBar.h"
+#include "app/OutputFile.h"
 #include "app/Questions.h"
 #include "app/RecentBooks.h"
 #include "app/StatusLine.h"
@@ -49,7 +51,8 @@ MainWindow::MainWindow(planview::MessageBoxes& messageBoxes, bool trace, Questio
       hostMenus_(new HostMenus(*view_, *session_, questions_, this)),
       recent_(new RecentBooks(this)),
       pages_(new QStackedWidget(this)),
-      desktopIsDark_(isDark(QApplication::palette())) {
+      desktopIsDark_(isDark(QApplication::palette())),
+      traceIsSaved_(trace) {
     RegisterSpreadsheet(view_->objects());
     if (trace) {
         view_->plv_EnableTrace();
@@ -172,6 +175,27 @@ bool MainWindow::mayLeaveBook() {
     return finishWork() && macros_->leaveRecording();
 }
 
+bool MainWindow::mayLeaveTrace() {
+    if (traceIsSaved_ || !planview::TraceIsOn()) {
+        return true;
+    }
+    const Questions::OfRecording what = questions_.whatOfTrace();
+    if (what != Questions::OfRecording::Keep) {
+        return what == Questions::OfRecording::Discard;
+    }
+    const std::optional<QString> file = questions_.chooseTraceFile("planbook-trace.log");
+    if (!file) {
+        return false;
+    }
+    try {
+        WriteTrace(file->toStdString());
+    } catch (const BookError& error) {
+        questions_.tellFailure(QString::fromUtf8(error.what()));
+        return false;
+    }
+    return true;
+}
+
 void MainWindow::bookOpened() {
     const QString name = toQt(session_->file().stem());
     setWindowTitle(name + (session_->isReadOnly() ? " (read-only)" : "") +
@@ -212,7 +236,7 @@ void MainWindow::showEvent(QShowEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    event->setAccepted(mayLeaveBook());
+    event->setAccepted(mayLeaveBook() && mayLeaveTrace());
 }
 
 // --- While a book is open

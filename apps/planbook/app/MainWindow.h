@@ -77,6 +77,8 @@ private:
     void remember();
     void pendingChanged(int count);
     void tellFaults();
+    /// Asks what becomes of a trace that nobody has saved.
+    bool mayLeaveTrace();
     void startToFind();
     void showAbout();
 
@@ -98,6 +100,7 @@ private:
     QAction* revertAction_ = nullptr;
     QActionGroup* schemes_ = nullptr;
     bool desktopIsDark_;
+    bool traceIsSaved_;  // by whoever made the window
 };
 
 }  // namespace planbook

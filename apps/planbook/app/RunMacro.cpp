@@ -47,6 +47,8 @@ public:
     }
     [[nodiscard]] OfRecording whatOfRecording(int /*steps*/) override { return OfRecording::GoOn; }
     [[nodiscard]] bool mayDiscardRecording(int /*steps*/) override { return false; }
+    [[nodiscard]] OfRecording whatOfTrace() override { return OfRecording::GoOn; }
+    [[nodiscard]] std::optional<QString> chooseTraceFile(const QString& /*suggested*/) override { return std::nullopt; }
 
     std::string failure;
 };
@@ -137,7 +139,9 @@ Outcome TryToRun(const MacroRequest& request, planview::MessageBoxes& messageBox
     }
     const MacroEntry macro = MacroFor(request, session.book());
     if (session.isReadOnly()) {
-        Refuse(request, "the book cannot be written. Check your access to the file and its folder.");
+        Refuse(request,
+               "the book cannot be written. Check your access to the file and its folder, and "
+               "that its name has at most 247 bytes.");
     }
     const Values before = ValuesOf(session.book());
     if (request.line) {
