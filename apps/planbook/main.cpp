@@ -2,6 +2,7 @@
 #include <QCoreApplication>
 #include <cstdio>
 #include <exception>
+#include <string>
 
 #include <planview/Version.h>
 
@@ -31,11 +32,22 @@ void RunImport(int& argc, char** argv, const planbook::ImportRequest& request) {
                 result.cells);
 }
 
-void RunDownload(int& argc, char** argv, const planbook::ExchangeRequest& request) {
+ExitCode RunDownload(int& argc, char** argv, const planbook::ExchangeRequest& request) {
     const QCoreApplication application(argc, argv);
     planbook::WorkbookExchange exchange(request.book);
     exchange.Download(request.workbook, request.printSetup);
     std::printf("%s: %d periods, %d lines\n", request.workbook.c_str(), exchange.Periods(), exchange.Lines());
+    return planbook::TellReport(request.book, exchange.Report());
+}
+
+/// Nobody is there to be asked.
+void RefuseToEmpty(const planbook::ExchangeRequest& request, const planview::UploadPreview& preview) {
+    if (preview.EmptiesMuch() && !request.force) {
+        throw planbook::BookError("Nothing was uploaded: \"" + request.workbook.string() + "\" would empty " +
+                                  std::to_string(preview.Emptied()) + " of " + std::to_string(preview.values) +
+                                  " values. It may come from a book that was not complete. If the values are to go, "
+                                  "add --force.");
+    }
 }
 
 ExitCode RunUpload(int& argc, char** argv, const planbook::ExchangeRequest& request) {
@@ -43,10 +55,12 @@ ExitCode RunUpload(int& argc, char** argv, const planbook::ExchangeRequest& requ
     planbook::WorkbookExchange exchange(request.book);
     const planview::UploadPreview preview = exchange.Preview(request.workbook);
     std::fputs(planbook::PreviewText(preview).toUtf8().constData(), stdout);
-    bool whole = planbook::IsWhole(preview);
+    bool whole = planbook::TellReport(request.book, exchange.Report()) == ExitCode::Done;
+    whole = planbook::IsWhole(preview) && whole;
     if (request.dryRun) {
         std::puts("Dry run: the book was not changed.");
     } else {
+        RefuseToEmpty(request, preview);
         const planview::UploadResult result = exchange.Apply(preview);
         whole = whole && result.refused == 0 && result.outdated == 0;
         std::printf("%s: %s changed\n", request.book.c_str(),
@@ -64,13 +78,13 @@ ExitCode Run(int& argc, char** argv) {
     } else if (commandLine.import) {
         RunImport(argc, argv, *commandLine.import);
     } else if (commandLine.download) {
-        RunDownload(argc, argv, *commandLine.download);
+        return RunDownload(argc, argv, *commandLine.download);
     } else if (commandLine.upload) {
         return RunUpload(argc, argv, *commandLine.upload);
     } else if (commandLine.macro) {
-        planbook::RunMacro(argc, argv, *commandLine.macro);
+        return planbook::RunMacro(argc, argv, *commandLine.macro);
     } else {
-        planbook::RunView(argc, argv, commandLine.view);
+        return planbook::RunView(argc, argv, commandLine.view);
     }
     return ExitCode::Done;
 }

@@ -14,6 +14,8 @@ struct SpreadsheetOptions {
     bool printSetup = false;
     std::string folder;    ///< where the dialogs open; empty: where the user last was, or the home folder
     std::string fileName;  ///< the proposed name of a download; empty: the control's own proposal
+    /// What a reader of the workbook must know, such as that it is incomplete: stands in its corner. Empty for nothing.
+    std::string mark;
 };
 
 /// A cell to which a workbook gives another value than the grid has.
@@ -41,6 +43,22 @@ struct UploadPreview {
     std::vector<UploadChange> changes;  ///< line by line
     /// What in the workbook and in the table does not belong together, a sentence each; those values are left alone.
     std::vector<std::string> notes;
+    int values = 0;  ///< cells of the table that hold one and stand in the workbook, too
+
+    /// How many of them the ticked changes empty.
+    [[nodiscard]] int Emptied() const noexcept {
+        int emptied = 0;
+        for (const UploadChange& change : changes) {
+            emptied += change.taken && !change.IsRefused() && !change.before.empty() && change.after.empty() ? 1 : 0;
+        }
+        return emptied;
+    }
+    /// Whether these are more than a tenth: a workbook that lacks so much was most likely made of something incomplete,
+    /// and a host asks before it applies the changes.
+    [[nodiscard]] bool EmptiesMuch() const noexcept {
+        constexpr int Part = 10;
+        return Emptied() * Part > values;
+    }
 };
 
 /// What an upload has done.

@@ -3,7 +3,9 @@
 #include <filesystem>
 #include <fstream>
 
+#include <sys/stat.h>
 #include <sys/utsname.h>
+#include <unistd.h>
 
 #include "platform/System.h"
 
@@ -59,6 +61,16 @@ std::string SystemLogFolder() {
         state = home / ".local" / "state";
     }
     return (state / "planview").string();
+}
+
+bool TakeGroup(const std::filesystem::path& file, const std::filesystem::path& from) {
+    struct stat wanted {};
+    struct stat present {};
+    if (stat(from.c_str(), &wanted) != 0 || stat(file.c_str(), &present) != 0) {
+        return false;
+    }
+    constexpr uid_t SameOwner = static_cast<uid_t>(-1);
+    return wanted.st_gid == present.st_gid || chown(file.c_str(), SameOwner, wanted.st_gid) == 0;
 }
 
 }  // namespace planview

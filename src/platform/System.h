@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -19,5 +20,7 @@ namespace planview {
 /// "planview" in the folder that the system gives a user's programs for what they note down: on Linux `XDG_STATE_HOME`,
 /// else "~/.local/state"; on Windows `LOCALAPPDATA`. UTF-8; empty where none is known.
 [[nodiscard]] PLANVIEW_EXPORT std::string SystemLogFolder();
+/// Gives a file the group of another one; false where the user may not.
+[[nodiscard]] bool TakeGroup(const std::filesystem::path& file, const std::filesystem::path& from);
 
 }  // namespace planview

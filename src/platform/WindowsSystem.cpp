@@ -33,4 +33,8 @@ std::string SystemLogFolder() {
     return {text.begin(), text.end()};
 }
 
+bool TakeGroup(const std::filesystem::path& /*file*/, const std::filesystem::path& /*from*/) {
+    return true;  // a file takes its rights from its folder
+}
+
 }  // namespace planview

@@ -233,6 +233,7 @@ void SheetReader::ReadCell(const Track<ColumnId>& column, const Track<RowId>& li
     const Entry entry = EntryOf(cells_.Value());
     const Cell cell{column.id, line.id};
     const std::string& contents = grid_.Contents(cell);
+    preview.values += contents.empty() ? 0 : 1;
     if (IsSame(entry, contents)) {
         return;
     }

@@ -216,6 +216,10 @@ bool SpreadsheetDownload::DownloadLabels(SpreadsheetSession& session, int& colum
                 TraceWrite(SpreadsheetLabel, "", "DownloadLabels", TraceText("{", kind, " label: ", caption, "}"));
             }
         };
+        if (!parts_.options.mark.empty()) {
+            cells.GoTo(1, 1);
+            write("mark", parts_.options.mark);
+        }
         columnCount = columns.RowCount();
         for (int i = 1; i <= columnCount; ++i) {
             const auto row = static_cast<HostTable::Row>(i);

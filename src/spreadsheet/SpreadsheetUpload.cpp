@@ -44,7 +44,7 @@ void SpreadsheetUpload::Run() {
         Tell(preview.error, MessageIcon::Exclamation);
     } else if (outcome == Outcome::Read && preview.changes.empty()) {
         TellSame(preview);
-    } else if (outcome == Outcome::Read && parts_.confirm && parts_.confirm(preview)) {
+    } else if (outcome == Outcome::Read && parts_.confirm && parts_.confirm(preview) && MayEmpty(preview)) {
         TellResult(Apply(preview));
     }
 }
@@ -138,6 +138,17 @@ UploadResult SpreadsheetUpload::Apply(const UploadPreview& preview) {
                              " - outdated: ", result.outdated, "}"));
     }
     return result;
+}
+
+bool SpreadsheetUpload::MayEmpty(const UploadPreview& preview) const {
+    if (!preview.EmptiesMuch()) {
+        return true;
+    }
+    const std::string text = "This empties " + std::to_string(preview.Emptied()) + " of " +
+                             Counted(preview.values, "value") +
+                             ". The workbook may come from a table that was not complete. Empty them?";
+    return parts_.messageBoxes.Show({text, "Upload", MessageButtons::YesNo, MessageIcon::Exclamation,
+                                     MessageAnswer::No}) == MessageAnswer::Yes;
 }
 
 void SpreadsheetUpload::Tell(const std::string& text, MessageIcon icon) const {

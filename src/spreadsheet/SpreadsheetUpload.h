@@ -50,6 +50,8 @@ private:
     [[nodiscard]] Outcome Read(UploadPreview& preview);
     [[nodiscard]] Outcome ReadSheet(SpreadsheetSession& session, UploadPreview& preview);
     [[nodiscard]] std::optional<Cell> CellOf(const UploadChange& change) const;
+    /// Asks before much is emptied.
+    [[nodiscard]] bool MayEmpty(const UploadPreview& preview) const;
     void Tell(const std::string& text, MessageIcon icon) const;
     void TellSame(const UploadPreview& preview) const;
     void TellResult(const UploadResult& result) const;

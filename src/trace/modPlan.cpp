@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <fstream>
 #include <limits>
 #include <memory>
 #include <mutex>
@@ -14,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include <planview/SaveBeside.h>
 #include <planview/Trace.h>
 #include <planview/Version.h>
 
@@ -239,8 +239,7 @@ void TraceSave(const Desktop& platform, const ListView& list) {
         const std::string name = platform.system.LogFolder();
         const std::filesystem::path folder(std::u8string(name.begin(), name.end()));
         std::filesystem::create_directories(folder);
-        std::ofstream file(folder / LogFileName, std::ios::binary | std::ios::trunc);
-        WriteList(file, list);
+        SaveStream(folder / LogFileName, [&](std::ostream& file) { WriteList(file, list); });
     });
 }
 

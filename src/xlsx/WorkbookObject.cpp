@@ -6,7 +6,7 @@
 
 #include "automation/MemberNames.h"
 #include "automation/Utf8.h"
-#include "xlsx/SaveBeside.h"
+#include "xlsx/Paths.h"
 #include "xlsx/WorkbookReader.h"
 #include "xlsx/WorkbookWriter.h"
 

@@ -7,7 +7,7 @@
 #include <planview/AutomationObject.h>
 
 #include "xlsx/PackageReader.h"
-#include "xlsx/SaveBeside.h"
+#include "xlsx/Paths.h"
 #include "xlsx/SheetPartReader.h"
 #include "xlsx/Workbook.h"
 #include "xlsx/ZipParts.h"

@@ -12,9 +12,9 @@
 #include <xlsxwriter.h>
 
 #include <planview/AutomationObject.h>
+#include <planview/SaveBeside.h>
 
 #include "xlsx/Palette.h"
-#include "xlsx/SaveBeside.h"
 #include "xlsx/TextEscapes.h"
 #include "xlsx/Workbook.h"
 #include "xlsx/ZipParts.h"

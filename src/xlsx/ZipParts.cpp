@@ -12,7 +12,7 @@
 
 #include <planview/AutomationObject.h>
 
-#include "xlsx/SaveBeside.h"
+#include "xlsx/Paths.h"
 
 namespace planview::xlsx {
 

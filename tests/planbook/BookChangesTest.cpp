@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <functional>
 #include <ostream>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -121,7 +123,92 @@ TEST(BookChanges, AFullTableTakesNoMore) {
     EXPECT_EQ(LoadBook(file)[BookTable::Tab].Value(5, "V"), Variant(0)) << "half of a transaction was kept";
 }
 
+// --- Books of strangers
+
+struct StrangerCase {
+    const char* name;
+    std::vector<const char*> statements;
+    const char* refusal;  ///< empty: what is written stands in the file
+};
+
+void PrintTo(const StrangerCase& stranger, std::ostream* stream) {
+    *stream << stranger.name;
+}
+
+class StrangersBook : public testing::TestWithParam<StrangerCase> {};
+
+/// Whatever the file says, a value is stored as it was entered, or there is a message and nothing is.
+TEST_P(StrangersBook, StoresWhatIsEnteredOrSaysThatItDoesNot) {
+    const TestFolder folder;
+    const std::filesystem::path file = MakeSmallBook(folder);
+    for (const char* statement : GetParam().statements) {
+        RunOnBook(file, statement);
+    }
+    OpenBook open(file);
+    const std::string before = DumpFile(file);
+    const BookChanges changes{{{{1, 1}, 1.0, 50.0}, {{3, 4}, Variant(), 60.0}}, {{{1, 1}, 1.0}}, {}};
+    const std::string message = MessageOf<BookError>([&] { EXPECT_TRUE(open.store.Write(changes).empty()); });
+    if (std::string(GetParam().refusal).empty()) {
+        EXPECT_EQ(message, "");
+        const BookSnapshot inFile(LoadBook(file));
+        EXPECT_EQ(inFile.ValueOf({1, 1}), Variant(50.0));
+        EXPECT_EQ(inFile.ValueOf({3, 4}), Variant(60.0));
+        EXPECT_EQ(inFile.ValueOf({2, 2}), Variant(20.5)) << "a value that nobody has changed";
+    } else {
+        EXPECT_TRUE(Contains(message, GetParam().refusal)) << message;
+        EXPECT_EQ(DumpFile(file), before);
+    }
+}
+
+constexpr const char* CopyOfTab = "INSERT INTO TAB SELECT * FROM t";
+
+const StrangerCase Strangers[] = {
+    {"TriggerThatSwallows",
+     {"CREATE TRIGGER t BEFORE UPDATE ON TAB BEGIN SELECT RAISE(IGNORE); END",
+      "CREATE TRIGGER u BEFORE INSERT ON TAB BEGIN SELECT RAISE(IGNORE); END"},
+     ""},
+    {"TriggerThatAlters",
+     {"CREATE TRIGGER t AFTER UPDATE ON TAB BEGIN UPDATE TAB SET V = V + 1 WHERE Z = 2; END",
+      "CREATE TRIGGER u AFTER INSERT ON TAB BEGIN DELETE FROM TAB WHERE Z = 2; END"},
+     ""},
+    {"RuleThatSwallows",
+     {"ALTER TABLE TAB RENAME TO t", "CREATE TABLE TAB (ROW_NO INTEGER PRIMARY KEY, Z, C, V CHECK (V <> 50))",
+      CopyOfTab},
+     "CHECK constraint"},
+    {"UniqueThatSwallows",
+     {"UPDATE TAB SET V = 50 WHERE Z = 2 AND C = 1", "ALTER TABLE TAB RENAME TO t",
+      "CREATE TABLE TAB (ROW_NO INTEGER PRIMARY KEY, Z, C, V UNIQUE ON CONFLICT IGNORE)", CopyOfTab},
+     "UNIQUE constraint"},
+    {"UniqueThatDropsOthers",
+     {"UPDATE TAB SET V = 50 WHERE Z = 2 AND C = 1", "ALTER TABLE TAB RENAME TO t",
+      "CREATE TABLE TAB (ROW_NO INTEGER PRIMARY KEY, Z, C, V UNIQUE ON CONFLICT REPLACE)", CopyOfTab},
+     "UNIQUE constraint"},
+    {"RowsOfOneNumber",
+     {"ALTER TABLE TAB RENAME TO t", "CREATE TABLE TAB (ROW_NO, Z, C, V)", CopyOfTab, "UPDATE TAB SET ROW_NO = 1"},
+     "reached 11 rows instead of one"},
+    {"RowsWithoutNumber",
+     {"ALTER TABLE TAB RENAME TO t", "CREATE TABLE TAB (ROW_NO, Z, C, V)", CopyOfTab, "UPDATE TAB SET ROW_NO = NULL"},
+     "reached "},
+};
+
+INSTANTIATE_TEST_SUITE_P(Files, StrangersBook, testing::ValuesIn(Strangers),
+                         [](const auto& testCase) { return testCase.param.name; });
+
 // --- Two windows
+
+TEST(TwoWindows, AWriteUnlessChangedTakesNobodysChangeBack) {
+    const TestFolder folder;
+    OpenBook mine(MakeSmallBook(folder));
+    mine.Tab().SetValue(1, "V", 50.0);
+    ChangeBook(mine.file, "UPDATE TAB SET V = 70 WHERE Z = 2 AND C = 2");  // not even the same cell
+    const std::string before = DumpFile(mine.file);
+    EXPECT_FALSE(mine.store.WriteUnlessChanged(mine.snapshot.ChangesIn(mine.book)));
+    EXPECT_EQ(DumpFile(mine.file), before);
+    OpenBook again(mine.file);
+    again.Tab().SetValue(1, "V", 50.0);
+    EXPECT_TRUE(again.store.WriteUnlessChanged(again.snapshot.ChangesIn(again.book)));
+    EXPECT_EQ(BookSnapshot(LoadBook(mine.file)).ValueOf({1, 1}), Variant(50.0));
+}
 
 TEST(TwoWindows, ACellChangedInBothIsAConflictAndNothingIsWritten) {
     const TestFolder folder;

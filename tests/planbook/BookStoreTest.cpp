@@ -9,6 +9,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include "book/BookConnection.h"
 #include "book/BookError.h"
 #include "book/BookStore.h"
 #include "planbook/TestFolder.h"
@@ -258,6 +259,20 @@ const Refusal Refusals[] = {
          ChangeBook(f.Path("book"), "UPDATE TAB SET V = x'0102'");
      },
      "V in row 1 of the table TAB holds bytes"},
+    {"ViewForATable",
+     [](const TestFolder& f) {
+         MakeFullBook(f);
+         ChangeBook(f.Path("book"),
+                    "DROP TABLE TEXTS; CREATE VIEW texts AS WITH RECURSIVE n(ROW_NO) AS (SELECT 1 UNION ALL SELECT "
+                    "ROW_NO + 1 FROM n) SELECT * FROM n");
+     },
+     "a view stands in the place of the table TEXTS"},
+    {"VirtualTable",
+     [](const TestFolder& f) {
+         MakeFullBook(f);
+         ChangeBook(f.Path("book"), "DROP TABLE TEXTS; CREATE VIRTUAL TABLE TEXTS USING fts5(ROW_NO, ENTRY)");
+     },
+     "a virtual table stands in the place of the table TEXTS"},
     {"TooManyRows",
      [](const TestFolder& f) {
          MakeFullBook(f);
@@ -270,6 +285,22 @@ const Refusal Refusals[] = {
 
 INSTANTIATE_TEST_SUITE_P(Files, BookRefusal, testing::ValuesIn(Refusals),
                          [](const auto& testCase) { return testCase.param.name; });
+
+TEST(BookConnection, WhatTakesTooManyStepsEnds) {
+    const TestFolder folder;
+    MakeFullBook(folder);
+    const BookConnection connection(folder.Path("book"), BookConnection::Access::ReadOnly);
+    const BookConnection::StepLimit limit(connection);
+    const std::string message = MessageOf<BookError>([&] {
+        QSqlQuery query = connection.Run(BookConnection::Work::Read,
+                                         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT "
+                                         "MAX(i) FROM n");
+        if (!query.next()) {
+            connection.Fail(BookConnection::Work::Read, query.lastError());
+        }
+    });
+    EXPECT_TRUE(Contains(message, "more steps than a book of its size can need")) << message;
+}
 
 }  // namespace
 }  // namespace planbook

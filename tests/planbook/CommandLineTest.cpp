@@ -2,10 +2,15 @@
 #include <QImage>
 #include <QProcess>
 #include <QStringList>
+#include <array>
+#include <filesystem>
 #include <ostream>
+#include <string>
 
 #include <gtest/gtest.h>
 
+#include "book/BookSnapshot.h"
+#include "book/BookStore.h"
 #include "planbook/TestFolder.h"
 
 namespace {
@@ -17,7 +22,8 @@ struct Outcome {
 };
 
 /// Runs planbook in a folder, with no display unless one is named.
-Outcome RunPlanbook(const TestFolder& folder, const QStringList& arguments, const QString& display = {}) {
+Outcome RunPlanbook(const TestFolder& folder, const QStringList& arguments, const QString& display = {},
+                    const QString& platform = {}) {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR"}) {
@@ -26,11 +32,17 @@ Outcome RunPlanbook(const TestFolder& folder, const QStringList& arguments, cons
     if (!display.isEmpty()) {
         environment.insert("DISPLAY", display);
     }
+    if (!platform.isEmpty()) {
+        environment.insert("QT_QPA_PLATFORM", platform);
+    }
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(QString::fromStdString(folder.Path("").string()));
     process.start(PLANBOOK_PROGRAM, arguments);
     Outcome outcome;
-    if (process.waitForFinished() && process.exitStatus() == QProcess::NormalExit) {
+    if (!process.waitForFinished()) {
+        process.kill();
+        process.waitForFinished();
+    } else if (process.exitStatus() == QProcess::NormalExit) {
         outcome.exitCode = process.exitCode();
     }
     outcome.out = process.readAllStandardOutput().toStdString();
@@ -64,6 +76,7 @@ TEST_P(Command, EndsWithItsCodeAndMessageAndChangesNothing) {
     folder.Write("bad.csv", "month,a\n2008-01,x\n");
     folder.Write("text.txt", "no book");
     MakeSample(folder);
+    std::filesystem::copy_file(folder.Path("us.planbook"), folder.Path("other.planbook"));
     const auto before = folder.Contents();
     const Outcome outcome = RunPlanbook(folder, GetParam().arguments);
     EXPECT_EQ(outcome.exitCode, GetParam().exitCode);
@@ -88,6 +101,7 @@ const CommandCase Commands[] = {
     {"PrintSetupOfUpload", {"--upload", "a.xlsx", "--print-setup", "us.planbook"}, 2, "--print-setup needs --download"},
     {"DownloadAndUpload", {"--download", "a", "--upload", "b", "us.planbook"}, 2, "--download and --upload do not go"},
     {"UploadAndPicture", {"--upload", "a", "--screenshot", "p.png", "us.planbook"}, 2, "do not go together"},
+    {"ForceOfDownload", {"--download", "a", "--force", "us.planbook"}, 2, "--force needs --import"},
     {"DownloadOverBook", {"--download", "./us.planbook", "us.planbook"}, 1, "there is a planning book of that name"},
     {"UploadOfText", {"--upload", "text.txt", "us.planbook"}, 1, "text.txt"},
     {"DownloadOfNoBook", {"--download", "a.xlsx", "text.txt"}, 1, "it is no planning book"},
@@ -111,9 +125,17 @@ const CommandCase Commands[] = {
     {"NoBook", {"--screenshot", "p.png", "text.txt"}, 1, "it is no planning book"},
     {"NoSuchBook", {"--trace", "t", "none"}, 1, "there is no such file"},
     {"NoDisplay", {"us.planbook"}, 1, "Cannot open a window: there is no display"},
-    {"PictureInNoFolder", {"--screenshot", "none/p.png", "us.planbook"}, 1, "Cannot write the picture \"none/p.png\""},
-    {"PictureOverBook", {"--screenshot", "us.planbook", "us.planbook"}, 1, "it is the book"},
-    {"TraceOverBook", {"--trace", "./us.planbook", "us.planbook"}, 1, "it is the book"},
+    {"PictureInNoFolder",
+     {"--screenshot", "none/p.png", "us.planbook"},
+     1,
+     "Cannot save 'none/p.png': the folder 'none'"},
+    {"PictureOverBook", {"--screenshot", "us.planbook", "us.planbook"}, 1, "there is a planning book of that name"},
+    {"TraceOverBook", {"--trace", "./us.planbook", "us.planbook"}, 1, "there is a planning book of that name"},
+    {"PictureOverAnotherBook",
+     {"--screenshot", "other.planbook", "us.planbook"},
+     1,
+     "there is a planning book of that name"},
+    {"TraceOverAnotherBook", {"--trace", "other.planbook", "us.planbook"}, 1, "there is a planning book of that name"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Refused, Command, testing::ValuesIn(Commands),
@@ -151,6 +173,94 @@ TEST(Planbook, RunsTheMacrosOfTheSampleBookWithoutADisplay) {
     const std::string summed = run({"Total of manufacturing"});
     EXPECT_TRUE(Contains(summed, "Manufacturing, Jan 15: 12296 -> 12683.7\n")) << summed;
     EXPECT_TRUE(Contains(summed, ": 12 cells changed.\n")) << summed;
+}
+
+/// A book of one line with the values 1, 2, 3, ... and the macro "Add one".
+void MakeCounter(const TestFolder& folder, const char* name) {
+    std::string table = "month,a\n";
+    for (int month = 1; month <= 12; ++month) {
+        table +=
+            "2008-" + std::string(month < 10 ? "0" : "") + std::to_string(month) + "," + std::to_string(month) + "\n";
+    }
+    folder.Write("counter.csv", table);
+    folder.Write("counter.names", "[macros]\nAdd one = [a] = [a] + 1\n");
+    ASSERT_EQ(RunPlanbook(folder, {"--import", "counter.csv", "--names", "counter.names", name}).exitCode, 0);
+}
+
+double ValueOf(const TestFolder& folder, const char* book, int row, int column) {
+    return planbook::BookSnapshot(planbook::LoadBook(folder.Path(book))).ValueOf({row, column}).AsDouble();
+}
+
+/// Whoever says that it has added one has done so, whatever the others do at the same time.
+TEST(Planbook, MacrosThatRunAtTheSameTimeLoseNothing) {
+    const TestFolder folder;
+    MakeCounter(folder, "counter");
+    constexpr int Runs = 4;
+    int done = 0;
+    for (int round = 0; round < 3; ++round) {
+        std::array<QProcess, Runs> runs;
+        for (QProcess& run : runs) {
+            run.setWorkingDirectory(QString::fromStdString(folder.Path("").string()));
+            run.start(PLANBOOK_PROGRAM, {"--macro", "Add one", "counter"});
+        }
+        for (QProcess& run : runs) {
+            ASSERT_TRUE(run.waitForFinished());
+            const std::string out = run.readAllStandardOutput().toStdString();
+            EXPECT_EQ(run.exitCode() == 0, Contains(out, "12 cells changed")) << out;
+            done += run.exitCode() == 0 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(done, 0);
+    EXPECT_EQ(ValueOf(folder, "counter", 1, 1), 1 + done);
+    EXPECT_EQ(ValueOf(folder, "counter", 1, 12), 12 + done);
+}
+
+struct OutputCase {
+    QStringList arguments;
+    int exitCode;
+};
+
+TEST(Planbook, NothingIncompleteGoesOutWithoutAWord) {
+    const TestFolder folder;
+    MakeCounter(folder, "faulty");
+    MakeCounter(folder, "good");
+    ChangeBook(folder.Path("faulty"), "UPDATE TAB SET V = 'n/a' WHERE C < 4");
+    const OutputCase cases[] = {
+        {{"--download", "faulty.xlsx", "faulty"}, 3},
+        {{"--screenshot", "faulty.png", "faulty"}, 3},
+        {{"--trace", "faulty.txt", "faulty"}, 3},
+        {{"--macro", "Add one", "faulty"}, 1},
+    };
+    for (const OutputCase& output : cases) {
+        const Outcome outcome = RunPlanbook(folder, output.arguments);
+        EXPECT_EQ(outcome.exitCode, output.exitCode) << outcome.error;
+        EXPECT_TRUE(Contains(outcome.error, "TAB, row 3, field V: \"n/a\" is no number")) << outcome.error;
+    }
+    EXPECT_FALSE(Contains(ReadFile(folder.Path("faulty.txt")), "ERROR")) << "the rest was not read from end to end";
+
+    const std::string before = ReadFile(folder.Path("good"));
+    const Outcome refused = RunPlanbook(folder, {"--upload", "faulty.xlsx", "good"});
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(Contains(refused.error, "would empty 3 of 12 values")) << refused.error;
+    EXPECT_EQ(ReadFile(folder.Path("good")), before);
+    EXPECT_EQ(RunPlanbook(folder, {"--upload", "faulty.xlsx", "--force", "good"}).exitCode, 0);
+
+    // The other way round the faulty places get their values back.
+    MakeCounter(folder, "sound");
+    ASSERT_EQ(RunPlanbook(folder, {"--download", "sound.xlsx", "sound"}).exitCode, 0);
+    EXPECT_EQ(RunPlanbook(folder, {"--upload", "sound.xlsx", "faulty"}).exitCode, 3);
+    EXPECT_EQ(ValueOf(folder, "faulty", 1, 3), 3);
+    EXPECT_EQ(RunPlanbook(folder, {"--download", "faulty.xlsx", "faulty"}).exitCode, 0);
+}
+
+TEST(Planbook, WhatAViewCouldNotReadIsNotImported) {
+    const TestFolder folder;
+    folder.Write("long.csv", "month," + std::string(70000, 'x') + "\n2008-01,1\n");
+    const Outcome outcome = RunPlanbook(folder, {"--import", "long.csv", "long"});
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_TRUE(Contains(outcome.error, "LINE_INDEX, row 1, field FREET: a text of 70000 bytes is too long"))
+        << outcome.error;
+    EXPECT_FALSE(folder.Contents().contains("long"));
 }
 
 int PixelsLike(const QImage& picture, bool (*matches)(QColor)) {
@@ -197,6 +307,17 @@ TEST(Planbook, WritesTheTraceWithoutADisplayAndWithoutErrors) {
         EXPECT_TRUE(Contains(trace, entry)) << entry << " is missing in\n" << trace;
     }
     EXPECT_FALSE(Contains(trace, "ERROR")) << trace;
+}
+
+TEST(Planbook, APlatformWithoutAScreenIsNoDisplay) {
+    const TestFolder folder;
+    MakeCounter(folder, "counter");
+    for (const char* platform : {"offscreen", "minimal:enable_fonts"}) {
+        EXPECT_EQ(RunPlanbook(folder, {"--trace", "trace.txt", "counter"}, {}, platform).exitCode, 0) << platform;
+        const Outcome window = RunPlanbook(folder, {"counter"}, {}, platform);
+        EXPECT_EQ(window.exitCode, 1) << platform;
+        EXPECT_TRUE(Contains(window.error, "there is no display")) << window.error;
+    }
 }
 
 }  // namespace

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <array>
+#include <filesystem>
 #include <ostream>
 #include <set>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -10,7 +14,7 @@
 #include "import/BookBuilder.h"
 #include "import/Import.h"
 #include "import/Periods.h"
-#include "planbook/TestFolder.h"
+#include "planbook/TestBook.h"
 
 namespace planbook {
 namespace {
@@ -231,14 +235,89 @@ TEST(Import, ReplacesBooksOnlyAndOnlyWhenAsked) {
         EXPECT_TRUE(Contains(message, refusal.message)) << message;
         EXPECT_EQ(folder.Contents(), before) << refusal.book;
     }
-    folder.Write("book-journal", "a change under way");
-    EXPECT_TRUE(Contains(import("book", true), "a change to it is under way"));
-    std::filesystem::remove(folder.Path("book-journal"));
-
     EXPECT_EQ(import("link", true), "");
     EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link")));
     EXPECT_EQ(LoadBook(folder.Path("book"))[BookTable::Tab].Value(1, "V").AsInt32(), 2);
     EXPECT_EQ(folder.Contents().size(), before.size()) << "something was left behind";
+}
+
+/// A book whose last change a killed program has left half done in "book-journal".
+void MakeCutOffBook(const TestFolder& folder) {
+    const std::filesystem::path source = folder.Write("data.csv", "p,a\nx,1\n");
+    ImportBook({source, folder.Path("live"), {}, {}, false});
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "CutOff");
+        database.setDatabaseName(QString::fromStdString(folder.Path("live").string()));
+        ASSERT_TRUE(database.open());
+        QSqlQuery query(database);
+        // So little room that the change goes to the file, and the journal before it.
+        for (const char* statement : {"PRAGMA cache_size = 1", "BEGIN", "UPDATE TAB SET V = hex(randomblob(50000))",
+                                      "UPDATE TEXTS SET TEXT = hex(randomblob(50000))"}) {
+            ASSERT_TRUE(query.exec(statement));
+        }
+        for (const char* suffix : {"", "-journal"}) {
+            std::filesystem::copy_file(folder.Path("live").string() + suffix, folder.Path("book").string() + suffix);
+        }
+        query.exec("ROLLBACK");
+    }
+    QSqlDatabase::removeDatabase("CutOff");
+}
+
+TEST(Import, WhatAKilledProgramLeftBesideABookIsInNobodysWay) {
+    for (const char* journal : {"of the change", "of another time", ""}) {
+        const TestFolder folder;
+        MakeCutOffBook(folder);
+        ASSERT_TRUE(std::filesystem::exists(folder.Path("book-journal")));
+        if (std::string(journal) != "of the change") {
+            folder.Write("book-journal", journal);
+            ImportBook({folder.Path("data.csv"), folder.Path("sound"), {}, {}, false});
+            std::filesystem::rename(folder.Path("sound"), folder.Path("book"));
+        }
+        folder.Write("data.csv", "p,a\nx,7\n");
+        EXPECT_EQ(MessageOf<BookError>([&] {
+                      ImportBook({folder.Path("data.csv"), folder.Path("book"), {}, {}, true});
+                  }),
+                  "");
+        EXPECT_FALSE(std::filesystem::exists(folder.Path("book-journal"))) << journal;
+        EXPECT_EQ(LoadBook(folder.Path("book"))[BookTable::Tab].Value(1, "V").AsInt32(), 7) << journal;
+    }
+}
+
+TEST(Import, AProgramThatIsAtWorkKeepsItsBook) {
+    const TestFolder folder;
+    const std::filesystem::path book = MakeSmallBook(folder);
+    const auto before = ReadFile(book);
+    std::string message;
+    {
+        const Obstacle atWork(Obstacle::Kind::Locked, book);
+        folder.Write("small.planbook-journal", "");
+        message = MessageOf<BookError>([&] { ImportBook({folder.Path("small.csv"), book, {}, {}, true}); });
+    }
+    EXPECT_TRUE(Contains(message, "Another program is writing to it")) << message;
+    EXPECT_EQ(ReadFile(book), before);
+}
+
+TEST(Import, AReplacedBookKeepsItsRights) {
+    const TestFolder folder;
+    const std::filesystem::path book = MakeSmallBook(folder);
+    using std::filesystem::perms;
+    std::filesystem::permissions(book, perms::owner_read | perms::owner_write);
+    ImportBook({folder.Path("small.csv"), book, {}, {}, true});
+    EXPECT_EQ(std::filesystem::status(book).permissions(), perms::owner_read | perms::owner_write);
+}
+
+TEST(Import, NamesAsLongAsTheFileSystemAllows) {
+    const TestFolder folder;
+    const auto csv = folder.Write("data.csv", "p,a\nx,1\n");
+    for (const std::size_t length : {247U, 249U, 255U}) {
+        const std::filesystem::path book = folder.Path(std::string(length, 'b'));
+        EXPECT_EQ(MessageOf<BookError>([&] { ImportBook({csv, book, {}, {}, false}); }), "");
+        EXPECT_EQ(MessageOf<BookError>([&] { ImportBook({csv, book, {}, {}, true}); }), "");
+        BookStore store = BookStore::Open(book);
+        EXPECT_EQ(store.Load()[BookTable::Tab].RowCount(), 1);
+        EXPECT_EQ(store.IsReadOnly(), length > 247) << "a change needs a journal, whose name is longer by 8";
+    }
+    EXPECT_EQ(folder.Contents().size(), 4U);
 }
 
 TEST(Import, TheSampleMakesABookWorthLookingAt) {

@@ -59,6 +59,18 @@ public:
         return true;
     }
 
+    [[nodiscard]] OfRecording whatOfTrace() override {
+        ++traceAsked;
+        return ofTrace;
+    }
+    [[nodiscard]] std::optional<QString> chooseTraceFile(const QString& suggested) override {
+        asked = suggested.toStdString();
+        return traceFile.empty() ? std::nullopt : std::optional(QString::fromStdString(traceFile));
+    }
+
+    OfRecording ofTrace = OfRecording::GoOn;
+    int traceAsked = 0;
+    std::string traceFile;
     OfRecording ofRecording = OfRecording::GoOn;
     int leaveAsked = 0;
     int discardAsked = 0;

@@ -4,6 +4,7 @@
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QStringList>
 #include <fstream>
 #include <iterator>
 
@@ -31,16 +32,31 @@ std::string ReadFile(const std::filesystem::path& file) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-void ChangeBook(const std::filesystem::path& file, std::string_view statements) {
+namespace {
+
+void RunAll(const std::filesystem::path& file, const QStringList& statements) {
     {
         QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "ChangeBook");
         database.setDatabaseName(QString::fromStdString(file.string()));
         ASSERT_TRUE(database.open());
-        const QString all = QString::fromUtf8(statements.data(), static_cast<qsizetype>(statements.size()));
-        for (const QString& statement : all.split(';', Qt::SkipEmptyParts)) {
+        for (const QString& statement : statements) {
             QSqlQuery query(database);
             ASSERT_TRUE(query.exec(statement)) << query.lastError().text().toStdString();
         }
     }
     QSqlDatabase::removeDatabase("ChangeBook");
+}
+
+QString ToQt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+void ChangeBook(const std::filesystem::path& file, std::string_view statements) {
+    RunAll(file, ToQt(statements).split(';', Qt::SkipEmptyParts));
+}
+
+void RunOnBook(const std::filesystem::path& file, std::string_view statement) {
+    RunAll(file, {ToQt(statement)});
 }

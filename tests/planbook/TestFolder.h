@@ -24,6 +24,9 @@ private:
 /// Runs SQL statements, divided by ";", on a book behind the program's back.
 void ChangeBook(const std::filesystem::path& file, std::string_view statements);
 
+/// One statement, which may have ";" in it.
+void RunOnBook(const std::filesystem::path& file, std::string_view statement);
+
 /// The text of the exception that `action` throws; empty when it throws none.
 template <class Exception, class Action>
 std::string MessageOf(Action action) {

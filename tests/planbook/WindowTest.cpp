@@ -245,6 +245,31 @@ const FailureCase Failures[] = {
 INSTANTIATE_TEST_SUITE_P(Obstacles, WindowFailure, testing::ValuesIn(Failures),
                          [](const auto& testCase) { return testCase.param.name; });
 
+TEST(Window, ATraceIsNotThrownAwayUnasked) {
+    using What = Questions::OfRecording;
+    const TestFolder folder;
+    Window w(MakeSmallBook(folder));
+    EXPECT_TRUE(w.window.close());
+    EXPECT_EQ(w.questions.traceAsked, 0) << "there is none";
+    w.window.view().plv_EnableTrace();
+    w.Type(1, 1, "7");
+
+    EXPECT_FALSE(w.window.close()) << "go on";
+    w.questions.ofTrace = What::Keep;
+    EXPECT_FALSE(w.window.close()) << "no file was chosen";
+    w.questions.traceFile = w.file.string();
+    EXPECT_FALSE(w.window.close()) << "that is the book";
+    ASSERT_EQ(w.questions.failures.size(), 1U);
+    EXPECT_TRUE(Contains(w.questions.failures[0], "there is a planning book of that name"));
+    w.questions.traceFile = folder.Path("trace.log");
+    EXPECT_TRUE(w.window.close());
+    EXPECT_TRUE(Contains(ReadFile(folder.Path("trace.log")), "Trace_Enable"));
+    w.questions.ofTrace = What::Discard;
+    EXPECT_TRUE(w.window.close());
+    EXPECT_EQ(w.questions.traceAsked, 5);
+    w.window.view().plv_DisableTrace();
+}
+
 TEST(Window, DoesNotCloseOverAnEntryThatCouldNotBeSaved) {
     const TestFolder folder;
     const std::filesystem::path file = MakeSmallBook(folder);

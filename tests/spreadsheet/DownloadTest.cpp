@@ -268,6 +268,13 @@ TEST_F(DownloadTest, PrintSetUpIsAnOption) {
     EXPECT_EQ(hasPage(), 3);
 }
 
+TEST_F(DownloadTest, TheHostsMarkStandsInTheCorner) {
+    context.spreadsheetOptions.mark = "INCOMPLETE: 1 place";
+    EXPECT_EQ(context.download.SaveTo("plan.xlsx"), "");
+    EXPECT_EQ(fake->cells[(test::FakeSpreadsheet::Place{1, 1})].value, Variant("INCOMPLETE: 1 place"));
+    EXPECT_EQ(fake->cells[(test::FakeSpreadsheet::Place{1, 2})].value, Variant("May 01"));
+}
+
 TEST_F(DownloadTest, CancellingLeavesNothing) {
     for (const int step : {1, 2, 3}) {
         fake->log.clear();

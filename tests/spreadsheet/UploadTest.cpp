@@ -186,6 +186,23 @@ TEST_F(UploadTest, AppliesWhatIsTickedAsOneAction) {
     EXPECT_FALSE(context.grid.history.CanUndo()) << "it was one step";
 }
 
+TEST_F(UploadTest, AsksBeforeItEmptiesMuch) {
+    Edit(2, 2, Variant());
+    Edit(2, 3, 11);
+    for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
+        WhileShown([](frmUpload& form) { form.cmdOk_Click(); });
+        platform.answer = answer;
+        platform.messages.clear();
+        RunUpload();
+        EXPECT_EQ(
+            Messages(),
+            "This empties 1 of 4 values. The workbook may come from a table that was not complete. Empty them?\n");
+        const bool empties = answer == MessageAnswer::Yes;
+        EXPECT_EQ(Shown("COL1", "ROW1"), empties ? "" : "1234,5");
+        EXPECT_EQ(Shown("COL2", "ROW1"), empties ? "11" : "10");
+    }
+}
+
 TEST_F(UploadTest, SingleValueAnnouncesEachCell) {
     context.shared.settings.singleValue = 1;
     Edit(2, 2, 5);

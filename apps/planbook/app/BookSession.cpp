@@ -78,7 +78,8 @@ BookSession::~BookSession() = default;
 void BookSession::open(const std::filesystem::path& file) {
     const std::filesystem::path whole = std::filesystem::absolute(file);
     auto store = std::make_unique<BookStore>(BookStore::Open(whole));
-    book_ = store->Load();
+    book_ = store->LoadReadable();
+    report_ = store->Report();
     store_ = std::move(store);
     file_ = whole;
     snapshot_ = BookSnapshot(book_);
@@ -121,9 +122,11 @@ void BookSession::show() {
 // --- Saving
 
 void BookSession::valueChanged(CellPlace cell, const QString& columnKey, const QString& rowKey, const QVariant& value) {
-    const Variant before = snapshot_.ValueOf(cell);
-    announced_.cells.push_back({cell, before, toVariant(value)});
-    announced_.oldValues.push_back({cell, before});
+    if (!held_) {  // else the tables are compared at the end
+        const Variant before = snapshot_.ValueOf(cell);
+        announced_.cells.push_back({cell, before, toVariant(value)});
+        announced_.oldValues.push_back({cell, before});
+    }
     const std::string columnName = columnKey.toStdString();
     const std::string rowName = rowKey.toStdString();
     if (IsFixedCell(columnName, rowName)) {
@@ -148,7 +151,7 @@ void BookSession::severalAnnounced() {
 }
 
 void BookSession::tablesChanged() {
-    if (!isOpen() || afterwards_ != Afterwards::Nothing) {
+    if (!isOpen() || held_ || afterwards_ != Afterwards::Nothing) {
         return;  // the tables hold what the file refused
     }
     BookChanges changes = snapshot_.ChangesIn(book_);
@@ -157,6 +160,11 @@ void BookSession::tablesChanged() {
         return;
     }
     commit(changes);
+}
+
+bool BookSession::saveHeld() {
+    const BookChanges changes = snapshot_.ChangesIn(book_);
+    return changes.IsEmpty() || store_->WriteUnlessChanged(changes);
 }
 
 bool BookSession::commit(BookChanges& changes) {
@@ -203,6 +211,7 @@ void BookSession::decide(BookChanges& changes, const std::vector<CellConflict>& 
             }
             std::erase_if(changes.cells, isDisputed);
             std::erase_if(changes.oldValues, isDisputed);
+            gaveWay_ = true;
             afterwards(Afterwards::Reload, {});
         }
     }

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "book/Book.h"
 #include "book/BookChanges.h"
@@ -45,6 +46,14 @@ public:
     [[nodiscard]] const std::filesystem::path& file() const { return file_; }
     /// Its tables are those that the view shows.
     [[nodiscard]] const Book& book() const { return book_; }
+    /// What of the book could not be read and is missing in the view.
+    [[nodiscard]] const BookReport& report() const { return report_; }
+
+    /// From now on nothing is saved as it is done; to be called before a book is opened.
+    void holdChanges() { held_ = true; }
+    /// Saves what was held, in one transaction. False, and nothing is saved, when somebody else has changed the book
+    /// since it was opened. Throws BookError.
+    [[nodiscard]] bool saveHeld();
 
     void acceptChanges();
     /// Asks first.
@@ -59,6 +68,8 @@ public:
 
     /// Does at once what waits for the view to end what it is doing; false when something had failed.
     bool settle();
+    /// Whether values of this window gave way to another's since this was asked last.
+    [[nodiscard]] bool takeGaveWay() { return std::exchange(gaveWay_, false); }
 
     /// Looks whether another window has changed the book; also done once a second.
     void watch();
@@ -101,12 +112,15 @@ private:
     std::filesystem::path file_;
     std::unique_ptr<BookStore> store_;
     Book book_;
+    BookReport report_;
     BookSnapshot snapshot_;  // what the file held when this window last read or wrote it
     BookChanges announced_;  // of the action that is under way, cell by cell
     QTimer watch_;
     QTimer later_;
     bool changedElsewhere_ = false;
     std::optional<BookStore::Stamp> dismissed_;
+    bool held_ = false;
+    bool gaveWay_ = false;
     bool busy_ = false;  // while the user is being asked
     Afterwards afterwards_ = Afterwards::Nothing;
     QString failure_;

@@ -5,6 +5,7 @@
 #include <QCommandLineParser>
 #include <QRegularExpression>
 #include <array>
+#include <cstdio>
 
 namespace planbook {
 
@@ -89,8 +90,11 @@ void RefuseTogether(const QCommandLineParser& parser, const char* option, const 
 }
 
 void CheckCombination(const QCommandLineParser& parser) {
-    for (const char* option : {Names, Decimal, Force}) {
+    for (const char* option : {Names, Decimal}) {
         RequireWith(parser, option, Import);
+    }
+    if (!parser.isSet(Upload)) {
+        RequireWith(parser, Force, Import);
     }
     for (const char* option : {Size, Scale}) {
         RequireWith(parser, option, Screenshot);
@@ -146,6 +150,7 @@ ExchangeRequest ReadExchange(const QCommandLineParser& parser, const char* optio
     request.book = ToPath(parser.positionalArguments().first());
     request.printSetup = parser.isSet(PrintSetup);
     request.dryRun = parser.isSet(DryRun);
+    request.force = parser.isSet(Force);
     return request;
 }
 
@@ -240,6 +245,7 @@ Import: the first column of DATA.csv holds the periods, every further one a line
 Workbooks:
   --print-setup       the download prints landscape, with its captions on every page
   --dry-run           the upload only lists what it would change
+  --force             the upload may empty more than a tenth of the values
 
 Macro: prints each cell that changed. With an unknown NAME it lists those of the book.
   --line CAPTION      on this line, where the macro is for the selected line or about one
@@ -255,9 +261,19 @@ View:
 Macros, pictures, traces and workbooks need no display; a trace without a display ends by itself.
 
 Exit codes: 0 done; 1 failed, the message says what, where and what now; 2 a command
-line that cannot be understood; 3 an upload that some values were left out of, or would
-be, because they are refused or do not match. A failure changes no file.
+line that cannot be understood; 3 done, but not with everything: an upload that some
+values were left out of, or would be, because they are refused or do not match, or a book
+of which something could not be read; the message names each place. A failure changes no
+file.
 )");
+}
+
+ExitCode TellReport(const std::filesystem::path& book, const BookReport& report) {
+    if (report.IsWhole()) {
+        return ExitCode::Done;
+    }
+    std::fputs(ReportText(book, report).c_str(), stderr);
+    return ExitCode::Partly;
 }
 
 }  // namespace planbook

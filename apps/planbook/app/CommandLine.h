@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "book/BookCheck.h"
 #include "import/Import.h"
 
 namespace planbook {
@@ -42,6 +43,7 @@ struct ExchangeRequest {
     std::filesystem::path book;
     bool printSetup = false;  ///< of a download
     bool dryRun = false;      ///< of an upload: only says what it would do
+    bool force = false;       ///< of an upload: may empty much
 };
 
 /// A macro or recording to run in a book, without a window.
@@ -66,5 +68,8 @@ struct CommandLine {
 [[nodiscard]] CommandLine ParseCommandLine(const QStringList& arguments);
 
 [[nodiscard]] QString HelpText();
+
+/// Tells, on the error output, what of a book could not be read.
+[[nodiscard]] ExitCode TellReport(const std::filesystem::path& book, const BookReport& report);
 
 }  // namespace planbook

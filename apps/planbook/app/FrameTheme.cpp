@@ -52,12 +52,12 @@ FrameTheme FrameTheme::make(bool dark) {
         "QStatusBar QLabel, #findOutcome { color: %5; }"
         "#selection { padding-right: 8px; }"
         "#findBar { background: %1; border-bottom: 1px solid %3; }"
-        "#noticeBar { background: %4; border-top: 1px solid %3; }"
-        "QStatusBar QToolButton, #findBar QToolButton, #noticeBar QToolButton"
+        "planbook--NoticeBar { background: %4; border-top: 1px solid %3; }"
+        "QStatusBar QToolButton, #findBar QToolButton, planbook--NoticeBar QToolButton"
         " { color: %6; background: transparent; border: 1px solid transparent; border-radius: 4px; padding: 1px 6px; }"
         "QStatusBar QToolButton:hover, #findBar QToolButton:hover { background: %4; }"
-        "QStatusBar QToolButton:focus, #findBar QToolButton:focus, #noticeBar QToolButton:focus,"
-        " #noticeBar QToolButton:hover { border-color: %6; }"
+        "QStatusBar QToolButton:focus, #findBar QToolButton:focus, planbook--NoticeBar QToolButton:focus,"
+        " planbook--NoticeBar QToolButton:hover { border-color: %6; }"
         "#findBar QLineEdit { background: %7; color: %2; border: 1px solid %3; border-radius: 4px; padding: 2px 5px; }"
         "#findBar QLineEdit:focus { border-color: %6; }";
     theme.styleSheet = styleSheet.arg(c.panel.name(), c.text.name(), c.line.name(), c.accentTint.name(), c.muted.name(),

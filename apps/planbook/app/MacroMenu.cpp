@@ -151,9 +151,16 @@ void MacroMenu::runThere(const MacroEntry& macro, Where where) {
     if (!session_.isOpen()) {
         return;
     }
+    static_cast<void>(session_.takeGaveWay());
     const MacroResult result = view_.runMacro(toQt(macro.key), where == Where::SelectedLine);
     if (result.done) {
-        Q_EMIT ran(toQt(macro.name + ": " + result.message));
+        session_.saveTables();
+        if (session_.settle()) {  // else the user has been told that nothing is saved
+            Q_EMIT ran(toQt(macro.name + ": ") +
+                       (session_.takeGaveWay()
+                            ? QString("where another window changed the same cells, its values stay.")
+                            : toQt(result.message)));
+        }
     } else if (!result.message.empty()) {
         questions_.tellFailure(QString("\"%1\" was not run.\n\n%2").arg(toQt(macro.name), toQt(result.message)));
     }

@@ -12,8 +12,11 @@
 #include "app/FindBar.h"
 #include "app/MacroMenu.h"
 #include "app/MainWindow.h"
+#include "app/OutputFile.h"
+#include "app/Questions.h"
 #include "app/RecentBooks.h"
 #include "app/StatusLine.h"
+#include "book/BookError.h"
 
 namespace planbook {
 
@@ -117,8 +120,18 @@ void MainWindow::saveChart() {
     if (path.isEmpty()) {
         return;
     }
-    if (const QString error = view_->saveChart(path); !error.isEmpty()) {
+    QString error;
+    try {
+        CheckOutput(path.toStdString());
+        error = view_->saveChart(path);
+    } catch (const BookError& refusal) {
+        error = QString::fromUtf8(refusal.what());
+    }
+    if (!error.isEmpty()) {
         QMessageBox::warning(this, windowTitle(), error);
+    } else if (!session_->report().IsWhole()) {
+        questions_.tell("The chart was saved, but of an incomplete book. " +
+                        QString::fromStdString(session_->report().Headline()));
     }
 }
 

@@ -13,6 +13,7 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include <planview/Trace.h>
 #include <planview/Version.h>
 #include <planview/qt/PlanViewWidget.h>
 
@@ -22,11 +23,13 @@
 #include "app/HostMenus.h"
 #include "app/MacroMenu.h"
 #include "app/NoticeBar.h"
+#include "app/OutputFile.h"
 #include "app/Questions.h"
 #include "app/RecentBooks.h"
 #include "app/StatusLine.h"
 #include "book/BookError.h"
 #include "exchange/SpreadsheetObject.h"
+#include "exchange/WorkbookExchange.h"
 
 namespace planbook {
 
@@ -48,7 +51,8 @@ MainWindow::MainWindow(planview::MessageBoxes& messageBoxes, bool trace, Questio
       hostMenus_(new HostMenus(*view_, *session_, questions_, this)),
       recent_(new RecentBooks(this)),
       pages_(new QStackedWidget(this)),
-      desktopIsDark_(isDark(QApplication::palette())) {
+      desktopIsDark_(isDark(QApplication::palette())),
+      traceIsSaved_(trace) {
     RegisterSpreadsheet(view_->objects());
     if (trace) {
         view_->plv_EnableTrace();
@@ -94,6 +98,10 @@ QWidget* MainWindow::buildBookPage() {
                            [this] {
                                return CellKeys{view_->currentColumn(), view_->currentRow()};
                            });
+    faultNotice_ = new NoticeBar(QString(), "Which…");
+    faultNotice_->setObjectName("faultNotice");
+    faultNotice_->findChild<QWidget*>("noticeAction")->setObjectName("noticeActionOfFaults");
+    faultNotice_->hide();
     changedNotice_->hide();
     findBar_->hide();
     auto* layout = new QVBoxLayout(page);
@@ -103,6 +111,9 @@ QWidget* MainWindow::buildBookPage() {
     layout->addWidget(view_, 1);
     // Below: it comes unasked, and must not move the cells from under the pointer.
     layout->addWidget(changedNotice_);
+    layout->addWidget(faultNotice_);
+    connect(faultNotice_, &NoticeBar::actionPressed, this, &MainWindow::tellFaults);
+    connect(faultNotice_, &NoticeBar::dismissed, faultNotice_, &QWidget::hide);
     connect(changedNotice_, &NoticeBar::actionPressed, this, &MainWindow::reload);
     connect(changedNotice_, &NoticeBar::dismissed, session_, &BookSession::dismissChange);
     connect(findBar_, &FindBar::found, view_, &PlanViewWidget::selectCell);
@@ -164,12 +175,36 @@ bool MainWindow::mayLeaveBook() {
     return finishWork() && macros_->leaveRecording();
 }
 
+bool MainWindow::mayLeaveTrace() {
+    if (traceIsSaved_ || !planview::TraceIsOn()) {
+        return true;
+    }
+    const Questions::OfRecording what = questions_.whatOfTrace();
+    if (what != Questions::OfRecording::Keep) {
+        return what == Questions::OfRecording::Discard;
+    }
+    const std::optional<QString> file = questions_.chooseTraceFile("planbook-trace.log");
+    if (!file) {
+        return false;
+    }
+    try {
+        WriteTrace(file->toStdString());
+    } catch (const BookError& error) {
+        questions_.tellFailure(QString::fromUtf8(error.what()));
+        return false;
+    }
+    return true;
+}
+
 void MainWindow::bookOpened() {
     const QString name = toQt(session_->file().stem());
-    setWindowTitle(name + (session_->isReadOnly() ? " (read-only)" : "") + "[*] – planbook");
+    setWindowTitle(name + (session_->isReadOnly() ? " (read-only)" : "") +
+                   (session_->report().IsWhole() ? "" : " (incomplete)") + "[*] – planbook");
     setWindowFilePath(toQt(session_->file()));
     bookActions_->setEnabled(true);
     proposeWorkbook();
+    faultNotice_->setText(QString::fromStdString(session_->report().Headline()));
+    faultNotice_->setVisible(!session_->report().IsWhole());
     pages_->setCurrentWidget(bookPage_);
     status_->show();
     status_->setReadOnly(session_->isReadOnly());
@@ -184,6 +219,7 @@ void MainWindow::proposeWorkbook() {
     planview::SpreadsheetOptions options = view_->spreadsheetOptions();
     options.folder = session_->file().parent_path().string();
     options.fileName = session_->file().stem().string() + ".xlsx";
+    options.mark = WorkbookMark(session_->report());
     view_->setSpreadsheetOptions(options);
 }
 
@@ -200,7 +236,7 @@ void MainWindow::showEvent(QShowEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    event->setAccepted(mayLeaveBook());
+    event->setAccepted(mayLeaveBook() && mayLeaveTrace());
 }
 
 // --- While a book is open
@@ -211,6 +247,14 @@ void MainWindow::pendingChanged(int count) {
     const bool may = count > 0 && !session_->isReadOnly();
     acceptAction_->setEnabled(may);
     revertAction_->setEnabled(may);
+}
+
+void MainWindow::tellFaults() {
+    constexpr std::size_t MostInMessage = 20;
+    const BookReport& report = session_->report();
+    questions_.tell(QString::fromStdString(report.Headline() + "\n\n" + report.List(MostInMessage) +
+                                           "\n\nEverything else is shown. A workbook made of this book says that it "
+                                           "is incomplete. Mend these places, or take the book from a backup."));
 }
 
 void MainWindow::startToFind() {

@@ -76,6 +76,9 @@ private:
     void proposeWorkbook();
     void remember();
     void pendingChanged(int count);
+    void tellFaults();
+    /// Asks what becomes of a trace that nobody has saved.
+    bool mayLeaveTrace();
     void startToFind();
     void showAbout();
 
@@ -89,6 +92,7 @@ private:
     QStackedWidget* pages_;
     QWidget* bookPage_ = nullptr;
     NoticeBar* changedNotice_ = nullptr;
+    NoticeBar* faultNotice_ = nullptr;
     FindBar* findBar_ = nullptr;
     StatusLine* status_ = nullptr;
     QActionGroup* bookActions_ = nullptr;  // for those that need a book
@@ -96,6 +100,7 @@ private:
     QAction* revertAction_ = nullptr;
     QActionGroup* schemes_ = nullptr;
     bool desktopIsDark_;
+    bool traceIsSaved_;  // by whoever made the window
 };
 
 }  // namespace planbook

@@ -7,7 +7,8 @@
 
 namespace planbook {
 
-NoticeBar::NoticeBar(const QString& text, const QString& action, QWidget* parent) : QWidget(parent) {
+NoticeBar::NoticeBar(const QString& text, const QString& action, QWidget* parent)
+    : QWidget(parent), text_(new QLabel(text)) {
     setObjectName("noticeBar");
     setAttribute(Qt::WA_StyledBackground);
     auto* button = new QToolButton;
@@ -24,12 +25,16 @@ NoticeBar::NoticeBar(const QString& text, const QString& action, QWidget* parent
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 3, 8, 3);
     layout->setSpacing(6);
-    layout->addWidget(new QLabel(text));
+    layout->addWidget(text_);
     layout->addWidget(button);
     layout->addStretch();
     layout->addWidget(end);
     connect(button, &QToolButton::clicked, this, &NoticeBar::actionPressed);
     connect(end, &QToolButton::clicked, this, &NoticeBar::dismissed);
+}
+
+void NoticeBar::setText(const QString& text) {
+    text_->setText(text);
 }
 
 }  // namespace planbook

@@ -14,9 +14,14 @@ class NoticeBar : public QWidget {
 public:
     NoticeBar(const QString& text, const QString& action, QWidget* parent = nullptr);
 
+    void setText(const QString& text);
+
 Q_SIGNALS:
     void actionPressed();
     void dismissed();
+
+private:
+    QLabel* text_;
 };
 
 }  // namespace planbook

@@ -2,6 +2,7 @@
 #include "app/Questions.h"
 
 #include <QComboBox>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -115,18 +116,31 @@ std::optional<QString> QuestionWindows::askName(const QString& text, const QStri
     return ok ? std::optional(name) : std::nullopt;
 }
 
-Questions::OfRecording QuestionWindows::whatOfRecording(int steps) {
-    QMessageBox box(
-        QMessageBox::Question, "planbook",
-        QString("A recording of %1 is running.\nIt ends when the book is left.").arg(counted(steps, "step")),
-        QMessageBox::Cancel, parent_);
-    QPushButton* keep = box.addButton("Keep…", QMessageBox::AcceptRole);
+/// Keep, Discard or Cancel.
+Questions::OfRecording QuestionWindows::askWhatOf(const QString& text, const QString& keepCaption) {
+    QMessageBox box(QMessageBox::Question, "planbook", text, QMessageBox::Cancel, parent_);
+    QPushButton* keep = box.addButton(keepCaption, QMessageBox::AcceptRole);
     const QPushButton* discard = box.addButton("Discard", QMessageBox::DestructiveRole);
     box.setDefaultButton(keep);
     box.exec();
     return box.clickedButton() == keep      ? OfRecording::Keep
            : box.clickedButton() == discard ? OfRecording::Discard
                                             : OfRecording::GoOn;
+}
+
+Questions::OfRecording QuestionWindows::whatOfRecording(int steps) {
+    return askWhatOf(
+        QString("A recording of %1 is running.\nIt ends when the book is left.").arg(counted(steps, "step")), "Keep…");
+}
+
+Questions::OfRecording QuestionWindows::whatOfTrace() {
+    return askWhatOf("The trace is on, and what it holds has not been saved.\nIt is lost when planbook ends.", "Save…");
+}
+
+std::optional<QString> QuestionWindows::chooseTraceFile(const QString& suggested) {
+    const QString name =
+        QFileDialog::getSaveFileName(parent_, "Save the trace as", suggested, "Traces (*.log *.txt);;All files (*)");
+    return name.isEmpty() ? std::nullopt : std::optional(name);
 }
 
 bool QuestionWindows::mayDiscardRecording(int steps) {

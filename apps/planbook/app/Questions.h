@@ -40,6 +40,10 @@ public:
     /// GoOn: the book stays, and the recording runs on.
     [[nodiscard]] virtual OfRecording whatOfRecording(int steps) = 0;
     [[nodiscard]] virtual bool mayDiscardRecording(int steps) = 0;
+    /// What becomes of a trace that runs while the window is to be closed. GoOn: the window stays.
+    [[nodiscard]] virtual OfRecording whatOfTrace() = 0;
+    /// The file to write it into; none when the user wants no longer to.
+    [[nodiscard]] virtual std::optional<QString> chooseTraceFile(const QString& suggested) = 0;
 };
 
 /// Asks in windows.
@@ -57,8 +61,12 @@ public:
     [[nodiscard]] std::optional<QString> askName(const QString& text, const QString& suggested) override;
     [[nodiscard]] OfRecording whatOfRecording(int steps) override;
     [[nodiscard]] bool mayDiscardRecording(int steps) override;
+    [[nodiscard]] OfRecording whatOfTrace() override;
+    [[nodiscard]] std::optional<QString> chooseTraceFile(const QString& suggested) override;
 
 private:
+    [[nodiscard]] OfRecording askWhatOf(const QString& text, const QString& keepCaption);
+
     QWidget* parent_;
     double percent_ = 5;
 };

@@ -28,6 +28,8 @@ using planview::Variant;
 
 namespace {
 
+constexpr std::size_t MostFaults = 20;
+
 /// Nobody is there to be asked: what would be told is kept, and every question is answered so that nothing is lost.
 class NoQuestions final : public Questions {
 public:
@@ -45,6 +47,8 @@ public:
     }
     [[nodiscard]] OfRecording whatOfRecording(int /*steps*/) override { return OfRecording::GoOn; }
     [[nodiscard]] bool mayDiscardRecording(int /*steps*/) override { return false; }
+    [[nodiscard]] OfRecording whatOfTrace() override { return OfRecording::GoOn; }
+    [[nodiscard]] std::optional<QString> chooseTraceFile(const QString& /*suggested*/) override { return std::nullopt; }
 
     std::string failure;
 };
@@ -119,23 +123,25 @@ void PrintChanges(const Values& before, const Book& book) {
     }
 }
 
-}  // namespace
+enum class Outcome { Stored, ChangedElsewhere };
 
-void RunMacro(int& argc, char** argv, const MacroRequest& request) {
-    constexpr const char* PlatformVariable = "QT_QPA_PLATFORM";
-    if (!qEnvironmentVariableIsSet(PlatformVariable)) {
-        qputenv(PlatformVariable, "offscreen");
-    }
-    qInstallMessageHandler(writeQtMessage);
-    const QApplication application(argc, argv);
-    HostMessageBoxes messageBoxes;  // without a window: answered as nobody would
+/// One run. What it changes is stored as a whole, and only when nobody has changed the book since it was read: a macro
+/// that calculated with older values would take another program's change back.
+Outcome TryToRun(const MacroRequest& request, planview::MessageBoxes& messageBoxes, ExitCode& code) {
     NoQuestions questions;
     planview::PlanViewWidget view(planview::Platform{.messageBoxes = &messageBoxes});
     BookSession session(view, questions);
+    session.holdChanges();
     session.open(request.book);
+    if (session.report().LosesValues()) {
+        Refuse(request, "it would calculate with incomplete figures. " + session.report().Headline() + "\n" +
+                            session.report().List(MostFaults) + "\nMend these places first. Nothing was changed.");
+    }
     const MacroEntry macro = MacroFor(request, session.book());
     if (session.isReadOnly()) {
-        Refuse(request, "the book cannot be written. Check your access to the file and its folder.");
+        Refuse(request,
+               "the book cannot be written. Check your access to the file and its folder, and "
+               "that its name has at most 247 bytes.");
     }
     const Values before = ValuesOf(session.book());
     if (request.line) {
@@ -146,17 +152,39 @@ void RunMacro(int& argc, char** argv, const MacroRequest& request) {
                             ListOf(LineCaptions(session.book()), "none."));
     }
     const planview::MacroResult result = view.runMacro(QString::fromStdString(macro.key), request.line.has_value());
-    if (result.done) {
-        session.saveTables();
-    }
-    if (!session.settle() || !questions.failure.empty()) {
-        Refuse(request, questions.failure.empty() ? "the changes could not be saved." : questions.failure);
+    if (!questions.failure.empty()) {
+        Refuse(request, questions.failure);
     }
     if (!result.done) {
         Refuse(request, result.message);
     }
+    if (!session.saveHeld()) {
+        return Outcome::ChangedElsewhere;
+    }
     PrintChanges(before, session.book());
     std::printf("%s: %s\n", macro.name.c_str(), result.message.c_str());
+    code = TellReport(request.book, session.report());
+    return Outcome::Stored;
+}
+
+}  // namespace
+
+ExitCode RunMacro(int& argc, char** argv, const MacroRequest& request) {
+    constexpr const char* PlatformVariable = "QT_QPA_PLATFORM";
+    if (!qEnvironmentVariableIsSet(PlatformVariable)) {
+        qputenv(PlatformVariable, "offscreen");
+    }
+    qInstallMessageHandler(writeQtMessage);
+    const QApplication application(argc, argv);
+    HostMessageBoxes messageBoxes;  // without a window: answered as nobody would
+    constexpr int MostTries = 20;
+    for (int tries = 0; tries < MostTries; ++tries) {
+        ExitCode code = ExitCode::Done;
+        if (TryToRun(request, messageBoxes, code) == Outcome::Stored) {
+            return code;
+        }
+    }
+    Refuse(request, "other programs kept changing the book. Nothing was stored; try again when they are done.");
 }
 
 }  // namespace planbook

@@ -2,19 +2,20 @@
 #include "app/RunView.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QByteArray>
 #include <QIcon>
 #include <QImage>
-#include <QSaveFile>
 #include <QScreen>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
+#include <ostream>
 #include <string>
 
-#include <planview/Trace.h>
-
+#include "app/BookSession.h"
 #include "app/HostMessageBoxes.h"
 #include "app/MainWindow.h"
+#include "app/OutputFile.h"
 #include "app/QtMessages.h"
 #include "book/BookError.h"
 
@@ -26,6 +27,10 @@ constexpr QSize FrameRoom(16, 48);  // for the window's frame on a small screen
 constexpr const char* PlatformVariable = "QT_QPA_PLATFORM";
 
 bool hasDisplay() {
+    const QByteArray name = qgetenv(PlatformVariable).split(':').first();
+    if (name == "offscreen" || name == "minimal") {
+        return false;  // nobody could close the window
+    }
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
            qEnvironmentVariableIsSet(PlatformVariable);
 }
@@ -35,7 +40,8 @@ bool chooseScreen(const ViewRequest& request) {
     const bool onScreen = hasDisplay() && !request.screenshot;
     if (!onScreen && !request.screenshot && !request.trace) {
         throw BookError(
-            "Cannot open a window: there is no display (neither DISPLAY nor WAYLAND_DISPLAY is set). Start planbook on "
+            "Cannot open a window: there is no display (neither DISPLAY nor WAYLAND_DISPLAY is set, or QT_QPA_PLATFORM "
+            "names a platform without one). Start planbook on "
             "a desktop, or write a picture: planbook --screenshot PICTURE.png BOOK");
     }
     if (!onScreen && !qEnvironmentVariableIsSet(PlatformVariable)) {
@@ -63,40 +69,25 @@ void reportMessage(QtMsgType type, const QMessageLogContext& context, const QStr
     writeQtMessage(type, context, text);
 }
 
-/// An output must not destroy the book that it is about.
-void checkOutput(const std::optional<std::filesystem::path>& output, const ViewRequest& request) {
-    std::error_code ignored;
-    if (output && request.book && std::filesystem::equivalent(*output, *request.book, ignored)) {
-        throw BookError("Cannot write \"" + output->string() + "\": it is the book. Choose another name.");
-    }
-}
-
 void savePicture(MainWindow& window, const ViewRequest& request) {
     QApplication::processEvents();  // what the window works out a moment later belongs into the picture, too
     const QImage picture = window.grab().toImage();
-    const QString name = QString::fromStdString(request.screenshot->string());
-    QSaveFile file(name);
-    if (!file.open(QIODevice::WriteOnly) || !picture.save(&file, "PNG") || !file.commit()) {
-        throw BookError("Cannot write the picture \"" + request.screenshot->string() +
-                        "\": " + file.errorString().toStdString() + ". Check the name and your access to the folder.");
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly) || !picture.save(&buffer, "PNG")) {
+        throw BookError("The picture \"" + request.screenshot->string() + "\" could not be made.");
     }
-}
-
-void saveTrace(const std::filesystem::path& name) {
-    std::ofstream file(name, std::ios::binary | std::ios::trunc);
-    planview::WriteTraceLog(file);
-    file.close();
-    if (!file) {
-        throw BookError("Cannot write the trace \"" + name.string() +
-                        "\". Check the name, your access to the folder and the room on the disk.");
-    }
+    WriteOutput(*request.screenshot, [&](std::ostream& file) { file.write(bytes.constData(), bytes.size()); });
 }
 
 }  // namespace
 
-void RunView(int& argc, char** argv, const ViewRequest& request) {
-    checkOutput(request.screenshot, request);
-    checkOutput(request.trace, request);
+ExitCode RunView(int& argc, char** argv, const ViewRequest& request) {
+    for (const std::optional<std::filesystem::path>& output : {request.screenshot, request.trace}) {
+        if (output) {
+            CheckOutput(*output);
+        }
+    }
     const bool onScreen = chooseScreen(request);
 
     qInstallMessageHandler(reportMessage);
@@ -124,8 +115,10 @@ void RunView(int& argc, char** argv, const ViewRequest& request) {
         messageBoxes.setParent(nullptr);
     }
     if (request.trace) {
-        saveTrace(*request.trace);
+        WriteTrace(*request.trace);
     }
+    // The window has told it.
+    return request.book && !onScreen ? TellReport(*request.book, window.session().report()) : ExitCode::Done;
 }
 
 }  // namespace planbook

@@ -1,8 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "book/BookConnection.h"
 
+#include <QSqlDriver>
 #include <QSqlRecord>
+#include <QVariant>
 #include <atomic>
+#include <cstdint>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+#include <sqlite3.h>
 
 #include "book/BookError.h"
 
@@ -11,6 +19,22 @@ namespace planbook {
 namespace {
 
 constexpr int BusyTimeoutMilliseconds = 2000;
+
+/// The longest field, in bytes; a view takes a small part of it.
+constexpr int MaxFieldLength = 16 * 1024 * 1024;
+
+// The largest book takes some millions of steps to be checked and read; another program's tables in the file take more
+// the larger it is.
+constexpr long long FreeSteps = 50'000'000;
+constexpr long long StepsPerByte = 10;
+constexpr int StepsAtOnce = 10'000;
+
+/// For SQLite: takes off what was done, and answers whether to end.
+int CountSteps(void* left) {
+    long long& steps = *static_cast<long long*>(left);
+    steps -= StepsAtOnce;
+    return steps < 0 ? 1 : 0;
+}
 
 const char* Name(BookConnection::Work work) {
     switch (work) {
@@ -39,6 +63,7 @@ enum SqliteCode {
     Busy = 5,
     Locked = 6,
     ReadOnly = 8,
+    Interrupted = 9,
     InputOutput = 10,
     Corrupt = 11,
     Full = 13,
@@ -61,6 +86,9 @@ std::string WhatNow(const QSqlError& error) {
         case ReadOnly:
         case CannotOpen:
             return "Check your access to the file and its folder.";
+        case Interrupted:
+            return "It takes more steps than a book of its size can need, so it was not made by planbook. Do not use "
+                   "it.";
         case InputOutput:
             return "Check the medium it is on and the room there.";
         case Corrupt:
@@ -87,11 +115,55 @@ BookConnection::BookConnection(const std::filesystem::path& file, Access access)
         QSqlDatabase::removeDatabase(name_);
         Fail(Work::Open, error);
     }
-    if (access == Access::ReadWrite) {
-        // What was committed is on the disk, and the journal's end too, whatever happens to the machine afterwards.
-        // The rollback journal (and not a write-ahead log) keeps a book one file that can be copied.
-        Run(Work::Open, "PRAGMA synchronous = EXTRA");
+    try {
+        Harden();
+        if (access == Access::ReadWrite) {
+            // What was committed is on the disk, and the journal's end too, whatever happens to the machine afterwards.
+            // The rollback journal (and not a write-ahead log) keeps a book one file that can be copied.
+            Run(Work::Open, "PRAGMA synchronous = EXTRA");
+        }
+    } catch (const BookError&) {
+        database = QSqlDatabase();
+        QSqlDatabase::removeDatabase(name_);
+        throw;
     }
+}
+
+void BookConnection::Harden() {
+    const QVariant handle = Database().driver()->handle();
+    if (handle.isValid() && std::string_view(handle.typeName()) == "sqlite3*") {
+        handle_ = *static_cast<sqlite3* const*>(handle.constData());
+    }
+    // Qt may bring an SQLite of its own, whose connections this program's one must not touch.
+    QSqlQuery source(Database());
+    if (!handle_ || !source.exec("SELECT sqlite_source_id()") || !source.next() ||
+        source.value(0).toString() != sqlite3_sourceid()) {
+        Refuse(Work::Open,
+               "planbook and Qt use different versions of SQLite, so that a book cannot be opened safely. Install both "
+               "from one source.");
+    }
+    for (const auto& [option, value] : {std::pair(SQLITE_DBCONFIG_DEFENSIVE, 1),
+                                        {SQLITE_DBCONFIG_ENABLE_TRIGGER, 0},
+                                        {SQLITE_DBCONFIG_ENABLE_VIEW, 0},
+                                        {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0}}) {
+        if (sqlite3_db_config(handle_, option, value, nullptr) != SQLITE_OK) {
+            Refuse(Work::Open,
+                   "this SQLite cannot be told to run nothing of a stranger's file. Install version 3.31 "
+                   "or a later one.");
+        }
+    }
+    sqlite3_limit(handle_, SQLITE_LIMIT_LENGTH, MaxFieldLength);
+}
+
+BookConnection::StepLimit::StepLimit(const BookConnection& connection) : handle_(connection.handle_) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(connection.file_, error);
+    left_ = FreeSteps + (error ? 0 : static_cast<long long>(size) * StepsPerByte);
+    sqlite3_progress_handler(handle_, StepsAtOnce, &CountSteps, &left_);
+}
+
+BookConnection::StepLimit::~StepLimit() {
+    sqlite3_progress_handler(handle_, 0, nullptr, nullptr);
 }
 
 BookConnection::~BookConnection() {
@@ -114,6 +186,24 @@ QSqlQuery BookConnection::Prepare(Work work, const QString& statement) const {
         Fail(work, query.lastError());
     }
     return query;
+}
+
+void BookConnection::CheckKinds() const {
+    // A virtual table has no page of its own.
+    QSqlQuery objects =
+        Run(Work::Open,
+            "SELECT upper(name), type FROM sqlite_master WHERE type = 'view' OR type = 'table' AND rootpage = 0");
+    while (objects.next()) {
+        const std::string name = objects.value(0).toString().toStdString();
+        for (const TableDescription& table : BookSchema()) {
+            if (name == table.name) {
+                const bool isView = objects.value(1).toString() == "view";
+                Refuse(Work::Open, std::string(isView ? "a view" : "a virtual table") +
+                                       " stands in the place of the table " + name +
+                                       ", so it was not made by planbook. Do not use it.");
+            }
+        }
+    }
 }
 
 void BookConnection::CheckTable(const TableDescription& table, std::int32_t version) const {

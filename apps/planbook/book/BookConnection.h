@@ -11,9 +11,14 @@
 
 #include "book/BookSchema.h"
 
+struct sqlite3;
+
 namespace planbook {
 
 /// One SQLite connection to one file, closed at its end. Whatever fails throws BookError.
+///
+/// Books come from strangers: nothing that a file brings along runs. Triggers and views are off, functions in its
+/// schema are those that are harmless, and no field is longer than a book can need.
 class BookConnection {
 public:
     enum class Access { ReadOnly, ReadWrite };
@@ -29,6 +34,9 @@ public:
     QSqlQuery Run(Work work, const QString& statement) const;
     [[nodiscard]] QSqlQuery Prepare(Work work, const QString& statement) const;
 
+    /// Throws unless the tables of the schema are ordinary tables or missing: a view in the place of one calculates for
+    /// as long as its maker likes.
+    void CheckKinds() const;
     /// Throws unless the table is there with all the fields that a book of this version has.
     void CheckTable(const TableDescription& table, std::int32_t version) const;
 
@@ -41,11 +49,27 @@ public:
 
     [[nodiscard]] QSqlDatabase Database() const;
 
+    /// Ends what runs on the connection, with an error, once it has taken far more steps than a file of this size can
+    /// need.
+    class StepLimit {
+    public:
+        explicit StepLimit(const BookConnection& connection);
+        ~StepLimit();
+        StepLimit(const StepLimit&) = delete;
+        StepLimit& operator=(const StepLimit&) = delete;
+
+    private:
+        sqlite3* handle_;
+        long long left_;
+    };
+
 private:
+    void Harden();
     void SetBusyTimeout(int milliseconds) const;
 
     std::filesystem::path file_;
     QString name_;
+    sqlite3* handle_ = nullptr;  // of Qt's connection
 };
 
 /// A transaction that rolls back unless it was committed. One that writes has the book for itself from its beginning

@@ -82,4 +82,13 @@ void CheckBookHeader(const std::filesystem::path& file) {
     }
 }
 
+bool IsBookFile(const std::filesystem::path& file) {
+    try {
+        CheckBookHeader(file);
+        return true;
+    } catch (const BookError&) {
+        return false;
+    }
+}
+
 }  // namespace planbook

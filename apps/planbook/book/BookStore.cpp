@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QTemporaryFile>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "book/BookConnection.h"
@@ -51,9 +52,16 @@ qint64 BirthOf(const std::filesystem::path& file) {
     return born.isValid() ? born.toMSecsSinceEpoch() : 0;
 }
 
+constexpr std::size_t FaultsInMessage = 5;
+
 /// Whether the process as it runs now may write the file and beside it, where SQLite keeps its journal. Tried, not
 /// asked: permissions do not tell of read-only disks and of who one is just now.
 bool MayWrite(const std::filesystem::path& file) {
+    std::error_code error;
+    static_cast<void>(std::filesystem::symlink_status(file.string() + "-journal", error));  // too long a name?
+    if (error == std::errc::filename_too_long) {
+        return false;
+    }
     if (!QFile(QString::fromStdString(file.string())).open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) {
         return false;
     }
@@ -93,6 +101,8 @@ BookStore BookStore::Open(const std::filesystem::path& file) {
     // A book that may be written is opened for that, so that SQLite can undo what a killed process left half done.
     const bool writable = MayWrite(std::filesystem::absolute(file));
     auto connection = std::make_unique<BookConnection>(file, writable ? Access::ReadWrite : Access::ReadOnly);
+    const BookConnection::StepLimit limit(*connection);
+    connection->CheckKinds();
 
     QSqlQuery check = connection->Run(Work::Open, "PRAGMA quick_check(1)");
     const QString answer = check.next() ? check.value(0).toString() : QString("no answer");
@@ -133,6 +143,8 @@ BookStore BookStore::Create(const std::filesystem::path& file) {
 
 Book BookStore::Load() {
     Book book;
+    report_ = {};
+    const BookConnection::StepLimit limit(*connection_);
     // One transaction, so that all tables are of the same moment.
     const BookTransaction moment(*connection_, Work::Read);
     const std::int32_t version = VersionOf(*connection_);
@@ -164,6 +176,12 @@ Book BookStore::Load() {
     return book;
 }
 
+Book BookStore::LoadReadable() {
+    Book book = Load();
+    report_ = MakeReadable(book);
+    return book;
+}
+
 void BookStore::Save(const Book& book, std::span<const BookTable> tables) {
     BookTransaction transaction(*connection_, Work::Write);
     for (const BookTable which : tables) {
@@ -173,7 +191,41 @@ void BookStore::Save(const Book& book, std::span<const BookTable> tables) {
 }
 
 std::vector<CellConflict> BookStore::Write(const BookChanges& changes) {
-    return WriteChanges(*connection_, changes);
+    BookTransaction transaction(*connection_, Work::Write);
+    std::vector<CellConflict> conflicts = WriteChanges(*connection_, ForFile(changes));
+    if (conflicts.empty()) {
+        transaction.Commit();
+    }
+    return conflicts;
+}
+
+bool BookStore::WriteUnlessChanged(const BookChanges& changes) {
+    BookTransaction transaction(*connection_, Work::Write);
+    if (IsChangedElsewhere() || !WriteChanges(*connection_, ForFile(changes)).empty()) {
+        return false;
+    }
+    transaction.Commit();
+    return true;
+}
+
+BookChanges BookStore::ForFile(const BookChanges& changes) const {
+    BookChanges inFile = changes;
+    for (TableEdits& edits : inFile.tables) {
+        if (edits.allRows && report_.Concerns(edits.table)) {
+            connection_->Refuse(Work::Write, "parts of the table " + std::string(Describe(edits.table).name) +
+                                                 " cannot be read, and writing its rows anew would lose them. Mend "
+                                                 "them first:\n" +
+                                                 report_.List(FaultsInMessage));
+        }
+        const std::vector<std::size_t>& leftOut = report_.LeftOut(edits.table);
+        edits.rowCount += leftOut.size();
+        for (FieldEdit& edit : edits.fields) {
+            for (const std::size_t row : leftOut) {
+                edit.row += row <= edit.row ? 1U : 0U;
+            }
+        }
+    }
+    return inFile;
 }
 
 BookStore::Stamp BookStore::CurrentStamp() const {

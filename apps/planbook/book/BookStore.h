@@ -10,6 +10,7 @@
 
 #include "book/Book.h"
 #include "book/BookChanges.h"
+#include "book/BookCheck.h"
 
 namespace planbook {
 
@@ -34,7 +35,12 @@ public:
     /// The file or the folder does not let the user write.
     [[nodiscard]] bool IsReadOnly() const noexcept { return readOnly_; }
 
+    /// The book as it is in the file.
     [[nodiscard]] Book Load();
+    /// The book as a view can read it; Report() says what that leaves out. What is written afterwards finds its rows in
+    /// the file all the same.
+    [[nodiscard]] Book LoadReadable();
+    [[nodiscard]] const BookReport& Report() const noexcept { return report_; }
 
     /// Writes the rows of these tables in one transaction. Columns that the schema does not know keep their values in
     /// the rows that stay.
@@ -42,6 +48,8 @@ public:
 
     /// Writes the changes in one transaction, or nothing when there are conflicts.
     [[nodiscard]] std::vector<CellConflict> Write(const BookChanges& changes);
+    /// The same, but writes nothing and answers false when somebody else has changed the book since it was loaded.
+    [[nodiscard]] bool WriteUnlessChanged(const BookChanges& changes);
 
     /// A state of the file as others have left it.
     struct Stamp {
@@ -61,10 +69,14 @@ public:
 private:
     BookStore(std::unique_ptr<BookConnection> connection, std::filesystem::path file, bool readOnly);
 
+    /// The changes by the rows of the file.
+    [[nodiscard]] BookChanges ForFile(const BookChanges& changes) const;
+
     std::unique_ptr<BookConnection> connection_;
     std::filesystem::path file_;
     bool readOnly_ = false;
     Stamp loaded_;
+    BookReport report_;
 };
 
 /// Opens, loads and closes.
@@ -72,5 +84,8 @@ private:
 
 /// Throws BookError unless the file is a book of a version known here, going by its first bytes only.
 void CheckBookHeader(const std::filesystem::path& file);
+
+/// Whether that throws nothing. No output may take the place of a book.
+[[nodiscard]] bool IsBookFile(const std::filesystem::path& file);
 
 }  // namespace planbook

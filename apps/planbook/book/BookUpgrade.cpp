@@ -40,9 +40,10 @@ void AddEntries(const BookConnection& connection, std::int32_t version) {
         }
         const QString menu = Quoted(Describe(entry.menu).name);
         const QString number = QString::number(static_cast<std::int32_t>(entry.command));
-        QSqlQuery add = connection.Prepare(
-            Work::Write, "INSERT INTO " + menu + " (ROW_NO, PFID, TEXT, ENABLED) SELECT MAX(ROW_NO) + 1, " + number +
-                             ", ?, 'X' FROM " + menu + " HAVING COUNT(*) > 0 AND SUM(PFID = " + number + ") = 0");
+        QSqlQuery add = connection.Prepare(Work::Write, "INSERT OR ABORT INTO " + menu +
+                                                            " (ROW_NO, PFID, TEXT, ENABLED) SELECT MAX(ROW_NO) + 1, " +
+                                                            number + ", ?, 'X' FROM " + menu +
+                                                            " HAVING COUNT(*) > 0 AND SUM(PFID = " + number + ") = 0");
         add.addBindValue(QString::fromUtf8(entry.text));
         if (!add.exec()) {
             connection.Fail(Work::Write, add.lastError());

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "book/BookCheck.h"
 #include "book/CellValue.h"
 #include "book/SqlValue.h"
 
@@ -30,7 +31,7 @@ QString RowStatement(const TableDescription& table) {
         updates << Quoted(field.name) + " = excluded." + Quoted(field.name);
     }
     const QString conflict = updates.isEmpty() ? QString("NOTHING") : "UPDATE SET " + updates.join(", ");
-    return "INSERT INTO " + Quoted(table.name) + " (" + columns.join(", ") + ") VALUES (" + marks.join(", ") +
+    return "INSERT OR ABORT INTO " + Quoted(table.name) + " (" + columns.join(", ") + ") VALUES (" + marks.join(", ") +
            ") ON CONFLICT (" + Quoted(RowNumberField) + ") DO " + conflict;
 }
 
@@ -57,6 +58,18 @@ void Execute(const BookConnection& connection, QSqlQuery& query) {
     }
 }
 
+/// For a statement that changes one row. They all say OR ABORT: a file may have rules by which it would leave a row as
+/// it is, or drop others, without a word.
+void ExecuteOne(const BookConnection& connection, QSqlQuery& query, const TableDescription& table) {
+    Execute(connection, query);
+    if (query.numRowsAffected() != 1) {
+        connection.Refuse(Work::Write, "a change in the table " + Name(table) + " reached " +
+                                           std::to_string(query.numRowsAffected()) +
+                                           " rows instead of one. The rows are not numbered as planbook does it; take "
+                                           "the book from a backup.");
+    }
+}
+
 /// TAB or TAB_OLD in the file, as a place of cells.
 class CellFile {
 public:
@@ -67,12 +80,13 @@ public:
                         "CREATE INDEX IF NOT EXISTS " + Quoted(Name(table_) + "_CELL") + " ON " + name + " (Z, C)");
         find_ = connection_.Prepare(Work::Write,
                                     "SELECT ROW_NO, V FROM " + name + " WHERE Z = ? AND C = ? ORDER BY ROW_NO LIMIT 1");
-        update_ = connection_.Prepare(Work::Write, "UPDATE " + name + " SET V = ? WHERE ROW_NO = ?");
-        insert_ = connection_.Prepare(Work::Write, "INSERT INTO " + name + " (ROW_NO, Z, C, V) VALUES (?, ?, ?, ?)");
+        update_ = connection_.Prepare(Work::Write, "UPDATE OR ABORT " + name + " SET V = ? WHERE ROW_NO = ?");
+        insert_ =
+            connection_.Prepare(Work::Write, "INSERT OR ABORT INTO " + name + " (ROW_NO, Z, C, V) VALUES (?, ?, ?, ?)");
     }
 
     struct Found {
-        qlonglong row = 0;  ///< 0 when there is none
+        std::optional<qlonglong> row;  ///< a row without a number has 0, which no change reaches
         Variant value;
     };
 
@@ -91,7 +105,7 @@ public:
     void Update(qlonglong row, const Variant& value) {
         update_.addBindValue(Sql(static_cast<std::size_t>(row) - 1, value));
         update_.addBindValue(row);
-        Execute(connection_, update_);
+        ExecuteOne(connection_, update_, table_);
     }
 
     void Append(CellPlace cell, const Variant& value) {
@@ -110,7 +124,7 @@ public:
         insert_.addBindValue(cell.row);
         insert_.addBindValue(cell.column);
         insert_.addBindValue(Sql(static_cast<std::size_t>(lastRow_) - 1, value));
-        Execute(connection_, insert_);
+        ExecuteOne(connection_, insert_, table_);
     }
 
 private:
@@ -132,13 +146,17 @@ std::vector<CellConflict> WriteCells(const BookConnection& connection, const std
     std::vector<CellConflict> conflicts;
     CellFile tab(connection, BookTable::Tab);
     for (const CellEdit& edit : edits) {
-        const CellFile::Found found = tab.Find(edit.cell);
+        CellFile::Found found = tab.Find(edit.cell);
+        const bool isPlanned = edit.cell.row != 0 && edit.cell.column != 0;
+        if (isPlanned && !IsCellValue(found.value)) {
+            found.value = Variant();  // as it was shown
+        }
         if (!SameValue(found.value, edit.before) && !SameValue(found.value, edit.after)) {
             conflicts.push_back({edit.cell, edit.after, found.value});
-        } else if (found.row == 0) {
+        } else if (!found.row) {
             tab.Append(edit.cell, edit.after);
         } else {
-            tab.Update(found.row, edit.after);
+            tab.Update(*found.row, edit.after);
         }
     }
     return conflicts;
@@ -147,7 +165,7 @@ std::vector<CellConflict> WriteCells(const BookConnection& connection, const std
 void WriteOldValues(const BookConnection& connection, const std::vector<OldValue>& values) {
     CellFile tabOld(connection, BookTable::TabOld);
     for (const OldValue& old : values) {
-        if (tabOld.Find(old.cell).row == 0) {
+        if (!tabOld.Find(old.cell).row) {
             tabOld.Append(old.cell, old.value);
         }
     }
@@ -175,18 +193,17 @@ void WriteTable(const BookConnection& connection, const TableEdits& edits) {
     }
     for (const FieldEdit& edit : edits.fields) {
         QSqlQuery update =
-            connection.Prepare(Work::Write, "UPDATE " + Quoted(table.name) + " SET " +
+            connection.Prepare(Work::Write, "UPDATE OR ABORT " + Quoted(table.name) + " SET " +
                                                 Quoted(table.fields[edit.field].name) + " = ? WHERE ROW_NO = ?");
         update.addBindValue(SqlField(connection, table, edit.row, edit.field, edit.after));
         update.addBindValue(numbers[edit.row]);
-        Execute(connection, update);
+        ExecuteOne(connection, update, table);
     }
 }
 
 }  // namespace
 
 std::vector<CellConflict> WriteChanges(const BookConnection& connection, const BookChanges& changes) {
-    BookTransaction transaction(connection, Work::Write);
     if (!changes.cells.empty()) {
         std::vector<CellConflict> conflicts = WriteCells(connection, changes.cells);
         if (!conflicts.empty()) {
@@ -199,7 +216,6 @@ std::vector<CellConflict> WriteChanges(const BookConnection& connection, const B
     for (const TableEdits& edits : changes.tables) {
         WriteTable(connection, edits);
     }
-    transaction.Commit();
     return {};
 }
 
@@ -215,7 +231,11 @@ void WriteRows(const BookConnection& connection, const TableDescription& table, 
         for (std::size_t field = 0; field < table.fields.size(); ++field) {
             write.addBindValue(SqlField(connection, table, row, field, rows[row][field]));
         }
-        Execute(connection, write);
+        if (table.fields.empty()) {
+            Execute(connection, write);  // the row may be there
+        } else {
+            ExecuteOne(connection, write, table);
+        }
     }
 }
 
@@ -226,7 +246,7 @@ void ForgetOldValues(const BookConnection& connection) {
 void PutOldValuesBack(const BookConnection& connection) {
     // Of several rows for a cell the first one counts, in both tables.
     connection.Run(Work::Write,
-                   "UPDATE TAB SET V = (SELECT o.V FROM TAB_OLD o WHERE o.Z = TAB.Z AND o.C = TAB.C "
+                   "UPDATE OR ABORT TAB SET V = (SELECT o.V FROM TAB_OLD o WHERE o.Z = TAB.Z AND o.C = TAB.C "
                    "ORDER BY o.ROW_NO LIMIT 1) WHERE ROW_NO IN (SELECT (SELECT MIN(t.ROW_NO) FROM TAB t "
                    "WHERE t.Z = o.Z AND t.C = o.C) FROM TAB_OLD o)");
     ForgetOldValues(connection);

@@ -8,11 +8,11 @@
 
 namespace planbook {
 
-/// Writes the changes in one transaction, or nothing when there are conflicts. Throws BookError; then nothing was
-/// written either.
-[[nodiscard]] std::vector<CellConflict> WriteChanges(const BookConnection& connection, const BookChanges& changes);
+// All of these are parts of a transaction of the caller's. They throw BookError, also when the file takes less than it
+// was given; the transaction is then to be given up.
 
-// Those below are parts of a transaction of the caller's.
+/// Answers the conflicts; when there are any, the transaction is to be given up.
+[[nodiscard]] std::vector<CellConflict> WriteChanges(const BookConnection& connection, const BookChanges& changes);
 
 /// Gives a table exactly these rows; columns that the schema does not know keep their values in the rows that stay.
 void WriteRows(const BookConnection& connection, const TableDescription& table, const BookRows& rows);

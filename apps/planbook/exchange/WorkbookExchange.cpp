@@ -13,21 +13,13 @@ using planview::PlanView;
 using planview::UploadPreview;
 using planview::UploadResult;
 
-namespace {
-
-bool IsBook(const std::filesystem::path& file) {
-    try {
-        CheckBookHeader(file);
-        return true;
-    } catch (const BookError&) {
-        return false;
-    }
+std::string WorkbookMark(const BookReport& report) {
+    constexpr std::size_t MostInCell = 20;
+    return report.IsWhole() ? std::string() : "INCOMPLETE: " + report.Headline() + "\n" + report.List(MostInCell);
 }
 
-}  // namespace
-
 WorkbookExchange::WorkbookExchange(const std::filesystem::path& book)
-    : file_(std::filesystem::absolute(book)), store_(BookStore::Open(file_)), book_(store_.Load()) {
+    : file_(std::filesystem::absolute(book)), store_(BookStore::Open(file_)), book_(store_.LoadReadable()) {
     RegisterSpreadsheet(objects_);
     view_ = std::make_unique<PlanView>(planview::Platform{.objects = &objects_});
     for (const TableDescription& table : BookSchema()) {
@@ -46,12 +38,13 @@ int WorkbookExchange::Lines() const {
 }
 
 void WorkbookExchange::Download(const std::filesystem::path& workbook, bool printSetup) {
-    if (IsBook(workbook)) {
+    if (IsBookFile(workbook)) {
         throw BookError("Cannot write the workbook \"" + workbook.string() +
                         "\": there is a planning book of that name. Choose another one.");
     }
     planview::SpreadsheetOptions options;
     options.printSetup = printSetup;
+    options.mark = WorkbookMark(Report());
     view_->Exchange().SetOptions(options);
     if (const std::string error = view_->Exchange().DownloadTo(std::filesystem::absolute(workbook).string());
         !error.empty()) {

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
 
 #include <planview/ObjectRegistry.h>
 #include <planview/PlanView.h>
@@ -12,6 +13,9 @@
 #include "book/BookStore.h"
 
 namespace planbook {
+
+/// What a workbook says of a book that could not be read whole; empty for one that could.
+[[nodiscard]] std::string WorkbookMark(const BookReport& report);
 
 /// A book and a view without a screen, to write the book's grid as a workbook and to take changed values from one.
 ///
@@ -25,6 +29,9 @@ public:
     [[nodiscard]] planview::UploadPreview Preview(const std::filesystem::path& workbook);
     /// Applies what is not refused and writes it into the book, in one transaction.
     planview::UploadResult Apply(const planview::UploadPreview& preview);
+
+    /// What of the book could not be read and is missing in the view. A download carries a mark then.
+    [[nodiscard]] const BookReport& Report() const noexcept { return store_.Report(); }
 
     [[nodiscard]] int Periods() const;
     [[nodiscard]] int Lines() const;

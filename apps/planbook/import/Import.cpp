@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "import/Import.h"
 
-#include <QCoreApplication>
-#include <QFile>
 #include <QFileInfo>
 #include <QString>
 #include <string>
+#include <system_error>
 
+#include <planview/AutomationObject.h>
+#include <planview/SaveBeside.h>
+
+#include "book/BookCheck.h"
+#include "book/BookConnection.h"
 #include "book/BookError.h"
 #include "book/BookStore.h"
+#include "book/BookUpgrade.h"
 #include "import/BookBuilder.h"
 #include "import/NamesFile.h"
 #include "import/SourceTable.h"
@@ -32,6 +37,37 @@ fs::path TargetOf(const fs::path& book) {
         Refuse(book, error.message() + ". Choose another name.");
     }
     return target;
+}
+
+/// What a killed program left beside a book would be done to the book that comes into its place. Only a program that is
+/// at work keeps it.
+void EndCutOffChange(const ImportRequest& request, const fs::path& target) {
+    const auto findLeftover = [&]() -> std::string {
+        std::error_code ignored;
+        for (const char* suffix : {"-journal", "-wal"}) {
+            if (fs::exists(target.string() + suffix, ignored)) {
+                return target.string() + suffix;
+            }
+        }
+        return {};
+    };
+    if (findLeftover().empty()) {
+        return;
+    }
+    try {
+        const BookConnection connection(target, BookConnection::Access::ReadWrite);
+        BookTransaction transaction(connection, BookConnection::Work::Write);
+        // Any change makes SQLite begin a journal of its own and remove it at the end.
+        connection.Run(BookConnection::Work::Write, QString("PRAGMA user_version = %1").arg(VersionOf(connection)));
+        transaction.Commit();
+    } catch (const BookError& error) {
+        Refuse(request.book, "a change to it is under way or was cut short, and could not be ended. (" +
+                                 std::string(error.what()) + ")");
+    }
+    if (const std::string leftover = findLeftover(); !leftover.empty()) {
+        Refuse(request.book,
+               "another program is at work on it (there is \"" + leftover + "\"). Close that program and try again.");
+    }
 }
 
 void CheckTarget(const ImportRequest& request, const fs::path& target) {
@@ -58,51 +94,8 @@ void CheckTarget(const ImportRequest& request, const fs::path& target) {
         Refuse(request.book, "--force replaces books only, and this file is none. Choose another name. (" +
                                  std::string(error.what()) + ")");
     }
-    for (const char* suffix : {"-journal", "-wal"}) {
-        if (fs::exists(target.string() + suffix, ignored)) {
-            Refuse(request.book, "a change to it is under way or was cut short (there is \"" + target.string() +
-                                     suffix + "\"). Open the book once with planbook, close it and try again.");
-        }
-    }
+    EndCutOffChange(request, target);
 }
-
-/// A file beside the target that is removed again unless it took the target's place.
-class PartFile {
-public:
-    explicit PartFile(const fs::path& target)
-        : path_(target.parent_path() / ("." + target.filename().string() + "." +
-                                        std::to_string(QCoreApplication::applicationPid()) + ".part")) {
-        std::error_code ignored;
-        fs::remove(path_, ignored);  // left by a process that had the same number
-    }
-    ~PartFile() {
-        std::error_code ignored;
-        fs::remove(path_, ignored);
-    }
-    PartFile(const PartFile&) = delete;
-    PartFile& operator=(const PartFile&) = delete;
-
-    [[nodiscard]] const fs::path& Path() const noexcept { return path_; }
-
-    void MoveTo(const ImportRequest& request, const fs::path& target) {
-        if (request.force) {
-            std::error_code error;
-            fs::rename(path_, target, error);
-            if (error) {
-                Refuse(request.book, error.message() + ". Check your access to the folder.");
-            }
-            return;
-        }
-        // Unlike the above, this never replaces a file that has appeared in the meantime.
-        QFile part(QString::fromStdString(path_.string()));
-        if (!part.rename(QString::fromStdString(target.string()))) {
-            Refuse(request.book, part.errorString().toStdString() + ". Choose another name.");
-        }
-    }
-
-private:
-    fs::path path_;
-};
 
 /// Headings, units and means take rows too, so that fewer numbers than a table holds may still be too many.
 void CheckTables(const ImportRequest& request, const SourceTable& source, const Book& book) {
@@ -114,6 +107,15 @@ void CheckTables(const ImportRequest& request, const SourceTable& source, const 
                             "\" take " + std::to_string(rows) + " rows of the table " + std::string(table.name) +
                             ", which holds at most " + std::to_string(MaxTableRows) + ". Divide the file.");
         }
+    }
+}
+
+/// What a view could not read is not made in the first place.
+void CheckReadable(const ImportRequest& request, const Book& book) {
+    constexpr std::size_t MostFaults = 20;
+    if (const BookReport report = MakeReadable(book); !report.IsWhole()) {
+        throw BookError("Nothing was imported: the book made from \"" + request.source.string() +
+                        "\" could not be read. " + report.Headline() + "\n" + report.List(MostFaults));
     }
 }
 
@@ -143,10 +145,19 @@ ImportResult ImportBook(const ImportRequest& request) {
     faults.Throw(request.source.string());
     const Book book = BuildBook(source, ReadNames(request, source));
     CheckTables(request, source, book);
+    CheckReadable(request, book);
 
-    PartFile part(target);
-    BookStore::Create(part.Path()).Save(book, AllBookTables());
-    part.MoveTo(request, target);
+    const auto write = [&](const fs::path& beside) {
+        fs::remove(beside);  // an empty file is no book
+        BookStore store = BookStore::Create(beside);
+        fs::permissions(beside, fs::perms::owner_read | fs::perms::owner_write);
+        store.Save(book, AllBookTables());
+    };
+    try {
+        planview::SaveBeside(target, write, request.force ? planview::IfThere::Replace : planview::IfThere::Refuse);
+    } catch (const planview::AutomationError& error) {
+        Refuse(request.book, error.what());
+    }
 
     return {static_cast<int>(source.periods.size()), static_cast<int>(source.lines.size()),
             book[BookTable::Tab].RowCount()};

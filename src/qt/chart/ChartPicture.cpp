@@ -6,8 +6,11 @@
 #include <QFileInfo>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QSvgGenerator>
+#include <ostream>
+
+#include <planview/AutomationObject.h>
+#include <planview/SaveBeside.h>
 
 #include "qt/chart/ChartPainter.h"
 
@@ -101,12 +104,13 @@ QString ChartPicture::save(const QString& path, QSize size) const {
     } else {
         return words("The chart can be saved as PNG, PDF or SVG; %1 is none of them.").arg(QFileInfo(path).fileName());
     }
-    QSaveFile file(path);
     if (bytes.isEmpty()) {
         return words("The picture for %1 could not be made.").arg(path);
     }
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        return words("%1 could not be written: %2").arg(path, file.errorString());
+    try {
+        SaveStream(path.toStdU16String(), [&](std::ostream& file) { file.write(bytes.constData(), bytes.size()); });
+    } catch (const AutomationError& error) {
+        return QString::fromUtf8(error.what());
     }
     return {};
 }

@@ -18,6 +18,7 @@
 #include <planview/PlanView.h>
 #include <planview/Platform.h>
 #include <planview/Recording.h>
+#include <planview/SaveBeside.h>
 #include <planview/Spreadsheet.h>
 #include <planview/Trace.h>
 #include <planview/Variant.h>
@@ -173,6 +174,9 @@ int main(int argc, char*[]) {
         if (TraceIsOn()) {
             WriteTraceLog(std::cout);
         }
+        SaveBeside("saved", [](const std::filesystem::path&) {});
+        SaveStream("saved", [](std::ostream&) {});
+        ThrowCannotSave("saved", 0);
     }
     std::cout << VersionMajor << '.' << VersionMinor << '.' << VersionRevision << '\n';
 }

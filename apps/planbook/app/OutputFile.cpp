@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "app/OutputFile.h"
+
+#include <planview/AutomationObject.h>
+#include <planview/SaveBeside.h>
+#include <planview/Trace.h>
+
+#include "book/BookError.h"
+#include "book/BookStore.h"
+
+namespace planbook {
+
+void CheckOutput(const std::filesystem::path& file) {
+    if (IsBookFile(file)) {
+        throw BookError("Cannot write \"" + file.string() +
+                        "\": there is a planning book of that name. Choose another one.");
+    }
+}
+
+void WriteOutput(const std::filesystem::path& file, const std::function<void(std::ostream&)>& write) {
+    CheckOutput(file);
+    try {
+        planview::SaveStream(file, write);
+    } catch (const planview::AutomationError& error) {
+        throw BookError(error.what());
+    }
+}
+
+void WriteTrace(const std::filesystem::path& file) {
+    WriteOutput(file, [](std::ostream& out) { planview::WriteTraceLog(out); });
+}
+
+}  // namespace planbook

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <iosfwd>
+
+namespace planbook {
+
+/// Throws BookError where a planning book has this name: it would be lost.
+void CheckOutput(const std::filesystem::path& file);
+
+/// Writes a file that is not a book; one of that name is replaced when the new one is whole. Throws BookError.
+void WriteOutput(const std::filesystem::path& file, const std::function<void(std::ostream&)>& write);
+
+/// What the trace holds now.
+void WriteTrace(const std::filesystem::path& file);
+
+}  // namespace planbook
