@@ -57,12 +57,12 @@ std::string RemarkOf(const UploadChange& change) {
     if (change.IsRefused()) {
         return change.refusal;
     }
-    const std::string was = change.downloaded.empty() ? "it was empty" : "it was " + change.downloaded;
+    const std::string was = change.downloaded.empty() ? " It was empty." : " It was " + change.downloaded + ".";
     switch (change.origin) {
         case UploadOrigin::Book:
-            return "Changed in the table since the download; " + was + ".";
+            return "Changed in the table." + was;
         case UploadOrigin::Both:
-            return "Changed in the workbook and in the table since the download; " + was + ".";
+            return "Changed in both." + was;
         case UploadOrigin::Workbook:
             break;
     }

@@ -179,7 +179,7 @@ private Q_SLOTS:
                 QCOMPARE(column(list, UploadModel::After).first(), QString(after));
             }
             kinds.setCurrentIndex(3);
-            QVERIFY(column(list, UploadModel::Remark).first().contains("it was 7000"));
+            QVERIFY(column(list, UploadModel::Remark).first().contains("It was 7000"));
             button(dialog, "Tick shown").click();
             QVERIFY(button(dialog, "Apply 3 changes").isEnabled());
             kinds.setCurrentIndex(0);

@@ -139,9 +139,8 @@ TEST_F(UploadTest, OnlyWhatTheWorkbookChangedIsTickedByItself) {
     WhileShown([&](frmUpload& form) {
         EXPECT_EQ(form.lblSummary, "1 changed value, 1 changed in the table too, 1 changed in the table only");
         EXPECT_EQ(form.cmdOkCaption, "Apply 1 change");
-        EXPECT_EQ(RemarkOf(form.Preview().changes[1]),
-                  "Changed in the workbook and in the table since the download; it was 10.");
-        EXPECT_EQ(RemarkOf(form.Preview().changes[2]), "Changed in the table since the download; it was -3.");
+        EXPECT_EQ(RemarkOf(form.Preview().changes[1]), "Changed in both. It was 10.");
+        EXPECT_EQ(RemarkOf(form.Preview().changes[2]), "Changed in the table. It was -3.");
         form.Tick(2, true);
         form.cmdOk_Click();
     });
