@@ -44,8 +44,9 @@ public:
     /// stay empty. One change, undone as one; what may not change is left alone and named.
     void RaiseSelected(double percent);
 
-    /// Whether the user may edit nothing at all, for a host that can keep no change. A rebuild keeps it; the host
-    /// itself may change its tables as before.
+    /// Whether the user may edit nothing at all, for a host that can keep no change: no values, macros, recordings,
+    /// attributes and options. What is only about the view (sizes, hiding, marks) stays possible. A rebuild keeps it;
+    /// the host itself may change its tables as before.
     void SetReadOnly(bool readOnly) noexcept;
     /// What SetReadOnly() was last told; false at first.
     [[nodiscard]] bool IsReadOnly() const noexcept;

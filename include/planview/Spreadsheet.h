@@ -18,6 +18,13 @@ struct SpreadsheetOptions {
     std::string mark;
 };
 
+/// Since the download, as far as the workbook tells what was downloaded.
+enum class UploadOrigin {
+    Workbook,  ///< the value was changed in the workbook
+    Book,      ///< it was changed in the table, and the workbook still holds the old one
+    Both,      ///< it was changed in both, to different values
+};
+
 /// A cell to which a workbook gives another value than the grid has.
 struct UploadChange {
     std::string column;   ///< the key of the cell's column in the grid
@@ -28,7 +35,12 @@ struct UploadChange {
     std::string after;    ///< what the workbook holds, in the same form where it is a number
     Variant value;        ///< what the cell is to get: a number, or the empty text
     std::string refusal;  ///< a sentence why the cell does not take it; empty when it does
-    bool taken = true;    ///< ticked by the user; one that is refused is not applied, ticked or not
+    /// Where the value was changed; Workbook as well where the workbook does not tell what was downloaded.
+    UploadOrigin origin = UploadOrigin::Workbook;
+    std::string downloaded;  ///< what the download wrote, in the form of `before`; empty where that is not known
+    /// Ticked; one that is refused is not applied, ticked or not. Until the user decides, what was changed in the
+    /// workbook alone is ticked.
+    bool taken = true;
 
     /// Whether the cell does not take the value.
     [[nodiscard]] bool IsRefused() const noexcept { return !refusal.empty(); }
@@ -43,6 +55,8 @@ struct UploadPreview {
     std::vector<UploadChange> changes;  ///< line by line
     /// What in the workbook and in the table does not belong together, a sentence each; those values are left alone.
     std::vector<std::string> notes;
+    /// What was assumed when the workbook was read, a sentence each; no value is left alone because of it.
+    std::vector<std::string> remarks;
     int values = 0;  ///< cells of the table that hold one and stand in the workbook, too
 
     /// How many of them the ticked changes empty.

@@ -5,6 +5,7 @@
 
 #include "automation/MemberNames.h"
 #include "commands/GridCommands.h"
+#include "grid/CellRules.h"
 #include "grid/SelectedCells.h"
 #include "trace/ErrorTrap.h"
 
@@ -43,6 +44,9 @@ CommandCall CallFrom(const ViewStep& step) {
 
 bool CommandRunner::Run(Command command, CommandCall call) {
     const CommandRow& row = RowOf(command);
+    if (row.changesTables && parts_.Grid().IsReadOnly()) {
+        return false;
+    }
     SelectHeadingsOf(row, call);
     const bool possible = IsPossible(row, call);
     CommandCall meant = call;
@@ -127,7 +131,11 @@ void CommandRunner::Record(Command command, const CommandCall& call) {
 CommandState CommandRunner::StateOf(Command command, const CommandSituation& now) {
     const CommandRow& row = RowOf(command);
     CommandState state;
-    state.reason = row.whyNot ? row.whyNot(now) : std::string();
+    if (row.changesTables && now.on.Grid().IsReadOnly()) {
+        state.reason = RefusalText(Refusal::TableReadOnly);
+    } else {
+        state.reason = row.whyNot ? row.whyNot(now) : std::string();
+    }
     state.enabled = state.reason.empty();
     state.checked = row.checked && row.checked(now);
     const std::string_view caption = row.captionNow ? row.captionNow(now) : std::string_view();
@@ -147,6 +155,9 @@ std::optional<std::string> CommandRunner::MisfitOf(const ViewStep& step) const {
     const CommandRow* row = FindCommand(step.command);
     if (!row || !CanBeReplayed(row->step)) {
         return "there is no command \"" + step.command + "\" that can be replayed";
+    }
+    if (row->changesTables && parts_.Grid().IsReadOnly()) {
+        return "this table is open for reading only";
     }
     return row->misfit ? row->misfit(parts_, CallFrom(step)) : std::nullopt;
 }

@@ -82,6 +82,10 @@ struct Row : CommandRow {
         whyNot = reason;
         return *this;
     }
+    constexpr Row& ChangesTables() {
+        changesTables = true;
+        return *this;
+    }
     constexpr Row& Checked(decltype(checked) when) {
         checked = when;
         checkable = true;
@@ -131,7 +135,8 @@ constexpr CommandRow Table[] = {
             return now.on.recording.State() == RecordState::Interrupted ? std::string_view("Go &on recording")
                                                                         : std::string_view();
         })
-        .Traced(Macro, "StartRecord"),
+        .Traced(Macro, "StartRecord")
+        .ChangesTables(),
     Row(Command::PauseRecording, "MacroRecInter", Group::Recording, "&Interrupt recording",
         [](On& on, Call&) { on.recording.InterruptRecord(); })
         .Unless(IsNotRecording)
@@ -157,11 +162,13 @@ constexpr CommandRow Table[] = {
     Row(Command::EditGridOptions, "General", Group::Options, "Properties of the grid…",
         [](On& on, Call&) { on.generalOptions.Run(); })
         .InPopup("Properties")
-        .Traced(Grid, "GeneralOptions"),
+        .Traced(Grid, "GeneralOptions")
+        .ChangesTables(),
     Row(Command::FillWithTestData, "TestData", Group::Options, "Fill with test data",
         [](On& on, Call&) { FillWithTestData(on.Grid(), on.valueEntry, on.platform.messageBoxes); })
         .Unless(NoCells)
-        .Recorded(StepKind::Values),
+        .Recorded(StepKind::Values)
+        .ChangesTables(),
     Row(Command::SwitchTrace, "Trace", Group::Trace, "Trace", SwitchTrace).Checked([](const Now&) {
         return modPlan::TraceEnabled.load();
     }),
@@ -223,11 +230,13 @@ constexpr CommandRow Table[] = {
     Row(Command::ColorRowBackground, "RowBgColor", Group::Rows, "Background color of rows…", ColorRowBackground)
         .InPopup("Background color")
         .Unless(NoRowSelected)
-        .Recorded(StepKind::OnRows, "Colour the background of %P", NoColor),
+        .Recorded(StepKind::OnRows, "Colour the background of %P", NoColor)
+        .ChangesTables(),
     Row(Command::ColorRowText, "RowFgColor", Group::Rows, "Foreground color of rows…", ColorRowText)
         .InPopup("Foreground color")
         .Unless(NoRowSelected)
-        .Recorded(StepKind::OnRows, "Colour the text of %P", NoColor),
+        .Recorded(StepKind::OnRows, "Colour the text of %P", NoColor)
+        .ChangesTables(),
     Row(Command::ResetHeights, "HeightReset", Group::Rows, "Reset heights", ResetHeights)
         .InPopup("Reset")
         .Unless(NoRows)
@@ -241,7 +250,8 @@ constexpr CommandRow Table[] = {
     Row(Command::EditRowAttributes, "RowAttributes", Group::Rows, "Attributes of rows…",
         [](On& on, Call&) { on.rowAttributes.Run(); })
         .InPopup("Attributes")
-        .Unless(NoRowSelected),
+        .Unless(NoRowSelected)
+        .ChangesTables(),
 
     Row(Command::Cut, "CellCut", Group::Cells, "Cu&t", [](On& on, Call&) { on.clipboard.Cut(); })
         .Key("Ctrl+X")
@@ -278,7 +288,8 @@ constexpr CommandRow Table[] = {
     Row(Command::EditChartAttributes, "ChartAttribute", Group::ChartView, "Attributes of the chart…",
         [](On& on, Call&) { on.chartOptions.Run(); })
         .InPopup("Attributes")
-        .Traced(Chart),
+        .Traced(Chart)
+        .ChangesTables(),
     Row(Command::CopyChart, "ChartCopy", Group::ChartView, "Copy to clipboard",
         [](On& on, Call&) { on.chartCommands.CopyToClipboard(); })
         .Traced(Chart),
@@ -345,19 +356,23 @@ constexpr CommandRow Table[] = {
     Row(Command::RenameMacroNode, "NodeRename", Group::MacroTree, "Rename/Edit", RenameMacroNode)
         .Icon("macro-rename")
         .Unless(NoNodeToRename)
-        .Traced(modMacro::Label),
+        .Traced(modMacro::Label)
+        .ChangesTables(),
     Row(Command::InsertMacroNode, "MacroInsert", Group::MacroTree, "Insert", InsertMacroNode)
         .Icon("macro-insert")
         .Unless(NoNode)
-        .Traced(modMacro::Label),
+        .Traced(modMacro::Label)
+        .ChangesTables(),
     Row(Command::AddMacroNode, "MacroAdd", Group::MacroTree, "Add", AddMacroNode)
         .Icon("macro-add")
         .Unless(NoNode)
-        .Traced(modMacro::Label),
+        .Traced(modMacro::Label)
+        .ChangesTables(),
     Row(Command::NestMacroNode, "NextLevel", Group::MacroTree, "Create on next level", NestMacroNode)
         .Icon("macro-inside")
         .Unless(NoNode)
-        .Traced(modMacro::Label),
+        .Traced(modMacro::Label)
+        .ChangesTables(),
 
     // In no popup.
     Row(Command::Undo, "Undo", Group::History, "&Undo",
@@ -368,7 +383,8 @@ constexpr CommandRow Table[] = {
         .Key("Ctrl+Z")
         .KeyEverywhere()
         .Unless(NothingToUndo)
-        .Recorded(StepKind::Values),
+        .Recorded(StepKind::Values)
+        .ChangesTables(),
     Row(Command::Redo, "Redo", Group::History, "&Redo",
         [](On& on, Call& call) {
             call.done = on.history.CanRedo();
@@ -377,7 +393,8 @@ constexpr CommandRow Table[] = {
         .Key("Ctrl+Y", "Ctrl+Shift+Z")
         .KeyEverywhere()
         .Unless(NothingToRedo)
-        .Recorded(StepKind::Values),
+        .Recorded(StepKind::Values)
+        .ChangesTables(),
     Row(Command::Fill, "CellFill", Group::Cells, "&Fill with the first value",
         [](On& on, Call&) { on.clipboard.Fill(); })
         .Unless(NothingToFill)

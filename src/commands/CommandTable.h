@@ -70,6 +70,10 @@ struct CommandRow {
     /// The caption for now, empty for the usual one.
     std::string_view (*captionNow)(const CommandSituation& now) = nullptr;
 
+    /// It changes what the tables say other than single values, and is not run where the host lets nothing be edited.
+    /// Values ask cell by cell; what is only about the view is always possible.
+    bool changesTables = false;
+
     StepKind step = StepKind::None;
     /// The step in a sentence: "%P" stands for the columns and rows, "%V" for the value, "%S" for "on" or "off".
     std::string_view sentence = {};

@@ -22,8 +22,8 @@ constexpr std::string_view MacroLabel = "MACRO";
 MacroPart::MacroPart(ControlShared& shared, GridPart& grid, CommandRunner& runner)
     : nodes{tree, shared.tables, shared.events},
       recording({shared.tables, grid.control, shared.events, shared.desktop.messageBoxes}),
-      editor({grid.control, shared.tables, tree, shared.events, shared.desktop.popups, toolbar, [this] { Import(); },
-              [this](const std::string& key) { return Run(key, false); },
+      editor({grid.control, shared.tables, tree, shared.events, shared.desktop.popups, shared.desktop.messageBoxes,
+              toolbar, [this] { Import(); }, [this](const std::string& key) { return Run(key, false); },
               [this](const std::string& key) { return Check(key); }}),
       grid_(grid),
       tables_(shared.tables),

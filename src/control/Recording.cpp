@@ -2,6 +2,7 @@
 #include <planview/Recording.h>
 
 #include "control/Guarded.h"
+#include "grid/CellRules.h"
 #include "macro/recording/MacroKeep.h"
 #include "trace/TraceText.h"
 
@@ -58,6 +59,10 @@ std::string Recording::Keep(const std::string& name, const std::string& parentNo
     Guarded(State(), MacroLabel, "KeepRecording", [&](ControlContext& context) {
         const HostTable macroRec = context.shared.tables.MACROREC;
         const HostTable macroTree = context.shared.tables.MACRO_TREE;
+        if (context.grid.control.IsReadOnly()) {
+            TellUser(context, "The recording cannot be kept. " + std::string(RefusalText(Refusal::TableReadOnly)));
+            return;
+        }
         if (!macroRec.IsSet() || !macroTree.IsSet()) {
             TellUser(context, "The recording cannot be kept: the host has not set MACROREC and MACRO_TREE.");
             return;

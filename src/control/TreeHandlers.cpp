@@ -45,7 +45,7 @@ bool TreeHandlers::BeforeLabelEdit(const std::string& key) {
     bool may = false;
     ErrorTrap(Label, "BeforeLabelEdit", [&] {
         const TreeNode node = parts_.macros.tree.Nodes().Find(key);
-        may = node && parts_.macros.popupState.empty();
+        may = node && parts_.macros.popupState.empty() && parts_.macros.editor.MayChange();
         if (TraceEnabled) {
             const std::string named = node ? "node: " + key + " - " : std::string();
             TraceWrite(Label, "", "BeforeLabelEdit", TraceText("{", named, "status: ", may, "}"));
@@ -55,16 +55,20 @@ bool TreeHandlers::BeforeLabelEdit(const std::string& key) {
 }
 
 void TreeHandlers::AfterLabelEdit(const std::string& key, const std::string& text, const std::string& before) {
-    const bool written = ErrorTrap(Label, "AfterLabelEdit", [&] {
-        modMacro::PutText(parts_.macros.nodes, key, text);
-        if (TraceEnabled) {
+    std::string fault;
+    const bool ended = ErrorTrap(Label, "AfterLabelEdit", [&] {
+        modMacro::ChangeLabels(parts_.macros.nodes, [&] { fault = parts_.macros.editor.RenameNode(key, text); });
+        if (TraceEnabled && fault.empty()) {
             TraceWrite(Label, "", "AfterLabelEdit", TraceText("{node: ", key, " - new: ", text, "}"));
         }
     });
-    if (!written) {
+    if (!ended || !fault.empty()) {
         // The table does not have the new text; the tree shows what the table has.
         if (const TreeNode node = parts_.macros.tree.Nodes().Find(key)) {
             node.SetText(before);
+        }
+        if (!fault.empty()) {
+            parts_.macros.editor.Tell(fault);
         }
         return;
     }

@@ -24,13 +24,26 @@ void frmUpload::Set_Text() {
         change.taken = change.taken && !change.IsRefused();
         ticked_ += change.taken ? 1 : 0;
     }
-    const auto refused = static_cast<int>(std::count_if(preview_.changes.begin(), preview_.changes.end(),
-                                                        [](const UploadChange& each) { return each.IsRefused(); }));
+    const auto count = [this](const auto& isMeant) {
+        return static_cast<int>(std::count_if(preview_.changes.begin(), preview_.changes.end(), isMeant));
+    };
+    const auto from = [&](UploadOrigin origin) {
+        return count([=](const UploadChange& each) { return !each.IsRefused() && each.origin == origin; });
+    };
+    const int refused = count([](const UploadChange& each) { return each.IsRefused(); });
+    const int inBoth = from(UploadOrigin::Both);
+    const int inBook = from(UploadOrigin::Book);
     lblFile = FileNameOf(preview_.file);
     if (!preview_.sheet.empty()) {
         lblFile += ", sheet " + preview_.sheet;
     }
-    lblSummary = Counted(static_cast<int>(preview_.changes.size()) - refused, "changed value");
+    lblSummary = Counted(from(UploadOrigin::Workbook), "changed value");
+    if (inBoth > 0) {
+        lblSummary += ", " + std::to_string(inBoth) + " changed in the table too";
+    }
+    if (inBook > 0) {
+        lblSummary += ", " + std::to_string(inBook) + " changed in the table only";
+    }
     if (refused > 0) {
         lblSummary += ", " + std::to_string(refused) + " refused";
     }
@@ -38,6 +51,22 @@ void frmUpload::Set_Text() {
     if (modPlan::TraceEnabled) {
         modPlan::TraceWrite(TraceLabel(), "", "Set_Text", TraceText("{value: ", Caption(), "}"));
     }
+}
+
+std::string RemarkOf(const UploadChange& change) {
+    if (change.IsRefused()) {
+        return change.refusal;
+    }
+    const std::string was = change.downloaded.empty() ? " It was empty." : " It was " + change.downloaded + ".";
+    switch (change.origin) {
+        case UploadOrigin::Book:
+            return "Changed in the table." + was;
+        case UploadOrigin::Both:
+            return "Changed in both." + was;
+        case UploadOrigin::Workbook:
+            break;
+    }
+    return {};
 }
 
 void frmUpload::Tick(std::size_t place, bool on) {

@@ -11,6 +11,9 @@
 
 namespace planview {
 
+/// A sentence that the user should read before he ticks or unticks the change; empty for an ordinary one.
+[[nodiscard]] PLANVIEW_EXPORT std::string RemarkOf(const UploadChange& change);
+
 /// Shows what an upload would change and lets the user untick single changes.
 class PLANVIEW_EXPORT frmUpload final : public PropertyForm {
 public:
@@ -23,7 +26,7 @@ public:
     [[nodiscard]] std::string_view Caption() const noexcept override { return "Upload changed values"; }
 
     std::string lblFile;     ///< which workbook
-    std::string lblSummary;  ///< how many changes, and how many of them are refused
+    std::string lblSummary;  ///< how many changes of which kind
 
     void Set_Text();
 

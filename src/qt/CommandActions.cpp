@@ -11,6 +11,7 @@
 
 #include <planview/qt/PlanViewWidget.h>
 
+#include "macro/editor/MacroEditor.h"
 #include "qt/grid/GridView.h"
 
 namespace planview {
@@ -129,6 +130,31 @@ bool CommandActions::runInEditor(Command command) {
     return known != nullptr;
 }
 
+void CommandActions::setMacros(MacroEditor& editor, std::vector<const QWidget*> widgets) {
+    editor_ = &editor;
+    macroWidgets_ = std::move(widgets);
+}
+
+bool CommandActions::macrosHaveFocus() const {
+    const QWidget* const focus = QApplication::focusWidget();
+    return focus && std::any_of(macroWidgets_.begin(), macroWidgets_.end(),
+                                [&](const QWidget* widget) { return widget == focus || widget->isAncestorOf(focus); });
+}
+
+bool CommandActions::runInMacros(Command command) {
+    if ((command != Command::Undo && command != Command::Redo) || !macrosHaveFocus()) {
+        return false;
+    }
+    guard_.run("UndoMacros", [&] {
+        if (command == Command::Undo) {
+            editor_->Undo();
+        } else {
+            editor_->Redo();
+        }
+    });
+    return true;
+}
+
 std::vector<CommandState> CommandActions::statesOf(const std::vector<Command>& commands) const {
     std::vector<CommandState> states = view_.StatesOf(commands);
     if (const QLineEdit* line = openEditor()) {
@@ -136,6 +162,17 @@ std::vector<CommandState> CommandActions::statesOf(const std::vector<Command>& c
             if (const EditorCommand* known = findEditorCommand(commands[i])) {
                 states[i].enabled = known->can(*line);
                 states[i].reason.clear();
+            }
+        }
+    }
+    if (macrosHaveFocus()) {
+        for (std::size_t i = 0; i < commands.size(); ++i) {
+            if (commands[i] == Command::Undo || commands[i] == Command::Redo) {
+                const bool isUndo = commands[i] == Command::Undo;
+                states[i].enabled = isUndo ? editor_->CanUndo() : editor_->CanRedo();
+                states[i].reason = states[i].enabled ? ""
+                                   : isUndo          ? "There is no change of macros to take back."
+                                                     : "There is no change of macros to make again.";
             }
         }
     }

@@ -96,6 +96,8 @@ PlanViewWidget::PlanViewWidget(const Platform& platform, QWidget* parent)
     });
     view.Recording().SetListener([this] { Q_EMIT recordingChanged(); });
     state_->actions = new CommandActions(*this, view, *state_->grid, state_->guard);
+    state_->actions->setMacros(parts.Editor(), {state_->tree, toolbar, macro, operands});
+    connect(this, &PlanViewWidget::MacroTreeExpand, state_->actions, &CommandActions::changed);
     view.SetCommandListener([this] { state_->actions->changed(); });
     const auto valuesChanged = [this] { state_->status->valuesChanged(); };
     connect(this, &PlanViewWidget::GridValueChanged, state_->status, valuesChanged);
@@ -192,7 +194,7 @@ QSize PlanViewWidget::minimumSizeHint() const {
 // --- Commands
 
 void PlanViewWidget::run(Command command) {
-    if (state_->actions->runInEditor(command)) {
+    if (state_->actions->runInEditor(command) || state_->actions->runInMacros(command)) {
         return;
     }
     const QPointer<PlanViewWidget> self(this);
@@ -340,6 +342,7 @@ void PlanViewWidget::resizeEvent(QResizeEvent* event) {
 }
 
 void PlanViewWidget::State::focusMoved(const QWidget* to) {
+    actions->changed();
     const bool inside = to && (to == &widget || widget.isAncestorOf(to));
     if (inside == hasFocus) {
         return;

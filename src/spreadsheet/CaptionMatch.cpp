@@ -12,26 +12,6 @@ namespace {
 
 using Captions = std::vector<std::string>;
 
-void Trim(std::string& text) {
-    constexpr std::string_view NoBreakSpace = "\xC2\xA0";
-    const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
-    std::string_view rest = text;
-    for (;;) {
-        if (!rest.empty() && isBlank(rest.front())) {
-            rest.remove_prefix(1);
-        } else if (!rest.empty() && isBlank(rest.back())) {
-            rest.remove_suffix(1);
-        } else if (rest.starts_with(NoBreakSpace)) {
-            rest.remove_prefix(NoBreakSpace.size());
-        } else if (rest.ends_with(NoBreakSpace)) {
-            rest.remove_suffix(NoBreakSpace.size());
-        } else {
-            break;
-        }
-    }
-    text = std::string(rest);
-}
-
 /// Where one caption stands.
 struct Places {
     std::vector<int> inTable;
@@ -50,23 +30,20 @@ struct Segment {
 
 class Matcher {
 public:
-    Matcher(const Captions& table, const Captions& sheet)
-        : table_(table), sheet_(sheet), sheetTaken_(sheet.size(), false) {
+    Matcher(const Captions& table, const Captions& sheet, const TellApart& tellApart)
+        : table_(table), sheet_(sheet), tellApart_(tellApart), sheetTaken_(sheet.size(), false) {
         match_.sheetPlaces.assign(table.size(), CaptionMatch::None);
     }
 
     CaptionMatch Match() {
-        if (table_ == sheet_) {
-            for (std::size_t i = 0; i < table_.size(); ++i) {
-                Pair(static_cast<int>(i), static_cast<int>(i));
-            }
-        } else {
-            MatchUnique();
-            if (InOrder()) {
-                ForEachSegment([this](const Segment& segment) { MatchRepeated(segment); });
-            }
-            Sort();
+        const bool sameCounts = EveryCountAgrees();
+        MatchUnique();
+        MatchToldApart();
+        if (sameCounts && InOrder()) {
+            ForEachSegment([this](const Segment& segment) { MatchRepeated(segment); });
+            std::sort(match_.byOrder.begin(), match_.byOrder.end());
         }
+        Sort();
         Judge();
         return std::move(match_);
     }
@@ -96,6 +73,26 @@ private:
 
     [[nodiscard]] Segment Everything() const {
         return {0, static_cast<int>(table_.size()), 0, static_cast<int>(sheet_.size())};
+    }
+
+    [[nodiscard]] bool EveryCountAgrees() const {
+        const Index index = IndexOf(Everything());
+        return std::all_of(index.begin(), index.end(), [](const auto& entry) {
+            return entry.second.inTable.size() == entry.second.onSheet.size();
+        });
+    }
+
+    void MatchToldApart() {
+        if (!tellApart_) {
+            return;
+        }
+        for (const auto& [caption, places] : IndexOf(Everything())) {
+            if (!places.inTable.empty() && places.inTable.size() == places.onSheet.size()) {
+                for (const auto& [inTable, onSheet] : tellApart_(places.inTable, places.onSheet)) {
+                    Pair(inTable, onSheet);
+                }
+            }
+        }
     }
 
     void MatchUnique() {
@@ -143,6 +140,7 @@ private:
             if (places.inTable.size() == places.onSheet.size()) {
                 for (std::size_t i = 0; i < places.inTable.size(); ++i) {
                     Pair(places.inTable[i], places.onSheet[i]);
+                    match_.byOrder.push_back(places.inTable[i]);
                 }
             }
         }
@@ -203,19 +201,39 @@ private:
 
     const Captions& table_;
     const Captions& sheet_;
+    const TellApart& tellApart_;
     std::vector<bool> sheetTaken_;
     CaptionMatch match_;
 };
 
 }  // namespace
 
-CaptionMatch MatchCaptions(std::vector<std::string> table, std::vector<std::string> sheet) {
-    std::for_each(table.begin(), table.end(), Trim);
-    std::for_each(sheet.begin(), sheet.end(), Trim);
+std::string TrimmedCaption(const std::string& caption) {
+    constexpr std::string_view NoBreakSpace = "\xC2\xA0";
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+    std::string_view rest = caption;
+    for (;;) {
+        if (!rest.empty() && isBlank(rest.front())) {
+            rest.remove_prefix(1);
+        } else if (!rest.empty() && isBlank(rest.back())) {
+            rest.remove_suffix(1);
+        } else if (rest.starts_with(NoBreakSpace)) {
+            rest.remove_prefix(NoBreakSpace.size());
+        } else if (rest.ends_with(NoBreakSpace)) {
+            rest.remove_suffix(NoBreakSpace.size());
+        } else {
+            return std::string(rest);
+        }
+    }
+}
+
+CaptionMatch MatchCaptions(std::vector<std::string> table, std::vector<std::string> sheet, const TellApart& tellApart) {
+    std::transform(table.begin(), table.end(), table.begin(), TrimmedCaption);
+    std::transform(sheet.begin(), sheet.end(), sheet.begin(), TrimmedCaption);
     while (sheet.size() > table.size() && sheet.back().empty()) {
         sheet.pop_back();
     }
-    return Matcher(table, sheet).Match();
+    return Matcher(table, sheet, tellApart).Match();
 }
 
 }  // namespace planview

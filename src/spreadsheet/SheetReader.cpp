@@ -4,12 +4,15 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <optional>
+#include <map>
+#include <set>
+#include <utility>
 
 #include "automation/Numbers.h"
 #include "grid/CellRules.h"
 #include "grid/LineCaption.h"
 #include "spreadsheet/SpreadsheetSession.h"
+#include "spreadsheet/ValueMatch.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -84,6 +87,16 @@ bool IsSame(const Entry& entry, const std::string& contents) {
     return held && (*held == *entry.number || NumberText(*held) == NumberText(*entry.number));
 }
 
+/// Texts in which the same values are the same.
+std::string Comparable(const Entry& entry) {
+    return entry.number ? NumberText(*entry.number) : entry.text;
+}
+
+std::string Comparable(const std::string& contents) {
+    const std::optional<double> number = TryParseNumber(contents);
+    return number ? NumberText(*number) : contents;
+}
+
 /// How the two axes are called.
 struct AxisWords {
     const char* one;  ///< in the table
@@ -107,6 +120,18 @@ std::string PlaceName(bool isColumn, int place) {
     return name;
 }
 
+/// A sentence for each caption once.
+template <class Say>
+void ForEachCaption(const std::vector<int>& places, const std::vector<std::string>& captions, const Say& say) {
+    std::set<std::string> said;
+    for (const int place : places) {
+        if (const std::string caption = Quoted(captions[static_cast<std::size_t>(place)]);
+            said.insert(caption).second) {
+            say(caption);
+        }
+    }
+}
+
 void AddNotes(const CaptionMatch& match, const std::vector<std::string>& table, const std::vector<std::string>& sheet,
               bool columns, UploadPreview& preview) {
     const AxisWords& words = columns ? PeriodWords : LineWords;
@@ -127,14 +152,15 @@ void AddNotes(const CaptionMatch& match, const std::vector<std::string>& table, 
         preview.notes.push_back(sheetPlace(place) + ", " + sheetCaption(place) + ", belongs to no " + one +
                                 " of the table and is not read.");
     }
-    std::string last;
-    for (const int place : match.ambiguous) {
-        if (const std::string caption = tableCaption(place); caption != last) {
-            preview.notes.push_back("Several " + std::string(words.many) + " are called " + caption +
-                                    ", and which is which cannot be told; their values are left alone.");
-            last = caption;
-        }
-    }
+    ForEachCaption(match.ambiguous, table, [&](const std::string& caption) {
+        preview.notes.push_back("Several " + std::string(words.many) + " are called " + caption +
+                                ", and which is which cannot be told; their values are left alone.");
+    });
+    ForEachCaption(match.byOrder, table, [&](const std::string& caption) {
+        preview.remarks.push_back("Several " + std::string(words.many) + " are called " + caption +
+                                  "; they were taken in the order in which they stand. Look at their values if the "
+                                  "workbook was sorted.");
+    });
 }
 
 }  // namespace
@@ -156,33 +182,112 @@ std::vector<std::string> SheetReader::ReadCaptions(Axis axis, std::size_t expect
     return captions;
 }
 
-template <class Id, class Find>
-std::vector<SheetReader::Track<Id>> SheetReader::TracksOf(Axis axis, const std::vector<std::string>& keys,
-                                                          const std::vector<std::string>& captions,
-                                                          UploadPreview& preview, const Find& find) {
+SheetReader::Sides SheetReader::ReadSides(Axis axis) {
     const bool columns = axis == Axis::Periods;
+    const HostTable& index = columns ? columns_ : lines_;
+    Sides sides{axis, {}, {}, {}, {}, {}};
+    const int count = index.RowCount();
+    for (int i = 1; i <= count; ++i) {
+        const auto row = static_cast<HostTable::Row>(i);
+        sides.table.keys.push_back(index.Text(row, "GRID_ID"));
+        sides.table.captions.push_back(columns ? index.Text(row, "PERDY") : LineCaption(index, row));
+    }
+    sides.captions = sides.table.captions;
+    sides.recorded.assign(sides.captions.size(), CaptionMatch::None);
+    if (record_) {
+        const DownloadRecord::Axis& record = columns ? record_->periods : record_->lines;
+        sides.recorded = PlacesInRecord(sides.table, record);
+        for (std::size_t i = 0; i < sides.captions.size(); ++i) {
+            if (sides.recorded[i] != CaptionMatch::None) {
+                sides.captions[i] = record.captions[static_cast<std::size_t>(sides.recorded[i])];
+            }
+        }
+    }
+    sides.onSheet = ReadCaptions(axis, sides.captions.size());
+    return sides;
+}
+
+const std::string* SheetReader::Downloaded(int period, int line) const {
+    if (!record_ || period == CaptionMatch::None || line == CaptionMatch::None) {
+        return nullptr;
+    }
+    return &record_->values[static_cast<std::size_t>(line)][static_cast<std::size_t>(period)];
+}
+
+std::vector<std::string> SheetReader::ValuesAt(Axis axis, int place, const Places& others) {
+    std::vector<std::string> values;
+    for (const auto& [recorded, onSheet] : others) {
+        const auto one = static_cast<std::int16_t>(place + 2);
+        const auto other = static_cast<std::int16_t>(onSheet + 2);
+        cells_.GoTo(axis == Axis::Lines ? one : other, axis == Axis::Lines ? other : one);
+        values.push_back(Comparable(EntryOf(cells_.Value())));
+    }
+    return values;
+}
+
+std::vector<std::string> SheetReader::RecordedAt(Axis axis, int place, const Places& others) const {
+    std::vector<std::string> values;
+    for (const auto& [recorded, onSheet] : others) {
+        const bool isLine = axis == Axis::Lines;
+        values.push_back(Comparable(*Downloaded(isLine ? recorded : place, isLine ? place : recorded)));
+    }
+    return values;
+}
+
+SheetReader::Places SheetReader::ToldApart(const Sides& sides, const Places& others, const std::vector<int>& inTable,
+                                           const std::vector<int>& onSheet) {
+    std::vector<std::vector<std::string>> recorded;
+    std::vector<std::vector<std::string>> found;
+    for (std::size_t i = 0; i < inTable.size(); ++i) {
+        const int place = sides.recorded[static_cast<std::size_t>(inTable[i])];
+        if (place == CaptionMatch::None) {
+            return {};
+        }
+        recorded.push_back(RecordedAt(sides.axis, place, others));
+        found.push_back(ValuesAt(sides.axis, onSheet[i], others));
+    }
+    Places pairs = MatchByValues(recorded, found);
+    for (auto& [row, place] : pairs) {
+        row = inTable[static_cast<std::size_t>(row)];
+        place = onSheet[static_cast<std::size_t>(place)];
+    }
+    return pairs;
+}
+
+void SheetReader::Match(Sides& sides, const Places& others) {
+    TellApart tellApart;
+    if (record_) {
+        tellApart = [&](const std::vector<int>& inTable, const std::vector<int>& onSheet) {
+            return ToldApart(sides, others, inTable, onSheet);
+        };
+    }
+    sides.match = MatchCaptions(sides.captions, sides.onSheet, tellApart);
+}
+
+template <class Id, class Find>
+std::vector<SheetReader::Track<Id>> SheetReader::TracksOf(const Sides& sides, UploadPreview& preview,
+                                                          const Find& find) const {
+    const bool columns = sides.axis == Axis::Periods;
     const AxisWords& words = columns ? PeriodWords : LineWords;
-    const std::vector<std::string> sheet = ReadCaptions(axis, captions.size());
-    const CaptionMatch match = MatchCaptions(captions, sheet);
-    if (match.ofOtherTable) {
+    if (sides.match.ofOtherTable) {
         Refuse("This is no download of this table: most " + std::string(words.many) + " on its sheet " +
                Quoted(preview.sheet) +
                " are none of the table's. Choose the workbook that was downloaded from it, or save it with "
                "the right sheet in front.");
     }
-    AddNotes(match, captions, sheet, columns, preview);
+    AddNotes(sides.match, sides.captions, sides.onSheet, columns, preview);
     std::vector<Track<Id>> tracks;
-    for (std::size_t i = 0; i < captions.size(); ++i) {
-        if (match.sheetPlaces[i] == CaptionMatch::None) {
+    for (std::size_t i = 0; i < sides.captions.size(); ++i) {
+        if (sides.match.sheetPlaces[i] == CaptionMatch::None) {
             continue;
         }
-        if (const std::optional<Id> id = find(keys[i])) {
-            const CellKeyView label =
-                columns ? CellKeyView{keys[i], HeadingRowKey} : CellKeyView{LabelColumnKey, keys[i]};
-            tracks.push_back(
-                {*id, keys[i], driver_.CellText(label), static_cast<std::int16_t>(match.sheetPlaces[i] + 2)});
+        const std::string& key = sides.table.keys[i];
+        if (const std::optional<Id> id = find(key)) {
+            const CellKeyView label = columns ? CellKeyView{key, HeadingRowKey} : CellKeyView{LabelColumnKey, key};
+            tracks.push_back({*id, key, driver_.CellText(label),
+                              static_cast<std::int16_t>(sides.match.sheetPlaces[i] + 2), sides.recorded[i]});
         } else {
-            preview.notes.push_back("The " + std::string(words.one) + " " + Quoted(captions[i]) +
+            preview.notes.push_back("The " + std::string(words.one) + " " + Quoted(sides.table.captions[i]) +
                                     " is not in the grid and is not read.");
         }
     }
@@ -191,26 +296,29 @@ std::vector<SheetReader::Track<Id>> SheetReader::TracksOf(Axis axis, const std::
 
 void SheetReader::ReadLabels(UploadPreview& preview) {
     built_ = grid_.BuildVersion();
-    std::vector<std::string> keys;
-    std::vector<std::string> captions;
-    const int columnCount = columns_.RowCount();
-    for (int i = 1; i <= columnCount; ++i) {
-        const auto row = static_cast<HostTable::Row>(i);
-        keys.push_back(columns_.Text(row, "GRID_ID"));
-        captions.push_back(columns_.Text(row, "PERDY"));
-    }
-    sheetColumns_ = TracksOf<ColumnId>(Axis::Periods, keys, captions, preview,
-                                       [this](const std::string& key) { return grid_.FindColumn(key); });
-    keys.clear();
-    captions.clear();
-    const int lineCount = lines_.RowCount();
-    for (int i = 1; i <= lineCount; ++i) {
-        const auto row = static_cast<HostTable::Row>(i);
-        keys.push_back(lines_.Text(row, "GRID_ID"));
-        captions.push_back(LineCaption(lines_, row));
-    }
-    sheetRows_ = TracksOf<RowId>(Axis::Lines, keys, captions, preview,
-                                 [this](const std::string& key) { return grid_.FindRow(key); });
+    Sides periods = ReadSides(Axis::Periods);
+    Sides lines = ReadSides(Axis::Lines);
+    const auto known = [](const Sides& sides) {
+        Places places;
+        for (std::size_t i = 0; i < sides.recorded.size(); ++i) {
+            if (sides.recorded[i] != CaptionMatch::None && sides.match.sheetPlaces[i] != CaptionMatch::None) {
+                places.emplace_back(sides.recorded[i], sides.match.sheetPlaces[i]);
+            }
+        }
+        return places;
+    };
+    // The lines that their captions alone tell from others help to tell periods apart, and these the lines.
+    lines.match = MatchCaptions(lines.captions, lines.onSheet, [](const auto&, const auto&) { return Places(); });
+    Places certain = known(lines);
+    std::erase_if(certain, [&](const auto& place) {
+        return std::any_of(lines.match.byOrder.begin(), lines.match.byOrder.end(),
+                           [&](int row) { return lines.recorded[static_cast<std::size_t>(row)] == place.first; });
+    });
+    Match(periods, certain);
+    Match(lines, known(periods));
+    sheetColumns_ =
+        TracksOf<ColumnId>(periods, preview, [this](const std::string& key) { return grid_.FindColumn(key); });
+    sheetRows_ = TracksOf<RowId>(lines, preview, [this](const std::string& key) { return grid_.FindRow(key); });
 }
 
 void SheetReader::ReadData(UploadPreview& preview, ProgressScope& progress) {
@@ -241,6 +349,12 @@ void SheetReader::ReadCell(const Track<ColumnId>& column, const Track<RowId>& li
     if (refusal == Refusal::TextLine && entry.IsEmpty()) {
         return;  // the download leaves the cells of text lines empty
     }
+    const std::string* const downloaded = Downloaded(column.recorded, line.recorded);
+    const bool bookChanged = downloaded && Comparable(*downloaded) != Comparable(contents);
+    const bool sheetChanged = !downloaded || !IsSame(entry, *downloaded);
+    if (refusal != Refusal::None && !sheetChanged) {
+        return;  // the workbook says nothing new, and the cell would not take it
+    }
     if (refusal == Refusal::None && !entry.number && !entry.IsEmpty()) {
         refusal = Refusal::NoNumber;
     }
@@ -252,6 +366,9 @@ void SheetReader::ReadCell(const Track<ColumnId>& column, const Track<RowId>& li
     change.before = contents;
     change.after = entry.number ? modPlan::ReplacePoint(NumberText(*entry.number)) : entry.text;
     change.value = entry.number ? Variant(*entry.number) : Variant("");
+    change.origin = !sheetChanged ? UploadOrigin::Book : bookChanged ? UploadOrigin::Both : UploadOrigin::Workbook;
+    change.downloaded = downloaded ? *downloaded : std::string();
+    change.taken = change.origin == UploadOrigin::Workbook;
     change.refusal = RefusalText(refusal);
     if (refusal == Refusal::NoNumber && entry.text.starts_with('=')) {
         change.refusal =

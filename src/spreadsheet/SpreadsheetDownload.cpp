@@ -9,6 +9,7 @@
 #include "automation/NumberFormat.h"
 #include "automation/Numbers.h"
 #include "grid/LineCaption.h"
+#include "spreadsheet/DownloadRecord.h"
 #include "spreadsheet/ProgressScope.h"
 #include "spreadsheet/SheetCells.h"
 #include "spreadsheet/SpreadsheetSession.h"
@@ -75,6 +76,7 @@ void TryExtra(std::string_view what, const Body& body) {
 /// What the data cells of one line have in common.
 struct SpreadsheetDownload::Line {
     std::string key;
+    std::string caption;
     bool locked;
     bool textLine;
 };
@@ -148,12 +150,14 @@ SpreadsheetDownload::Outcome SpreadsheetDownload::Write(SpreadsheetSession& sess
         return Outcome::Failed;
     }
     ProgressScope progress(parts_.progress, "Saving the table as a workbook", columns + 1);
-    if (!DownloadData(session, progress)) {
+    DownloadRecord record;
+    if (!DownloadData(session, progress, record)) {
         return Outcome::Failed;
     }
     if (progress.IsCancelled()) {
         return Outcome::Cancelled;
     }
+    TryExtra("DownloadRecord", [&] { WriteRecord(session.Workbook(), session.Worksheet(), record); });
     return session.Saveas(fileName) ? Outcome::Saved : Outcome::Failed;
 }
 
@@ -236,17 +240,23 @@ bool SpreadsheetDownload::DownloadLabels(SpreadsheetSession& session, int& colum
 }
 
 /// Also true when the user has cancelled.
-bool SpreadsheetDownload::DownloadData(SpreadsheetSession& session, ProgressScope& progress) const {
+bool SpreadsheetDownload::DownloadData(SpreadsheetSession& session, ProgressScope& progress,
+                                       DownloadRecord& record) const {
     return session.Run("DownloadData", [&] {
         const HostTable columns = parts_.tables.COLS_INDEX;
         const std::vector<Line> lines = ReadLines();
+        for (const Line& line : lines) {
+            record.lines.keys.push_back(line.key);
+            record.lines.captions.push_back(line.caption);
+        }
+        record.values.resize(lines.size());
         const Late& sheet = session.Worksheet();
         SheetCells cells(sheet.Value());
         bool canWiden = true;
         const int count = columns.RowCount();
         for (int i = 1; i <= count; ++i) {
             const auto column = static_cast<HostTable::Row>(i);
-            const std::size_t length = WriteColumn(cells, column, lines);
+            const std::size_t length = WriteColumn(cells, column, lines, record);
             if (canWiden && length > UsualColumnWidth) {
                 canWiden = !ErrorTextOf([&] {
                     sheet.Get("Columns", BehindCaptions(column))
@@ -268,30 +278,36 @@ std::vector<SpreadsheetDownload::Line> SpreadsheetDownload::ReadLines() const {
     for (int i = 1; i <= count; ++i) {
         const auto row = static_cast<HostTable::Row>(i);
         const bool textLine = table.Flag(row, "ROW_TEXT");
-        lines.push_back({table.Text(row, "GRID_ID"), textLine || table.Flag(row, "READONLY"), textLine});
+        lines.push_back(
+            {table.Text(row, "GRID_ID"), LineCaption(table, row), textLine || table.Flag(row, "READONLY"), textLine});
         if (TraceEnabled) {
-            TraceWrite(SpreadsheetLabel, "", "DownloadData", TraceText("{label: ", LineCaption(table, row), "}"));
+            TraceWrite(SpreadsheetLabel, "", "DownloadData", TraceText("{label: ", lines.back().caption, "}"));
         }
     }
     return lines;
 }
 
-std::size_t SpreadsheetDownload::WriteColumn(SheetCells& cells, HostTable::Row column,
-                                             const std::vector<Line>& lines) const {
+std::size_t SpreadsheetDownload::WriteColumn(SheetCells& cells, HostTable::Row column, const std::vector<Line>& lines,
+                                             DownloadRecord& record) const {
     constexpr std::size_t GroupSize = 3;
     const std::string columnKey = parts_.tables.COLS_INDEX.Text(column, "GRID_ID");
+    record.periods.keys.push_back(columnKey);
+    record.periods.captions.push_back(parts_.tables.COLS_INDEX.Text(column, "PERDY"));
+    constexpr std::int16_t FirstDataRow = 2;
     std::size_t longest = 0;
-    std::int16_t row = 1;
+    std::int16_t row = FirstDataRow - 1;
     for (const Line& line : lines) {
         row = CheckedAdd<std::int16_t>(row, 1);
         cells.GoTo(row, BehindCaptions(column));
         cells.SetInterior(line.locked ? Grey : White);
         cells.SetLocked(line.locked);
+        std::string text;
         if (!line.textLine) {
-            const std::string text = parts_.driver.CellText({columnKey, line.key});
+            text = parts_.driver.CellText({columnKey, line.key});
             cells.SetValue(ForWorkbook(text));
             longest = std::max(longest, text.size() + text.size() / GroupSize);
         }
+        record.values[static_cast<std::size_t>(row - FirstDataRow)].push_back(std::move(text));
     }
     return longest;
 }

@@ -14,13 +14,14 @@ namespace planview {
 
 class ProgressScope;
 class SheetCells;
+struct DownloadRecord;
 class SpreadsheetSession;
 
 /// Writes the grid into a new workbook: every row of both index tables, in table order, hidden ones included. What the
 /// grid does not let the user edit is grey and locked, and the sheet is protected.
 ///
 /// Numbers are written as numbers, with the line's format. A worksheet that knows no formats, no frozen captions or no
-/// page set-up gets the rest all the same.
+/// page set-up gets the rest all the same. Keys and values are kept on a hidden sheet, for the upload.
 class SpreadsheetDownload {
 public:
     struct Parts {
@@ -52,11 +53,11 @@ private:
     void FormatSheet(SpreadsheetSession& session) const;
     void FormatExtras(SpreadsheetSession& session) const;
     [[nodiscard]] bool DownloadLabels(SpreadsheetSession& session, int& columnCount) const;
-    [[nodiscard]] bool DownloadData(SpreadsheetSession& session, ProgressScope& progress) const;
+    [[nodiscard]] bool DownloadData(SpreadsheetSession& session, ProgressScope& progress, DownloadRecord& record) const;
     [[nodiscard]] std::vector<Line> ReadLines() const;
     /// Answers the length of the longest text.
-    [[nodiscard]] std::size_t WriteColumn(SheetCells& cells, HostTable::Row column,
-                                          const std::vector<Line>& lines) const;
+    [[nodiscard]] std::size_t WriteColumn(SheetCells& cells, HostTable::Row column, const std::vector<Line>& lines,
+                                          DownloadRecord& record) const;
 
     Parts parts_;
     bool running_ = false;

@@ -37,6 +37,7 @@ public:
     void Terminate();
 
     [[nodiscard]] const Late& Application() const noexcept { return application_; }
+    [[nodiscard]] const Late& Workbook() const noexcept { return workbook_; }
     [[nodiscard]] const Late& Worksheet() const noexcept { return worksheet_; }
     [[nodiscard]] const std::string& SheetName() const noexcept { return sheetName_; }
     /// The first failure; empty when there was none.

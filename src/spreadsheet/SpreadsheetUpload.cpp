@@ -84,6 +84,7 @@ SpreadsheetUpload::Outcome SpreadsheetUpload::Read(UploadPreview& preview) {
         if (outcome != Outcome::Read) {
             preview.changes.clear();
             preview.notes.clear();
+            preview.remarks.clear();
         }
         session.Quit();
     }
@@ -94,7 +95,7 @@ SpreadsheetUpload::Outcome SpreadsheetUpload::Read(UploadPreview& preview) {
 SpreadsheetUpload::Outcome SpreadsheetUpload::ReadSheet(SpreadsheetSession& session, UploadPreview& preview) {
     std::optional<SheetReader> reader;
     if (!session.Run("UploadLabels", [&] {
-            reader.emplace(parts_.driver, parts_.tables, session.Worksheet().Value());
+            reader.emplace(parts_.driver, parts_.tables, session.Worksheet().Value(), ReadRecord(session.Workbook()));
             reader->ReadLabels(preview);
         })) {
         return Outcome::Failed;

@@ -47,6 +47,22 @@ std::uint16_t Workbook::AddNumberFormat(std::string format) {
     return static_cast<std::uint16_t>(numberFormats.size() - 1);
 }
 
+std::size_t Workbook::PlaceOf(const Worksheet& worksheet) const noexcept {
+    const auto found =
+        std::find_if(worksheets.begin(), worksheets.end(), [&](const auto& each) { return each.get() == &worksheet; });
+    return static_cast<std::size_t>(found - worksheets.begin());
+}
+
+bool Workbook::ShowAnotherThan(const Worksheet& worksheet) noexcept {
+    const auto found = std::find_if(worksheets.begin(), worksheets.end(), [&](const auto& each) {
+        return each.get() != &worksheet && each->visibility == SheetVisibility::Visible;
+    });
+    if (found != worksheets.end() && worksheets[activeSheet].get() == &worksheet) {
+        activeSheet = static_cast<std::size_t>(found - worksheets.begin());
+    }
+    return found != worksheets.end();
+}
+
 void Workbook::Close() noexcept {
     closed = true;
     for (const auto& worksheet : worksheets) {

@@ -96,6 +96,10 @@ struct Workbook {
     /// NoNumberFormat where the format is not known yet.
     [[nodiscard]] std::uint16_t FindNumberFormat(std::string_view format) const noexcept;
     [[nodiscard]] std::uint16_t AddNumberFormat(std::string format);
+    /// Of one of its worksheets, from 0.
+    [[nodiscard]] std::size_t PlaceOf(const Worksheet& worksheet) const noexcept;
+    /// Brings a visible sheet other than this one to the front if this one is there; false where there is none.
+    bool ShowAnotherThan(const Worksheet& worksheet) noexcept;
     /// Gives back what the sheets hold.
     void Close() noexcept;
 };

@@ -17,6 +17,7 @@ namespace {
 using Arguments = AutomationObject::Arguments;
 
 constexpr const char* FirstSheetName = "Tabelle1";
+constexpr const char* SheetNameStart = "Tabelle";
 
 Variant ObjectOf(SheetContext sheet) {
     return std::make_shared<WorksheetObject>(std::move(sheet));
@@ -98,6 +99,22 @@ SheetContext WorkbookObject::SheetOf(const Variant& key) const {
         NumberUpTo(key, static_cast<std::int32_t>(worksheets.size()), "The number of a sheet,") - 1));
 }
 
+SheetContext WorkbookObject::AddSheet() const {
+    Workbook& book = Book();
+    if (book.source) {
+        SheetContext::Refuse("A workbook that was opened is read only; it takes no sheet");
+    }
+    std::size_t number = book.worksheets.size() + 1;
+    std::string name;
+    do {
+        name = SheetNameStart + std::to_string(number++);
+    } while (std::any_of(book.worksheets.begin(), book.worksheets.end(),
+                         [&](const auto& worksheet) { return SameMemberName(worksheet->name, name); }));
+    book.worksheets.insert(book.worksheets.begin() + static_cast<std::ptrdiff_t>(book.activeSheet),
+                           std::make_unique<Worksheet>(name, book.styles));
+    return SheetContext(workbook_, book.activeSheet);
+}
+
 void WorkbookObject::Save(const std::string& fileName) const {
     const Workbook& book = Book();
     if (book.source) {
@@ -120,6 +137,11 @@ std::span<const WorksheetsObject::Member> WorksheetsObject::Members() {
         {"Count", 1,
          [](WorksheetsObject& self, Arguments) -> Variant {
              return static_cast<std::int32_t>(self.of.Book().worksheets.size());
+         }},
+        {"Add", 2, nullptr, nullptr,
+         [](WorksheetsObject& self, Arguments arguments) {
+             ExpectArguments(arguments, 0, "Add");
+             return ObjectOf(self.of.AddSheet());
          }},
     };
     return members;

@@ -27,6 +27,8 @@ public:
     [[nodiscard]] SheetContext SheetOf(const Variant& key) const;
     [[nodiscard]] const std::shared_ptr<Workbook>& Shared() const noexcept { return workbook_; }
 
+    /// A new sheet before the one in front; then the new one is in front.
+    [[nodiscard]] SheetContext AddSheet() const;
     void Save(const std::string& fileName) const;
     void Close() const noexcept { workbook_->Close(); }
 

@@ -229,6 +229,11 @@ void WriteWorksheet(lxw_workbook& book, const Workbook& workbook, const Workshee
     if (from.isProtected) {
         worksheet_protect(out, nullptr, nullptr);
     }
+    if (from.visibility != SheetVisibility::Visible) {
+        worksheet_hide(out);
+    } else if (&from == workbook.worksheets[workbook.activeSheet].get()) {
+        worksheet_activate(out);
+    }
 }
 
 void WriteFile(const Workbook& workbook, const std::filesystem::path& path, const std::filesystem::path& target) {

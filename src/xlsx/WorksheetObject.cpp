@@ -140,9 +140,53 @@ std::span<const WorksheetObject::Member> WorksheetObject::Members() {
         {"UsedRange", 8,
          [](WorksheetObject& self, Arguments) { return self.Range(self.Of().Read().sheet.UsedArea(), Unit::Cells); }},
         {"Visible", 9,
-         [](WorksheetObject& self, Arguments) -> Variant { return static_cast<int>(self.Of().Read().visibility); }},
+         [](WorksheetObject& self, Arguments) -> Variant { return static_cast<int>(self.Of().Read().visibility); },
+         [](WorksheetObject& self, Arguments, const Variant& value) { self.SetVisible(value.AsInt32()); }},
+        {"Move", 10, nullptr, nullptr,
+         [](WorksheetObject& self, Arguments arguments) -> Variant {
+             ExpectArguments(arguments, 1, "Move");
+             const auto* const before = dynamic_cast<const WorksheetObject*>(arguments[0].AsObject().get());
+             if (!before) {
+                 throw AutomationError(AutomationErrorCode::TypeMismatch, "A sheet is moved before another sheet");
+             }
+             self.MoveBefore(*before);
+             return {};
+         }},
     };
     return members;
+}
+
+/// -1 and 1 show the sheet; one sheet always stays in sight.
+void WorksheetObject::SetVisible(std::int32_t code) {
+    Worksheet& worksheet = sheet_.Formats();
+    const SheetVisibility visibility =
+        code == 0 || code == 2 ? static_cast<SheetVisibility>(code) : SheetVisibility::Visible;
+    if (visibility != SheetVisibility::Visible && !sheet_.Book().ShowAnotherThan(worksheet)) {
+        SheetContext::Refuse("The sheet '" + worksheet.name +
+                             "' is the only one that can be seen; it cannot be hidden");
+    }
+    worksheet.visibility = visibility;
+}
+
+void WorksheetObject::MoveBefore(const WorksheetObject& other) {
+    const Worksheet& moved = sheet_.Formats();
+    const Worksheet& before = other.sheet_.Formats();
+    Workbook& book = sheet_.Book();
+    if (&book != &other.sheet_.Book()) {
+        SheetContext::Refuse("A sheet cannot be moved into another workbook");
+    }
+    const Worksheet* const inFront = book.worksheets[book.activeSheet].get();
+    const auto at = [&](const Worksheet& sheet) {
+        return book.worksheets.begin() + static_cast<std::ptrdiff_t>(book.PlaceOf(sheet));
+    };
+    const auto from = at(moved);
+    const auto to = at(before);
+    if (from < to) {
+        std::rotate(from, from + 1, to);
+    } else {
+        std::rotate(to, from, from + 1);
+    }
+    book.activeSheet = book.PlaceOf(*inFront);
 }
 
 void WorksheetObject::Rename(const std::string& name) {

@@ -47,6 +47,8 @@ public:
     }
 
     void Rename(const std::string& name);
+    void SetVisible(std::int32_t code);
+    void MoveBefore(const WorksheetObject& other);
 
 private:
     SheetContext sheet_;

@@ -298,6 +298,33 @@ TEST_F(CommandsTest, SayWhyTheyCannotBeRun) {
     EXPECT_EQ(StateOf(Command::Copy), "The control has ended.");
 }
 
+TEST_F(CommandsTest, NothingChangesTheTablesOfALockedControl) {
+    Grid().EnterText(At("COL1", "ROW1"), "7");
+    SelectRows({"ROW2"});
+    control->plv_LayoutMode();
+    control->View().SwitchChart();
+    const HostTable tab(tables.tab);
+    const std::string typed = tab.Text(1, "V");
+    control->Editing().SetReadOnly(true);
+    platform.formCalls.clear();
+    for (const Command command :
+         {Command::Undo, Command::Redo, Command::EditGridOptions, Command::EditRowAttributes,
+          Command::EditChartAttributes, Command::ColorRowBackground, Command::ColorRowText, Command::FillWithTestData,
+          Command::StartRecording, Command::RenameMacroNode, Command::AddMacroNode}) {
+        EXPECT_EQ(StateOf(command), "This table is open for reading only.") << static_cast<int>(command);
+        control->Run(command);
+    }
+    EXPECT_EQ(tab.Text(1, "V"), typed) << "undone";
+    EXPECT_EQ(platform.formCalls, Lines{});
+    EXPECT_EQ(platform.popups.size(), 0U);
+    EXPECT_FALSE(control->Recording().IsOn());
+    EXPECT_EQ(control->Recording().Keep("Test"), "");
+    EXPECT_EQ(StateOf(Command::HideRows), "") << "what is only about the view stays possible";
+    control->Editing().SetReadOnly(false);
+    control->Editing().Undo();
+    EXPECT_NE(tab.Text(1, "V"), typed);
+}
+
 TEST_F(CommandsTest, TheHostHearsThatTheyMayHaveChanged) {
     const struct {
         const char* name;

@@ -80,16 +80,43 @@ private slots:
         screen.press("RunMacro");
         QCOMPARE(screen.contents(QStringLiteral("COL2/ROW1")), QStringLiteral("12,6"));
         QCOMPARE(screen.message(), QStringLiteral("4 cells changed."));
-        // As one step, with the keys, wherever the focus is.
-        QWidget* const panes[] = {screen.widget->findChild<QWidget*>(QStringLiteral("cmdOpa")), &screen.list(),
-                                  screen.widget->findChild<TreeView*>()};
-        for (QWidget* focused : panes) {
+        // As one step, where the table has the focus.
+        screen.view().setFocus();
+        QTest::keyClick(&screen.view(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(screen.contents(QStringLiteral("COL2/ROW1")), QStringLiteral("12"));
+        QVERIFY(!screen.widget->canUndo());
+        QTest::keyClick(&screen.view(), Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(screen.contents(QStringLiteral("COL2/ROW1")), QStringLiteral("12,6"));
+    }
+
+    void undoIsAboutTheMacrosWhereTheyHaveTheFocus() {
+        Screen screen;
+        screen.press("NewMacro");
+        screen.clickHeading("ROW1");
+        screen.pressAll({"cmdOpa", "cmdOpe 7", "cmdOpa", "RunMacro"});
+        QCOMPARE(screen.contents(QStringLiteral("COL2/ROW1")), QStringLiteral("7"));
+        QAction* const undo = screen.widget->action(Command::Undo);
+        for (QWidget* focused :
+             {static_cast<QWidget*>(&screen.list()), static_cast<QWidget*>(screen.widget->findChild<TreeView*>())}) {
+            focused->setFocus();
             QTest::keyClick(focused, Qt::Key_Z, Qt::ControlModifier);
-            QCOMPARE(screen.contents(QStringLiteral("COL2/ROW1")), QStringLiteral("12"));
-            QVERIFY(!screen.widget->canUndo());
+            QCOMPARE(screen.lines(), (QStringList{"Macro 1", QStringLiteral("Line 1 = …")}));
             QTest::keyClick(focused, Qt::Key_Y, Qt::ControlModifier);
-            QCOMPARE(screen.contents(QStringLiteral("COL2/ROW1")), QStringLiteral("12,6"));
+            QCOMPARE(screen.lines(), (QStringList{"Macro 1", "Line 1 = 7", "7"}));
+            QVERIFY(!screen.widget->canRedo());
         }
+        for (const int left : {2, 1, 0}) {
+            QVERIFY2(undo->isEnabled(), qPrintable(QString::number(left)));
+            undo->trigger();
+            QCoreApplication::processEvents();
+        }
+        QVERIFY2(!undo->isEnabled(), "though there is a value to take back");
+        QCOMPARE(screen.contents(QStringLiteral("COL2/ROW1")), QStringLiteral("7"));
+        screen.view().setFocus();
+        QCoreApplication::processEvents();
+        QVERIFY(undo->isEnabled());
+        undo->trigger();
+        QCOMPARE(screen.contents(QStringLiteral("COL2/ROW1")), QStringLiteral("12"));
     }
 
     void aLongSentenceTakesSeveralRows() {
@@ -140,6 +167,7 @@ private slots:
         screen.press("GENERATE");
         QCOMPARE(screen.message(), QStringLiteral("The macro can run."));
         screen.clickLine(0);
+        screen.platform.answer = MessageAnswer::Yes;
         screen.press("Delete");
         QVERIFY(screen.lines().isEmpty());
         QVERIFY(!screen.widget->findChild<QAbstractButton*>(QStringLiteral("RunMacro"))->isEnabled());

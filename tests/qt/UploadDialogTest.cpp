@@ -162,6 +162,31 @@ private Q_SLOTS:
         });
     }
 
+    void whatTheTableChangedStandsApart() {
+        preview_.changes[1].origin = UploadOrigin::Both;
+        preview_.changes[1].downloaded = "7000";
+        preview_.changes[2].origin = UploadOrigin::Book;
+        preview_.changes[1].taken = preview_.changes[2].taken = false;
+        preview_.remarks = {"Several lines are called \"Construction\"; they were taken in order."};
+        show([&](QDialog& dialog) {
+            auto& list = only<QTreeView>(dialog);
+            auto& kinds = only<QComboBox>(dialog);
+            QVERIFY(button(dialog, "Apply 2 changes").isEnabled());
+            QVERIFY(only<QPlainTextEdit>(dialog).toPlainText().contains("taken in order"));
+            for (const auto& [kind, after] :
+                 {std::pair(1, "(empty)"), std::pair(3, "7300,25"), std::pair(4, "1234,5")}) {
+                kinds.setCurrentIndex(kind);
+                QCOMPARE(column(list, UploadModel::After).first(), QString(after));
+            }
+            kinds.setCurrentIndex(3);
+            QVERIFY(column(list, UploadModel::Remark).first().contains("It was 7000"));
+            button(dialog, "Tick shown").click();
+            QVERIFY(button(dialog, "Apply 3 changes").isEnabled());
+            kinds.setCurrentIndex(0);
+            savePicture(dialog, QStringLiteral("dialog-upload-three-way"));
+        });
+    }
+
     void manyChangesAreTickedAtOnce() {
         const UploadChange change = preview_.changes[1];
         preview_.changes.assign(32761, change);

@@ -104,6 +104,11 @@ TEST_F(DownloadTest, WritesTheWholeTablesAndSaysSoInTheTrace) {
                              "Application.ActiveWindow.SplitColumn=1",
                              "Application.ActiveWindow.FreezePanes=True",
                              "Worksheet.Protect",
+                             "Worksheets.Add",
+                             "Added.Name=PlanView download",
+                             "Worksheet.Move(object)",
+                             "Added.Visible=0",
+                             "Added.Protect",
                              "Workbook.Saveas(/plans/Plan \xC3\xA4.xlsx)",
                              "Application.Quit",
                          }));
@@ -133,8 +138,31 @@ TEST_F(DownloadTest, WritesTheWholeTablesAndSaysSoInTheTrace) {
     EXPECT_EQ(platform.progress.titles, Lines{"Saving the table as a workbook"});
     EXPECT_EQ(platform.progress.ended, 1);
     EXPECT_EQ(Messages(), "");
-    EXPECT_LE(fake->cellLookUps, 6) << "members of cells are looked up for each cell";
+    EXPECT_LE(fake->cellLookUps, 7) << "members of cells are looked up for each cell";
     ExpectEnded("saved");
+}
+
+TEST_F(DownloadTest, KeysAndValuesAreKeptOnAHiddenSheet) {
+    tables.lineIndex->Put(DefaultMember, std::vector<Variant>{std::int16_t{2}, "FREET"}, "Costs|\\\tnet");
+    DownloadToFake();
+    const auto record = [&](int row) { return fake->added[{row, 1}].value.AsText(); };
+    EXPECT_EQ(record(1), "PlanView download 1");
+    EXPECT_EQ(record(2), "|COL1|COL2|COL3");
+    EXPECT_EQ(record(3), "|May 01|May 02|May 03");
+    EXPECT_EQ(record(4), "|ROW1|Sales|1234,5|10|");
+    EXPECT_EQ(record(5), "|ROW2|Costs\\|\\\\\\tnet|-3||");
+    EXPECT_EQ(record(7), "|ROW4|Notes|||") << "text lines have no values";
+}
+
+TEST_F(DownloadTest, WithoutASecondSheetTheTableIsSavedAllTheSame) {
+    for (const char* failing : {"Worksheets.Add", "Added.Name", "Worksheet.Move", "Added.Visible", "AddedCell.Value"}) {
+        fake = std::make_shared<test::FakeSpreadsheet>();
+        fake->failing = failing;
+        EXPECT_EQ(context.download.SaveTo("plan.xlsx"), "") << failing;
+        EXPECT_TRUE(Saved()) << failing;
+        fake->failing.clear();
+        EXPECT_EQ(context.upload.Preview("plan.xlsx").changes.size(), 0U) << failing << ": half a record is none";
+    }
 }
 
 TEST_F(DownloadTest, CaptionsFollowLtext) {

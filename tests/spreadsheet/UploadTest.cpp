@@ -16,7 +16,11 @@ protected:
     static Lines Texts(const UploadPreview& preview) {
         Lines texts;
         for (const UploadChange& change : preview.changes) {
-            texts.push_back(change.line + "/" + change.period + ": " + change.before + " -> " + change.after +
+            const char* const from = change.origin == UploadOrigin::Workbook ? ""
+                                     : change.origin == UploadOrigin::Book   ? "book: "
+                                                                             : "both: ";
+            EXPECT_TRUE(change.IsRefused() || change.taken == (change.origin == UploadOrigin::Workbook));
+            texts.push_back(from + change.line + "/" + change.period + ": " + change.before + " -> " + change.after +
                             (change.IsRefused() ? " (" + change.refusal + ")" : ""));
         }
         return texts;
@@ -87,6 +91,149 @@ TEST_F(UploadTest, ComparesWhatTheSheetSaysWithTheGrid) {
     }
     EXPECT_EQ(InTab(*tables.tabOld), "") << "looking changes nothing";
     EXPECT_EQ(events.size(), 0U);
+}
+
+TEST_F(UploadTest, TellsWhereAValueWasChanged) {
+    const struct {
+        const char* name;
+        Variant inWorkbook;
+        const char* inBook;
+        const char* expected;
+    } cases[] = {
+        {"in neither", 10, nullptr, ""},
+        {"in the workbook", 11, nullptr, "Sales/May 02: 10 -> 11"},
+        {"in the book", 10, "12", "book: Sales/May 02: 12 -> 10"},
+        {"emptied in the book", 10, "", "book: Sales/May 02:  -> 10"},
+        {"in both", 11, "12", "both: Sales/May 02: 12 -> 11"},
+        {"in both, to the same", 12, "12", ""},
+        {"to another form of the same number", "10,0", nullptr, ""},
+        {"to no number, and in the book", "x", "12",
+         "both: Sales/May 02: 12 -> x (This is not a number. Enter digits with a point or a comma, or nothing.)"},
+    };
+    for (const auto& row : cases) {
+        tables.tab->Put(DefaultMember, std::vector<Variant>{std::int16_t{2}, "V"}, 10);
+        context.grid.construction.CreateFromTables();
+        DownloadToFake();
+        Edit(2, 3, row.inWorkbook);
+        if (row.inBook) {
+            context.grid.control.EnterText(context.grid.control.FindCell({"COL2", "ROW1"}).value(), row.inBook);
+        }
+        EXPECT_EQ(Differences(), row.expected[0] == '\0' ? Lines{} : Lines{row.expected}) << row.name;
+    }
+    tables.tab->Put(DefaultMember, std::vector<Variant>{std::int16_t{4}, "V"}, 99);
+    context.grid.construction.CreateFromTables();
+    DownloadToFake();
+    tables.tab->Put(DefaultMember, std::vector<Variant>{std::int16_t{4}, "V"}, 100);
+    context.grid.construction.CreateFromTables();
+    EXPECT_EQ(Differences(), Lines{}) << "a read-only cell that the workbook did not change is no refusal";
+}
+
+TEST_F(UploadTest, OnlyWhatTheWorkbookChangedIsTickedByItself) {
+    Edit(2, 2, 5);
+    Edit(2, 3, 6);
+    const auto enter = [&](const char* column, const char* row, const char* text) {
+        context.grid.control.EnterText(context.grid.control.FindCell({column, row}).value(), text);
+    };
+    enter("COL2", "ROW1", "7");
+    enter("COL1", "ROW2", "8");
+    WhileShown([&](frmUpload& form) {
+        EXPECT_EQ(form.lblSummary, "1 changed value, 1 changed in the table too, 1 changed in the table only");
+        EXPECT_EQ(form.cmdOkCaption, "Apply 1 change");
+        EXPECT_EQ(RemarkOf(form.Preview().changes[1]), "Changed in both. It was 10.");
+        EXPECT_EQ(RemarkOf(form.Preview().changes[2]), "Changed in the table. It was -3.");
+        form.Tick(2, true);
+        form.cmdOk_Click();
+    });
+    RunUpload();
+    EXPECT_EQ(Shown("COL1", "ROW1"), "5");
+    EXPECT_EQ(Shown("COL2", "ROW1"), "7");
+    EXPECT_EQ(Shown("COL1", "ROW2"), "-3") << "ticked by hand: as it was downloaded";
+}
+
+TEST_F(UploadTest, LinesOfOneCaptionAreFoundAfterSorting) {
+    tables.lineIndex->Put(DefaultMember, std::vector<Variant>{std::int16_t{2}, "FREET"}, "Sales");
+    const auto swapRows = [&] {
+        for (int column = 1; column <= 4; ++column) {
+            std::swap(fake->cells[{2, column}], fake->cells[{3, column}]);
+        }
+    };
+    const char* const remark =
+        "Several lines are called \"Sales\"; they were taken in the order in which they stand. Look at their values if "
+        "the workbook was sorted.";
+    const char* const note =
+        "Several lines are called \"Sales\", and which is which cannot be told; their values are left alone.";
+    const struct {
+        const char* name;
+        bool sameValues;
+        bool hasRecord;
+        std::function<void()> edit;
+        Lines changes;
+        Lines notes;
+        Lines remarks;
+    } cases[] = {
+        {"sorted and changed",
+         false,
+         true,
+         [&] {
+             swapRows();
+             Edit(2, 4, 5);
+         },
+         {"ROW2/COL3=5"},
+         {},
+         {}},
+        {"changed", false, true, [&] { Edit(2, 4, 5); }, {"ROW1/COL3=5"}, {}, {}},
+        {"the same values", true, true, [&] { Edit(3, 4, 5); }, {"ROW2/COL3=5"}, {}, {remark}},
+        {"the same values, other lines sorted",
+         true,
+         true,
+         [&] {
+             Edit(3, 4, 5);
+             std::swap(fake->cells[{4, 1}], fake->cells[{5, 1}]);
+         },
+         {},
+         {note},
+         {}},
+        {"without a record", false, false, [&] { Edit(3, 4, 5); }, {"ROW2/COL3=5"}, {}, {remark}},
+        {"without a record, a line added",
+         false,
+         false,
+         [&] {
+             Edit(3, 4, 5);
+             Edit(6, 1, "Margin");
+         },
+         {},
+         {"Row 6, \"Margin\", belongs to no line of the table and is not read.", note},
+         {}},
+    };
+    for (const auto& row : cases) {
+        tables.tab->Clear();
+        for (int line = 1; line <= 2; ++line) {
+            tables.AddValue(line, 1, row.sameValues ? 1 : line);
+            tables.AddValue(line, 2, row.sameValues ? 1 : 10 * line);
+        }
+        context.grid.construction.CreateFromTables();
+        DownloadToFake();
+        fake->addedName = row.hasRecord ? fake->addedName : "";
+        row.edit();
+        const UploadPreview preview = context.upload.Preview("plan.xlsx");
+        Lines changes;
+        for (const UploadChange& change : preview.changes) {
+            changes.push_back(change.row + "/" + change.column + "=" + change.after);
+        }
+        EXPECT_EQ(changes, row.changes) << row.name;
+        EXPECT_EQ(preview.notes, row.notes) << row.name;
+        EXPECT_EQ(preview.remarks, row.remarks) << row.name;
+    }
+}
+
+TEST_F(UploadTest, ALineThatWasRenamedInTheBookIsFoundByItsKey) {
+    Edit(3, 2, 5);
+    tables.lineIndex->Put(DefaultMember, std::vector<Variant>{std::int16_t{2}, "FREET"}, "Expenses");
+    context.grid.construction.CreateFromTables();
+    EXPECT_EQ(Differences(), Lines{"Expenses/May 01: -3 -> 5"});
+    EXPECT_EQ(context.upload.Preview("plan.xlsx").notes, Lines{});
+    fake->addedName.clear();
+    EXPECT_EQ(Differences(), Lines{}) << "without the record its caption is another one";
 }
 
 TEST_F(UploadTest, TakesNoEmptinessFromMergedCells) {

@@ -27,8 +27,10 @@ struct FakeSpreadsheet {
     using Place = std::pair<int, int>;  // row, column
 
     std::map<Place, CellState> cells;
-    std::vector<std::string> log;  ///< of all but single cells
-    std::string failing;           ///< the put, call or get that fails; "Cells.Value" for the single cells
+    std::map<Place, CellState> added;  ///< of the sheet that was added
+    std::string addedName;             ///< empty: no sheet was added
+    std::vector<std::string> log;      ///< of all but single cells
+    std::string failing;               ///< the put, call or get that fails; "Cells.Value" for the single cells
     std::string version = "8.0";
     std::string sheetName = "Tabelle1";
     int objects = 0;      ///< alive
@@ -67,7 +69,7 @@ public:
     Variant Get(DispatchId member, Arguments arguments) override {
         const std::string& name = NameOf(member);
         if (name == "Cells" && arguments.size() == 2) {
-            return Made("Cell", {arguments[0].AsInt16(), arguments[1].AsInt16()});
+            return Made(path_ == "Added" ? "AddedCell" : "Cell", {arguments[0].AsInt16(), arguments[1].AsInt16()});
         }
         const std::string what = Step(name, arguments);
         FailAt(what);
@@ -78,12 +80,21 @@ public:
             return fake_->sheetName;
         }
         if (cell_ != FakeSpreadsheet::Place()) {
-            return name == "Value"        ? fake_->cells[cell_].value
-                   : name == "MergeCells" ? Variant(fake_->cells[cell_].merged)
+            return name == "Value"        ? State().value
+                   : name == "MergeCells" ? Variant(State().merged)
                                           : Made(path_ + "." + name, cell_);
         }
         if (name == "Application") {
             return Made("Application");
+        }
+        if (name == "Worksheets" && arguments.empty()) {
+            return Made("Worksheets");
+        }
+        if (name == "Worksheets" && arguments[0].AsText() == fake_->addedName) {
+            return Made("Added");
+        }
+        if (name == "Worksheets" && arguments[0].AsText().starts_with("PlanView")) {
+            throw AutomationError(AutomationErrorCode::SubscriptOutOfRange, "there is no such sheet");
         }
         return Made(name == "Worksheets" || name == "ActiveSheet" ? "Worksheet" : what);
     }
@@ -92,7 +103,7 @@ public:
         const std::string& name = NameOf(member);
         if (cell_ != FakeSpreadsheet::Place()) {
             FailAt(path_ + "." + name);
-            FakeSpreadsheet::CellState& cell = fake_->cells[cell_];
+            FakeSpreadsheet::CellState& cell = State();
             if (name == "Value") {
                 cell.value = value;
             } else {
@@ -103,12 +114,19 @@ public:
         const std::string what = Step(name, arguments) + "=" + value.AsText();
         FailAt(what);
         fake_->log.push_back(what);
+        if (path_ == "Added" && name == "Name") {
+            fake_->addedName = value.AsText();
+        }
     }
 
     Variant Call(DispatchId member, Arguments arguments) override {
         const std::string what = Step(NameOf(member), arguments);
         FailAt(what);
         fake_->log.push_back(what);
+        if (path_ == "Worksheets") {
+            fake_->added.clear();
+            return Made("Added");
+        }
         return NameOf(member) == "Add" || NameOf(member) == "Open" ? Made("Workbook") : Variant();
     }
 
@@ -119,13 +137,18 @@ private:
     }
     static const std::string& NameOf(DispatchId member) { return Names().at(static_cast<std::size_t>(member) - 1); }
 
+    [[nodiscard]] FakeSpreadsheet::CellState& State() const {
+        return (path_.starts_with("Added") ? fake_->added : fake_->cells)[cell_];
+    }
     [[nodiscard]] Variant Made(const std::string& path, FakeSpreadsheet::Place cell = {}) const {
         return std::make_shared<FakeObject>(fake_, path, cell);
     }
     [[nodiscard]] std::string Step(const std::string& name, Arguments arguments) const {
         std::string text = path_ + "." + name;
         for (std::size_t i = 0; i < arguments.size(); ++i) {
-            text += (i == 0 ? "(" : ",") + arguments[i].AsText() + (i + 1 == arguments.size() ? ")" : "");
+            const bool isObject = arguments[i].GetKind() == Variant::Kind::Object;
+            text += (i == 0 ? "(" : ",") + (isObject ? "object" : arguments[i].AsText()) +
+                    (i + 1 == arguments.size() ? ")" : "");
         }
         return text;
     }

@@ -69,6 +69,21 @@ TEST_F(ObjectModelTest, WhatCannotBeDoneSaysSo) {
     EXPECT_EQ(ValueAt(sheet, 1, 1), "e:");
 }
 
+TEST_F(ObjectModelTest, AnotherSheetIsAddedMovedAndHidden) {
+    const Late first = NewSheet();
+    EXPECT_NE(AutomationMessage([&] { first.Put("Visible", 0); }), "") << "the only one";
+    const Late added = book_.Get("Worksheets").Call("Add");
+    EXPECT_EQ(added.Get("Name").Value().AsText(), "Tabelle2");
+    EXPECT_EQ(book_.Get("ActiveSheet").Get("Name").Value().AsText(), "Tabelle2");
+    added.Get("Cells", 1, 1).Put("Value", "kept");
+    first.Call("Move", added.Value());
+    EXPECT_EQ(book_.Get("Worksheets", 1).Get("Name").Value().AsText(), "Tabelle1");
+    EXPECT_EQ(ValueAt(book_.Get("Worksheets", 2), 1, 1), "t:kept");
+    added.Put("Visible", 0);
+    EXPECT_EQ(book_.Get("ActiveSheet").Get("Name").Value().AsText(), "Tabelle1");
+    EXPECT_NE(AutomationMessage([&] { first.Call("Move", book_.Value()); }), "");
+}
+
 TEST_F(ObjectModelTest, ProtectionHoldsBackAllButOpenCells) {
     const Late sheet = NewSheet();
     sheet.Get("Cells", 2, 2).Put("Locked", false);

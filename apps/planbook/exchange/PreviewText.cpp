@@ -10,6 +10,7 @@
 namespace planbook {
 
 using planview::UploadChange;
+using planview::UploadOrigin;
 using planview::UploadPreview;
 
 namespace {
@@ -26,10 +27,20 @@ QString Shown(const std::string& text) {
     return text.empty() ? QStringLiteral("(empty)") : QString::fromStdString(text).simplified();
 }
 
+QString RemarkOf(const UploadChange& change) {
+    if (change.IsRefused()) {
+        return "refused: " + QString::fromStdString(change.refusal);
+    }
+    if (change.origin == UploadOrigin::Workbook) {
+        return {};
+    }
+    return QString("left alone: changed in the %1 since the download, was %2")
+        .arg(change.origin == UploadOrigin::Both ? "workbook and in the book" : "book", Shown(change.downloaded));
+}
+
 Row RowOf(const UploadChange& change) {
     return {QString::fromStdString(change.line).simplified(), QString::fromStdString(change.period).simplified(),
-            Shown(change.before), Shown(change.after),
-            change.IsRefused() ? "refused: " + QString::fromStdString(change.refusal) : QString()};
+            Shown(change.before), Shown(change.after), RemarkOf(change)};
 }
 
 QString TableText(const std::vector<Row>& rows) {
@@ -52,9 +63,17 @@ QString TableText(const std::vector<Row>& rows) {
     return text;
 }
 
+template <class IsMeant>
+int CountIn(const UploadPreview& preview, const IsMeant& isMeant) {
+    return static_cast<int>(std::count_if(preview.changes.begin(), preview.changes.end(), isMeant));
+}
+
 int RefusedIn(const UploadPreview& preview) {
-    return static_cast<int>(std::count_if(preview.changes.begin(), preview.changes.end(),
-                                          [](const UploadChange& change) { return change.IsRefused(); }));
+    return CountIn(preview, [](const UploadChange& change) { return change.IsRefused(); });
+}
+
+int ChangedIn(const UploadPreview& preview, UploadOrigin origin) {
+    return CountIn(preview, [=](const UploadChange& change) { return !change.IsRefused() && change.origin == origin; });
 }
 
 }  // namespace
@@ -64,18 +83,24 @@ QString CountedValues(int count) {
 }
 
 bool IsWhole(const UploadPreview& preview) {
-    return preview.notes.empty() && RefusedIn(preview) == 0;
+    return preview.notes.empty() && RefusedIn(preview) == 0 && ChangedIn(preview, UploadOrigin::Both) == 0;
 }
 
 QString PreviewText(const UploadPreview& preview) {
     const int refused = RefusedIn(preview);
-    const int changed = static_cast<int>(preview.changes.size()) - refused;
+    const int changed = ChangedIn(preview, UploadOrigin::Workbook);
     QString text =
         QString("%1, sheet %2: %3 to change")
             .arg(QString::fromStdString(std::filesystem::path(preview.file).filename().string()),
                  QString::fromStdString(preview.sheet), changed == 0 ? QString("nothing") : CountedValues(changed));
     if (refused > 0) {
         text += QString(", %1 refused").arg(refused);
+    }
+    if (const int both = ChangedIn(preview, UploadOrigin::Both); both > 0) {
+        text += QString(", %1 changed in both").arg(both);
+    }
+    if (const int book = ChangedIn(preview, UploadOrigin::Book); book > 0) {
+        text += QString(", %1 changed in the book only").arg(book);
     }
     text += "\n";
     if (!preview.changes.empty()) {
@@ -85,8 +110,10 @@ QString PreviewText(const UploadPreview& preview) {
         }
         text += TableText(rows);
     }
-    for (const std::string& note : preview.notes) {
-        text += QString::fromStdString(note).simplified() + "\n";
+    for (const auto& sentences : {preview.notes, preview.remarks}) {
+        for (const std::string& sentence : sentences) {
+            text += QString::fromStdString(sentence).simplified() + "\n";
+        }
     }
     return text;
 }

@@ -2,8 +2,10 @@
 #include "macro/editor/MacroEditor.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "automation/BusyScope.h"
+#include "grid/CellRules.h"
 #include "macro/editor/ElementSpots.h"
 #include "macro/run/MacroGrid.h"
 #include "macro/run/MacroSentences.h"
@@ -36,9 +38,26 @@ void MacroEditor::Operate(std::string_view method, const std::function<void()>& 
     Changed();
 }
 
+void MacroEditor::Change(std::string_view method, const std::function<void()>& body) {
+    AsOneStep([&] {
+        Operate(method, [&] {
+            if (MayChange()) {
+                body();
+            } else {
+                Say(std::string(RefusalText(Refusal::TableReadOnly)));
+            }
+        });
+    });
+}
+
 void MacroEditor::Say(std::string text, bool isProblem) {
     message_ = std::move(text);
     messageIsProblem_ = isProblem;
+}
+
+void MacroEditor::Tell(std::string message) {
+    Say(std::move(message));
+    Changed();
 }
 
 void MacroEditor::Changed() const {
@@ -171,15 +190,66 @@ void MacroEditor::SetOperandText(std::string text) {
 
 bool MacroEditor::Edit(const std::function<std::optional<std::string>(MacroTable& table)>& change) {
     std::optional<std::string> key;
-    {
-        const BusyScope working(isWorking_);
-        MacroTable table(parts_.tree, parts_.tables.MACRO_TREE);
-        key = change(table);
+    if (!MayChange()) {
+        Say(std::string(RefusalText(Refusal::TableReadOnly)));
+        return false;
     }
+    Write([&](MacroTable& table) { key = change(table); });
     if (key) {
         Build(*key);
     }
     return key.has_value();
+}
+
+void MacroEditor::AsOneStep(const std::function<void()>& action) {
+    MacroChanges changes;
+    changes.currentBefore = currentKey_;
+    struct Collecting {
+        MacroChanges*& step;
+        MacroChanges* const outer;
+        ~Collecting() { step = outer; }
+    };
+    const std::optional<std::string> error = ErrorTextOf([&] {
+        const Collecting collecting{step_, std::exchange(step_, &changes)};
+        action();
+    });
+    changes.currentAfter = currentKey_;
+    // Half an action can be taken back, too.
+    if (!changes.IsEmpty() && !ErrorTextOf([&] { changes.End(parts_.tables.MACRO_TREE); })) {
+        history_.Add(std::move(changes));
+    }
+    if (error) {
+        throw AutomationError(AutomationErrorCode::Failed, *error);
+    }
+}
+
+void MacroEditor::Write(const std::function<void(MacroTable& table)>& change) {
+    const BusyScope working(isWorking_);
+    MacroTable table(parts_.tree, parts_.tables.MACRO_TREE, *step_);
+    change(table);
+}
+
+void MacroEditor::Restore(std::string (MacroHistory::*step)(const HostTable& table)) {
+    std::string key;
+    const std::string before = currentKey_;
+    {
+        const BusyScope working(isWorking_);
+        key = (history_.*step)(parts_.tables.MACRO_TREE);
+    }
+    Build(key.empty() ? before : key);
+    Announce();
+}
+
+void MacroEditor::Undo() {
+    if (history_.CanUndo()) {
+        Change("Undo", [&] { Restore(&MacroHistory::Undo); });
+    }
+}
+
+void MacroEditor::Redo() {
+    if (history_.CanRedo()) {
+        Change("Redo", [&] { Restore(&MacroHistory::Redo); });
+    }
 }
 
 void MacroEditor::Build(const std::string& currentKey) {
@@ -224,13 +294,15 @@ void MacroEditor::Check() {
 }
 
 void MacroEditor::Run() {
-    Operate("Run", [&] {
-        if (macroKey_.empty()) {
-            Say("There is no macro to run. Select one in the tree.");
-        } else if (operandText_.empty() || TakeText()) {
-            MacroOutcome outcome = parts_.run(macroKey_);
-            Tell(outcome.problems, std::move(outcome.done));
-        }
+    AsOneStep([&] {
+        Operate("Run", [&] {
+            if (macroKey_.empty()) {
+                Say("There is no macro to run. Select one in the tree.");
+            } else if (operandText_.empty() || TakeText()) {
+                MacroOutcome outcome = parts_.run(macroKey_);
+                Tell(outcome.problems, std::move(outcome.done));
+            }
+        });
     });
 }
 

@@ -14,6 +14,7 @@
 #include "automation/TableSlots.h"
 #include "components/GridControl.h"
 #include "components/TreeControl.h"
+#include "macro/tree/MacroHistory.h"
 #include "macro/tree/MacroOutcome.h"
 #include "macro/tree/MacroOutline.h"
 #include "macro/tree/MacroTable.h"
@@ -28,6 +29,7 @@ struct MacroEditorParts {
     TreeControl& tree;
     EventSource& events;
     Popups& popups;
+    MessageBoxes& messageBoxes;
     MacroToolbar& toolbar;
     /// Rebuilds the tree from MACRO_TREE.
     std::function<void()> buildTree;
@@ -60,7 +62,8 @@ public:
 ///
 /// The active macro is the one that the tree's selected node is or belongs to; the current element is that node. Every
 /// change is written to MACRO_TREE at once, the tree is rebuilt, and `MacroTreeExpand` tells the host. Message() says
-/// what could not be done. Each operation writes a trace entry under "MACROVIEW" and ends at an error trap.
+/// what could not be done. Undo() takes changes back. Where the grid is read only nothing is changed. Each operation
+/// writes a trace entry under "MACROVIEW" and ends at an error trap.
 class PLANVIEW_EXPORT MacroEditor final : private TreeWatcher {
 public:
     inline static constexpr std::string_view Label = "MACROVIEW";
@@ -115,14 +118,28 @@ public:
     /// The text becomes the name of a macro or element, or the value of a number. Own lines, elements and areas are
     /// renamed everywhere in the macro.
     void Rename(const std::string& text);
+    /// The same for any node of the tree whose label the user has edited; the tree is not rebuilt. Returns a sentence
+    /// where the node does not take the text. Throws what the table throws.
+    [[nodiscard]] std::string RenameNode(const std::string& key, const std::string& text);
     /// The text to offer for Rename().
     [[nodiscard]] std::string NameToEdit() const;
     void Move(bool up);
     /// Moves any node of the tree beside or below another one, if their kinds allow it.
     void MoveTo(const std::string& key, const std::string& target, TreeDrop drop);
+    /// A whole macro or recording only if the user agrees.
     void Delete();
     /// Leaves the element out of runs, or includes it again.
     void ToggleActive();
+
+    /// Takes back the last change of macros, or makes it again.
+    void Undo();
+    void Redo();
+    [[nodiscard]] bool CanUndo() const noexcept { return history_.CanUndo() && MayChange(); }
+    [[nodiscard]] bool CanRedo() const noexcept { return history_.CanRedo() && MayChange(); }
+    /// Whether macros can be changed at all.
+    [[nodiscard]] bool MayChange() const noexcept { return !parts_.grid.IsReadOnly(); }
+    /// Shows the user a message beside the elements.
+    void Tell(std::string message);
 
     // --- The macro
 
@@ -141,6 +158,14 @@ private:
 
     /// Runs an operation under an error trap; an error becomes the message.
     void Operate(std::string_view method, const std::function<void()>& body);
+    /// The same for what changes macros.
+    void Change(std::string_view method, const std::function<void()>& body);
+    /// Runs an action of the user; what it writes is one step of the history.
+    void AsOneStep(const std::function<void()>& action);
+    /// Changes MACRO_TREE inside AsOneStep().
+    void Write(const std::function<void(MacroTable& table)>& change);
+    void Restore(std::string (MacroHistory::*step)(const HostTable& table));
+    [[nodiscard]] bool AgreesToDelete();
     void Reload();
     void ReadElements();
     /// Marks elements with problems. The message is the first problem, or `done` if there is none.
@@ -175,6 +200,8 @@ private:
     std::vector<MacroElement> elements_;
     std::string currentKey_;
     MacroSpot spot_ = MacroSpot::Inside;
+    MacroHistory history_;
+    MacroChanges* step_ = nullptr;  // what AsOneStep() collects
     std::string operandText_;
     std::string message_;
     bool messageIsProblem_ = false;

@@ -3,8 +3,10 @@
 
 #include <algorithm>
 
+#include "automation/BusyScope.h"
 #include "automation/Numbers.h"
 #include "automation/Texts.h"
+#include "grid/CellRules.h"
 #include "macro/editor/ElementSpots.h"
 #include "macro/editor/MacroEditor.h"
 
@@ -21,7 +23,7 @@ bool MacroEditor::Add(const NewMacroNode& node) {
 }
 
 void MacroEditor::NewMacro() {
-    Operate("NewMacro", [&] {
+    Change("NewMacro", [&] {
         TreeNodes& nodes = parts_.tree.Nodes();
         const auto isTaken = [&](const std::string& name) {
             for (int i = 1; i <= nodes.Count(); ++i) {
@@ -45,7 +47,7 @@ void MacroEditor::NewMacro() {
 }
 
 void MacroEditor::AddCondition(bool otherwise) {
-    Operate("AddCondition", [&] {
+    Change("AddCondition", [&] {
         NewMacroNode node;
         node.type = MacroNodeType::Condition;
         node.value = otherwise ? "ELSE" : "IF";
@@ -92,25 +94,27 @@ void MacroEditor::AddConditionString() {
 }
 
 void MacroEditor::NextStatement() {
-    Operate("NextStatement", [&] {
-        if (!operandText_.empty() && !TakeText()) {
-            return;
-        }
-        int at = Current();
-        while (at > 0 && !HoldsStatements(outline_.At(outline_.At(at).parent).type)) {
-            at = outline_.At(at).parent;
-        }
-        if (at <= 0) {
-            return;
-        }
-        const bool isTest = outline_.At(at).type == MacroNodeType::ConditionString;
-        if (const TreeNode node = parts_.tree.Nodes().Find(outline_.At(at).key)) {
-            node.SetSelected(true);
-        }
-        spot_ = MacroSpot::After;
-        Say(isTest ? "Point at what gets a value where the condition holds, and take it over."
-                   : "Point at what gets a value next, and take it over.",
-            false);
+    AsOneStep([&] {
+        Operate("NextStatement", [&] {
+            if (!operandText_.empty() && !TakeText()) {
+                return;
+            }
+            int at = Current();
+            while (at > 0 && !HoldsStatements(outline_.At(outline_.At(at).parent).type)) {
+                at = outline_.At(at).parent;
+            }
+            if (at <= 0) {
+                return;
+            }
+            const bool isTest = outline_.At(at).type == MacroNodeType::ConditionString;
+            if (const TreeNode node = parts_.tree.Nodes().Find(outline_.At(at).key)) {
+                node.SetSelected(true);
+            }
+            spot_ = MacroSpot::After;
+            Say(isTest ? "Point at what gets a value where the condition holds, and take it over."
+                       : "Point at what gets a value next, and take it over.",
+                false);
+        });
     });
 }
 
@@ -124,39 +128,95 @@ std::string MacroEditor::NameToEdit() const {
     return byValue ? node->value : node->text;
 }
 
+namespace {
+
+bool IsOwn(const MacroNode& node) noexcept {
+    return node.type >= MacroNodeType::OwnLine && node.type <= MacroNodeType::OwnArea;
+}
+
+/// Why the node does not take the text; empty where it does.
+std::string NameFault(const MacroNode& node, const std::string& text) {
+    if (Trimmed(text).empty()) {
+        return "A name cannot be empty.";
+    }
+    if (node.type == MacroNodeType::Constant && !TryParseNumber(text)) {
+        return "\"" + text + "\" is not a number. Enter digits with a point or a comma.";
+    }
+    return {};
+}
+
+/// The nodes that get a new text with this one: own lines, elements and areas are renamed everywhere in the macro.
+std::vector<const MacroNode*> Renamed(const MacroOutline& outline, const MacroNode& node) {
+    std::vector<const MacroNode*> nodes{&node};
+    for (int i = 0; IsOwn(node) && i < outline.Count(); ++i) {
+        const MacroNode& each = outline.At(i);
+        if (&each != &node && each.type == node.type && each.value == node.value) {
+            nodes.push_back(&each);
+        }
+    }
+    return nodes;
+}
+
+void PutName(MacroTable& table, const std::vector<const MacroNode*>& nodes, const std::string& text) {
+    for (const MacroNode* node : nodes) {
+        if (IsOwn(*node) || node->type == MacroNodeType::Constant) {
+            table.SetValue(node->key, text);
+        }
+        table.SetText(node->key, text);
+    }
+}
+
+}  // namespace
+
 void MacroEditor::Rename(const std::string& text) {
-    Operate("Rename", [&] {
+    Change("Rename", [&] {
         const MacroNode* node = CurrentNode();
         if (!node || text == NameToEdit()) {
             return;
         }
-        if (Trimmed(text).empty()) {
-            Say("A name cannot be empty.");
-            return;
-        }
-        if (node->type == MacroNodeType::Constant && !TryParseNumber(text)) {
-            Say("\"" + text + "\" is not a number. Enter digits with a point or a comma.");
+        if (const std::string fault = NameFault(*node, text); !fault.empty()) {
+            Say(fault);
             return;
         }
         Edit([&](MacroTable& table) {
-            const bool isOwn = node->type >= MacroNodeType::OwnLine && node->type <= MacroNodeType::OwnArea;
-            for (int i = 0; i < outline_.Count(); ++i) {
-                const MacroNode& each = outline_.At(i);
-                if (&each == node || (isOwn && each.type == node->type && each.value == node->value)) {
-                    if (isOwn || node->type == MacroNodeType::Constant) {
-                        table.SetValue(each.key, text);
-                    }
-                    table.SetText(each.key, text);
-                }
-            }
+            PutName(table, Renamed(outline_, *node), text);
             return node->key;
         });
         Announce();
     });
 }
 
+std::string MacroEditor::RenameNode(const std::string& key, const std::string& text) {
+    if (!MayChange()) {
+        return std::string(RefusalText(Refusal::TableReadOnly));
+    }
+    const HostTable table = parts_.tables.MACRO_TREE;
+    const std::string macro = MacroKeyOf(parts_.tree, table, key);
+    const MacroOutline outline = MacroOutline::Read(parts_.tree, table, macro.empty() ? key : macro);
+    const int at = outline.Find(key);
+    if (at == MacroNode::None) {
+        return {};
+    }
+    const MacroNode& node = outline.At(at);
+    if (std::string fault = NameFault(node, text); !fault.empty()) {
+        return fault;
+    }
+    const std::vector<const MacroNode*> nodes = Renamed(outline, node);
+    AsOneStep([&] { Write([&](MacroTable& rows) { PutName(rows, nodes, text); }); });
+    {
+        const BusyScope working(isWorking_);
+        for (const MacroNode* each : nodes) {
+            if (const TreeNode shown = parts_.tree.Nodes().Find(each->key)) {
+                shown.SetText(text);
+            }
+        }
+    }
+    Reload();
+    return {};
+}
+
 void MacroEditor::Move(bool up) {
-    Operate(up ? "MoveUp" : "MoveDown", [&] {
+    Change(up ? "MoveUp" : "MoveDown", [&] {
         const MacroNode* node = CurrentNode();
         if (!node || Current() == 0) {
             return;
@@ -172,7 +232,7 @@ void MacroEditor::Move(bool up) {
 }
 
 void MacroEditor::MoveTo(const std::string& key, const std::string& target, TreeDrop drop) {
-    Operate("MoveTo", [&] {
+    Change("MoveTo", [&] {
         const HostTable macroTree = parts_.tables.MACRO_TREE;
         const TreeNode beside = parts_.tree.Nodes().Item(target);
         const TreeNode parent = drop == TreeDrop::Below ? beside : beside.Parent();
@@ -207,10 +267,24 @@ void MacroEditor::MoveTo(const std::string& key, const std::string& target, Tree
     });
 }
 
+bool MacroEditor::AgreesToDelete() {
+    const std::string key = macroKey_;
+    const int parts = outline_.Count() - 1;
+    const MessageAnswer answer = parts_.messageBoxes.Show(
+        {"Delete the " + std::string(IsRecording() ? "recording" : "macro") + " \"" + outline_.At(0).text + "\"" +
+             (parts == 0 ? "?" : " with " + Counted(parts, IsRecording() ? "step" : "element") + "?"),
+         "Macros", MessageButtons::YesNo, MessageIcon::Question, MessageAnswer::No});
+    // The host may have chosen another one meanwhile.
+    return answer == MessageAnswer::Yes && macroKey_ == key && Current() == 0;
+}
+
 void MacroEditor::Delete() {
-    Operate("Delete", [&] {
+    Change("Delete", [&] {
         const int current = Current();
         if (current == MacroNode::None) {
+            return;
+        }
+        if (current == 0 && !AgreesToDelete()) {
             return;
         }
         // Afterwards the previous sibling is current, or else the parent.
@@ -233,7 +307,7 @@ void MacroEditor::Delete() {
 }
 
 void MacroEditor::ToggleActive() {
-    Operate("ToggleActive", [&] {
+    Change("ToggleActive", [&] {
         const MacroNode* node = CurrentNode();
         if (!node || IsRecording()) {
             return;

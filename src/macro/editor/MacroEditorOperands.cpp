@@ -29,7 +29,7 @@ PopupEntry Choice(std::string_view name, std::string_view caption) {
 // --- From the grid
 
 void MacroEditor::TakeOperand() {
-    Operate("TakeOperand", [&] {
+    Change("TakeOperand", [&] {
         if (Trimmed(operandText_).empty() ? AddSelection() : TakeText()) {
             Announce();
         }
@@ -94,7 +94,7 @@ bool MacroEditor::TakeText() {
 // --- Operators and functions
 
 void MacroEditor::AddOperator(const std::string& value) {
-    Operate("AddOperator", [&] {
+    Change("AddOperator", [&] {
         if (!Trimmed(operandText_).empty() && !TakeText()) {
             return;
         }
@@ -121,7 +121,7 @@ void MacroEditor::CloseFunction(int function) {
 }
 
 void MacroEditor::AddFunction(const std::string& value) {
-    Operate("AddFunction", [&] {
+    Change("AddFunction", [&] {
         NewMacroNode node;
         node.type = MacroNodeType::Function;
         node.value = value;
@@ -141,7 +141,7 @@ void MacroEditor::AddFunction(const std::string& value) {
 void MacroEditor::AddElement(ToolbarButton button) {
     switch (button) {
         case ToolbarButton::CondString:
-            Operate("AddConditionString", [&] {
+            Change("AddConditionString", [&] {
                 AddConditionString();
                 Announce();
             });
@@ -186,7 +186,7 @@ void MacroEditor::AddElement(ToolbarButton button) {
 }
 
 void MacroEditor::AddSelectionAs(MacroNodeType type) {
-    Operate("AddPlace", [&] {
+    Change("AddPlace", [&] {
         std::string refusal;
         const std::optional<NewMacroNode> node = NodeFromSelectionAs(parts_.grid, type, refusal);
         if (!node) {
@@ -238,7 +238,7 @@ void MacroEditor::AskAttribute() {
     if (chosen.empty()) {
         return;
     }
-    Operate("AddAttribute", [&] {
+    Change("AddAttribute", [&] {
         NewMacroNode node;
         node.type = MacroNodeType::Attribute;
         node.value = node.text = "DECIMALS=" + chosen;
@@ -269,7 +269,7 @@ void MacroEditor::AskOwn(MacroNodeType type) {
     if (chosen.empty()) {
         return;
     }
-    Operate("AddOwn", [&] {
+    Change("AddOwn", [&] {
         NewMacroNode node;
         node.type = type;
         node.value = chosen;

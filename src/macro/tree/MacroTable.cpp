@@ -15,13 +15,17 @@ constexpr std::array<std::string_view, 8> TextFields{"NODETEXT", "NODETYPE", "NO
 
 }  // namespace
 
+void MacroTable::Write(HostTable::Row row, std::string_view field, const Variant& value) {
+    changes_.Put(table_, row, field, value);
+}
+
 void MacroTable::Put(std::string_view key, std::string_view field, std::string_view value) {
     const HostTable::Row row = rows_.Find(key);
     if (row == 0) {
         throw AutomationError(AutomationErrorCode::SubscriptOutOfRange,
                               "MACRO_TREE has no node \"" + std::string(key) + "\"");
     }
-    table_.Put(row, field, value);
+    Write(row, field, value);
 }
 
 /// Roots are built first.
@@ -43,9 +47,9 @@ HostTable::Row MacroTable::RowFor(std::string_view parent) {
 
 void MacroTable::Relate(HostTable::Row row, std::string_view reference, TreeRelationship relation) {
     if (table_.Text(row, "NODEREF") != reference) {
-        table_.Put(row, "NODEREF", reference);
+        Write(row, "NODEREF", reference);
     }
-    table_.Put(row, "RELATION", static_cast<std::int16_t>(relation));
+    Write(row, "RELATION", static_cast<std::int16_t>(relation));
 }
 
 MacroTable::Keys MacroTable::ChildrenOf(const TreeNode& parent) {
@@ -61,18 +65,18 @@ std::string MacroTable::Add(const NewMacroNode& node, std::string_view beside, M
     const TreeNode parent = spot == MacroSpot::Inside || !relative ? relative : relative.Parent();
     const std::string parentKey = parent ? parent.Key() : std::string();
     const HostTable::Row row = RowFor(parentKey);
-    table_.Put(row, "NODETYPE", NameOf(node.type));  // first, because a table may lack it
+    Write(row, "NODETYPE", NameOf(node.type));  // first, because a table may lack it
     for (const std::string_view field : {"INACTIVE", "EXPANDED", "NODEREF"}) {
-        table_.Put(row, field, "");
+        Write(row, field, "");
     }
-    table_.Put(row, "NODEVALUE", node.value);
-    table_.Put(row, "NODENAME", node.name);
-    table_.Put(row, "NODETEXT", node.text);
-    table_.Put(row, "IMAGE", MacroImageOf(node.type));
-    table_.Put(row, "IMAGE_SEL", MacroImageOf(node.type));
+    Write(row, "NODEVALUE", node.value);
+    Write(row, "NODENAME", node.name);
+    Write(row, "NODETEXT", node.text);
+    Write(row, "IMAGE", MacroImageOf(node.type));
+    Write(row, "IMAGE_SEL", MacroImageOf(node.type));
     Relate(row, "", TreeRelationship::Child);
     const std::string key = rows_.NewKey();
-    table_.Put(row, "NODEKEY", key);
+    Write(row, "NODEKEY", key);
     rows_ = MacroRows(table_);
     if (!parent) {
         return key;
@@ -84,7 +88,7 @@ std::string MacroTable::Add(const NewMacroNode& node, std::string_view beside, M
     }
     order.insert(at, key);
     Arrange(parentKey, order);
-    table_.PutFlag(rows_.Find(parentKey), "EXPANDED", true);
+    Write(rows_.Find(parentKey), "EXPANDED", "X");
     return key;
 }
 
@@ -127,10 +131,10 @@ void MacroTable::Delete(std::string_view key) {
 
 /// A row without a key is no node.
 void MacroTable::Empty(HostTable::Row row) {
-    table_.Put(row, "NODEKEY", "");
-    table_.Put(row, "NODEREF", "");
+    Write(row, "NODEKEY", "");
+    Write(row, "NODEREF", "");
     for (const std::string_view field : TextFields) {
-        table_.Put(row, field, "");
+        Write(row, field, "");
     }
 }
 
@@ -179,13 +183,13 @@ void MacroTable::PutBehind(HostTable::Row row, const MacroOutline& moved) {
     for (const auto& [order, old] : byOrder) {
         const HostTable::Row fresh = table_.AddRow();
         for (const std::string_view field : TextFields) {
-            table_.Put(fresh, field, table_.Text(old, field));
+            Write(fresh, field, table_.Text(old, field));
         }
-        table_.Put(fresh, "NODEREF", table_.Text(old, "NODEREF"));
-        table_.Put(fresh, "RELATION", table_.Value(old, "RELATION"));
+        Write(fresh, "NODEREF", table_.Text(old, "NODEREF"));
+        Write(fresh, "RELATION", table_.Value(old, "RELATION"));
         const std::string key = table_.Text(old, "NODEKEY");
         Empty(old);
-        table_.Put(fresh, "NODEKEY", key);
+        Write(fresh, "NODEKEY", key);
     }
     rows_ = MacroRows(table_);
 }
@@ -219,7 +223,7 @@ bool MacroTable::MoveTo(std::string_view key, std::string_view target, TreeDrop 
     const auto at = drop == TreeDrop::Below ? order.end() : std::find(order.begin(), order.end(), target);
     order.insert(at + (drop == TreeDrop::After ? 1 : 0), std::string(key));
     Arrange(parent.Key(), order);
-    table_.PutFlag(rows_.Find(parent.Key()), "EXPANDED", true);
+    Write(rows_.Find(parent.Key()), "EXPANDED", "X");
     return true;
 }
 

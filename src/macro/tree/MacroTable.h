@@ -9,6 +9,7 @@
 
 #include "automation/HostTable.h"
 #include "components/TreeControl.h"
+#include "macro/tree/MacroHistory.h"
 #include "macro/tree/MacroNodes.h"
 #include "macro/tree/MacroOutline.h"
 
@@ -31,7 +32,9 @@ struct NewMacroNode {
 /// siblings. Every method passes on what the table throws.
 class MacroTable {
 public:
-    MacroTable(TreeControl& tree, HostTable table) : tree_(tree), table_(std::move(table)), rows_(table_) {}
+    /// The changes get what is put, and must outlive the object.
+    MacroTable(TreeControl& tree, HostTable table, MacroChanges& changes)
+        : tree_(tree), table_(std::move(table)), changes_(changes), rows_(table_) {}
 
     /// Adds a node and returns its key. Without `beside` it becomes the last root.
     std::string Add(const NewMacroNode& node, std::string_view beside, MacroSpot spot);
@@ -52,6 +55,7 @@ private:
     using Keys = std::vector<std::string>;
 
     void Put(std::string_view key, std::string_view field, std::string_view value);
+    void Write(HostTable::Row row, std::string_view field, const Variant& value);
     [[nodiscard]] HostTable::Row RowFor(std::string_view parent);
     void Relate(HostTable::Row row, std::string_view reference, TreeRelationship relation);
     /// Puts the children of `parent` into this order.
@@ -64,6 +68,7 @@ private:
 
     TreeControl& tree_;
     HostTable table_;
+    MacroChanges& changes_;
     MacroRows rows_;
 };
 

@@ -159,16 +159,9 @@ void CollapseAll(Tree& tree) {
     tree.events.Raise(EventId::MacroTreeCollapse);
 }
 
-void PutText(Tree& tree, std::string_view key, std::string_view text) {
+void ChangeLabels(Tree& tree, const std::function<void()>& change) {
     const Run run(tree);
-    const HostTable table = tree.tables.MACRO_TREE;
-    const int count = table.RowCount();
-    for (int i = 1; i <= count; ++i) {
-        const auto row = static_cast<HostTable::Row>(i);
-        if (table.Text(row, "NODEKEY") == key) {
-            table.Put(row, "NODETEXT", text);
-        }
-    }
+    change();
 }
 
 void PutExpanded(Tree& tree, std::string_view key, bool expanded) {

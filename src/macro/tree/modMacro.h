@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <string_view>
 
 #include "automation/EventSource.h"
@@ -39,8 +40,8 @@ void ExpandAll(Tree& tree);
 /// Closes all nodes, clears `EXPANDED`, and raises `MacroTreeCollapse`. The selection stays.
 void CollapseAll(Tree& tree);
 
-/// Writes the text into every row with that key.
-void PutText(Tree& tree, std::string_view key, std::string_view text);
+/// Runs a change of labels as one of the procedures.
+void ChangeLabels(Tree& tree, const std::function<void()>& change);
 /// Writes the open state into the row with that key, if there is one.
 void PutExpanded(Tree& tree, std::string_view key, bool expanded);
 

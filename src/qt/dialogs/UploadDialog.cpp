@@ -100,13 +100,14 @@ void UploadDialog::buildHead(QVBoxLayout& layout) {
     head->addWidget(file);
     layout.addLayout(head);
 
-    const std::vector<std::string>& notes = form_->Preview().notes;
-    if (notes.empty()) {
-        return;
-    }
     QStringList lines;
-    for (const std::string& note : notes) {
-        lines << QString::fromStdString(note);
+    for (const auto& sentences : {form_->Preview().notes, form_->Preview().remarks}) {
+        for (const std::string& sentence : sentences) {
+            lines << QString::fromStdString(sentence);
+        }
+    }
+    if (lines.isEmpty()) {
+        return;
     }
     auto* text = new QPlainTextEdit(lines.join(QLatin1Char('\n')), this);
     text->setObjectName(QStringLiteral("notes"));
@@ -133,7 +134,7 @@ void UploadDialog::buildFilterLine(QVBoxLayout& layout) {
     words_->setAccessibleName(tr("Filter"));
     words_->setClearButtonEnabled(true);
     show_ = new QComboBox(this);
-    show_->addItems({tr("All"), tr("Changes"), tr("Refused")});
+    show_->addItems({tr("All"), tr("Changes"), tr("Refused"), tr("Changed in both"), tr("Changed in the table")});
     show_->setAccessibleName(tr("What is shown"));
     count_ = new QLabel(this);
     count_->setObjectName(QStringLiteral("note"));

@@ -53,6 +53,11 @@ bool UploadModel::isRefused(int row) const {
     return each && each->IsRefused();
 }
 
+UploadOrigin UploadModel::origin(int row) const {
+    const UploadChange* each = change(row);
+    return each ? each->origin : UploadOrigin::Workbook;
+}
+
 int UploadModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() || !form_ ? 0 : static_cast<int>(form_->Preview().changes.size());
 }
@@ -79,7 +84,7 @@ QVariant UploadModel::data(const QModelIndex& index, int role) const {
                 case After:
                     return shownValue(each->after);
                 default:
-                    return QString::fromStdString(each->refusal);
+                    return QString::fromStdString(RemarkOf(*each));
             }
         case Qt::CheckStateRole:
             return index.column() == Line && !each->IsRefused() ? QVariant(each->taken ? Qt::Checked : Qt::Unchecked)
@@ -95,7 +100,7 @@ QVariant UploadModel::data(const QModelIndex& index, int role) const {
             }
             return index.column() == Before ? QVariant(QBrush(QColor(theme_.muted))) : QVariant();
         case Qt::AccessibleTextRole:
-            return index.column() == Remark && each->refusal.empty() ? tr("will be changed") : QVariant();
+            return index.column() == Remark && RemarkOf(*each).empty() ? tr("changed in the workbook") : QVariant();
         default:
             return {};
     }
@@ -137,7 +142,7 @@ QVariant UploadModel::headerData(int section, Qt::Orientation orientation, int r
         case After:
             return tr("New value");
         case Remark:
-            return tr("Refused because");
+            return tr("Remark");
         default:
             return {};
     }
@@ -149,8 +154,24 @@ void UploadFilter::setWords(const QString& text, Show show) {
     invalidateFilter();
 }
 
+bool UploadFilter::isShown(int row) const {
+    switch (show_) {
+        case Show::Changes:
+            return !model_.isRefused(row) && model_.origin(row) == UploadOrigin::Workbook;
+        case Show::Refused:
+            return model_.isRefused(row);
+        case Show::Both:
+            return !model_.isRefused(row) && model_.origin(row) == UploadOrigin::Both;
+        case Show::Book:
+            return !model_.isRefused(row) && model_.origin(row) == UploadOrigin::Book;
+        case Show::All:
+            break;
+    }
+    return true;
+}
+
 bool UploadFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
-    if (show_ != Show::All && model_.isRefused(row) != (show_ == Show::Refused)) {
+    if (!isShown(row)) {
         return false;
     }
     QString text;

@@ -23,6 +23,7 @@ public:
     /// The form is gone.
     void end();
     [[nodiscard]] bool isRefused(int row) const;
+    [[nodiscard]] UploadOrigin origin(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -41,12 +42,13 @@ private:
     GridTheme theme_ = GridTheme::light();
 };
 
-/// Passes the changes that contain all of the given words and are refused, not refused, or either.
+/// Passes the changes that contain all of the given words and are of one kind, or of any.
 class UploadFilter final : public QSortFilterProxyModel {
     Q_OBJECT
 
 public:
-    enum class Show { All, Changes, Refused };
+    /// In the order of the box in which the user chooses.
+    enum class Show { All, Changes, Refused, Both, Book };
 
     explicit UploadFilter(UploadModel& model, QObject* parent) : QSortFilterProxyModel(parent), model_(model) {
         setSourceModel(&model);
@@ -57,6 +59,8 @@ protected:
     [[nodiscard]] bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
 
 private:
+    [[nodiscard]] bool isShown(int row) const;
+
     UploadModel& model_;
     QStringList words_;
     Show show_ = Show::All;

@@ -186,6 +186,7 @@ TEST_F(MacroEditorTest, DeletingLeavesTheOthersWhereTheyWere) {
     const int rows = tables.macroTree->RowCount();
     editor.NewMacro();
     EXPECT_EQ(tables.macroTree->RowCount(), rows) << "the deleted rows are taken again";
+    platform.answer = MessageAnswer::Yes;
     editor.Delete();
     EXPECT_FALSE(context.macros.tree.Nodes().Find(editor.MacroKey()));
     context.macros.tree.Nodes().Item(first).SetSelected(true);
@@ -209,6 +210,101 @@ TEST_F(MacroEditorTest, RenamingAnOwnLineRenamesItEverywhere) {
     editor.Rename("Plan B");
     EXPECT_EQ(Shown().front(), "> Plan B");
     EXPECT_EQ(Statements().back(), "a = 2,5");
+}
+
+TEST_F(MacroEditorTest, TheTreesOwnRenamingDoesTheSame) {
+    const std::string key = macros.Add("Plan", "$a = ROW1\nROW3 = $a * 2");
+    BuildTree();
+    TreeControl& tree = context.macros.tree;
+    tree.Nodes().Item(key).SetSelected(true);
+    const auto rename = [&](const char* element, const char* text) {
+        GoTo(element);
+        const TreeNode node = tree.SelectedItem();
+        ASSERT_TRUE(tree.UserBeginLabelEdit(node));
+        tree.UserEndLabelEdit(text);
+    };
+    rename("2", "3");
+    EXPECT_EQ(Statements(), (Lines{"a = Retail", "Prices = a * 3"}));
+    EXPECT_EQ(tree.SelectedItem().Text(), "3");
+    editor.Run();
+    EXPECT_EQ(Line(3), "30 60 90 120 150 180") << "it calculates with what the tree shows";
+    rename("3", "x");
+    EXPECT_EQ(tree.SelectedItem().Text(), "3");
+    EXPECT_EQ(editor.Message(), "\"x\" is not a number. Enter digits with a point or a comma.");
+    rename("a = Retail", "Help");
+    EXPECT_EQ(Statements(), (Lines{"Help = Retail", "Prices = Help * 3"}));
+    editor.Undo();
+    editor.Undo();
+    EXPECT_EQ(Statements(), (Lines{"a = Retail", "Prices = a * 2"}));
+}
+
+TEST_F(MacroEditorTest, AWholeMacroIsDeletedOnlyIfTheUserAgrees) {
+    const std::string key = macros.Add("Plan", "ROW3 = ROW1");
+    BuildTree();
+    context.macros.tree.Nodes().Item(key).SetSelected(true);
+    editor.Delete();
+    ASSERT_EQ(platform.messages.size(), 1U);
+    EXPECT_EQ(platform.messages[0].text, "Delete the macro \"Plan\" with 2 elements?");
+    EXPECT_EQ(editor.MacroKey(), key);
+    platform.answer = MessageAnswer::Yes;
+    editor.Delete();
+    EXPECT_FALSE(context.macros.tree.Nodes().Find(key));
+    editor.Undo();
+    EXPECT_EQ(Statements(), Lines{"Prices = Retail"});
+    EXPECT_EQ(editor.MacroKey(), key);
+    editor.Redo();
+    EXPECT_FALSE(context.macros.tree.Nodes().Find(key));
+    EXPECT_FALSE(editor.CanRedo());
+}
+
+TEST_F(MacroEditorTest, WhatAnotherHasChangedIsNotTakenBack) {
+    const std::string key = macros.Add("Plan", "ROW3 = 1");
+    BuildTree();
+    context.macros.tree.Nodes().Item(key).SetSelected(true);
+    editor.Rename("Plan B");
+    const HostTable table = context.shared.tables.MACRO_TREE;
+    table.Put(table.FindRow("NODEKEY", key), "NODETEXT", "The host's");
+    ExpectErrors();
+    editor.Undo();
+    EXPECT_EQ(table.Text(table.FindRow("NODEKEY", key), "NODETEXT"), "The host's");
+    EXPECT_TRUE(editor.MessageIsProblem());
+    EXPECT_FALSE(editor.CanUndo());
+}
+
+TEST_F(MacroEditorTest, NothingIsChangedWhereTheTableIsReadOnly) {
+    const std::string key = macros.Add("Plan", "ROW3 = ROW1 * 2");
+    BuildTree();
+    TreeControl& tree = context.macros.tree;
+    tree.Nodes().Item(key).SetSelected(true);
+    editor.Rename("Plan B");
+    GoTo("2");
+    const Lines shown = Shown();
+    context.grid.control.SetReadOnly(true);
+    const std::function<void()> edits[] = {
+        [&] { editor.NewMacro(); },
+        [&] { editor.Rename("7"); },
+        [&] { editor.Delete(); },
+        [&] { editor.Move(true); },
+        [&] { editor.ToggleActive(); },
+        [&] { editor.AddCondition(false); },
+        [&] { editor.AddFunction("SUM"); },
+        [&] { editor.AddOperator("+"); },
+        [&] { TakeLine("ROW2"); },
+        [&] { editor.MoveTo(key, key, TreeDrop::Below); },
+        [&] { editor.AddElement(ToolbarButton::TabLine); },
+    };
+    for (const auto& edit : edits) {
+        edit();
+        EXPECT_EQ(editor.Message(), "This table is open for reading only.");
+        EXPECT_EQ(Shown(), shown);
+    }
+    EXPECT_FALSE(tree.UserBeginLabelEdit(tree.SelectedItem()));
+    EXPECT_FALSE(editor.CanUndo());
+    editor.Undo();
+    EXPECT_EQ(Statements(), Lines{"Prices = Retail * 2"});
+    context.grid.control.SetReadOnly(false);
+    editor.Undo();
+    EXPECT_EQ(Shown().front().substr(2), "Plan");
 }
 
 TEST_F(MacroEditorTest, ProblemsAreMarkedUntilTheyAreGone) {
@@ -413,6 +509,7 @@ TEST_F(MacroEditorTest, ANewMacroGetsANameThatNoNodeHas) {
 
 /// However the user edits, the table always gives the tree that the editor shows.
 TEST_F(MacroEditorTest, AnyEditingKeepsTableAndTreeInStep) {
+    platform.answer = MessageAnswer::Yes;
     std::mt19937 random(7);
     editor.NewMacro();
     for (int step = 0; step < 400; ++step) {
@@ -444,6 +541,64 @@ TEST_F(MacroEditorTest, AnyEditingKeepsTableAndTreeInStep) {
     }
     EXPECT_GT(context.macros.tree.Nodes().Count(), 20);
     EXPECT_TRUE(EntriesOf("Reload").empty());
+}
+
+TEST_F(MacroEditorTest, EveryEditIsTakenBackAndMadeAgain) {
+    platform.answer = MessageAnswer::Yes;
+    std::mt19937 random(11);
+    const auto state = [&] {
+        std::string text = TreeText(context.macros.tree);
+        TreeNodes& nodes = context.macros.tree.Nodes();
+        for (int i = 1; i <= nodes.Count(); ++i) {
+            text += "\n" + nodes.Item(i).Key() + ": " + nodes.Item(i).Text() + (nodes.Item(i).LeftOut() ? " x" : "");
+        }
+        return text;
+    };
+    BuildTree();
+    Lines states{state()};
+    for (int step = 0; step < 150; ++step) {
+        const auto count = static_cast<unsigned>(editor.Elements().size());
+        editor.SetCurrent(static_cast<int>(random() % std::max(count, 1U)));
+        editor.SetSpot(static_cast<MacroSpot>(random() % 3));
+        switch (random() % 7) {
+            case 0:
+                editor.Delete();
+                break;
+            case 1:
+                editor.Move(random() % 2 == 0);
+                break;
+            case 2:
+                editor.AddCondition(false);
+                break;
+            case 3:
+                editor.Rename(std::to_string(step));
+                break;
+            case 4:
+                editor.NewMacro();
+                break;
+            case 5:
+                editor.ToggleActive();
+                break;
+            default:
+                TakeLine("ROW1");
+        }
+        if (const std::string now = state(); now != states.back()) {
+            states.push_back(now);
+        }
+    }
+    ASSERT_GT(states.size(), 50U);
+    Lines back{state()};
+    while (editor.CanUndo()) {
+        editor.Undo();
+        if (const std::string now = state(); now != back.back()) {
+            back.push_back(now);
+        }
+    }
+    EXPECT_EQ(Lines(back.rbegin(), back.rend()), states);
+    while (editor.CanRedo()) {
+        editor.Redo();
+    }
+    EXPECT_EQ(state(), states.back());
 }
 
 }  // namespace
