@@ -110,17 +110,20 @@ PlanViewWidget::PlanViewWidget(const Platform& platform, QWidget* parent)
 
 PlanViewWidget::~PlanViewWidget() {
     disconnect(qApp, nullptr, this, nullptr);
-    delete state_->actions;
-    delete state_->status;
-    delete state_->panes;
-    // The control outlives the widget while one of its members is being called; its work ends here.
+    // The host is told nothing any more: it may be half gone itself.
+    blockSignals(true);
     PlanView& view = state_->core->view;
     view.Editing().SetBulkListener({});
     view.Editing().SetHintListener({});
     view.Recording().SetListener({});
     view.SetCommandListener({});
     view.RemoveSink(state_->core->sink);
+    // The control outlives the widget while one of its members is being called; its work ends here. It may ask, and
+    // while it waits events and timers come: all that members and events use must still be there.
     view.Terminate();
+    delete state_->actions;
+    delete state_->status;
+    delete state_->panes;
 }
 
 PlanView& PlanViewWidget::control() {

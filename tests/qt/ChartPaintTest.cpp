@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <QFile>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QXmlStreamReader>
 #include <cmath>
 
 #include "components/chart/SeriesColors.h"
@@ -50,6 +52,8 @@ private Q_SLOTS:
     void partsDoNotOverlap();
     void sharesBesideValuesHaveTheirOwnAxis();
     void rangeAndOptimumAreShown();
+    void aNarrowAxisCutsWhatIsDrawn_data();
+    void aNarrowAxisCutsWhatIsDrawn();
     void impossibleTrendIsSaid();
     void comparisonTellsTheSigns();
     void longLegendIsCut();
@@ -223,6 +227,67 @@ void ChartPaintTest::rangeAndOptimumAreShown() {
     state.valueAxis.rangeMinimum.type = ChartLimit::Hidden;
     const QImage half = pictureOf(state).image(Size, 1.0);
     QVERIFY(rowOf(half, 500, colors.band()) > width);
+}
+
+void ChartPaintTest::aNarrowAxisCutsWhatIsDrawn_data() {
+    QTest::addColumn<int>("type");
+    QTest::addColumn<double>("middle");
+    QTest::addColumn<bool>("compared");
+    for (const double middle : {7200.0, 13500.0, 0.0, 40000.0}) {
+        for (const ChartType type : {ChartType::Column, ChartType::StackedColumn, ChartType::Line,
+                                     ChartType::StackedLine, ChartType::StackedLine100}) {
+            for (const bool compared : {false, true}) {
+                QTest::addRow("type %d at %g%s", int(type), middle, compared ? ", compared" : "")
+                    << int(type) << middle << compared;
+            }
+        }
+    }
+}
+
+/// Files have no clip, and a painter takes its time for a line of a million pixels, seen or not.
+void ChartPaintTest::aNarrowAxisCutsWhatIsDrawn() {
+    QFETCH(int, type);
+    QFETCH(double, middle);
+    QFETCH(bool, compared);
+    ChartState state = SampleChart(static_cast<ChartType>(type));
+    state.comparisonBase = compared ? 1 : 0;
+    for (ChartSeries& series : state.series) {
+        for (const TrendKind kind : {TrendKind::Linear, TrendKind::MovingAverage, TrendKind::Exponential}) {
+            series.look->trends.push_back(std::make_shared<ChartTrend>(ChartTrend{kind, "", -1, 3}));
+        }
+    }
+    state.valueAxis.minimumIsAuto = state.valueAxis.maximumIsAuto = false;
+    state.valueAxis.minimum = middle - 0.01;
+    state.valueAxis.maximum = middle + 0.01;
+    QTemporaryDir folder;
+    const QString path = folder.filePath("a.svg");
+    QCOMPARE(pictureOf(state).save(path, Size), QString());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const LaidOut laid(state);
+    const QRectF plot = laid.layout.plotRect().adjusted(-9, -9, 9, 9);
+    const QRectF legend = laid.layout.legend().box().adjusted(-1, -1, 1, 1);
+    int inPlot = 0;
+    static const QRegularExpression pair(QStringLiteral("(-?[0-9.e+]+)[, ](-?[0-9.e+]+)"));
+    QXmlStreamReader reader(&file);
+    while (!reader.atEnd()) {
+        reader.readNext();
+        const QString shape = reader.isStartElement() ? reader.attributes().value("d").toString() +
+                                                            reader.attributes().value("points").toString()
+                                                      : QString();
+        for (auto it = pair.globalMatch(shape); it.hasNext();) {
+            const QRegularExpressionMatch match = it.next();
+            const QPointF place(match.captured(1).toDouble(), match.captured(2).toDouble());
+            const bool corner =
+                (place.x() == 0 || place.x() == Size.width()) && (place.y() == 0 || place.y() == Size.height());
+            QVERIFY2(corner || plot.contains(place) || legend.contains(place),
+                     qPrintable(match.captured() + " in " + shape.left(200)));
+            inPlot += plot.contains(place) ? 1 : 0;
+        }
+    }
+    QVERIFY2(!reader.hasError(), qPrintable(reader.errorString()));
+    const bool crossed = middle > 0 && middle < 20000;
+    QVERIFY(inPlot > 0 || !crossed);
 }
 
 void ChartPaintTest::impossibleTrendIsSaid() {

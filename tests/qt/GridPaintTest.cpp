@@ -184,6 +184,51 @@ private slots:
         QCOMPARE(name(colors.background(5)), QStringLiteral("#c0c0c0"));
     }
 
+    /// Whatever was asked for before: with a new object for each question as with one for all.
+    void aTextsColourIsItsOwn_data() {
+        QTest::addColumn<bool>("dark");
+        QTest::newRow("light") << false;
+        QTest::newRow("dark") << true;
+    }
+    void aTextsColourIsItsOwn() {
+        QFETCH(bool, dark);
+        const GridTheme& theme = dark ? GridTheme::darkTheme() : GridTheme::light();
+        Screen screen;
+        Screen::require(screen.grid().CreateColor("tovNegative", static_cast<std::uint8_t>(qRed(theme.negative)),
+                                                  static_cast<std::uint8_t>(qGreen(theme.negative)),
+                                                  static_cast<std::uint8_t>(qBlue(theme.negative))));
+        const auto count = static_cast<std::int16_t>(screen.grid().Colors().size());
+        GridColors shared(screen.grid(), theme);
+        for (const QRgb ground : {theme.base, theme.accentTint, theme.helpLine, QRgb{0xff000080}, QRgb{0xffc0c0c0}}) {
+            for (const bool ownGround : {true, false}) {
+                for (std::int16_t fore = -1; fore < count; ++fore) {
+                    for (const QRgb ownText : {theme.negative, theme.text, theme.muted, theme.accent}) {
+                        const QRgb alone = GridColors(screen.grid(), theme).text(fore, ownText, ground, ownGround);
+                        const QRgb among = shared.text(fore, ownText, ground, ownGround);
+                        QVERIFY2(alone == among,
+                                 qPrintable(QStringLiteral("foreground %1, own text %2 on %3: %4, %5")
+                                                .arg(fore)
+                                                .arg(name(ownText), name(ground), name(alone), name(among))));
+                    }
+                }
+            }
+        }
+    }
+
+    void aPositiveNumberBelowANegativeOneIsNotRed() {
+        Screen screen;
+        screen.set({"COL2", "ROW2"}, GridAttribute::Contents, "-5");
+        screen.set({"COL2", "ROW3"}, GridAttribute::Contents, "8888");
+        for (const char* row : {"ROW2", "ROW3"}) {
+            screen.set({"COL2", row}, GridAttribute::ForegroundColor, "tovWhite");
+        }
+        const QImage image = screen.picture();
+        const GridTheme& theme = GridTheme::light();
+        QVERIFY(countColor(image, inner(screen, screen.cell(2, 2)), theme.negative) > 0);
+        QCOMPARE(countColor(image, inner(screen, screen.cell(2, 3)), theme.negative), 0);
+        QVERIFY(countColor(image, inner(screen, screen.cell(2, 3)), theme.text) > 0);
+    }
+
     void alignment_data() {
         QTest::addColumn<QString>("text");
         QTest::addColumn<int>("alignment");

@@ -57,6 +57,55 @@ private slots:
         QVERIFY2(!screen.widget, "the command raised no event");
     }
 
+    void askedWhileEnding_data() {
+        QTest::addColumn<bool>("entryOpen");
+        QTest::newRow("plain") << false;
+        QTest::newRow("with an open entry") << true;
+    }
+    /// The control asks about the trace. While it waits the desktop changes its palette, windows are painted and
+    /// resized, and a timer of the host calls members.
+    void askedWhileEnding() {
+        QFETCH(bool, entryOpen);
+        WidgetOnScreen screen;
+        screen.widget->setColorScheme(PlanViewWidget::ColorScheme::System);
+        screen.widget->plv_EnableTrace();
+        screen.goTo(QStringLiteral("COL2/ROW2"));
+        QAction* undo = screen.widget->action(Command::Undo);
+        QVERIFY(undo);
+        if (entryOpen) {
+            WidgetOnScreen::press(QStringLiteral("7"));
+            QVERIFY(screen.editor());
+        }
+        screen.heard.clear();
+        PlanViewWidget* const widget = screen.widget.get();
+        int asked = 0;
+        screen.platform.whileAsking = [&] {
+            ++asked;
+            QVERIFY2(widget->findChild<GridView*>(), "the view is gone before the control");
+            QPalette dark = widget->palette();
+            dark.setColor(QPalette::Base, Qt::black);
+            dark.setColor(QPalette::Text, Qt::white);
+            widget->setPalette(dark);
+            widget->resize(500, 300);
+            QTimer::singleShot(0, widget, [widget] {
+                widget->DP_Import_Create();
+                widget->setTextScale(1.5);
+                widget->hideRows();
+                widget->selectCell(QStringLiteral("COL1"), QStringLiteral("ROW1"));
+                widget->refreshPendingChanges();
+                static_cast<void>(widget->currentCellName() + widget->selectionSum());
+                static_cast<void>(widget->canUndo());
+                static_cast<void>(widget->grab());
+            });
+            QApplication::processEvents();
+            QApplication::processEvents();
+        };
+        screen.widget.reset();
+        QCOMPARE(asked, 1);
+        QCOMPARE(screen.heard.join(QLatin1Char(' ')), QString());
+        QCOMPARE(screen.tables.tab.use_count(), 1L);
+    }
+
     void manyLeaveNothingBehind() {
         const auto createAndEnd = [](int count) {
             for (int i = 0; i < count; ++i) {

@@ -6,6 +6,7 @@
 #include <QPolygonF>
 #include <algorithm>
 
+#include "components/chart/ChartClip.h"
 #include "qt/chart/ChartMarks.h"
 #include "qt/chart/ChartNumbers.h"
 
@@ -49,6 +50,19 @@ void ChartComparison::paintTint(QPainter& painter) const {
     }
 }
 
+QPolygonF ChartComparison::seen(const QPolygonF& outline) const {
+    std::vector<ChartPoint> points;
+    points.reserve(static_cast<std::size_t>(outline.size()));
+    for (const QPointF& place : outline) {
+        points.push_back({place.x(), place.y()});
+    }
+    return chartmarks::polygonOf(AreaBetween(std::move(points), HeightsOf(plot_.Area())));
+}
+
+double ChartComparison::seenHeight(int series, int category) const {
+    return std::clamp(plot_.Point(series, category).y, plot_.Area().y, plot_.Area().Bottom());
+}
+
 /// One area from each crossing of the lines to the next.
 void ChartComparison::paintBetweenLines(QPainter& painter) const {
     const auto point = [this](int series, int category) {
@@ -62,7 +76,7 @@ void ChartComparison::paintBetweenLines(QPainter& painter) const {
         if (first.size() > 1 && higher != 0) {
             std::reverse(second.begin(), second.end());
             painter.setBrush(chartmarks::tint(higher > 0 ? colors_.above() : colors_.below()));
-            painter.drawPolygon(first + second);
+            painter.drawPolygon(seen(first + second));
         }
         first.clear();
         second.clear();
@@ -91,8 +105,8 @@ void ChartComparison::paintBetweenLines(QPainter& painter) const {
 void ChartComparison::paintBetweenColumns(QPainter& painter) const {
     const double width = plot_.CategoryWidth() * TintPart;
     for (int category = plot_.FirstCategory(); category <= plot_.LastCategory(); ++category) {
-        const double first = plot_.Point(base(), category).y;
-        const double second = plot_.Point(measuredNumber(), category).y;
+        const double first = seenHeight(base(), category);
+        const double second = seenHeight(measuredNumber(), category);
         const QRectF rect(plot_.CategoryCenter(category) - width / 2, std::min(first, second), width,
                           std::abs(first - second));
         painter.fillRect(rect, chartmarks::tint(second < first ? colors_.above() : colors_.below()));
@@ -120,12 +134,13 @@ void ChartComparison::paintDifferences(QPainter& painter, const QFont& font) con
             continue;
         }
         taken = x + width + scene_.pixels(LabelGap);
-        const double upper = std::min(plot_.Point(1, category).y, plot_.Point(2, category).y);
-        const double lower = std::max(plot_.Point(1, category).y, plot_.Point(2, category).y);
+        const double upper = std::min(seenHeight(1, category), seenHeight(2, category));
+        const double lower = std::max(seenHeight(1, category), seenHeight(2, category));
         const double distance = scene_.pixels(Distance);
         // Above both. Lines leave room below, too.
         const bool above = upper - distance - metrics.height() >= area.top();
-        const double top = above ? upper - distance - metrics.height() : betweenLines() ? lower + distance : area.top();
+        const double below = betweenLines() ? std::min(lower + distance, area.bottom() - metrics.height()) : area.top();
+        const double top = above ? upper - distance - metrics.height() : below;
         const QRectF rect(x - distance / 2, top, width + distance, metrics.height());
         painter.setPen(Qt::NoPen);
         painter.setBrush(veil);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QFont>
+#include <QPolygonF>
 
 #include "components/chart/ChartPlot.h"
 #include "qt/chart/ChartColors.h"
@@ -30,6 +31,9 @@ private:
     }
     [[nodiscard]] double difference(int category) const;
     [[nodiscard]] bool betweenLines() const;
+    /// The part of an area that the plot shows, and the height of a point in it or at its border.
+    [[nodiscard]] QPolygonF seen(const QPolygonF& outline) const;
+    [[nodiscard]] double seenHeight(int series, int category) const;
     void paintBetweenLines(QPainter& painter) const;
     void paintBetweenColumns(QPainter& painter) const;
 

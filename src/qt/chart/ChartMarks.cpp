@@ -33,6 +33,15 @@ QColor tint(QRgb color) {
     return tinted;
 }
 
+QPolygonF polygonOf(const std::vector<ChartPoint>& points) {
+    QPolygonF polygon;
+    polygon.reserve(static_cast<qsizetype>(points.size()));
+    for (const ChartPoint& place : points) {
+        polygon << QPointF(place.x, place.y);
+    }
+    return polygon;
+}
+
 void addRoundedColumn(QPainterPath& path, const QRectF& rect, double radius, bool hanging) {
     const double r = std::min({radius, rect.width() / 2, rect.height()});
     const double near = hanging ? rect.top() : rect.bottom();

@@ -4,8 +4,11 @@
 #include <QBrush>
 #include <QPainterPath>
 #include <QPen>
+#include <QPolygonF>
 #include <QRectF>
+#include <vector>
 
+#include "components/chart/ChartPlot.h"
 #include "qt/chart/ChartScene.h"
 
 class QPainter;
@@ -27,6 +30,7 @@ inline constexpr double TopRadius = 2;
 /// Of the areas between compared series.
 [[nodiscard]] QColor tint(QRgb color);
 
+[[nodiscard]] QPolygonF polygonOf(const std::vector<ChartPoint>& points);
 /// A column with its far end rounded: the upper one, or the lower one of a column that hangs down.
 void addRoundedColumn(QPainterPath& path, const QRectF& rect, double radius, bool hanging);
 

@@ -33,6 +33,7 @@ ChartSeriesPainter::ChartSeriesPainter(const ChartScene& scene, const ChartState
       state_(state),
       plot_(plot),
       colors_(colors),
+      heights_(HeightsOf(plot.Area())),
       first_(plot.FirstCategory()),
       last_(plot.LastCategory()) {}
 
@@ -57,6 +58,11 @@ bool ChartSeriesPainter::isSelected(int series) const {
 QPointF ChartSeriesPainter::point(int series, int category) const {
     const ChartPoint place = plot_.Point(series, category);
     return {place.x, place.y};
+}
+
+QPointF ChartSeriesPainter::seenPoint(int series, int category) const {
+    const QPointF place = point(series, category);
+    return {place.x(), std::clamp(place.y(), heights_.top, heights_.bottom)};
 }
 
 void ChartSeriesPainter::paintSeries(QPainter& painter) const {
@@ -178,29 +184,31 @@ void ChartSeriesPainter::paintColumnFrames(QPainter& painter, int series) const 
 /// What a stacked line adds to the ones below it.
 void ChartSeriesPainter::paintBand(QPainter& painter, int series) const {
     const auto& spans = plot_.Stack().spans[static_cast<std::size_t>(series - 1)];
-    QPolygonF band;
+    std::vector<ChartPoint> band;
     for (int category = first_; category <= last_; ++category) {
-        band << point(series, category);
+        band.push_back(plot_.Point(series, category));
     }
     for (int category = last_; category >= first_; --category) {
         const double from = spans[static_cast<std::size_t>(category - 1)].from;
-        band << QPointF(plot_.CategoryCenter(category), plot_.YOf(from, series));
+        band.push_back({plot_.CategoryCenter(category), plot_.YOf(from, series)});
     }
     QColor color = QColor::fromRgb(colors_.series(series));
     color.setAlphaF(BandWeight);
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
-    painter.drawPolygon(band);
+    painter.drawPolygon(polygonOf(AreaBetween(std::move(band), heights_)));
 }
 
 void ChartSeriesPainter::paintLine(QPainter& painter, int series) const {
     const bool selected = isSelected(series);
     QVector<QLineF> segments;
     segments.reserve(last_ - first_);
-    QPointF before = point(series, first_);
+    ChartPoint before = plot_.Point(series, first_);
     for (int category = first_ + 1; category <= last_; ++category) {
-        const QPointF here = point(series, category);
-        segments.push_back(QLineF(before, here));
+        const ChartPoint here = plot_.Point(series, category);
+        if (const auto seen = SegmentBetween(before, here, heights_)) {
+            segments.push_back(QLineF(seen->first.x, seen->first.y, seen->second.x, seen->second.y));
+        }
         before = here;
     }
     painter.setPen(linePen(scene_, colors_.series(series), selected ? SelectedLineWidth : LineWidth));
@@ -219,7 +227,7 @@ void ChartSeriesPainter::paintRings(QPainter& painter, int series, bool filled) 
     const bool tooMany = plot_.CategoryWidth() < 2 * radius;
     const int every = tooMany ? static_cast<int>(std::ceil(3 * radius / plot_.CategoryWidth())) : 1;
     for (int category = first_; category <= last_; ++category) {
-        if ((category - 1) % every == 0) {
+        if ((category - 1) % every == 0 && heights_.Contain(plot_.Point(series, category))) {
             painter.drawEllipse(point(series, category), radius, radius);
         }
     }
@@ -236,27 +244,30 @@ void ChartSeriesPainter::paintTrends(QPainter& painter, int series) const {
     for (int trend = 1; trend <= static_cast<int>(trends.size()); ++trend) {
         const QRgb color = colors_.trend(series, trend);
         for (const std::vector<ChartPoint>& piece : plot_.Trend(series, trend)) {
-            QPolygonF line;
-            for (const ChartPoint& place : piece) {
-                line << QPointF(place.x, place.y);
-            }
-            const double width = marked ? SelectedLineWidth : LineWidth;
-            if (isColumn(series)) {
-                // Its own columns have the same colour.
-                painter.setPen(QPen(QColor::fromRgb(colors_.plot()), scene_.pixels(width + 2)));
-                painter.drawPolyline(line);
-            }
-            painter.setPen(trendPen(scene_, color, width));
-            painter.drawPolyline(line);
-            if (marked && !line.isEmpty()) {
-                const double radius = scene_.pixels(SelectedRingRadius);
-                painter.setPen(linePen(scene_, color));
-                painter.setBrush(QColor::fromRgb(colors_.plot()));
-                painter.drawEllipse(line.front(), radius, radius);
-                painter.drawEllipse(line.back(), radius, radius);
-                painter.setBrush(Qt::NoBrush);
+            for (const std::vector<ChartPoint>& part : LineBetween(piece, heights_)) {
+                paintTrendPart(painter, polygonOf(part), color, isColumn(series), marked);
             }
         }
+    }
+}
+
+void ChartSeriesPainter::paintTrendPart(QPainter& painter, const QPolygonF& line, QRgb color, bool overColumns,
+                                        bool marked) const {
+    const double width = marked ? SelectedLineWidth : LineWidth;
+    if (overColumns) {
+        // Its own columns have the same colour.
+        painter.setPen(QPen(QColor::fromRgb(colors_.plot()), scene_.pixels(width + 2)));
+        painter.drawPolyline(line);
+    }
+    painter.setPen(trendPen(scene_, color, width));
+    painter.drawPolyline(line);
+    if (marked) {
+        const double radius = scene_.pixels(SelectedRingRadius);
+        painter.setPen(linePen(scene_, color));
+        painter.setBrush(QColor::fromRgb(colors_.plot()));
+        painter.drawEllipse(line.front(), radius, radius);
+        painter.drawEllipse(line.back(), radius, radius);
+        painter.setBrush(Qt::NoBrush);
     }
 }
 
@@ -267,7 +278,7 @@ QRectF ChartSeriesPainter::pointRect(int series, int category) const {
         return columnRect(series, category);
     }
     const double radius = scene_.pixels(RingRadius);
-    const QPointF center = point(series, category);
+    const QPointF center = seenPoint(series, category);
     return {center.x() - radius, center.y() - radius, 2 * radius, 2 * radius};
 }
 
@@ -296,7 +307,7 @@ void ChartSeriesPainter::paintMovedPoint(QPainter& painter, int series, int cate
     painter.setRenderHint(QPainter::Antialiasing, true);
     painter.setPen(QPen(QColor::fromRgb(colors_.plot()), scene_.pixels(1)));
     painter.setBrush(QColor::fromRgb(color));
-    painter.drawEllipse(point(series, category), radius, radius);
+    painter.drawEllipse(seenPoint(series, category), radius, radius);
 }
 
 }  // namespace planview

@@ -6,6 +6,7 @@
 #include <QRectF>
 #include <QVector>
 
+#include "components/chart/ChartClip.h"
 #include "components/chart/ChartPlot.h"
 #include "qt/chart/ChartColors.h"
 #include "qt/chart/ChartScene.h"
@@ -29,7 +30,8 @@ public:
     void paintSeries(QPainter& painter) const;
     void paintTrends(QPainter& painter, int series) const;
 
-    /// Where a point is to be seen: the rectangle of a column, a small one around the point of a line.
+    /// Where a point is to be seen: the rectangle of a column, a small one around the point of a line. That of a point
+    /// beyond the axis is at the border of the plot.
     [[nodiscard]] QRectF pointRect(int series, int category) const;
     /// A frame or ring around a point.
     void paintPointMark(QPainter& painter, int series, int category, QRgb color) const;
@@ -48,12 +50,16 @@ private:
     void paintBand(QPainter& painter, int series) const;
     void paintLine(QPainter& painter, int series) const;
     void paintRings(QPainter& painter, int series, bool filled) const;
+    void paintTrendPart(QPainter& painter, const QPolygonF& line, QRgb color, bool overColumns, bool marked) const;
     [[nodiscard]] QPointF point(int series, int category) const;
+    /// As point(), or where a point beyond the axis leaves the plot.
+    [[nodiscard]] QPointF seenPoint(int series, int category) const;
 
     const ChartScene& scene_;
     const ChartState& state_;
     const ChartPlot& plot_;
     const ChartColors& colors_;
+    ChartHeights heights_;
     int first_;
     int last_;
 };

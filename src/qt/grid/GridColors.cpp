@@ -15,6 +15,15 @@ constexpr QRgb Black = 0xff000000;
 
 }  // namespace
 
+std::size_t GridColors::QuestionHash::operator()(const Question& question) const noexcept {
+    // Colours are opaque, so their first byte is free.
+    const std::uint64_t texts = (static_cast<std::uint64_t>(question.wanted) << 32) | (question.ownText & RGB_MASK);
+    const std::uint64_t grounds =
+        (question.ground & RGB_MASK) | (question.ownForeground ? 1U << 24 : 0U) | (question.ownGround ? 1U << 25 : 0U);
+    constexpr std::uint64_t Spread = 0x9e3779b97f4a7c15;
+    return static_cast<std::size_t>((texts * Spread) ^ (grounds * Spread >> 16));
+}
+
 GridColors::GridColors(const GridControl& grid, const GridTheme& theme) : theme_(theme) {
     colors_.reserve(grid.Colors().size());
     for (const GridColor& color : grid.Colors()) {
@@ -49,9 +58,7 @@ QRgb GridColors::text(std::int16_t index, QRgb ownText, QRgb ground, bool ownGro
         return ownText;
     }
     const QRgb wanted = ownForeground ? ownText : background(index);
-    constexpr QRgb OwnGroundMark = 0xff000000;  // colours are opaque, so their first byte is free
-    const std::uint64_t key =
-        (static_cast<std::uint64_t>(wanted) << 32) | (ground & RGB_MASK) | (ownGround ? OwnGroundMark : 0);
+    const Question key{wanted, ownText, ground, ownForeground, ownGround};
     const auto known = readable_.find(key);
     if (known != readable_.end()) {
         return known->second;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <unordered_map>
 #include <vector>
@@ -38,6 +39,18 @@ private:
         QRgb rgb;
         Role role;
     };
+    /// All that the answer of text() depends on.
+    struct Question {
+        QRgb wanted;
+        QRgb ownText;
+        QRgb ground;
+        bool ownForeground;
+        bool ownGround;
+        bool operator==(const Question&) const = default;
+    };
+    struct QuestionHash {
+        std::size_t operator()(const Question& question) const noexcept;
+    };
     [[nodiscard]] Role roleOf(std::int16_t index, Role none = Role::White) const;
     [[nodiscard]] QRgb readable(QRgb text, QRgb ownText, QRgb ground, bool ownGround) const;
 
@@ -46,7 +59,7 @@ private:
     bool hasOwnBase_ = true;
     QRgb base_;
     QRgb line_;
-    std::unordered_map<std::uint64_t, QRgb> readable_;  // by text and ground
+    std::unordered_map<Question, QRgb, QuestionHash> readable_;
 };
 
 }  // namespace planview

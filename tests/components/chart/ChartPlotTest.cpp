@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "SampleChart.h"
+#include "components/chart/ChartClip.h"
 #include "components/chart/ChartPlot.h"
 
 namespace planview {
@@ -247,6 +248,66 @@ TEST(ChartPlotTest, ATrendOfSharesStandsOnTheirAxis) {
     const ChartPlot plot(state, Area, 10);
     EXPECT_NEAR(plot.Trend(2, 1).at(0).at(0).y, plot.YOf(0.5, 2), 1e-9);
     EXPECT_NEAR(plot.Trend(2, 1).at(0).at(1).y, plot.YOf(0.75, 2), 1e-9);
+}
+
+TEST(ChartClipTest, LinesAreCutAtTheirCrossings) {
+    struct Row {
+        const char* name;
+        std::vector<ChartPoint> line;
+        const char* parts;
+    };
+    const std::vector<Row> rows = {
+        {"inside", {{0, 10}, {10, 20}, {20, 10}}, "0,10 10,20 20,10; "},
+        {"on the border", {{0, 0}, {10, 0}, {20, 20}}, "0,0 10,0 20,20; "},
+        {"above", {{0, -10}, {10, -20}}, ""},
+        {"out below and in again", {{0, 10}, {10, 30}, {20, 10}}, "0,10 5,20; 15,20 20,10; "},
+        {"right through", {{0, -20}, {10, 40}, {20, -20}}, "3,0 7,20; 13,20 17,0; "},
+        {"far away", {{0, 1e6}, {10, 10}, {20, -1e6}}, "10,20 10,10 10,0; "},
+        {"one point", {{0, 10}}, ""},
+        {"none", {}, ""},
+    };
+    for (const Row& row : rows) {
+        std::string parts;
+        for (const std::vector<ChartPoint>& part : LineBetween(row.line, {0, 20})) {
+            for (std::size_t i = 0; i < part.size(); ++i) {
+                parts += (i > 0 ? " " : "") + std::to_string(std::lround(part[i].x)) + "," +
+                         std::to_string(std::lround(part[i].y));
+            }
+            parts += "; ";
+        }
+        EXPECT_EQ(parts, row.parts) << row.name;
+    }
+}
+
+TEST(ChartClipTest, AreasKeepWhatIsBetween) {
+    const auto size = [](const std::vector<ChartPoint>& outline) {
+        double twice = 0;
+        for (std::size_t i = 0; i < outline.size(); ++i) {
+            const ChartPoint here = outline[i];
+            const ChartPoint next = outline[(i + 1) % outline.size()];
+            twice += here.x * next.y - next.x * here.y;
+        }
+        return std::abs(twice) / 2;
+    };
+    struct Row {
+        const char* name;
+        std::vector<ChartPoint> outline;
+        double size;
+    };
+    const std::vector<Row> rows = {
+        {"inside", {{0, 0}, {10, 0}, {10, 20}, {0, 20}}, 200},
+        {"taller on both sides", {{0, -1e6}, {10, -1e6}, {10, 1e6}, {0, 1e6}}, 200},
+        {"a corner below", {{0, 0}, {10, 0}, {10, 40}}, 150},
+        {"above", {{0, -10}, {10, -10}, {10, -20}}, 0},
+        {"none", {}, 0},
+    };
+    for (const Row& row : rows) {
+        const std::vector<ChartPoint> kept = AreaBetween(row.outline, {0, 20});
+        EXPECT_NEAR(size(kept), row.size, 1e-6) << row.name;
+        for (const ChartPoint place : kept) {
+            EXPECT_TRUE((ChartHeights{0, 20}.Contain(place))) << row.name;
+        }
+    }
 }
 
 TEST(ChartPlotTest, StandsEmptyChartsAndAreas) {
