@@ -8,6 +8,7 @@
 #include <planview/CellKey.h>
 #include <planview/Export.h>
 #include <planview/Facet.h>
+#include <planview/Listener.h>
 
 namespace planview {
 
@@ -54,13 +55,19 @@ public:
     /// has not taken over yet.
     [[nodiscard]] std::vector<CellKey> PendingCells() const;
 
+    /// @{
     /// Called when an action of the user begins (true) that announces several values by `GridValueChanged`, and when it
     /// has ended (false), so that a host can keep what it hears in between as one. A single value's event comes outside
-    /// of any. There is one listener; an empty one takes it away.
-    void SetBulkListener(std::function<void(bool running)> listener);
-    /// Called to show the user beside a cell why it does not take a value; false where that is not possible, and then a
-    /// message box says it. There is one listener; an empty one takes it away.
-    void SetHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener);
+    /// of any. Called until it is removed.
+    ListenerId AddBulkListener(std::function<void(bool running)> listener);
+    void RemoveBulkListener(ListenerId listener) noexcept;
+    /// @}
+    /// @{
+    /// Called to show the user beside a cell why it does not take a value; false where that is not possible. The newest
+    /// listener is asked first; where none shows it a message box says it.
+    ListenerId AddHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener);
+    void RemoveHintListener(ListenerId listener) noexcept;
+    /// @}
 };
 
 }  // namespace planview

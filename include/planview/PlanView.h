@@ -197,8 +197,9 @@ public:
     [[nodiscard]] std::vector<CommandState> StatesOf(std::span<const Command> commands) const;
     /// @}
     /// Called when StateOf() may answer otherwise than before, which is often; a host had better ask when the present
-    /// event is over. There is one listener; an empty one takes it away.
-    void SetCommandListener(std::function<void()> listener);
+    /// event is over. Called until it is removed.
+    ListenerId AddCommandListener(std::function<void()> listener);
+    void RemoveCommandListener(ListenerId listener) noexcept;
 
     // --- The rest of the interface, part by part --------------------------------------------------------------------
 

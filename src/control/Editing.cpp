@@ -69,12 +69,20 @@ std::vector<CellKey> Editing::PendingCells() const {
     return pending;
 }
 
-void Editing::SetBulkListener(std::function<void(bool running)> listener) {
-    State()->context.grid.bulkListener = std::move(listener);
+ListenerId Editing::AddBulkListener(std::function<void(bool running)> listener) {
+    return State()->context.grid.bulkListeners.Add(std::move(listener));
 }
 
-void Editing::SetHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener) {
-    State()->context.grid.hintListener = std::move(listener);
+void Editing::RemoveBulkListener(ListenerId listener) noexcept {
+    State()->context.grid.bulkListeners.Remove(listener);
+}
+
+ListenerId Editing::AddHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener) {
+    return State()->context.grid.hintListeners.Add(std::move(listener));
+}
+
+void Editing::RemoveHintListener(ListenerId listener) noexcept {
+    State()->context.grid.hintListeners.Remove(listener);
 }
 
 }  // namespace planview

@@ -82,21 +82,22 @@ PlanViewWidget::PlanViewWidget(const Platform& platform, QWidget* parent)
     layout->addWidget(state_->panes);
     setFocusProxy(state_->grid);
     state_->status = new StatusInfo(*this, view, *state_->grid, state_->guard);
-    view.Editing().SetBulkListener([this](bool running) {
+    state_->bulkListener = view.Editing().AddBulkListener([this](bool running) {
         state_->announcesSeveral = running;
         if (!running) {
             Q_EMIT severalValuesAnnounced();
         }
     });
-    view.Editing().SetHintListener([this, &grid = parts.Grid()](const CellKey& key, std::string_view reason) {
-        const std::optional<Cell> cell = grid.FindCell(key);
-        return cell && isVisible() &&
-               state_->grid->editor().tell(*cell,
-                                           QString::fromUtf8(reason.data(), static_cast<qsizetype>(reason.size())));
-    });
-    view.Recording().SetListener([this] { Q_EMIT recordingChanged(); });
+    state_->hintListener =
+        view.Editing().AddHintListener([this, &grid = parts.Grid()](const CellKey& key, std::string_view reason) {
+            const std::optional<Cell> cell = grid.FindCell(key);
+            return cell && isVisible() &&
+                   state_->grid->editor().tell(*cell,
+                                               QString::fromUtf8(reason.data(), static_cast<qsizetype>(reason.size())));
+        });
+    state_->recordingListener = view.Recording().AddListener([this] { Q_EMIT recordingChanged(); });
     state_->actions = new CommandActions(*this, view, *state_->grid, state_->guard);
-    view.SetCommandListener([this] { state_->actions->changed(); });
+    state_->commandListener = view.AddCommandListener([this] { state_->actions->changed(); });
     const auto valuesChanged = [this] { state_->status->valuesChanged(); };
     connect(this, &PlanViewWidget::GridValueChanged, state_->status, valuesChanged);
     connect(this, &PlanViewWidget::GridStartUpdate, state_->status, valuesChanged);
@@ -113,10 +114,10 @@ PlanViewWidget::~PlanViewWidget() {
     delete state_->panes;
     // The control outlives the widget while one of its members is being called; its work ends here.
     PlanView& view = state_->core->view;
-    view.Editing().SetBulkListener({});
-    view.Editing().SetHintListener({});
-    view.Recording().SetListener({});
-    view.SetCommandListener({});
+    view.Editing().RemoveBulkListener(state_->bulkListener);
+    view.Editing().RemoveHintListener(state_->hintListener);
+    view.Recording().RemoveListener(state_->recordingListener);
+    view.RemoveCommandListener(state_->commandListener);
     view.RemoveSink(state_->core->sink);
     view.Terminate();
 }

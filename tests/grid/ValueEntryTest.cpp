@@ -130,7 +130,7 @@ TEST_F(ValueEntryTest, SingleValueModeAnnouncesEachCell) {
 }
 
 TEST_F(ValueEntryTest, SeveralAnnouncedValuesAreBracketed) {
-    control->Editing().SetBulkListener([&](bool running) { host.heard.emplace_back(running ? "begin" : "end"); });
+    control->Editing().AddBulkListener([&](bool running) { host.heard.emplace_back(running ? "begin" : "end"); });
     platform.onClipboard.text = "1\t2";
     Grid().SelectCell(At("COL1", "ROW2"), SelectionMode::Replace);
     control->Editing().Paste();
