@@ -2,6 +2,8 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -9,8 +11,23 @@
 #include <planview/Export.h>
 #include <planview/Facet.h>
 #include <planview/Listener.h>
+#include <planview/Variant.h>
 
 namespace planview {
+
+/// A planning cell and the value that it is to get: a number, or a text as the user would type it.
+struct ValueChange {
+    CellKey cell;   ///< as events name it: {"COL5", "ROW2"}
+    Variant value;  ///< Empty empties the cell
+};
+
+/// What became of changes.
+struct ChangeResult {
+    int changed = 0;                      ///< cells that hold the value now
+    int refused = 0;                      ///< read-only or unknown cells, texts that are no number
+    int failed = 0;                       ///< not stored because a table failed; the user has been told
+    std::optional<CellKey> firstRefused;  ///< to be named to the user
+};
 
 /// Changing values: what a host's Edit menu offers, and what a host that keeps the changes has to know.
 ///
@@ -44,6 +61,11 @@ public:
     /// Multiplies the numbers of the selected planning cells by 1 + percent / 100, -1,000,000 .. 1,000,000; empty cells
     /// stay empty. One change, undone as one; what may not change is left alone and named.
     void RaiseSelected(double percent);
+
+    /// Changes values for the user, as one action of his: written to TAB and TAB_OLD, shown without a rebuild,
+    /// announced as `SINGLEVALUE` says, recorded while a recording runs, and undone as one. `name` is what the trace
+    /// calls the action. Nothing is changed from inside an event of another change.
+    ChangeResult ChangeValues(std::span<const ValueChange> changes, std::string_view name);
 
     /// Whether the user may edit nothing at all, for a host that can keep no change. Outlives a rebuild; the host
     /// itself may change its tables as before.

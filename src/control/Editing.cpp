@@ -5,6 +5,7 @@
 
 #include "control/Guarded.h"
 #include "grid/PendingCells.h"
+#include "trace/TraceText.h"
 
 namespace planview {
 
@@ -67,6 +68,36 @@ std::vector<CellKey> Editing::PendingCells() const {
         }
     });
     return pending;
+}
+
+ChangeResult Editing::ChangeValues(std::span<const ValueChange> changes, std::string_view name) {
+    constexpr std::string_view Method = "ChangeValues";
+    ChangeResult result;
+    Guarded(State(), "GRIDCTL", Method, [&](ControlContext& context) {
+        if (modPlan::TraceEnabled) {
+            modPlan::TraceWrite("GRIDCTL", "", Method, TraceText("{name: ", name, " - cells: ", changes.size(), "}"));
+        }
+        if (context.shared.busy) {
+            throw AutomationError(AutomationErrorCode::Failed, "Values are being changed already");
+        }
+        std::vector<NewValue> values;
+        for (const ValueChange& change : changes) {
+            if (const std::optional<Cell> cell = context.grid.control.FindCell(change.cell)) {
+                values.push_back({*cell, change.value});
+            } else {
+                ++result.refused;
+                result.firstRefused = result.firstRefused.value_or(change.cell);
+            }
+        }
+        const BulkResult done = context.grid.valueEntry.ChangeCells(values);
+        result.changed = done.changed;
+        result.failed = done.failed;
+        result.refused += done.Refused();
+        if (!result.firstRefused) {
+            result.firstRefused = done.firstRefused;
+        }
+    });
+    return result;
 }
 
 ListenerId Editing::AddBulkListener(std::function<void(bool running)> listener) {

@@ -140,9 +140,9 @@ void UseMembers(PlanView& view) {
 void UseFacets(PlanView& view) {
     Editing editing = view.Editing();
     UseAll(editing, &Editing::Undo, &Editing::Redo, &Editing::CanUndo, &Editing::CanRedo, &Editing::Copy, &Editing::Cut,
-           &Editing::Paste, &Editing::Fill, &Editing::DeleteContents, &Editing::RaiseSelected, &Editing::SetReadOnly,
-           &Editing::IsReadOnly, &Editing::PendingCells, &Editing::AddBulkListener, &Editing::RemoveBulkListener,
-           &Editing::AddHintListener, &Editing::RemoveHintListener);
+           &Editing::Paste, &Editing::Fill, &Editing::DeleteContents, &Editing::RaiseSelected, &Editing::ChangeValues,
+           &Editing::SetReadOnly, &Editing::IsReadOnly, &Editing::PendingCells, &Editing::AddBulkListener,
+           &Editing::RemoveBulkListener, &Editing::AddHintListener, &Editing::RemoveHintListener);
     View shown = view.View();
     UseAll(shown, &View::SwitchChart, &View::ChartShown, &View::SwitchMacroTree, &View::MacroTreeShown,
            &View::ShowSelectedColumnsInChart, &View::ShowSelectedRowsInChart, &View::LeaveForecastView,
