@@ -2,14 +2,32 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
 #include <planview/CellKey.h>
 #include <planview/Export.h>
 #include <planview/Facet.h>
+#include <planview/Listener.h>
+#include <planview/Variant.h>
 
 namespace planview {
+
+/// A planning cell and the value that it is to get: a number, or a text as the user would type it.
+struct ValueChange {
+    CellKey cell;   ///< as events name it: {"COL5", "ROW2"}
+    Variant value;  ///< Empty empties the cell
+};
+
+/// What became of changes.
+struct ChangeResult {
+    int changed = 0;                      ///< cells that hold the value now
+    int refused = 0;                      ///< read-only or unknown cells, texts that are no number
+    int failed = 0;                       ///< not stored because a table failed; the user has been told
+    std::optional<CellKey> firstRefused;  ///< to be named to the user
+};
 
 /// Changing values: what a host's Edit menu offers, and what a host that keeps the changes has to know.
 ///
@@ -44,6 +62,11 @@ public:
     /// stay empty. One change, undone as one; what may not change is left alone and named.
     void RaiseSelected(double percent);
 
+    /// Changes values for the user, as one action of his: written to TAB and TAB_OLD, shown without a rebuild,
+    /// announced as `SINGLEVALUE` says, recorded while a recording runs, and undone as one. `name` is what the trace
+    /// calls the action. Nothing is changed from inside an event of another change.
+    ChangeResult ChangeValues(std::span<const ValueChange> changes, std::string_view name);
+
     /// Whether the user may edit nothing at all, for a host that can keep no change: no values, macros, recordings,
     /// attributes and options. What is only about the view (sizes, hiding, marks) stays possible. A rebuild keeps it;
     /// the host itself may change its tables as before.
@@ -55,13 +78,19 @@ public:
     /// has not taken over yet.
     [[nodiscard]] std::vector<CellKey> PendingCells() const;
 
+    /// @{
     /// Called when an action of the user begins (true) that announces several values by `GridValueChanged`, and when it
     /// has ended (false), so that a host can keep what it hears in between as one. A single value's event comes outside
-    /// of any. There is one listener; an empty one takes it away.
-    void SetBulkListener(std::function<void(bool running)> listener);
-    /// Called to show the user beside a cell why it does not take a value; false where that is not possible, and then a
-    /// message box says it. There is one listener; an empty one takes it away.
-    void SetHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener);
+    /// of any. Called until it is removed.
+    ListenerId AddBulkListener(std::function<void(bool running)> listener);
+    void RemoveBulkListener(ListenerId listener) noexcept;
+    /// @}
+    /// @{
+    /// Called to show the user beside a cell why it does not take a value; false where that is not possible. The newest
+    /// listener is asked first; where none shows it a message box says it.
+    ListenerId AddHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener);
+    void RemoveHintListener(ListenerId listener) noexcept;
+    /// @}
 };
 
 }  // namespace planview

@@ -40,7 +40,7 @@ public:
     std::int32_t AddRow();
     /// Appends a row with these values in the order of Fields(); missing ones at the end stay Empty.
     std::int32_t AddRow(std::vector<Variant> values);
-    /// Appends a row with these fields; those not named stay Empty.
+    /// Appends a row with these fields; those not named stay Empty. Appends nothing where the table lacks a field.
     std::int32_t AddRowWith(std::initializer_list<std::pair<std::string_view, Variant>> fields);
     /// The rows behind it move up by one.
     void RemoveRow(std::int32_t row);

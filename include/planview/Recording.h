@@ -6,6 +6,7 @@
 
 #include <planview/Export.h>
 #include <planview/Facet.h>
+#include <planview/Listener.h>
 
 namespace planview {
 
@@ -30,8 +31,11 @@ public:
     [[nodiscard]] bool IsPaused() const noexcept;
     /// How many steps the recording has, be it paused or not; 0 without one.
     [[nodiscard]] int Steps() const noexcept;
-    /// Called when one of the three above is another. There is one listener; an empty one takes it away.
-    void SetListener(std::function<void()> listener);
+    /// @{
+    /// Called when one of the three above is another, until it is removed.
+    ListenerId AddListener(std::function<void()> listener);
+    void RemoveListener(ListenerId listener) noexcept;
+    /// @}
     /// Keeps the steps in MACROREC as a node of MACRO_TREE with this text, last below the node `parentNode` or among
     /// the roots, and builds the tree anew. Answers the key of the new node; empty, and told to the user, where there
     /// is nothing to keep or MACRO_TREE cannot take it.

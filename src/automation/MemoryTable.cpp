@@ -9,6 +9,7 @@
 #include "automation/MemberNames.h"
 #include "automation/ShortText.h"
 #include "automation/TableSlots.h"
+#include "automation/Texts.h"
 
 namespace planview {
 
@@ -87,7 +88,8 @@ private:
     [[gnu::noinline]] std::size_t FindField(std::string_view name) {
         const auto found = std::find(fields.begin(), fields.end(), name);
         if (found == fields.end()) {
-            ThrowUnknownMember("The table", name);
+            throw AutomationError(AutomationErrorCode::UnknownMember, "The table has no member '" + std::string(name) +
+                                                                          "'; its fields are " + Joined(fields, ", "));
         }
         return following_[last_] = static_cast<std::size_t>(found - fields.begin());
     }
@@ -200,11 +202,11 @@ std::int32_t MemoryTable::AddRow(std::vector<Variant> values) {
 }
 
 std::int32_t MemoryTable::AddRowWith(std::initializer_list<std::pair<std::string_view, Variant>> fields) {
-    const std::int32_t row = AddRow();
+    std::vector<Variant> values(Fields().size());
     for (const auto& [field, value] : fields) {
-        SetValue(row, field, value);
+        values[state_->FieldIndex(field)] = value;
     }
-    return row;
+    return AddRow(std::move(values));
 }
 
 void MemoryTable::RemoveRow(std::int32_t row) {

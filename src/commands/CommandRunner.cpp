@@ -144,9 +144,7 @@ CommandState CommandRunner::StateOf(Command command, const CommandSituation& now
 }
 
 void CommandRunner::Changed() const noexcept {
-    if (const auto listener = listener_) {  // a copy: it may take itself away
-        ResumeNext(listener);
-    }
+    ResumeNext([&] { listeners_.Tell(); });
 }
 
 // --- Recorded steps

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -9,6 +8,7 @@
 #include <planview/AutomationObject.h>
 #include <planview/Commands.h>
 
+#include "automation/ListenerList.h"
 #include "commands/CommandCall.h"
 #include "commands/CommandParts.h"
 #include "commands/CommandSituation.h"
@@ -37,8 +37,8 @@ public:
     }
     [[nodiscard]] static CommandState StateOf(Command command, const CommandSituation& now);
 
-    /// Called when commands may be enabled or checked otherwise than before. There is one listener.
-    void SetListener(std::function<void()> listener) { listener_ = std::move(listener); }
+    /// Called when commands may be enabled or checked otherwise than before.
+    [[nodiscard]] ListenerList<void()>& Listeners() noexcept { return listeners_; }
     /// Something that is no command has changed what can be run.
     void Changed() const noexcept;
 
@@ -54,7 +54,7 @@ private:
     void SelectHeadingsOf(const CommandRow& row, CommandCall& call);
 
     CommandParts parts_;
-    std::function<void()> listener_;
+    ListenerList<void()> listeners_;
 };
 
 }  // namespace planview

@@ -41,8 +41,12 @@ std::vector<CommandState> PlanView::StatesOf(std::span<const Command> commands) 
     return states;
 }
 
-void PlanView::SetCommandListener(std::function<void()> listener) {
-    state_->context.runner.SetListener(std::move(listener));
+ListenerId PlanView::AddCommandListener(std::function<void()> listener) {
+    return state_->context.runner.Listeners().Add(std::move(listener));
+}
+
+void PlanView::RemoveCommandListener(ListenerId listener) noexcept {
+    state_->context.runner.Listeners().Remove(listener);
 }
 
 }  // namespace planview

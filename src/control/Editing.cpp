@@ -5,6 +5,7 @@
 
 #include "control/Guarded.h"
 #include "grid/PendingCells.h"
+#include "trace/TraceText.h"
 
 namespace planview {
 
@@ -69,12 +70,50 @@ std::vector<CellKey> Editing::PendingCells() const {
     return pending;
 }
 
-void Editing::SetBulkListener(std::function<void(bool running)> listener) {
-    State()->context.grid.bulkListener = std::move(listener);
+ChangeResult Editing::ChangeValues(std::span<const ValueChange> changes, std::string_view name) {
+    constexpr std::string_view Method = "ChangeValues";
+    ChangeResult result;
+    Guarded(State(), "GRIDCTL", Method, [&](ControlContext& context) {
+        if (modPlan::TraceEnabled) {
+            modPlan::TraceWrite("GRIDCTL", "", Method, TraceText("{name: ", name, " - cells: ", changes.size(), "}"));
+        }
+        if (context.shared.busy) {
+            throw AutomationError(AutomationErrorCode::Failed, "Values are being changed already");
+        }
+        std::vector<NewValue> values;
+        for (const ValueChange& change : changes) {
+            if (const std::optional<Cell> cell = context.grid.control.FindCell(change.cell)) {
+                values.push_back({*cell, change.value});
+            } else {
+                ++result.refused;
+                result.firstRefused = result.firstRefused.value_or(change.cell);
+            }
+        }
+        const BulkResult done = context.grid.valueEntry.ChangeCells(values);
+        result.changed = done.changed;
+        result.failed = done.failed;
+        result.refused += done.Refused();
+        if (!result.firstRefused) {
+            result.firstRefused = done.firstRefused;
+        }
+    });
+    return result;
 }
 
-void Editing::SetHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener) {
-    State()->context.grid.hintListener = std::move(listener);
+ListenerId Editing::AddBulkListener(std::function<void(bool running)> listener) {
+    return State()->context.grid.bulkListeners.Add(std::move(listener));
+}
+
+void Editing::RemoveBulkListener(ListenerId listener) noexcept {
+    State()->context.grid.bulkListeners.Remove(listener);
+}
+
+ListenerId Editing::AddHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener) {
+    return State()->context.grid.hintListeners.Add(std::move(listener));
+}
+
+void Editing::RemoveHintListener(ListenerId listener) noexcept {
+    State()->context.grid.hintListeners.Remove(listener);
 }
 
 }  // namespace planview

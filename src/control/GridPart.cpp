@@ -17,14 +17,11 @@ GridPart::GridPart(ControlShared& shared, UserActions& actions, const std::funct
                      shared.desktop.messageBoxes, [&shared] { return shared.chooseColor(); }, chartStep}) {}
 
 void GridPart::TellBulk(bool running) const {
-    if (const auto listener = bulkListener) {  // a copy: it may take itself away
-        listener(running);
-    }
+    bulkListeners.Tell(running);
 }
 
 bool GridPart::TellBeside(const Cell& cell, std::string_view reason) const {
-    const auto listener = hintListener;
-    return listener && listener(control.KeyOf(cell), reason);
+    return hintListeners.Ask(control.KeyOf(cell), reason);
 }
 
 }  // namespace planview

@@ -6,6 +6,7 @@
 
 #include <planview/CellKey.h>
 
+#include "automation/ListenerList.h"
 #include "components/GridControl.h"
 #include "control/ControlShared.h"
 #include "dialogs/GeneralOptions.h"
@@ -42,8 +43,8 @@ struct GridPart {
     SizeEvents sizeEvents;
     GeneralOptions generalOptions;
     RowAttributes rowAttributes;
-    std::function<void(bool running)> bulkListener;
-    std::function<bool(const CellKey& cell, std::string_view reason)> hintListener;
+    ListenerList<void(bool running)> bulkListeners;
+    ListenerList<bool(const CellKey& cell, std::string_view reason)> hintListeners;
 };
 
 }  // namespace planview

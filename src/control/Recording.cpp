@@ -50,8 +50,12 @@ int Recording::Steps() const noexcept {
     return State()->context.macros.recording.StepCount();
 }
 
-void Recording::SetListener(std::function<void()> listener) {
-    State()->context.macros.recording.SetListener(std::move(listener));
+ListenerId Recording::AddListener(std::function<void()> listener) {
+    return State()->context.macros.recording.Listeners().Add(std::move(listener));
+}
+
+void Recording::RemoveListener(ListenerId listener) noexcept {
+    State()->context.macros.recording.Listeners().Remove(listener);
 }
 
 std::string Recording::Keep(const std::string& name, const std::string& parentNode) {

@@ -87,6 +87,10 @@ struct PlanViewWidget::State {
     CommandActions* actions = nullptr;
     ColorScheme colorScheme = ColorScheme::System;
     bool announcesSeveral = false;
+    ListenerId bulkListener{};
+    ListenerId hintListener{};
+    ListenerId recordingListener{};
+    ListenerId commandListener{};
     bool hasFocus = false;
 };
 

@@ -82,23 +82,24 @@ PlanViewWidget::PlanViewWidget(const Platform& platform, QWidget* parent)
     layout->addWidget(state_->panes);
     setFocusProxy(state_->grid);
     state_->status = new StatusInfo(*this, view, *state_->grid, state_->guard);
-    view.Editing().SetBulkListener([this](bool running) {
+    state_->bulkListener = view.Editing().AddBulkListener([this](bool running) {
         state_->announcesSeveral = running;
         if (!running) {
             Q_EMIT severalValuesAnnounced();
         }
     });
-    view.Editing().SetHintListener([this, &grid = parts.Grid()](const CellKey& key, std::string_view reason) {
-        const std::optional<Cell> cell = grid.FindCell(key);
-        return cell && isVisible() &&
-               state_->grid->editor().tell(*cell,
-                                           QString::fromUtf8(reason.data(), static_cast<qsizetype>(reason.size())));
-    });
-    view.Recording().SetListener([this] { Q_EMIT recordingChanged(); });
+    state_->hintListener =
+        view.Editing().AddHintListener([this, &grid = parts.Grid()](const CellKey& key, std::string_view reason) {
+            const std::optional<Cell> cell = grid.FindCell(key);
+            return cell && isVisible() &&
+                   state_->grid->editor().tell(*cell,
+                                               QString::fromUtf8(reason.data(), static_cast<qsizetype>(reason.size())));
+        });
+    state_->recordingListener = view.Recording().AddListener([this] { Q_EMIT recordingChanged(); });
     state_->actions = new CommandActions(*this, view, *state_->grid, state_->guard);
     state_->actions->setMacros(parts.Editor(), {state_->tree, toolbar, macro, operands});
     connect(this, &PlanViewWidget::MacroTreeExpand, state_->actions, &CommandActions::changed);
-    view.SetCommandListener([this] { state_->actions->changed(); });
+    state_->commandListener = view.AddCommandListener([this] { state_->actions->changed(); });
     const auto valuesChanged = [this] { state_->status->valuesChanged(); };
     connect(this, &PlanViewWidget::GridValueChanged, state_->status, valuesChanged);
     connect(this, &PlanViewWidget::GridStartUpdate, state_->status, valuesChanged);
@@ -113,10 +114,10 @@ PlanViewWidget::~PlanViewWidget() {
     // The host is told nothing any more: it may be half gone itself.
     blockSignals(true);
     PlanView& view = state_->core->view;
-    view.Editing().SetBulkListener({});
-    view.Editing().SetHintListener({});
-    view.Recording().SetListener({});
-    view.SetCommandListener({});
+    view.Editing().RemoveBulkListener(state_->bulkListener);
+    view.Editing().RemoveHintListener(state_->hintListener);
+    view.Recording().RemoveListener(state_->recordingListener);
+    view.RemoveCommandListener(state_->commandListener);
     view.RemoveSink(state_->core->sink);
     // The control outlives the widget while one of its members is being called; its work ends here. It may ask, and
     // while it waits events and timers come: all that members and events use must still be there.

@@ -32,17 +32,27 @@ void StatusInfo::gridChanged() {
 
 void StatusInfo::update() {
     soon_->stop();
+    refresh();
     const QPointer<StatusInfo> self(this);  // a slot may delete the widget
-    updatePending();
-    if (self) {
-        updateSummary();
+    if (std::exchange(toldPending_, pending_) != pending_) {
+        Q_EMIT widget_.pendingChangesChanged(pending_);
+    }
+    if (self && (toldSummary_ != summary_ || toldName_ != cellName_)) {
+        toldSummary_ = summary_;
+        toldName_ = cellName_;
+        Q_EMIT widget_.selectionSummaryChanged();
     }
     if (self) {
         updateHistory();
     }
 }
 
-void StatusInfo::updatePending() {
+void StatusInfo::refresh() {
+    refreshPending();
+    refreshSummary();
+}
+
+void StatusInfo::refreshPending() {
     const std::uint64_t built = ControlParts(view_).Grid().BuildVersion();
     if (pendingKnown_ && builtFor_ == built) {
         return;
@@ -51,13 +61,10 @@ void StatusInfo::updatePending() {
     builtFor_ = built;
     const std::vector<Cell> cells = ControlParts(view_).PendingCells();
     grid_.setPending(PendingMarks(cells));
-    const int count = static_cast<int>(cells.size());
-    if (std::exchange(pending_, count) != count) {
-        Q_EMIT widget_.pendingChangesChanged(count);
-    }
+    pending_ = static_cast<int>(cells.size());
 }
 
-void StatusInfo::updateSummary() {
+void StatusInfo::refreshSummary() {
     const GridControl& grid = ControlParts(view_).Grid();
     const std::optional<Cell> current = grid.CurrentCell();
     const std::uint64_t version = grid.ChangeVersion();
@@ -66,13 +73,8 @@ void StatusInfo::updateSummary() {
     }
     summedUpFor_ = version;
     summedUpAt_ = current;
-    const SelectionSummary summary = SummaryOfSelection(grid);
-    const QString name = current ? grid_.cellName(*current) : QString();
-    if (summary != summary_ || name != cellName_) {
-        summary_ = summary;
-        cellName_ = name;
-        Q_EMIT widget_.selectionSummaryChanged();
-    }
+    summary_ = SummaryOfSelection(grid);
+    cellName_ = current ? grid_.cellName(*current) : QString();
 }
 
 void StatusInfo::updateHistory() {

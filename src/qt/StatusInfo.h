@@ -17,27 +17,37 @@ namespace planview {
 class GridView;
 class PlanViewWidget;
 
-/// Keeps what the widget tells its host of the selection, the pending changes and the undo history. Brings it up to
-/// date once per turn of the event loop, however much has changed.
+/// Keeps what the widget tells its host of the selection, the pending changes and the undo history. Who asks gets the
+/// present state; signals tell of changes once per turn of the event loop, however many there were.
 class StatusInfo final : public QObject {
     Q_OBJECT
 
 public:
     StatusInfo(PlanViewWidget& widget, PlanView& view, GridView& grid, const EntryGuard& guard);
 
-    [[nodiscard]] const SelectionSummary& summary() const { return summary_; }
-    [[nodiscard]] const QString& cellName() const { return cellName_; }
-    [[nodiscard]] int pending() const { return pending_; }
+    [[nodiscard]] const SelectionSummary& summary() {
+        refreshSummary();
+        return summary_;
+    }
+    [[nodiscard]] const QString& cellName() {
+        refreshSummary();
+        return cellName_;
+    }
+    [[nodiscard]] int pending() {
+        refreshPending();
+        return pending_;
+    }
 
     /// The control has changed values or announced that tables changed.
     void valuesChanged();
     void gridChanged();
-    /// Does what is pending at once.
+    /// Tells at once what is to be told.
     void update();
 
 private:
-    void updatePending();
-    void updateSummary();
+    void refresh();
+    void refreshPending();
+    void refreshSummary();
     void updateHistory();
 
     EntryGuard guard_;
@@ -51,6 +61,10 @@ private:
     std::optional<Cell> summedUpAt_;
     QString cellName_;
     int pending_ = 0;
+    // What the signals have told.
+    SelectionSummary toldSummary_;
+    QString toldName_;
+    int toldPending_ = 0;
     std::uint64_t builtFor_ = 0;
     bool pendingKnown_ = false;
     bool canUndo_ = false;

@@ -205,6 +205,17 @@ TEST(MemoryTable, RowsAppendsAndOutlivesTheTable) {
     EXPECT_EQ(CodeOf([&] { memory->AddRow({1, 2, 3}); }), AutomationErrorCode::WrongArguments);
 }
 
+TEST(MemoryTable, ARowWithAnUnknownFieldIsNotAppended) {
+    MemoryTable table({"A", "B"});
+    table.AddRowWith({{"B", 1}});
+    EXPECT_EQ(MessageOf<AutomationError>([&] {
+                  table.AddRowWith({{"A", 2}, {"C", 3}});
+              }),
+              "The table has no member 'C'; its fields are A, B");
+    EXPECT_EQ(table.RowCount(), 1);
+    EXPECT_EQ(table.AddRowWith({{"A", 2}}), 2);
+}
+
 TEST(MemoryTable, FieldsAreFoundInWhateverOrderTheyAreAsked) {
     MemoryTable table({"A", "B", "C"});
     for (int row = 1; row <= 4; ++row) {

@@ -342,13 +342,13 @@ TEST_F(CommandsTest, TheHostHearsThatTheyMayHaveChanged) {
          }},
     };
     int heard = 0;
-    control->SetCommandListener([&] { ++heard; });
+    const ListenerId listener = control->AddCommandListener([&] { ++heard; });
     for (const auto& row : cases) {
         heard = 0;
         row.change();
         EXPECT_GT(heard, 0) << row.name;
     }
-    control->SetCommandListener({});
+    control->RemoveCommandListener(listener);
     heard = 0;
     control->Editing().Redo();
     EXPECT_EQ(heard, 0);

@@ -244,7 +244,7 @@ TEST_F(ValueEntryFaultsTest, ASpreadsheetsOwnNumbersAreTakenInThePlaceOfTheirTex
 
 TEST_F(ValueEntryFaultsTest, ASingleCellIsAnsweredBesideIt) {
     Lines told;
-    control->Editing().SetHintListener([&](const CellKey& cell, std::string_view reason) {
+    const ListenerId listener = control->Editing().AddHintListener([&](const CellKey& cell, std::string_view reason) {
         told.push_back(cell.column + "/" + cell.row + " " + std::string(reason));
         return true;
     });
@@ -259,7 +259,7 @@ TEST_F(ValueEntryFaultsTest, ASingleCellIsAnsweredBesideIt) {
     EXPECT_EQ(told, (Lines{"COL1/ROW3 " + readOnly, "COL1/ROW3 " + readOnly, "COL1/ROW3 " + readOnly,
                            "COL1/ROW1 " + noNumber}));
     EXPECT_TRUE(platform.messages.empty());
-    control->Editing().SetHintListener({});
+    control->Editing().RemoveHintListener(listener);
     Paste("x");
     EXPECT_EQ(platform.messages.size(), 1U) << "without anybody to show it a box says it";
 }

@@ -130,7 +130,7 @@ TEST_F(ValueEntryTest, SingleValueModeAnnouncesEachCell) {
 }
 
 TEST_F(ValueEntryTest, SeveralAnnouncedValuesAreBracketed) {
-    control->Editing().SetBulkListener([&](bool running) { host.heard.emplace_back(running ? "begin" : "end"); });
+    control->Editing().AddBulkListener([&](bool running) { host.heard.emplace_back(running ? "begin" : "end"); });
     platform.onClipboard.text = "1\t2";
     Grid().SelectCell(At("COL1", "ROW2"), SelectionMode::Replace);
     control->Editing().Paste();
@@ -150,6 +150,31 @@ TEST_F(ValueEntryTest, SeveralAnnouncedValuesAreBracketed) {
     ExpectErrors();
     control->Editing().Paste();
     EXPECT_EQ(host.heard.back(), "end") << "an action that fails ends, too";
+}
+
+TEST_F(ValueEntryTest, AHostChangesValuesAsTheUserDoes) {
+    const ValueChange changes[] = {
+        {{"COL1", "ROW1"}, 1.5}, {{"COL2", "ROW1"}, "2,5"}, {{"COL99", "ROW1"}, 3}, {{"COL3", "ROW1"}, "no number"}};
+    const ChangeResult result = control->Editing().ChangeValues(changes, "Round up");
+    EXPECT_EQ(result.changed, 2);
+    EXPECT_EQ(result.refused, 2);
+    EXPECT_EQ(result.firstRefused, (CellKey{"COL99", "ROW1"}));
+    EXPECT_EQ(EntriesOf("ChangeValues"), Lines{"GRIDCTL |  | ChangeValues | {name: Round up - cells: 4}"});
+    EXPECT_EQ(host.heard, Lines{"update"});
+    EXPECT_EQ(Rows(*tables.tab), "1,1=1,5 1,2=2,5 2,1=30");
+    EXPECT_EQ(Rows(*tables.tabOld), "1,1=10 1,2=20");
+    EXPECT_EQ(Grid().Contents(At("COL1", "ROW1")), "1,5");
+    control->Editing().Undo();
+    EXPECT_EQ(Rows(*tables.tab), "1,1=10 1,2=20 2,1=30");
+    EXPECT_FALSE(control->Editing().CanUndo());
+
+    control->Editing().SetReadOnly(true);
+    EXPECT_EQ(control->Editing().ChangeValues(changes, "Round up").changed, 0);
+    control->Editing().SetReadOnly(false);
+    ExpectErrors();
+    host.onValue = [&] { EXPECT_EQ(control->Editing().ChangeValues(changes, "In between").changed, 0); };
+    Type("COL1", "ROW1", "7");
+    EXPECT_EQ(Rows(*tables.tab), "1,1=7 1,2=20 2,1=30");
 }
 
 TEST_F(ValueEntryTest, TheRowsOfTabMayMoveWithinAnAction) {

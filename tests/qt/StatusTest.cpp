@@ -40,17 +40,17 @@ private slots:
                                widget.selectionMean()}
                 .join(QLatin1String("; "));
         };
-        QTRY_COMPARE(shown(), summary);
-        QVERIFY(!spy.isEmpty());
+        QCOMPARE(shown(), summary);
+        QTRY_VERIFY(!spy.isEmpty());
     }
 
     void sumsAreShownAsTheGridShowsNumbers() {
         Screen screen;
         screen.goTo(QStringLiteral("COL1/ROW1"));
         Screen::press(QStringLiteral("123456,25<Enter>0,1<Enter>0,2<Enter><Up><Up><Shift+Down>"));
-        QTRY_COMPARE(screen.widget->selectionSum(), QStringLiteral("0,3"));
+        QCOMPARE(screen.widget->selectionSum(), QStringLiteral("0,3"));
         screen.goTo(QStringLiteral("COL1/ROW1"));
-        QTRY_COMPARE(screen.widget->selectionSum(), QStringLiteral("123.456,25"));
+        QCOMPARE(screen.widget->selectionSum(), QStringLiteral("123.456,25"));
     }
 
     void pendingChangesAreMarkedUntilTheyAreAccepted() {
@@ -65,21 +65,21 @@ private slots:
         };
         screen.goTo(QStringLiteral("COL2/ROW2"));
         Screen::press(QStringLiteral("5<Enter>6<Enter>"));
-        QTRY_COMPARE(screen.widget->pendingChanges(), 2);
+        QCOMPARE(screen.widget->pendingChanges(), 2);
         screen.goTo(QStringLiteral("COL4/ROW1"));
         QVERIFY(corner("COL2/ROW2") && corner("COL2/ROW3"));
         QVERIFY(!corner("COL1/ROW2") && !corner("COL3/ROW3"));
         screen.widget->undo();
-        QTRY_COMPARE(screen.widget->pendingChanges(), 1);
+        QCOMPARE(screen.widget->pendingChanges(), 1);
         QVERIFY2(!corner("COL2/ROW3"), "the old value again is no change");
         screen.tables.tabOld->Clear();
         screen.widget->refreshPendingChanges();
         QCOMPARE(screen.widget->pendingChanges(), 0);
         QVERIFY(!corner("COL2/ROW2"));
-        QVERIFY(spy.size() >= 3);
+        QTRY_VERIFY(spy.size() >= 2);
         screen.tables.tabOld->AddRow({1, 3, 99});
         screen.widget->DP_Import_Update();
-        QTRY_COMPARE(screen.widget->pendingChanges(), 1);
+        QCOMPARE(screen.widget->pendingChanges(), 1);
         QVERIFY(corner("COL3/ROW1"));
     }
 

@@ -253,17 +253,6 @@ void BookSession::endPendingChanges(BookStore::OldValues what) {
     }
 }
 
-bool BookSession::change(const std::function<bool(const Book&)>& work) {
-    if (!isOpen() || isReadOnly() || !view_.finishEditing() || !settle() || !work(book_)) {
-        return false;
-    }
-    tablesChanged();
-    if (settle()) {
-        rebuild();
-    }
-    return true;
-}
-
 // --- Other windows
 
 void BookSession::watch() {

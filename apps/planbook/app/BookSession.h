@@ -59,10 +59,6 @@ public:
     /// Asks first.
     void revertChanges();
 
-    /// Has the tables changed by `work`, which answers whether it changed something, saves them and shows them. False
-    /// when nothing was changed; a read-only book stays as it is.
-    bool change(const std::function<bool(const Book&)>& work);
-
     /// Saves what the view has changed in the tables without announcing it.
     void saveTables() { tablesChanged(); }
 

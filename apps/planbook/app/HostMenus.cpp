@@ -10,7 +10,6 @@
 #include "app/BookSession.h"
 #include "app/Questions.h"
 #include "book/LineCaption.h"
-#include "book/PlanEdits.h"
 
 namespace planbook {
 
@@ -81,7 +80,7 @@ bool HostMenus::canDo(HostCommand command) const {
 }
 
 void HostMenus::run(HostCommand command, CellPlace place) {
-    if (!session_.isOpen() || !canDo(command)) {
+    if (!session_.isOpen() || !canDo(command) || !view_.finishEditing()) {
         return;
     }
     switch (command) {
@@ -110,7 +109,7 @@ void HostMenus::run(HostCommand command, CellPlace place) {
             clear([place](CellPlace cell) { return cell.row == place.row; });
             break;
         case HostCommand::CopyValue:
-            change([place](const Book& book) { return CopyValueOn(book, place); },
+            change("Copy value", CopyValueOn(session_.book(), place),
                    "The following periods hold this value already, or the line cannot be edited.");
             break;
         case HostCommand::ClearCell:
@@ -123,10 +122,14 @@ void HostMenus::run(HostCommand command, CellPlace place) {
     }
 }
 
-void HostMenus::change(const std::function<int(const Book&)>& work, const QString& nothingChanged) {
-    bool changed = false;
-    session_.change([&](const Book& book) { return changed = work(book) > 0; });
-    if (!changed) {
+void HostMenus::change(std::string_view name, const PlanEdits& edits, const QString& nothingChanged) {
+    std::vector<planview::ValueChange> changes;
+    for (const PlanEdit& edit : edits) {
+        changes.push_back(
+            {{"COL" + std::to_string(edit.cell.column), "ROW" + std::to_string(edit.cell.row)}, edit.value});
+    }
+    const planview::ChangeResult result = view_.control().Editing().ChangeValues(changes, name);
+    if (result.changed == 0 && result.failed == 0) {
         questions_.tell(nothingChanged);
     }
 }
@@ -145,7 +148,7 @@ void HostMenus::copyLine(std::int32_t line) {
     const int chosen = questions_.chooseLine(QString("Copy \"%1\" to").arg(captionOf(session_.book(), line)), captions);
     if (chosen >= 0) {
         const std::int32_t target = targets[static_cast<std::size_t>(chosen)];
-        change([&](const Book& book) { return CopyLine(book, line, target); }, "Both lines hold the same values.");
+        change("Copy line", CopyLine(session_.book(), line, target), "Both lines hold the same values.");
     }
 }
 
@@ -155,7 +158,7 @@ void HostMenus::copyPeriod(std::int32_t period) {
         questions_.tell("There is no period behind this one.");
         return;
     }
-    change([&](const Book& book) { return CopyPeriod(book, period, next); }, "The next period holds the same values.");
+    change("Copy period", CopyPeriod(session_.book(), period, next), "The next period holds the same values.");
 }
 
 void HostMenus::spreadTotal(std::int32_t line) {
@@ -167,7 +170,7 @@ void HostMenus::spreadTotal(std::int32_t line) {
     const QString text =
         QString("Total of \"%1\" over all periods that are shown").arg(captionOf(session_.book(), line));
     if (const std::optional<double> total = questions_.askNumber(text, TotalOf(session_.book(), line))) {
-        change([&](const Book& book) { return SpreadTotal(book, line, *total); }, "The line has this total already.");
+        change("Spread total", SpreadTotal(session_.book(), line, *total), "The line has this total already.");
     }
 }
 
@@ -180,7 +183,7 @@ void HostMenus::raise() {
 }
 
 void HostMenus::clear(const std::function<bool(CellPlace)>& which) {
-    change([&](const Book& book) { return ClearPending(book, which); }, "There is no pending change here.");
+    change("Clear pending changes", ClearPending(session_.book(), which), "There is no pending change here.");
 }
 
 }  // namespace planbook

@@ -4,10 +4,12 @@
 #include <QObject>
 #include <cstdint>
 #include <functional>
+#include <string_view>
 
 #include "book/Book.h"
 #include "book/BookChanges.h"
 #include "book/HostCommands.h"
+#include "book/PlanEdits.h"
 
 namespace planview {
 class PlanViewWidget;
@@ -34,8 +36,8 @@ private:
     void offer();
     [[nodiscard]] bool canDo(HostCommand command) const;
     void run(HostCommand command, CellPlace place);
-    /// Tells the user when `work` changed no cell.
-    void change(const std::function<int(const Book&)>& work, const QString& nothingChanged);
+    /// Has the view change the values; tells the user when no cell has changed.
+    void change(std::string_view name, const PlanEdits& edits, const QString& nothingChanged);
     void copyLine(std::int32_t line);
     void copyPeriod(std::int32_t period);
     void spreadTotal(std::int32_t line);

@@ -52,48 +52,28 @@ std::vector<std::int32_t> PeriodsOf(const Book& book, bool hiddenToo) {
     return periods;
 }
 
-/// Reads and writes the planning cells of a book.
+/// Reads the planning cells of a book and gathers what they are to hold.
 class Cells {
 public:
     explicit Cells(const Book& book)
-        : tab_(book[BookTable::Tab]),
-          tabOld_(book[BookTable::TabOld]),
-          rows_(RowsByPlace(tab_)),
-          oldRows_(RowsByPlace(tabOld_)),
-          lines_(EditableLines(book)) {}
+        : tab_(book[BookTable::Tab]), rows_(RowsByPlace(tab_)), lines_(EditableLines(book)) {}
 
     [[nodiscard]] Variant ValueOf(CellPlace cell) const {
         const auto found = rows_.find({cell.row, cell.column});
         return found == rows_.end() ? Variant() : tab_.Value(found->second, "V");
     }
     void Set(CellPlace cell, const Variant& value) {
-        const Variant before = ValueOf(cell);
-        if (std::find(lines_.begin(), lines_.end(), cell.row) == lines_.end() || SameValue(before, value)) {
-            return;
+        if (std::find(lines_.begin(), lines_.end(), cell.row) != lines_.end() && !SameValue(ValueOf(cell), value)) {
+            edits_.push_back({cell, value});
         }
-        Put(tab_, rows_, cell, value);
-        if (oldRows_.find({cell.row, cell.column}) == oldRows_.end()) {
-            Put(tabOld_, oldRows_, cell, before);
-        }
-        ++changed_;
     }
-    [[nodiscard]] int Changed() const noexcept { return changed_; }
+    [[nodiscard]] PlanEdits Edits() && { return std::move(edits_); }
 
 private:
-    static void Put(MemoryTable& table, std::map<Place, std::int32_t>& rows, CellPlace cell, const Variant& value) {
-        const auto [found, isNew] = rows.try_emplace({cell.row, cell.column}, 0);
-        if (isNew) {
-            found->second = table.AddRowWith({{"Z", cell.row}, {"C", cell.column}});
-        }
-        table.SetValue(found->second, "V", value);
-    }
-
-    MemoryTable& tab_;
-    MemoryTable& tabOld_;
+    const MemoryTable& tab_;
     std::map<Place, std::int32_t> rows_;
-    std::map<Place, std::int32_t> oldRows_;
     std::vector<std::int32_t> lines_;
-    int changed_ = 0;
+    PlanEdits edits_;
 };
 
 double ToCents(double number) {
@@ -128,33 +108,33 @@ double TotalOf(const Book& book, std::int32_t line) {
     return total;
 }
 
-int CopyLine(const Book& book, std::int32_t from, std::int32_t to) {
+PlanEdits CopyLine(const Book& book, std::int32_t from, std::int32_t to) {
     Cells cells(book);
     for (const std::int32_t period : PeriodsOf(book, true)) {
         cells.Set({to, period}, cells.ValueOf({from, period}));
     }
-    return cells.Changed();
+    return std::move(cells).Edits();
 }
 
-int CopyPeriod(const Book& book, std::int32_t from, std::int32_t to) {
+PlanEdits CopyPeriod(const Book& book, std::int32_t from, std::int32_t to) {
     Cells cells(book);
     for (const std::int32_t line : EditableLines(book)) {
         cells.Set({line, to}, cells.ValueOf({line, from}));
     }
-    return cells.Changed();
+    return std::move(cells).Edits();
 }
 
-int CopyValueOn(const Book& book, CellPlace cell) {
+PlanEdits CopyValueOn(const Book& book, CellPlace cell) {
     Cells cells(book);
     const Variant value = cells.ValueOf(cell);
     const std::vector<std::int32_t> periods = PeriodsOf(book, true);
     for (auto next = std::find(periods.begin(), periods.end(), cell.column); next != periods.end(); ++next) {
         cells.Set({cell.row, *next}, value);
     }
-    return cells.Changed();
+    return std::move(cells).Edits();
 }
 
-int SpreadTotal(const Book& book, std::int32_t line, double total) {
+PlanEdits SpreadTotal(const Book& book, std::int32_t line, double total) {
     Cells cells(book);
     const std::vector<std::int32_t> periods = PeriodsOf(book, false);
     std::vector<double> weights;
@@ -178,28 +158,19 @@ int SpreadTotal(const Book& book, std::int32_t line, double total) {
         cells.Set({line, periods[i]}, ToCents(upToHere - spread));
         spread = upToHere;
     }
-    return cells.Changed();
+    return std::move(cells).Edits();
 }
 
-int ClearPending(const Book& book, const std::function<bool(CellPlace)>& which) {
-    MemoryTable& tab = book[BookTable::Tab];
-    MemoryTable& tabOld = book[BookTable::TabOld];
-    const std::map<Place, std::int32_t> rows = RowsByPlace(tab);
-    int changed = 0;
-    for (std::int32_t row = tabOld.RowCount(); row >= 1; --row) {
-        const Place place = PlaceAt(tabOld, row);
-        if (!which({place.first, place.second})) {
-            continue;
+PlanEdits ClearPending(const Book& book, const std::function<bool(CellPlace)>& which) {
+    const MemoryTable& tabOld = book[BookTable::TabOld];
+    Cells cells(book);
+    for (const auto& [place, row] : RowsByPlace(tabOld)) {
+        const CellPlace cell{place.first, place.second};
+        if (which(cell)) {
+            cells.Set(cell, tabOld.Value(row, "V"));
         }
-        const Variant before = tabOld.Value(row, "V");
-        const auto found = rows.find(place);
-        if (found != rows.end() && !SameValue(tab.Value(found->second, "V"), before)) {
-            tab.SetValue(found->second, "V", before);
-            ++changed;
-        }
-        tabOld.RemoveRow(row);
     }
-    return changed;
+    return std::move(cells).Edits();
 }
 
 }  // namespace planbook

@@ -10,9 +10,16 @@
 
 namespace planbook {
 
-// What planbook's own menu entries do to a book's values. Lines and periods go by their numbers in `LINE` and `COLUMN`.
-// Lines that cannot be edited are left alone. Each value that changes leaves its old one in TAB_OLD, as an edit in the
-// view does. All of them answer how many cells have another value now.
+// What planbook's own menu entries make of a book's values, for the view to carry out as one action of the user. Lines
+// and periods go by their numbers in `LINE` and `COLUMN`. Lines that cannot be edited are left alone, and so are cells
+// that hold the value already.
+
+/// A cell and the value that it is to get.
+struct PlanEdit {
+    CellPlace cell;
+    planview::Variant value;
+};
+using PlanEdits = std::vector<PlanEdit>;
 
 /// The lines whose cells can be edited, in their order.
 [[nodiscard]] std::vector<std::int32_t> EditableLines(const Book& book);
@@ -21,14 +28,14 @@ namespace planbook {
 /// The sum of what the line's cells hold.
 [[nodiscard]] double TotalOf(const Book& book, std::int32_t line);
 
-int CopyLine(const Book& book, std::int32_t from, std::int32_t to);
-int CopyPeriod(const Book& book, std::int32_t from, std::int32_t to);
+[[nodiscard]] PlanEdits CopyLine(const Book& book, std::int32_t from, std::int32_t to);
+[[nodiscard]] PlanEdits CopyPeriod(const Book& book, std::int32_t from, std::int32_t to);
 /// Gives the cell's value to all periods behind it.
-int CopyValueOn(const Book& book, CellPlace cell);
+[[nodiscard]] PlanEdits CopyValueOn(const Book& book, CellPlace cell);
 /// Spreads a total over the periods that are not hidden: in the proportion of what they hold, evenly where they hold
 /// nothing or something below zero. The parts have two decimals and add up to the total.
-int SpreadTotal(const Book& book, std::int32_t line, double total);
-/// Gives the cells for which `which` holds their old values back and ends their record in TAB_OLD.
-int ClearPending(const Book& book, const std::function<bool(CellPlace)>& which);
+[[nodiscard]] PlanEdits SpreadTotal(const Book& book, std::int32_t line, double total);
+/// Gives the cells for which `which` holds the values back that TAB_OLD keeps for them.
+[[nodiscard]] PlanEdits ClearPending(const Book& book, const std::function<bool(CellPlace)>& which);
 
 }  // namespace planbook

@@ -40,9 +40,7 @@ void MacroRecording::Trace(std::string_view method) const {
 }
 
 void MacroRecording::Tell() const {
-    if (const auto listener = listener_) {  // a copy: the listener may remove itself
-        listener();
-    }
+    listeners_.Tell();
 }
 
 template <class Body>
@@ -136,7 +134,7 @@ void MacroRecording::UndoRecord() {
 
 void MacroRecording::Abandon() noexcept {
     state_ = RecordState::Off;
-    listener_ = nullptr;
+    listeners_.Clear();
 }
 
 // --- Steps

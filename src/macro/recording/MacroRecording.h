@@ -2,13 +2,13 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
 #include <planview/Platform.h>
 
 #include "automation/EventSource.h"
+#include "automation/ListenerList.h"
 #include "automation/TableSlots.h"
 #include "components/GridControl.h"
 #include "grid/RecordState.h"
@@ -49,7 +49,7 @@ public:
     [[nodiscard]] int StepCount() const noexcept { return static_cast<int>(steps_.size()); }
     [[nodiscard]] bool CanUndoRecord() const noexcept { return state_ != RecordState::Off && !steps_.empty(); }
     /// Called when the state or the number of steps has changed.
-    void SetListener(std::function<void()> listener) { listener_ = std::move(listener); }
+    [[nodiscard]] ListenerList<void()>& Listeners() noexcept { return listeners_; }
     /// Ends the recording without an event, for the end of the control.
     void Abandon() noexcept;
 
@@ -93,7 +93,7 @@ private:
     std::vector<Edit> edits_;   // done, the last one is undone next
     std::vector<Edit> undone_;  // the last one is redone next
     std::uint64_t lastEdit_ = 0;
-    std::function<void()> listener_;
+    ListenerList<void()> listeners_;
 };
 
 }  // namespace planview

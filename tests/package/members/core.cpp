@@ -130,7 +130,7 @@ void UseMembers(PlanView& view) {
            TABLE(FIXED_LINES), SETTERS(FIXED_TAB), TABLE(CELL_ATTR), TABLE(GRID_TREE), TABLE(MACRO_TREE), TABLE(TEXTS),
            TABLE(COLMENU), TABLE(ROWMENU), TABLE(GRIDMENU), TABLE(CELLMENU), TABLE(MACROREC));
     UseAll(view, &PlanView::GetTable, &PlanView::SetTable, &PlanView::Run, &PlanView::StatesOf,
-           &PlanView::SetCommandListener);
+           &PlanView::AddCommandListener, &PlanView::RemoveCommandListener);
     static_cast<void>(view.StateOf(DescribeCommands().front().command));
     static_cast<void>(view.Call(view.IdOf(DescribeMembers().front().name), {}));
     static_cast<void>(view.Get(1, {}));
@@ -141,8 +141,9 @@ void UseMembers(PlanView& view) {
 void UseFacets(PlanView& view) {
     Editing editing = view.Editing();
     UseAll(editing, &Editing::Undo, &Editing::Redo, &Editing::CanUndo, &Editing::CanRedo, &Editing::Copy, &Editing::Cut,
-           &Editing::Paste, &Editing::Fill, &Editing::DeleteContents, &Editing::RaiseSelected, &Editing::SetReadOnly,
-           &Editing::IsReadOnly, &Editing::PendingCells, &Editing::SetBulkListener, &Editing::SetHintListener);
+           &Editing::Paste, &Editing::Fill, &Editing::DeleteContents, &Editing::RaiseSelected, &Editing::ChangeValues,
+           &Editing::SetReadOnly, &Editing::IsReadOnly, &Editing::PendingCells, &Editing::AddBulkListener,
+           &Editing::RemoveBulkListener, &Editing::AddHintListener, &Editing::RemoveHintListener);
     View shown = view.View();
     UseAll(shown, &View::SwitchChart, &View::ChartShown, &View::SwitchMacroTree, &View::MacroTreeShown,
            &View::ShowSelectedColumnsInChart, &View::ShowSelectedRowsInChart, &View::LeaveForecastView,
@@ -155,7 +156,8 @@ void UseFacets(PlanView& view) {
     UseAll(macros, &Macros::Run, &Macros::Replay, &Macros::Check, &Macros::MoveNode);
     Recording recording = view.Recording();
     UseAll(recording, &Recording::Start, &Recording::Pause, &Recording::Stop, &Recording::UndoStep, &Recording::IsOn,
-           &Recording::IsPaused, &Recording::Steps, &Recording::SetListener, &Recording::Keep);
+           &Recording::IsPaused, &Recording::Steps, &Recording::AddListener, &Recording::RemoveListener,
+           &Recording::Keep);
     Diagnostics diagnostics = view.Diagnostics();
     UseAll(diagnostics, &Diagnostics::TraceIsOn, &Diagnostics::ShowTrace);
 }
