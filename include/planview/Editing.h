@@ -58,8 +58,9 @@ public:
     /// has ended (false), so that a host can keep what it hears in between as one. A single value's event comes outside
     /// of any. There is one listener; an empty one takes it away.
     void SetBulkListener(std::function<void(bool running)> listener);
-    /// Called to show the user beside a cell why it does not take a value; false where that is not possible, and then a
-    /// message box says it. There is one listener; an empty one takes it away.
+    /// Called to show the user a sentence beside a cell: why it does not take a value, or how a number was taken that
+    /// could mean two. False where that is not possible; a message box then says why the value was refused. There is
+    /// one listener; an empty one takes it away.
     void SetHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener);
 };
 

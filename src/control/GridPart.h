@@ -14,6 +14,7 @@
 #include "grid/CurrentKeys.h"
 #include "grid/GridConstruction.h"
 #include "grid/HostUpdate.h"
+#include "grid/OtherReading.h"
 #include "grid/SizeEvents.h"
 #include "grid/UndoHistory.h"
 #include "grid/ValueEntry.h"
@@ -38,6 +39,7 @@ struct GridPart {
     HostUpdate hostUpdate;
     GridConstruction construction;
     ValueEntry valueEntry;
+    OtherReading otherReading;
     ClipboardCommands clipboard;
     SizeEvents sizeEvents;
     GeneralOptions generalOptions;

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <planview/Spreadsheet.h>
 
+#include "automation/EnteredNumber.h"
 #include "automation/TableSlots.h"
 #include "grid/modGrid.h"
 #include "spreadsheet/CaptionMatch.h"
@@ -49,7 +52,28 @@ private:
     template <class Id, class Find>
     std::vector<Track<Id>> TracksOf(Axis axis, const std::vector<std::string>& keys,
                                     const std::vector<std::string>& captions, UploadPreview& preview, const Find& find);
+    /// What a cell of the sheet says: nothing, a number or some other text.
+    struct Entry {
+        std::optional<double> number;
+        std::string text;
+        [[nodiscard]] bool IsEmpty() const noexcept { return !number && text.empty(); }
+    };
+    /// A text that may be read in two ways, until all the others are known.
+    struct OpenEntry {
+        const Track<ColumnId>* column;
+        const Track<RowId>* line;
+        Entry entry;
+        EnteredNumber read;
+        std::size_t place;  ///< in the preview: before this change
+    };
+
+    [[nodiscard]] static Entry EntryOf(const Variant& value);
+    [[nodiscard]] static bool IsSame(const Entry& entry, const std::string& contents);
     void ReadCell(const Track<ColumnId>& column, const Track<RowId>& line, UploadPreview& preview);
+    void ReadOpenEntries(UploadPreview& preview);
+    /// No value where the sheet says what the table holds. Asks the sheet's cell only for an empty entry.
+    [[nodiscard]] std::optional<UploadChange> ChangeBy(const Entry& entry, const Track<ColumnId>& column,
+                                                       const Track<RowId>& line);
 
     const modGrid& driver_;
     const GridControl& grid_;
@@ -58,6 +82,8 @@ private:
     SheetCells cells_;
     std::vector<Track<ColumnId>> sheetColumns_;
     std::vector<Track<RowId>> sheetRows_;
+    std::vector<OpenEntry> open_;
+    MarkEvidence evidence_;
     std::uint64_t built_ = 0;
 };
 

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
-#include "automation/Numbers.h"
 #include "automation/Texts.h"
 #include "macro/editor/ElementSpots.h"
 #include "macro/editor/MacroEditor.h"
+#include "macro/editor/OperandNodes.h"
 
 namespace planview {
 
@@ -124,26 +124,30 @@ std::string MacroEditor::NameToEdit() const {
     return byValue ? node->value : node->text;
 }
 
-void MacroEditor::Rename(const std::string& text) {
+void MacroEditor::Rename(const std::string& entered) {
     Operate("Rename", [&] {
         const MacroNode* node = CurrentNode();
-        if (!node || text == NameToEdit()) {
+        if (!node || entered == NameToEdit()) {
             return;
         }
-        if (Trimmed(text).empty()) {
+        if (Trimmed(entered).empty()) {
             Say("A name cannot be empty.");
             return;
         }
-        if (node->type == MacroNodeType::Constant && !TryParseNumber(text)) {
-            Say("\"" + text + "\" is not a number. Enter digits with a point or a comma.");
+        const bool isConstant = node->type == MacroNodeType::Constant;
+        const std::optional<EnteredNumber> constant =
+            isConstant ? ReadConstant(parts_.grid, outline_, Current(), entered) : std::nullopt;
+        if (isConstant && !constant) {
+            Say("\"" + entered + "\" is not a number. Enter digits with a point or a comma.");
             return;
         }
+        const std::string text = constant ? TableText(entered, constant->number) : entered;
         Edit([&](MacroTable& table) {
             const bool isOwn = node->type >= MacroNodeType::OwnLine && node->type <= MacroNodeType::OwnArea;
             for (int i = 0; i < outline_.Count(); ++i) {
                 const MacroNode& each = outline_.At(i);
                 if (&each == node || (isOwn && each.type == node->type && each.value == node->value)) {
-                    if (isOwn || node->type == MacroNodeType::Constant) {
+                    if (isOwn || isConstant) {
                         table.SetValue(each.key, text);
                     }
                     table.SetText(each.key, text);
@@ -152,6 +156,9 @@ void MacroEditor::Rename(const std::string& text) {
             return node->key;
         });
         Announce();
+        if (constant && constant->IsGuess()) {
+            Say(GuessText(*constant), false);
+        }
     });
 }
 
