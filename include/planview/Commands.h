@@ -82,7 +82,8 @@ enum class Command : DispatchId {
     SetRowWidth = 1067,
     SetRowHeight = 1068,
     SelectRow = 1069,
-    SelectColumn = 1070
+    SelectColumn = 1070,
+    TakeOtherReading = 1071
 };
 
 /// Commands that stand together in a menu or tool bar.

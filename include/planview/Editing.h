@@ -86,8 +86,9 @@ public:
     void RemoveBulkListener(ListenerId listener) noexcept;
     /// @}
     /// @{
-    /// Called to show the user beside a cell why it does not take a value; false where that is not possible. The newest
-    /// listener is asked first; where none shows it a message box says it.
+    /// Called to show the user a sentence beside a cell: why it does not take a value, or how a number was taken that
+    /// could mean two. False where that is not possible. The newest listener is asked first; where none shows it a
+    /// message box says why the value was refused.
     ListenerId AddHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener);
     void RemoveHintListener(ListenerId listener) noexcept;
     /// @}

@@ -5,9 +5,11 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstddef>
+#include <iterator>
+#include <utility>
 
 #include "automation/Numbers.h"
+#include "automation/Texts.h"
 
 namespace planview {
 
@@ -20,57 +22,45 @@ constexpr double TooLarge = 1e15;
 constexpr std::size_t MaxPlaceholders = 30;
 constexpr std::size_t MaxCodeLength = 255;
 constexpr int GroupLength = 3;
-constexpr char ShownDecimalMark = ',';
+/// Numbers from here on never round to zero.
+constexpr double AlwaysShown = 1;
+constexpr char ShownDecimalMark = GridDecimalMark;
 constexpr char ShownGroupMark = '.';
 
 bool IsPlaceholder(char c) noexcept {
-    return c == '0' || c == '#';
+    return c == '0' || c == '#' || c == '?';
 }
 
 bool IsDigitsPart(char c) noexcept {
     return IsPlaceholder(c) || c == '.' || c == ',';
 }
 
-/// Reads signs, quoted texts and "%" from the front of `code` until something else comes. False when a quote is not
-/// closed or "%" comes a second time.
-bool TakeLiterals(std::string_view& code, std::string& literals, bool& percent) {
-    constexpr std::string_view Signs = "+-() ";
-    while (!code.empty()) {
-        const char c = code.front();
-        if (c == '"') {
-            const std::size_t end = code.find('"', 1);
-            if (end == std::string_view::npos) {
-                return false;
-            }
-            literals += code.substr(1, end - 1);
-            code.remove_prefix(end + 1);
-            continue;
-        }
-        if (c == '%') {
-            if (percent) {
-                return false;
-            }
-            percent = true;
-        } else if (Signs.find(c) == std::string_view::npos) {
-            return true;
-        }
-        literals += c;
-        code.remove_prefix(1);
+/// The bytes of the first character.
+std::size_t CharacterLength(std::string_view text) noexcept {
+    std::size_t length = 1;
+    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U) {
+        ++length;
     }
-    return true;
+    return std::min(length, text.size());
 }
 
-/// The place of the ";" between two sections, npos without one.
-std::size_t FindDivider(std::string_view code) noexcept {
-    bool quoted = false;
-    for (std::size_t i = 0; i < code.size(); ++i) {
-        if (code[i] == '"') {
-            quoted = !quoted;
-        } else if (code[i] == ';' && !quoted) {
-            return i;
-        }
-    }
-    return std::string_view::npos;
+bool IsAscii(char c) noexcept {
+    return static_cast<signed char>(c) >= 0;
+}
+
+bool StartsWithWord(std::string_view text, std::string_view word) noexcept {
+    return EqualIgnoringCase(text.substr(0, word.size()), word);
+}
+
+/// Whether "[name]" is a colour: one of eight, or "Color3".
+bool IsColorName(std::string_view name) noexcept {
+    constexpr std::string_view Known[] = {"black", "blue", "cyan", "green", "magenta", "red", "white", "yellow"};
+    constexpr std::string_view Numbered = "color";
+    const bool known = std::any_of(std::begin(Known), std::end(Known),
+                                   [&](std::string_view each) { return EqualIgnoringCase(name, each); });
+    return known ||
+           (StartsWithWord(name, Numbered) && name.size() > Numbered.size() &&
+            std::all_of(name.begin() + Numbered.size(), name.end(), [](char c) { return c >= '0' && c <= '9'; }));
 }
 
 }  // namespace
@@ -84,39 +74,152 @@ struct NumberFormat::Digits {
     bool isZero = true;
 };
 
+/// Reads what may stand before and behind the digits until something else comes. False for what can stand nowhere.
+bool NumberFormat::TakeLiterals(std::string_view& code, std::string& literals, Section& section) {
+    constexpr std::string_view Signs = "+-() $";
+    while (!code.empty()) {
+        const char c = code.front();
+        if (c == '"') {
+            const std::size_t end = code.find('"', 1);
+            if (end == std::string_view::npos) {
+                return false;
+            }
+            literals += code.substr(1, end - 1);
+            code.remove_prefix(end + 1);
+        } else if (c == '[') {
+            if (!TakeBracket(code, literals, section)) {
+                return false;
+            }
+        } else if (c == '\\' || c == '_' || c == '*') {
+            code.remove_prefix(1);
+            if (code.empty()) {
+                return false;
+            }
+            const std::size_t length = CharacterLength(code);
+            literals += c == '\\' ? code.substr(0, length) : c == '_' ? std::string_view(" ") : std::string_view();
+            code.remove_prefix(length);
+        } else if (c == '%' && section.percent) {
+            return false;
+        } else if (c == '%' || Signs.find(c) != std::string_view::npos || !IsAscii(c)) {
+            section.percent = section.percent || c == '%';
+            literals += c;
+            code.remove_prefix(1);
+        } else {
+            return true;
+        }
+    }
+    return true;
+}
+
+/// A currency or a colour; a condition is none.
+bool NumberFormat::TakeBracket(std::string_view& code, std::string& literals, Section& section) {
+    const std::size_t end = code.find(']');
+    if (end == std::string_view::npos) {
+        return false;
+    }
+    const std::string_view inner = code.substr(1, end - 1);
+    code.remove_prefix(end + 1);
+    if (inner.starts_with('$')) {
+        const std::string_view currency = inner.substr(1);
+        literals += currency.substr(0, currency.rfind('-'));
+        return true;
+    }
+    if (!IsColorName(inner)) {
+        return false;
+    }
+    section.color = EqualIgnoringCase(inner, "red") || EqualIgnoringCase(inner, "color3") ? Color::Red : Color::Other;
+    return true;
+}
+
+/// What stands between the ";", which are none in texts.
+std::vector<std::string_view> NumberFormat::SectionsOf(std::string_view code) {
+    std::vector<std::string_view> sections;
+    std::size_t start = 0;
+    bool quoted = false;
+    for (std::size_t i = 0; i < code.size(); ++i) {
+        if (code[i] == '"') {
+            quoted = !quoted;
+        } else if (!quoted && (code[i] == '\\' || code[i] == '_' || code[i] == '*')) {
+            ++i;
+        } else if (!quoted && code[i] == ';') {
+            sections.push_back(code.substr(start, i - start));
+            start = i + 1;
+        }
+    }
+    sections.push_back(code.substr(start));
+    return sections;
+}
+
 std::optional<NumberFormat> NumberFormat::Parse(std::string_view code) {
+    constexpr std::size_t MostSections = 4;
     if (code.empty() || code.size() > MaxCodeLength) {
         return std::nullopt;
     }
-    NumberFormat format;
-    const std::size_t divider = FindDivider(code);
-    std::optional<Section> positive = ParseSection(code.substr(0, divider));
-    if (!positive) {
-        return std::nullopt;
-    }
-    format.positive_ = std::move(*positive);
-    if (divider != std::string_view::npos) {
-        format.negative_ = ParseSection(code.substr(divider + 1));
-        if (!format.negative_) {
+    const std::vector<std::string_view> codes = SectionsOf(code);
+    std::vector<Section> sections;
+    for (const std::string_view each : codes) {
+        // Of two sections an empty one would hide numbers by a slip.
+        std::optional<Section> section = each.empty() && codes.size() <= 2 ? std::nullopt : ParseSection(each);
+        if (!section) {
             return std::nullopt;
         }
+        sections.push_back(std::move(*section));
+    }
+    NumberFormat format;
+    using Kind = Section::Kind;
+    if (sections.back().kind == Kind::Text || sections.size() == MostSections) {
+        format.text_ = sections.back();
+        if (sections.size() > 1) {
+            sections.pop_back();
+        } else {
+            sections.back().kind = Kind::General;
+        }
+        if (format.text_->kind != Kind::Text && format.text_->kind != Kind::Literal) {
+            return std::nullopt;
+        }
+    }
+    const bool textsForNumbers =
+        std::any_of(sections.begin(), sections.end(), [](const Section& each) { return each.kind == Kind::Text; });
+    if (textsForNumbers || sections.size() >= MostSections ||
+        (codes.size() == 1 && sections[0].kind == Kind::Literal)) {
+        return std::nullopt;
+    }
+    format.positive_ = sections[0];
+    if (sections.size() > 1) {
+        format.negative_ = sections[1];
+    }
+    if (sections.size() > 2) {
+        format.zero_ = sections[2];
     }
     format.code_ = code;
     return format;
 }
 
 std::optional<NumberFormat::Section> NumberFormat::ParseSection(std::string_view code) {
+    constexpr std::string_view General = "General";
     Section section;
-    if (!TakeLiterals(code, section.prefix, section.percent)) {
+    if (!TakeLiterals(code, section.prefix, section)) {
         return std::nullopt;
     }
-    const auto digitsEnd = std::find_if_not(code.begin(), code.end(), IsDigitsPart);
-    const auto length = static_cast<std::size_t>(digitsEnd - code.begin());
-    if (!ParseDigits(code.substr(0, length), section)) {
-        return std::nullopt;
+    std::size_t length = 0;
+    if (code.empty()) {
+        section.kind = Section::Kind::Literal;
+        return section;
+    }
+    if (StartsWithWord(code, General)) {
+        section.kind = Section::Kind::General;
+        length = General.size();
+    } else if (code.front() == '@') {
+        section.kind = Section::Kind::Text;
+        length = 1;
+    } else {
+        length = static_cast<std::size_t>(std::find_if_not(code.begin(), code.end(), IsDigitsPart) - code.begin());
+        if (!ParseDigits(code.substr(0, length), section)) {
+            return std::nullopt;
+        }
     }
     code.remove_prefix(length);
-    if (!TakeLiterals(code, section.suffix, section.percent) || !code.empty()) {
+    if (!TakeLiterals(code, section.suffix, section) || !code.empty()) {
         return std::nullopt;
     }
     return section;
@@ -236,27 +339,99 @@ std::string NumberFormat::FormatLarge(const Section& section, double value) {
                                 : NumberText(value, ShownDecimalMark);
 }
 
+const NumberFormat::Section& NumberFormat::SectionOf(double value) const noexcept {
+    const std::optional<Section>& own = value < 0 ? negative_ : zero_;
+    return value <= 0 && own ? *own : positive_;
+}
+
 std::string NumberFormat::Format(double value) const {
     std::string text;
     if (!std::isfinite(value)) {
         return text;
     }
-    if (std::abs(value) >= TooLarge) {
-        return value < 0 && negative_ ? FormatLarge(*negative_, -value) : FormatLarge(positive_, value);
+    using Kind = Section::Kind;
+    const Section& section = SectionOf(value);
+    const bool ownSign = value < 0 && negative_;
+    if (section.kind == Kind::Literal) {
+        return section.prefix;
     }
-    if (value < 0) {
-        const Section& section = negative_ ? *negative_ : positive_;
-        const Digits digits = RoundedDigits(section, -value);
-        if (!digits.isZero) {
-            if (!negative_) {
-                text += '-';
-            }
-            Append(text, section, digits);
-            return text;
-        }
+    if (section.kind == Kind::Digits && std::abs(value) >= TooLarge) {
+        return FormatLarge(section, ownSign ? -value : value);
     }
-    Append(text, positive_, RoundedDigits(positive_, std::abs(value)));
+    if (section.kind == Kind::General) {
+        text = value < 0 && !ownSign ? "-" : "";
+        return text + section.prefix + NumberText(std::abs(value), ShownDecimalMark) + section.suffix;
+    }
+    const Digits digits = RoundedDigits(section, std::abs(value));
+    if (value != 0 && digits.isZero && (value < 0 || zero_)) {
+        return Format(0);
+    }
+    if (value < 0 && !ownSign) {
+        text += '-';
+    }
+    Append(text, section, digits);
     return text;
+}
+
+std::string NumberFormat::FormatText(std::string_view text) const {
+    if (!text_) {
+        return std::string(text);
+    }
+    return text_->kind == Section::Kind::Literal ? text_->prefix : text_->prefix + std::string(text) + text_->suffix;
+}
+
+bool NumberFormat::ShowsNegative(double value) const {
+    if (!(value < 0) || !std::isfinite(value)) {
+        return false;
+    }
+    const Section& section = SectionOf(value);
+    return value <= -AlwaysShown || section.kind != Section::Kind::Digits || !RoundedDigits(section, -value).isZero;
+}
+
+NumberFormat::Color NumberFormat::ColorOf(double value) const {
+    const auto isColored = [](const std::optional<Section>& each) { return each && each->color != Color::None; };
+    if (positive_.color == Color::None && !isColored(negative_) && !isColored(zero_)) {
+        return Color::None;
+    }
+    const Section& section = SectionOf(value);
+    const bool isZero = std::isfinite(value) && section.kind == Section::Kind::Digits &&
+                        std::abs(value) < AlwaysShown && RoundedDigits(section, std::abs(value)).isZero;
+    return isZero ? SectionOf(0).color : section.color;
+}
+
+std::optional<int> NumberFormat::Decimals() const noexcept {
+    return positive_.kind == Section::Kind::Digits ? std::optional(positive_.decimals) : std::nullopt;
+}
+
+std::vector<NumberFormat::ShownDigits> NumberFormat::DigitsIn(std::string_view text) const {
+    std::vector<ShownDigits> found;
+    const auto takeFrom = [&](const std::optional<Section>& section, bool negative) {
+        if (!section || section->kind == Section::Kind::Literal) {
+            return;
+        }
+        const std::string plainPrefix = KeyboardText(section->prefix);
+        const std::string plainSuffix = KeyboardText(section->suffix);
+        const std::string_view prefix = Trimmed(plainPrefix);
+        const std::string_view suffix = Trimmed(plainSuffix);
+        if (prefix.empty() && suffix.empty()) {
+            return;
+        }
+        const auto take = [&](std::string_view from, bool sign) {
+            if (from.size() > prefix.size() + suffix.size() && from.starts_with(prefix) && from.ends_with(suffix)) {
+                from.remove_prefix(prefix.size());
+                from.remove_suffix(suffix.size());
+                found.push_back({Trimmed(from), negative != sign, section->percent});
+            }
+        };
+        take(text, false);
+        if (text.starts_with('-') && !negative) {
+            take(Trimmed(text.substr(1)), true);
+        }
+    };
+    takeFrom(positive_, false);
+    takeFrom(negative_, true);
+    takeFrom(zero_, false);
+    return found;
 }
 
 }  // namespace planview

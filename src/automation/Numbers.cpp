@@ -119,22 +119,32 @@ std::optional<double> ShortNumber(std::string_view text) noexcept {
     return hasMark ? value / Powers[count - beforeMark] : value;
 }
 
-/// The blanks and the minus of typesetters by those of a keyboard, in `plain`; other texts are given back as they are.
-std::string_view WithPlainMarks(std::string_view text, std::span<char, MaxNumberLength> plain) noexcept {
+/// Writes the text with a keyboard's blank and minus for those of typesetters, and answers where it ends. `plain` has
+/// room for the text itself.
+char* WriteKeyboardText(std::string_view text, char* plain) noexcept {
     constexpr std::pair<std::string_view, char> Known[] = {
         {"\u00A0", ' '}, {"\u202F", ' '}, {"\u2009", ' '}, {"\u2212", '-'}};
-    if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<signed char>(c) >= 0; })) {
-        return text;
-    }
-    std::size_t length = 0;
     while (!text.empty()) {
         const auto* mark = std::find_if(std::begin(Known), std::end(Known),
                                         [&](const auto& known) { return text.starts_with(known.first); });
         const bool known = mark != std::end(Known);
-        plain[length++] = known ? mark->second : text.front();
+        *plain++ = known ? mark->second : text.front();
         text.remove_prefix(known ? mark->first.size() : 1);
     }
-    return {plain.data(), length};
+    return plain;
+}
+
+bool IsAscii(std::string_view text) noexcept {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
+}
+
+/// The same in `plain`; a text without such characters is given back as it is.
+std::string_view WithPlainMarks(std::string_view text, std::span<char, MaxNumberLength> plain) noexcept {
+    if (IsAscii(text)) {
+        return text;
+    }
+    const char* const end = WriteKeyboardText(text, plain.data());
+    return {plain.data(), static_cast<std::size_t>(end - plain.data())};
 }
 
 /// As TryParseNumber(), of a text without blanks around it.
@@ -209,6 +219,14 @@ std::optional<double> TryParseNumber(std::string_view text) noexcept {
     }
     std::array<char, MaxNumberLength> plain;  // as far as it is written
     return ParsePlain(Trimmed(WithPlainMarks(text, plain), NumberBlanks));
+}
+
+std::string KeyboardText(std::string_view text) {
+    std::string plain(text);
+    if (!IsAscii(text)) {
+        plain.resize(static_cast<std::size_t>(WriteKeyboardText(text, plain.data()) - plain.data()));
+    }
+    return plain;
 }
 
 double ParseNumber(std::string_view text) {

@@ -28,6 +28,9 @@ inline constexpr char GridDecimalMark = ',';
 /// A number variant as it is, Empty as 0, a boolean as -1 or 0, a text by the rules above.
 [[nodiscard]] PLANVIEW_EXPORT double ParseNumber(const Variant& value);
 
+/// The text with a keyboard's blank and minus for those of typesetters, as TryParseNumber() takes them.
+[[nodiscard]] std::string KeyboardText(std::string_view text);
+
 /// The number with at most 15 significant digits and without an exponent where a plain number of at most 15 digits
 /// before the mark shows it whole. Throws TypeMismatch for what is no finite number.
 [[nodiscard]] PLANVIEW_EXPORT std::string NumberText(double value, char decimalMark = '.');

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <utility>
@@ -120,6 +121,45 @@ bool ShowsNumber(std::string_view sdnum) {
     return true;
 }
 
+bool IsDigit(char c) noexcept {
+    return c >= '0' && c <= '9';
+}
+
+/// Whether a text shows its number as a date or a time ("01/08/08", "8. Jan 2008", "18:00").
+bool LooksLikeDate(std::string_view text) {
+    constexpr std::string_view Months[] = {"jan", "feb", "mar", "mär", "apr", "may", "mai", "jun",
+                                           "jul", "aug", "sep", "oct", "okt", "nov", "dec", "dez"};
+    int points = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool betweenDigits =
+            i > 0 && i + 1 < text.size() && IsDigit(text[i - 1]) && (IsDigit(text[i + 1]) || text[i + 1] == ' ');
+        const char c = text[i];
+        if (betweenDigits && (c == '/' || c == ':' || c == '-')) {
+            return true;
+        }
+        points += betweenDigits && c == '.' ? 1 : 0;
+        const bool wordStarts = i == 0 || (!IsLetter(text[i - 1]) && IsLetter(c));
+        if (wordStarts && std::any_of(std::begin(Months), std::end(Months), [&](std::string_view month) {
+                return EqualIgnoringCase(text.substr(i, month.size()), month);
+            })) {
+            return true;
+        }
+    }
+    return points > 1 && !TryParseNumber(text);
+}
+
+/// The number in {"1":3,"3":1234.5}: 3 is the kind "number", and behind "3" it stands.
+std::optional<double> SheetsNumber(std::string_view value) {
+    constexpr std::string_view Kind = "\"1\":3,";
+    constexpr std::string_view Number = "\"3\":";
+    const std::size_t at = value.find(Number);
+    if (at == std::string_view::npos || value.find(Kind) > at) {
+        return std::nullopt;
+    }
+    value.remove_prefix(at + Number.size());
+    return TryParseNumber(value.substr(0, value.find_first_of(",}")));
+}
+
 /// Reads the first table of a text, tag by tag. What is no well-formed HTML gives some cells or none.
 class TableReader {
 public:
@@ -141,6 +181,8 @@ private:
     struct Attributes {
         std::string sdval;
         std::string sdnum;
+        std::string xnum;
+        std::string sheetsValue;
         int columns = 1;
         int rows = 1;
     };
@@ -253,6 +295,10 @@ private:
             attributes.sdval = std::move(value);
         } else if (EqualIgnoringCase(name, "sdnum")) {
             attributes.sdnum = std::move(value);
+        } else if (EqualIgnoringCase(name, "x:num")) {
+            attributes.xnum = std::move(value);
+        } else if (EqualIgnoringCase(name, "data-sheets-value")) {
+            attributes.sheetsValue = std::move(value);
         } else if (EqualIgnoringCase(name, "colspan") || EqualIgnoringCase(name, "rowspan")) {
             int span = 1;
             std::from_chars(value.data(), value.data() + value.size(), span);
@@ -270,10 +316,22 @@ private:
         while (!text_.empty() && IsBlank(text_.back())) {
             text_.pop_back();
         }
-        Put({std::exchange(text_, {}), ShowsNumber(cell.sdnum) ? TryParseNumber(cell.sdval) : std::nullopt}, cell.rows);
+        const std::optional<double> number = NumberBehind(cell);
+        Put({std::exchange(text_, {}), number}, cell.rows);
         for (int i = 1; i < cell.columns && cells_ < MaxBlockCells; ++i) {
             Put({}, cell.rows);
         }
+    }
+
+    /// The number itself that the program says the cell holds.
+    [[nodiscard]] std::optional<double> NumberBehind(const Attributes& cell) const {
+        if (!cell.sdval.empty()) {
+            return ShowsNumber(cell.sdnum) ? TryParseNumber(cell.sdval) : std::nullopt;
+        }
+        if (LooksLikeDate(text_)) {
+            return std::nullopt;
+        }
+        return cell.xnum.empty() ? SheetsNumber(cell.sheetsValue) : TryParseNumber(cell.xnum);
     }
 
     void SkipTaken() {
@@ -310,7 +368,7 @@ bool HasNumbers(const HtmlRows& rows) {
     });
 }
 
-bool SameShape(const TextBlock& block, const HtmlRows& rows) {
+bool SameShape(const ValueBlock& block, const HtmlRows& rows) {
     return std::equal(block.begin(), block.end(), rows.begin(), rows.end(),
                       [](const auto& line, const auto& row) { return line.size() == row.size(); });
 }
@@ -336,8 +394,11 @@ std::string FormatHtmlBlock(const TextBlock& block) {
     return out + "</table></body></html>";
 }
 
-TextBlock BestBlock(std::string_view text, std::string_view html) {
-    TextBlock block = ParseBlock(text);
+ValueBlock BestBlock(std::string_view text, std::string_view html) {
+    ValueBlock block;
+    for (std::vector<std::string>& line : ParseBlock(text)) {
+        block.emplace_back(std::make_move_iterator(line.begin()), std::make_move_iterator(line.end()));
+    }
     HtmlRows rows = TableReader(html).Read();
     if (!HasNumbers(rows)) {
         return block;
@@ -351,7 +412,7 @@ TextBlock BestBlock(std::string_view text, std::string_view html) {
         for (std::size_t c = 0; c < rows[r].size(); ++c) {
             HtmlCell& cell = rows[r][c];
             if (cell.number) {
-                block[r][c] = NumberText(*cell.number, GridDecimalMark);
+                block[r][c] = *cell.number;
             } else if (!sameShape) {
                 block[r][c] = std::move(cell.text);
             }

@@ -3,8 +3,10 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <planview/Export.h>
+#include <planview/Variant.h>
 
 #include "clipboard/BlockText.h"
 
@@ -14,11 +16,14 @@ namespace planview {
 /// form that every regional setting reads.
 [[nodiscard]] PLANVIEW_EXPORT std::string FormatHtmlBlock(const TextBlock& block);
 
-/// What another program put on the clipboard, as the best texts of both its forms.
+/// Cells as numbers and texts, row by row.
+using ValueBlock = std::vector<std::vector<Variant>>;
+
+/// What another program put on the clipboard, as the best of both its forms.
 ///
 /// A text shows a number as its cell was formatted: rounded, grouped, in per cent. The HTML table beside it may carry
-/// the number itself (`sdval`), which is then taken, in the control's own form. Cells without one keep their text, and
-/// so do dates and truth values, whose number means nothing here. `html` may be empty or hold no table.
-[[nodiscard]] TextBlock BestBlock(std::string_view text, std::string_view html);
+/// the number itself (`sdval`, `x:num`, `data-sheets-value`), which is then taken. Cells without one keep their text,
+/// and so do dates and truth values, whose number means nothing here. `html` may be empty or hold no table.
+[[nodiscard]] ValueBlock BestBlock(std::string_view text, std::string_view html);
 
 }  // namespace planview

@@ -14,6 +14,7 @@
 #include "grid/ClipboardCommands.h"
 #include "grid/GridSettings.h"
 #include "grid/HostUpdate.h"
+#include "grid/OtherReading.h"
 #include "grid/SizeEvents.h"
 #include "grid/UndoHistory.h"
 #include "grid/ValueEntry.h"
@@ -36,6 +37,7 @@ struct CommandParts {
     const UndoHistory& history;
     ValueEntry& valueEntry;
     ClipboardCommands& clipboard;
+    OtherReading& otherReading;
     SizeEvents& sizeEvents;
     HostUpdate& hostUpdate;
     bool& busy;

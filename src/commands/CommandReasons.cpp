@@ -65,6 +65,10 @@ std::string CannotEdit(const CommandSituation& now) {
     return std::string(RefusalText(RefusalOf(grid, *cell)));
 }
 
+std::string NoOtherReading(const CommandSituation& now) {
+    return Unless(now.on.otherReading.IsOffered(), "No number was entered last that could have meant another one.");
+}
+
 std::string NothingToFill(const CommandSituation& now) {
     return now.SeveralCellsSelected() ? CannotEdit(now) : "Select several cells first; the first one gives the value.";
 }

@@ -17,6 +17,8 @@ namespace planview::commands {
 [[nodiscard]] std::string NoCells(const CommandSituation& now);
 /// What was clicked does not take values; where nothing was clicked, the one selected cell, or none at all.
 [[nodiscard]] std::string CannotEdit(const CommandSituation& now);
+/// No number was entered that could have meant another one.
+[[nodiscard]] std::string NoOtherReading(const CommandSituation& now);
 [[nodiscard]] std::string NothingToFill(const CommandSituation& now);
 
 [[nodiscard]] std::string NoColumns(const CommandSituation& now);

@@ -406,6 +406,12 @@ constexpr CommandRow Table[] = {
         .Unless(CannotEdit)
         .Recorded(StepKind::Values)
         .Traced(Grid, "DeleteCellContents"),
+    Row(Command::TakeOtherReading, "CellOtherReading", Group::Cells, "Take the number the &other way",
+        [](On& on, Call&) { on.otherReading.Take(); })
+        .Key("Ctrl+M")
+        .Unless(NoOtherReading)
+        .Recorded(StepKind::Values)
+        .Traced(Grid, "TakeOtherReading"),
     Row(Command::Raise, "CellRaise", Group::Values, "Raise by percentage…",
         [](On& on, Call& call) { on.clipboard.Raise(call.value.AsDouble()); })
         .Takes(CallArguments::Value)

@@ -415,7 +415,16 @@ std::string GridControl::DisplayText(Cell cell, const CellLook& look) const {
 }
 
 std::string GridControl::DisplayText(Cell cell, const CellLook& look, std::optional<double> number) const {
-    return look.format && number ? look.format->Format(*number) : Contents(cell);
+    const std::string& contents = Contents(cell);
+    if (!look.format || contents.empty()) {
+        return contents;
+    }
+    if (number) {
+        return look.format->Format(*number);
+    }
+    // A code for values says nothing about captions.
+    const bool heading = Column(cell.column).key == LabelColumnKey || Row(cell.row).key == HeadingRowKey;
+    return heading ? contents : look.format->FormatText(contents);
 }
 
 void GridControl::SetReadOnly(bool readOnly) noexcept {

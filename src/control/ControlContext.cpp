@@ -26,6 +26,7 @@ ControlContext::ControlContext(const Desktop& desktop)
               grid.history,
               grid.valueEntry,
               grid.clipboard,
+              grid.otherReading,
               grid.sizeEvents,
               grid.hostUpdate,
               shared.busy,

@@ -2,9 +2,12 @@
 #include "control/GridHandlers.h"
 
 #include <array>
+#include <utility>
+#include <vector>
 
 #include "commands/KeyHandling.h"
 #include "control/ChartPart.h"
+#include "grid/CellEntry.h"
 #include "grid/ForecastLine.h"
 #include "grid/IndexAxis.h"
 #include "grid/Selection.h"
@@ -80,7 +83,16 @@ void GridHandlers::SelectionChanged(const CellKey& cell, bool selected) {
 }
 
 void GridHandlers::TextEntered(const CellKey& cell, const std::string& text) {
-    ErrorTrap(GridControlLabel, "ContentsChanged", [&] { parts_.grid.valueEntry.Enter(cell, text); });
+    ErrorTrap(GridControlLabel, "ContentsChanged", [&] {
+        const std::optional<Cell> place = parts_.grid.control.FindCell(cell);
+        const std::optional<EnteredNumber> read = place ? ReadEntry(parts_.grid.control, *place, text) : std::nullopt;
+        parts_.grid.valueEntry.Enter(cell, place ? EntryText(parts_.grid.control, *place, text) : text);
+        std::vector<GuessedEntry> guesses;
+        if (read && read->IsGuess()) {
+            guesses.push_back({cell, read->number, *read->other});
+        }
+        parts_.grid.otherReading.Offer(std::move(guesses), EditKind::Value);
+    });
     parts_.runner.Changed();
 }
 

@@ -8,7 +8,9 @@ GridPart::GridPart(ControlShared& shared, UserActions& actions, const std::funct
       construction({driver, shared.tables, keys}, shared.settings),
       valueEntry({driver, shared.tables, shared.settings, keys, shared.events, hostUpdate, history, shared.busy,
                   shared.desktop.messageBoxes, actions, chartStep, [this](bool running) { TellBulk(running); }}),
-      clipboard({control, keys, valueEntry, shared.desktop.clipboard, shared.desktop.messageBoxes,
+      otherReading(
+          {control, valueEntry, [this](Cell cell, std::string_view sentence) { return TellBeside(cell, sentence); }}),
+      clipboard({control, keys, valueEntry, otherReading, shared.desktop.clipboard, shared.desktop.messageBoxes,
                  [this](Cell cell, std::string_view reason) { return TellBeside(cell, reason); }}),
       sizeEvents(shared.tables, driver, keys, hostUpdate),
       generalOptions({shared.settings, shared.tables, driver, hostUpdate, shared.desktop.forms,

@@ -15,6 +15,7 @@
 #include "grid/CurrentKeys.h"
 #include "grid/GridConstruction.h"
 #include "grid/HostUpdate.h"
+#include "grid/OtherReading.h"
 #include "grid/SizeEvents.h"
 #include "grid/UndoHistory.h"
 #include "grid/ValueEntry.h"
@@ -39,6 +40,7 @@ struct GridPart {
     HostUpdate hostUpdate;
     GridConstruction construction;
     ValueEntry valueEntry;
+    OtherReading otherReading;
     ClipboardCommands clipboard;
     SizeEvents sizeEvents;
     GeneralOptions generalOptions;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "automation/Numbers.h"
@@ -10,6 +11,7 @@
 #include "clipboard/BlockText.h"
 #include "clipboard/HtmlBlock.h"
 #include "grid/CellCaption.h"
+#include "grid/CellEntry.h"
 #include "grid/Percent.h"
 #include "grid/SelectedCells.h"
 #include "trace/TraceText.h"
@@ -32,7 +34,8 @@ TextBlock ReadBlock(const GridControl& grid, const SelectedBlock& block) {
     return texts;
 }
 
-bool IsSingle(const TextBlock& block) noexcept {
+template <class Block>
+bool IsSingle(const Block& block) noexcept {
     return block.size() == 1 && block.front().size() == 1;
 }
 
@@ -43,7 +46,7 @@ struct Placement {
 };
 
 /// One value goes to every selected cell.
-Placement PlaceValue(const GridControl& grid, const std::string& value) {
+Placement PlaceValue(const GridControl& grid, const Variant& value) {
     Placement placement;
     for (const Cell cell : CellsOfSelection(grid)) {
         placement.values.push_back({cell, value});
@@ -51,9 +54,9 @@ Placement PlaceValue(const GridControl& grid, const std::string& value) {
     return placement;
 }
 
-std::size_t WidthOf(const TextBlock& block) noexcept {
+std::size_t WidthOf(const ValueBlock& block) noexcept {
     std::size_t width = 0;
-    for (const std::vector<std::string>& line : block) {
+    for (const std::vector<Variant>& line : block) {
         width = std::max(width, line.size());
     }
     return width;
@@ -61,7 +64,7 @@ std::size_t WidthOf(const TextBlock& block) noexcept {
 
 /// Onto the selection when the block fits into it a whole number of times, else from its first cell on. A line that is
 /// shorter than others has no values for the rest of its cells.
-Placement PlaceBlock(const GridControl& grid, const TextBlock& block) {
+Placement PlaceBlock(const GridControl& grid, const ValueBlock& block) {
     const SelectedBlock selected = BlockOfSelection(grid);
     const std::size_t width = WidthOf(block);
     Placement placement;
@@ -75,15 +78,15 @@ Placement PlaceBlock(const GridControl& grid, const TextBlock& block) {
     const std::size_t rowCount = fills ? rows.size() : block.size();
     const std::size_t columnCount = fills ? columns.size() : width;
     for (std::size_t r = 0; r < rowCount; ++r) {
-        const std::vector<std::string>& line = block[r % block.size()];
+        const std::vector<Variant>& line = block[r % block.size()];
         for (std::size_t c = 0; c < columnCount; ++c) {
             if (c % width >= line.size()) {
                 continue;
             }
-            const std::string& value = line[c % width];
+            const Variant& value = line[c % width];
             if (r < rows.size() && c < columns.size()) {
                 placement.values.push_back({{columns[c], rows[r]}, value});
-            } else if (!value.empty()) {
+            } else if (!value.TextIf() || !value.TextIf()->empty()) {
                 ++placement.beyondEdge;
             }
         }
@@ -137,15 +140,17 @@ void ClipboardCommands::Paste() {
         return;
     }
     const ClipboardContents contents = parts_.clipboard.Get();
-    const TextBlock block = BestBlock(contents.text, contents.html);
+    const ValueBlock block = BestBlock(contents.text, contents.html);
     if (TraceEnabled) {
         TraceWrite("GRIDCTL", "", "Ctrl-V", TraceText("{cid: ", parts_.keys.column, " - rid: ", parts_.keys.row, "}"));
     }
     if (block.empty() || (!IsSingle(block) && !SelectionIsBlock("filled with several values"))) {
         return;
     }
-    const Placement placement = IsSingle(block) ? PlaceValue(parts_.grid, block[0][0]) : PlaceBlock(parts_.grid, block);
+    Placement placement = IsSingle(block) ? PlaceValue(parts_.grid, block[0][0]) : PlaceBlock(parts_.grid, block);
+    std::vector<GuessedEntry> guesses = ReadEntries(parts_.grid, block, placement.values);
     Change(placement.values, "pasted", {EditKind::Paste}, placement.beyondEdge);
+    parts_.otherReading.Offer(std::move(guesses), EditKind::Paste);
 }
 
 void ClipboardCommands::Fill() {

@@ -10,6 +10,7 @@
 
 #include "components/GridControl.h"
 #include "grid/CurrentKeys.h"
+#include "grid/OtherReading.h"
 #include "grid/ValueEntry.h"
 
 namespace planview {
@@ -23,6 +24,7 @@ public:
         GridControl& grid;
         CurrentKeys& keys;
         ValueEntry& valueEntry;
+        OtherReading& otherReading;
         Clipboard& clipboard;
         MessageBoxes& messageBoxes;
         /// Shows why a single cell does not take a value beside it; false, or none, where that is not possible.

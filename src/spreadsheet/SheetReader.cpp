@@ -3,12 +3,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <map>
+#include <optional>
 #include <set>
 #include <utility>
 
 #include "automation/Numbers.h"
+#include "grid/CellEntry.h"
 #include "grid/CellRules.h"
 #include "grid/LineCaption.h"
 #include "spreadsheet/SpreadsheetSession.h"
@@ -41,33 +44,6 @@ std::string CaptionOf(const Variant& value) {
     return kind == Variant::Kind::Object || kind == Variant::Kind::Nothing ? std::string() : value.AsText();
 }
 
-/// What a cell of the sheet says: nothing, a number or some other text.
-struct Entry {
-    std::optional<double> number;
-    std::string text;
-    [[nodiscard]] bool IsEmpty() const noexcept { return !number && text.empty(); }
-};
-
-Entry EntryOf(const Variant& value) {
-    switch (value.GetKind()) {
-        case Variant::Kind::Int16:
-        case Variant::Kind::Int32:
-        case Variant::Kind::Double:
-            return std::isfinite(value.AsDouble()) ? Entry{value.AsDouble(), {}} : Entry{{}, "no finite number"};
-        case Variant::Kind::Boolean:
-            return {{}, value.AsBoolean() ? "TRUE" : "FALSE"};
-        case Variant::Kind::Text: {
-            const std::string& text = *value.TextIf();
-            if (text.find_first_not_of(" \t\r\n") == std::string::npos) {
-                return {};
-            }
-            return {TryParseNumber(text), text};
-        }
-        default:
-            return {};
-    }
-}
-
 /// Whether a text begins as the date "2026-11-21" or the time "18:00" does.
 bool IsDateOrTime(std::string_view text) {
     const auto hasForm = [&](std::string_view form) {
@@ -76,25 +52,6 @@ bool IsDateOrTime(std::string_view text) {
                           [](char wanted, char c) { return wanted == '0' ? c >= '0' && c <= '9' : c == wanted; });
     };
     return hasForm("0000-00-00") || hasForm("00:00");
-}
-
-/// Numbers are equal that are shown with the same digits: a workbook may keep fewer of them than memory does.
-bool IsSame(const Entry& entry, const std::string& contents) {
-    if (!entry.number) {
-        return entry.text == contents;
-    }
-    const std::optional<double> held = TryParseNumber(contents);
-    return held && (*held == *entry.number || NumberText(*held) == NumberText(*entry.number));
-}
-
-/// Texts in which the same values are the same.
-std::string Comparable(const Entry& entry) {
-    return entry.number ? NumberText(*entry.number) : entry.text;
-}
-
-std::string Comparable(const std::string& contents) {
-    const std::optional<double> number = TryParseNumber(contents);
-    return number ? NumberText(*number) : contents;
 }
 
 /// How the two axes are called.
@@ -334,26 +291,111 @@ void SheetReader::ReadData(UploadPreview& preview, ProgressScope& progress) {
             Refuse("The table was built anew while the workbook was being read. Try again.");
         }
     }
+    ReadOpenEntries(preview);
+}
+
+SheetReader::Entry SheetReader::EntryOf(const Variant& value) {
+    switch (value.GetKind()) {
+        case Variant::Kind::Int16:
+        case Variant::Kind::Int32:
+        case Variant::Kind::Double:
+            return std::isfinite(value.AsDouble()) ? Entry{value.AsDouble(), {}} : Entry{{}, "no finite number"};
+        case Variant::Kind::Boolean:
+            return {{}, value.AsBoolean() ? "TRUE" : "FALSE"};
+        case Variant::Kind::Text: {
+            const std::string& text = *value.TextIf();
+            return {{}, text.find_first_not_of(" \t\r\n") == std::string::npos ? std::string() : text};
+        }
+        default:
+            return {};
+    }
+}
+
+/// Numbers are equal that are shown with the same digits: a workbook may keep fewer of them than memory does.
+bool SheetReader::IsSame(const Entry& entry, const std::string& contents) {
+    if (!entry.number) {
+        return entry.text == contents;
+    }
+    const std::optional<double> held = TryParseNumber(contents);
+    return held && (*held == *entry.number || NumberText(*held) == NumberText(*entry.number));
+}
+
+std::string SheetReader::Comparable(const Entry& entry) {
+    return entry.number ? NumberText(*entry.number) : Comparable(entry.text);
+}
+
+std::string SheetReader::Comparable(const std::string& contents) {
+    const std::optional<double> number = TryParseNumber(contents);
+    return number ? NumberText(*number) : contents;
 }
 
 void SheetReader::ReadCell(const Track<ColumnId>& column, const Track<RowId>& line, UploadPreview& preview) {
+    preview.values += grid_.Contents({column.id, line.id}).empty() ? 0 : 1;
     cells_.GoTo(line.place, column.place);
-    const Entry entry = EntryOf(cells_.Value());
+    Entry entry = EntryOf(cells_.Value());
+    if (!entry.text.empty()) {
+        if (const std::optional<EnteredNumber> read = ReadEntry(grid_, {column.id, line.id}, entry.text)) {
+            entry.number = read->number;
+            if (read->other) {
+                open_.push_back({&column, &line, std::move(entry), *read, preview.changes.size()});
+                return;
+            }
+            evidence_.Add(*read);
+        }
+    }
+    if (std::optional<UploadChange> change = ChangeBy(entry, column, line)) {
+        preview.changes.push_back(std::move(*change));
+    }
+}
+
+/// Each by what the others say and by its cell's number code; a remark tells of those that were guessed.
+void SheetReader::ReadOpenEntries(UploadPreview& preview) {
+    std::vector<UploadChange> changes;
+    std::size_t taken = 0;
+    const auto takeTo = [&](std::size_t end) {
+        std::move(preview.changes.begin() + static_cast<std::ptrdiff_t>(taken),
+                  preview.changes.begin() + static_cast<std::ptrdiff_t>(end), std::back_inserter(changes));
+        taken = end;
+    };
+    std::string guessed;
+    for (OpenEntry& open : open_) {
+        takeTo(open.place);
+        evidence_.Decide(open.read);
+        open.entry.number = open.read.number;
+        if (std::optional<UploadChange> change = ChangeBy(open.entry, *open.column, *open.line)) {
+            if (guessed.empty() && open.read.IsGuess()) {
+                guessed = "\"" + open.entry.text + "\" in " + Quoted(change->line) + ", " + Quoted(change->period) +
+                          " is a text that can mean " + SpokenNumber(open.read.number) + " or " +
+                          SpokenNumber(*open.read.other) + " and is taken as the first, as are others like it. Make " +
+                          "the texts numbers in the workbook where that is wrong.";
+            }
+            changes.push_back(std::move(*change));
+        }
+    }
+    takeTo(preview.changes.size());
+    preview.changes = std::move(changes);
+    if (!guessed.empty()) {
+        preview.remarks.push_back(std::move(guessed));
+    }
+    open_.clear();
+}
+
+std::optional<UploadChange> SheetReader::ChangeBy(const Entry& entry, const Track<ColumnId>& column,
+                                                  const Track<RowId>& line) {
     const Cell cell{column.id, line.id};
     const std::string& contents = grid_.Contents(cell);
-    preview.values += contents.empty() ? 0 : 1;
     if (IsSame(entry, contents)) {
-        return;
+        return std::nullopt;
     }
     Refusal refusal = RefusalOf(grid_, cell);
     if (refusal == Refusal::TextLine && entry.IsEmpty()) {
-        return;  // the download leaves the cells of text lines empty
+        return std::nullopt;  // the download leaves the cells of text lines empty
     }
     const std::string* const downloaded = Downloaded(column.recorded, line.recorded);
     const bool bookChanged = downloaded && Comparable(*downloaded) != Comparable(contents);
     const bool sheetChanged = !downloaded || !IsSame(entry, *downloaded);
     if (refusal != Refusal::None && !sheetChanged) {
-        return;  // the workbook says nothing new, and the cell would not take it
+        return std::nullopt;  // the workbook says nothing new, and the cell would not take it
     }
     if (refusal == Refusal::None && !entry.number && !entry.IsEmpty()) {
         refusal = Refusal::NoNumber;
@@ -383,7 +425,7 @@ void SheetReader::ReadCell(const Track<ColumnId>& column, const Track<RowId>& li
                    TraceText("{cid: ", change.column, " - rid: ", change.row, " - before: ", change.before,
                              " - after: ", change.after, "}"));
     }
-    preview.changes.push_back(std::move(change));
+    return change;
 }
 
 }  // namespace planview

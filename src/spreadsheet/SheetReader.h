@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,6 +10,7 @@
 
 #include <planview/Spreadsheet.h>
 
+#include "automation/EnteredNumber.h"
 #include "automation/TableSlots.h"
 #include "grid/modGrid.h"
 #include "spreadsheet/CaptionMatch.h"
@@ -75,7 +77,31 @@ private:
     [[nodiscard]] std::vector<Track<Id>> TracksOf(const Sides& sides, UploadPreview& preview, const Find& find) const;
     /// What the download wrote into the cell; null where that is not known.
     [[nodiscard]] const std::string* Downloaded(int period, int line) const;
+    /// What a cell of the sheet says: nothing, a number or some other text.
+    struct Entry {
+        std::optional<double> number;
+        std::string text;
+        [[nodiscard]] bool IsEmpty() const noexcept { return !number && text.empty(); }
+    };
+    /// A text that may be read in two ways, until all the others are known.
+    struct OpenEntry {
+        const Track<ColumnId>* column;
+        const Track<RowId>* line;
+        Entry entry;
+        EnteredNumber read;
+        std::size_t place;  ///< in the preview: before this change
+    };
+
+    [[nodiscard]] static Entry EntryOf(const Variant& value);
+    [[nodiscard]] static bool IsSame(const Entry& entry, const std::string& contents);
+    /// Texts in which the same values are the same.
+    [[nodiscard]] static std::string Comparable(const Entry& entry);
+    [[nodiscard]] static std::string Comparable(const std::string& contents);
     void ReadCell(const Track<ColumnId>& column, const Track<RowId>& line, UploadPreview& preview);
+    void ReadOpenEntries(UploadPreview& preview);
+    /// No value where the sheet says what the table holds. Asks the sheet's cell only for an empty entry.
+    [[nodiscard]] std::optional<UploadChange> ChangeBy(const Entry& entry, const Track<ColumnId>& column,
+                                                       const Track<RowId>& line);
 
     const modGrid& driver_;
     const GridControl& grid_;
@@ -85,6 +111,8 @@ private:
     std::optional<DownloadRecord> record_;
     std::vector<Track<ColumnId>> sheetColumns_;
     std::vector<Track<RowId>> sheetRows_;
+    std::vector<OpenEntry> open_;
+    MarkEvidence evidence_;
     std::uint64_t built_ = 0;
 };
 

@@ -55,6 +55,10 @@ private slots:
         row("redo by its other key", "5<Enter><Ctrl+Z><Ctrl+Shift+Z>", "5", "2,2=5",
             "COL2/ROW2=5 return COL2/ROW2=22 COL2/ROW2=5", "COL2/ROW2");
         row("undo in the entry is about the entry", "<F2>1<Ctrl+Z><Enter>", "22", "", "return", "COL2/ROW3");
+        row("the other reading is one key away, once", "136.000<Enter><Ctrl+M><Ctrl+M>", "136000", "2,2=136000",
+            "COL2/ROW2=136.000 return COL2/ROW2=136000", "COL2/ROW3");
+        row("per cent and brackets", "50%<Enter><Up>(5)<Enter>", "-5", "2,2=-5",
+            "COL2/ROW2=0,5 return COL2/ROW2=-5 return", "COL2/ROW3");
         row("copy and paste", "<Ctrl+C><Right><Ctrl+V>", "22", "2,3=22", "COL3/ROW2=22", "COL3/ROW2");
         row("cut", "<Ctrl+X>", "", "2,2=", "COL2/ROW2=", "COL2/ROW2");
     }
@@ -93,6 +97,25 @@ private slots:
         QTest::mouseClick(screen.port(), Qt::LeftButton, Qt::NoModifier, screen.middle(QStringLiteral("COL4/ROW1")));
         QCOMPARE(screen.rows(screen.tables.tab), QStringLiteral("2,2=12"));
         QCOMPARE(screen.current(), QStringLiteral("COL4/ROW1"));
+    }
+
+    void aGuessedNumberIsToldBesideItsCell() {
+        Screen screen;
+        for (const bool byMouse : {false, true}) {
+            screen.goTo(QStringLiteral("COL2/ROW2"));
+            Screen::press(QStringLiteral("136.000"));
+            if (byMouse) {
+                QTest::mouseClick(screen.port(), Qt::LeftButton, Qt::NoModifier,
+                                  screen.middle(QStringLiteral("COL4/ROW1")));
+            } else {
+                Screen::press(QStringLiteral("<Enter>"));
+            }
+            QVERIFY(!screen.editor());
+            QCOMPARE(screen.view().editor().message(), QStringLiteral("Taken as 136. Ctrl+M takes it as 136.000."));
+            Screen::press(QStringLiteral("<Ctrl+M>"));
+            QCOMPARE(screen.rows(screen.tables.tab), QStringLiteral("2,2=136000"));
+            QVERIFY(screen.view().editor().message().isEmpty());
+        }
     }
 
     void cellsThatCannotBeEditedSayWhy_data() {

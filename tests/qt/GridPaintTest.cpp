@@ -68,6 +68,10 @@ private slots:
         screen.set({{}, "ROW5"}, GridAttribute::ForegroundColor, "tovBlack");
         screen.set({"COL1", "ROW6"}, GridAttribute::Contents, "-5");
         screen.set({"FRC1", "ROW6"}, GridAttribute::Contents, "8");
+        screen.set({"COL2", "ROW6"}, GridAttribute::Format, "0.00");
+        screen.set({"COL2", "ROW6"}, GridAttribute::Contents, "-0,001");
+        screen.set({"COL3", "ROW6"}, GridAttribute::Format, "[Red]0.00;0.00");
+        screen.set({"COL3", "ROW6"}, GridAttribute::Contents, "1,5");
         screen.view().selectCurrent(screen.cell(3, 7), SelectionMode::Replace);
         screen.view().selectCurrent(screen.cell(2, 8), SelectionMode::Extend);
         const QImage image = screen.picture();
@@ -84,6 +88,7 @@ private slots:
             {"FLC0", "ROW5", theme.heading, theme.muted},     {"FRC1", "ROW6", theme.total, theme.text},
             {"COL1", "ROW4", theme.helpLine, theme.text},     {"FLC0", "ROW4", theme.helpLine, theme.text},
             {"COL1", "ROW5", theme.readOnly, theme.muted},    {"COL1", "ROW6", theme.base, theme.negative},
+            {"COL2", "ROW6", theme.base, theme.text},         {"COL3", "ROW6", theme.base, theme.negative},
             {"COL3", "ROW8", theme.accentTint, theme.text},   {"COL3", "ROW7", theme.base, theme.text},
             {"COL1", "FBR1", theme.panel, theme.muted},       {"COL1", "FTR1", theme.heading, theme.text},
         };

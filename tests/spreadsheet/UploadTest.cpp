@@ -236,6 +236,36 @@ TEST_F(UploadTest, ALineThatWasRenamedInTheBookIsFoundByItsKey) {
     EXPECT_EQ(Differences(), Lines{}) << "without the record its caption is another one";
 }
 
+TEST_F(UploadTest, ReadsTextsInTheirPlace) {
+    const struct {
+        const char* why;
+        const char* first;   // in Sales/May 01, whose code groups
+        const char* second;  // in Costs/May 01
+        Lines expected;
+        const char* note = "";
+    } cases[] = {
+        {"by the number code, guessed",
+         "136.000",
+         "136.000",
+         {"Sales/May 01: 1234,5 -> 136000", "Costs/May 01: -3 -> 136"},
+         "\"136.000\" in \"Sales\", \"May 01\" is a text that can mean 136.000 or 136 and is taken as the first, as "
+         "are "
+         "others like it. Make the texts numbers in the workbook where that is wrong."},
+        {"by another text behind it", "136.000", "1.5", {"Sales/May 01: 1234,5 -> 136", "Costs/May 01: -3 -> 1,5"}},
+        {"by another text before it", "1.234,5", "136.000", {"Costs/May 01: -3 -> 136000"}},
+        {"as cells show them", "50%", "(7)", {"Sales/May 01: 1234,5 -> 0,5", "Costs/May 01: -3 -> -7"}},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.why);
+        DownloadToFake();
+        Edit(2, 2, row.first);
+        Edit(3, 2, row.second);
+        const UploadPreview preview = context.upload.Preview("plan.xlsx");
+        EXPECT_EQ(Texts(preview), row.expected);
+        EXPECT_EQ(preview.remarks, *row.note == '\0' ? Lines{} : Lines{row.note});
+    }
+}
+
 TEST_F(UploadTest, TakesNoEmptinessFromMergedCells) {
     Edit(2, 2, "");
     fake->cells[(test::FakeSpreadsheet::Place{2, 2})].merged = true;

@@ -4,11 +4,12 @@
 #include <algorithm>
 
 #include "automation/BusyScope.h"
-#include "automation/Numbers.h"
+#include "automation/EnteredNumber.h"
 #include "automation/Texts.h"
 #include "grid/CellRules.h"
 #include "macro/editor/ElementSpots.h"
 #include "macro/editor/MacroEditor.h"
+#include "macro/editor/OperandNodes.h"
 
 namespace planview {
 
@@ -134,15 +135,25 @@ bool IsOwn(const MacroNode& node) noexcept {
     return node.type >= MacroNodeType::OwnLine && node.type <= MacroNodeType::OwnArea;
 }
 
-/// Why the node does not take the text; empty where it does.
-std::string NameFault(const MacroNode& node, const std::string& text) {
-    if (Trimmed(text).empty()) {
-        return "A name cannot be empty.";
+/// The text that the node gets for an entered one, or why it takes none.
+struct NewName {
+    std::string text;
+    std::string fault = {};  ///< empty where it takes the text
+    std::string guess = {};  ///< how a number was taken that could have meant another one
+};
+
+NewName NameFrom(const GridControl& grid, const MacroOutline& outline, int at, const std::string& entered) {
+    if (Trimmed(entered).empty()) {
+        return {.text = {}, .fault = "A name cannot be empty."};
     }
-    if (node.type == MacroNodeType::Constant && !TryParseNumber(text)) {
-        return "\"" + text + "\" is not a number. Enter digits with a point or a comma.";
+    if (outline.At(at).type != MacroNodeType::Constant) {
+        return {.text = entered};
     }
-    return {};
+    const std::optional<EnteredNumber> constant = ReadConstant(grid, outline, at, entered);
+    if (!constant) {
+        return {.text = {}, .fault = "\"" + entered + "\" is not a number. Enter digits with a point or a comma."};
+    }
+    return {.text = TableText(entered, constant->number), .guess = GuessText(*constant)};
 }
 
 /// The nodes that get a new text with this one: own lines, elements and areas are renamed everywhere in the macro.
@@ -168,21 +179,25 @@ void PutName(MacroTable& table, const std::vector<const MacroNode*>& nodes, cons
 
 }  // namespace
 
-void MacroEditor::Rename(const std::string& text) {
+void MacroEditor::Rename(const std::string& entered) {
     Change("Rename", [&] {
         const MacroNode* node = CurrentNode();
-        if (!node || text == NameToEdit()) {
+        if (!node || entered == NameToEdit()) {
             return;
         }
-        if (const std::string fault = NameFault(*node, text); !fault.empty()) {
-            Say(fault);
+        const NewName name = NameFrom(parts_.grid, outline_, Current(), entered);
+        if (!name.fault.empty()) {
+            Say(name.fault);
             return;
         }
         Edit([&](MacroTable& table) {
-            PutName(table, Renamed(outline_, *node), text);
+            PutName(table, Renamed(outline_, *node), name.text);
             return node->key;
         });
         Announce();
+        if (!name.guess.empty()) {
+            Say(name.guess, false);
+        }
     });
 }
 
@@ -198,16 +213,17 @@ std::string MacroEditor::RenameNode(const std::string& key, const std::string& t
         return {};
     }
     const MacroNode& node = outline.At(at);
-    if (std::string fault = NameFault(node, text); !fault.empty()) {
-        return fault;
+    const NewName name = NameFrom(parts_.grid, outline, at, text);
+    if (!name.fault.empty()) {
+        return name.fault;
     }
     const std::vector<const MacroNode*> nodes = Renamed(outline, node);
-    AsOneStep([&] { Write([&](MacroTable& rows) { PutName(rows, nodes, text); }); });
+    AsOneStep([&] { Write([&](MacroTable& rows) { PutName(rows, nodes, name.text); }); });
     {
         const BusyScope working(isWorking_);
         for (const MacroNode* each : nodes) {
             if (const TreeNode shown = parts_.tree.Nodes().Find(each->key)) {
-                shown.SetText(text);
+                shown.SetText(name.text);
             }
         }
     }

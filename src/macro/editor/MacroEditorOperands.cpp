@@ -78,7 +78,9 @@ std::vector<std::string> MacroEditor::Completions() const {
 /// Returns true and clears the text if it became an element.
 bool MacroEditor::TakeText() {
     const std::string text(Trimmed(operandText_));
-    const std::optional<NewMacroNode> node = NodeFromText(parts_.grid, outline_, text);
+    const std::optional<EnteredNumber> constant = ReadConstant(parts_.grid, outline_, Current(), text);
+    const std::optional<NewMacroNode> node =
+        NodeFromText(parts_.grid, outline_, constant ? TableText(text, constant->number) : text);
     if (!node) {
         Say("There is no line \"" + text +
             "\". Enter a number, the caption of a line, or one of a line and a period: \"Retail, Jan\".");
@@ -88,6 +90,9 @@ bool MacroEditor::TakeText() {
         return false;
     }
     operandText_.clear();
+    if (constant && constant->IsGuess()) {
+        Say(GuessText(*constant), false);
+    }
     return true;
 }
 

@@ -180,6 +180,29 @@ std::optional<NewMacroNode> NodeFromText(const GridControl& grid, const MacroOut
     return range ? std::optional(NodeOf(table, *range)) : std::nullopt;
 }
 
+std::optional<EnteredNumber> ReadConstant(const GridControl& grid, const MacroOutline& outline, int at,
+                                          std::string_view text) {
+    const MacroGrid table(grid);
+    for (int i = std::min(at, outline.Count() - 1); i >= 0 && table.PeriodCount() > 0; --i) {
+        const MacroNode& node = outline.At(i);
+        const bool isOfTable = node.type == MacroNodeType::TableLine || node.type == MacroNodeType::TableElement ||
+                               node.type == MacroNodeType::TableArea;
+        std::string missing;
+        const std::optional<MacroRange> range =
+            isOfTable ? table.Resolve(node.value, node.name, missing) : std::nullopt;
+        if (range) {
+            return ReadEntered(text, grid.Look(table.CellAt(range->firstLine, 0)).format);
+        }
+    }
+    return ReadEntered(text, nullptr);
+}
+
+std::string GuessText(const EnteredNumber& read) {
+    return read.IsGuess() ? "Taken as " + SpokenNumber(read.number) + ". For the other number enter \"" +
+                                NumberText(*read.other, GridDecimalMark) + "\"."
+                          : std::string();
+}
+
 std::vector<std::string> OwnNames(const MacroOutline& outline, MacroNodeType type) {
     std::vector<std::string> names;
     for (int i = 0; i < outline.Count(); ++i) {

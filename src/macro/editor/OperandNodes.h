@@ -3,8 +3,10 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "automation/EnteredNumber.h"
 #include "macro/run/MacroGrid.h"
 #include "macro/tree/MacroOutline.h"
 #include "macro/tree/MacroTable.h"
@@ -24,6 +26,13 @@ inline constexpr std::string_view SelectedLineText = "Selected line";
 /// of a line and a period ("Retail trade, Jan 06"). Returns no value for any other text.
 [[nodiscard]] std::optional<NewMacroNode> NodeFromText(const GridControl& grid, const MacroOutline& outline,
                                                        const std::string& text);
+
+/// A text as a number of the macro, read in its place: by the number code of the line that the macro names at or before
+/// the node `at`, the nearest one. No value for any other text.
+[[nodiscard]] std::optional<EnteredNumber> ReadConstant(const GridControl& grid, const MacroOutline& outline, int at,
+                                                        std::string_view text);
+/// How a number was taken that could have meant another one, and how to enter that; empty where there was no doubt.
+[[nodiscard]] std::string GuessText(const EnteredNumber& read);
 
 /// The names of the macro's own lines, elements or areas, each once.
 [[nodiscard]] std::vector<std::string> OwnNames(const MacroOutline& outline, MacroNodeType type);

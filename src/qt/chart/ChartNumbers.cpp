@@ -39,19 +39,6 @@ std::string fixedCode(int decimals) {
     return decimals <= 0 ? "#,##0" : "#,##0." + std::string(static_cast<std::size_t>(decimals), '0');
 }
 
-/// Whether the code shows a hundred times the value. Texts in quotes are only texts.
-bool showsPercent(const std::string& code) {
-    bool quoted = false;
-    for (const char character : code) {
-        if (character == '"') {
-            quoted = !quoted;
-        } else if (character == '%' && !quoted) {
-            return true;
-        }
-    }
-    return false;
-}
-
 const ChartSeries& seriesOf(const ChartState& state, int series) {
     return state.series[static_cast<std::size_t>(series - 1)];
 }
@@ -90,8 +77,9 @@ QString markText(const ChartScale& scale, int index, bool share) {
 }
 
 double valueStep(const ChartSeries& series, double valueOfPixel) {
-    if (const std::optional<NumberFormat> format = NumberFormat::Parse(series.format)) {
-        return std::pow(10.0, -format->Decimals()) / (showsPercent(series.format) ? Percent : 1.0);
+    const std::optional<NumberFormat> format = NumberFormat::Parse(series.format);
+    if (const std::optional<int> decimals = format ? format->Decimals() : std::nullopt) {
+        return std::pow(10.0, -*decimals) / (format->ShowsPercent() ? Percent : 1.0);
     }
     const double size = std::abs(valueOfPixel);
     return size > 0 && std::isfinite(size) ? std::pow(10.0, std::floor(std::log10(size))) : 1.0;

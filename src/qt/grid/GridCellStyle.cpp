@@ -23,6 +23,13 @@ const TrackLook& headed(const PlacedCell& cell) {
     return cell.top() ? cell.horizontal : cell.vertical;
 }
 
+/// By the colour of the number's code; without one, where the number is shown as a negative one.
+bool isRed(double number, const NumberFormat* format) {
+    using Color = NumberFormat::Color;
+    const Color color = format ? format->ColorOf(number) : Color::None;
+    return color == Color::None ? (format ? format->ShowsNegative(number) : number < 0) : color == Color::Red;
+}
+
 }  // namespace
 
 QRgb GridStyler::ownGround(const PlacedCell& cell, const CellLook& look) const {
@@ -94,7 +101,7 @@ GridCellStyle GridStyler::style(const PlacedCell& cell, const CellLook& look, st
         style.ground = ownBackground ? theme_.accentTint : mixColors(style.ground, theme_.accent, SelectionWeight);
     }
 
-    const bool negative = number && *number < 0 && !isHeading(cell);
+    const bool negative = number && !isHeading(cell) && isRed(*number, look.format);
     const QRgb plainText = style.marked ? theme_.accent : negative ? theme_.negative : ownText(cell, look);
     style.text =
         colors_.text(style.marked ? std::int16_t{-1} : look.foreground, plainText, style.ground, ownBackground);

@@ -11,6 +11,7 @@
 #include <cmath>
 #include <optional>
 
+#include "grid/CellEntry.h"
 #include "qt/grid/CellContentPainter.h"
 #include "qt/grid/GridBubble.h"
 #include "qt/grid/GridNavigation.h"
@@ -179,7 +180,7 @@ bool GridEditor::finish() {
         grid.ReportStay();
         return true;
     }
-    if (const Refusal refusal = RefusalOf(grid, cell, text); refusal != Refusal::None) {
+    if (const Refusal refusal = RefusalOfEntry(grid, cell, text); refusal != Refusal::None) {
         refuse(refusal);
         return false;
     }

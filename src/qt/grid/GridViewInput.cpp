@@ -260,18 +260,27 @@ void GridView::reportFocus() {
 
 // --- Mouse
 
-void GridView::mousePressEvent(QMouseEvent* event) {
+/// False where the entry stays open, or the view is gone. What an entry says as it ends stays in sight.
+bool GridView::finishForMouse() {
     const QPointer<GridView> self(this);
-    if (editor_.finish() && self) {
+    const bool wasOpen = editor_.isOpen();
+    if (!editor_.finish() || !self) {
+        return false;
+    }
+    if (!wasOpen) {
         editor_.hideMessage();
+    }
+    return true;
+}
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+    if (finishForMouse()) {
         mouse_.press(event->position().toPoint(), event->button(), event->modifiers());
     }
 }
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
-    const QPointer<GridView> self(this);
-    if (editor_.finish() && self) {
-        editor_.hideMessage();
+    if (finishForMouse()) {
         mouse_.doubleClick(event->position().toPoint(), event->button(), event->modifiers());
     }
 }

@@ -307,6 +307,31 @@ TEST_F(MacroEditorTest, NothingIsChangedWhereTheTableIsReadOnly) {
     EXPECT_EQ(Shown().front().substr(2), "Plan");
 }
 
+TEST_F(MacroEditorTest, NumbersAreReadAsTheNearestLineShowsThem) {
+    tables.lineIndex->SetValue(1, "ROW_FORMAT", "#,##0");
+    context.grid.construction.CreateFromTables();
+    editor.NewMacro();
+    TakeLine("ROW1");
+    editor.SetOperandText("136.000");
+    editor.TakeOperand();
+    EXPECT_EQ(editor.Message(), "Taken as 136.000. For the other number enter \"136\".");
+    EXPECT_FALSE(editor.MessageIsProblem());
+    editor.AddOperator("*");
+    editor.SetOperandText("5%");
+    editor.NextStatement();
+    TakeLine("ROW2");
+    editor.SetOperandText("136.000");
+    editor.TakeOperand();
+    EXPECT_EQ(editor.Message(), "Taken as 136. For the other number enter \"136000\".");
+    EXPECT_EQ(Statements(), (Lines{"Retail = 136000 * 0,05", "Trade = 136.000"}));
+    editor.Rename("1.234,5");
+    EXPECT_EQ(editor.Message(), "");
+    EXPECT_EQ(Statements().back(), "Trade = 1.234,5");
+    editor.Run();
+    EXPECT_EQ(Line(1).substr(0, 5), "6800 ");
+    EXPECT_EQ(Line(2).substr(0, 7), "1234,5 ");
+}
+
 TEST_F(MacroEditorTest, ProblemsAreMarkedUntilTheyAreGone) {
     editor.NewMacro();
     TakeLine("ROW1");
