@@ -47,11 +47,10 @@ void ChartCommands::SwitchDisplay() {
     settings.chartShown = shown;
     const bool endZoom = shown && settings.zoomed;  // the zoomed grid would hide the chart
     settings.zoomed = settings.zoomed && !endZoom;
-    if (const HostTable gridAttr = parts_.tables.GRID_ATTR; gridAttr.IsSet()) {
-        gridAttr.PutFlag(1, "CHART", shown);
-        if (endZoom) {
-            gridAttr.PutFlag(1, "ZOOMED", false);
-        }
+    const HostTable gridAttr = parts_.tables.GRID_ATTR;
+    PutGridFlag(gridAttr, "CHART", shown);
+    if (endZoom) {
+        PutGridFlag(gridAttr, "ZOOMED", false);
     }
     parts_.layOutPanes();
     Rebuild();

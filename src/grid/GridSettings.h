@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "automation/HostTable.h"
 
@@ -40,5 +41,10 @@ struct GridSettings {
 /// Reads row 1 of GRID_ATTR, field by field in a fixed order. A field that cannot be read throws and leaves those
 /// behind it as they were. The tree is shown only in layout mode, whatever the table says.
 void ReadGridAttributes(HostTable gridAttr, GridSettings& settings);
+
+/// Keeps a setting in row 1 of GRID_ATTR, where there is such a table. What it refuses leaves an entry of the error and
+/// nothing else: the setting holds all the same, and whoever is to hear of it does.
+void PutGridAttribute(const HostTable& gridAttr, std::string_view field, const Variant& value) noexcept;
+void PutGridFlag(const HostTable& gridAttr, std::string_view field, bool set) noexcept;
 
 }  // namespace planview

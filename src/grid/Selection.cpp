@@ -7,6 +7,7 @@
 
 #include "grid/IndexAxis.h"
 #include "grid/LoaderSupport.h"
+#include "grid/LockedLine.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -150,6 +151,9 @@ bool ApplyRowColor(std::string_view method, HostTable lineIndex, modGrid& driver
         if (driver.HeadingSelected(keys) == 1) {
             const std::int16_t color = walk.Table().Int16(i, field);
             (driver.*setColor)(keys, color, NoRedraw);
+            if (IsLockedLine(walk.Table(), i)) {
+                ShowLocked(driver, keys);
+            }
             walk.Trace(TraceText(" - color: ", color));
         }
         return true;

@@ -41,7 +41,7 @@ inline constexpr std::int16_t ResetRowHeight = 22;
 [[nodiscard]] bool ColWidthReset(HostTable colsIndex, modGrid& driver, ResetScope scope);
 [[nodiscard]] bool RowHeightReset(HostTable lineIndex, modGrid& driver, ResetScope scope);
 
-/// Gives the selected rows the colour that the table has for them.
+/// Gives the selected rows the colour that the table has for them; a locked line goes on looking locked.
 [[nodiscard]] bool RowBgColor(HostTable lineIndex, modGrid& driver);
 [[nodiscard]] bool RowFgColor(HostTable lineIndex, modGrid& driver);
 

@@ -204,7 +204,10 @@ void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> v
         const CellKey key = grid.KeyOf(*cell);
         if (refusal == Refusal::None) {
             const std::string shown = grid.Contents(*cell);
-            ++(ChangeOne(transaction, key, shown, value) ? result.changed : result.failed);
+            const bool hidden = grid.Column(cell->column).hidden || grid.Row(cell->row).hidden;
+            const bool changed = ChangeOne(transaction, key, shown, value);
+            ++(changed ? result.changed : result.failed);
+            result.hidden += changed && hidden ? 1 : 0;
             continue;
         }
         ++(refusal == Refusal::NoNumber ? result.noNumber : result.readOnly);
@@ -276,7 +279,7 @@ void ValueEntry::GoTo(const UndoStep& changes) {
     grid.SelectCell(*first, SelectionMode::Replace);
     if (*first != *last) {
         grid.SelectCell(*last, SelectionMode::Extend);
-        if (CellsOfSelection(grid).size() != shown) {
+        if (CellsOfSelection(grid, HiddenCells::LeftOut).size() != shown) {
             grid.SelectCell(*first, SelectionMode::Replace);
         }
     }

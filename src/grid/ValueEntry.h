@@ -49,6 +49,7 @@ struct NewValue {
 /// What became of a bulk change.
 struct BulkResult {
     int changed = 0;
+    int hidden = 0;    ///< changed cells in hidden columns or rows
     int failed = 0;    ///< not stored because a table failed; the user has been told
     int readOnly = 0;  ///< refused: read-only cells, text lines and headings
     int noNumber = 0;  ///< refused: a text that is no number

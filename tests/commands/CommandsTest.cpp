@@ -228,7 +228,12 @@ TEST_F(CommandsTest, SayWhyTheyCannotBeRun) {
         {"no heading", none, Command::HideRows, "Select a row by its heading first."},
         {"a heading", [&] { SelectRows({"ROW2"}); }, Command::HideRows, ""},
         {"nothing hidden", none, Command::ShowRows, "Select the headings on both sides of a hidden row first."},
-        {"hidden", [&] { control->View().HideRows(); }, Command::HideRows, "Every selected row is hidden already."},
+        {"hidden", [&] { control->View().HideRows(); }, Command::HideRows, "Select a row by its heading first."},
+        {"selected again",
+         [&] {
+             Grid().SetSelection({{}, "ROW2"}, true);
+         },
+         Command::HideRows, "Every selected row is hidden already."},
         {"to be shown", none, Command::ShowRows, ""},
         {"all of them", [&] { Grid().SelectAll(); }, Command::HideColumns, "One column has to stay visible."},
         {"no chart", none, Command::ShowRowsInChart, "Show the chart first."},

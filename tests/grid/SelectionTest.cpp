@@ -89,9 +89,12 @@ TEST_F(SelectionTest, CommandsHideAndShowWhatIsSelectedAndTellTheHost) {
     EXPECT_EQ(EntriesOf("#HIDE COLUMNS#"), Lines{"GRIDCTL | {} | #HIDE COLUMNS# | BEGIN"});
     EXPECT_EQ(EntriesOf("HideColumn"),
               (Lines{"GRIDCTL | {cid: COL2} | HideColumn | ", "GRIDCTL | {cid: COL3} | HideColumn | "}));
+    EXPECT_EQ(Marked(), ".....") << "the selection is the current cell now";
+    SelectColumns({1, 2, 3, 4});
     context.runner.Run(Command::ShowColumns);
     EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), ".....");
     tables.colsIndex->SetValue(5, "COL_HIDDEN", "X");
+    SelectColumns({2, 3});
     context.runner.Run(Command::HideColumns);
     host.updates = 0;
     ForgetEntries();

@@ -132,6 +132,7 @@ TEST_F(MenuDispatchTest, EntriesFollowWhatIsTrue) {
     RightClick("COL1/FTR0", {"mnuColsHide"});
     EXPECT_TRUE(Offered("mnuColsHide"));
     EXPECT_FALSE(Offered("mnuColsShow")) << "none of the selected ones is hidden";
+    Grid().SetSelection({"COL1", ""}, true);
     RightClick("COL2/FTR0");
     EXPECT_FALSE(Offered("mnuColsHide")) << "the selected one is hidden already";
     EXPECT_TRUE(Offered("mnuColsShow"));
@@ -169,6 +170,7 @@ TEST_F(MenuDispatchTest, CommandsOfColumnsAndRowsReachTablesAndGrid) {
     EXPECT_EQ(marked(), (Lines{"", "X", "X"}));
     RightClick("COL2/FTR0", {"mnuColsHide"});
     EXPECT_EQ(Field(tables.colsIndex, "COL_HIDDEN"), (Lines{"", "X", "X"}));
+    Grid().SelectAll();
     RightClick("COL1/FTR0", {"mnuColsShow"});
     EXPECT_EQ(Field(tables.colsIndex, "COL_HIDDEN"), (Lines{"", "", ""}));
     for (const char* entry : {"mnuWidthReset", "mnuWidthResetAll"}) {
@@ -186,6 +188,7 @@ TEST_F(MenuDispatchTest, CommandsOfColumnsAndRowsReachTablesAndGrid) {
     EXPECT_EQ(Field(tables.lineIndex, "ROW_MARKED"), (Lines{"", "", "X", "X"}));
     RightClick("FLC0/ROW3", {"mnuRowsHide"});
     EXPECT_EQ(Field(tables.lineIndex, "ROW_HIDDEN"), (Lines{"", "", "X", "X"}));
+    Grid().SelectAll();
     RightClick("FLC0/ROW2", {"mnuRowsShow"});
     EXPECT_EQ(Field(tables.lineIndex, "ROW_HIDDEN"), (Lines{"", "", "", ""}));
     RightClick("FLC0/ROW2", {"mnuHeightResetAll"});
