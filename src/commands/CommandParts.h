@@ -15,6 +15,7 @@
 #include "grid/GridSettings.h"
 #include "grid/HostUpdate.h"
 #include "grid/SizeEvents.h"
+#include "grid/TrackHistory.h"
 #include "grid/UndoHistory.h"
 #include "grid/ValueEntry.h"
 #include "grid/modGrid.h"
@@ -34,6 +35,7 @@ struct CommandParts {
     modGrid& driver;
     GridSettings& settings;
     const UndoHistory& history;
+    TrackHistory& trackHistory;
     ValueEntry& valueEntry;
     ClipboardCommands& clipboard;
     SizeEvents& sizeEvents;

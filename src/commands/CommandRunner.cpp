@@ -53,7 +53,14 @@ bool CommandRunner::Run(Command command, CommandCall call) {
             meant.rows = SelectedRowKeys(parts_.Grid());
         }
     }
+    std::optional<TrackHistory::Watch> watch;
+    if (row.undoesTracks) {
+        watch.emplace(parts_.trackHistory);
+    }
     row.run(parts_, call);
+    if (watch) {
+        watch->Keep(call.done && row.step != StepKind::None);
+    }
     if (call.done) {
         if (!call.columns.empty() || !call.rows.empty()) {
             meant = call;

@@ -70,6 +70,9 @@ struct CommandRow {
     /// The caption for now, empty for the usual one.
     std::string_view (*captionNow)(const CommandSituation& now) = nullptr;
 
+    /// Whether undo takes back what it does to columns and rows.
+    bool undoesTracks = false;
+
     StepKind step = StepKind::None;
     /// The step in a sentence: "%P" stands for the columns and rows, "%V" for the value, "%S" for "on" or "off".
     std::string_view sentence = {};

@@ -138,13 +138,23 @@ void DeselectRows(CommandParts& on, CommandCall& call) {
 }
 
 void SelectRow(CommandParts& on, CommandCall& call) {
-    const std::optional<Cell> cell = on.Grid().CurrentCell();
-    call.done = cell && on.Grid().SelectRow(cell->row, SelectionMode::Replace) == GridStatus::Ok;
+    GridControl& grid = on.Grid();
+    const std::optional<Cell> cell = grid.CurrentCell();
+    const std::optional<Cell> end = grid.SelectionEnd();
+    call.done = cell && grid.SelectRow(cell->row, SelectionMode::Replace) == GridStatus::Ok;
+    if (call.done && end->row != cell->row) {
+        grid.SelectRow(end->row, SelectionMode::Extend);
+    }
 }
 
 void SelectColumn(CommandParts& on, CommandCall& call) {
-    const std::optional<Cell> cell = on.Grid().CurrentCell();
-    call.done = cell && on.Grid().SelectColumn(cell->column, SelectionMode::Replace) == GridStatus::Ok;
+    GridControl& grid = on.Grid();
+    const std::optional<Cell> cell = grid.CurrentCell();
+    const std::optional<Cell> end = grid.SelectionEnd();
+    call.done = cell && grid.SelectColumn(cell->column, SelectionMode::Replace) == GridStatus::Ok;
+    if (call.done && end->column != cell->column) {
+        grid.SelectColumn(end->column, SelectionMode::Extend);
+    }
 }
 
 void SelectHeadings(CommandParts& on, CommandCall& call) {

@@ -15,6 +15,7 @@
 #include "grid/GridConstruction.h"
 #include "grid/HostUpdate.h"
 #include "grid/SizeEvents.h"
+#include "grid/TrackHistory.h"
 #include "grid/UndoHistory.h"
 #include "grid/ValueEntry.h"
 #include "grid/modGrid.h"
@@ -37,6 +38,7 @@ struct GridPart {
     UndoHistory history;
     HostUpdate hostUpdate;
     GridConstruction construction;
+    TrackHistory trackHistory;
     ValueEntry valueEntry;
     ClipboardCommands clipboard;
     SizeEvents sizeEvents;

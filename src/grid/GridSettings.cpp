@@ -25,7 +25,7 @@ void ReadGridAttributes(const HostTable gridAttr, GridSettings& settings) {
     settings.switched = flag("SWITCHED");
     settings.zoomed = flag("ZOOMED");
     settings.backgroundColor = number("BGCOLOR");
-    settings.gridLineColor = number("GRIDLINE_COLOR");
+    settings.gridLineColor = gridAttr.Int16(Row, "GRIDLINE_COLOR", ThemeLineColor);
     settings.firstColumn = number("FIRST_COL");
     settings.firstRow = number("FIRST_ROW");
     settings.chartType = number("CHART_TYPE");

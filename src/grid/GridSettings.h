@@ -9,6 +9,9 @@
 
 namespace planview {
 
+/// The palette index of grid lines in the theme's own colour; also taken where GRID_ATTR names none.
+inline constexpr std::int16_t ThemeLineColor = 8;
+
 /// What the view is set to, in the one place where all that use it read and write it. What GRID_ATTR says is kept until
 /// it is read again.
 struct GridSettings {
@@ -22,10 +25,10 @@ struct GridSettings {
     std::int16_t dragMode = 1;       ///< 0 none, 1 allowed, 2 only inside the grid; no field of GRID_ATTR holds it
     bool switched = false;
     bool zoomed = false;
-    std::int16_t backgroundColor = 0;  ///< palette index
-    std::int16_t gridLineColor = 8;    ///< palette index
-    std::int16_t firstColumn = 0;      ///< position, 0 for none
-    std::int16_t firstRow = 0;         ///< position, 0 for none
+    std::int16_t backgroundColor = 0;             ///< palette index
+    std::int16_t gridLineColor = ThemeLineColor;  ///< palette index
+    std::int16_t firstColumn = 0;                 ///< position, 0 for none
+    std::int16_t firstRow = 0;                    ///< position, 0 for none
     std::int16_t chartType = 0;
     bool autoMinimum = true;
     bool autoMaximum = true;

@@ -8,6 +8,7 @@
 #include "grid/IndexAxis.h"
 #include "grid/LoaderSupport.h"
 #include "grid/LockedLine.h"
+#include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -246,6 +247,21 @@ bool RowBgColor(HostTable lineIndex, modGrid& driver) {
 
 bool RowFgColor(HostTable lineIndex, modGrid& driver) {
     return ApplyRowColor("RowFgColor", std::move(lineIndex), driver, "ROW_FG", &modGrid::CenterFgColor);
+}
+
+void SelectMarkedHeadings(const HostTable& table, const IndexAxis& axis, GridControl& grid) noexcept {
+    ResumeNext([&] {
+        std::vector<std::pair<std::string, bool>> marks;
+        ForEachRow(table, [&](HostTable::Row i) {
+            marks.emplace_back(table.Text(i, "GRID_ID"), table.Flag(i, axis.markedField));
+        });
+        for (const auto& [key, marked] : marks) {
+            const CellKeyView keys = axis.KeysOf(key);
+            if (!key.empty() && grid.IsSelected(keys) != marked) {
+                marked ? grid.SetSelection(keys, NoRedraw) : grid.DeleteSelection(keys, NoRedraw);
+            }
+        }
+    });
 }
 
 void MirrorSelection(HostTable colsIndex, HostTable lineIndex, const modGrid& driver) {

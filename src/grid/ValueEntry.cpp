@@ -219,21 +219,30 @@ void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> v
 
 void ValueEntry::Undo() {
     if (parts_.history.CanUndo()) {
-        const UndoStep step = parts_.history.TakeUndo();  // the host may end the history from inside an event
+        const HistoryStep step = parts_.history.TakeUndo();  // the host may end the history from inside an event
         Apply(step, true);
-        parts_.actions.Undone(step);
+        parts_.actions.Undone(step.cells);
     }
 }
 
 void ValueEntry::Redo() {
     if (parts_.history.CanRedo()) {
-        const UndoStep step = parts_.history.TakeRedo();
+        const HistoryStep step = parts_.history.TakeRedo();
         Apply(step, false);
-        parts_.actions.Redone(step);
+        parts_.actions.Redone(step.cells);
     }
 }
 
-void ValueEntry::Apply(const UndoStep& changes, bool backwards) {
+void ValueEntry::Apply(const HistoryStep& step, bool backwards) {
+    if (!step.tracks.empty()) {
+        parts_.applyTracks(step.tracks, backwards);
+    }
+    if (!step.cells.empty()) {
+        ApplyCells(step.cells, backwards);
+    }
+}
+
+void ValueEntry::ApplyCells(const UndoStep& changes, bool backwards) {
     const std::uint64_t history = parts_.history.Generation();
     std::vector<bool> failed(changes.size(), true);
     const bool withFixed = std::any_of(changes.begin(), changes.end(),

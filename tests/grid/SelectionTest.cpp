@@ -112,6 +112,41 @@ TEST_F(SelectionTest, CommandsHideAndShowWhatIsSelectedAndTellTheHost) {
     context.shared.events.RemoveSink(host);
 }
 
+TEST_F(SelectionTest, BordersDraggedTogetherHide) {
+    const auto drag = [&](const char* column) {
+        context.grid.control.PressColumnBorder(*context.grid.control.FindColumn(column), false);
+        context.grid.control.DragBorder(3);
+        context.grid.control.ReleaseBorder();
+    };
+    drag("COL2");
+    EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), ".X...");
+    EXPECT_EQ(Widths(), "70 70 70 70 70 ") << "shown again it has its size";
+    SelectColumns({3, 4});
+    drag("COL1");
+    EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), "XX...") << "the selected ones are others";
+    SelectColumns({3, 4});
+    drag("COL4");
+    EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), "XXXX.");
+    EXPECT_EQ(EntriesOf("ColumnResized"), Lines{});
+    drag("COL5");
+    EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), "XXXX.");
+    EXPECT_EQ(tables.colsIndex->Value(5, "COL_WIDTH"), Variant(std::int16_t{8}));
+    context.grid.control.PressRowBorder(*context.grid.control.FindRow("ROW3"), false);
+    context.grid.control.DragBorder(3);
+    context.grid.control.ReleaseBorder();
+    EXPECT_EQ(Flags(*tables.lineIndex, "ROW_HIDDEN"), "..X..");
+}
+
+TEST_F(SelectionTest, SelectingByKeyTakesAllColumnsOfTheBlock) {
+    GridControl& grid = context.grid.control;
+    grid.SelectCell(grid.FindCell({"COL4", "ROW3"}).value(), SelectionMode::Replace);
+    grid.SelectCell(grid.FindCell({"COL2", "ROW2"}).value(), SelectionMode::Extend);
+    context.runner.Run(Command::SelectColumn);
+    EXPECT_EQ(Marked(), ".XXX.");
+    context.runner.Run(Command::SelectRow);
+    EXPECT_EQ(Flags(*tables.lineIndex, "ROW_MARKED"), "..X..");
+}
+
 TEST_F(SelectionTest, ResetReachesEveryColumnWhateverIsSelected) {
     context.runner.Run(Command::ResetWidths);
     EXPECT_EQ(Widths(), "80 80 80 80 80 ");

@@ -140,6 +140,7 @@ TEST_F(MenuDispatchTest, EntriesFollowWhatIsTrue) {
     RightClick("COL2/FTR0");
     EXPECT_FALSE(Offered("mnuColsHide")) << "no heading would be left to show them again from";
 
+    Grid().ClearSelection();  // it would decide on the commands of the cells
     RightClick("COL1/ROW1");
     EXPECT_TRUE(Offered("mnuCellCut"));
     RightClick("COL1/ROW4");
@@ -155,6 +156,40 @@ TEST_F(MenuDispatchTest, EntriesFollowWhatIsTrue) {
     control->plv_LayoutMode();
     RightClick("FLC0/FTR0");
     EXPECT_TRUE(Offered("mnuMacroTree"));
+}
+
+TEST_F(MenuDispatchTest, PopupsOnFixedCellsAreAboutTheRowOrColumn) {
+    test::AddRow(*tables.fixedCols, {{"COLUMN_FIX", 1}, {"FLG_POSITION", "L"}});
+    test::AddRow(*tables.fixedLines, {{"LINE_FIX", 1}, {"FLG_POSITION", "T"}});
+    control->DP_Import_Update();
+    Grid().SelectCell(At("FLC1/ROW2"), SelectionMode::Replace);
+    RightClick("FLC1/ROW2", {"mnuRowsHide"});
+    EXPECT_TRUE(Offered("mnuRowsHide"));
+    EXPECT_TRUE(Offered("mnuRowBgColor"));
+    EXPECT_EQ(Field(tables.lineIndex, "ROW_HIDDEN"), (Lines{"", "X", "", ""}));
+    SelectRow("ROW3");
+    SelectRow("ROW4", SelectionMode::Extend);
+    RightClick("FLC1/ROW3");
+    EXPECT_EQ(Field(tables.lineIndex, "ROW_MARKED"), (Lines{"", "", "X", "X"})) << "what is selected stays so";
+    RightClick("COL3/FTR1");
+    EXPECT_TRUE(Offered("mnuColsHide"));
+    EXPECT_EQ(Field(tables.colsIndex, "COL_MARKED"), (Lines{"", "", "X"}));
+    Grid().SelectCell(At("FLC1/ROW1"), SelectionMode::Replace);
+    platform.popups.clear();
+    Grid().ReportMenuKey();
+    EXPECT_TRUE(Offered("mnuRowsHide")) << "by key, too";
+}
+
+TEST_F(MenuDispatchTest, CutAndPasteAreGreyAsTheSelectionIs) {
+    Grid().SelectCell(At("COL1/ROW3"), SelectionMode::Replace);
+    Grid().SelectCell(At("COL2/ROW4"), SelectionMode::Extend);
+    for (const char* place : {"COL1/ROW3", "COL1/ROW4"}) {
+        RightClick(place);
+        EXPECT_TRUE(Offered("mnuCellCut")) << place << ": some of the cells take values";
+        EXPECT_TRUE(Offered("mnuCellPaste")) << place;
+    }
+    RightClick("COL3/ROW4");
+    EXPECT_FALSE(Offered("mnuCellCut")) << "not selected, and read-only";
 }
 
 TEST_F(MenuDispatchTest, CommandsOfColumnsAndRowsReachTablesAndGrid) {
