@@ -165,6 +165,13 @@ bool HostTable::Flag(Row row, std::string_view field) const {
     return text && *text == "X";
 }
 
+std::int16_t HostTable::Int16(Row row, std::string_view field, std::int16_t ofNothing) const {
+    const Variant value = Value(row, field);
+    const std::string* own = value.TextIf();
+    const bool nothing = value.IsEmpty() || (own && own->empty());
+    return nothing ? ofNothing : Converted(row, field, [&] { return value.AsInt16(); });
+}
+
 std::int16_t HostTable::Int16(Row row, std::string_view field) const {
     const Variant value = Value(row, field);
     return Converted(row, field, [&] { return value.AsInt16(); });

@@ -39,6 +39,8 @@ public:
     /// True for the text "X" alone.
     [[nodiscard]] bool Flag(Row row, std::string_view field) const;
     [[nodiscard]] std::int16_t Int16(Row row, std::string_view field) const;
+    /// The same with the number of a field that holds nothing.
+    [[nodiscard]] std::int16_t Int16(Row row, std::string_view field, std::int16_t ofNothing) const;
     [[nodiscard]] double Double(Row row, std::string_view field) const;
 
     void Put(Row row, std::string_view field, const Variant& value) const;

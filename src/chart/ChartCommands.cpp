@@ -45,11 +45,10 @@ void ChartCommands::SwitchDisplay() {
         modPlan::TraceWrite(modChart::Label, "", "SwitchDisplay", TraceText("{value:", shown, "}"));
     }
     const bool endZoom = shown && settings.zoomed;  // the zoomed grid would hide the chart
-    if (const HostTable gridAttr = parts_.tables.GRID_ATTR; gridAttr.IsSet()) {
-        gridAttr.PutFlag(1, "CHART", shown);
-        if (endZoom) {
-            gridAttr.PutFlag(1, "ZOOMED", false);
-        }
+    const HostTable gridAttr = parts_.tables.GRID_ATTR;
+    PutGridFlag(gridAttr, "CHART", shown);
+    if (endZoom) {
+        PutGridFlag(gridAttr, "ZOOMED", false);
     }
     settings.chartShown = shown;
     settings.zoomed = settings.zoomed && !endZoom;

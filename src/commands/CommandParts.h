@@ -16,6 +16,7 @@
 #include "grid/HostUpdate.h"
 #include "grid/OtherReading.h"
 #include "grid/SizeEvents.h"
+#include "grid/TrackHistory.h"
 #include "grid/UndoHistory.h"
 #include "grid/ValueEntry.h"
 #include "grid/modGrid.h"
@@ -35,6 +36,7 @@ struct CommandParts {
     modGrid& driver;
     GridSettings& settings;
     const UndoHistory& history;
+    TrackHistory& trackHistory;
     ValueEntry& valueEntry;
     ClipboardCommands& clipboard;
     OtherReading& otherReading;

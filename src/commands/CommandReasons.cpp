@@ -58,7 +58,9 @@ std::string CannotEdit(const CommandSituation& now) {
     if (!cell) {
         return NoCell(now);
     }
-    if (!now.IsClicked() && now.SeveralCellsSelected()) {
+    const bool ofSelection =
+        !now.IsClicked() || grid.Selection().HasCell(*cell, grid.OrderOf(cell->column), grid.OrderOf(cell->row));
+    if (ofSelection && now.SeveralCellsSelected()) {
         // Some of them may take values; the command counts those that do not.
         return grid.IsReadOnly() ? std::string(RefusalText(Refusal::TableReadOnly)) : std::string();
     }

@@ -58,8 +58,15 @@ bool CommandRunner::Run(Command command, CommandCall call) {
             meant.rows = SelectedRowKeys(parts_.Grid());
         }
     }
+    std::optional<TrackHistory::Watch> watch;
+    if (row.undoesTracks) {
+        watch.emplace(parts_.trackHistory);
+    }
     row.run(parts_, call);
     call.done = call.done && possible;
+    if (watch) {
+        watch->Keep(call.done && row.step != StepKind::None);
+    }
     if (call.done) {
         if (!call.columns.empty() || !call.rows.empty()) {
             meant = call;

@@ -95,6 +95,10 @@ struct Row : CommandRow {
         captionNow = text;
         return *this;
     }
+    constexpr Row& UndoneWithTracks() {
+        undoesTracks = true;
+        return *this;
+    }
     constexpr Row& Recorded(StepKind kind, std::string_view inWords = {}, decltype(misfit) reason = nullptr) {
         step = kind;
         sentence = inWords;
@@ -189,19 +193,23 @@ constexpr CommandRow Table[] = {
         .Unless(NoColumnSelected)
         .Recorded(StepKind::Marks),
     Row(Command::HideColumns, "ColsHide", Group::Hiding, "Hide selected colum&ns", HideColumns)
+        .UndoneWithTracks()
         .Unless(NoColumnToHide)
         .Recorded(StepKind::OnColumns, "Hide %P", NothingRemains)
         .Traced(Grid, "#HIDE COLUMNS#"),
     Row(Command::ShowColumns, "ColsShow", Group::Hiding, "Show selected c&olumns", ShowColumns)
+        .UndoneWithTracks()
         .Unless(NoColumnToShow)
         .Recorded(StepKind::NamedColumns, "Show %P")
         .Traced(Grid, "#SHOW COLUMNS#"),
     Row(Command::ResetWidths, "WidthReset", Group::Columns, "Reset widths", ResetWidths)
+        .UndoneWithTracks()
         .InPopup("Reset")
         .Unless(NoColumns)
         .Recorded(StepKind::Plain, "Reset the widths")
         .Traced(Grid, "#RESET WIDTH#"),
     Row(Command::ResetAllWidths, "WidthResetAll", Group::Columns, "Reset all widths", ResetWidths)
+        .UndoneWithTracks()
         .InPopup("Reset all")
         .Unless(NoColumns)
         .Recorded(StepKind::Plain, "Reset all widths")
@@ -220,35 +228,42 @@ constexpr CommandRow Table[] = {
         .Unless(NoRowSelected)
         .Recorded(StepKind::Marks),
     Row(Command::HideRows, "RowsHide", Group::Hiding, "&Hide selected rows", HideRows)
+        .UndoneWithTracks()
         .Unless(NoRowToHide)
         .Recorded(StepKind::OnRows, "Hide %P", NothingRemains)
         .Traced(Grid, "#HIDE ROWS#"),
     Row(Command::ShowRows, "RowsShow", Group::Hiding, "Show s&elected rows", ShowRows)
+        .UndoneWithTracks()
         .Unless(NoRowToShow)
         .Recorded(StepKind::NamedRows, "Show %P")
         .Traced(Grid, "#SHOW ROWS#"),
     Row(Command::ColorRowBackground, "RowBgColor", Group::Rows, "Background color of rows…", ColorRowBackground)
+        .UndoneWithTracks()
         .InPopup("Background color")
         .Unless(NoRowSelected)
         .Recorded(StepKind::OnRows, "Colour the background of %P", NoColor)
         .ChangesTables(),
     Row(Command::ColorRowText, "RowFgColor", Group::Rows, "Foreground color of rows…", ColorRowText)
+        .UndoneWithTracks()
         .InPopup("Foreground color")
         .Unless(NoRowSelected)
         .Recorded(StepKind::OnRows, "Colour the text of %P", NoColor)
         .ChangesTables(),
     Row(Command::ResetHeights, "HeightReset", Group::Rows, "Reset heights", ResetHeights)
+        .UndoneWithTracks()
         .InPopup("Reset")
         .Unless(NoRows)
         .Recorded(StepKind::Plain, "Reset the heights")
         .Traced(Grid, "#RESET HEIGHT#"),
     Row(Command::ResetAllHeights, "HeightResetAll", Group::Rows, "Reset all heights", ResetHeights)
+        .UndoneWithTracks()
         .InPopup("Reset all")
         .Unless(NoRows)
         .Recorded(StepKind::Plain, "Reset all heights")
         .Traced(Grid, "#RESET HEIGHT#"),
     Row(Command::EditRowAttributes, "RowAttributes", Group::Rows, "Attributes of rows…",
         [](On& on, Call&) { on.rowAttributes.Run(); })
+        .UndoneWithTracks()
         .InPopup("Attributes")
         .Unless(NoRowSelected)
         .ChangesTables(),
@@ -440,16 +455,20 @@ constexpr CommandRow Table[] = {
         .Takes(CallArguments::Keys)
         .Recorded(StepKind::Headings, "Select %P"),
     Row(Command::SetColumnWidth, "COL_WIDTH", Group::ByKey, "Width of columns", SetColumnWidth)
+        .UndoneWithTracks()
         .Takes(CallArguments::KeysAndValue)
         .Recorded(StepKind::OnColumns, "Make %P %V wide", NoSize),
     Row(Command::SetColumnHeight, "COL_HEIGHT", Group::ByKey, "Height of columns in the switched table",
         SetColumnHeight)
+        .UndoneWithTracks()
         .Takes(CallArguments::KeysAndValue)
         .Recorded(StepKind::OnColumns, "Make %P %V high in the switched table", NoSize),
     Row(Command::SetRowWidth, "ROW_WIDTH", Group::ByKey, "Width of rows in the switched table", SetRowWidth)
+        .UndoneWithTracks()
         .Takes(CallArguments::KeysAndValue)
         .Recorded(StepKind::OnRows, "Make %P %V wide in the switched table", NoSize),
     Row(Command::SetRowHeight, "ROW_HEIGHT", Group::ByKey, "Height of rows", SetRowHeight)
+        .UndoneWithTracks()
         .Takes(CallArguments::KeysAndValue)
         .Recorded(StepKind::OnRows, "Make %P %V high", NoSize),
 };

@@ -73,6 +73,8 @@ struct CommandRow {
     /// It changes what the tables say other than single values, and is not run where the host lets nothing be edited.
     /// Values ask cell by cell; what is only about the view is always possible.
     bool changesTables = false;
+    /// Whether undo takes back what it does to columns and rows.
+    bool undoesTracks = false;
 
     StepKind step = StepKind::None;
     /// The step in a sentence: "%P" stands for the columns and rows, "%V" for the value, "%S" for "on" or "off".

@@ -48,6 +48,13 @@ void Deselect(CommandParts& on, CommandCall& call, const HostTable& table, const
     }
 }
 
+/// Leaves the current cell alone selected, so that nothing happens to what can no longer be seen.
+bool LeaveHidden(const CommandParts& on) {
+    on.driver.DeleteSelection({LabelColumnKey, HeadingRowKey}, NoRedraw);
+    MirrorSelection(on);
+    return true;
+}
+
 /// No value for a text that is no whole number from `least` to `most`.
 std::optional<std::int16_t> NumberFrom(const Variant& value, int least, int most) {
     const std::string text = value.AsText();
@@ -133,13 +140,23 @@ void DeselectRows(CommandParts& on, CommandCall& call) {
 }
 
 void SelectRow(CommandParts& on, CommandCall& call) {
-    const std::optional<Cell> cell = on.Grid().CurrentCell();
-    call.done = cell && on.Grid().SelectRow(cell->row, SelectionMode::Replace) == GridStatus::Ok;
+    GridControl& grid = on.Grid();
+    const std::optional<Cell> cell = grid.CurrentCell();
+    const std::optional<Cell> end = grid.SelectionEnd();
+    call.done = cell && grid.SelectRow(cell->row, SelectionMode::Replace) == GridStatus::Ok;
+    if (call.done && end->row != cell->row) {
+        grid.SelectRow(end->row, SelectionMode::Extend);
+    }
 }
 
 void SelectColumn(CommandParts& on, CommandCall& call) {
-    const std::optional<Cell> cell = on.Grid().CurrentCell();
-    call.done = cell && on.Grid().SelectColumn(cell->column, SelectionMode::Replace) == GridStatus::Ok;
+    GridControl& grid = on.Grid();
+    const std::optional<Cell> cell = grid.CurrentCell();
+    const std::optional<Cell> end = grid.SelectionEnd();
+    call.done = cell && grid.SelectColumn(cell->column, SelectionMode::Replace) == GridStatus::Ok;
+    if (call.done && end->column != cell->column) {
+        grid.SelectColumn(end->column, SelectionMode::Extend);
+    }
 }
 
 void SelectHeadings(CommandParts& on, CommandCall& call) {
@@ -159,11 +176,11 @@ void SelectHeadings(CommandParts& on, CommandCall& call) {
 // --- Hiding
 
 void HideColumns(CommandParts& on, CommandCall& call) {
-    Run(on, call, "#HIDE COLUMNS#", [&] { return HideColumn(on.tables.COLS_INDEX, on.driver); });
+    Run(on, call, "#HIDE COLUMNS#", [&] { return HideColumn(on.tables.COLS_INDEX, on.driver) && LeaveHidden(on); });
 }
 
 void HideRows(CommandParts& on, CommandCall& call) {
-    Run(on, call, "#HIDE ROWS#", [&] { return HideRow(on.tables.LINE_INDEX, on.driver); });
+    Run(on, call, "#HIDE ROWS#", [&] { return HideRow(on.tables.LINE_INDEX, on.driver) && LeaveHidden(on); });
 }
 
 void ShowColumns(CommandParts& on, CommandCall& call) {

@@ -8,12 +8,9 @@ namespace planview::commands {
 
 namespace {
 
-/// Before the setting changes: a table that refuses leaves all as it was.
 void PutFlag(const CommandParts& on, std::string_view field, bool set) {
-    const HostTable gridAttr = on.tables.GRID_ATTR;
-    if (gridAttr.IsSet()) {
-        gridAttr.PutFlag(1, field, set);
-    }
+    const HostTable gridAttr = on.tables.GRID_ATTR;  // the host may take the table back while it is written
+    PutGridFlag(gridAttr, field, set);
 }
 
 void SetZoomed(CommandParts& on, bool zoomed) {

@@ -16,6 +16,7 @@
 #include "components/GridSelection.h"
 #include "components/GridStyle.h"
 #include "components/GridTypes.h"
+#include "components/GridViewState.h"
 
 namespace planview {
 
@@ -141,9 +142,16 @@ public:
     /// The cell that keys act on; it is never hidden. Before the user chooses one it is the first one on screen. No
     /// value in a grid without visible planning cells.
     [[nodiscard]] std::optional<Cell> CurrentCell() const;
+    /// What Shift goes on extending: a block of cells, or the whole columns or rows that were selected last.
+    [[nodiscard]] SelectionKind ExtendedKind() const;
     /// The end of the selection opposite the current cell, from which it is extended further; the current cell itself
     /// while it has not been extended. Never hidden.
     [[nodiscard]] std::optional<Cell> SelectionEnd() const;
+
+    [[nodiscard]] GridViewState ViewState() const;
+    /// Brings back what is still there, without redraw and without an event; what is selected now is deselected. The
+    /// scroll position stays where the state's column or row is not there.
+    void RestoreViewState(const GridViewState& view);
 
     // --- What the user does (called by the view)
     // -----------------------------------------------------------------------
@@ -162,8 +170,10 @@ public:
     GridStatus ScrollToColumn(ColumnId column);
     GridStatus ScrollToRow(RowId row);
 
-    /// Resizing by the heading border: press, any number of drags, release. Sizes are clamped to 1 .. MaxTrackSize. The
-    /// listener hears one event, on release, if the size has changed by then. `switchedSize` means the size that counts
+    /// Resizing by the heading border: press, any number of drags, release. Sizes are clamped to LeastTrackSize ..
+    /// MaxTrackSize. A planning column or row, unless it is the last one that can be seen, may be dragged below that:
+    /// it has its former size again on release, and the listener is asked to hide it. Otherwise the listener hears one
+    /// event, on release, if the size has changed by then. `switchedSize` means the size that counts
     /// when switched. The label column's own border changes LabelColumnWidth; the lower border of a heading changes the
     /// size that it takes from the first planning column or row.
     GridStatus PressColumnBorder(ColumnId column, bool switchedSize);
@@ -176,6 +186,8 @@ public:
     /// Asks the listener to take the text that the user entered, and the cell shows what the listener sets; without a
     /// listener it shows the text as it is. Whether the cell can be edited, and takes this text, is asked before.
     GridStatus EnterText(Cell cell, const std::string& text);
+    /// The user has moved planning columns or rows (MoveColumn, MoveRow), which stood in this order before.
+    void ReportMoved(MovedTracks moved, const std::vector<std::string>& before);
     void ReportStay();
     void ReportDoubleClick(Cell cell);
     void ReportSimpleClick(Cell cell);

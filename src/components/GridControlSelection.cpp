@@ -207,6 +207,13 @@ std::optional<Cell> GridControl::CurrentCell() const {
     return state_->CurrentCell();
 }
 
+SelectionKind GridControl::ExtendedKind() const {
+    const Kind kind = state_->anchor.kind;
+    return kind == Kind::Column ? SelectionKind::Columns
+           : kind == Kind::Row  ? SelectionKind::Rows
+                                : SelectionKind::Cells;
+}
+
 std::optional<Cell> GridControl::SelectionEnd() const {
     State& state = *state_;
     const std::optional<Cell> current = state.CurrentCell();

@@ -125,8 +125,16 @@ bool GridControl::State::Resize(const PressedBorder& which, std::int16_t size) {
     return true;
 }
 
+bool GridControl::State::CanHide(const PressedBorder& which) const {
+    if (which.size == Size::RowHeight || which.size == Size::RowWidth) {
+        return rows.At(RowId{which.track}).area == RowArea::Center && rows.VisibleCount(RowArea::Center) > 1;
+    }
+    return columns.At(ColumnId{which.track}).area == ColumnArea::Center && columns.VisibleCount(ColumnArea::Center) > 1;
+}
+
 GridStatus GridControl::State::Press(PressedBorder border) {
     const bool followsTexts = border.size == Size::LabelWidth && settings.labelAutoFit;
+    border.hides = border.hides && CanHide(border);
     if (!settings.resizeAllowed || followsTexts) {
         return GridStatus::AttributeNotPossible;
     }
@@ -143,7 +151,7 @@ GridStatus GridControl::PressColumnBorder(ColumnId column, bool switchedSize) {
         return GridStatus::UnknownColumn;
     }
     if (column != LabelColumn) {
-        return state.Press({switchedSize ? Size::ColumnHeight : Size::ColumnWidth, column.value});
+        return state.Press({switchedSize ? Size::ColumnHeight : Size::ColumnWidth, column.value, 0, true});
     }
     if (!switchedSize) {
         return state.Press({Size::LabelWidth});
@@ -158,7 +166,7 @@ GridStatus GridControl::PressRowBorder(RowId row, bool switchedSize) {
         return GridStatus::UnknownRow;
     }
     if (row != HeadingRow) {
-        return state.Press({switchedSize ? Size::RowWidth : Size::RowHeight, row.value});
+        return state.Press({switchedSize ? Size::RowWidth : Size::RowHeight, row.value, 0, true});
     }
     if (switchedSize) {
         return state.Press({Size::LabelWidth});
@@ -172,7 +180,9 @@ GridStatus GridControl::DragBorder(int size) {
     if (!state.pressed) {
         return GridStatus::NoRegisterPress;
     }
-    state.Resize(*state.pressed, static_cast<std::int16_t>(std::clamp(size, 1, MaxTrackSize)));
+    // A smaller size that the host has given stays possible.
+    const int least = state.pressed->hides ? 1 : std::clamp<int>(state.pressed->before, 1, LeastTrackSize);
+    state.Resize(*state.pressed, static_cast<std::int16_t>(std::clamp(size, least, MaxTrackSize)));
     return state.Done(true);
 }
 
@@ -183,7 +193,15 @@ GridStatus GridControl::ReleaseBorder() {
     }
     const PressedBorder released = *state.pressed;
     state.pressed.reset();
-    if (state.SizeOf(released) != released.before) {
+    const std::int16_t size = state.SizeOf(released);
+    if (size == released.before) {
+        return GridStatus::Ok;
+    }
+    if (released.hides && size < LeastTrackSize) {
+        state.Resize(released, released.before);
+        state.reports.Report(true);
+        state.ReportHide(released);
+    } else {
         state.ReportResized(released);
     }
     return GridStatus::Ok;
@@ -198,6 +216,16 @@ GridStatus GridControl::CancelBorder() {
     state.pressed.reset();
     state.Resize(cancelled, cancelled.before);
     return state.Done(true);
+}
+
+void GridControl::State::ReportHide(const PressedBorder& released) {
+    const bool isRow = released.size == Size::RowWidth || released.size == Size::RowHeight;
+    const std::string key = isRow ? rows.At(RowId{released.track}).key : columns.At(ColumnId{released.track}).key;
+    if (events && isRow) {
+        events->HideRow(key);
+    } else if (events) {
+        events->HideColumn(key);
+    }
 }
 
 void GridControl::State::ReportResized(const PressedBorder& released) {
@@ -241,6 +269,12 @@ GridStatus GridControl::EnterText(Cell cell, const std::string& text) {
     }
     const GridStatus status = state.SetOnCell(cell, GridAttribute::Contents, text);
     return status == GridStatus::Ok ? state.Done(true) : status;
+}
+
+void GridControl::ReportMoved(MovedTracks moved, const std::vector<std::string>& before) {
+    if (state_->events) {
+        state_->events->Moved(moved, before);
+    }
 }
 
 void GridControl::ReportStay() {

@@ -34,6 +34,8 @@ public:
     virtual void GridChanged(const GridChange& change) = 0;
 };
 
+enum class MovedTracks { Columns, Rows };
+
 /// Hears what the user did. Called after the grid itself has applied the action, except for what it is asked to do
 /// (TextEntered, ShowHidden...); may change, destroy and rebuild the grid.
 class GridEvents {
@@ -44,6 +46,11 @@ public:
     virtual void RowResized(const std::string& row, int height) = 0;
     virtual void HeadingHeightResized(const std::string& column, int height) = 0;
     virtual void HeadingWidthResized(const std::string& row, int width) = 0;
+    /// The user dragged the border of this column or row so far that it is to be hidden. It has its former size again.
+    virtual void HideColumn(const std::string& column) = 0;
+    virtual void HideRow(const std::string& row) = 0;
+    /// Planning columns or rows stand in another order now; `before` are the keys of all of them as they stood.
+    virtual void Moved(MovedTracks moved, const std::vector<std::string>& before) = 0;
     /// A whole column is named by its heading cell, a whole row by its label cell, everything by the corner (label
     /// column, heading row). `selected` is the state of that place now. Not called when the selection does not change.
     virtual void SelectionChanged(const CellKey& cell, bool selected) = 0;

@@ -12,6 +12,8 @@ namespace planview {
 
 enum class SelectionMode { Replace, Extend, Add };
 
+enum class SelectionKind { Cells, Columns, Rows };
+
 /// Where hidden columns or rows stand, seen from a visible one.
 enum class HiddenSide { Before, Behind };
 

@@ -66,6 +66,7 @@ struct PressedBorder {
     Size size = Size::ColumnWidth;
     std::int32_t track = -1;  ///< the id's value; none for the label column
     std::int16_t before = 0;
+    bool hides = false;  ///< dragged below LeastTrackSize it hides its column or row
 };
 
 struct GridControl::State {
@@ -138,7 +139,9 @@ struct GridControl::State {
     GridStatus Press(PressedBorder border);
     /// False if it already had this size.
     bool Resize(const PressedBorder& which, std::int16_t size);
+    [[nodiscard]] bool CanHide(const PressedBorder& which) const;
     void ReportResized(const PressedBorder& released);
+    void ReportHide(const PressedBorder& released);
 };
 
 }  // namespace planview

@@ -103,6 +103,8 @@ inline constexpr int DefaultColumnWidth = 80;
 inline constexpr int DefaultRowHeight = 22;
 inline constexpr int DefaultLabelColumnWidth = 160;
 inline constexpr int MaxTrackSize = 4000;
+/// Smaller ones are hardly seen: a border that is dragged below this hides its column or row.
+inline constexpr int LeastTrackSize = 8;
 
 /// The heading row above the planning columns and the label column left of the planning rows.
 inline constexpr std::string_view HeadingRowKey = "FTR0";

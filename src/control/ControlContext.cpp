@@ -24,6 +24,7 @@ ControlContext::ControlContext(const Desktop& desktop)
               grid.driver,
               shared.settings,
               grid.history,
+              grid.trackHistory,
               grid.valueEntry,
               grid.clipboard,
               grid.otherReading,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "control/GridHandlers.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "grid/CellEntry.h"
 #include "grid/ForecastLine.h"
 #include "grid/IndexAxis.h"
+#include "grid/SelectedCells.h"
 #include "grid/Selection.h"
 #include "grid/modGrid.h"
 #include "menus/MenuDispatch.h"
@@ -36,30 +38,67 @@ void GridHandlers::KeepKeys(const CellKey& cell) {
     parts_.grid.keys.row = cell.row;
 }
 
-void GridHandlers::ColumnResized(const std::string& column, int width) {
-    ErrorTrap(GridControlLabel, "ColumnResized", [&] {
-        Record(Command::SetColumnWidth,
-               {.columns = parts_.grid.sizeEvents.ColumnResized(column, width), .value = width});
+template <class Resize>
+void GridHandlers::Sized(std::string_view method, Command command, int size, const Resize& resize) {
+    ErrorTrap(GridControlLabel, method, [&] {
+        TrackHistory::Watch watch(parts_.grid.trackHistory);
+        CommandCall call{.value = size};
+        resize(call);
+        watch.Keep(!call.columns.empty() || !call.rows.empty());
+        Record(command, call);
+        parts_.runner.Changed();
     });
+}
+
+void GridHandlers::ColumnResized(const std::string& column, int width) {
+    Sized("ColumnResized", Command::SetColumnWidth, width,
+          [&](CommandCall& call) { call.columns = parts_.grid.sizeEvents.ColumnResized(column, width); });
 }
 
 void GridHandlers::RowResized(const std::string& row, int height) {
-    ErrorTrap(GridControlLabel, "RowResized", [&] {
-        Record(Command::SetRowHeight, {.rows = parts_.grid.sizeEvents.RowResized(row, height), .value = height});
-    });
+    Sized("RowResized", Command::SetRowHeight, height,
+          [&](CommandCall& call) { call.rows = parts_.grid.sizeEvents.RowResized(row, height); });
 }
 
 void GridHandlers::HeadingHeightResized(const std::string& column, int height) {
-    ErrorTrap(GridControlLabel, "SwitchedColumnResized", [&] {
-        Record(Command::SetColumnHeight,
-               {.columns = parts_.grid.sizeEvents.SwitchedColumnResized(column, height), .value = height});
-    });
+    Sized("SwitchedColumnResized", Command::SetColumnHeight, height,
+          [&](CommandCall& call) { call.columns = parts_.grid.sizeEvents.SwitchedColumnResized(column, height); });
 }
 
 void GridHandlers::HeadingWidthResized(const std::string& row, int width) {
-    ErrorTrap(GridControlLabel, "SwitchedRowResized", [&] {
-        Record(Command::SetRowWidth, {.rows = parts_.grid.sizeEvents.SwitchedRowResized(row, width), .value = width});
+    Sized("SwitchedRowResized", Command::SetRowWidth, width,
+          [&](CommandCall& call) { call.rows = parts_.grid.sizeEvents.SwitchedRowResized(row, width); });
+}
+
+/// A selected one takes the other selected ones along, as with its size, unless nothing would be left to see.
+void GridHandlers::HideColumn(const std::string& column) {
+    ErrorTrap(GridControlLabel, "#HIDE COLUMNS#", [&] {
+        CommandCall call{.columns = {column}};
+        const std::vector<std::string> selected = SelectedColumnKeys(parts_.grid.control);
+        const bool isSelected = std::find(selected.begin(), selected.end(), column) != selected.end();
+        if (isSelected && CommandRunner::StateOf(Command::HideColumns, parts_.runner.Situation()).enabled) {
+            call.columns = selected;
+        }
+        parts_.runner.Run(Command::HideColumns, call);
     });
+}
+
+void GridHandlers::HideRow(const std::string& row) {
+    ErrorTrap(GridControlLabel, "#HIDE ROWS#", [&] {
+        CommandCall call{.rows = {row}};
+        const std::vector<std::string> selected = SelectedRowKeys(parts_.grid.control);
+        const bool isSelected = std::find(selected.begin(), selected.end(), row) != selected.end();
+        if (isSelected && CommandRunner::StateOf(Command::HideRows, parts_.runner.Situation()).enabled) {
+            call.rows = selected;
+        }
+        parts_.runner.Run(Command::HideRows, call);
+    });
+}
+
+void GridHandlers::Moved(MovedTracks moved, const std::vector<std::string>& before) {
+    ErrorTrap(GridControlLabel, "Moved",
+              [&] { parts_.grid.trackHistory.Moved(moved == MovedTracks::Columns ? ColumnAxis : RowAxis, before); });
+    parts_.runner.Changed();
 }
 
 /// Nothing for a heading that has no size in the tables.
@@ -128,6 +167,23 @@ void GridHandlers::SimpleClick(const CellKey& cell) {
     });
 }
 
+/// A fixed cell beside a planning row, or above a planning column, has the popup of that row or column, which acts on
+/// what is selected.
+void GridHandlers::SelectOwner(const CellKey& key) {
+    GridControl& grid = parts_.grid.control;
+    const std::optional<Cell> cell = grid.FindCell(key);
+    if (!cell || parts_.shared.busy) {
+        return;
+    }
+    const bool beside = key.column.starts_with("FLC") && key.column != LabelColumnKey;
+    const bool above = key.row.starts_with("FTR") && key.row != HeadingRowKey;
+    if (beside && key.row.starts_with(RowAxis.keyPrefix) && !grid.Selection().HasRow(cell->row)) {
+        grid.SelectRow(cell->row, SelectionMode::Replace);
+    } else if (above && key.column.starts_with(ColumnAxis.keyPrefix) && !grid.Selection().HasColumn(cell->column)) {
+        grid.SelectColumn(cell->column, SelectionMode::Replace);
+    }
+}
+
 void GridHandlers::MouseDown(const CellKey& cell, MouseButton button, ShiftState shift) {
     ErrorTrap(GridControlLabel, "OnMouseDown", [&] {
         KeepKeys(cell);
@@ -137,6 +193,7 @@ void GridHandlers::MouseDown(const CellKey& cell, MouseButton button, ShiftState
                                  " - shift: ", shift, "}"));
         }
         if (button == MouseButton::Right) {
+            SelectOwner(cell);
             parts_.menus.Open(cell.column, cell.row, PopupPlace::Mouse);
         }
     });
@@ -145,6 +202,7 @@ void GridHandlers::MouseDown(const CellKey& cell, MouseButton button, ShiftState
 void GridHandlers::MenuKey(const CellKey& cell) {
     ErrorTrap(GridControlLabel, "MenuKey", [&] {
         KeepKeys(cell);
+        SelectOwner(cell);
         parts_.menus.Open(cell.column, cell.row, PopupPlace::CurrentCell);
     });
 }

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <string_view>
 
 #include <planview/Commands.h>
 
@@ -37,6 +38,9 @@ public:
     void RowResized(const std::string& row, int height) override;
     void HeadingHeightResized(const std::string& column, int height) override;
     void HeadingWidthResized(const std::string& row, int width) override;
+    void HideColumn(const std::string& column) override;
+    void HideRow(const std::string& row) override;
+    void Moved(MovedTracks moved, const std::vector<std::string>& before) override;
     void SelectionChanged(const CellKey& cell, bool selected) override;
     void TextEntered(const CellKey& cell, const std::string& text) override;
     void StayCell() override;
@@ -53,6 +57,10 @@ public:
 
 private:
     void KeepKeys(const CellKey& cell);
+    void SelectOwner(const CellKey& key);
+    /// Lets the size be taken over, as one action that can be undone.
+    template <class Resize>
+    void Sized(std::string_view method, Command command, int size, const Resize& resize);
     void Record(Command command, const CommandCall& call);
 
     Parts parts_;

@@ -6,8 +6,11 @@ namespace planview {
 GridPart::GridPart(ControlShared& shared, UserActions& actions, const std::function<void()>& chartStep)
     : hostUpdate(control, shared.tables, shared.events),
       construction({driver, shared.tables, keys}, shared.settings),
+      trackHistory({shared.tables, driver, history, hostUpdate, actions, chartStep}),
       valueEntry({driver, shared.tables, shared.settings, keys, shared.events, hostUpdate, history, shared.busy,
-                  shared.desktop.messageBoxes, actions, chartStep, [this](bool running) { TellBulk(running); }}),
+                  shared.desktop.messageBoxes, actions, chartStep,
+                  [this](const TrackStep& step, bool backwards) { trackHistory.Apply(step, backwards); },
+                  [this](bool running) { TellBulk(running); }}),
       otherReading(
           {control, valueEntry, [this](Cell cell, std::string_view sentence) { return TellBeside(cell, sentence); }}),
       clipboard({control, keys, valueEntry, otherReading, shared.desktop.clipboard, shared.desktop.messageBoxes,

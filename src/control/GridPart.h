@@ -17,6 +17,7 @@
 #include "grid/HostUpdate.h"
 #include "grid/OtherReading.h"
 #include "grid/SizeEvents.h"
+#include "grid/TrackHistory.h"
 #include "grid/UndoHistory.h"
 #include "grid/ValueEntry.h"
 #include "grid/modGrid.h"
@@ -39,6 +40,7 @@ struct GridPart {
     UndoHistory history;
     HostUpdate hostUpdate;
     GridConstruction construction;
+    TrackHistory trackHistory;
     ValueEntry valueEntry;
     OtherReading otherReading;
     ClipboardCommands clipboard;

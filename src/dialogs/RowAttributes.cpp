@@ -3,6 +3,7 @@
 
 #include "automation/BusyScope.h"
 #include "dialogs/frmRow.h"
+#include "grid/LockedLine.h"
 #include "trace/ErrorTrap.h"
 
 namespace planview {
@@ -70,13 +71,33 @@ void RowAttributes::Fill(frmRow& form, const Template& line) const {
         form.lblRowLabel = parts_.driver.Grid().Contents(*label);
     }
     form.chkRelief.Value = table.Flag(line.row, "RELIEF") ? 1 : 0;
-    form.chkChart.Value = table.Flag(line.row, "SHOW_CHART") ? 1 : 0;
+    form.chkChart.Value = ChartMark(line) == "X" ? 1 : 0;
     form.Set_Alignment(table.Int16(line.row, "ROW_ALIGN"));
     form.Set_Height(table.Int16(line.row, "ROW_HEIGHT"));
     form.Set_BgColor(table.Int16(line.row, "ROW_BG"));
     form.Set_FgColor(table.Int16(line.row, "ROW_FG"));
     form.Set_Font(table.Text(line.row, "ROW_FONT"));
     FillSample(form, line);
+}
+
+/// Empty without the field, which a host that has no chart need not have.
+std::string RowAttributes::ChartMark(const Template& line) {
+    std::string mark;
+    ResumeNext([&] { mark = line.table.Text(line.row, "SHOW_CHART"); });
+    return mark;
+}
+
+/// What the user has not changed stays as it is: the marks of the forecast view are not shown by the tick.
+void RowAttributes::PutChartMark(const frmRow& form, const Template& line) {
+    const std::string mark = ChartMark(line);
+    const bool ticked = form.chkChart.Value == 1;
+    const bool changed = ticked != (mark == "X");
+    const auto put = [&] { line.table.Put(line.row, "SHOW_CHART", changed ? Variant(ticked ? "X" : "") : mark); };
+    if (changed) {
+        ErrorTrap("GRIDCTL", "SHOW_CHART", put);
+    } else {
+        ResumeNext(put);
+    }
 }
 
 void RowAttributes::FillSample(frmRow& form, const Template& line) const {
@@ -103,10 +124,9 @@ void RowAttributes::Take(const frmRow& form, const Template& line) const {
     const HostTable::Row row = line.row;
     modGrid& driver = parts_.driver;
     const CellKeyView keys{{}, line.key};
-    const bool inChart = form.chkChart.Value == 1;
 
     if (table.Text(row, "LINETYPE") == "H" || driver.HeadingSelected(keys) == 1) {
-        table.PutFlag(row, "SHOW_CHART", inChart);
+        PutChartMark(form, line);
         // An index that is no colour stays in the table until the user chooses one.
         if (form.picBgColor.HasColor()) {
             table.Put(row, "ROW_BG", form.Get_BgColor());
@@ -116,9 +136,12 @@ void RowAttributes::Take(const frmRow& form, const Template& line) const {
             table.Put(row, "ROW_FG", form.Get_FgColor());
             driver.CenterFgColor(keys, form.Get_FgColor(), NoRedraw);
         }
+        if (IsLockedLine(table, row)) {
+            ShowLocked(driver, keys);
+        }
     }
     if (table.Flag(row, "ROW_TEXT")) {
-        table.PutFlag(row, "SHOW_CHART", inChart);
+        PutChartMark(form, line);
     }
     const bool relief = form.chkRelief.Value == 1;
     const std::int16_t height = form.Height().value_or(table.Int16(row, "ROW_HEIGHT"));

@@ -45,6 +45,8 @@ private:
     };
     [[nodiscard]] Template FindTemplate() const;
     void Fill(frmRow& form, const Template& line) const;
+    [[nodiscard]] static std::string ChartMark(const Template& line);
+    static void PutChartMark(const frmRow& form, const Template& line);
     void FillSample(frmRow& form, const Template& line) const;
     void Take(const frmRow& form, const Template& line) const;
     /// Shows the form; whether it has changed the row.

@@ -23,12 +23,31 @@ using modPlan::TraceWrite;
 
 namespace {
 
-TextBlock ReadBlock(const GridControl& grid, const SelectedBlock& block) {
+/// A block as the screen shows it, line by line from the left. In the switched view a column is a line.
+class ShownBlock {
+public:
+    ShownBlock(const GridControl& grid, SelectedBlock block)
+        : block_(std::move(block)), switched_(grid.Settings().switched) {}
+
+    [[nodiscard]] std::size_t Height() const noexcept { return switched_ ? block_.columns.size() : block_.rows.size(); }
+    [[nodiscard]] std::size_t Width() const noexcept { return switched_ ? block_.rows.size() : block_.columns.size(); }
+    [[nodiscard]] Cell At(std::size_t line, std::size_t place) const {
+        return switched_ ? Cell{block_.columns[line], block_.rows[place]}
+                         : Cell{block_.columns[place], block_.rows[line]};
+    }
+
+private:
+    SelectedBlock block_;
+    bool switched_;
+};
+
+TextBlock ReadBlock(const GridControl& grid) {
+    const ShownBlock block(grid, BlockOfSelection(grid));
     TextBlock texts;
-    for (const RowId row : block.rows) {
+    for (std::size_t i = 0; i < block.Height(); ++i) {
         std::vector<std::string>& line = texts.emplace_back();
-        for (const ColumnId column : block.columns) {
-            line.push_back(grid.Contents({column, row}));
+        for (std::size_t j = 0; j < block.Width(); ++j) {
+            line.push_back(grid.Contents(block.At(i, j)));
         }
     }
     return texts;
@@ -71,21 +90,22 @@ Placement PlaceBlock(const GridControl& grid, const ValueBlock& block) {
     if (selected.CellCount() == 0 || width == 0) {
         return placement;
     }
-    const bool fills = !grid.Selection().IsEmpty() && selected.CellCount() > 1 &&
-                       selected.rows.size() % block.size() == 0 && selected.columns.size() % width == 0;
-    const std::vector<ColumnId> columns = fills ? selected.columns : ColumnsFrom(grid, selected.columns.front());
-    const std::vector<RowId> rows = fills ? selected.rows : RowsFrom(grid, selected.rows.front());
-    const std::size_t rowCount = fills ? rows.size() : block.size();
-    const std::size_t columnCount = fills ? columns.size() : width;
-    for (std::size_t r = 0; r < rowCount; ++r) {
-        const std::vector<Variant>& line = block[r % block.size()];
-        for (std::size_t c = 0; c < columnCount; ++c) {
-            if (c % width >= line.size()) {
+    const ShownBlock shown(grid, selected);
+    const bool fills = selected.CellCount() > 1 && shown.Height() % block.size() == 0 && shown.Width() % width == 0;
+    const ShownBlock target =
+        fills ? shown
+              : ShownBlock(grid, {ColumnsFrom(grid, selected.columns.front()), RowsFrom(grid, selected.rows.front())});
+    const std::size_t lineCount = fills ? target.Height() : block.size();
+    const std::size_t placeCount = fills ? target.Width() : width;
+    for (std::size_t i = 0; i < lineCount; ++i) {
+        const std::vector<Variant>& line = block[i % block.size()];
+        for (std::size_t j = 0; j < placeCount; ++j) {
+            if (j % width >= line.size()) {
                 continue;
             }
-            const Variant& value = line[c % width];
-            if (r < rows.size() && c < columns.size()) {
-                placement.values.push_back({{columns[c], rows[r]}, value});
+            const Variant& value = line[j % width];
+            if (i < target.Height() && j < target.Width()) {
+                placement.values.push_back({target.At(i, j), value});
             } else if (!value.TextIf() || !value.TextIf()->empty()) {
                 ++placement.beyondEdge;
             }
@@ -120,7 +140,7 @@ bool ClipboardCommands::CopyToClipboard(std::string_view method) {
                    TraceText("{cid: ", parts_.keys.column, " - rid: ", parts_.keys.row,
                              " - text: ", grid.Contents(touched), "}"));
     }
-    const TextBlock block = ReadBlock(grid, BlockOfSelection(grid));
+    const TextBlock block = ReadBlock(grid);
     parts_.clipboard.Set({IsSingle(block) ? block[0][0] : FormatBlock(block), FormatHtmlBlock(block)});
     return true;
 }
@@ -243,10 +263,11 @@ bool ClipboardCommands::TellBeside(Cell cell, Refusal refusal) {
 }
 
 void ClipboardCommands::Report(const BulkResult& result, std::string_view verb, int beyondEdge) {
-    if (result.Refused() == 0 && beyondEdge == 0) {
+    if (result.Refused() == 0 && beyondEdge == 0 && result.hidden == 0) {
         return;
     }
     std::string text = Counted(result.changed, "cell") + " " + std::string(verb);
+    text += result.hidden > 0 ? ", " + std::to_string(result.hidden) + " of them hidden" : "";
     text += result.Refused() > 0 ? ", " + Counted(result.Refused(), "cell") + " left alone:" : ".";
     if (result.readOnly > 0) {
         text += "\n" + Counted(result.readOnly, "cell") + " cannot be edited";

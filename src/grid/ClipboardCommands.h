@@ -16,8 +16,8 @@
 namespace planview {
 
 /// Copying, cutting, pasting, filling, deleting and raising of what is selected, as a spreadsheet does it. Everything
-/// that changes values does so as one bulk change through value entry; what is refused is counted and told to the user
-/// once.
+/// that changes values does so as one bulk change through value entry; what is refused, and what is changed although it
+/// is hidden, is counted and told to the user once.
 class ClipboardCommands {
 public:
     struct Parts {
@@ -33,12 +33,13 @@ public:
 
     explicit ClipboardCommands(Parts parts) : parts_(std::move(parts)) {}
 
-    /// The selected block, the current cell when there is none; hidden cells are left out. Cells that do not form one
-    /// block are refused with a message, by Cut() too.
+    /// The selected block with the hidden cells in it, as the screen shows it; the current cell when there is none.
+    /// Cells that do not form one block are refused with a message, by Cut() too.
     void Copy();
     void Cut();
-    /// From the first selected cell on, to the edge of the planning cells; what would go beyond it is counted to the
-    /// user. One row or column fills a selected block of several, one value fills whatever is selected.
+    /// From the first selected cell on, to the edge of the planning cells, into hidden ones too and in the switched
+    /// view as the screen shows it; what would go beyond the edge is counted to the user. One row or column fills a
+    /// selected block of several, one value fills whatever is selected.
     void Paste();
     /// Gives every selected cell the value of the first one.
     void Fill();

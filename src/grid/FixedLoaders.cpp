@@ -11,6 +11,15 @@ namespace {
 constexpr std::string_view ProminentFont = ";;Bold";
 constexpr std::string_view PlainFont = ";;Normal";
 
+/// Other sides would name planning columns and rows.
+bool IsColumnSide(std::string_view side) {
+    return side == "L" || side == "R";
+}
+
+bool IsRowSide(std::string_view side) {
+    return side == "T" || side == "B";
+}
+
 /// The look by which the user sees whether a fixed column or row can be edited.
 void SetFixedLook(modGrid& driver, CellKeyView keys, bool readOnly) {
     driver.BackgroundColor(keys, readOnly ? modGrid::ReadOnlyBackground : modGrid::EditableBackground, NoRedraw);
@@ -28,13 +37,13 @@ void LoadFixedColumn(const LoaderContext& context, HostTable::Row i, AreaPlaces&
     modGrid& driver = context.driver;
     const HostTable& table = context.tables.FIXED_COLS;
     const std::string side = table.Text(i, "FLG_POSITION");
-
+    if (!IsColumnSide(side)) {
+        return;
+    }
     const std::string key = modGrid::ColumnKey(table.Int16(i, "COLUMN_FIX"), side);
     context.keys.column = key;
-    if (side == "L" || side == "R") {
-        AreaPlaces& places = side == "L" ? left : right;
-        places.Append([&](std::int16_t position) { return driver.CreateColumn(key, position, NoRedraw); });
-    }
+    AreaPlaces& places = side == "L" ? left : right;
+    places.Append([&](std::int16_t position) { return driver.CreateColumn(key, position, NoRedraw); });
     const CellKeyView column{key, {}};
     driver.Font(column, side == "R" ? ProminentFont : PlainFont, NoRedraw);
     driver.ColumnWidth(key, table.Int16(i, "COL_WIDTH"), NoRedraw);
@@ -51,13 +60,13 @@ void LoadFixedLine(const LoaderContext& context, HostTable::Row i, AreaPlaces& t
     modGrid& driver = context.driver;
     const HostTable& table = context.tables.FIXED_LINES;
     const std::string side = table.Text(i, "FLG_POSITION");
-
+    if (!IsRowSide(side)) {
+        return;
+    }
     const std::string key = modGrid::RowKey(table.Int16(i, "LINE_FIX"), side);
     context.keys.row = key;
-    if (side == "T" || side == "B") {
-        AreaPlaces& places = side == "T" ? top : bottom;
-        places.Append([&](std::int16_t position) { return driver.CreateRow(key, position, NoRedraw); });
-    }
+    AreaPlaces& places = side == "T" ? top : bottom;
+    places.Append([&](std::int16_t position) { return driver.CreateRow(key, position, NoRedraw); });
     const CellKeyView row{{}, key};
     driver.Font(row, side == "T" ? ProminentFont : PlainFont, NoRedraw);
     driver.RowWidth(key, table.Int16(i, "ROW_WIDTH"), NoRedraw);
@@ -80,7 +89,7 @@ void Creation_FixedColumns(const LoaderContext& context) noexcept {
         ForEachRow(table, [&](HostTable::Row i) {
             const std::string key = table.Text(i, "GRID_ID");
             context.keys.column = key;
-            if (!key.empty()) {
+            if (!key.empty() && IsColumnSide(table.Text(i, "FLG_POSITION"))) {
                 FinishFixed(context.driver, {key, {}}, table.Flag(i, "READONLY"));
             }
         });
@@ -96,7 +105,7 @@ void Creation_FixedLines(const LoaderContext& context) noexcept {
         ForEachRow(table, [&](HostTable::Row i) {
             const std::string key = table.Text(i, "GRID_ID");
             context.keys.row = key;
-            if (!key.empty()) {
+            if (!key.empty() && IsRowSide(table.Text(i, "FLG_POSITION"))) {
                 FinishFixed(context.driver, {{}, key}, table.Flag(i, "READONLY"));
             }
         });

@@ -4,7 +4,10 @@
 #include <string>
 
 #include "automation/BusyScope.h"
+#include "grid/IndexAxis.h"
 #include "grid/LoaderSupport.h"
+#include "grid/Selection.h"
+#include "grid/TrackOrder.h"
 
 namespace planview {
 
@@ -27,9 +30,13 @@ void GridConstruction::CreateFromTables() {
     }
     const BusyScope building(building_);
     modGrid& driver = context_.driver;
+    const GridViewState seen = driver.Grid().ViewState();
     const modGrid::RedrawAtEnd redraw(driver);
     CreateEmpty();
     RunLoaders();
+    ArrangeTracks();
+    driver.Grid().RestoreViewState(seen);
+    SelectMarked();
     ScrollToFirst();
     driver.Switch(settings_.switched, NoRedraw);
     driver.LabelColWidth(settings_.labelColumnWidth);
@@ -48,8 +55,21 @@ void GridConstruction::RunLoaders() const {
     CellAttributes(context);
 }
 
+void GridConstruction::ArrangeTracks() const {
+    const TableSlots held = context_.tables;
+    ArrangeAsKept(context_.driver.Grid(), ColumnAxis, held.COLS_INDEX);
+    ArrangeAsKept(context_.driver.Grid(), RowAxis, held.LINE_INDEX);
+}
+
+/// The marks of a table say which of its headings are selected; a table without the field leaves them as they are.
+void GridConstruction::SelectMarked() const {
+    const TableSlots held = context_.tables;
+    SelectMarkedHeadings(held.COLS_INDEX, ColumnAxis, context_.driver.Grid());
+    SelectMarkedHeadings(held.LINE_INDEX, RowAxis, context_.driver.Grid());
+}
+
 void GridConstruction::ScrollToFirst() {
-    // A position whose column or row the tables no longer have leaves the grid where it is.
+    // No position, and one whose column or row the tables no longer have, leaves the grid where it is.
     constexpr std::string_view CenterKind = "C";
     modGrid& driver = context_.driver;
     if (settings_.firstColumn != 0) {

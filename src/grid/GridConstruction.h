@@ -13,12 +13,16 @@ public:
 
     /// Ends the grid that is there and builds an empty one with the label column, the palette and the settings.
     void CreateEmpty();
-    /// The whole way from the tables to a grid on screen; it is drawn once, at the end. The scroll positions of the
-    /// settings are used up by it. Throws Failed when a table, while it is read, leads to another build.
+    /// The whole way from the tables to a grid on screen; it is drawn once, at the end. The scroll position, the
+    /// current cell and the selection stay where their columns and rows are still there; the headings that the tables
+    /// mark are selected. The scroll positions of the settings are used up by it. Throws Failed when a table, while it
+    /// is read, leads to another build.
     void CreateFromTables();
 
 private:
     void RunLoaders() const;
+    void ArrangeTracks() const;
+    void SelectMarked() const;
     void ScrollToFirst();
 
     LoaderContext context_;

@@ -1,10 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "grid/GridSettings.h"
 
+#include "trace/ErrorTrap.h"
+
 namespace planview {
 
+namespace {
+
+constexpr HostTable::Row Row = 1;
+
+}  // namespace
+
 void ReadGridAttributes(const HostTable gridAttr, GridSettings& settings) {
-    constexpr HostTable::Row Row = 1;
     const auto flag = [&](const char* field) { return gridAttr.Flag(Row, field); };
     const auto permission = [&](const char* forbidden) { return static_cast<std::int16_t>(flag(forbidden) ? 0 : 1); };
     const auto number = [&](const char* field) { return gridAttr.Int16(Row, field); };
@@ -18,7 +25,7 @@ void ReadGridAttributes(const HostTable gridAttr, GridSettings& settings) {
     settings.switched = flag("SWITCHED");
     settings.zoomed = flag("ZOOMED");
     settings.backgroundColor = number("BGCOLOR");
-    settings.gridLineColor = number("GRIDLINE_COLOR");
+    settings.gridLineColor = gridAttr.Int16(Row, "GRIDLINE_COLOR", ThemeLineColor);
     settings.firstColumn = number("FIRST_COL");
     settings.firstRow = number("FIRST_ROW");
     settings.chartType = number("CHART_TYPE");
@@ -31,6 +38,18 @@ void ReadGridAttributes(const HostTable gridAttr, GridSettings& settings) {
     settings.optimum = real("OPTIMUM");
     settings.labelColumnWidth = number("LABELCOL_WIDTH");
     settings.titleText = gridAttr.Text(Row, "TITELTEXT");
+}
+
+void PutGridAttribute(const HostTable& gridAttr, std::string_view field, const Variant& value) noexcept {
+    if (gridAttr.IsSet()) {
+        ErrorTrap("GRIDCTL", field, [&] { gridAttr.Put(Row, field, value); });
+    }
+}
+
+void PutGridFlag(const HostTable& gridAttr, std::string_view field, bool set) noexcept {
+    if (gridAttr.IsSet()) {
+        ErrorTrap("GRIDCTL", field, [&] { gridAttr.PutFlag(Row, field, set); });
+    }
 }
 
 }  // namespace planview

@@ -16,6 +16,7 @@ struct IndexAxis {
     std::string_view keyPrefix;   ///< "COL" or "ROW"
     std::string_view markedField;
     std::string_view hiddenField;
+    std::string_view orderField;  ///< optional in the table
     bool columns;
 
     [[nodiscard]] CellKeyView KeysOf(std::string_view key) const noexcept {
@@ -23,7 +24,7 @@ struct IndexAxis {
     }
 };
 
-inline constexpr IndexAxis ColumnAxis{"{cid: ", "COL", "COL_MARKED", "COL_HIDDEN", true};
-inline constexpr IndexAxis RowAxis{"{rid: ", "ROW", "ROW_MARKED", "ROW_HIDDEN", false};
+inline constexpr IndexAxis ColumnAxis{"{cid: ", "COL", "COL_MARKED", "COL_HIDDEN", "COL_ORDER", true};
+inline constexpr IndexAxis RowAxis{"{rid: ", "ROW", "ROW_MARKED", "ROW_HIDDEN", "ROW_ORDER", false};
 
 }  // namespace planview

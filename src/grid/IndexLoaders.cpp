@@ -3,6 +3,7 @@
 
 #include "grid/LineCaption.h"
 #include "grid/LoaderSupport.h"
+#include "grid/LockedLine.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -69,7 +70,7 @@ void LoadRow(const LoaderContext& context, HostTable::Row i, AreaPlaces& places)
 void LockRow(const LoaderContext& context, HostTable::Row i) {
     modGrid& driver = context.driver;
     const HostTable& table = context.tables.LINE_INDEX;
-    if (!table.Flag(i, "READONLY") || table.Flag(i, "ROW_TEXT")) {
+    if (!IsLockedLine(table, i)) {
         return;
     }
     const std::string key = table.Text(i, "GRID_ID");
@@ -83,8 +84,7 @@ void LockRow(const LoaderContext& context, HostTable::Row i) {
     }
     const CellKeyView row{{}, key};
     driver.ReadOnly(row, true, NoRedraw);
-    driver.BackgroundColor(row, modGrid::ReadOnlyBackground, NoRedraw);
-    driver.ForegroundColor(row, modGrid::ReadOnlyForeground, NoRedraw);
+    ShowLocked(driver, row);
     table.Put(i, "GRID_ID", key);
 }
 

@@ -7,35 +7,59 @@ namespace planview {
 
 namespace {
 
-/// All visible columns in their order, left to right; those of the planning area only where asked for.
-std::vector<ColumnId> VisibleColumns(const GridControl& grid, bool planningOnly) {
-    std::vector<ColumnId> visible;
+/// Columns or rows in their order; those of the planning area only where asked for.
+struct Wanted {
+    bool planningOnly = false;
+    HiddenCells hidden = HiddenCells::Taken;
+};
+
+std::vector<ColumnId> ColumnsOf(const GridControl& grid, Wanted wanted) {
+    std::vector<ColumnId> columns;
     for (const ColumnArea area : {ColumnArea::Left, ColumnArea::Center, ColumnArea::Right}) {
-        if (planningOnly && area != ColumnArea::Center) {
+        if (wanted.planningOnly && area != ColumnArea::Center) {
             continue;
         }
         for (const ColumnId column : grid.Columns(area)) {
-            if (!grid.Column(column).hidden) {
-                visible.push_back(column);
+            if (wanted.hidden == HiddenCells::Taken || !grid.Column(column).hidden) {
+                columns.push_back(column);
             }
         }
     }
-    return visible;
+    return columns;
 }
 
-std::vector<RowId> VisibleRows(const GridControl& grid, bool planningOnly) {
-    std::vector<RowId> visible;
+std::vector<RowId> RowsOf(const GridControl& grid, Wanted wanted) {
+    std::vector<RowId> rows;
     for (const RowArea area : {RowArea::Top, RowArea::Center, RowArea::Bottom}) {
-        if (planningOnly && area != RowArea::Center) {
+        if (wanted.planningOnly && area != RowArea::Center) {
             continue;
         }
         for (const RowId row : grid.Rows(area)) {
-            if (!grid.Row(row).hidden) {
-                visible.push_back(row);
+            if (wanted.hidden == HiddenCells::Taken || !grid.Row(row).hidden) {
+                rows.push_back(row);
             }
         }
     }
-    return visible;
+    return rows;
+}
+
+/// What is selected may have been hidden meanwhile; then the user sees the current cell alone.
+bool IsSeen(const GridControl& grid) {
+    const GridSelection& selection = grid.Selection();
+    const std::vector<ColumnId> columns = ColumnsOf(grid, {false, HiddenCells::LeftOut});
+    const std::vector<RowId> rows = RowsOf(grid, {false, HiddenCells::LeftOut});
+    const auto anyWithin = [&grid](const auto& tracks, int first, int last) {
+        return std::any_of(tracks.begin(), tracks.end(), [&](auto track) {
+            const int order = grid.OrderOf(track);
+            return order >= first && order <= last;
+        });
+    };
+    return std::any_of(columns.begin(), columns.end(), [&](ColumnId id) { return selection.HasColumn(id); }) ||
+           std::any_of(rows.begin(), rows.end(), [&](RowId id) { return selection.HasRow(id); }) ||
+           std::any_of(selection.Ranges().begin(), selection.Ranges().end(), [&](const CellRange& range) {
+               return anyWithin(columns, range.firstColumn, range.lastColumn) &&
+                      anyWithin(rows, range.firstRow, range.lastRow);
+           });
 }
 
 template <class Id>
@@ -45,10 +69,10 @@ std::vector<Id> From(const std::vector<Id>& ids, Id first) {
 
 }  // namespace
 
-SelectedBlock BlockOfSelection(const GridControl& grid) {
+SelectedBlock BlockOfSelection(const GridControl& grid, HiddenCells hidden) {
     const GridSelection& selection = grid.Selection();
     SelectedBlock block;
-    if (selection.IsEmpty()) {
+    if (!IsSeen(grid)) {
         if (const std::optional<Cell> current = grid.CurrentCell()) {
             block.columns.push_back(current->column);
             block.rows.push_back(current->row);
@@ -56,12 +80,13 @@ SelectedBlock BlockOfSelection(const GridControl& grid) {
         return block;
     }
     // Whole columns reach over all planning rows, whole rows over all planning columns.
-    for (const ColumnId column : VisibleColumns(grid, selection.HasWholeRows() && selection.Ranges().empty())) {
+    const bool noRanges = selection.Ranges().empty();
+    for (const ColumnId column : ColumnsOf(grid, {selection.HasWholeRows() && noRanges, hidden})) {
         if (selection.HasWholeRows() || selection.TouchesColumn(column, grid.OrderOf(column))) {
             block.columns.push_back(column);
         }
     }
-    for (const RowId row : VisibleRows(grid, selection.HasWholeColumns() && selection.Ranges().empty())) {
+    for (const RowId row : RowsOf(grid, {selection.HasWholeColumns() && noRanges, hidden})) {
         if (selection.HasWholeColumns() || selection.TouchesRow(row, grid.OrderOf(row))) {
             block.rows.push_back(row);
         }
@@ -69,15 +94,17 @@ SelectedBlock BlockOfSelection(const GridControl& grid) {
     return block;
 }
 
-std::vector<Cell> CellsOfSelection(const GridControl& grid) {
-    const SelectedBlock block = BlockOfSelection(grid);
-    const bool one = grid.Selection().IsEmpty();
+std::vector<Cell> CellsOfSelection(const GridControl& grid, HiddenCells hidden) {
+    const SelectedBlock block = BlockOfSelection(grid, hidden);
     std::vector<Cell> cells;
+    if (block.CellCount() == 1) {
+        return {{block.columns.front(), block.rows.front()}};
+    }
     for (const RowId row : block.rows) {
         const int rowOrder = grid.OrderOf(row);
         for (const ColumnId column : block.columns) {
             const Cell cell{column, row};
-            if (one || grid.Selection().HasCell(cell, grid.OrderOf(column), rowOrder)) {
+            if (grid.Selection().HasCell(cell, grid.OrderOf(column), rowOrder)) {
                 cells.push_back(cell);
             }
         }
@@ -107,12 +134,12 @@ std::vector<std::string> SelectedRowKeys(const GridControl& grid) {
 
 std::vector<ColumnId> ColumnsFrom(const GridControl& grid, ColumnId first) {
     const bool planning = grid.Column(first).area == ColumnArea::Center;
-    return planning ? From(VisibleColumns(grid, true), first) : std::vector<ColumnId>{first};
+    return planning ? From(ColumnsOf(grid, {true, HiddenCells::Taken}), first) : std::vector<ColumnId>{first};
 }
 
 std::vector<RowId> RowsFrom(const GridControl& grid, RowId first) {
     const bool planning = grid.Row(first).area == RowArea::Center;
-    return planning ? From(VisibleRows(grid, true), first) : std::vector<RowId>{first};
+    return planning ? From(RowsOf(grid, {true, HiddenCells::Taken}), first) : std::vector<RowId>{first};
 }
 
 }  // namespace planview

@@ -7,6 +7,8 @@
 
 #include "grid/IndexAxis.h"
 #include "grid/LoaderSupport.h"
+#include "grid/LockedLine.h"
+#include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -158,6 +160,9 @@ bool ApplyRowColor(std::string_view method, HostTable lineIndex, modGrid& driver
         if (driver.HeadingSelected(keys) == 1) {
             const std::int16_t color = walk.Table().Int16(i, field);
             (driver.*setColor)(keys, color, NoRedraw);
+            if (IsLockedLine(walk.Table(), i)) {
+                ShowLocked(driver, keys);
+            }
             walk.TraceDetail(" - color: ", color);
         }
         return true;
@@ -250,6 +255,21 @@ bool RowBgColor(HostTable lineIndex, modGrid& driver) {
 
 bool RowFgColor(HostTable lineIndex, modGrid& driver) {
     return ApplyRowColor("RowFgColor", std::move(lineIndex), driver, "ROW_FG", &modGrid::CenterFgColor);
+}
+
+void SelectMarkedHeadings(const HostTable& table, const IndexAxis& axis, GridControl& grid) noexcept {
+    ResumeNext([&] {
+        std::vector<std::pair<std::string, bool>> marks;
+        ForEachRow(table, [&](HostTable::Row i) {
+            marks.emplace_back(table.Text(i, "GRID_ID"), table.Flag(i, axis.markedField));
+        });
+        for (const auto& [key, marked] : marks) {
+            const CellKeyView keys = axis.KeysOf(key);
+            if (!key.empty() && grid.IsSelected(keys) != marked) {
+                marked ? grid.SetSelection(keys, NoRedraw) : grid.DeleteSelection(keys, NoRedraw);
+            }
+        }
+    });
 }
 
 void MirrorSelection(HostTable colsIndex, HostTable lineIndex, const modGrid& driver) {

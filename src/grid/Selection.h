@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "automation/HostTable.h"
+#include "grid/IndexAxis.h"
 #include "grid/modGrid.h"
 
 namespace planview {
@@ -41,9 +42,13 @@ inline constexpr std::int16_t ResetRowHeight = 22;
 [[nodiscard]] bool ColWidthReset(HostTable colsIndex, modGrid& driver, ResetScope scope);
 [[nodiscard]] bool RowHeightReset(HostTable lineIndex, modGrid& driver, ResetScope scope);
 
-/// Gives the selected rows the colour that the table has for them.
+/// Gives the selected rows the colour that the table has for them; a locked line goes on looking locked.
 [[nodiscard]] bool RowBgColor(HostTable lineIndex, modGrid& driver);
 [[nodiscard]] bool RowFgColor(HostTable lineIndex, modGrid& driver);
+
+/// Selects the headings that the table marks and no others, without an event or an entry. Leaves the selection as it is
+/// where the table has no marks to read.
+void SelectMarkedHeadings(const HostTable& table, const IndexAxis& axis, GridControl& grid) noexcept;
 
 /// Writes every mark of both tables afresh from the grid's selection.
 void MirrorSelection(HostTable colsIndex, HostTable lineIndex, const modGrid& driver);

@@ -29,7 +29,7 @@ private:
 SelectionSummary SummaryOfSelection(const GridControl& grid) {
     SelectionSummary summary;
     ExactSum sum;
-    for (const Cell cell : CellsOfSelection(grid)) {
+    for (const Cell cell : CellsOfSelection(grid, HiddenCells::LeftOut)) {
         ++summary.cells;
         if (grid.Contents(cell).empty()) {
             continue;

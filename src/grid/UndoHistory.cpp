@@ -1,19 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "grid/UndoHistory.h"
 
-#include <utility>
-
 namespace planview {
 
-void UndoHistory::Record(UndoStep step) {
-    if (step.empty()) {
+void UndoHistory::Record(HistoryStep step) {
+    if (step.Size() == 0) {
         return;
     }
     while (steps_.size() > done_) {
-        changes_ -= steps_.back().size();
+        changes_ -= steps_.back().Size();
         steps_.pop_back();
     }
-    changes_ += step.size();
+    changes_ += step.Size();
     steps_.push_back(std::move(step));
     while (steps_.size() > MaxSteps || (changes_ > MaxChanges && steps_.size() > 1)) {
         DropOldest();
@@ -22,34 +20,35 @@ void UndoHistory::Record(UndoStep step) {
 }
 
 void UndoHistory::DropOldest() {
-    changes_ -= steps_.front().size();
+    changes_ -= steps_.front().Size();
     steps_.erase(steps_.begin());
 }
 
-const UndoStep& UndoHistory::TakeUndo() {
+const HistoryStep& UndoHistory::TakeUndo() {
     undone_ = true;
     return steps_.at(--done_);
 }
 
-const UndoStep& UndoHistory::TakeRedo() {
+const HistoryStep& UndoHistory::TakeRedo() {
     undone_ = false;
     return steps_.at(done_++);
 }
 
 void UndoHistory::PutBack(const std::vector<bool>& failed) {
     const std::size_t taken = undone_ ? done_ : done_ - 1;
-    UndoStep stillDone;
-    UndoStep stillUndone;
-    for (std::size_t i = 0; i < steps_.at(taken).size(); ++i) {
+    HistoryStep stillDone;
+    HistoryStep stillUndone;
+    UndoStep& cells = steps_.at(taken).cells;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
         // What failed is where it was before: done when it was to be undone.
-        (failed.at(i) == undone_ ? stillDone : stillUndone).push_back(std::move(steps_[taken][i]));
+        (failed.at(i) == undone_ ? stillDone : stillUndone).cells.push_back(std::move(cells[i]));
     }
     auto place = steps_.erase(steps_.begin() + static_cast<std::ptrdiff_t>(taken));
     done_ = taken;
-    if (!stillUndone.empty()) {
+    if (stillUndone.Size() > 0) {
         place = steps_.insert(place, std::move(stillUndone));
     }
-    if (!stillDone.empty()) {
+    if (stillDone.Size() > 0) {
         steps_.insert(place, std::move(stillDone));
         ++done_;
     }

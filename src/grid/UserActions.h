@@ -24,6 +24,10 @@ public:
     virtual ~UserActions() = default;
     /// `changes` are the cells that changed. `undoable` when the undo history has taken them.
     virtual void Edited(const EditNote& note, const UndoStep& changes, bool undoable) noexcept = 0;
+    /// The history has taken what the user did to columns or rows. `recorded` when the command that did it is recorded
+    /// next.
+    virtual void TracksChanged(bool recorded) noexcept = 0;
+    /// Without changes of values what was done to columns or rows.
     virtual void Undone(const UndoStep& changes) noexcept = 0;
     virtual void Redone(const UndoStep& changes) noexcept = 0;
     /// Whether anybody wants to hear; what is costly to tell is told only then.

@@ -204,7 +204,10 @@ void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> v
         const CellKey key = grid.KeyOf(*cell);
         if (refusal == Refusal::None) {
             const std::string shown = grid.Contents(*cell);
-            ++(ChangeOne(transaction, key, shown, value) ? result.changed : result.failed);
+            const bool hidden = grid.Column(cell->column).hidden || grid.Row(cell->row).hidden;
+            const bool changed = ChangeOne(transaction, key, shown, value);
+            ++(changed ? result.changed : result.failed);
+            result.hidden += changed && hidden ? 1 : 0;
             continue;
         }
         ++(refusal == Refusal::NoNumber ? result.noNumber : result.readOnly);
@@ -216,21 +219,30 @@ void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> v
 
 void ValueEntry::Undo() {
     if (parts_.history.CanUndo()) {
-        const UndoStep step = parts_.history.TakeUndo();  // the host may end the history from inside an event
+        const HistoryStep step = parts_.history.TakeUndo();  // the host may end the history from inside an event
         Apply(step, true);
-        parts_.actions.Undone(step);
+        parts_.actions.Undone(step.cells);
     }
 }
 
 void ValueEntry::Redo() {
     if (parts_.history.CanRedo()) {
-        const UndoStep step = parts_.history.TakeRedo();
+        const HistoryStep step = parts_.history.TakeRedo();
         Apply(step, false);
-        parts_.actions.Redone(step);
+        parts_.actions.Redone(step.cells);
     }
 }
 
-void ValueEntry::Apply(const UndoStep& changes, bool backwards) {
+void ValueEntry::Apply(const HistoryStep& step, bool backwards) {
+    if (!step.tracks.empty()) {
+        parts_.applyTracks(step.tracks, backwards);
+    }
+    if (!step.cells.empty()) {
+        ApplyCells(step.cells, backwards);
+    }
+}
+
+void ValueEntry::ApplyCells(const UndoStep& changes, bool backwards) {
     const std::uint64_t history = parts_.history.Generation();
     std::vector<bool> failed(changes.size(), true);
     const bool withFixed = std::any_of(changes.begin(), changes.end(),
@@ -276,7 +288,7 @@ void ValueEntry::GoTo(const UndoStep& changes) {
     grid.SelectCell(*first, SelectionMode::Replace);
     if (*first != *last) {
         grid.SelectCell(*last, SelectionMode::Extend);
-        if (CellsOfSelection(grid).size() != shown) {
+        if (CellsOfSelection(grid, HiddenCells::LeftOut).size() != shown) {
             grid.SelectCell(*first, SelectionMode::Replace);
         }
     }

@@ -36,6 +36,8 @@ struct ValueEntryParts {
     UserActions& actions;
     /// Brings the chart up to date when it is shown.
     std::function<void()> chartStep;
+    /// Undoes or redoes what the user did to columns and rows.
+    std::function<void(const TrackStep& step, bool backwards)> applyTracks;
     /// An action that announces several values begins or has ended.
     std::function<void(bool running)> tellBulk;
 };
@@ -49,6 +51,7 @@ struct NewValue {
 /// What became of a bulk change.
 struct BulkResult {
     int changed = 0;
+    int hidden = 0;    ///< changed cells in hidden columns or rows
     int failed = 0;    ///< not stored because a table failed; the user has been told
     int readOnly = 0;  ///< refused: read-only cells, text lines and headings
     int noNumber = 0;  ///< refused: a text that is no number
@@ -94,7 +97,8 @@ private:
     template <class Body>
     bool RunBulk(std::size_t count, bool withFixed, const Body& body);
     void ChangeAll(Transaction& transaction, std::span<const NewValue> values, BulkResult& result);
-    void Apply(const UndoStep& changes, bool backwards);
+    void Apply(const HistoryStep& step, bool backwards);
+    void ApplyCells(const UndoStep& changes, bool backwards);
     void GoTo(const UndoStep& changes);
     /// `shown` is what the cell showed before the action: of a fixed cell TAB does not keep it.
     bool ChangeOne(Transaction& transaction, const CellKey& cell, const std::string& shown, const Variant& value);

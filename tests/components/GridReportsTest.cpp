@@ -126,19 +126,20 @@ TEST_F(GridReportsTest, BordersAreDraggedWithOneEvent) {
         std::function<GridStatus()> press;
         std::function<int()> size;
         const char* event;
+        const char* hides = nullptr;  ///< the event of a drag below the least size
     };
     const ColumnId column = ColumnAt("COL2");
     const RowId row = RowAt("ROW2");
     const auto firstColumnHeight = [this] { return grid_.Column(ColumnAt("COL1")).height; };
     const Row rows[] = {
         {"column", [&] { return grid_.PressColumnBorder(column, false); }, [&] { return grid_.Column(column).width; },
-         "ColumnResized COL2 123"},
+         "ColumnResized COL2 123", "HideColumn COL2"},
         {"row", [&] { return grid_.PressRowBorder(row, false); }, [&] { return grid_.Row(row).height; },
-         "RowResized ROW2 123"},
+         "RowResized ROW2 123", "HideRow ROW2"},
         {"switched column", [&] { return grid_.PressColumnBorder(column, true); },
-         [&] { return grid_.Column(column).height; }, "HeadingHeightResized COL2 123"},
+         [&] { return grid_.Column(column).height; }, "HeadingHeightResized COL2 123", "HideColumn COL2"},
         {"switched row", [&] { return grid_.PressRowBorder(row, true); }, [&] { return grid_.Row(row).width; },
-         "HeadingWidthResized ROW2 123"},
+         "HeadingWidthResized ROW2 123", "HideRow ROW2"},
         {"labels", [&] { return grid_.PressColumnBorder(ColumnAt("FLC0"), false); },
          [&] { return grid_.Settings().labelColumnWidth; }, "ColumnResized FLC0 123"},
         {"heading", [&] { return grid_.PressRowBorder(RowAt("FTR0"), false); }, firstColumnHeight,
@@ -150,12 +151,27 @@ TEST_F(GridReportsTest, BordersAreDraggedWithOneEvent) {
         const int before = border.size();
         EXPECT_EQ(border.press(), GridStatus::Ok) << border.name;
         grid_.DragBorder(-5);
-        EXPECT_EQ(border.size(), 1) << border.name;
+        EXPECT_EQ(border.size(), border.hides ? 1 : LeastTrackSize) << border.name;
         grid_.DragBorder(1000000);
         EXPECT_EQ(border.size(), MaxTrackSize) << border.name;
         EXPECT_EQ(Reported(), "L L ") << border.name;
         EXPECT_EQ(grid_.CancelBorder(), GridStatus::Ok);
         EXPECT_EQ(border.size(), before) << border.name;
+        for (const int size : {LeastTrackSize - 1, LeastTrackSize}) {
+            border.press();
+            grid_.DragBorder(size);
+            grid_.ReleaseBorder();
+            const bool hidden = border.hides && size < LeastTrackSize;
+            EXPECT_EQ(border.size(), hidden ? before : LeastTrackSize) << border.name;
+            EXPECT_EQ(log_.events.front().starts_with("Hide"), hidden) << log_.events.front();
+            EXPECT_FALSE(hidden && log_.events.front() != border.hides) << log_.events.front();
+            log_.events.clear();
+        }
+        border.press();
+        grid_.DragBorder(before);
+        grid_.ReleaseBorder();
+        log_.events.clear();
+        Reported();
 
         border.press();
         EXPECT_EQ(grid_.ReleaseBorder(), GridStatus::Ok) << "a click only";
@@ -170,6 +186,13 @@ TEST_F(GridReportsTest, BordersAreDraggedWithOneEvent) {
         log_.events.clear();
         Reported();
     }
+    for (const ColumnId other : grid_.Columns(ColumnArea::Center)) {
+        SetColumn(grid_.Column(other).key, GridAttribute::Hidden, other != column);
+    }
+    grid_.PressColumnBorder(column, false);
+    grid_.DragBorder(2);
+    EXPECT_EQ(grid_.Column(column).width, LeastTrackSize) << "the last one to be seen stays";
+    grid_.CancelBorder();
     SetGrid(GridAttribute::LabelAutoFit, true);
     EXPECT_EQ(grid_.PressColumnBorder(ColumnAt("FLC0"), false), GridStatus::AttributeNotPossible);
     grid_.PressColumnBorder(column, false);

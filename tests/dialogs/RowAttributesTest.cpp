@@ -134,6 +134,98 @@ TEST_F(RowAttributesTest, TextLinesGetTheirChartMarkTwice) {
     EXPECT_EQ(std::count(lineLog->puts.begin(), lineLog->puts.end(), "SHOW_CHART="), 2);
 }
 
+/// Only the next build used to make it look locked again.
+TEST_F(RowAttributesTest, ALockedLineGoesOnLookingLocked) {
+    Set(2, "READONLY", "X");
+    Set(2, "ROW_BG", 3);
+    context.grid.construction.CreateFromTables();
+    const auto look = [&] {
+        const CellLook now = context.grid.control.Look(context.grid.control.FindCell({"COL1", "ROW2"}).value());
+        return std::pair{now.background, now.foreground};
+    };
+    const std::pair built = look();
+    EXPECT_EQ(built.first, modGrid::ReadOnlyBackground);
+    Select({"ROW2"});
+    WhileShown<frmRow>([&](frmRow& form) {
+        form.Set_BgColor(5);
+        form.cmdOk_Click();
+    });
+    context.grid.rowAttributes.Run();
+    EXPECT_EQ(look(), built);
+    Select({"ROW2"});
+    context.runner.Run(Command::ColorRowBackground, {.value = std::int16_t{6}});
+    context.runner.Run(Command::ColorRowText, {.value = std::int16_t{7}});
+    EXPECT_EQ(look(), built);
+    EXPECT_EQ(Text(*tables.lineIndex, 2, "ROW_BG") + Text(*tables.lineIndex, 2, "ROW_FG"), "67")
+        << "kept for when the line is unlocked";
+}
+
+TEST_F(RowAttributesTest, ChartMarksChangeWithTheTickOnly) {
+    const struct {
+        const char* mark;
+        bool tick;
+        const char* after;
+    } cases[] = {{"S", false, "S"}, {"F", false, "F"}, {"S", true, "X"},
+                 {"", true, "X"},   {"X", true, "X"},  {"X", false, ""}};
+    for (const char* textLine : {"", "X"}) {
+        Set(3, "ROW_TEXT", textLine);
+        for (const auto& row : cases) {
+            Set(3, "SHOW_CHART", row.mark);
+            Select({"ROW3"});
+            WhileShown<frmRow>([&](frmRow& form) {
+                form.chkChart.Value = row.tick ? 1 : 0;
+                form.cmdOk_Click();
+            });
+            context.grid.rowAttributes.Run();
+            EXPECT_EQ(Text(*tables.lineIndex, 3, "SHOW_CHART"), row.after) << row.mark << row.tick << textLine;
+        }
+    }
+}
+
+TEST_F(RowAttributesTest, AHostWithoutChartFieldsHasTheDialogToo) {
+    /// LINE_INDEX without the field.
+    class ChartlessTable final : public AutomationObject {
+    public:
+        explicit ChartlessTable(test::TableRef inner) : inner_(std::move(inner)) {}
+        DispatchId IdOf(std::string_view name) const override { return inner_->IdOf(name); }
+        Variant Get(DispatchId member, Arguments a) override {
+            Refuse(a);
+            return inner_->Get(member, a);
+        }
+        void Put(DispatchId member, Arguments a, const Variant& value) override {
+            Refuse(a);
+            inner_->Put(member, a, value);
+        }
+        Variant Call(DispatchId member, Arguments a) override { return inner_->Call(member, a); }
+
+    private:
+        static void Refuse(Arguments a) {
+            if (a.size() == 2 && a[1].AsText() == "SHOW_CHART") {
+                throw AutomationError(AutomationErrorCode::UnknownMember, "no such field");
+            }
+        }
+        test::TableRef inner_;
+    };
+    context.shared.tables.LINE_INDEX = HostTable(std::make_shared<ChartlessTable>(tables.lineIndex));
+    for (const bool tick : {false, true}) {
+        Select({"ROW2"});
+        bool shown = false;
+        WhileShown<frmRow>([&](frmRow& form) {
+            shown = true;
+            form.chkChart.Value = tick ? 1 : 0;
+            form.txtHeight = tick ? "50" : "40";
+            form.cmdOk_Click();
+        });
+        if (tick) {
+            ExpectErrors();
+        }
+        context.grid.rowAttributes.Run();
+        EXPECT_TRUE(shown);
+        EXPECT_EQ(RowState("ROW2"), tick ? "50" : "40");
+    }
+    EXPECT_EQ(Entries(IsError).size(), 1U) << "what was asked for and could not be kept";
+}
+
 TEST_F(RowAttributesTest, UntouchedFontsStayAsTheHostWroteThem) {
     const struct {
         const char* given;

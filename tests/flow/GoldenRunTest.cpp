@@ -257,7 +257,9 @@ void GoldenRun::SelectAndHide() {
     Grid().SelectColumn(Column("COL3"), SelectionMode::Extend);
     Step("and hidden");
     control->View().HideColumns();
-    Step("and shown");
+    Step("and shown between the headings beside them");
+    Grid().SelectColumn(Column("COL1"), SelectionMode::Replace);
+    Grid().SelectColumn(Column("COL4"), SelectionMode::Extend);
     control->View().ShowColumns();
     Step("everything is selected, then nothing");
     Grid().SelectAll();
@@ -281,7 +283,8 @@ void GoldenRun::Popups() {
         RightClick("COL2/FTR0", {entry});
     }
     Grid().SelectColumn(Column("COL4"), SelectionMode::Replace);
-    for (const char* entry : {"mnuColsSelectBlock", "mnuColsHide", "mnuColsShow", "mnuWidthReset"}) {
+    for (const char* entry :
+         {"mnuColsSelectBlock", "mnuColsHide", "mnuColsSelectAll", "mnuColsShow", "mnuWidthReset"}) {
         RightClick("COL4/FTR0", {entry});
     }
     Step("entries of the rows' popup");

@@ -5,6 +5,7 @@
 
 #include "components/GridControl.h"
 #include "control/ControlParts.h"
+#include "grid/SelectedCells.h"
 #include "grid/modGrid.h"
 #include "support/SampleTables.h"
 #include "support/TraceOracle.h"
@@ -191,12 +192,35 @@ TEST_F(ConstructionTest, FixedColumnsAndRowsKeepTheTablesOrderOnTheirSides) {
                                                      : *side == 'L' ? "T"
                                                                     : ""}});
     }
-    ExpectErrors();
     Build();
     EXPECT_EQ(Keys(ColumnArea::Right), (Lines{"FRC2", "FRC1", "FRC7"}));
     EXPECT_EQ(Keys(ColumnArea::Left), (Lines{"FLC0", "FLC5", "FLC4"}));
     EXPECT_EQ(Keys(RowArea::Bottom), (Lines{"FBR2", "FBR1", "FBR7"}));
     EXPECT_EQ(Keys(RowArea::Top), (Lines{"FTR5", "FTR4", "FTR0"}));
+}
+
+TEST_F(ConstructionTest, FixedRowsOfAnUnknownSideChangeNothing) {
+    for (const char* side : {"", "C", "l"}) {
+        AddRow(*tables.fixedCols, {{"COLUMN_FIX", 3},
+                                   {"FLG_POSITION", side},
+                                   {"READONLY", "X"},
+                                   {"COL_WIDTH", 99},
+                                   {"COL_FORMAT", "0.00"},
+                                   {"GRID_ID", "COL3"}});
+        AddRow(*tables.fixedLines, {{"LINE_FIX", 2},
+                                    {"FLG_POSITION", side},
+                                    {"READONLY", "X"},
+                                    {"ROW_HEIGHT", 99},
+                                    {"ROW_FORMAT", "0.00"},
+                                    {"GRID_ID", "ROW2"}});
+    }
+    Build();
+    EXPECT_FALSE(Look("COL3", "ROW2").readOnly);
+    EXPECT_FALSE(Look("COL3", "ROW2").relief);
+    EXPECT_EQ(Look("COL3", "ROW2").format, nullptr);
+    EXPECT_NE(Grid().Column(*Grid().FindColumn("COL3")).width, 99);
+    EXPECT_NE(Grid().Row(*Grid().FindRow("ROW2")).height, 99);
+    EXPECT_EQ(Grid().HeadingKind({"COL3", "FTR0"}), 19) << "it can be selected";
 }
 
 TEST_F(ConstructionTest, FixedColumnsAndRowsCarryTheirFormats) {
@@ -352,7 +376,7 @@ TEST_F(ConstructionTest, WrapperEntriesCarryTheirLabels) {
               "GRIDCTL |  | Contents | {cid: COL3 - rid: FTR0 - contents:Mar - redraw:False}");
     EXPECT_EQ(EntriesOf("CenterFgColor")[0],
               "GRIDCTL |  | CenterFgColor | {cid:  - rid: ROW2 - color:1 - redraw:False}");
-    EXPECT_EQ(EntriesOf("Gridlines color"), Lines{"GRIDCTL |  | Gridlines color | {color:0 - redraw:False}"});
+    EXPECT_EQ(EntriesOf("Gridlines color"), Lines{"GRIDCTL |  | Gridlines color | {color:8 - redraw:False}"});
     EXPECT_EQ(EntriesOf("CreateColor").size(), 16U);
     EXPECT_EQ(EntriesOf("LabelColWidth"), Lines{"GRIDCTL |  | LabelColWidth | {width:0}"});
     EXPECT_EQ(EntriesOf("column key").front(), "GRIDCTL |  | column key | {index: 3}");
@@ -365,8 +389,58 @@ TEST_F(ConstructionTest, TheFirstColumnAndRowAreScrolledToOnce) {
     EXPECT_EQ(Grid().Column(*Grid().FirstColumn()).key, "COL7");
     EXPECT_EQ(Grid().Row(*Grid().FirstRow()).key, "ROW5");
     EXPECT_EQ(Grid().KeyOf(*Grid().CurrentCell()), (CellKey{"COL7", "ROW5"})) << "keys start where the user looks";
+    tables.gridAttr->SetValue(1, "FIRST_COL", 3);
     control.DP_Import_Update();
-    EXPECT_EQ(Grid().Column(*Grid().FirstColumn()).key, "COL3") << "used up; the host sets it anew";
+    EXPECT_EQ(Grid().Column(*Grid().FirstColumn()).key, "COL7") << "used up; the host has it read anew";
+    EXPECT_EQ(EntriesOf("FirstColumn").size(), 1U);
+}
+
+/// What a host's own refresh must not take from the planner.
+TEST_F(ConstructionTest, ABuildLeavesTheUserWhereHeIs) {
+    tables.AddColumn(8, "Aug");
+    tables.AddLine(6, "Sum");
+    Build();
+    Grid().ScrollToColumn(*Grid().FindColumn("COL7"));
+    Grid().ScrollToRow(*Grid().FindRow("ROW5"));
+    Grid().SelectCell(At("COL8", "ROW6"), SelectionMode::Replace);
+    Grid().SelectCell(At("COL7", "ROW5"), SelectionMode::Extend);
+    const auto state = [&] {
+        const CellKey current = Grid().KeyOf(Grid().CurrentCell().value());
+        std::string text = Grid().Column(*Grid().FirstColumn()).key + " " + Grid().Row(*Grid().FirstRow()).key + " " +
+                           current.column + "/" + current.row;
+        for (const Cell cell : CellsOfSelection(Grid())) {
+            text += " " + Grid().KeyOf(cell).column + "/" + Grid().KeyOf(cell).row;
+        }
+        return text;
+    };
+    const std::string before = state();
+    EXPECT_EQ(before, "COL7 ROW5 COL8/ROW6 COL7/ROW5 COL8/ROW5 COL7/ROW6 COL8/ROW6");
+    ForgetEntries();
+    control.DP_Import_Update();
+    EXPECT_EQ(state(), before);
+    EXPECT_EQ(EntriesOf("FirstColumn"), Lines{}) << "nothing that the tables asked for";
+    EXPECT_EQ(EntriesOf("Selected"), Lines{});
+    Grid().SelectCell(At("COL3", "ROW6"), SelectionMode::Extend);
+    EXPECT_EQ(CellsOfSelection(Grid()).size(), 3U) << "the block goes on from its own anchor";
+    tables.colsIndex->RemoveRow(3);
+    control.DP_Import_Update();
+    EXPECT_EQ(Grid().Column(*Grid().FirstColumn()).key, "COL7");
+    EXPECT_TRUE(Grid().Selection().IsEmpty()) << "its corner is gone";
+    EXPECT_EQ(Grid().KeyOf(Grid().CurrentCell().value()), (CellKey{"COL7", "ROW5"}));
+}
+
+TEST_F(ConstructionTest, ABuildSelectsWhatTheTablesMark) {
+    tables.colsIndex->SetValue(2, "COL_MARKED", "X");
+    tables.lineIndex->SetValue(1, "ROW_MARKED", "X");
+    Build();
+    EXPECT_TRUE(Grid().IsSelected({"COL7", {}}));
+    EXPECT_FALSE(Grid().IsSelected({"COL3", {}}));
+    EXPECT_TRUE(Grid().IsSelected({{}, "ROW2"}));
+    tables.colsIndex->SetValue(2, "COL_MARKED", "");
+    control.DP_Import_Update();
+    EXPECT_FALSE(Grid().IsSelected({"COL7", {}})) << "the host has taken the mark away";
+    EXPECT_TRUE(Grid().IsSelected({{}, "ROW2"}));
+    EXPECT_EQ(EntriesOf("SetSelection"), Lines{});
 }
 
 TEST_F(ConstructionTest, AFirstColumnThatThereIsNotLeavesTheGridAlone) {

@@ -124,6 +124,10 @@ TEST(GridSettings, AnEmptyTablePermitsAndScalesByItself) {
     EXPECT_TRUE(settings.autoMinimum);
     EXPECT_TRUE(settings.autoMaximum);
     EXPECT_EQ(settings.singleValue, 0);
+    EXPECT_EQ(settings.gridLineColor, ThemeLineColor) << "white lines would stand out in the dark";
+    tables.gridAttr->SetValue(1, "GRIDLINE_COLOR", 0);
+    ReadGridAttributes(HostTable(tables.gridAttr), settings);
+    EXPECT_EQ(settings.gridLineColor, 0) << "a host that says white gets white";
 }
 
 TEST(GridSettings, FieldsAreReadFromTheFirstRowInTheirOrder) {

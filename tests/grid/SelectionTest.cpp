@@ -89,9 +89,12 @@ TEST_F(SelectionTest, CommandsHideAndShowWhatIsSelectedAndTellTheHost) {
     EXPECT_EQ(EntriesOf("#HIDE COLUMNS#"), Lines{"GRIDCTL | {} | #HIDE COLUMNS# | BEGIN"});
     EXPECT_EQ(EntriesOf("HideColumn"),
               (Lines{"GRIDCTL | {cid: COL2} | HideColumn | ", "GRIDCTL | {cid: COL3} | HideColumn | "}));
+    EXPECT_EQ(Marked(), ".....") << "the selection is the current cell now";
+    SelectColumns({1, 2, 3, 4});
     context.runner.Run(Command::ShowColumns);
     EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), ".....");
     tables.colsIndex->SetValue(5, "COL_HIDDEN", "X");
+    SelectColumns({2, 3});
     context.runner.Run(Command::HideColumns);
     host.updates = 0;
     ForgetEntries();
@@ -107,6 +110,41 @@ TEST_F(SelectionTest, CommandsHideAndShowWhatIsSelectedAndTellTheHost) {
     EXPECT_EQ(Flags(*tables.lineIndex, "ROW_HIDDEN"), ".....");
     EXPECT_FALSE(context.grid.control.Row(*context.grid.control.FindRow("ROW2")).hidden);
     context.shared.events.RemoveSink(host);
+}
+
+TEST_F(SelectionTest, BordersDraggedTogetherHide) {
+    const auto drag = [&](const char* column) {
+        context.grid.control.PressColumnBorder(*context.grid.control.FindColumn(column), false);
+        context.grid.control.DragBorder(3);
+        context.grid.control.ReleaseBorder();
+    };
+    drag("COL2");
+    EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), ".X...");
+    EXPECT_EQ(Widths(), "70 70 70 70 70 ") << "shown again it has its size";
+    SelectColumns({3, 4});
+    drag("COL1");
+    EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), "XX...") << "the selected ones are others";
+    SelectColumns({3, 4});
+    drag("COL4");
+    EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), "XXXX.");
+    EXPECT_EQ(EntriesOf("ColumnResized"), Lines{});
+    drag("COL5");
+    EXPECT_EQ(Flags(*tables.colsIndex, "COL_HIDDEN"), "XXXX.");
+    EXPECT_EQ(tables.colsIndex->Value(5, "COL_WIDTH"), Variant(std::int16_t{8}));
+    context.grid.control.PressRowBorder(*context.grid.control.FindRow("ROW3"), false);
+    context.grid.control.DragBorder(3);
+    context.grid.control.ReleaseBorder();
+    EXPECT_EQ(Flags(*tables.lineIndex, "ROW_HIDDEN"), "..X..");
+}
+
+TEST_F(SelectionTest, SelectingByKeyTakesAllColumnsOfTheBlock) {
+    GridControl& grid = context.grid.control;
+    grid.SelectCell(grid.FindCell({"COL4", "ROW3"}).value(), SelectionMode::Replace);
+    grid.SelectCell(grid.FindCell({"COL2", "ROW2"}).value(), SelectionMode::Extend);
+    context.runner.Run(Command::SelectColumn);
+    EXPECT_EQ(Marked(), ".XXX.");
+    context.runner.Run(Command::SelectRow);
+    EXPECT_EQ(Flags(*tables.lineIndex, "ROW_MARKED"), "..X..");
 }
 
 TEST_F(SelectionTest, ResetReachesEveryColumnWhateverIsSelected) {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "grid/ValueEntryFixture.h"
+#include "support/StubbornTable.h"
 
 namespace planview {
 
 using test::Lines;
+using test::StubbornTable;
 using test::ValueEntryTest;
 
 TEST_F(ValueEntryTest, AnEditTakesItsSteps) {
@@ -206,16 +208,125 @@ TEST_F(ValueEntryTest, OneValueOrOneRowFillsASelection) {
     EXPECT_EQ(Shown(), "[10][20][] | [30][][] | [][][]");
 }
 
-TEST_F(ValueEntryTest, CopyAndCutTakeTheVisibleBlock) {
+/// As in a spreadsheet: else what is pasted would come out beside the places that it was copied from.
+TEST_F(ValueEntryTest, HiddenCellsArePartOfTheBlockAndCounted) {
     tables.colsIndex->SetValue(2, "COL_HIDDEN", "X");
     control->DP_Import_Update();
     Type("COL3", "ROW1", "1234.5");
     Select("COL1", "ROW1", "COL3", "ROW2");
     EXPECT_TRUE(Grid().ReportKeyDown(2, 'C'));
-    EXPECT_EQ(platform.onClipboard.text, "10\t1234,5\n30\t\n");
+    EXPECT_EQ(platform.onClipboard.text, "10\t20\t1234,5\n30\t\t\n");
     EXPECT_NE(platform.onClipboard.html.find("sdval=\"1234.5\""), std::string::npos);
+    EXPECT_EQ(platform.messages.size(), 0U);
     EXPECT_TRUE(Grid().ReportKeyDown(2, 'X'));
-    EXPECT_EQ(Shown(), "[][20][] | [][][] | [][][]") << "the hidden cell keeps its value";
+    EXPECT_EQ(Shown(), "[][][] | [][][] | [][][]");
+    ASSERT_EQ(platform.messages.size(), 1U);
+    EXPECT_EQ(platform.messages[0].text, "6 cells emptied, 2 of them hidden.");
+    Grid().SelectCell(At("COL1", "ROW1"), SelectionMode::Replace);
+    platform.onClipboard = {"1\t2\t3\t4", ""};
+    control->Editing().Paste();
+    EXPECT_EQ(Shown(), "[1][2][3] | [][][] | [][][]");
+    EXPECT_EQ(platform.messages.back().text,
+              "3 cells pasted, 1 of them hidden.\n1 value would have gone beyond the edge of the table.");
+    control->Editing().Undo();
+    EXPECT_EQ(Shown(), "[][][] | [][][] | [][][]");
+    EXPECT_TRUE(Grid().Selection().HasCell(At("COL3", "ROW1"), 3, 1)) << "they are selected as one block again";
+}
+
+TEST_F(ValueEntryTest, HiddenCellsAloneAreNoSelection) {
+    const struct {
+        const char* what;
+        std::function<void()> hide;
+    } cases[] = {
+        {"by command",
+         [&] {
+             Grid().SelectColumn(At("COL2", "ROW1").column, SelectionMode::Replace);
+             control->View().HideColumns();
+             EXPECT_TRUE(Grid().Selection().IsEmpty());
+             EXPECT_EQ(tables.colsIndex->Value(2, "COL_MARKED"), Variant(""));
+         }},
+        {"rows by command",
+         [&] {
+             Grid().SelectRow(At("COL1", "ROW1").row, SelectionMode::Replace);
+             control->View().HideRows();
+             EXPECT_TRUE(Grid().Selection().IsEmpty());
+         }},
+        {"by the host's call",
+         [&] {
+             Grid().SelectRow(At("COL1", "ROW1").row, SelectionMode::Replace);
+             control->plv_MarkedRowsHide();
+             EXPECT_EQ(tables.lineIndex->Value(1, "ROW_MARKED"), Variant("X")) << "to be shown again by them";
+         }},
+        {"a block of cells",
+         [&] {
+             Select("COL2", "ROW1", "COL2", "ROW2");
+             Grid().SetAttribute(GridElement::Column, {"COL2", {}}, GridAttribute::Hidden, true, true);
+         }},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.what);
+        for (const char* field : {"ROW_HIDDEN", "ROW_MARKED"}) {
+            tables.lineIndex->SetValue(1, field, "");
+        }
+        for (const char* field : {"COL_HIDDEN", "COL_MARKED"}) {
+            tables.colsIndex->SetValue(2, field, "");
+        }
+        control->DP_Import_Update();
+        row.hide();
+        const Cell current = Grid().CurrentCell().value();
+        const std::string before = Shown();
+        EXPECT_TRUE(Grid().ReportKeyDown(2, 'C'));
+        EXPECT_EQ(platform.onClipboard.text, Grid().Contents(current)) << "the cell that the user sees";
+        EXPECT_TRUE(Grid().ReportKeyDown(2, 'V'));
+        EXPECT_EQ(Shown(), before);
+    }
+}
+
+TEST_F(ValueEntryTest, InTheSwitchedViewBlocksAreAsTheScreenShowsThem) {
+    tables.gridAttr->SetValue(1, "SWITCHED", "X");
+    control->DP_Import_Attribute();
+    control->DP_Import_Update();
+    Select("COL1", "ROW1", "COL3", "ROW2");
+    control->Editing().Copy();
+    EXPECT_EQ(platform.onClipboard.text, "10\t30\n20\t\n\t\n") << "a period is a line of the screen";
+    Grid().SelectCell(At("COL1", "ROW1"), SelectionMode::Replace);
+    platform.onClipboard = {"1\t2\n3\n4\t5\n6", ""};
+    control->Editing().Paste();
+    EXPECT_EQ(Shown(), "[1][3][4] | [2][][5] | [][][]") << "short lines leave their last places alone";
+    EXPECT_EQ(platform.messages.back().text, "5 cells pasted.\n1 value would have gone beyond the edge of the table.");
+    Select("COL1", "ROW1", "COL3", "ROW2");
+    platform.onClipboard.text = "7\t8";
+    control->Editing().Paste();
+    EXPECT_EQ(Shown(), "[7][7][7] | [8][8][8] | [][][]") << "one line of the screen fills the others";
+}
+
+TEST_F(ValueEntryTest, TheHostHearsWhateverGridAttrDoesWithThePosition) {
+    ExpectErrors();
+    const struct {
+        const char* why;
+        std::function<void()> spoil;
+    } cases[] = {
+        {"it refuses the field",
+         [&] { control->PROP_Set_GRID_ATTR(std::make_shared<StubbornTable>(tables.gridAttr, 1, "FIRST_COL")); }},
+        {"it has no row", [&] { control->PROP_Set_GRID_ATTR(MemoryTable::WithFieldsOf("GRID_ATTR")); }},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.why);
+        row.spoil();
+        host.heard.clear();
+        Grid().SelectCell(At("COL1", "ROW1"), SelectionMode::Replace);
+        platform.onClipboard.text = "1\t2";
+        control->Editing().Paste();
+        Grid().ReportKeyPress(13);
+        control->Run(Command::SwitchGrid);
+        control->Run(Command::SwitchChart);
+        EXPECT_EQ(host.heard, (Lines{"update", "return", "update", "update"}));
+        EXPECT_FALSE(EntriesOf("FIRST_COL").empty()) << "the refusal can be seen";
+        control->Run(Command::SwitchGrid);
+        control->Run(Command::SwitchChart);
+    }
+    EXPECT_EQ(tables.gridAttr->Value(1, "FIRST_ROW"), Variant(std::int16_t{1}))
+        << "one refusal does not take the other";
 }
 
 TEST_F(ValueEntryTest, UndoAndRedoFollowTheUsersActions) {

@@ -132,6 +132,7 @@ TEST_F(MenuDispatchTest, EntriesFollowWhatIsTrue) {
     RightClick("COL1/FTR0", {"mnuColsHide"});
     EXPECT_TRUE(Offered("mnuColsHide"));
     EXPECT_FALSE(Offered("mnuColsShow")) << "none of the selected ones is hidden";
+    Grid().SetSelection({"COL1", ""}, true);
     RightClick("COL2/FTR0");
     EXPECT_FALSE(Offered("mnuColsHide")) << "the selected one is hidden already";
     EXPECT_TRUE(Offered("mnuColsShow"));
@@ -139,6 +140,7 @@ TEST_F(MenuDispatchTest, EntriesFollowWhatIsTrue) {
     RightClick("COL2/FTR0");
     EXPECT_FALSE(Offered("mnuColsHide")) << "no heading would be left to show them again from";
 
+    Grid().ClearSelection();  // it would decide on the commands of the cells
     RightClick("COL1/ROW1");
     EXPECT_TRUE(Offered("mnuCellCut"));
     RightClick("COL1/ROW4");
@@ -156,6 +158,40 @@ TEST_F(MenuDispatchTest, EntriesFollowWhatIsTrue) {
     EXPECT_TRUE(Offered("mnuMacroTree"));
 }
 
+TEST_F(MenuDispatchTest, PopupsOnFixedCellsAreAboutTheRowOrColumn) {
+    test::AddRow(*tables.fixedCols, {{"COLUMN_FIX", 1}, {"FLG_POSITION", "L"}});
+    test::AddRow(*tables.fixedLines, {{"LINE_FIX", 1}, {"FLG_POSITION", "T"}});
+    control->DP_Import_Update();
+    Grid().SelectCell(At("FLC1/ROW2"), SelectionMode::Replace);
+    RightClick("FLC1/ROW2", {"mnuRowsHide"});
+    EXPECT_TRUE(Offered("mnuRowsHide"));
+    EXPECT_TRUE(Offered("mnuRowBgColor"));
+    EXPECT_EQ(Field(tables.lineIndex, "ROW_HIDDEN"), (Lines{"", "X", "", ""}));
+    SelectRow("ROW3");
+    SelectRow("ROW4", SelectionMode::Extend);
+    RightClick("FLC1/ROW3");
+    EXPECT_EQ(Field(tables.lineIndex, "ROW_MARKED"), (Lines{"", "", "X", "X"})) << "what is selected stays so";
+    RightClick("COL3/FTR1");
+    EXPECT_TRUE(Offered("mnuColsHide"));
+    EXPECT_EQ(Field(tables.colsIndex, "COL_MARKED"), (Lines{"", "", "X"}));
+    Grid().SelectCell(At("FLC1/ROW1"), SelectionMode::Replace);
+    platform.popups.clear();
+    Grid().ReportMenuKey();
+    EXPECT_TRUE(Offered("mnuRowsHide")) << "by key, too";
+}
+
+TEST_F(MenuDispatchTest, CutAndPasteAreGreyAsTheSelectionIs) {
+    Grid().SelectCell(At("COL1/ROW3"), SelectionMode::Replace);
+    Grid().SelectCell(At("COL2/ROW4"), SelectionMode::Extend);
+    for (const char* place : {"COL1/ROW3", "COL1/ROW4"}) {
+        RightClick(place);
+        EXPECT_TRUE(Offered("mnuCellCut")) << place << ": some of the cells take values";
+        EXPECT_TRUE(Offered("mnuCellPaste")) << place;
+    }
+    RightClick("COL3/ROW4");
+    EXPECT_FALSE(Offered("mnuCellCut")) << "not selected, and read-only";
+}
+
 TEST_F(MenuDispatchTest, CommandsOfColumnsAndRowsReachTablesAndGrid) {
     const auto marked = [&] { return Field(tables.colsIndex, "COL_MARKED"); };
     RightClick("COL2/FTR0", {"mnuColsSelectAll"});
@@ -169,6 +205,7 @@ TEST_F(MenuDispatchTest, CommandsOfColumnsAndRowsReachTablesAndGrid) {
     EXPECT_EQ(marked(), (Lines{"", "X", "X"}));
     RightClick("COL2/FTR0", {"mnuColsHide"});
     EXPECT_EQ(Field(tables.colsIndex, "COL_HIDDEN"), (Lines{"", "X", "X"}));
+    Grid().SelectAll();
     RightClick("COL1/FTR0", {"mnuColsShow"});
     EXPECT_EQ(Field(tables.colsIndex, "COL_HIDDEN"), (Lines{"", "", ""}));
     for (const char* entry : {"mnuWidthReset", "mnuWidthResetAll"}) {
@@ -186,6 +223,7 @@ TEST_F(MenuDispatchTest, CommandsOfColumnsAndRowsReachTablesAndGrid) {
     EXPECT_EQ(Field(tables.lineIndex, "ROW_MARKED"), (Lines{"", "", "X", "X"}));
     RightClick("FLC0/ROW3", {"mnuRowsHide"});
     EXPECT_EQ(Field(tables.lineIndex, "ROW_HIDDEN"), (Lines{"", "", "X", "X"}));
+    Grid().SelectAll();
     RightClick("FLC0/ROW2", {"mnuRowsShow"});
     EXPECT_EQ(Field(tables.lineIndex, "ROW_HIDDEN"), (Lines{"", "", "", ""}));
     RightClick("FLC0/ROW2", {"mnuHeightResetAll"});

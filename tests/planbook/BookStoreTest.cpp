@@ -216,7 +216,7 @@ const Refusal Refusals[] = {
          MakeFullBook(f);
          ChangeBook(f.Path("book"), "PRAGMA user_version = 3");
      },
-     "it has the book version 3, this planbook reads versions up to 2. Open it with a newer planbook."},
+     "it has the book version 4, this planbook reads versions up to 3. Open it with a newer planbook."},
     {"NoVersion",
      [](const TestFolder& f) {
          MakeFullBook(f);

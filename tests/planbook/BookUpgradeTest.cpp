@@ -30,7 +30,7 @@ TEST(BookUpgrade, AVersion1BookGetsWhatCameSinceAndKeepsAllElse) {
     const std::filesystem::path old = MakeVersion1(folder);
     EXPECT_EQ(VersionIn(old), 1);
     const Book book = LoadBook(old);
-    EXPECT_EQ(VersionIn(old), 2);
+    EXPECT_EQ(VersionIn(old), 3);
     const MemoryTable& tree = book[BookTable::MacroTree];
     EXPECT_EQ(tree.Value(2, "NODETEXT").AsText(), "Recorded");
     EXPECT_TRUE(tree.Value(2, "NODETYPE").IsEmpty());

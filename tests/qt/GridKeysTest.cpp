@@ -108,6 +108,31 @@ private slots:
         QVERIFY(!screen.isSelected("COL3", "ROW4"));
     }
 
+    /// So that several columns or rows can be marked, hidden and sized without a mouse.
+    void shiftExtendsHeadings() {
+        for (const bool switched : {false, true}) {
+            GridOnScreen screen(switched);
+            const auto along = switched ? Qt::Key_Down : Qt::Key_Right;
+            const auto across = switched ? Qt::Key_Right : Qt::Key_Down;
+            screen.view().selectCurrent(screen.cell(3, 4), SelectionMode::Replace);
+            screen.grid().SelectColumn(screen.cell(3, 4).column, SelectionMode::Replace);
+            for (const auto key : {along, along, across}) {
+                QTest::keyClick(&screen.view(), key, Qt::ShiftModifier);
+                QVERIFY(screen.isSelected("COL3", "") && screen.isSelected("COL4", ""));
+            }
+            QVERIFY(screen.isSelected("COL5", "") && !screen.isSelected("COL6", ""));
+            QTest::keyClick(&screen.view(), switched ? Qt::Key_Up : Qt::Key_Left, Qt::ShiftModifier);
+            QVERIFY(!screen.isSelected("COL5", "") && screen.isSelected("COL4", ""));
+            QCOMPARE(screen.current(), QStringLiteral("COL3/ROW4"));
+            screen.grid().SelectRow(screen.cell(3, 4).row, SelectionMode::Replace);
+            QTest::keyClick(&screen.view(), across, Qt::ShiftModifier);
+            QTest::keyClick(&screen.view(), along, Qt::ShiftModifier);
+            QVERIFY(screen.isSelected("", "ROW4") && screen.isSelected("", "ROW5") && !screen.isSelected("", "ROW6"));
+            QTest::keyClick(&screen.view(), across);
+            QVERIFY(!screen.isSelected("", "ROW4"));
+        }
+    }
+
     void everythingAndNothing() {
         GridOnScreen screen;
         screen.view().selectCurrent(screen.cell(3, 4), SelectionMode::Replace);

@@ -74,6 +74,21 @@ private slots:
         }
     }
 
+    void fixedPartsLeaveRoomForACell() {
+        Screen screen;
+        screen.set({"FLC1", {}}, GridAttribute::Width, std::int16_t{500});
+        screen.set({"FRC1", {}}, GridAttribute::Width, std::int16_t{300});
+        screen.set({{}, "FTR1"}, GridAttribute::Height, std::int16_t{390});
+        for (const int place : {1, 12}) {
+            screen.view().ensureVisible(screen.cell(place, place));
+            const QRect cell = screen.view().cellRect(screen.cell(place, place));
+            QVERIFY(cell.width() >= Screen::ColumnWidth - 1);
+            QVERIFY(cell.height() >= Screen::RowHeight - 1);
+            QVERIFY(screen.port()->rect().contains(cell));
+            QVERIFY(screen.view().cellRect(screen.cell("FLC1", "FTR0")).intersected(cell).isEmpty());
+        }
+    }
+
     void theLastPageLeavesNoGap() {
         Screen screen;
         screen.view().scrollBy(99, 99);

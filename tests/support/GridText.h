@@ -147,6 +147,11 @@ public:
         Add("HeadingHeightResized", column, height);
     }
     void HeadingWidthResized(const std::string& row, int width) override { Add("HeadingWidthResized", row, width); }
+    void HideColumn(const std::string& column) override { events.push_back("HideColumn " + column); }
+    void HideRow(const std::string& row) override { events.push_back("HideRow " + row); }
+    void Moved(MovedTracks moved, const std::vector<std::string>& before) override {
+        Show(moved == MovedTracks::Columns ? "MovedColumns" : "MovedRows", before);
+    }
     void SelectionChanged(const CellKey& cell, bool selected) override {
         Add("SelectionChanged", cell.column + "/" + cell.row, selected ? 1 : 0);
     }

@@ -81,6 +81,9 @@ void BookSession::open(const std::filesystem::path& file) {
     book_ = store->LoadReadable();
     report_ = store->Report();
     store_ = std::move(store);
+    if (!file_.empty() && file_ != whole) {
+        leave();
+    }
     file_ = whole;
     snapshot_ = BookSnapshot(book_);
     afterwards_ = Afterwards::Nothing;
@@ -93,15 +96,20 @@ void BookSession::open(const std::filesystem::path& file) {
     Q_EMIT opened();
 }
 
+/// A build keeps the place in the table by keys, which mean something else in another book.
+void BookSession::leave() {
+    for (const TableDescription& table : BookSchema()) {
+        view_.control().SetTable(table.name, planview::MemoryTable::WithFieldsOf(table.name));
+    }
+    view_.DP_Import_Create();
+}
+
 void BookSession::reload() {
     if (!isOpen()) {
         return;
     }
-    const QString column = view_.currentColumn();
-    const QString row = view_.currentRow();
     try {
         open(file_);
-        view_.selectCell(column, row);
     } catch (const BookError& error) {
         questions_.tellFailure(QString::fromUtf8(error.what()));
     }
@@ -319,11 +327,8 @@ bool BookSession::doAfterwards() {
 }
 
 void BookSession::rebuild() {
-    const QString column = view_.currentColumn();
-    const QString row = view_.currentRow();
     view_.DP_Import_Attribute();
     view_.DP_Import_Update();
-    view_.selectCell(column, row);
     view_.refreshPendingChanges();
 }
 

@@ -99,6 +99,7 @@ private:
 
     void show();
     /// Builds the view anew from the tables as they are now.
+    void leave();
     void rebuild();
     void setChangedElsewhere(bool changed);
     [[nodiscard]] QString nameOf(CellPlace cell) const;

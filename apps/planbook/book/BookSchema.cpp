@@ -35,17 +35,20 @@ constexpr Field GridAttr[] = {
 };
 
 constexpr Field ColsIndex[] = {
-    {"GRID_ID", Text},       {"COLUMN", Integer},  {"PERDY", Text},        {"COL_WIDTH", Integer},
-    {"COL_HEIGHT", Integer}, {"BITMAP", Text},     {"BMP_ALIGN", Integer}, {"COL_HIDDEN", Text},
-    {"COL_MARKED", Text},    {"SHOW_CHART", Text}, {"CHART_ID", Integer},  {"CHART_TYPE", Integer},
+    {"GRID_ID", Text},         {"COLUMN", Integer},  {"PERDY", Text},        {"COL_WIDTH", Integer},
+    {"COL_HEIGHT", Integer},   {"BITMAP", Text},     {"BMP_ALIGN", Integer}, {"COL_HIDDEN", Text},
+    {"COL_MARKED", Text},      {"SHOW_CHART", Text}, {"CHART_ID", Integer},  {"CHART_TYPE", Integer},
+    {"COL_ORDER", Integer, 3},
 };
 
 constexpr Field LineIndex[] = {
-    {"GRID_ID", Text},    {"LINE", Integer},    {"LINETYPE", Text},    {"ROW_WIDTH", Integer},  {"ROW_HEIGHT", Integer},
-    {"READONLY", Text},   {"ROW_TEXT", Text},   {"ROW_FORMAT", Text},  {"ROW_FONT", Text},      {"ROW_ALIGN", Integer},
-    {"ROW_BG", Integer},  {"ROW_FG", Integer},  {"RELIEF", Text},      {"BITMAP", Text},        {"BMP_ALIGN", Integer},
-    {"LTEXT", Text},      {"FREET", Text},      {"DDICT", Text},       {"PLOBT", Text},         {"ROW_HIDDEN", Text},
-    {"ROW_MARKED", Text}, {"SHOW_CHART", Text}, {"CHART_ID", Integer}, {"CHART_TYPE", Integer},
+    {"GRID_ID", Text},         {"LINE", Integer},      {"LINETYPE", Text},     {"ROW_WIDTH", Integer},
+    {"ROW_HEIGHT", Integer},   {"READONLY", Text},     {"ROW_TEXT", Text},     {"ROW_FORMAT", Text},
+    {"ROW_FONT", Text},        {"ROW_ALIGN", Integer}, {"ROW_BG", Integer},    {"ROW_FG", Integer},
+    {"RELIEF", Text},          {"BITMAP", Text},       {"BMP_ALIGN", Integer}, {"LTEXT", Text},
+    {"FREET", Text},           {"DDICT", Text},        {"PLOBT", Text},        {"ROW_HIDDEN", Text},
+    {"ROW_MARKED", Text},      {"SHOW_CHART", Text},   {"CHART_ID", Integer},  {"CHART_TYPE", Integer},
+    {"ROW_ORDER", Integer, 3},
 };
 
 // TAB and TAB_OLD.

@@ -57,7 +57,7 @@ inline constexpr std::int32_t MaxTableRows = 32767;
 /// "PlBk" in the file's header tells a book from other SQLite files.
 inline constexpr std::int32_t BookApplicationId = 0x506C426B;
 /// Goes up with every change of the schema. 2: the fields of macros and of their recording.
-inline constexpr std::int32_t BookVersion = 2;
+inline constexpr std::int32_t BookVersion = 3;
 
 [[nodiscard]] std::span<const TableDescription, BookTableCount> BookSchema() noexcept;
 [[nodiscard]] const TableDescription& Describe(BookTable table) noexcept;

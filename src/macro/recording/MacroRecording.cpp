@@ -215,6 +215,17 @@ void MacroRecording::Edited(const EditNote& note, const UndoStep& changes, bool 
     });
 }
 
+void MacroRecording::TracksChanged(bool recorded) noexcept {
+    if (state_ == RecordState::Off) {
+        return;
+    }
+    Trapped("TracksChanged", [&] {
+        edits_.push_back({++lastEdit_, {}});
+        undone_.clear();
+        trackEdit_ = recorded ? lastEdit_ : 0;
+    });
+}
+
 /// Removes the steps of the edit. Undoing an edit from before the recording is recorded as entering the old values.
 void MacroRecording::Undone(const UndoStep& changes) noexcept {
     if (state_ == RecordState::Off) {
@@ -223,7 +234,9 @@ void MacroRecording::Undone(const UndoStep& changes) noexcept {
     Trapped("Undone", [&] {
         if (edits_.empty()) {
             undone_.clear();
-            Record(StepsOfEdit(parts_.grid, {}, Reversed(changes)));
+            if (!changes.empty()) {
+                Record(StepsOfEdit(parts_.grid, {}, Reversed(changes)));
+            }
             return;
         }
         Edit edit = std::move(edits_.back());
@@ -249,7 +262,9 @@ void MacroRecording::Redone(const UndoStep& changes) noexcept {
     }
     Trapped("Redone", [&] {
         if (undone_.empty()) {
-            Record(StepsOfEdit(parts_.grid, {}, changes));
+            if (!changes.empty()) {
+                Record(StepsOfEdit(parts_.grid, {}, changes));
+            }
             return;
         }
         Edit edit = std::move(undone_.back());
@@ -265,7 +280,8 @@ void MacroRecording::Redone(const UndoStep& changes) noexcept {
 void MacroRecording::Did(const ViewStep& step) noexcept {
     Trapped("Did", [&] {
         Record({{step.command, DescribePlaces(parts_.grid, PlaceAxis::Columns, step.columns),
-                 DescribePlaces(parts_.grid, PlaceAxis::Lines, step.rows), step.value}});
+                 DescribePlaces(parts_.grid, PlaceAxis::Lines, step.rows), step.value}},
+               std::exchange(trackEdit_, 0));
     });
 }
 

@@ -56,6 +56,7 @@ public:
     // --- What the user does
 
     void Edited(const EditNote& note, const UndoStep& changes, bool undoable) noexcept override;
+    void TracksChanged(bool recorded) noexcept override;
     void Undone(const UndoStep& changes) noexcept override;
     void Redone(const UndoStep& changes) noexcept override;
     [[nodiscard]] bool Listening() const noexcept override { return state_ != RecordState::Off; }
@@ -93,6 +94,7 @@ private:
     std::vector<Edit> edits_;   // done, the last one is undone next
     std::vector<Edit> undone_;  // the last one is redone next
     std::uint64_t lastEdit_ = 0;
+    std::uint64_t trackEdit_ = 0;  // the edit of the command that is recorded next; 0 for none
     ListenerList<void()> listeners_;
 };
 

@@ -231,7 +231,7 @@ std::optional<std::vector<MacroStep>> MacroReplay::OnLine(const GridControl& gri
 }
 
 std::string SelectedLine(const GridControl& grid) {
-    const SelectedBlock block = BlockOfSelection(grid);
+    const SelectedBlock block = BlockOfSelection(grid, HiddenCells::LeftOut);
     if (block.rows.size() != 1 || grid.Row(block.rows.front()).area != RowArea::Center) {
         return {};
     }

@@ -138,7 +138,7 @@ std::string MacroGrid::PeriodsCaptionsOf(const PlaceRange& periods) const {
 std::vector<int> MacroGrid::SelectedLines() const {
     std::vector<int> selected;
     const GridSelection& selection = grid_.Selection();
-    std::vector<RowId> rows = BlockOfSelection(grid_).rows;
+    std::vector<RowId> rows = BlockOfSelection(grid_, HiddenCells::LeftOut).rows;
     if (selection.HasWholeColumns() && !selection.HasWholeRows() && selection.Ranges().empty()) {
         const std::optional<Cell> current = grid_.CurrentCell();
         rows = current ? std::vector<RowId>{current->row} : std::vector<RowId>();
@@ -153,7 +153,7 @@ std::vector<int> MacroGrid::SelectedLines() const {
 
 std::vector<int> MacroGrid::SelectedPeriods() const {
     std::vector<int> selected;
-    for (const ColumnId column : BlockOfSelection(grid_).columns) {
+    for (const ColumnId column : BlockOfSelection(grid_, HiddenCells::LeftOut).columns) {
         if (const std::optional<int> period = FindPeriod(grid_.Column(column).key, {})) {
             selected.push_back(*period);
         }

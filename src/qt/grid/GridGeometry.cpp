@@ -38,10 +38,14 @@ void GridAxis::placeAreas() {
     const int leading = scaled(layout_->Extent(Area::Leading));
     const int center = scaled(layout_->Extent(Area::Center));
     const int trailing = scaled(layout_->Extent(Area::Trailing));
-    const int trailingStart = std::max(leading, std::min(leading + center, extent_ - trailing));
+    // Fixed tracks that leave no room are cut, the trailing ones first, so that a centre track can be seen.
+    const std::span<const AxisItem> items = layout_->Items(Area::Center);
+    const int least = items.empty() ? 0 : std::min(scaled(items.front().size), extent_ / 2);
+    const int leadingEnd = std::min(leading, extent_ - least);
+    const int trailingStart = std::max(leadingEnd + least, std::min(leadingEnd + center, extent_ - trailing));
     contentEnd_ = std::min(trailingStart + trailing, extent_);
-    bands_[static_cast<std::size_t>(Area::Leading)] = {0, std::min(leading, extent_)};
-    bands_[static_cast<std::size_t>(Area::Center)] = {leading, trailingStart};
+    bands_[static_cast<std::size_t>(Area::Leading)] = {0, leadingEnd};
+    bands_[static_cast<std::size_t>(Area::Center)] = {leadingEnd, trailingStart};
     bands_[static_cast<std::size_t>(Area::Trailing)] = {trailingStart, contentEnd_};
 }
 

@@ -77,6 +77,7 @@ public:
     /// Scrolls as little as needed.
     void ensureVisible(Cell cell);
     void scrollBy(int columns, int rows);
+    void extendHeadings(Cell from, Cell to);
     void selectCurrent(Cell cell, SelectionMode mode);
 
     [[nodiscard]] GridEditor& editor() { return editor_; }

@@ -209,7 +209,25 @@ void GridView::move(GridMove move, SelectionMode mode) {
         default:
             break;
     }
-    selectCurrent(*target, mode);
+    if (mode == SelectionMode::Extend && grid_.ExtendedKind() != SelectionKind::Cells) {
+        extendHeadings(*from, *target);
+    } else {
+        selectCurrent(*target, mode);
+    }
+}
+
+/// Along the headings; across them there is nothing to extend.
+void GridView::extendHeadings(Cell from, Cell to) {
+    const QPointer<GridView> self(this);
+    GridStatus status = GridStatus::NoItemAtLocation;
+    if (grid_.ExtendedKind() == SelectionKind::Columns && from.column != to.column) {
+        status = grid_.SelectColumn(to.column, SelectionMode::Extend);
+    } else if (grid_.ExtendedKind() == SelectionKind::Rows && from.row != to.row) {
+        status = grid_.SelectRow(to.row, SelectionMode::Extend);
+    }
+    if (self && status == GridStatus::Ok) {
+        ensureVisible(to);
+    }
 }
 
 void GridView::selectCurrent(Cell cell, SelectionMode mode) {

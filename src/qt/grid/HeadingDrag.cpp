@@ -166,21 +166,28 @@ void HeadingDrag::moveTracks(const std::string& before) {
     if (taken < 0) {
         return;
     }
-    if (axis().showsColumns()) {
+    const bool columns = axis().showsColumns();
+    std::vector<std::string> stood;
+    if (columns) {
         const ColumnArea area = grid.Column(ColumnId{taken}).area;
         const AreaKeys keys = keysOf(
             grid.Columns(area), before, LabelColumnKey,
             [&](ColumnId id) -> const GridColumn& { return grid.Column(id); },
             [&](ColumnId id) { return grid.Selection().HasColumn(id); });
         moveKeys(keys, [&](const std::string& key, std::int16_t place) { grid.MoveColumn(key, place, false); });
+        stood = area == ColumnArea::Center ? keys.all : stood;
     } else {
         const RowArea area = grid.Row(RowId{taken}).area;
         const AreaKeys keys = keysOf(
             grid.Rows(area), before, HeadingRowKey, [&](RowId id) -> const GridRow& { return grid.Row(id); },
             [&](RowId id) { return grid.Selection().HasRow(id); });
         moveKeys(keys, [&](const std::string& key, std::int16_t place) { grid.MoveRow(key, place, false); });
+        stood = area == RowArea::Center ? keys.all : stood;
     }
     grid.Redraw();
+    if (!stood.empty()) {
+        grid.ReportMoved(columns ? MovedTracks::Columns : MovedTracks::Rows, stood);
+    }
 }
 
 }  // namespace planview
