@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "grid/CellEntry.h"

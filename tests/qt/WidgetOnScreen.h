@@ -123,6 +123,7 @@ inline void WidgetOnScreen::press(const QString& keys) {
         {QStringLiteral("Ctrl+Space"), {Qt::Key_Space, Qt::ControlModifier}},
         {QStringLiteral("Ctrl+A"), {Qt::Key_A, Qt::ControlModifier}},
         {QStringLiteral("Ctrl+C"), {Qt::Key_C, Qt::ControlModifier}},
+        {QStringLiteral("Ctrl+M"), {Qt::Key_M, Qt::ControlModifier}},
         {QStringLiteral("Ctrl+V"), {Qt::Key_V, Qt::ControlModifier}},
         {QStringLiteral("Ctrl+X"), {Qt::Key_X, Qt::ControlModifier}},
         {QStringLiteral("Ctrl+Y"), {Qt::Key_Y, Qt::ControlModifier}},

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 #include "grid/CellEntry.h"
 #include "qt/grid/CellContentPainter.h"
@@ -189,6 +190,18 @@ bool GridEditor::finish() {
     return true;
 }
 
+bool GridEditor::finishForMouse() {
+    const QPointer<GridEditor> self(this);
+    const bool ends = std::exchange(endedByMouse_, false) || open_;
+    if (!finish() || !self) {
+        return false;
+    }
+    if (!ends) {
+        hideMessage();
+    }
+    return true;
+}
+
 void GridEditor::pass(QEvent& event) {
     view_.ensureVisible(cell_);
     follow();
@@ -211,9 +224,25 @@ bool GridEditor::tell(Cell cell, const QString& sentence) {
     if (place.isEmpty()) {
         return false;
     }
+    told_ = cell;
+    toldAt_ = place;
+    toldFor_ = view_.grid().BuildVersion();
     bubble_->say(sentence, place, view_.theme(), view_.textScale(),
                  open_ ? GridBubble::Stay::UntilHidden : GridBubble::Stay::ForAMoment);
     return true;
+}
+
+void GridEditor::followMessage() {
+    const QString sentence = message();
+    if (sentence.isEmpty()) {
+        return;
+    }
+    const QRect place = toldFor_ == view_.grid().BuildVersion() ? view_.cellRect(told_) : QRect();
+    if (place.isEmpty()) {
+        hideMessage();
+    } else if (place != toldAt_) {
+        static_cast<void>(tell(told_, sentence));
+    }
 }
 
 void GridEditor::refuse(Refusal refusal) {
@@ -348,10 +377,12 @@ bool GridEditor::handleLineEvent(QEvent* event) {
             const bool comesBack = reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason ||
                                    reason == Qt::MenuBarFocusReason;
             const QPointer<GridEditor> self(this);
+            bool ended = false;
             if (!comesBack && !placing_) {
-                static_cast<void>(finish());
+                ended = finish();
             }
             if (self) {
+                endedByMouse_ = ended && reason == Qt::MouseFocusReason;
                 view_.reportFocus();
             }
             // The line may be gone; if it is not, QLineEdit must still hear of the focus.

@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QRect>
 #include <QString>
 #include <cstdint>
 #include <string>
@@ -51,12 +52,17 @@ public:
     void pass(QEvent& event);
     /// Ends the entry; false when its text is refused. True when there is none.
     bool finish();
+    /// finish() for a press of the mouse in the grid, which may have ended the entry already by taking its focus. What
+    /// an entry says as it ends stays in sight; what was said before goes.
+    bool finishForMouse();
     void giveUp();
     /// Shows a sentence beside a cell for a moment; false where the cell is out of sight.
     bool tell(Cell cell, const QString& sentence);
     /// Moves the editor to where its cell is now.
     void follow();
     void hideMessage();
+    /// Moves what is shown beside a cell to where that is now; what was said of an earlier grid goes.
+    void followMessage();
 
 Q_SIGNALS:
     /// An entry has begun or ended.
@@ -81,12 +87,16 @@ private:
     GridView& view_;
     QPointer<EditLine> line_;  // children of the viewport
     QPointer<GridBubble> bubble_;
+    Cell told_;  ///< the cell that the message is about
+    QRect toldAt_;
+    std::uint64_t toldFor_ = 0;
     Cell cell_;
     std::uint64_t builtFor_ = 0;
     std::string before_;
     Start start_ = Start::Typed;
     Refusal refused_ = Refusal::None;  ///< why the entered text was not accepted
     bool open_ = false;
+    bool endedByMouse_ = false;  ///< the focus was taken by a press that is still to come
     bool placing_ = false;
 };
 

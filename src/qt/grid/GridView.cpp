@@ -216,7 +216,7 @@ void GridView::GridChanged(const GridChange& change) {
     }
     showChange(change);
     if (!editor_.isOpen() && (change.layout || change.everything)) {
-        editor_.hideMessage();
+        editor_.followMessage();
     }
     editor_.follow();
     Q_EMIT gridChanged();

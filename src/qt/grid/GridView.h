@@ -85,7 +85,6 @@ public:
     /// Ends the entry that is open, if any; false when its text is refused.
     bool finishEditing();
     /// Ends the entry and, when it was taken, moves on.
-    bool finishForMouse();
     void finishAndMove(GridMove direction, bool byReturn);
     /// Reports if the grid, including its editor, has gained or lost the focus.
     void reportFocus();

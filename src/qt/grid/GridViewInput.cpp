@@ -278,27 +278,14 @@ void GridView::reportFocus() {
 
 // --- Mouse
 
-/// False where the entry stays open, or the view is gone. What an entry says as it ends stays in sight.
-bool GridView::finishForMouse() {
-    const QPointer<GridView> self(this);
-    const bool wasOpen = editor_.isOpen();
-    if (!editor_.finish() || !self) {
-        return false;
-    }
-    if (!wasOpen) {
-        editor_.hideMessage();
-    }
-    return true;
-}
-
 void GridView::mousePressEvent(QMouseEvent* event) {
-    if (finishForMouse()) {
+    if (editor_.finishForMouse()) {
         mouse_.press(event->position().toPoint(), event->button(), event->modifiers());
     }
 }
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (finishForMouse()) {
+    if (editor_.finishForMouse()) {
         mouse_.doubleClick(event->position().toPoint(), event->button(), event->modifiers());
     }
 }
