@@ -92,6 +92,13 @@ const FaultCase Faults[] = {
      "COLS_INDEX, row 2, field COL_WIDTH: \"wide\" is no whole number up to 32767; it is taken as empty", false},
     {"SettingIsInfinite", "UPDATE GRID_ATTR SET OPTIMUM = 9e999",
      "GRID_ATTR, row 1, field OPTIMUM: a value beyond all numbers is no number; it is taken as empty", false},
+    {"NodesBesideNone",
+     "INSERT INTO MACRO_TREE (NODEKEY, NODEREF, RELATION, NODETEXT) VALUES ('A', 'gone', 4, 'a'), ('B', 'A', 4, 'b'), "
+     "('MACROS', '', 1, 'c'), ('D', 'MACROS', 9, 'd'), ('E', '', '', 'e')",
+     "MACRO_TREE, row 5, field NODEKEY: \"MACROS\" stands in row 1 already; the node is left out\n"
+     "MACRO_TREE, row 3, field NODEREF: there is no node \"gone\"; the node is left out\n"
+     "MACRO_TREE, row 4, field NODEREF: there is no node \"A\"; the node is left out\n"
+     "MACRO_TREE, row 6, field RELATION: \"9\" is no relation of nodes; the node is left out"},
     {"LookOfNoCell", "INSERT INTO CELL_ATTR (LINE, \"COLUMN\") VALUES ('x', 1)",
      "CELL_ATTR, row 1, field LINE: \"x\" is no place; the row is left out", false},
 };

@@ -168,6 +168,32 @@ TEST(MacroMenu, AReplayThatDoesNotFitSaysWhyAndChangesNothing) {
     EXPECT_EQ(DumpTable(LoadBook(window.file), BookTable::Tab), before);
 }
 
+TEST(MacroMenu, WhatWasNotSavedIsNotToldAsDone) {
+    const TestFolder folder;
+    MacroWindow window(MakeSmallBook(folder));
+    window.Choose({}, "Start recording");
+    window.RaiseLine(1, 10);
+    window.questions.names = {""};
+    window.Choose({}, "Stop recording");
+    window.Choose("Run", "Recording 1");
+    EXPECT_TRUE(Contains(window.Text("news"), "4 cells changed")) << window.Text("news");
+    const std::string before = DumpTable(LoadBook(window.file), BookTable::Tab);
+    window.Find<QLabel>("news")->clear();
+    {
+        const Obstacle full(Obstacle::Kind::FullDisk, window.file);
+        window.Choose("Run", "Recording 1");
+        EXPECT_EQ(window.questions.failures.size(), 1U);
+        EXPECT_EQ(window.Text("news"), "");
+    }
+    EXPECT_EQ(DumpTable(LoadBook(window.file), BookTable::Tab), before);
+
+    ChangeBook(window.file, "UPDATE TAB SET V = 70 WHERE Z = 1 AND C = 1");
+    window.questions.keep = Questions::Keep::Theirs;
+    window.Choose("Run", "Recording 1");
+    EXPECT_EQ(window.InFile(1, 1), "70");
+    EXPECT_TRUE(Contains(window.Text("news"), "its values stay")) << window.Text("news");
+}
+
 TEST(MacroMenu, EntriesFollowTheRecording) {
     const TestFolder folder;
     MacroWindow window(MakeSmallBook(folder));

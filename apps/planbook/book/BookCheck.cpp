@@ -22,6 +22,7 @@ using planview::Variant;
 namespace {
 
 constexpr std::size_t MaxTextBytes = 65535;  // a view takes no longer one
+constexpr std::int16_t LastRelation = 4;
 
 /// The number as a view reads it; none where it cannot.
 std::optional<std::int16_t> NumberIn(const Variant& value) {
@@ -39,6 +40,15 @@ std::string Quoted(const Variant& value) {
         return '"' + text.left(ShownLength).toStdString() + (text.size() > ShownLength ? "...\"" : "\"");
     } catch (const planview::AutomationError&) {
         return "a value beyond all numbers";
+    }
+}
+
+/// Empty where it is no text.
+std::string TextOf(const Variant& value) {
+    try {
+        return value.AsText();
+    } catch (const planview::AutomationError&) {
+        return {};
     }
 }
 
@@ -97,9 +107,10 @@ bool IsIndex(BookTable table) {
            table == BookTable::FixedLines;
 }
 
-/// The texts that planners read as part of the plan.
+/// The texts that planners read as part of the plan, and what macros calculate by.
 bool IsContents(BookTable table, std::string_view field) {
-    return (table == BookTable::FixedTab && field == "VALUE") || (table == BookTable::ColsIndex && field == "PERDY") ||
+    return (table == BookTable::MacroTree && (field == "NODETYPE" || field == "NODEVALUE")) ||
+           (table == BookTable::FixedTab && field == "VALUE") || (table == BookTable::ColsIndex && field == "PERDY") ||
            (table == BookTable::LineIndex && (field == "FREET" || field == "DDICT" || field == "PLOBT"));
 }
 
@@ -130,9 +141,12 @@ public:
 private:
     void CheckTable(BookTable which) {
         const TableDescription& description = Describe(which);
+        if (which == BookTable::MacroTree) {
+            CheckNodes(description);
+        }
         std::vector<std::size_t> leftOut;
         for (std::int32_t row = 1; row <= book_[which].RowCount(); ++row) {
-            if (!CheckPlace(description, row)) {
+            if ((which == BookTable::MacroTree && strayNodes_.count(row) > 0) || !CheckPlace(description, row)) {
                 leftOut.push_back(static_cast<std::size_t>(row) - 1);
                 continue;
             }
@@ -143,6 +157,37 @@ private:
         if (!leftOut.empty()) {
             LeaveOut(description, leftOut);
             report_.leftOut_[static_cast<std::size_t>(which)] = std::move(leftOut);
+        }
+    }
+
+    /// A node stands beside or below one that is there already; roots are placed first. A macro that lacks a node would
+    /// calculate something else.
+    void CheckNodes(const TableDescription& description) {
+        const MemoryTable& table = book_[BookTable::MacroTree];
+        std::map<std::string, std::int32_t> placed;
+        const auto leaveOut = [&](std::int32_t row, std::string_view field, const std::string& why) {
+            Add(description, row, field, why + "; the node is left out", true);
+            strayNodes_.insert(row);
+        };
+        for (const bool roots : {true, false}) {
+            for (std::int32_t row = 1; row <= table.RowCount(); ++row) {
+                const Variant& key = table.Value(row, "NODEKEY");
+                const Variant& reference = table.Value(row, "NODEREF");
+                if (TextOf(reference).empty() != roots || TextOf(key).empty()) {
+                    continue;
+                }
+                const std::optional<std::int16_t> relation = NumberIn(table.Value(row, "RELATION"));
+                if (!roots && placed.count(TextOf(reference)) == 0) {
+                    leaveOut(row, "NODEREF", "there is no node " + Quoted(reference));
+                } else if (!roots && (!relation || *relation < 0 || *relation > LastRelation)) {
+                    leaveOut(row, "RELATION", Quoted(table.Value(row, "RELATION")) + " is no relation of nodes");
+                } else if (const auto [first, isNew] = placed.emplace(TextOf(key), row); !isNew) {
+                    leaveOut(row, "NODEKEY",
+                             Quoted(key) + " stands in row " + std::to_string(first->second) + " already");
+                } else if (roots && (!relation || *relation < 0 || *relation > LastRelation)) {
+                    book_[BookTable::MacroTree].SetValue(row, "RELATION", Variant());  // means nothing for a root
+                }
+            }
         }
     }
 
@@ -189,7 +234,7 @@ private:
                 return IsNew(description, row, fields[0], {"", place[0]});
             case BookTable::FixedCols:
             case BookTable::FixedLines:
-                return IsNew(description, row, fields[0], {table.Value(row, "FLG_POSITION").AsText(), place[0]});
+                return IsNew(description, row, fields[0], {TextOf(table.Value(row, "FLG_POSITION")), place[0]});
             case BookTable::Tab:
                 return CheckCell(description, row, {place[0], place[1]});
             case BookTable::FixedTab:
@@ -242,8 +287,8 @@ private:
 
     bool CheckFixedCell(const TableDescription& description, std::int32_t row, std::int16_t column, std::int16_t line) {
         const MemoryTable& table = book_[description.table];
-        const std::string columnSide = table.Value(row, "FLG_COL_FIX").AsText();
-        const std::string lineSide = table.Value(row, "FLG_LINE_FIX").AsText();
+        const std::string columnSide = TextOf(table.Value(row, "FLG_COL_FIX"));
+        const std::string lineSide = TextOf(table.Value(row, "FLG_LINE_FIX"));
         const bool fixedColumn = columnSide == "L" || columnSide == "R";
         const bool fixedLine = lineSide == "T" || lineSide == "B";
         const bool hasColumn =
@@ -292,6 +337,7 @@ private:
 
     const Book& book_;
     BookReport report_;
+    std::set<std::int32_t> strayNodes_;
     std::array<std::map<Key, std::int32_t>, BookTableCount> places_;  // with the first row of each
     std::map<std::pair<std::int32_t, std::int32_t>, std::int32_t> cells_;
 };
@@ -307,7 +353,7 @@ bool BookReport::Concerns(BookTable table) const noexcept {
 
 std::string BookReport::Headline() const {
     return Counted(faults_.size(), "place") + " of the book cannot be read" +
-           (LosesValues() ? ", so that figures or captions are missing." : ".");
+           (LosesValues() ? ", so that figures, captions or macros are missing." : ".");
 }
 
 std::string BookReport::List(std::size_t most) const {
