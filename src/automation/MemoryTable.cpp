@@ -47,6 +47,14 @@ struct MemoryTable::State {
         return name ? At(row, std::string_view(*name)) : At(row, std::string_view(field.AsText()));
     }
 
+    std::int32_t AddRowWith(std::initializer_list<std::pair<std::string_view, Variant>> named) {
+        std::vector<Variant> values(fields.size());
+        for (const auto& [field, value] : named) {
+            values[FieldIndex(field)] = value;
+        }
+        return AddRow(std::move(values));
+    }
+
     std::int32_t AddRow(std::vector<Variant> values) {
         if (values.size() > fields.size()) {
             throw AutomationError(AutomationErrorCode::WrongArguments, "A row of " + std::to_string(fields.size()) +
@@ -202,11 +210,7 @@ std::int32_t MemoryTable::AddRow(std::vector<Variant> values) {
 }
 
 std::int32_t MemoryTable::AddRowWith(std::initializer_list<std::pair<std::string_view, Variant>> fields) {
-    std::vector<Variant> values(Fields().size());
-    for (const auto& [field, value] : fields) {
-        values[state_->FieldIndex(field)] = value;
-    }
-    return AddRow(std::move(values));
+    return state_->AddRowWith(fields);
 }
 
 void MemoryTable::RemoveRow(std::int32_t row) {

@@ -412,7 +412,10 @@ std::optional<UploadChange> SheetReader::ChangeBy(const Entry& entry, const Trac
     change.downloaded = downloaded ? *downloaded : std::string();
     change.taken = change.origin == UploadOrigin::Workbook;
     change.refusal = RefusalText(refusal);
-    if (refusal == Refusal::NoNumber && entry.text.starts_with('=')) {
+    if (refusal == Refusal::NoNumber && entry.text.starts_with('#')) {
+        change.refusal = "This is the error " + entry.text + (entry.text == "#DIV/0!" ? ", a division by zero" : "") +
+                         ". Mend the formula in the workbook.";
+    } else if (refusal == Refusal::NoNumber && entry.text.starts_with('=')) {
         change.refusal =
             "This formula was never calculated. Open the workbook in a spreadsheet application and save it.";
     } else if (refusal == Refusal::NoNumber && IsDateOrTime(entry.text)) {

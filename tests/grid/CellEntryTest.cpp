@@ -16,7 +16,7 @@ protected:
         tables.lineIndex->SetValue(1, "ROW_FORMAT", "#,##0.##");
         control->DP_Import_Create();
         ForgetEntries();
-        control->Editing().SetHintListener([this](const CellKey& cell, std::string_view sentence) {
+        control->Editing().AddHintListener([this](const CellKey& cell, std::string_view sentence) {
             told.push_back(cell.column + "/" + cell.row + " " + std::string(sentence));
             return true;
         });

@@ -28,6 +28,17 @@ void DownloadTwoChanges(BookWindow& window, const std::filesystem::path& file) {
     window.window.session().acceptChanges();
 }
 
+/// The book was changed since the download, so that no difference is ticked by itself.
+planview::UploadPreview TickedPreview(planview::PlanViewWidget& view, const std::filesystem::path& file) {
+    planview::UploadPreview preview = view.previewUpload(ToQt(file));
+    for (planview::UploadChange& change : preview.changes) {
+        EXPECT_EQ(change.origin, planview::UploadOrigin::Book);
+        EXPECT_FALSE(change.taken);
+        change.taken = true;
+    }
+    return preview;
+}
+
 TEST(ExchangeWindow, WhatIsUploadedIsInTheBookAndPending) {
     const TestFolder folder;
     const std::filesystem::path file = folder.Path("small.xlsx");
@@ -36,7 +47,8 @@ TEST(ExchangeWindow, WhatIsUploadedIsInTheBookAndPending) {
     DownloadTwoChanges(window, file);
     ASSERT_EQ(window.InFile(1, 1), "1");
 
-    const planview::UploadPreview preview = view.previewUpload(ToQt(file));
+    EXPECT_EQ(view.applyUpload(view.previewUpload(ToQt(file))).changed, 0);
+    const planview::UploadPreview preview = TickedPreview(view, file);
     EXPECT_EQ(Summary(preview), "Alpha/Jan 08: 1 -> 7\nBeta/Feb 08: 20,5 -> 8,5\n");
     const planview::UploadResult result = view.applyUpload(preview);
     EXPECT_EQ(result.changed, 2);
@@ -60,7 +72,7 @@ TEST(ExchangeWindow, AnUploadThatTheBookRefusesIsTakenBack) {
     const std::string before = DumpFile(window.file);
     {
         const Obstacle full(Obstacle::Kind::FullDisk, window.file);
-        view.applyUpload(view.previewUpload(ToQt(file)));
+        view.applyUpload(TickedPreview(view, file));
         window.window.session().settle();
     }
     EXPECT_EQ(window.Shown(1, 1), "1");

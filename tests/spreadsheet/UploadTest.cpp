@@ -66,7 +66,8 @@ TEST_F(UploadTest, ComparesWhatTheSheetSaysWithTheGrid) {
         {"a word", 2, 2, "much",
          "Sales/May 01: 1234,5 -> much (This is not a number. Enter digits with a point or a comma, or nothing.)"},
         {"an error", 2, 2, "#DIV/0!",
-         "Sales/May 01: 1234,5 -> #DIV/0! (This is not a number. Enter digits with a point or a comma, or nothing.)"},
+         "Sales/May 01: 1234,5 -> #DIV/0! (This is the error #DIV/0!, a division by zero. Mend the formula in the "
+         "workbook.)"},
         {"a formula without a value", 2, 2, "=B3*2",
          "Sales/May 01: 1234,5 -> =B3*2 (This formula was never calculated. Open the workbook in a spreadsheet "
          "application and save it.)"},

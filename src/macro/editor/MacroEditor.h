@@ -14,6 +14,8 @@
 #include "automation/TableSlots.h"
 #include "components/GridControl.h"
 #include "components/TreeControl.h"
+#include "macro/editor/ElementSpots.h"
+#include "macro/editor/TypedFormula.h"
 #include "macro/tree/MacroHistory.h"
 #include "macro/tree/MacroOutcome.h"
 #include "macro/tree/MacroOutline.h"
@@ -98,7 +100,8 @@ public:
     void SetOperandText(std::string text);
     /// Suggestions for the operand: captions of lines and the macro's own names.
     [[nodiscard]] std::vector<std::string> Completions() const;
-    /// `cmdOpa`: adds the operand text as an element, or without a text what is selected in the grid: a whole line as a
+    /// `cmdOpa`: adds the operand text as an element, a typed formula ("Retail = Retail * 1,05; 2015") as all of its
+    /// elements, or without a text what is selected in the grid: a whole line as a
     /// line, a cell as an element, a block or several lines as an area, whole columns as the periods of the macro.
     void TakeOperand();
     /// `cmdOpe`: adds the operand text, if there is one, then the operator. A ")" without "(" closes the function that
@@ -185,6 +188,13 @@ private:
     void AddSelectionAs(MacroNodeType type);
     bool AddPeriods(const NewMacroNode& node);
     bool TakeText();
+    bool TakeFormula(const std::string& text);
+    bool AddStatement(const TypedFormula& formula);
+    bool AddExpression(const TypedFormula& formula);
+    /// Adds what stands in the parts whose keys are known.
+    void AddInside(const TypedFormula& formula, std::vector<std::string>& keys, std::size_t from);
+    [[nodiscard]] ElementSpot StatementSpot() const;
+    [[nodiscard]] bool TakesPeriods(const NewMacroNode& periods);
     void CloseFunction(int function);
     [[nodiscard]] std::string Ask(const std::string& caption, std::vector<PopupEntry> choices);
     void AskOperator();

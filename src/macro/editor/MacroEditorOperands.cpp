@@ -81,12 +81,7 @@ bool MacroEditor::TakeText() {
     const std::optional<EnteredNumber> constant = ReadConstant(parts_.grid, outline_, Current(), text);
     const std::optional<NewMacroNode> node =
         NodeFromText(parts_.grid, outline_, constant ? TableText(text, constant->number) : text);
-    if (!node) {
-        Say("There is no line \"" + text +
-            "\". Enter a number, the caption of a line, or one of a line and a period: \"Retail, Jan\".");
-        return false;
-    }
-    if (!Add(*node)) {
+    if (node ? !Add(*node) : !TakeFormula(text)) {
         return false;
     }
     operandText_.clear();
@@ -96,11 +91,121 @@ bool MacroEditor::TakeText() {
     return true;
 }
 
+bool MacroEditor::TakeFormula(const std::string& text) {
+    int around = Current();
+    while (around > 0 && outline_.At(around).type != MacroNodeType::ConditionString) {
+        around = outline_.At(around).parent;
+    }
+    const TypedFormula formula = ReadFormula(parts_.grid, outline_, text, around <= 0);
+    if (!formula.fault.empty()) {
+        Say(formula.fault);
+        return false;
+    }
+    if (formula.periods && !TakesPeriods(*formula.periods)) {
+        return false;
+    }
+    if (!(formula.isStatement ? AddStatement(formula) : AddExpression(formula))) {
+        return false;
+    }
+    if (formula.periods) {
+        const std::string current = currentKey_;
+        AddPeriods(*formula.periods);
+        Build(current);
+        spot_ = MacroSpot::After;
+    }
+    return true;
+}
+
+/// The periods are those of the whole macro.
+bool MacroEditor::TakesPeriods(const NewMacroNode& periods) {
+    bool hasStatements = false;
+    for (int i = 1; i < outline_.Count(); ++i) {
+        const MacroNode& each = outline_.At(i);
+        if (each.type == MacroNodeType::Attribute && each.value == periods.value) {
+            return true;
+        }
+        hasStatements = hasStatements || (each.parent == 0 && each.type != MacroNodeType::Attribute);
+    }
+    if (hasStatements) {
+        Say("The periods are those of the whole macro, which has other statements. Make a macro of its own for them.");
+    }
+    return !hasStatements;
+}
+
+/// After the statement that the current element is in.
+ElementSpot MacroEditor::StatementSpot() const {
+    int at = Current();
+    if (at > 0 && outline_.At(at).type == MacroNodeType::Condition && spot_ == MacroSpot::Inside) {
+        return {at, MacroSpot::Inside};
+    }
+    while (at > 0 && !HoldsStatements(outline_.At(outline_.At(at).parent).type)) {
+        at = outline_.At(at).parent;
+    }
+    return {at, at <= 0 ? MacroSpot::Inside : MacroSpot::After};
+}
+
+bool MacroEditor::AddStatement(const TypedFormula& formula) {
+    std::string refusal;
+    const std::optional<ElementSpot> at = SpotFor(outline_, StatementSpot(), formula.parts[0].node.type, refusal);
+    if (!at) {
+        Say(refusal);
+        return false;
+    }
+    std::vector<std::string> keys(formula.parts.size());
+    if (!Edit([&](MacroTable& table) {
+            return keys[0] = table.Add(formula.parts[0].node, outline_.At(at->node).key, at->spot);
+        })) {
+        return false;
+    }
+    AddInside(formula, keys, 1);
+    Build(keys[0]);
+    spot_ = MacroSpot::After;
+    return true;
+}
+
+bool MacroEditor::AddExpression(const TypedFormula& formula) {
+    std::vector<std::string> keys(formula.parts.size());
+    std::string last;
+    for (std::size_t i = 0; i < formula.parts.size(); ++i) {
+        if (formula.parts[i].parent != TypedFormula::TopLevel) {
+            continue;
+        }
+        if (!last.empty()) {
+            currentKey_ = last;
+            spot_ = MacroSpot::After;
+        }
+        if (!Add(formula.parts[i].node)) {
+            return false;
+        }
+        keys[i] = last = currentKey_;
+    }
+    AddInside(formula, keys, 0);
+    Build(last);
+    spot_ = MacroSpot::After;
+    return true;
+}
+
+void MacroEditor::AddInside(const TypedFormula& formula, std::vector<std::string>& keys, std::size_t from) {
+    for (std::size_t i = from; i < formula.parts.size(); ++i) {
+        if (const int parent = formula.parts[i].parent; parent != TypedFormula::TopLevel) {
+            Edit([&](MacroTable& table) {
+                return keys[i] =
+                           table.Add(formula.parts[i].node, keys[static_cast<std::size_t>(parent)], MacroSpot::Inside);
+            });
+        }
+    }
+}
+
 // --- Operators and functions
 
 void MacroEditor::AddOperator(const std::string& value) {
     Change("AddOperator", [&] {
         if (!Trimmed(operandText_).empty() && !TakeText()) {
+            return;
+        }
+        const int current = Current();
+        if (value == "=" && current > 0 && outline_.IsTarget(current) && outline_.At(current).children.empty()) {
+            spot_ = MacroSpot::Inside;  // the list shows the sign already
             return;
         }
         const int function = value == ")" ? FunctionAround(outline_, {Current(), spot_}) : MacroNode::None;
@@ -246,7 +351,9 @@ void MacroEditor::AskAttribute() {
     Change("AddAttribute", [&] {
         NewMacroNode node;
         node.type = MacroNodeType::Attribute;
-        node.value = node.text = "DECIMALS=" + chosen;
+        node.value = "DECIMALS=" + chosen;
+        node.text =
+            chosen.size() == 1 ? "Results rounded to " + chosen + (chosen == "1" ? " decimal" : " decimals") : "";
         const bool isPeriods = chosen == "ALL" || chosen == SelectedPlace;
         if (isPeriods ? AddPeriods(PeriodsNode(chosen, {})) : Add(node)) {
             Announce();

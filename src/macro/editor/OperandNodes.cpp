@@ -87,8 +87,15 @@ std::optional<MacroRange> RangeFromText(const MacroGrid& table, std::string_view
 NewMacroNode PeriodsNode(const std::string& value, const std::string& captions) {
     NewMacroNode node;
     node.type = MacroNodeType::Attribute;
-    node.value = node.text = "PERIODS=" + value;
+    node.value = "PERIODS=" + value;
     node.name = captions;
+    std::vector<std::string> ends;
+    for (const std::string_view caption : SplitAt(captions, CaptionMark)) {
+        ends.emplace_back(caption);
+    }
+    node.text = value == "ALL"           ? "For all periods"
+                : value == SelectedPlace ? "For the selected periods"
+                                         : "For " + Joined(ends, " to ");
     return node;
 }
 

@@ -150,7 +150,11 @@ Values MacroEvaluation::Of(const MacroExpression& expression, const Frame& frame
 
 MacroValue MacroEvaluation::Taken(MacroValue value, bool keepEmpty, int line, int period, int node) const {
     if (value.kind == Kind::Text) {
-        throw MacroFault(node, table_.CellCaption(line, period) + " holds a text, not a number.",
+        const std::string text = table_.CellText(line, period);
+        const bool isError = text.starts_with('#');  // "#DIV/0!", as spreadsheets name them
+        throw MacroFault(node,
+                         table_.CellCaption(line, period) +
+                             (isError ? " holds the error " + text + "." : " holds a text, not a number."),
                          "Enter a number there, or leave it empty.");
     }
     return value.kind == Kind::Empty && !keepEmpty ? Number(0) : value;

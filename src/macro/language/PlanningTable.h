@@ -36,6 +36,8 @@ public:
     [[nodiscard]] virtual std::string CellCaption(int line, int period) const = 0;
     /// Has texts instead of planning values.
     [[nodiscard]] virtual bool IsTextLine(int line) const = 0;
+    /// What the cell holds, as it is kept.
+    [[nodiscard]] virtual std::string CellText(int line, int period) const = 0;
     /// The values of a line, by period.
     [[nodiscard]] virtual MacroValues ValuesOf(int line) const = 0;
 

@@ -194,6 +194,12 @@ MacroOutcome MacroReplay::Run(const std::vector<MacroStep>& steps) const {
         return FailedOutcome(fault + " Nothing was changed.");
     }
     const std::vector<NewValue> values = plan.Values();
+    const auto unchanged = std::count_if(values.begin(), values.end(), [&](const NewValue& each) {
+        const std::string& before = parts_.grid.Contents(each.cell);
+        const std::string* const text = each.value.TextIf();
+        const std::optional<double> after = text ? TryParseNumber(*text) : std::optional(each.value.AsDouble());
+        return after ? TryParseNumber(before) == after : text && *text == before;
+    });
     const BulkResult changed = parts_.valueEntry.ChangeCells(values);
     std::string fault;
     if (const int lost = changed.failed + changed.Refused(); lost > 0) {
@@ -206,7 +212,7 @@ MacroOutcome MacroReplay::Run(const std::vector<MacroStep>& steps) const {
         }
     }
     MacroOutcome outcome = fault.empty() ? MacroOutcome() : FailedOutcome(fault);
-    outcome.changed = changed.changed;
+    outcome.changed = std::max(0, changed.changed - static_cast<int>(unchanged));
     return outcome;
 }
 

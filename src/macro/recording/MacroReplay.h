@@ -32,7 +32,7 @@ public:
 
     explicit MacroReplay(Parts parts) : parts_(std::move(parts)) {}
 
-    /// `changed` counts the cells that got a value, even if others did not.
+    /// `changed` counts the cells that got another value, even if others did not.
     [[nodiscard]] MacroOutcome Run(const std::vector<MacroStep>& steps) const;
     /// What Run() would say of the first step that does not fit; empty if all fit.
     [[nodiscard]] std::string Check(const std::vector<MacroStep>& steps) const;

@@ -31,6 +31,10 @@ std::string MacroGrid::CellCaption(int line, int period) const {
     return planview::CellCaption(grid_, CellAt(line, period));
 }
 
+std::string MacroGrid::CellText(int line, int period) const {
+    return grid_.Contents(CellAt(line, period));
+}
+
 MacroValues MacroGrid::ValuesOf(int line) const {
     MacroValues values(periodIds_.size(), MacroValue());
     for (std::size_t period = 0; period < periodIds_.size(); ++period) {

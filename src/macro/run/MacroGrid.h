@@ -30,6 +30,7 @@ public:
     [[nodiscard]] const std::string& LineKey(int line) const { return lines_.Key(InGrid(lines_, line)); }
     [[nodiscard]] const std::string& PeriodKey(int period) const { return periods_.Key(InGrid(periods_, period)); }
     [[nodiscard]] std::string CellCaption(int line, int period) const override;
+    [[nodiscard]] std::string CellText(int line, int period) const override;
     [[nodiscard]] bool IsTextLine(int line) const override;
     [[nodiscard]] MacroValues ValuesOf(int line) const override;
     [[nodiscard]] Cell CellAt(int line, int period) const { return {PeriodId(period), LineId(line)}; }

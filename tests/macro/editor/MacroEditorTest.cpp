@@ -81,6 +81,92 @@ TEST_F(MacroEditorTest, AMacroIsBuiltAndRunWithTheMouseAlone) {
     EXPECT_EQ(Line(1), "10,5 21 31,5 42 52,5 63");
 }
 
+TEST_F(MacroEditorTest, TheSignBehindTheTargetIsTheOneThatTheListShows) {
+    editor.NewMacro();
+    editor.SetOperandText("Prices");
+    editor.AddOperator("=");
+    editor.SetOperandText("3");
+    editor.AddOperator("=");
+    EXPECT_EQ(Statements(), Lines{"Prices = 3 ="}) << "only the first one is no element";
+    editor.Undo();
+    editor.SetOperandText("");
+    EXPECT_EQ(Shown(), (Lines{"  Macro 1", ">   Prices = …"})) << "number and sign are one step";
+}
+
+TEST_F(MacroEditorTest, AFormulaIsTypedIntoTheSameElements) {
+    const struct {
+        const char* name;
+        const char* text;
+        Lines shown;          ///< behind the macro itself
+        const char* message;  ///< empty where it is taken
+    } cases[] = {
+        {"line by line", "Retail = Retail * 1,05", {"Retail = Retail * 1,05", "  Retail", "  *", "  1,05"}, ""},
+        {"any case, no blanks",
+         "retail=trade+2*( PRICES-1 )",
+         {"Retail = Trade + 2 * (Prices - 1)", "  Trade", "  +", "  2", "  *", "  (", "  Prices", "  -", "  1", "  )"},
+         ""},
+        {"a function",
+         "Total = Sum(Retail; Trade, Feb) / 2",
+         {"Total = (Sum of Retail, Trade, Feb) / 2", "  Sum of Retail, Trade, Feb", "    Retail", "    ;",
+          "    Trade, Feb", "  /", "  2"},
+         ""},
+        {"a negative number", "Trade = -Retail", {"Trade = -Retail", "  -", "  Retail"}, ""},
+        {"a name in marks", "\"Retail\" = 1", {"Retail = 1", "  1"}, ""},
+        {"one period", "Retail = 1; Feb", {"For Feb", "Retail = 1", "  1"}, ""},
+        {"several periods", "Retail = 1; Feb to Apr", {"For Feb to Apr", "Retail = 1", "  1"}, ""},
+        {"an unknown line",
+         "Retail = Nobody * 2",
+         {},
+         "There is no line \"Nobody\". Enter a number, the caption of a line, or one of a line and a period: \"Retail, "
+         "Jan\"."},
+        {"unknown periods",
+         "Retail = 1; 2015",
+         {},
+         "There are no periods \"2015\" that stand together. Enter one, \"Jan to Mar\", or a word that all of them "
+         "have."},
+        {"no value", "Retail =", {}, "Behind the \"=\" there is no value. Enter a line, a cell or a number."},
+    };
+    for (const auto& row : cases) {
+        editor.NewMacro();
+        const std::string macro = editor.MacroKey();
+        editor.SetOperandText(row.text);
+        editor.TakeOperand();
+        EXPECT_EQ(editor.Message(), row.message[0] == '\0' ? editor.Message() : row.message) << row.name;
+        EXPECT_EQ(editor.OperandText().empty(), row.message[0] == '\0') << row.name << ": " << editor.Message();
+        Lines shown;
+        for (std::size_t i = 1; i < editor.Elements().size(); ++i) {
+            const MacroElement& element = editor.Elements()[i];
+            shown.push_back(std::string(static_cast<std::size_t>(element.depth - 1) * 2, ' ') + element.text);
+        }
+        EXPECT_EQ(shown, row.shown) << row.name;
+        if (!shown.empty()) {
+            editor.Undo();
+            EXPECT_EQ(editor.Elements().size(), 1U) << row.name << ": one step";
+        }
+    }
+}
+
+TEST_F(MacroEditorTest, TypedFormulasFollowOneAnother) {
+    editor.NewMacro();
+    for (const char* text : {"Retail = Retail * 2; Feb to Mar", "Trade = Retail", "* 3"}) {
+        editor.SetOperandText(text);
+        editor.TakeOperand();
+    }
+    EXPECT_EQ(Statements(), (Lines{"For Feb to Mar", "Retail = Retail * 2", "Trade = Retail * 3"}));
+    editor.SetOperandText("Prices = 1; Jan");
+    editor.TakeOperand();
+    EXPECT_TRUE(editor.MessageIsProblem()) << "the others would get other periods";
+    editor.SetOperandText("");
+    editor.Run();
+    EXPECT_EQ(editor.Message(), "4 cells changed.");
+    EXPECT_EQ(Line(2), "1 120 180 4 5 6");
+    GoTo("Retail = Retail * 2");
+    editor.SetSpot(MacroSpot::Inside);
+    editor.SetOperandText("+ Trade / 2");
+    editor.TakeOperand();
+    EXPECT_EQ(Statements()[1], "Retail = Retail * 2 + Trade / 2");
+}
+
 TEST_F(MacroEditorTest, OperatorsTakeWhatStandsInTheField) {
     editor.NewMacro();
     TakeLine("ROW3");

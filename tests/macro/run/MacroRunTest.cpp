@@ -133,6 +133,11 @@ constexpr FaultCase RunFaults[] = {
 INSTANTIATE_TEST_SUITE_P(Macros, MacroRunFault, testing::ValuesIn(RunFaults),
                          [](const auto& made) { return made.param.name; });
 
+TEST_F(MacroEngineTest, ASpreadsheetsErrorIsNamed) {
+    Put(2, 3, "#DIV/0!");
+    EXPECT_EQ(Texts(Run("ROW6 = ROW2 + 1").problems), Lines{"Trade: Trade, Mar holds the error #DIV/0!."});
+}
+
 TEST_F(MacroEngineTest, ARunIsOneUndoStepAndAnnouncedOnce) {
     EXPECT_EQ(Run("ROW1 = ROW1 * 2\nROW2:ROW3 = ROW1\nROW3 = COPY( ROW3 )").changed, 18);
     EXPECT_EQ(tables.tabOld->RowCount(), 18);
