@@ -66,6 +66,9 @@ private slots:
         screen.set({{}, "ROW5"}, GridAttribute::ReadOnly, true);
         screen.set({{}, "ROW5"}, GridAttribute::BackgroundColor, "tovGray");
         screen.set({{}, "ROW5"}, GridAttribute::ForegroundColor, "tovBlack");
+        for (const CellKeyView fixed : {CellKeyView{"FLC1", {}}, {"FRC1", {}}, {{}, "FTR1"}, {{}, "FBR1"}}) {
+            screen.set(fixed, GridAttribute::ReadOnly, true);
+        }
         screen.set({"COL1", "ROW6"}, GridAttribute::Contents, "-5");
         screen.set({"FRC1", "ROW6"}, GridAttribute::Contents, "8");
         screen.set({"COL2", "ROW6"}, GridAttribute::Format, "0.00");
@@ -281,6 +284,70 @@ private slots:
         QVERIFY(!isCut(screen.cell(2, 4)));
         screen.set({"COL2", {}}, GridAttribute::Width, std::int16_t{160});
         QVERIFY(!isCut(cell));
+    }
+
+    void highTextStaysInItsRow_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("column");
+        for (const char* column : {"COL2", "FLC0", "FRC1"}) {
+            QTest::addRow("text in %s", column) << "Ägyptj" << column;
+            QTest::addRow("number in %s", column) << "888" << column;
+        }
+    }
+    void highTextStaysInItsRow() {
+        QFETCH(QString, text);
+        QFETCH(QString, column);
+        Screen screen;
+        const std::string key = column.toStdString();
+        for (const char* row : {"ROW2", "ROW3", "ROW4"}) {
+            screen.set({key, row}, GridAttribute::Contents, "");
+        }
+        const QImage before = screen.picture();
+        screen.set({key, "ROW3"}, GridAttribute::Font, ";24;Normal");
+        screen.set({key, "ROW3"}, GridAttribute::Contents, text.toStdString());
+        const QImage after = screen.picture();
+        const QRect cell = screen.view().cellRect(screen.cell(key, "ROW3"));
+        QVERIFY2(before.copy(cell) != after.copy(cell), "the text is there");
+        for (const char* row : {"ROW2", "ROW4"}) {
+            const QRect neighbour = screen.view().cellRect(screen.cell(key, row)).adjusted(0, 1, 0, 0);
+            QVERIFY2(before.copy(neighbour) == after.copy(neighbour), row);
+        }
+    }
+
+    void aBitmapStaysInItsCell() {
+        Screen screen;
+        screen.set({"COL2", {}}, GridAttribute::Width, std::int16_t{14});
+        const QImage before = screen.picture();
+        screen.set({"COL2", "ROW3"}, GridAttribute::Bitmap, "flag-red");
+        const QImage after = screen.picture();
+        for (const int column : {1, 3}) {
+            const QRect neighbour = screen.view().cellRect(screen.cell(column, 3));
+            QVERIFY2(before.copy(neighbour) == after.copy(neighbour), qPrintable(QString::number(column)));
+        }
+    }
+
+    void fixedCellsTellWhetherTheyCanBeEdited_data() {
+        QTest::addColumn<bool>("dark");
+        QTest::newRow("light") << false;
+        QTest::newRow("dark") << true;
+    }
+    void fixedCellsTellWhetherTheyCanBeEdited() {
+        QFETCH(bool, dark);
+        const GridTheme& theme = dark ? GridTheme::darkTheme() : GridTheme::light();
+        Screen screen;
+        screen.view().setTheme(theme);
+        const std::pair<const char*, const char*> cells[] = {
+            {"FLC1", "ROW3"}, {"FRC1", "ROW3"}, {"COL2", "FTR1"}, {"COL2", "FBR1"}};
+        for (const auto& [column, row] : cells) {
+            const QRect part = inner(screen, screen.cell(column, row));
+            const QRgb editable = ground(screen.picture(), part);
+            QVERIFY2(editable == theme.base, row);
+            const bool isColumn = std::string_view(column) != "COL2";
+            const CellKeyView fixed = isColumn ? CellKeyView{column, {}} : CellKeyView{{}, row};
+            screen.set(fixed, GridAttribute::ReadOnly, true);
+            screen.set(fixed, GridAttribute::BackgroundColor, "tovGray");
+            QVERIFY2(ground(screen.picture(), part) != theme.base, row);
+        }
     }
 
     void textRunsOnOverEmptyCellsOnly() {

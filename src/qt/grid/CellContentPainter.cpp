@@ -33,6 +33,8 @@ CellContentPainter::Room CellContentPainter::textRoom(const PlacedTrack& horizon
     room.left = rect.left() + padding + indent;
     room.width = rect.width() - geometry.hairline() - 2 * padding - indent;
     room.baseLine = rect.top() + (height - room.shaper->height() + 1) / 2 + room.shaper->ascent();
+    room.top = rect.top();
+    room.height = height;
     room.tooLow = 2 * height < room.shaper->height();
     room.alignment = style.alignment;
     return room;
@@ -72,7 +74,8 @@ void CellContentPainter::add(const PlacedTrack& horizontal, const PlacedTrack& v
     if (look.bitmap) {
         QPoint at;
         if (const QPixmap* pixmap = placeBitmap(look, vertical, !text.empty(), room, at)) {
-            pictures_.push_back({at, pixmap});
+            const int line = scene_.geometry.hairline();
+            pictures_.push_back({at, pixmap, trackRect(horizontal.track, vertical.track).adjusted(0, 0, -line, -line)});
         }
     }
     if (text.empty() || room.tooLow) {
@@ -87,6 +90,18 @@ void CellContentPainter::add(const PlacedTrack& horizontal, const PlacedTrack& v
     }
 }
 
+GridTextBatch& CellContentPainter::textsFor(const Room& room) {
+    if (room.shaper->height() <= room.height) {
+        return texts_;
+    }
+    const auto known = std::find_if(cutTexts_.begin(), cutTexts_.end(), [&](const CutTexts& each) {
+        return each.top == room.top && each.height == room.height;
+    });
+    return known != cutTexts_.end()
+               ? known->texts
+               : cutTexts_.emplace_back(CutTexts{room.top, room.height, GridTextBatch(scene_.fonts)}).texts;
+}
+
 void CellContentPainter::addNumber(std::string_view text, const Room& room, QRgb color) {
     qreal width = room.shaper->numberWidth(text);
     if (width > room.width || !room.shaper->isPlainNumber(text)) {
@@ -95,14 +110,14 @@ void CellContentPainter::addNumber(std::string_view text, const Room& room, QRgb
             text.remove_suffix(1);
         }
         const ShapedText& mark = room.shaper->shape(std::string(text));
-        texts_.addText(mark, QPointF(std::round(room.left + room.width - mark.width), room.baseLine), color);
+        textsFor(room).addText(mark, QPointF(std::round(room.left + room.width - mark.width), room.baseLine), color);
         return;
     }
     const qreal free = room.width - width;
     const qreal shift = room.alignment == GridAlignment::Right    ? free
                         : room.alignment == GridAlignment::Center ? free / 2
                                                                   : 0;
-    texts_.addNumber(*room.shaper, text, QPointF(std::round(room.left + shift), room.baseLine), color);
+    textsFor(room).addNumber(*room.shaper, text, QPointF(std::round(room.left + shift), room.baseLine), color);
 }
 
 void CellContentPainter::addText(const std::string& text, const PlacedTrack& horizontal, const PlacedTrack& vertical,
@@ -117,7 +132,7 @@ void CellContentPainter::addText(const std::string& text, const PlacedTrack& hor
     const qreal shift = room.alignment == GridAlignment::Right    ? free
                         : room.alignment == GridAlignment::Center ? free / 2
                                                                   : 0;
-    texts_.addText(shaped, QPointF(std::round(room.left + shift), room.baseLine), style.text);
+    textsFor(room).addText(shaped, QPointF(std::round(room.left + shift), room.baseLine), style.text);
 }
 
 int CellContentPainter::widthFor(int wanted, const PlacedTrack& horizontal, const PlacedTrack& vertical,
@@ -187,10 +202,19 @@ void CellContentPainter::paint(QPainter& painter) {
     }
     patches_.clear();
     for (const Picture& picture : pictures_) {
-        painter.drawPixmap(picture.place, *picture.pixmap);
+        const QRect seen = QRect(picture.place, picture.pixmap->size()) & picture.cell;
+        painter.drawPixmap(seen.topLeft(), *picture.pixmap, seen.translated(-picture.place));
     }
     pictures_.clear();
     texts_.paint(painter);
+    for (CutTexts& cut : cutTexts_) {
+        painter.save();
+        constexpr int Wide = 1 << 20;
+        painter.setClipRect(QRect(-Wide, cut.top, 2 * Wide, cut.height), Qt::IntersectClip);
+        cut.texts.paint(painter);
+        painter.restore();
+    }
+    cutTexts_.clear();
 }
 
 }  // namespace planview

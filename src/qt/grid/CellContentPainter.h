@@ -28,7 +28,7 @@ inline constexpr std::string_view TooNarrow = "###";
 /// Places texts and bitmaps in cells, collects them and paints them together.
 ///
 /// A left-aligned text that its cell is too narrow for runs on over empty planning cells beside it; any other one is
-/// cut with an ellipsis.
+/// cut with an ellipsis. Nothing reaches into the cells above and below.
 class CellContentPainter {
 public:
     explicit CellContentPainter(const GridScene& scene) : scene_(scene), texts_(scene.fonts) {}
@@ -45,6 +45,13 @@ private:
     struct Picture {
         QPoint place;
         const QPixmap* pixmap;
+        QRect cell;
+    };
+    /// Texts that are higher than their cells, of cells with the same top and bottom.
+    struct CutTexts {
+        int top;
+        int height;
+        GridTextBatch texts;
     };
     struct Patch {
         QRect rect;
@@ -55,6 +62,8 @@ private:
         int left = 0;
         int width = 0;
         int baseLine = 0;
+        int top = 0;
+        int height = 0;
         bool tooLow = false;  ///< the cell is too low for any text
         TextShaper* shaper = nullptr;
         GridAlignment alignment = GridAlignment::Left;
@@ -63,6 +72,8 @@ private:
     [[nodiscard]] Room textRoom(const PlacedTrack& horizontal, const PlacedTrack& vertical, const CellLook& look,
                                 const GridCellStyle& style);
     const QPixmap* placeBitmap(const CellLook& look, const PlacedTrack& vertical, bool hasText, Room& room, QPoint& at);
+    /// Where a text of a room is collected.
+    GridTextBatch& textsFor(const Room& room);
     void addNumber(std::string_view text, const Room& room, QRgb color);
     void addText(const std::string& text, const PlacedTrack& horizontal, const PlacedTrack& vertical, const Room& room,
                  const GridCellStyle& style);
@@ -76,6 +87,7 @@ private:
 
     GridScene scene_;
     GridTextBatch texts_;
+    std::vector<CutTexts> cutTexts_;
     std::vector<Picture> pictures_;
     std::vector<Patch> patches_;
 };

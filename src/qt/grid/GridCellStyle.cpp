@@ -30,11 +30,21 @@ bool isRed(double number, const NumberFormat* format) {
     return color == Color::None ? (format ? format->ShowsNegative(number) : number < 0) : color == Color::Red;
 }
 
+/// Stands on the ground of the planning cells: the tints of fixed columns and rows tell that nothing can be typed
+/// there.
+bool isEditableFixed(const PlacedCell& cell, const CellLook& look) {
+    const bool fixed = cell.row.area != Area::Center || cell.column.area != Area::Center;
+    return fixed && !isHeading(cell) && !look.readOnly && !cell.row.helpLine && !look.helpLine;
+}
+
 }  // namespace
 
 QRgb GridStyler::ownGround(const PlacedCell& cell, const CellLook& look) const {
     if (isHeading(cell) && (cell.top() || cell.vertical.area == Area::Leading)) {
         return theme_.heading;
+    }
+    if (isEditableFixed(cell, look)) {
+        return colors_.base();
     }
     if (cell.row.area == Area::Leading) {
         return theme_.heading;
@@ -64,7 +74,7 @@ QRgb GridStyler::ownText(const PlacedCell& cell, const CellLook& look) const {
     if (cell.top()) {
         return theme_.muted;
     }
-    if (cell.row.area == Area::Leading || cell.column.area == Area::Trailing) {
+    if (cell.row.area == Area::Leading || cell.column.area == Area::Trailing || isEditableFixed(cell, look)) {
         return theme_.text;
     }
     if (cell.row.area == Area::Trailing) {
