@@ -214,7 +214,7 @@ const Refusal Refusals[] = {
     {"NewerVersion",
      [](const TestFolder& f) {
          MakeFullBook(f);
-         ChangeBook(f.Path("book"), "PRAGMA user_version = 3");
+         ChangeBook(f.Path("book"), "PRAGMA user_version = 4");
      },
      "it has the book version 4, this planbook reads versions up to 3. Open it with a newer planbook."},
     {"NoVersion",

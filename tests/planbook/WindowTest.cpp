@@ -133,6 +133,32 @@ TEST(Window, EveryKindOfChangeIsInTheFileAtOnce) {
     grid.ReleaseBorder();
     EXPECT_EQ(LoadBook(w.file)[BookTable::ColsIndex].Value(2, "COL_WIDTH"), Variant(133));
     w.ExpectSaved();
+    const std::vector<std::string> before{"COL1", "COL2", "COL3", "COL4"};
+    grid.MoveColumn("COL3", 1, true);
+    grid.ReportMoved(planview::MovedTracks::Columns, before);
+    EXPECT_EQ(LoadBook(w.file)[BookTable::ColsIndex].Value(3, "COL_ORDER"), Variant(1));
+    w.window.session().reload();
+    EXPECT_EQ(w.Grid().Column(w.Grid().Columns(planview::ColumnArea::Center)[0]).key, "COL3");
+}
+
+TEST(Window, ReadingAgainKeepsThePlaceAndAnotherBookHasItsOwn) {
+    const TestFolder folder;
+    const std::filesystem::path book = MakeSmallBook(folder);
+    const std::filesystem::path other = folder.Path("other.planbook");
+    std::filesystem::copy_file(book, other);
+    Window w(book);
+    w.Grid().SelectCell(w.At(2, 2), planview::SelectionMode::Replace);
+    w.Grid().SelectCell(w.At(3, 3), planview::SelectionMode::Extend);
+    const auto selected = [&] {
+        return w.Grid().Selection().HasCell(w.At(3, 3), w.Grid().OrderOf(w.At(3, 3).column),
+                                            w.Grid().OrderOf(w.At(3, 3).row));
+    };
+    w.window.session().reload();
+    EXPECT_TRUE(selected());
+    EXPECT_EQ(w.Grid().CurrentCell(), w.At(2, 2));
+    w.window.openBook(other);
+    EXPECT_FALSE(selected());
+    EXPECT_EQ(w.Grid().CurrentCell(), w.At(1, 1));
 }
 
 /// SQLite counts the transactions that have written to a file in its header.

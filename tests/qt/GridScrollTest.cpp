@@ -79,13 +79,18 @@ private slots:
         screen.set({"FLC1", {}}, GridAttribute::Width, std::int16_t{500});
         screen.set({"FRC1", {}}, GridAttribute::Width, std::int16_t{300});
         screen.set({{}, "FTR1"}, GridAttribute::Height, std::int16_t{390});
+        screen.set({"FLC1", {}}, GridAttribute::BackgroundColor, "tovBlue");
         for (const int place : {1, 12}) {
             screen.view().ensureVisible(screen.cell(place, place));
             const QRect cell = screen.view().cellRect(screen.cell(place, place));
             QVERIFY(cell.width() >= Screen::ColumnWidth - 1);
             QVERIFY(cell.height() >= Screen::RowHeight - 1);
             QVERIFY(screen.port()->rect().contains(cell));
-            QVERIFY(screen.view().cellRect(screen.cell("FLC1", "FTR0")).intersected(cell).isEmpty());
+            const QRect fixed =
+                screen.view().cellRect({screen.cell("FLC1", "FTR0").column, screen.cell(place, place).row});
+            QVERIFY(!fixed.isEmpty() && fixed.intersected(cell).isEmpty());
+            const QImage picture = screen.picture();
+            QVERIFY(picture.pixel(cell.topLeft() + QPoint(3, 3)) != picture.pixel(fixed.bottomRight() - QPoint(6, 3)));
         }
     }
 

@@ -90,6 +90,11 @@ private slots:
             QVERIFY2(columns ? screen.isSelected(key.toStdString(), "") : screen.isSelected("", key.toStdString()),
                      "what was moved stays selected");
         }
+        const std::vector<std::string>& actions = screen.log().actions;
+        const bool told = std::any_of(actions.begin(), actions.end(), [columns](const std::string& action) {
+            return action.starts_with(columns ? "MovedColumns COL1 COL2 COL3 " : "MovedRows ROW1 ROW2 ROW3 ");
+        });
+        QCOMPARE(told, !selected.isEmpty());
     }
 
     void movingNeedsItsPermissionAndCanBeGivenUp() {
