@@ -22,8 +22,8 @@ class PlanView;
 class PlanViewWidget;
 
 /// The commands as actions for the host's menus and tool bars. Brings them up to date once per turn of the event loop,
-/// however much has changed. While a cell is being edited, Undo, Redo, Cut, Copy and Paste act on the editor's text; while
-/// the focus is at the macros, Undo and Redo act on these.
+/// however much has changed. While a cell is being edited, Undo, Redo, Cut, Copy and Paste act on the editor's text;
+/// while the focus is at the macros, Undo and Redo act on these.
 class CommandActions final : public QObject {
     Q_OBJECT
 
