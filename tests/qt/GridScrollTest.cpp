@@ -90,7 +90,10 @@ private slots:
                 screen.view().cellRect({screen.cell("FLC1", "FTR0").column, screen.cell(place, place).row});
             QVERIFY(!fixed.isEmpty() && fixed.intersected(cell).isEmpty());
             const QImage picture = screen.picture();
-            QVERIFY(picture.pixel(cell.topLeft() + QPoint(3, 3)) != picture.pixel(fixed.bottomRight() - QPoint(6, 3)));
+            const auto at = [&](QPoint point) {
+                return picture.pixel((QPointF(point) * picture.devicePixelRatio()).toPoint());
+            };
+            QVERIFY(at(cell.topLeft() + QPoint(3, 3)) != at(fixed.bottomRight() - QPoint(6, 3)));
         }
     }
 
