@@ -163,7 +163,7 @@ TEST_F(ValueEntryTest, AHostChangesValuesAsTheUserDoes) {
     EXPECT_EQ(result.firstRefused, (CellKey{"COL99", "ROW1"}));
     EXPECT_EQ(EntriesOf("ChangeValues"), Lines{"GRIDCTL |  | ChangeValues | {name: Round up - cells: 4}"});
     EXPECT_EQ(host.heard, Lines{"update"});
-    EXPECT_EQ(Rows(*tables.tab), "1,1=1,5 1,2=2,5 2,1=30");
+    EXPECT_EQ(Rows(*tables.tab), "1,1=1.5 1,2=2,5 2,1=30");
     EXPECT_EQ(Rows(*tables.tabOld), "1,1=10 1,2=20");
     EXPECT_EQ(Grid().Contents(At("COL1", "ROW1")), "1,5");
     control->Editing().Undo();
