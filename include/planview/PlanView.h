@@ -196,10 +196,12 @@ public:
     [[nodiscard]] CommandState StateOf(Command command) const;
     [[nodiscard]] std::vector<CommandState> StatesOf(std::span<const Command> commands) const;
     /// @}
+    /// @{
     /// Called when what StateOf() answers may have changed, which is often; a host should ask after the current event.
     /// Called until it is removed.
     ListenerId AddCommandListener(std::function<void()> listener);
     void RemoveCommandListener(ListenerId listener) noexcept;
+    /// @}
 
     // --- The rest of the interface, part by part --------------------------------------------------------------------
 

@@ -153,10 +153,9 @@ TEST(MacroMenu, AReplayThatDoesNotFitSaysWhyAndChangesNothing) {
     window.RaiseLine(1, 10);
     window.questions.names = {""};
     window.Choose({}, "Stop recording");
-    window.window.session().change([](const Book& book) {
-        book[BookTable::LineIndex].SetValue(1, "READONLY", "X");
-        return true;
-    });
+    window.window.session().book()[BookTable::LineIndex].SetValue(1, "READONLY", "X");
+    window.window.session().saveTables();
+    window.window.view().DP_Import_Update();
     const std::string before = DumpTable(LoadBook(window.file), BookTable::Tab);
     window.Choose("Check", "Recording 1");
     window.Choose("Run", "Recording 1");
