@@ -74,9 +74,9 @@ TEST(Window, MenusOfferWhatCanBeDone) {
     QApplication::processEvents();
     EXPECT_EQ(EntriesOf(w.window, "&Edit"),
               (Entries{"(&Undo Ctrl+Z)", "(&Redo Ctrl+Y)", "-", "Cu&t Ctrl+X", "&Copy Ctrl+C", "&Paste Ctrl+V",
-                       "(&Fill with the first value)", "&Delete Del", "-", "Select ro&w Shift+Space",
-                       "Select co&lumn Ctrl+Space", "-", "F&ind… Ctrl+F", "Find &next F3", "Find pre&vious Shift+F3",
-                       "-", "(&Accept changes)", "(R&evert changes…)"}));
+                       "(&Fill with the first value)", "&Delete Del", "(Take the number the &other way Ctrl+M)", "-",
+                       "Select ro&w Shift+Space", "Select co&lumn Ctrl+Space", "-", "F&ind… Ctrl+F", "Find &next F3",
+                       "Find pre&vious Shift+F3", "-", "(&Accept changes)", "(R&evert changes…)"}));
     w.Grid().SelectRow(*w.Grid().FindRow("ROW1"), SelectionMode::Replace);
     QApplication::processEvents();
     Entries view = EntriesOf(w.window, "&View");
