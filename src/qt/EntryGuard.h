@@ -55,10 +55,10 @@ public:
     template <class Sender, class Signal, class Slot>
     void connect(Sender* sender, Signal signal, QObject* context, std::string_view method, Slot slot) const {
         if constexpr (std::is_invocable_v<Slot&>) {
-            QObject::connect(sender, signal, context, [this, method, slot]() mutable { run(method, slot); });
+            QObject::connect(sender, signal, context, [this, method, slot]() mutable { this->run(method, slot); });
         } else {
             QObject::connect(sender, signal, context, [this, method, slot](const auto&... arguments) mutable {
-                run(method, [&] { slot(arguments...); });
+                this->run(method, [&] { slot(arguments...); });
             });
         }
     }
@@ -67,7 +67,7 @@ public:
     template <class Body>
     void later(QObject* context, std::string_view method, Body body) const {
         QMetaObject::invokeMethod(
-            context, [this, method, body]() mutable { run(method, body); }, Qt::QueuedConnection);
+            context, [this, method, body]() mutable { this->run(method, body); }, Qt::QueuedConnection);
     }
 
 private:
