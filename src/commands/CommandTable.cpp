@@ -67,7 +67,7 @@ struct Row : CommandRow {
         return *this;
     }
     constexpr Row& KeyEverywhere() {
-        keyPlace = KeyPlace::Control;
+        keyScope = KeyScope::Control;
         return *this;
     }
     constexpr Row& Icon(std::string_view picture) {
@@ -550,9 +550,9 @@ Command CommandNamed(std::string_view name) {
     return row->command;
 }
 
-const CommandRow* FindCommand(KeyStroke key, KeyPlace place) noexcept {
+const CommandRow* FindCommand(KeyStroke key, KeyScope scope) noexcept {
     const CommandRow* found = std::find_if(std::begin(Table), std::end(Table), [&](const CommandRow& row) {
-        return row.keyPlace == place && (ReadKeyStroke(row.key) == key || ReadKeyStroke(row.otherKey) == key);
+        return row.keyScope == scope && (ReadKeyStroke(row.key) == key || ReadKeyStroke(row.otherKey) == key);
     });
     return key.code == 0 || found == std::end(Table) ? nullptr : found;
 }

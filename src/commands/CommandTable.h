@@ -18,7 +18,7 @@ struct CommandParts;
 class CommandSituation;
 
 /// Where a command's keys are listened to.
-enum class KeyPlace {
+enum class KeyScope {
     Table,   ///< while the table has the keyboard
     Control  ///< in every pane that has no use for them itself
 };
@@ -57,7 +57,7 @@ struct CommandRow {
     std::string_view popupCaption = {};  ///< where its popup calls it otherwise than the caption without mnemonic
     std::string_view key = {};           ///< for ReadKeyStroke()
     std::string_view otherKey = {};
-    KeyPlace keyPlace = KeyPlace::Table;
+    KeyScope keyScope = KeyScope::Table;
     std::string_view icon = {};
     CallArguments arguments = CallArguments::None;
 
@@ -104,7 +104,7 @@ struct CommandRow {
 /// The same; throws UnknownMember for a text that is none.
 [[nodiscard]] Command CommandNamed(std::string_view name);
 /// The command of that key there; null for none.
-[[nodiscard]] PLANVIEW_EXPORT const CommandRow* FindCommand(KeyStroke key, KeyPlace place) noexcept;
+[[nodiscard]] PLANVIEW_EXPORT const CommandRow* FindCommand(KeyStroke key, KeyScope scope) noexcept;
 
 /// The sentence of a recorded step's command; empty for a text that is none.
 [[nodiscard]] std::string_view SentenceOf(std::string_view name) noexcept;

@@ -52,7 +52,7 @@ bool KeyHandling::GridKeyDown(std::int16_t shift, std::int16_t keyCode) {
         }
         return true;
     }
-    const CommandRow* row = FindCommand(key, KeyPlace::Table);
+    const CommandRow* row = FindCommand(key, KeyScope::Table);
     if (row) {
         parts_.runner.Run(row->command);
     }

@@ -23,8 +23,8 @@ HostTable::Row CellTable::Find(std::int16_t row, std::int16_t column) {
     return IndexedRow({row, column});
 }
 
-HostTable::Row CellTable::IndexedRow(CellPlace place) const {
-    const HostTable::Row* const found = index_.Find(place);
+HostTable::Row CellTable::IndexedRow(CellPosition position) const {
+    const HostTable::Row* const found = index_.Find(position);
     return found ? *found : HostTable::Row{0};
 }
 

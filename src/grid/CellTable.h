@@ -8,7 +8,7 @@
 
 namespace planview {
 
-/// TAB or TAB_OLD as a place of cells: finds the first row whose `Z` and `C` match.
+/// TAB or TAB_OLD by cells: finds the first row whose `Z` and `C` match.
 ///
 /// One search walks the table. For the length of a bulk change an index over the rows can be kept; it is dropped with
 /// the object, because between user actions the host may change its tables at will. Should it do so in between, the
@@ -32,7 +32,7 @@ public:
 
 private:
     void BuildIndex();
-    [[nodiscard]] HostTable::Row IndexedRow(CellPlace place) const;
+    [[nodiscard]] HostTable::Row IndexedRow(CellPosition position) const;
     [[nodiscard]] HostTable::Row FirstMatch(std::int16_t row, std::int16_t column) const;
     [[nodiscard]] bool IsAt(HostTable::Row tableRow, std::int16_t row, std::int16_t column) const;
 

@@ -239,7 +239,7 @@ bool PlanViewWidget::canRedo() const {
 }
 
 void PlanViewWidget::keyPressEvent(QKeyEvent* event) {
-    if (const CommandRow* row = FindCommand(keyStrokeOf(*event), KeyPlace::Control)) {
+    if (const CommandRow* row = FindCommand(keyStrokeOf(*event), KeyScope::Control)) {
         run(row->command);
     } else {
         QWidget::keyPressEvent(event);

@@ -40,8 +40,8 @@ void SkipDollar(std::string_view& text) noexcept {
 }
 
 /// Either may be missing and is 0 then.
-std::optional<CellPlace> ParseCorner(std::string_view text) noexcept {
-    CellPlace place;
+std::optional<CellAddress> ParseCorner(std::string_view text) noexcept {
+    CellAddress place;
     SkipDollar(text);
     const std::size_t before = text.size();
     place.column = TakeColumn(text);
@@ -59,8 +59,8 @@ std::optional<CellPlace> ParseCorner(std::string_view text) noexcept {
 
 }  // namespace
 
-std::optional<CellPlace> ParseCell(std::string_view text) noexcept {
-    const std::optional<CellPlace> place = ParseCorner(text);
+std::optional<CellAddress> ParseCell(std::string_view text) noexcept {
+    const std::optional<CellAddress> place = ParseCorner(text);
     return place && place->row > 0 && place->column > 0 ? place : std::nullopt;
 }
 

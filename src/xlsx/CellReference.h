@@ -10,13 +10,13 @@
 
 namespace planview::xlsx {
 
-struct CellPlace {
+struct CellAddress {
     std::int32_t row = 0;
     std::int32_t column = 0;
 };
 
 /// Reads "B7" as row 7, column 2, with "$" before either or not; no value for what names no cell of a sheet.
-[[nodiscard]] std::optional<CellPlace> ParseCell(std::string_view text) noexcept;
+[[nodiscard]] std::optional<CellAddress> ParseCell(std::string_view text) noexcept;
 /// Reads "B7:C9", "$1:$3" (whole rows) or "$A:$B" (whole columns); a single cell is an area, too.
 [[nodiscard]] std::optional<Area> ParseArea(std::string_view text) noexcept;
 

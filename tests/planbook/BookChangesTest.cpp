@@ -219,7 +219,7 @@ TEST(TwoWindows, ACellChangedInBothIsAConflictAndNothingIsWritten) {
     const std::string before = DumpFile(mine.file);
     const std::vector<CellConflict> conflicts = mine.store.Write(mine.snapshot.ChangesIn(mine.book));
     ASSERT_EQ(conflicts.size(), 1U);
-    EXPECT_EQ(conflicts[0].cell, (CellPlace{1, 1}));
+    EXPECT_EQ(conflicts[0].cell, (CellPosition{1, 1}));
     EXPECT_EQ(conflicts[0].theirs, Variant(70));
     EXPECT_EQ(conflicts[0].mine, Variant(50.0));
     EXPECT_EQ(DumpFile(mine.file), before);

@@ -129,7 +129,8 @@ void BookSession::show() {
 
 // --- Saving
 
-void BookSession::valueChanged(CellPlace cell, const QString& columnKey, const QString& rowKey, const QVariant& value) {
+void BookSession::valueChanged(CellPosition cell, const QString& columnKey, const QString& rowKey,
+                               const QVariant& value) {
     if (!held_) {  // else the tables are compared at the end
         const Variant before = snapshot_.ValueOf(cell);
         announced_.cells.push_back({cell, before, toVariant(value)});
@@ -284,7 +285,7 @@ void BookSession::setChangedElsewhere(bool changed) {
     }
 }
 
-QString BookSession::nameOf(CellPlace cell) const {
+QString BookSession::nameOf(CellPosition cell) const {
     return QString::fromStdString(CellName(book_, cell));
 }
 

@@ -78,7 +78,7 @@ Q_SIGNALS:
     void changedElsewhereChanged(bool changed);
 
 private:
-    void valueChanged(CellPlace cell, const QString& columnKey, const QString& rowKey, const QVariant& value);
+    void valueChanged(CellPosition cell, const QString& columnKey, const QString& rowKey, const QVariant& value);
     /// Writes what was announced cell by cell.
     void severalAnnounced();
     void tablesChanged();
@@ -102,7 +102,7 @@ private:
     void leave();
     void rebuild();
     void setChangedElsewhere(bool changed);
-    [[nodiscard]] QString nameOf(CellPlace cell) const;
+    [[nodiscard]] QString nameOf(CellPosition cell) const;
 
     planview::PlanViewWidget& view_;
     Questions& questions_;

@@ -79,7 +79,7 @@ bool HostMenus::canDo(HostCommand command) const {
     }
 }
 
-void HostMenus::run(HostCommand command, CellPlace place) {
+void HostMenus::run(HostCommand command, CellPosition place) {
     if (!session_.isOpen() || !canDo(command) || !view_.finishEditing()) {
         return;
     }
@@ -97,7 +97,7 @@ void HostMenus::run(HostCommand command, CellPlace place) {
             copyPeriod(place.column);
             break;
         case HostCommand::ClearPeriod:
-            clear([place](CellPlace cell) { return cell.column == place.column; });
+            clear([place](CellPosition cell) { return cell.column == place.column; });
             break;
         case HostCommand::CopyLine:
             copyLine(place.row);
@@ -106,14 +106,14 @@ void HostMenus::run(HostCommand command, CellPlace place) {
             spreadTotal(place.row);
             break;
         case HostCommand::ClearLine:
-            clear([place](CellPlace cell) { return cell.row == place.row; });
+            clear([place](CellPosition cell) { return cell.row == place.row; });
             break;
         case HostCommand::CopyValue:
             change("Copy value", CopyValueOn(session_.book(), place),
                    "The following periods hold this value already, or the line cannot be edited.");
             break;
         case HostCommand::ClearCell:
-            clear([place](CellPlace cell) { return cell == place; });
+            clear([place](CellPosition cell) { return cell == place; });
             break;
         case HostCommand::RaiseLine:
         case HostCommand::RaiseCells:
@@ -182,7 +182,7 @@ void HostMenus::raise() {
     }
 }
 
-void HostMenus::clear(const std::function<bool(CellPlace)>& which) {
+void HostMenus::clear(const std::function<bool(CellPosition)>& which) {
     change("Clear pending changes", ClearPending(session_.book(), which), "There is no pending change here.");
 }
 

@@ -35,7 +35,7 @@ private:
     /// Gives the view its tables anew.
     void offer();
     [[nodiscard]] bool canDo(HostCommand command) const;
-    void run(HostCommand command, CellPlace place);
+    void run(HostCommand command, CellPosition place);
     /// Has the view change the values; tells the user when no cell has changed.
     void change(std::string_view name, const PlanEdits& edits, const QString& nothingChanged);
     void copyLine(std::int32_t line);
@@ -43,7 +43,7 @@ private:
     void spreadTotal(std::int32_t line);
     /// Of what is selected; the popup has selected what was clicked.
     void raise();
-    void clear(const std::function<bool(CellPlace)>& which);
+    void clear(const std::function<bool(CellPosition)>& which);
 
     planview::PlanViewWidget& view_;
     BookSession& session_;

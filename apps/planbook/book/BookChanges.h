@@ -17,22 +17,22 @@ using BookRow = std::vector<planview::Variant>;
 using BookRows = std::vector<BookRow>;
 
 /// A planning cell by the fields `Z` and `C` of TAB and TAB_OLD.
-struct CellPlace {
+struct CellPosition {
     std::int32_t row = 0;
     std::int32_t column = 0;
-    friend bool operator==(const CellPlace&, const CellPlace&) = default;
+    friend auto operator<=>(const CellPosition&, const CellPosition&) = default;
 };
 
-/// A new value in the first row of TAB that has this place, or in a new row.
+/// A new value in the first row of TAB that has this position, or in a new row.
 struct CellEdit {
-    CellPlace cell;
+    CellPosition cell;
     planview::Variant before;  ///< what was last read or written here
     planview::Variant after;
 };
 
 /// A cell's value before its first change; kept unless TAB_OLD has a row for the cell.
 struct OldValue {
-    CellPlace cell;
+    CellPosition cell;
     planview::Variant value;
 };
 
@@ -60,7 +60,7 @@ struct BookChanges {
 
 /// A cell that somebody else has changed since this window last read it, so that writing it would lose their value.
 struct CellConflict {
-    CellPlace cell;
+    CellPosition cell;
     planview::Variant mine;
     planview::Variant theirs;
 };

@@ -259,7 +259,7 @@ private:
     }
 
     /// Cells with a 0 in their place note that a fixed cell was edited.
-    bool CheckCell(const TableDescription& description, std::int32_t row, CellPlace cell) {
+    bool CheckCell(const TableDescription& description, std::int32_t row, CellPosition cell) {
         if (cell.row == 0 || cell.column == 0) {
             return true;
         }

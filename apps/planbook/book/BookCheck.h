@@ -13,7 +13,7 @@
 
 namespace planbook {
 
-/// A place of a book that a view cannot read.
+/// A field of a book that a view cannot read.
 struct BookFault {
     BookTable table;
     std::int32_t row;  ///< from 1, in the order of the file's rows

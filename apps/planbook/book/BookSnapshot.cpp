@@ -28,10 +28,10 @@ bool HoldsCells(BookTable table) noexcept {
     return table == BookTable::Tab || table == BookTable::TabOld;
 }
 
-/// No value when the row's place is no place.
-std::optional<CellPlace> PlaceOf(const BookRow& row) {
+/// No value where Z and C are no position.
+std::optional<CellPosition> PositionOf(const BookRow& row) {
     try {
-        return CellPlace{row[RowField].AsInt16(), row[ColumnField].AsInt16()};
+        return CellPosition{row[RowField].AsInt16(), row[ColumnField].AsInt16()};
     } catch (const planview::AutomationError&) {
         return std::nullopt;
     }
@@ -68,7 +68,7 @@ bool CellsKeptTheirPlaces(const std::vector<FieldEdit>& edits) {
 void AddCellChanges(const BookRows& before, const MemoryTable& table, const TableDescription& description,
                     const std::vector<FieldEdit>& edits, BookChanges& changes) {
     for (const FieldEdit& edit : edits) {
-        const std::optional<CellPlace> cell = PlaceOf(before[edit.row]);
+        const std::optional<CellPosition> cell = PositionOf(before[edit.row]);
         // An old value that is there stays as it is in the file.
         if (cell && description.table == BookTable::Tab) {
             changes.cells.push_back({*cell, before[edit.row][ValueField], edit.after});
@@ -76,7 +76,7 @@ void AddCellChanges(const BookRows& before, const MemoryTable& table, const Tabl
     }
     for (auto row = static_cast<std::int32_t>(before.size()) + 1; row <= table.RowCount(); ++row) {
         const BookRow added = RowOf(table, row, description);
-        const std::optional<CellPlace> cell = PlaceOf(added);
+        const std::optional<CellPosition> cell = PositionOf(added);
         if (cell && description.table == BookTable::Tab) {
             changes.cells.push_back({*cell, Variant(), added[ValueField]});
         } else if (cell) {
@@ -183,14 +183,14 @@ void BookSnapshot::PutInto(const Book& book) const {
     }
 }
 
-Variant BookSnapshot::ValueOf(CellPlace cell) const {
+Variant BookSnapshot::ValueOf(CellPosition cell) const {
     const auto found = tabIndex_.find(cell);
     return found == tabIndex_.end() ? Variant() : Rows(BookTable::Tab)[found->second][ValueField];
 }
 
-std::size_t BookSnapshot::PlaceHash::operator()(CellPlace place) const noexcept {
+std::size_t BookSnapshot::PositionHash::operator()(CellPosition position) const noexcept {
     constexpr std::uint32_t BitsPerPosition = 16;
-    return static_cast<std::uint32_t>(place.row) << BitsPerPosition ^ static_cast<std::uint32_t>(place.column);
+    return static_cast<std::uint32_t>(position.row) << BitsPerPosition ^ static_cast<std::uint32_t>(position.column);
 }
 
 void BookSnapshot::BuildIndex(BookTable table) {
@@ -198,13 +198,13 @@ void BookSnapshot::BuildIndex(BookTable table) {
     index.clear();
     const BookRows& rows = Rows(table);
     for (std::size_t row = 0; row < rows.size(); ++row) {
-        if (const std::optional<CellPlace> cell = PlaceOf(rows[row])) {
+        if (const std::optional<CellPosition> cell = PositionOf(rows[row])) {
             index.emplace(*cell, row);
         }
     }
 }
 
-void BookSnapshot::AddCell(BookTable table, CellPlace cell, const Variant& value) {
+void BookSnapshot::AddCell(BookTable table, CellPosition cell, const Variant& value) {
     IndexOf(table).emplace(cell, Rows(table).size());
     Rows(table).push_back({cell.row, cell.column, value});
 }

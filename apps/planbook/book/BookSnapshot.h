@@ -32,14 +32,14 @@ public:
     void PutInto(const Book& book) const;
 
     /// The value of a cell of TAB; Empty when there is no row for it.
-    [[nodiscard]] planview::Variant ValueOf(CellPlace cell) const;
+    [[nodiscard]] planview::Variant ValueOf(CellPosition cell) const;
 
 private:
-    struct PlaceHash {
-        std::size_t operator()(CellPlace place) const noexcept;
+    struct PositionHash {
+        std::size_t operator()(CellPosition position) const noexcept;
     };
     /// The first row of each cell, from 0.
-    using CellIndex = std::unordered_map<CellPlace, std::size_t, PlaceHash>;
+    using CellIndex = std::unordered_map<CellPosition, std::size_t, PositionHash>;
 
     [[nodiscard]] BookRows& Rows(BookTable table) noexcept { return rows_[static_cast<std::size_t>(table)]; }
     [[nodiscard]] const BookRows& Rows(BookTable table) const noexcept {
@@ -49,7 +49,7 @@ private:
         return table == BookTable::Tab ? tabIndex_ : tabOldIndex_;
     }
     void BuildIndex(BookTable table);
-    void AddCell(BookTable table, CellPlace cell, const planview::Variant& value);
+    void AddCell(BookTable table, CellPosition cell, const planview::Variant& value);
 
     std::array<BookRows, BookTableCount> rows_;
     CellIndex tabIndex_;

@@ -90,7 +90,7 @@ public:
         Variant value;
     };
 
-    [[nodiscard]] Found Find(CellPlace cell) {
+    [[nodiscard]] Found Find(CellPosition cell) {
         find_.addBindValue(cell.row);
         find_.addBindValue(cell.column);
         Execute(connection_, find_);
@@ -108,7 +108,7 @@ public:
         ExecuteOne(connection_, update_, table_);
     }
 
-    void Append(CellPlace cell, const Variant& value) {
+    void Append(CellPosition cell, const Variant& value) {
         if (lastRow_ == 0) {
             QSqlQuery count =
                 connection_.Run(Work::Write, "SELECT COALESCE(MAX(ROW_NO), 0), COUNT(*) FROM " + Quoted(table_.name));

@@ -19,7 +19,7 @@ std::int32_t RowOf(const MemoryTable& table, std::string_view field, std::int32_
     return 0;
 }
 
-std::string Trimmed(const std::string& text) {
+std::string WithoutIndent(const std::string& text) {
     const std::size_t start = text.find_first_not_of(' ');
     return start == std::string::npos ? std::string() : text.substr(start);
 }
@@ -29,10 +29,10 @@ std::string Trimmed(const std::string& text) {
 std::string LineCaption(const MemoryTable& lineIndex, std::int32_t row) {
     const std::string kind = lineIndex.Value(row, "LTEXT").AsText();
     const char* field = kind == "F" || kind == "T" ? "FREET" : kind == "P" ? "PLOBT" : "DDICT";
-    return Trimmed(lineIndex.Value(row, field).AsText());
+    return WithoutIndent(lineIndex.Value(row, field).AsText());
 }
 
-std::string CellName(const Book& book, CellPlace cell) {
+std::string CellName(const Book& book, CellPosition cell) {
     const MemoryTable& lines = book[BookTable::LineIndex];
     const MemoryTable& periods = book[BookTable::ColsIndex];
     const std::int32_t line = RowOf(lines, "LINE", cell.row);

@@ -12,6 +12,6 @@ namespace planbook {
 [[nodiscard]] std::string LineCaption(const planview::MemoryTable& lineIndex, std::int32_t row);
 
 /// "Construction, May 08".
-[[nodiscard]] std::string CellName(const Book& book, CellPlace cell);
+[[nodiscard]] std::string CellName(const Book& book, CellPosition cell);
 
 }  // namespace planbook

@@ -15,9 +15,7 @@ using planview::Variant;
 
 namespace {
 
-using Place = std::pair<std::int32_t, std::int32_t>;
-
-Place PlaceAt(const MemoryTable& table, std::int32_t row) {
+CellPosition PositionAt(const MemoryTable& table, std::int32_t row) {
     const auto number = [&](const char* field) {
         return static_cast<std::int32_t>(NumberOf(table.Value(row, field)).value_or(0));
     };
@@ -25,10 +23,10 @@ Place PlaceAt(const MemoryTable& table, std::int32_t row) {
 }
 
 /// The first row of each cell of TAB or TAB_OLD.
-std::map<Place, std::int32_t> RowsByPlace(const MemoryTable& table) {
-    std::map<Place, std::int32_t> rows;
+std::map<CellPosition, std::int32_t> RowsByPosition(const MemoryTable& table) {
+    std::map<CellPosition, std::int32_t> rows;
     for (std::int32_t row = 1; row <= table.RowCount(); ++row) {
-        rows.emplace(PlaceAt(table, row), row);
+        rows.emplace(PositionAt(table, row), row);
     }
     return rows;
 }
@@ -56,13 +54,13 @@ std::vector<std::int32_t> PeriodsOf(const Book& book, bool hiddenToo) {
 class Cells {
 public:
     explicit Cells(const Book& book)
-        : tab_(book[BookTable::Tab]), rows_(RowsByPlace(tab_)), lines_(EditableLines(book)) {}
+        : tab_(book[BookTable::Tab]), rows_(RowsByPosition(tab_)), lines_(EditableLines(book)) {}
 
-    [[nodiscard]] Variant ValueOf(CellPlace cell) const {
+    [[nodiscard]] Variant ValueOf(CellPosition cell) const {
         const auto found = rows_.find({cell.row, cell.column});
         return found == rows_.end() ? Variant() : tab_.Value(found->second, "V");
     }
-    void Set(CellPlace cell, const Variant& value) {
+    void Set(CellPosition cell, const Variant& value) {
         if (std::find(lines_.begin(), lines_.end(), cell.row) != lines_.end() && !SameValue(ValueOf(cell), value)) {
             edits_.push_back({cell, value});
         }
@@ -71,7 +69,7 @@ public:
 
 private:
     const MemoryTable& tab_;
-    std::map<Place, std::int32_t> rows_;
+    std::map<CellPosition, std::int32_t> rows_;
     std::vector<std::int32_t> lines_;
     PlanEdits edits_;
 };
@@ -124,7 +122,7 @@ PlanEdits CopyPeriod(const Book& book, std::int32_t from, std::int32_t to) {
     return std::move(cells).Edits();
 }
 
-PlanEdits CopyValueOn(const Book& book, CellPlace cell) {
+PlanEdits CopyValueOn(const Book& book, CellPosition cell) {
     Cells cells(book);
     const Variant value = cells.ValueOf(cell);
     const std::vector<std::int32_t> periods = PeriodsOf(book, true);
@@ -161,11 +159,10 @@ PlanEdits SpreadTotal(const Book& book, std::int32_t line, double total) {
     return std::move(cells).Edits();
 }
 
-PlanEdits ClearPending(const Book& book, const std::function<bool(CellPlace)>& which) {
+PlanEdits ClearPending(const Book& book, const std::function<bool(CellPosition)>& which) {
     const MemoryTable& tabOld = book[BookTable::TabOld];
     Cells cells(book);
-    for (const auto& [place, row] : RowsByPlace(tabOld)) {
-        const CellPlace cell{place.first, place.second};
+    for (const auto& [cell, row] : RowsByPosition(tabOld)) {
         if (which(cell)) {
             cells.Set(cell, tabOld.Value(row, "V"));
         }

@@ -16,7 +16,7 @@ namespace planbook {
 
 /// A cell and the value that it is to get.
 struct PlanEdit {
-    CellPlace cell;
+    CellPosition cell;
     planview::Variant value;
 };
 using PlanEdits = std::vector<PlanEdit>;
@@ -31,11 +31,11 @@ using PlanEdits = std::vector<PlanEdit>;
 [[nodiscard]] PlanEdits CopyLine(const Book& book, std::int32_t from, std::int32_t to);
 [[nodiscard]] PlanEdits CopyPeriod(const Book& book, std::int32_t from, std::int32_t to);
 /// Gives the cell's value to all periods behind it.
-[[nodiscard]] PlanEdits CopyValueOn(const Book& book, CellPlace cell);
+[[nodiscard]] PlanEdits CopyValueOn(const Book& book, CellPosition cell);
 /// Spreads a total over the periods that are not hidden: in the proportion of what they hold, evenly where they hold
 /// nothing or something below zero. The parts have two decimals and add up to the total.
 [[nodiscard]] PlanEdits SpreadTotal(const Book& book, std::int32_t line, double total);
 /// Gives the cells for which `which` holds the values back that TAB_OLD keeps for them.
-[[nodiscard]] PlanEdits ClearPending(const Book& book, const std::function<bool(CellPlace)>& which);
+[[nodiscard]] PlanEdits ClearPending(const Book& book, const std::function<bool(CellPosition)>& which);
 
 }  // namespace planbook

@@ -95,7 +95,7 @@ void GridView::contextMenuEvent(QContextMenuEvent* event) {
 
 bool GridView::handleCommand(const QKeyEvent& event) {
     const KeyStroke key = keyStrokeOf(event);
-    const bool isCommand = FindCommand(key, KeyPlace::Table) != nullptr;
+    const bool isCommand = FindCommand(key, KeyScope::Table) != nullptr;
     const bool isGrids = startsEntry(event) || GridKey::of(event);
     if (key.code == 0 || (isGrids && !isCommand)) {
         return false;
