@@ -74,14 +74,14 @@ TEST(ObjectRegistry, MakesWhatWasRegistered) {
 
 TEST(HeadlessPlatform, TellsOfThisMachine) {
     HeadlessPlatform platform;
-    const std::optional<MemoryStatus> memory = platform.Interfaces().system.Memory();
+    const std::optional<MemoryStatus> memory = platform.Interfaces().system->Memory();
     ASSERT_TRUE(memory);
     EXPECT_GT(memory->totalPhysical, 64 * 1024 * 1024);
-    EXPECT_EQ(platform.Interfaces().system.PlatformId(), 2);
+    EXPECT_EQ(platform.Interfaces().system->PlatformId(), 2);
     ASSERT_EQ(_wputenv_s(L"LOCALAPPDATA", L"C:\\users\\J\u00F6rg \u03B1"), 0);
-    EXPECT_EQ(platform.Interfaces().system.LogFolder(), "C:\\users\\J\xC3\xB6rg \xCE\xB1\\planview");
+    EXPECT_EQ(platform.Interfaces().system->LogFolder(), "C:\\users\\J\xC3\xB6rg \xCE\xB1\\planview");
     ASSERT_EQ(_wputenv_s(L"LOCALAPPDATA", L"relative"), 0);
-    EXPECT_EQ(platform.Interfaces().system.LogFolder(), "");
+    EXPECT_EQ(platform.Interfaces().system->LogFolder(), "");
 }
 
 #else
