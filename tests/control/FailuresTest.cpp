@@ -210,7 +210,7 @@ TEST_F(FailuresTest, TwoControlsHearOfTheirOwn) {
     EXPECT_EQ(others, Lines());
 }
 
-#if !defined(NDEBUG) && defined(GTEST_HAS_DEATH_TEST)
+#if !defined(NDEBUG) && defined(GTEST_HAS_DEATH_TEST) && !defined(_WIN32)
 TEST(WrongThreadDeathTest, ACallFromAnotherThreadEndsTheProgramInADebugBuild) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     PlanView control;
