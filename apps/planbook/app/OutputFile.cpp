@@ -32,7 +32,7 @@ void WriteTraceOf(const std::filesystem::path& file, const std::function<void()>
     WriteOutput(file, [&](std::ostream& out) {
         const planview::TraceStream stream(out);
         body();
-        CheckOutput(file);  // the user may have made a book of that name meanwhile
+        CheckOutput(file);       // the user may have made a book of that name meanwhile
         errno = stream.Error();  // of the write that failed, not of what was done since
     });
 }
