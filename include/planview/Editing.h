@@ -37,8 +37,9 @@ public:
     /// That of this control.
     explicit Editing(PlanView& control) noexcept : Facet(control) {}
 
-    /// Takes back the user's last change of values, however many cells it was; nothing where there is none. A rebuild
-    /// ends the history.
+    /// Takes back the user's last change of values, however many cells it was; nothing where there is none. A build
+    /// keeps the history of the columns and rows that have their key and their caption again; what was changed in
+    /// others drops out of its step.
     void Undo();
     /// Makes the change again that Undo() took back last; nothing after another change of values.
     void Redo();

@@ -23,7 +23,7 @@ protected:
     /// Of this control.
     explicit Facet(PlanView& control) noexcept;
     /// The state of the control, kept alive by this handle.
-    [[nodiscard]] const std::shared_ptr<detail::ControlState>& State() const noexcept { return state_; }
+    [[nodiscard]] const std::shared_ptr<detail::ControlState>& State() const noexcept;
 
 private:
     std::shared_ptr<detail::ControlState> state_;

@@ -48,8 +48,8 @@ struct MemberDescription {
 /// 4. `DP_Import_Create`;
 /// 5. after a change of tables `DP_Import_Update`; after a change of GRID_ATTR first `DP_Import_Attribute`.
 ///
-/// Errors: every method that returns a Status returns 0, whatever happens. A failure ends the method quietly and can be
-/// seen in the trace (an entry with the message "ERROR"). None of the methods, table properties and commands throws.
+/// Errors: every method that returns a Status returns 0, whatever happens. A failure ends the method quietly; failure
+/// listeners hear of it (Diagnostics), and the trace has it. None of the methods, table properties and commands throws.
 /// What does: the constructor, when memory or the platform fails it, an unknown table name, and a late-bound
 /// access to an unknown member or with arguments that it does not take (AutomationError).
 ///

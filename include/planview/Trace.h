@@ -2,6 +2,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <memory>
 
 #include <planview/Export.h>
 
@@ -16,5 +17,26 @@ namespace planview {
 /// does not fit before the next one's column moves that one to a line of its own. Writes nothing while the trace is
 /// off.
 PLANVIEW_EXPORT void WriteTraceLog(std::ostream& out);
+
+/// While it lives, each entry that the trace gets is also written into a stream, in the same form and however many
+/// there are; the list of 5,000 stays as it is. Entries come from any thread, one after the other. The stream stays the
+/// host's, must outlive this, must not lead back to the trace, and is not flushed. Any number may stand at a time.
+class PLANVIEW_EXPORT TraceStream {
+public:
+    /// From the next entry on.
+    explicit TraceStream(std::ostream& out);
+    /// No further entry is written.
+    ~TraceStream();
+    TraceStream(const TraceStream&) = delete;
+    TraceStream& operator=(const TraceStream&) = delete;
+
+    /// The system's error number (`errno`) when the stream failed, 0 while it has not; what comes after a failure is
+    /// not written.
+    [[nodiscard]] int Error() const;
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
 
 }  // namespace planview

@@ -1,8 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include <planview/CellKey.h>
 #include <planview/Export.h>
 #include <planview/Facet.h>
+#include <planview/Variant.h>
 
 namespace planview {
 
@@ -36,6 +43,29 @@ public:
     void HideRows();
     void ShowRows();
     /// @}
+
+    /// @{
+    /// Reads exactly these again from the tables and shows them as one change: of cells their values, texts and looks;
+    /// of columns and rows also their headings, sizes, looks and whether they are hidden, and all their cells. For a
+    /// host that has changed its tables. Selection, scroll position, an open entry, the chart's position and the undo
+    /// history stay; nothing is announced or pending. Keys as events name them, fixed ones too; one that the grid does
+    /// not have is passed over, and only a build adds, removes or reorders columns and rows. Of a table that cannot be
+    /// read to its end no cell is shown again. Allowed inside every event.
+    void UpdateCells(std::span<const CellKey> cells);
+    void UpdateColumns(std::span<const std::string> columns);
+    void UpdateRows(std::span<const std::string> rows);
+    /// @}
+
+    /// The text of a cell as it is shown: a number in its format ("1.234,5 EUR"). Empty for an empty cell and for keys
+    /// that the grid does not have. {"COL5", "FTR0"} is a column's heading, {"FLC0", "ROW2"} a row's label.
+    [[nodiscard]] std::string TextOf(const CellKey& cell) const;
+    /// What a cell holds: a number (Double) where the contents are one, else the text, Empty where nothing is.
+    [[nodiscard]] Variant ValueOf(const CellKey& cell) const;
+    /// The selected cells that are not hidden, row by row as they stand on the screen (in the switched view, too);
+    /// the current cell where none is selected, nothing where there is none.
+    [[nodiscard]] std::vector<CellKey> SelectedCells() const;
+    /// The cell that keys act on; none in a grid without visible planning cells.
+    [[nodiscard]] std::optional<CellKey> CurrentCell() const;
 
     /// @{
     /// The keyboard focus comes to the control or leaves it, and comes to its own surface or leaves it. Each leaves its

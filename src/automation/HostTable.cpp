@@ -122,7 +122,8 @@ private:
     std::array<KeptArguments, 64> kept_;
 };
 
-HostTable::HostTable(ObjectRef object) : access_(object ? Access::To(std::move(object)) : nullptr) {}
+HostTable::HostTable(ObjectRef object, std::string_view name)
+    : access_(object ? Access::To(std::move(object)) : nullptr), name_(name) {}
 
 ObjectRef HostTable::Object() const noexcept {
     return access_ ? access_->Object() : nullptr;
@@ -130,33 +131,39 @@ ObjectRef HostTable::Object() const noexcept {
 
 HostTable::Access& HostTable::Table() const {
     if (!access_) {
-        throw AutomationError(AutomationErrorCode::ObjectNotSet, "The table is not set");
+        throw TableError(AutomationErrorCode::ObjectNotSet, "The table is not set", {std::string(name_), {}, 0});
     }
     return *access_;
 }
 
 HostTable::Row HostTable::RowCount() const {
     const ObjectRef table = Table().Object();
-    const Row count = table->Get(table->IdOf("rowCount"), {}).AsInt16();
-    if (count < 0) {
-        throw AutomationError(AutomationErrorCode::SubscriptOutOfRange,
-                              "The table says that it has " + std::to_string(count) + " rows");
-    }
-    return count;
+    return At(0, {}, [&] {
+        const Row count = table->Get(table->IdOf("rowCount"), {}).AsInt16();
+        if (count < 0) {
+            throw AutomationError(AutomationErrorCode::SubscriptOutOfRange,
+                                  "The table says that it has " + std::to_string(count) + " rows");
+        }
+        return count;
+    });
 }
 
 Variant HostTable::Value(Row row, std::string_view field) const {
-    return Table().With(row, field, [](AutomationObject& table, AutomationObject::Arguments arguments) {
-        return table.Get(DefaultMember, arguments);
+    return At(row, field, [&] {
+        return Table().With(row, field, [](AutomationObject& table, AutomationObject::Arguments arguments) {
+            return table.Get(DefaultMember, arguments);
+        });
     });
 }
 
 std::string HostTable::Text(Row row, std::string_view field) const {
     const Variant value = Value(row, field);
     const std::string* own = value.TextIf();
-    std::string text = own ? *own : Converted(row, field, [&] { return value.AsText(); });
-    CheckText(text, row, field);
-    return text;
+    return At(row, field, [&] {
+        std::string text = own ? *own : Converted(row, field, [&] { return value.AsText(); });
+        CheckText(text, row, field);
+        return text;
+    });
 }
 
 bool HostTable::Flag(Row row, std::string_view field) const {
@@ -169,22 +176,24 @@ std::int16_t HostTable::Int16(Row row, std::string_view field, std::int16_t ofNo
     const Variant value = Value(row, field);
     const std::string* own = value.TextIf();
     const bool nothing = value.IsEmpty() || (own && own->empty());
-    return nothing ? ofNothing : Converted(row, field, [&] { return value.AsInt16(); });
+    return nothing ? ofNothing : At(row, field, [&] { return Converted(row, field, [&] { return value.AsInt16(); }); });
 }
 
 std::int16_t HostTable::Int16(Row row, std::string_view field) const {
     const Variant value = Value(row, field);
-    return Converted(row, field, [&] { return value.AsInt16(); });
+    return At(row, field, [&] { return Converted(row, field, [&] { return value.AsInt16(); }); });
 }
 
 double HostTable::Double(Row row, std::string_view field) const {
     const Variant value = Value(row, field);
-    return Converted(row, field, [&] { return value.AsDouble(); });
+    return At(row, field, [&] { return Converted(row, field, [&] { return value.AsDouble(); }); });
 }
 
 void HostTable::Put(Row row, std::string_view field, const Variant& value) const {
-    Table().With(row, field, [&](AutomationObject& table, AutomationObject::Arguments arguments) {
-        table.Put(DefaultMember, arguments, value);
+    At(row, field, [&] {
+        Table().With(row, field, [&](AutomationObject& table, AutomationObject::Arguments arguments) {
+            table.Put(DefaultMember, arguments, value);
+        });
     });
 }
 
@@ -193,7 +202,7 @@ HostTable::Row HostTable::FindRow(std::string_view field, std::string_view text)
     for (int row = 1; row <= count; ++row) {
         const Variant value = Value(static_cast<Row>(row), field);
         const std::string* own = value.TextIf();
-        if (own ? *own == text : value.AsText() == text) {
+        if (At(static_cast<Row>(row), field, [&] { return own ? *own == text : value.AsText() == text; })) {
             return static_cast<Row>(row);
         }
     }
@@ -205,15 +214,17 @@ HostTable::Row HostTable::AddRow() const {
 }
 
 ObjectRef HostTable::Rows() const {
-    return Late(Object()).Get("Rows").Value().AsObject();
+    return At(0, {}, [&] { return Late(Object()).Get("Rows").Value().AsObject(); });
 }
 
 HostTable::Row HostTable::AddRow(const ObjectRef& rows) const {
-    if (RowCount() == std::numeric_limits<Row>::max()) {
-        // A row beyond would make the table unreadable as a whole.
-        throw AutomationError(AutomationErrorCode::Overflow, "Overflow: the table holds 32,767 rows, no more fit");
-    }
-    Late(rows).Call("Add");
+    At(0, {}, [&] {
+        if (RowCount() == std::numeric_limits<Row>::max()) {
+            // A row beyond would make the table unreadable as a whole.
+            throw AutomationError(AutomationErrorCode::Overflow, "Overflow: the table holds 32,767 rows, no more fit");
+        }
+        Late(rows).Call("Add");
+    });
     return RowCount();
 }
 

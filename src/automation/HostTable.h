@@ -9,6 +9,8 @@
 
 #include <planview/AutomationObject.h>
 
+#include "automation/TableError.h"
+
 namespace planview {
 
 /// The longest text that is taken from a host's field, in bytes of UTF-8.
@@ -20,15 +22,18 @@ inline constexpr std::size_t MaxFieldBytes = 65535;
 /// `Add`. Rows are numbered from 1. Whoever reads more than one field holds a HostTable of its own, so that the object
 /// lives on when the host takes it back meanwhile. Every method throws AutomationError: ObjectNotSet when there is no
 /// table, Overflow when a row count or number does not fit 16 bits, TypeMismatch when a value is of the wrong kind, a
-/// text is longer than MaxFieldBytes or no valid UTF-8, and whatever the table itself throws.
+/// text is longer than MaxFieldBytes or no valid UTF-8, and what the table itself throws with its code and text; each
+/// is a TableError, which knows the place.
 class HostTable {
 public:
     using Row = std::int16_t;
 
     HostTable() noexcept = default;
-    explicit HostTable(ObjectRef object);
+    /// `name` is one of the seventeen, for messages; a literal.
+    explicit HostTable(ObjectRef object, std::string_view name = {});
 
     [[nodiscard]] bool IsSet() const noexcept { return access_ != nullptr; }
+    [[nodiscard]] std::string_view Name() const noexcept { return name_; }
     /// The table itself, a null reference where there is none.
     [[nodiscard]] ObjectRef Object() const noexcept;
 
@@ -46,6 +51,27 @@ public:
     void Put(Row row, std::string_view field, const Variant& value) const;
     void PutFlag(Row row, std::string_view field, bool set) const { Put(row, field, set ? "X" : ""); }
 
+    /// Runs what is made of a field; what it throws gets this place and keeps its code and text.
+    template <class Body>
+    auto At(Row row, std::string_view field, const Body& body) const {
+        // The table may end the control, and this slot with it, while it answers.
+        const auto place = [name = name_, row, field] {
+            return TablePlace{std::string(name), std::string(field), row};
+        };
+        try {
+            return body();
+        } catch (const TableError&) {
+            throw;
+        } catch (const AutomationError& error) {
+            throw TableError(error.Code(), error.what(), place());
+        } catch (const std::exception& error) {
+            const char* const text = error.what();
+            throw TableError(AutomationErrorCode::Failed, text ? text : "unknown exception", place());
+        } catch (...) {
+            throw TableError(AutomationErrorCode::Failed, "unknown exception", place());
+        }
+    }
+
     /// The first row whose field holds this text, 0 when there is none.
     [[nodiscard]] Row FindRow(std::string_view field, std::string_view text) const;
     /// Appends a row through `Rows` and `Add` and returns its number.
@@ -60,6 +86,7 @@ private:
     [[nodiscard]] Access& Table() const;
 
     std::shared_ptr<Access> access_;
+    std::string_view name_;
 };
 
 }  // namespace planview

@@ -10,6 +10,8 @@
 
 #include <planview/Listener.h>
 
+#include "automation/ErrorText.h"
+
 namespace planview {
 
 template <class Signature>
@@ -46,6 +48,18 @@ public:
             }
         }
     }
+    /// The same; one that throws keeps none of the others from hearing.
+    void TellEach(Arguments... arguments) const noexcept {
+        static_cast<void>(ErrorTextOf([&] {
+            const std::vector<Entry> now = listeners_;
+            for (const Entry& each : now) {
+                if (Has(each.id)) {
+                    static_cast<void>(ErrorTextOf([&] { (*each.call)(arguments...); }));
+                }
+            }
+        }));
+    }
+    [[nodiscard]] bool IsEmpty() const noexcept { return listeners_.empty(); }
     /// Calls them, the newest first, until one answers true; false where none does.
     [[nodiscard]] bool Ask(Arguments... arguments) const {
         const std::vector<Entry> now = listeners_;

@@ -10,7 +10,7 @@ namespace planview {
 
 /// The seventeen tables that the host hands to the control, by their names.
 struct TableSlots {
-#define PLANVIEW_TABLE(NAME, GETTER_ENTRY, RELEASED_AS) HostTable NAME;
+#define PLANVIEW_TABLE(NAME, GETTER_ENTRY, RELEASED_AS) HostTable NAME{nullptr, #NAME};
 #include "automation/Tables.def"
 };
 

@@ -102,6 +102,10 @@ public:
     GridStatus SetCenterAttribute(GridElement element, CellKeyView keys, GridAttribute attribute, const Variant& value,
                                   bool redraw);
 
+    /// Takes from a column (column key), a row (row key) or a cell (both keys) all attributes that it gives to its
+    /// cells or has itself, so that it looks as those around it; contents, sizes and what is hidden stay.
+    GridStatus ResetLook(CellKeyView keys, bool redraw);
+
     /// Moves a column to a 1-based position within its area (not counting the label column). Whole columns and rows
     /// stay selected, blocks of cells do not. Permissions bind the user only: a view asks Settings().moveAllowed first.
     GridStatus MoveColumn(std::string_view key, std::int16_t position, bool redraw);

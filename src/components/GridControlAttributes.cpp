@@ -74,6 +74,39 @@ GridStatus GridControl::SetCenterAttribute(GridElement element, CellKeyView keys
     return status == GridStatus::Ok ? state.Done(redraw) : status;
 }
 
+GridStatus GridControl::ResetLook(CellKeyView keys, bool redraw) {
+    State& state = *state_;
+    if (!state.settings.created) {
+        return GridStatus::AttributeNotPossible;
+    }
+    const auto reset = [&](auto& tracks, auto id) {
+        auto& track = tracks.Change(id);
+        const bool own = Assign(track.style, PlainStyle);
+        if (Assign(track.centerStyle, PlainStyle) || own) {
+            state.reports.NoteEverything();
+        }
+    };
+    GridStatus status = GridStatus::Ok;
+    Cell cell;
+    if (!keys.column.empty() && !keys.row.empty()) {
+        status = state.Find(keys, cell);
+        if (status == GridStatus::Ok && state.cells.SetStyle(cell, PlainStyle, state.columns.Count())) {
+            state.reports.NoteCell(cell);
+        }
+    } else if (!keys.column.empty()) {
+        status = state.Find(keys.column, cell.column);
+        if (status == GridStatus::Ok) {
+            reset(state.columns, cell.column);
+        }
+    } else {
+        status = state.Find(keys.row, cell.row);
+        if (status == GridStatus::Ok) {
+            reset(state.rows, cell.row);
+        }
+    }
+    return status == GridStatus::Ok ? state.Done(redraw) : status;
+}
+
 GridStatus GridControl::State::SetOnGrid(GridAttribute attribute, const Variant& value) {
     if (IsLayered(attribute)) {
         std::optional<std::int32_t> meaning;

@@ -30,7 +30,7 @@ std::optional<Cell> ChartHandlers::CellOf(int series, int category) const {
 }
 
 void ChartHandlers::MouseDown(MouseButton button, ShiftState shift, const ChartHit& hit) {
-    ErrorTrap(ChartLabel, "MouseDown", [&] {
+    Trapped(parts_.shared, ChartLabel, "MouseDown", [&] {
         if (TraceEnabled) {
             TraceWrite(ChartLabel, "", "MouseDown", TraceText("{mousebutton:", button, " - shift: ", shift, "}"));
         }
@@ -69,7 +69,7 @@ void ChartHandlers::TakeTrendline(int series) {
 }
 
 void ChartHandlers::Selected(const ChartHit& hit) {
-    ErrorTrap(ChartLabel, "Selected", [&] {
+    Trapped(parts_.shared, ChartLabel, "Selected", [&] {
         if (TraceEnabled) {
             TraceWrite(ChartLabel, "", "Selected",
                        TraceText("{index: ", hit.series, " - hitcode: ", static_cast<std::int16_t>(hit.code), "}"));
@@ -106,7 +106,7 @@ void ChartHandlers::LostFocus() {
 
 bool ChartHandlers::PointMayChange(int series, int category) {
     bool may = false;
-    ErrorTrap(ChartLabel, "PointMayChange", [&] {
+    Trapped(parts_.shared, ChartLabel, "PointMayChange", [&] {
         const std::optional<Cell> cell = CellOf(series, category);
         may = !parts_.shared.busy && cell && RefusalOf(parts_.grid.control, *cell) == Refusal::None;
     });
@@ -114,7 +114,7 @@ bool ChartHandlers::PointMayChange(int series, int category) {
 }
 
 void ChartHandlers::PointValueChanged(int series, int category, double value) {
-    ErrorTrap(ChartLabel, "PointValueChanged", [&] {
+    Trapped(parts_.shared, ChartLabel, "PointValueChanged", [&] {
         if (TraceEnabled) {
             TraceWrite(ChartLabel, "", "PointValueChanged",
                        TraceText("{series: ", series, " - point: ", category, " - value: ", value, "}"));

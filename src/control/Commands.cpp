@@ -25,6 +25,7 @@ CommandState PlanView::StateOf(Command command) const {
 
 std::vector<CommandState> PlanView::StatesOf(std::span<const Command> commands) const {
     const std::shared_ptr<detail::ControlState> state = state_;
+    AssertOwnThread(*state);
     std::vector<CommandState> states(commands.size());
     const CommandSituation now = state->context.runner.Situation();
     for (std::size_t i = 0; i < commands.size(); ++i) {
@@ -42,10 +43,12 @@ std::vector<CommandState> PlanView::StatesOf(std::span<const Command> commands) 
 }
 
 ListenerId PlanView::AddCommandListener(std::function<void()> listener) {
+    AssertOwnThread(*state_);
     return state_->context.runner.Listeners().Add(std::move(listener));
 }
 
 void PlanView::RemoveCommandListener(ListenerId listener) noexcept {
+    AssertOwnThread(*state_);
     state_->context.runner.Listeners().Remove(listener);
 }
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cassert>
+#include <thread>
+
 #include <planview/PlanView.h>
 
 #include "commands/CommandRunner.h"
@@ -48,6 +51,15 @@ struct detail::ControlState {
     HeadlessPlatform headless;  // what the host's platform lacks
     ControlContext context;
     bool terminated = false;
+#ifndef NDEBUG
+    const std::thread::id thread = std::this_thread::get_id();
+#endif
 };
+
+/// In a Debug build a call from another thread than the control's ends the program there, before it does harm that is
+/// only found later.
+inline void AssertOwnThread([[maybe_unused]] const detail::ControlState& state) noexcept {
+    assert(state.thread == std::this_thread::get_id() && "a control is called on the thread that created it");
+}
 
 }  // namespace planview

@@ -30,6 +30,10 @@ PaneLayout& ControlParts::Panes() const noexcept {
     return State()->context.shared.layout;
 }
 
+std::uint64_t ControlParts::Updates() const noexcept {
+    return State()->context.grid.updates;
+}
+
 std::vector<Cell> ControlParts::PendingCells() const {
     std::vector<Cell> pending;
     Asked(State(), "GRIDCTL", "PendingCells", [&](const ControlContext& context) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include <planview/Export.h>
@@ -29,6 +30,8 @@ public:
     [[nodiscard]] MacroToolbar& Toolbar() const noexcept;
     [[nodiscard]] MacroEditor& Editor() const noexcept;
     [[nodiscard]] PaneLayout& Panes() const noexcept;
+    /// Counts up when the host has had parts of the grid read again (View::UpdateCells ...).
+    [[nodiscard]] std::uint64_t Updates() const noexcept;
     /// As Editing::PendingCells(), without a key for each.
     [[nodiscard]] std::vector<Cell> PendingCells() const;
 };

@@ -15,7 +15,6 @@
 #include "grid/Selection.h"
 #include "grid/modGrid.h"
 #include "menus/MenuDispatch.h"
-#include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -40,7 +39,7 @@ void GridHandlers::KeepKeys(const CellKey& cell) {
 
 template <class Resize>
 void GridHandlers::Sized(std::string_view method, Command command, int size, const Resize& resize) {
-    ErrorTrap(GridControlLabel, method, [&] {
+    Trapped(parts_.shared, GridControlLabel, method, [&] {
         TrackHistory::Watch watch(parts_.grid.trackHistory);
         CommandCall call{.value = size};
         resize(call);
@@ -72,7 +71,7 @@ void GridHandlers::HeadingWidthResized(const std::string& row, int width) {
 
 /// A selected one takes the other selected ones along, as with its size, unless nothing would be left to see.
 void GridHandlers::HideColumn(const std::string& column) {
-    ErrorTrap(GridControlLabel, "#HIDE COLUMNS#", [&] {
+    Trapped(parts_.shared, GridControlLabel, "#HIDE COLUMNS#", [&] {
         CommandCall call{.columns = {column}};
         const std::vector<std::string> selected = SelectedColumnKeys(parts_.grid.control);
         const bool isSelected = std::find(selected.begin(), selected.end(), column) != selected.end();
@@ -84,7 +83,7 @@ void GridHandlers::HideColumn(const std::string& column) {
 }
 
 void GridHandlers::HideRow(const std::string& row) {
-    ErrorTrap(GridControlLabel, "#HIDE ROWS#", [&] {
+    Trapped(parts_.shared, GridControlLabel, "#HIDE ROWS#", [&] {
         CommandCall call{.rows = {row}};
         const std::vector<std::string> selected = SelectedRowKeys(parts_.grid.control);
         const bool isSelected = std::find(selected.begin(), selected.end(), row) != selected.end();
@@ -96,8 +95,8 @@ void GridHandlers::HideRow(const std::string& row) {
 }
 
 void GridHandlers::Moved(MovedTracks moved, const std::vector<std::string>& before) {
-    ErrorTrap(GridControlLabel, "Moved",
-              [&] { parts_.grid.trackHistory.Moved(moved == MovedTracks::Columns ? ColumnAxis : RowAxis, before); });
+    Trapped(parts_.shared, GridControlLabel, "Moved",
+            [&] { parts_.grid.trackHistory.Moved(moved == MovedTracks::Columns ? ColumnAxis : RowAxis, before); });
     parts_.runner.Changed();
 }
 
@@ -109,7 +108,7 @@ void GridHandlers::Record(Command command, const CommandCall& call) {
 }
 
 void GridHandlers::SelectionChanged(const CellKey& cell, bool selected) {
-    ErrorTrap(GridControlLabel, "Selected", [&] {
+    Trapped(parts_.shared, GridControlLabel, "Selected", [&] {
         KeepKeys(cell);
         if (TraceEnabled) {
             TraceWrite(GridControlLabel, "", "Selected",
@@ -122,7 +121,7 @@ void GridHandlers::SelectionChanged(const CellKey& cell, bool selected) {
 }
 
 void GridHandlers::TextEntered(const CellKey& cell, const std::string& text) {
-    ErrorTrap(GridControlLabel, "ContentsChanged", [&] {
+    Trapped(parts_.shared, GridControlLabel, "ContentsChanged", [&] {
         const std::optional<Cell> place = parts_.grid.control.FindCell(cell);
         const std::optional<EnteredNumber> read = place ? ReadEntry(parts_.grid.control, *place, text) : std::nullopt;
         parts_.grid.valueEntry.Enter(cell, place ? EntryText(parts_.grid.control, *place, text) : text);
@@ -136,11 +135,11 @@ void GridHandlers::TextEntered(const CellKey& cell, const std::string& text) {
 }
 
 void GridHandlers::StayCell() {
-    ErrorTrap(GridControlLabel, "GridStayCell", [&] { parts_.keyHandling.GridStayCell(); });
+    Trapped(parts_.shared, GridControlLabel, "GridStayCell", [&] { parts_.keyHandling.GridStayCell(); });
 }
 
 void GridHandlers::DoubleClick(const CellKey& cell) {
-    ErrorTrap(GridControlLabel, "GridCellDblClick", [&] {
+    Trapped(parts_.shared, GridControlLabel, "GridCellDblClick", [&] {
         KeepKeys(cell);
         if (TraceEnabled) {
             TraceWrite(GridControlLabel, "", "GridCellDblClick", KeysText(cell));
@@ -153,7 +152,7 @@ void GridHandlers::DoubleClick(const CellKey& cell) {
 }
 
 void GridHandlers::SimpleClick(const CellKey& cell) {
-    ErrorTrap(GridControlLabel, "SimpleClick", [&] {
+    Trapped(parts_.shared, GridControlLabel, "SimpleClick", [&] {
         KeepKeys(cell);
         if (TraceEnabled) {
             TraceWrite(GridControlLabel, "", "SimpleClick", KeysText(cell));
@@ -185,7 +184,7 @@ void GridHandlers::SelectOwner(const CellKey& key) {
 }
 
 void GridHandlers::MouseDown(const CellKey& cell, MouseButton button, ShiftState shift) {
-    ErrorTrap(GridControlLabel, "OnMouseDown", [&] {
+    Trapped(parts_.shared, GridControlLabel, "OnMouseDown", [&] {
         KeepKeys(cell);
         if (TraceEnabled) {
             TraceWrite(GridControlLabel, "", "OnMouseDown",
@@ -200,7 +199,7 @@ void GridHandlers::MouseDown(const CellKey& cell, MouseButton button, ShiftState
 }
 
 void GridHandlers::MenuKey(const CellKey& cell) {
-    ErrorTrap(GridControlLabel, "MenuKey", [&] {
+    Trapped(parts_.shared, GridControlLabel, "MenuKey", [&] {
         KeepKeys(cell);
         SelectOwner(cell);
         parts_.menus.Open(cell.column, cell.row, PopupPlace::CurrentCell);
@@ -209,22 +208,23 @@ void GridHandlers::MenuKey(const CellKey& cell) {
 
 bool GridHandlers::KeyDown(std::int16_t shift, std::int16_t keyCode) {
     bool taken = false;
-    const bool done =
-        ErrorTrap(GridControlLabel, "GridKeyDown", [&] { taken = parts_.keyHandling.GridKeyDown(shift, keyCode); });
+    const bool done = Trapped(parts_.shared, GridControlLabel, "GridKeyDown",
+                              [&] { taken = parts_.keyHandling.GridKeyDown(shift, keyCode); });
     return taken || !done;
 }
 
 void GridHandlers::KeyPress(std::int16_t character) {
-    ErrorTrap(GridControlLabel, "GridKeyPress", [&] { parts_.keyHandling.GridKeyPress(character); });
+    Trapped(parts_.shared, GridControlLabel, "GridKeyPress", [&] { parts_.keyHandling.GridKeyPress(character); });
 }
 
 void GridHandlers::ShowHiddenColumns(const std::vector<std::string>& columns) {
-    ErrorTrap(GridControlLabel, "#SHOW COLUMNS#",
-              [&] { parts_.runner.Run(Command::ShowColumns, {.columns = columns}); });
+    Trapped(parts_.shared, GridControlLabel, "#SHOW COLUMNS#",
+            [&] { parts_.runner.Run(Command::ShowColumns, {.columns = columns}); });
 }
 
 void GridHandlers::ShowHiddenRows(const std::vector<std::string>& rows) {
-    ErrorTrap(GridControlLabel, "#SHOW ROWS#", [&] { parts_.runner.Run(Command::ShowRows, {.rows = rows}); });
+    Trapped(parts_.shared, GridControlLabel, "#SHOW ROWS#",
+            [&] { parts_.runner.Run(Command::ShowRows, {.rows = rows}); });
 }
 
 void GridHandlers::FocusIn() {

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "control/GridPart.h"
 
+#include "grid/TrackCaptions.h"
+
 namespace planview {
 
 GridPart::GridPart(ControlShared& shared, UserActions& actions, const std::function<void()>& chartStep)
-    : hostUpdate(control, shared.tables, shared.events),
-      construction({driver, shared.tables, keys}, shared.settings),
+    : userActions(actions),
+      hostUpdate(control, shared.tables, shared.events),
+      tables{driver, shared.tables, keys},
+      construction(tables, shared.settings),
       trackHistory({shared.tables, driver, history, hostUpdate, actions, chartStep}),
       valueEntry({driver, shared.tables, shared.settings, keys, shared.events, hostUpdate, history, shared.busy,
                   shared.desktop.messageBoxes, actions, chartStep,
@@ -20,6 +24,21 @@ GridPart::GridPart(ControlShared& shared, UserActions& actions, const std::funct
                       [&shared] { return shared.chooseColor(); }}),
       rowAttributes({shared.settings, shared.tables, driver, hostUpdate, shared.desktop.forms,
                      shared.desktop.messageBoxes, [&shared] { return shared.chooseColor(); }, chartStep}) {}
+
+void GridPart::Build() {
+    const TrackCaptions before = CaptionsOf(control);
+    construction.CreateFromTables();
+    if (const std::unordered_set<std::string> gone = GoneSince(before, control); !gone.empty()) {
+        userActions.StepsEmptied(history.Leave(gone));
+    }
+}
+
+void GridPart::Update(const std::function<void(TableUpdate& update)>& add) {
+    TableUpdate update(tables);
+    add(update);
+    update.Run();
+    ++updates;
+}
 
 void GridPart::TellBulk(bool running) const {
     bulkListeners.Tell(running);

@@ -14,7 +14,9 @@ namespace planview {
 template <class Body>
 void Asked(std::shared_ptr<detail::ControlState> state, std::string_view control, std::string_view method,
            Body&& body) noexcept {
+    AssertOwnThread(*state);
     if (!state->terminated) {
+        const FailureScope failures(state->context.shared.failures);
         ErrorTrap(control, method, [&] { body(state->context); });
     }
 }
@@ -24,8 +26,12 @@ void Asked(std::shared_ptr<detail::ControlState> state, std::string_view control
 template <class Body>
 PlanView::Status Guarded(std::shared_ptr<detail::ControlState> state, std::string_view control, std::string_view method,
                          Body&& body) noexcept {
+    AssertOwnThread(*state);
     if (!state->terminated) {
-        ErrorTrap(control, method, [&] { body(state->context); });
+        {
+            const FailureScope failures(state->context.shared.failures);
+            ErrorTrap(control, method, [&] { body(state->context); });
+        }
         state->context.runner.Changed();
     }
     return 0;

@@ -24,7 +24,7 @@ MacroPart::MacroPart(ControlShared& shared, GridPart& grid, CommandRunner& runne
       recording({shared.tables, grid.control, shared.events, shared.desktop.messageBoxes}),
       editor({grid.control, shared.tables, tree, shared.events, shared.desktop.popups, shared.desktop.messageBoxes,
               toolbar, [this] { Import(); }, [this](const std::string& key) { return Run(key, false); },
-              [this](const std::string& key) { return Check(key); }}),
+              [this](const std::string& key) { return Check(key); }, shared.failures}),
       grid_(grid),
       tables_(shared.tables),
       runner_(runner) {}

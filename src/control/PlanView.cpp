@@ -143,9 +143,8 @@ PlanView::Status PlanView::DP_Import_Attribute() {
 PlanView::Status PlanView::DP_Import_Create() {
     return Guarded(state_, UserControl, "DP_Import_Create", [](ControlContext& context) {
         TraceCall("DP_Import_Create");
-        context.grid.history.Clear();
         const BusyScope busy(context.shared.busy);
-        context.grid.construction.CreateFromTables();
+        context.grid.Build();
         if (context.shared.settings.chartShown) {
             context.chart.data.Initialize();
             context.chart.data.Update();
@@ -173,10 +172,12 @@ PlanView::Status PlanView::DP_Import_MacroTree() {
 // --- Events ---------------------------------------------------------------------------------------------------------
 
 void PlanView::AddSink(EventSink& sink) {
+    AssertOwnThread(*state_);
     state_->context.shared.events.AddSink(sink);
 }
 
 void PlanView::RemoveSink(EventSink& sink) noexcept {
+    AssertOwnThread(*state_);
     state_->context.shared.events.RemoveSink(sink);
 }
 

@@ -76,10 +76,10 @@ std::string Recording::Keep(const std::string& name, const std::string& parentNo
             TellUser(context, "There is nothing to keep: no step was recorded.");
             return;
         }
-        if (const std::optional<std::string> error =
-                ErrorTextOf([&] { key = KeepSteps(macroTree, steps, name, parentNode, SentenceOf); })) {
+        if (const std::optional<CaughtError> error =
+                CaughtErrorOf([&] { key = KeepSteps(macroTree, steps, name, parentNode, SentenceOf); })) {
             TraceError(MacroLabel, "KeepRecording", *error);
-            TellUser(context, "The recording cannot be kept in MACRO_TREE.\n" + *error);
+            TellUser(context, "The recording cannot be kept in MACRO_TREE.\n" + error->text);
         } else if (TraceEnabled) {
             TraceWrite(MacroLabel, "", "KeepRecording", TraceText("{node: ", key, " - text: ", name, "}"));
         }

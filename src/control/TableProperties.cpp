@@ -28,16 +28,18 @@ std::span<const std::string_view> TableNames() noexcept {
 }
 
 ObjectRef PlanView::GetTable(std::string_view name) {
+    AssertOwnThread(*state_);
     const TableDescription& table = TableNamed(name);
     ResumeNext([&] { TraceProperty(table.name, table.getterEntry); });
     return (state_->context.shared.tables.*table.slot).Object();
 }
 
 PlanView::Status PlanView::SetTable(std::string_view name, ObjectRef object) {
+    AssertOwnThread(*state_);
     const TableDescription& table = TableNamed(name);
     if (!state_->terminated) {  // a control that has ended keeps no table
         ResumeNext([&] { TraceProperty(table.name, "Import"); },
-                   [&] { state_->context.shared.tables.*table.slot = HostTable(std::move(object)); });
+                   [&] { state_->context.shared.tables.*table.slot = HostTable(std::move(object), table.name); });
     }
     return 0;
 }

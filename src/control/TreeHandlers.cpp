@@ -7,7 +7,6 @@
 #include "commands/TreeCommands.h"
 #include "control/MacroPart.h"
 #include "menus/MenuDispatch.h"
-#include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -43,7 +42,7 @@ void TreeHandlers::Raise(EventId event, const std::string& key) {
 
 bool TreeHandlers::BeforeLabelEdit(const std::string& key) {
     bool may = false;
-    ErrorTrap(Label, "BeforeLabelEdit", [&] {
+    Trapped(parts_.shared, Label, "BeforeLabelEdit", [&] {
         const TreeNode node = parts_.macros.tree.Nodes().Find(key);
         may = node && parts_.macros.popupState.empty() && parts_.macros.editor.MayChange();
         if (TraceEnabled) {
@@ -56,7 +55,7 @@ bool TreeHandlers::BeforeLabelEdit(const std::string& key) {
 
 void TreeHandlers::AfterLabelEdit(const std::string& key, const std::string& text, const std::string& before) {
     std::string fault;
-    const bool ended = ErrorTrap(Label, "AfterLabelEdit", [&] {
+    const bool ended = Trapped(parts_.shared, Label, "AfterLabelEdit", [&] {
         modMacro::ChangeLabels(parts_.macros.nodes, [&] { fault = parts_.macros.editor.RenameNode(key, text); });
         if (TraceEnabled && fault.empty()) {
             TraceWrite(Label, "", "AfterLabelEdit", TraceText("{node: ", key, " - new: ", text, "}"));
@@ -73,7 +72,7 @@ void TreeHandlers::AfterLabelEdit(const std::string& key, const std::string& tex
         return;
     }
     // Not an event of its own: this one is how hosts hear that the tree has changed.
-    ErrorTrap(Label, "AfterLabelEdit", [&] { parts_.shared.events.Raise(EventId::MacroTreeExpand); });
+    Trapped(parts_.shared, Label, "AfterLabelEdit", [&] { parts_.shared.events.Raise(EventId::MacroTreeExpand); });
 }
 
 // --- Nodes
@@ -86,25 +85,25 @@ void TreeHandlers::Fire(EventId event, std::string_view method, const std::strin
 }
 
 void TreeHandlers::Collapse(const std::string& key) {
-    ErrorTrap(Label, "Collapse", [&] {
+    Trapped(parts_.shared, Label, "Collapse", [&] {
         modMacro::PutExpanded(parts_.macros.nodes, key, false);
         Fire(EventId::GridTreeMacroCollapse, "Collapse fired", key);
     });
 }
 
 void TreeHandlers::Expand(const std::string& key) {
-    ErrorTrap(Label, "Expand", [&] {
+    Trapped(parts_.shared, Label, "Expand", [&] {
         modMacro::PutExpanded(parts_.macros.nodes, key, true);
         Fire(EventId::GridTreeMacroExpand, "Expand fired", key);
     });
 }
 
 void TreeHandlers::DblClick(const std::string& key) {
-    ErrorTrap(Label, "DblClick", [&] { Fire(EventId::GridTreeMacroClick, "DblClick fired", key); });
+    Trapped(parts_.shared, Label, "DblClick", [&] { Fire(EventId::GridTreeMacroClick, "DblClick fired", key); });
 }
 
 void TreeHandlers::NodeDropped(const std::string& key, const std::string& target, TreeDrop place) {
-    ErrorTrap(Label, "NodeDropped", [&] {
+    Trapped(parts_.shared, Label, "NodeDropped", [&] {
         const DropAction action = place == TreeDrop::Before  ? DropAction::MovedBefore
                                   : place == TreeDrop::After ? DropAction::MovedAfter
                                                              : DropAction::MovedBelow;
@@ -138,7 +137,7 @@ std::optional<Command> TreeHandlers::Ask(MainMenu which, PopupPlace place, const
 }
 
 void TreeHandlers::MouseDown(const std::string& key, MouseButton button, ShiftState shift) {
-    ErrorTrap(Label, "MouseDown", [&] {
+    Trapped(parts_.shared, Label, "MouseDown", [&] {
         if (TraceEnabled) {
             TraceWrite(Label, "", "MouseDown", TraceText("{mousebutton: ", button, " - shift: ", shift, "}"));
         }
@@ -151,11 +150,11 @@ void TreeHandlers::MouseDown(const std::string& key, MouseButton button, ShiftSt
 }
 
 void TreeHandlers::MenuKey(const std::string& key) {
-    ErrorTrap(Label, "MenuKey", [&] { RunFromPopup(MainMenu::Macro, PopupPlace::CurrentCell, key); });
+    Trapped(parts_.shared, Label, "MenuKey", [&] { RunFromPopup(MainMenu::Macro, PopupPlace::CurrentCell, key); });
 }
 
 void TreeHandlers::NodeClick(const std::string& key, bool again) {
-    ErrorTrap(Label, "NodeClick", [&] {
+    Trapped(parts_.shared, Label, "NodeClick", [&] {
         TraceNode("NodeClick fired", key);
         static_cast<void>(modMacro::RowOf(parts_.macros.nodes, key));
         parts_.runner.Changed();

@@ -2,6 +2,7 @@
 #include <planview/View.h>
 
 #include "control/Guarded.h"
+#include "grid/SelectedCells.h"
 #include "trace/TraceText.h"
 
 namespace planview {
@@ -16,6 +17,17 @@ constexpr std::string_view UserControl = "USERCONTROL";
 /// A focus event has its entry and nothing else.
 void TraceFocus(const std::shared_ptr<detail::ControlState>& state, std::string_view event) {
     Asked(state, UserControl, event, [&](ControlContext&) { TraceWrite(UserControl, "", event, "{}"); });
+}
+
+void Update(const std::shared_ptr<detail::ControlState>& state, std::string_view method, std::size_t count,
+            const std::function<void(TableUpdate& update)>& add) {
+    Guarded(state, "GRIDCTL", method, [&](ControlContext& context) {
+        if (TraceEnabled) {
+            TraceWrite("GRIDCTL", "", method, TraceText("{count: ", count, "}"));
+        }
+        context.grid.Update(add);
+        context.chart.Step();
+    });
 }
 
 }  // namespace
@@ -66,6 +78,62 @@ void View::HideRows() {
 
 void View::ShowRows() {
     RunCommand(State(), Command::ShowRows);
+}
+
+void View::UpdateCells(std::span<const CellKey> cells) {
+    Update(State(), "UpdateCells", cells.size(), [&](TableUpdate& update) { update.AddCells(cells); });
+}
+
+void View::UpdateColumns(std::span<const std::string> columns) {
+    Update(State(), "UpdateColumns", columns.size(), [&](TableUpdate& update) { update.AddColumns(columns); });
+}
+
+void View::UpdateRows(std::span<const std::string> rows) {
+    Update(State(), "UpdateRows", rows.size(), [&](TableUpdate& update) { update.AddRows(rows); });
+}
+
+std::string View::TextOf(const CellKey& cell) const {
+    std::string text;
+    Asked(State(), "GRIDCTL", "TextOf", [&](const ControlContext& context) {
+        if (const std::optional<Cell> found = context.grid.control.FindCell(cell)) {
+            text = context.grid.control.DisplayText(*found);
+        }
+    });
+    return text;
+}
+
+Variant View::ValueOf(const CellKey& cell) const {
+    Variant value;
+    Asked(State(), "GRIDCTL", "ValueOf", [&](const ControlContext& context) {
+        const GridControl& grid = context.grid.control;
+        const std::optional<Cell> found = grid.FindCell(cell);
+        if (!found || grid.Contents(*found).empty()) {
+            return;
+        }
+        const std::optional<double> number = grid.Number(*found, grid.Look(*found));
+        value = number ? Variant(*number) : Variant(grid.Contents(*found));
+    });
+    return value;
+}
+
+std::vector<CellKey> View::SelectedCells() const {
+    std::vector<CellKey> selected;
+    Asked(State(), "GRIDCTL", "SelectedCells", [&](const ControlContext& context) {
+        for (const Cell cell : CellsOfSelection(context.grid.control, HiddenCells::LeftOut)) {
+            selected.push_back(context.grid.control.KeyOf(cell));
+        }
+    });
+    return selected;
+}
+
+std::optional<CellKey> View::CurrentCell() const {
+    std::optional<CellKey> current;
+    Asked(State(), "GRIDCTL", "CurrentCell", [&](const ControlContext& context) {
+        if (const std::optional<Cell> cell = context.grid.control.CurrentCell()) {
+            current = context.grid.control.KeyOf(*cell);
+        }
+    });
+    return current;
 }
 
 void View::EnterFocus() {

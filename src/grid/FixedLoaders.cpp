@@ -20,6 +20,10 @@ bool IsRowSide(std::string_view side) {
     return side == "T" || side == "B";
 }
 
+std::string NoSide(const std::string& side, const std::string& sides) {
+    return "'" + side + "' is no side; it is " + sides;
+}
+
 /// The look by which the user sees whether a fixed column or row can be edited.
 void SetFixedLook(modGrid& driver, CellKeyView keys, bool readOnly) {
     driver.BackgroundColor(keys, readOnly ? modGrid::ReadOnlyBackground : modGrid::EditableBackground, NoRedraw);
@@ -27,23 +31,42 @@ void SetFixedLook(modGrid& driver, CellKeyView keys, bool readOnly) {
     driver.Relief(keys, true, NoRedraw);
 }
 
-/// The second pass: fixed headings are no part of the selection, so that only planning columns and rows are marked.
-void FinishFixed(modGrid& driver, CellKeyView keys, bool readOnly) {
-    driver.SelectionFlag(keys, NoRedraw);
-    SetFixedLook(driver, keys, readOnly);
-}
-
-void LoadFixedColumn(const LoaderContext& context, HostTable::Row i, AreaPlaces& left, AreaPlaces& right) {
-    modGrid& driver = context.driver;
+void LoadFixedColumn(const LoaderContext& context, HostTable::Row i, AreaPlaces& left, AreaPlaces& right,
+                     LoaderRun& run) {
     const HostTable& table = context.tables.FIXED_COLS;
     const std::string side = table.Text(i, "FLG_POSITION");
     if (!IsColumnSide(side)) {
+        run.Refuse("FLG_POSITION", NoSide(side, "L or R"));
         return;
     }
     const std::string key = modGrid::ColumnKey(table.Int16(i, "COLUMN_FIX"), side);
     context.keys.column = key;
     AreaPlaces& places = side == "L" ? left : right;
-    places.Append([&](std::int16_t position) { return driver.CreateColumn(key, position, NoRedraw); });
+    places.Append([&](std::int16_t position) { return context.driver.CreateColumn(key, position, NoRedraw); });
+    ShowFixedColumn(context, i, key, side);
+    table.Put(i, "GRID_ID", key);
+}
+
+void LoadFixedLine(const LoaderContext& context, HostTable::Row i, AreaPlaces& top, AreaPlaces& bottom,
+                   LoaderRun& run) {
+    const HostTable& table = context.tables.FIXED_LINES;
+    const std::string side = table.Text(i, "FLG_POSITION");
+    if (!IsRowSide(side)) {
+        run.Refuse("FLG_POSITION", NoSide(side, "T or B"));
+        return;
+    }
+    const std::string key = modGrid::RowKey(table.Int16(i, "LINE_FIX"), side);
+    context.keys.row = key;
+    AreaPlaces& places = side == "T" ? top : bottom;
+    places.Append([&](std::int16_t position) { return context.driver.CreateRow(key, position, NoRedraw); });
+    ShowFixedLine(context, i, key, side);
+}
+
+}  // namespace
+
+void ShowFixedColumn(const LoaderContext& context, HostTable::Row i, const std::string& key, std::string_view side) {
+    modGrid& driver = context.driver;
+    const HostTable& table = context.tables.FIXED_COLS;
     const CellKeyView column{key, {}};
     driver.Font(column, side == "R" ? ProminentFont : PlainFont, NoRedraw);
     driver.ColumnWidth(key, table.Int16(i, "COL_WIDTH"), NoRedraw);
@@ -53,20 +76,11 @@ void LoadFixedColumn(const LoaderContext& context, HostTable::Row i, AreaPlaces&
     if (table.Flag(i, "READONLY")) {
         SetFixedLook(driver, column, true);
     }
-    table.Put(i, "GRID_ID", key);
 }
 
-void LoadFixedLine(const LoaderContext& context, HostTable::Row i, AreaPlaces& top, AreaPlaces& bottom) {
+void ShowFixedLine(const LoaderContext& context, HostTable::Row i, const std::string& key, std::string_view side) {
     modGrid& driver = context.driver;
     const HostTable& table = context.tables.FIXED_LINES;
-    const std::string side = table.Text(i, "FLG_POSITION");
-    if (!IsRowSide(side)) {
-        return;
-    }
-    const std::string key = modGrid::RowKey(table.Int16(i, "LINE_FIX"), side);
-    context.keys.row = key;
-    AreaPlaces& places = side == "T" ? top : bottom;
-    places.Append([&](std::int16_t position) { return driver.CreateRow(key, position, NoRedraw); });
     const CellKeyView row{{}, key};
     driver.Font(row, side == "T" ? ProminentFont : PlainFont, NoRedraw);
     driver.RowWidth(key, table.Int16(i, "ROW_WIDTH"), NoRedraw);
@@ -78,15 +92,19 @@ void LoadFixedLine(const LoaderContext& context, HostTable::Row i, AreaPlaces& t
     }
 }
 
-}  // namespace
+void FinishFixed(modGrid& driver, CellKeyView keys, bool readOnly) {
+    driver.SelectionFlag(keys, NoRedraw);
+    SetFixedLook(driver, keys, readOnly);
+}
 
 void Creation_FixedColumns(const LoaderContext& context) noexcept {
-    RunLoader("Creation_FixedColumns", "#FIXED_COLS#", [&] {
-        const HostTable& table = context.tables.FIXED_COLS;
+    const HostTable& table = context.tables.FIXED_COLS;
+    const LoaderSource source{"Creation_FixedColumns", table, "COLUMN_FIX", {}, "COL_ALIGN", "COL_FORMAT", true};
+    RunLoader(context, source, "#FIXED_COLS#", [&](LoaderRun& run) {
         AreaPlaces left;
         AreaPlaces right;
-        ForEachRow(table, [&](HostTable::Row i) { LoadFixedColumn(context, i, left, right); });
-        ForEachRow(table, [&](HostTable::Row i) {
+        run.ForEachRow([&](HostTable::Row i) { LoadFixedColumn(context, i, left, right, run); });
+        run.ForEachRow([&](HostTable::Row i) {
             const std::string key = table.Text(i, "GRID_ID");
             context.keys.column = key;
             if (!key.empty() && IsColumnSide(table.Text(i, "FLG_POSITION"))) {
@@ -97,12 +115,13 @@ void Creation_FixedColumns(const LoaderContext& context) noexcept {
 }
 
 void Creation_FixedLines(const LoaderContext& context) noexcept {
-    RunLoader("Creation_FixedLines", "#FIXED_LINES#", [&] {
-        const HostTable& table = context.tables.FIXED_LINES;
+    const HostTable& table = context.tables.FIXED_LINES;
+    const LoaderSource source{"Creation_FixedLines", table, {}, "LINE_FIX", "ROW_ALIGN", "ROW_FORMAT", true};
+    RunLoader(context, source, "#FIXED_LINES#", [&](LoaderRun& run) {
         AreaPlaces top;
         AreaPlaces bottom;
-        ForEachRow(table, [&](HostTable::Row i) { LoadFixedLine(context, i, top, bottom); });
-        ForEachRow(table, [&](HostTable::Row i) {
+        run.ForEachRow([&](HostTable::Row i) { LoadFixedLine(context, i, top, bottom, run); });
+        run.ForEachRow([&](HostTable::Row i) {
             const std::string key = table.Text(i, "GRID_ID");
             context.keys.row = key;
             if (!key.empty() && IsRowSide(table.Text(i, "FLG_POSITION"))) {

@@ -29,6 +29,7 @@ void GridConstruction::CreateFromTables() {
         throw AutomationError(AutomationErrorCode::Failed, "The grid is being built already");
     }
     const BusyScope building(building_);
+    report_.clear();
     modGrid& driver = context_.driver;
     const GridViewState seen = driver.Grid().ViewState();
     const modGrid::RedrawAtEnd redraw(driver);
@@ -42,10 +43,10 @@ void GridConstruction::CreateFromTables() {
     driver.LabelColWidth(settings_.labelColumnWidth);
 }
 
-void GridConstruction::RunLoaders() const {
+void GridConstruction::RunLoaders() {
     // A host may take its tables back, or end the control, while one of them is being read.
     const TableSlots held = context_.tables;
-    const LoaderContext context{context_.driver, held, context_.keys};
+    const LoaderContext context{context_.driver, held, context_.keys, &report_};
     Creation_Columns(context);
     Creation_Rows(context);
     Creation_FixedColumns(context);

@@ -18,15 +18,18 @@ public:
     /// mark are selected. The scroll positions of the settings are used up by it. Throws Failed when a table, while it
     /// is read, leads to another build.
     void CreateFromTables();
+    /// What became of each table in the last build, in the order in which they were read.
+    [[nodiscard]] const std::vector<TableReport>& Report() const noexcept { return report_; }
 
 private:
-    void RunLoaders() const;
+    void RunLoaders();
     void ArrangeTracks() const;
     void SelectMarked() const;
     void ScrollToFirst();
 
     LoaderContext context_;
     bool building_ = false;
+    std::vector<TableReport> report_;
     GridSettings& settings_;
 };
 

@@ -10,25 +10,6 @@ namespace planview {
 
 namespace {
 
-void LoadColumn(const LoaderContext& context, HostTable::Row i, AreaPlaces& places) {
-    modGrid& driver = context.driver;
-    const HostTable& table = context.tables.COLS_INDEX;
-
-    const std::string key = modGrid::ColumnKey(table.Int16(i, "COLUMN"), "");
-    context.keys.column = key;
-    places.Append([&](std::int16_t position) { return driver.CreateColumn(key, position, NoRedraw); });
-    driver.ColumnWidth(key, table.Int16(i, "COL_WIDTH"), NoRedraw);
-    driver.ColumnHeight(key, table.Int16(i, "COL_HEIGHT"), NoRedraw);
-
-    const CellKeyView heading{key, HeadingRowKey};
-    driver.Bitmap(heading, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);
-    const std::string period = table.Text(i, "PERDY");
-    driver.Contents(heading, period, NoRedraw);
-    driver.Tooltip(heading, period, NoRedraw);
-    driver.CenterHidden({key, {}}, table.Flag(i, "COL_HIDDEN"), NoRedraw);
-    table.Put(i, "GRID_ID", key);
-}
-
 void SetRowLook(const LoaderContext& context, HostTable::Row i, CellKeyView row) {
     modGrid& driver = context.driver;
     const HostTable& table = context.tables.LINE_INDEX;
@@ -43,16 +24,44 @@ void SetRowLook(const LoaderContext& context, HostTable::Row i, CellKeyView row)
     driver.CenterAlignment(row, table.Int16(i, "ROW_ALIGN"), NoRedraw);
 }
 
-void LoadRow(const LoaderContext& context, HostTable::Row i, AreaPlaces& places) {
-    modGrid& driver = context.driver;
-    const HostTable& table = context.tables.LINE_INDEX;
+void LoadColumn(const LoaderContext& context, HostTable::Row i, AreaPlaces& places) {
+    const std::string key = modGrid::ColumnKey(context.tables.COLS_INDEX.Int16(i, "COLUMN"), "");
+    context.keys.column = key;
+    places.Append([&](std::int16_t position) { return context.driver.CreateColumn(key, position, NoRedraw); });
+    ShowColumn(context, i, key);
+}
 
+void LoadRow(const LoaderContext& context, HostTable::Row i, AreaPlaces& places) {
+    const HostTable& table = context.tables.LINE_INDEX;
     if (table.Text(i, "LINETYPE") != "H") {
         context.keys.column.clear();
     }
     const std::string key = modGrid::RowKey(table.Int16(i, "LINE"), "");
     context.keys.row = key;
-    places.Append([&](std::int16_t position) { return driver.CreateRow(key, position, NoRedraw); });
+    places.Append([&](std::int16_t position) { return context.driver.CreateRow(key, position, NoRedraw); });
+    ShowRow(context, i, key);
+}
+
+}  // namespace
+
+void ShowColumn(const LoaderContext& context, HostTable::Row i, const std::string& key) {
+    modGrid& driver = context.driver;
+    const HostTable& table = context.tables.COLS_INDEX;
+    driver.ColumnWidth(key, table.Int16(i, "COL_WIDTH"), NoRedraw);
+    driver.ColumnHeight(key, table.Int16(i, "COL_HEIGHT"), NoRedraw);
+
+    const CellKeyView heading{key, HeadingRowKey};
+    driver.Bitmap(heading, table.Text(i, "BITMAP"), table.Int16(i, "BMP_ALIGN"), NoRedraw);
+    const std::string period = table.Text(i, "PERDY");
+    driver.Contents(heading, period, NoRedraw);
+    driver.Tooltip(heading, period, NoRedraw);
+    driver.CenterHidden({key, {}}, table.Flag(i, "COL_HIDDEN"), NoRedraw);
+    table.Put(i, "GRID_ID", key);
+}
+
+void ShowRow(const LoaderContext& context, HostTable::Row i, const std::string& key) {
+    modGrid& driver = context.driver;
+    const HostTable& table = context.tables.LINE_INDEX;
     driver.RowWidth(key, table.Int16(i, "ROW_WIDTH"), NoRedraw);
     driver.RowHeight(key, table.Int16(i, "ROW_HEIGHT"), NoRedraw);
     SetRowLook(context, i, {{}, key});
@@ -66,7 +75,6 @@ void LoadRow(const LoaderContext& context, HostTable::Row i, AreaPlaces& places)
     table.Put(i, "GRID_ID", key);
 }
 
-/// The second pass: lines that only show planning values.
 void LockRow(const LoaderContext& context, HostTable::Row i) {
     modGrid& driver = context.driver;
     const HostTable& table = context.tables.LINE_INDEX;
@@ -88,20 +96,20 @@ void LockRow(const LoaderContext& context, HostTable::Row i) {
     table.Put(i, "GRID_ID", key);
 }
 
-}  // namespace
-
 void Creation_Columns(const LoaderContext& context) noexcept {
-    RunLoader("Creation_Columns", "#COLS_INDEX#", [&] {
+    const HostTable& table = context.tables.COLS_INDEX;
+    RunLoader(context, {"Creation_Columns", table, "COLUMN", {}}, "#COLS_INDEX#", [&](LoaderRun& run) {
         AreaPlaces places;
-        ForEachRow(context.tables.COLS_INDEX, [&](HostTable::Row i) { LoadColumn(context, i, places); });
+        run.ForEachRow([&](HostTable::Row i) { LoadColumn(context, i, places); });
     });
 }
 
 void Creation_Rows(const LoaderContext& context) noexcept {
-    RunLoader("Creation_Rows", "#LINE_INDEX#", [&] {
+    const HostTable& table = context.tables.LINE_INDEX;
+    RunLoader(context, {"Creation_Rows", table, {}, "LINE"}, "#LINE_INDEX#", [&](LoaderRun& run) {
         AreaPlaces places;
-        ForEachRow(context.tables.LINE_INDEX, [&](HostTable::Row i) { LoadRow(context, i, places); });
-        ForEachRow(context.tables.LINE_INDEX, [&](HostTable::Row i) { LockRow(context, i); });
+        run.ForEachRow([&](HostTable::Row i) { LoadRow(context, i, places); });
+        run.ForEachRow([&](HostTable::Row i) { LockRow(context, i); });
     });
 }
 

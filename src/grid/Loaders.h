@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <planview/Failure.h>
+
 #include "automation/TableSlots.h"
 #include "grid/CurrentKeys.h"
 #include "grid/modGrid.h"
@@ -12,6 +18,8 @@ struct LoaderContext {
     modGrid& driver;
     const TableSlots& tables;
     CurrentKeys& keys;
+    /// Where each loader adds what became of its table; null where nobody asks.
+    std::vector<TableReport>* report = nullptr;
 };
 
 /// The seven loaders turn one host table each into a part of the grid. Each walks its table once from row 1, changes
@@ -35,5 +43,22 @@ void FillCells(const LoaderContext& context) noexcept;
 void FillFixedCells(const LoaderContext& context) noexcept;
 /// CELL_ATTR: looks of single planning cells. A cell that the grid does not have is traced and passed over.
 void CellAttributes(const LoaderContext& context) noexcept;
+
+// What one row of a table becomes; the column, row or cell is there. They throw.
+
+void ShowColumn(const LoaderContext& context, HostTable::Row i, const std::string& key);
+void ShowRow(const LoaderContext& context, HostTable::Row i, const std::string& key);
+/// The second pass: lines that only show planning values.
+void LockRow(const LoaderContext& context, HostTable::Row i);
+void ShowFixedColumn(const LoaderContext& context, HostTable::Row i, const std::string& key, std::string_view side);
+void ShowFixedLine(const LoaderContext& context, HostTable::Row i, const std::string& key, std::string_view side);
+/// The second pass: fixed headings are no part of the selection, so that only planning columns and rows are marked.
+void FinishFixed(modGrid& driver, CellKeyView keys, bool readOnly);
+void ShowFixedCell(const LoaderContext& context, HostTable::Row i, CellKeyView cell);
+void ShowCellAttributes(const LoaderContext& context, HostTable::Row i, CellKeyView cell);
+
+/// The cell that a row of FIXED_TAB or of CELL_ATTR is about.
+[[nodiscard]] CellKey FixedCellKey(const HostTable& fixedTab, HostTable::Row i);
+[[nodiscard]] CellKey AttributedCellKey(const HostTable& cellAttr, HostTable::Row i);
 
 }  // namespace planview

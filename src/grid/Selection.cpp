@@ -28,7 +28,7 @@ public:
     /// answers whether there was none.
     template <class Body>
     [[nodiscard]] bool Run(const Body& body) {
-        const std::optional<std::string> error = ErrorTextOf([&] {
+        const std::optional<CaughtError> error = CaughtErrorOf([&] {
             const int count = table_.RowCount();
             for (int i = 1; i <= count; ++i) {
                 const auto row = static_cast<HostTable::Row>(i);
@@ -39,11 +39,16 @@ public:
             }
         });
         if (error) {
-            Trace("", "ERROR");
+            Fail(*error);
         }
         return !error;
     }
 
+    /// The entry of a failure, with the key it happened at, and word of it to who wants to hear.
+    void Fail(const CaughtError& error) const {
+        Trace("", "ERROR");
+        NoteFailure(method_, error);
+    }
     /// The entry of a changed row; the detail stands behind the key (" - width: 80"), its text is made only where it is
     /// written.
     template <class... Parts>
@@ -104,8 +109,8 @@ std::vector<bool> SelectedHeadings(const HostTable& table, const IndexAxis& axis
 
 bool SelectBlock(IndexWalk walk, modGrid& driver) {
     std::vector<bool> selected;
-    if (ErrorTextOf([&] { selected = SelectedHeadings(walk.Table(), walk.Axis(), driver); })) {
-        walk.Trace("", "ERROR");
+    if (const auto error = CaughtErrorOf([&] { selected = SelectedHeadings(walk.Table(), walk.Axis(), driver); })) {
+        walk.Fail(*error);
         return false;
     }
     ClearSelection(driver);

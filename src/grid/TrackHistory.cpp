@@ -2,8 +2,10 @@
 #include "grid/TrackHistory.h"
 
 #include <array>
+#include <map>
 #include <span>
 #include <unordered_map>
+#include <utility>
 
 #include "grid/LoaderSupport.h"
 #include "grid/LockedLine.h"
@@ -217,21 +219,20 @@ void TrackHistory::ApplyField(const HostTable& table, HostTable::Row row, const 
 
 void TrackHistory::ApplyOrder(const IndexAxis& axis, const TrackStep& step, bool backwards) {
     GridControl& grid = parts_.driver.Grid();
-    std::vector<std::string> keys = OrderedKeys(grid, axis);
-    bool any = false;
+    std::map<std::int32_t, std::string> moved;  // by the place that each is to have
     for (const TrackChange& change : step) {
         if (change.axis == &axis && change.field == PlaceOnScreen) {
-            const auto place = static_cast<std::size_t>((backwards ? change.before : change.after).AsInt32());
-            any = true;
-            if (place > keys.size()) {
-                return;
-            }
-            keys[place - 1] = change.key;
+            moved.emplace((backwards ? change.before : change.after).AsInt32(), change.key);
         }
     }
-    if (any) {
+    // A build may have brought others meanwhile, or dropped some of them.
+    std::vector<std::string> keys;
+    for (auto& [place, key] : moved) {
+        keys.push_back(std::move(key));
+    }
+    if (!moved.empty()) {
         const GridViewState seen = grid.ViewState();
-        Arrange(grid, axis, keys);
+        ArrangeAmong(grid, axis, keys);
         grid.SetFirstColumn(seen.firstColumn, NoRedraw);
         grid.SetFirstRow(seen.firstRow, NoRedraw);
     }

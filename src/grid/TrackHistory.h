@@ -30,7 +30,7 @@ public:
     explicit TrackHistory(Parts parts) : parts_(std::move(parts)) {}
 
     /// Remembers both index tables for as long as it lives; Keep() makes what has changed in them since a step of the
-    /// history. A build meanwhile ends the history that the step would have belonged to.
+    /// history; none where a build meanwhile has lost columns or rows.
     class Watch {
     public:
         explicit Watch(TrackHistory& owner);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "grid/LoaderSupport.h"
 
@@ -55,6 +56,25 @@ void Arrange(GridControl& grid, const IndexAxis& axis, const std::vector<std::st
             grid.MoveRow(keys[i], place, NoRedraw);
         }
     }
+}
+
+void ArrangeAmong(GridControl& grid, const IndexAxis& axis, const std::vector<std::string>& keys) {
+    std::vector<std::string> arranged = OrderedKeys(grid, axis);
+    const std::unordered_set<std::string> present(arranged.begin(), arranged.end());
+    std::unordered_set<std::string> meant;
+    std::vector<std::string> wanted;
+    for (const std::string& key : keys) {
+        if (present.contains(key) && meant.insert(key).second) {
+            wanted.push_back(key);
+        }
+    }
+    std::size_t next = 0;
+    for (std::string& key : arranged) {
+        if (meant.contains(key)) {
+            key = wanted[next++];
+        }
+    }
+    Arrange(grid, axis, arranged);
 }
 
 void ArrangeAsKept(GridControl& grid, const IndexAxis& axis, const HostTable& table) noexcept {

@@ -19,6 +19,9 @@ namespace planview {
 /// Puts the planning columns or rows into this order, without redraw; nothing where the keys are not all of them.
 void Arrange(GridControl& grid, const IndexAxis& axis, const std::vector<std::string>& keys);
 
+/// Puts those of these keys that are there into this order; they share the places that they have now.
+void ArrangeAmong(GridControl& grid, const IndexAxis& axis, const std::vector<std::string>& keys);
+
 /// Puts them into the order that the table keeps; one that keeps none leaves them as they are.
 void ArrangeAsKept(GridControl& grid, const IndexAxis& axis, const HostTable& table) noexcept;
 

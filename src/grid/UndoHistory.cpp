@@ -54,6 +54,33 @@ void UndoHistory::PutBack(const std::vector<bool>& failed) {
     }
 }
 
+UndoHistory::Emptied UndoHistory::Leave(const std::unordered_set<std::string>& gone) {
+    ++generation_;
+    Emptied emptied;
+    std::vector<HistoryStep> left;
+    std::size_t done = 0;
+    changes_ = 0;
+    for (std::size_t i = 0; i < steps_.size(); ++i) {
+        HistoryStep& step = steps_[i];
+        std::erase_if(step.cells, [&](const CellChange& change) {
+            return gone.contains(change.cell.column) || gone.contains(change.cell.row);
+        });
+        std::erase_if(step.tracks, [&](const TrackChange& change) { return gone.contains(change.key); });
+        if (step.Size() > 0) {
+            changes_ += step.Size();
+            done += i < done_ ? 1 : 0;
+            left.push_back(std::move(step));
+        } else if (i < done_) {
+            emptied.done.push_back(done_ - 1 - i);
+        } else {
+            emptied.undone.push_back(i - done_);
+        }
+    }
+    steps_ = std::move(left);
+    done_ = done;
+    return emptied;
+}
+
 void UndoHistory::Clear() noexcept {
     steps_.clear();
     changes_ = 0;

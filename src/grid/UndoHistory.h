@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -64,7 +65,14 @@ public:
     /// their own that is still to be undone or redone.
     void PutBack(const std::vector<bool>& failed);
     void Clear() noexcept;
-    /// Counts up with every Clear(): what was begun before one belongs to no history any more.
+    /// The steps that Leave() has emptied, counted from the one to be undone next and from the one to be redone next.
+    struct Emptied {
+        std::vector<std::size_t> done;
+        std::vector<std::size_t> undone;
+    };
+    /// Columns and rows are gone: what was changed in them drops out of its step, and a step with nothing left drops.
+    Emptied Leave(const std::unordered_set<std::string>& gone);
+    /// Counts up with every Clear() and Leave(): what was begun before one belongs to no history any more.
     [[nodiscard]] std::uint64_t Generation() const noexcept { return generation_; }
 
 private:

@@ -30,6 +30,8 @@ public:
     /// Without changes of values what was done to columns or rows.
     virtual void Undone(const UndoStep& changes) noexcept = 0;
     virtual void Redone(const UndoStep& changes) noexcept = 0;
+    /// Steps of the undo history have lost all that they held, because what they changed is no longer there.
+    virtual void StepsEmptied(const UndoHistory::Emptied& emptied) noexcept = 0;
     /// Whether anybody wants to hear; what is costly to tell is told only then.
     [[nodiscard]] virtual bool Listening() const noexcept = 0;
 };

@@ -51,11 +51,11 @@ std::string EnteredText(CellKeyView cell, const Variant& value) {
 struct ValueEntry::Failures {
     int notStored = 0;
     int withoutOldValue = 0;  ///< stored, but TAB_OLD failed
-    std::string error;        ///< the first one
+    CaughtError error;        ///< the first one
 
-    void Add(int& count, const std::string& text, int cells = 1) {
-        if (error.empty()) {
-            error = text;
+    void Add(int& count, const CaughtError& caught, int cells = 1) {
+        if (error.text.empty()) {
+            error = caught;
         }
         count += cells;
     }
@@ -134,14 +134,14 @@ void ValueEntry::Enter(CellKeyView keys, const std::string& text, EditKind kind)
 template <class Body>
 bool ValueEntry::RunBulk(std::size_t count, bool withFixed, const Body& body) {
     Failures failures;
-    std::optional<std::string> broken;
+    std::optional<CaughtError> broken;
     {
         const Announce announce = AnnounceFor(count);
         const BulkAnnouncement bulk(parts_, announce, count);
         const BusyScope busy(parts_.busy);
         const modGrid::RedrawAtEnd redraw(parts_.driver, modGrid::Entries::None);
         std::optional<Transaction> transaction;
-        broken = ErrorTextOf(
+        broken = CaughtErrorOf(
             [&] { transaction.emplace(parts_, count, announce, withFixed || announce == Announce::EachValue); });
         if (broken) {
             failures.Add(failures.notStored, *broken, static_cast<int>(count));
@@ -195,7 +195,7 @@ void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> v
             cell = i < keys.size() ? grid.FindCell(keys[i]) : std::nullopt;
         }
         if (!cell) {
-            transaction.failures.Add(transaction.failures.notStored, "The cell is no longer there");
+            transaction.failures.Add(transaction.failures.notStored, {"The cell is no longer there"});
             ++result.failed;
             continue;
         }
@@ -298,7 +298,8 @@ ValueEntry::Announce ValueEntry::AnnounceFor(std::size_t count) const {
     return count == 1 || parts_.settings.singleValue != 0 ? Announce::EachValue : Announce::Silently;
 }
 
-/// A rebuild within the action has ended the history that it would have belonged to.
+/// A rebuild within the action that has lost columns or rows ends the history: the cells of the action are no longer
+/// known to be those that it changed.
 ValueEntry::Done ValueEntry::Record(Transaction& transaction) {
     Done done;
     if (parts_.actions.Listening()) {
@@ -307,6 +308,8 @@ ValueEntry::Done ValueEntry::Record(Transaction& transaction) {
     done.undoable = parts_.history.Generation() == transaction.history;
     if (done.undoable) {
         parts_.history.Record(std::move(transaction.step));
+    } else {
+        parts_.history.Clear();
     }
     return done;
 }
@@ -326,7 +329,7 @@ bool ValueEntry::ChangeOne(Transaction& transaction, const CellKey& cell, const 
     }
     const std::size_t before = transaction.step.size();
     const auto show = [&] { parts_.driver.Contents(cell, EnteredText(cell, value), true); };
-    const std::optional<std::string> error = ErrorTextOf([&] {
+    const std::optional<CaughtError> error = CaughtErrorOf([&] {
         TakeOver(transaction, cell, shown, value);
         show();
     });
@@ -394,7 +397,7 @@ void ValueEntry::KeepInTabOld(CellTable& tabOld, const KeyPositions& at, const V
 }
 
 void ValueEntry::Tell(const Failures& failures) noexcept {
-    if (failures.error.empty()) {
+    if (failures.error.text.empty()) {
         return;
     }
     TraceError("GRIDCTL", "ContentsChanged", failures.error);
@@ -411,7 +414,7 @@ void ValueEntry::Tell(const Failures& failures) noexcept {
                 "What a cell held before could not be kept; the new value is stored, but not as a pending change.\n";
         }
         parts_.messageBoxes.Show(
-            {text + failures.error, "Grid", MessageButtons::Ok, MessageIcon::Exclamation, MessageAnswer::Ok});
+            {text + failures.error.text, "Grid", MessageButtons::Ok, MessageIcon::Exclamation, MessageAnswer::Ok});
     });
 }
 

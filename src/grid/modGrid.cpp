@@ -23,9 +23,12 @@ void ReportError(GridStatus status, const CellKeyView& keys) {
 
 /// The three steps of every operation. `call` answers the status, `parameter` the trace text.
 template <class Call, class Parameter>
-GridStatus Run(std::string_view operation, const CellKeyView& keys, const Call& call, const Parameter& parameter,
-               std::string_view message = {}) {
+GridStatus Run(modGrid& driver, std::string_view operation, const CellKeyView& keys, const Call& call,
+               const Parameter& parameter, std::string_view message = {}) {
     const GridStatus status = call();
+    if (status != GridStatus::Ok) {
+        driver.NoteRefusal(status, operation, keys);
+    }
     if (TraceEnabled) {
         TraceWrite("GRIDCTL", message, operation, parameter());
         if (status != GridStatus::Ok) {
@@ -53,18 +56,19 @@ GridStatus SetByKeys(GridControl& grid, const CellKeyView& keys, GridAttribute a
 
 /// An attribute of the grid as a whole: "{label:value - redraw:flag}".
 template <class Value>
-GridStatus SetOfGrid(GridControl& grid, std::string_view operation, GridAttribute attribute, std::string_view label,
+GridStatus SetOfGrid(modGrid& driver, std::string_view operation, GridAttribute attribute, std::string_view label,
                      const Value& value, bool redraw) {
     return Run(
-        operation, {}, [&] { return grid.SetAttribute(GridElement::Grid, {}, attribute, value, redraw); },
+        driver, operation, {},
+        [&] { return driver.Grid().SetAttribute(GridElement::Grid, {}, attribute, value, redraw); },
         [&] { return TraceText("{", label, ":", value, " - redraw:", redraw, "}"); });
 }
 
 /// A size of a column or row: "{cid: key - label:size - redraw:flag}".
-GridStatus SetSize(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
+GridStatus SetSize(modGrid& driver, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
                    std::string_view label, std::int16_t size, bool redraw) {
     return Run(
-        operation, keys, [&] { return SetByKeys(grid, keys, attribute, size, redraw); },
+        driver, operation, keys, [&] { return SetByKeys(driver.Grid(), keys, attribute, size, redraw); },
         [&] { return TraceText("{cid: ", keys.column, keys.row, " - ", label, ":", size, " - redraw:", redraw, "}"); });
 }
 
@@ -76,31 +80,33 @@ TraceBuffer KeysText(const CellKeyView& keys, std::string_view label, const Valu
 
 /// An attribute of a cell, column or row. `shown` is what the trace says of the value.
 template <class Shown>
-GridStatus Set(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
+GridStatus Set(modGrid& driver, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
                const Variant& value, std::string_view label, const Shown& shown, bool redraw) {
     return Run(
-        operation, keys, [&] { return SetByKeys(grid, keys, attribute, value, redraw); },
+        driver, operation, keys, [&] { return SetByKeys(driver.Grid(), keys, attribute, value, redraw); },
         [&] { return KeysText(keys, label, shown, redraw); });
 }
 
 /// An attribute of the centre cells of a column or row.
 template <class Shown>
-GridStatus SetCenter(GridControl& grid, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
+GridStatus SetCenter(modGrid& driver, std::string_view operation, const CellKeyView& keys, GridAttribute attribute,
                      const Variant& value, std::string_view label, const Shown& shown, bool redraw) {
     return Run(
-        operation, keys,
+        driver, operation, keys,
         [&] {
             const GridElement element = ElementOf(keys);
-            return element == GridElement::Grid ? GridStatus::InvalidName
-                                                : grid.SetCenterAttribute(element, keys, attribute, value, redraw);
+            return element == GridElement::Grid
+                       ? GridStatus::InvalidName
+                       : driver.Grid().SetCenterAttribute(element, keys, attribute, value, redraw);
         },
         [&] { return KeysText(keys, label, shown, redraw); });
 }
 
 /// An operation that has keys and no value.
 template <class Call>
-GridStatus RunOnKeys(std::string_view operation, const CellKeyView& keys, bool redraw, const Call& call) {
-    return Run(operation, keys, call,
+GridStatus RunOnKeys(modGrid& driver, std::string_view operation, const CellKeyView& keys, bool redraw,
+                     const Call& call) {
+    return Run(driver, operation, keys, call,
                [&] { return TraceText("{cid: ", keys.column, " - rid: ", keys.row, " - redraw:", redraw, "}"); });
 }
 
@@ -165,9 +171,17 @@ std::string_view modGrid::StatusText(GridStatus status) noexcept {
     }
 }
 
+void modGrid::NoteRefusal(GridStatus status, std::string_view operation, const CellKeyView& keys) {
+    lastRefusal_.status = status;
+    lastRefusal_.operation = operation;
+    lastRefusal_.keys.column = keys.column;
+    lastRefusal_.keys.row = keys.row;
+    ++refusals_;
+}
+
 GridStatus modGrid::CreateColor(std::string_view name, std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
     return Run(
-        "CreateColor", {}, [&] { return grid_.CreateColor(name, red, green, blue); },
+        *this, "CreateColor", {}, [&] { return grid_.CreateColor(name, red, green, blue); },
         [&] { return TraceText("{color:", name, "}"); });
 }
 
@@ -190,48 +204,49 @@ std::int16_t modGrid::PositionOf(std::string_view key) {
 
 GridStatus modGrid::CreateLabelled() {
     return Run(
-        "CreateLabelled", {}, [&] { return grid_.CreateLabelled(false); }, [] { return std::string("{}"); },
+        *this, "CreateLabelled", {}, [&] { return grid_.CreateLabelled(false); }, [] { return std::string("{}"); },
         "CONSTRUCTOR");
 }
 
 GridStatus modGrid::Destructor(bool redraw) {
     return Run(
-        "DESTRUCTOR", {}, [&] { return grid_.Destroy(redraw); }, [&] { return TraceText("{redraw:", redraw, "}"); });
+        *this, "DESTRUCTOR", {}, [&] { return grid_.Destroy(redraw); },
+        [&] { return TraceText("{redraw:", redraw, "}"); });
 }
 
 GridStatus modGrid::LabelColWidth(std::int16_t width) {
     return Run(
-        "LabelColWidth", {},
+        *this, "LabelColWidth", {},
         [&] { return grid_.SetAttribute(GridElement::Grid, {}, GridAttribute::LabelColumnWidth, width, false); },
         [&] { return TraceText("{width:", width, "}"); });
 }
 
 GridStatus modGrid::LabelAutoFit(std::int16_t width) {
     return Run(
-        "LabelAutoFit", {},
+        *this, "LabelAutoFit", {},
         [&] { return grid_.SetAttribute(GridElement::Grid, {}, GridAttribute::LabelAutoFit, width, false); },
         [&] { return TraceText("{width:", width, "}"); });
 }
 
 GridStatus modGrid::DoubleBuffering(std::int16_t value, bool redraw) {
-    return SetOfGrid(grid_, "DoubleBuffering", GridAttribute::DoubleBuffering, "value", value, redraw);
+    return SetOfGrid(*this, "DoubleBuffering", GridAttribute::DoubleBuffering, "value", value, redraw);
 }
 
 GridStatus modGrid::MovePermission(std::int16_t value, bool redraw) {
-    return SetOfGrid(grid_, "move permission", GridAttribute::MovePermission, "value", value, redraw);
+    return SetOfGrid(*this, "move permission", GridAttribute::MovePermission, "value", value, redraw);
 }
 
 GridStatus modGrid::ResizePermission(std::int16_t value, bool redraw) {
-    return SetOfGrid(grid_, "resize permission", GridAttribute::ResizePermission, "value", value, redraw);
+    return SetOfGrid(*this, "resize permission", GridAttribute::ResizePermission, "value", value, redraw);
 }
 
 GridStatus modGrid::DragDrop(std::int16_t value, bool redraw) {
-    return SetOfGrid(grid_, "DragDrop", GridAttribute::DragDrop, "value", value, redraw);
+    return SetOfGrid(*this, "DragDrop", GridAttribute::DragDrop, "value", value, redraw);
 }
 
 GridStatus modGrid::GridlinesColor(std::int16_t color, bool redraw) {
     return Run(
-        "Gridlines color", {},
+        *this, "Gridlines color", {},
         [&] {
             return grid_.SetAttribute(GridElement::Grid, {}, GridAttribute::GridLineColor, ColorName(color), redraw);
         },
@@ -239,7 +254,7 @@ GridStatus modGrid::GridlinesColor(std::int16_t color, bool redraw) {
 }
 
 GridStatus modGrid::Switch(bool switched, bool redraw) {
-    return SetOfGrid(grid_, "switch", GridAttribute::Switched, "switched", switched, redraw);
+    return SetOfGrid(*this, "switch", GridAttribute::Switched, "switched", switched, redraw);
 }
 
 void modGrid::SetRedraw(bool on, Entries entries) {
@@ -285,59 +300,59 @@ modGrid::WaitingState::~WaitingState() {
 
 GridStatus modGrid::FirstColumn(std::string_view key, bool redraw) {
     return Run(
-        "FirstColumn", {key, {}}, [&] { return grid_.SetFirstColumn(key, redraw); },
+        *this, "FirstColumn", {key, {}}, [&] { return grid_.SetFirstColumn(key, redraw); },
         [&] { return TraceText("{cid: ", key, " - redraw:", redraw, "}"); });
 }
 
 GridStatus modGrid::FirstRow(std::string_view key, bool redraw) {
     return Run(
-        "FirstRow", {{}, key}, [&] { return grid_.SetFirstRow(key, redraw); },
+        *this, "FirstRow", {{}, key}, [&] { return grid_.SetFirstRow(key, redraw); },
         [&] { return TraceText("{cid: ", key, " - redraw:", redraw, "}"); });
 }
 
 GridStatus modGrid::CreateColumn(std::string_view key, std::int16_t position, bool redraw) {
     return Run(
-        "CreateColumn", {key, {}}, [&] { return grid_.CreateColumn(key, position, redraw); },
+        *this, "CreateColumn", {key, {}}, [&] { return grid_.CreateColumn(key, position, redraw); },
         [&] { return TraceText("{cid: ", key, " - pos:", position, " - redraw:", redraw, "}"); });
 }
 
 GridStatus modGrid::CreateRow(std::string_view key, std::int16_t position, bool redraw) {
     return Run(
-        "CreateRow", {{}, key}, [&] { return grid_.CreateRow(key, position, redraw); },
+        *this, "CreateRow", {{}, key}, [&] { return grid_.CreateRow(key, position, redraw); },
         [&] { return TraceText("{cid: ", key, " - pos:", position, " - redraw:", redraw, "}"); });
 }
 
 GridStatus modGrid::ColumnWidth(std::string_view key, std::int16_t width, bool redraw) {
-    return SetSize(grid_, "column width", {key, {}}, GridAttribute::Width, "width", width, redraw);
+    return SetSize(*this, "column width", {key, {}}, GridAttribute::Width, "width", width, redraw);
 }
 
 GridStatus modGrid::ColumnHeight(std::string_view key, std::int16_t height, bool redraw) {
-    return SetSize(grid_, "ColumnHeight", {key, {}}, GridAttribute::Height, "height", height, redraw);
+    return SetSize(*this, "ColumnHeight", {key, {}}, GridAttribute::Height, "height", height, redraw);
 }
 
 GridStatus modGrid::RowHeight(std::string_view key, std::int16_t height, bool redraw) {
-    return SetSize(grid_, "row height", {{}, key}, GridAttribute::Height, "height", height, redraw);
+    return SetSize(*this, "row height", {{}, key}, GridAttribute::Height, "height", height, redraw);
 }
 
 GridStatus modGrid::RowWidth(std::string_view key, std::int16_t width, bool redraw) {
-    return SetSize(grid_, "RowWidth", {{}, key}, GridAttribute::Width, "width", width, redraw);
+    return SetSize(*this, "RowWidth", {{}, key}, GridAttribute::Width, "width", width, redraw);
 }
 
 GridStatus modGrid::SelectionFlag(const CellKeyView& keys, bool redraw) {
-    return RunOnKeys("SelectionFlag", keys, redraw,
+    return RunOnKeys(*this, "SelectionFlag", keys, redraw,
                      [&] { return SetByKeys(grid_, keys, GridAttribute::Selectable, false, redraw); });
 }
 
 GridStatus modGrid::SetSelection(const CellKeyView& keys, bool redraw) {
-    return RunOnKeys("SetSelection", keys, redraw, [&] { return grid_.SetSelection(keys, redraw); });
+    return RunOnKeys(*this, "SetSelection", keys, redraw, [&] { return grid_.SetSelection(keys, redraw); });
 }
 
 GridStatus modGrid::DeleteSelection(const CellKeyView& keys, bool redraw) {
-    return RunOnKeys("DeleteSelection", keys, redraw, [&] { return grid_.DeleteSelection(keys, redraw); });
+    return RunOnKeys(*this, "DeleteSelection", keys, redraw, [&] { return grid_.DeleteSelection(keys, redraw); });
 }
 
 GridStatus modGrid::CenterHidden(const CellKeyView& keys, bool hidden, bool redraw) {
-    return SetCenter(grid_, "CenterHidden", keys, GridAttribute::Hidden, hidden, "hidden", hidden, redraw);
+    return SetCenter(*this, "CenterHidden", keys, GridAttribute::Hidden, hidden, "hidden", hidden, redraw);
 }
 
 int modGrid::HeadingSelected(const CellKeyView& keys) const {
@@ -345,7 +360,7 @@ int modGrid::HeadingSelected(const CellKeyView& keys) const {
 }
 
 GridStatus modGrid::Contents(const CellKeyView& keys, std::string_view text, bool redraw) {
-    return Set(grid_, "Contents", keys, GridAttribute::Contents, text, "contents", text, redraw);
+    return Set(*this, "Contents", keys, GridAttribute::Contents, text, "contents", text, redraw);
 }
 
 std::string modGrid::CellText(const CellKeyView& keys) const {
@@ -354,27 +369,27 @@ std::string modGrid::CellText(const CellKeyView& keys) const {
 }
 
 GridStatus modGrid::Tooltip(const CellKeyView& keys, std::string_view text, bool redraw) {
-    return Set(grid_, "Tooltip", keys, GridAttribute::Tooltip, text, "contents", text, redraw);
+    return Set(*this, "Tooltip", keys, GridAttribute::Tooltip, text, "contents", text, redraw);
 }
 
 GridStatus modGrid::ReadOnly(const CellKeyView& keys, bool readOnly, bool redraw) {
-    return Set(grid_, "ReadOnly", keys, GridAttribute::ReadOnly, readOnly, "readonly", readOnly, redraw);
+    return Set(*this, "ReadOnly", keys, GridAttribute::ReadOnly, readOnly, "readonly", readOnly, redraw);
 }
 
 GridStatus modGrid::Format(const CellKeyView& keys, std::string_view format, bool redraw) {
-    return Set(grid_, "format", keys, GridAttribute::Format, format, "format", format, redraw);
+    return Set(*this, "format", keys, GridAttribute::Format, format, "format", format, redraw);
 }
 
 GridStatus modGrid::Font(const CellKeyView& keys, std::string_view font, bool redraw) {
-    return Set(grid_, "font", keys, GridAttribute::Font, font, "font", font, redraw);
+    return Set(*this, "font", keys, GridAttribute::Font, font, "font", font, redraw);
 }
 
 GridStatus modGrid::Alignment(const CellKeyView& keys, std::int16_t alignment, bool redraw) {
-    return Set(grid_, "Alignment", keys, GridAttribute::Alignment, alignment, "align", alignment, redraw);
+    return Set(*this, "Alignment", keys, GridAttribute::Alignment, alignment, "align", alignment, redraw);
 }
 
 GridStatus modGrid::Relief(const CellKeyView& keys, bool relief, bool redraw) {
-    return Set(grid_, "relief", keys, GridAttribute::Relief, relief, "relief", relief, redraw);
+    return Set(*this, "relief", keys, GridAttribute::Relief, relief, "relief", relief, redraw);
 }
 
 GridStatus modGrid::Bitmap(const CellKeyView& keys, std::string_view bitmap, std::int16_t alignment, bool redraw) {
@@ -383,7 +398,7 @@ GridStatus modGrid::Bitmap(const CellKeyView& keys, std::string_view bitmap, std
     const bool canAlign = alignment >= static_cast<std::int16_t>(GridAlignment::Right) &&
                           alignment <= static_cast<std::int16_t>(GridAlignment::Center);
     return Run(
-        "bitmap", keys,
+        *this, "bitmap", keys,
         [&] {
             GridStatus status = GridStatus::Ok;
             if (canAlign) {  // an alignment that the grid will refuse must not leave the bitmap behind
@@ -400,7 +415,7 @@ GridStatus modGrid::Bitmap(const CellKeyView& keys, std::string_view bitmap, std
 GridStatus modGrid::BackgroundColor(const CellKeyView& keys, std::int16_t color, bool redraw) {
     // The one attribute here that the grid as a whole has too.
     return Run(
-        "background colour", keys,
+        *this, "background colour", keys,
         [&] {
             return grid_.SetAttribute(ElementOf(keys), keys, GridAttribute::BackgroundColor, ColorName(color), redraw);
         },
@@ -408,47 +423,47 @@ GridStatus modGrid::BackgroundColor(const CellKeyView& keys, std::int16_t color,
 }
 
 GridStatus modGrid::ForegroundColor(const CellKeyView& keys, std::int16_t color, bool redraw) {
-    return Set(grid_, "foreground colour", keys, GridAttribute::ForegroundColor, ColorName(color), "color", color,
+    return Set(*this, "foreground colour", keys, GridAttribute::ForegroundColor, ColorName(color), "color", color,
                redraw);
 }
 
 GridStatus modGrid::CenterFormat(const CellKeyView& keys, std::string_view format, bool redraw) {
-    return SetCenter(grid_, "CenterFormat", keys, GridAttribute::Format, format, "format", format, redraw);
+    return SetCenter(*this, "CenterFormat", keys, GridAttribute::Format, format, "format", format, redraw);
 }
 
 GridStatus modGrid::CenterFont(const CellKeyView& keys, std::string_view font, bool redraw) {
-    return SetCenter(grid_, "CenterFont", keys, GridAttribute::Font, font, "font", font, redraw);
+    return SetCenter(*this, "CenterFont", keys, GridAttribute::Font, font, "font", font, redraw);
 }
 
 GridStatus modGrid::CenterAlignment(const CellKeyView& keys, std::int16_t alignment, bool redraw) {
-    return SetCenter(grid_, "CenterAlignment", keys, GridAttribute::Alignment, alignment, "align", alignment, redraw);
+    return SetCenter(*this, "CenterAlignment", keys, GridAttribute::Alignment, alignment, "align", alignment, redraw);
 }
 
 GridStatus modGrid::CenterReadOnly(const CellKeyView& keys, bool readOnly, bool redraw) {
-    return SetCenter(grid_, "CenterReadOnly", keys, GridAttribute::ReadOnly, readOnly, "readonly", readOnly, redraw);
+    return SetCenter(*this, "CenterReadOnly", keys, GridAttribute::ReadOnly, readOnly, "readonly", readOnly, redraw);
 }
 
 GridStatus modGrid::CenterTextLine(const CellKeyView& keys, std::string_view textLine, bool redraw) {
-    return SetCenter(grid_, "CenterTextLine", keys, GridAttribute::TextLine, textLine == "X", "textline", textLine,
+    return SetCenter(*this, "CenterTextLine", keys, GridAttribute::TextLine, textLine == "X", "textline", textLine,
                      redraw);
 }
 
 GridStatus modGrid::CenterHelpLine(const CellKeyView& keys, std::string_view lineType, bool redraw) {
-    return SetCenter(grid_, "CenterHelpLine", keys, GridAttribute::HelpLine, lineType == "H", "helpline", lineType,
+    return SetCenter(*this, "CenterHelpLine", keys, GridAttribute::HelpLine, lineType == "H", "helpline", lineType,
                      redraw);
 }
 
 GridStatus modGrid::CenterRelief(const CellKeyView& keys, bool relief, bool redraw) {
-    return SetCenter(grid_, "CenterRelief", keys, GridAttribute::Relief, relief, "relief", relief, redraw);
+    return SetCenter(*this, "CenterRelief", keys, GridAttribute::Relief, relief, "relief", relief, redraw);
 }
 
 GridStatus modGrid::CenterBgColor(const CellKeyView& keys, std::int16_t color, bool redraw) {
-    return SetCenter(grid_, "CenterBgColor", keys, GridAttribute::BackgroundColor, ColorName(color), "color", color,
+    return SetCenter(*this, "CenterBgColor", keys, GridAttribute::BackgroundColor, ColorName(color), "color", color,
                      redraw);
 }
 
 GridStatus modGrid::CenterFgColor(const CellKeyView& keys, std::int16_t color, bool redraw) {
-    return SetCenter(grid_, "CenterFgColor", keys, GridAttribute::ForegroundColor, ColorName(color), "color", color,
+    return SetCenter(*this, "CenterFgColor", keys, GridAttribute::ForegroundColor, ColorName(color), "color", color,
                      redraw);
 }
 

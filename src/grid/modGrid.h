@@ -167,6 +167,17 @@ public:
 
     // --- Errors ---
 
+    /// A call that the grid refused.
+    struct Refusal {
+        GridStatus status = GridStatus::Ok;
+        std::string_view operation;  ///< as the trace names it
+        CellKey keys;
+    };
+    /// The last one, and how many there were so far.
+    [[nodiscard]] const Refusal& LastRefusal() const noexcept { return lastRefusal_; }
+    [[nodiscard]] std::uint64_t Refusals() const noexcept { return refusals_; }
+    void NoteRefusal(GridStatus status, std::string_view operation, const CellKeyView& keys);
+
     /// The text of a status; "Unknown error" for a number without one.
     [[nodiscard]] static std::string_view StatusText(GridStatus status) noexcept;
 
@@ -175,6 +186,8 @@ private:
     [[nodiscard]] const Variant& ColorName(std::int16_t color) const noexcept;
 
     GridControl& grid_;
+    Refusal lastRefusal_;
+    std::uint64_t refusals_ = 0;
     /// The names of the registered colours by palette index, as the grid takes them; Empty until CreatePalette().
     std::array<Variant, PaletteSize> colorNames_;
 };

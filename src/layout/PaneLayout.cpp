@@ -35,6 +35,13 @@ void PaneLayout::MoveSplitter(Splitter splitter, int position) {
     Changed();
 }
 
+void PaneLayout::MoveSplitters(const std::array<int, SplitterCount>& positions) {
+    for (std::size_t i = 0; i < positions.size(); ++i) {
+        positions_[i] = std::clamp(positions[i], LeastShare, WholeExtent - LeastShare);
+    }
+    Changed();
+}
+
 void PaneLayout::Resize(int width, int height) {
     width_ = width;
     height_ = height;

@@ -57,6 +57,8 @@ public:
     void LayOut(Splitter splitter) const;
     /// The user moved a splitter. Positions that would leave a pane too small are corrected.
     void MoveSplitter(Splitter splitter, int position);
+    /// All of them at once, as they stood before; corrected likewise.
+    void MoveSplitters(const std::array<int, SplitterCount>& positions);
     /// The control's new size in logical pixels.
     void Resize(int width, int height);
 

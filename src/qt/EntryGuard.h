@@ -75,7 +75,7 @@ private:
     void trap(const Name& name, Body&& body) const noexcept {
         const std::shared_ptr<void> alive = owner_;
         const std::string_view control = control_;
-        if (const std::optional<std::string> error = ErrorTextOf(body)) {
+        if (const std::optional<CaughtError> error = CaughtErrorOf(body)) {
             TraceError(control, name(), *error);
         }
     }

@@ -95,6 +95,10 @@ PlanViewWidget::PlanViewWidget(const Platform& platform, QWidget* parent)
                    state_->grid->editor().tell(*cell,
                                                QString::fromUtf8(reason.data(), static_cast<qsizetype>(reason.size())));
         });
+    state_->failureListener = view.Diagnostics().AddFailureListener([this](const Failure& failure) {
+        Q_EMIT failed(QString::fromStdString(failure.table), QString::fromStdString(failure.field), failure.row,
+                      QString::fromStdString(failure.reason));
+    });
     state_->recordingListener = view.Recording().AddListener([this] { Q_EMIT recordingChanged(); });
     state_->actions = new CommandActions(*this, view, *state_->grid, state_->guard);
     state_->actions->setMacros(parts.Editor(), {state_->tree, toolbar, macro, operands});
@@ -116,6 +120,7 @@ PlanViewWidget::~PlanViewWidget() {
     PlanView& view = state_->core->view;
     view.Editing().RemoveBulkListener(state_->bulkListener);
     view.Editing().RemoveHintListener(state_->hintListener);
+    view.Diagnostics().RemoveFailureListener(state_->failureListener);
     view.Recording().RemoveListener(state_->recordingListener);
     view.RemoveCommandListener(state_->commandListener);
     view.RemoveSink(state_->core->sink);

@@ -53,7 +53,8 @@ void StatusInfo::refresh() {
 }
 
 void StatusInfo::refreshPending() {
-    const std::uint64_t built = ControlParts(view_).Grid().BuildVersion();
+    // Both only grow, so that any change of either is one of the sum.
+    const std::uint64_t built = ControlParts(view_).Grid().BuildVersion() + ControlParts(view_).Updates();
     if (pendingKnown_ && builtFor_ == built) {
         return;
     }

@@ -46,10 +46,10 @@ public:
     /// Runs a procedure's body under its error trap.
     template <class Body>
     bool Run(std::string_view procedure, Body&& body) {
-        const std::optional<std::string> error = ErrorTextOf(body);
+        const std::optional<CaughtError> error = CaughtErrorOf(body);
         if (error) {
             TraceError(SpreadsheetLabel, procedure, *error);
-            error_ = error_.empty() ? *error : error_;
+            error_ = error_.empty() ? error->text : error_;
         }
         return !error;
     }

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <cerrno>
 #include <filesystem>
 #include <limits>
 #include <memory>
@@ -34,6 +36,11 @@ void WriteTraceLog(std::ostream& out) {
 }
 
 namespace modPlan {
+
+struct TraceStreamState;
+void AddStream(TraceStreamState& stream);
+void RemoveStream(TraceStreamState& stream) noexcept;
+int ErrorOf(const TraceStreamState& stream);
 
 namespace {
 
@@ -162,6 +169,54 @@ private:
 
 }  // namespace
 
+struct TraceStreamState {
+    std::ostream& out;
+    int error = 0;
+
+    void Write(const std::array<std::string_view, 4>& fields) noexcept {
+        if (error != 0) {
+            return;
+        }
+        errno = 0;
+        ResumeNext([&] { WriteLogLine(out, fields); });
+        if (!out) {
+            error = errno != 0 ? errno : EIO;
+        }
+    }
+};
+
+namespace {
+
+std::mutex streamsMutex;
+std::vector<TraceStreamState*> streams;  // guarded by it
+std::atomic<bool> anyStreams = false;
+
+void WriteToStreams(const std::array<std::string_view, 4>& fields) {
+    const std::lock_guard lock(streamsMutex);
+    for (TraceStreamState* stream : streams) {
+        stream->Write(fields);
+    }
+}
+
+}  // namespace
+
+void AddStream(TraceStreamState& stream) {
+    const std::lock_guard lock(streamsMutex);
+    streams.push_back(&stream);
+    anyStreams = true;
+}
+
+void RemoveStream(TraceStreamState& stream) noexcept {
+    const std::lock_guard lock(streamsMutex);
+    std::erase(streams, &stream);
+    anyStreams = !streams.empty();
+}
+
+int ErrorOf(const TraceStreamState& stream) {
+    const std::lock_guard lock(streamsMutex);
+    return stream.error;
+}
+
 void TraceWrite(std::string_view control, std::string_view message, std::string_view method,
                 std::string_view parameter) noexcept {
     if (!TraceEnabled) {
@@ -179,6 +234,9 @@ void TraceWrite(std::string_view control, std::string_view message, std::string_
             item.subItems[2] = std::string_view(shownParameter);
             item.subItems[3] = item.key;
         });
+        if (anyStreams) {
+            WriteToStreams({control, shownMessage, method, shownParameter});
+        }
     });
 }
 
@@ -289,5 +347,19 @@ std::string ReplacePoint(std::string text) {
 }
 
 }  // namespace modPlan
+
+struct TraceStream::State : modPlan::TraceStreamState {};
+
+TraceStream::TraceStream(std::ostream& out) : state_(new State{{out}}) {
+    modPlan::AddStream(*state_);
+}
+
+TraceStream::~TraceStream() {
+    modPlan::RemoveStream(*state_);
+}
+
+int TraceStream::Error() const {
+    return modPlan::ErrorOf(*state_);
+}
 
 }  // namespace planview

@@ -132,9 +132,16 @@ TEST_F(ValueEntryFaultsTest, AHostThatRebuildsWithinAnActionGetsEveryValueInItsC
     Current("COL1", "ROW1");
     Paste("1\t2\n3\t4");
     EXPECT_EQ(Rows(*tables.tab), "1,1=1 1,2=2 2,1=3 2,2=4");
-    EXPECT_FALSE(control->Editing().CanUndo()) << "the rebuild has ended the history";
+    control->Editing().Undo();
+    EXPECT_EQ(Rows(*tables.tab), "1,1=10 1,2=20 2,1=30 2,2=") << "the step has outlived it";
     Type("COL1", "ROW2", "5");
-    EXPECT_TRUE(control->Editing().CanUndo());
+    tables.colsIndex->SetValue(1, "PERDY", "Another");
+    host.onValue = [&] {
+        host.onValue = nullptr;
+        control->DP_Import_Update();
+    };
+    Paste("1\t2\n3\t4");
+    EXPECT_FALSE(control->Editing().CanUndo()) << "not one whose cells are no longer the same";
 }
 
 // --- Fixed cells

@@ -2,6 +2,7 @@
 #include <QImage>
 #include <QProcess>
 #include <QStringList>
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <ostream>
@@ -302,6 +303,18 @@ TEST(Planbook, WritesTheTraceWithoutADisplayAndWithoutErrors) {
         EXPECT_TRUE(Contains(trace, entry)) << entry << " is missing in\n" << trace;
     }
     EXPECT_FALSE(Contains(trace, "ERROR")) << trace;
+}
+
+TEST(Planbook, ATraceHoldsAllOfALargeBookAndReplacesAnOlderOneOnlyAsAWhole) {
+    const TestFolder folder;
+    MakeSample(folder);
+    folder.Write("trace.txt", "older");
+    EXPECT_EQ(RunPlanbook(folder, {"--trace", "trace.txt", "none"}).exitCode, 1);
+    EXPECT_EQ(ReadFile(folder.Path("trace.txt")), "older");
+    EXPECT_EQ(RunPlanbook(folder, {"--trace", "trace.txt", "us.planbook"}).exitCode, 0);
+    const std::string trace = ReadFile(folder.Path("trace.txt"));
+    EXPECT_GT(std::count(trace.begin(), trace.end(), '\n'), 5000);
+    EXPECT_TRUE(Contains(trace.substr(0, 1000), "Trace_Enable")) << trace.substr(0, 1000);
 }
 
 TEST(Planbook, APlatformWithoutAScreenIsNoDisplay) {

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <limits>
 #include <sstream>
+#include <stdexcept>
+#include <streambuf>
 
 #include <gtest/gtest.h>
 
@@ -167,6 +171,67 @@ TEST_F(TraceTest, LogFieldsStandInTheirColumns) {
         std::ostringstream log;
         WriteTraceLog(log);
         EXPECT_EQ(log.str(), row.line) << row.why;
+    }
+}
+
+TEST_F(TraceTest, AStreamGetsWhatTheListHasNoRoomFor) {
+    std::ostringstream streamed;
+    std::size_t atEnd = 0;
+    {
+        const TraceStream stream(streamed);
+        modPlan::TraceWrite("FIRST", "message", "method", "{\xff}");
+        std::ostringstream log;
+        WriteTraceLog(log);
+        EXPECT_EQ(streamed.str(), log.str()) << "in the same form";
+        for (std::size_t i = 0; i < modPlan::MaxTraceEntries; ++i) {
+            modPlan::TraceWrite("CHART", "", "Redraw", "{}");
+        }
+        log.str({});
+        WriteTraceLog(log);
+        EXPECT_EQ(log.str().find("FIRST"), std::string::npos);
+        EXPECT_TRUE(streamed.str().starts_with("FIRST"));
+        EXPECT_TRUE(streamed.str().ends_with(log.str()));
+        EXPECT_EQ(stream.Error(), 0);
+        atEnd = streamed.str().size();
+    }
+    modPlan::TraceWrite("LAST", "", "", "{}");
+    EXPECT_EQ(streamed.str().size(), atEnd);
+}
+
+TEST_F(TraceTest, AStreamThatFailsHarmsNeitherTheTraceNorAnotherOne) {
+    /// Takes nothing, as a full disk does; or throws.
+    class FullDisk final : public std::streambuf {
+    public:
+        explicit FullDisk(bool throws) : throws_(throws) {}
+
+    private:
+        int_type overflow(int_type) override {
+            if (throws_) {
+                throw std::runtime_error("disk");
+            }
+            errno = ENOSPC;
+            return traits_type::eof();
+        }
+        bool throws_;
+    };
+    for (const bool throws : {false, true}) {
+        FullDisk disk(throws);
+        std::ostream broken(&disk);
+        broken.exceptions(throws ? std::ios::badbit : std::ios::goodbit);
+        std::ostringstream good;
+        const TraceStream first(broken);
+        const TraceStream second(good);
+        ForgetEntries();
+        modPlan::TraceWrite("A", "", "", "{}");
+        modPlan::TraceWrite("B", "", "", "{}");
+        EXPECT_EQ(Entries(), (Lines{"A |  |  | {}", "B |  |  | {}"}));
+        const std::string written = good.str();
+        EXPECT_EQ(std::count(written.begin(), written.end(), '\n'), 2);
+        EXPECT_EQ(second.Error(), 0);
+        EXPECT_NE(first.Error(), 0);
+        if (!throws) {
+            EXPECT_EQ(first.Error(), ENOSPC);
+        }
     }
 }
 

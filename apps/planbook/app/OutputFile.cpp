@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/OutputFile.h"
 
+#include <cerrno>
+
 #include <planview/AutomationObject.h>
 #include <planview/SaveBeside.h>
 #include <planview/Trace.h>
@@ -24,6 +26,15 @@ void WriteOutput(const std::filesystem::path& file, const std::function<void(std
     } catch (const planview::AutomationError& error) {
         throw BookError(error.what());
     }
+}
+
+void WriteTraceOf(const std::filesystem::path& file, const std::function<void()>& body) {
+    WriteOutput(file, [&](std::ostream& out) {
+        const planview::TraceStream stream(out);
+        body();
+        CheckOutput(file);       // the user may have made a book of that name meanwhile
+        errno = stream.Error();  // of the write that failed, not of what was done since
+    });
 }
 
 void WriteTrace(const std::filesystem::path& file) {

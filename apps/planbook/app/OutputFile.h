@@ -13,6 +13,9 @@ void CheckOutput(const std::filesystem::path& file);
 /// Writes a file that is not a book; one of that name is replaced when the new one is whole. Throws BookError.
 void WriteOutput(const std::filesystem::path& file, const std::function<void(std::ostream&)>& write);
 
+/// Runs `body` and writes the whole trace of it, however long. Where the body throws, or the trace cannot be written
+/// as a whole, the file that was there stays.
+void WriteTraceOf(const std::filesystem::path& file, const std::function<void()>& body);
 /// What the trace holds now.
 void WriteTrace(const std::filesystem::path& file);
 

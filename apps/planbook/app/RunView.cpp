@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <ostream>
 #include <string>
 
@@ -80,6 +81,24 @@ void savePicture(MainWindow& window, const ViewRequest& request) {
     WriteOutput(*request.screenshot, [&](std::ostream& file) { file.write(bytes.constData(), bytes.size()); });
 }
 
+/// Has the window show the book until it is closed, or be the picture that was asked for.
+void show(MainWindow& window, HostMessageBoxes& messageBoxes, const ViewRequest& request, bool onScreen) {
+    window.setScheme(request.scheme);
+    // A picture is as large as was asked for; a window is no larger than the screen.
+    window.resize(onScreen ? request.size.boundedTo(window.screen()->availableSize() - FrameRoom) : request.size);
+    if (request.book) {
+        window.openBook(*request.book);
+    }
+    if (request.screenshot) {
+        savePicture(window, request);
+    } else if (onScreen) {
+        messageBoxes.setParent(&window);
+        window.show();
+        QApplication::exec();
+        messageBoxes.setParent(nullptr);
+    }
+}
+
 }  // namespace
 
 ExitCode RunView(int& argc, char** argv, const ViewRequest& request) {
@@ -99,26 +118,18 @@ ExitCode RunView(int& argc, char** argv, const ViewRequest& request) {
     QApplication::setWindowIcon(QIcon(":/planbook/planbook.svg"));
 
     HostMessageBoxes messageBoxes;
-    MainWindow window(messageBoxes, request.trace.has_value());
-    window.setScheme(request.scheme);
-    // A picture is as large as was asked for; a window is no larger than the screen.
-    window.resize(onScreen ? request.size.boundedTo(window.screen()->availableSize() - FrameRoom) : request.size);
-    if (request.book) {
-        window.openBook(*request.book);
-    }
-    if (request.screenshot) {
-        savePicture(window, request);
-    } else if (onScreen) {
-        messageBoxes.setParent(&window);
-        window.show();
-        QApplication::exec();
-        messageBoxes.setParent(nullptr);
-    }
+    std::unique_ptr<MainWindow> window;  // its end is no part of the trace
+    const auto run = [&] {
+        window = std::make_unique<MainWindow>(messageBoxes, request.trace.has_value());
+        show(*window, messageBoxes, request, onScreen);
+    };
     if (request.trace) {
-        WriteTrace(*request.trace);
+        WriteTraceOf(*request.trace, run);
+    } else {
+        run();
     }
     // The window has told it.
-    return request.book && !onScreen ? TellReport(*request.book, window.session().report()) : ExitCode::Done;
+    return request.book && !onScreen ? TellReport(*request.book, window->session().report()) : ExitCode::Done;
 }
 
 }  // namespace planbook

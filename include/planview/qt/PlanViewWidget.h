@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QByteArray>
 #include <QIcon>
 #include <QImage>
+#include <QList>
 #include <QMetaType>
 #include <QSize>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <QWidget>
 #include <memory>
@@ -259,6 +262,27 @@ public:
     [[nodiscard]] QString currentRow() const;
     /// @}
 
+    /// @{
+    /// The text of a cell as it is shown, and what it holds: a number, a text, or nothing; see View. Invalid and empty
+    /// for keys that the grid does not have.
+    [[nodiscard]] Q_INVOKABLE QString cellText(const QString& column, const QString& row) const;
+    [[nodiscard]] Q_INVOKABLE QVariant cellValue(const QString& column, const QString& row) const;
+    /// @}
+    /// @{
+    /// Reads exactly these again from the tables and shows them as one change; selection, scroll position, an open
+    /// entry and the undo history stay. Keys as the events name them; see View.
+    Q_INVOKABLE void updateCells(const QList<planview::CellKey>& cells);
+    Q_INVOKABLE void updateColumns(const QStringList& keys);
+    Q_INVOKABLE void updateRows(const QStringList& keys);
+    /// @}
+    /// The view as the user has arranged it, to be put away: scroll position, order and sizes of columns and rows,
+    /// splitters, textScale(), and which nodes of the macro tree are open. No values, and nothing that the tables say.
+    [[nodiscard]] QByteArray saveState() const;
+    /// Brings back what saveState() has put away, as far as its columns, rows and nodes are there (by key); goes after
+    /// DP_Import_Create(). The tables are not changed, so that a further build takes sizes and order from them again.
+    /// False, and nothing is changed, for bytes that are no such state, and while an entry is open that is refused.
+    bool restoreState(const QByteArray& state);
+
     // --- Macros; what each does stands at the control's method of the same name
 
     /// @{
@@ -347,6 +371,9 @@ Q_SIGNALS:
     void selectionSummaryChanged();
     /// Recording has begun, is paused or has ended, or has another number of steps.
     void recordingChanged();
+    /// The control could not do something; see Diagnostics::AddFailureListener(). `row` counts from 1, 0 for none;
+    /// `table` and `field` are empty where it is about none.
+    void failed(const QString& table, const QString& field, int row, const QString& reason);
     /// What isAnnouncingSeveral() announced has come to its end.
     void severalValuesAnnounced();
 

@@ -26,13 +26,14 @@ MacroEditor::~MacroEditor() {
 }
 
 void MacroEditor::Operate(std::string_view method, const std::function<void()>& body) {
+    const FailureScope failures(parts_.failures);
     message_.clear();
     if (TraceEnabled) {
         TraceWrite(Label, "", method, TraceText("{node: ", currentKey_, "}"));
     }
-    if (const std::optional<std::string> error = ErrorTextOf(body)) {
+    if (const std::optional<CaughtError> error = CaughtErrorOf(body)) {
         TraceError(Label, method, *error);
-        Say("This could not be done: " + *error + ".");
+        Say("This could not be done: " + error->text + ".");
         Reload();
     }
     Changed();

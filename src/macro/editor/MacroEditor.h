@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +22,7 @@
 #include "macro/tree/MacroOutline.h"
 #include "macro/tree/MacroTable.h"
 #include "macro/tree/MacroToolbar.h"
+#include "trace/Failures.h"
 
 namespace planview {
 
@@ -38,6 +40,8 @@ struct MacroEditorParts {
     /// Runs the macro or recording with this key.
     std::function<MacroOutcome(const std::string& key)> run;
     std::function<MacroProblems(const std::string& key)> check;
+    /// Hears of what fails.
+    std::shared_ptr<Failures> failures{};
 };
 
 /// One element of the active macro, as `MacroView` shows it.

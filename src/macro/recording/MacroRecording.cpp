@@ -45,7 +45,7 @@ void MacroRecording::Tell() const {
 
 template <class Body>
 void MacroRecording::Trapped(std::string_view method, const Body& body) noexcept {
-    const std::optional<std::string> error = ErrorTextOf(body);
+    const std::optional<CaughtError> error = CaughtErrorOf(body);
     if (!error) {
         return;
     }
@@ -57,7 +57,7 @@ void MacroRecording::Trapped(std::string_view method, const Body& body) noexcept
         [&] { Tell(); },
         [&] {
             parts_.messageBoxes.Show(Message(
-                "The step could not be recorded; recording is interrupted. What you did stays done.\n" + *error));
+                "The step could not be recorded; recording is interrupted. What you did stays done.\n" + error->text));
         });
 }
 
@@ -79,7 +79,7 @@ void MacroRecording::StartRecord() {
             "There is no table that could take a recording: the host has not set MACROREC. Nothing is recorded."));
         return;
     }
-    const std::optional<std::string> error = ErrorTextOf([&] {
+    const std::optional<CaughtError> error = CaughtErrorOf([&] {
         const int rows = table.RowCount();
         for (int row = 1; row <= rows; ++row) {
             EmptyStep(table, static_cast<HostTable::Row>(row));
@@ -91,7 +91,7 @@ void MacroRecording::StartRecord() {
     if (error) {
         TraceError(Label, "StartRecord", *error);
         parts_.messageBoxes.Show(
-            Message("The table MACROREC cannot take a recording. Nothing is recorded.\n" + *error));
+            Message("The table MACROREC cannot take a recording. Nothing is recorded.\n" + error->text));
         return;
     }
     steps_.clear();
@@ -153,9 +153,9 @@ void MacroRecording::RecordOne(MacroStep step, std::uint64_t edit) {
     DropMarksFor(step);
     const std::size_t index = steps_.size();
     steps_.push_back({std::move(step), edit});
-    if (const std::optional<std::string> error = ErrorTextOf([&] { Write(index); })) {
+    if (std::optional<CaughtError> error = CaughtErrorOf([&] { Write(index); })) {
         steps_.resize(index);  // a step that cannot be written is not kept
-        throw AutomationError(AutomationErrorCode::Failed, *error);
+        throw TableError(AutomationErrorCode::Failed, error->text, std::move(error->place));
     }
     if (TraceEnabled) {
         const MacroStep& last = steps_.back().step;
@@ -274,6 +274,24 @@ void MacroRecording::Redone(const UndoStep& changes) noexcept {
         }
         edits_.push_back({edit.id, {}});
         Tell();
+    });
+}
+
+/// What was recorded of them stays: it was done.
+void MacroRecording::StepsEmptied(const UndoHistory::Emptied& emptied) noexcept {
+    const auto drop = [](std::vector<Edit>& edits, const std::vector<std::size_t>& places) {
+        std::vector<bool> dropped(edits.size());
+        for (const std::size_t place : places) {
+            if (place < edits.size()) {
+                dropped[edits.size() - 1 - place] = true;
+            }
+        }
+        std::size_t i = 0;
+        std::erase_if(edits, [&](const Edit& /*edit*/) { return dropped[i++]; });
+    };
+    Trapped("StepsEmptied", [&] {
+        drop(edits_, emptied.done);
+        drop(undone_, emptied.undone);
     });
 }
 

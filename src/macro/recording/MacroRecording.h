@@ -59,6 +59,7 @@ public:
     void TracksChanged(bool recorded) noexcept override;
     void Undone(const UndoStep& changes) noexcept override;
     void Redone(const UndoStep& changes) noexcept override;
+    void StepsEmptied(const UndoHistory::Emptied& emptied) noexcept override;
     [[nodiscard]] bool Listening() const noexcept override { return state_ != RecordState::Off; }
     /// A command that gives no values has run.
     void Did(const ViewStep& step) noexcept;

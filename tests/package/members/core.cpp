@@ -12,6 +12,7 @@
 #include <planview/Exchange.h>
 #include <planview/Export.h>
 #include <planview/Facet.h>
+#include <planview/Failure.h>
 #include <planview/Macros.h>
 #include <planview/MemoryTable.h>
 #include <planview/ObjectRegistry.h>
@@ -147,8 +148,9 @@ void UseFacets(PlanView& view) {
     View shown = view.View();
     UseAll(shown, &View::SwitchChart, &View::ChartShown, &View::SwitchMacroTree, &View::MacroTreeShown,
            &View::ShowSelectedColumnsInChart, &View::ShowSelectedRowsInChart, &View::LeaveForecastView,
-           &View::HideColumns, &View::ShowColumns, &View::HideRows, &View::ShowRows, &View::EnterFocus,
-           &View::ExitFocus, &View::GotFocus, &View::LostFocus, &View::Resize);
+           &View::HideColumns, &View::ShowColumns, &View::HideRows, &View::ShowRows, &View::UpdateCells,
+           &View::UpdateColumns, &View::UpdateRows, &View::TextOf, &View::ValueOf, &View::SelectedCells,
+           &View::CurrentCell, &View::EnterFocus, &View::ExitFocus, &View::GotFocus, &View::LostFocus, &View::Resize);
     Exchange exchange = view.Exchange();
     UseAll(exchange, &Exchange::SetOptions, &Exchange::Options, &Exchange::Download, &Exchange::Upload,
            &Exchange::DownloadTo, &Exchange::PreviewUpload, &Exchange::ApplyUpload);
@@ -159,7 +161,13 @@ void UseFacets(PlanView& view) {
            &Recording::IsPaused, &Recording::Steps, &Recording::AddListener, &Recording::RemoveListener,
            &Recording::Keep);
     Diagnostics diagnostics = view.Diagnostics();
-    UseAll(diagnostics, &Diagnostics::TraceIsOn, &Diagnostics::ShowTrace);
+    UseAll(diagnostics, &Diagnostics::TraceIsOn, &Diagnostics::ShowTrace, &Diagnostics::LastBuild,
+           &Diagnostics::AddFailureListener, &Diagnostics::RemoveFailureListener);
+    static_cast<void>(TableReport().IsComplete());
+    struct OwnFacet final : Facet {
+        explicit OwnFacet(PlanView& control) : Facet(control) { static_cast<void>(State()); }
+    };
+    static_cast<void>(OwnFacet(view));
 }
 
 }  // namespace
@@ -175,6 +183,7 @@ int main(int argc, char*[]) {
         UseMembers(view);
         if (TraceIsOn()) {
             WriteTraceLog(std::cout);
+            static_cast<void>(TraceStream(std::cout).Error());
         }
         SaveBeside("saved", [](const std::filesystem::path&) {});
         SaveStream("saved", [](std::ostream&) {});

@@ -64,7 +64,9 @@ void UseMembers(PlanViewWidget& view) {
         &PlanViewWidget::colorSchemeChanged, &PlanViewWidget::textScaleChanged, &PlanViewWidget::undoAvailable,
         &PlanViewWidget::redoAvailable, &PlanViewWidget::pendingChangesChanged,
         &PlanViewWidget::selectionSummaryChanged, &PlanViewWidget::recordingChanged,
-        &PlanViewWidget::severalValuesAnnounced);
+        &PlanViewWidget::severalValuesAnnounced, &PlanViewWidget::failed, &PlanViewWidget::cellText,
+        &PlanViewWidget::cellValue, &PlanViewWidget::updateCells, &PlanViewWidget::updateColumns,
+        &PlanViewWidget::updateRows, &PlanViewWidget::saveState, &PlanViewWidget::restoreState);
     static_cast<void>(view.PlanViewWidget::sizeHint());
     static_cast<void>(view.PlanViewWidget::minimumSizeHint());
     static_cast<void>(view.PlanViewWidget::metaObject());
