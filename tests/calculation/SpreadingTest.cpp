@@ -103,7 +103,7 @@ TEST(SpreadingTest, MeetsEveryTotalExactly) {
         std::vector<SpreadLeaf> leaves;
         const int count = 1 + upTo(40);
         for (int i = 0; i < count; ++i) {
-            SpreadLeaf leaf{.decimals = decimals, .fixed = upTo(5) == 0};
+            SpreadLeaf leaf{.value = std::nullopt, .decimals = decimals, .fixed = upTo(5) == 0};
             if (upTo(6) != 0) {
                 leaf.value = (upTo(2'000'000) - 500'000) / scale;
             }
