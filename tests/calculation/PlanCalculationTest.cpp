@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <memory>
 #include <random>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -9,6 +8,7 @@
 
 #include "automation/Numbers.h"
 #include "calculation/PlanCalculation.h"
+#include "calculation/PlanLeaves.h"
 
 namespace planview {
 namespace {
@@ -174,6 +174,42 @@ TEST(PlanCalculationTest, ACellAndAFixedColumnHaveFormulasOfTheirOwn) {
     EXPECT_EQ(plan.Shown(1), "2 102 6 36.6666666666667");
     EXPECT_EQ(plan.Enter(0, 1, 5).size(), 3U);
     EXPECT_EQ(plan.Shown(1), "2 105 6 37.6666666666667");
+}
+
+std::string LeavesText(const PlanCalculation& plan, PlanCell total) {
+    const std::optional<std::vector<WeightedLeaf>> leaves = LeavesOf(plan, total);
+    std::string text;
+    for (const WeightedLeaf& leaf : leaves.value_or(std::vector<WeightedLeaf>{})) {
+        text += (text.empty() ? "" : " ") + std::string("R") + std::to_string(leaf.cell.line) + "C" +
+                std::to_string(leaf.cell.period) + "*" + NumberText(leaf.weight);
+    }
+    return leaves ? text : "none";
+}
+
+TEST(PlanLeavesTest, TakesATotalApartOnBothAxes) {
+    // R3 = R0 + R1, R4 = R3 - R2 / 2, R5 = mean of R0 and R1, R6 = a product; C2 = C0 + C1
+    Plan plan(8, 3,
+              {{Line, 3, "SUM(R0:R1)"},
+               {Line, 4, "R3 + R0 - R2 / 2"},
+               {Line, 5, "AVERAGE(R0:R1)"},
+               {Line, 6, "R0 * R1"},
+               {Line, 7, "R7 + 1"},
+               {Period, 2, "C0 + C1", 1}});
+    plan->Set({0, 0}, {1, FormulaKind::Number});
+    plan->ComputeAll();
+    EXPECT_EQ(LeavesText(*plan, {4, 0}), "R0C0*2 R1C0*1 R2C0*-0.5") << "a leaf by two ways has both weights";
+    EXPECT_EQ(LeavesText(*plan, {3, 2}), "R0C0*1 R0C1*1 R1C0*1 R1C1*1");
+    EXPECT_EQ(LeavesText(*plan, {5, 0}), "R0C0*1") << "an empty cell does not count";
+    EXPECT_EQ(LeavesText(*plan, {5, 1}), "R0C1*0.5 R1C1*0.5") << "but where all are empty";
+    EXPECT_EQ(LeavesText(*plan, {6, 0}), "none");
+    EXPECT_EQ(LeavesText(*plan, {7, 0}), "none") << "a cycle";
+    EXPECT_EQ(LeavesText(*plan, {0, 0}), "none") << "a leaf";
+}
+
+TEST(PlanLeavesTest, ALongChainIsTakenApartWithoutBeingFollowedTwice) {
+    constexpr int Periods = 5000;
+    Plan plan(3, Periods, {{Line, 1, "SUM(SHIFT(R1; -1); SHIFT(R2; -1); R0)"}, {Line, 2, "SUM(SHIFT(R2; -1); R0)"}});
+    EXPECT_EQ(LeavesOf(*plan, {1, Periods - 1}).value().size(), static_cast<std::size_t>(Periods));
 }
 
 /// After any edits the plan is the one that computing everything anew gives.
