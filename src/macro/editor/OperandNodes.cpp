@@ -6,6 +6,7 @@
 
 #include "automation/Numbers.h"
 #include "automation/Texts.h"
+#include "grid/SelectedCells.h"
 
 namespace planview {
 
@@ -82,6 +83,35 @@ std::optional<MacroRange> RangeFromText(const MacroGrid& table, std::string_view
     return range;
 }
 
+/// The periods that stand under the selected cells of a fixed row, each from its text to before the next one, as months
+/// stand under their years.
+std::optional<PlaceRange> PeriodsUnderSelection(const GridControl& grid, const MacroGrid& table) {
+    const SelectedBlock block = BlockOfSelection(grid);
+    if (block.rows.size() != 1 || grid.Row(block.rows.front()).area == RowArea::Center) {
+        return std::nullopt;
+    }
+    const std::optional<int> first = table.FindPeriod(grid.Column(block.columns.front()).key, {});
+    const std::optional<int> last = table.FindPeriod(grid.Column(block.columns.back()).key, {});
+    if (!first || !last) {
+        return std::nullopt;
+    }
+    const auto hasText = [&](int period) {
+        return !Trimmed(grid.Contents({table.PeriodId(period), block.rows.front()})).empty();
+    };
+    PlaceRange range{*first, *last};
+    while (range.first > 0 && !hasText(range.first)) {
+        --range.first;
+    }
+    while (range.last + 1 < table.PeriodCount() && !hasText(range.last + 1)) {
+        ++range.last;
+    }
+    return hasText(range.first) ? std::optional(range) : std::nullopt;
+}
+
+NewMacroNode PeriodsNodeOf(const MacroGrid& table, const PlaceRange& range) {
+    return PeriodsNode(table.PeriodsReferenceOf(range), table.PeriodsCaptionsOf(range));
+}
+
 }  // namespace
 
 NewMacroNode PeriodsNode(const std::string& value, const std::string& captions) {
@@ -107,6 +137,9 @@ std::optional<NewMacroNode> NodeFromSelection(const GridControl& grid, std::stri
     const bool cells = !selection.Ranges().empty() || selection.IsEmpty();
     const bool onlyLines = selection.HasWholeRows() && !cells && !selection.HasWholeColumns();
     const bool onlyPeriods = selection.HasWholeColumns() && !cells && !selection.HasWholeRows();
+    if (const std::optional<PlaceRange> range = PeriodsUnderSelection(grid, table)) {
+        return PeriodsNodeOf(table, *range);
+    }
     if (lines.empty() || periods.empty()) {
         refusal = SelectFirst;
         return std::nullopt;
@@ -119,8 +152,7 @@ std::optional<NewMacroNode> NodeFromSelection(const GridControl& grid, std::stri
         return std::nullopt;
     }
     if (onlyPeriods) {
-        const PlaceRange range{periods.front(), periods.back()};
-        return PeriodsNode(table.PeriodsReferenceOf(range), table.PeriodsCaptionsOf(range));
+        return PeriodsNodeOf(table, {periods.front(), periods.back()});
     }
     MacroRange range;
     range.firstLine = lines.front();

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "automation/Texts.h"
+#include "dialogs/frmUpload.h"
 #include "macro/run/MacroEngineFixture.h"
 
 namespace planview::test {
@@ -143,6 +145,67 @@ TEST_F(MacroEngineTest, ARunIsOneUndoStepAndAnnouncedOnce) {
     EXPECT_EQ(tables.tabOld->RowCount(), 18);
     context.grid.valueEntry.Undo();
     EXPECT_EQ(Line(1) + " / " + Line(2) + " / " + Line(3), "10 20 30 40 50 60 / 1 2 3 4 5 6 / - - - - - -");
+    EXPECT_FALSE(context.grid.history.CanUndo());
+}
+
+/// The changes of a preview: "Retail/Feb: 20 -> 30", behind it why a cell refuses it.
+Lines PreviewTexts(const std::vector<UploadChange>& changes) {
+    Lines texts;
+    for (const UploadChange& change : changes) {
+        texts.push_back(std::string(Trimmed(change.line)) + "/" + change.period + ": " + change.before + " -> " +
+                        change.after + (change.IsRefused() ? " (" + change.refusal + ")" : ""));
+    }
+    return texts;
+}
+
+TEST_F(MacroEngineTest, ChangesAreSeenBeforeAndOnlyTickedOnesHappen) {
+    const std::string key =
+        macros.Add("Plan", "periods COL2:COL4\nROW1 = MAX( ROW1 ; 35 )\nROW4/COL2 = 1\nROW6 = COPY( ROW3 )");
+    BuildTree();
+    const Lines expected{"Retail/Feb: 20 -> 35",
+                         "Retail/Mar: 30 -> 35",
+                         "Fixed/Feb: 5 -> 1 (" + std::string(RefusalText(Refusal::ReadOnly)) + ")",
+                         "Total/Feb: 100 -> ",
+                         "Total/Mar: 100 -> ",
+                         "Total/Apr: 100 -> "};
+    int shown = 0;
+    bool accepts = false;
+    platform.whileShown = [&](Form& form) {
+        auto& upload = dynamic_cast<frmUpload&>(form);
+        ++shown;
+        EXPECT_EQ(upload.lblFile, "Plan");
+        EXPECT_EQ(upload.lblSummary, "5 changed values, 1 refused");
+        EXPECT_EQ(PreviewTexts(upload.Preview().changes), expected);
+        upload.Tick(0, false);
+        upload.Tick(2, true);
+        Put(6, 3, "99");  // the host changes a cell meanwhile
+        accepts ? upload.cmdOk_Click() : upload.cmdCancel_Click();
+        Put(6, 3, accepts ? "99" : "100");
+    };
+    EXPECT_EQ(context.macros.RunPreviewed(key, false).done, "Nothing was changed.");
+    EXPECT_EQ(Line(1) + " / " + Line(6), "10 20 30 40 50 60 / 100 100 100 100 100 100");
+    accepts = true;
+    const MacroOutcome outcome = context.macros.RunPreviewed(key, false);
+    EXPECT_EQ(Texts(outcome.problems), Lines());
+    EXPECT_EQ(outcome.done, "3 cells changed.\n1 cell left alone: the table was changed since the preview was made.");
+    EXPECT_EQ(Line(1) + " / " + Line(4) + " / " + Line(6), "10 20 35 40 50 60 / 5 5 5 5 5 5 / 100 - 99 - 100 100");
+    context.grid.valueEntry.Undo();
+    EXPECT_EQ(Line(1) + " / " + Line(6), "10 20 30 40 50 60 / 100 100 99 100 100 100");
+    EXPECT_FALSE(context.grid.history.CanUndo());
+    EXPECT_EQ(shown, 2);
+}
+
+TEST_F(MacroEngineTest, APreviewOfNothingAsksNothing) {
+    platform.whileShown = [](Form&) { ADD_FAILURE() << "there is nothing to look at"; };
+    const std::string same = macros.Add("Same", "ROW1 = ROW1");
+    const std::string faulty = macros.Add("Faulty", "ROW6 = 1 / ROW3");
+    const std::string recording = macros.AddNode("", MacroNodeType::Recording, "", "Recorded");
+    BuildTree();
+    EXPECT_EQ(context.macros.RunPreviewed(same, false).done, "The macro changes nothing.");
+    EXPECT_EQ(Texts(context.macros.RunPreviewed(faulty, false).problems), Lines{"/: Division by zero in Total, Jan."});
+    EXPECT_EQ(Texts(context.macros.RunPreviewed(recording, false).problems),
+              Lines{": A recording is replayed step by step and cannot be seen before. Replay it, and undo it where it "
+                    "is wrong."});
     EXPECT_FALSE(context.grid.history.CanUndo());
 }
 
