@@ -44,7 +44,7 @@ std::optional<int> LineCalled(const MacroGrid& table, std::string_view text) {
     return found;
 }
 
-NewMacroNode NodeOf(const MacroGrid& table, const MacroRange& range, bool asArea = false) {
+NewMacroNode NodeOf(const MacroGrid& table, const PlanningRange& range, bool asArea = false) {
     NewMacroNode node;
     const bool oneLine = range.firstLine == range.lastLine;
     const bool onePeriod = range.firstPeriod == range.lastPeriod;
@@ -58,12 +58,12 @@ NewMacroNode NodeOf(const MacroGrid& table, const MacroRange& range, bool asArea
     return node;
 }
 
-std::optional<MacroRange> RangeFromText(const MacroGrid& table, std::string_view text) {
+std::optional<PlanningRange> RangeFromText(const MacroGrid& table, std::string_view text) {
     std::string missing;
-    if (const std::optional<MacroRange> range = table.Resolve(text, {}, missing)) {
+    if (const std::optional<PlanningRange> range = table.Resolve(text, {}, missing)) {
         return range;
     }
-    MacroRange range;
+    PlanningRange range;
     if (const std::optional<int> line = LineCalled(table, text)) {
         range.firstLine = range.lastLine = *line;
         return range;
@@ -154,7 +154,7 @@ std::optional<NewMacroNode> NodeFromSelection(const GridControl& grid, std::stri
     if (onlyPeriods) {
         return PeriodsNodeOf(table, {periods.front(), periods.back()});
     }
-    MacroRange range;
+    PlanningRange range;
     range.firstLine = lines.front();
     range.lastLine = lines.back();
     if (!onlyLines) {
@@ -173,7 +173,7 @@ std::optional<NewMacroNode> NodeFromSelectionAs(const GridControl& grid, MacroNo
         return std::nullopt;
     }
     const bool isArea = type == MacroNodeType::TableArea;
-    MacroRange range;
+    PlanningRange range;
     range.firstLine = lines.front();
     range.lastLine = isArea ? lines.back() : lines.front();
     if (type == MacroNodeType::TableElement) {
@@ -215,7 +215,7 @@ std::optional<NewMacroNode> NodeFromText(const GridControl& grid, const MacroOut
         return node;
     }
     const MacroGrid table(grid);
-    const std::optional<MacroRange> range = RangeFromText(table, text);
+    const std::optional<PlanningRange> range = RangeFromText(table, text);
     return range ? std::optional(NodeOf(table, *range)) : std::nullopt;
 }
 
@@ -227,7 +227,7 @@ std::optional<EnteredNumber> ReadConstant(const GridControl& grid, const MacroOu
         const bool isOfTable = node.type == MacroNodeType::TableLine || node.type == MacroNodeType::TableElement ||
                                node.type == MacroNodeType::TableArea;
         std::string missing;
-        const std::optional<MacroRange> range =
+        const std::optional<PlanningRange> range =
             isOfTable ? table.Resolve(node.value, node.name, missing) : std::nullopt;
         if (range) {
             return ReadEntered(text, grid.Look(table.CellAt(range->firstLine, 0)).format);

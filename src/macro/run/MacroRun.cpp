@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "automation/Texts.h"
+#include "formula/FormulaFault.h"
 #include "grid/ProposedChanges.h"
-#include "macro/language/MacroFault.h"
 #include "macro/language/MacroRunner.h"
 #include "macro/run/MacroSentences.h"
 #include "trace/TraceText.h"
@@ -38,8 +38,8 @@ public:
             if (!sheet.HasTouched(line)) {
                 continue;
             }
-            const MacroValues& now = sheet.TableLine(line);
-            const MacroValues& before = sheet.Before(line);
+            const FormulaValues& now = sheet.TableLine(line);
+            const FormulaValues& before = sheet.Before(line);
             for (int period = 0; period < table.PeriodCount(); ++period) {
                 if (sheet.IsTouched(line, period)) {
                     const auto index = static_cast<std::size_t>(period);
@@ -94,12 +94,12 @@ private:
         std::size_t place;  ///< the number of values before it
     };
 
-    void Take(int line, int period, MacroValue before, MacroValue now) {
+    void Take(int line, int period, FormulaValue before, FormulaValue now) {
         const Cell cell = table_.CellAt(line, period);
         Variant value = now.IsNumber() ? Variant(now.number) : Variant("");
         if (RefusalOf(grid_, cell) != Refusal::None) {
             refused_.push_back({line, period, std::move(value), values_.size()});
-        } else if (now.IsNumber() ? !before.Is(now.number) : before.kind != MacroValueKind::Empty) {
+        } else if (now.IsNumber() ? !before.Is(now.number) : before.kind != FormulaKind::Empty) {
             values_.push_back({cell, std::move(value)});
         }
     }
@@ -150,7 +150,7 @@ MacroProblems Compute(const MacroOutline& outline, const MacroGrid& table, Macro
         }
         try {
             RunProgram(program, table, sheet);
-        } catch (const MacroFault& fault) {
+        } catch (const FormulaFault& fault) {
             const MacroSentences sentences(outline, table);
             problems.push_back({outline.At(fault.node).key, sentences.Located(fault.node), fault.what(), fault.now});
             break;
@@ -184,7 +184,7 @@ MacroProblems CheckMacroNode(const MacroRunParts& parts, std::string_view nodeKe
     if (outline.IsEmpty() || outline.At(0).type != MacroNodeType::Macro) {
         problems = NoSuchMacro(nodeKey);
     } else {
-        const MacroGrid table(parts.grid);
+        const MacroGrid table(parts.grid, parts.tables.LINE_INDEX);
         const std::optional<int> line = LinesToRunFor(outline, table).front();
         static_cast<void>(CheckMacro(outline, table, line, table.SelectedPeriods(), problems));
     }
@@ -206,7 +206,7 @@ MacroOutcome Computed(const MacroRunParts& parts, std::string_view nodeKey, bool
         outcome.problems.push_back(
             {std::string(nodeKey), outline.At(0).text, "The macro is not about one line alone.", "Run it as it is."});
     } else {
-        const MacroGrid table(parts.grid);
+        const MacroGrid table(parts.grid, parts.tables.LINE_INDEX);
         MacroSheet sheet(table);
         outcome.problems = Compute(outline, table, sheet);
         if (outcome.problems.empty()) {
