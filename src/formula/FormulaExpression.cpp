@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "macro/language/MacroExpression.h"
+#include "formula/FormulaExpression.h"
 
 #include <algorithm>
 #include <limits>
@@ -18,9 +18,9 @@ const Name* Find(const std::vector<Name>& names, std::string_view value) noexcep
 
 }  // namespace
 
-const std::vector<MacroOperatorName>& MacroOperators() {
-    using Operation = MacroOperation;
-    static const std::vector<MacroOperatorName> Names{
+const std::vector<FormulaOperatorName>& FormulaOperators() {
+    using Operation = FormulaOperation;
+    static const std::vector<FormulaOperatorName> Names{
         {"OR", Operation::Or, 1},      {"AND", Operation::And, 2},
         {"=", Operation::Equal, 3},    {"<>", Operation::NotEqual, 3},
         {"<", Operation::Less, 3},     {"<=", Operation::LessOrEqual, 3},
@@ -31,9 +31,9 @@ const std::vector<MacroOperatorName>& MacroOperators() {
     return Names;
 }
 
-const std::vector<MacroFunctionName>& MacroFunctions() {
-    using Operation = MacroOperation;
-    static const std::vector<MacroFunctionName> Names{
+const std::vector<FormulaFunctionName>& FormulaFunctions() {
+    using Operation = FormulaOperation;
+    static const std::vector<FormulaFunctionName> Names{
         {"SUM", Operation::Sum, 1, AnyNumber, "Sum", "It takes one or more lines, areas or values."},
         {"MIN", Operation::Minimum, 1, AnyNumber, "Minimum", "It takes one or more lines, areas or values."},
         {"MAX", Operation::Maximum, 1, AnyNumber, "Maximum", "It takes one or more lines, areas or values."},
@@ -44,16 +44,25 @@ const std::vector<MacroFunctionName>& MacroFunctions() {
         {"IF", Operation::If, 3, 3, "If", "It takes a comparison, the value where it holds, and the value where not."},
         {"ABS", Operation::Absolute, 1, 1, "Absolute value", "It takes one value."},
         {"ROUND", Operation::Round, 2, 2, "Round", "It takes a value and, behind a \";\", the number of decimals."},
+        {"PRODUCT", Operation::Product, 1, AnyNumber, "Product", "It takes one or more lines, areas or values."},
+        {"COUNT", Operation::Count, 1, AnyNumber, "Count", "It takes one or more lines, areas or values."},
+        {"MOD", Operation::Modulo, 2, 2, "Remainder", "It takes a value and, behind a \";\", by what it is divided."},
+        {"INT", Operation::Integer, 1, 1, "Whole number", "It takes one value."},
+        {"CUMULATE", Operation::Cumulate, 1, 1, "Running total", "It takes a line."},
+        {"LAST", Operation::Last, 2, 2, "Periods before",
+         "It takes a line and, behind a \";\", the number of periods."},
+        {"GROWTH", Operation::Growth, 1, 1, "Growth", "It takes the function LAST."},
+        {"MEMBERS", Operation::Members, 0, 0, "Lines below", "It takes nothing."},
     };
     return Names;
 }
 
-const MacroOperatorName* FindMacroOperator(std::string_view value) noexcept {
-    return Find(MacroOperators(), value);
+const FormulaOperatorName* FindFormulaOperator(std::string_view value) noexcept {
+    return Find(FormulaOperators(), value);
 }
 
-const MacroFunctionName* FindMacroFunction(std::string_view value) noexcept {
-    return Find(MacroFunctions(), value);
+const FormulaFunctionName* FindFormulaFunction(std::string_view value) noexcept {
+    return Find(FormulaFunctions(), value);
 }
 
 }  // namespace planview

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "macro/language/MacroValues.h"
+#include "formula/FormulaValues.h"
 
 namespace planview {
 
@@ -13,7 +13,7 @@ namespace planview {
 inline constexpr std::string_view SelectedPlace = "SELECTED";
 
 /// The lines and periods that a reference names, by 0-based index, both ends included.
-struct MacroRange {
+struct PlanningRange {
     int firstLine = -1;
     int lastLine = -1;
     /// -1: the periods of the macro.
@@ -34,19 +34,21 @@ public:
     [[nodiscard]] virtual std::string LineCaption(int line) const = 0;
     [[nodiscard]] virtual std::string PeriodCaption(int period) const = 0;
     [[nodiscard]] virtual std::string CellCaption(int line, int period) const = 0;
+    /// How deep the line stands in the outline; more is deeper.
+    [[nodiscard]] virtual int LineLevel(int line) const = 0;
     /// Has texts instead of planning values.
     [[nodiscard]] virtual bool IsTextLine(int line) const = 0;
     /// What the cell holds, as it is kept.
     [[nodiscard]] virtual std::string CellText(int line, int period) const = 0;
     /// The values of a line, by period.
-    [[nodiscard]] virtual MacroValues ValuesOf(int line) const = 0;
+    [[nodiscard]] virtual FormulaValues ValuesOf(int line) const = 0;
 
     /// The range that a reference ("ROW2:ROW5/COL3:COL8") with these captions names; reversed ends are swapped. Returns
     /// no value if a line or period is not found; `missing` then names it as the user would.
-    [[nodiscard]] virtual std::optional<MacroRange> Resolve(std::string_view reference, std::string_view captions,
-                                                            std::string& missing) const = 0;
+    [[nodiscard]] virtual std::optional<PlanningRange> Resolve(std::string_view reference, std::string_view captions,
+                                                               std::string& missing) const = 0;
     /// As the user reads it: "Retail trade", "Retail trade, Jan 06", "Line 2 to Line 5, Jan 06 to Jun 06".
-    [[nodiscard]] std::string TextOf(const MacroRange& range) const;
+    [[nodiscard]] std::string TextOf(const PlanningRange& range) const;
 
 protected:
     PlanningTable() = default;

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "macro/language/MacroTokens.h"
-#include "macro/language/PlanningTable.h"
+#include "formula/FormulaTokens.h"
+#include "formula/PlanningTable.h"
 
 namespace planview {
 
@@ -15,13 +15,13 @@ inline constexpr const char* MissingText = "…";
 /// Expressions in words: "Retail trade * 1,05", "(Sum of Line 2 to Line 5) > 100". They need not be complete.
 class ExpressionSentences {
 public:
-    ExpressionSentences(const MacroTokens& tokens, const PlanningTable& table) : tokens_(tokens), table_(table) {}
+    ExpressionSentences(const FormulaTokens& tokens, const PlanningTable& table) : tokens_(tokens), table_(table) {}
     virtual ~ExpressionSentences() = default;
     ExpressionSentences(const ExpressionSentences&) = delete;
     ExpressionSentences& operator=(const ExpressionSentences&) = delete;
 
     /// The token alone: "Retail trade", "Sum".
-    [[nodiscard]] std::string ShortText(const MacroToken& token) const;
+    [[nodiscard]] std::string ShortText(const FormulaToken& token) const;
 
 protected:
     /// The expression inside a token. `level`: nesting depth so far.
@@ -35,7 +35,7 @@ private:
     [[nodiscard]] std::string Joined(const std::vector<int>& parts, int level, bool bracketed) const;
     [[nodiscard]] std::string Function(int token, int level) const;
 
-    const MacroTokens& tokens_;
+    const FormulaTokens& tokens_;
     const PlanningTable& table_;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "macro/language/PlanningTable.h"
+#include "formula/PlanningTable.h"
 
 namespace planview {
 
@@ -11,7 +11,7 @@ std::string FromTo(const std::string& first, const std::string& last) {
 
 }  // namespace
 
-std::string PlanningTable::TextOf(const MacroRange& range) const {
+std::string PlanningTable::TextOf(const PlanningRange& range) const {
     std::string text = FromTo(LineCaption(range.firstLine), LineCaption(range.lastLine));
     if (range.HasPeriods()) {
         text += ", " + FromTo(PeriodCaption(range.firstPeriod), PeriodCaption(range.lastPeriod));

@@ -8,12 +8,13 @@
 namespace planview {
 
 /// A token of an expression.
-struct MacroToken {
+struct FormulaToken {
     enum class Kind : std::uint8_t {
-        Line,     ///< one line of the table; `value` is its key, or "SELECTED"
-        Element,  ///< one cell
-        Area,     ///< several lines, in the current period or in given periods
-        OwnLine,  ///< a line of the macro itself; `value` is its name
+        Reference,  ///< of a formula: any place, by keys
+        Line,       ///< one line of the table; `value` is its key, or "SELECTED"
+        Element,    ///< one cell
+        Area,       ///< several lines, in the current period or in given periods
+        OwnLine,    ///< a line of the macro itself; `value` is its name
         OwnElement,
         OwnArea,
         Operator,  ///< also "(", ")" and ";"
@@ -35,17 +36,17 @@ struct MacroToken {
 };
 
 /// The source of expressions. It gives each token a number of its choice, by which faults refer to it.
-class MacroTokens {
+class FormulaTokens {
 public:
-    virtual ~MacroTokens() = default;
+    virtual ~FormulaTokens() = default;
     /// The tokens of an expression or of the arguments of a function, in order.
     [[nodiscard]] virtual std::vector<int> Inside(int parent) const = 0;
-    [[nodiscard]] virtual MacroToken At(int token) const = 0;
+    [[nodiscard]] virtual FormulaToken At(int token) const = 0;
 
 protected:
-    MacroTokens() = default;
-    MacroTokens(const MacroTokens&) = default;
-    MacroTokens& operator=(const MacroTokens&) = default;
+    FormulaTokens() = default;
+    FormulaTokens(const FormulaTokens&) = default;
+    FormulaTokens& operator=(const FormulaTokens&) = default;
 };
 
 }  // namespace planview

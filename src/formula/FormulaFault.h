@@ -8,12 +8,12 @@
 namespace planview {
 
 /// Ends the check of a statement, or a run.
-class MacroFault : public std::runtime_error {
+class FormulaFault : public std::runtime_error {
 public:
-    MacroFault(int faultyNode, const std::string& what, std::string whatNow)
+    FormulaFault(int faultyNode, const std::string& what, std::string whatNow)
         : std::runtime_error(what), node(faultyNode), now(std::move(whatNow)) {}
 
-    int node;         ///< number of the token or statement; see MacroTokens
+    int node;         ///< number of the token or statement; see FormulaTokens
     std::string now;  ///< what the user can do
 };
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "macro/language/ExpressionSentences.h"
+#include "formula/ExpressionSentences.h"
 
 #include <cmath>
 #include <optional>
 
 #include "automation/Numbers.h"
 #include "automation/Texts.h"
-#include "macro/language/MacroExpression.h"
+#include "formula/FormulaExpression.h"
 
 namespace planview {
 
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int DeepestSentence = 40;
 
-using Kind = MacroToken::Kind;
+using Kind = FormulaToken::Kind;
 
 std::string Plural(double count, const std::string& one) {
     return NumberText(count, GridDecimalMark) + " " + one + (count == 1 ? "" : "s");
@@ -43,9 +43,9 @@ std::string RoundedText(const std::string& what, const std::string& decimals) {
     return what + " rounded to " + (number ? Plural(*number, "decimal") : decimals + " decimals");
 }
 
-std::string ExpressionSentences::ShortText(const MacroToken& token) const {
+std::string ExpressionSentences::ShortText(const FormulaToken& token) const {
     if (token.kind == Kind::Function) {
-        const MacroFunctionName* name = FindMacroFunction(token.value);
+        const FormulaFunctionName* name = FindFormulaFunction(token.value);
         return std::string(name ? name->caption : token.value);
     }
     if (!token.IsOperand() || token.IsOwn()) {
@@ -55,7 +55,7 @@ std::string ExpressionSentences::ShortText(const MacroToken& token) const {
         return "Selected line";
     }
     std::string missing;
-    const std::optional<MacroRange> range = table_.Resolve(token.value, token.captions, missing);
+    const std::optional<PlanningRange> range = table_.Resolve(token.value, token.captions, missing);
     return range ? table_.TextOf(*range) : TextOr(missing, MissingText);
 }
 
@@ -63,7 +63,7 @@ std::string ExpressionSentences::Whole(int token, int level) const {
     if (level > DeepestSentence) {
         return MissingText;
     }
-    const MacroToken read = tokens_.At(token);
+    const FormulaToken read = tokens_.At(token);
     return read.kind == Kind::Function ? Function(token, level)
            : read.kind == Kind::Other  ? OtherText(token, level)
                                        : ShortText(read);
@@ -80,7 +80,7 @@ std::string ExpressionSentences::Joined(const std::vector<int>& parts, int level
     bool tight = true;        // no blank before the next part
     bool afterValue = false;  // "+" and "-" are operators then, else signs
     for (const int part : parts) {
-        const MacroToken token = tokens_.At(part);
+        const FormulaToken token = tokens_.At(part);
         const bool closes = token.Is(")") || token.Is(";");
         std::string shown = Whole(part, level);
         if (token.kind == Kind::Function && bracketed) {
@@ -111,10 +111,16 @@ std::string ExpressionSentences::Function(int token, int level) const {
     if (!parts.empty()) {
         take();
     }
-    const MacroToken function = tokens_.At(token);
+    const FormulaToken function = tokens_.At(token);
     const auto argument = [&](std::size_t index) { return index < arguments.size() ? arguments[index] : MissingText; };
     if (function.value == "SHIFT") {
         return ShiftedText(argument(0), argument(1));
+    }
+    if (function.value == "LAST") {
+        return argument(0) + " in the " + argument(1) + " periods before";
+    }
+    if (function.value == "MEMBERS") {
+        return ShortText(function);
     }
     if (function.value == "ROUND") {
         return RoundedText(argument(0), argument(1));
