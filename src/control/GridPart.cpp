@@ -5,12 +5,13 @@ namespace planview {
 
 GridPart::GridPart(ControlShared& shared, UserActions& actions, const std::function<void()>& chartStep)
     : hostUpdate(control, shared.tables, shared.events),
-      construction({driver, shared.tables, keys}, shared.settings),
+      calculation(driver, shared.tables),
+      construction({driver, shared.tables, keys}, shared.settings, [this] { calculation.Build(); }),
       trackHistory({shared.tables, driver, history, hostUpdate, actions, chartStep}),
       valueEntry({driver, shared.tables, shared.settings, keys, shared.events, hostUpdate, history, shared.busy,
                   shared.desktop.messageBoxes, actions, chartStep,
                   [this](const TrackStep& step, bool backwards) { trackHistory.Apply(step, backwards); },
-                  [this](bool running) { TellBulk(running); }}),
+                  [this](bool running) { TellBulk(running); }, &calculation}),
       otherReading(
           {control, valueEntry, [this](Cell cell, std::string_view sentence) { return TellBeside(cell, sentence); }}),
       clipboard({control, keys, valueEntry, otherReading, shared.desktop.clipboard, shared.desktop.messageBoxes,

@@ -7,6 +7,7 @@
 #include <planview/CellKey.h>
 
 #include "automation/ListenerList.h"
+#include "calculation/GridCalculation.h"
 #include "components/GridControl.h"
 #include "control/ControlShared.h"
 #include "dialogs/GeneralOptions.h"
@@ -39,6 +40,7 @@ struct GridPart {
     CurrentKeys keys;
     UndoHistory history;
     HostUpdate hostUpdate;
+    GridCalculation calculation;
     GridConstruction construction;
     TrackHistory trackHistory;
     ValueEntry valueEntry;
