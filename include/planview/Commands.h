@@ -83,7 +83,10 @@ enum class Command : DispatchId {
     SetRowHeight = 1068,
     SelectRow = 1069,
     SelectColumn = 1070,
-    TakeOtherReading = 1071
+    TakeOtherReading = 1071,
+    NewMacro = 1072,
+    EditMacro = 1073,
+    PreviewMacro = 1074
 };
 
 /// Commands that stand together in a menu or tool bar.
@@ -106,7 +109,8 @@ enum class CommandGroup {
     Exchange,
     Options,
     Trace,
-    ByKey  ///< on columns and rows that the host names
+    ByKey,  ///< on columns and rows that the host names
+    Macros  ///< making, changing and trying one
 };
 
 /// What is fixed of a command.

@@ -6,6 +6,7 @@
 #include <planview/Events.h>
 #include <planview/Export.h>
 #include <planview/Facet.h>
+#include <planview/Spreadsheet.h>
 
 namespace planview {
 
@@ -26,6 +27,11 @@ public:
     /// first; whatever is wrong then (the check, a division by zero, a cell that may not be changed), nothing is
     /// changed. Its values are one change, undone as one. `onSelectedLine` as for Replay().
     MacroResult Run(const std::string& nodeKey, bool onSelectedLine = false);
+    /// What Run() would change, without changing it. Where something is wrong with the macro, `error` says what. A cell
+    /// that may not be changed is refused alone. `Exchange::ApplyUpload` applies what is ticked. A recording has none.
+    [[nodiscard]] UploadPreview Preview(const std::string& nodeKey, bool onSelectedLine = false);
+    /// As Run(), but the user sees the changes first and leaves out what he does not want; the others are one change.
+    MacroResult RunPreviewed(const std::string& nodeKey, bool onSelectedLine = false);
     /// Replays the recording that is the MACRO_TREE node with this key. Steps find their lines and periods by the key
     /// while it has still the caption of the recording, else by the caption when it is the only one; a step that does
     /// not find them ends the replay before anything is changed. All values are one change, undone as one.

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include <planview/AutomationObject.h>
+#include <planview/Calculation.h>
 #include <planview/Commands.h>
 #include <planview/Diagnostics.h>
 #include <planview/Editing.h>
@@ -209,6 +210,8 @@ public:
     [[nodiscard]] planview::Editing Editing() noexcept { return planview::Editing(*this); }
     /// Panes, hidden columns and rows, what is in the chart; focus and size.
     [[nodiscard]] planview::View View() noexcept { return planview::View(*this); }
+    /// Computed lines and columns.
+    [[nodiscard]] planview::Calculation Calculation() noexcept { return planview::Calculation(*this); }
     /// Workbooks.
     [[nodiscard]] planview::Exchange Exchange() noexcept { return planview::Exchange(*this); }
     /// Running macros and recordings.

@@ -157,6 +157,12 @@ std::string NoNode(const CommandSituation& now) {
     return Unless(!now.Node().empty(), "Select a node of the macro tree first.");
 }
 
+std::string NoMacroToPreview(const CommandSituation& now) {
+    const MacroEditor& editor = now.on.macroEditor;
+    return editor.IsRecording() ? "A recording is replayed step by step and cannot be seen before."
+                                : Unless(!editor.MacroKey().empty(), "Select a macro in the macro tree first.");
+}
+
 std::string NoNodeToRename(const CommandSituation& now) {
     const std::string node = now.Node();
     if (node.empty()) {

@@ -44,6 +44,8 @@ namespace planview::commands {
 
 [[nodiscard]] std::string NoNodes(const CommandSituation& now);
 [[nodiscard]] std::string NoNode(const CommandSituation& now);
+/// The macro editor shows none, or a recording.
+[[nodiscard]] std::string NoMacroToPreview(const CommandSituation& now);
 [[nodiscard]] std::string NoNodeToRename(const CommandSituation& now);
 
 /// For a recorded step, as the end of a sentence.

@@ -451,6 +451,21 @@ constexpr CommandRow Table[] = {
         .Unless(NoChart)
         .Recorded(StepKind::OnColumns, "Show %P in the chart")
         .Traced(Chart, "ColsShowInChart"),
+    Row(Command::NewMacro, "MacroNew", Group::Macros, "&New macro", NewMacro)
+        .Icon("macro-new")
+        .Unless(NoLayoutMode)
+        .Traced(modMacro::Label)
+        .ChangesTables(),
+    Row(Command::EditMacro, "MacroEdit", Group::Macros, "&Edit macro", EditMacro)
+        .Icon("macro")
+        .Unless(NoLayoutMode)
+        .Traced(modMacro::Label),
+    Row(Command::PreviewMacro, "MacroPreview", Group::Macros, "&Preview changes of macro…",
+        [](On& on, Call&) { on.macroEditor.Preview(); })
+        .Icon("macro-preview")
+        .Unless(NoMacroToPreview)
+        .Traced(modMacro::Label)
+        .ChangesTables(),
     Row(Command::SelectHeadings, MacroCommand::Mark, Group::ByKey, "Select headings", SelectHeadings)
         .Takes(CallArguments::Keys)
         .Recorded(StepKind::Headings, "Select %P"),

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "commands/CommandSituation.h"
+#include "commands/ViewCommands.h"
 
 namespace planview {
 
@@ -31,6 +32,21 @@ void PlaceNewNode(CommandParts& on, const CommandCall& call, MacroSpot spot, con
 }
 
 }  // namespace
+
+void NewMacro(CommandParts& on, CommandCall& call) {
+    call.done = ShowMacroTree(on);
+    if (call.done) {
+        on.macroEditor.NewMacro();
+        on.macroEditor.Open({});
+    }
+}
+
+void EditMacro(CommandParts& on, CommandCall& call) {
+    call.done = ShowMacroTree(on);
+    if (call.done) {
+        on.macroEditor.Open(NodeOf(on, call));
+    }
+}
 
 void RenameMacroNode(CommandParts& on, CommandCall& call) {
     if (const TreeNode node = on.macroTree.control.Nodes().Find(NodeOf(on, call))) {

@@ -16,6 +16,11 @@ void RaiseMacroTreeNodeDropped(EventSource& events, const std::string& target, c
 /// What the commands of the macro tree run.
 namespace commands {
 
+/// Makes a macro beside the active one and shows it in the macro editor.
+void NewMacro(CommandParts& on, CommandCall& call);
+/// Shows the macro editor at the node and gives it the keyboard.
+void EditMacro(CommandParts& on, CommandCall& call);
+
 /// Lets the user edit the node's text.
 void RenameMacroNode(CommandParts& on, CommandCall& call);
 

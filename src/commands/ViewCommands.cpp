@@ -19,6 +19,19 @@ void SetZoomed(CommandParts& on, bool zoomed) {
     on.layout.LayOut(Splitter::GridSplit);
 }
 
+void ShowMacroTree(CommandParts& on, bool shown) {
+    PutFlag(on, "HIDDEN_LIST", shown);
+    on.settings.treeShown = shown;
+    if (shown && on.settings.zoomed) {
+        SetZoomed(on, false);  // the zoomed grid would hide the tree
+    }
+    on.layout.LayOut(Splitter::CtrlSplit);
+    if (shown) {
+        on.layout.LayOut(Splitter::TreeSplit);
+    }
+    on.hostUpdate.StartUpdate();
+}
+
 }  // namespace
 
 void SwitchGrid(CommandParts& on, CommandCall& /*call*/) {
@@ -40,20 +53,16 @@ void ZoomGrid(CommandParts& on, CommandCall& /*call*/) {
 
 void SwitchMacroTree(CommandParts& on, CommandCall& call) {
     call.done = on.settings.layoutMode;
-    if (!call.done) {
-        return;
+    if (call.done) {
+        ShowMacroTree(on, !on.settings.treeShown);
     }
-    const bool shown = !on.settings.treeShown;
-    PutFlag(on, "HIDDEN_LIST", shown);
-    on.settings.treeShown = shown;
-    if (shown && on.settings.zoomed) {
-        SetZoomed(on, false);  // the zoomed grid would hide the tree
+}
+
+bool ShowMacroTree(CommandParts& on) {
+    if (on.settings.layoutMode && !on.layout.TreePaneVisible()) {
+        ShowMacroTree(on, true);
     }
-    on.layout.LayOut(Splitter::CtrlSplit);
-    if (shown) {
-        on.layout.LayOut(Splitter::TreeSplit);
-    }
-    on.hostUpdate.StartUpdate();
+    return on.settings.layoutMode;
 }
 
 }  // namespace planview::commands

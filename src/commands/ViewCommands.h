@@ -14,5 +14,7 @@ void SwitchGrid(CommandParts& on, CommandCall& call);
 void ZoomGrid(CommandParts& on, CommandCall& call);
 /// Shows or hides the macro tree pane; nothing without layout mode.
 void SwitchMacroTree(CommandParts& on, CommandCall& call);
+/// Shows the pane where it is not on screen; false without layout mode.
+bool ShowMacroTree(CommandParts& on);
 
 }  // namespace planview::commands

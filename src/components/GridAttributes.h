@@ -11,7 +11,7 @@
 namespace planview {
 
 /// The attributes that lie in layers (grid < column < row < cell); all others belong to one kind of element only.
-inline constexpr int LayeredAttributeCount = static_cast<int>(GridAttribute::HelpLine) + 1;
+inline constexpr int LayeredAttributeCount = static_cast<int>(GridAttribute::Computed) + 1;
 
 [[nodiscard]] constexpr bool IsLayered(GridAttribute attribute) noexcept {
     return static_cast<int>(attribute) < LayeredAttributeCount;

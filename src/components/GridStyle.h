@@ -43,6 +43,7 @@ struct CellLook {
     bool readOnly = false;
     bool textLine = false;
     bool helpLine = false;
+    bool computed = false;
 };
 
 }  // namespace planview

@@ -306,6 +306,7 @@ CellLook GridStyles::LookOf(const AttributeSet& merged) const noexcept {
     look.readOnly = merged.Flag(GridAttribute::ReadOnly);
     look.textLine = merged.Flag(GridAttribute::TextLine);
     look.helpLine = merged.Flag(GridAttribute::HelpLine);
+    look.computed = merged.Flag(GridAttribute::Computed);
     return look;
 }
 

@@ -58,6 +58,7 @@ enum class GridAttribute : std::uint8_t {
     ReadOnly,         ///< boolean
     TextLine,         ///< boolean: carries text, takes no planning values
     HelpLine,         ///< boolean: drawn as a help line
+    Computed,         ///< boolean: holds what a formula computes
     // Of cells only.
     Contents,  ///< text
     Tooltip,   ///< text

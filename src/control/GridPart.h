@@ -7,6 +7,7 @@
 #include <planview/CellKey.h>
 
 #include "automation/ListenerList.h"
+#include "calculation/GridCalculation.h"
 #include "components/GridControl.h"
 #include "control/ControlShared.h"
 #include "dialogs/GeneralOptions.h"
@@ -47,6 +48,7 @@ struct GridPart {
     UndoHistory history;
     HostUpdate hostUpdate;
     LoaderContext tables;
+    GridCalculation calculation;
     GridConstruction construction;
     TrackHistory trackHistory;
     ValueEntry valueEntry;

@@ -3,7 +3,9 @@
 
 #include "automation/Texts.h"
 #include "commands/TreeCommands.h"
+#include "dialogs/frmUpload.h"
 #include "grid/CellCaption.h"
+#include "grid/ProposedChanges.h"
 #include "macro/recording/MacroRecorded.h"
 #include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
@@ -24,7 +26,9 @@ MacroPart::MacroPart(ControlShared& shared, GridPart& grid, CommandRunner& runne
       recording({shared.tables, grid.control, shared.events, shared.desktop.messageBoxes}),
       editor({grid.control, shared.tables, tree, shared.events, shared.desktop.popups, shared.desktop.messageBoxes,
               toolbar, [this] { Import(); }, [this](const std::string& key) { return Run(key, false); },
-              [this](const std::string& key) { return Check(key); }, shared.failures}),
+              [this](const std::string& key) { return Check(key); },
+              [this](const std::string& key) { return RunPreviewed(key, false); }, shared.failures}),
+      shared_(shared),
       grid_(grid),
       tables_(shared.tables),
       runner_(runner) {}
@@ -71,6 +75,34 @@ MacroProblems MacroPart::Check(const std::string& nodeKey) {
     }
     const std::string fault = RecordingFault(nodeKey);
     return fault.empty() ? MacroProblems() : MacroProblems{{nodeKey, "", fault, ""}};
+}
+
+MacroOutcome MacroPart::Preview(const std::string& nodeKey, bool onSelectedLine, UploadPreview& preview) {
+    if (IsRecordingNode(nodeKey)) {
+        return FailedOutcome(
+            "A recording is replayed step by step and cannot be seen before. Replay it, and undo it where it is "
+            "wrong.");
+    }
+    return PreviewMacroNode(RunParts(), nodeKey, onSelectedLine, preview.changes);
+}
+
+MacroOutcome MacroPart::RunPreviewed(const std::string& nodeKey, bool onSelectedLine) {
+    UploadPreview preview;
+    MacroOutcome outcome = Preview(nodeKey, onSelectedLine, preview);
+    if (!outcome.problems.empty()) {
+        return outcome;
+    }
+    const TreeNode node = tree.Nodes().Find(nodeKey);
+    if (preview.changes.empty()) {
+        outcome.done = "The macro changes nothing.";
+    } else if (!ConfirmMacro(shared_.desktop.forms, preview, node ? node.Text() : nodeKey)) {
+        outcome.done = "Nothing was changed.";
+    } else {
+        const UploadResult result = ApplyTicked(grid_.control, grid_.valueEntry, preview.changes);
+        outcome.changed = result.changed;
+        outcome.done = TextOf(result, "the preview was made");
+    }
+    return outcome;
 }
 
 // --- Recordings

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <planview/Macros.h>
+#include <planview/Spreadsheet.h>
 
 #include "commands/CommandRunner.h"
 #include "components/TreeControl.h"
@@ -29,6 +30,10 @@ struct MacroPart {
     /// Checks a macro or recording as it would run now.
     [[nodiscard]] MacroProblems Check(const std::string& nodeKey);
     MacroOutcome Replay(const std::string& nodeKey, bool onSelectedLine);
+    /// What running the macro would change. A recording has no preview.
+    MacroOutcome Preview(const std::string& nodeKey, bool onSelectedLine, UploadPreview& preview);
+    /// Shows that to the user and changes what he leaves ticked, as one action.
+    MacroOutcome RunPreviewed(const std::string& nodeKey, bool onSelectedLine);
     /// Builds the tree from MACRO_TREE anew.
     void Import();
 
@@ -49,6 +54,7 @@ private:
     /// What would keep the recording from being replayed, for the user; empty where nothing would.
     [[nodiscard]] std::string RecordingFault(const std::string& nodeKey);
 
+    ControlShared& shared_;
     GridPart& grid_;
     const TableSlots& tables_;
     CommandRunner& runner_;

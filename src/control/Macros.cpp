@@ -26,6 +26,21 @@ MacroResult Macros::Run(const std::string& nodeKey, bool onSelectedLine) {
     return result;
 }
 
+UploadPreview Macros::Preview(const std::string& nodeKey, bool onSelectedLine) {
+    UploadPreview preview;
+    Guarded(State(), MacroLabel, "Preview", [&](ControlContext& context) {
+        preview.error = ResultOf(context.macros.Preview(nodeKey, onSelectedLine, preview)).message;
+    });
+    return preview;
+}
+
+MacroResult Macros::RunPreviewed(const std::string& nodeKey, bool onSelectedLine) {
+    MacroResult result;
+    Guarded(State(), MacroLabel, "RunPreviewed",
+            [&](ControlContext& context) { result = ResultOf(context.macros.RunPreviewed(nodeKey, onSelectedLine)); });
+    return result;
+}
+
 MacroResult Macros::Check(const std::string& nodeKey) {
     MacroResult result;
     Guarded(State(), MacroLabel, "Generate", [&](ControlContext& context) {

@@ -33,7 +33,7 @@ void frmUpload::Set_Text() {
     const int refused = count([](const UploadChange& each) { return each.IsRefused(); });
     const int inBoth = from(UploadOrigin::Both);
     const int inBook = from(UploadOrigin::Book);
-    lblFile = FileNameOf(preview_.file);
+    lblFile = macro_.value_or(FileNameOf(preview_.file));
     if (!preview_.sheet.empty()) {
         lblFile += ", sheet " + preview_.sheet;
     }
@@ -81,12 +81,25 @@ void frmUpload::NameButton() {
     cmdOkCaption = "Apply " + Counted(ticked_, "change");
 }
 
-bool ConfirmUpload(Forms& forms, UploadPreview& preview) {
-    frmUpload form(forms, preview);
+namespace {
+
+bool Confirm(Forms& forms, frmUpload& form) {
     const LoadedForm loaded(forms, form);
     form.Set_Text();
     forms.ShowModal(form);
     return form.ButtonPressed == "OK";
+}
+
+}  // namespace
+
+bool ConfirmUpload(Forms& forms, UploadPreview& preview) {
+    frmUpload form(forms, preview);
+    return Confirm(forms, form);
+}
+
+bool ConfirmMacro(Forms& forms, UploadPreview& preview, const std::string& macro) {
+    frmUpload form(forms, preview, macro);
+    return Confirm(forms, form);
 }
 
 }  // namespace planview

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include <planview/Export.h>
 #include <planview/Spreadsheet.h>
@@ -14,18 +16,25 @@ namespace planview {
 /// A sentence that the user should read before he ticks or unticks the change; empty for an ordinary one.
 [[nodiscard]] PLANVIEW_EXPORT std::string RemarkOf(const UploadChange& change);
 
-/// Shows what an upload would change and lets the user untick single changes.
+/// Shows what an upload or a macro would change and lets the user untick single changes.
 class PLANVIEW_EXPORT frmUpload final : public PropertyForm {
 public:
     static constexpr std::string_view FormName = "frmUpload";
 
     /// The preview gets the ticks; it must outlive the form.
     frmUpload(Forms& forms, UploadPreview& preview) : PropertyForm(forms, {}), preview_(preview) {}
+    /// The same for the changes of the macro of that name.
+    frmUpload(Forms& forms, UploadPreview& preview, std::string macro)
+        : PropertyForm(forms, {}), preview_(preview), macro_(std::move(macro)) {}
 
     [[nodiscard]] std::string_view Name() const noexcept override { return FormName; }
-    [[nodiscard]] std::string_view Caption() const noexcept override { return "Upload changed values"; }
+    [[nodiscard]] std::string_view Caption() const noexcept override {
+        return IsOfMacro() ? "What the macro changes" : "Upload changed values";
+    }
+    /// The changes are those of a macro, not of a workbook.
+    [[nodiscard]] bool IsOfMacro() const noexcept { return macro_.has_value(); }
 
-    std::string lblFile;     ///< which workbook
+    std::string lblFile;     ///< which workbook, or which macro
     std::string lblSummary;  ///< how many changes of which kind
 
     void Set_Text();
@@ -45,10 +54,13 @@ private:
     void NameButton();
 
     UploadPreview& preview_;
+    std::optional<std::string> macro_;
     int ticked_ = 0;
 };
 
 /// Shows the form and waits for it; whether the user wants the ticked changes.
 [[nodiscard]] bool ConfirmUpload(Forms& forms, UploadPreview& preview);
+/// The same for the changes of a macro.
+[[nodiscard]] bool ConfirmMacro(Forms& forms, UploadPreview& preview, const std::string& macro);
 
 }  // namespace planview

@@ -20,7 +20,10 @@ Refusal RefusalOf(const GridControl& grid, Cell cell) {
     if (look.textLine) {
         return Refusal::TextLine;
     }
-    return look.readOnly ? Refusal::ReadOnly : Refusal::None;
+    if (look.readOnly) {
+        return look.computed ? Refusal::Computed : Refusal::ReadOnly;
+    }
+    return Refusal::None;
 }
 
 Refusal RefusalOf(const GridControl& grid, Cell cell, std::string_view text) {
@@ -38,6 +41,8 @@ std::string_view RefusalText(Refusal refusal) noexcept {
             return "";
         case Refusal::ReadOnly:
             return "This cell is read-only.";
+        case Refusal::Computed:
+            return "This cell is computed. Change the cells that it is computed from.";
         case Refusal::TextLine:
             return "This line carries text and takes no values.";
         case Refusal::Heading:

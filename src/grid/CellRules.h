@@ -13,6 +13,7 @@ namespace planview {
 enum class Refusal {
     None,
     ReadOnly,       ///< the cell, its line or its column cannot be edited
+    Computed,       ///< a formula computes the cell, and its row in FORMULAS lets nothing be entered
     TextLine,       ///< the line carries text and no planning values
     Heading,        ///< a label or a period heading
     TableReadOnly,  ///< the host lets nothing be edited

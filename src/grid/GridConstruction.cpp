@@ -36,6 +36,7 @@ void GridConstruction::CreateFromTables() {
     CreateEmpty();
     RunLoaders();
     ArrangeTracks();
+    built_();
     driver.Grid().RestoreViewState(seen);
     SelectMarked();
     ScrollToFirst();

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "grid/GridSettings.h"
 #include "grid/Loaders.h"
 
@@ -9,7 +12,9 @@ namespace planview {
 /// Builds the grid from the host's tables.
 class GridConstruction {
 public:
-    GridConstruction(const LoaderContext& context, GridSettings& settings) : context_(context), settings_(settings) {}
+    /// `built`: what belongs to a build once everything is loaded, before it is drawn.
+    GridConstruction(const LoaderContext& context, GridSettings& settings, std::function<void()> built)
+        : context_(context), settings_(settings), built_(std::move(built)) {}
 
     /// Ends the grid that is there and builds an empty one with the label column, the palette and the settings.
     void CreateEmpty();
@@ -31,6 +36,7 @@ private:
     bool building_ = false;
     std::vector<TableReport> report_;
     GridSettings& settings_;
+    std::function<void()> built_;
 };
 
 }  // namespace planview

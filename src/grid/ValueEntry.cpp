@@ -80,6 +80,7 @@ public:
     CellTable tabOld;
     KeyLookup lookup;
     UndoStep step;
+    std::size_t followed = 0;  ///< as many changes of the step are in the computed cells
     bool changed = false;
     Failures failures;
     std::uint64_t history;  ///< the generation of the history that the step belongs to
@@ -115,6 +116,16 @@ private:
 
 void ValueEntry::Enter(CellKeyView keys, const std::string& text, EditKind kind) {
     const CellKey cell{std::string(keys.column), std::string(keys.row)};
+    const std::optional<Cell> place = parts_.driver.Grid().FindCell(cell);
+    if (place && parts_.computation && parts_.computation->IsComputed(*place)) {
+        const NewValue total{*place, text};
+        const BulkResult result = ChangeCells(std::span(&total, 1), {kind});
+        if (!result.totalRefused.empty()) {
+            parts_.messageBoxes.Show(
+                {result.totalRefused, "Grid", MessageButtons::Ok, MessageIcon::Information, MessageAnswer::Ok});
+        }
+        return;
+    }
     const std::string shown = ShownIn(cell);
     if (kind == EditKind::Drag) {
         parts_.driver.Contents(cell, text, true);  // its entry stands before those of the value
@@ -124,6 +135,7 @@ void ValueEntry::Enter(CellKeyView keys, const std::string& text, EditKind kind)
     {
         const BusyScope busy(parts_.busy);
         ChangeOne(transaction, cell, shown, text);
+        FollowChanges(transaction);
         done = Record(transaction);
         DrawChart();
     }
@@ -183,6 +195,7 @@ void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> v
     const GridControl& grid = parts_.driver.Grid();
     const std::uint64_t built = grid.BuildVersion();
     std::vector<CellKey> keys;
+    std::vector<NewValue> totals;
     if (transaction.heard) {
         for (const NewValue& next : values) {
             keys.push_back(grid.KeyOf(next.cell));
@@ -197,6 +210,10 @@ void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> v
         if (!cell) {
             transaction.failures.Add(transaction.failures.notStored, {"The cell is no longer there"});
             ++result.failed;
+            continue;
+        }
+        if (parts_.computation && parts_.computation->IsComputed(*cell)) {
+            totals.push_back({*cell, value});
             continue;
         }
         const std::string* text = value.TextIf();
@@ -214,6 +231,79 @@ void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> v
         if (!result.firstRefused) {
             result.firstRefused = key;
         }
+    }
+    FollowChanges(transaction);
+    for (const NewValue& total : totals) {
+        if (grid.BuildVersion() == built) {
+            SpreadTotal(transaction, total.cell, total.value, result);
+        }
+    }
+}
+
+void ValueEntry::SpreadTotal(Transaction& transaction, Cell total, const Variant& value, BulkResult& result) {
+    const GridControl& grid = parts_.driver.Grid();
+    const CellKey key = grid.KeyOf(total);
+    const std::string* text = value.TextIf();
+    const std::optional<double> amount = text              ? TryParseNumber(*text)
+                                         : value.IsEmpty() ? std::nullopt
+                                                           : std::optional(value.AsDouble());
+    SpreadValues spread;
+    if (const Refusal refusal = RefusalOf(grid, total); refusal != Refusal::None) {
+        spread.refusal = RefusalText(refusal);
+    } else if (!amount) {
+        spread.refusal = "A total takes a number, which is spread over its cells.";
+    } else {
+        spread = parts_.computation->Spread(total, *amount);
+    }
+    // A block that has both a total and what it is made of means the latter.
+    const bool hasLeaf = std::any_of(spread.leaves.begin(), spread.leaves.end(), [&](const auto& leaf) {
+        return std::any_of(transaction.step.begin(), transaction.step.end(),
+                           [&](const CellChange& change) { return change.cell == grid.KeyOf(leaf.first); });
+    });
+    if (hasLeaf) {
+        return;
+    }
+    if (!spread.refusal.empty()) {
+        ++result.readOnly;
+        result.firstRefused = result.firstRefused ? result.firstRefused : key;
+        result.totalRefused = result.totalRefused.empty() ? spread.refusal : result.totalRefused;
+        return;
+    }
+    for (const auto& [cell, leaf] : spread.leaves) {
+        const CellKey leafKey = grid.KeyOf(cell);
+        const bool changed = ChangeOne(transaction, leafKey, grid.Contents(cell), leaf);
+        ++(changed ? result.changed : result.failed);
+    }
+    FollowChanges(transaction);
+}
+
+void ValueEntry::FollowChanges(Transaction& transaction) {
+    if (!parts_.computation || transaction.followed == transaction.step.size()) {
+        return;
+    }
+    std::vector<CellKey> changed;
+    for (std::size_t i = transaction.followed; i < transaction.step.size(); ++i) {
+        changed.push_back(transaction.step[i].cell);
+    }
+    transaction.followed = transaction.step.size();
+    for (const ComputedValue& computed : parts_.computation->Follow(changed)) {
+        StoreComputed(transaction, computed);
+    }
+}
+
+void ValueEntry::StoreComputed(Transaction& transaction, const ComputedValue& computed) {
+    const std::optional<std::string> error = ErrorTextOf([&] {
+        const KeyPositions at = transaction.lookup.PositionsOf(computed.cell);
+        if (transaction.announce == Announce::EachValue) {
+            const std::array<Variant, 5> arguments{at.column, computed.cell.column, at.row, computed.cell.row,
+                                                   computed.value};
+            parts_.events.Raise(EventId::GridValueChanged, arguments);
+        }
+        StoreInTab(transaction.tab, at, computed.value);
+        parts_.driver.Contents(computed.cell, computed.shown, true);
+    });
+    if (error) {
+        transaction.failures.Add(transaction.failures.notStored, *error);
     }
 }
 
@@ -254,6 +344,7 @@ void ValueEntry::ApplyCells(const UndoStep& changes, bool backwards) {
             failed[place] =
                 !ChangeOne(transaction, change.cell, ShownIn(change.cell), backwards ? change.before : change.after);
         }
+        FollowChanges(transaction);
         const bool anyFailed = std::find(failed.begin(), failed.end(), true) != failed.end();
         if (anyFailed && parts_.history.Generation() == history) {
             parts_.history.PutBack(failed);

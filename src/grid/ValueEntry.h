@@ -10,6 +10,7 @@
 
 #include "automation/EventSource.h"
 #include "automation/TableSlots.h"
+#include "grid/CellComputation.h"
 #include "grid/CellRules.h"
 #include "grid/CellTable.h"
 #include "grid/CurrentKeys.h"
@@ -40,6 +41,8 @@ struct ValueEntryParts {
     std::function<void(const TrackStep& step, bool backwards)> applyTracks;
     /// An action that announces several values begins or has ended.
     std::function<void(bool running)> tellBulk;
+    /// Computes cells from others; null where nothing does.
+    CellComputation* computation = nullptr;
 };
 
 /// A value on its way into a cell.
@@ -55,6 +58,8 @@ struct BulkResult {
     int failed = 0;    ///< not stored because a table failed; the user has been told
     int readOnly = 0;  ///< refused: read-only cells, text lines and headings
     int noNumber = 0;  ///< refused: a text that is no number
+    /// Why the first total that took nothing did not, a sentence; empty where all did.
+    std::string totalRefused;
     /// The first refused cell, to be named to the user.
     std::optional<CellKey> firstRefused;
     [[nodiscard]] int Refused() const noexcept { return readOnly + noNumber; }
@@ -62,6 +67,10 @@ struct BulkResult {
 
 /// The one way by which a value that the user changes reaches the host: TAB, TAB_OLD, `GridValueChanged`, the chart,
 /// the undo history. Typing, deleting, pasting, filling and undoing all come through here.
+///
+/// What is computed from the changed cells follows within the action: it is stored in TAB and shown, and announced
+/// where each value is, but it is no pending change and no part of the undo step. A value for a computed cell goes to
+/// its leaves.
 ///
 /// The tables come first: the grid shows a value when they have taken it. A table that fails (it is not set, it throws)
 /// leaves the cell with what TAB holds; the other cells of the action are changed all the same. What was changed is
@@ -97,6 +106,11 @@ private:
     template <class Body>
     bool RunBulk(std::size_t count, bool withFixed, const Body& body);
     void ChangeAll(Transaction& transaction, std::span<const NewValue> values, BulkResult& result);
+    /// A computed cell that takes a number: its leaves do.
+    void SpreadTotal(Transaction& transaction, Cell total, const Variant& value, BulkResult& result);
+    /// Stores and shows what is computed from the values that the action has changed so far.
+    void FollowChanges(Transaction& transaction);
+    void StoreComputed(Transaction& transaction, const ComputedValue& computed);
     void Apply(const HistoryStep& step, bool backwards);
     void ApplyCells(const UndoStep& changes, bool backwards);
     void GoTo(const UndoStep& changes);

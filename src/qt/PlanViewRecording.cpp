@@ -42,6 +42,16 @@ MacroResult PlanViewWidget::runMacro(const QString& nodeKey, bool onSelectedLine
     return state_->withMacro([&](PlanView& view) { return view.Macros().Run(nodeKey.toStdString(), onSelectedLine); });
 }
 
+MacroResult PlanViewWidget::runMacroPreviewed(const QString& nodeKey, bool onSelectedLine) {
+    return state_->withMacro(
+        [&](PlanView& view) { return view.Macros().RunPreviewed(nodeKey.toStdString(), onSelectedLine); });
+}
+
+void PlanViewWidget::editMacro(const QString& nodeKey) {
+    plv_ActiveNode(nodeKey);
+    run(Command::EditMacro);
+}
+
 MacroResult PlanViewWidget::checkMacro(const QString& nodeKey) {
     return state_->withMacro([&](PlanView& view) { return view.Macros().Check(nodeKey.toStdString()); });
 }

@@ -2,10 +2,10 @@
 #include "spreadsheet/SpreadsheetUpload.h"
 
 #include <algorithm>
-#include <vector>
 
 #include "automation/BusyScope.h"
 #include "automation/Texts.h"
+#include "grid/ProposedChanges.h"
 #include "spreadsheet/ProgressScope.h"
 #include "spreadsheet/SheetReader.h"
 #include "spreadsheet/SpreadsheetSession.h"
@@ -107,32 +107,8 @@ SpreadsheetUpload::Outcome SpreadsheetUpload::ReadSheet(SpreadsheetSession& sess
     return progress.IsCancelled() ? Outcome::Cancelled : Outcome::Read;
 }
 
-/// None where the cell is gone or another one than it was.
-std::optional<Cell> SpreadsheetUpload::CellOf(const UploadChange& change) const {
-    const GridControl& grid = parts_.driver.Grid();
-    const std::optional<Cell> cell = grid.FindCell({change.column, change.row});
-    const bool same = cell && grid.Contents(*cell) == change.before &&
-                      parts_.driver.CellText({LabelColumnKey, change.row}) == change.line &&
-                      parts_.driver.CellText({change.column, HeadingRowKey}) == change.period;
-    return same ? cell : std::nullopt;
-}
-
 UploadResult SpreadsheetUpload::Apply(const UploadPreview& preview) {
-    UploadResult result;
-    std::vector<NewValue> values;
-    for (const UploadChange& change : preview.changes) {
-        if (!change.taken || change.IsRefused()) {
-            continue;
-        }
-        if (const std::optional<Cell> cell = CellOf(change)) {
-            values.push_back({*cell, change.value});
-        } else {
-            ++result.outdated;
-        }
-    }
-    const BulkResult changed = parts_.valueEntry.ChangeCells(values);
-    result.changed = changed.changed;
-    result.refused = changed.Refused() + changed.failed;
+    const UploadResult result = ApplyTicked(parts_.driver.Grid(), parts_.valueEntry, preview.changes);
     if (TraceEnabled) {
         TraceWrite(SpreadsheetLabel, "", "Upload",
                    TraceText("{changed: ", result.changed, " - refused: ", result.refused,
@@ -172,15 +148,7 @@ void SpreadsheetUpload::TellResult(const UploadResult& result) const {
     if (result.outdated == 0 && result.refused == 0) {
         return;
     }
-    std::string text = Counted(result.changed, "cell") + " changed.";
-    if (result.outdated > 0) {
-        text +=
-            "\n" + Counted(result.outdated, "cell") + " left alone: the table was changed since the workbook was read.";
-    }
-    if (result.refused > 0) {
-        text += "\n" + Counted(result.refused, "cell") + " could not be changed.";
-    }
-    Tell(text, MessageIcon::Information);
+    Tell(TextOf(result, "the workbook was read"), MessageIcon::Information);
 }
 
 }  // namespace planview

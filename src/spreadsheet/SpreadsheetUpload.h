@@ -40,8 +40,7 @@ public:
     /// nothing while it runs.
     void Run();
     [[nodiscard]] UploadPreview Preview(const std::string& fileName);
-    /// Applies what is ticked and not refused. A cell that shows another value, or stands under other captions, than
-    /// when the preview was made is left alone and counted.
+    /// See ApplyTicked().
     UploadResult Apply(const UploadPreview& preview);
 
 private:
@@ -49,7 +48,6 @@ private:
 
     [[nodiscard]] Outcome Read(UploadPreview& preview);
     [[nodiscard]] Outcome ReadSheet(SpreadsheetSession& session, UploadPreview& preview);
-    [[nodiscard]] std::optional<Cell> CellOf(const UploadChange& change) const;
     /// Asks before much is emptied.
     [[nodiscard]] bool MayEmpty(const UploadPreview& preview) const;
     void Tell(const std::string& text, MessageIcon icon) const;

@@ -108,6 +108,10 @@ TEST_F(CommandsTest, NumbersAndNamesStayAsTheyAre) {
         "ROW_HEIGHT",
         "RowSelect",
         "ColSelect",
+        "CellOtherReading",
+        "MacroNew",
+        "MacroEdit",
+        "MacroPreview",
     };
     const auto commands = DescribeCommands();
     ASSERT_GE(commands.size(), std::size(names));
@@ -270,7 +274,10 @@ TEST_F(CommandsTest, SayWhyTheyCannotBeRun) {
         {"a chart", [&] { control->View().SwitchChart(); }, Command::ShowRowsInChart, ""},
         {"it is checked", none, Command::SwitchChart, "checked"},
         {"no layout mode", none, Command::SwitchMacroTree, "The macro tree cannot be shown here."},
+        {"nothing to edit macros in", none, Command::NewMacro, "The macro tree cannot be shown here."},
         {"layout mode", [&] { control->plv_LayoutMode(); }, Command::SwitchMacroTree, ""},
+        {"an editor", none, Command::EditMacro, ""},
+        {"no macro", none, Command::PreviewMacro, "Select a macro in the macro tree first."},
         {"no trend line", none, Command::DeleteTrend, "Click a trend line in the chart first."},
         {"no recording", none, Command::StopRecording, "There is no recording."},
         {"a recording", [&] { control->Recording().Start(); }, Command::StartRecording, "A recording is running."},

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <QAction>
+#include <QListView>
 #include <QMenuBar>
 
 #include "book/HostCommands.h"
@@ -77,11 +78,43 @@ TEST(MacroMenu, ARecordingIsKeptInTheBookAndReplayedOnAnotherLine) {
     window.window.view().undo();
     EXPECT_EQ(window.InFile(2, 1), "10.5");
 
-    for (const char* node : {"RECORDED", "REC1"}) {
-        Q_EMIT window.window.view().GridTreeMacroClick(node, QString());
-        QApplication::processEvents();
-    }
-    EXPECT_EQ(window.InFile(1, 4), "4.84") << "a double click on the recording, and on nothing else, replays it";
+    window.Choose("Run", "Recording 1");
+    EXPECT_EQ(window.InFile(1, 4), "4.84");
+}
+
+TEST(MacroMenu, MacrosAreMadeAndOpenedInTheEditor) {
+    const TestFolder folder;
+    MacroWindow window(MakeSmallBook(folder));
+    window.window.show();
+    QApplication::setActiveWindow(&window.window);
+    QApplication::processEvents();
+    const auto* list = window.window.findChild<QListView*>();
+    ASSERT_TRUE(list);
+    const auto macro = [&] { return list->model()->index(0, 0).data().toString().toStdString(); };
+    EXPECT_FALSE(window.Entry({}, "Preview changes of macro…")->isEnabled());
+    window.Choose({}, "New macro");
+    EXPECT_TRUE(window.window.view().macroTreeShown());
+    EXPECT_TRUE(list->hasFocus());
+    EXPECT_EQ(macro(), "Macro 1");
+    EXPECT_TRUE(Contains(window.Tree(), "\"Macro 1\"")) << "kept in the book";
+    EXPECT_TRUE(window.Entry({}, "Preview changes of macro…")->isEnabled());
+    const std::string key = MacrosOf(LoadBook(window.file)).at(0).key;
+    const std::string before = DumpTable(LoadBook(window.file), BookTable::Tab);
+    window.Choose({}, "New macro");
+    EXPECT_EQ(macro(), "Macro 2");
+
+    window.window.view().switchMacroTree();
+    Q_EMIT window.window.view().GridTreeMacroClick("NOBODY", QString());
+    QApplication::processEvents();
+    EXPECT_FALSE(window.window.view().macroTreeShown()) << "what is no macro is not opened";
+    Q_EMIT window.window.view().GridTreeMacroClick(QString::fromStdString(key), QString());
+    QApplication::processEvents();
+    EXPECT_TRUE(window.window.view().macroTreeShown());
+    EXPECT_EQ(macro(), "Macro 1");
+    EXPECT_TRUE(list->hasFocus());
+    window.Choose({}, "Edit macro");
+    EXPECT_EQ(macro(), "Macro 1") << "the selected one";
+    EXPECT_EQ(DumpTable(LoadBook(window.file), BookTable::Tab), before) << "opening runs nothing";
 }
 
 TEST(MacroMenu, ANameThatIsTakenIsAskedForAgainAndNoneKeepsNothing) {

@@ -120,6 +120,18 @@ private Q_SLOTS:
         QCOMPARE(taken, (QList<bool>{false, false, true, false, false, false}));
     }
 
+    void aMacrosChangesAreShownAsItsOwn() {
+        whenShown<QDialog>([](QDialog* dialog) {
+            QCOMPARE(dialog->windowTitle(), QString("What the macro changes"));
+            QCOMPARE(only<QComboBox>(*dialog).count(), 3);
+            const QModelIndex changed = only<QTreeView>(*dialog).model()->index(1, UploadModel::Remark);
+            QCOMPARE(changed.data(Qt::AccessibleTextRole).toString(), QString("changed by the macro"));
+            savePicture(*dialog, QStringLiteral("dialog-macro-preview"));
+            button(*dialog, "Apply").click();
+        });
+        QVERIFY(ConfirmMacro(*forms_, preview_, "Plan / 2"));
+    }
+
     void theSpaceBarTicksAllThatAreSelected() {
         show([&](QDialog& dialog) {
             auto& list = only<QTreeView>(dialog);

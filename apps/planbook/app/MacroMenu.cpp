@@ -46,7 +46,7 @@ MacroMenu::MacroMenu(QMenu& menu, PlanViewWidget& view, BookSession& session, Qu
     });
     // A double click on its node in the tree, or Return.
     connect(&view_, &PlanViewWidget::GridTreeMacroClick, this,
-            [this](const QString& key) { QTimer::singleShot(0, this, [this, key] { runNode(key.toStdString()); }); });
+            [this](const QString& key) { QTimer::singleShot(0, this, [this, key] { edit(key.toStdString()); }); });
     connect(&view_, &PlanViewWidget::MacroTreeNodeDropped, this,
             [this](const QString& target, const QString& moved, short action) {
                 QTimer::singleShot(0, this, [=, this] {
@@ -166,15 +166,9 @@ void MacroMenu::runThere(const MacroEntry& macro, Where where) {
     }
 }
 
-void MacroMenu::runNode(const std::string& key) {
-    if (!session_.isOpen()) {
-        return;
-    }
-    for (const MacroEntry& macro : MacrosOf(session_.book())) {
-        if (macro.key == key) {
-            run(macro);
-            return;
-        }
+void MacroMenu::edit(const std::string& key) {
+    if (session_.isOpen() && !IsFolder(session_.book(), key)) {
+        view_.editMacro(toQt(key));
     }
 }
 

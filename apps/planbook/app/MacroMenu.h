@@ -42,8 +42,8 @@ private:
     void allowRecording();
     void keepRecording();
     void run(const MacroEntry& macro);
-    /// The one whose node this is; nothing for any other node.
-    void runNode(const std::string& key);
+    /// Opens the macro of this node in the macro editor; nothing for a folder.
+    void edit(const std::string& key);
     void runOnSelectedLine(const MacroEntry& macro);
     void check(const MacroEntry& macro);
     void runThere(const MacroEntry& macro, Where where);

@@ -108,6 +108,8 @@ void MainWindow::buildViewMenu() {
 
 void MainWindow::buildMacroMenu() {
     QMenu* menu = menuBar()->addMenu("&Macro");
+    addCommands(*menu, CommandGroup::Macros);
+    menu->addSeparator();
     addCommands(*menu, CommandGroup::Recording);
     macros_ = new MacroMenu(*menu, *view_, *session_, questions_, this);
     connect(macros_, &MacroMenu::ran, status_, &StatusLine::showNews);

@@ -44,6 +44,16 @@ std::optional<MacroEntry> FindMacro(const Book& book, const std::string& name) {
     return found;
 }
 
+bool IsFolder(const Book& book, const std::string& key) {
+    const MemoryTable& tree = book[BookTable::MacroTree];
+    for (std::int32_t row = 1; row <= tree.RowCount(); ++row) {
+        if (tree.Value(row, "NODEKEY").AsText() == key) {
+            return tree.Value(row, "NODETYPE").AsText().empty();
+        }
+    }
+    return true;
+}
+
 bool IsForSelectedLine(const Book& book, const MacroEntry& macro) {
     constexpr std::int32_t Child = 4;
     const MemoryTable& tree = book[BookTable::MacroTree];

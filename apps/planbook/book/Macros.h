@@ -25,6 +25,9 @@ struct MacroEntry {
 /// The only one of this name. No value when there is none or several.
 [[nodiscard]] std::optional<MacroEntry> FindMacro(const Book& book, const std::string& name);
 
+/// Whether the MACRO_TREE node with this key is no macro and stands in none.
+[[nodiscard]] bool IsFolder(const Book& book, const std::string& key);
+
 /// Whether it says "the selected line" anywhere.
 [[nodiscard]] bool IsForSelectedLine(const Book& book, const MacroEntry& macro);
 

@@ -12,7 +12,9 @@ namespace planbook {
 namespace {
 
 constexpr std::string_view Selected = "SELECTED";
-constexpr std::array<std::string_view, 8> Functions = {"SUM", "MIN", "MAX", "AVERAGE", "COPY", "SHIFT", "ABS", "ROUND"};
+constexpr std::array<std::string_view, 15> Functions = {"SUM",   "MIN", "MAX",   "AVERAGE", "COPY",
+                                                        "SHIFT", "ABS", "ROUND", "PRODUCT", "COUNT",
+                                                        "MOD",   "INT", "LAST",  "GROWTH",  "CUMULATE"};
 constexpr std::string_view Operators = "+-*/";
 constexpr int Deepest = 20;
 

@@ -300,6 +300,10 @@ public:
     Q_INVOKABLE planview::MacroResult replayMacro(const QString& nodeKey, bool onSelectedLine = false);
     /// Runs a macro, or replays a recording.
     Q_INVOKABLE planview::MacroResult runMacro(const QString& nodeKey, bool onSelectedLine = false);
+    /// Runs a macro after the user has seen what it changes and has left out what he does not want.
+    Q_INVOKABLE planview::MacroResult runMacroPreviewed(const QString& nodeKey, bool onSelectedLine = false);
+    /// Opens the macro tree pane and goes to the element with this key, or to its macro, in the macro editor.
+    Q_INVOKABLE void editMacro(const QString& nodeKey);
     /// Looks whether it could be run or replayed now.
     Q_INVOKABLE planview::MacroResult checkMacro(const QString& nodeKey);
     /// Carries out what MacroTreeNodeDropped has reported of a node that was dragged.

@@ -147,6 +147,16 @@ void MacroEditor::SetCurrent(int element) {
     }
 }
 
+void MacroEditor::Open(const std::string& key) {
+    if (const TreeNode node = parts_.tree.Nodes().Find(key)) {
+        node.SetSelected(true);
+        node.EnsureVisible();
+    }
+    if (watcher_) {
+        watcher_->EditorOpened();
+    }
+}
+
 bool MacroEditor::IsRecording() const noexcept {
     return !outline_.IsEmpty() && outline_.At(0).type == MacroNodeType::Recording;
 }
@@ -295,12 +305,20 @@ void MacroEditor::Check() {
 }
 
 void MacroEditor::Run() {
+    RunBy("Run", parts_.run);
+}
+
+void MacroEditor::Preview() {
+    RunBy("Preview", parts_.preview);
+}
+
+void MacroEditor::RunBy(std::string_view method, const std::function<MacroOutcome(const std::string& key)>& run) {
     AsOneStep([&] {
-        Operate("Run", [&] {
+        Operate(method, [&] {
             if (macroKey_.empty()) {
                 Say("There is no macro to run. Select one in the tree.");
             } else if (operandText_.empty() || TakeText()) {
-                MacroOutcome outcome = parts_.run(macroKey_);
+                MacroOutcome outcome = run(macroKey_);
                 Tell(outcome.problems, std::move(outcome.done));
             }
         });

@@ -40,6 +40,8 @@ struct MacroEditorParts {
     /// Runs the macro or recording with this key.
     std::function<MacroOutcome(const std::string& key)> run;
     std::function<MacroProblems(const std::string& key)> check;
+    /// Shows the user what the macro with this key would change, and changes what he leaves ticked.
+    std::function<MacroOutcome(const std::string& key)> preview;
     /// Hears of what fails.
     std::shared_ptr<Failures> failures{};
 };
@@ -61,6 +63,8 @@ class MacroEditorWatcher {
 public:
     virtual ~MacroEditorWatcher() = default;
     virtual void EditorChanged() = 0;
+    /// The user wants to work in the editor: its list takes the keyboard.
+    virtual void EditorOpened() {}
 };
 
 /// The macro editor without a screen: the elements of the active macro (`MacroView`), the operand that is being entered
@@ -89,6 +93,8 @@ public:
     /// The 0-based index of the current element in Elements(), -1 without one.
     [[nodiscard]] int Current() const noexcept;
     void SetCurrent(int element);
+    /// Goes to the node with this key, empty for the selected one, and takes the keyboard.
+    void Open(const std::string& key);
     /// A recording is listed, but can only be run, renamed or deleted as a whole.
     [[nodiscard]] bool IsRecording() const noexcept;
     /// Where the next element goes relative to the current one.
@@ -153,6 +159,8 @@ public:
     /// "GENERATE". Elements with problems are marked until there are none.
     void Check();
     void Run();
+    /// As Run(), after the user has seen what changes and has left out what he does not want.
+    void Preview();
 
 private:
     // TreeWatcher
@@ -163,6 +171,7 @@ private:
     void ShowNode(TreeNode /*node*/) override {}
     void EditLabel(TreeNode /*node*/) override {}
 
+    void RunBy(std::string_view method, const std::function<MacroOutcome(const std::string& key)>& run);
     /// Runs an operation under an error trap; an error becomes the message.
     void Operate(std::string_view method, const std::function<void()>& body);
     /// The same for what changes macros.

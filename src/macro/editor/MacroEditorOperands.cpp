@@ -4,10 +4,10 @@
 #include <algorithm>
 
 #include "automation/Texts.h"
+#include "formula/FormulaExpression.h"
 #include "macro/editor/ElementSpots.h"
 #include "macro/editor/MacroEditor.h"
 #include "macro/editor/OperandNodes.h"
-#include "macro/language/MacroExpression.h"
 #include "trace/ErrorTrap.h"
 
 namespace planview {
@@ -235,7 +235,7 @@ void MacroEditor::AddFunction(const std::string& value) {
         NewMacroNode node;
         node.type = MacroNodeType::Function;
         node.value = value;
-        const MacroFunctionName* name = FindMacroFunction(value);
+        const FormulaFunctionName* name = FindFormulaFunction(value);
         node.text = name ? std::string(name->caption) : value;
         if (Add(node)) {
             Announce();
@@ -328,7 +328,7 @@ void MacroEditor::AskOperator() {
 
 void MacroEditor::AskFunction() {
     std::vector<PopupEntry> choices;
-    for (const MacroFunctionName& function : MacroFunctions()) {
+    for (const FormulaFunctionName& function : FormulaFunctions()) {
         choices.push_back(Choice(function.value, function.caption));
     }
     const std::string chosen = Ask("Functions", std::move(choices));

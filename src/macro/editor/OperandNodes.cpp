@@ -6,6 +6,7 @@
 
 #include "automation/Numbers.h"
 #include "automation/Texts.h"
+#include "grid/SelectedCells.h"
 
 namespace planview {
 
@@ -43,7 +44,7 @@ std::optional<int> LineCalled(const MacroGrid& table, std::string_view text) {
     return found;
 }
 
-NewMacroNode NodeOf(const MacroGrid& table, const MacroRange& range, bool asArea = false) {
+NewMacroNode NodeOf(const MacroGrid& table, const PlanningRange& range, bool asArea = false) {
     NewMacroNode node;
     const bool oneLine = range.firstLine == range.lastLine;
     const bool onePeriod = range.firstPeriod == range.lastPeriod;
@@ -57,12 +58,12 @@ NewMacroNode NodeOf(const MacroGrid& table, const MacroRange& range, bool asArea
     return node;
 }
 
-std::optional<MacroRange> RangeFromText(const MacroGrid& table, std::string_view text) {
+std::optional<PlanningRange> RangeFromText(const MacroGrid& table, std::string_view text) {
     std::string missing;
-    if (const std::optional<MacroRange> range = table.Resolve(text, {}, missing)) {
+    if (const std::optional<PlanningRange> range = table.Resolve(text, {}, missing)) {
         return range;
     }
-    MacroRange range;
+    PlanningRange range;
     if (const std::optional<int> line = LineCalled(table, text)) {
         range.firstLine = range.lastLine = *line;
         return range;
@@ -80,6 +81,35 @@ std::optional<MacroRange> RangeFromText(const MacroGrid& table, std::string_view
     range.firstLine = range.lastLine = *line;
     range.firstPeriod = range.lastPeriod = *period;
     return range;
+}
+
+/// The periods that stand under the selected cells of a fixed row, each from its text to before the next one, as months
+/// stand under their years.
+std::optional<PlaceRange> PeriodsUnderSelection(const GridControl& grid, const MacroGrid& table) {
+    const SelectedBlock block = BlockOfSelection(grid);
+    if (block.rows.size() != 1 || grid.Row(block.rows.front()).area == RowArea::Center) {
+        return std::nullopt;
+    }
+    const std::optional<int> first = table.FindPeriod(grid.Column(block.columns.front()).key, {});
+    const std::optional<int> last = table.FindPeriod(grid.Column(block.columns.back()).key, {});
+    if (!first || !last) {
+        return std::nullopt;
+    }
+    const auto hasText = [&](int period) {
+        return !Trimmed(grid.Contents({table.PeriodId(period), block.rows.front()})).empty();
+    };
+    PlaceRange range{*first, *last};
+    while (range.first > 0 && !hasText(range.first)) {
+        --range.first;
+    }
+    while (range.last + 1 < table.PeriodCount() && !hasText(range.last + 1)) {
+        ++range.last;
+    }
+    return hasText(range.first) ? std::optional(range) : std::nullopt;
+}
+
+NewMacroNode PeriodsNodeOf(const MacroGrid& table, const PlaceRange& range) {
+    return PeriodsNode(table.PeriodsReferenceOf(range), table.PeriodsCaptionsOf(range));
 }
 
 }  // namespace
@@ -107,6 +137,9 @@ std::optional<NewMacroNode> NodeFromSelection(const GridControl& grid, std::stri
     const bool cells = !selection.Ranges().empty() || selection.IsEmpty();
     const bool onlyLines = selection.HasWholeRows() && !cells && !selection.HasWholeColumns();
     const bool onlyPeriods = selection.HasWholeColumns() && !cells && !selection.HasWholeRows();
+    if (const std::optional<PlaceRange> range = PeriodsUnderSelection(grid, table)) {
+        return PeriodsNodeOf(table, *range);
+    }
     if (lines.empty() || periods.empty()) {
         refusal = SelectFirst;
         return std::nullopt;
@@ -119,10 +152,9 @@ std::optional<NewMacroNode> NodeFromSelection(const GridControl& grid, std::stri
         return std::nullopt;
     }
     if (onlyPeriods) {
-        const PlaceRange range{periods.front(), periods.back()};
-        return PeriodsNode(table.PeriodsReferenceOf(range), table.PeriodsCaptionsOf(range));
+        return PeriodsNodeOf(table, {periods.front(), periods.back()});
     }
-    MacroRange range;
+    PlanningRange range;
     range.firstLine = lines.front();
     range.lastLine = lines.back();
     if (!onlyLines) {
@@ -141,7 +173,7 @@ std::optional<NewMacroNode> NodeFromSelectionAs(const GridControl& grid, MacroNo
         return std::nullopt;
     }
     const bool isArea = type == MacroNodeType::TableArea;
-    MacroRange range;
+    PlanningRange range;
     range.firstLine = lines.front();
     range.lastLine = isArea ? lines.back() : lines.front();
     if (type == MacroNodeType::TableElement) {
@@ -183,7 +215,7 @@ std::optional<NewMacroNode> NodeFromText(const GridControl& grid, const MacroOut
         return node;
     }
     const MacroGrid table(grid);
-    const std::optional<MacroRange> range = RangeFromText(table, text);
+    const std::optional<PlanningRange> range = RangeFromText(table, text);
     return range ? std::optional(NodeOf(table, *range)) : std::nullopt;
 }
 
@@ -195,7 +227,7 @@ std::optional<EnteredNumber> ReadConstant(const GridControl& grid, const MacroOu
         const bool isOfTable = node.type == MacroNodeType::TableLine || node.type == MacroNodeType::TableElement ||
                                node.type == MacroNodeType::TableArea;
         std::string missing;
-        const std::optional<MacroRange> range =
+        const std::optional<PlanningRange> range =
             isOfTable ? table.Resolve(node.value, node.name, missing) : std::nullopt;
         if (range) {
             return ReadEntered(text, grid.Look(table.CellAt(range->firstLine, 0)).format);

@@ -15,7 +15,8 @@ namespace planview {
 
 inline constexpr std::string_view SelectedLineText = "Selected line";
 
-/// The element for what is selected in the grid: a line, a cell or an area; for whole columns the periods of the macro.
+/// The element for what is selected in the grid: a line, a cell or an area; for whole columns the periods of the macro,
+/// and for a cell of a fixed row, such as a year above its months, those that stand under it.
 /// Returns no value if the selection is none of these; `refusal` then says what to select.
 [[nodiscard]] std::optional<NewMacroNode> NodeFromSelection(const GridControl& grid, std::string& refusal);
 /// The same, as an element of the given type.

@@ -7,8 +7,8 @@
 
 #include "automation/Numbers.h"
 #include "automation/Texts.h"
+#include "formula/FormulaExpression.h"
 #include "macro/editor/OperandNodes.h"
-#include "macro/language/MacroExpression.h"
 #include "macro/run/MacroGrid.h"
 
 namespace planview {
@@ -161,7 +161,7 @@ private:
     }
 
     bool ReadFunction() {
-        for (const MacroFunctionName& function : MacroFunctions()) {
+        for (const FormulaFunctionName& function : FormulaFunctions()) {
             for (const std::string_view name : {function.value, function.caption}) {
                 std::string_view behind = rest_.substr(std::min(name.size(), rest_.size()));
                 while (!behind.empty() && IsBlank(behind.front())) {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-#include "macro/language/MacroExpression.h"
+#include "formula/FormulaExpression.h"
 
 namespace planview {
 
@@ -17,18 +17,18 @@ enum class MacroDirection {
 
 /// One statement of a macro: an assignment or a condition.
 struct MacroStatement {
-    int node = -1;  ///< number of the statement; see MacroTokens
+    int node = -1;  ///< number of the statement; see FormulaTokens
     bool isCondition = false;
 
     // Of an assignment
-    MacroOperation target = MacroOperation::Line;  ///< an operand
+    FormulaOperation target = FormulaOperation::Line;  ///< an operand
     std::vector<int> lines;    ///< indexes in the table or of own lines; of an own element, its index
     std::vector<int> periods;  ///< that it computes; empty for an own element
-    MacroExpression value;
+    FormulaExpression value;
     MacroDirection direction = MacroDirection::Any;
 
     // Of a condition
-    MacroExpression test;
+    FormulaExpression test;
     std::vector<int> testedPeriods;
     std::vector<MacroStatement> holds;
     std::vector<MacroStatement> fails;

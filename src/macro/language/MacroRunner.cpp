@@ -5,20 +5,37 @@
 #include <span>
 #include <utility>
 
-#include "macro/language/MacroEvaluation.h"
+#include "formula/FormulaEvaluation.h"
 
 namespace planview {
 
 namespace {
 
-using Frame = MacroEvaluation::Frame;
-using Mask = MacroEvaluation::Mask;
-using Values = MacroEvaluation::Values;
+using Frame = FormulaEvaluation::Frame;
+using Mask = FormulaEvaluation::Mask;
+using Values = FormulaEvaluation::Values;
+
+/// The sheet of a run as what its expressions read.
+class SheetSource final : public FormulaSource {
+public:
+    explicit SheetSource(MacroSheet& sheet) : sheet_(sheet) {}
+
+    [[nodiscard]] FormulaSpan TableLine(int line) override { return sheet_.TableLine(line).Span(); }
+    [[nodiscard]] FormulaSpan OwnLine(int line) override { return sheet_.OwnLine(line).Span(); }
+    [[nodiscard]] FormulaValue OwnElement(int element) override { return sheet_.OwnElement(element); }
+
+private:
+    MacroSheet& sheet_;
+};
 
 class Runner {
 public:
     Runner(const MacroProgram& program, const PlanningTable& table, MacroSheet& sheet)
-        : program_(program), table_(table), sheet_(sheet), evaluation_(sheet, table, program.periods) {}
+        : program_(program),
+          table_(table),
+          sheet_(sheet),
+          source_(sheet),
+          evaluation_(source_, table, program.periods) {}
 
     void Run() {
         sheet_.StartOwn(program_.ownLines, program_.ownElements);
@@ -31,7 +48,7 @@ private:
         for (const MacroStatement& statement : statements) {
             if (statement.isCondition) {
                 Decide(statement, active);
-            } else if (statement.target == MacroOperation::OwnElement) {
+            } else if (statement.target == FormulaOperation::OwnElement) {
                 SetElement(statement, active);
             } else {
                 SetLines(statement, active);
@@ -57,7 +74,7 @@ private:
             if (active[i] == 0 || (!isTested && !frame.oneValue)) {
                 continue;
             }
-            const MacroValue result = test.At(frame.oneValue ? 0 : static_cast<std::size_t>(found - periods.begin()));
+            const FormulaValue result = test.At(frame.oneValue ? 0 : static_cast<std::size_t>(found - periods.begin()));
             holds[i] = result.Is(1) ? 1 : 0;
             fails[i] = result.Is(0) ? 1 : 0;
         }
@@ -72,7 +89,7 @@ private:
         Frame frame;
         frame.periods = std::span(program_.periods).first(1);
         frame.oneValue = true;
-        const MacroValue value = evaluation_.Of(statement.value, frame, Mask(1, 1)).At(0);
+        const FormulaValue value = evaluation_.Of(statement.value, frame, Mask(1, 1)).At(0);
         if (value.IsNumber()) {
             sheet_.OwnElement(statement.lines.front()) = value;
         }
@@ -123,8 +140,8 @@ private:
     void Store(const Frame& frame, const Mask& mask, const Values& results, Values& values) {
         const bool ofTable = frame.statementLine >= 0;
         for (std::size_t i = 0; i < results.Size(); ++i) {
-            MacroValue result = results.At(i);
-            if (mask[i] == 0 || result.kind == MacroValueKind::None) {
+            FormulaValue result = results.At(i);
+            if (mask[i] == 0 || result.kind == FormulaKind::None) {
                 continue;
             }
             const int period = frame.periods[i];
@@ -153,7 +170,8 @@ private:
     const MacroProgram& program_;
     const PlanningTable& table_;
     MacroSheet& sheet_;
-    MacroEvaluation evaluation_;
+    SheetSource source_;
+    FormulaEvaluation evaluation_;
 };
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 namespace planview {
 
-/// Runs a program on a sheet, after clearing the macro's own values there. Throws MacroFault.
+/// Runs a program on a sheet, after clearing the macro's own values there. Throws FormulaFault.
 void RunProgram(const MacroProgram& program, const PlanningTable& table, MacroSheet& sheet);
 
 }  // namespace planview

@@ -5,73 +5,22 @@
 #include <optional>
 #include <set>
 
-#include "macro/language/MacroFault.h"
+#include "formula/FormulaFault.h"
 
 namespace planview {
 
 namespace {
 
-constexpr const char* FoldIt = "Put it into SUM, MIN, MAX or AVERAGE.";
-
-/// Two parts of an expression fit if they have the same number of lines (periods) or one of them has only one (none).
-int Fitting(int left, int right, int neutral, int node, const char* what) {
-    if (left != neutral && right != neutral && left != right) {
-        throw MacroFault(node,
-                         "Areas of " + std::to_string(left) + " and of " + std::to_string(right) + " " + what +
-                             " do not fit each other.",
-                         std::string("Take areas of the same size, or put them into SUM, MIN, MAX or AVERAGE."));
-    }
-    return std::max(left, right);
-}
-
-class ShapeReader {
-public:
-    explicit ShapeReader(bool oneValue) : oneValue_(oneValue) {}
-
-    [[nodiscard]] MacroShape Of(const MacroExpression& expression, bool inFold) const {
-        if (expression.IsOperand()) {
-            if (oneValue_ && !inFold && expression.perPeriod) {
-                throw MacroFault(expression.node, "It has a value for each period, where one value is needed.", FoldIt);
-            }
-            return OfOperand(expression);
-        }
-        MacroShape shape;
-        for (const MacroExpression& argument : expression.arguments) {
-            const MacroShape inner = Of(argument, inFold || expression.IsFold());
-            if (expression.IsFold()) {
-                if (!argument.IsOperand() && inner.areaPeriods > 0) {
-                    throw MacroFault(argument.node, "An area with periods stands alone in a function.",
-                                     "Take it as an argument of its own.");
-                }
-                continue;
-            }
-            shape.lines = Fitting(shape.lines, inner.lines, 1, expression.node, "lines");
-            shape.areaPeriods = Fitting(shape.areaPeriods, inner.areaPeriods, 0, expression.node, "periods");
-        }
-        return shape;
-    }
-
-private:
-    static MacroShape OfOperand(const MacroExpression& operand) {
-        MacroShape shape;
-        const bool isArea = operand.operation == MacroOperation::Area || operand.operation == MacroOperation::OwnArea;
-        shape.lines = isArea ? static_cast<int>(operand.lines.size()) : 1;
-        if (operand.operation == MacroOperation::Area && operand.range.HasPeriods()) {
-            shape.areaPeriods = operand.range.lastPeriod - operand.range.firstPeriod + 1;
-        }
-        return shape;
-    }
-
-    bool oneValue_;
-};
+/// No table has more periods.
+constexpr auto Furthest = static_cast<int>(MostPeriods);
 
 /// Whether the operand stands for the target's own line: line by line, or with any of its lines inside a function that
 /// makes one value of many.
-bool IsOwn(const MacroExpression& operand, const MacroStatement& statement, bool inFold) {
+bool IsOwn(const FormulaExpression& operand, const MacroStatement& statement, bool inFold) {
     const bool fits =
         IsOfTable(statement.target)
-            ? operand.operation == MacroOperation::Line || operand.operation == MacroOperation::Area
-            : operand.operation == MacroOperation::OwnLine || operand.operation == MacroOperation::OwnArea;
+            ? operand.operation == FormulaOperation::Line || operand.operation == FormulaOperation::Area
+            : operand.operation == FormulaOperation::OwnLine || operand.operation == FormulaOperation::OwnArea;
     if (!fits || operand.range.HasPeriods()) {
         return false;
     }
@@ -88,24 +37,45 @@ bool IsOwn(const MacroExpression& operand, const MacroStatement& statement, bool
 
 /// Where in the expression the operand is.
 struct ReadContext {
-    int shift = 0;  ///< periods
+    int from = 0;  ///< the periods by which it is shifted: all from this one
+    int to = 0;    ///< to this one
     bool inFold = false;
     bool directlyInFold = false;
 };
 
 /// Collects the shifts by which the statement reads the line that it assigns.
-void FindOwnReads(MacroExpression& expression, const MacroStatement& statement, ReadContext at, std::set<int>& shifts) {
+void FindOwnReads(FormulaExpression& expression, const MacroStatement& statement, ReadContext at,
+                  std::set<int>& shifts) {
     if (expression.IsOperand()) {
-        if (at.shift != 0 && !at.directlyInFold && IsOwn(expression, statement, at.inFold)) {
+        if ((at.from != 0 || at.to != 0) && !at.directlyInFold && IsOwn(expression, statement, at.inFold)) {
             expression.live = true;
-            shifts.insert(at.shift);
+            for (int shift = std::max(at.from, -Furthest); shift <= std::min(at.to, Furthest); ++shift) {
+                shifts.insert(shift);
+            }
+            shifts.erase(0);
         }
         return;
     }
-    at.shift += expression.operation == MacroOperation::Shift ? static_cast<int>(expression.number) : 0;
-    at.directlyInFold = expression.IsFold();
-    at.inFold = at.inFold || expression.IsFold();
-    for (MacroExpression& argument : expression.arguments) {
+    const int periods = static_cast<int>(expression.number);
+    const bool runs = expression.operation == FormulaOperation::Cumulate;
+    switch (expression.operation) {
+        case FormulaOperation::Shift:
+            at.from += periods;
+            at.to += periods;
+            break;
+        case FormulaOperation::Last:
+            at.from -= periods;
+            at.to -= 1;
+            break;
+        case FormulaOperation::Growth:
+            at.from -= 1;  // the period before those of LAST
+            break;
+        default:
+            break;
+    }
+    at.directlyInFold = expression.IsFold() || runs;
+    at.inFold = at.inFold || expression.IsFold() || runs;
+    for (FormulaExpression& argument : expression.arguments) {
         FindOwnReads(argument, statement, at, shifts);
     }
 }
@@ -122,20 +92,17 @@ std::optional<int> FirstReaching(const std::vector<int>& periods, int step) {
 
 }  // namespace
 
-MacroShape ShapeOfValue(const MacroStatement& statement, bool perPeriod) {
-    const bool oneValue = statement.target == MacroOperation::OwnElement;
+FormulaShape ShapeOfValue(const MacroStatement& statement, bool perPeriod) {
+    const bool oneValue = statement.target == FormulaOperation::OwnElement;
     if (oneValue && perPeriod) {
-        throw MacroFault(statement.node, "It has one value, but its condition decides for each period.",
-                         "Move it out of the condition, or compare single values there.");
+        throw FormulaFault(statement.node, "It has one value, but its condition decides for each period.",
+                           "Move it out of the condition, or compare single values there.");
     }
-    return ShapeReader(oneValue).Of(statement.value, false);
+    return ShapeOf(statement.value, oneValue);
 }
 
-void CheckTestShape(const MacroExpression& test) {
-    const MacroShape shape = ShapeReader(false).Of(test, false);
-    if (shape.lines > 1 || shape.areaPeriods > 0) {
-        throw MacroFault(test.node, "An area cannot be compared.", FoldIt);
-    }
+void CheckTestShape(const FormulaExpression& test) {
+    CheckOneLine(test, "An area cannot be compared.");
 }
 
 void FindDirection(MacroStatement& statement, const PlanningTable& table, const std::string& line) {
@@ -149,10 +116,10 @@ void FindDirection(MacroStatement& statement, const PlanningTable& table, const 
         reaching = reaching && (!first || *reaching < *first) ? reaching : first;
     }
     if (earlier && later) {
-        throw MacroFault(statement.node,
-                         line + " needs both its earlier and its later periods: a cycle, in " +
-                             table.PeriodCaption(*later) + " first.",
-                         "Shift in one direction only, or put the shifted values into a line of the macro first.");
+        throw FormulaFault(statement.node,
+                           line + " needs both its earlier and its later periods: a cycle, in " +
+                               table.PeriodCaption(*later) + " first.",
+                           "Shift in one direction only, or put the shifted values into a line of the macro first.");
     }
     statement.direction = later ? MacroDirection::Backward : earlier ? MacroDirection::Forward : MacroDirection::Any;
 }

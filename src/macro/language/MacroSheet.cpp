@@ -8,11 +8,11 @@ MacroSheet::MacroSheet(const PlanningTable& table)
 
 void MacroSheet::StartOwn(int lines, int elements) {
     ownLines_.assign(static_cast<std::size_t>(lines),
-                     MacroValues(static_cast<std::size_t>(table_.PeriodCount()), MacroValue()));
-    ownElements_.assign(static_cast<std::size_t>(elements), MacroValue());
+                     FormulaValues(static_cast<std::size_t>(table_.PeriodCount()), FormulaValue()));
+    ownElements_.assign(static_cast<std::size_t>(elements), FormulaValue());
 }
 
-MacroValues& MacroSheet::TableLine(int line) {
+FormulaValues& MacroSheet::TableLine(int line) {
     Line& read = lines_[static_cast<std::size_t>(line)];
     if (!read.isRead) {
         read.isRead = true;

@@ -7,8 +7,8 @@
 
 #include "automation/Numbers.h"
 #include "automation/Texts.h"
-#include "macro/language/MacroFault.h"
-#include "macro/language/MacroParser.h"
+#include "formula/FormulaFault.h"
+#include "macro/language/MacroScope.h"
 #include "macro/language/MacroShape.h"
 #include "macro/run/MacroSentences.h"
 #include "macro/run/NodeTokens.h"
@@ -19,20 +19,20 @@ namespace {
 
 constexpr int DeepestStatement = 60;
 
-MacroOperation OperationOf(MacroToken::Kind target) {
+FormulaOperation OperationOf(FormulaToken::Kind target) {
     switch (target) {
-        case MacroToken::Kind::Line:
-            return MacroOperation::Line;
-        case MacroToken::Kind::Element:
-            return MacroOperation::Element;
-        case MacroToken::Kind::Area:
-            return MacroOperation::Area;
-        case MacroToken::Kind::OwnLine:
-            return MacroOperation::OwnLine;
-        case MacroToken::Kind::OwnElement:
-            return MacroOperation::OwnElement;
+        case FormulaToken::Kind::Line:
+            return FormulaOperation::Line;
+        case FormulaToken::Kind::Element:
+            return FormulaOperation::Element;
+        case FormulaToken::Kind::Area:
+            return FormulaOperation::Area;
+        case FormulaToken::Kind::OwnLine:
+            return FormulaOperation::OwnLine;
+        case FormulaToken::Kind::OwnElement:
+            return FormulaOperation::OwnElement;
         default:
-            return MacroOperation::OwnArea;
+            return FormulaOperation::OwnArea;
     }
 }
 
@@ -81,7 +81,7 @@ private:
     void Guarded(int node, const Body& body) {
         try {
             body();
-        } catch (const MacroFault& fault) {
+        } catch (const FormulaFault& fault) {
             Add(fault.node < 0 ? node : fault.node, fault.what(), fault.now);
         }
     }
@@ -94,13 +94,14 @@ private:
         if (name == "DECIMALS") {
             const std::optional<double> decimals = TryParseNumber(value);
             if (!decimals || *decimals < 0 || *decimals > MostDecimals || *decimals != static_cast<int>(*decimals)) {
-                throw MacroFault(node, "The number of decimals is not 0 to 15.", "Choose another one.");
+                throw FormulaFault(node, "The number of decimals is not 0 to 15.", "Choose another one.");
             }
             program_.decimals = static_cast<int>(*decimals);
         } else if (name == "PERIODS") {
             TakePeriods(node, value);
         } else {
-            throw MacroFault(node, "There is no such attribute.", "Choose the periods or the decimals, or delete it.");
+            throw FormulaFault(node, "There is no such attribute.",
+                               "Choose the periods or the decimals, or delete it.");
         }
     }
 
@@ -115,7 +116,7 @@ private:
         std::string missing;
         const std::optional<PlaceRange> range = table_.FindPeriods(value, outline_.At(node).name, missing);
         if (!range) {
-            throw MacroFault(node, "The grid has no period \"" + missing + "\".", "Choose the periods again.");
+            throw FormulaFault(node, "The grid has no period \"" + missing + "\".", "Choose the periods again.");
         }
         program_.periods.resize(static_cast<std::size_t>(range->last - range->first + 1));
         std::iota(program_.periods.begin(), program_.periods.end(), range->first);
@@ -131,12 +132,12 @@ private:
             const bool hasIf = std::exchange(afterIf, false);
             Guarded(node, [&] {
                 if (read.depth > DeepestStatement) {
-                    throw MacroFault(node, "The conditions stand too deep in one another.", "Move it out of some.");
+                    throw FormulaFault(node, "The conditions stand too deep in one another.", "Move it out of some.");
                 }
                 if (isElse) {
                     if (!hasIf) {
-                        throw MacroFault(node, "There is no condition right before it.",
-                                         "Move it behind one, or delete or deactivate it.");
+                        throw FormulaFault(node, "There is no condition right before it.",
+                                           "Move it behind one, or delete or deactivate it.");
                     }
                     MacroStatement& condition = statements.back();
                     condition.fails = Statements(outline_.ActiveChildren(node), perPeriod || condition.test.perPeriod);
@@ -147,9 +148,9 @@ private:
                 } else if (IsOperandType(read.type)) {
                     statements.push_back(Assignment(node, perPeriod));
                 } else {
-                    throw MacroFault(node, "It is no statement.",
-                                     read.type == MacroNodeType::Attribute ? "Move it directly below the macro."
-                                                                           : "Move it into one, or delete it.");
+                    throw FormulaFault(node, "It is no statement.",
+                                       read.type == MacroNodeType::Attribute ? "Move it directly below the macro."
+                                                                             : "Move it into one, or delete it.");
                 }
             });
             if (afterIf && (statements.empty() || statements.back().node != node)) {
@@ -164,17 +165,18 @@ private:
 
     MacroStatement Condition(int node, bool perPeriod) {
         if (outline_.At(node).value != "IF") {
-            throw MacroFault(node, "The condition is neither IF nor ELSE.", "Delete it and add another one.");
+            throw FormulaFault(node, "The condition is neither IF nor ELSE.", "Delete it and add another one.");
         }
         std::vector<int> inner = outline_.ActiveChildren(node);
         if (inner.empty() || outline_.At(inner.front()).type != MacroNodeType::ConditionString) {
-            throw MacroFault(node, "What it tests is missing.", "Add a comparison as its first element.");
+            throw FormulaFault(node, "What it tests is missing.", "Add a comparison as its first element.");
         }
         MacroStatement condition;
         condition.node = node;
         condition.isCondition = true;
         const int test = inner.front();
         inner.erase(inner.begin());
+        scope_.assignedLine.reset();
         Guarded(test, [&] {
             condition.test = ParseComparison(scope_, test);
             CheckTestShape(condition.test);
@@ -202,7 +204,7 @@ private:
         statement.periods = program_.periods;
         const bool ofTable = IsOfTable(statement.target);
         if (ofTable) {
-            const MacroRange range = scope_.RangeOf(node);
+            const PlanningRange range = scope_.RangeOf(node);
             statement.lines = scope_.LinesOf(node, range);
             if (range.HasPeriods()) {
                 statement.periods.resize(static_cast<std::size_t>(range.lastPeriod - range.firstPeriod + 1));
@@ -211,10 +213,13 @@ private:
         } else {
             static_cast<void>(scope_.OwnNameOf(node));
         }
+        scope_.assignedLine =
+            statement.target == FormulaOperation::Line ? std::optional(statement.lines.front()) : std::nullopt;
         // Even if the value is wrong, the name is known from here on: statements that read it are not to blame.
-        const std::optional<MacroFault> fault = FaultOf([&] { statement.value = ParseNumberExpression(scope_, node); });
-        MacroShape shape;
-        const std::optional<MacroFault> wrongShape =
+        const std::optional<FormulaFault> fault =
+            FaultOf([&] { statement.value = ParseNumberExpression(scope_, node); });
+        FormulaShape shape;
+        const std::optional<FormulaFault> wrongShape =
             fault ? std::nullopt : FaultOf([&] { shape = ShapeOfValue(statement, perPeriod); });
         if (!ofTable) {
             statement.lines = OwnIndexes(statement, shape);
@@ -229,24 +234,24 @@ private:
     }
 
     template <class Body>
-    static std::optional<MacroFault> FaultOf(const Body& body) {
+    static std::optional<FormulaFault> FaultOf(const Body& body) {
         try {
             body();
             return std::nullopt;
-        } catch (const MacroFault& fault) {
+        } catch (const FormulaFault& fault) {
             return fault;
         }
     }
 
     /// The indexes of the own lines, or of the own element, that are assigned; new ones at the first assignment.
-    std::vector<int> OwnIndexes(const MacroStatement& statement, const MacroShape& shape) {
+    std::vector<int> OwnIndexes(const MacroStatement& statement, const FormulaShape& shape) {
         const std::string name = scope_.OwnNameOf(statement.node);
-        if (statement.target == MacroOperation::OwnElement) {
+        if (statement.target == FormulaOperation::OwnElement) {
             const auto [element, isNew] = scope_.ownElements.emplace(name, program_.ownElements);
             program_.ownElements += isNew ? 1 : 0;
             return {element->second};
         }
-        const bool isLine = statement.target == MacroOperation::OwnLine;
+        const bool isLine = statement.target == FormulaOperation::OwnLine;
         std::vector<int>& lines = (isLine ? scope_.ownLines : scope_.ownAreas)[name];
         for (int missing = lines.empty() ? (isLine ? 1 : shape.lines) : 0; missing > 0; --missing) {
             lines.push_back(program_.ownLines++);
@@ -254,19 +259,19 @@ private:
         return lines;
     }
 
-    static void CheckTarget(const MacroStatement& statement, const MacroShape& shape) {
+    static void CheckTarget(const MacroStatement& statement, const FormulaShape& shape) {
         const auto count = static_cast<int>(statement.lines.size());
         if (shape.lines > 1 && shape.lines != count) {
-            throw MacroFault(statement.node,
-                             "It has " + Counted(count, "line") + ", its value " + std::to_string(shape.lines) + ".",
-                             "Take an area of as many lines, or put it into SUM, MIN, MAX or AVERAGE.");
+            throw FormulaFault(statement.node,
+                               "It has " + Counted(count, "line") + ", its value " + std::to_string(shape.lines) + ".",
+                               "Take an area of as many lines, or put it into SUM, MIN, MAX or AVERAGE.");
         }
         const auto periods = static_cast<int>(statement.periods.size());
         if (shape.areaPeriods > 0 && shape.areaPeriods != periods) {
-            throw MacroFault(statement.node,
-                             "It has " + Counted(periods, "period") + ", the area in its value " +
-                                 std::to_string(shape.areaPeriods) + ".",
-                             "Take an area of as many periods.");
+            throw FormulaFault(statement.node,
+                               "It has " + Counted(periods, "period") + ", the area in its value " +
+                                   std::to_string(shape.areaPeriods) + ".",
+                               "Take an area of as many periods.");
         }
     }
 

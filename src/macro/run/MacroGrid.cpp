@@ -3,10 +3,12 @@
 
 #include <algorithm>
 #include <span>
+#include <utility>
 
 #include "automation/Numbers.h"
 #include "automation/Texts.h"
 #include "grid/CellCaption.h"
+#include "grid/LineLevels.h"
 #include "grid/SelectedCells.h"
 
 namespace planview {
@@ -19,8 +21,11 @@ std::string Ends(const std::string& first, char mark, const std::string& last, b
 
 }  // namespace
 
-MacroGrid::MacroGrid(const GridControl& grid)
-    : grid_(grid), lines_(grid, PlaceAxis::Lines), periods_(grid, PlaceAxis::Columns) {
+MacroGrid::MacroGrid(const GridControl& grid, HostTable lineIndex)
+    : grid_(grid),
+      lineIndex_(std::move(lineIndex)),
+      lines_(grid, PlaceAxis::Lines),
+      periods_(grid, PlaceAxis::Columns) {
     const std::span<const RowId> rows = grid.Rows(RowArea::Center);
     const std::span<const ColumnId> columns = grid.Columns(ColumnArea::Center);
     lineIds_.assign(rows.begin(), rows.end());
@@ -35,16 +40,23 @@ std::string MacroGrid::CellText(int line, int period) const {
     return grid_.Contents(CellAt(line, period));
 }
 
-MacroValues MacroGrid::ValuesOf(int line) const {
-    MacroValues values(periodIds_.size(), MacroValue());
+FormulaValues MacroGrid::ValuesOf(int line) const {
+    FormulaValues values(periodIds_.size(), FormulaValue());
     for (std::size_t period = 0; period < periodIds_.size(); ++period) {
         const std::string& text = grid_.Contents({periodIds_[period], lineIds_[Index(line)]});
         if (!text.empty()) {
             const std::optional<double> number = TryParseNumber(text);
-            values.Set(period, {number.value_or(0), number ? MacroValueKind::Number : MacroValueKind::Text});
+            values.Set(period, {number.value_or(0), number ? FormulaKind::Number : FormulaKind::Text});
         }
     }
     return values;
+}
+
+int MacroGrid::LineLevel(int line) const {
+    if (levels_.empty()) {
+        levels_ = LineLevels(grid_, lineIndex_);
+    }
+    return levels_[Index(line)];
 }
 
 bool MacroGrid::IsTextLine(int line) const {
@@ -88,8 +100,8 @@ std::optional<PlaceRange> MacroGrid::FindPeriods(std::string_view reference, std
     return FindRange(periods_, reference, names, missing);
 }
 
-std::optional<MacroRange> MacroGrid::Resolve(std::string_view reference, std::string_view captions,
-                                             std::string& missing) const {
+std::optional<PlanningRange> MacroGrid::Resolve(std::string_view reference, std::string_view captions,
+                                                std::string& missing) const {
     const std::vector<std::string_view> axes = SplitAt(reference, AxisMark);
     if (axes.size() > 2) {
         missing = reference;
@@ -100,7 +112,7 @@ std::optional<MacroRange> MacroGrid::Resolve(std::string_view reference, std::st
     if (!lines) {
         return std::nullopt;
     }
-    MacroRange range;
+    PlanningRange range;
     range.firstLine = lines->first;
     range.lastLine = lines->last;
     if (axes.size() == 2) {
@@ -114,7 +126,7 @@ std::optional<MacroRange> MacroGrid::Resolve(std::string_view reference, std::st
     return range;
 }
 
-std::string MacroGrid::ReferenceOf(const MacroRange& range, bool asArea) const {
+std::string MacroGrid::ReferenceOf(const PlanningRange& range, bool asArea) const {
     std::string text = Ends(LineKey(range.firstLine), RangeMark, LineKey(range.lastLine), asArea);
     if (range.HasPeriods()) {
         text += AxisMark + Ends(PeriodKey(range.firstPeriod), RangeMark, PeriodKey(range.lastPeriod), asArea);
@@ -122,7 +134,7 @@ std::string MacroGrid::ReferenceOf(const MacroRange& range, bool asArea) const {
     return text;
 }
 
-std::string MacroGrid::CaptionsOf(const MacroRange& range, bool asArea) const {
+std::string MacroGrid::CaptionsOf(const PlanningRange& range, bool asArea) const {
     std::string text = Ends(LineCaption(range.firstLine), CaptionMark, LineCaption(range.lastLine), asArea);
     if (range.HasPeriods()) {
         text +=

@@ -6,15 +6,17 @@
 #include <string_view>
 #include <vector>
 
+#include "automation/HostTable.h"
+#include "formula/PlanningTable.h"
 #include "grid/GridPlaces.h"
-#include "macro/language/PlanningTable.h"
 
 namespace planview {
 
 /// The planning lines and periods of a grid, in the grid's order. Must not outlive an action.
 class MacroGrid final : public PlanningTable {
 public:
-    explicit MacroGrid(const GridControl& grid);
+    /// `lineIndex`: where the levels of lines are looked up, if it is given.
+    explicit MacroGrid(const GridControl& grid, HostTable lineIndex = {});
     MacroGrid(const MacroGrid&) = delete;
     MacroGrid& operator=(const MacroGrid&) = delete;
 
@@ -31,8 +33,9 @@ public:
     [[nodiscard]] const std::string& PeriodKey(int period) const { return periods_.Key(InGrid(periods_, period)); }
     [[nodiscard]] std::string CellCaption(int line, int period) const override;
     [[nodiscard]] std::string CellText(int line, int period) const override;
+    [[nodiscard]] int LineLevel(int line) const override;
     [[nodiscard]] bool IsTextLine(int line) const override;
-    [[nodiscard]] MacroValues ValuesOf(int line) const override;
+    [[nodiscard]] FormulaValues ValuesOf(int line) const override;
     [[nodiscard]] Cell CellAt(int line, int period) const { return {PeriodId(period), LineId(line)}; }
 
     /// See GridPlaces::Find(); planning lines and periods only.
@@ -45,11 +48,11 @@ public:
     [[nodiscard]] std::optional<PlaceRange> FindPeriods(std::string_view reference, std::string_view captions,
                                                         std::string& missing) const;
 
-    [[nodiscard]] std::optional<MacroRange> Resolve(std::string_view reference, std::string_view captions,
-                                                    std::string& missing) const override;
+    [[nodiscard]] std::optional<PlanningRange> Resolve(std::string_view reference, std::string_view captions,
+                                                       std::string& missing) const override;
     /// The reference and the captions of a range; an area has both ends even if they are equal.
-    [[nodiscard]] std::string ReferenceOf(const MacroRange& range, bool asArea) const;
-    [[nodiscard]] std::string CaptionsOf(const MacroRange& range, bool asArea) const;
+    [[nodiscard]] std::string ReferenceOf(const PlanningRange& range, bool asArea) const;
+    [[nodiscard]] std::string CaptionsOf(const PlanningRange& range, bool asArea) const;
     /// The same for periods without lines.
     [[nodiscard]] std::string PeriodsReferenceOf(const PlaceRange& periods) const;
     [[nodiscard]] std::string PeriodsCaptionsOf(const PlaceRange& periods) const;
@@ -70,6 +73,8 @@ private:
                                                              KeyCaptions& captions, std::string& missing);
 
     const GridControl& grid_;
+    HostTable lineIndex_;
+    mutable std::vector<int> levels_;  // of the lines; empty until needed
     GridPlaces lines_;
     GridPlaces periods_;
     std::vector<RowId> lineIds_;

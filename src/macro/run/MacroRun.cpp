@@ -4,7 +4,8 @@
 #include <algorithm>
 
 #include "automation/Texts.h"
-#include "macro/language/MacroFault.h"
+#include "formula/FormulaFault.h"
+#include "grid/ProposedChanges.h"
 #include "macro/language/MacroRunner.h"
 #include "macro/run/MacroSentences.h"
 #include "trace/TraceText.h"
@@ -37,8 +38,8 @@ public:
             if (!sheet.HasTouched(line)) {
                 continue;
             }
-            const MacroValues& now = sheet.TableLine(line);
-            const MacroValues& before = sheet.Before(line);
+            const FormulaValues& now = sheet.TableLine(line);
+            const FormulaValues& before = sheet.Before(line);
             for (int period = 0; period < table.PeriodCount(); ++period) {
                 if (sheet.IsTouched(line, period)) {
                     const auto index = static_cast<std::size_t>(period);
@@ -49,36 +50,64 @@ public:
     }
 
     [[nodiscard]] const std::vector<NewValue>& NewValues() const noexcept { return values_; }
-    [[nodiscard]] bool AnyRefused() const noexcept { return refused_ > 0; }
+    [[nodiscard]] bool AnyRefused() const noexcept { return !refused_.empty(); }
     /// Names the cells that may not be changed.
     [[nodiscard]] std::string RefusedText() const {
-        std::string text = Joined(named_, "; ");
-        if (refused_ > named_.size()) {
-            text += "; and " + std::to_string(refused_ - named_.size()) + " more";
+        std::vector<std::string> named;
+        for (std::size_t i = 0; i < std::min(refused_.size(), MostNamedCells); ++i) {
+            named.push_back(table_.CellCaption(refused_[i].line, refused_[i].period));
         }
-        return (refused_ == 1 ? "A cell may not be changed: "
-                              : std::to_string(refused_) + " cells may not be changed: ") +
+        std::string text = Joined(named, "; ");
+        if (refused_.size() > named.size()) {
+            text += "; and " + std::to_string(refused_.size() - named.size()) + " more";
+        }
+        return (refused_.size() == 1 ? "A cell may not be changed: "
+                                     : std::to_string(refused_.size()) + " cells may not be changed: ") +
                text + ".";
+    }
+    /// All of them, line by line.
+    void AppendTo(std::vector<UploadChange>& changes) const {
+        auto refused = refused_.begin();
+        const auto appendRefused = [&] {
+            const Cell cell = table_.CellAt(refused->line, refused->period);
+            UploadChange change = ProposedChange(grid_, cell, refused->value);
+            change.refusal = RefusalText(RefusalOf(grid_, cell));
+            changes.push_back(std::move(change));
+            ++refused;
+        };
+        for (std::size_t i = 0; i < values_.size(); ++i) {
+            while (refused != refused_.end() && refused->place <= i) {
+                appendRefused();
+            }
+            changes.push_back(ProposedChange(grid_, values_[i].cell, values_[i].value));
+        }
+        while (refused != refused_.end()) {
+            appendRefused();
+        }
     }
 
 private:
-    void Take(int line, int period, MacroValue before, MacroValue now) {
+    struct Refused {
+        int line;
+        int period;
+        Variant value;
+        std::size_t place;  ///< the number of values before it
+    };
+
+    void Take(int line, int period, FormulaValue before, FormulaValue now) {
         const Cell cell = table_.CellAt(line, period);
+        Variant value = now.IsNumber() ? Variant(now.number) : Variant("");
         if (RefusalOf(grid_, cell) != Refusal::None) {
-            ++refused_;
-            if (named_.size() < MostNamedCells) {
-                named_.push_back(table_.CellCaption(line, period));
-            }
-        } else if (now.IsNumber() ? !before.Is(now.number) : before.kind != MacroValueKind::Empty) {
-            values_.push_back({cell, now.IsNumber() ? Variant(now.number) : Variant("")});
+            refused_.push_back({line, period, std::move(value), values_.size()});
+        } else if (now.IsNumber() ? !before.Is(now.number) : before.kind != FormulaKind::Empty) {
+            values_.push_back({cell, std::move(value)});
         }
     }
 
     const GridControl& grid_;
     const MacroGrid& table_;
     std::vector<NewValue> values_;
-    std::size_t refused_ = 0;
-    std::vector<std::string> named_;
+    std::vector<Refused> refused_;
 };
 
 void TraceOutcome(std::string_view method, std::string_view nodeKey, const MacroProblems& problems, int changed) {
@@ -121,7 +150,7 @@ MacroProblems Compute(const MacroOutline& outline, const MacroGrid& table, Macro
         }
         try {
             RunProgram(program, table, sheet);
-        } catch (const MacroFault& fault) {
+        } catch (const FormulaFault& fault) {
             const MacroSentences sentences(outline, table);
             problems.push_back({outline.At(fault.node).key, sentences.Located(fault.node), fault.what(), fault.now});
             break;
@@ -155,7 +184,7 @@ MacroProblems CheckMacroNode(const MacroRunParts& parts, std::string_view nodeKe
     if (outline.IsEmpty() || outline.At(0).type != MacroNodeType::Macro) {
         problems = NoSuchMacro(nodeKey);
     } else {
-        const MacroGrid table(parts.grid);
+        const MacroGrid table(parts.grid, parts.tables.LINE_INDEX);
         const std::optional<int> line = LinesToRunFor(outline, table).front();
         static_cast<void>(CheckMacro(outline, table, line, table.SelectedPeriods(), problems));
     }
@@ -163,7 +192,11 @@ MacroProblems CheckMacroNode(const MacroRunParts& parts, std::string_view nodeKe
     return problems;
 }
 
-MacroOutcome RunMacroNode(const MacroRunParts& parts, std::string_view nodeKey, bool onSelectedLine) {
+namespace {
+
+/// Computes the macro, and hands what it would change to `take` where nothing is wrong.
+template <class Take>
+MacroOutcome Computed(const MacroRunParts& parts, std::string_view nodeKey, bool onSelectedLine, const Take& take) {
     const HostTable macroTree = parts.tables.MACRO_TREE;
     MacroOutline outline = MacroOutline::Read(parts.tree, macroTree, nodeKey);
     MacroOutcome outcome;
@@ -173,21 +206,38 @@ MacroOutcome RunMacroNode(const MacroRunParts& parts, std::string_view nodeKey, 
         outcome.problems.push_back(
             {std::string(nodeKey), outline.At(0).text, "The macro is not about one line alone.", "Run it as it is."});
     } else {
-        const MacroGrid table(parts.grid);
+        const MacroGrid table(parts.grid, parts.tables.LINE_INDEX);
         MacroSheet sheet(table);
         outcome.problems = Compute(outline, table, sheet);
         if (outcome.problems.empty()) {
-            const Changes changes(parts.grid, table, sheet);
-            const MacroNode& macro = outline.At(0);
-            if (changes.AnyRefused()) {
-                outcome.problems.push_back({macro.key, macro.text, changes.RefusedText(),
-                                            "Nothing was changed. Leave them out, or allow them to be edited."});
-            } else if (!changes.NewValues().empty()) {
-                Apply(parts, changes, macro, outcome);
-            }
+            take(Changes(parts.grid, table, sheet), outline.At(0), outcome);
         }
     }
+    return outcome;
+}
+
+}  // namespace
+
+MacroOutcome RunMacroNode(const MacroRunParts& parts, std::string_view nodeKey, bool onSelectedLine) {
+    const MacroOutcome outcome = Computed(
+        parts, nodeKey, onSelectedLine, [&](const Changes& changes, const MacroNode& macro, MacroOutcome& result) {
+            if (changes.AnyRefused()) {
+                result.problems.push_back({macro.key, macro.text, changes.RefusedText(),
+                                           "Nothing was changed. Leave them out, or allow them to be edited."});
+            } else if (!changes.NewValues().empty()) {
+                Apply(parts, changes, macro, result);
+            }
+        });
     TraceOutcome("Run", nodeKey, outcome.problems, outcome.changed);
+    return outcome;
+}
+
+MacroOutcome PreviewMacroNode(const MacroRunParts& parts, std::string_view nodeKey, bool onSelectedLine,
+                              std::vector<UploadChange>& changes) {
+    const MacroOutcome outcome =
+        Computed(parts, nodeKey, onSelectedLine,
+                 [&](const Changes& computed, const MacroNode&, MacroOutcome&) { computed.AppendTo(changes); });
+    TraceOutcome("Preview", nodeKey, outcome.problems, 0);
     return outcome;
 }
 

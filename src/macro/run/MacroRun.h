@@ -2,6 +2,9 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
+
+#include <planview/Spreadsheet.h>
 
 #include "components/TreeControl.h"
 #include "grid/ValueEntry.h"
@@ -27,5 +30,10 @@ struct MacroRunParts {
 /// A macro on the selected line runs once for each selected line, from top to bottom. `onSelectedLine` does the same
 /// with a macro that is about exactly one other line.
 MacroOutcome RunMacroNode(const MacroRunParts& parts, std::string_view nodeKey, bool onSelectedLine = false);
+
+/// Computes the same and changes nothing: appends what would change, line by line. A cell that may not be changed is
+/// among them as refused, and does not keep the others from being changed.
+MacroOutcome PreviewMacroNode(const MacroRunParts& parts, std::string_view nodeKey, bool onSelectedLine,
+                              std::vector<UploadChange>& changes);
 
 }  // namespace planview

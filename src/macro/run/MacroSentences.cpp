@@ -39,8 +39,8 @@ std::string MacroSentences::ShortOf(int node) const {
         case MacroNodeType::ConditionString:
             return "Comparison";
         default: {
-            const MacroToken token = tokens_.At(node);
-            return token.kind == MacroToken::Kind::Other ? read.text : ShortText(token);
+            const FormulaToken token = tokens_.At(node);
+            return token.kind == FormulaToken::Kind::Other ? read.text : ShortText(token);
         }
     }
 }

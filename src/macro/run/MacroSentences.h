@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "macro/language/ExpressionSentences.h"
+#include "formula/ExpressionSentences.h"
 #include "macro/run/MacroGrid.h"
 #include "macro/run/NodeTokens.h"
 

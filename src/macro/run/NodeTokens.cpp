@@ -5,8 +5,8 @@ namespace planview {
 
 namespace {
 
-MacroToken::Kind KindOf(MacroNodeType type) noexcept {
-    using Kind = MacroToken::Kind;
+FormulaToken::Kind KindOf(MacroNodeType type) noexcept {
+    using Kind = FormulaToken::Kind;
     switch (type) {
         case MacroNodeType::TableLine:
             return Kind::Line;
@@ -33,7 +33,7 @@ MacroToken::Kind KindOf(MacroNodeType type) noexcept {
 
 }  // namespace
 
-MacroToken NodeTokens::At(int token) const {
+FormulaToken NodeTokens::At(int token) const {
     const MacroNode& node = outline_.At(token);
     return {KindOf(node.type), node.value, node.name};
 }

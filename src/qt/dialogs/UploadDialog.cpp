@@ -134,7 +134,10 @@ void UploadDialog::buildFilterLine(QVBoxLayout& layout) {
     words_->setAccessibleName(tr("Filter"));
     words_->setClearButtonEnabled(true);
     show_ = new QComboBox(this);
-    show_->addItems({tr("All"), tr("Changes"), tr("Refused"), tr("Changed in both"), tr("Changed in the table")});
+    show_->addItems({tr("All"), tr("Changes"), tr("Refused")});
+    if (!form_->IsOfMacro()) {
+        show_->addItems({tr("Changed in both"), tr("Changed in the table")});
+    }
     show_->setAccessibleName(tr("What is shown"));
     count_ = new QLabel(this);
     count_->setObjectName(QStringLiteral("note"));

@@ -100,7 +100,10 @@ QVariant UploadModel::data(const QModelIndex& index, int role) const {
             }
             return index.column() == Before ? QVariant(QBrush(QColor(theme_.muted))) : QVariant();
         case Qt::AccessibleTextRole:
-            return index.column() == Remark && RemarkOf(*each).empty() ? tr("changed in the workbook") : QVariant();
+            if (index.column() != Remark || !RemarkOf(*each).empty()) {
+                return {};
+            }
+            return form_->IsOfMacro() ? tr("changed by the macro") : tr("changed in the workbook");
         default:
             return {};
     }

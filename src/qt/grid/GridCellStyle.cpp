@@ -64,6 +64,9 @@ QRgb GridStyler::ownGround(const PlacedCell& cell, const CellLook& look) const {
     if (cell.left()) {
         return theme_.heading;
     }
+    if (look.computed) {
+        return theme_.total;
+    }
     return look.readOnly && colors_.isReadOnlyPair(look.background, look.foreground) ? theme_.readOnly : colors_.base();
 }
 
@@ -87,14 +90,15 @@ QRgb GridStyler::ownText(const PlacedCell& cell, const CellLook& look) const {
         return theme_.muted;
     }
     const bool readOnly = look.readOnly && colors_.isReadOnlyPair(look.background, look.foreground);
-    return readOnly && !look.helpLine ? theme_.muted : theme_.text;  // a help line tells itself apart by its tint
+    return readOnly && !look.helpLine && !look.computed ? theme_.muted
+                                                        : theme_.text;  // a help line tells itself apart by its tint
 }
 
 void GridStyler::setFontStyle(const PlacedCell& cell, const CellLook& look, GridCellStyle& style) const {
     const bool totals = cell.column.area == Area::Trailing || (cell.row.area == Area::Trailing && cell.row.sums);
     const bool helpLine = cell.row.helpLine || look.helpLine;
     const bool fixedTop = cell.left() ? cell.vertical.area == Area::Leading : cell.row.area == Area::Leading;
-    style.bold = cell.top() || fixedTop || totals || (cell.left() && helpLine);
+    style.bold = cell.top() || fixedTop || totals || look.computed || (cell.left() && helpLine);
     style.italic = !totals && (helpLine || (cell.row.area == Area::Trailing && !cell.top()));
 }
 

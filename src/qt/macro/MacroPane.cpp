@@ -51,6 +51,8 @@ void MacroPane::addButtons() {
     add("NewMacro", "macro-new", tr("New macro"), false, [](MacroEditor& target) { target.NewMacro(); });
     needMacro_.push_back(add("RunMacro", "macro-run", tr("Run the macro (Ctrl+Return)"), false,
                              [](MacroEditor& target) { target.Run(); }));
+    preview_ = add("PreviewMacro", "macro-preview", tr("Show what the macro changes, before it does"), false,
+                   [](MacroEditor& target) { target.Preview(); });
     needMacro_.push_back(
         add("Generate", "macro-generate", tr("Check the macro"), false, [](MacroEditor& target) { target.Check(); }));
     before_ = add("Insert", "macro-insert", tr("Insert: the next element goes before this one"), true,
@@ -82,6 +84,7 @@ void MacroPane::follow() {
     for (QToolButton* button : needElement_) {
         button->setEnabled(current > 0);
     }
+    preview_->setEnabled(hasMacro && !editor().IsRecording());
     const auto check = [&](QToolButton* button, bool checked) { button->setChecked(hasMacro && checked); };
     check(before_, editor().Spot() == MacroSpot::Before);
     check(after_, editor().Spot() == MacroSpot::After);

@@ -36,6 +36,7 @@ private:
     EditorButtons* buttons_;
     MacroListView* view_;
     QLabel* message_;
+    QToolButton* preview_ = nullptr;
     QToolButton* before_ = nullptr;
     QToolButton* after_ = nullptr;
     QToolButton* inside_ = nullptr;

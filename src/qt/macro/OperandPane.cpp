@@ -9,7 +9,7 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
-#include "macro/language/MacroExpression.h"
+#include "formula/FormulaExpression.h"
 #include "qt/macro/EditorButtons.h"
 
 namespace planview {
@@ -177,7 +177,7 @@ void OperandPane::addMore(QGridLayout& layout) {
 
 void OperandPane::addMenu(QToolButton* button) {
     auto* menu = new QMenu(button);
-    for (const MacroFunctionName& function : MacroFunctions()) {
+    for (const FormulaFunctionName& function : FormulaFunctions()) {
         const auto text = [](std::string_view view) {
             return QString::fromUtf8(view.data(), static_cast<qsizetype>(view.size()));
         };

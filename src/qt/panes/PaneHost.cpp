@@ -71,6 +71,12 @@ void PaneHost::EditorChanged() {
     operands_->follow();
 }
 
+void PaneHost::EditorOpened() {
+    if (layout_.TreePaneVisible()) {
+        macro_->setFocus(Qt::OtherFocusReason);
+    }
+}
+
 PaneSplitter* PaneHost::addSplitter(Splitter which, const char* name, Qt::Orientation orientation, QWidget* first,
                                     QWidget* second) {
     auto* splitter = new PaneSplitter(which, orientation, layout_);

@@ -44,6 +44,7 @@ public:
 private:
     void PanesChanged() override;
     void EditorChanged() override;
+    void EditorOpened() override;
     void showRowDots();
     void paintPane(QPainter& painter, QWidget* pane, const QRect& rect, qreal scale) const;
     PaneSplitter* addSplitter(Splitter which, const char* name, Qt::Orientation orientation, QWidget* first,

@@ -25,6 +25,9 @@ protected:
     void PointAt(const char* column, const char* row, SelectionMode mode = SelectionMode::Replace) {
         context.grid.control.SelectCell(context.grid.control.FindCell({column, row}).value(), mode);
     }
+    void Label(const char* row, const char* column, const char* text) {
+        context.grid.control.SetAttribute(GridElement::Cell, {column, row}, GridAttribute::Contents, text, true);
+    }
     void TakeLine(const char* row) {
         PointAtLine(row);
         editor.TakeOperand();

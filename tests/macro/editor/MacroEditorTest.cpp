@@ -31,6 +31,32 @@ TEST_F(MacroEditorTest, TheSignBehindTheTargetIsTheOneThatTheListShows) {
     EXPECT_EQ(Shown(), (Lines{"  Macro 1", ">   Prices = …"})) << "number and sign are one step";
 }
 
+TEST_F(MacroEditorTest, AYearAboveItsMonthsIsTakenAsTheyAre) {
+    AddRow(*tables.fixedLines, {{"LINE_FIX", 1}, {"FLG_POSITION", "T"}});
+    Build();
+    Label("FTR1", "COL2", "2006");
+    Label("FTR1", "COL5", "2007");
+    const struct {
+        const char* name;
+        const char* from;
+        const char* to;
+        Lines shown;
+    } cases[] = {
+        {"its text", "COL2", "COL2", {"For Feb to Apr"}},
+        {"beside its text", "COL4", "COL3", {"For Feb to Apr"}},
+        {"the last one", "COL5", "COL5", {"For May to Jun"}},
+        {"two of them", "COL3", "COL6", {"For Feb to Jun"}},
+        {"under none", "COL1", "COL1", {}},
+    };
+    for (const auto& row : cases) {
+        editor.NewMacro();
+        PointAt(row.from, "FTR1");
+        PointAt(row.to, "FTR1", SelectionMode::Extend);
+        editor.TakeOperand();
+        EXPECT_EQ(Statements(), row.shown) << row.name << ": " << editor.Message();
+    }
+}
+
 TEST_F(MacroEditorTest, AFormulaIsTypedIntoTheSameElements) {
     const struct {
         const char* name;

@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "automation/Texts.h"
+#include "dialogs/frmUpload.h"
+#include "grid/LineLevels.h"
 #include "macro/run/MacroEngineFixture.h"
 
 namespace planview::test {
@@ -46,6 +49,14 @@ constexpr RunCase Results[] = {
     {"IfDoesNotDivideWhereItNeedNot", "ROW6 = IF( ROW3 = 0 ; 9 ; 1 / ROW3 )", 6, "9 9 9 9 9 9"},
     {"AndStopsAtTheFirst", "ROW6 = IF( ROW3 <> 0 AND 1 / ROW3 > 1 ; 1 ; 2 )", 6, "2 2 2 2 2 2"},
     {"OrStopsAtTheFirst", "ROW6 = IF( ROW3 = 0 OR 1 / ROW3 > 1 ; 1 ; 2 )", 6, "1 1 1 1 1 1"},
+    {"ProductAndCount", "ROW3 = PRODUCT( ROW1 ; ROW2 ) + COUNT( ROW1:ROW3 )", 3, "12 42 92 162 252 362"},
+    {"RemainderAndWholeNumber", "ROW3 = MOD( ROW1 ; 7 ) + INT( ROW2 / 2 )", 3, "3 7 3 7 3 7"},
+    {"RunningTotalOverTheChosenPeriods", "periods COL2:COL4\nROW3 = CUMULATE( ROW2 )", 3, "- 2 5 9 - -"},
+    {"RunningTotalOfItself", "ROW2 = CUMULATE( ROW2 )", 2, "1 3 6 10 15 21"},
+    {"MeanOfThePeriodsBefore", "ROW3 = LAST( ROW1 ; 2 )", 3, "- 10 15 25 35 45"},
+    {"SumOfThePeriodsBefore", "ROW3 = SUM( LAST( ROW2 ; 3 ) )", 3, "- 1 3 6 9 12"},
+    {"GoesOnFromWhatItHasComputed", "periods COL4:COL6\nROW2 = SUM( LAST( ROW2 ; 3 ) )", 2, "1 2 3 6 11 20"},
+    {"GrowthOverTwoPeriods", "ROW3 = GROWTH( LAST( ROW1 ; 2 ) ) * 3", 3, "- - - 6 3 2"},
     // Shifts
     {"ShiftFromEarlier", "ROW3 = SHIFT( ROW1 ; - 2 )", 3, "- - 10 20 30 40"},
     {"ShiftFromLater", "ROW3 = SHIFT( ROW1 ; 1 )", 3, "20 30 40 50 60 -"},
@@ -121,6 +132,9 @@ constexpr FaultCase RunFaults[] = {
     {"DivisionByZeroOfAShiftedPeriod", "periods COL2:COL3\nROW6 = SHIFT( 1 / ROW3 ; - 1 )",
      "/: Division by zero in Total, Jan."},
     {"DivisionByZeroInACondition", "if 1 / ROW3 > 1\n  ROW6 = 1", "/: Division by zero in Jan."},
+    {"RemainderByZero", "ROW6 = MOD( 7 ; ROW4 - 5 )", "Remainder of 7, Fixed - 5: Division by zero in Total, Jan."},
+    {"DivisionByZeroInARunningTotal", "periods COL1:COL2\nROW6 = CUMULATE( 1 / ( ROW2 - 2 ) )",
+     "/: Division by zero in Total, Feb."},
     {"DivisionByZeroInAnElement", "#x = 1 / 0", "/: Division by zero."},
     {"TooLarge", "ROW6 = SHIFT( ROW6 ; - 1 ) * 1E300", "*: A number becomes too large in Total, Mar."},
     {"TextCell", "ROW6 = ROW2 + 1", "Trade: Trade, Mar holds a text, not a number."},
@@ -138,11 +152,100 @@ TEST_F(MacroEngineTest, ASpreadsheetsErrorIsNamed) {
     EXPECT_EQ(Texts(Run("ROW6 = ROW2 + 1").problems), Lines{"Trade: Trade, Mar holds the error #DIV/0!."});
 }
 
+TEST_F(MacroEngineTest, LinesBelowALineAreThoseIndentedOneLevel) {
+    const auto label = [&](int line, const char* text) {
+        context.grid.control.SetAttribute(GridElement::Cell, {LabelColumnKey, "ROW" + std::to_string(line)},
+                                          GridAttribute::Contents, text, true);
+    };
+    label(1, "All");
+    label(2, "  Trade");
+    label(3, "    Prices");
+    label(4, "  Fixed");
+    label(5, "  Heading");
+    EXPECT_EQ(Texts(Run("ROW1 = SUM( MEMBERS( ) )").problems), Lines());
+    EXPECT_EQ(Line(1), "6 7 8 9 10 11");
+    EXPECT_EQ(Texts(Run("ROW6 = SUM( MEMBERS( ) )").problems), Lines{"Lines below: No line stands below Total."});
+    EXPECT_EQ(Texts(Run("ROW1:ROW2 = SUM( MEMBERS( ) )").problems),
+              Lines{"Lines below: The lines below a line are those of the one that gets the value."});
+}
+
+TEST_F(MacroEngineTest, LevelsOfTheTableGoBeforeIndents) {
+    const auto levels = std::make_shared<MemoryTable>(std::vector<std::string>{"GRID_ID", "LEVEL"});
+    for (const auto& [line, level] :
+         {std::pair("ROW1", "2"), {"ROW2", "3"}, {"ROW3", "3"}, {"ROW4", ""}, {"ROW6", "1"}}) {
+        AddRow(*levels, {{"GRID_ID", line}, {"LEVEL", level}});
+    }
+    EXPECT_EQ(LineLevels(context.grid.control, HostTable(levels)), (std::vector<int>{2, 3, 3, 0, 0, 1}));
+    EXPECT_EQ(LineLevels(context.grid.control, context.shared.tables.LINE_INDEX), (std::vector<int>{2, 0, 0, 0, 0, 0}))
+        << "a table without the field";
+}
+
 TEST_F(MacroEngineTest, ARunIsOneUndoStepAndAnnouncedOnce) {
     EXPECT_EQ(Run("ROW1 = ROW1 * 2\nROW2:ROW3 = ROW1\nROW3 = COPY( ROW3 )").changed, 18);
     EXPECT_EQ(tables.tabOld->RowCount(), 18);
     context.grid.valueEntry.Undo();
     EXPECT_EQ(Line(1) + " / " + Line(2) + " / " + Line(3), "10 20 30 40 50 60 / 1 2 3 4 5 6 / - - - - - -");
+    EXPECT_FALSE(context.grid.history.CanUndo());
+}
+
+/// The changes of a preview: "Retail/Feb: 20 -> 30", behind it why a cell refuses it.
+Lines PreviewTexts(const std::vector<UploadChange>& changes) {
+    Lines texts;
+    for (const UploadChange& change : changes) {
+        texts.push_back(std::string(Trimmed(change.line)) + "/" + change.period + ": " + change.before + " -> " +
+                        change.after + (change.IsRefused() ? " (" + change.refusal + ")" : ""));
+    }
+    return texts;
+}
+
+TEST_F(MacroEngineTest, ChangesAreSeenBeforeAndOnlyTickedOnesHappen) {
+    const std::string key =
+        macros.Add("Plan", "periods COL2:COL4\nROW1 = MAX( ROW1 ; 35 )\nROW4/COL2 = 1\nROW6 = COPY( ROW3 )");
+    BuildTree();
+    const Lines expected{"Retail/Feb: 20 -> 35",
+                         "Retail/Mar: 30 -> 35",
+                         "Fixed/Feb: 5 -> 1 (" + std::string(RefusalText(Refusal::ReadOnly)) + ")",
+                         "Total/Feb: 100 -> ",
+                         "Total/Mar: 100 -> ",
+                         "Total/Apr: 100 -> "};
+    int shown = 0;
+    bool accepts = false;
+    platform.whileShown = [&](Form& form) {
+        auto& upload = dynamic_cast<frmUpload&>(form);
+        ++shown;
+        EXPECT_EQ(upload.lblFile, "Plan");
+        EXPECT_EQ(upload.lblSummary, "5 changed values, 1 refused");
+        EXPECT_EQ(PreviewTexts(upload.Preview().changes), expected);
+        upload.Tick(0, false);
+        upload.Tick(2, true);
+        Put(6, 3, "99");  // the host changes a cell meanwhile
+        accepts ? upload.cmdOk_Click() : upload.cmdCancel_Click();
+        Put(6, 3, accepts ? "99" : "100");
+    };
+    EXPECT_EQ(context.macros.RunPreviewed(key, false).done, "Nothing was changed.");
+    EXPECT_EQ(Line(1) + " / " + Line(6), "10 20 30 40 50 60 / 100 100 100 100 100 100");
+    accepts = true;
+    const MacroOutcome outcome = context.macros.RunPreviewed(key, false);
+    EXPECT_EQ(Texts(outcome.problems), Lines());
+    EXPECT_EQ(outcome.done, "3 cells changed.\n1 cell left alone: the table was changed since the preview was made.");
+    EXPECT_EQ(Line(1) + " / " + Line(4) + " / " + Line(6), "10 20 35 40 50 60 / 5 5 5 5 5 5 / 100 - 99 - 100 100");
+    context.grid.valueEntry.Undo();
+    EXPECT_EQ(Line(1) + " / " + Line(6), "10 20 30 40 50 60 / 100 100 99 100 100 100");
+    EXPECT_FALSE(context.grid.history.CanUndo());
+    EXPECT_EQ(shown, 2);
+}
+
+TEST_F(MacroEngineTest, APreviewOfNothingAsksNothing) {
+    platform.whileShown = [](Form&) { ADD_FAILURE() << "there is nothing to look at"; };
+    const std::string same = macros.Add("Same", "ROW1 = ROW1");
+    const std::string faulty = macros.Add("Faulty", "ROW6 = 1 / ROW3");
+    const std::string recording = macros.AddNode("", MacroNodeType::Recording, "", "Recorded");
+    BuildTree();
+    EXPECT_EQ(context.macros.RunPreviewed(same, false).done, "The macro changes nothing.");
+    EXPECT_EQ(Texts(context.macros.RunPreviewed(faulty, false).problems), Lines{"/: Division by zero in Total, Jan."});
+    EXPECT_EQ(Texts(context.macros.RunPreviewed(recording, false).problems),
+              Lines{": A recording is replayed step by step and cannot be seen before. Replay it, and undo it where it "
+                    "is wrong."});
     EXPECT_FALSE(context.grid.history.CanUndo());
 }
 

@@ -9,7 +9,7 @@
 
 #include <planview/MemoryTable.h>
 
-#include "macro/language/MacroExpression.h"
+#include "formula/FormulaExpression.h"
 #include "macro/tree/MacroNodes.h"
 
 namespace planview::test {

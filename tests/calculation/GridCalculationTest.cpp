@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <planview/MemoryTable.h>
+#include <planview/PlanView.h>
+
+#include "components/GridControl.h"
+#include "control/ControlParts.h"
+#include "support/SampleTables.h"
+#include "support/ScriptedPlatform.h"
+#include "support/TraceOracle.h"
+
+namespace planview::test {
+namespace {
+
+/// Two months and their total; all goods (1) of construction (2) and manufacturing (3), their ratio (4).
+class GridCalculationTest : public TracedTest {
+protected:
+    GridCalculationTest() : control(std::make_unique<PlanView>(platform.Interfaces())) {
+        for (const char* caption : {"Jan", "Feb", "Both"}) {
+            tables.AddColumn(++columns_, caption);
+        }
+        for (const char* caption : {"Goods", "  Construction", "  Manufacturing", "Ratio"}) {
+            tables.AddLine(++lines_, caption);
+        }
+        formulas = std::make_shared<MemoryTable>(std::vector<std::string>{"TARGET", "FORMULA", "SOLVE_ORDER", "ENTRY"});
+        Formula("ROW1", "SUM(MEMBERS)");
+        Formula("COL3", "Jan + Feb", 1);
+        Formula("ROW4", "Construction / Manufacturing", 2, "");
+        tables.AddValue(2, 1, 10);
+        tables.AddValue(2, 2, 20);
+        tables.AddValue(3, 1, 30);
+        tables.AddValue(3, 2, 40);
+        tables.GiveTo(*control);
+        control->Calculation().SetFormulas(formulas);
+        control->DP_Import_Create();
+        ForgetEntries();
+    }
+
+    void Formula(const char* target, const char* text, int order = 0, const char* entry = "X") {
+        const std::int32_t row = formulas->AddRow();
+        formulas->SetValue(row, "TARGET", target);
+        formulas->SetValue(row, "FORMULA", text);
+        formulas->SetValue(row, "SOLVE_ORDER", order);
+        formulas->SetValue(row, "ENTRY", entry);
+    }
+    [[nodiscard]] GridControl& Grid() { return ControlParts(*control).Grid(); }
+    [[nodiscard]] Cell At(const char* column, const char* row) { return Grid().FindCell({column, row}).value(); }
+    void Type(const char* column, const char* row, const char* text) { Grid().EnterText(At(column, row), text); }
+    [[nodiscard]] std::string Shown() {
+        std::string text;
+        for (const RowId row : Grid().Rows(RowArea::Center)) {
+            text += text.empty() ? "" : " | ";
+            for (const ColumnId column : Grid().Columns(ColumnArea::Center)) {
+                text += (text.empty() || text.back() == ' ' ? "" : " ") + Grid().Contents({column, row});
+            }
+        }
+        return text;
+    }
+    [[nodiscard]] std::string InTab(int line, int period) const {
+        for (std::int32_t row = 1; row <= tables.tab->RowCount(); ++row) {
+            if (tables.tab->Value(row, "Z").AsInt32() == line && tables.tab->Value(row, "C").AsInt32() == period) {
+                return tables.tab->Value(row, "V").AsText();
+            }
+        }
+        return "none";
+    }
+
+    ScriptedPlatform platform;
+    Tables tables;
+    std::shared_ptr<MemoryTable> formulas;
+    std::unique_ptr<PlanView> control;
+
+private:
+    int columns_ = 0;
+    int lines_ = 0;
+};
+
+constexpr const char* AtFirst = "40 60 100 | 10 20 30 | 30 40 70 | 0,333333333333333 0,5 0,428571428571429";
+
+TEST_F(GridCalculationTest, TotalsStandInTheGridAndInTheTableAfterABuild) {
+    EXPECT_EQ(Shown(), AtFirst);
+    EXPECT_EQ(InTab(1, 3), "100");
+    EXPECT_EQ(tables.tabOld->RowCount(), 0);
+    EXPECT_TRUE(control->Calculation().IsComputed({"COL3", "ROW2"}));
+    EXPECT_FALSE(control->Calculation().IsComputed({"COL1", "ROW2"}));
+    EXPECT_EQ(control->Calculation().FormulaOf({"COL1", "ROW4"}), "Construction / Manufacturing");
+    EXPECT_TRUE(control->Calculation().Problems().empty());
+}
+
+TEST_F(GridCalculationTest, TotalsFollowALeafWithinItsAction) {
+    Type("COL1", "ROW2", "60");
+    EXPECT_EQ(Shown(), "90 60 150 | 60 20 80 | 30 40 70 | 2 0,5 1,14285714285714");
+    EXPECT_EQ(InTab(1, 3), "150");
+    EXPECT_EQ(tables.tabOld->RowCount(), 1) << "what is computed is nobody's pending change";
+    control->Editing().Undo();
+    EXPECT_EQ(Shown(), AtFirst);
+    EXPECT_EQ(InTab(1, 3), "100");
+    EXPECT_FALSE(control->Editing().CanUndo()) << "one action, one step";
+    control->Editing().Redo();
+    EXPECT_EQ(InTab(1, 3), "150");
+}
+
+TEST_F(GridCalculationTest, ATotalThatIsEnteredIsSpreadOverBothAxes) {
+    Type("COL3", "ROW1", "200");
+    EXPECT_EQ(Shown(), "80 120 200 | 20 40 60 | 60 80 140 | 0,333333333333333 0,5 0,428571428571429");
+    EXPECT_EQ(tables.tabOld->RowCount(), 4);
+    control->Editing().Undo();
+    EXPECT_EQ(Shown(), AtFirst);
+    EXPECT_FALSE(control->Editing().CanUndo());
+}
+
+TEST_F(GridCalculationTest, WhatCannotBeEnteredIsRefusedInWords) {
+    Type("COL1", "ROW4", "3");
+    EXPECT_EQ(Shown(), AtFirst);
+    ASSERT_EQ(platform.messages.size(), 1U);
+    EXPECT_EQ(platform.messages.front().text, "This cell is computed. Change the cells that it is computed from.");
+}
+
+TEST_F(GridCalculationTest, ADivisionByZeroShowsADashAndItsReason) {
+    Type("COL1", "ROW3", "0");
+    EXPECT_EQ(Grid().Contents(At("COL1", "ROW4")), "\u2013");
+    EXPECT_EQ(InTab(4, 1), "");
+    Type("COL1", "ROW3", "5");
+    EXPECT_EQ(Grid().Contents(At("COL1", "ROW4")), "2");
+}
+
+TEST_F(GridCalculationTest, RowsThatCannotBeComputedAreNamed) {
+    Formula("ROW9", "1");
+    Formula("ROW1", "1");
+    Formula("ROW2", "Nonsense + 1");
+    Formula("ROW3", "Manufacturing + 1");
+    control->DP_Import_Create();
+    std::string problems;
+    for (const FormulaProblem& problem : control->Calculation().Problems()) {
+        problems += std::to_string(problem.row) + " " + problem.target + "; ";
+    }
+    EXPECT_EQ(problems, "4 ROW9; 5 ROW1; 6 ROW2; 0 \"Manufacturing\"; ");
+    EXPECT_EQ(Grid().Contents(At("COL1", "ROW3")), "30") << "a cycle leaves its values";
+    control->Calculation().SetFormulas(nullptr);
+    control->DP_Import_Create();
+    EXPECT_TRUE(control->Calculation().Problems().empty());
+    EXPECT_FALSE(control->Calculation().IsComputed({"COL1", "ROW1"}));
+    ForgetEntries();
+}
+
+}  // namespace
+}  // namespace planview::test
