@@ -104,13 +104,12 @@ void ChartPlot::FitTrends() {
         if (trends.empty()) {
             continue;
         }
-        std::vector<double> shares;
-        if (stack_.onShares[series]) {
-            for (const ChartSpan& span : stack_.spans[series]) {
-                shares.push_back(span.to - span.from);
-            }
+        std::vector<double> ends;
+        const bool stacked = IsStackedType(state_.series[series].type);
+        for (const ChartSpan& span : stack_.spans[series]) {
+            ends.push_back(span.to);
         }
-        const std::span<const double> values = stack_.onShares[series] ? shares : state_.series[series].values;
+        const std::span<const double> values = stacked ? ends : state_.series[series].values;
         for (const auto& trend : trends) {
             fits_[series].emplace_back(trend->kind, values, trend->period);
         }

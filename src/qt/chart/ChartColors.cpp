@@ -10,7 +10,9 @@ namespace {
 constexpr QRgb White = 0xffffffff;
 constexpr QRgb Black = 0xff000000;
 constexpr double TextContrast = 4.5;
-constexpr double MarkContrast = 4.0;
+/// Enough for dots of the same colour on the headings of the grid, too.
+constexpr double MarkContrast = 3.5;
+constexpr double DarkMarkContrast = 4.0;
 constexpr double BandWeight = 0.08;
 constexpr double DarkBandWeight = 0.14;
 constexpr int PaletteWhite = 0;
@@ -31,19 +33,21 @@ bool isDark(QRgb ground) {
     return contrastRatio(White, ground) > contrastRatio(Black, ground);
 }
 
+/// Moved step by step away from the ground until it stands out.
+QRgb standingOut(QRgb color, QRgb ground) {
+    const bool dark = isDark(ground);
+    constexpr double Step = 0.08;
+    constexpr int MostSteps = 24;
+    for (int i = 0; i < MostSteps && contrastRatio(color, ground) < (dark ? DarkMarkContrast : MarkContrast); ++i) {
+        color = mixColors(color, dark ? White : Black, Step);
+    }
+    return color;
+}
+
 }  // namespace
 
 QRgb markColor(ChartColor color, QRgb ground) {
-    QRgb seen = rgbOf(color);
-    if (!isDark(ground)) {
-        return seen;
-    }
-    constexpr double Step = 0.08;
-    constexpr int MostSteps = 24;
-    for (int i = 0; i < MostSteps && contrastRatio(seen, ground) < MarkContrast; ++i) {
-        seen = mixColors(seen, White, Step);
-    }
-    return seen;
+    return standingOut(rgbOf(color), ground);
 }
 
 ChartColors::ChartColors(const ChartState& state, const GridTheme& theme)
@@ -84,7 +88,7 @@ QRgb ChartColors::series(int series) const {
 QRgb ChartColors::trend(int series, int trend) const {
     const auto& trends = state_.series[static_cast<std::size_t>(series - 1)].look->trends;
     const int index = trends[static_cast<std::size_t>(trend - 1)]->borderColorIndex;
-    return index < 0 ? this->series(series) : paletteColor(index, theme_.text);
+    return index < 0 ? this->series(series) : standingOut(paletteColor(index, theme_.text), plot_);
 }
 
 }  // namespace planview

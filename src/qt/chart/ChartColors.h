@@ -8,13 +8,13 @@
 
 namespace planview {
 
-/// A mark's colour on a background: unchanged, or lightened step by step where it would not stand out on a dark one.
+/// A mark's colour on a background: unchanged, or moved step by step away from one on which it would not stand out.
 [[nodiscard]] QRgb markColor(ChartColor color, QRgb ground);
 
 /// The colours of a chart in a theme.
 ///
-/// The palette's white and black mean the theme's own base and text, as they do in the grid; every other colour is
-/// drawn as it is, and texts on it are chosen so that they can be read.
+/// The palette's white and black mean the theme's own base and text, as they do in the grid; every other colour of an
+/// area is drawn as it is, and texts on it are chosen so that they can be read. Series and trend lines stand out.
 class ChartColors {
 public:
     ChartColors(const ChartState& state, const GridTheme& theme);

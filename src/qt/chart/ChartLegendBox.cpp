@@ -5,6 +5,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
+#include <numeric>
 
 #include "components/chart/ChartPlot.h"
 #include "qt/chart/ChartMarks.h"
@@ -46,7 +47,7 @@ void ChartLegendBox::collect(const ChartPlot& plot) {
     if (!state.legend.shown) {
         return;
     }
-    for (int series = 1; series <= state.SeriesCount(); ++series) {
+    for (const int series : seriesInOrder()) {
         const bool column = IsColumnType(state.series[static_cast<std::size_t>(series - 1)].type);
         entries_.push_back({column ? Kind::Column : Kind::Line, series, 0, seriesName(state, series), {}, {}});
     }
@@ -68,6 +69,21 @@ void ChartLegendBox::collect(const ChartPlot& plot) {
         entries_.push_back({Kind::Above, 0, 0, words("%1 higher").arg(measured), {}, {}});
         entries_.push_back({Kind::Below, 0, 0, words("%1 lower").arg(measured), {}, {}});
     }
+}
+
+/// From the top down beside the plot, where the series of a stack lie upon each other.
+std::vector<int> ChartLegendBox::seriesInOrder() const {
+    const ChartState& state = scene_.state;
+    std::vector<int> order(state.series.size());
+    std::iota(order.begin(), order.end(), 1);
+    const LegendPosition position = state.legend.position;
+    const bool beside = position == LegendPosition::Left || position == LegendPosition::Right;
+    const bool stacked = std::all_of(state.series.begin(), state.series.end(),
+                                     [](const ChartSeries& series) { return IsStackedType(series.type); });
+    if (beside && stacked) {
+        std::reverse(order.begin(), order.end());
+    }
+    return order;
 }
 
 double ChartLegendBox::swatchWidth() const {

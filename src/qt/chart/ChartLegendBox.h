@@ -50,6 +50,7 @@ public:
     [[nodiscard]] bool isCut(const Entry& entry) const;
 
 private:
+    [[nodiscard]] std::vector<int> seriesInOrder() const;
     void placeInColumn(QRectF& area, bool left);
     void placeInRows(QRectF& area, bool top);
     void cutTo(std::size_t count);

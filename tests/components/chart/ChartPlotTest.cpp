@@ -241,13 +241,21 @@ TEST(ChartPlotTest, TheAxisLeavesRoomForTrendLines) {
     EXPECT_LE(ChartPlot(state, Area, 10).Values().maximum, 2) << "but not for a curve that would leave nothing to see";
 }
 
-TEST(ChartPlotTest, ATrendOfSharesStandsOnTheirAxis) {
-    ChartState state =
-        SampleChart({{ChartType::StackedColumn100, {500, 500}}, {ChartType::StackedColumn100, {500, 1500}}});
-    AddTrend(state, 2, TrendKind::Linear);
-    const ChartPlot plot(state, Area, 10);
-    EXPECT_NEAR(plot.Trend(2, 1).at(0).at(0).y, plot.YOf(0.5, 2), 1e-9);
-    EXPECT_NEAR(plot.Trend(2, 1).at(0).at(1).y, plot.YOf(0.75, 2), 1e-9);
+TEST(ChartPlotTest, ATrendStandsWhereItsSeriesStands) {
+    for (const ChartType type : {ChartType::Column, ChartType::Line, ChartType::StackedColumn, ChartType::StackedLine,
+                                 ChartType::StackedColumn100, ChartType::StackedLine100}) {
+        ChartState state = SampleChart({{type, {500, 500}}, {type, {500, 1500}}, {type, {100, 200}}});
+        for (int series = 1; series <= 3; ++series) {
+            AddTrend(state, series, TrendKind::Linear);
+        }
+        const ChartPlot plot(state, Area, 10);
+        for (int series = 1; series <= 3; ++series) {
+            // A straight line through two points meets both.
+            const auto trend = plot.Trend(series, 1).at(0);
+            EXPECT_NEAR(trend.at(0).y, plot.Point(series, 1).y, 1e-9) << static_cast<int>(type) << ", " << series;
+            EXPECT_NEAR(trend.at(1).y, plot.Point(series, 2).y, 1e-9) << static_cast<int>(type) << ", " << series;
+        }
+    }
 }
 
 TEST(ChartClipTest, LinesAreCutAtTheirCrossings) {
