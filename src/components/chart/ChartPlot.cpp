@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
-#include <span>
 
 namespace planview {
 
@@ -104,12 +103,7 @@ void ChartPlot::FitTrends() {
         if (trends.empty()) {
             continue;
         }
-        std::vector<double> ends;
-        const bool stacked = IsStackedType(state_.series[series].type);
-        for (const ChartSpan& span : stack_.spans[series]) {
-            ends.push_back(span.to);
-        }
-        const std::span<const double> values = stacked ? ends : state_.series[series].values;
+        const std::vector<double> values = TrendValues(state_, stack_, series);
         for (const auto& trend : trends) {
             fits_[series].emplace_back(trend->kind, values, trend->period);
         }
@@ -149,7 +143,7 @@ void ChartPlot::IncludeTrends(ChartScaleRequest& request) const {
     const double highest = std::min(stack_.valueMaximum + range, largest);
     for (std::size_t series = 0; series < fits_.size(); ++series) {
         for (const TrendFit& fit : fits_[series]) {
-            for (int category = first_; category <= last_ && !stack_.onShares[series]; ++category) {
+            for (int category = 1; category <= state_.CategoryCount() && !stack_.onShares[series]; ++category) {
                 if (const std::optional<double> value = fit.At(category)) {
                     request.dataMinimum = std::min(request.dataMinimum, std::max(*value, lowest));
                     request.dataMaximum = std::max(request.dataMaximum, std::min(*value, highest));

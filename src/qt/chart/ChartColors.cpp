@@ -2,6 +2,7 @@
 #include "qt/chart/ChartColors.h"
 
 #include "components/chart/ChartControl.h"
+#include "components/chart/SeriesColors.h"
 
 namespace planview {
 
@@ -46,8 +47,10 @@ QRgb standingOut(QRgb color, QRgb ground) {
 
 }  // namespace
 
-QRgb markColor(ChartColor color, QRgb ground) {
-    return standingOut(rgbOf(color), ground);
+QRgb seriesColor(const ChartSeriesLook& look, QRgb ground) {
+    const SeriesColor& own = SeriesColors[static_cast<std::size_t>(look.style)];
+    const bool ofStyle = look.color == own.onLight;
+    return standingOut(rgbOf(ofStyle && isDark(ground) ? own.onDark : look.color), ground);
 }
 
 ChartColors::ChartColors(const ChartState& state, const GridTheme& theme)
@@ -82,7 +85,7 @@ QRgb ChartColors::band() const {
 }
 
 QRgb ChartColors::series(int series) const {
-    return markColor(state_.series[static_cast<std::size_t>(series - 1)].look->color, plot_);
+    return seriesColor(*state_.series[static_cast<std::size_t>(series - 1)].look, plot_);
 }
 
 QRgb ChartColors::trend(int series, int trend) const {

@@ -8,8 +8,9 @@
 
 namespace planview {
 
-/// A mark's colour on a background: unchanged, or moved step by step away from one on which it would not stand out.
-[[nodiscard]] QRgb markColor(ChartColor color, QRgb ground);
+/// The colour of a series on a background: that of its style for such a background, or the host's own. Unchanged, or
+/// moved step by step away from a background on which it would not stand out.
+[[nodiscard]] QRgb seriesColor(const ChartSeriesLook& look, QRgb ground);
 
 /// The colours of a chart in a theme.
 ///
