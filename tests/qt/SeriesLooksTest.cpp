@@ -21,6 +21,8 @@ private Q_SLOTS:
     void colorsOfTheHostStay();
     void noTwoStylesAreDrawnAlike();
     void dashesAreAsLongAsTheyAreSaidToBe();
+    void dashedLinesHaveGaps_data();
+    void dashedLinesHaveGaps();
     void denseLinesKeepTheirMarkers();
     void linesAreNamedAtTheirEnds();
     void namesAtEndsNeverMeet();
@@ -181,6 +183,43 @@ void SeriesLooksTest::dashesAreAsLongAsTheyAreSaidToBe() {
     QCOMPARE(pieces, (QVector<QLineF>{QLineF(0, 0, 20, 0), QLineF(30, 0, 40, 0), QLineF(40, 0, 40, 10),
                                       QLineF(40, 20, 40, 30)}));
     QCOMPARE(chartmarks::dashed(scene, {QLineF(0, 0, 40, 0)}, {}), (QVector<QLineF>{QLineF(0, 0, 40, 0)}));
+}
+
+void SeriesLooksTest::dashedLinesHaveGaps_data() {
+    QTest::addColumn<int>("style");
+    QTest::addColumn<int>("points");
+    for (const int style : {0, 4, 8, 12}) {
+        for (const int points : {11, 300}) {
+            QTest::addRow("style %d, %d points", style, points) << style << points;
+        }
+    }
+}
+
+void SeriesLooksTest::dashedLinesHaveGaps() {
+    QFETCH(int, style);
+    QFETCH(int, points);
+    ChartState state = lines({0});
+    state.legend.shown = false;
+    state.series[0].look = std::make_shared<ChartSeriesLook>(lookOf(style));
+    state.series[0].values.assign(static_cast<std::size_t>(points), 50);
+    state.series[0].values[0] = 70;  // so that the line is not one of the grid's
+    state.categories.assign(static_cast<std::size_t>(points), "n");
+    const LaidOut laid(state);
+    const ChartPlot& plot = laid.layout.plot();
+    const QImage image = pictureOf(state).image(Size, 1.0);
+    const int left = qRound(plot.CategoryCenter(2));
+    const int width = qRound(plot.CategoryCenter(points)) - left;
+    const QRgb color = seriesColor(*state.series[0].look, GridTheme::light().base);
+    int drawn = 0;
+    for (int x = left; x < left + width; ++x) {
+        drawn += countColor(image, QRect(x, qRound(plot.YOf(50)) - 1, 1, 3), color) > 0 ? 1 : 0;
+    }
+    const double part = 1.0 * drawn / width;
+    if (style == 0) {
+        QVERIFY2(part > 0.9, qPrintable(QString::number(part)));
+    } else {
+        QVERIFY2(part > 0.4 && part < 0.85, qPrintable(QString::number(part)));
+    }
 }
 
 void SeriesLooksTest::denseLinesKeepTheirMarkers() {

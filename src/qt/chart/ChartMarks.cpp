@@ -14,9 +14,10 @@ constexpr double SwatchRadius = 2.5;
 constexpr float TintWeight = 0.22F;
 constexpr double TrendWidthPart = 0.85;
 
-constexpr std::array<double, 2> LongDashes{9, 4};
-constexpr std::array<double, 4> DashesAndDots{9, 3, 2, 3};
-constexpr std::array<double, 2> ShortDashes{4, 3};
+// The caps of a line make each dash longer by its width, and each gap shorter.
+constexpr std::array<double, 2> LongDashes{7, 6};
+constexpr std::array<double, 4> DashesAndDots{7, 5, 0.5, 5};
+constexpr std::array<double, 2> ShortDashes{2, 5};
 constexpr int Markers = 4;
 
 }  // namespace
@@ -147,10 +148,13 @@ void paintLineSample(QPainter& painter, const ChartScene& scene, const QRectF& p
                      QRgb color, QRgb ground) {
     painter.setRenderHint(QPainter::Antialiasing, true);
     QPen pen = linePen(scene, color);
-    pen.setCapStyle(Qt::FlatCap);
+    const std::span<const double> dashes = dashesOf(look);
+    if (dashes.empty()) {
+        pen.setCapStyle(Qt::FlatCap);
+    }
     painter.setPen(pen);
     const double y = place.center().y();
-    painter.drawLines(dashed(scene, {QLineF(place.left(), y, place.right(), y)}, dashesOf(look)));
+    painter.drawLines(dashed(scene, {QLineF(place.left(), y, place.right(), y)}, dashes));
     painter.setPen(linePen(scene, color));
     painter.setBrush(QColor::fromRgb(ground));
     paintMarker(painter, markerOf(look), place.center(), scene.pixels(RingRadius));

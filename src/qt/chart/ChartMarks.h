@@ -33,7 +33,7 @@ inline constexpr double TopRadius = 2;
 /// How a line tells itself apart where its colour does not: by a marker, and by its dashes from the fifth style on.
 enum class Marker { Circle, Square, Diamond, Triangle };
 [[nodiscard]] Marker markerOf(const ChartSeriesLook& look);
-/// Lengths of dashes and gaps in turn, in logical pixels; none for a solid line.
+/// Lengths of dashes and gaps in turn without the caps of the line, in logical pixels; none for a solid line.
 [[nodiscard]] std::span<const double> dashesOf(const ChartSeriesLook& look);
 /// With the painter's pen and brush. A circle of that radius, or a shape of about its size.
 void paintMarker(QPainter& painter, Marker marker, QPointF center, double radius);

@@ -216,14 +216,11 @@ QVector<QLineF> ChartSeriesPainter::lineBetween(int series, int first, int last)
 /// Dashes begin anew at some of the points, the same ones whatever part of the line is painted.
 void ChartSeriesPainter::paintLine(QPainter& painter, int series) const {
     const bool selected = isSelected(series);
-    QPen pen = linePen(scene_, colors_.series(series), selected ? SelectedLineWidth : LineWidth);
+    painter.setPen(linePen(scene_, colors_.series(series), selected ? SelectedLineWidth : LineWidth));
     const std::span<const double> dashes = dashesOf(*seriesAt(series).look);
     if (dashes.empty()) {
-        painter.setPen(pen);
         painter.drawLines(lineBetween(series, first_, last_));
     } else {
-        pen.setCapStyle(Qt::FlatCap);
-        painter.setPen(pen);
         const int every = std::max(1, static_cast<int>(scene_.pixels(SparsePitch) / plot_.CategoryWidth()));
         for (int from = first_ - (first_ - plot_.FirstCategory()) % every; from < last_; from += every) {
             const int to = std::min(from + every, plot_.LastCategory());
