@@ -134,7 +134,7 @@ void SeriesLooksTest::neighboursDifferForEveryEye_data() {
 
 void SeriesLooksTest::neighboursDifferForEveryEye() {
     QFETCH(int, eye);
-    const Matrix& matrix = std::array{FullSight, Protanopia, Deuteranopia, Tritanopia}[static_cast<std::size_t>(eye)];
+    const Matrix matrix = std::array{FullSight, Protanopia, Deuteranopia, Tritanopia}[static_cast<std::size_t>(eye)];
     for (const GridTheme* theme : {&GridTheme::light(), &GridTheme::darkTheme()}) {
         const auto apart = [&](int one, int other) {
             return difference(seriesColor(lookOf(one % Styles), theme->base),
