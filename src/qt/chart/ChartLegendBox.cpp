@@ -76,7 +76,7 @@ std::vector<double> spread(const std::vector<ChartLegendBox::Entry>& entries, do
 }  // namespace
 
 ChartLegendBox::ChartLegendBox(const ChartScene& scene, const QFont& font)
-    : scene_(scene), font_(font), lineHeight_(QFontMetricsF(font).height()) {}
+    : scene_(scene), font_(font), lineHeight_(QFontMetricsF(font).height()), swatch_(scene.pixels(Swatch)) {}
 
 void ChartLegendBox::collect(const ChartPlot& plot) {
     const ChartState& state = scene_.state;
@@ -86,6 +86,10 @@ void ChartLegendBox::collect(const ChartPlot& plot) {
     for (const int series : seriesInOrder()) {
         const bool column = IsColumnType(state.series[static_cast<std::size_t>(series - 1)].type);
         entries_.push_back({column ? Kind::Column : Kind::Line, series, 0, seriesName(state, series), {}, {}, {}});
+        const ChartSeriesLook& look = *state.series[static_cast<std::size_t>(series - 1)].look;
+        if (!column && !chartmarks::dashesOf(look).empty()) {
+            swatch_ = scene_.pixels(DashedSwatch);
+        }
     }
     for (int series = 1; series <= state.SeriesCount(); ++series) {
         const auto count = static_cast<int>(state.series[static_cast<std::size_t>(series - 1)].look->trends.size());
@@ -122,16 +126,8 @@ std::vector<int> ChartLegendBox::seriesInOrder() const {
     return order;
 }
 
-double ChartLegendBox::swatch() const {
-    const bool dashes = std::any_of(entries_.begin(), entries_.end(), [this](const Entry& entry) {
-        return entry.kind == Kind::Line &&
-               !chartmarks::dashesOf(*scene_.state.series[static_cast<std::size_t>(entry.series - 1)].look).empty();
-    });
-    return scene_.pixels(dashes ? DashedSwatch : Swatch);
-}
-
 double ChartLegendBox::swatchWidth() const {
-    return swatch() + scene_.pixels(SwatchGap);
+    return swatch_ + scene_.pixels(SwatchGap);
 }
 
 double ChartLegendBox::fullWidth(const Entry& entry) const {
@@ -374,7 +370,7 @@ void ChartLegendBox::paintLeader(QPainter& painter, const ChartColors& colors, c
 }
 
 void ChartLegendBox::paintSwatch(QPainter& painter, const ChartColors& colors, const Entry& entry) const {
-    const double width = swatch();
+    const double width = swatch_;
     const QRectF place(entry.rect.left(), entry.rect.center().y() - width / 2, width, width);
     switch (entry.kind) {
         case Kind::Column:

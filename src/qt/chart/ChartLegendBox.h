@@ -63,7 +63,6 @@ private:
     void cutTo(std::size_t count);
     [[nodiscard]] double fullWidth(const Entry& entry) const;
     [[nodiscard]] double entryWidth(const Entry& entry) const;
-    [[nodiscard]] double swatch() const;
     [[nodiscard]] double swatchWidth() const;
     [[nodiscard]] bool mayStandAtEnds() const;
     [[nodiscard]] static std::optional<QPointF> endOf(const Entry& entry, const ChartPlot& plot);
@@ -73,6 +72,7 @@ private:
     const ChartScene& scene_;
     QFont font_;
     double lineHeight_;
+    double swatch_;
     std::vector<Entry> entries_;
     QRectF box_;
 };
