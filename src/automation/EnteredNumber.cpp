@@ -5,6 +5,8 @@
 #include <cmath>
 #include <utility>
 
+#include <planview/TypedNumber.h>
+
 #include "automation/NumberFormat.h"
 #include "automation/Numbers.h"
 #include "automation/Texts.h"
@@ -205,6 +207,12 @@ std::string SpokenNumber(double number) {
         text.pop_back();  // a number code shows its decimal mark even without decimals
     }
     return text;
+}
+
+std::optional<double> ReadTypedNumber(std::string_view text, std::string_view numberCode) {
+    const std::optional<NumberFormat> format = NumberFormat::Parse(numberCode);
+    const std::optional<EnteredNumber> read = ReadEntered(text, format ? &*format : nullptr);
+    return read ? std::optional(read->number) : std::nullopt;
 }
 
 }  // namespace planview

@@ -9,6 +9,7 @@
 #include "chart/ChartMarks.h"
 #include "chart/ChartRun.h"
 #include "chart/modChart.h"
+#include "components/chart/ChartStacking.h"
 #include "components/chart/TrendFit.h"
 
 namespace planview {
@@ -57,7 +58,8 @@ void ChartCommands::SwitchDisplay() {
     parts_.hostUpdate.StartUpdate();
 }
 
-void ChartCommands::SerieType(std::int16_t code) {
+void ChartCommands::SerieType(ChartType type) {
+    const auto code = static_cast<std::int16_t>(type);
     const HostTable lineIndex = parts_.tables.LINE_INDEX;
     ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
         const std::string key = lineIndex.Text(row, "GRID_ID");
@@ -194,8 +196,9 @@ void ChartCommands::CopyToClipboard() const {
     parts_.chart.CopyPicture();
 }
 
-void ChartCommands::TrendlineAdd(std::int16_t kind) {
-    ObjectRef trendline = modChart::TrendlineAdd(parts_.chart.Object(), parts_.driver, parts_.tables.LINE_INDEX, kind);
+void ChartCommands::TrendlineAdd(TrendKind kind) {
+    ObjectRef trendline = modChart::TrendlineAdd(parts_.chart.Object(), parts_.driver, parts_.tables.LINE_INDEX,
+                                                 static_cast<std::int16_t>(kind));
     if (trendline) {
         currentTrendline_ = std::move(trendline);
         TellTrendLimit();
@@ -205,14 +208,16 @@ void ChartCommands::TrendlineAdd(std::int16_t kind) {
 /// A kind of trend line may be impossible for the values of its line.
 void ChartCommands::TellTrendLimit() const {
     const std::string key = Late(currentTrendline_).Get("Name").Value().AsText();
-    for (const ChartSeries& series : parts_.chart.State().series) {
+    const ChartState& state = parts_.chart.State();
+    for (std::size_t i = 0; i < state.series.size(); ++i) {
+        const ChartSeries& series = state.series[i];
         if (series.key != key || series.look->trends.empty()) {
             continue;
         }
         const ChartTrend& trend = *series.look->trends.front();
-        const TrendFit fit(trend.kind, series.values, trend.period);
+        const TrendFit fit(trend.kind, TrendValues(state, StackSeries(state), i), trend.period);
         if (!fit.IsValid()) {
-            parts_.messageBoxes.Show({series.caption + ": " + fit.Limit(parts_.chart.State().categories), "Trend line",
+            parts_.messageBoxes.Show({series.caption + ": " + fit.Limit(state.categories), "Trend line",
                                       MessageButtons::Ok, MessageIcon::Information, MessageAnswer::Ok});
         }
         return;

@@ -45,7 +45,7 @@ public:
     void SwitchDisplay();
 
     /// Gives the selected lines this type in the chart.
-    void SerieType(std::int16_t code);
+    void SerieType(ChartType type);
     /// Gives the whole chart this type: the stacked columns by themselves, every other type through the lines that are
     /// in the chart.
     void ChooseType(ChartType type);
@@ -69,8 +69,8 @@ public:
     /// The picture of the chart as it is on screen.
     void CopyToClipboard() const;
 
-    /// `kind` as TrendKind. Says so when the values of the line do not allow that kind.
-    void TrendlineAdd(std::int16_t kind);
+    /// Says so when the values of the line do not allow that kind.
+    void TrendlineAdd(TrendKind kind);
     void TrendlineColor();
     void TrendlineDelete();
     [[nodiscard]] bool HasTrendline() const noexcept { return currentTrendline_ != nullptr; }

@@ -15,10 +15,9 @@ namespace planview {
 
 namespace {
 
-constexpr std::int16_t PlainColumn = 0;
-constexpr std::int16_t PlainLine = 23;
-constexpr std::int16_t StackedLine = 21;
-constexpr std::int16_t StackedLine100 = 22;
+constexpr std::int16_t CodeOf(ChartType type) noexcept {
+    return static_cast<std::int16_t>(type);
+}
 
 void TraceMarker(std::string_view marker) {
     modPlan::TraceWrite(modChart::Label, "{}", marker, "BEGIN");
@@ -103,6 +102,7 @@ void ChartData::Update() {
     shown_ = {};
     const int firstVisible = parts_.chart.State().FirstVisible();
     parts_.chart.SetComparison(0);
+    parts_.chart.SetGuidance({});
     if (parts_.chartSettings.viewMode == ChartViewMode::Forecast) {
         UpdateForecastView();
     } else {
@@ -145,9 +145,9 @@ void ChartData::UpdateNormalView() {
     modChart::StackView100(Chart(), settings.stacked100);
     ErrorTrap(modChart::Label, "Update", [&] {
         ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
-            const std::int16_t type = CodeIn(lineIndex, row, "CHART_TYPE");
-            if ((type == StackedLine || type == StackedLine100) && IsInChart(row)) {
-                modChart::SeriesCollection(Chart(), CodeIn(lineIndex, row, "CHART_ID"), type);
+            const std::optional<ChartType> type = ChartTypeIn(lineIndex, row);
+            if ((type == ChartType::StackedLine || type == ChartType::StackedLine100) && IsInChart(row)) {
+                modChart::SeriesCollection(Chart(), CodeIn(lineIndex, row, "CHART_ID"), CodeOf(*type));
             }
         });
     });
@@ -178,10 +178,11 @@ void ChartData::UpdateForecastView() {
     });
 }
 
-/// Nothing is drawn, and no point of what was drawn before can be changed. The user is told once, not at every change
-/// of a value.
+/// Nothing is drawn but what the user is to do, and no point of what was drawn before can be changed. He is told once,
+/// not at every change of a value.
 void ChartData::LeaveEmpty(ChartText why, const char* caption) {
     modChart::DeleteContents(Chart());
+    parts_.chart.SetGuidance(TextOf(parts_.tables.TEXTS, why));
     ForgetNumbers();
     if (told_ != why) {
         told_ = why;
@@ -315,7 +316,8 @@ void ChartData::ApplyLineTypes(const IsLine& isLine) const {
     ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
         if (isLine(row)) {
             const bool plain = FieldIs(lineIndex, row, "CHART_TYPE", "0") || FieldIs(lineIndex, row, "CHART_TYPE", "");
-            modChart::SeriesCollection(Chart(), CodeIn(lineIndex, row, "CHART_ID"), plain ? PlainColumn : PlainLine);
+            modChart::SeriesCollection(Chart(), CodeIn(lineIndex, row, "CHART_ID"),
+                                       CodeOf(plain ? ChartType::Column : ChartType::Line));
         }
     });
 }

@@ -32,6 +32,15 @@ std::int16_t CodeIn(const HostTable& table, HostTable::Row row, std::string_view
     });
 }
 
+std::optional<ChartType> ChartTypeIn(const HostTable& lineIndex, HostTable::Row row) {
+    return UnlessMissing(std::optional<ChartType>(), [&]() -> std::optional<ChartType> {
+        const Variant value = lineIndex.Value(row, "CHART_TYPE");
+        const std::string* text = value.TextIf();
+        const std::int16_t code = text && text->empty() ? std::int16_t{0} : value.AsInt16();
+        return IsChartType(code) ? std::optional(static_cast<ChartType>(code)) : std::nullopt;
+    });
+}
+
 HostTable::Row VisibleLine(const HostTable& lineIndex, std::string_view mark) {
     const int count = lineIndex.RowCount();
     for (int row = 1; row <= count; ++row) {

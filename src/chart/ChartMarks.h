@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "automation/HostTable.h"
+#include "components/chart/ChartTypes.h"
 
 /// What the index tables say of the chart: `SHOW_CHART` of a row.
 namespace planview {
@@ -21,6 +23,9 @@ inline constexpr std::string_view ForecastLine = "F";
 
 /// The number in a row's field; 0 where the field holds nothing or the table does not have it.
 [[nodiscard]] std::int16_t CodeIn(const HostTable& table, HostTable::Row row, std::string_view field);
+
+/// The type that a line has in `CHART_TYPE`; none for a code that means nothing, or where there is no such field.
+[[nodiscard]] std::optional<ChartType> ChartTypeIn(const HostTable& lineIndex, HostTable::Row row);
 
 /// Calls body(row) for each row of the table. The counter is a 16-bit number: Overflow behind row 32,767.
 template <class Body>

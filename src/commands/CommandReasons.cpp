@@ -115,6 +115,20 @@ std::string NoChart(const CommandSituation& now) {
     return Unless(now.on.settings.chartShown, "Show the chart first.");
 }
 
+std::string NoPlainLine(const CommandSituation& now) {
+    const std::int16_t type = now.on.settings.chartType;
+    const bool stacked = IsChartType(type) && IsStackedType(static_cast<ChartType>(type));
+    return !now.on.settings.chartShown ? NoChart(now)
+                                       : Unless(!stacked || now.on.chartCommands.IsForecastView(),
+                                                "The whole chart is stacked; its type is in the chart options.");
+}
+
+std::string NoPlainColumns(const CommandSituation& now) {
+    const std::optional<ChartType> type = now.SeriesType();
+    const bool isStackedLine = type && IsStackedType(*type) && !IsColumnType(*type);
+    return isStackedLine ? NoChart(now) : NoPlainLine(now);
+}
+
 std::string NoTrendLine(const CommandSituation& now) {
     return Unless(now.on.chartCommands.HasTrendline(), "Click a trend line in the chart first.");
 }

@@ -31,6 +31,10 @@ namespace planview::commands {
 [[nodiscard]] std::string NoRowToShow(const CommandSituation& now);
 
 [[nodiscard]] std::string NoChart(const CommandSituation& now);
+/// The whole chart is stacked, so that no series can be a line of its own,
+[[nodiscard]] std::string NoPlainLine(const CommandSituation& now);
+/// nor columns of its own. A stacked line can come back to the stack.
+[[nodiscard]] std::string NoPlainColumns(const CommandSituation& now);
 [[nodiscard]] std::string NoTrendLine(const CommandSituation& now);
 
 [[nodiscard]] std::string NoLayoutMode(const CommandSituation& now);

@@ -38,7 +38,7 @@ void SwitchTrace(CommandParts& on, CommandCall& /*call*/) {
 
 template <ChartType Type>
 void DrawAs(CommandParts& on, CommandCall& /*call*/) {
-    on.chartCommands.SerieType(static_cast<std::int16_t>(Type));
+    on.chartCommands.SerieType(Type);
 }
 
 template <ChartType Type>
@@ -48,7 +48,7 @@ bool IsDrawnAs(const CommandSituation& now) {
 
 template <TrendKind Kind>
 void AddTrend(CommandParts& on, CommandCall& /*call*/) {
-    on.chartCommands.TrendlineAdd(static_cast<std::int16_t>(Kind));
+    on.chartCommands.TrendlineAdd(Kind);
 }
 
 /// A row under construction.
@@ -309,12 +309,12 @@ constexpr CommandRow Table[] = {
         [](On& on, Call&) { on.chartCommands.CopyToClipboard(); })
         .Traced(Chart),
     Row(Command::DrawAsLine, "ChartLine", Group::Series, "Line", DrawAs<ChartType::Line>)
-        .Unless(NoChart)
+        .Unless(NoPlainLine)
         .Checked(IsDrawnAs<ChartType::Line>)
         .Recorded(StepKind::OnRows, "Draw %P as a line")
         .Traced(Chart),
     Row(Command::DrawAsColumns, "ChartColumn", Group::Series, "Column", DrawAs<ChartType::Column>)
-        .Unless(NoChart)
+        .Unless(NoPlainColumns)
         .Checked(IsDrawnAs<ChartType::Column>)
         .Recorded(StepKind::OnRows, "Draw %P as columns")
         .Traced(Chart),

@@ -10,7 +10,7 @@ ChartPart::ChartPart(ControlShared& shared, GridPart& grid)
                 [&shared] { return shared.chooseColor(); }}),
       options({shared.settings, settings, shared.tables, grid.hostUpdate, shared.desktop.forms,
                shared.desktop.messageBoxes, [&shared] { return shared.chooseColor(); },
-               [this] { return commands.CommonType(); }, [this](ChartType type) { commands.ChooseType(type); },
-               [this] { commands.Rebuild(); }}) {}
+               [this] { return commands.CommonType(); }, [this] { return control.State().ValueFormat(); },
+               [this](ChartType type) { commands.ChooseType(type); }, [this] { commands.Rebuild(); }}) {}
 
 }  // namespace planview

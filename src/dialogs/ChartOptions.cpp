@@ -53,6 +53,7 @@ void ChartOptions::Fill(frmChart& form) const {
     const ChartSettings& chart = parts_.chartSettings;
     form.Set_Text();
     form.Set_Type(parts_.commonType());
+    form.Set_Format(parts_.valueFormat());
     form.txtTitle = grid.titleText;
     form.Set_Font(chart.fontName);
     form.chkMinAuto.Value = Ticked(grid.autoMinimum);

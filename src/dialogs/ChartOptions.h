@@ -29,6 +29,8 @@ public:
         ColorChooser chooseColor;
         /// The type that all series have; none for a mix.
         std::function<std::optional<ChartType>()> commonType;
+        /// The number code of the value axis; empty for none.
+        std::function<std::string()> valueFormat;
         /// Gives the whole chart this type; called only when another one was chosen.
         std::function<void(ChartType)> chooseType;
         /// Sets the chart up anew where it is shown.

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "automation/EnteredNumber.h"
 #include "automation/Numbers.h"
 #include "automation/Texts.h"
 #include "trace/TraceText.h"
@@ -28,7 +29,14 @@ void NumberBox::SetOrEmpty(double value) {
 }
 
 std::optional<double> NumberBox::Value() const {
-    return Trimmed(Text).empty() ? std::optional(0.0) : TryParseNumber(Text);
+    const std::optional<EnteredNumber> read = ReadEntered(Text, Format);
+    return Trimmed(Text).empty() ? std::optional(0.0) : read ? std::optional(read->number) : std::nullopt;
+}
+
+void NumberBox::Settle() {
+    if (const std::optional<EnteredNumber> read = ReadEntered(Text, Format); read && read->other) {
+        Set(read->number);
+    }
 }
 
 void frmChart::OnLoad() {
@@ -84,6 +92,16 @@ void frmChart::Set_Text() {
     SetButtonTexts();
     if (modPlan::TraceEnabled) {
         modPlan::TraceWrite(TraceLabel(), "", "Set_Text", TraceText("{value: ", Caption(), "}"));
+    }
+}
+
+void frmChart::Set_Format(std::string_view code) {
+    format_ = NumberFormat::Parse(code);
+    if (!format_) {
+        format_ = NumberFormat::Parse("#,##0.##########");  // as the axis writes them without a code
+    }
+    for (NumberBox* box : {&txtMin, &txtMax, &txtMinRange, &txtMaxRange, &txtOptimum, &txtCategories}) {
+        box->Format = &*format_;
     }
 }
 

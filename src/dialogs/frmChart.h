@@ -6,21 +6,26 @@
 
 #include <planview/Export.h>
 
+#include "automation/NumberFormat.h"
 #include "components/chart/ChartTypes.h"
 #include "dialogs/PropertyForm.h"
 
 namespace planview {
 
-/// A number as the user enters it, in the control's own form.
-struct NumberBox {
+/// A number as the user enters it. It is shown in the control's own form, without groups.
+struct PLANVIEW_EXPORT NumberBox {
     std::string Caption;
     std::string Text;
+    /// What the number belongs to shows its numbers by this code, and so a text is read; null for any number.
+    const NumberFormat* Format = nullptr;
 
     void Set(double value);
     /// As Set(); 0 leaves the box empty.
     void SetOrEmpty(double value);
     /// The number; 0 for an empty box, none for what is no number.
     [[nodiscard]] std::optional<double> Value() const;
+    /// Shows the number as it was read where the text could have meant another one.
+    void Settle();
 };
 
 /// The options of the chart.
@@ -75,6 +80,8 @@ public:
     CheckBox chkChange;
 
     void Set_Text();
+    /// How the value axis writes its numbers; whole and grouped where the code is none.
+    void Set_Format(std::string_view code);
     /// None where the chart mixes several.
     void Set_Type(std::optional<ChartType> type);
     [[nodiscard]] std::optional<ChartType> Get_Type() const;
@@ -98,6 +105,7 @@ private:
     [[nodiscard]] std::string Fault() const;
 
     MessageBoxes& messageBoxes_;
+    std::optional<NumberFormat> format_;
 };
 
 }  // namespace planview

@@ -292,7 +292,7 @@ void ValueEntry::FollowChanges(Transaction& transaction) {
 }
 
 void ValueEntry::StoreComputed(Transaction& transaction, const ComputedValue& computed) {
-    const std::optional<std::string> error = ErrorTextOf([&] {
+    const std::optional<CaughtError> error = CaughtErrorOf([&] {
         const KeyPositions at = transaction.lookup.PositionsOf(computed.cell);
         if (transaction.announce == Announce::EachValue) {
             const std::array<Variant, 5> arguments{at.column, computed.cell.column, at.row, computed.cell.row,

@@ -39,23 +39,23 @@ protected:
 
 TEST_F(ChartCommandsTest, ASeriesTypeGoesToTheSelectedLines) {
     SelectRow("ROW2");
-    context.chart.commands.SerieType(22);
+    context.chart.commands.SerieType(ChartType::StackedLine100);
     EXPECT_EQ(tables.lineIndex->Value(2, "CHART_TYPE").AsInt16(), 22);
     EXPECT_EQ(Chart().series[1].type, ChartType::StackedLine100);
     EXPECT_EQ(Chart().series[0].type, ChartType::Column);
     EXPECT_EQ(EntriesOf("SerieType"), (Lines{"CHART |  | SerieType | {type:22}"}));
     SelectRow("ROW3");
-    context.chart.commands.SerieType(23);
+    context.chart.commands.SerieType(ChartType::Line);
     EXPECT_TRUE(tables.lineIndex->Value(3, "CHART_TYPE").IsEmpty()) << "a line that is not in the chart";
 }
 
 TEST_F(ChartCommandsTest, ATrendLineBelongsToTheSelectedLine) {
     SelectRow("ROW1");
-    context.chart.commands.TrendlineAdd(1);
+    context.chart.commands.TrendlineAdd(TrendKind::Logarithmic);
     EXPECT_EQ(Entries(), (Lines{"CHART |  | GetTrendline | {index:1}", "CHART |  | AddTrendline | {index:1}",
                                 "CHART |  | TrendlineAdd | {type:1 - index:1}"}));
     ForgetEntries();
-    context.chart.commands.TrendlineAdd(4);
+    context.chart.commands.TrendlineAdd(TrendKind::MovingAverage);
     EXPECT_EQ(Entries(), (Lines{"CHART |  | GetTrendline | {index:1}", "CHART |  | GetTrendline | {index:1}",
                                 "CHART |  | TrendlineAdd | {type:4 - index:1}"}));
     ASSERT_EQ(Chart().series[0].look->trends.size(), 1u) << "reused, never a second one";
@@ -79,16 +79,24 @@ TEST_F(ChartCommandsTest, ATrendLineBelongsToTheSelectedLine) {
 
 TEST_F(ChartCommandsTest, AnImpossibleTrendIsSaid) {
     SelectRow("ROW2");
-    context.chart.commands.TrendlineAdd(3);
+    context.chart.commands.TrendlineAdd(TrendKind::Exponential);
     ASSERT_EQ(platform.messages.size(), 1u);
     EXPECT_NE(platform.messages[0].text.find("Sales"), std::string::npos);
     EXPECT_NE(platform.messages[0].text.find("-1"), std::string::npos) << platform.messages[0].text;
+    // What counts is where the line is drawn: stacked on the one below it stands above zero.
+    for (const int row : {1, 2}) {
+        tables.lineIndex->SetValue(row, "CHART_TYPE", std::int16_t{21});
+    }
+    context.chart.Step();
+    SelectRow("ROW2");
+    context.chart.commands.TrendlineAdd(TrendKind::Exponential);
+    EXPECT_EQ(platform.messages.size(), 1u);
 }
 
 TEST_F(ChartCommandsTest, WithoutAQualifyingLineNoTrendIsAdded) {
     ExpectErrors();
     SelectRow("ROW3");
-    context.chart.commands.TrendlineAdd(0);
+    context.chart.commands.TrendlineAdd(TrendKind::Linear);
     EXPECT_FALSE(context.chart.commands.HasTrendline());
     EXPECT_EQ(Entries(IsError).size(), 1u);
 }
@@ -104,6 +112,7 @@ TEST_F(ChartCommandsTest, TheForecastViewComparesTwoLinesAndGivesTheMarksBack) {
     EXPECT_EQ(platform.messages[1].title, "Forecast");
     context.gridHandlers.SimpleClick({"FLC0", "ROW3"});
     EXPECT_EQ(platform.messages.size(), 2u);
+    EXPECT_EQ(Chart().guidance, "");
     EXPECT_EQ(Chart().comparisonBase, 1);
     ASSERT_EQ(Chart().SeriesCount(), 2);
     EXPECT_EQ(Chart().series[0].caption, "Sales");
@@ -127,6 +136,7 @@ TEST_F(ChartCommandsTest, TheForecastViewShowsTheHostsTexts) {
 TEST_F(ChartCommandsTest, AForecastViewWithoutLinesHoldsNothingThatCouldBeChanged) {
     context.chart.commands.ForecastView();
     EXPECT_EQ(Chart().SeriesCount(), 0);
+    EXPECT_EQ(Chart().guidance, platform.messages[0].text) << "the empty chart goes on saying what to do";
     EXPECT_FALSE(context.chart.control.UserMayChange(1, 1));
     EXPECT_EQ(tables.lineIndex->Value(1, "CHART_ID").AsInt32(), 0);
     EXPECT_EQ(tables.colsIndex->Value(1, "CHART_ID").AsInt32(), 0);

@@ -98,6 +98,39 @@ TEST_F(ChartOptionsTest, CancelChangesNothing) {
     EXPECT_EQ(updates, 0);
 }
 
+TEST_F(ChartOptionsTest, NumbersAreReadAsTheAxisShowsThem) {
+    const struct {
+        const char* format;
+        const char* typed;
+        double number;
+        const char* settled;
+    } rows[] = {
+        {"#,##0", "136.000", 136000, "136000"},
+        {"", "136.000", 136000, "136000"},
+        {"0.00", "136.000", 136, "136"},
+        {"#,##0", "136,5", 136.5, "136,5"},
+        {"#,##0", "1.234.567", 1234567, "1.234.567"},
+        {"#,##0.0\" EUR\"", "1.250,5 EUR", 1250.5, "1.250,5 EUR"},
+        {"0%", "12%", 0.12, "12%"},
+        {"#,##0", "", 0, ""},
+    };
+    for (const auto& row : rows) {
+        for (const int line : {2, 3}) {
+            tables.lineIndex->SetValue(line, "ROW_FORMAT", row.format);
+        }
+        context.chart.commands.Rebuild();
+        WhileShown<frmChart>([&](frmChart& form) {
+            form.txtMax.Text = row.typed;
+            form.txtMax.Settle();
+            EXPECT_EQ(form.txtMax.Text, row.settled) << row.format;
+            form.txtMax.Text = row.typed;
+            form.cmdOk_Click();
+        });
+        context.chart.options.Run();
+        EXPECT_EQ(context.shared.settings.maximum, row.number) << row.typed << " under " << row.format;
+    }
+}
+
 TEST_F(ChartOptionsTest, WhatCannotBeTakenIsSaidAndTheFormStays) {
     const struct {
         const char* name;

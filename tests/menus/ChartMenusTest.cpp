@@ -81,6 +81,37 @@ TEST_F(ChartMenusTest, ASeriesGetsTheChosenType) {
     }
 }
 
+/// Where the whole chart is stacked a series has no line or columns of its own; a stacked line can come back to the
+/// stack.
+TEST_F(ChartMenusTest, StackedViewsOfferNoPlainSeries) {
+    const struct {
+        std::int16_t chartType;
+        ChartType lineType;
+        bool line;
+        bool column;
+    } rows[] = {{0, ChartType::Column, true, true},
+                {1, ChartType::Column, false, false},
+                {2, ChartType::Line, false, false},
+                {1, ChartType::StackedLine, false, true},
+                {7, ChartType::Column, true, true}};
+    for (const auto& row : rows) {
+        context.shared.settings.chartType = row.chartType;
+        context.chart.settings.stacked = row.chartType == 1;
+        context.chart.settings.stacked100 = row.chartType == 2;
+        tables.lineIndex->SetValue(2, "CHART_TYPE", static_cast<std::int16_t>(row.lineType));
+        context.chart.Step();
+        RightClick(ChartHitCode::Series, 2);
+        bool line = false;
+        bool column = false;
+        for (const std::string& caption : Offered()) {
+            line |= caption == "Line" || caption == "Line*";
+            column |= caption == "Column" || caption == "Column*";
+        }
+        EXPECT_EQ(line, row.line) << row.chartType;
+        EXPECT_EQ(column, row.column) << row.chartType;
+    }
+}
+
 TEST_F(ChartMenusTest, TrendLinesComeColourAndGo) {
     RightClick(ChartHitCode::Trendline, 1, {"mnuTrendDel"});
     EXPECT_EQ(Offered(), Lines()) << "there is none";

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
+#include <QtTest>
 
 #include <gtest/gtest.h>
 
@@ -8,6 +9,7 @@
 #include "app/BookSession.h"
 #include "app/HostMessageBoxes.h"
 #include "app/MainWindow.h"
+#include "app/PercentDialog.h"
 #include "book/BookSnapshot.h"
 #include "book/BookStore.h"
 #include "book/HostCommands.h"
@@ -126,6 +128,23 @@ TEST(PlanEdits, LeaveAloneWhatCannotBeEdited) {
     EXPECT_EQ(CopyPeriod(book, 1, 2).size(), 1U);
 }
 
+/// Typed key by key: the field refuses what no number begins with.
+TEST(PercentDialog, ReadsAsTheTableDoes) {
+    const struct {
+        const char* typed;
+        double percent;
+    } rows[] = {{"1.5", 1.5},    {"1,5", 1.5}, {"-2.25", -2.25},  {"1.500", 1.5}, {"12", 12},
+                {"3.50 %", 3.5}, {"x4", 4},    {"1.000,0", 1000}, {"2000", 200}};
+    for (const auto& row : rows) {
+        PercentDialog dialog("Raise", 7, nullptr);
+        auto* field = dialog.findChild<QDoubleSpinBox*>("percent");
+        field->clear();
+        QTest::keyClicks(field, row.typed);
+        field->interpretText();
+        EXPECT_EQ(dialog.percent(), row.percent) << row.typed;
+    }
+}
+
 TEST(HostMenus, EveryEntryDoesItsWorkInTheFile) {
     const TestFolder folder;
     Host host(MakeSmallBook(folder));
@@ -143,6 +162,7 @@ TEST(HostMenus, EveryEntryDoesItsWorkInTheFile) {
 
     host.questions.number = 100;
     host.Choose(HostCommand::SpreadTotal, 1, 0);
+    EXPECT_EQ(host.questions.askedCode, LoadBook(host.file)[BookTable::LineIndex].Value(1, "ROW_FORMAT").AsText());
     EXPECT_EQ(host.questions.asked.substr(0, 60), "Total of \"Alpha\" over all periods that are shown: 10.000000");
     EXPECT_EQ(host.Line(1), "10 20 30 40");
     host.Choose(HostCommand::CopyValue, 1, 2);

@@ -31,7 +31,9 @@ public:
         asked = text.toStdString() + ": " + lines.join(", ").toStdString();
         return chosenLine;
     }
-    [[nodiscard]] std::optional<double> askNumber(const QString& text, double present) override {
+    [[nodiscard]] std::optional<double> askNumber(const QString& text, double present,
+                                                  const std::string& numberCode) override {
+        askedCode = numberCode;
         asked = text.toStdString() + ": " + std::to_string(present);
         return number;
     }
@@ -78,6 +80,7 @@ public:
     std::vector<std::string> names;  ///< to answer one after another; an empty one takes what is suggested
     std::optional<double> number;
     std::string asked;
+    std::string askedCode;
     std::function<void()> whileAsking;
     bool revert = true;
     Keep keep = Keep::Mine;

@@ -4,6 +4,7 @@
 #include <QMimeData>
 #include <QScrollBar>
 #include <QWheelEvent>
+#include <set>
 
 #include "qt/ChartOnScreen.h"
 
@@ -18,6 +19,7 @@ private Q_SLOTS:
     void rightClickLeavesSelectingToItsListener();
     void draggedPointTakesSnappedValue_data();
     void draggedPointTakesSnappedValue();
+    void bubblesOfSharesTellThem();
     void pointOfNoHeightCanBeTaken();
     void stackedPointChangesItsOwnValue();
     void dragBeyondTheAxisGoesOn();
@@ -63,7 +65,8 @@ void ChartMouseTest::clickSelects() {
     const QPoint between = (screen.grip(3, 4) + screen.grip(3, 5)) / 2;
     QTest::mouseClick(screen.port(), Qt::LeftButton, Qt::ControlModifier, between);
     QCOMPARE(screen.heard(), QStringLiteral("down 1 2 7, select 7 3/0"));
-    const QPoint legend = screen.view().layout().legend().entries()[0].rect.center().toPoint();
+    // The names stand at the ends of their lines, the lowest last.
+    const QPoint legend = screen.view().layout().legend().entries().back().rect.center().toPoint();
     QTest::mouseClick(screen.port(), Qt::LeftButton, {}, legend);
     QCOMPARE(screen.heard(), QStringLiteral("down 1 0 7, select 7 1/0"));
     QCOMPARE(screen.chart.State().selected.series, 1);
@@ -86,10 +89,11 @@ void ChartMouseTest::draggedPointTakesSnappedValue_data() {
     QTest::addColumn<int>("type");
     QTest::addColumn<QByteArray>("format");
     QTest::addColumn<double>("step");
-    QTest::newRow("columns, tenths") << int(ChartType::Column) << QByteArray("#,##0.0") << 0.1;
-    QTest::newRow("lines, whole") << int(ChartType::Line) << QByteArray("0") << 1.0;
-    QTest::newRow("percent") << int(ChartType::Line) << QByteArray("0%") << 0.01;
-    QTest::newRow("no format: what a pixel can reach") << int(ChartType::Column) << QByteArray("") << 10.0;
+    QTest::addColumn<double>("freeStep");
+    QTest::newRow("columns, tenths") << int(ChartType::Column) << QByteArray("#,##0.0") << 100.0 << 0.1;
+    QTest::newRow("lines, whole") << int(ChartType::Line) << QByteArray("0") << 100.0 << 1.0;
+    QTest::newRow("percent") << int(ChartType::Line) << QByteArray("0%") << 100.0 << 0.01;
+    QTest::newRow("no format: what a pixel can reach") << int(ChartType::Column) << QByteArray("") << 100.0 << 10.0;
 }
 
 void ChartMouseTest::draggedPointTakesSnappedValue() {
@@ -103,16 +107,42 @@ void ChartMouseTest::draggedPointTakesSnappedValue() {
     QVERIFY(screen.view().moved());
     const double value = screen.view().moved()->to();
     // The hand may be half a pixel beside the point.
-    QVERIFY2(std::abs(value - 12000) < 60, qPrintable(QString::number(value)));
+    QVERIFY2(std::abs(value - 12000) < 110, qPrintable(QString::number(value)));
     QVERIFY2(modulo(value, step) < 1e-6, qPrintable(QString::number(value, 'g', 15)));
     const ChartSeries& series = screen.chart.State().series[1];
     QCOMPARE(screen.view().bubbleText(),
              "Manufacturing, Jun 08\n" + valueText(series, 13504) + " → " + valueText(series, value));
     QCOMPARE(screen.chart.State().series[1].values[5], 13504.0);
+    // Shift lets the hand move freely; each pixel is another value then.
+    QFETCH(double, freeStep);
+    std::set<double> free;
+    for (int pixel = 0; pixel < 5; ++pixel) {
+        moveMouse(screen.port(), to - QPoint(0, pixel), Qt::LeftButton, Qt::ShiftModifier);
+        free.insert(screen.view().moved()->to());
+        QVERIFY(modulo(*free.rbegin(), freeStep) < 1e-6);
+    }
+    QCOMPARE(static_cast<int>(free.size()), 5);
+    moveMouse(screen.port(), to, Qt::LeftButton);
+    QCOMPARE(screen.view().moved()->to(), value);
     screen.heard();
     release(screen, to);
     QCOMPARE(screen.heard(), QStringLiteral("value 2/6=%1").arg(value, 0, 'g', 15));
     QVERIFY(!screen.view().moved());
+}
+
+void ChartMouseTest::bubblesOfSharesTellThem() {
+    ChartState state = SampleChart(ChartType::StackedColumn100);
+    state.series[0].values[5] = state.series[2].values[5] = 1000;
+    state.series[1].values[5] = 2000;
+    ChartOnScreen screen(state);
+    moveMouse(screen.port(), screen.grip(2, 6) + QPoint(0, 12));
+    QCOMPARE(screen.view().bubbleText(), QStringLiteral("Manufacturing, Jun 08\n2.000,0 (50,0%)"));
+    const QPoint from = screen.grip(2, 6) + QPoint(0, 12);
+    drag(screen, from, from - QPoint(0, 40));
+    const double value = screen.view().moved()->to();
+    QVERIFY(value > 2000);
+    QVERIFY2(screen.view().bubbleText().endsWith(shareText(value / (value + 2000), 1) + ')'),
+             qPrintable(screen.view().bubbleText()));
 }
 
 void ChartMouseTest::pointOfNoHeightCanBeTaken() {

@@ -177,8 +177,9 @@ inline void letTimersCome(QObject& object) {
 }
 
 /// Moves the mouse without regard to the size of the screen, which QTest's own moves are confined to.
-inline void moveMouse(QWidget* port, QPoint point, Qt::MouseButtons buttons = Qt::NoButton) {
-    QMouseEvent event(QEvent::MouseMove, point, port->mapToGlobal(point), Qt::NoButton, buttons, Qt::NoModifier);
+inline void moveMouse(QWidget* port, QPoint point, Qt::MouseButtons buttons = Qt::NoButton,
+                      Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QMouseEvent event(QEvent::MouseMove, point, port->mapToGlobal(point), Qt::NoButton, buttons, modifiers);
     QApplication::sendEvent(port, &event);
 }
 

@@ -20,14 +20,26 @@ namespace {
 
 constexpr BookTable MenuTables[] = {BookTable::GridMenu, BookTable::ColMenu, BookTable::RowMenu, BookTable::CellMenu};
 
-QString captionOf(const Book& book, std::int32_t line) {
-    const MemoryTable& table = book[BookTable::LineIndex];
+/// The row of LINE_INDEX that is about a line; 0 for none.
+std::int32_t rowOf(const MemoryTable& table, std::int32_t line) {
     for (std::int32_t row = 1; row <= table.RowCount(); ++row) {
         if (table.Value(row, "LINE").AsText() == std::to_string(line)) {
-            return QString::fromStdString(LineCaption(table, row));
+            return row;
         }
     }
-    return QString("line %1").arg(line);
+    return 0;
+}
+
+QString captionOf(const Book& book, std::int32_t line) {
+    const MemoryTable& table = book[BookTable::LineIndex];
+    const std::int32_t row = rowOf(table, line);
+    return row == 0 ? QString("line %1").arg(line) : QString::fromStdString(LineCaption(table, row));
+}
+
+std::string formatOf(const Book& book, std::int32_t line) {
+    const MemoryTable& table = book[BookTable::LineIndex];
+    const std::int32_t row = rowOf(table, line);
+    return row == 0 ? std::string() : table.Value(row, "ROW_FORMAT").AsText();
 }
 
 }  // namespace
@@ -169,7 +181,8 @@ void HostMenus::spreadTotal(std::int32_t line) {
     }
     const QString text =
         QString("Total of \"%1\" over all periods that are shown").arg(captionOf(session_.book(), line));
-    if (const std::optional<double> total = questions_.askNumber(text, TotalOf(session_.book(), line))) {
+    if (const std::optional<double> total =
+            questions_.askNumber(text, TotalOf(session_.book(), line), formatOf(session_.book(), line))) {
         change("Spread total", SpreadTotal(session_.book(), line, *total), "The line has this total already.");
     }
 }

@@ -2,12 +2,15 @@
 #include "app/PercentDialog.h"
 
 #include <QDialogButtonBox>
-#include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
+#include <cmath>
+
+#include <planview/TypedNumber.h>
 
 namespace planbook {
 
@@ -19,14 +22,37 @@ constexpr int Decimals = 2;
 
 }  // namespace
 
+PercentField::PercentField(QWidget* parent) : QDoubleSpinBox(parent) {
+    setRange(-Most, Most);
+    setDecimals(Decimals);
+    setLocale(QLocale(QLocale::German));  // as the table writes numbers
+    setSuffix(" %");
+}
+
+/// In a percentage nobody groups digits: one "." is a decimal mark, as in a cell with two decimals.
+std::optional<double> PercentField::numberIn(QString text) {
+    return planview::ReadTypedNumber(text.remove('%').trimmed().toStdString(), "0.00");
+}
+
+double PercentField::valueFromText(const QString& text) const {
+    return numberIn(text).value_or(0);
+}
+
+QValidator::State PercentField::validate(QString& text, int& position) const {
+    const std::optional<double> number = numberIn(text);
+    if (number) {
+        return std::abs(*number) <= Most ? QValidator::Acceptable : QValidator::Invalid;
+    }
+    // Letters are no beginning of a number.
+    const bool beginning = std::none_of(text.begin(), text.end(), [](QChar c) { return c.isLetter(); });
+    static_cast<void>(position);
+    return beginning ? QValidator::Intermediate : QValidator::Invalid;
+}
+
 PercentDialog::PercentDialog(const QString& text, double present, QWidget* parent)
-    : QDialog(parent), value_(new QDoubleSpinBox) {
+    : QDialog(parent), value_(new PercentField(this)) {
     setWindowTitle("Raise by percent");
     value_->setObjectName("percent");
-    value_->setRange(-Most, Most);
-    value_->setDecimals(Decimals);
-    value_->setLocale(QLocale(QLocale::German));  // as the table writes numbers
-    value_->setSuffix(" %");
     value_->setValue(present);
     value_->selectAll();
 

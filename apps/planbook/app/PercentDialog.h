@@ -2,10 +2,22 @@
 #pragma once
 
 #include <QDialog>
-
-class QDoubleSpinBox;
+#include <QDoubleSpinBox>
+#include <optional>
 
 namespace planbook {
+
+/// A field for a percentage, which is read as the cells of the table are: "1.5" is one and a half.
+class PercentField : public QDoubleSpinBox {
+public:
+    explicit PercentField(QWidget* parent);
+
+    [[nodiscard]] double valueFromText(const QString& text) const override;
+    [[nodiscard]] QValidator::State validate(QString& text, int& position) const override;
+
+private:
+    [[nodiscard]] static std::optional<double> numberIn(QString text);
+};
 
 /// Asks for a percentage: buttons with the usual ones, and a field for any other.
 class PercentDialog : public QDialog {
@@ -17,7 +29,7 @@ public:
     [[nodiscard]] double percent() const;
 
 private:
-    QDoubleSpinBox* value_;
+    PercentField* value_;
 };
 
 }  // namespace planbook

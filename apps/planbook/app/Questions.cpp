@@ -8,8 +8,9 @@
 #include <QPushButton>
 #include <QStringList>
 
+#include <planview/TypedNumber.h>
+
 #include "app/PercentDialog.h"
-#include "book/CellValue.h"
 
 namespace planbook {
 
@@ -86,7 +87,7 @@ int QuestionWindows::chooseLine(const QString& text, const QStringList& lines) {
     return chosen && box ? box->currentIndex() : -1;
 }
 
-std::optional<double> QuestionWindows::askNumber(const QString& text, double present) {
+std::optional<double> QuestionWindows::askNumber(const QString& text, double present, const std::string& numberCode) {
     QString entered = QString::number(present, 'f', 2).replace('.', ',');
     for (;;) {
         bool ok = false;
@@ -94,7 +95,7 @@ std::optional<double> QuestionWindows::askNumber(const QString& text, double pre
         if (!ok) {
             return std::nullopt;
         }
-        if (const std::optional<double> number = NumberOf(planview::Variant(entered.toStdString()))) {
+        if (const auto number = planview::ReadTypedNumber(entered.toStdString(), numberCode)) {
             return number;
         }
         tellFailure(QString("\"%1\" is not a number. Enter one such as 1234,5.").arg(entered));

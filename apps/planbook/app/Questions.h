@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 #include <optional>
+#include <string>
 #include <vector>
 
 class QWidget;
@@ -33,7 +34,9 @@ public:
     [[nodiscard]] virtual Keep whoseValues(const std::vector<DisputedCell>& cells) = 0;
     /// The place of one of the lines, from 0; -1 when the user chose none.
     [[nodiscard]] virtual int chooseLine(const QString& text, const QStringList& lines) = 0;
-    [[nodiscard]] virtual std::optional<double> askNumber(const QString& text, double present) = 0;
+    /// `numberCode` is that of the cells which the number is about: it is read as one typed there.
+    [[nodiscard]] virtual std::optional<double> askNumber(const QString& text, double present,
+                                                          const std::string& numberCode) = 0;
     /// A percentage; the one asked last comes first the next time.
     [[nodiscard]] virtual std::optional<double> askPercent(const QString& text) = 0;
     [[nodiscard]] virtual std::optional<QString> askName(const QString& text, const QString& suggested) = 0;
@@ -56,7 +59,8 @@ public:
     [[nodiscard]] bool mayRevert(int changes) override;
     [[nodiscard]] Keep whoseValues(const std::vector<DisputedCell>& cells) override;
     [[nodiscard]] int chooseLine(const QString& text, const QStringList& lines) override;
-    [[nodiscard]] std::optional<double> askNumber(const QString& text, double present) override;
+    [[nodiscard]] std::optional<double> askNumber(const QString& text, double present,
+                                                  const std::string& numberCode) override;
     [[nodiscard]] std::optional<double> askPercent(const QString& text) override;
     [[nodiscard]] std::optional<QString> askName(const QString& text, const QString& suggested) override;
     [[nodiscard]] OfRecording whatOfRecording(int steps) override;

@@ -38,7 +38,8 @@ public:
     [[nodiscard]] bool mayRevert(int /*changes*/) override { return false; }
     [[nodiscard]] Keep whoseValues(const std::vector<DisputedCell>& /*cells*/) override { return Keep::Theirs; }
     [[nodiscard]] int chooseLine(const QString& /*text*/, const QStringList& /*lines*/) override { return -1; }
-    [[nodiscard]] std::optional<double> askNumber(const QString& /*text*/, double /*present*/) override {
+    [[nodiscard]] std::optional<double> askNumber(const QString& /*text*/, double /*present*/,
+                                                  const std::string& /*numberCode*/) override {
         return std::nullopt;
     }
     [[nodiscard]] std::optional<double> askPercent(const QString& /*text*/) override { return std::nullopt; }

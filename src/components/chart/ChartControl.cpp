@@ -44,6 +44,13 @@ std::optional<ChartColor> ChartControl::ColorOf(std::string_view key) const {
     return found == model_->looks.end() ? std::nullopt : std::optional(found->second->color);
 }
 
+void ChartControl::SetGuidance(std::string guidance) {
+    if (model_->state.guidance != guidance) {
+        model_->state.guidance = std::move(guidance);
+        model_->Touch();
+    }
+}
+
 void ChartControl::SetComparison(int base) {
     if (model_->state.comparisonBase != base) {
         model_->state.comparisonBase = base;

@@ -78,6 +78,8 @@ public:
     [[nodiscard]] std::optional<ChartColor> ColorOf(std::string_view key) const;
     /// `base` as ChartState::comparisonBase.
     void SetComparison(int base);
+    /// `guidance` as ChartState::guidance.
+    void SetGuidance(std::string guidance);
     /// Keys of the lines that are chosen for a comparison; empty for none.
     void NameComparedLines(std::string sales, std::string forecast);
     /// Asks the view for it; nothing without one.

@@ -13,6 +13,11 @@ namespace {
 /// More values than this are a mistake of the caller, not a chart.
 constexpr std::int64_t MaxValues = 20'000'000;
 
+void GiveStyle(ChartSeriesLook& look, int style) {
+    look.style = style;
+    look.color = SeriesColors[static_cast<std::size_t>(style)].onLight;
+}
+
 }  // namespace
 
 void ThrowNoSuchIndex(const char* what, std::int32_t index, std::int32_t count) {
@@ -55,7 +60,7 @@ void ChartModel::CreateDataRows(std::int32_t categories, std::int32_t series, st
         one.type = state.type;
         one.values.assign(static_cast<std::size_t>(categories), 0.0);
         one.look = std::make_shared<ChartSeriesLook>();
-        one.look->color = SeriesColors[i % SeriesColors.size()];
+        GiveStyle(*one.look, static_cast<int>(i % SeriesColors.size()));
     }
     state.selected = {};
     Touch();
@@ -67,7 +72,7 @@ void ChartModel::NameSeries(std::int32_t number, const std::string& key, const s
     if (known != looks.end()) {
         series.look = known->second;
     } else {
-        series.look->color = NextColor();
+        GiveStyle(*series.look, NextStyle());
         looks.emplace(key, series.look);
     }
     series.key = key;
@@ -79,17 +84,14 @@ void ChartModel::NameSeries(std::int32_t number, const std::string& key, const s
     Touch();
 }
 
-/// The colour that the fewest keys have, the first of those.
-ChartColor ChartModel::NextColor() const {
+/// The style that the fewest keys have, the first of those. A series whose colour is the host's leaves its style free.
+int ChartModel::NextStyle() const {
     std::array<int, SeriesColors.size()> uses{};
     for (const auto& [key, look] : looks) {
-        const auto* found = std::find(SeriesColors.begin(), SeriesColors.end(), look->color);
-        if (found != SeriesColors.end()) {
-            ++uses[static_cast<std::size_t>(found - SeriesColors.begin())];
-        }
+        const auto style = static_cast<std::size_t>(look->style);
+        uses[style] += look->color == SeriesColors[style].onLight ? 1 : 0;
     }
-    const auto* least = std::min_element(uses.begin(), uses.end());
-    return SeriesColors[static_cast<std::size_t>(least - uses.begin())];
+    return static_cast<int>(std::min_element(uses.begin(), uses.end()) - uses.begin());
 }
 
 }  // namespace planview

@@ -55,7 +55,7 @@ private:
             watcher->ChartChanged();
         }
     }
-    [[nodiscard]] ChartColor NextColor() const;
+    [[nodiscard]] int NextStyle() const;
 };
 
 /// Throws SubscriptOutOfRange: "`what` `index` is not between 1 and `count`".

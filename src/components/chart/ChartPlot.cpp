@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
-#include <span>
 
 namespace planview {
 
@@ -104,13 +103,7 @@ void ChartPlot::FitTrends() {
         if (trends.empty()) {
             continue;
         }
-        std::vector<double> shares;
-        if (stack_.onShares[series]) {
-            for (const ChartSpan& span : stack_.spans[series]) {
-                shares.push_back(span.to - span.from);
-            }
-        }
-        const std::span<const double> values = stack_.onShares[series] ? shares : state_.series[series].values;
+        const std::vector<double> values = TrendValues(state_, stack_, series);
         for (const auto& trend : trends) {
             fits_[series].emplace_back(trend->kind, values, trend->period);
         }
@@ -150,7 +143,7 @@ void ChartPlot::IncludeTrends(ChartScaleRequest& request) const {
     const double highest = std::min(stack_.valueMaximum + range, largest);
     for (std::size_t series = 0; series < fits_.size(); ++series) {
         for (const TrendFit& fit : fits_[series]) {
-            for (int category = first_; category <= last_ && !stack_.onShares[series]; ++category) {
+            for (int category = 1; category <= state_.CategoryCount() && !stack_.onShares[series]; ++category) {
                 if (const std::optional<double> value = fit.At(category)) {
                     request.dataMinimum = std::min(request.dataMinimum, std::max(*value, lowest));
                     request.dataMaximum = std::max(request.dataMaximum, std::min(*value, highest));

@@ -56,8 +56,7 @@ public:
     [[nodiscard]] ChartRect Column(int series, int category) const;
     /// Of a line, or the end of a column.
     [[nodiscard]] ChartPoint Point(int series, int category) const;
-    /// The trend line (from 1) of a series: through its own values, or through its shares where it stands on their
-    /// axis.
+    /// The trend line (from 1) of a series: through its points as they stand, those of a stacked one on what is below.
     [[nodiscard]] const TrendFit& Fit(int series, int trend) const;
     /// It as points, at least one for each visible category; several pieces where it has gaps, none where it is not
     /// valid. May leave the plot area.

@@ -102,13 +102,10 @@ struct Extremes {
 
 void FindExtremes(const ChartState& state, ChartStack& stack) {
     std::array<Extremes, 2> extremes;
-    const auto first = static_cast<std::size_t>(state.FirstVisible() - 1);
-    const std::size_t last = first + static_cast<std::size_t>(state.VisibleCount());
     for (std::size_t series = 0; series < state.series.size(); ++series) {
         const bool column = IsColumnType(state.series[series].type);
         Extremes& axis = extremes[stack.onShares[series] ? 1 : 0];
-        for (std::size_t category = first; category < last; ++category) {
-            const ChartSpan& span = stack.spans[series][category];
+        for (const ChartSpan& span : stack.spans[series]) {
             axis.Include(span.to);
             if (column) {
                 axis.Include(span.from);
@@ -201,6 +198,18 @@ ChartStack StackSeries(const ChartState& state) {
     }
     FindExtremes(state, stack);
     return stack;
+}
+
+std::vector<double> TrendValues(const ChartState& state, const ChartStack& stack, std::size_t series) {
+    if (!IsStackedType(state.series[series].type)) {
+        return state.series[series].values;
+    }
+    std::vector<double> ends;
+    ends.reserve(stack.spans[series].size());
+    for (const ChartSpan& span : stack.spans[series]) {
+        ends.push_back(span.to);
+    }
+    return ends;
 }
 
 double OwnValueFor(const ChartState& state, int series, int category, double to) {

@@ -23,7 +23,8 @@ struct ChartStack {
     std::vector<bool> onShares;
     bool anyOnValues = false;
     bool anyOnShares = false;
-    /// The extremes of what stands on each axis within the visible categories; 0 where there is nothing.
+    /// The extremes of what stands on each axis, seen or not, so that an axis stays where it is while the user scrolls;
+    /// 0 where there is nothing.
     double valueMinimum = 0;
     double valueMaximum = 0;
     double shareMinimum = 0;
@@ -34,6 +35,10 @@ struct ChartStack {
 /// up in series order whatever their sign. In a share type each value is divided by the sum of the absolute values of
 /// its kind in its category; a category whose sum is 0 has shares of 0.
 [[nodiscard]] PLANVIEW_EXPORT ChartStack StackSeries(const ChartState& state);
+
+/// What a trend line of a series (from 0) is fitted to: its values, or where the points of a stacked one stand.
+[[nodiscard]] PLANVIEW_EXPORT std::vector<double> TrendValues(const ChartState& state, const ChartStack& stack,
+                                                              std::size_t series);
 
 /// The own value that a series must have in a category (both from 0) so that its span ends at `to`, in the units of its
 /// axis: for the user who drags a point of a stack. The other series stay as they are. Where no value gives that end,

@@ -5,6 +5,20 @@
 
 namespace planview {
 
+std::string ChartState::ValueFormat() const {
+    const std::string* common = nullptr;
+    for (const ChartSeries& each : series) {
+        if (IsShareType(each.type)) {
+            continue;
+        }
+        if (common && *common != each.format) {
+            return {};
+        }
+        common = &each.format;
+    }
+    return common ? *common : std::string();
+}
+
 int ChartState::VisibleCount() const noexcept {
     const int asked = categoryAxis.visibleCategories;
     return asked <= 0 ? CategoryCount() : std::min(asked, CategoryCount());

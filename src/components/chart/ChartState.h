@@ -32,6 +32,9 @@ struct ChartTrend {
 
 /// What a series keeps through every rebuild of the chart, for as long as it is known by the same key.
 struct ChartSeriesLook {
+    /// One of SeriesStyles from 0: the colour that the series gets, its marker and its dashes.
+    int style = 0;
+    /// That of its style, or one that the host has chosen.
     ChartColor color;
     std::int16_t gradient = 1;  ///< 1: none
     ChartInterior interior;
@@ -102,6 +105,9 @@ struct PLANVIEW_EXPORT ChartState {
     std::string salesKey;
     std::string forecastKey;
 
+    /// What the user is to do so that an empty chart shows something; empty: the view says it in its own words.
+    std::string guidance;
+
     std::string title;
     ChartFont titleFont;
     ChartLegend legend;
@@ -116,6 +122,8 @@ struct PLANVIEW_EXPORT ChartState {
 
     [[nodiscard]] int CategoryCount() const noexcept { return static_cast<int>(categories.size()); }
     [[nodiscard]] int SeriesCount() const noexcept { return static_cast<int>(series.size()); }
+    /// The number code of all series on the axis of values; empty where they have different ones or none.
+    [[nodiscard]] std::string ValueFormat() const;
     /// The visible window of categories: the first one, from 1, and how many, at least 1 where there are any.
     [[nodiscard]] int FirstVisible() const noexcept;
     [[nodiscard]] int VisibleCount() const noexcept;

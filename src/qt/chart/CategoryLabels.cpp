@@ -3,6 +3,8 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QSet>
+#include <QStringList>
 #include <QTransform>
 #include <QtMath>
 #include <algorithm>
@@ -48,6 +50,7 @@ CategoryLabels::CategoryLabels(const ChartScene& scene, const QFont& font, doubl
     if (widest_ > 0) {
         widest_ = std::min(widest_, longest_);
         chooseStand(categoryWidth, state.categoryAxis.orientation);
+        chooseShortening();
     }
 }
 
@@ -92,6 +95,67 @@ void CategoryLabels::stand(double angle, double categoryWidth) {
     depth_ = std::min(gap_ + widest_ * sine + lineDepth, std::max(room_, 0.0));
 }
 
+/// The one that leaves the most texts different from each other.
+void CategoryLabels::chooseShortening() {
+    const QFontMetricsF metrics(font_);
+    QStringList texts;
+    bool tooLong = false;
+    for (int i = 0; i < scene_.state.VisibleCount(); ++i) {
+        texts << text(scene_.state.FirstVisible() + i);
+        tooLong = tooLong || metrics.horizontalAdvance(texts.back()) > longest_;
+    }
+    texts.removeDuplicates();
+    if (!tooLong || texts.size() < 2) {
+        return;
+    }
+    const QString& first = texts.front();
+    commonStart_ = first.size();
+    commonEnd_ = first.size();
+    for (const QString& other : texts) {
+        const auto starts = std::mismatch(first.begin(), first.end(), other.begin(), other.end());
+        const auto ends = std::mismatch(first.rbegin(), first.rend(), other.rbegin(), other.rend());
+        if (other != first) {
+            commonStart_ = std::min<qsizetype>(commonStart_, starts.first - first.begin());
+            commonEnd_ = std::min<qsizetype>(commonEnd_, ends.first - first.rbegin());
+        }
+    }
+    qsizetype most = 0;
+    Shortening best = Shortening::End;
+    for (const Shortening each : {Shortening::End, Shortening::Middle, Shortening::Start, Shortening::Within}) {
+        shortening_ = each;
+        QSet<QString> seen;
+        for (const QString& text : texts) {
+            seen.insert(shortened(text, longest_));
+        }
+        if (seen.size() > most) {
+            most = seen.size();
+            best = each;
+        }
+    }
+    shortening_ = best;
+}
+
+QString CategoryLabels::shortened(const QString& text, double longest) const {
+    const QFontMetricsF metrics(font_);
+    switch (shortening_) {
+        case Shortening::End:
+            break;
+        case Shortening::Middle:
+            return metrics.elidedText(text, Qt::ElideMiddle, longest);
+        case Shortening::Start:
+            return metrics.elidedText(text, Qt::ElideLeft, longest);
+        case Shortening::Within:
+            if (metrics.horizontalAdvance(text) > longest) {
+                const qsizetype length = std::max<qsizetype>(1, text.size() - commonStart_ - commonEnd_);
+                const QString differing = text.mid(commonStart_, length);
+                return metrics.elidedText(commonStart_ > 0 ? QChar(0x2026) + differing : differing, Qt::ElideRight,
+                                          longest);
+            }
+            break;
+    }
+    return metrics.elidedText(text, Qt::ElideRight, longest);
+}
+
 double CategoryLabels::overhang() const {
     return angle_ == 0 && depth_ > 0 ? widest_ / 2 : height_ / 2;
 }
@@ -108,11 +172,16 @@ void CategoryLabels::place(const ChartPlot& plot) {
     }
 }
 
+LabelSteps CategoryLabels::stepsIn(const ChartPlot& plot) const {
+    return StepsOf(scene_.state.categories, plot.FirstCategory(), plot.LastCategory(), every_);
+}
+
 void CategoryLabels::placeHorizontal(const ChartPlot& plot) {
     const QFontMetricsF metrics(font_);
     double taken = scene_.area.left();
-    for (int category = plot.FirstCategory(); category <= plot.LastCategory(); category += every_) {
-        const QString shown = metrics.elidedText(text(category), Qt::ElideRight, longest_);
+    const LabelSteps steps = stepsIn(plot);
+    for (int category = steps.first; category <= plot.LastCategory(); category += steps.every) {
+        const QString shown = shortened(text(category), longest_);
         const double width = metrics.horizontalAdvance(shown);
         const double left = std::clamp(plot.CategoryCenter(category) - width / 2, scene_.area.left(),
                                        std::max(scene_.area.left(), scene_.area.right() - width));
@@ -129,11 +198,12 @@ void CategoryLabels::placeHorizontal(const ChartPlot& plot) {
 void CategoryLabels::placeTurned(const ChartPlot& plot) {
     const QFontMetricsF metrics(font_);
     const double cosine = std::cos(qDegreesToRadians(angle_));
-    for (int category = plot.FirstCategory(); category <= plot.LastCategory(); category += every_) {
+    const LabelSteps steps = stepsIn(plot);
+    for (int category = steps.first; category <= plot.LastCategory(); category += steps.every) {
         const double center = plot.CategoryCenter(category);
         const double toBorder = center - scene_.area.left();
         const double longest = cosine > 0.1 ? std::min(longest_, toBorder / cosine) : longest_;
-        const QString shown = metrics.elidedText(text(category), Qt::ElideRight, longest);
+        const QString shown = shortened(text(category), longest);
         if (shown.isEmpty() || longest < height_) {
             continue;
         }

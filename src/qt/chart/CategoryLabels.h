@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "components/chart/ChartTypes.h"
+#include "components/chart/Periods.h"
 #include "qt/chart/ChartScene.h"
 
 class QPainter;
@@ -16,7 +17,8 @@ namespace planview {
 class ChartPlot;
 
 /// The texts under the category axis. They never overlap: what does not fit side by side is thinned out where the
-/// categories are many, else slanted or turned and, in the end, shortened.
+/// categories are many, else slanted or turned and, in the end, shortened so that they still differ. Months are thinned
+/// out to quarters and years.
 class CategoryLabels {
 public:
     /// How the texts stand and how deep they reach, for categories of this width. `room` is the greatest depth.
@@ -39,12 +41,18 @@ public:
     [[nodiscard]] const std::vector<Label>& labels() const { return labels_; }
 
 private:
+    /// What is left out of a text that is too long. Within: what all texts begin and end with, then the end.
+    enum class Shortening { End, Middle, Start, Within };
+
     void chooseStand(double categoryWidth, LabelOrientation orientation);
     void standHorizontally(double categoryWidth);
     void stand(double angle, double categoryWidth);
     void placeHorizontal(const ChartPlot& plot);
     void placeTurned(const ChartPlot& plot);
     [[nodiscard]] QString text(int category) const;
+    [[nodiscard]] LabelSteps stepsIn(const ChartPlot& plot) const;
+    void chooseShortening();
+    [[nodiscard]] QString shortened(const QString& text, double longest) const;
 
     const ChartScene& scene_;
     QFont font_;
@@ -57,7 +65,11 @@ private:
     double angle_ = 0;    ///< degrees, anticlockwise
     double depth_ = 0;
     double room_;
-    int every_ = 1;
+    int every_ = 1;  ///< at least so many categories from one text to the next
+    Shortening shortening_ = Shortening::End;
+    // What all texts have in common, in letters.
+    qsizetype commonStart_ = 0;
+    qsizetype commonEnd_ = 0;
     std::vector<Label> labels_;
 };
 

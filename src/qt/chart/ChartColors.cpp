@@ -2,6 +2,7 @@
 #include "qt/chart/ChartColors.h"
 
 #include "components/chart/ChartControl.h"
+#include "components/chart/SeriesColors.h"
 
 namespace planview {
 
@@ -10,7 +11,9 @@ namespace {
 constexpr QRgb White = 0xffffffff;
 constexpr QRgb Black = 0xff000000;
 constexpr double TextContrast = 4.5;
-constexpr double MarkContrast = 4.0;
+/// Enough for dots of the same colour on the headings of the grid, too.
+constexpr double MarkContrast = 3.5;
+constexpr double DarkMarkContrast = 4.0;
 constexpr double BandWeight = 0.08;
 constexpr double DarkBandWeight = 0.14;
 constexpr int PaletteWhite = 0;
@@ -31,19 +34,23 @@ bool isDark(QRgb ground) {
     return contrastRatio(White, ground) > contrastRatio(Black, ground);
 }
 
-}  // namespace
-
-QRgb markColor(ChartColor color, QRgb ground) {
-    QRgb seen = rgbOf(color);
-    if (!isDark(ground)) {
-        return seen;
-    }
+/// Moved step by step away from the ground until it stands out.
+QRgb standingOut(QRgb color, QRgb ground) {
+    const bool dark = isDark(ground);
     constexpr double Step = 0.08;
     constexpr int MostSteps = 24;
-    for (int i = 0; i < MostSteps && contrastRatio(seen, ground) < MarkContrast; ++i) {
-        seen = mixColors(seen, White, Step);
+    for (int i = 0; i < MostSteps && contrastRatio(color, ground) < (dark ? DarkMarkContrast : MarkContrast); ++i) {
+        color = mixColors(color, dark ? White : Black, Step);
     }
-    return seen;
+    return color;
+}
+
+}  // namespace
+
+QRgb seriesColor(const ChartSeriesLook& look, QRgb ground) {
+    const SeriesColor& own = SeriesColors[static_cast<std::size_t>(look.style)];
+    const bool ofStyle = look.color == own.onLight;
+    return standingOut(rgbOf(ofStyle && isDark(ground) ? own.onDark : look.color), ground);
 }
 
 ChartColors::ChartColors(const ChartState& state, const GridTheme& theme)
@@ -78,13 +85,13 @@ QRgb ChartColors::band() const {
 }
 
 QRgb ChartColors::series(int series) const {
-    return markColor(state_.series[static_cast<std::size_t>(series - 1)].look->color, plot_);
+    return seriesColor(*state_.series[static_cast<std::size_t>(series - 1)].look, plot_);
 }
 
 QRgb ChartColors::trend(int series, int trend) const {
     const auto& trends = state_.series[static_cast<std::size_t>(series - 1)].look->trends;
     const int index = trends[static_cast<std::size_t>(trend - 1)]->borderColorIndex;
-    return index < 0 ? this->series(series) : paletteColor(index, theme_.text);
+    return index < 0 ? this->series(series) : standingOut(paletteColor(index, theme_.text), plot_);
 }
 
 }  // namespace planview

@@ -8,13 +8,14 @@
 
 namespace planview {
 
-/// A mark's colour on a background: unchanged, or lightened step by step where it would not stand out on a dark one.
-[[nodiscard]] QRgb markColor(ChartColor color, QRgb ground);
+/// The colour of a series on a background: that of its style for such a background, or the host's own. Unchanged, or
+/// moved step by step away from a background on which it would not stand out.
+[[nodiscard]] QRgb seriesColor(const ChartSeriesLook& look, QRgb ground);
 
 /// The colours of a chart in a theme.
 ///
-/// The palette's white and black mean the theme's own base and text, as they do in the grid; every other colour is
-/// drawn as it is, and texts on it are chosen so that they can be read.
+/// The palette's white and black mean the theme's own base and text, as they do in the grid; every other colour of an
+/// area is drawn as it is, and texts on it are chosen so that they can be read. Series and trend lines stand out.
 class ChartColors {
 public:
     ChartColors(const ChartState& state, const GridTheme& theme);

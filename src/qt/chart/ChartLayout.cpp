@@ -59,7 +59,7 @@ ChartLayout::ChartLayout(const ChartScene& scene)
     legend_.collect(*plot_);
     legend_.takeFrom(room);
     placePlot(room);
-    if (plot_) {
+    if (plot_ && !legend_.placeAtEnds(*plot_)) {
         legend_.alignTop(plot_->Area().y);
     }
 }
@@ -82,15 +82,16 @@ bool ChartLayout::usesSharesAlone() const {
 void ChartLayout::placePlot(const QRectF& room) {
     QRectF rect = room;
     for (int round = 0; round < MostRounds; ++round) {
-        const bool labelled = scene_.state.valueAxis.visible;
         steps_ = std::max(1, static_cast<int>(rect.height() / (lineHeight_ * MarkPitch)));
         plot_.emplace(scene_.state, toChartRect(rect), steps_);
-        const bool sharesAlone = usesSharesAlone() && plot_->Shares();
-        leftMarks_ =
-            labelled ? marksOf(sharesAlone ? *plot_->Shares() : plot_->Values(), sharesAlone) : std::vector<Mark>();
-        const bool second = labelled && plot_->Shares() && !sharesAlone;
-        rightMarks_ = second ? marksOf(*plot_->Shares(), true) : std::vector<Mark>();
-        if (widthOf(leftMarks_) + widthOf(rightMarks_) > room.width() * WidestMarks) {
+        axisFormat_ = scene_.state.ValueFormat();
+        makeMarks();
+        const auto areTooWide = [&] { return widthOf(leftMarks_) + widthOf(rightMarks_) > room.width() * WidestMarks; };
+        if (areTooWide() && !axisFormat_.empty()) {
+            axisFormat_.clear();  // the plain numbers may do
+            makeMarks();
+        }
+        if (areTooWide()) {
             leftMarks_.clear();
             rightMarks_.clear();
         }
@@ -126,10 +127,19 @@ void ChartLayout::placePlot(const QRectF& room) {
     }
 }
 
+void ChartLayout::makeMarks() {
+    const bool labelled = scene_.state.valueAxis.visible;
+    const bool sharesAlone = usesSharesAlone() && plot_->Shares();
+    leftMarks_ =
+        labelled ? marksOf(sharesAlone ? *plot_->Shares() : plot_->Values(), sharesAlone) : std::vector<Mark>();
+    const bool second = labelled && plot_->Shares() && !sharesAlone;
+    rightMarks_ = second ? marksOf(*plot_->Shares(), true) : std::vector<Mark>();
+}
+
 std::vector<ChartLayout::Mark> ChartLayout::marksOf(const ChartScale& scale, bool share) const {
     std::vector<Mark> marks;
     for (int i = 0; i < scale.markCount; ++i) {
-        marks.push_back({0, markText(scale, i, share), {}});
+        marks.push_back({0, share ? shareMarkText(scale, i) : markText(scale, i, axisFormat_), {}});
     }
     return marks;
 }

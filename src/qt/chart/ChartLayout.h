@@ -6,6 +6,7 @@
 #include <QRectF>
 #include <QString>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "components/chart/ChartPlot.h"
@@ -54,6 +55,7 @@ private:
     void placeTitle(QRectF& left);
     void placePlot(const QRectF& room);
     [[nodiscard]] std::vector<Mark> marksOf(const ChartScale& scale, bool share) const;
+    void makeMarks();
     [[nodiscard]] double widthOf(const std::vector<Mark>& marks) const;
     void placeMarks(std::vector<Mark>& marks, const ChartScale& scale, bool share, bool onRight) const;
     [[nodiscard]] bool usesSharesAlone() const;
@@ -68,6 +70,7 @@ private:
     std::optional<CategoryLabels> categories_;
     std::optional<ChartPlot> plot_;
     int steps_ = 1;
+    std::string axisFormat_;
     std::vector<Mark> leftMarks_;
     std::vector<Mark> rightMarks_;
 };

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QFont>
+#include <QPointF>
 #include <QRectF>
 #include <QString>
+#include <optional>
 #include <vector>
 
 #include "qt/chart/ChartColors.h"
@@ -15,7 +17,8 @@ namespace planview {
 
 class ChartPlot;
 
-/// The legend: an entry for each series, each trend line and, in a comparison, for what the tints mean.
+/// The legend: an entry for each series, each trend line and, in a comparison, for what the tints mean. The entries of
+/// a legend on the right stand at the ends of their lines where all are lines and find room there.
 class ChartLegendBox {
 public:
     struct Entry {
@@ -26,6 +29,7 @@ public:
         QString text;
         QString reason;  ///< of NoTrend: why there is no such trend line
         QRectF rect;
+        std::optional<QPointF> end;  ///< of its line, where the entry stands beside that
 
         /// What follows the text, however much of that is cut off.
         [[nodiscard]] QString remark() const;
@@ -37,6 +41,9 @@ public:
     void collect(const ChartPlot& plot);
     /// Takes its part of the remaining area, which shrinks; takes nothing if too little would remain.
     void takeFrom(QRectF& area);
+    /// Moves all entries to the ends of their lines, each at most two lines of text away from it, in the order
+    /// of the ends. Leaves them where they are, and says so, if one of them is no line or finds no room.
+    bool placeAtEnds(const ChartPlot& plot);
     /// A legend at the side begins beside the plot.
     void alignTop(double y);
     void paint(QPainter& painter, const ChartColors& colors) const;
@@ -50,17 +57,22 @@ public:
     [[nodiscard]] bool isCut(const Entry& entry) const;
 
 private:
+    [[nodiscard]] std::vector<int> seriesInOrder() const;
     void placeInColumn(QRectF& area, bool left);
     void placeInRows(QRectF& area, bool top);
     void cutTo(std::size_t count);
     [[nodiscard]] double fullWidth(const Entry& entry) const;
     [[nodiscard]] double entryWidth(const Entry& entry) const;
     [[nodiscard]] double swatchWidth() const;
+    [[nodiscard]] bool mayStandAtEnds() const;
+    [[nodiscard]] static std::optional<QPointF> endOf(const Entry& entry, const ChartPlot& plot);
+    void paintLeader(QPainter& painter, const ChartColors& colors, const Entry& entry) const;
     void paintSwatch(QPainter& painter, const ChartColors& colors, const Entry& entry) const;
 
     const ChartScene& scene_;
     QFont font_;
     double lineHeight_;
+    double swatch_;
     std::vector<Entry> entries_;
     QRectF box_;
 };

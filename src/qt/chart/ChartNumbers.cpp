@@ -67,10 +67,27 @@ QString limitText(double value) {
     return needsExponent(value) ? shortNumber(value) : grouped(value, "#,##0.##########");
 }
 
-QString markText(const ChartScale& scale, int index, bool share) {
+QString pointValueText(const ChartState& state, const ChartStack& stack, int series, int category) {
+    const auto at = static_cast<std::size_t>(series - 1);
+    const auto place = static_cast<std::size_t>(category - 1);
+    const QString value = valueText(state.series[at], state.series[at].values[place]);
+    if (!stack.onShares[at]) {
+        return value;
+    }
+    const ChartSpan& span = stack.spans[at][place];
+    return value + QStringLiteral(" (") + shareText(span.to - span.from, 1) + QLatin1Char(')');
+}
+
+QString shareMarkText(const ChartScale& scale, int index) {
+    return shareText(scale.Mark(index), std::max(0, scale.decimals - 2));
+}
+
+QString markText(const ChartScale& scale, int index, const std::string& code) {
     const double value = scale.Mark(index);
-    if (share) {
-        return shareText(value, std::max(0, scale.decimals - 2));
+    const std::optional<NumberFormat> format = NumberFormat::Parse(code);
+    const std::optional<int> shown = format ? format->Decimals() : std::nullopt;
+    if (shown && *shown + (format->ShowsPercent() ? 2 : 0) >= scale.decimals) {
+        return QString::fromStdString(format->Format(value));
     }
     const bool plain = scale.decimals <= MostDecimals && !needsExponent(scale.maximum) && !needsExponent(scale.minimum);
     return plain ? grouped(value, fixedCode(scale.decimals).c_str()) : shortNumber(value);
@@ -83,6 +100,22 @@ double valueStep(const ChartSeries& series, double valueOfPixel) {
     }
     const double size = std::abs(valueOfPixel);
     return size > 0 && std::isfinite(size) ? std::pow(10.0, std::floor(std::log10(size))) : 1.0;
+}
+
+double dragStep(const ChartSeries& series, double valueOfPixel) {
+    // A hand aims at two pixels.
+    const double least = 2 * std::abs(valueOfPixel);
+    const double finest = valueStep(series, valueOfPixel);
+    if (!(least > finest) || !std::isfinite(least)) {
+        return finest;
+    }
+    const double power = std::pow(10.0, std::floor(std::log10(least)));
+    for (const double factor : {1.0, 2.0, 5.0}) {
+        if (factor * power >= least) {
+            return factor * power;
+        }
+    }
+    return 10 * power;
 }
 
 double snapped(double value, double step) {

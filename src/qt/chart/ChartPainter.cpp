@@ -86,17 +86,18 @@ void ChartPainter::paintEmptyHint(QPainter& painter) const {
     const double gap = scene_.pixels(HintGap);
     const double top = scene_.area.center().y() - metrics.height() - gap / 2;
     const QRectF room = scene_.area.adjusted(gap, 0, -gap, 0);
+    const QString title = words("Nothing in the chart yet");
+    const QString guidance = QString::fromStdString(scene_.state.guidance);
     painter.setFont(strong);
     painter.setPen(QColor::fromRgb(colors_.text()));
-    const auto line = [&](double y, const QString& text) {
-        const QFontMetricsF own(painter.font());
-        painter.drawText(QRectF(room.left(), y, room.width(), own.height()), Qt::AlignCenter,
-                         own.elidedText(text, Qt::ElideRight, room.width()));
-    };
-    line(top, words("Nothing in the chart yet"));
+    painter.drawText(QRectF(room.left(), top, room.width(), metrics.height()), Qt::AlignCenter,
+                     metrics.elidedText(title, Qt::ElideRight, room.width()));
     painter.setFont(layout_.textFont());
     painter.setPen(QColor::fromRgb(colors_.muted()));
-    line(top + metrics.height() + gap, words("Select rows in the table and show them in the chart."));
+    const double below = top + metrics.height() + gap;
+    painter.drawText(QRectF(room.left(), below, room.width(), room.bottom() - below),
+                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap,
+                     guidance.isEmpty() ? words("Select rows in the table and show them in the chart.") : guidance);
 }
 
 void ChartPainter::paintMarks(QPainter& painter) const {

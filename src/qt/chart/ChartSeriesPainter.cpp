@@ -199,36 +199,51 @@ void ChartSeriesPainter::paintBand(QPainter& painter, int series) const {
     painter.drawPolygon(polygonOf(AreaBetween(std::move(band), heights_)));
 }
 
-void ChartSeriesPainter::paintLine(QPainter& painter, int series) const {
-    const bool selected = isSelected(series);
+QVector<QLineF> ChartSeriesPainter::lineBetween(int series, int first, int last) const {
     QVector<QLineF> segments;
-    segments.reserve(last_ - first_);
-    ChartPoint before = plot_.Point(series, first_);
-    for (int category = first_ + 1; category <= last_; ++category) {
+    segments.reserve(last - first);
+    ChartPoint before = plot_.Point(series, first);
+    for (int category = first + 1; category <= last; ++category) {
         const ChartPoint here = plot_.Point(series, category);
         if (const auto seen = SegmentBetween(before, here, heights_)) {
             segments.push_back(QLineF(seen->first.x, seen->first.y, seen->second.x, seen->second.y));
         }
         before = here;
     }
-    painter.setPen(linePen(scene_, colors_.series(series), selected ? SelectedLineWidth : LineWidth));
-    painter.drawLines(segments);
-    const bool lonely = plot_.FirstCategory() == plot_.LastCategory();
-    if (selected || lonely || plot_.CategoryWidth() >= scene_.pixels(RingPitch)) {
-        paintRings(painter, series, selected);
-    }
+    return segments;
 }
 
-void ChartSeriesPainter::paintRings(QPainter& painter, int series, bool filled) const {
+/// Dashes begin anew at some of the points, the same ones whatever part of the line is painted.
+void ChartSeriesPainter::paintLine(QPainter& painter, int series) const {
+    const bool selected = isSelected(series);
+    painter.setPen(linePen(scene_, colors_.series(series), selected ? SelectedLineWidth : LineWidth));
+    const std::span<const double> dashes = dashesOf(*seriesAt(series).look);
+    if (dashes.empty()) {
+        painter.drawLines(lineBetween(series, first_, last_));
+    } else {
+        const int every = std::max(1, static_cast<int>(scene_.pixels(SparsePitch) / plot_.CategoryWidth()));
+        for (int from = first_ - (first_ - plot_.FirstCategory()) % every; from < last_; from += every) {
+            const int to = std::min(from + every, plot_.LastCategory());
+            painter.drawLines(dashed(scene_, lineBetween(series, from, to), dashes));
+        }
+    }
+    paintMarkers(painter, series, selected);
+}
+
+/// At every point, or at some of them where they stand closely; those of different lines not one above the other then.
+void ChartSeriesPainter::paintMarkers(QPainter& painter, int series, bool filled) const {
     const double radius = scene_.pixels(filled ? SelectedRingRadius : RingRadius);
     const QRgb color = colors_.series(series);
     painter.setPen(linePen(scene_, color));
     painter.setBrush(QColor::fromRgb(filled ? color : colors_.plot()));
-    const bool tooMany = plot_.CategoryWidth() < 2 * radius;
-    const int every = tooMany ? static_cast<int>(std::ceil(3 * radius / plot_.CategoryWidth())) : 1;
+    const bool many = plot_.CategoryWidth() < (filled ? 2 * radius : scene_.pixels(MarkerPitch));
+    const double pitch = filled ? 3 * radius : scene_.pixels(SparsePitch);
+    const int every = many ? static_cast<int>(std::ceil(pitch / plot_.CategoryWidth())) : 1;
+    const int shift = many ? (series - 1) * every / state_.SeriesCount() : 0;
+    const Marker marker = markerOf(*seriesAt(series).look);
     for (int category = first_; category <= last_; ++category) {
-        if ((category - 1) % every == 0 && heights_.Contain(plot_.Point(series, category))) {
-            painter.drawEllipse(point(series, category), radius, radius);
+        if ((category - 1) % every == shift && heights_.Contain(plot_.Point(series, category))) {
+            paintMarker(painter, marker, point(series, category), radius);
         }
     }
 }
@@ -307,7 +322,7 @@ void ChartSeriesPainter::paintMovedPoint(QPainter& painter, int series, int cate
     painter.setRenderHint(QPainter::Antialiasing, true);
     painter.setPen(QPen(QColor::fromRgb(colors_.plot()), scene_.pixels(1)));
     painter.setBrush(QColor::fromRgb(color));
-    painter.drawEllipse(seenPoint(series, category), radius, radius);
+    paintMarker(painter, markerOf(*seriesAt(series).look), seenPoint(series, category), radius);
 }
 
 }  // namespace planview

@@ -49,7 +49,8 @@ private:
     void paintColumnFrames(QPainter& painter, int series) const;
     void paintBand(QPainter& painter, int series) const;
     void paintLine(QPainter& painter, int series) const;
-    void paintRings(QPainter& painter, int series, bool filled) const;
+    [[nodiscard]] QVector<QLineF> lineBetween(int series, int first, int last) const;
+    void paintMarkers(QPainter& painter, int series, bool filled) const;
     void paintTrendPart(QPainter& painter, const QPolygonF& line, QRgb color, bool overColumns, bool marked) const;
     [[nodiscard]] QPointF point(int series, int category) const;
     /// As point(), or where a point beyond the axis leaves the plot.

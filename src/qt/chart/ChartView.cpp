@@ -277,8 +277,8 @@ void ChartView::startMoving() {
     }
 }
 
-void ChartView::moveTo(QPoint point) {
-    if (!moved_->moveTo(point.y() + press_->grip) && bubble_) {
+void ChartView::moveTo(QPoint point, bool freely) {
+    if (!moved_->moveTo(point.y() + press_->grip, freely) && bubble_) {
         return;
     }
     const Drawn& now = drawn();
@@ -291,7 +291,8 @@ void ChartView::moveTo(QPoint point) {
     const QRectF strip = now.painter.movedRect(moved_->plot(), moved_->category());
     viewport()->update(outer(series.look->trends.empty() ? strip : plot | strip));
     setBubble(Bubble{place, pointName(state, moved_->series(), moved_->category()),
-                     valueText(series, moved_->from()) + QStringLiteral(" → ") + valueText(series, moved_->to())});
+                     valueText(series, moved_->from()) + QStringLiteral(" → ") +
+                         pointValueText(state, moved_->plot().Stack(), moved_->series(), moved_->category())});
 }
 
 void ChartView::cancelMoving() {
@@ -320,9 +321,8 @@ void ChartView::endMoving() {
 
 QString ChartView::describe(const Place& place) const {
     const ChartState& state = chart_.State();
-    const ChartSeries& series = state.series[static_cast<std::size_t>(place.series - 1)];
     return pointName(state, place.series, place.category) + QStringLiteral(": ") +
-           valueText(series, series.values[static_cast<std::size_t>(place.category - 1)]);
+           pointValueText(state, StackSeries(state), place.series, place.category);
 }
 
 void ChartView::announce() {

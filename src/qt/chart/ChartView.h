@@ -124,7 +124,7 @@ private:
     [[nodiscard]] bool mayChange(const Place& place);
     void press(QMouseEvent& event);
     void startMoving();
-    void moveTo(QPoint point);
+    void moveTo(QPoint point, bool freely);
     void endMoving();
     void cancelMoving();
     void dragChart();

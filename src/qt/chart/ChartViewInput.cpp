@@ -85,8 +85,9 @@ void ChartView::press(QMouseEvent& event) {
 void ChartView::mouseMoveEvent(QMouseEvent* event) {
     const QPointer<ChartView> self(this);
     const QPoint at = event->position().toPoint();
+    const bool freely = event->modifiers().testFlag(Qt::ShiftModifier);
     if (moved_) {
-        moveTo(at);
+        moveTo(at, freely);
         return;
     }
     const bool held = event->buttons().testFlag(Qt::LeftButton);
@@ -120,7 +121,7 @@ void ChartView::mouseMoveEvent(QMouseEvent* event) {
     if (self && press_ && isPoint({hit.series, hit.category})) {
         startMoving();
         if (moved_) {
-            moveTo(at);
+            moveTo(at, freely);
         }
     }
 }
@@ -186,9 +187,8 @@ void ChartView::showPointBubble(const Place& place) {
         return;
     }
     const ChartState& state = chart_.State();
-    const ChartSeries& series = state.series[static_cast<std::size_t>(place.series - 1)];
-    const double value = series.values[static_cast<std::size_t>(place.category - 1)];
-    setBubble(Bubble{rect, pointName(state, place.series, place.category), valueText(series, value)});
+    setBubble(Bubble{rect, pointName(state, place.series, place.category),
+                     pointValueText(state, layout().plot().Stack(), place.series, place.category)});
 }
 
 void ChartView::showRefusal(const Place& place) {

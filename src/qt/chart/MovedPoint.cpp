@@ -16,6 +16,7 @@ MovedPoint::MovedPoint(const ChartState& state, const ChartPlot& plot, int maxim
       from_(state.series[static_cast<std::size_t>(series - 1)].values[static_cast<std::size_t>(category - 1)]),
       to_(from_),
       step_(1),
+      dragStep_(1),
       start_(0) {
     ChartValueAxis& axis = state_->valueAxis;
     axis.minimum = plot.Values().minimum;
@@ -25,7 +26,9 @@ MovedPoint::MovedPoint(const ChartState& state, const ChartPlot& plot, int maxim
     plot_ = std::make_unique<ChartPlot>(*state_, plot.Area(), maximumSteps_);
     start_ = plot_->Point(series_, category_).y;
     const ChartSeries& data = state_->series[static_cast<std::size_t>(series_ - 1)];
-    step_ = valueStep(data, ownValueAt(start_ - 1) - ownValueAt(start_));
+    const double valueOfPixel = ownValueAt(start_ - 1) - ownValueAt(start_);
+    step_ = valueStep(data, valueOfPixel);
+    dragStep_ = dragStep(data, valueOfPixel);
 }
 
 double MovedPoint::ownValueAt(double y) const {
@@ -34,10 +37,10 @@ double MovedPoint::ownValueAt(double y) const {
     return IsStackedType(type) ? OwnValueFor(*state_, series_ - 1, category_ - 1, end) : end;
 }
 
-bool MovedPoint::moveTo(double y) {
+bool MovedPoint::moveTo(double y, bool freely) {
     const double before = to_;
     constexpr double SamePlace = 0.5;
-    const double value = std::abs(y - start_) < SamePlace ? from_ : snapped(ownValueAt(y), step_);
+    const double value = std::abs(y - start_) < SamePlace ? from_ : snapped(ownValueAt(y), freely ? step_ : dragStep_);
     setValue(std::isfinite(value) ? value : before);
     return to_ != before;
 }

@@ -18,12 +18,13 @@ public:
     [[nodiscard]] int category() const { return category_; }
     [[nodiscard]] double from() const { return from_; }
     [[nodiscard]] double to() const { return to_; }
-    /// What values snap to.
+    /// What values change by, by keys and where the hand moves freely.
     [[nodiscard]] double step() const { return step_; }
     [[nodiscard]] bool isMoved() const { return to_ != from_; }
 
-    /// Moves the point to a height of the plot, or as near as its steps and a stack allow. Says whether it moved.
-    bool moveTo(double y);
+    /// Moves the point to a height of the plot, or as near as a stack and the axis's steps allow; `freely` by the finer
+    /// ones of step(). Says whether it moved.
+    bool moveTo(double y, bool freely = false);
 
     [[nodiscard]] const ChartState& state() const { return *state_; }
     [[nodiscard]] const ChartPlot& plot() const { return *plot_; }
@@ -40,6 +41,7 @@ private:
     double from_;
     double to_;
     double step_;
+    double dragStep_;
     double start_;  ///< the height of the point at the start, where it keeps its value whatever the step
 };
 

@@ -90,6 +90,10 @@ void ChartDialog::buildPeriodColumn(QVBoxLayout& column) {
 QLineEdit* ChartDialog::addNumber(QGridLayout& section, NumberBox& state, char mnemonic) {
     QLineEdit* field = addText(section, state.Text, withMnemonic(state.Caption, mnemonic), NumberWidth);
     field->setAlignment(Qt::AlignRight);
+    guard().connect(field, &QLineEdit::editingFinished, this, "EnterText", [field, &state] {
+        state.Settle();
+        field->setText(QString::fromStdString(state.Text));
+    });
     return field;
 }
 

@@ -20,12 +20,25 @@ bool isLabel(const PlacedTrack& horizontal, const PlacedTrack& vertical) {
 
 }  // namespace
 
+const RowDot* dotAt(const GridScene& scene, const PlacedTrack& horizontal, const PlacedTrack& vertical) {
+    const bool switched = !scene.geometry.horizontal.showsColumns();
+    const PlacedTrack& heading = switched ? vertical : horizontal;
+    const PlacedTrack& row = switched ? horizontal : vertical;
+    if (scene.dots.empty() || !heading.look.heading || row.look.area != Area::Center) {
+        return nullptr;
+    }
+    const RowId id = scene.geometry.cell(horizontal.track.id, vertical.track.id).row;
+    const auto found = scene.dots.find(scene.grid.Row(id).key);
+    return found == scene.dots.end() ? nullptr : &found->second;
+}
+
 CellContentPainter::Room CellContentPainter::textRoom(const PlacedTrack& horizontal, const PlacedTrack& vertical,
                                                       const CellLook& look, const GridCellStyle& style) {
     const GridGeometry& geometry = scene_.geometry;
     const QRect rect = trackRect(horizontal.track, vertical.track);
     const int padding = geometry.pixels(CellPadding);
-    const int indent = isLabel(horizontal, vertical) ? geometry.pixels(LabelIndent) : 0;
+    const bool indented = isLabel(horizontal, vertical) || dotAt(scene_, horizontal, vertical);
+    const int indent = indented ? geometry.pixels(LabelIndent) : 0;
     const int height = rect.height() - geometry.hairline();
 
     Room room;

@@ -20,6 +20,10 @@ namespace planview {
 inline constexpr int CellPadding = 7;
 /// Room at the start of a label, so that the marks and labels of all lines line up, in logical pixels.
 inline constexpr int LabelIndent = 13;
+
+/// The dot beside the label of a planning row, be that at the left or, in a switched grid, at the top; null where the
+/// cell is no such label or its row has none.
+[[nodiscard]] const RowDot* dotAt(const GridScene& scene, const PlacedTrack& horizontal, const PlacedTrack& vertical);
 /// Between a bitmap and the text beside it, in logical pixels.
 inline constexpr int BitmapGap = 4;
 /// Shown instead of a number that its cell is too narrow for.

@@ -180,6 +180,8 @@ void GridPainter::addMarks(const PlacedTrack& horizontal, const PlacedTrack& ver
     }
     if (left) {
         addHiddenHint(vertical, rect, false);
+    }
+    if (top || left) {
         addDot(horizontal, vertical);
     }
     const bool planning = horizontal.track.area == Area::Center && vertical.track.area == Area::Center;
@@ -206,24 +208,19 @@ void GridPainter::addPendingCorner(const QRect& inner) {
     }
 }
 
-/// In the space to the left of the labels; a switched grid has none.
-void GridPainter::addDot(const PlacedTrack& label, const PlacedTrack& row) {
+/// In the space to the left of the labels.
+void GridPainter::addDot(const PlacedTrack& horizontal, const PlacedTrack& vertical) {
+    const RowDot* dot = dotAt(scene_, horizontal, vertical);
+    if (!dot) {
+        return;
+    }
     const GridGeometry& geometry = scene_.geometry;
-    if (scene_.dots.empty() || row.track.area != Area::Center || !geometry.horizontal.showsColumns()) {
-        return;
-    }
-    const RowId id = geometry.cell(label.track.id, row.track.id).row;
-    const auto found = scene_.dots.find(scene_.grid.Row(id).key);
-    if (found == scene_.dots.end()) {
-        return;
-    }
-    const QRect rect = trackRect(label.track, row.track);
-    const bool lettered = !found->second.letter.isNull();
+    const QRect rect = trackRect(horizontal.track, vertical.track);
+    const bool lettered = !dot->letter.isNull();
     const int size = std::min(geometry.pixels(lettered ? LetteredDotSize : DotSize), rect.height());
     // A dot with a letter takes all of that space.
     const int left = lettered ? (geometry.pixels(CellPadding + LabelIndent) - size) / 2 : geometry.pixels(CellPadding);
-    dots_.push_back(
-        {QRect(rect.left() + left, rect.top() + (rect.height() - line_ - size) / 2, size, size), found->second});
+    dots_.push_back({QRect(rect.left() + left, rect.top() + (rect.height() - line_ - size) / 2, size, size), *dot});
 }
 
 void GridPainter::paintDots(QPainter& painter) {

@@ -46,7 +46,7 @@ private:
     void addSpillFromLeft(const PlacedTrack& first, const PlacedTrack& row);
     void addMarks(const PlacedTrack& horizontal, const PlacedTrack& vertical, const GridCellStyle& style, bool relief);
     void addPendingCorner(const QRect& inner);
-    void addDot(const PlacedTrack& label, const PlacedTrack& row);
+    void addDot(const PlacedTrack& horizontal, const PlacedTrack& vertical);
     void paintDots(QPainter& painter);
     void addHiddenHint(const PlacedTrack& track, const QRect& heading, bool alongTop);
     void paintLines(QPainter& painter, const std::vector<PlacedTrack>& columns,

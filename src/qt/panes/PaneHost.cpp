@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "qt/chart/ChartColors.h"
 #include "qt/chart/ChartView.h"
 #include "qt/grid/GridView.h"
 #include "qt/macro/MacroPane.h"
@@ -106,8 +107,9 @@ void PaneHost::showRowDots() {
     RowDots dots;
     if (layout_.ChartPaneVisible()) {
         const ChartState& chart = chart_->chart().State();
-        for (const ChartSeries& series : chart.series) {
-            dots.emplace(series.key, RowDot{markColor(series.look->color, chart_->theme().heading), {}});
+        const ChartColors colors(chart, chart_->theme());
+        for (int series = 1; series <= chart.SeriesCount(); ++series) {
+            dots.emplace(chart.series[static_cast<std::size_t>(series - 1)].key, RowDot{colors.series(series), {}});
         }
         for (const auto& [key, letter] : {std::pair(chart.salesKey, 'S'), std::pair(chart.forecastKey, 'F')}) {
             if (!key.empty()) {

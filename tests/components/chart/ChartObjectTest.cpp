@@ -177,6 +177,20 @@ TEST_F(ChartObjectTest, RedrawOffHoldsChangesBack) {
     EXPECT_EQ(changes, 1) << "nothing new";
 }
 
+TEST_F(ChartObjectTest, AColourOfTheHostStaysAndLeavesItsStyleToAnother) {
+    chart.NameSeries(1, "ROW4", "");
+    EXPECT_EQ(State().series[0].look->style, 0);
+    constexpr std::int32_t Own = 90 + 256 * 140 + 65536 * 10;
+    Series(1).Get("Interior").Put("Color", Own);
+    Fill(4, 3);
+    chart.NameSeries(1, "ROW9", "");
+    chart.NameSeries(2, "ROW4", "");
+    chart.NameSeries(3, "ROW5", "");
+    EXPECT_EQ(State().series[1].look->color, (ChartColor{90, 140, 10}));
+    EXPECT_EQ(State().series[0].look->style, 0) << "the host's series does not use it";
+    EXPECT_EQ(State().series[2].look->style, 1);
+}
+
 TEST_F(ChartObjectTest, LooksStayWithTheirKeysThroughARebuild) {
     chart.NameSeries(1, "ROW4", "");
     chart.NameSeries(2, "ROW9", "");

@@ -67,9 +67,10 @@ TEST(ChartStackingTest, StacksEachKindByItself) {
     }
 }
 
-TEST(ChartStackingTest, FindsTheExtremesOfWhatIsVisible) {
-    ChartState state = SampleChart({{ChartType::StackedColumn, {100, 1, 2, -500}},
-                                    {ChartType::StackedColumn, {100, 3, -4, -500}},
+/// Also of what is scrolled away: the axis stays where it is while the user scrolls.
+TEST(ChartStackingTest, FindsTheExtremesOfAllCategories) {
+    ChartState state = SampleChart({{ChartType::StackedColumn, {3, 1, 2, -1}},
+                                    {ChartType::StackedColumn, {1, 3, -4, -1}},
                                     {ChartType::StackedLine100, {1, 1, 1, 1}},
                                     {ChartType::StackedLine100, {1, 3, 1, 1}}});
     state.categoryAxis.visibleCategories = 2;
