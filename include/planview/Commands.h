@@ -83,7 +83,21 @@ enum class Command : DispatchId {
     SetRowHeight = 1068,
     SelectRow = 1069,
     SelectColumn = 1070,
-    TakeOtherReading = 1071
+    TakeOtherReading = 1071,
+    NextPane = 1072,
+    PreviousPane = 1073,
+    NextSplitter = 1074,
+    AddToSelection = 1075,
+    MoveLeft = 1076,
+    MoveRight = 1077,
+    MoveUp = 1078,
+    MoveDown = 1079,
+    MakeNarrower = 1080,
+    MakeWider = 1081,
+    MakeLower = 1082,
+    MakeHigher = 1083,
+    ChooseForecastLine = 1084,
+    TellAboutCell = 1085
 };
 
 /// Commands that stand together in a menu or tool bar.
@@ -106,7 +120,8 @@ enum class CommandGroup {
     Exchange,
     Options,
     Trace,
-    ByKey  ///< on columns and rows that the host names
+    Headings,  ///< moving and sizing columns and rows as the screen shows them
+    ByKey      ///< on columns and rows that the host names
 };
 
 /// What is fixed of a command.

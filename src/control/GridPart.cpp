@@ -10,7 +10,8 @@ GridPart::GridPart(ControlShared& shared, UserActions& actions, const std::funct
       valueEntry({driver, shared.tables, shared.settings, keys, shared.events, hostUpdate, history, shared.busy,
                   shared.desktop.messageBoxes, actions, chartStep,
                   [this](const TrackStep& step, bool backwards) { trackHistory.Apply(step, backwards); },
-                  [this](bool running) { TellBulk(running); }}),
+                  [this](bool running) { TellBulk(running); },
+                  [this](std::string_view sentence) { TellOutcome(sentence); }}),
       otherReading(
           {control, valueEntry, [this](Cell cell, std::string_view sentence) { return TellBeside(cell, sentence); }}),
       clipboard({control, keys, valueEntry, otherReading, shared.desktop.clipboard, shared.desktop.messageBoxes,
@@ -23,6 +24,10 @@ GridPart::GridPart(ControlShared& shared, UserActions& actions, const std::funct
 
 void GridPart::TellBulk(bool running) const {
     bulkListeners.Tell(running);
+}
+
+void GridPart::TellOutcome(std::string_view sentence) const {
+    outcomeListeners.Tell(sentence);
 }
 
 bool GridPart::TellBeside(const Cell& cell, std::string_view reason) const {

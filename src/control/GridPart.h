@@ -31,6 +31,8 @@ struct GridPart {
 
     /// Tells the host that an action with several announced values begins or has ended.
     void TellBulk(bool running) const;
+    /// Tells those who have asked for it what an action has done.
+    void TellOutcome(std::string_view sentence) const;
     /// Shows the user a reason beside the cell; false where that is not possible.
     [[nodiscard]] bool TellBeside(const Cell& cell, std::string_view reason) const;
 
@@ -48,6 +50,7 @@ struct GridPart {
     GeneralOptions generalOptions;
     RowAttributes rowAttributes;
     ListenerList<void(bool running)> bulkListeners;
+    ListenerList<void(std::string_view sentence)> outcomeListeners;
     ListenerList<bool(const CellKey& cell, std::string_view reason)> hintListeners;
 };
 

@@ -35,6 +35,12 @@ void PaneLayout::MoveSplitter(Splitter splitter, int position) {
     Changed();
 }
 
+void PaneLayout::GoTo(PaneGoal goal) const {
+    if (watcher_) {
+        watcher_->PaneWanted(goal);
+    }
+}
+
 void PaneLayout::Resize(int width, int height) {
     width_ = width;
     height_ = height;

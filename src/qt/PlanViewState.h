@@ -89,6 +89,7 @@ struct PlanViewWidget::State {
     bool announcesSeveral = false;
     ListenerId bulkListener{};
     ListenerId hintListener{};
+    ListenerId outcomeListener{};
     ListenerId recordingListener{};
     ListenerId commandListener{};
     bool hasFocus = false;

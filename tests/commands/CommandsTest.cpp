@@ -108,6 +108,21 @@ TEST_F(CommandsTest, NumbersAndNamesStayAsTheyAre) {
         "ROW_HEIGHT",
         "RowSelect",
         "ColSelect",
+        "CellOtherReading",
+        "PaneNext",
+        "PanePrevious",
+        "SplitterNext",
+        "SelectionAdd",
+        "MoveLeft",
+        "MoveRight",
+        "MoveUp",
+        "MoveDown",
+        "MakeNarrower",
+        "MakeWider",
+        "MakeLower",
+        "MakeHigher",
+        "ForecastLine",
+        "CellTell",
     };
     const auto commands = DescribeCommands();
     ASSERT_GE(commands.size(), std::size(names));

@@ -80,6 +80,14 @@ public:
     /// `scale` is the picture's device pixel ratio.
     [[nodiscard]] QImage renderToImage(QSize size, qreal scale = 1.0);
 
+    /// Has a screen reader speak a sentence, where one runs; nothing is seen of it. The view itself tells why a value
+    /// is refused, what undo, redo and the clipboard have changed, and what is selected.
+    Q_INVOKABLE void announce(const QString& sentence);
+
+    /// Gives the keyboard to the first or to the last pane that is shown: for a host whose own bars F6 reaches, too.
+    /// See panesLeft().
+    Q_INVOKABLE void enterPanes(bool first);
+
     /// The chart alone, in logical pixels and without the marks of what is selected; null for an empty size.
     [[nodiscard]] QImage chartImage(QSize size, qreal scale = 1.0) const;
 
@@ -345,6 +353,9 @@ Q_SIGNALS:
     /// @}
     /// Current cell, selection or a selected value is another one.
     void selectionSummaryChanged();
+    /// F6 went on behind the last pane (true), or Shift+F6 back before the first. A host that connects this gives the
+    /// keyboard to a bar of its own, and back by enterPanes(); without one F6 goes round within the view.
+    void panesLeft(bool forward);
     /// Recording has begun, is paused or has ended, or has another number of steps.
     void recordingChanged();
     /// What isAnnouncingSeveral() announced has come to its end.
