@@ -24,6 +24,11 @@ struct KeyStroke {
     std::int16_t shift = 0;  ///< of Shift, Control and Alt, added
     std::int16_t code = 0;   ///< a capital letter's or one of those above; 0 for no key
 
+    /// A letter, Space or Delete: the grid's listener hears of these whether they are a command or not.
+    [[nodiscard]] constexpr bool IsTyped() const noexcept {
+        return code != 0 && (code < Left || code > Down) && (code < F1 || code > F12);
+    }
+
     friend constexpr bool operator==(const KeyStroke&, const KeyStroke&) = default;
 };
 

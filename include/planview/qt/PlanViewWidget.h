@@ -80,14 +80,6 @@ public:
     /// `scale` is the picture's device pixel ratio.
     [[nodiscard]] QImage renderToImage(QSize size, qreal scale = 1.0);
 
-    /// Has a screen reader speak a sentence, where one runs; nothing is seen of it. The view itself tells why a value
-    /// is refused, what undo, redo and the clipboard have changed, and what is selected.
-    Q_INVOKABLE void announce(const QString& sentence);
-
-    /// Gives the keyboard to the first or to the last pane that is shown: for a host whose own bars F6 reaches, too.
-    /// See panesLeft().
-    Q_INVOKABLE void enterPanes(bool first);
-
     /// The chart alone, in logical pixels and without the marks of what is selected; null for an empty size.
     [[nodiscard]] QImage chartImage(QSize size, qreal scale = 1.0) const;
 
@@ -266,6 +258,13 @@ public:
     [[nodiscard]] QString currentColumn() const;
     [[nodiscard]] QString currentRow() const;
     /// @}
+
+    /// Gives the keyboard to the first or to the last pane that is shown: for a host whose own bars F6 reaches, too.
+    /// See panesLeft().
+    Q_INVOKABLE void enterPanes(bool first);
+    /// Has a screen reader speak a sentence, where one runs; nothing is seen of it. The view itself tells why a value
+    /// is refused, what undo, redo and the clipboard have changed, and what is selected.
+    Q_INVOKABLE void announce(const QString& sentence);
 
     // --- Macros; what each does stands at the control's method of the same name
 

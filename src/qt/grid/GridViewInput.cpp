@@ -98,7 +98,7 @@ bool GridView::handleCommand(const QKeyEvent& event) {
     const KeyStroke key = keyStrokeOf(event);
     const bool isCommand = FindCommand(key, KeyPlace::Table) != nullptr;
     const bool isGrids = startsEntry(event) || GridKey::of(event);
-    if (key.code == 0 || (isGrids && !isCommand)) {
+    if (!isCommand && (isGrids || !key.IsTyped())) {
         return false;
     }
     return grid_.ReportKeyDown(key.shift, key.code) || isCommand;  // the key of a command types nothing
