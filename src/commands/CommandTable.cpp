@@ -121,13 +121,7 @@ constexpr CommandRow Table[] = {
         .Checked([](const Now& now) { return now.on.settings.treeShown; })
         .Recorded(StepKind::State, "Macro tree %S", NoMacroTree)
         .Traced("USERCONTROL", "SwitchMacroTree"),
-    Row(Command::SwitchChart, "Chart", Group::Chart, "&Chart",
-        [](On& on, Call&) {
-            on.chartCommands.SwitchDisplay();
-            if (on.layout.ChartPaneVisible()) {
-                on.layout.GoTo(PaneGoal::Chart);
-            }
-        })
+    Row(Command::SwitchChart, "Chart", Group::Chart, "&Chart", [](On& on, Call&) { on.chartCommands.SwitchDisplay(); })
         .Checked([](const Now& now) { return now.on.settings.chartShown; })
         .Recorded(StepKind::State, "Chart %S")
         .Traced(Chart, "SwitchDisplay"),

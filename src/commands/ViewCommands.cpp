@@ -52,7 +52,6 @@ void SwitchMacroTree(CommandParts& on, CommandCall& call) {
     on.layout.LayOut(Splitter::CtrlSplit);
     if (shown) {
         on.layout.LayOut(Splitter::TreeSplit);
-        on.layout.GoTo(PaneGoal::Tree);
     }
     on.hostUpdate.StartUpdate();
 }

@@ -24,7 +24,7 @@ inline constexpr std::size_t SplitterCount = 4;
 [[nodiscard]] PLANVIEW_EXPORT std::string_view SplitterLabel(Splitter splitter) noexcept;
 
 /// Where the user wants to go on with the keyboard.
-enum class PaneGoal : std::uint8_t { Next, Previous, Chart, Tree, NextSplitter };
+enum class PaneGoal : std::uint8_t { Next, Previous, NextSplitter };
 
 /// Hears that panes came, went, or got other sizes.
 class PaneWatcher {

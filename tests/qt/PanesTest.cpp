@@ -136,9 +136,6 @@ private slots:
         QVERIFY(left.at(0).at(0).toBool());
         screen.widget->enterPanes(true);
         QCOMPARE(where(), QStringLiteral("grid"));
-        screen.widget->run(Command::SwitchChart);
-        screen.widget->run(Command::SwitchChart);
-        QCOMPARE(where(), QStringLiteral("ChartPane"));
     }
 
     void keysMoveTheSplitters() {

@@ -161,13 +161,6 @@ void PaneHost::PaneWanted(PaneGoal goal) {
         case PaneGoal::NextSplitter:
             goToNextSplitter();
             break;
-        case PaneGoal::Chart:
-        case PaneGoal::Tree:
-            // Nobody who works elsewhere in the window is called away.
-            if (isAncestorOf(QApplication::focusWidget())) {
-                takeFocus(goal == PaneGoal::Chart ? static_cast<QWidget&>(*chart_) : *tree_);
-            }
-            break;
     }
 }
 
