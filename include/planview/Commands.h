@@ -86,7 +86,21 @@ enum class Command : DispatchId {
     TakeOtherReading = 1071,
     NewMacro = 1072,
     EditMacro = 1073,
-    PreviewMacro = 1074
+    PreviewMacro = 1074,
+    NextPane = 1075,
+    PreviousPane = 1076,
+    NextSplitter = 1077,
+    AddToSelection = 1078,
+    MoveLeft = 1079,
+    MoveRight = 1080,
+    MoveUp = 1081,
+    MoveDown = 1082,
+    MakeNarrower = 1083,
+    MakeWider = 1084,
+    MakeLower = 1085,
+    MakeHigher = 1086,
+    ChooseForecastLine = 1087,
+    TellAboutCell = 1088
 };
 
 /// Commands that stand together in a menu or tool bar.
@@ -109,8 +123,9 @@ enum class CommandGroup {
     Exchange,
     Options,
     Trace,
-    ByKey,  ///< on columns and rows that the host names
-    Macros  ///< making, changing and trying one
+    Headings,  ///< moving and sizing columns and rows as the screen shows them
+    ByKey,     ///< on columns and rows that the host names
+    Macros     ///< making, changing and trying one
 };
 
 /// What is fixed of a command.

@@ -87,6 +87,12 @@ public:
     void RemoveBulkListener(ListenerId listener) noexcept;
     /// @}
     /// @{
+    /// Called with a sentence for the user when a paste, a fill, a deletion, a raise, an undo or a redo is over: "12
+    /// cells pasted". For a status line, or to be spoken. Called until it is removed.
+    ListenerId AddOutcomeListener(std::function<void(std::string_view sentence)> listener);
+    void RemoveOutcomeListener(ListenerId listener) noexcept;
+    /// @}
+    /// @{
     /// Called to show the user a sentence beside a cell: why it does not take a value, or how a number was taken that
     /// could mean two. False where that is not possible. The newest listener is asked first; where none shows it a
     /// message box says why the value was refused.

@@ -58,6 +58,8 @@ struct CommandParts {
     const Desktop& platform;
     /// The "Colors" popup: the position of the chosen colour (0 .. 15), no value when none was chosen.
     std::function<std::optional<int>()> chooseColor;
+    /// Shows the user a sentence beside a cell; false where that is not possible.
+    std::function<bool(Cell cell, std::string_view sentence)> tellBeside;
     /// Brings the chart up to date where it is shown.
     std::function<void()> chartStep;
 

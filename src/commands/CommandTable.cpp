@@ -7,6 +7,7 @@
 #include "automation/MemberNames.h"
 #include "commands/CommandReasons.h"
 #include "commands/GridCommands.h"
+#include "commands/HeadingCommands.h"
 #include "commands/TreeCommands.h"
 #include "commands/ViewCommands.h"
 #include "grid/TestData.h"
@@ -437,6 +438,54 @@ constexpr CommandRow Table[] = {
         .Key("Shift+Space")
         .Unless(NoCell)
         .Recorded(StepKind::Marks),
+    Row(Command::NextPane, "PaneNext", Group::Panes, "Next part of the view",
+        [](On& on, Call&) { on.layout.GoTo(PaneGoal::Next); })
+        .Key("F6")
+        .KeyEverywhere(),
+    Row(Command::PreviousPane, "PanePrevious", Group::Panes, "Previous part of the view",
+        [](On& on, Call&) { on.layout.GoTo(PaneGoal::Previous); })
+        .Key("Shift+F6")
+        .KeyEverywhere(),
+    Row(Command::NextSplitter, "SplitterNext", Group::Panes, "Border between the parts",
+        [](On& on, Call&) { on.layout.GoTo(PaneGoal::NextSplitter); })
+        .Key("F8")
+        .KeyEverywhere(),
+    Row(Command::AddToSelection, "SelectionAdd", Group::Selection, "Add to the selection", AddToSelection)
+        .Key("Shift+F8")
+        .Unless(NoCell)
+        .Checked([](const Now& now) { return now.on.Grid().IsAdding(); }),
+    Row(Command::MoveLeft, "MoveLeft", Group::Headings, "Move to the left", Move<ScreenSide::Left>)
+        .Key("Alt+Shift+Left")
+        .Unless(NothingToMove<ScreenSide::Left>),
+    Row(Command::MoveRight, "MoveRight", Group::Headings, "Move to the right", Move<ScreenSide::Right>)
+        .Key("Alt+Shift+Right")
+        .Unless(NothingToMove<ScreenSide::Right>),
+    Row(Command::MoveUp, "MoveUp", Group::Headings, "Move up", Move<ScreenSide::Up>)
+        .Key("Alt+Shift+Up")
+        .Unless(NothingToMove<ScreenSide::Up>),
+    Row(Command::MoveDown, "MoveDown", Group::Headings, "Move down", Move<ScreenSide::Down>)
+        .Key("Alt+Shift+Down")
+        .Unless(NothingToMove<ScreenSide::Down>),
+    Row(Command::MakeNarrower, "MakeNarrower", Group::Headings, "Narrower", Resize<ScreenSide::Left>)
+        .Key("Alt+Left")
+        .Unless(NothingToResize),
+    Row(Command::MakeWider, "MakeWider", Group::Headings, "Wider", Resize<ScreenSide::Right>)
+        .Key("Alt+Right")
+        .Unless(NothingToResize),
+    Row(Command::MakeLower, "MakeLower", Group::Headings, "Lower", Resize<ScreenSide::Up>)
+        .Key("Alt+Up")
+        .Unless(NothingToResize),
+    Row(Command::MakeHigher, "MakeHigher", Group::Headings, "Higher", Resize<ScreenSide::Down>)
+        .Key("Alt+Down")
+        .Unless(NothingToResize),
+    Row(Command::ChooseForecastLine, "ForecastLine", Group::ChartView, "Choose the line for the forecast view",
+        ChooseLine)
+        .Key("Ctrl+Shift+F")
+        .Unless(NoLineToChoose)
+        .Traced(Chart),
+    Row(Command::TellAboutCell, "CellTell", Group::Selection, "Tell about the cell", TellAboutCell)
+        .Key("Ctrl+F1")
+        .Unless(NoCell),
     Row(Command::SelectColumn, "ColSelect", Group::Selection, "Select co&lumn", SelectColumn)
         .Key("Ctrl+Space")
         .Unless(NoCell)

@@ -143,8 +143,9 @@ void SelectRow(CommandParts& on, CommandCall& call) {
     GridControl& grid = on.Grid();
     const std::optional<Cell> cell = grid.CurrentCell();
     const std::optional<Cell> end = grid.SelectionEnd();
-    call.done = cell && grid.SelectRow(cell->row, SelectionMode::Replace) == GridStatus::Ok;
-    if (call.done && end->row != cell->row) {
+    const SelectionMode mode = grid.IsAdding() ? SelectionMode::Add : SelectionMode::Replace;
+    call.done = cell && grid.SelectRow(cell->row, mode) == GridStatus::Ok;
+    if (call.done && mode == SelectionMode::Replace && end->row != cell->row) {
         grid.SelectRow(end->row, SelectionMode::Extend);
     }
 }
@@ -153,8 +154,9 @@ void SelectColumn(CommandParts& on, CommandCall& call) {
     GridControl& grid = on.Grid();
     const std::optional<Cell> cell = grid.CurrentCell();
     const std::optional<Cell> end = grid.SelectionEnd();
-    call.done = cell && grid.SelectColumn(cell->column, SelectionMode::Replace) == GridStatus::Ok;
-    if (call.done && end->column != cell->column) {
+    const SelectionMode mode = grid.IsAdding() ? SelectionMode::Add : SelectionMode::Replace;
+    call.done = cell && grid.SelectColumn(cell->column, mode) == GridStatus::Ok;
+    if (call.done && mode == SelectionMode::Replace && end->column != cell->column) {
         grid.SelectColumn(end->column, SelectionMode::Extend);
     }
 }

@@ -122,6 +122,7 @@ GridStatus GridControl::Destroy(bool redraw) {
     state.gridStyle = PlainStyle;
     state.selection.Clear();
     state.anchor = SelectionAnchor();
+    state.adding = false;
     state.current.reset();
     state.firstColumn = {};
     state.firstRow = {};

@@ -167,6 +167,13 @@ public:
     GridStatus SelectCell(Cell cell, SelectionMode mode);
     GridStatus SelectColumn(ColumnId column, SelectionMode mode);
     GridStatus SelectRow(RowId row, SelectionMode mode);
+    /// While the user adds to the selection by keys, these move the current cell without taking the selection away.
+    /// Ends by itself with the next selection that replaces another, and with ClearSelection(). What the current cell
+    /// alone would be is selected first.
+    void SetAdding(bool on);
+    [[nodiscard]] bool IsAdding() const noexcept;
+    /// Makes the cell the current one, from which SelectCell() extends a block of its own; the selection stays.
+    GridStatus GoToCell(Cell cell);
     /// All selectable columns and rows.
     void SelectAll();
     /// Leaves the current cell alone and selects nothing else.

@@ -245,6 +245,7 @@ void GridControl::State::SelectCell(Cell cell, SelectionMode mode) {
         anchor = {Kind::Cell, anchor.start, cell, true};
     } else {
         if (mode == SelectionMode::Replace) {
+            adding = false;
             selection.Clear();
         }
         const bool add = !HasCell(cell);
@@ -293,6 +294,7 @@ void GridControl::State::SelectTrack(const Tracks& tracks, Id id, SelectionMode 
         anchor = {OwnKind, anchor.start, end, false};
     } else {
         if (mode == SelectionMode::Replace) {
+            adding = false;
             selection.Clear();
         }
         SetWhole(id, !HasWhole(id));
@@ -385,8 +387,38 @@ void GridControl::SelectAll() {
     state.Finish(before, state.current, CornerKey(), true);
 }
 
+void GridControl::SetAdding(bool on) {
+    State& state = *state_;
+    const std::optional<Cell> current = state.CurrentCell();
+    state.adding = on && current;
+    if (state.adding && state.selection.IsEmpty()) {
+        SelectCell(*current, SelectionMode::Add);
+    }
+}
+
+bool GridControl::IsAdding() const noexcept {
+    return state_->adding;
+}
+
+GridStatus GridControl::GoToCell(Cell cell) {
+    State& state = *state_;
+    if (const GridStatus status = state.Check(cell); status != GridStatus::Ok) {
+        return status;
+    }
+    if (cell.column == LabelColumn || cell.row == HeadingRow || state.columns.At(cell.column).hidden ||
+        state.rows.At(cell.row).hidden) {
+        return GridStatus::NoItemAtLocation;
+    }
+    const std::optional<Cell> before = state.current;
+    state.anchor = {Kind::Cell, cell, cell, false};
+    state.current = cell;
+    state.Finish(state.selection, before, state.KeyOf(cell), state.HasCell(cell));
+    return GridStatus::Ok;
+}
+
 void GridControl::ClearSelection() {
     State& state = *state_;
+    state.adding = false;
     const GridSelection before = state.selection;
     state.selection.Clear();
     state.anchor = SelectionAnchor();

@@ -87,6 +87,7 @@ struct GridControl::State {
     std::uint64_t layoutVersion = 1;
     std::uint64_t buildVersion = 1;
     bool readOnly = false;
+    bool adding = false;
 
     void LayoutChanged() noexcept {
         ++layoutVersion;

@@ -45,6 +45,7 @@ ControlContext::ControlContext(const Desktop& desktop)
               shared.layout,
               shared.desktop,
               [this] { return shared.chooseColor(); },
+              [this](Cell cell, std::string_view sentence) { return grid.TellBeside(cell, sentence); },
               [this] { chart.Step(); }}),
       keyHandling({grid.control, grid.keys, runner, grid.hostUpdate, shared.busy, [this] { chart.Step(); }}),
       menus({shared.tables, shared.events, shared.desktop.popups, shared.busy, runner}),

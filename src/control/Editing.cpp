@@ -108,6 +108,14 @@ void Editing::RemoveBulkListener(ListenerId listener) noexcept {
     State()->context.grid.bulkListeners.Remove(listener);
 }
 
+ListenerId Editing::AddOutcomeListener(std::function<void(std::string_view sentence)> listener) {
+    return State()->context.grid.outcomeListeners.Add(std::move(listener));
+}
+
+void Editing::RemoveOutcomeListener(ListenerId listener) noexcept {
+    State()->context.grid.outcomeListeners.Remove(listener);
+}
+
 ListenerId Editing::AddHintListener(std::function<bool(const CellKey& cell, std::string_view reason)> listener) {
     return State()->context.grid.hintListeners.Add(std::move(listener));
 }

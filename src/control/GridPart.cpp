@@ -15,7 +15,8 @@ GridPart::GridPart(ControlShared& shared, UserActions& actions, const std::funct
       valueEntry({driver, shared.tables, shared.settings, keys, shared.events, hostUpdate, history, shared.busy,
                   shared.desktop.messageBoxes, actions, chartStep,
                   [this](const TrackStep& step, bool backwards) { trackHistory.Apply(step, backwards); },
-                  [this](bool running) { TellBulk(running); }, &calculation}),
+                  [this](bool running) { TellBulk(running); },
+                  [this](std::string_view sentence) { TellOutcome(sentence); }, &calculation}),
       otherReading(
           {control, valueEntry, [this](Cell cell, std::string_view sentence) { return TellBeside(cell, sentence); }}),
       clipboard({control, keys, valueEntry, otherReading, shared.desktop.clipboard, shared.desktop.messageBoxes,
@@ -43,6 +44,10 @@ void GridPart::Update(const std::function<void(TableUpdate& update)>& add) {
 
 void GridPart::TellBulk(bool running) const {
     bulkListeners.Tell(running);
+}
+
+void GridPart::TellOutcome(std::string_view sentence) const {
+    outcomeListeners.Tell(sentence);
 }
 
 bool GridPart::TellBeside(const Cell& cell, std::string_view reason) const {

@@ -38,6 +38,8 @@ struct GridPart {
     void Update(const std::function<void(TableUpdate& update)>& add);
     /// Tells the host that an action with several announced values begins or has ended.
     void TellBulk(bool running) const;
+    /// Tells those who have asked for it what an action has done.
+    void TellOutcome(std::string_view sentence) const;
     /// Shows the user a reason beside the cell; false where that is not possible.
     [[nodiscard]] bool TellBeside(const Cell& cell, std::string_view reason) const;
 
@@ -60,6 +62,7 @@ struct GridPart {
     /// Counts up when Update() has run.
     std::uint64_t updates = 0;
     ListenerList<void(bool running)> bulkListeners;
+    ListenerList<void(std::string_view sentence)> outcomeListeners;
     ListenerList<bool(const CellKey& cell, std::string_view reason)> hintListeners;
 };
 

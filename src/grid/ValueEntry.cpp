@@ -7,6 +7,7 @@
 
 #include "automation/BusyScope.h"
 #include "automation/Numbers.h"
+#include "automation/Texts.h"
 #include "grid/CellText.h"
 #include "grid/SelectedCells.h"
 #include "trace/ErrorTrap.h"
@@ -43,6 +44,24 @@ std::string EnteredText(CellKeyView cell, const Variant& value) {
     }
     const std::optional<double> number = TryParseNumber(*text);
     return number ? modPlan::ReplacePoint(NumberText(*number)) : *text;
+}
+
+/// Empty where whoever gave the values tells of it.
+std::string_view VerbOf(EditKind kind) {
+    switch (kind) {
+        case EditKind::Paste:
+            return "pasted";
+        case EditKind::Fill:
+            return "filled";
+        case EditKind::Delete:
+            return "emptied";
+        case EditKind::Raise:
+            return "raised";
+        case EditKind::Value:
+        case EditKind::Drag:
+            break;
+    }
+    return {};
 }
 
 }  // namespace
@@ -187,6 +206,9 @@ BulkResult ValueEntry::ChangeCells(std::span<const NewValue> values, const EditN
         done = Record(transaction);
     });
     parts_.actions.Edited(note, done.changes, done.undoable);
+    if (const std::string_view verb = VerbOf(note.kind); !verb.empty()) {
+        TellOutcome(verb, static_cast<std::size_t>(result.changed));
+    }
     result.failed += ran ? 0 : static_cast<int>(values.size());
     return result;
 }
@@ -312,6 +334,7 @@ void ValueEntry::Undo() {
         const HistoryStep step = parts_.history.TakeUndo();  // the host may end the history from inside an event
         Apply(step, true);
         parts_.actions.Undone(step.cells);
+        TellOutcome("undone", step.cells.size(), step.tracks.size());
     }
 }
 
@@ -320,6 +343,7 @@ void ValueEntry::Redo() {
         const HistoryStep step = parts_.history.TakeRedo();
         Apply(step, false);
         parts_.actions.Redone(step.cells);
+        TellOutcome("redone", step.cells.size(), step.tracks.size());
     }
 }
 
@@ -403,6 +427,15 @@ ValueEntry::Done ValueEntry::Record(Transaction& transaction) {
         parts_.history.Clear();
     }
     return done;
+}
+
+void ValueEntry::TellOutcome(std::string_view done, std::size_t cells, std::size_t tracks) const noexcept {
+    ResumeNext([&] {
+        if (parts_.tellOutcome) {
+            std::string what = tracks > 0 ? Counted(tracks, "change") + " of columns or rows" : Counted(cells, "cell");
+            parts_.tellOutcome(what.append(" ").append(done));
+        }
+    });
 }
 
 void ValueEntry::DrawChart() noexcept {

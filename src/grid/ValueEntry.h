@@ -41,6 +41,8 @@ struct ValueEntryParts {
     std::function<void(const TrackStep& step, bool backwards)> applyTracks;
     /// An action that announces several values begins or has ended.
     std::function<void(bool running)> tellBulk;
+    /// What an action has done, in a sentence for the user.
+    std::function<void(std::string_view sentence)> tellOutcome;
     /// Computes cells from others; null where nothing does.
     CellComputation* computation = nullptr;
 };
@@ -123,6 +125,7 @@ private:
         bool undoable = false;
     };
     Done Record(Transaction& transaction);
+    void TellOutcome(std::string_view done, std::size_t cells, std::size_t tracks = 0) const noexcept;
     void DrawChart() noexcept;
     Variant StoreInTab(CellTable& tab, const KeyPositions& at, const Variant& value);
     void KeepInTabOld(CellTable& tabOld, const KeyPositions& at, const Variant& before);

@@ -42,6 +42,12 @@ void PaneLayout::MoveSplitters(const std::array<int, SplitterCount>& positions) 
     Changed();
 }
 
+void PaneLayout::GoTo(PaneGoal goal) const {
+    if (watcher_) {
+        watcher_->PaneWanted(goal);
+    }
+}
+
 void PaneLayout::Resize(int width, int height) {
     width_ = width;
     height_ = height;

@@ -23,11 +23,16 @@ inline constexpr std::size_t SplitterCount = 4;
 /// The label that a splitter's trace entries carry ("CTRLSPLIT" ...).
 [[nodiscard]] PLANVIEW_EXPORT std::string_view SplitterLabel(Splitter splitter) noexcept;
 
+/// Where the user wants to go on with the keyboard.
+enum class PaneGoal : std::uint8_t { Next, Previous, NextSplitter };
+
 /// Hears that panes came, went, or got other sizes.
 class PaneWatcher {
 public:
     virtual ~PaneWatcher() = default;
     virtual void PanesChanged() = 0;
+    /// The keyboard is to go there.
+    virtual void PaneWanted(PaneGoal /*goal*/) {}
 };
 
 /// Where the control's splitters stand, and which panes are on screen by the settings, which it only reads: whoever
@@ -55,6 +60,7 @@ public:
     void LayOut() const;
     /// Lays out the two panes of one splitter.
     void LayOut(Splitter splitter) const;
+    void GoTo(PaneGoal goal) const;
     /// The user moved a splitter. Positions that would leave a pane too small are corrected.
     void MoveSplitter(Splitter splitter, int position);
     /// All of them at once, as they stood before; corrected likewise.

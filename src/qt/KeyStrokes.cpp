@@ -34,6 +34,10 @@ KeyStroke keyStrokeOf(const QKeyEvent& event) {
         stroke.code = KeyStroke::Delete;
     } else if (key == Qt::Key_Space || (key >= Qt::Key_A && key <= Qt::Key_Z)) {
         stroke.code = static_cast<std::int16_t>(key);
+    } else if (key >= Qt::Key_Left && key <= Qt::Key_Down) {
+        stroke.code = static_cast<std::int16_t>(KeyStroke::Left + (key - Qt::Key_Left));
+    } else if (key >= Qt::Key_F1 && key <= Qt::Key_F12) {
+        stroke.code = static_cast<std::int16_t>(KeyStroke::F1 + (key - Qt::Key_F1));
     }
     const auto add = [&](Qt::KeyboardModifier modifier, std::int16_t shift) {
         stroke.shift = static_cast<std::int16_t>(stroke.shift + (held.testFlag(modifier) ? shift : 0));

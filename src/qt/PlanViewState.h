@@ -90,6 +90,7 @@ struct PlanViewWidget::State {
     ListenerId bulkListener{};
     ListenerId hintListener{};
     ListenerId failureListener{};
+    ListenerId outcomeListener{};
     ListenerId recordingListener{};
     ListenerId commandListener{};
     bool hasFocus = false;

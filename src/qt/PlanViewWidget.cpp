@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMetaMethod>
 #include <QPointer>
 #include <QResizeEvent>
 #include <QVBoxLayout>
@@ -15,6 +16,7 @@
 #include "control/ControlParts.h"
 #include "macro/tree/SelectionText.h"
 #include "platform/Desktop.h"
+#include "qt/AssistiveTools.h"
 #include "qt/KeyStrokes.h"
 #include "qt/PlanViewState.h"
 
@@ -77,6 +79,14 @@ PlanViewWidget::PlanViewWidget(const Platform& platform, QWidget* parent)
     auto* operands = new OperandPane(parts.Editor(), state_->grid->bitmaps(), state_->core);
     state_->panes = new PaneHost(parts.Panes(), parts.Editor(),
                                  {state_->grid, state_->chart, state_->tree, toolbar, macro, operands}, this);
+    state_->panes->setLeave([this](bool forward) {
+        static const QMetaMethod Left = QMetaMethod::fromSignal(&PlanViewWidget::panesLeft);
+        if (!isSignalConnected(Left)) {
+            return false;
+        }
+        Q_EMIT panesLeft(forward);
+        return true;
+    });
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(state_->panes);
@@ -98,6 +108,9 @@ PlanViewWidget::PlanViewWidget(const Platform& platform, QWidget* parent)
     state_->failureListener = view.Diagnostics().AddFailureListener([this](const Failure& failure) {
         Q_EMIT failed(QString::fromStdString(failure.table), QString::fromStdString(failure.field), failure.row,
                       QString::fromStdString(failure.reason));
+    });
+    state_->outcomeListener = view.Editing().AddOutcomeListener([this](std::string_view sentence) {
+        announce(QString::fromUtf8(sentence.data(), static_cast<qsizetype>(sentence.size())));
     });
     state_->recordingListener = view.Recording().AddListener([this] { Q_EMIT recordingChanged(); });
     state_->actions = new CommandActions(*this, view, *state_->grid, state_->guard);
@@ -121,6 +134,7 @@ PlanViewWidget::~PlanViewWidget() {
     view.Editing().RemoveBulkListener(state_->bulkListener);
     view.Editing().RemoveHintListener(state_->hintListener);
     view.Diagnostics().RemoveFailureListener(state_->failureListener);
+    view.Editing().RemoveOutcomeListener(state_->outcomeListener);
     view.Recording().RemoveListener(state_->recordingListener);
     view.RemoveCommandListener(state_->commandListener);
     view.RemoveSink(state_->core->sink);
@@ -156,9 +170,9 @@ void PlanViewWidget::setColorScheme(ColorScheme scheme) {
 }
 
 void PlanViewWidget::State::applyTheme() {
-    const GridTheme& theme = colorScheme == ColorScheme::System  ? GridTheme::forPalette(widget.palette())
-                             : colorScheme == ColorScheme::Light ? GridTheme::light()
-                                                                 : GridTheme::darkTheme();
+    const GridTheme theme = colorScheme == ColorScheme::System  ? GridTheme::forPalette(widget.palette())
+                            : colorScheme == ColorScheme::Light ? GridTheme::light()
+                                                                : GridTheme::darkTheme();
     panes->setTheme(theme);
     core->forms.setTheme(theme);
 }
@@ -198,6 +212,14 @@ QSize PlanViewWidget::sizeHint() const {
 
 QSize PlanViewWidget::minimumSizeHint() const {
     return SmallestSize;
+}
+
+void PlanViewWidget::enterPanes(bool first) {
+    state_->panes->enter(first);
+}
+
+void PlanViewWidget::announce(const QString& sentence) {
+    planview::announce(*this, sentence);
 }
 
 // --- Commands

@@ -38,8 +38,13 @@ void StatusInfo::update() {
         Q_EMIT widget_.pendingChangesChanged(pending_);
     }
     if (self && (toldSummary_ != summary_ || toldName_ != cellName_)) {
+        const bool severalAnew = summary_.cells > 1 && (toldSummary_.cells != summary_.cells || toldName_ != cellName_);
         toldSummary_ = summary_;
         toldName_ = cellName_;
+        if (severalAnew && grid_.hasFocus()) {
+            const QString cells = tr("%1 cells").arg(summary_.cells);
+            widget_.announce(summary_.numbers > 0 ? tr("%1, sum %2").arg(cells, widget_.selectionSum()) : cells);
+        }
         Q_EMIT widget_.selectionSummaryChanged();
     }
     if (self) {

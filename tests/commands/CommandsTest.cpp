@@ -112,6 +112,20 @@ TEST_F(CommandsTest, NumbersAndNamesStayAsTheyAre) {
         "MacroNew",
         "MacroEdit",
         "MacroPreview",
+        "PaneNext",
+        "PanePrevious",
+        "SplitterNext",
+        "SelectionAdd",
+        "MoveLeft",
+        "MoveRight",
+        "MoveUp",
+        "MoveDown",
+        "MakeNarrower",
+        "MakeWider",
+        "MakeLower",
+        "MakeHigher",
+        "ForecastLine",
+        "CellTell",
     };
     const auto commands = DescribeCommands();
     ASSERT_GE(commands.size(), std::size(names));

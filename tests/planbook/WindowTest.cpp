@@ -72,19 +72,51 @@ TEST(Window, MenusOfferWhatCanBeDone) {
     Window w(MakeSmallBook(folder));
     w.Grid().SelectCell(w.At(1, 1), SelectionMode::Replace);
     QApplication::processEvents();
-    EXPECT_EQ(EntriesOf(w.window, "&Edit"),
-              (Entries{"(&Undo Ctrl+Z)", "(&Redo Ctrl+Y)", "-", "Cu&t Ctrl+X", "&Copy Ctrl+C", "&Paste Ctrl+V",
-                       "(&Fill with the first value)", "&Delete Del", "(Take the number the &other way Ctrl+M)", "-",
-                       "Select ro&w Shift+Space", "Select co&lumn Ctrl+Space", "-", "F&ind… Ctrl+F", "Find &next F3",
-                       "Find pre&vious Shift+F3", "-", "(&Accept changes)", "(R&evert changes…)"}));
+    EXPECT_EQ(EntriesOf(w.window, "&Edit"), (Entries{"(&Undo Ctrl+Z)",
+                                                     "(&Redo Ctrl+Y)",
+                                                     "-",
+                                                     "Cu&t Ctrl+X",
+                                                     "&Copy Ctrl+C",
+                                                     "&Paste Ctrl+V",
+                                                     "(&Fill with the first value)",
+                                                     "&Delete Del",
+                                                     "(Take the number the &other way Ctrl+M)",
+                                                     "-",
+                                                     "Select ro&w Shift+Space",
+                                                     "Select co&lumn Ctrl+Space",
+                                                     "Add to the selection Shift+F8",
+                                                     "Tell about the cell Ctrl+F1",
+                                                     "-",
+                                                     "F&ind… Ctrl+F",
+                                                     "Find &next F3",
+                                                     "Find pre&vious Shift+F3",
+                                                     "-",
+                                                     "(&Accept changes)",
+                                                     "(R&evert changes…)"}));
     w.Grid().SelectRow(*w.Grid().FindRow("ROW1"), SelectionMode::Replace);
     QApplication::processEvents();
     Entries view = EntriesOf(w.window, "&View");
     view.erase(view.begin() + 3);  // asked as the menu opens: saving the chart
-    EXPECT_EQ(view, (Entries{"&Chart", "(Selected ro&ws into the chart)", "(Selected &periods into the chart)",
-                             "&Macros", "-", "Colours of the &desktop", "L&ight", "Dar&k", "-", "&Hide selected rows",
-                             "(Hide selected colum&ns)", "(Show s&elected rows)", "(Show selected c&olumns)", "-",
-                             "&Larger text Ctrl++", "&Smaller text Ctrl+-", "&Usual text Ctrl+0"}));
+    EXPECT_EQ(view, (Entries{"&Chart",
+                             "(Selected ro&ws into the chart)",
+                             "(Selected &periods into the chart)",
+                             "&Macros",
+                             "Next part of the view F6",
+                             "Previous part of the view Shift+F6",
+                             "Border between the parts F8",
+                             "-",
+                             "Colours of the &desktop",
+                             "L&ight",
+                             "Dar&k",
+                             "-",
+                             "&Hide selected rows",
+                             "(Hide selected colum&ns)",
+                             "(Show s&elected rows)",
+                             "(Show selected c&olumns)",
+                             "-",
+                             "&Larger text Ctrl++",
+                             "&Smaller text Ctrl+-",
+                             "&Usual text Ctrl+0"}));
     EXPECT_EQ(EntriesOf(w.window, "&Macro"),
               (Entries{"&Start recording", "(&Interrupt recording)", "(S&top recording)", "(&Undo last step)", "-",
                        "&Run", "Run on selected &line", "&Check"}));

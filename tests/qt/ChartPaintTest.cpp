@@ -30,6 +30,8 @@ private Q_SLOTS:
     void partsDoNotOverlap();
     void sharesBesideValuesHaveTheirOwnAxis();
     void rangeAndOptimumAreShown();
+    void noLabelHidesALine_data();
+    void noLabelHidesALine();
     void aNarrowAxisCutsWhatIsDrawn_data();
     void aNarrowAxisCutsWhatIsDrawn();
     void impossibleTrendIsSaid();
@@ -322,6 +324,40 @@ void ChartPaintTest::rangeAndOptimumAreShown() {
     state.valueAxis.rangeMinimum.type = ChartLimit::Hidden;
     const QImage half = pictureOf(state).image(Size, 1.0);
     QVERIFY(rowOf(half, 500, colors.band()) > width);
+}
+
+void ChartPaintTest::noLabelHidesALine_data() {
+    QTest::addColumn<double>("optimum");
+    QTest::addColumn<double>("scale");
+    for (const double scale : {1.0, 2.0}) {
+        for (const double optimum : {6900.0, 7300.0, 13200.0, 13500.0, 14400.0, 15300.0}) {
+            QTest::addRow("%g at %g", optimum, scale) << optimum << scale;
+        }
+    }
+}
+
+/// Between its points, because these are rings.
+void ChartPaintTest::noLabelHidesALine() {
+    QFETCH(double, optimum);
+    QFETCH(double, scale);
+    ChartState state = SampleChart(ChartType::Line);
+    state.valueAxis.optimum = {ChartLimit::Shown, optimum};
+    const LaidOut laid(state, Size, scale);
+    const ChartPlot& plot = laid.layout.plot();
+    const QImage image = pictureOf(state, GridTheme::light(), scale).image(Size, 1.0);
+    for (int series = 1; series <= state.SeriesCount(); ++series) {
+        const QRgb color = markColor(state.series[static_cast<std::size_t>(series - 1)].look->color, 0xffffffff);
+        for (int category = 2; category <= state.CategoryCount(); ++category) {
+            const ChartPoint from = plot.Point(series, category - 1);
+            const ChartPoint to = plot.Point(series, category);
+            if (std::abs(plot.YOf(optimum) - (from.y + to.y) / 2) < 5 * scale) {
+                continue;  // the optimum's own line crosses here
+            }
+            const QRect middle(qRound((from.x + to.x) / 2) - 2, qRound((from.y + to.y) / 2) - 3, 5, 7);
+            QVERIFY2(countColor(image, middle, color) >= 5,
+                     qPrintable(QStringLiteral("series %1 before category %2").arg(series).arg(category)));
+        }
+    }
 }
 
 void ChartPaintTest::aNarrowAxisCutsWhatIsDrawn_data() {

@@ -107,6 +107,54 @@ private slots:
         }
     }
 
+    void keysGoFromPaneToPane() {
+        Screen screen(false);
+        showAll(screen);
+        const auto where = [&screen] {
+            const QWidget* const focus = QApplication::focusWidget();
+            for (const char* name : {"TreePane", "MacroToolbar", "ChartPane", "OperandPane", "MacroPane"}) {
+                const QWidget& pane = part(screen, name);
+                if (&pane == focus || pane.isAncestorOf(focus)) {
+                    return QString::fromLatin1(name);
+                }
+            }
+            return focus == &screen.view() ? QStringLiteral("grid") : QStringLiteral("elsewhere");
+        };
+        screen.view().setFocus();
+        QStringList way;
+        for (int i = 0; i < 5; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6);
+            way << where();
+        }
+        QCOMPARE(way, QStringList({"ChartPane", "TreePane", "MacroToolbar", "MacroPane", "grid"}));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6, Qt::ShiftModifier);
+        QCOMPARE(where(), QStringLiteral("MacroPane"));  // without a macro nothing takes the keyboard beside it
+        // A host that has bars of its own is asked at the ends.
+        const QSignalSpy left(screen.widget.get(), &PlanViewWidget::panesLeft);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6);
+        QCOMPARE(left.count(), 1);
+        QVERIFY(left.at(0).at(0).toBool());
+        screen.widget->enterPanes(true);
+        QCOMPARE(where(), QStringLiteral("grid"));
+    }
+
+    void keysMoveTheSplitters() {
+        Screen screen(false);
+        showAll(screen);
+        screen.view().setFocus();
+        const PaneLayout& layout = ControlParts(screen.widget->control()).Panes();
+        const int before = layout.Position(Splitter::CtrlSplit);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F8);
+        QVERIFY(!QApplication::focusWidget()->accessibleName().isEmpty());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+        QCOMPARE(layout.Position(Splitter::CtrlSplit), before + 20);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F8);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
+        QCOMPARE(layout.Position(Splitter::GridSplit), PaneLayout::LeastShare);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QVERIFY(screen.view().hasFocus());
+    }
+
     void theUsersMoveReachesTheLayoutAndStays() {
         Screen screen(false);
         showAll(screen);

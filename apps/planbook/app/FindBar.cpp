@@ -94,6 +94,7 @@ void FindBar::find(Direction direction) {
     const std::vector<FoundPlace> places = book ? FindInBook(*book, text_->text()) : std::vector<FoundPlace>();
     if (places.empty()) {
         outcome_->setText(text_->text().trimmed().isEmpty() ? QString() : QString("nothing found"));
+        Q_EMIT looked(outcome_->text(), false);
         return;
     }
     startFromCurrentCell(*book);
@@ -108,6 +109,7 @@ void FindBar::find(Direction direction) {
     outcome_->setText(QString("%1 of %2").arg(place - places.begin() + 1).arg(places.size()));
     const CellKeys keys = KeysOf(*book, *place);
     Q_EMIT found(keys.column, keys.row);
+    Q_EMIT looked(outcome_->text(), true);
 }
 
 }  // namespace planbook

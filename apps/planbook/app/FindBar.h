@@ -27,6 +27,8 @@ public:
 Q_SIGNALS:
     void found(const QString& column, const QString& row);
     void closed();
+    /// What has come of looking: "2 of 5", "nothing found"; after found().
+    void looked(const QString& outcome, bool isFound);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -2,6 +2,7 @@
 #include "app/FrameTheme.h"
 
 #include <QColor>
+#include <cmath>
 
 namespace planbook {
 
@@ -20,7 +21,7 @@ struct FrameColors {
 
 const FrameColors& colors(bool dark) {
     static const FrameColors light{"#ffffff", "#f6f7f9", "#eef1f5", "#dfe3e8",
-                                   "#1b1f24", "#68727d", "#2463d6", "#e8effc"};
+                                   "#1b1f24", "#5f6973", "#2463d6", "#e8effc"};
     static const FrameColors night{"#1b1e23", "#22262c", "#282d34", "#363c45",
                                    "#e6e9ee", "#98a2ae", "#6ea0ff", "#26375a"};
     return dark ? night : light;
@@ -63,6 +64,16 @@ FrameTheme FrameTheme::make(bool dark) {
     theme.styleSheet = styleSheet.arg(c.panel.name(), c.text.name(), c.line.name(), c.accentTint.name(), c.muted.name(),
                                       c.accent.name(), c.base.name());
     return theme;
+}
+
+bool isHighContrast(const QPalette& palette) {
+    const auto lightness = [&](QPalette::ColorRole role) { return palette.color(QPalette::Active, role).lightnessF(); };
+    constexpr double Apart = 0.95;
+    constexpr double Same = 0.02;
+    const double base = lightness(QPalette::Base);
+    const auto isBase = [&](QPalette::ColorRole role) { return std::abs(lightness(role) - base) < Same; };
+    const auto isFar = [&](QPalette::ColorRole role) { return std::abs(lightness(role) - base) > Apart; };
+    return isBase(QPalette::Window) && isBase(QPalette::Button) && isFar(QPalette::Text) && isFar(QPalette::WindowText);
 }
 
 bool isDark(const QPalette& palette) {

@@ -14,6 +14,9 @@ struct FrameTheme {
     [[nodiscard]] static FrameTheme make(bool dark);
 };
 
+/// Whether a palette has one ground for all, and texts nearly as far from it as they can be. It is kept as it is.
+[[nodiscard]] bool isHighContrast(const QPalette& palette);
+
 /// Whether the desktop's own palette is a dark one.
 [[nodiscard]] bool isDark(const QPalette& palette);
 

@@ -6,12 +6,15 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <vector>
 
 #include <planview/Trace.h>
 #include <planview/Version.h>
@@ -51,7 +54,7 @@ MainWindow::MainWindow(planview::MessageBoxes& messageBoxes, bool trace, Questio
       hostMenus_(new HostMenus(*view_, *session_, questions_, this)),
       recent_(new RecentBooks(this)),
       pages_(new QStackedWidget(this)),
-      desktopIsDark_(isDark(QApplication::palette())),
+      desktopPalette_(QApplication::palette()),
       traceIsSaved_(trace) {
     RegisterSpreadsheet(view_->objects());
     if (trace) {
@@ -112,21 +115,33 @@ QWidget* MainWindow::buildBookPage() {
     // Below: it comes unasked, and must not move the cells from under the pointer.
     layout->addWidget(changedNotice_);
     layout->addWidget(faultNotice_);
+    for (NoticeBar* notice : {changedNotice_, faultNotice_}) {
+        connect(notice, &NoticeBar::appeared, view_, &PlanViewWidget::announce);
+    }
     connect(faultNotice_, &NoticeBar::actionPressed, this, &MainWindow::tellFaults);
     connect(faultNotice_, &NoticeBar::dismissed, faultNotice_, &QWidget::hide);
     connect(changedNotice_, &NoticeBar::actionPressed, this, &MainWindow::reload);
     connect(changedNotice_, &NoticeBar::dismissed, session_, &BookSession::dismissChange);
+    connect(view_, &PlanViewWidget::panesLeft, this, &MainWindow::goToBar);
     connect(findBar_, &FindBar::found, view_, &PlanViewWidget::selectCell);
+    connect(findBar_, &FindBar::looked, this, &MainWindow::tellFound);
     connect(findBar_, &FindBar::closed, view_, qOverload<>(&QWidget::setFocus));
     return page;
 }
 
 void MainWindow::setScheme(ViewRequest::Scheme scheme) {
-    const bool dark = scheme == ViewRequest::Scheme::Dark || (scheme == ViewRequest::Scheme::System && desktopIsDark_);
-    const FrameTheme theme = FrameTheme::make(dark);
-    QApplication::setPalette(theme.palette);
-    setStyleSheet(theme.styleSheet);
-    view_->setColorScheme(dark ? PlanViewWidget::ColorScheme::Dark : PlanViewWidget::ColorScheme::Light);
+    const bool asDesktop = scheme == ViewRequest::Scheme::System;
+    if (asDesktop && isHighContrast(desktopPalette_)) {
+        QApplication::setPalette(desktopPalette_);
+        setStyleSheet(QString());
+        view_->setColorScheme(PlanViewWidget::ColorScheme::System);
+    } else {
+        const bool dark = scheme == ViewRequest::Scheme::Dark || (asDesktop && isDark(desktopPalette_));
+        const FrameTheme theme = FrameTheme::make(dark);
+        QApplication::setPalette(theme.palette);
+        setStyleSheet(theme.styleSheet);
+        view_->setColorScheme(dark ? PlanViewWidget::ColorScheme::Dark : PlanViewWidget::ColorScheme::Light);
+    }
     for (QAction* action : schemes_->actions()) {
         action->setChecked(action->data().toInt() == static_cast<int>(scheme));
     }
@@ -239,6 +254,38 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->setAccepted(mayLeaveBook() && mayLeaveTrace());
 }
 
+// --- Going about by keys
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier;
+    if (event->key() == Qt::Key_F6 && session_->isOpen() && (held & ~Qt::ShiftModifier) == Qt::NoModifier) {
+        goToBar(held == Qt::NoModifier);
+    } else {
+        QMainWindow::keyPressEvent(event);
+    }
+}
+
+void MainWindow::goToBar(bool forward) {
+    std::vector<QWidget*> bars{changedNotice_, faultNotice_, status_, findBar_};
+    if (!forward) {
+        std::reverse(bars.begin(), bars.end());
+    }
+    const QWidget* const focus = QApplication::focusWidget();
+    const auto at = std::find_if(bars.begin(), bars.end(), [&](QWidget* bar) { return bar->isAncestorOf(focus); });
+    for (auto bar = at == bars.end() ? bars.begin() : at + 1; bar != bars.end(); ++bar) {
+        const QList<QWidget*> parts = (*bar)->findChildren<QWidget*>();
+        const auto takes = [](const QWidget* part) {
+            return part->isVisible() && part->isEnabled() && (part->focusPolicy() & Qt::TabFocus) != 0;
+        };
+        const auto part = std::find_if(parts.begin(), parts.end(), takes);
+        if (part != parts.end()) {
+            (*part)->setFocus(Qt::TabFocusReason);
+            return;
+        }
+    }
+    view_->enterPanes(forward);
+}
+
 // --- While a book is open
 
 void MainWindow::pendingChanged(int count) {
@@ -255,6 +302,11 @@ void MainWindow::tellFaults() {
     questions_.tell(QString::fromStdString(report.Headline() + "\n\n" + report.List(MostInMessage) +
                                            "\n\nEverything else is shown. A workbook made of this book says that it "
                                            "is incomplete. Mend these places, or take the book from a backup."));
+}
+
+/// The keyboard stays in the field, so where the place is must be told beside what it is called.
+void MainWindow::tellFound(const QString& outcome, bool isFound) {
+    view_->announce(isFound ? outcome + ": " + view_->currentCellName() : outcome);
 }
 
 void MainWindow::startToFind() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPalette>
 #include <filesystem>
 #include <memory>
 
@@ -51,6 +52,7 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     QWidget* buildWelcome();
@@ -77,9 +79,13 @@ private:
     void remember();
     void pendingChanged(int count);
     void tellFaults();
+    /// Goes to the next of the bars around the view, from the one with the keyboard or from the view; behind the last
+    /// one to the view.
+    void goToBar(bool forward);
     /// Asks what becomes of a trace that nobody has saved.
     bool mayLeaveTrace();
     void startToFind();
+    void tellFound(const QString& outcome, bool isFound);
     void showAbout();
 
     std::unique_ptr<Questions> ownQuestions_;
@@ -99,7 +105,7 @@ private:
     QAction* acceptAction_ = nullptr;
     QAction* revertAction_ = nullptr;
     QActionGroup* schemes_ = nullptr;
-    bool desktopIsDark_;
+    QPalette desktopPalette_;
     bool traceIsSaved_;  // by whoever made the window
 };
 

@@ -33,6 +33,11 @@ NoticeBar::NoticeBar(const QString& text, const QString& action, QWidget* parent
     connect(end, &QToolButton::clicked, this, &NoticeBar::dismissed);
 }
 
+void NoticeBar::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    Q_EMIT appeared(text_->text());
+}
+
 void NoticeBar::setText(const QString& text) {
     text_->setText(text);
 }

@@ -19,6 +19,11 @@ public:
 Q_SIGNALS:
     void actionPressed();
     void dismissed();
+    /// The bar has come on screen.
+    void appeared(const QString& text);
+
+protected:
+    void showEvent(QShowEvent* event) override;
 
 private:
     QLabel* text_;

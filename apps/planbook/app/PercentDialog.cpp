@@ -77,7 +77,10 @@ PercentDialog::PercentDialog(const QString& text, double present, QWidget* paren
 
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
-    layout->addWidget(new QLabel(text));
+    auto* label = new QLabel(text);
+    label->setBuddy(value_);
+    value_->setAccessibleName(text);
+    layout->addWidget(label);
     layout->addLayout(presets);
     layout->addWidget(value_);
     layout->addWidget(buttons);

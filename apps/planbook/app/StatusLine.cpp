@@ -92,6 +92,7 @@ void StatusLine::showRecording() {
 
 void StatusLine::showNews(const QString& text) {
     news_->setText(text);
+    view_.announce(text);
     newsTimer_->start();
 }
 

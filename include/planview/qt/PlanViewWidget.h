@@ -282,6 +282,12 @@ public:
     /// DP_Import_Create(). The tables are not changed, so that a further build takes sizes and order from them again.
     /// False, and nothing is changed, for bytes that are no such state, and while an entry is open that is refused.
     bool restoreState(const QByteArray& state);
+    /// Gives the keyboard to the first or to the last pane that is shown: for a host whose own bars F6 reaches, too.
+    /// See panesLeft().
+    Q_INVOKABLE void enterPanes(bool first);
+    /// Has a screen reader speak a sentence, where one runs; nothing is seen of it. The view itself tells why a value
+    /// is refused, what undo, redo and the clipboard have changed, and what is selected.
+    Q_INVOKABLE void announce(const QString& sentence);
 
     // --- Macros; what each does stands at the control's method of the same name
 
@@ -373,6 +379,9 @@ Q_SIGNALS:
     /// @}
     /// Current cell, selection or a selected value is another one.
     void selectionSummaryChanged();
+    /// F6 went on behind the last pane (true), or Shift+F6 back before the first. A host that connects this gives the
+    /// keyboard to a bar of its own, and back by enterPanes(); without one F6 goes round within the view.
+    void panesLeft(bool forward);
     /// Recording has begun, is paused or has ended, or has another number of steps.
     void recordingChanged();
     /// The control could not do something; see Diagnostics::AddFailureListener(). `row` counts from 1, 0 for none;

@@ -199,13 +199,10 @@ void ChartPainter::paintOptimum(QPainter& painter, const ChartPlot& plot) const 
     const double width = metrics.horizontalAdvance(text);
     const QRectF over(area.right() - width - 2 * gap, y - gap / 2 - metrics.height(), width + 2 * gap,
                       metrics.height());
-    const QRectF under = over.translated(0, metrics.height() + gap);
-    const bool occupied = carriesLine(plot, over) && !carriesLine(plot, under);
-    const bool below = over.top() < area.top() || occupied;
-    const QRectF ground = below ? under : over;
-    // Columns may stand behind the text.
+    const auto [ground, isFree] = placeBesideLines(plot, over, metrics.height() + gap);
+    // Columns may stand behind the text, lines may not.
     QColor veil = QColor::fromRgb(colors_.plot());
-    veil.setAlphaF(0.75F);
+    veil.setAlphaF(isFree ? 0.75F : 0.0F);
     painter.setPen(Qt::NoPen);
     painter.setBrush(veil);
     painter.drawRoundedRect(ground, gap / 2, gap / 2);
@@ -214,22 +211,45 @@ void ChartPainter::paintOptimum(QPainter& painter, const ChartPlot& plot) const 
     painter.drawText(QPointF(ground.left() + gap, ground.top() + metrics.ascent()), text);
 }
 
-/// Whether a line has a point there, its ring included.
-bool ChartPainter::carriesLine(const ChartPlot& plot, const QRectF& place) const {
-    const double ring = scene_.pixels(Reach);
-    const QRectF rect = place.adjusted(-ring, -ring, ring, ring);
+/// Above or below, at the right or the left end, wherever no line runs; where one runs everywhere, above or below.
+std::pair<QRectF, bool> ChartPainter::placeBesideLines(const ChartPlot& plot, const QRectF& over, double down) const {
+    const QRectF area = areaOf(plot);
+    const double left = area.left() - over.left();
+    const QRectF places[] = {over, over.translated(0, down), over.translated(left, 0), over.translated(left, down)};
+    const auto isInside = [&](const QRectF& place) {
+        return place.top() >= area.top() && place.bottom() <= area.bottom();
+    };
+    // A ring beside the text is better than one that touches it, but both are seen.
+    for (const double ring : {scene_.pixels(Reach), scene_.pixels(Reach) / 2}) {
+        for (const QRectF& place : places) {
+            if (isInside(place) && !carriesLine(plot, place.adjusted(-ring, -ring, ring, ring))) {
+                return {place, true};
+            }
+        }
+    }
+    return {isInside(over) ? over : places[1], false};
+}
+
+/// Whether a line runs through there.
+bool ChartPainter::carriesLine(const ChartPlot& plot, const QRectF& rect) const {
+    const auto runsThrough = [&rect](const ChartPoint& from, const ChartPoint& to) {
+        const double begin = std::max(rect.left(), from.x);
+        const double end = std::min(rect.right(), to.x);
+        const double slope = to.x > from.x ? (to.y - from.y) / (to.x - from.x) : 0;
+        const auto [top, bottom] = std::minmax({from.y + (begin - from.x) * slope, from.y + (end - from.x) * slope});
+        return begin <= end && bottom >= rect.top() && top <= rect.bottom();
+    };
     for (int series = 1; series <= scene_.state.SeriesCount(); ++series) {
         if (IsColumnType(scene_.state.series[static_cast<std::size_t>(series - 1)].type)) {
             continue;
         }
-        for (int category = plot.LastCategory(); category >= plot.FirstCategory(); --category) {
+        ChartPoint before = plot.Point(series, plot.FirstCategory());
+        for (int category = plot.FirstCategory(); category <= plot.LastCategory(); ++category) {
             const ChartPoint at = plot.Point(series, category);
-            if (at.x < rect.left()) {
-                break;
-            }
-            if (rect.contains(at.x, at.y)) {
+            if (runsThrough(before, at)) {
                 return true;
             }
+            before = at;
         }
     }
     return false;

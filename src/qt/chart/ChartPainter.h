@@ -3,6 +3,7 @@
 
 #include <QRectF>
 #include <QString>
+#include <utility>
 
 #include "qt/chart/ChartColors.h"
 #include "qt/chart/ChartLayout.h"
@@ -45,7 +46,10 @@ private:
     void paintGridLines(QPainter& painter, const ChartPlot& plot) const;
     void paintRange(QPainter& painter, const ChartPlot& plot) const;
     void paintOptimum(QPainter& painter, const ChartPlot& plot) const;
-    [[nodiscard]] bool carriesLine(const ChartPlot& plot, const QRectF& place) const;
+    /// Where a text goes that stands over something, or `down` from there; and whether no line runs through it there.
+    [[nodiscard]] std::pair<QRectF, bool> placeBesideLines(const ChartPlot& plot, const QRectF& over,
+                                                           double down) const;
+    [[nodiscard]] bool carriesLine(const ChartPlot& plot, const QRectF& rect) const;
     void paintSelection(QPainter& painter, const ChartSeriesPainter& series) const;
 
     const ChartScene& scene_;

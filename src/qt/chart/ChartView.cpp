@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "qt/chart/ChartView.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QDrag>
@@ -14,6 +13,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "qt/chart/ChartAccessible.h"
 #include "qt/chart/ChartDrawn.h"
 #include "qt/chart/ChartNumbers.h"
 
@@ -37,10 +37,12 @@ ChartView::ChartView(ChartControl& chart, std::shared_ptr<void> owner, QWidget* 
     : GuardedView(EntryGuard("CHART", std::move(owner)), parent),
       chart_(chart),
       runDrag_([](QDrag& drag) { drag.exec(Qt::CopyAction); }) {
+    installChartAccessibility();
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Chart"));
     setAcceptDrops(true);
+    setLayoutDirection(Qt::LeftToRight);  // its periods run so, and the scroll bar runs with them
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setMouseTracking(true);
@@ -325,18 +327,31 @@ QString ChartView::describe(const Place& place) const {
            pointValueText(state, StackSeries(state), place.series, place.category);
 }
 
-void ChartView::announce() {
-    const QString title = QString::fromStdString(chart_.State().title).simplified();
+ChartHit ChartView::currentPoint() const {
+    const std::optional<Place> place = current();
+    return place ? ChartHit{ChartHitCode::Point, place->series, place->category} : ChartHit{};
+}
+
+void ChartView::announce(bool again) {
+    const ChartState& state = chart_.State();
+    const QString title = QString::fromStdString(state.title).simplified();
     setAccessibleName(title.isEmpty() ? tr("Chart") : tr("Chart: %1").arg(title));
+    const std::pair<int, int> shape(state.SeriesCount(), state.CategoryCount());
+    if (std::exchange(shape_, shape) != shape) {
+        tellChartShape(*this);
+    }
     const std::optional<Place> place = current();
     const QString text = place ? describe(*place) : QString();
-    if (text == accessibleDescription()) {
-        return;
+    const bool changed = text != accessibleDescription();
+    if (changed) {
+        setAccessibleDescription(text);
     }
-    setAccessibleDescription(text);
-    if (QAccessible::isActive() && hasFocus()) {
-        QAccessibleEvent changed(this, QAccessible::DescriptionChanged);
-        QAccessible::updateAccessibility(&changed);
+    if (!place || !hasFocus()) {
+        told_.reset();
+    } else if (std::exchange(told_, place) != place || again) {
+        tellChartFocus(*this, place->series, place->category);
+    } else if (changed) {
+        tellChartValue(*this, place->series, place->category);
     }
 }
 

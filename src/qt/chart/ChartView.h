@@ -48,6 +48,8 @@ public:
     [[nodiscard]] ChartHit hitTest(QPointF point);
     /// The point that is being dragged.
     [[nodiscard]] const MovedPoint* moved() const { return moved_ ? &*moved_ : nullptr; }
+    /// The point that the keyboard is at, numbers from 1; none where it is at none.
+    [[nodiscard]] ChartHit currentPoint() const;
     /// What stands in the bubble beside a point, its lines joined by "\n"; empty without one.
     [[nodiscard]] QString bubbleText() const;
 
@@ -135,7 +137,8 @@ private:
     bool changeByKey(const QKeyEvent& event);
     void goTo(const Place& place);
     void changeBy(const Place& place, int steps);
-    void announce();
+    /// Tells assistive tools what has changed since it told them last; `again` where the focus is, too.
+    void announce(bool again = false);
     [[nodiscard]] QString describe(const Place& place) const;
 
     ChartControl& chart_;
@@ -150,6 +153,8 @@ private:
     bool refused_ = false;  ///< the drag in progress began at a point that may not change
     std::optional<MovedPoint> moved_;
     std::optional<Place> cursor_;  // of the keyboard
+    std::optional<Place> told_;    // where assistive tools were told the focus is
+    std::pair<int, int> shape_;    // the numbers of series and categories that they know
     std::optional<Place> asked_;   // whether this point may change has been asked
     bool mayChange_ = false;
     GridWheel wheel_;

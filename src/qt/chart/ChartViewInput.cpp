@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "qt/AssistiveTools.h"
 #include "qt/InputCodes.h"
 #include "qt/chart/ChartDrawn.h"
 #include "qt/chart/ChartNumbers.h"
@@ -193,7 +194,9 @@ void ChartView::showPointBubble(const Place& place) {
 
 void ChartView::showRefusal(const Place& place) {
     if (isPoint(place)) {
-        setBubble(Bubble{pointRect(place.series, place.category), describe(place), tr("This value cannot be changed")});
+        const QString sentence = tr("This value cannot be changed");
+        setBubble(Bubble{pointRect(place.series, place.category), describe(place), sentence});
+        planview::announce(*this, sentence);
     }
 }
 
@@ -257,6 +260,8 @@ void ChartView::dropEvent(QDropEvent* event) {
 void ChartView::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
     forgetDrawn();
+    // Qt itself names the chart as a whole after this event.
+    guard().later(this, "TellFocus", [this] { announce(true); });
     chart_.UserFocus(true);
 }
 

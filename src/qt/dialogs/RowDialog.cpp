@@ -82,6 +82,7 @@ void RowDialog::buildLayoutColumn(QVBoxLayout& column) {
 
 void RowDialog::addHeight(QGridLayout& section) {
     height_ = new QLineEdit(this);
+    height_->setAccessibleName(QString::fromStdString(form_.lblHeight));  // its label is no sibling of it
     height_->setFixedWidth(HeightFieldWidth);
     height_->setAlignment(Qt::AlignRight);
     auto* reset = new QPushButton(withMnemonic(form_.cmdResetCaption, 't'), this);

@@ -9,8 +9,6 @@ namespace planview {
 
 namespace {
 
-constexpr double RefusedWeight = 0.85;
-
 QString shownValue(const std::string& text) {
     return text.empty() ? UploadModel::tr("(empty)") : QString::fromStdString(text);
 }
@@ -96,7 +94,7 @@ QVariant UploadModel::data(const QModelIndex& index, int role) const {
                                                                        : QVariant(Qt::AlignLeft | Qt::AlignVCenter);
         case Qt::ForegroundRole:
             if (each->IsRefused()) {
-                return QBrush(QColor(mixColors(theme_.base, theme_.muted, RefusedWeight)));
+                return QBrush(QColor(theme_.muted));
             }
             return index.column() == Before ? QVariant(QBrush(QColor(theme_.muted))) : QVariant();
         case Qt::AccessibleTextRole:

@@ -2,6 +2,9 @@
 #include "qt/grid/GridAccessibleTable.h"
 
 #include <type_traits>
+#include <vector>
+
+#include "grid/CellRules.h"
 
 namespace planview {
 
@@ -37,8 +40,16 @@ bool isIn(const GridAxis& axis, int place) {
     return place < 0 ? place == -1 && hasHeading(axis) : place < GridLine(axis.layout()).size();
 }
 
+/// Without the blanks that indent it.
 QString textOf(GridView& view, Cell cell) {
-    return QString::fromStdString(view.grid().DisplayText(cell));
+    return QString::fromStdString(view.grid().DisplayText(cell)).simplified();
+}
+
+/// A number beside the planning cells that nobody enters.
+bool isComputed(GridView& view, Cell cell) {
+    const GridControl& grid = view.grid();
+    return !IsPlanningCell(grid.KeyOf(cell)) && RefusalOf(grid, cell) != Refusal::None &&
+           grid.Number(cell, grid.Look(cell)).has_value();
 }
 
 bool wholeTrackSelected(GridView& view, const GridAxis& axis, int place) {
@@ -71,6 +82,33 @@ QList<int> selectedTracks(GridView& view, const GridAxis& axis) {
     return result;
 }
 
+/// The places among all columns or all rows of those that an axis shows.
+std::vector<int> ordersOf(GridView& view, const GridAxis& axis) {
+    const GridLine line(axis.layout());
+    std::vector<int> orders;
+    for (int place = 0; place < line.size(); ++place) {
+        const std::int32_t track = line.trackAt(place);
+        orders.push_back(axis.showsColumns() ? view.grid().OrderOf(ColumnId{track})
+                                             : view.grid().OrderOf(RowId{track}));
+    }
+    return orders;
+}
+
+std::vector<int> placesIn(const std::vector<int>& orders, int first, int last) {
+    std::vector<int> places;
+    for (std::size_t i = 0; i < orders.size(); ++i) {
+        if (orders[i] >= first && orders[i] <= last) {
+            places.push_back(static_cast<int>(i));
+        }
+    }
+    return places;
+}
+
+/// The cell that keys go on from: the far end of what Shift has selected.
+std::optional<Cell> focusOf(GridView& view) {
+    return view.hasFocus() ? view.grid().SelectionEnd() : std::nullopt;
+}
+
 bool cellSelected(GridView& view, Cell cell) {
     const GridControl& grid = view.grid();
     return grid.Selection().HasCell(cell, grid.OrderOf(cell.column), grid.OrderOf(cell.row));
@@ -91,8 +129,8 @@ GridView* GridAccessibleTable::view() const {
 }
 
 void GridAccessibleTable::dropCells() {
-    for (const auto& [place, id] : cells_) {
-        QAccessible::deleteAccessibleInterface(id);
+    for (const auto& [place, known] : cells_) {
+        QAccessible::deleteAccessibleInterface(known.id);
     }
     cells_.clear();
 }
@@ -105,11 +143,65 @@ QAccessibleInterface* GridAccessibleTable::cell(int row, int column) const {
         }
         const auto known = cells_.find({row, column});
         if (known != cells_.end()) {
-            return QAccessible::accessibleInterface(known->second);
+            return QAccessible::accessibleInterface(known->second.id);
         }
         auto* made = new GridAccessibleCell(&shown, row, column);  // owned by QAccessible from here on
-        cells_[{row, column}] = QAccessible::registerAccessibleInterface(made);
+        const QAccessible::Id id = QAccessible::registerAccessibleInterface(made);
+        cells_[{row, column}] = {id, made->text(QAccessible::Name), {}};
+        cells_[{row, column}].description = made->text(QAccessible::Description);  // which asks for the headings
         return made;
+    });
+}
+
+std::vector<GridAccessibleTable::ChangedCell> GridAccessibleTable::takeChangedCells() const {
+    std::vector<ChangedCell> changed;
+    for (auto& [place, known] : cells_) {
+        QAccessibleInterface* const shown = QAccessible::accessibleInterface(known.id);
+        const QString text = shown->text(QAccessible::Name);
+        if (std::exchange(known.text, text) != text) {
+            changed.push_back({shown, QAccessible::NameChanged});
+        }
+        const QString description = shown->text(QAccessible::Description);
+        if (std::exchange(known.description, description) != description) {
+            changed.push_back({shown, QAccessible::DescriptionChanged});
+        }
+    }
+    return changed;
+}
+
+GridTeller::Places GridAccessibleTable::selectedPlaces(std::size_t most) const {
+    return ask(view(), [&](GridView& shown) {
+        GridTeller::Places result;
+        const GridGeometry& geometry = shown.geometry();
+        const GridSelection& selection = shown.grid().Selection();
+        if (selection.IsEmpty()) {
+            return result;
+        }
+        const std::vector<int> columns = ordersOf(shown, geometry.horizontal);
+        const std::vector<int> rows = ordersOf(shown, geometry.vertical);
+        const bool switched = !geometry.horizontal.showsColumns();
+        for (const CellRange& range : selection.Ranges()) {
+            const std::vector<int> across = switched ? placesIn(columns, range.firstRow, range.lastRow)
+                                                     : placesIn(columns, range.firstColumn, range.lastColumn);
+            const std::vector<int> down = switched ? placesIn(rows, range.firstColumn, range.lastColumn)
+                                                   : placesIn(rows, range.firstRow, range.lastRow);
+            if (result.size() + across.size() * down.size() > most) {
+                result.clear();
+                break;
+            }
+            for (const int row : down) {
+                for (const int column : across) {
+                    result.emplace(row, column);
+                }
+            }
+        }
+        for (const int column : selectedTracks(shown, geometry.horizontal)) {
+            result.emplace(-1, column);
+        }
+        for (const int row : selectedTracks(shown, geometry.vertical)) {
+            result.emplace(row, -1);
+        }
+        return result;
     });
 }
 
@@ -142,8 +234,8 @@ QAccessibleInterface* GridAccessibleTable::childAt(int x, int y) const {
 
 QAccessibleInterface* GridAccessibleTable::focusChild() const {
     return ask(view(), [&](GridView& shown) -> QAccessibleInterface* {
-        const std::optional<Cell> current = shown.grid().CurrentCell();
-        if (!current || !shown.hasFocus()) {
+        const std::optional<Cell> current = focusOf(shown);
+        if (!current) {
             return nullptr;
         }
         const GridGeometry& geometry = shown.geometry();
@@ -298,17 +390,31 @@ QString GridAccessibleCell::text(QAccessible::Text kind) const {
             case QAccessible::Value:
                 return textOf(shown, cell);
             case QAccessible::Description:
-                if (row_ >= 0 && column_ >= 0) {
-                    return gridTable()->rowDescription(row_) + QStringLiteral(", ") +
-                           gridTable()->columnDescription(column_);
-                }
-                return {};
+                return description(shown, cell);
             case QAccessible::Help:
                 return QString::fromStdString(shown.grid().Tooltip(cell));
             default:
                 return {};
         }
     });
+}
+
+/// Where it stands, and what its marks say to the eye.
+QString GridAccessibleCell::description(GridView& view, Cell cell) const {
+    QStringList parts;
+    if (row_ >= 0 && column_ >= 0) {
+        parts << gridTable()->rowDescription(row_) << gridTable()->columnDescription(column_);
+        if (view.isPending(cell)) {
+            parts << QStringLiteral("changed");
+        }
+        if (isComputed(view, cell)) {
+            parts << QStringLiteral("computed");
+        }
+    } else {
+        parts << view.rowMark(cell);
+    }
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
 }
 
 QRect GridAccessibleCell::rect() const {
@@ -329,7 +435,7 @@ QAccessible::State GridAccessibleCell::state() const {
         state.selectable = true;
         state.focusable = row_ >= 0 && column_ >= 0;
         state.selected = isSelected();
-        state.focused = shown.hasFocus() && shown.grid().CurrentCell() == cell;
+        state.focused = focusOf(shown) == cell;
         state.readOnly = row_ < 0 || column_ < 0 || shown.grid().Look(cell).readOnly;
         state.offscreen = shown.cellRect(cell).isEmpty();
         return true;

@@ -7,7 +7,9 @@
 #include <cstdint>
 #include <map>
 #include <utility>
+#include <vector>
 
+#include "qt/grid/GridAccessible.h"
 #include "qt/grid/GridLine.h"
 #include "qt/grid/GridView.h"
 
@@ -26,6 +28,15 @@ public:
     /// The heading cells have -1 as their row or column. Null outside the table.
     [[nodiscard]] QAccessibleInterface* cell(int row, int column) const;
     [[nodiscard]] int childIndex(int row, int column) const;
+    /// The cells that are selected one by one, then the headings of whole columns and rows, as row and column. None of
+    /// the cells where there are more than `most`.
+    [[nodiscard]] GridTeller::Places selectedPlaces(std::size_t most) const;
+    /// The cells that were asked for and have another text or description than then, or than when this was called last.
+    struct ChangedCell {
+        QAccessibleInterface* cell = nullptr;
+        QAccessible::Event what = QAccessible::NameChanged;
+    };
+    [[nodiscard]] std::vector<ChangedCell> takeChangedCells() const;
 
     void* interface_cast(QAccessible::InterfaceType type) override;
     QAccessibleInterface* child(int index) const override;
@@ -59,7 +70,12 @@ private:
     void dropCells();
 
     using Place = std::pair<int, int>;  // row, column
-    mutable std::map<Place, QAccessible::Id> cells_;
+    struct Known {
+        QAccessible::Id id = 0;
+        QString text;
+        QString description;
+    };
+    mutable std::map<Place, Known> cells_;
 };
 
 /// One cell or heading of a GridAccessibleTable, by its place.
@@ -95,6 +111,7 @@ private:
     template <class Question>
     [[nodiscard]] auto askAboutCell(Question question) const;
     [[nodiscard]] GridAccessibleTable* gridTable() const;
+    [[nodiscard]] QString description(GridView& view, Cell cell) const;
 
     QPointer<GridView> view_;
     int row_;

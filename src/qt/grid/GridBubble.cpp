@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "qt/grid/GridBubble.h"
 
-#include <QAccessible>
 #include <QPainter>
 #include <QTimerEvent>
 #include <algorithm>
 #include <cmath>
 
+#include "qt/AssistiveTools.h"
 #include "qt/grid/GridFonts.h"
 #include "qt/grid/GridTheme.h"
 
@@ -41,6 +41,7 @@ QRect GridBubble::textRect() const {
 }
 
 void GridBubble::say(const QString& text, const QRect& place, const GridTheme& theme, double scale, Stay stay) {
+    const bool isNew = !isVisible() || text != text_;  // it may only follow its place
     text_ = text;
     theme_ = theme;
     scale_ = scale;
@@ -68,8 +69,9 @@ void GridBubble::say(const QString& text, const QRect& place, const GridTheme& t
     } else {
         goes_.stop();
     }
-    QAccessibleEvent alert(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    if (isNew) {
+        announce(*this, text);
+    }
 }
 
 void GridBubble::timerEvent(QTimerEvent* event) {

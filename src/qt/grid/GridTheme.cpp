@@ -21,6 +21,42 @@ double luminance(QRgb color) {
            0.0722 * linearChannel(qBlue(color));
 }
 
+QRgb colorOf(const QPalette& palette, QPalette::ColorRole role) {
+    return palette.color(QPalette::Active, role).rgb();
+}
+
+/// One ground for all, and texts that are nearly as far from it as they can be. The usual palettes have windows and
+/// buttons of a grey beside their base.
+bool isHighContrast(const QPalette& palette) {
+    constexpr double Far = 18;
+    constexpr double SameGround = 1.05;
+    const QRgb base = colorOf(palette, QPalette::Base);
+    return contrastRatio(base, colorOf(palette, QPalette::Window)) < SameGround &&
+           contrastRatio(base, colorOf(palette, QPalette::Button)) < SameGround &&
+           contrastRatio(base, colorOf(palette, QPalette::Text)) > Far &&
+           contrastRatio(base, colorOf(palette, QPalette::WindowText)) > Far;
+}
+
+/// The first of these colours that can be read on the ground.
+QRgb readable(QRgb wanted, QRgb other, QRgb ground) {
+    constexpr double TextContrast = 4.5;
+    return contrastRatio(wanted, ground) >= TextContrast ? wanted : other;
+}
+
+GridTheme ofHighContrast(const QPalette& palette) {
+    GridTheme theme = luminance(colorOf(palette, QPalette::Base)) < luminance(colorOf(palette, QPalette::Text))
+                          ? GridTheme::darkTheme()
+                          : GridTheme::light();
+    theme.base = colorOf(palette, QPalette::Base);
+    theme.panel = theme.heading = theme.total = theme.readOnly = theme.helpLine = theme.base;
+    theme.text = theme.muted = theme.line = colorOf(palette, QPalette::Text);
+    theme.accent = readable(colorOf(palette, QPalette::Highlight), theme.text, theme.base);
+    constexpr double TintWeight = 0.25;
+    theme.accentTint = mixColors(theme.base, theme.accent, TintWeight);
+    theme.negative = readable(theme.negative, theme.text, theme.accentTint);
+    return theme;
+}
+
 }  // namespace
 
 const GridTheme& GridTheme::light() {
@@ -33,7 +69,7 @@ const GridTheme& GridTheme::light() {
                                  .helpLine = 0xfffbf7ea,
                                  .line = 0xffdfe3e8,
                                  .text = 0xff1b1f24,
-                                 .muted = 0xff68727d,
+                                 .muted = 0xff5f6973,
                                  .accent = 0xff2463d6,
                                  .accentTint = 0xffe8effc,
                                  .negative = 0xffc0392b,
@@ -61,7 +97,10 @@ const GridTheme& GridTheme::darkTheme() {
     return theme;
 }
 
-const GridTheme& GridTheme::forPalette(const QPalette& palette) {
+GridTheme GridTheme::forPalette(const QPalette& palette) {
+    if (isHighContrast(palette)) {
+        return ofHighContrast(palette);
+    }
     const bool dark = palette.color(QPalette::Active, QPalette::Base).lightness() <
                       palette.color(QPalette::Active, QPalette::Text).lightness();
     return dark ? darkTheme() : light();

@@ -26,8 +26,9 @@ struct GridTheme {
 
     [[nodiscard]] static const GridTheme& light();
     [[nodiscard]] static const GridTheme& darkTheme();
-    /// The theme that suits a palette: dark where its text is lighter than its base.
-    [[nodiscard]] static const GridTheme& forPalette(const QPalette& palette);
+    /// The theme that suits a palette: dark where its text is lighter than its base. A palette of high contrast is
+    /// kept: the theme then has its colours.
+    [[nodiscard]] static GridTheme forPalette(const QPalette& palette);
 
     /// A palette for the standard widgets around the grid, such as its scroll bars.
     [[nodiscard]] QPalette widgetPalette(const QPalette& origin) const;

@@ -10,7 +10,6 @@
 #include <cmath>
 #include <utility>
 
-#include "grid/CellCaption.h"
 #include "qt/grid/GridAccessible.h"
 #include "qt/grid/GridLabelWidth.h"
 #include "qt/grid/GridPainter.h"
@@ -45,7 +44,11 @@ QSize deviceSize(QSize logical, qreal ratio) {
 }  // namespace
 
 GridView::GridView(GridControl& grid, std::shared_ptr<void> owner, QWidget* parent)
-    : GuardedView(EntryGuard("GRIDCTL", std::move(owner)), parent), grid_(grid), mouse_(*this), editor_(*this) {
+    : GuardedView(EntryGuard("GRIDCTL", std::move(owner)), parent),
+      grid_(grid),
+      mouse_(*this),
+      teller_(std::make_unique<GridTeller>(*this)),
+      editor_(*this) {
     installGridAccessibility();
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
@@ -53,6 +56,7 @@ GridView::GridView(GridControl& grid, std::shared_ptr<void> owner, QWidget* pare
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setMouseTracking(true);
     setAttribute(Qt::WA_InputMethodEnabled);
+    setLayoutDirection(Qt::LeftToRight);  // its columns run so, and the scroll bars run with them
     setTheme(GridTheme::forPalette(QApplication::palette()));
     grid_.SetWatcher(this);
 }
@@ -97,6 +101,7 @@ void GridView::setPending(PendingMarks marks) {
     if (!(marks == pending_)) {
         pending_ = std::move(marks);
         viewport()->update();
+        teller_->cellsChanged();
     }
 }
 
@@ -104,6 +109,7 @@ void GridView::setRowDots(RowDots dots) {
     if (dots != dots_) {
         dots_ = std::move(dots);
         viewport()->update();
+        teller_->cellsChanged();
     }
 }
 
@@ -195,8 +201,27 @@ QFont GridView::cellFont(Cell cell) {
     return font;
 }
 
+/// Keys mean nothing to a user: what has no heading is called by its place.
 QString GridView::cellName(Cell cell) const {
-    return QString::fromStdString(CellCaption(grid_, cell, " \u00B7 "));
+    const auto nameOf = [this](CellKeyView heading, const QString& other) {
+        const std::optional<Cell> place = grid_.FindCell(heading);
+        const QString text = place ? QString::fromStdString(grid_.DisplayText(*place)).simplified() : QString();
+        return text.isEmpty() ? other : text;
+    };
+    const CellKey key = grid_.KeyOf(cell);
+    const QString row = nameOf({LabelColumnKey, key.row}, tr("Row %1").arg(grid_.OrderOf(cell.row) + 1));
+    const QString column = nameOf({key.column, HeadingRowKey}, tr("Column %1").arg(grid_.OrderOf(cell.column) + 1));
+    return row + QStringLiteral(" \u00B7 ") + column;
+}
+
+QString GridView::rowMark(Cell label) const {
+    const auto dot = dots_.find(grid_.Row(label.row).key);
+    if (dot == dots_.end() || grid_.Column(label.column).key != LabelColumnKey) {
+        return {};
+    }
+    return dot->second.letter == QLatin1Char('S')   ? tr("sales line")
+           : dot->second.letter == QLatin1Char('F') ? tr("forecast line")
+                                                    : tr("in the chart");
 }
 
 int GridView::frameWidth() const {
@@ -237,12 +262,13 @@ void GridView::showChange(const GridChange& change) {
     if (!sameLayout || change.layout) {
         relayout();
         viewport()->update();
-        notifyGridAccessibility(*this, GridAccessibleChange::Layout);
+        teller_->layoutChanged();
     } else if (change.everything) {
         viewport()->update();
-        notifyGridAccessibility(*this, GridAccessibleChange::CurrentCell);
+        teller_->cellsChanged();
     } else if (change.oneCell) {
         updateCell(change.cell);
+        teller_->cellsChanged();
     }
 }
 

@@ -27,6 +27,8 @@ class QHelpEvent;
 
 namespace planview {
 
+class GridTeller;
+
 /// Shows a GridControl and hands it what the user does.
 ///
 /// The grid keeps the scroll position, the selection and the sizes; the view keeps only what belongs to the screen: the
@@ -58,6 +60,10 @@ public:
     /// The rows to be marked as being in the chart.
     void setRowDots(RowDots dots);
     [[nodiscard]] const RowDots& rowDots() const { return dots_; }
+    /// Whether the cell is marked as changed.
+    [[nodiscard]] bool isPending(Cell cell) const { return pending_.contains(cell); }
+    /// What the mark beside a row's label says: "in the chart", "sales line"; empty without one.
+    [[nodiscard]] QString rowMark(Cell label) const;
 
     /// Where everything stands now, in pixels of the device.
     [[nodiscard]] const GridGeometry& geometry();
@@ -174,6 +180,7 @@ private:
     DropMark dropMark_;
     bool focusReported_ = false;
     QBasicTimer autoScroll_;
+    std::unique_ptr<GridTeller> teller_;
     GridEditor editor_;
 };
 

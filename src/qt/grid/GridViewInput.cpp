@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "qt/KeyStrokes.h"
+#include "qt/grid/GridAccessible.h"
 #include "qt/grid/GridPainter.h"
 #include "qt/grid/GridView.h"
 #include "qt/grid/HiddenMarks.h"
@@ -97,7 +98,7 @@ bool GridView::handleCommand(const QKeyEvent& event) {
     const KeyStroke key = keyStrokeOf(event);
     const bool isCommand = FindCommand(key, KeyScope::Table) != nullptr;
     const bool isGrids = startsEntry(event) || GridKey::of(event);
-    if (key.code == 0 || (isGrids && !isCommand)) {
+    if (!isCommand && (isGrids || !key.IsTyped())) {
         return false;
     }
     return grid_.ReportKeyDown(key.shift, key.code) || isCommand;  // the key of a command types nothing
@@ -105,7 +106,14 @@ bool GridView::handleCommand(const QKeyEvent& event) {
 
 bool GridView::handleGridKey(const QKeyEvent& event) {
     const std::optional<GridKey> key = GridKey::of(event);
-    if (!key || (key->action == GridKey::Action::ClearSelection && grid_.Selection().IsEmpty())) {
+    if (grid_.IsAdding() && event.key() == Qt::Key_Space && event.modifiers() == Qt::NoModifier) {
+        if (const std::optional<Cell> current = grid_.CurrentCell()) {
+            grid_.SelectCell(*current, SelectionMode::Add);
+        }
+        return true;
+    }
+    const bool nothingToClear = grid_.Selection().IsEmpty() && !grid_.IsAdding();
+    if (!key || (key->action == GridKey::Action::ClearSelection && nothingToClear)) {
         return false;
     }
     if (isReturn(event)) {
@@ -211,6 +219,11 @@ void GridView::move(GridMove move, SelectionMode mode) {
     }
     if (mode == SelectionMode::Extend && grid_.ExtendedKind() != SelectionKind::Cells) {
         extendHeadings(*from, *target);
+    } else if (mode == SelectionMode::Replace && grid_.IsAdding()) {
+        const QPointer<GridView> self(this);
+        if (grid_.GoToCell(*target) == GridStatus::Ok && self) {
+            ensureVisible(*target);
+        }
     } else {
         selectCurrent(*target, mode);
     }
@@ -254,6 +267,7 @@ bool GridView::focusNextPrevChild(bool next) {
 
 void GridView::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
+    teller_->focusReturned();
     reportFocus();
 }
 

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "qt/panes/PaneHost.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "qt/chart/ChartColors.h"
@@ -21,6 +23,25 @@ namespace {
 
 constexpr std::size_t indexOf(Splitter splitter) {
     return static_cast<std::size_t>(splitter);
+}
+
+/// Gives the keyboard to what had it in the pane last, or to the first that takes it; false where nothing does.
+bool takeFocus(QWidget& pane) {
+    const auto takes = [](const QWidget& widget) {
+        return widget.isVisible() && widget.isEnabled() && (widget.focusPolicy() & Qt::TabFocus) != 0;
+    };
+    QWidget* target = pane.focusWidget();
+    if (!target || !takes(*target)) {
+        target = &pane;
+        while (!takes(*target) || !(target == &pane || pane.isAncestorOf(target))) {
+            target = target->nextInFocusChain();
+            if (target == &pane) {
+                return false;
+            }
+        }
+    }
+    target->setFocus(Qt::TabFocusReason);
+    return true;
 }
 
 }  // namespace
@@ -128,6 +149,63 @@ void PaneHost::PanesChanged() {
     for (PaneSplitter* splitter : splitters_) {
         splitter->refresh();  // one that was never on screen does not notice by itself that a pane is hidden
         splitter->follow();
+    }
+}
+
+// --- Going about by keys
+
+std::array<QWidget*, 6> PaneHost::panes() const {
+    return {gridView_, chart_, tree_, toolbar_, macro_, operands_};
+}
+
+void PaneHost::PaneWanted(PaneGoal goal) {
+    switch (goal) {
+        case PaneGoal::Next:
+            goOn(1);
+            break;
+        case PaneGoal::Previous:
+            goOn(-1);
+            break;
+        case PaneGoal::NextSplitter:
+            goToNextSplitter();
+            break;
+    }
+}
+
+void PaneHost::goOn(int step) {
+    const std::array<QWidget*, 6> all = panes();
+    const QWidget* const focus = QApplication::focusWidget();
+    const auto at = std::find_if(all.begin(), all.end(),
+                                 [&](const QWidget* pane) { return pane == focus || pane->isAncestorOf(focus); });
+    int place = at == all.end() ? -step : static_cast<int>(at - all.begin());
+    for (place += step; place >= 0 && place < static_cast<int>(all.size()); place += step) {
+        if (takeFocus(*all[static_cast<std::size_t>(place)])) {
+            return;
+        }
+    }
+    if (!leave_ || !leave_(step > 0)) {
+        enter(step > 0);
+    }
+}
+
+void PaneHost::enter(bool first) {
+    const std::array<QWidget*, 6> all = panes();
+    if (first) {
+        static_cast<void>(std::any_of(all.begin(), all.end(), [](QWidget* pane) { return takeFocus(*pane); }));
+    } else {
+        static_cast<void>(std::any_of(all.rbegin(), all.rend(), [](QWidget* pane) { return takeFocus(*pane); }));
+    }
+}
+
+void PaneHost::goToNextSplitter() {
+    const auto has = [](const PaneSplitter* splitter) { return splitter->hasKeyboard(); };
+    const auto at = std::find_if(splitters_.begin(), splitters_.end(), has);
+    const std::size_t first = at == splitters_.end() ? 0 : static_cast<std::size_t>(at - splitters_.begin()) + 1;
+    QWidget* const before = at == splitters_.end() ? nullptr : (*at)->before();
+    for (std::size_t i = 0; i < splitters_.size(); ++i) {
+        if (splitters_[(first + i) % splitters_.size()]->takeKeyboard(before)) {
+            return;
+        }
     }
 }
 

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "qt/panes/PaneSplitter.h"
 
+#include <QApplication>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
+
+#include "qt/AssistiveTools.h"
 
 namespace planview {
 
@@ -11,6 +15,7 @@ namespace {
 
 constexpr int GripLength = 28;
 constexpr int GripWidth = 1;
+constexpr int KeyStep = 20;  // per mille
 
 /// Where the first of two panes ends.
 int firstExtent(int extent, int perMille) {
@@ -27,7 +32,16 @@ public:
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
-        splitter_.paintHandle(painter, rect(), underMouse());
+        splitter_.paintHandle(painter, rect(), underMouse() || hasFocus());
+    }
+    void keyPressEvent(QKeyEvent* event) override { event->setAccepted(splitter_.handleKey(event->key())); }
+    void focusInEvent(QFocusEvent* event) override {
+        QSplitterHandle::focusInEvent(event);
+        update();
+    }
+    void focusOutEvent(QFocusEvent* event) override {
+        QSplitterHandle::focusOutEvent(event);
+        update();
     }
     void mouseReleaseEvent(QMouseEvent* event) override {
         QSplitterHandle::mouseReleaseEvent(event);
@@ -82,6 +96,58 @@ void PaneSplitter::handleReleased() {
     if (bothShown() && now[0] != firstExtent(extent, layout_.Position(which_))) {
         layout_.MoveSplitter(which_, position);
     }
+}
+
+// --- By keys
+
+bool PaneSplitter::takeKeyboard(QWidget* before) {
+    if (!bothShown() || !isVisible()) {
+        return false;
+    }
+    if (!hasKeyboard()) {
+        before_ = before ? before : QApplication::focusWidget();
+        nameHandle();
+        handle(1)->setFocus(Qt::ShortcutFocusReason);
+    }
+    return true;
+}
+
+bool PaneSplitter::hasKeyboard() const {
+    return count() == 2 && handle(1)->hasFocus();
+}
+
+void PaneSplitter::nameHandle() {
+    const QString which = which_ == Splitter::CtrlSplit   ? tr("Border beside the macro tree")
+                          : which_ == Splitter::GridSplit ? tr("Border between table and chart")
+                          : which_ == Splitter::TreeSplit ? tr("Border below the macro tree")
+                                                          : tr("Border within the macro editor");
+    constexpr int PerMilleOfPercent = PaneLayout::WholeExtent / 100;
+    handle(1)->setAccessibleName(tr("%1, at %2 percent").arg(which).arg(layout_.Position(which_) / PerMilleOfPercent));
+}
+
+bool PaneSplitter::handleKey(int key) {
+    const bool across = orientation() == Qt::Horizontal;
+    int position = layout_.Position(which_);
+    if (key == (across ? Qt::Key_Left : Qt::Key_Up)) {
+        position -= KeyStep;
+    } else if (key == (across ? Qt::Key_Right : Qt::Key_Down)) {
+        position += KeyStep;
+    } else if (key == Qt::Key_Home) {
+        position = PaneLayout::LeastShare;
+    } else if (key == Qt::Key_End) {
+        position = PaneLayout::WholeExtent - PaneLayout::LeastShare;
+    } else if (key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter) {
+        if (before_) {
+            before_->setFocus(Qt::ShortcutFocusReason);
+        }
+        return true;
+    } else {
+        return false;
+    }
+    layout_.MoveSplitter(which_, position);
+    nameHandle();
+    announce(*this, handle(1)->accessibleName());
+    return true;
 }
 
 /// Only now has a pane that was shown or hidden been laid out.

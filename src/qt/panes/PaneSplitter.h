@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPointer>
 #include <QSplitter>
 #include <array>
 
@@ -24,6 +25,13 @@ public:
     [[nodiscard]] const GridTheme& theme() const { return theme_; }
     /// Takes the position from the layout.
     void follow();
+    /// The keyboard goes to the handle; false where there is none to be seen. `before` is what it goes back to, without
+    /// one what has it now.
+    bool takeKeyboard(QWidget* before);
+    [[nodiscard]] QWidget* before() const { return before_; }
+    [[nodiscard]] bool hasKeyboard() const;
+    /// What the keys do there. False for those that do nothing.
+    bool handleKey(int key);
     /// The user has released the handle.
     void handleReleased();
 
@@ -45,7 +53,10 @@ private:
 
     Splitter which_;
     PaneLayout& layout_;
+    void nameHandle();
+
     GridTheme theme_ = GridTheme::light();
+    QPointer<QWidget> before_;  ///< what had the keyboard before the handle
 };
 
 }  // namespace planview
