@@ -2,6 +2,7 @@
 #include "qt/grid/GridView.h"
 
 #include <QApplication>
+#include <QDrag>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -45,13 +46,18 @@ QSize deviceSize(QSize logical, qreal ratio) {
 }  // namespace
 
 GridView::GridView(GridControl& grid, std::shared_ptr<void> owner, QWidget* parent)
-    : GuardedView(EntryGuard("GRIDCTL", std::move(owner)), parent), grid_(grid), mouse_(*this), editor_(*this) {
+    : GuardedView(EntryGuard("GRIDCTL", std::move(owner)), parent),
+      grid_(grid),
+      mouse_(*this),
+      runDrag_([](QDrag& drag) { drag.exec(Qt::CopyAction); }),
+      editor_(*this) {
     installGridAccessibility();
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Planning table"));
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setMouseTracking(true);
+    viewport()->setAcceptDrops(true);
     setAttribute(Qt::WA_InputMethodEnabled);
     setTheme(GridTheme::forPalette(QApplication::palette()));
     grid_.SetWatcher(this);
@@ -382,6 +388,11 @@ void GridView::setDropMark(bool across, std::optional<int> position) {
 }
 
 void GridView::paintDropMark(QPainter& painter) const {
+    if (dropCell_) {
+        const int width = geometry_.pixels(CurrentFrameWidth);
+        painter.setPen(QPen(QColor::fromRgb(theme_.accent), width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter.drawRect(geometry_.cellRect(*dropCell_).adjusted(width / 2, width / 2, -width, -width));
+    }
     if (!dropMark_.position) {
         return;
     }
