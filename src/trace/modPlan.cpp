@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <filesystem>
 #include <limits>
 #include <memory>
@@ -178,6 +179,7 @@ void TraceWrite(std::string_view control, std::string_view message, std::string_
             item.subItems[1] = method;
             item.subItems[2] = std::string_view(shownParameter);
             item.subItems[3] = item.key;
+            item.time = std::chrono::system_clock::now();
         });
     });
 }
