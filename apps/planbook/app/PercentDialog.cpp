@@ -37,7 +37,6 @@ PercentDialog::PercentDialog(const QString& text, double present, QWidget* paren
         for (const int signedPercent : {percent, -percent}) {
             auto* button = new QPushButton((signedPercent > 0 ? "+" : "−") + QString::number(percent) + " %");
             button->setObjectName(QString("preset%1").arg(signedPercent));
-            button->setAutoDefault(false);
             connect(button, &QPushButton::clicked, this, [this, signedPercent] { value_->setValue(signedPercent); });
             presets->addWidget(button, signedPercent > 0 ? 0 : 1, column);
         }
@@ -46,6 +45,7 @@ PercentDialog::PercentDialog(const QString& text, double present, QWidget* paren
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setText("Raise");
+    buttons->button(QDialogButtonBox::Ok)->setDefault(true);  // but Return on another button presses that one
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
