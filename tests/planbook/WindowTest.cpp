@@ -71,12 +71,15 @@ std::vector<std::string> EntriesOf(const QMainWindow& window, const QString& men
 TEST(Window, ReturnPressesThePresetThatHasTheFocus) {
     PercentDialog dialog("Sales", 0, nullptr);
     dialog.show();
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
     auto* preset = dialog.findChild<QPushButton*>("preset10");
     preset->setFocus();
     QTest::keyClick(preset, Qt::Key_Return);
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_EQ(dialog.percent(), 10);
-    QTest::keyClick(dialog.findChild<QWidget*>("percent"), Qt::Key_Return);
+    dialog.findChild<QWidget*>("percent")->setFocus();
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
 }
 

@@ -203,6 +203,7 @@ private slots:
             QCOMPARE(list.header()->logicalIndex(0), 5);
             QCOMPARE(list.model()->headerData(5, Qt::Horizontal).toString(), QStringLiteral("Time"));
             QCOMPARE(list.model()->index(0, 5).data().toString(), QStringLiteral("05:06:07.089"));
+            QVERIFY(list.columnWidth(5) >= list.fontMetrics().horizontalAdvance(QStringLiteral("05:06:07.089")) + 8);
             QVERIFY(list.columnWidth(0) >= list.fontMetrics().horizontalAdvance(QStringLiteral("DATAPROVIDER")) + 8);
         });
     }

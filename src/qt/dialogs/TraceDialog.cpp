@@ -32,7 +32,7 @@ namespace planview {
 
 namespace {
 
-constexpr QSize UsualSize(880, 520);
+constexpr QSize UsualSize(980, 520);
 constexpr double TwipsPerInch = 1440;
 // The space that frmTrace::Form_Resize() assumes around the list.
 constexpr int TwipsBeside = 180;
@@ -141,7 +141,8 @@ void TraceDialog::buildList() {
                     });
     guard().connect(list_->header(), &QHeaderView::sectionResized, this, "SizeColumn",
                     [this](int column, int /*before*/, int /*now*/) {
-                        if (!fitting_) {
+                        // Headers size columns by themselves, too.
+                        if (!fitting_ && QGuiApplication::mouseButtons() != Qt::NoButton) {
                             sizedByUser_.insert(column);
                         }
                     });
