@@ -45,7 +45,6 @@ PercentDialog::PercentDialog(const QString& text, double present, QWidget* paren
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setText("Raise");
-    buttons->button(QDialogButtonBox::Ok)->setDefault(true);  // but Return on another button presses that one
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
@@ -55,6 +54,8 @@ PercentDialog::PercentDialog(const QString& text, double present, QWidget* paren
     layout->addLayout(presets);
     layout->addWidget(value_);
     layout->addWidget(buttons);
+    // Return on another button presses that one. The dialog must know the button before.
+    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
