@@ -109,15 +109,25 @@ struct Rgb {
     friend bool operator==(const Rgb&, const Rgb&) = default;
 };
 
-/// One entry of a popup menu. Captions are shown verbatim: no character is a mnemonic.
+/// A colour that a view has by itself, from its theme and settings.
+enum class ViewColor {
+    Base,        ///< of an empty view
+    Background,  ///< of its cells
+    Text,        ///< of its cells
+    GridLines    ///< between its cells
+};
+
+/// One entry of a popup menu. Captions are shown verbatim: no character is a mnemonic. A desktop may choose letters.
 struct PopupEntry {
-    std::string name;                 ///< what Popups::Choose() answers; empty for separators and submenus
-    std::string caption;              ///< of any length
-    std::string shortcut;             ///< shown beside the caption ("Ctrl+C"), not listened to
-    bool separator = false;           ///< a line between entries; nothing else of it counts
-    bool enabled = true;              ///< can be chosen
-    bool checked = false;             ///< shown with a check mark
-    std::optional<Rgb> swatch;        ///< shown before the caption
+    std::string name;           ///< what Popups::Choose() answers; empty for separators and submenus
+    std::string caption;        ///< of any length
+    std::string shortcut;       ///< shown beside the caption ("Ctrl+C"), not listened to
+    bool separator = false;     ///< a line between entries; nothing else of it counts
+    bool enabled = true;        ///< can be chosen
+    bool checked = false;       ///< shown with a check mark
+    std::optional<Rgb> swatch;  ///< shown before the caption
+    /// Shown before the caption: the colour of the view that the popup belongs to.
+    std::optional<ViewColor> viewColor = {};
     std::vector<PopupEntry> entries;  ///< those of a submenu
 };
 

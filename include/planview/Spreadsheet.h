@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,9 @@ struct SpreadsheetOptions {
     std::string fileName;  ///< the proposed name of a download; empty: the control's own proposal
     /// What a reader of the workbook must know, such as that it is incomplete: stands in its corner. Empty for nothing.
     std::string mark;
+    /// Asked before a workbook is written to this file: a sentence why it must not be, which the user is told. The
+    /// empty text, or none to ask: it may.
+    std::function<std::string(const std::string& file)> refusal;
 };
 
 /// Since the download, as far as the workbook tells what was downloaded.
@@ -41,6 +45,7 @@ struct UploadChange {
     /// Ticked; one that is refused is not applied, ticked or not. Until the user decides, what was changed in the
     /// workbook alone is ticked.
     bool taken = true;
+    std::string format;  ///< the number code of the cell ("#,##0.0"), empty for none
 
     /// Whether the cell does not take the value.
     [[nodiscard]] bool IsRefused() const noexcept { return !refusal.empty(); }

@@ -11,6 +11,7 @@
 #include "chart/modChart.h"
 #include "components/chart/ChartStacking.h"
 #include "components/chart/TrendFit.h"
+#include "trace/ErrorTrap.h"
 
 namespace planview {
 
@@ -64,7 +65,7 @@ void ChartCommands::SerieType(ChartType type) {
     ForEachIndexRow(lineIndex, [&](HostTable::Row row) {
         const std::string key = lineIndex.Text(row, "GRID_ID");
         const std::int16_t series = CodeIn(lineIndex, row, "CHART_ID");
-        if (series != 0 && parts_.driver.HeadingSelected({{}, key}) == 1) {
+        if (series != 0 && parts_.driver.HeadingSelected({{}, key})) {
             lineIndex.Put(row, "CHART_TYPE", code);
             modChart::SeriesCollection(parts_.chart.Object(), series, code);
         }
@@ -123,7 +124,7 @@ void ChartCommands::ShowInChart(const HostTable& slot, bool columns) {
     ForEachIndexRow(table, [&](HostTable::Row row) {
         const std::string key = table.Text(row, "GRID_ID");
         const CellKeyView keys = columns ? CellKeyView{key, {}} : CellKeyView{{}, key};
-        table.PutFlag(row, ShowChart, parts_.driver.HeadingSelected(keys) == 1);
+        table.PutFlag(row, ShowChart, parts_.driver.HeadingSelected(keys));
         if (modPlan::TraceEnabled) {
             modPlan::TraceWrite(modChart::Label, "", columns ? "ColsShowInChart" : "RowsShowInChart",
                                 TraceText("{column:", key, "}"));
@@ -224,11 +225,24 @@ void ChartCommands::TellTrendLimit() const {
     }
 }
 
+std::optional<std::int16_t> ChartCommands::PresentTrendColor() const {
+    std::optional<std::int16_t> present;
+    ResumeNext([&] {
+        const std::int16_t color = Late(currentTrendline_).Get("Border").Get("ColorIndex").Value().AsInt16();
+        for (int position = 0; position < modGrid::PaletteSize && !present; ++position) {
+            if (ChartColorAt(position) == color) {
+                present = modGrid::PaletteIndexOf(position);
+            }
+        }
+    });
+    return present;
+}
+
 void ChartCommands::TrendlineColor() {
     if (!currentTrendline_) {
         return;
     }
-    const std::optional<int> position = parts_.chooseColor();
+    const std::optional<int> position = parts_.chooseColor({PresentTrendColor(), {}});
     const std::int16_t color = position ? ChartColorAt(*position) : NoChartColor;
     if (color == NoChartColor) {
         return;

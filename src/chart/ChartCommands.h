@@ -12,6 +12,7 @@
 #include "chart/ChartData.h"
 #include "components/chart/ChartControl.h"
 #include "grid/ChartSettings.h"
+#include "grid/ColorQuestion.h"
 #include "grid/GridSettings.h"
 #include "grid/HostUpdate.h"
 #include "grid/modGrid.h"
@@ -31,7 +32,7 @@ struct ChartCommandParts {
     /// Lays the panes out as the settings say.
     std::function<void()> layOutPanes;
     /// Shows the colour palette and answers the position of the chosen colour in it, 0 .. 15; none when it was closed.
-    std::function<std::optional<int>()> chooseColor;
+    ColorChooser chooseColor;
 };
 
 /// What the user can do with the chart by menu. Commands that write the host's tables end by telling the host.
@@ -83,6 +84,9 @@ private:
     void TellTrendLimit() const;
 
     ChartCommandParts parts_;
+    /// The palette index of the current trend line's colour; none where it has another.
+    [[nodiscard]] std::optional<std::int16_t> PresentTrendColor() const;
+
     ObjectRef currentTrendline_;
     /// What was in the chart when the forecast view began, by key, and what was compared when it was left.
     struct ForecastMemory {

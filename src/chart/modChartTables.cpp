@@ -139,7 +139,7 @@ ObjectRef TrendlineAdd(const ObjectRef& chart, const modGrid& driver, HostTable 
         for (; row <= count; row = CheckedAdd(row, HostTable::Row{1})) {
             const std::string key = lineIndex.Text(row, "GRID_ID");
             index = CodeIn(lineIndex, row, "CHART_ID");
-            if (driver.HeadingSelected({{}, key}) == 1 && index != 0) {
+            if (driver.HeadingSelected({{}, key}) && index != 0) {
                 break;
             }
         }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include <planview/Platform.h>
 #include <planview/Variant.h>
 
 #include "components/GridTypes.h"
@@ -25,6 +26,7 @@ struct CommandCall {
     CommandPlace place{};
     /// A command sets it to false that has nothing to do, or that has failed and has named the failure in the trace.
     bool done = true;
+    std::optional<ClipboardContents> contents{};  ///< to be pasted; without any, those of the clipboard
 };
 
 }  // namespace planview

@@ -12,6 +12,7 @@
 #include "dialogs/GeneralOptions.h"
 #include "dialogs/RowAttributes.h"
 #include "grid/ClipboardCommands.h"
+#include "grid/ColorQuestion.h"
 #include "grid/GridSettings.h"
 #include "grid/HostUpdate.h"
 #include "grid/OtherReading.h"
@@ -57,7 +58,7 @@ struct CommandParts {
     PaneLayout& layout;
     const Desktop& platform;
     /// The "Colors" popup: the position of the chosen colour (0 .. 15), no value when none was chosen.
-    std::function<std::optional<int>()> chooseColor;
+    ColorChooser chooseColor;
     /// Shows the user a sentence beside a cell; false where that is not possible.
     std::function<bool(Cell cell, std::string_view sentence)> tellBeside;
     /// Brings the chart up to date where it is shown.

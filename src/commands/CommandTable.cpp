@@ -278,7 +278,8 @@ constexpr CommandRow Table[] = {
         .Key("Ctrl+C")
         .Unless(NoCell)
         .Traced(Grid, "Copy"),
-    Row(Command::Paste, "CellPaste", Group::Cells, "&Paste", [](On& on, Call&) { on.clipboard.Paste(); })
+    Row(Command::Paste, "CellPaste", Group::Cells, "&Paste",
+        [](On& on, Call& call) { on.clipboard.Paste(call.contents); })
         .Key("Ctrl+V")
         .Unless(CannotEdit)
         .Recorded(StepKind::Values)

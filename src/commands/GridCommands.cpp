@@ -89,7 +89,10 @@ void Resize(CommandParts& on, CommandCall& call, std::vector<std::string>& keys,
 
 void ColorRows(CommandParts& on, CommandCall& call, RowColor which) {
     if (call.value.IsEmpty()) {
-        if (const std::optional<int> position = on.chooseColor()) {
+        const bool ground = which == RowColor::Background;
+        const ColorQuestion question{ColorOfSelectedRow(on.tables.LINE_INDEX, on.driver, which),
+                                     ground ? ViewColor::Background : ViewColor::Text};
+        if (const std::optional<int> position = on.chooseColor(question)) {
             call.value = modGrid::PaletteIndexOf(*position);
         }
     }

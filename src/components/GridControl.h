@@ -44,7 +44,7 @@ struct GridSettingsState {
     bool created = false;
     bool moveAllowed = false;
     bool resizeAllowed = true;
-    std::int16_t dragDrop = 0;  ///< 0 none, 1 allowed, 2 only inside the grid
+    std::int16_t dragDrop = 0;  ///< 0 none, DragAllowed, 2 only inside the grid
     bool doubleBuffering = false;
     bool switched = false;
     bool labelAutoFit = false;
@@ -206,6 +206,7 @@ public:
     void ReportMenuKey();
     bool ReportKeyDown(std::int16_t shift, std::int16_t keyCode);
     void ReportKeyPress(std::int16_t character);
+    void ReportDrop(Cell cell, const std::string& text, const std::string& html);
     void ReportFocus(bool in);
     /// Asks the listener to show the hidden columns that stand right before or behind this one, up to the next one that
     /// is not hidden. NoItemAtLocation where there are none.

@@ -295,6 +295,12 @@ void GridControl::ReportSimpleClick(Cell cell) {
     }
 }
 
+void GridControl::ReportDrop(Cell cell, const std::string& text, const std::string& html) {
+    if (state_->events && state_->Check(cell) == GridStatus::Ok) {
+        state_->events->Dropped(state_->KeyOf(cell), text, html);
+    }
+}
+
 void GridControl::ReportMouseDown(Cell cell, MouseButton button, ShiftState shift) {
     if (state_->events && state_->Check(cell) == GridStatus::Ok) {
         state_->events->MouseDown(state_->KeyOf(cell), button, shift);

@@ -37,7 +37,7 @@ public:
 enum class MovedTracks { Columns, Rows };
 
 /// Hears what the user did. Called after the grid itself has applied the action, except for what it is asked to do
-/// (TextEntered, ShowHidden...); may change, destroy and rebuild the grid.
+/// (TextEntered, ShowHidden..., Dropped); may change, destroy and rebuild the grid.
 class GridEvents {
 public:
     virtual ~GridEvents() = default;
@@ -73,6 +73,8 @@ public:
     /// The user asks for these hidden columns or rows to be shown. The grid has not shown them yet.
     virtual void ShowHiddenColumns(const std::vector<std::string>& columns) = 0;
     virtual void ShowHiddenRows(const std::vector<std::string>& rows) = 0;
+    /// The user dropped what another program or the grid offers: as plain text, and as HTML where there is any.
+    virtual void Dropped(const CellKey& cell, const std::string& text, const std::string& html) = 0;
     virtual void FocusIn() = 0;
     virtual void FocusOut() = 0;
 };

@@ -73,7 +73,7 @@ enum class GridAttribute : std::uint8_t {
     GridLineColor,     ///< text: a registered colour's name
     MovePermission,    ///< number: 0 or 1
     ResizePermission,  ///< number: 0 or 1
-    DragDrop,          ///< number: 0 none, 1 allowed, 2 only inside the grid
+    DragDrop,          ///< number: 0 none, DragAllowed, 2 only inside the grid
     DoubleBuffering,   ///< number: 0 or 1; kept only, the desktop always paints buffered
     LabelColumnWidth,  ///< number of logical pixels, 0 takes the default
     LabelAutoFit,      ///< boolean: the label column is as wide as its longest text
@@ -99,6 +99,9 @@ struct Cell {
     RowId row;
     friend bool operator==(Cell, Cell) = default;
 };
+
+/// The value of GridAttribute::DragDrop that lets blocks of cells out of the grid and into it.
+inline constexpr std::int16_t DragAllowed = 1;
 
 inline constexpr int DefaultColumnWidth = 80;
 inline constexpr int DefaultRowHeight = 22;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -25,6 +26,7 @@ struct ListItem {
     std::string key;
     std::string text;
     std::array<std::string, 4> subItems;
+    std::chrono::system_clock::time_point time;  ///< when it came; the epoch where nobody has noted it
 };
 
 /// Hears what happens to a ListView, on the thread that did it and when nothing is locked: meanwhile other threads may

@@ -44,7 +44,7 @@ ControlContext::ControlContext(const Desktop& desktop)
               shared.events,
               shared.layout,
               shared.desktop,
-              [this] { return shared.chooseColor(); },
+              [this](const ColorQuestion& question) { return shared.chooseColor(question); },
               [this](Cell cell, std::string_view sentence) { return grid.TellBeside(cell, sentence); },
               [this] { chart.Step(); }}),
       keyHandling({grid.control, grid.keys, runner, grid.hostUpdate, shared.busy, [this] { chart.Step(); }}),
@@ -52,7 +52,7 @@ ControlContext::ControlContext(const Desktop& desktop)
       gridHandlers({shared, grid, chart, runner, keyHandling, menus}),
       chartHandlers({shared, grid, chart, runner, menus}),
       treeHandlers({shared, macros, runner, menus}) {
-    shared.chooseColor = [this] { return menus.ChooseColor(); };
+    shared.chooseColor = [this](const ColorQuestion& question) { return menus.ChooseColor(question); };
     grid.control.SetEvents(&gridHandlers);
     chart.control.SetEvents(&chartHandlers);
     macros.tree.SetEvents(&treeHandlers);

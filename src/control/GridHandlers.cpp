@@ -198,6 +198,18 @@ void GridHandlers::MouseDown(const CellKey& cell, MouseButton button, ShiftState
     });
 }
 
+void GridHandlers::Dropped(const CellKey& cell, const std::string& text, const std::string& html) {
+    ErrorTrap(GridControlLabel, "DragDrop", [&] {
+        if (parts_.shared.busy) {
+            return;
+        }
+        KeepKeys(cell);
+        CommandCall call;
+        call.contents = ClipboardContents{text, html};
+        parts_.runner.Run(Command::Paste, std::move(call));
+    });
+}
+
 void GridHandlers::MenuKey(const CellKey& cell) {
     Trapped(parts_.shared, GridControlLabel, "MenuKey", [&] {
         KeepKeys(cell);

@@ -52,6 +52,7 @@ public:
     void KeyPress(std::int16_t character) override;
     void ShowHiddenColumns(const std::vector<std::string>& columns) override;
     void ShowHiddenRows(const std::vector<std::string>& rows) override;
+    void Dropped(const CellKey& cell, const std::string& text, const std::string& html) override;
     void FocusIn() override;
     void FocusOut() override;
 

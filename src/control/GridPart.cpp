@@ -23,9 +23,10 @@ GridPart::GridPart(ControlShared& shared, UserActions& actions, const std::funct
                  [this](Cell cell, std::string_view reason) { return TellBeside(cell, reason); }}),
       sizeEvents(shared.tables, driver, keys, hostUpdate),
       generalOptions({shared.settings, shared.tables, driver, hostUpdate, shared.desktop.forms,
-                      [&shared] { return shared.chooseColor(); }}),
+                      [&shared](const ColorQuestion& question) { return shared.chooseColor(question); }}),
       rowAttributes({shared.settings, shared.tables, driver, hostUpdate, shared.desktop.forms,
-                     shared.desktop.messageBoxes, [&shared] { return shared.chooseColor(); }, chartStep}) {}
+                     shared.desktop.messageBoxes,
+                     [&shared](const ColorQuestion& question) { return shared.chooseColor(question); }, chartStep}) {}
 
 void GridPart::Build() {
     const TrackCaptions before = CaptionsOf(control);

@@ -25,7 +25,7 @@ void ColorBox::Set(int index) noexcept {
 }
 
 void ColorBox::Click(const ColorChooser& choose) {
-    const std::optional<int> position = choose ? choose() : std::nullopt;
+    const std::optional<int> position = choose ? choose({index_, own_}) : std::nullopt;
     if (position && *position >= 0 && *position < modGrid::PaletteSize) {
         index_ = modGrid::PaletteIndexOf(*position);
         hasColor_ = true;

@@ -2,13 +2,14 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <planview/Export.h>
+
+#include "grid/ColorQuestion.h"
 
 namespace planview {
 
@@ -35,18 +36,18 @@ struct ListBox {
     void Choose(std::string_view text);
 };
 
-/// Lets the user choose one of sixteen colours. Answers its position in the "Colors" popup, where black is 0 and white
-/// is 15, or nothing when the popup was closed.
-using ColorChooser = std::function<std::optional<int>()>;
-
 /// A box that shows and remembers a palette index.
 class PLANVIEW_EXPORT ColorBox {
 public:
     std::string Caption;
 
-    ColorBox() = default;
-    /// Shows `index` until it gets a colour.
-    explicit ColorBox(std::int16_t index) noexcept : index_(index) {}
+    /// Shows the view's own colour until it gets another.
+    explicit ColorBox(ViewColor own) noexcept : own_(own), index_(PaletteIndexOf(own)) {}
+
+    /// The colour of the view that the box may stand for.
+    [[nodiscard]] ViewColor Own() const noexcept { return own_; }
+    /// Whether it does.
+    [[nodiscard]] bool IsOwn() const noexcept { return index_ == PaletteIndexOf(own_); }
 
     /// An index outside the palette leaves the box as it is.
     void Set(int index) noexcept;
@@ -57,7 +58,8 @@ public:
     void Click(const ColorChooser& choose);
 
 private:
-    std::int16_t index_ = 0;
+    ViewColor own_;
+    std::int16_t index_;
     bool hasColor_ = false;
 };
 

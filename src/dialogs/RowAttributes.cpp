@@ -58,7 +58,7 @@ RowAttributes::Template RowAttributes::FindTemplate() const {
     for (int i = 1; i <= count; ++i) {
         const auto row = static_cast<HostTable::Row>(i);
         std::string key = table.Text(row, "GRID_ID");
-        if (!key.empty() && parts_.driver.HeadingSelected({{}, key}) == 1) {
+        if (!key.empty() && parts_.driver.HeadingSelected({{}, key})) {
             return {table, row, std::move(key)};
         }
     }
@@ -108,6 +108,8 @@ void RowAttributes::FillSample(frmRow& form, const Template& line) const {
     sample.readOnly = line.table.Flag(line.row, "READONLY");
     sample.textLine = line.table.Flag(line.row, "ROW_TEXT");
     sample.helpLine = line.table.Text(line.row, "LINETYPE") == "H";
+    sample.background = parts_.settings.backgroundColor;
+    sample.gridLines = parts_.settings.gridLineColor;
     const std::optional<RowId> row = grid.FindRow(line.key);
     for (const ColumnId column : grid.Columns(ColumnArea::Center)) {
         if (row && sample.contents.size() < MostCells && !grid.Column(column).hidden) {
@@ -125,7 +127,7 @@ void RowAttributes::Take(const frmRow& form, const Template& line) const {
     modGrid& driver = parts_.driver;
     const CellKeyView keys{{}, line.key};
 
-    if (table.Text(row, "LINETYPE") == "H" || driver.HeadingSelected(keys) == 1) {
+    if (table.Text(row, "LINETYPE") == "H" || driver.HeadingSelected(keys)) {
         PutChartMark(form, line);
         // An index that is no colour stays in the table until the user chooses one.
         if (form.picBgColor.HasColor()) {

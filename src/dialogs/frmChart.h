@@ -72,9 +72,9 @@ public:
     std::string lblPosition;
     ListBox ListPosition;  ///< by LegendPosition
     std::string fraColors;
-    ColorBox picArea;
-    ColorBox picPlot;
-    ColorBox picLegend;
+    ColorBox picArea{ViewColor::Base};
+    ColorBox picPlot{ViewColor::Base};
+    ColorBox picLegend{ViewColor::Base};
     std::string fraPermissions;
     CheckBox chkSelection;
     CheckBox chkChange;

@@ -23,8 +23,8 @@ public:
     CheckBox chkResize;
     CheckBox chkSingleValue;
     std::array<OptionButton, 3> optDrag;
-    ColorBox picBgColor;
-    ColorBox picGridlines;
+    ColorBox picBgColor{ViewColor::Base};
+    ColorBox picGridlines{ViewColor::GridLines};
 
     void Set_Text();
     /// Every drag mode can be chosen in every layout, else the user could not return to the one he had.

@@ -11,9 +11,10 @@ namespace planview {
 
 namespace {
 
-enum FontType : std::size_t { Cursiv, Bold, Normal };
+/// The last one has no option: it stays while none is chosen.
+enum FontType : std::size_t { Cursiv, Bold, Normal, BoldCursiv };
 
-constexpr std::array<std::string_view, 3> TypeNames{"Cursiv", "Bold", "Normal"};
+constexpr std::array<std::string_view, 4> TypeNames{"Cursiv", "Bold", "Normal", "Bold Cursiv"};
 
 std::string_view TakePiece(std::string_view& text) {
     const std::size_t end = std::min(text.find(';'), text.size());
@@ -87,11 +88,11 @@ void frmRow::Set_Font(std::string_view font) {
     std::string_view rest = font;
     ListFont.Choose(TakePiece(rest));
     ListSize.Choose(TakePiece(rest));
-    const std::string_view style = rest;
-    ChooseOption(optType, style.find(TypeNames[Bold]) != std::string_view::npos     ? Bold
-                          : style.find(TypeNames[Cursiv]) != std::string_view::npos ? Cursiv
-                                                                                    : Normal);
+    const bool bold = rest.find(TypeNames[Bold]) != std::string_view::npos;
+    const bool cursiv = rest.find(TypeNames[Cursiv]) != std::string_view::npos;
+    ChooseOption(optType, bold && cursiv ? BoldCursiv : bold ? Bold : cursiv ? Cursiv : Normal);
     givenFont_ = font;
+    isBoldCursiv_ = bold && cursiv;
     givenChoice_ = ChosenFont();
     if (modPlan::TraceEnabled) {
         modPlan::TraceWrite(TraceLabel(), "", "Set row font", TraceText(" {font: ", font, "}"));
@@ -116,7 +117,7 @@ void frmRow::OfferFonts(std::span<const std::string> names) {
 }
 
 frmRow::FontChoice frmRow::ChosenFont() const {
-    return {ListFont.Text(), ListSize.Text(), ChosenOption(optType, Normal)};
+    return {ListFont.Text(), ListSize.Text(), ChosenOption(optType, isBoldCursiv_ ? BoldCursiv : Normal)};
 }
 
 std::string frmRow::FontText() const {

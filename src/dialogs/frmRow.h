@@ -20,6 +20,8 @@ struct RowSample {
     bool readOnly = false;
     bool textLine = false;
     bool helpLine = false;
+    std::int16_t background = 0;  ///< palette index: the grid's own
+    std::int16_t gridLines = 0;   ///< palette index: between its cells
 };
 
 /// The look of one grid row.
@@ -50,9 +52,9 @@ public:
     ListBox ListFont;
     std::string lblSize;
     ListBox ListSize;
-    std::array<OptionButton, 3> optType;  ///< Cursiv, Bold, Normal
-    ColorBox picBgColor;
-    ColorBox picFgColor{1};
+    std::array<OptionButton, 3> optType;  ///< Cursiv, Bold, Normal; none while the font is bold and cursive at once
+    ColorBox picBgColor{ViewColor::Background};
+    ColorBox picFgColor{ViewColor::Text};
     /// `ROW_FONT` and the size in it as they were when the OK button was pressed.
     std::string FontRC;
     std::string SizeRC;
@@ -98,6 +100,7 @@ private:
 
     MessageBoxes& messageBoxes_;
     std::string givenFont_;
+    bool isBoldCursiv_ = false;  // until an option is chosen
     FontChoice givenChoice_;
     std::int16_t givenHeight_ = 0;
 };

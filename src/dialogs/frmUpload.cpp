@@ -2,7 +2,10 @@
 #include "dialogs/frmUpload.h"
 
 #include <algorithm>
+#include <optional>
 
+#include "automation/NumberFormat.h"
+#include "automation/Numbers.h"
 #include "automation/Texts.h"
 #include "trace/TraceText.h"
 
@@ -53,11 +56,26 @@ void frmUpload::Set_Text() {
     }
 }
 
+ShownChange ShownValuesOf(const UploadChange& change) {
+    const ShownChange plain{change.before, change.after, change.downloaded};
+    const std::optional<NumberFormat> format = NumberFormat::Parse(change.format);
+    if (!format) {
+        return plain;
+    }
+    const auto shown = [&](const std::string& text) {
+        const std::optional<double> number = TryParseNumber(text);
+        return number ? format->Format(*number) : text;
+    };
+    ShownChange result{shown(plain.before), shown(plain.after), shown(plain.downloaded)};
+    return result.before == result.after ? plain : result;
+}
+
 std::string RemarkOf(const UploadChange& change) {
     if (change.IsRefused()) {
         return change.refusal;
     }
-    const std::string was = change.downloaded.empty() ? " It was empty." : " It was " + change.downloaded + ".";
+    const std::string was =
+        change.downloaded.empty() ? " It was empty." : " It was " + ShownValuesOf(change).downloaded + ".";
     switch (change.origin) {
         case UploadOrigin::Book:
             return "Changed in the table." + was;

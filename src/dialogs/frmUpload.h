@@ -13,6 +13,14 @@
 
 namespace planview {
 
+/// The values of a change as the grid would show them; as they are where the two would look the same.
+struct ShownChange {
+    std::string before;
+    std::string after;
+    std::string downloaded;
+};
+[[nodiscard]] PLANVIEW_EXPORT ShownChange ShownValuesOf(const UploadChange& change);
+
 /// A sentence that the user should read before he ticks or unticks the change; empty for an ordinary one.
 [[nodiscard]] PLANVIEW_EXPORT std::string RemarkOf(const UploadChange& change);
 

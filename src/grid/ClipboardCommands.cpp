@@ -114,11 +114,26 @@ Placement PlaceBlock(const GridControl& grid, const ValueBlock& block) {
     return placement;
 }
 
+bool IsBlock(const GridControl& grid) {
+    return CellsOfSelection(grid).size() == BlockOfSelection(grid).CellCount();
+}
+
+ClipboardContents ContentsOf(const TextBlock& block) {
+    return {IsSingle(block) ? block[0][0] : FormatBlock(block), FormatHtmlBlock(block)};
+}
+
 }  // namespace
+
+std::optional<ClipboardContents> ContentsOfSelection(const GridControl& grid) {
+    if (!IsBlock(grid) || BlockOfSelection(grid).CellCount() == 0) {
+        return std::nullopt;
+    }
+    return ContentsOf(ReadBlock(grid));
+}
 
 /// False, and told to the user, when what is selected is no block: copied cells would come out in other places.
 bool ClipboardCommands::SelectionIsBlock(std::string_view verb) {
-    if (CellsOfSelection(parts_.grid).size() == BlockOfSelection(parts_.grid).CellCount()) {
+    if (IsBlock(parts_.grid)) {
         return true;
     }
     parts_.messageBoxes.Show({"The selected cells do not form one block and cannot be " + std::string(verb) +
@@ -140,8 +155,7 @@ bool ClipboardCommands::CopyToClipboard(std::string_view method) {
                    TraceText("{cid: ", parts_.keys.column, " - rid: ", parts_.keys.row,
                              " - text: ", grid.Contents(touched), "}"));
     }
-    const TextBlock block = ReadBlock(grid);
-    parts_.clipboard.Set({IsSingle(block) ? block[0][0] : FormatBlock(block), FormatHtmlBlock(block)});
+    parts_.clipboard.Set(ContentsOf(ReadBlock(grid)));
     return true;
 }
 
@@ -155,11 +169,11 @@ void ClipboardCommands::Cut() {
     }
 }
 
-void ClipboardCommands::Paste() {
+void ClipboardCommands::Paste(const std::optional<ClipboardContents>& offered) {
     if (!parts_.grid.CurrentCell()) {
         return;
     }
-    const ClipboardContents contents = parts_.clipboard.Get();
+    const ClipboardContents contents = offered ? *offered : parts_.clipboard.Get();
     const ValueBlock block = BestBlock(contents.text, contents.html);
     if (TraceEnabled) {
         TraceWrite("GRIDCTL", "", "Ctrl-V", TraceText("{cid: ", parts_.keys.column, " - rid: ", parts_.keys.row, "}"));

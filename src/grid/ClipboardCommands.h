@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,9 @@
 #include "grid/ValueEntry.h"
 
 namespace planview {
+
+/// The selected cells as Copy() gives them to other programs; none where they do not form one block.
+[[nodiscard]] std::optional<ClipboardContents> ContentsOfSelection(const GridControl& grid);
 
 /// Copying, cutting, pasting, filling, deleting and raising of what is selected, as a spreadsheet does it. Everything
 /// that changes values does so as one bulk change through value entry; what is refused, and what is changed although it
@@ -39,8 +43,8 @@ public:
     void Cut();
     /// From the first selected cell on, to the edge of the planning cells, into hidden ones too and in the switched
     /// view as the screen shows it; what would go beyond the edge is counted to the user. One row or column fills a
-    /// selected block of several, one value fills whatever is selected.
-    void Paste();
+    /// selected block of several, one value fills whatever is selected. Without `offered` the clipboard's contents.
+    void Paste(const std::optional<ClipboardContents>& offered = {});
     /// Gives every selected cell the value of the first one.
     void Fill();
     /// Empties the planning cells that are selected.

@@ -102,7 +102,7 @@ bool DeselectAll(IndexWalk walk, modGrid& driver) {
 std::vector<bool> SelectedHeadings(const HostTable& table, const IndexAxis& axis, const modGrid& driver) {
     std::vector<bool> selected;
     ForEachRow(table, [&](HostTable::Row i) {
-        selected.push_back(driver.HeadingSelected(axis.KeysOf(table.Text(i, "GRID_ID"))) == 1);
+        selected.push_back(driver.HeadingSelected(axis.KeysOf(table.Text(i, "GRID_ID"))));
     });
     return selected;
 }
@@ -149,7 +149,7 @@ bool SetHidden(IndexWalk walk, modGrid& driver, bool hidden, const Concerns& con
 bool SetSelectedHidden(IndexWalk walk, modGrid& driver, bool hidden) {
     const IndexAxis& axis = walk.Axis();
     return SetHidden(std::move(walk), driver, hidden,
-                     [&](const std::string& key) { return driver.HeadingSelected(axis.KeysOf(key)) == 1; });
+                     [&](const std::string& key) { return driver.HeadingSelected(axis.KeysOf(key)); });
 }
 
 bool ShowNamed(IndexWalk walk, modGrid& driver, const std::vector<std::string>& keys) {
@@ -162,7 +162,7 @@ bool ApplyRowColor(std::string_view method, HostTable lineIndex, modGrid& driver
     IndexWalk walk(method, RowAxis, std::move(lineIndex));
     return walk.Run([&](HostTable::Row i, const std::string& key) {
         const CellKeyView keys = RowAxis.KeysOf(key);
-        if (driver.HeadingSelected(keys) == 1) {
+        if (driver.HeadingSelected(keys)) {
             const std::int16_t color = walk.Table().Int16(i, field);
             (driver.*setColor)(keys, color, NoRedraw);
             if (IsLockedLine(walk.Table(), i)) {
@@ -176,7 +176,7 @@ bool ApplyRowColor(std::string_view method, HostTable lineIndex, modGrid& driver
 
 void Mirror(const HostTable& table, const IndexAxis& axis, const modGrid& driver) {
     ForEachRow(table, [&](HostTable::Row i) {
-        table.PutFlag(i, axis.markedField, driver.HeadingSelected(axis.KeysOf(table.Text(i, "GRID_ID"))) == 1);
+        table.PutFlag(i, axis.markedField, driver.HeadingSelected(axis.KeysOf(table.Text(i, "GRID_ID"))));
     });
 }
 
@@ -233,7 +233,7 @@ bool ShowRow(HostTable lineIndex, modGrid& driver, const std::vector<std::string
 bool ColWidthReset(HostTable colsIndex, modGrid& driver, ResetScope scope) {
     IndexWalk walk("ColWidthReset", ColumnAxis, std::move(colsIndex));
     return walk.Run([&](HostTable::Row i, const std::string& key) {
-        if (scope == ResetScope::All || driver.HeadingSelected({key, {}}) == 1) {
+        if (scope == ResetScope::All || driver.HeadingSelected({key, {}})) {
             driver.ColumnWidth(key, ResetColumnWidth, NoRedraw);
             walk.Table().Put(i, "COL_WIDTH", ResetColumnWidth);
             walk.TraceDetail(" - width: ", ResetColumnWidth);
@@ -245,7 +245,7 @@ bool ColWidthReset(HostTable colsIndex, modGrid& driver, ResetScope scope) {
 bool RowHeightReset(HostTable lineIndex, modGrid& driver, ResetScope scope) {
     IndexWalk walk("RowHeightReset", RowAxis, std::move(lineIndex));
     return walk.Run([&](HostTable::Row i, const std::string& key) {
-        if (scope == ResetScope::All || driver.HeadingSelected({{}, key}) == 1) {
+        if (scope == ResetScope::All || driver.HeadingSelected({{}, key})) {
             driver.RowHeight(key, ResetRowHeight, NoRedraw);
             walk.Table().Put(i, "ROW_HEIGHT", ResetRowHeight);
             walk.TraceDetail(" - height: ", ResetRowHeight);

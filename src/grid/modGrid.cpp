@@ -355,8 +355,8 @@ GridStatus modGrid::CenterHidden(const CellKeyView& keys, bool hidden, bool redr
     return SetCenter(*this, "CenterHidden", keys, GridAttribute::Hidden, hidden, "hidden", hidden, redraw);
 }
 
-int modGrid::HeadingSelected(const CellKeyView& keys) const {
-    return grid_.HeadingKind(keys) != 0 && grid_.IsSelected(keys) ? 1 : 0;
+bool modGrid::HeadingSelected(const CellKeyView& keys) const {
+    return grid_.HeadingKind(keys) != 0 && grid_.IsSelected(keys);
 }
 
 GridStatus modGrid::Contents(const CellKeyView& keys, std::string_view text, bool redraw) {

@@ -127,9 +127,8 @@ public:
     GridStatus SetSelection(const CellKeyView& keys, bool redraw);
     GridStatus DeleteSelection(const CellKeyView& keys, bool redraw);
     GridStatus CenterHidden(const CellKeyView& keys, bool hidden, bool redraw);
-    /// 1 when the heading of this column (empty row) or row (empty column) can be selected and is, else 0. Leaves no
-    /// entry.
-    [[nodiscard]] int HeadingSelected(const CellKeyView& keys) const;
+    /// Whether the heading of this column (empty row) or row (empty column) can be selected and is. Leaves no entry.
+    [[nodiscard]] bool HeadingSelected(const CellKeyView& keys) const;
 
     // --- Cells ---
 

@@ -103,8 +103,8 @@ void MenuDispatch::RunChosen(frmMenu::Pending chosen) {
     });
 }
 
-std::optional<int> MenuDispatch::ChooseColor() {
-    modPopup::Show(parts_.popups, Menu(), MainMenu::Colors, nullptr, place_);
+std::optional<int> MenuDispatch::ChooseColor(const ColorQuestion& question) {
+    modPopup::ShowColors(parts_.popups, Menu(), question, place_);
     const std::string& command = Menu().PendingCommand().command;
     if (!command.starts_with(ColorChoice)) {
         return std::nullopt;

@@ -46,7 +46,7 @@ public:
 
     /// Shows the colours, where the popup of the command under way was; the position of the chosen one (0 .. 15), no
     /// value when none was chosen. The pending command is "Color N" then.
-    [[nodiscard]] std::optional<int> ChooseColor();
+    [[nodiscard]] std::optional<int> ChooseColor(const ColorQuestion& question);
 
     /// The control's menu, made on first use.
     [[nodiscard]] frmMenu& Menu();

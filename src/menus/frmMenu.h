@@ -28,6 +28,9 @@ public:
     /// A submenu is enabled while one of its entries is.
     [[nodiscard]] bool IsEnabled(std::string_view name) const;
     [[nodiscard]] bool IsChecked(std::string_view name) const;
+    /// The same of the entry at this place in the tree.
+    [[nodiscard]] bool IsEnabled(std::size_t line) const;
+    [[nodiscard]] bool IsChecked(std::size_t line) const { return states_[line].checked; }
 
     /// The entries as they are now.
     [[nodiscard]] PopupMenu PopupOf(MainMenu which) const;
@@ -46,7 +49,6 @@ private:
         bool checked = false;
     };
 
-    [[nodiscard]] bool IsEnabled(std::size_t line) const;
     [[nodiscard]] std::vector<PopupEntry> EntriesBelow(std::size_t line) const;
     void Keep(std::string_view command, int slot);
 

@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "menus/modPopup.h"
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "commands/CommandRunner.h"
+#include "grid/modGrid.h"
+#include "menus/MenuItems.h"
 #include "trace/TraceText.h"
 
 namespace planview::modPopup {
+
+using MenuItems::PlaceOf;
 
 namespace {
 
@@ -16,53 +22,53 @@ namespace {
 struct TracedEntry {
     MainMenu popup;
     std::string_view name;
-    std::string_view entry = {};
+    std::optional<std::size_t> entry = {};  ///< its place in the tree
 };
 
 constexpr TracedEntry TracedEntries[] = {
-    {MainMenu::Grid, "MACROTREE ", "mnuMacroTree"},
-    {MainMenu::Grid, "CHART ", "mnuChart"},
-    {MainMenu::Grid, "SWITCH ", "mnuSwitch"},
-    {MainMenu::Grid, "ZOOM ", "mnuZoom"},
+    {MainMenu::Grid, "MACROTREE ", PlaceOf("mnuMacroTree")},
+    {MainMenu::Grid, "CHART ", PlaceOf("mnuChart")},
+    {MainMenu::Grid, "SWITCH ", PlaceOf("mnuSwitch")},
+    {MainMenu::Grid, "ZOOM ", PlaceOf("mnuZoom")},
     {MainMenu::Grid, "MACRO-RECORD"},
-    {MainMenu::Grid, "EXCEL ", "mnuExcelDn"},
-    {MainMenu::Grid, "EXCEL ", "mnuExcelUp"},
-    {MainMenu::Grid, "FILL TEST DATA ", "mnuRandom"},
-    {MainMenu::Grid, "TRACE ", "mnuTrace"},
-    {MainMenu::Grid, "SHOW TRACE ", "mnuShowTrace"},
-    {MainMenu::Column, "HIDE ", "mnuColsHide"},
-    {MainMenu::Column, "SHOW ", "mnuColsShow"},
-    {MainMenu::Column, "WIDTH ", "mnuColWidth"},
-    {MainMenu::Row, "HIDE ", "mnuRowsHide"},
-    {MainMenu::Row, "SHOW ", "mnuRowsShow"},
-    {MainMenu::Row, "HEIGHT ", "mnuRowHeight"},
-    {MainMenu::Row, "BACKGROUND COLOR ", "mnuRowBgColor"},
-    {MainMenu::Row, "FOREGROUND COLOR ", "mnuRowFgColor"},
-    {MainMenu::Cell, "CELL EDIT ", "mnuCellCut"},
-    {MainMenu::Cell, "CELL EDIT ", "mnuCellCopy"},
-    {MainMenu::Cell, "CELL EDIT ", "mnuCellPaste"},
-    {MainMenu::Chart, "CHART VIEWS ", "mnuChartViews"},
+    {MainMenu::Grid, "EXCEL ", PlaceOf("mnuExcelDn")},
+    {MainMenu::Grid, "EXCEL ", PlaceOf("mnuExcelUp")},
+    {MainMenu::Grid, "FILL TEST DATA ", PlaceOf("mnuRandom")},
+    {MainMenu::Grid, "TRACE ", PlaceOf("mnuTrace")},
+    {MainMenu::Grid, "SHOW TRACE ", PlaceOf("mnuShowTrace")},
+    {MainMenu::Column, "HIDE ", PlaceOf("mnuColsHide")},
+    {MainMenu::Column, "SHOW ", PlaceOf("mnuColsShow")},
+    {MainMenu::Column, "WIDTH ", PlaceOf("mnuColWidth")},
+    {MainMenu::Row, "HIDE ", PlaceOf("mnuRowsHide")},
+    {MainMenu::Row, "SHOW ", PlaceOf("mnuRowsShow")},
+    {MainMenu::Row, "HEIGHT ", PlaceOf("mnuRowHeight")},
+    {MainMenu::Row, "BACKGROUND COLOR ", PlaceOf("mnuRowBgColor")},
+    {MainMenu::Row, "FOREGROUND COLOR ", PlaceOf("mnuRowFgColor")},
+    {MainMenu::Cell, "CELL EDIT ", PlaceOf("mnuCellCut")},
+    {MainMenu::Cell, "CELL EDIT ", PlaceOf("mnuCellCopy")},
+    {MainMenu::Cell, "CELL EDIT ", PlaceOf("mnuCellPaste")},
+    {MainMenu::Chart, "CHART VIEWS ", PlaceOf("mnuChartViews")},
     {MainMenu::Series, "SERIES"},
-    {MainMenu::Series, "SERIES LINE ", "mnuChartLine"},
-    {MainMenu::Series, "SERIES COLUMN ", "mnuChartColumn"},
+    {MainMenu::Series, "SERIES LINE ", PlaceOf("mnuChartLine")},
+    {MainMenu::Series, "SERIES COLUMN ", PlaceOf("mnuChartColumn")},
     // Without the blank before the dash, unlike all others: the text of this trace entry is fixed.
-    {MainMenu::Series, "SERIES LINE STACKED", "mnuLineStacked"},
-    {MainMenu::Series, "SERIES LINE STACKED 100% ", "mnuLineStacked100"},
+    {MainMenu::Series, "SERIES LINE STACKED", PlaceOf("mnuLineStacked")},
+    {MainMenu::Series, "SERIES LINE STACKED 100% ", PlaceOf("mnuLineStacked100")},
     {MainMenu::Macro, "MACRO-RECORD"},
-    {MainMenu::Macro, "RENAME ", "mnuNodeRename"},
-    {MainMenu::MacroFunction, "MACRO FUNCTION INSERT ", "mnuMacroInsert"},
-    {MainMenu::MacroFunction, "MACRO FUNCTION ADD ", "mnuMacroAdd"},
-    {MainMenu::MacroFunction, "MACRO FUNCTION NEXT LEVEL ", "mnuNextLevel"},
+    {MainMenu::Macro, "RENAME ", PlaceOf("mnuNodeRename")},
+    {MainMenu::MacroFunction, "MACRO FUNCTION INSERT ", PlaceOf("mnuMacroInsert")},
+    {MainMenu::MacroFunction, "MACRO FUNCTION ADD ", PlaceOf("mnuMacroAdd")},
+    {MainMenu::MacroFunction, "MACRO FUNCTION NEXT LEVEL ", PlaceOf("mnuNextLevel")},
 };
 
 void Trace(const frmMenu& menu, const TracedEntry& traced) {
     if (!modPlan::TraceEnabled) {
         return;
     }
-    const std::string state = traced.entry.empty() ? std::string()
-                                                   : TraceText("- checked: ", menu.IsChecked(traced.entry),
-                                                               " - enabled: ", menu.IsEnabled(traced.entry))
-                                                         .Text();
+    const std::string state = !traced.entry ? std::string()
+                                            : TraceText("- checked: ", menu.IsChecked(*traced.entry),
+                                                        " - enabled: ", menu.IsEnabled(*traced.entry))
+                                                  .Text();
     modPlan::TraceWrite("POPUP", "", "Update", TraceText("{menu: ", traced.name, state, "}"));
 }
 
@@ -82,6 +88,7 @@ std::string_view HostCommand(MainMenu which) {
     }
 }
 
+constexpr std::string_view OwnColorName = "mnuColorOwn";
 constexpr std::string_view HostEntryPrefix = "User(";
 
 std::string HostEntryName(int slot) {
@@ -130,8 +137,8 @@ void Update(frmMenu& menu, MainMenu which, const CommandSituation& now) {
     };
     for (const TracedEntry& traced : TracedEntries) {
         if (traced.popup == which) {
-            if (!traced.entry.empty()) {
-                setWithBelow(FindMenuItem(traced.entry));
+            if (traced.entry) {
+                setWithBelow(*traced.entry);
             }
             Trace(menu, traced);
         }
@@ -153,6 +160,31 @@ void Show(Popups& popups, frmMenu& menu, MainMenu which, const UserMenu* user, P
     } else {
         menu.Click(chosen);
     }
+}
+
+void ShowColors(Popups& popups, frmMenu& menu, const ColorQuestion& question, PopupPlace place) {
+    menu.ForgetPending();
+    PopupMenu popup = menu.PopupOf(MainMenu::Colors);
+    const std::optional<std::int16_t> own = question.own ? std::optional(PaletteIndexOf(*question.own)) : std::nullopt;
+    const bool isOwn = own && question.present == own;
+    std::string ownName;
+    for (std::size_t i = 0; i < popup.entries.size(); ++i) {
+        const std::int16_t index = modGrid::PaletteIndexOf(static_cast<int>(i));
+        popup.entries[i].checked = question.present == index && !isOwn;
+        ownName = own == index ? popup.entries[i].name : ownName;
+    }
+    if (question.own) {
+        PopupEntry entry;
+        entry.name = OwnColorName;
+        entry.caption = "As the view";
+        entry.checked = isOwn;
+        entry.viewColor = question.own;
+        PopupEntry separator;
+        separator.separator = true;
+        popup.entries.insert(popup.entries.begin(), {std::move(entry), std::move(separator)});
+    }
+    const std::string chosen = popups.Choose(popup, place);
+    menu.Click(chosen == OwnColorName ? ownName : chosen);
 }
 
 }  // namespace planview::modPopup

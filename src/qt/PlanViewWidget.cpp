@@ -121,8 +121,8 @@ PlanViewWidget::PlanViewWidget(const Platform& platform, QWidget* parent)
     connect(this, &PlanViewWidget::GridValueChanged, state_->status, valuesChanged);
     connect(this, &PlanViewWidget::GridStartUpdate, state_->status, valuesChanged);
     connect(state_->grid, &GridView::textScaleChanged, this, &PlanViewWidget::textScaleChanged);
-    connect(qApp, &QApplication::focusChanged, this,
-            [this](const QWidget* /*from*/, const QWidget* to) { state_->focusMoved(to); });
+    state_->guard.connect(qApp, &QApplication::focusChanged, this, "FocusChanged",
+                          [this](const QWidget* /*from*/, const QWidget* to) { state_->focusMoved(to); });
     state_->applyTheme();
 }
 

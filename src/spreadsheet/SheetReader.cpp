@@ -406,6 +406,9 @@ std::optional<UploadChange> SheetReader::ChangeBy(const Entry& entry, const Trac
     change.line = line.caption;
     change.period = column.caption;
     change.before = contents;
+    if (const NumberFormat* const format = grid_.Look(cell).format) {
+        change.format = format->Code();
+    }
     change.after = entry.number ? modPlan::ReplacePoint(NumberText(*entry.number)) : entry.text;
     change.value = entry.number ? Variant(*entry.number) : Variant("");
     change.origin = !sheetChanged ? UploadOrigin::Book : bookChanged ? UploadOrigin::Both : UploadOrigin::Workbook;

@@ -120,6 +120,12 @@ std::string SpreadsheetDownload::AskFileName() const {
 }
 
 SpreadsheetDownload::Outcome SpreadsheetDownload::Save(const std::string& fileName, std::string& error) {
+    if (const auto refusal = parts_.options.refusal) {
+        error = refusal(fileName);
+        if (!error.empty()) {
+            return Outcome::Failed;
+        }
+    }
     SpreadsheetSession session(parts_.objects);
     if (!session.Connect()) {
         error = NoApplicationText;

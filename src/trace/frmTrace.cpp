@@ -89,6 +89,12 @@ std::shared_ptr<const Desktop> frmTrace::SetPlatform(std::shared_ptr<const Deskt
     return std::exchange(platform_, std::move(platform));
 }
 
+std::optional<MemoryStatus> frmTrace::Memory() const {
+    std::optional<MemoryStatus> memory;
+    ResumeNext([&] { memory = platform_ ? platform_->system.Memory() : std::nullopt; });
+    return memory;
+}
+
 void frmTrace::mnuTrac_Click(int index) {
     const std::shared_ptr<const Desktop> platform = platform_;
     ResumeNext([&] {

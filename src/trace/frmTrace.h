@@ -3,6 +3,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include <planview/Export.h>
@@ -66,6 +67,9 @@ public:
     void mnuTrac_Click(int index);
     /// Fits the list into the form, whose size is in twips. A width that leaves nothing is taken, a height is not.
     void Form_Resize(int width, int height) noexcept;
+
+    /// The memory of the machine, all of it; none while the window is not shown, or when the system does not tell.
+    [[nodiscard]] std::optional<MemoryStatus> Memory() const;
 
     /// What the menu works with while the window is shown; null while it is not. Answers what was set before.
     std::shared_ptr<const Desktop> SetPlatform(std::shared_ptr<const Desktop> platform) noexcept;

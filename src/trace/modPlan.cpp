@@ -5,6 +5,7 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <limits>
 #include <memory>
@@ -233,6 +234,7 @@ void TraceWrite(std::string_view control, std::string_view message, std::string_
             item.subItems[1] = method;
             item.subItems[2] = std::string_view(shownParameter);
             item.subItems[3] = item.key;
+            item.time = std::chrono::system_clock::now();
         });
         if (anyStreams) {
             WriteToStreams({control, shownMessage, method, shownParameter});

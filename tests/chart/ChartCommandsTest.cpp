@@ -62,11 +62,17 @@ TEST_F(ChartCommandsTest, ATrendLineBelongsToTheSelectedLine) {
     EXPECT_EQ(Chart().series[0].look->trends[0]->kind, TrendKind::MovingAverage);
     EXPECT_TRUE(platform.messages.empty());
 
-    context.shared.chooseColor = [] { return std::optional(1); };
+    context.shared.chooseColor = [](const ColorQuestion&) { return std::optional(1); };
     context.chart.commands.TrendlineColor();
     EXPECT_EQ(Chart().series[0].look->trends[0]->borderColorIndex, 10);
-    context.shared.chooseColor = [] { return std::optional<int>(); };
+    ColorQuestion asked;
+    context.shared.chooseColor = [&asked](const ColorQuestion& question) {
+        asked = question;
+        return std::optional<int>();
+    };
     context.chart.commands.TrendlineColor();
+    EXPECT_EQ(asked.present, modGrid::PaletteIndexOf(1)) << "it can be marked";
+    EXPECT_FALSE(asked.own);
     EXPECT_EQ(EntriesOf("TrendlineColor"), (Lines{"CHART |  | TrendlineColor | {color:10}"}));
 
     context.chart.Step();

@@ -20,7 +20,7 @@ protected:
 TEST_F(GeneralOptionsTest, OkWritesTheTableThenTheGridThenTellsTheHost) {
     context.shared.settings.moveAllowed = 1;
     context.shared.settings.backgroundColor = 7;
-    context.shared.chooseColor = [] { return 15; };  // white
+    context.shared.chooseColor = [](const ColorQuestion&) { return 15; };  // white
     WhileShown<frmGrid>([&](frmGrid& form) {
         EXPECT_EQ(form.chkMove.Value, 1);
         EXPECT_EQ(form.Get_BgColor(), 7);
@@ -109,12 +109,12 @@ TEST_F(GeneralOptionsTest, ColoursComeByTheirPlaceInThePopup) {
     } cases[] = {{"black stands first", 0, 1}, {"white stands last", 15, 0},  {"light blue", 9, 10},
                  {"closed", std::nullopt, 4},  {"not of the palette", 16, 4}, {"not at all", -1, 4}};
     for (const auto& row : cases) {
-        ColorBox box;
+        ColorBox box{ViewColor::Base};
         box.Set(4);
-        box.Click([&] { return row.chosen; });
+        box.Click([&](const ColorQuestion&) { return row.chosen; });
         EXPECT_EQ(box.Get(), row.index) << row.name;
     }
-    ColorBox box;
+    ColorBox box{ViewColor::Base};
     box.Set(15);
     box.Set(16);
     box.Set(-1);

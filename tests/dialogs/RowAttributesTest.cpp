@@ -20,7 +20,7 @@ protected:
     void Set(int row, const char* field, Variant value) { tables.lineIndex->SetValue(row, field, std::move(value)); }
     [[nodiscard]] std::string RowState(const char* row) {
         return std::to_string(context.grid.control.Row(context.grid.control.FindRow(row).value()).height) +
-               (context.grid.driver.HeadingSelected({{}, row}) == 1 ? " selected" : "");
+               (context.grid.driver.HeadingSelected({{}, row}) ? " selected" : "");
     }
 };
 
@@ -32,7 +32,7 @@ TEST_F(RowAttributesTest, OkChangesTheFirstSelectedRowInOrder) {
     Set(2, "RELIEF", "X");
     Set(2, "ROW_BG", 14);
     Select({"ROW2", "ROW4", "ROW5"});
-    context.shared.chooseColor = [] { return 9; };  // light blue
+    context.shared.chooseColor = [](const ColorQuestion&) { return 9; };  // light blue
     WhileShown<frmRow>([&](frmRow& form) {
         EXPECT_EQ(form.lblRowLabel, "Line 2");
         EXPECT_EQ(form.chkRelief.Value, 1);
@@ -112,7 +112,7 @@ TEST_F(RowAttributesTest, ColoursOutsideThePaletteStayUntilOneIsChosen) {
     Set(3, "ROW_FG", 99);
     for (const bool chosen : {false, true}) {
         Select({"ROW3"});
-        context.shared.chooseColor = [] { return 9; };  // light blue
+        context.shared.chooseColor = [](const ColorQuestion&) { return 9; };  // light blue
         WhileShown<frmRow>([&](frmRow& form) {
             EXPECT_EQ(form.Get_FgColor(), 1) << "the text's usual colour";
             if (chosen) {
@@ -234,7 +234,7 @@ TEST_F(RowAttributesTest, UntouchedFontsStayAsTheHostWroteThem) {
     } cases[] = {
         {"", "||2", ";;Bold"},
         {"Lucida;12;Normal", "Lucida|12|2", "Lucida;12;Bold"},
-        {"Verdana;11;Bold Cursiv", "Verdana|11|1", "Verdana;11;Bold Cursiv"},
+        {"Verdana;11;Bold Cursiv", "Verdana|11|none", "Verdana;11;Bold"},
         {"courier new;9", "Courier New|9|2", "Courier New;9;Bold"},
         {";;Cursiv", "||0", ";;Bold"},
     };
@@ -247,17 +247,25 @@ TEST_F(RowAttributesTest, UntouchedFontsStayAsTheHostWroteThem) {
         form.Set_Font(row.given);
         const Lines offered{"DejaVu Sans", "Arial"};
         form.OfferFonts(offered);
-        std::size_t type = 0;
+        std::string type = "none";
         for (std::size_t i = 0; i < form.optType.size(); ++i) {
-            type = form.optType[i].Value ? i : type;
+            type = form.optType[i].Value ? std::to_string(i) : type;
         }
-        EXPECT_EQ(form.ListFont.Text() + "|" + form.ListSize.Text() + "|" + std::to_string(type), row.shown);
+        EXPECT_EQ(form.ListFont.Text() + "|" + form.ListSize.Text() + "|" + type, row.shown);
         EXPECT_EQ(form.FontText(), row.given);
         for (std::size_t i = 0; i < form.optType.size(); ++i) {
             form.optType[i].Value = i == 1;
         }
         EXPECT_EQ(form.FontText(), row.afterBold);
     }
+}
+
+TEST_F(RowAttributesTest, BoldCursivStaysWhenOnlyTheSizeChanges) {
+    frmRow form(platform, platform, nullptr);
+    form.Form_Load();
+    form.Set_Font("Arial;10;Cursiv Bold");
+    form.ListSize.Choose("14");
+    EXPECT_EQ(form.FontText(), "Arial;14;Bold Cursiv");
 }
 
 TEST_F(RowAttributesTest, HeightsThatMakeNoSenseKeepTheDialogOpen) {

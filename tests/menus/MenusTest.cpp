@@ -110,6 +110,35 @@ TEST_F(MenusTest, ColorsAreChosenByPosition) {
     EXPECT_EQ(EntriesOf("Selected").front(), "POPUP | {menu: Color 0} | Selected | ");
 }
 
+TEST_F(MenusTest, TheViewsOwnColourIsAnEntryAndThePresentOneIsMarked) {
+    const struct {
+        const char* name;
+        ColorQuestion question;
+        const char* choice;
+        const char* checked;
+        const char* command;
+    } cases[] = {
+        {"own background", {0, ViewColor::Background}, "mnuColorOwn", "As the view", "Color 15"},
+        {"own text", {5, ViewColor::Text}, "mnuColorOwn", "<red>", "Color 0"},
+        {"own lines", {8, ViewColor::GridLines}, "mnuColor(3)", "As the view", "Color 3"},
+        {"no own colour", {1, {}}, "mnuColorOwn", "<black>", ""},
+        {"not known", {{}, ViewColor::Base}, "", "", ""},
+    };
+    for (const auto& row : cases) {
+        platform.popups.clear();
+        platform.choices = {row.choice};
+        modPopup::ShowColors(platform, menu, row.question, PopupPlace::Mouse);
+        EXPECT_EQ(menu.PendingCommand().command, row.command) << row.name;
+        std::string checked;
+        for (const PopupEntry& entry : platform.popups.front().entries) {
+            checked += entry.checked ? entry.caption : "";
+            EXPECT_EQ(entry.viewColor.has_value(), entry.caption == "As the view") << row.name;
+        }
+        EXPECT_EQ(checked, row.checked) << row.name;
+        EXPECT_EQ(platform.popups.front().entries.size(), row.question.own ? 18U : 16U) << row.name;
+    }
+}
+
 TEST_F(MenusTest, APopupTracesTheStateOfItsEntries) {
     const auto grid = [](const char* tree, const char* chart, const char* viewed, const char* cells,
                          const char* trace) {

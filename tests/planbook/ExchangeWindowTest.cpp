@@ -39,6 +39,16 @@ planview::UploadPreview TickedPreview(planview::PlanViewWidget& view, const std:
     return preview;
 }
 
+TEST(ExchangeWindow, ADownloadReplacesNoBook) {
+    const TestFolder folder;
+    const std::filesystem::path other = folder.Path("other.planbook");
+    BookWindow window(MakeSmallBook(folder));
+    std::filesystem::copy_file(window.file, other);
+    const std::string refusal = window.window.view().downloadTo(ToQt(other)).toStdString();
+    EXPECT_NE(refusal.find("there is a planning book of that name"), std::string::npos) << refusal;
+    EXPECT_EQ(BookSnapshot(LoadBook(other)).ValueOf({1, 1}).AsText(), "1");
+}
+
 TEST(ExchangeWindow, WhatIsUploadedIsInTheBookAndPending) {
     const TestFolder folder;
     const std::filesystem::path file = folder.Path("small.xlsx");

@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QSettings>
 #include <QTest>
 #include <QTimer>
@@ -13,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include "app/FindBar.h"
+#include "app/PercentDialog.h"
 #include "app/RecentBooks.h"
 #include "components/chart/ChartControl.h"
 #include "control/ControlParts.h"
@@ -35,7 +37,7 @@ void ChooseInSubmenu(const char* submenu, const char* entry) {
         const auto find = [](const QMenu& menu, const char* text) -> QAction* {
             const QList<QAction*> actions = menu.actions();
             const auto found = std::find_if(actions.begin(), actions.end(),
-                                            [&](const QAction* action) { return action->text() == text; });
+                                            [&](const QAction* action) { return action->text().remove('&') == text; });
             return found == actions.end() ? nullptr : *found;
         };
         QAction* way = find(*popup, submenu);
@@ -64,6 +66,21 @@ std::vector<std::string> EntriesOf(const QMainWindow& window, const QString& men
         }
     }
     return entries;
+}
+
+TEST(Window, ReturnPressesThePresetThatHasTheFocus) {
+    PercentDialog dialog("Sales", 0, nullptr);
+    dialog.show();
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    auto* preset = dialog.findChild<QPushButton*>("preset10");
+    preset->setFocus();
+    QTest::keyClick(preset, Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(dialog.percent(), 10);
+    dialog.findChild<QWidget*>("percent")->setFocus();
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
 }
 
 TEST(Window, MenusOfferWhatCanBeDone) {

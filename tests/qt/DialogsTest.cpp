@@ -40,7 +40,7 @@ public:
         }
         Build();
         context.shared.settings.layoutMode = true;
-        context.shared.chooseColor = [this] { return chosenColor; };
+        context.shared.chooseColor = [this](const ColorQuestion&) { return chosenColor; };
     }
     void selectRow(const char* key) {
         context.grid.control.ClearSelection();
@@ -128,9 +128,9 @@ QStringList tabOrder(QWidget& window) {
 
 const QString GridTabOrder = QStringLiteral(
     "Allow move of columns and rows, Allow resize of columns and rows, Drag and drop allowed, Fire single value "
-    "changes, White (as the view), Gray (as the view), OK, Cancel");
+    "changes, As the view, As the view, OK, Cancel");
 const QString RowTabOrder = QStringLiteral(
-    "Show in Chart, Relief, QLineEdit, Reset, Right, QComboBox, QComboBox, Normal, Light yellow, Black (as the view), "
+    "Show in Chart, Relief, QLineEdit, Reset, Right, QComboBox, QComboBox, Normal, Light yellow, As the view, "
     "OK, Cancel");
 
 QString name(bool dark) {
@@ -156,9 +156,10 @@ private slots:
             QTest::keyClick(move, Qt::Key_Space);
             button<QRadioButton>(*dialog, QStringLiteral("Drag and drop only inside grid"))->click();
             ColorButton* ground = colorButton(*dialog, QStringLiteral("Background color"));
-            QCOMPARE(ground->text(), QStringLiteral("White (as the view)"));
+            QCOMPARE(ground->text(), QStringLiteral("As the view"));
             QTest::mouseClick(ground, Qt::LeftButton);
             QCOMPARE(ground->text(), QStringLiteral("Red"));
+            move->setFocus();
             QTest::keyClick(dialog, Qt::Key_Return);
         });
         desktop.context.grid.generalOptions.Run();
@@ -186,6 +187,62 @@ private slots:
         }
     }
 
+    /// Return belongs to the button that has the focus, elsewhere to the default one.
+    void returnPressesTheButtonInFocus_data() {
+        QTest::addColumn<QString>("focus");
+        QTest::addColumn<bool>("staysOpen");
+        QTest::addColumn<QString>("height");
+        QTest::newRow("a field") << QString() << false << QStringLiteral("40");
+        QTest::newRow("reset") << QStringLiteral("Reset") << true << QStringLiteral("22");
+        QTest::newRow("a colour") << QStringLiteral("As the view") << true << QStringLiteral("40");
+        QTest::newRow("cancel") << QStringLiteral("Cancel") << false << QStringLiteral("26");
+    }
+    void returnPressesTheButtonInFocus() {
+        QFETCH(QString, focus);
+        QFETCH(bool, staysOpen);
+        QFETCH(QString, height);
+        QtDesktop desktop;
+        desktop.selectRow("ROW1");
+        desktop.chosenColor = 4;  // red
+        whenShown<QDialog>([&](QDialog* dialog) {
+            auto* field = dialog->findChild<QLineEdit*>();
+            field->setText(QStringLiteral("40"));
+            QWidget* target = focus.isEmpty() ? static_cast<QWidget*>(field) : button<QPushButton>(*dialog, focus);
+            target->setFocus();
+            QTest::keyClick(target, Qt::Key_Return);
+            QCOMPARE(dialog->isVisible(), staysOpen);
+            if (staysOpen) {
+                field->setFocus();
+                QTest::keyClick(field, Qt::Key_Enter);
+            }
+        });
+        desktop.context.grid.rowAttributes.Run();
+        QCOMPARE(QString::fromStdString(desktop.tables.lineIndex->Value(1, "ROW_HEIGHT").AsText()), height);
+        const std::string color = desktop.tables.lineIndex->Value(1, "ROW_FG").AsText();
+        QCOMPARE(color == "5", focus == QStringLiteral("As the view"));
+    }
+
+    /// A row without a colour of its own is seen on the view's ground, and its swatch has it.
+    void previewAndSwatchesHaveTheViewsColours() {
+        QtDesktop desktop;
+        desktop.context.shared.settings.backgroundColor = 11;  // light green
+        desktop.selectRow("ROW2");
+        whenShown<QDialog>([](QDialog* dialog) {
+            const QColor green(0, 255, 0);
+            ColorButton* ground = colorButton(*dialog, QStringLiteral("Background color"));
+            QCOMPARE(ground->text(), QStringLiteral("As the view"));
+            const QImage swatch = ground->icon().pixmap(28, 16).toImage();
+            QCOMPARE(swatch.pixelColor(swatch.width() / 2, swatch.height() / 2), green);
+            auto* preview = dialog->findChild<GridView*>();
+            const QRect cell = preview->cellRect(preview->grid().FindCell({"COL1", "ROW1"}).value());
+            const QImage picture = preview->viewport()->grab().toImage();
+            const qreal ratio = picture.devicePixelRatio();
+            QCOMPARE(picture.pixelColor((QPointF(cell.topLeft() + QPoint(3, 3)) * ratio).toPoint()), green);
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+        desktop.context.grid.rowAttributes.Run();
+    }
+
     void aRowIsPreviewedWhileItIsChanged() {
         QtDesktop desktop;
         desktop.selectRow("ROW1");
@@ -210,7 +267,8 @@ private slots:
             QCOMPARE(height->text(), QStringLiteral("26"));
             height->setText(QStringLiteral("40"));
             QCOMPARE(preview.Row(cell.row).height, std::int16_t{40});
-            QTest::keyClick(dialog, Qt::Key_Return);
+            height->setFocus();
+            QTest::keyClick(height, Qt::Key_Return);
         });
         desktop.context.grid.rowAttributes.Run();
         const auto text = [&](const char* field) { return desktop.tables.lineIndex->Value(1, field).AsText(); };
@@ -299,7 +357,7 @@ private slots:
 
     void theControlMayGoWhileAColourIsChosen() {
         QtDesktop desktop;
-        desktop.context.shared.chooseColor = [&desktop] {
+        desktop.context.shared.chooseColor = [&desktop](const ColorQuestion&) {
             desktop.widget.reset();
             return std::optional(3);
         };

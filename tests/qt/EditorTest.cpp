@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <QClipboard>
+#include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QMimeData>
 #include <QScrollBar>
@@ -306,6 +307,29 @@ private slots:
         QCOMPARE(screen.platform.messages.size(), std::size_t{1});
         QVERIFY(screen.platform.messages[0].text.find("1 cell left alone") != std::string::npos);
         Screen::press(QStringLiteral("<Ctrl+Z>"));
+        QCOMPARE(screen.rows(screen.tables.tab), QString());
+    }
+
+    /// One undo step, and the same refusals as for a paste.
+    void whatIsDroppedIsPasted() {
+        Screen screen;
+        QMimeData data;
+        data.setText(QStringLiteral("1,5\t2\n3\tx\n"));
+        const QPoint place = screen.middle(QStringLiteral("COL2/ROW1"));
+        const auto drop = [&] {
+            QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(screen.port(), &enter);
+            QDropEvent event(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(screen.port(), &event);
+        };
+        drop();
+        QCOMPARE(screen.rows(screen.tables.tab), QStringLiteral("1,2=1,5 1,3=2 2,2=3"));
+        QCOMPARE(screen.heard, QStringList{QStringLiteral("update")});
+        QVERIFY(screen.platform.messages.at(0).text.find("1 cell left alone") != std::string::npos);
+        Screen::press(QStringLiteral("<Ctrl+Z>"));
+        QCOMPARE(screen.rows(screen.tables.tab), QString());
+        screen.widget->setReadOnly(true);
+        drop();
         QCOMPARE(screen.rows(screen.tables.tab), QString());
     }
 

@@ -238,7 +238,7 @@ private slots:
         QWidget window;
         QtForms forms(window);
         Host host;
-        frmGrid form(forms, [&]() -> std::optional<int> {
+        frmGrid form(forms, [&](const ColorQuestion&) -> std::optional<int> {
             host.hear();
             return 4;
         });

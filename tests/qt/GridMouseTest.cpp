@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <QCursor>
+#include <QDrag>
+#include <QDropEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -64,6 +67,78 @@ private slots:
         QCOMPARE(screen.grid().Selection().Ranges().size(), std::size_t{1});
         QVERIFY(screen.isSelected("COL2", "ROW3") && screen.isSelected("COL4", "ROW6"));
         QVERIFY(!screen.isSelected("COL5", "ROW6"));
+    }
+
+    void aBlockIsDraggedOutByItsEdge_data() {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<bool>("out");
+        QTest::newRow("allowed, by the edge") << 1 << QStringLiteral("edge") << true;
+        QTest::newRow("allowed, inside") << 1 << QStringLiteral("inside") << false;
+        QTest::newRow("allowed, beside the block") << 1 << QStringLiteral("beside") << false;
+        QTest::newRow("only inside the grid") << 2 << QStringLiteral("edge") << false;
+        QTest::newRow("none") << 0 << QStringLiteral("edge") << false;
+    }
+    void aBlockIsDraggedOutByItsEdge() {
+        QFETCH(int, mode);
+        QFETCH(QString, from);
+        QFETCH(bool, out);
+        Screen screen;
+        screen.set({}, GridAttribute::DragDrop, static_cast<std::int16_t>(mode));
+        drag(screen.port(), screen.middle(screen.cell(2, 3)), screen.middle(screen.cell(3, 4)));
+        const QRect first = screen.view().cellRect(screen.cell(2, 3));
+        const QPoint start = from == QStringLiteral("edge")     ? QPoint(first.left() + 1, first.center().y())
+                             : from == QStringLiteral("inside") ? first.center()
+                                                                : QPoint(first.left() - 3, first.center().y());
+        QString text;
+        QString html;
+        screen.view().setDragRunner([&](const QDrag& drag) {
+            text = drag.mimeData()->text();
+            html = drag.mimeData()->html();
+        });
+        drag(screen.port(), start, screen.middle(screen.cell(5, 9)));
+        QCOMPARE(text, out ? QStringLiteral("2,3\t3,3\n2,4\t3,4\n") : QString());
+        QCOMPARE(html.contains(QStringLiteral("<td")), out);
+        QCOMPARE(screen.isSelected("COL5", "ROW9"), !out);
+    }
+
+    void aClickAtTheEdgeIsAClick() {
+        Screen screen;
+        screen.set({}, GridAttribute::DragDrop, DragAllowed);
+        drag(screen.port(), screen.middle(screen.cell(2, 3)), screen.middle(screen.cell(3, 4)));
+        const QPoint edge = screen.view().cellRect(screen.cell(3, 4)).topRight() - QPoint(2, -8);
+        QTest::mouseClick(screen.port(), Qt::LeftButton, Qt::NoModifier, edge);
+        QCOMPARE(screen.current(), QStringLiteral("COL3/ROW4"));
+        QVERIFY(!screen.isSelected("COL2", "ROW3"));
+        QCOMPARE(screen.log().actions.back(), std::string("SimpleClick COL3/ROW4"));
+    }
+
+    void whatIsDroppedGoesToTheCellBelow_data() {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<bool>("taken");
+        QTest::newRow("text") << 1 << QStringLiteral("text/plain") << true;
+        QTest::newRow("a picture") << 1 << QStringLiteral("image/png") << false;
+        QTest::newRow("only inside the grid") << 2 << QStringLiteral("text/plain") << false;
+        QTest::newRow("none") << 0 << QStringLiteral("text/plain") << false;
+    }
+    void whatIsDroppedGoesToTheCellBelow() {
+        QFETCH(int, mode);
+        QFETCH(QString, type);
+        QFETCH(bool, taken);
+        Screen screen;
+        screen.set({}, GridAttribute::DragDrop, static_cast<std::int16_t>(mode));
+        QMimeData data;
+        data.setData(type, "7\t8");
+        const QPoint place = screen.middle(screen.cell(4, 5));
+        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(screen.port(), &enter);
+        QCOMPARE(enter.isAccepted(), taken);
+        QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(screen.port(), &drop);
+        const auto& actions = screen.log().actions;
+        QCOMPARE(!actions.empty() && actions.back().starts_with("Dropped COL4/ROW5"), taken);
+        QCOMPARE(screen.current() == QStringLiteral("COL4/ROW5"), taken);
     }
 
     void headingsSelectColumnsAndRows_data() {

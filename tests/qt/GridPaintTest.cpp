@@ -314,6 +314,39 @@ private slots:
         }
     }
 
+    /// A line shows as it does alone at its place; what does not fit ends in an ellipsis and is in the tip.
+    void linesOfATextStandBelowEachOther() {
+        Screen screen;
+        const auto show = [&](const char* text, int height) {
+            screen.set({{}, "ROW3"}, GridAttribute::Height, static_cast<std::int16_t>(height));
+            screen.set({"COL2", "ROW3"}, GridAttribute::Contents, text);
+            const QRect cell = screen.view().cellRect(screen.cell(2, 3)).adjusted(1, 1, -1, -1);
+            return screen.picture().copy(QRect(cell.topLeft() * screen.picture().devicePixelRatio(), cell.size()));
+        };
+        GridFonts fonts(screen.view().font(), screen.view().geometry().unit);
+        const auto isCut = [&] {
+            return GridPainter({screen.grid(), screen.view().geometry(), GridTheme::light(), fonts,
+                                screen.view().bitmaps(), PendingMarks(), RowDots(), true})
+                .isCut(screen.cell(2, 3));
+        };
+        screen.set({"COL2", "ROW3"}, GridAttribute::Alignment, std::int16_t{1});
+        const QImage two = show("north\nsouth", 34);
+        QVERIFY(!isCut());
+        QVERIFY2(two == show("north\r\nsouth\n", 34), "however lines end");
+        const QImage upper = show("north\n ", 34);
+        const QImage lower = show(" \nsouth", 34);
+        const int half = two.height() / 2;
+        QVERIFY(upper != lower && upper != two);
+        QCOMPARE(two.copy(0, 0, two.width(), half), upper.copy(0, 0, two.width(), half));
+        QCOMPARE(two.copy(0, half, two.width(), half), lower.copy(0, half, two.width(), half));
+        const QImage cut = show("north\nsouth\neast", 34);
+        QVERIFY(isCut());
+        QVERIFY2(cut == show("north\nsouth\xE2\x80\xA6", 34), "more lines follow");
+        QVERIFY(show("north\nsouth", 20) == show("north\xE2\x80\xA6", 20));
+        show("north\na long line that is wider than its cell", 34);
+        QVERIFY(isCut());
+    }
+
     void aBitmapStaysInItsCell() {
         Screen screen;
         screen.set({"COL2", {}}, GridAttribute::Width, std::int16_t{14});

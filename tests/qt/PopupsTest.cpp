@@ -27,17 +27,35 @@ void withPopup(std::function<void(QMenu&)> act) {
     });
 }
 
+/// The text of an entry without the mark of its letter.
+QString captionOf(const QAction& action) {
+    QString text = action.text();
+    const QChar kept(1);
+    return text.replace(QLatin1String("&&"), kept).remove(QLatin1Char('&')).replace(kept, QLatin1String("&&"));
+}
+
+/// The letters of a menu's entries, "-" for one without.
+QString letters(const QMenu& menu) {
+    QString found;
+    for (const QAction* action : menu.actions()) {
+        const QString text = action->text().remove(QLatin1String("&&"));
+        const qsizetype at = text.indexOf(QLatin1Char('&'));
+        found += action->isSeparator() ? QString() : at < 0 ? QStringLiteral("-") : QString(text[at + 1].toLower());
+    }
+    return found;
+}
+
 QStringList captions(const QMenu& menu) {
     QStringList texts;
     for (const QAction* action : menu.actions()) {
-        texts << (action->isSeparator() ? QStringLiteral("-") : action->text());
+        texts << (action->isSeparator() ? QStringLiteral("-") : captionOf(*action));
     }
     return texts;
 }
 
 QAction* find(const QMenu& menu, const QString& caption) {
     for (QAction* action : menu.actions()) {
-        if (action->text() == caption && !action->menu()) {
+        if (captionOf(*action) == caption && !action->menu()) {
             return action;
         }
         if (QAction* below = action->menu() ? find(*action->menu(), caption) : nullptr) {
@@ -90,7 +108,7 @@ private slots:
         QTest::newRow("corner") << QStringLiteral("FLC0/FTR0") << QStringLiteral("Macrotree");
         QTest::newRow("column") << QStringLiteral("COL2/FTR0") << QStringLiteral("Select all");
         QTest::newRow("row") << QStringLiteral("FLC0/ROW2") << QStringLiteral("Select all");
-        QTest::newRow("cell") << QStringLiteral("COL2/ROW2") << QStringLiteral("Cut");
+        QTest::newRow("cell, one letter shared") << QStringLiteral("COL2/ROW2") << QStringLiteral("Cut");
     }
     void eachPlaceOpensItsPopup() {
         QFETCH(QString, place);
@@ -227,6 +245,62 @@ private slots:
         QVERIFY(tip.size() >= 2000);
     }
 
+    void everyEntryHasALetter_data() {
+        QTest::addColumn<QString>("place");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("corner") << QStringLiteral("FLC0/FTR0") << QStringLiteral("mcszaeo");
+        QTest::newRow("column") << QStringLiteral("COL2/FTR0") << QStringLiteral("sbdhcp");
+        QTest::newRow("cell, one letter shared") << QStringLiteral("COL2/ROW2") << QStringLiteral("cop1c");
+    }
+    void everyEntryHasALetter() {
+        QFETCH(QString, place);
+        QFETCH(QString, expected);
+        Popping screen;
+        for (const char* text : {"1 000", "& Co"}) {
+            test::AddRow(*screen.tables.cellMenu, {{"PFID", 1}, {"TEXT", text}, {"ENABLED", "X"}});
+        }
+        QString seen;
+        withPopup([&](QMenu& menu) {
+            seen = letters(menu);
+            menu.close();
+        });
+        rightClick(screen, place);
+        QCOMPARE(seen, expected);
+    }
+
+    void aLetterChooses() {
+        Popping screen;
+        withPopup([](QMenu& menu) { QTest::keyClick(&menu, Qt::Key_C); });
+        rightClick(screen, QStringLiteral("COL1/ROW2"));
+        QCOMPARE(screen.contents(QStringLiteral("COL1/ROW2")), QString());
+    }
+
+    void thePresentColourIsMarkedAndTheViewsOwnIsAnEntry() {
+        Popping screen;
+        screen.tables.lineIndex->SetValue(2, "ROW_BG", 13);
+        QStringList seen;
+        QStringList marked;
+        QImage own;
+        withPopup([&](QMenu& menu) {
+            withPopup([&](QMenu& colors) {
+                seen = captions(colors);
+                for (const QAction* action : colors.actions()) {
+                    marked << (action->isChecked() ? captionOf(*action) : QString());
+                }
+                own = colors.actions().first()->icon().pixmap(14, 14).toImage();
+                choose(colors, QStringLiteral("As the view"));
+            });
+            choose(menu, QStringLiteral("Background color"));
+        });
+        rightClick(screen, QStringLiteral("FLC0/ROW2"));
+        QCOMPARE(seen.mid(0, 3).join(QLatin1Char(' ')), QStringLiteral("As the view - <black>"));
+        QCOMPARE(seen.size(), 18);
+        marked.removeAll(QString());
+        QCOMPARE(marked, QStringList(QStringLiteral("<lightred>")));
+        QCOMPARE(own.pixelColor(own.width() / 2, own.height() / 2), QColor(screen.view().theme().base));
+        QCOMPARE(screen.tables.lineIndex->Value(2, "ROW_BG").AsText(), std::string("0"));
+    }
+
     void aHundredHostEntriesStayReachable() {
         Popping screen;
         for (int i = 1; i <= 100; ++i) {
@@ -236,9 +310,14 @@ private slots:
         QStringList heard;
         connect(screen.widget.get(), &PlanViewWidget::GridPopupMenuPressed, this,
                 [&](short popup, const QString& command) { heard << QString::number(popup) + " " + command; });
-        withPopup([](QMenu& menu) { choose(menu, QStringLiteral("Entry 100")); });
+        int width = 0;
+        withPopup([&](QMenu& menu) {
+            width = menu.width();
+            choose(menu, QStringLiteral("Entry 100"));
+        });
         rightClick(screen, QStringLiteral("FLC0/FTR0"));
         QCOMPARE(heard, (QStringList{QStringLiteral("10 100")}));
+        QVERIFY2(width < 300, "one column that scrolls");
     }
 
     void theWidgetIsDeletedWhileItsPopupIsOpen_data() {

@@ -2,15 +2,22 @@
 #include <QAbstractItemModelTester>
 #include <QAction>
 #include <QActionGroup>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDateTime>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMenuBar>
+#include <QRegularExpression>
 #include <QScrollBar>
+#include <QSysInfo>
 #include <QTreeView>
 #include <QWindow>
 #include <QtTest>
+#include <chrono>
 #include <thread>
 
 #include "qt/WhenShown.h"
@@ -153,14 +160,85 @@ private slots:
         });
     }
 
+    /// What is read stays where it is while entries come, in a full list too, until its turn to go comes.
+    void whoScrollsUpReadsOn() {
+        write("GRIDCTL", "Redraw", "{}", 4000);
+        show([](QDialog* dialog) {
+            QTreeView& list = listOf(*dialog);
+            auto* follow = dialog->findChild<QCheckBox*>();
+            QVERIFY(follow->isChecked());
+            list.verticalScrollBar()->setValue(2000);
+            QVERIFY(!follow->isChecked());
+            const auto top = [&] { return list.indexAt(QPoint(0, 0)).siblingAtColumn(4).data().toString(); };
+            const QString read = top();
+            for (const int more : {500, 1000, 700}) {  // the list holds 5000
+                write("CHART", "Update", "{}", more);
+                QCoreApplication::processEvents();
+                QCOMPARE(top(), read);
+            }
+            write("CHART", "Update", "{}", 1500);
+            QCoreApplication::processEvents();
+            QCOMPARE(list.indexAt(QPoint(0, 0)).row(), 0);  // it is gone
+            QVERIFY(!follow->isChecked());
+            QTest::mouseClick(follow, Qt::LeftButton, Qt::NoModifier, QPoint(8, follow->height() / 2));
+            QVERIFY(newestIsMarkedAndVisible(*dialog));
+            write("CHART", "Update", "{}", 10);
+            QCoreApplication::processEvents();
+            QVERIFY(newestIsMarkedAndVisible(*dialog) && follow->isChecked());
+            QTest::keyClick(&list, Qt::Key_Home);
+            QVERIFY(!follow->isChecked());
+            QTest::keyClick(&list, Qt::Key_End);
+            QVERIFY2(follow->isChecked(), "who goes to the end follows again");
+        });
+    }
+
+    void timesAndLabelsAreReadable() {
+        frmTrace::Share()->TraceView.Add(10, [](ListItem& item) {
+            item = {"TRACE{1}", "DATAPROVIDER", {}, std::chrono::system_clock::time_point()};
+            item.time +=
+                std::chrono::milliseconds(QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7, 89)).toMSecsSinceEpoch());
+        });
+        show([](QDialog* dialog) {
+            const QTreeView& list = listOf(*dialog);
+            QCOMPARE(list.header()->logicalIndex(0), 5);
+            QCOMPARE(list.model()->headerData(5, Qt::Horizontal).toString(), QStringLiteral("Time"));
+            QCOMPARE(list.model()->index(0, 5).data().toString(), QStringLiteral("05:06:07.089"));
+            QVERIFY(list.columnWidth(5) >= list.fontMetrics().horizontalAdvance(QStringLiteral("05:06:07.089")) + 8);
+            QVERIFY(list.columnWidth(0) >= list.fontMetrics().horizontalAdvance(QStringLiteral("DATAPROVIDER")) + 8);
+        });
+    }
+
+    /// The entries' figures end at 2 GB.
+    void trueFiguresStandBelowTheList() {
+        constexpr std::int64_t Gigabyte = 1024LL * 1024 * 1024;
+        desktop_->memory = {16 * Gigabyte, 20 * Gigabyte, 12 * Gigabyte};
+        show([this](QDialog* dialog) {
+            const auto text = [&] {
+                QString all;
+                for (const QLabel* label : dialog->findChildren<QLabel*>()) {
+                    all += label->text();
+                }
+                return all;
+            };
+            const QString sixteen = QLocale().formattedDataSize(16 * Gigabyte, 1);
+            QVERIFY2(text().contains(sixteen) && text().contains(QSysInfo::kernelVersion()), qPrintable(text()));
+            desktop_->memory.reset();
+            action(*dialog, QStringLiteral("Memory check"))->trigger();
+            QVERIFY2(!text().contains(sixteen), "the check takes them anew");
+        });
+    }
+
     void wordsFilterTheEntries_data() {
         QTest::addColumn<QString>("words");
         QTest::addColumn<int>("where");
         QTest::addColumn<QStringList>("controls");
         QTest::newRow("none") << "" << 0 << QStringList{"GRIDCTL", "CHART", "POPUP"};
-        QTest::newRow("control") << "grid" << 1 << QStringList{"GRIDCTL"};
-        QTest::newRow("method") << "upd" << 2 << QStringList{"CHART", "POPUP"};
-        QTest::newRow("text") << "grid" << 3 << QStringList{"POPUP"};
+        QTest::newRow("control") << "grid" << 2 << QStringList{"GRIDCTL"};
+        QTest::newRow("message") << "work" << 3 << QStringList{"CHART"};
+        QTest::newRow("method") << "upd" << 4 << QStringList{"CHART", "POPUP"};
+        QTest::newRow("parameter") << "grid" << 5 << QStringList{"POPUP"};
+        QTest::newRow("key") << "trace{" << 6 << QStringList{"GRIDCTL", "CHART", "POPUP"};
+        QTest::newRow("time") << "{" << 1 << QStringList();
         QTest::newRow("anywhere") << "grid" << 0 << QStringList{"GRIDCTL", "POPUP"};
         QTest::newRow("all of the words") << "  update menu " << 0 << QStringList{"POPUP"};
         QTest::newRow("no entry") << "nothing" << 0 << QStringList();
@@ -170,7 +248,7 @@ private slots:
         QFETCH(int, where);
         QFETCH(QStringList, controls);
         write("GRIDCTL", "Redraw", "{}");
-        write("CHART", "Update", "{}");
+        modPlan::TraceWrite("CHART", "WORK", "Update", "{}");
         write("POPUP", "Update", "{menu: GRID}");
         show([&](QDialog* dialog) {
             dialog->findChild<QComboBox*>()->setCurrentIndex(where);
@@ -178,8 +256,9 @@ private slots:
             QCOMPARE(shown(*dialog), controls);
             write("GRIDCTL", "nothing", "{}");
             QCoreApplication::processEvents();
-            const bool more = words.isEmpty() || words == "grid" || words == "nothing";
-            QCOMPARE(shown(*dialog).size(), controls.size() + (more && where != 3 ? 1 : 0));
+            const bool more = words.isEmpty() || words == "nothing" || words == "trace{" ||
+                              (words == "grid" && (where == 0 || where == 2));
+            QCOMPARE(shown(*dialog).size(), controls.size() + (more ? 1 : 0));
             if (!words.isEmpty()) {
                 QTest::keyClick(dialog->findChild<QLineEdit*>(), Qt::Key_Escape);
                 QVERIFY2(dialog->isVisible(), "Escape takes the filter away first");
@@ -202,7 +281,9 @@ private slots:
             };
             select(0);  // after the newest: the order of the list counts
             action(*dialog, QStringLiteral("Copy entries"))->trigger();
-            QCOMPARE(QGuiApplication::clipboard()->text().toStdString(),
+            QString text = QGuiApplication::clipboard()->text();
+            text.remove(QRegularExpression(QStringLiteral("^[0-9:.]{12}\\t"), QRegularExpression::MultilineOption));
+            QCOMPARE(text.toStdString(),
                      "GRIDCTL\t\tRedraw\t{a: 1}\t" + first + "\nPOPUP\t\tUpdate\t{}\t" + last + "\n");
         });
     }
@@ -305,6 +386,20 @@ private slots:
             action(*dialog, QStringLiteral("Insert bookmark"))->trigger();
             QCoreApplication::processEvents();
             QCOMPARE(dialog->palette().color(QPalette::Window), QColor(theme.panel));
+            const QTreeView& list = listOf(*dialog);
+            const QRect current = list.visualRect(list.currentIndex().siblingAtColumn(0));
+            const QImage row = list.viewport()->grab(current).toImage();
+            QColor strongest = theme.accentTint;
+            for (int x = 4; x < row.width() - 4; ++x) {
+                for (int y = 3; y < row.height() - 3; ++y) {
+                    const QColor color = row.pixelColor(x, y);
+                    const bool more =
+                        contrastRatio(color.rgb(), theme.accentTint) > contrastRatio(strongest.rgb(), theme.accentTint);
+                    strongest = more ? color : strongest;
+                }
+            }
+            QCOMPARE(row.pixelColor(2, 2), QColor(theme.accentTint));
+            QVERIFY2(contrastRatio(strongest.rgb(), theme.accentTint) >= 4.5, "no veil over the selected row");
             savePicture(*dialog, dark ? QStringLiteral("trace-dark") : QStringLiteral("trace-light"));
         });
     }

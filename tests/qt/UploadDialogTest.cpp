@@ -98,6 +98,28 @@ private Q_SLOTS:
         QVERIFY2(!applied, "closed by the frame");
     }
 
+    void numbersHaveTheFormatOfTheirLine() {
+        for (UploadChange& change : preview_.changes) {
+            change.format = "#,##0";
+        }
+        preview_.changes[2].before = "1234,75";
+        preview_.changes[1].origin = UploadOrigin::Both;
+        preview_.changes[1].downloaded = "7000";
+        show([&](QDialog& dialog) {
+            auto& list = only<QTreeView>(dialog);
+            QCOMPARE(column(list, UploadModel::Before),
+                     (QStringList{"135.450", "7.664", "1234,75", "14.226", "8.982", "(empty)"}));
+            QCOMPARE(column(list, UploadModel::After),
+                     (QStringList{"1", "7.300", "1234,5", "(empty)", "abc", "5.840"}));
+            QVERIFY(column(list, UploadModel::Remark)[1].contains("It was 7.000"));
+            QCOMPARE(list.model()->index(1, UploadModel::After).data(Qt::ToolTipRole).toString(), QString("7300,25"));
+            for (const char* words : {"7.300", "7300"}) {
+                only<QLineEdit>(dialog).setText(words);
+                QCOMPARE(list.model()->rowCount(), 1);
+            }
+        });
+    }
+
     void ticksDecideWhatIsApplied() {
         const bool applied = show([&](QDialog& dialog) {
             auto& list = only<QTreeView>(dialog);

@@ -63,6 +63,20 @@ private:
 
 }  // namespace
 
+TEST_F(DownloadTest, AFileThatTheHostRefusesIsNotWritten) {
+    context.spreadsheetOptions.refusal = [](const std::string& file) {
+        return file == "/plans/book" ? "There is a book." : "";
+    };
+    platform.savePaths = {"/plans/book"};
+    context.download.Run();
+    ASSERT_EQ(platform.messages.size(), 1U);
+    EXPECT_EQ(platform.messages[0].text, "There is a book.");
+    EXPECT_EQ(context.download.SaveTo("/plans/book"), "There is a book.");
+    EXPECT_EQ(fake->log, Lines{}) << "nothing was even begun";
+    EXPECT_EQ(context.download.SaveTo("/plans/plan.xlsx"), "");
+    EXPECT_TRUE(Saved());
+}
+
 TEST_F(DownloadTest, WritesTheWholeTablesAndSaysSoInTheTrace) {
     platform.savePaths = {"/plans/Plan \xC3\xA4.xlsx"};
     context.download.Run();

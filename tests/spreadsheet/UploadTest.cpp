@@ -94,6 +94,16 @@ TEST_F(UploadTest, ComparesWhatTheSheetSaysWithTheGrid) {
     EXPECT_EQ(events.size(), 0U);
 }
 
+TEST_F(UploadTest, EachChangeKnowsTheFormatOfItsCell) {
+    context.grid.driver.Format({"COL1", "ROW1"}, "#,##0", false);
+    Edit(2, 2, 9876.5);
+    Edit(3, 2, 5);
+    const UploadPreview preview = context.upload.Preview("plan.xlsx");
+    ASSERT_EQ(preview.changes.size(), 2U);
+    EXPECT_EQ(preview.changes[0].format, "#,##0");
+    EXPECT_EQ(preview.changes[0].after, "9876,5");
+}
+
 TEST_F(UploadTest, TellsWhereAValueWasChanged) {
     const struct {
         const char* name;
@@ -140,7 +150,7 @@ TEST_F(UploadTest, OnlyWhatTheWorkbookChangedIsTickedByItself) {
     WhileShown([&](frmUpload& form) {
         EXPECT_EQ(form.lblSummary, "1 changed value, 1 changed in the table too, 1 changed in the table only");
         EXPECT_EQ(form.cmdOkCaption, "Apply 1 change");
-        EXPECT_EQ(RemarkOf(form.Preview().changes[1]), "Changed in both. It was 10.");
+        EXPECT_EQ(RemarkOf(form.Preview().changes[1]), "Changed in both. It was 10,0.");
         EXPECT_EQ(RemarkOf(form.Preview().changes[2]), "Changed in the table. It was -3.");
         form.Tick(2, true);
         form.cmdOk_Click();

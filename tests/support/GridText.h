@@ -172,6 +172,9 @@ public:
             onDoubleClick();
         }
     }
+    void Dropped(const CellKey& cell, const std::string& text, const std::string& /*html*/) override {
+        Act("Dropped", cell, text);
+    }
     void SimpleClick(const CellKey& cell) override { Act("SimpleClick", cell, ""); }
     void MouseDown(const CellKey& cell, MouseButton button, ShiftState shift) override {
         Act("MouseDown", cell,

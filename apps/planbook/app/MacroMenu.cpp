@@ -5,6 +5,7 @@
 #include <QActionGroup>
 #include <QMenu>
 #include <QScopedValueRollback>
+#include <QSet>
 #include <QTimer>
 #include <optional>
 #include <string>
@@ -26,6 +27,21 @@ namespace {
 
 QString toQt(const std::string& text) {
     return QString::fromStdString(text);
+}
+
+/// The caption with its first letter that is not taken as its mnemonic; takes it.
+QString WithLetter(const QString& caption, QSet<QChar>& taken) {
+    qsizetype letter = 0;
+    while (letter < caption.size() &&
+           (!caption[letter].isLetterOrNumber() || taken.contains(caption[letter].toLower()))) {
+        ++letter;
+    }
+    QString text = caption.left(letter).replace('&', "&&");
+    if (letter < caption.size()) {
+        taken.insert(caption[letter].toLower());
+        text += '&' + caption.mid(letter).replace('&', "&&");
+    }
+    return text;
 }
 
 }  // namespace
@@ -67,9 +83,10 @@ QMenu* MacroMenu::addMacros(QMenu& menu, const QString& title, void (MacroMenu::
 void MacroMenu::fill(QMenu& menu, void (MacroMenu::*chosen)(const MacroEntry&)) {
     menu.clear();
     if (session_.isOpen()) {
+        QSet<QChar> taken;
         for (const MacroEntry& macro : MacrosOf(session_.book())) {
-            QString caption = toQt(macro.name);
-            menu.addAction(caption.replace('&', "&&"), this, [this, macro, chosen] { (this->*chosen)(macro); });
+            menu.addAction(WithLetter(toQt(macro.name), taken), this,
+                           [this, macro, chosen] { (this->*chosen)(macro); });
         }
     }
     if (menu.isEmpty()) {

@@ -235,6 +235,7 @@ void MainWindow::proposeWorkbook() {
     options.folder = session_->file().parent_path().string();
     options.fileName = session_->file().stem().string() + ".xlsx";
     options.mark = WorkbookMark(session_->report());
+    options.refusal = [](const std::string& file) { return OutputRefusal(file); };
     view_->setSpreadsheetOptions(options);
 }
 

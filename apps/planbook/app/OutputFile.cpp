@@ -12,10 +12,15 @@
 
 namespace planbook {
 
+std::string OutputRefusal(const std::filesystem::path& file) {
+    return IsBookFile(file)
+               ? "Cannot write \"" + file.string() + "\": there is a planning book of that name. Choose another one."
+               : std::string();
+}
+
 void CheckOutput(const std::filesystem::path& file) {
-    if (IsBookFile(file)) {
-        throw BookError("Cannot write \"" + file.string() +
-                        "\": there is a planning book of that name. Choose another one.");
+    if (const std::string refusal = OutputRefusal(file); !refusal.empty()) {
+        throw BookError(refusal);
     }
 }
 

@@ -4,10 +4,13 @@
 #include <filesystem>
 #include <functional>
 #include <iosfwd>
+#include <string>
 
 namespace planbook {
 
-/// Throws BookError where a planning book has this name: it would be lost.
+/// A sentence where a planning book has this name, which would be lost; else the empty text.
+[[nodiscard]] std::string OutputRefusal(const std::filesystem::path& file);
+/// Throws BookError where there is such a refusal.
 void CheckOutput(const std::filesystem::path& file);
 
 /// Writes a file that is not a book; one of that name is replaced when the new one is whole. Throws BookError.

@@ -63,7 +63,6 @@ PercentDialog::PercentDialog(const QString& text, double present, QWidget* paren
         for (const int signedPercent : {percent, -percent}) {
             auto* button = new QPushButton((signedPercent > 0 ? "+" : "−") + QString::number(percent) + " %");
             button->setObjectName(QString("preset%1").arg(signedPercent));
-            button->setAutoDefault(false);
             connect(button, &QPushButton::clicked, this, [this, signedPercent] { value_->setValue(signedPercent); });
             presets->addWidget(button, signedPercent > 0 ? 0 : 1, column);
         }
@@ -84,6 +83,8 @@ PercentDialog::PercentDialog(const QString& text, double present, QWidget* paren
     layout->addLayout(presets);
     layout->addWidget(value_);
     layout->addWidget(buttons);
+    // Return on another button presses that one. The dialog must know the button before.
+    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 

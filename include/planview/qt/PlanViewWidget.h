@@ -32,6 +32,9 @@ namespace planview {
 /// order, so that every Qt host (C++, QML, script) can use them by name. A table is any planview::ObjectRef. See
 /// PlanView for what the members do, for the order of calls and for errors.
 ///
+/// As a widget it belongs to the thread of the user interface, and so do all of its members, its signals and the
+/// tables that it reads: call it on that thread only.
+///
 /// The widget may be deleted at any time, also inside a slot that one of its own signals called.
 class PLANVIEW_EXPORT PlanViewWidget : public QWidget {
     Q_OBJECT

@@ -66,9 +66,9 @@ void ChartDialog::buildAxisColumn(QVBoxLayout& column) {
     }
 
     QGridLayout* colors = addSection(column, QString::fromStdString(form_.fraColors));
-    addColor(*colors, form_.picArea, ColorButton::Use::Background, 'c', [this] { form_.picArea_Click(); });
-    addColor(*colors, form_.picPlot, ColorButton::Use::Background, 'b', [this] { form_.picPlot_Click(); });
-    addColor(*colors, form_.picLegend, ColorButton::Use::Background, 'g', [this] { form_.picLegend_Click(); });
+    addColor(*colors, form_.picArea, 'c', [this] { form_.picArea_Click(); });
+    addColor(*colors, form_.picPlot, 'b', [this] { form_.picPlot_Click(); });
+    addColor(*colors, form_.picLegend, 'g', [this] { form_.picLegend_Click(); });
 }
 
 void ChartDialog::buildPeriodColumn(QVBoxLayout& column) {

@@ -4,7 +4,9 @@
 #include <QPainter>
 #include <array>
 
+#include "grid/ColorQuestion.h"
 #include "grid/modGrid.h"
+#include "qt/grid/GridColors.h"
 
 namespace planview {
 
@@ -18,27 +20,15 @@ constexpr std::array<const char*, modGrid::PaletteSize> ColorNames{
     "White", "Black",     "Blue",       "Green",       "Cyan",       "Red",       "Magenta",       "Yellow",
     "Gray",  "Dark gray", "Light blue", "Light green", "Light cyan", "Light red", "Light magenta", "Light yellow"};
 
-/// The index that means the view's own colour, and that colour.
-struct OwnColor {
-    int index;
-    QRgb rgb;
-};
-
-OwnColor ownColor(ColorButton::Use use, const GridTheme& theme) {
-    switch (use) {
-        case ColorButton::Use::Background:
-            return {0, theme.base};
-        case ColorButton::Use::Foreground:
-            return {1, theme.text};
-        case ColorButton::Use::GridLines:
-            break;
-    }
-    return {8, theme.line};
+QColor paletteColor(int index) {
+    const Rgb rgb = modGrid::PaletteColorOf(static_cast<std::int16_t>(index));
+    return {rgb.red, rgb.green, rgb.blue};
 }
 
 }  // namespace
 
-ColorButton::ColorButton(Use use, const QString& what, QWidget* parent) : QPushButton(parent), use_(use), what_(what) {
+ColorButton::ColorButton(ViewColor own, const QString& what, QWidget* parent)
+    : QPushButton(parent), own_(own), what_(what) {
     setObjectName(QStringLiteral("colorButton"));  // for the style sheet
     setAutoDefault(false);
     setIconSize(SwatchSize);
@@ -55,10 +45,20 @@ void ColorButton::setColor(int index) {
     showColor();
 }
 
+void ColorButton::setViewBackground(int index) {
+    viewBackground_ = index;
+    showColor();
+}
+
+QColor ColorButton::ownColor() const {
+    const bool coloured = own_ == ViewColor::Background && viewBackground_ != PaletteIndexOf(ViewColor::Base) &&
+                          viewBackground_ >= 0 && viewBackground_ < modGrid::PaletteSize;
+    return coloured ? paletteColor(viewBackground_) : QColor(themeColor(theme_, own_));
+}
+
 void ColorButton::showColor() {
-    const OwnColor own = ownColor(use_, theme_);
-    const Rgb rgb = modGrid::PaletteColorOf(static_cast<std::int16_t>(index_));
-    const QColor color = index_ == own.index ? QColor(own.rgb) : QColor(rgb.red, rgb.green, rgb.blue);
+    const bool isOwn = index_ == PaletteIndexOf(own_);
+    const QColor color = isOwn ? ownColor() : paletteColor(index_);
     const qreal ratio = devicePixelRatioF();
     QPixmap swatch(SwatchSize * ratio);
     swatch.setDevicePixelRatio(ratio);
@@ -70,8 +70,7 @@ void ColorButton::showColor() {
     painter.drawRoundedRect(QRectF(QPointF(0, 0), QSizeF(SwatchSize)).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
     painter.end();
     setIcon(QIcon(swatch));
-    const QString name = tr(ColorNames[static_cast<std::size_t>(index_)]);
-    setText(index_ == own.index ? tr("%1 (as the view)").arg(name) : name);
+    setText(isOwn ? tr("As the view") : tr(ColorNames[static_cast<std::size_t>(index_)]));
     setAccessibleName(what_ + QStringLiteral(": ") + text());
 }
 

@@ -3,23 +3,26 @@
 
 #include <QPushButton>
 
+#include <planview/Platform.h>
+
 #include "qt/grid/GridTheme.h"
 
 namespace planview {
 
-/// A box that shows a colour of the palette with its name and leads to the choice of another one.
+/// A box that shows a colour of the palette with its name, or that it is the view's own, and leads to the choice of
+/// another one.
 class ColorButton final : public QPushButton {
     Q_OBJECT
 
 public:
-    /// What the colour is for: each has an index that means the view's own colour.
-    enum class Use { Background, Foreground, GridLines };
-
-    ColorButton(Use use, const QString& what, QWidget* parent);
+    /// `own` is the colour of the view that it may stand for.
+    ColorButton(ViewColor own, const QString& what, QWidget* parent);
 
     void setTheme(const GridTheme& theme);
     /// `index` is a palette index.
     void setColor(int index);
+    /// The palette index of what the view's cells have as their background.
+    void setViewBackground(int index);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -27,10 +30,13 @@ protected:
 private:
     void showColor();
 
-    Use use_;
+    [[nodiscard]] QColor ownColor() const;
+
+    ViewColor own_;
     QString what_;
     GridTheme theme_ = GridTheme::light();
     int index_ = 0;
+    int viewBackground_ = 0;
 };
 
 }  // namespace planview

@@ -183,9 +183,8 @@ QLineEdit* FormDialog::addText(QGridLayout& section, std::string& state, const Q
     return field;
 }
 
-ColorButton* FormDialog::addColor(QGridLayout& section, ColorBox& state, ColorButton::Use use, char mnemonic,
-                                  std::function<void()> click) {
-    auto* button = new ColorButton(use, QString::fromStdString(state.Caption), this);
+ColorButton* FormDialog::addColor(QGridLayout& section, ColorBox& state, char mnemonic, std::function<void()> click) {
+    auto* button = new ColorButton(state.Own(), QString::fromStdString(state.Caption), this);
     addRow(section, withMnemonic(state.Caption, mnemonic), button);
     guard().connect(button, &QPushButton::clicked, this, "ChooseColor",
                     [this, button, &state, click = std::move(click)] {

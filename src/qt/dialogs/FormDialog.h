@@ -51,8 +51,7 @@ protected:
     QComboBox* addList(QGridLayout& section, ListBox& state, const QString& caption, int width);
     QLineEdit* addText(QGridLayout& section, std::string& state, const QString& caption, int width);
     /// `click` leads to the choice of a colour.
-    ColorButton* addColor(QGridLayout& section, ColorBox& state, ColorButton::Use use, char mnemonic,
-                          std::function<void()> click);
+    ColorButton* addColor(QGridLayout& section, ColorBox& state, char mnemonic, std::function<void()> click);
     [[nodiscard]] QVBoxLayout* content() const { return content_; }
     /// Shows in the controls what the form holds.
     virtual void showState();

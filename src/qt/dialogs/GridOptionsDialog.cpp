@@ -20,8 +20,8 @@ void GridOptionsDialog::build() {
         ->setToolTip(tr("Pasting, filling and deleting announce every cell by itself"));
 
     QGridLayout* colors = addSection(*content(), tr("Colors"));
-    addColor(*colors, form_.picBgColor, ColorButton::Use::Background, 'b', [this] { form_.picBgColor_Click(); });
-    addColor(*colors, form_.picGridlines, ColorButton::Use::GridLines, 'g', [this] { form_.picGridlines_Click(); });
+    addColor(*colors, form_.picBgColor, 'b', [this] { form_.picBgColor_Click(); });
+    addColor(*colors, form_.picGridlines, 'g', [this] { form_.picGridlines_Click(); });
 }
 
 }  // namespace planview

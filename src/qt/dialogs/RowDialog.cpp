@@ -123,8 +123,10 @@ void RowDialog::buildTextColumn(QVBoxLayout& column) {
     addOptions(*text, form_.optType, "udn", Qt::Horizontal);
 
     QGridLayout* colors = addSection(column, tr("Colors"));
-    addColor(*colors, form_.picBgColor, ColorButton::Use::Background, 'b', [this] { form_.picBgColor_Click(); });
-    addColor(*colors, form_.picFgColor, ColorButton::Use::Foreground, 'g', [this] { form_.picFgColor_Click(); });
+    addColor(*colors, form_.picBgColor, 'b', [this] {
+        form_.picBgColor_Click();
+    })->setViewBackground(form_.Sample.background);
+    addColor(*colors, form_.picFgColor, 'g', [this] { form_.picFgColor_Click(); });
     column.addStretch(1);
 }
 

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "grid/modGrid.h"
 #include "qt/grid/GridView.h"
@@ -60,8 +61,13 @@ void RowPreview::createGrid() {
         const Rgb color = modGrid::PaletteColorOf(i);
         grid_.CreateColor(modGrid::PaletteName(i), color.red, color.green, color.blue);
     }
-    grid_.SetAttribute(GridElement::Grid, {}, GridAttribute::LabelColumnWidth, LabelWidth, false);
     const RowSample& sample = form_.Sample;
+    for (const auto& [attribute, color] : {std::pair(GridAttribute::BackgroundColor, sample.background),
+                                           std::pair(GridAttribute::GridLineColor, sample.gridLines)}) {
+        // A colour that is none leaves the preview as the grid would be.
+        static_cast<void>(grid_.SetAttribute(GridElement::Grid, {}, attribute, modGrid::PaletteName(color), false));
+    }
+    grid_.SetAttribute(GridElement::Grid, {}, GridAttribute::LabelColumnWidth, LabelWidth, false);
     const bool nothing = std::all_of(sample.contents.begin(), sample.contents.end(),
                                      [](const std::string& text) { return text.empty(); });
     const std::vector<std::string>& contents = nothing && !sample.textLine ? usualContents() : sample.contents;

@@ -3,9 +3,12 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
+
+#include "qt/platform/MenuLetters.h"
 
 namespace planview {
 
@@ -124,6 +127,16 @@ void ThemedDialog::setTheme(const GridTheme& theme) {
     setStyleSheet(filledIn(QLatin1String(StyleSheet), theme));
 }
 
+void ThemedDialog::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto* button = isReturn ? qobject_cast<QPushButton*>(focusWidget()) : nullptr;
+    if (button && button->isEnabled()) {
+        button->click();  // may end the window
+    } else {
+        QDialog::keyPressEvent(event);
+    }
+}
+
 QPushButton* ThemedDialog::addButtons(QVBoxLayout& layout, const std::string& ok, const std::string& cancel) {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     for (QAbstractButton* each : buttons->buttons()) {
@@ -146,16 +159,8 @@ void ThemedDialog::endForm() {
 }
 
 QString withMnemonic(const std::string& text, char letter) {
-    QString shown = QString::fromStdString(text);
-    const qsizetype at = shown.indexOf(QLatin1Char(letter), 0, Qt::CaseInsensitive);
-    QString result;
-    for (qsizetype i = 0; i < shown.size(); ++i) {
-        result += shown[i] == QLatin1Char('&') ? QStringLiteral("&&") : QString(shown[i]);
-        if (i + 1 == at) {
-            result += QLatin1Char('&');
-        }
-    }
-    return at == 0 ? QLatin1Char('&') + result : result;
+    const QString shown = QString::fromStdString(text);
+    return withMnemonicAt(shown, shown.indexOf(QLatin1Char(letter), 0, Qt::CaseInsensitive));
 }
 
 }  // namespace planview

@@ -30,6 +30,8 @@ public:
     [[nodiscard]] bool hasEnded() const { return ended_; }
 
 protected:
+    /// Return presses the button that has the focus; elsewhere it presses the default one.
+    void keyPressEvent(QKeyEvent* event) override;
     /// Adds OK, which is the default button, and Cancel; they call accept() and reject(). Answers the OK button.
     QPushButton* addButtons(QVBoxLayout& layout, const std::string& ok, const std::string& cancel);
     /// The window's usual size, or what a small screen has room for.

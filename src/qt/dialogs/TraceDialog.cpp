@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QGuiApplication>
@@ -15,11 +16,15 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QSignalBlocker>
+#include <QSysInfo>
 #include <QTreeView>
+#include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
 
+#include "qt/dialogs/RowList.h"
 #include "qt/dialogs/TraceFilter.h"
 #include "qt/dialogs/TraceModel.h"
 
@@ -27,7 +32,7 @@ namespace planview {
 
 namespace {
 
-constexpr QSize UsualSize(880, 520);
+constexpr QSize UsualSize(980, 520);
 constexpr double TwipsPerInch = 1440;
 // The space that frmTrace::Form_Resize() assumes around the list.
 constexpr int TwipsBeside = 180;
@@ -63,9 +68,11 @@ TraceDialog::TraceDialog(frmTrace& form, QWidget* parent)
     buildMenus();
     setTabOrder(list_, words_);
     setTabOrder(words_, where_);
+    setTabOrder(where_, follow_);
     resizeOnScreen(UsualSize);
-    connect(model_, &TraceModel::reported, this, &TraceDialog::follow);
-    connect(model_, &TraceModel::ended, this, &TraceDialog::endForm);
+    guard().connect(model_, &TraceModel::aboutToReport, this, "KeepPlace", [this] { keepPlace(); });
+    guard().connect(model_, &TraceModel::reported, this, "Follow", [this] { follow(); });
+    guard().connect(model_, &TraceModel::ended, this, "EndForm", [this] { endForm(); });
 }
 
 TraceDialog::~TraceDialog() = default;
@@ -73,6 +80,7 @@ TraceDialog::~TraceDialog() = default;
 void TraceDialog::setTheme(const GridTheme& theme) {
     ThemedDialog::setTheme(theme);
     model_->setTheme(theme);
+    list_->setTheme(theme);
 }
 
 void TraceDialog::buildMenus() {
@@ -105,55 +113,97 @@ void TraceDialog::buildMenus() {
         words_->setFocus();
         words_->selectAll();
     });
-    connect(edit_, &QMenu::aboutToShow, this,
-            [this, copy] { copy->setEnabled(list_->selectionModel()->hasSelection()); });
-    connect(edit_, &QMenu::aboutToHide, this, [copy] { copy->setEnabled(true); });
+    guard().connect(edit_, &QMenu::aboutToShow, this, "EditMenu",
+                    [this, copy] { copy->setEnabled(list_->selectionModel()->hasSelection()); });
+    guard().connect(edit_, &QMenu::aboutToHide, this, "EditMenu", [copy] { copy->setEnabled(true); });
 }
 
 void TraceDialog::buildList() {
-    list_ = new GuardedView<QTreeView>(guard(), this);
+    list_ = new RowList(guard(), this);
     list_->setModel(filter_);
-    list_->setRootIsDecorated(false);
-    list_->setUniformRowHeights(true);
-    list_->setAllColumnsShowFocus(true);
-    list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    list_->setTextElideMode(Qt::ElideRight);
     list_->setAccessibleName(tr("Trace entries"));
-    list_->header()->setStretchLastSection(true);
+    list_->header()->setResizeContentsPrecision(0);  // what is seen counts
     const std::vector<ListColumn>& columns = form_->TraceView.Columns();
     for (std::size_t i = 0; i < columns.size(); ++i) {
         list_->setColumnWidth(static_cast<int>(i), toPixels(columns[i].width));
     }
+    list_->setColumnWidth(model_->timeColumn(), 0);
+    list_->header()->moveSection(model_->timeColumn(), 0);
     list_->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(list_, &QWidget::customContextMenuRequested, this,
-            [this](QPoint place) { edit_->popup(list_->viewport()->mapToGlobal(place)); });
-    connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& current) {
-        if (!reporting_ && current.isValid()) {
-            following_ = current.row() == filter_->rowCount() - 1;
+    guard().connect(list_, &QWidget::customContextMenuRequested, this, "EditMenu",
+                    [this](QPoint place) { edit_->popup(list_->viewport()->mapToGlobal(place)); });
+    guard().connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, "Follow",
+                    [this](const QModelIndex& current, const QModelIndex& /*before*/) {
+                        if (!reporting_ && current.isValid()) {
+                            setFollowing(current.row() == filter_->rowCount() - 1);
+                        }
+                    });
+    guard().connect(list_->header(), &QHeaderView::sectionResized, this, "SizeColumn",
+                    [this](int column, int /*before*/, int /*now*/) {
+                        // Headers size columns by themselves, too.
+                        if (!fitting_ && QGuiApplication::mouseButtons() != Qt::NoButton) {
+                            sizedByUser_.insert(column);
+                        }
+                    });
+    guard().connect(list_->verticalScrollBar(), &QScrollBar::valueChanged, this, "Follow", [this](int value) {
+        if (!reporting_) {
+            setFollowing(value == list_->verticalScrollBar()->maximum());
         }
     });
 }
 
+/// A column is as wide as the form says, and wider where the labels in it need that, until the user sizes it.
+void TraceDialog::fitLabels() {
+    constexpr int Widest = 280;
+    const QScopedValueRollback fitting(fitting_, true);
+    for (const int column : {model_->timeColumn(), 0, 1, 2}) {
+        if (!sizedByUser_.contains(column)) {
+            const int before = list_->columnWidth(column);
+            list_->resizeColumnToContents(column);
+            list_->setColumnWidth(column, std::max(before, std::min(list_->columnWidth(column), Widest)));
+        }
+    }
+}
+
 void TraceDialog::buildFilterLine() {
     filterLine_ = new QWidget(this);
-    auto* layout = new QHBoxLayout(filterLine_);
-    layout->setContentsMargins(6, 6, 8, 6);
+    auto* lines = new QVBoxLayout(filterLine_);
+    lines->setContentsMargins(6, 6, 8, 6);
+    auto* layout = new QHBoxLayout;
     layout->setSpacing(8);
+    lines->addLayout(layout);
     words_ = new QLineEdit(filterLine_);
     words_->setPlaceholderText(tr("Filter: words that an entry holds"));
     words_->setAccessibleName(tr("Filter"));
     words_->setClearButtonEnabled(true);
     where_ = new QComboBox(filterLine_);
-    where_->addItems({tr("Anywhere"), tr("Control"), tr("Method/Event"), tr("Text")});
+    where_->addItem(tr("Anywhere"), TraceFilter::AnyColumn);
+    for (int i = 0; i < model_->columnCount(); ++i) {
+        const int column = list_->header()->logicalIndex(i);
+        where_->addItem(model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString(), column);
+    }
     where_->setAccessibleName(tr("Where to look"));
+    follow_ = new QCheckBox(tr("F&ollow"), filterLine_);
+    follow_->setToolTip(tr("Show the newest entry as soon as it is written"));
+    follow_->setChecked(following_);
     count_ = new QLabel(filterLine_);
     count_->setObjectName(QStringLiteral("note"));
     layout->addWidget(words_, 1);
     layout->addWidget(where_);
+    layout->addWidget(follow_);
     layout->addWidget(count_);
-    connect(words_, &QLineEdit::textChanged, this, &TraceDialog::filter);
-    connect(where_, &QComboBox::currentIndexChanged, this, &TraceDialog::filter);
+    system_ = new QLabel(filterLine_);
+    system_->setObjectName(QStringLiteral("note"));
+    system_->setTextFormat(Qt::PlainText);
+    system_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    lines->addWidget(system_);
+    guard().connect(words_, &QLineEdit::textChanged, this, "Filter", [this] { filter(); });
+    guard().connect(where_, &QComboBox::currentIndexChanged, this, "Filter", [this] { filter(); });
+    guard().connect(follow_, &QCheckBox::toggled, this, "Follow", [this](bool on) {
+        setFollowing(on);
+        follow();
+    });
 }
 
 int TraceDialog::toPixels(int twips) const {
@@ -190,6 +240,7 @@ void TraceDialog::showEvent(QShowEvent* event) {
     layOut();
     takeOnTop();
     model_->report();
+    showSystem();
     showNewest();
     list_->setFocus();
 }
@@ -212,13 +263,32 @@ void TraceDialog::runMenu(int index) {
         if (!form_) {
             return;
         }
-        following_ = true;  // what the entry writes should be seen
+        setFollowing(true);  // what the entry writes should be seen
         const QPointer<TraceDialog> self(this);
         form_->mnuTrac_Click(index);
         if (self && form_) {
             takeOnTop();
+            showSystem();
         }
     });
+}
+
+/// The figures that the entries on memory and system give are cut to what their form holds.
+void TraceDialog::showSystem() {
+    QStringList parts;
+    if (!form_) {
+        return;
+    }
+    if (const std::optional<MemoryStatus> memory = form_->Memory()) {
+        const auto size = [this](std::int64_t bytes) { return locale().formattedDataSize(bytes, 1); };
+        parts << tr("Memory: %1; with swap %2, %3 of it free")
+                     .arg(size(memory->totalPhysical), size(memory->totalPageFile), size(memory->availablePageFile));
+    }
+    parts << tr("System: %1, %2 %3, %4")
+                 .arg(QSysInfo::prettyProductName(), QSysInfo::kernelType(), QSysInfo::kernelVersion(),
+                      QSysInfo::currentCpuArchitecture());
+    system_->setText(parts.join(QStringLiteral(". ")));
+    system_->setToolTip(system_->text().toHtmlEscaped());
 }
 
 /// As it was last chosen, maybe in another control's window of the same form.
@@ -244,7 +314,8 @@ void TraceDialog::placeOnTop(bool onTop) {
 void TraceDialog::filter() {
     {
         const QScopedValueRollback reporting(reporting_, true);
-        filter_->setWords(words_->text(), static_cast<TraceFilter::In>(where_->currentIndex()));
+        filter_->setWords(words_->text(), where_->currentData().toInt());
+        list_->doItemsLayout();
     }
     follow();
 }
@@ -255,23 +326,46 @@ void TraceDialog::showCount() {
                                     : tr("%1 entries").arg(all));
 }
 
+void TraceDialog::setFollowing(bool on) {
+    following_ = on;
+    const QSignalBlocker quiet(follow_);
+    follow_->setChecked(on);
+}
+
+void TraceDialog::keepPlace() {
+    reporting_ = true;
+    topEntry_.reset();
+    if (!following_) {
+        topEntry_ = list_->indexAt(QPoint(0, 0));
+    }
+}
+
 void TraceDialog::follow() {
+    reporting_ = true;
     if (following_) {
         showNewest();
+    } else if (topEntry_ && topEntry_->isValid()) {
+        list_->scrollTo(*topEntry_, QAbstractItemView::PositionAtTop);
+    } else if (topEntry_) {
+        list_->scrollToTop();  // the list has dropped it
     }
+    topEntry_.reset();
+    reporting_ = false;
     showCount();
 }
 
 void TraceDialog::showNewest() {
-    following_ = true;
+    setFollowing(true);
     const int last = filter_->rowCount() - 1;
     if (last >= 0) {
+        const QScopedValueRollback reporting(reporting_, true);
         // Not by the list itself, which would extend the selection while a key such as Shift is held.
         list_->selectionModel()->setCurrentIndex(filter_->index(last, 0),
                                                  QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         const int left = list_->horizontalScrollBar()->value();
         list_->scrollToBottom();
         list_->horizontalScrollBar()->setValue(left);
+        fitLabels();
     }
     showCount();
 }
@@ -281,8 +375,9 @@ void TraceDialog::copySelected() const {
     std::sort(rows.begin(), rows.end());
     QString text;
     for (const QModelIndex& row : rows) {
-        for (int column = 0; column < filter_->columnCount(); ++column) {
-            text += (column > 0 ? QStringLiteral("\t") : QString()) + row.siblingAtColumn(column).data().toString();
+        for (int i = 0; i < filter_->columnCount(); ++i) {
+            const int column = list_->header()->logicalIndex(i);
+            text += (i > 0 ? QStringLiteral("\t") : QString()) + row.siblingAtColumn(column).data().toString();
         }
         text += QLatin1Char('\n');
     }

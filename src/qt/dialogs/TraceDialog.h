@@ -1,24 +1,29 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPersistentModelIndex>
+#include <optional>
+#include <set>
+
 #include "qt/dialogs/ThemedDialog.h"
 #include "trace/frmTrace.h"
 
 class QAction;
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
 class QMenu;
 class QMenuBar;
-class QTreeView;
 
 namespace planview {
 
+class RowList;
 class TraceFilter;
 class TraceModel;
 
-/// The trace window: shows the entries as they are written and follows the newest one while that is the current one.
-/// Ends itself when its form does.
+/// The trace window: shows the entries as they are written. While it follows, the newest one is the current one; when
+/// the user goes to another or scrolls up, what he reads stays where it is. Ends itself when its form does.
 class TraceDialog final : public ThemedDialog {
     Q_OBJECT
 
@@ -45,8 +50,12 @@ private:
     void takeOnTop();
     void filter();
     void showCount();
+    void setFollowing(bool on);
+    void keepPlace();
     void follow();
     void showNewest();
+    void fitLabels();
+    void showSystem();
     void copySelected() const;
     void runMenu(int index);
 
@@ -56,13 +65,18 @@ private:
     QMenuBar* menus_ = nullptr;
     QMenu* edit_ = nullptr;
     QAction* onTop_ = nullptr;
-    QTreeView* list_ = nullptr;
+    RowList* list_ = nullptr;
     QWidget* filterLine_ = nullptr;
     QLineEdit* words_ = nullptr;
     QComboBox* where_ = nullptr;
+    QCheckBox* follow_ = nullptr;
     QLabel* count_ = nullptr;
+    QLabel* system_ = nullptr;
     bool following_ = true;
     bool reporting_ = false;
+    bool fitting_ = false;
+    std::set<int> sizedByUser_;                      ///< columns
+    std::optional<QPersistentModelIndex> topEntry_;  ///< on the screen, while changes are reported
 };
 
 }  // namespace planview

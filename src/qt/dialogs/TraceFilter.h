@@ -11,12 +11,12 @@ class TraceFilter final : public QSortFilterProxyModel {
     Q_OBJECT
 
 public:
-    /// Where the words are looked for.
-    enum class In { Anywhere, Control, Method, Text };
+    static constexpr int AnyColumn = -1;
 
     using QSortFilterProxyModel::QSortFilterProxyModel;
 
-    void setWords(const QString& text, In where);
+    /// The words are looked for in this column of the source, or in AnyColumn.
+    void setWords(const QString& text, int column);
     [[nodiscard]] bool isOn() const { return !words_.isEmpty(); }
 
 protected:
@@ -24,7 +24,7 @@ protected:
 
 private:
     QStringList words_;
-    In where_ = In::Anywhere;
+    int column_ = AnyColumn;
 };
 
 }  // namespace planview

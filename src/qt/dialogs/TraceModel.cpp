@@ -3,9 +3,11 @@
 
 #include <QBrush>
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QPointer>
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <utility>
 
 namespace planview {
@@ -18,6 +20,13 @@ bool isError(const ListItem& item) {
 
 bool isBookmark(const ListItem& item) {
     return item.subItems[0] == "# BOOKMARK #";
+}
+
+QString timeText(const ListItem& item) {
+    const auto sinceEpoch = std::chrono::duration_cast<std::chrono::milliseconds>(item.time.time_since_epoch());
+    return sinceEpoch.count() == 0
+               ? QString()
+               : QDateTime::fromMSecsSinceEpoch(sinceEpoch.count()).toString(QStringLiteral("HH:mm:ss.zzz"));
 }
 
 }  // namespace
@@ -80,8 +89,7 @@ int TraceModel::rowCount(const QModelIndex& parent) const {
 }
 
 int TraceModel::columnCount(const QModelIndex& parent) const {
-    constexpr int Columns = 5;
-    return parent.isValid() ? 0 : Columns;
+    return parent.isValid() ? 0 : static_cast<int>(list_->Columns().size()) + 1;
 }
 
 QVariant TraceModel::data(const QModelIndex& index, int role) const {
@@ -93,8 +101,10 @@ QVariant TraceModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
         case Qt::ToolTipRole:
-            return QString::fromStdString(
-                index.column() == 0 ? entry.text : entry.subItems[static_cast<std::size_t>(index.column()) - 1]);
+            return index.column() == timeColumn() ? timeText(entry)
+                   : index.column() == 0
+                       ? QString::fromStdString(entry.text)
+                       : QString::fromStdString(entry.subItems[static_cast<std::size_t>(index.column()) - 1]);
         case Qt::ForegroundRole:
             return isError(entry)      ? QBrush(QColor(theme_.negative))
                    : isBookmark(entry) ? QBrush(QColor(theme_.accent))
@@ -105,15 +115,18 @@ QVariant TraceModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant TraceModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 ||
-        static_cast<std::size_t>(section) >= list_->Columns().size()) {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section > timeColumn()) {
         return {};
+    }
+    if (section == timeColumn()) {
+        return tr("Time");
     }
     return QString::fromStdString(list_->Columns()[static_cast<std::size_t>(section)].caption);
 }
 
 void TraceModel::report() {
     watcher_->reportBegins();
+    Q_EMIT aboutToReport();
     const ListView::Range items = list_->Items();
     const auto removed = static_cast<int>(std::min<std::uint64_t>(items.first - first_, static_cast<unsigned>(rows_)));
     const auto count = static_cast<int>(items.count);

@@ -10,7 +10,8 @@
 
 namespace planview {
 
-/// The trace's list as a model: reads the list's own items, keeps none.
+/// The trace's list as a model: reads the list's own items, keeps none. Behind the list's columns stands one with the
+/// time of each entry.
 ///
 /// The list may change many times between two turns of the event loop, on any thread. What happened is reported to the
 /// views at once, in the next turn; a row that the list has dropped meanwhile reads as empty.
@@ -28,10 +29,14 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
+    [[nodiscard]] int timeColumn() const { return columnCount() - 1; }
+
     /// Reports what is still unreported.
     void report();
 
 Q_SIGNALS:
+    /// The views are about to be told of changes.
+    void aboutToReport();
     /// The views have been told of all changes.
     void reported();
     /// Nothing more comes.

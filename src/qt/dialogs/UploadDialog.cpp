@@ -11,10 +11,11 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QTreeView>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
+
+#include "qt/dialogs/RowList.h"
 
 namespace planview {
 
@@ -43,6 +44,10 @@ UploadDialog::UploadDialog(frmUpload& form, QWidget* parent)
 void UploadDialog::setTheme(const GridTheme& theme) {
     ThemedDialog::setTheme(theme);
     model_->setTheme(theme);
+    theme_ = theme;
+    if (list_) {
+        list_->setTheme(theme);
+    }
 }
 
 void UploadDialog::setVisible(bool visible) {
@@ -78,7 +83,7 @@ void UploadDialog::build() {
     buildFilterLine(*layout);
     buildList(*layout);
     buildButtons(*layout);
-    connect(model_, &UploadModel::ticked, this, &UploadDialog::showState);
+    guard().connect(model_, &UploadModel::ticked, this, "ShowTicks", [this] { showState(); });
     filter();
     showState();
     list_->setFocus();
@@ -151,23 +156,18 @@ void UploadDialog::buildFilterLine(QVBoxLayout& layout) {
     line->addWidget(all);
     line->addWidget(none);
     layout.addLayout(line);
-    connect(words_, &QLineEdit::textChanged, this, &UploadDialog::filter);
-    connect(show_, &QComboBox::currentIndexChanged, this, &UploadDialog::filter);
+    guard().connect(words_, &QLineEdit::textChanged, this, "Filter", [this] { filter(); });
+    guard().connect(show_, &QComboBox::currentIndexChanged, this, "Filter", [this] { filter(); });
     guard().connect(all, &QPushButton::clicked, this, "TickShown", [this] { tickShown(true); });
     guard().connect(none, &QPushButton::clicked, this, "UntickShown", [this] { tickShown(false); });
 }
 
 void UploadDialog::buildList(QVBoxLayout& layout) {
-    list_ = new GuardedView<QTreeView>(guard(), this);
+    list_ = new RowList(guard(), this);
     list_->setObjectName(QStringLiteral("ticked"));
     list_->setModel(filter_);
-    list_->setRootIsDecorated(false);
-    list_->setUniformRowHeights(true);
-    list_->setAllColumnsShowFocus(true);
-    list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    list_->setTextElideMode(Qt::ElideRight);
     list_->setAccessibleName(tr("Changes"));
-    list_->header()->setStretchLastSection(true);
+    list_->setTheme(theme_);
     list_->header()->setSectionsMovable(false);
     list_->setColumnWidth(UploadModel::Line, LineWidth);
     list_->setColumnWidth(UploadModel::Period, PeriodWidth);

@@ -8,10 +8,11 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QTreeView;
 class QVBoxLayout;
 
 namespace planview {
+
+class RowList;
 
 /// The window of an upload's preview: a list of the changes with their ticks, what does not match, and a filter.
 class UploadDialog final : public ThemedDialog {
@@ -50,7 +51,8 @@ private:
     QLineEdit* words_ = nullptr;
     QComboBox* show_ = nullptr;
     QLabel* count_ = nullptr;
-    QTreeView* list_ = nullptr;
+    RowList* list_ = nullptr;
+    GridTheme theme_ = GridTheme::light();
     QPushButton* apply_ = nullptr;
 };
 

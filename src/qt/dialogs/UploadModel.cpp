@@ -71,6 +71,15 @@ QVariant UploadModel::data(const QModelIndex& index, int role) const {
     }
     switch (role) {
         case Qt::DisplayRole:
+            switch (index.column()) {
+                case Before:
+                    return shownValue(ShownValuesOf(*each).before);
+                case After:
+                    return shownValue(ShownValuesOf(*each).after);
+                default:
+                    break;
+            }
+            [[fallthrough]];
         case Qt::ToolTipRole:
             switch (index.column()) {
                 case Line:
@@ -177,7 +186,10 @@ bool UploadFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
     }
     QString text;
     for (int column = 0; column < UploadModel::ColumnCount; ++column) {
-        text += model_.index(row, column, parent).data().toString() + QLatin1Char('\n');
+        // A number is found as it is shown and, by the tip, as it is.
+        for (const int role : {Qt::DisplayRole, Qt::ToolTipRole}) {
+            text += model_.index(row, column, parent).data(role).toString() + QLatin1Char('\n');
+        }
     }
     return std::all_of(words_.begin(), words_.end(),
                        [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });

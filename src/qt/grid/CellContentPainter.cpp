@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "qt/grid/TextLines.h"
+
 namespace planview {
 
 namespace {
@@ -13,6 +15,13 @@ using Area = AxisLayout::Area;
 
 /// A text may run on over this many empty cells.
 constexpr int LongestRun = 64;
+
+constexpr const char* Ellipsis = "\xE2\x80\xA6";
+
+/// At least one.
+std::size_t linesThatFit(int height, const TextShaper& shaper) {
+    return static_cast<std::size_t>(std::max(height / std::max(shaper.height(), 1), 1));
+}
 
 bool isLabel(const PlacedTrack& horizontal, const PlacedTrack& vertical) {
     return horizontal.look.heading && vertical.look.area == Area::Center;
@@ -98,6 +107,8 @@ void CellContentPainter::add(const PlacedTrack& horizontal, const PlacedTrack& v
         addNumber(text, room, style.text);
     } else if (isNumber && room.shaper->shape(text).width > room.width) {
         addNumber(TooNarrow, room, style.text);
+    } else if (hasLineBreak(text)) {
+        addLines(text, horizontal, vertical, room, style);
     } else {
         addText(text, horizontal, vertical, room, style);
     }
@@ -136,16 +147,39 @@ void CellContentPainter::addNumber(std::string_view text, const Room& room, QRgb
 void CellContentPainter::addText(const std::string& text, const PlacedTrack& horizontal, const PlacedTrack& vertical,
                                  const Room& room, const GridCellStyle& style) {
     const auto wanted = static_cast<int>(std::ceil(room.shaper->shape(text).width));
-    const int width = widthFor(wanted, horizontal, vertical, room, &style.ground);
+    addLine(text, widthFor(wanted, horizontal, vertical, room, &style.ground), room, style.text);
+}
+
+void CellContentPainter::addLines(const std::string& text, const PlacedTrack& horizontal, const PlacedTrack& vertical,
+                                  const Room& room, const GridCellStyle& style) {
+    std::vector<std::string> lines = textLines(text);
+    const std::size_t count = std::min(lines.size(), linesThatFit(room.height, *room.shaper));
+    if (count < lines.size()) {
+        lines[count - 1] += Ellipsis;
+    }
+    if (count == 1) {
+        addText(lines.front(), horizontal, vertical, room, style);
+        return;
+    }
+    Room line = room;
+    const int height = room.shaper->height();
+    line.baseLine = room.top + (room.height - static_cast<int>(count) * height + 1) / 2 + room.shaper->ascent();
+    for (std::size_t i = 0; i < count; ++i) {
+        addLine(lines[i], room.width, line, style.text);
+        line.baseLine += height;
+    }
+}
+
+void CellContentPainter::addLine(const std::string& line, int width, const Room& room, QRgb color) {
     if (width <= 0) {
         return;
     }
-    const ShapedText& shaped = room.shaper->shapeElided(text, width);
+    const ShapedText& shaped = room.shaper->shapeElided(line, width);
     const qreal free = std::max<qreal>(room.width - shaped.width, 0);
     const qreal shift = room.alignment == GridAlignment::Right    ? free
                         : room.alignment == GridAlignment::Center ? free / 2
                                                                   : 0;
-    textsFor(room).addText(shaped, QPointF(std::round(room.left + shift), room.baseLine), style.text);
+    textsFor(room).addText(shaped, QPointF(std::round(room.left + shift), room.baseLine), color);
 }
 
 int CellContentPainter::widthFor(int wanted, const PlacedTrack& horizontal, const PlacedTrack& vertical,
@@ -199,6 +233,12 @@ bool CellContentPainter::isCut(const PlacedTrack& horizontal, const PlacedTrack&
     QPoint at;
     if (look.bitmap) {
         placeBitmap(look, vertical, true, room, at);
+    }
+    if (!number && hasLineBreak(text)) {
+        const std::vector<std::string> lines = textLines(text);
+        return room.tooLow || lines.size() > linesThatFit(room.height, *room.shaper) ||
+               std::any_of(lines.begin(), lines.end(),
+                           [&](const std::string& line) { return room.shaper->shape(line).width > room.width; });
     }
     const qreal width =
         number && room.shaper->isPlainNumber(text) ? room.shaper->numberWidth(text) : room.shaper->shape(text).width;

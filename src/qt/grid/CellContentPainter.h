@@ -32,7 +32,8 @@ inline constexpr std::string_view TooNarrow = "###";
 /// Places texts and bitmaps in cells, collects them and paints them together.
 ///
 /// A left-aligned text that its cell is too narrow for runs on over empty planning cells beside it; any other one is
-/// cut with an ellipsis. Nothing reaches into the cells above and below.
+/// cut with an ellipsis. Of a text with line breaks the lines are shown that fit, the last of them with an ellipsis
+/// where more follow. Nothing reaches into the cells above and below.
 class CellContentPainter {
 public:
     explicit CellContentPainter(const GridScene& scene) : scene_(scene), texts_(scene.fonts) {}
@@ -81,6 +82,9 @@ private:
     void addNumber(std::string_view text, const Room& room, QRgb color);
     void addText(const std::string& text, const PlacedTrack& horizontal, const PlacedTrack& vertical, const Room& room,
                  const GridCellStyle& style);
+    void addLines(const std::string& text, const PlacedTrack& horizontal, const PlacedTrack& vertical, const Room& room,
+                  const GridCellStyle& style);
+    void addLine(const std::string& line, int width, const Room& room, QRgb color);
     /// The width available to a text that needs `wanted`. In a fixed row, a text that runs on is a note to be read and
     /// ends with an ellipsis at the edge of the visible columns; in planning cells it is cut there.
     int widthFor(int wanted, const PlacedTrack& horizontal, const PlacedTrack& vertical, const Room& room,

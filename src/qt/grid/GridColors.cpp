@@ -15,6 +15,10 @@ constexpr QRgb Black = 0xff000000;
 
 }  // namespace
 
+QRgb themeColor(const GridTheme& theme, ViewColor which) {
+    return which == ViewColor::Text ? theme.text : which == ViewColor::GridLines ? theme.line : theme.base;
+}
+
 std::size_t GridColors::QuestionHash::operator()(const Question& question) const noexcept {
     // Colours are opaque, so their first byte is free.
     const std::uint64_t texts = (static_cast<std::uint64_t>(question.wanted) << 32) | (question.ownText & RGB_MASK);

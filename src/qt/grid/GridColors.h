@@ -6,10 +6,15 @@
 #include <unordered_map>
 #include <vector>
 
+#include <planview/Platform.h>
+
 #include "components/GridControl.h"
 #include "qt/grid/GridTheme.h"
 
 namespace planview {
+
+/// What a theme alone says of a view's own colour.
+[[nodiscard]] QRgb themeColor(const GridTheme& theme, ViewColor which);
 
 /// Turns the control's named colours into what is painted in a theme.
 ///
@@ -30,6 +35,10 @@ public:
     /// The colour of a text with this foreground on a ground; `ownText` where the foreground names none.
     [[nodiscard]] QRgb text(std::int16_t index, QRgb ownText, QRgb ground, bool ownGround);
 
+    /// A colour that the view has by itself.
+    [[nodiscard]] QRgb own(ViewColor which) const {
+        return which == ViewColor::Background ? base_ : themeColor(theme_, which);
+    }
     [[nodiscard]] QRgb base() const { return base_; }
     [[nodiscard]] QRgb line() const { return line_; }
 

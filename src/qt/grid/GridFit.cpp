@@ -7,6 +7,7 @@
 #include "components/GridControl.h"
 #include "qt/grid/CellContentPainter.h"
 #include "qt/grid/GridFonts.h"
+#include "qt/grid/TextLines.h"
 
 namespace planview {
 
@@ -29,13 +30,20 @@ public:
             grid_.Row(cell.row).area != RowArea::Center || grid_.Column(cell.column).area != ColumnArea::Center;
         TextShaper& shaper = fonts_.shaper(look.font, bold, look.helpLine);
         double needed = 0;
-        if (!text.empty()) {
+        int lineCount = 1;
+        if (hasLineBreak(text)) {
+            const std::vector<std::string> lines = textLines(text);
+            lineCount = static_cast<int>(lines.size());
+            for (const std::string& line : lines) {
+                needed = std::max<double>(needed, shaper.shape(line).width);
+            }
+        } else if (!text.empty()) {
             needed = shaper.isPlainNumber(text) ? shaper.numberWidth(text) : shaper.shape(text).width;
         }
         const int bitmap = look.bitmap ? BitmapPixels : 0;
         needed += bitmap > 0 && !text.empty() ? bitmap + BitmapGap : bitmap;
         width_ = std::max(width_, needed);
-        height_ = std::max({height_, shaper.height(), bitmap});
+        height_ = std::max({height_, lineCount * shaper.height(), bitmap});
     }
     void addColumn(ColumnId column) {
         for (const RowArea area : {RowArea::Top, RowArea::Center, RowArea::Bottom}) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/grid/GridMouse.h"
 
+#include <QApplication>
 #include <QPointer>
 #include <algorithm>
 #include <cmath>
@@ -100,6 +101,12 @@ void GridMouse::press(QPoint point, Qt::MouseButton button, Qt::KeyboardModifier
         }
         if (modifiers == Qt::NoModifier && heading_.press(hit, point)) {
             doing_ = Doing::Moving;
+            clicked_ = view_.grid().KeyOf(cellOf(hit));
+            report(hit, button, modifiers);
+            return;
+        }
+        if (modifiers == Qt::NoModifier && isAtSelectionEdge(hit, point)) {
+            doing_ = Doing::Dragging;
             clicked_ = view_.grid().KeyOf(cellOf(hit));
             report(hit, button, modifiers);
             return;
@@ -254,6 +261,14 @@ void GridMouse::move(QPoint point) {
         heading_.move(point);
         return;
     }
+    if (doing_ == Doing::Dragging) {
+        if (pressed_ && (point - pressed_->point).manhattanLength() >= QApplication::startDragDistance()) {
+            doing_ = Doing::Nothing;
+            clicked_.reset();
+            view_.dragSelection();
+        }
+        return;
+    }
     if (doing_ == Doing::Nothing || hasScrolledAway(point)) {
         return;
     }
@@ -310,6 +325,8 @@ void GridMouse::release() {
         view_.grid().ReleaseBorder();
     } else if (done == Doing::Moving) {
         releaseHeading(clicked);
+    } else if (done == Doing::Dragging) {
+        releaseEdge(clicked);
     } else if (clicked) {
         reportSimpleClick(*clicked);
     }
@@ -334,7 +351,47 @@ void GridMouse::releaseHeading(const std::optional<CellKey>& clicked) {
     }
 }
 
+/// It was a click on a cell of the selected block after all.
+void GridMouse::releaseEdge(const std::optional<CellKey>& clicked) {
+    const std::optional<Cell> cell = clicked ? view_.grid().FindCell(*clicked) : std::nullopt;
+    if (!cell) {
+        return;
+    }
+    const QPointer<GridView> view(&view_);
+    view_.selectCurrent(*cell, SelectionMode::Replace);
+    if (view) {
+        reportSimpleClick(*clicked);
+    }
+}
+
+/// Whether the point lies in a selected cell beside one that is not, where blocks may leave the grid.
+bool GridMouse::isAtSelectionEdge(const GridHit& hit, QPoint point) const {
+    constexpr int EdgeWidth = 3;
+    GridControl& grid = view_.grid();
+    if (hit.place != Place::Cell || grid.Settings().dragDrop != DragAllowed ||
+        !isSelected(grid, view_.geometry(), hit)) {
+        return false;
+    }
+    const QRect inside = view_.cellRect(cellOf(hit)).adjusted(EdgeWidth, EdgeWidth, -EdgeWidth, -EdgeWidth);
+    if (inside.width() < EdgeWidth || inside.height() < EdgeWidth || inside.contains(point)) {
+        return false;
+    }
+    for (const QPoint beside :
+         {QPoint(EdgeWidth, 0), QPoint(-EdgeWidth, 0), QPoint(0, EdgeWidth), QPoint(0, -EdgeWidth)}) {
+        const GridHit other = view_.hitTest(point + beside);
+        if (other.place != Place::Cell || !isSelected(grid, view_.geometry(), other)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 bool GridMouse::cancel() {
+    if (doing_ == Doing::Dragging) {
+        doing_ = Doing::Nothing;
+        clicked_.reset();
+        return true;
+    }
     if (doing_ == Doing::Moving) {
         doing_ = Doing::Nothing;
         clicked_.reset();
@@ -367,6 +424,9 @@ void GridMouse::autoScroll() {
 }
 
 Qt::CursorShape GridMouse::cursorAt(QPoint point) const {
+    if (doing_ == Doing::Dragging || (doing_ == Doing::Nothing && isAtSelectionEdge(view_.hitTest(point), point))) {
+        return Qt::SizeAllCursor;
+    }
     const Border border = doing_ == Doing::Resizing  ? resizing_.axis
                           : doing_ == Doing::Nothing ? view_.hitTest(point).border
                                                      : Border::None;

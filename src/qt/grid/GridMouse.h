@@ -14,7 +14,8 @@ namespace planview {
 
 class GridView;
 
-/// What the mouse does in the grid: selects cells, columns and rows, drags heading borders and headings.
+/// What the mouse does in the grid: selects cells, columns and rows, drags heading borders and headings, and the
+/// selected block by its edge to another program.
 ///
 /// Every method may end with the view deleted, because the host may do so when it hears what happened; so none uses
 /// anything after telling the grid.
@@ -34,7 +35,7 @@ public:
     [[nodiscard]] Qt::CursorShape cursorAt(QPoint point) const;
 
 private:
-    enum class Doing { Nothing, Cells, TopHeadings, LeftHeadings, Resizing, Moving };
+    enum class Doing { Nothing, Cells, TopHeadings, LeftHeadings, Resizing, Moving, Dragging };
     struct Resizing {
         GridHit::Border axis = GridHit::Border::None;
         int direction = 1;
@@ -49,12 +50,14 @@ private:
     void reportDoubleClick(Cell cell);
     void reportSimpleClick(const CellKey& key);
     void releaseHeading(const std::optional<CellKey>& clicked);
+    void releaseEdge(const std::optional<CellKey>& clicked);
     bool showHidden(QPoint point);
     void fitContents(const GridHit& hit);
     void select(const GridHit& hit, SelectionMode mode);
     void extendTo(QPoint point);
     void resizeTo(QPoint point);
     [[nodiscard]] QPoint scrollDirection(QPoint point) const;
+    [[nodiscard]] bool isAtSelectionEdge(const GridHit& hit, QPoint point) const;
 
     GridView& view_;
     Doing doing_ = Doing::Nothing;

@@ -2,6 +2,7 @@
 #include "qt/grid/GridView.h"
 
 #include <QApplication>
+#include <QDrag>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -48,6 +49,7 @@ GridView::GridView(GridControl& grid, std::shared_ptr<void> owner, QWidget* pare
       grid_(grid),
       mouse_(*this),
       teller_(std::make_unique<GridTeller>(*this)),
+      runDrag_([](QDrag& drag) { drag.exec(Qt::CopyAction); }),
       editor_(*this) {
     installGridAccessibility();
     setFrameShape(QFrame::NoFrame);
@@ -55,6 +57,7 @@ GridView::GridView(GridControl& grid, std::shared_ptr<void> owner, QWidget* pare
     setAccessibleName(tr("Planning table"));
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setMouseTracking(true);
+    viewport()->setAcceptDrops(true);
     setAttribute(Qt::WA_InputMethodEnabled);
     setLayoutDirection(Qt::LeftToRight);  // its columns run so, and the scroll bars run with them
     setTheme(GridTheme::forPalette(QApplication::palette()));
@@ -408,6 +411,11 @@ void GridView::setDropMark(bool across, std::optional<int> position) {
 }
 
 void GridView::paintDropMark(QPainter& painter) const {
+    if (dropCell_) {
+        const int width = geometry_.pixels(CurrentFrameWidth);
+        painter.setPen(QPen(QColor::fromRgb(theme_.accent), width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter.drawRect(geometry_.cellRect(*dropCell_).adjusted(width / 2, width / 2, -width, -width));
+    }
     if (!dropMark_.position) {
         return;
     }

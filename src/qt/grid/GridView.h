@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "components/AxisLayout.h"
 #include "components/GridControl.h"
@@ -23,6 +24,7 @@
 #include "qt/grid/GridWheel.h"
 #include "qt/grid/PendingMarks.h"
 
+class QDrag;
 class QHelpEvent;
 
 namespace planview {
@@ -98,6 +100,10 @@ public:
     /// Shows a line across the grid where dragged columns or rows would go, at a device pixel of an axis; none hides
     /// it.
     void setDropMark(bool across, std::optional<int> position);
+    /// Lets the user drag the selected block to another program, and waits for the drop. The view may be gone then.
+    void dragSelection();
+    /// Runs such a drag; replaceable, because a test has nobody to drop it.
+    void setDragRunner(std::function<void(QDrag&)> runner) { runDrag_ = std::move(runner); }
     /// Calls timerEvent() regularly while the mouse drags beyond the cells.
     void setAutoScroll(bool on);
 
@@ -128,6 +134,10 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void GridChanged(const GridChange& change) override;
@@ -152,6 +162,8 @@ private:
     void handleKey(const GridKey& key);
     void move(GridMove move, SelectionMode mode);
     [[nodiscard]] bool hasGridFocus() const;
+    [[nodiscard]] bool takes(const QDropEvent& event) const;
+    void setDropCell(std::optional<Cell> cell);
     void showToolTip(const QHelpEvent& event);
 
     GridControl& grid_;
@@ -178,6 +190,8 @@ private:
         friend bool operator==(const DropMark&, const DropMark&) = default;
     };
     DropMark dropMark_;
+    std::optional<Cell> dropCell_;  ///< under what is dragged over the grid
+    std::function<void(QDrag&)> runDrag_;
     bool focusReported_ = false;
     QBasicTimer autoScroll_;
     std::unique_ptr<GridTeller> teller_;

@@ -11,6 +11,7 @@
 
 #include "formula/FormulaExpression.h"
 #include "qt/macro/EditorButtons.h"
+#include "qt/platform/MenuLetters.h"
 
 namespace planview {
 
@@ -187,6 +188,7 @@ void OperandPane::addMenu(QToolButton* button) {
             act([&](MacroEditor& target) { target.AddFunction(value); });
         });
     }
+    giveLetters(*menu);
     menu->setToolTipsVisible(true);
     button->setMenu(menu);
 }

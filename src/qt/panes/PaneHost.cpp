@@ -68,7 +68,7 @@ PaneHost::PaneHost(PaneLayout& layout, MacroEditor& editor, const Panes& panes, 
     auto* only = new QVBoxLayout(this);
     only->setContentsMargins(0, 0, 0, 0);
     only->addWidget(all);
-    connect(gridView_, &GridView::textScaleChanged, this, [this](double scale) {
+    gridView_->guard().connect(gridView_, &GridView::textScaleChanged, this, "TextScale", [this](double scale) {
         macro_->setTextScale(scale);
         operands_->setTextScale(scale);
         chart_->setTextScale(scale);
@@ -76,8 +76,9 @@ PaneHost::PaneHost(PaneLayout& layout, MacroEditor& editor, const Panes& panes, 
         toolbar_->setTextScale(scale);
         editor_->placeParts();
     });
-    connect(chart_, &ChartView::textScaleWanted, gridView_, &GridView::setTextScale);
-    connect(chart_, &ChartView::chartChanged, this, &PaneHost::showRowDots);
+    chart_->guard().connect(chart_, &ChartView::textScaleWanted, this, "TextScale",
+                            [this](double scale) { gridView_->setTextScale(scale); });
+    chart_->guard().connect(chart_, &ChartView::chartChanged, this, "RowDots", [this] { showRowDots(); });
     layout_.SetWatcher(this);
     macroEditor_.SetWatcher(this);
     PanesChanged();

@@ -44,26 +44,31 @@ std::string textOfHtml(const QString& html) {
 
 }  // namespace
 
-ClipboardContents QtClipboard::Get() {
-    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
-    if (!data) {
-        return {};
-    }
+ClipboardContents contentsOf(const QMimeData& data) {
     // QMimeData::hasText() is true for HTML alone, too.
-    const bool hasText = data->hasFormat(QStringLiteral("text/plain"));
-    const QString html = data->hasHtml() ? data->html() : QString();
-    return {hasText ? data->text().toStdString() : textOfHtml(html), html.toStdString()};
+    const bool hasText = data.hasFormat(QStringLiteral("text/plain"));
+    const QString html = data.hasHtml() ? data.html() : QString();
+    return {hasText ? data.text().toStdString() : textOfHtml(html), html.toStdString()};
 }
 
-void QtClipboard::Set(const ClipboardContents& contents) {
-    auto* data = new QMimeData;  // the clipboard takes it
+std::unique_ptr<QMimeData> mimeDataOf(const ClipboardContents& contents) {
+    auto data = std::make_unique<QMimeData>();
     if (!contents.text.empty()) {
         data->setText(QString::fromStdString(contents.text));
     }
     if (!contents.html.empty()) {
         data->setHtml(QString::fromStdString(contents.html));
     }
-    QGuiApplication::clipboard()->setMimeData(data);
+    return data;
+}
+
+ClipboardContents QtClipboard::Get() {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data ? contentsOf(*data) : ClipboardContents();
+}
+
+void QtClipboard::Set(const ClipboardContents& contents) {
+    QGuiApplication::clipboard()->setMimeData(mimeDataOf(contents).release());  // which takes it
 }
 
 }  // namespace planview

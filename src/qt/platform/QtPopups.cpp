@@ -7,10 +7,16 @@
 #include <QCursor>
 #include <QMenu>
 #include <QPainter>
+#include <QScreen>
 #include <QTextDocument>
+#include <algorithm>
+#include <optional>
+#include <vector>
 
 #include "qt/chart/ChartView.h"
+#include "qt/grid/GridColors.h"
 #include "qt/grid/GridView.h"
+#include "qt/platform/MenuLetters.h"
 #include "qt/tree/TreeView.h"
 
 namespace planview {
@@ -26,15 +32,31 @@ constexpr int WidestCaption = 420;
 constexpr qsizetype LongestCaption = 400;
 constexpr qsizetype LongestTip = 2000;
 
-QIcon swatchIcon(Rgb color, QColor edge, qreal scale) {
+/// A dark or light tick, whichever can be seen.
+void drawTick(QPainter& painter, const QColor& ground) {
+    constexpr qreal TickWidth = 2;
+    const QPolygonF tick({{3.5, 7.5}, {6, 10}, {10.5, 4.5}});
+    const bool dark = contrastRatio(ground.rgb(), qRgb(0, 0, 0)) > contrastRatio(ground.rgb(), qRgb(255, 255, 255));
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(dark ? Qt::black : Qt::white, TickWidth));
+    painter.drawPolyline(tick);
+}
+
+QIcon swatchIcon(const QColor& color, bool checked, const QMenu& menu) {
+    QColor edge = menu.palette().color(QPalette::WindowText);
+    edge.setAlpha(SwatchEdgeAlpha);
+    const qreal scale = menu.devicePixelRatioF();
     QPixmap pixmap(QSize(SwatchSize, SwatchSize) * scale);
     pixmap.setDevicePixelRatio(scale);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(edge);
-    painter.setBrush(QColor(color.red, color.green, color.blue));
+    painter.setBrush(color);
     painter.drawRoundedRect(QRectF(0.5, 0.5, SwatchSize - 1, SwatchSize - 1), SwatchRadius, SwatchRadius);
+    if (checked) {
+        drawTick(painter, color);
+    }
     painter.end();
     QIcon icon(pixmap);
     icon.addPixmap(pixmap, QIcon::Disabled);  // a colour stays what it is
@@ -42,68 +64,86 @@ QIcon swatchIcon(Rgb color, QColor edge, qreal scale) {
     return icon;
 }
 
-/// One line of plain text, in which no character is a mnemonic or separates a shortcut.
-QString menuText(const QString& caption, const QFontMetrics& metrics) {
+/// One line of plain text.
+QString captionLine(const QString& caption, const QFontMetrics& metrics) {
     QString line = caption.left(LongestCaption);
     for (QChar& character : line) {
         if (character == QLatin1Char('\t') || character == QLatin1Char('\n') || character == QLatin1Char('\r')) {
             character = QLatin1Char(' ');
         }
     }
-    line = metrics.elidedText(line, Qt::ElideRight, WidestCaption);
-    return line.replace(QLatin1Char('&'), QLatin1String("&&"));
+    return metrics.elidedText(line, Qt::ElideRight, WidestCaption);
 }
 
-void fill(QMenu& menu, const std::vector<PopupEntry>& entries);
+/// Fills menus with entries, whose colours are those of a view.
+class MenuFiller {
+public:
+    explicit MenuFiller(const GridView* view) : view_(view) {}
 
-void addEntry(QMenu& menu, const PopupEntry& entry) {
-    if (entry.separator) {
-        menu.addSeparator();
-        return;
+    void fill(QMenu& menu, const std::vector<PopupEntry>& entries) const {
+        QStringList lines;
+        for (const PopupEntry& entry : entries) {
+            lines << (entry.separator ? QString()
+                                      : captionLine(QString::fromStdString(entry.caption), menu.fontMetrics()));
+        }
+        const std::vector<qsizetype> letters = menuLetters(lines);
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            if (entries[i].separator) {
+                menu.addSeparator();
+            } else {
+                add(menu, entries[i], lines[static_cast<qsizetype>(i)], letters[i]);
+            }
+        }
     }
-    const QString caption = QString::fromStdString(entry.caption);
-    const QString text = menuText(caption, menu.fontMetrics());
-    QAction* action = nullptr;
-    if (entry.entries.empty()) {
-        action = menu.addAction(text);
-        action->setData(QString::fromStdString(entry.name));
-    } else {
-        auto* submenu = new QMenu(text, &menu);
-        fill(*submenu, entry.entries);
-        action = menu.addMenu(submenu);
-    }
-    if (text.size() < caption.size()) {
-        action->setToolTip(Qt::convertFromPlainText(caption.left(LongestTip)));
-        menu.setToolTipsVisible(true);
-    } else {
-        action->setToolTip(QString());
-    }
-    action->setEnabled(entry.enabled);
-    action->setCheckable(entry.checked);
-    action->setChecked(entry.checked);
-    if (!entry.shortcut.empty()) {
-        action->setShortcut(QKeySequence::fromString(QString::fromStdString(entry.shortcut)));
-        action->setShortcutContext(Qt::WidgetShortcut);  // shown; the grid itself listens to it
-        action->setShortcutVisibleInContextMenu(true);
-    }
-    if (entry.swatch) {
-        QColor edge = menu.palette().color(QPalette::WindowText);
-        edge.setAlpha(SwatchEdgeAlpha);
-        action->setIcon(swatchIcon(*entry.swatch, edge, menu.devicePixelRatioF()));
-        action->setIconVisibleInMenu(true);
-    }
-}
 
-void fill(QMenu& menu, const std::vector<PopupEntry>& entries) {
-    for (const PopupEntry& entry : entries) {
-        addEntry(menu, entry);
+private:
+    void add(QMenu& menu, const PopupEntry& entry, const QString& line, qsizetype letter) const {
+        const QString text = withMnemonicAt(line, letter);
+        QAction* action = nullptr;
+        if (entry.entries.empty()) {
+            action = menu.addAction(text);
+            action->setData(QString::fromStdString(entry.name));
+        } else {
+            auto* submenu = new QMenu(text, &menu);
+            fill(*submenu, entry.entries);
+            action = menu.addMenu(submenu);
+        }
+        const QString caption = QString::fromStdString(entry.caption);
+        if (line.size() < caption.size()) {
+            action->setToolTip(Qt::convertFromPlainText(caption.left(LongestTip)));
+            menu.setToolTipsVisible(true);
+        } else {
+            action->setToolTip(QString());
+        }
+        action->setEnabled(entry.enabled);
+        action->setCheckable(entry.checked);
+        action->setChecked(entry.checked);
+        if (!entry.shortcut.empty()) {
+            action->setShortcut(QKeySequence::fromString(QString::fromStdString(entry.shortcut)));
+            action->setShortcutContext(Qt::WidgetShortcut);  // shown; the grid itself listens to it
+            action->setShortcutVisibleInContextMenu(true);
+        }
+        if (const std::optional<QColor> swatch = swatchOf(entry)) {
+            action->setIcon(swatchIcon(*swatch, entry.checked, menu));
+            action->setIconVisibleInMenu(true);
+        }
     }
-}
+
+    [[nodiscard]] std::optional<QColor> swatchOf(const PopupEntry& entry) const {
+        if (entry.viewColor && view_) {
+            return QColor(GridColors(view_->grid(), view_->theme()).own(*entry.viewColor));
+        }
+        return entry.swatch ? std::optional(QColor(entry.swatch->red, entry.swatch->green, entry.swatch->blue))
+                            : std::nullopt;
+    }
+
+    const GridView* view_;
+};
 
 QString styleSheetFor(const GridTheme& theme) {
     const auto name = [](QRgb color) { return QColor(color).name(); };
     return QStringLiteral(
-               "QMenu { background: %1; color: %2; border: 1px solid %3; padding: 4px; }"
+               "QMenu { background: %1; color: %2; border: 1px solid %3; padding: 4px; menu-scrollable: 1; }"
                "QMenu::item { padding: 5px 22px 5px 8px; border-radius: 4px; }"
                "QMenu::item:selected { background: %4; color: %2; }"
                "QMenu::item:disabled { color: %5; }"
@@ -112,6 +152,15 @@ QString styleSheetFor(const GridTheme& theme) {
                "QMenu::separator { height: 1px; background: %3; margin: 4px 6px; }")
         .arg(name(theme.dark ? theme.panel : theme.base), name(theme.text), name(theme.line), name(theme.accentTint),
              name(theme.muted));
+}
+
+/// The nearest place on a screen: a popup that scrolls has no room beyond it.
+QPoint onScreen(QPoint place, const QWidget& control) {
+    if (QGuiApplication::screenAt(place)) {
+        return place;
+    }
+    const QRect room = control.screen()->availableGeometry();
+    return {std::clamp(place.x(), room.left(), room.right()), std::clamp(place.y(), room.top(), room.bottom())};
 }
 
 }  // namespace
@@ -209,6 +258,8 @@ void QtPopups::applyLook(QMenu& menu) const {
     if (grid_) {
         menu.setPalette(grid_->theme().widgetPalette(menu.palette()));
         menu.setStyleSheet(styleSheetFor(grid_->theme()));
+    } else {
+        menu.setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));  // instead of columns that hide the screen
     }
 }
 
@@ -221,8 +272,8 @@ std::string QtPopups::Choose(const PopupMenu& menu, PopupPlace place) {
     const QPointer<QMenu> popup(new QMenu(dialog ? dialog : control_.data()));
     popup->setAccessibleName(QString::fromStdString(menu.caption));
     applyLook(*popup);
-    fill(*popup, menu.entries);
-    const QAction* chosen = popup->exec(positionOf(place));
+    MenuFiller(grid_).fill(*popup, menu.entries);
+    const QAction* chosen = popup->exec(onScreen(positionOf(place), *control_));
     const std::string name = popup && control_ && chosen ? chosen->data().toString().toStdString() : std::string();
     delete popup.data();
     return name;

@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "qt/panes/ButtonFlow.h"
+#include "qt/platform/MenuLetters.h"
 
 namespace planview {
 
@@ -234,13 +235,14 @@ void ToolbarView::fillMenu() {
     menu.setPalette(theme_.widgetPalette(menu.palette()));
     for (QToolButton* button : buttons_) {
         if (button->isHidden()) {
-            QAction* entry = menu.addAction(button->icon(), button->accessibleName().replace(u'&', u"&&"_qs));
+            QAction* entry = menu.addAction(button->icon(), button->accessibleName());
             entry->setEnabled(button->isEnabled());
             entry->setCheckable(button->isChecked());
             entry->setChecked(button->isChecked());
             connect(entry, &QAction::triggered, button, &QToolButton::click);
         }
     }
+    giveLetters(menu);
 }
 
 // --- Painting

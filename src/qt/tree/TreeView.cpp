@@ -45,11 +45,14 @@ TreeView::TreeView(TreeControl& tree, GridBitmaps& bitmaps, std::shared_ptr<void
     viewport()->setAttribute(Qt::WA_Hover);
     auto* delegate = new TreeDelegate(painter_, this);
     setItemDelegate(delegate);
-    connect(delegate, &TreeDelegate::textEntered, this, &TreeView::labelEntered);
+    guard().connect(delegate, &TreeDelegate::textEntered, this, "EnterLabel",
+                    [this](const QString& text) { labelEntered(text); });
     setModel(&model_);
-    connect(&model_, &TreeModel::expandedChanged, this, &TreeView::followExpanded);
-    connect(&model_, &TreeModel::selectionChanged, this, &TreeView::followSelection);
-    connect(&model_, &TreeModel::showWanted, this, [this](const QModelIndex& index) { scrollTo(index); });
+    guard().connect(&model_, &TreeModel::expandedChanged, this, "FollowExpanded",
+                    [this](const QModelIndex& index) { followExpanded(index); });
+    guard().connect(&model_, &TreeModel::selectionChanged, this, "FollowSelection", [this] { followSelection(); });
+    guard().connect(&model_, &TreeModel::showWanted, this, "ShowNode",
+                    [this](const QModelIndex& index) { scrollTo(index); });
     // Queued: the request comes from a popup opened by a mouse press.
     connect(
         &model_, &TreeModel::editWanted, this,
