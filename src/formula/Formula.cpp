@@ -62,8 +62,6 @@ private:
         switch (token.kind) {
             case Kind::Reference:
                 return word_(formula_.ReferenceOf(part));
-            case Kind::Constant:
-                return NumberText(ParseNumber(token.value), GridDecimalMark);
             case Kind::Function: {
                 const std::string inside = Inside(part);
                 return std::string(token.value) + (inside.empty() ? "" : "(" + inside + ")");

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "automation/NumberFormat.h"
 #include "formula/FormulaFixture.h"
 
 namespace planview::test {
@@ -105,6 +106,17 @@ TEST_F(FormulaTest, CaptionsThatSeveralHaveAreShownWithTheirKeys) {
     EXPECT_EQ(PrintFormula(formula, table), "{S|Staff} + {/P1|Jan}") << "a line of that name is read first";
     EXPECT_EQ(PrintFormula(Parse("Jan", FormulaAxis::Periods), table), "Jan");
     EXPECT_EQ(StoredText(Parse(PrintFormula(formula, table)), table), "{S|Staff} + {/P1|Jan}");
+}
+
+TEST_F(FormulaTest, NumbersAreReadAsTheCellsShowThem) {
+    const NumberFormat grouped = NumberFormat::Parse("#,##0").value();
+    FormulaError error;
+    const auto shown = [&](const char* text, const NumberFormat* format) {
+        return PrintFormula(ParseFormula(text, table, FormulaAxis::Lines, error, format).value(), table);
+    };
+    EXPECT_EQ(shown("136.000 + 1,125", nullptr), "136 + 1,125");
+    EXPECT_EQ(shown("136.000 + 1,125", &grouped), "136000 + 1,125");
+    EXPECT_EQ(shown(shown("136.000 + 1,125", &grouped).c_str(), &grouped), "136000 + 1,125");
 }
 
 /// A caption that begins with another one and a word of the language.
