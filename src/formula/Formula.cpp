@@ -113,7 +113,7 @@ private:
     /// None where the captions do not tell which they are.
     [[nodiscard]] std::optional<std::string> Ends(FormulaAxis axis, const FormulaPlace& first,
                                                   const FormulaPlace& last) const {
-        const std::optional<std::string> name = Name(axis, first);
+        std::optional<std::string> name = Name(axis, first);
         if (!name || first.key == last.key) {
             return name;
         }
