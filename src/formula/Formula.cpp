@@ -152,7 +152,7 @@ bool SameMeaning(const Formula& left, int leftNode, const Formula& right, int ri
             };
             return keys(left.ReferenceOf(part)) == keys(right.ReferenceOf(other));
         }
-        return (token.kind == Kind::Constant || token.value == its.value) && SameMeaning(left, part, right, other);
+        return token.value == its.value && SameMeaning(left, part, right, other);
     });
 }
 

@@ -98,6 +98,27 @@ TEST_F(FormulaTest, WhatIsWrongIsSaidWithItsPlace) {
     EXPECT_EQ(error.what, "A column has no lines below it.");
 }
 
+TEST_F(FormulaTest, ReferencesKnowTheirPlaceInTheText) {
+    const std::string text = "SUM( Retail : Trade , Jan ) + {S|x} * \"Cost-Income\"";
+    const Formula formula = Parse(text);
+    std::vector<std::string> parts;
+    for (const FormulaReference& reference : formula.References()) {
+        parts.push_back(text.substr(reference.position, reference.length));
+    }
+    EXPECT_EQ(parts, (std::vector<std::string>{"Retail : Trade , Jan", "{S|x}", "\"Cost-Income\""}));
+    EXPECT_EQ(formula.References()[0].lastPeriod, (FormulaPlace{"P1", "Jan"}));
+    EXPECT_EQ(formula.References()[1].lastLine, (FormulaPlace{"S", "x"}));
+}
+
+TEST_F(FormulaTest, ReferencesByKeysAreWholeOrNone) {
+    for (const char* text : {"{}", "{/}", "{R/}", "{R:}", "{:R}", "{R:S:W}", "{R/P1/P2}", "{R/P1:}", "{R S}", "{R\t}",
+                             "{{R}", "{|x}", "{R|a|b}", "{R:S|a}", "{R", "{R|x"}) {
+        FormulaError error;
+        EXPECT_FALSE(ParseFormula(text, table, FormulaAxis::Lines, error)) << text;
+        EXPECT_EQ(error.what, "This reference by keys is not complete.") << text;
+    }
+}
+
 TEST_F(FormulaTest, CaptionsThatSeveralHaveAreShownWithTheirKeys) {
     const Formula formula = Parse("Staff + Jan");
     table.lines.push_back({"S2", "Staff", 0});
