@@ -55,6 +55,8 @@ TEST_F(FormulaTest, ALineIsComputedInEachPeriod) {
         {"growth", "GROWTH(LAST(Retail; 1))", "none none 1 0.5"},
         {"growth over two", "GROWTH(LAST(Retail; 2))", "none none none 2"},
         {"a choice", "IF(Retail >= 30 AND Staff <> 5; Retail; -1)", "-1 -1 30 40"},
+        {"decided without a value", "IF(SHIFT(Retail; 1) > 0 AND 1 = 2; 1; 2)", "2 2 2 2"},
+        {"not decided without a value", "IF(SHIFT(Retail; 1) > 0 AND 1 = 1; 1; 2)", "1 1 1 none"},
         {"what is not needed is not computed", "IF(Staff = 0; 9; 1 / Staff)", "9 0.5 9 0.25"},
         {"rounded", "ROUND(Retail / 3; 1)", "3.3 6.7 10 13.3"},
     };
@@ -217,6 +219,7 @@ TEST_F(FormulaTest, SumsAreExact) {
     }
     const Formula sum = Parse("SUM(MEMBERS) + 0,01");
     EXPECT_EQ(Values(sum), "100") << "as many cents";
+    EXPECT_EQ(Values(Parse("SUM(MEMBERS * 1) + 0,01")), "100") << "computed one by one";
     EXPECT_EQ(Values(Parse("SUM({L0:L9999/P1})")), "100") << "of a block";
     for (int i = 1; i < 10000; i += 2) {
         const double large = std::ldexp(static_cast<double>(random()), 40);
