@@ -62,8 +62,6 @@ private:
         switch (token.kind) {
             case Kind::Reference:
                 return word_(formula_.ReferenceOf(part));
-            case Kind::Constant:
-                return NumberText(ParseNumber(token.value), GridDecimalMark);
             case Kind::Function: {
                 const std::string inside = Inside(part);
                 return std::string(token.value) + (inside.empty() ? "" : "(" + inside + ")");
@@ -115,7 +113,7 @@ private:
     /// None where the captions do not tell which they are.
     [[nodiscard]] std::optional<std::string> Ends(FormulaAxis axis, const FormulaPlace& first,
                                                   const FormulaPlace& last) const {
-        const std::optional<std::string> name = Name(axis, first);
+        std::optional<std::string> name = Name(axis, first);
         if (!name || first.key == last.key) {
             return name;
         }
@@ -154,7 +152,7 @@ bool SameMeaning(const Formula& left, int leftNode, const Formula& right, int ri
             };
             return keys(left.ReferenceOf(part)) == keys(right.ReferenceOf(other));
         }
-        return (token.kind == Kind::Constant || token.value == its.value) && SameMeaning(left, part, right, other);
+        return token.value == its.value && SameMeaning(left, part, right, other);
     });
 }
 

@@ -27,6 +27,8 @@
 /// macros; docs/formulas.md describes it.
 namespace planview {
 
+class NumberFormat;
+
 /// What a formula computes: a line (one value a period) or a column (one value a line). A cell is a line in one period.
 enum class FormulaAxis { Lines, Periods };
 
@@ -106,9 +108,11 @@ private:
 
 /// Reads a formula as the user types it or as StoredText() gives it. Names are captions in any case, in quotation marks
 /// where they contain signs; of a name that is both, a line is meant by the formula of a line and a period by that of a
-/// column. No value where it cannot be read; `error` then says why.
+/// column. `format` is the number code of what is computed, by which "136.000" is read as in its cells. No value where
+/// it cannot be read; `error` then says why.
 [[nodiscard]] PLANVIEW_EXPORT std::optional<Formula> ParseFormula(std::string_view text, const FormulaNames& names,
-                                                                  FormulaAxis axis, FormulaError& error);
+                                                                  FormulaAxis axis, FormulaError& error,
+                                                                  const NumberFormat* format = nullptr);
 
 /// As the user reads and types it. A caption that several have, and what is not there any more, is given with its key.
 [[nodiscard]] PLANVIEW_EXPORT std::string PrintFormula(const Formula& formula, const FormulaNames& names);

@@ -5,6 +5,7 @@
 #include <array>
 #include <utility>
 
+#include "automation/EnteredNumber.h"
 #include "automation/Numbers.h"
 #include "automation/Texts.h"
 #include "formula/Formula.h"
@@ -103,9 +104,10 @@ struct TypedName {
 
 class FormulaReader {
 public:
-    FormulaReader(std::string_view text, const FormulaNames& names, FormulaAxis axis)
+    FormulaReader(std::string_view text, const FormulaNames& names, FormulaAxis axis, const NumberFormat* format)
         : text_(text),
           names_(names),
+          format_(format),
           captions_{Captions(names, FormulaAxis::Lines), Captions(names, FormulaAxis::Periods)} {
         formula_.axis_ = axis;
         Formula::Node& whole = formula_.nodes_.emplace_back();
@@ -221,11 +223,13 @@ private:
             ReadKeys();
         } else if (number > 0 && LongestName(Rest()) <= number) {
             const std::string_view digits = Rest().substr(0, number);
-            if (!TryParseNumber(digits)) {
+            const std::optional<EnteredNumber> read = ReadEntered(digits, format_);
+            if (!read) {
                 throw FormulaError{"\"" + std::string(digits) + "\" is not a number.",
                                    "Enter digits with a point or a comma.", at_, number};
             }
-            Add(Kind::Constant, digits, at_, number);
+            // As it was understood, in a form that can be read in one way only.
+            Add(Kind::Constant, NumberText(read->number, GridDecimalMark), at_, number);
             at_ += number;
         } else if (Rest().front() == '"' || !ReadFunction()) {
             ReadNames();
@@ -361,6 +365,7 @@ private:
 
     std::string_view text_;
     const FormulaNames& names_;
+    const NumberFormat* format_;
     std::array<Captions, 2> captions_;
     std::size_t at_ = 0;
     Formula formula_;
@@ -368,9 +373,9 @@ private:
 };
 
 std::optional<Formula> ParseFormula(std::string_view text, const FormulaNames& names, FormulaAxis axis,
-                                    FormulaError& error) {
+                                    FormulaError& error, const NumberFormat* format) {
     try {
-        return FormulaReader(text, names, axis).Read();
+        return FormulaReader(text, names, axis, format).Read();
     } catch (FormulaError& found) {
         error = std::move(found);
         return std::nullopt;

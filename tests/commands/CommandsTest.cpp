@@ -4,6 +4,7 @@
 
 #include "commands/CommandTable.h"
 #include "macro/recording/RecordingFixture.h"
+#include "macro/run/MacroText.h"
 #include "support/StubbornTable.h"
 
 namespace planview::test {
@@ -147,6 +148,31 @@ TEST_F(CommandsTest, NoKeyAndNoNameMeansTwo) {
             EXPECT_TRUE(stroke.code == 0 || keys.insert({stroke.shift, stroke.code}).second) << key;
         }
     }
+}
+
+TEST_F(CommandsTest, AHostSeesWhatAMacroChangesAndAppliesWhatItWants) {
+    MacroText macros(*tables.macroTree);
+    const std::string raise = macros.Add("Raise", "periods COL1:COL2\nROW1:ROW4 = ROW1:ROW4 + 1");
+    const std::string faulty = macros.Add("Faulty", "ROW1 = 1 / 0");
+    control->DP_Import_MacroTree();
+    EXPECT_EQ(
+        control->Macros().Preview(faulty).error,
+        "\"/\" in \"Retail = 1 / 0\": Division by zero in Retail, Jan. Change the values, or leave such periods out "
+        "by a condition.");
+    UploadPreview preview = control->Macros().Preview(raise);
+    EXPECT_EQ(preview.error, "");
+    ASSERT_EQ(preview.changes.size(), 8U);
+    EXPECT_EQ(preview.changes[3].line + "/" + preview.changes[3].period, "  Wholesale/Feb");
+    EXPECT_EQ(preview.changes[3].before + " -> " + preview.changes[3].after, "202 -> 203");
+    EXPECT_TRUE(preview.changes[7].IsRefused()) << "Total";
+    EXPECT_EQ(Line("ROW1"), "101 102 103 104 105 106") << "nothing has happened yet";
+    preview.changes[0].taken = false;
+    const UploadResult result = control->Exchange().ApplyUpload(preview);
+    EXPECT_EQ(result.changed, 5);
+    EXPECT_EQ(result.refused, 0);
+    EXPECT_EQ(Line("ROW1"), "101 103 103 104 105 106");
+    control->Editing().Undo();
+    EXPECT_EQ(Line("ROW1"), "101 102 103 104 105 106");
 }
 
 TEST_F(CommandsTest, RunLateBoundByNameAndNumber) {

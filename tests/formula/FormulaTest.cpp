@@ -42,6 +42,10 @@ TEST_F(FormulaTest, ALineIsComputedInEachPeriod) {
         {"running total", "CUMULATE(Retail)", "10 30 60 100"},
         {"running total over empty cells", "CUMULATE(Trade)", "5 5 12 12"},
         {"shifted", "SHIFT(CUMULATE(Retail); -1)", "none 10 30 60"},
+        {"shifted out of the table", "SHIFT(CUMULATE(Retail); 1)", "30 60 100 none"},
+        {"a block stays where it is", "SHIFT(SUM(Retail:Cost-Income, Jan:Feb) + Retail; 1)", "53 63 73 none"},
+        {"a mean of cells and values", "AVERAGE(Retail:Cost-Income, Jan:Feb; Staff)", "6.6 7 6.6 7.4"},
+        {"the least of a block", "MIN(Staff; Retail:Cost-Income, Feb:Mar)", "0 2 0 2"},
         {"of shifted values", "CUMULATE(SHIFT(Retail; -1))", "none 10 30 60"},
         {"mean of the periods before", "LAST(Retail; 2)", "none 10 15 25"},
         {"their sum", "SUM(LAST(Retail; 2))", "none 10 30 50"},
@@ -51,6 +55,8 @@ TEST_F(FormulaTest, ALineIsComputedInEachPeriod) {
         {"growth", "GROWTH(LAST(Retail; 1))", "none none 1 0.5"},
         {"growth over two", "GROWTH(LAST(Retail; 2))", "none none none 2"},
         {"a choice", "IF(Retail >= 30 AND Staff <> 5; Retail; -1)", "-1 -1 30 40"},
+        {"decided without a value", "IF(SHIFT(Retail; 1) > 0 AND 1 = 2; 1; 2)", "2 2 2 2"},
+        {"not decided without a value", "IF(SHIFT(Retail; 1) > 0 AND 1 = 1; 1; 2)", "1 1 1 none"},
         {"what is not needed is not computed", "IF(Staff = 0; 9; 1 / Staff)", "9 0.5 9 0.25"},
         {"rounded", "ROUND(Retail / 3; 1)", "3.3 6.7 10 13.3"},
     };
@@ -191,6 +197,18 @@ TEST_F(FormulaTest, AreasThatDoNotFitAreAGap) {
     EXPECT_EQ(BindFormula(formula, table, 0).fault, "Areas of 3 and of 2 lines do not fit each other.");
 }
 
+TEST_F(FormulaTest, GapsAreNamedOnce) {
+    const Formula formula = Parse("{Z|Gone} + {Z|Gone} * {/P9|Dec} - SUM({R:Y|Retail|Old}) + {V}");
+    EXPECT_EQ(GapsOf(formula, table), (std::vector<std::string>{"Gone", "Dec", "Old", "V"}));
+    for (const auto& [kind, text] : {std::pair(FormulaKind::Text, "a text among the numbers"),
+                                     {FormulaKind::DivisionByZero, "a division by zero"},
+                                     {FormulaKind::TooLarge, "a number that becomes too large"},
+                                     {FormulaKind::Gap, "a line or period that is not there any more"},
+                                     {FormulaKind::Empty, ""}}) {
+        EXPECT_EQ(FaultText(kind), text);
+    }
+}
+
 TEST_F(FormulaTest, SumsAreExact) {
     table.lines.clear();
     table.periods.resize(1);
@@ -201,6 +219,8 @@ TEST_F(FormulaTest, SumsAreExact) {
     }
     const Formula sum = Parse("SUM(MEMBERS) + 0,01");
     EXPECT_EQ(Values(sum), "100") << "as many cents";
+    EXPECT_EQ(Values(Parse("SUM(MEMBERS * 1) + 0,01")), "100") << "computed one by one";
+    EXPECT_EQ(Values(Parse("SUM({L0:L9999/P1})")), "100") << "of a block";
     for (int i = 1; i < 10000; i += 2) {
         const double large = std::ldexp(static_cast<double>(random()), 40);
         table.values["L" + std::to_string(i)] = Cells({large});

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "automation/NumberFormat.h"
 #include "formula/FormulaFixture.h"
 
 namespace planview::test {
@@ -97,6 +98,27 @@ TEST_F(FormulaTest, WhatIsWrongIsSaidWithItsPlace) {
     EXPECT_EQ(error.what, "A column has no lines below it.");
 }
 
+TEST_F(FormulaTest, ReferencesKnowTheirPlaceInTheText) {
+    const std::string text = "SUM( Retail : Trade , Jan ) + {S|x} * \"Cost-Income\"";
+    const Formula formula = Parse(text);
+    std::vector<std::string> parts;
+    for (const FormulaReference& reference : formula.References()) {
+        parts.push_back(text.substr(reference.position, reference.length));
+    }
+    EXPECT_EQ(parts, (std::vector<std::string>{"Retail : Trade , Jan", "{S|x}", "\"Cost-Income\""}));
+    EXPECT_EQ(formula.References()[0].lastPeriod, (FormulaPlace{"P1", "Jan"}));
+    EXPECT_EQ(formula.References()[1].lastLine, (FormulaPlace{"S", "x"}));
+}
+
+TEST_F(FormulaTest, ReferencesByKeysAreWholeOrNone) {
+    for (const char* text : {"{}", "{/}", "{R/}", "{R:}", "{:R}", "{R:S:W}", "{R/P1/P2}", "{R/P1:}", "{R S}", "{R\t}",
+                             "{{R}", "{|x}", "{R|a|b}", "{R:S|a}", "{R", "{R|x"}) {
+        FormulaError error;
+        EXPECT_FALSE(ParseFormula(text, table, FormulaAxis::Lines, error)) << text;
+        EXPECT_EQ(error.what, "This reference by keys is not complete.") << text;
+    }
+}
+
 TEST_F(FormulaTest, CaptionsThatSeveralHaveAreShownWithTheirKeys) {
     const Formula formula = Parse("Staff + Jan");
     table.lines.push_back({"S2", "Staff", 0});
@@ -105,6 +127,17 @@ TEST_F(FormulaTest, CaptionsThatSeveralHaveAreShownWithTheirKeys) {
     EXPECT_EQ(PrintFormula(formula, table), "{S|Staff} + {/P1|Jan}") << "a line of that name is read first";
     EXPECT_EQ(PrintFormula(Parse("Jan", FormulaAxis::Periods), table), "Jan");
     EXPECT_EQ(StoredText(Parse(PrintFormula(formula, table)), table), "{S|Staff} + {/P1|Jan}");
+}
+
+TEST_F(FormulaTest, NumbersAreReadAsTheCellsShowThem) {
+    const NumberFormat grouped = NumberFormat::Parse("#,##0").value();
+    FormulaError error;
+    const auto shown = [&](const char* text, const NumberFormat* format) {
+        return PrintFormula(ParseFormula(text, table, FormulaAxis::Lines, error, format).value(), table);
+    };
+    EXPECT_EQ(shown("136.000 + 1,125", nullptr), "136 + 1,125");
+    EXPECT_EQ(shown("136.000 + 1,125", &grouped), "136000 + 1,125");
+    EXPECT_EQ(shown(shown("136.000 + 1,125", &grouped).c_str(), &grouped), "136000 + 1,125");
 }
 
 /// A caption that begins with another one and a word of the language.

@@ -135,8 +135,9 @@ TEST(Window, MenusOfferWhatCanBeDone) {
                              "&Smaller text Ctrl+-",
                              "&Usual text Ctrl+0"}));
     EXPECT_EQ(EntriesOf(w.window, "&Macro"),
-              (Entries{"&Start recording", "(&Interrupt recording)", "(S&top recording)", "(&Undo last step)", "-",
-                       "&Run", "Run on selected &line", "&Check"}));
+              (Entries{"&New macro", "&Edit macro", "(&Preview changes of macro…)", "-", "&Start recording",
+                       "(&Interrupt recording)", "(S&top recording)", "(&Undo last step)", "-", "&Run",
+                       "Run on selected &line", "&Check"}));
     EXPECT_EQ(EntriesOf(w.window, "&File")[4], "&Download as workbook… Ctrl+Shift+S");
 }
 

@@ -160,6 +160,14 @@ private:
         Add(std::move(*node));
     }
 
+    void AddFunction(const FormulaFunctionName& function) {
+        NewMacroNode node;
+        node.type = MacroNodeType::Function;
+        node.value = function.value;
+        node.text = function.caption;
+        Add(std::move(node));
+    }
+
     bool ReadFunction() {
         for (const FormulaFunctionName& function : FormulaFunctions()) {
             for (const std::string_view name : {function.value, function.caption}) {
@@ -168,15 +176,17 @@ private:
                     behind.remove_prefix(1);
                 }
                 if (StartsWithIgnoringCase(rest_, name) && behind.starts_with('(')) {
-                    NewMacroNode node;
-                    node.type = MacroNodeType::Function;
-                    node.value = function.value;
-                    node.text = function.caption;
-                    Add(std::move(node));
+                    AddFunction(function);
                     functions_.emplace_back(static_cast<int>(formula_.parts.size()) - 1, 0);
                     rest_ = behind.substr(1);
                     return true;
                 }
+            }
+            if (function.mostArguments == 0 && StartsWithIgnoringCase(rest_, function.value) &&
+                IsEnd(rest_.substr(function.value.size())) && LongestName(rest_).size() <= function.value.size()) {
+                AddFunction(function);
+                rest_.remove_prefix(function.value.size());
+                return true;
             }
         }
         return false;

@@ -48,8 +48,8 @@ GridView::GridView(GridControl& grid, std::shared_ptr<void> owner, QWidget* pare
     : GuardedView(EntryGuard("GRIDCTL", std::move(owner)), parent),
       grid_(grid),
       mouse_(*this),
-      teller_(std::make_unique<GridTeller>(*this)),
       runDrag_([](QDrag& drag) { drag.exec(Qt::CopyAction); }),
+      teller_(std::make_unique<GridTeller>(*this)),
       editor_(*this) {
     installGridAccessibility();
     setFrameShape(QFrame::NoFrame);

@@ -6,6 +6,7 @@
 #include <planview/AutomationObject.h>
 #include <planview/CellKey.h>
 #include <planview/Commands.h>
+#include <planview/Calculation.h>
 #include <planview/Diagnostics.h>
 #include <planview/Editing.h>
 #include <planview/Events.h>
@@ -160,6 +161,9 @@ void UseFacets(PlanView& view) {
     UseAll(recording, &Recording::Start, &Recording::Pause, &Recording::Stop, &Recording::UndoStep, &Recording::IsOn,
            &Recording::IsPaused, &Recording::Steps, &Recording::AddListener, &Recording::RemoveListener,
            &Recording::Keep);
+    Calculation calculation = view.Calculation();
+    UseAll(calculation, &Calculation::SetFormulas, &Calculation::Formulas, &Calculation::IsComputed,
+           &Calculation::FormulaOf, &Calculation::Problems);
     Diagnostics diagnostics = view.Diagnostics();
     UseAll(diagnostics, &Diagnostics::TraceIsOn, &Diagnostics::ShowTrace, &Diagnostics::LastBuild,
            &Diagnostics::AddFailureListener, &Diagnostics::RemoveFailureListener);
