@@ -40,6 +40,9 @@ public:
     [[nodiscard]] bool IsComputed(const CellKey& cell) const;
     /// The formula that computes the cell, by the captions of now; empty where none does.
     [[nodiscard]] std::string FormulaOf(const CellKey& cell) const;
+    /// What the cell is computed from, for the user: "= SUM(MEMBERS)", and in a second line why it has no value where it
+    /// has none. Empty where no formula computes it.
+    [[nodiscard]] std::string Explain(const CellKey& cell) const;
     /// What is wrong with rows of FORMULAS, in their order; cycles last.
     [[nodiscard]] std::vector<FormulaProblem> Problems() const;
 };

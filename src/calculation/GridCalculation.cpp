@@ -161,10 +161,13 @@ std::string GridCalculation::FormulaText(Cell cell) const {
                         GridNames(driver_.Grid(), tables_.LINE_INDEX));
 }
 
-std::string GridCalculation::FaultText(Cell cell) const {
-    const std::optional<PlanCell> place = PlaceOf(cell);
-    return place && plan_->IsComputed(*place) ? std::string(planview::FaultText(plan_->At(*place).kind))
-                                              : std::string();
+std::string GridCalculation::Explain(Cell cell) const {
+    const std::string formula = FormulaText(cell);
+    if (formula.empty()) {
+        return {};
+    }
+    const std::string_view fault = FaultText(plan_->At(*PlaceOf(cell)).kind);
+    return "= " + formula + (fault.empty() ? "" : "\nThere is no value because of " + std::string(fault) + ".");
 }
 
 bool GridCalculation::IsComputed(Cell cell) const {

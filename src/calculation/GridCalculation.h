@@ -31,8 +31,8 @@ public:
 
     /// The formula of a computed cell by the captions of now; empty for a leaf.
     [[nodiscard]] std::string FormulaText(Cell cell) const;
-    /// Why a computed cell has no value, the end of a sentence: "a division by zero"; empty where it has one.
-    [[nodiscard]] std::string FaultText(Cell cell) const;
+    /// "= " and the formula, and in a second line why the cell has no value where it has none; empty for a leaf.
+    [[nodiscard]] std::string Explain(Cell cell) const;
 
     // CellComputation
     [[nodiscard]] bool IsComputed(Cell cell) const override;

@@ -43,6 +43,15 @@ std::string Calculation::FormulaOf(const CellKey& cell) const {
     return text;
 }
 
+std::string Calculation::Explain(const CellKey& cell) const {
+    std::string text;
+    Asked(State(), Control, "Explain", [&](ControlContext& context) {
+        const std::optional<Cell> found = context.grid.control.FindCell(cell);
+        text = found ? context.grid.calculation.Explain(*found) : std::string();
+    });
+    return text;
+}
+
 std::vector<FormulaProblem> Calculation::Problems() const {
     std::vector<FormulaProblem> problems;
     Asked(State(), Control, "Problems",

@@ -39,7 +39,11 @@ void GridPart::Build() {
 void GridPart::Update(const std::function<void(TableUpdate& update)>& add) {
     TableUpdate update(tables);
     add(update);
-    update.Run();
+    {
+        const modGrid::RedrawAtEnd redraw(driver, modGrid::Entries::None);
+        update.Run();
+        calculation.Build();
+    }
     ++updates;
 }
 

@@ -109,6 +109,10 @@ PlanViewWidget::PlanViewWidget(const Platform& platform, QWidget* parent)
         Q_EMIT failed(QString::fromStdString(failure.table), QString::fromStdString(failure.field), failure.row,
                       QString::fromStdString(failure.reason));
     });
+    state_->grid->setExplanation([this](Cell cell) {
+        PlanView& control = state_->core->view;
+        return QString::fromStdString(control.Calculation().Explain(ControlParts(control).Grid().KeyOf(cell)));
+    });
     state_->outcomeListener = view.Editing().AddOutcomeListener([this](std::string_view sentence) {
         announce(QString::fromUtf8(sentence.data(), static_cast<qsizetype>(sentence.size())));
     });
@@ -326,6 +330,11 @@ QString PlanViewWidget::currentRow() const {
 
 QString PlanViewWidget::currentCellName() const {
     return state_->status->cellName();
+}
+
+QString PlanViewWidget::cellFormula(const QString& column, const QString& row) const {
+    return QString::fromStdString(
+        state_->core->view.Calculation().FormulaOf({column.toStdString(), row.toStdString()}));
 }
 
 int PlanViewWidget::selectedCells() const {

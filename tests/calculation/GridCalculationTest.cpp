@@ -124,9 +124,20 @@ TEST_F(GridCalculationTest, WhatCannotBeEnteredIsRefusedInWords) {
 TEST_F(GridCalculationTest, ADivisionByZeroShowsADashAndItsReason) {
     Type("COL1", "ROW3", "0");
     EXPECT_EQ(Grid().Contents(At("COL1", "ROW4")), "\u2013");
+    EXPECT_EQ(control->Calculation().Explain({"COL1", "ROW4"}),
+              "= Construction / Manufacturing\nThere is no value because of a division by zero.");
     EXPECT_EQ(InTab(4, 1), "");
     Type("COL1", "ROW3", "5");
     EXPECT_EQ(Grid().Contents(At("COL1", "ROW4")), "2");
+}
+
+TEST_F(GridCalculationTest, WhatTheHostHasChangedIsFollowedToo) {
+    tables.tab->SetValue(1, "V", 60);
+    const CellKey cell{"COL1", "ROW2"};
+    control->View().UpdateCells({&cell, 1});
+    EXPECT_EQ(Shown(), "90 60 150 | 60 20 80 | 30 40 70 | 2 0,5 1,14285714285714");
+    EXPECT_EQ(InTab(1, 3), "150");
+    EXPECT_EQ(tables.tabOld->RowCount(), 0);
 }
 
 TEST_F(GridCalculationTest, RowsThatCannotBeComputedAreNamed) {

@@ -109,6 +109,9 @@ void StatusLine::setReadOnly(bool readOnly) {
 
 void StatusLine::showSelection() {
     QStringList parts{view_.currentCellName()};
+    if (const QString formula = view_.cellFormula(view_.currentColumn(), view_.currentRow()); !formula.isEmpty()) {
+        parts << "= " + formula;
+    }
     if (view_.selectedCells() > 1) {
         if (!view_.selectionSum().isEmpty()) {
             parts << "Sum " + view_.selectionSum() << "Mean " + view_.selectionMean();

@@ -271,6 +271,8 @@ public:
     [[nodiscard]] Q_INVOKABLE QString cellText(const QString& column, const QString& row) const;
     [[nodiscard]] Q_INVOKABLE QVariant cellValue(const QString& column, const QString& row) const;
     /// @}
+    /// The formula that computes the cell, by the captions of now; empty where none does. See Calculation.
+    [[nodiscard]] Q_INVOKABLE QString cellFormula(const QString& column, const QString& row) const;
     /// @{
     /// Reads exactly these again from the tables and shows them as one change; selection, scroll position, an open
     /// entry and the undo history stay. Keys as the events name them; see View.

@@ -45,9 +45,12 @@ QString textOf(GridView& view, Cell cell) {
     return QString::fromStdString(view.grid().DisplayText(cell)).simplified();
 }
 
-/// A number beside the planning cells that nobody enters.
+/// What a formula computes, or a number beside the planning cells that nobody enters.
 bool isComputed(GridView& view, Cell cell) {
     const GridControl& grid = view.grid();
+    if (grid.Look(cell).computed) {
+        return true;
+    }
     return !IsPlanningCell(grid.KeyOf(cell)) && RefusalOf(grid, cell) != Refusal::None &&
            grid.Number(cell, grid.Look(cell)).has_value();
 }

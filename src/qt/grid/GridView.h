@@ -59,6 +59,9 @@ public:
 
     /// The cells to be marked as changed.
     void setPending(PendingMarks marks);
+    /// Gives the tooltip of a cell a line of its own behind the cell's text: what it is computed from. May be asked for
+    /// any cell.
+    void setExplanation(std::function<QString(Cell)> explain) { explain_ = std::move(explain); }
     /// The rows to be marked as being in the chart.
     void setRowDots(RowDots dots);
     [[nodiscard]] const RowDots& rowDots() const { return dots_; }
@@ -192,6 +195,7 @@ private:
     DropMark dropMark_;
     std::optional<Cell> dropCell_;  ///< under what is dragged over the grid
     std::function<void(QDrag&)> runDrag_;
+    std::function<QString(Cell)> explain_;
     bool focusReported_ = false;
     QBasicTimer autoScroll_;
     std::unique_ptr<GridTeller> teller_;

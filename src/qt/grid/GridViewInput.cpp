@@ -366,6 +366,9 @@ void GridView::showToolTip(const QHelpEvent& event) {
     if (!tip.isEmpty() && !lines.contains(tip)) {
         lines << tip;
     }
+    if (const QString formula = explain_ ? explain_(cell).left(LongestToolTip) : QString(); !formula.isEmpty()) {
+        lines << formula;
+    }
     // Not plain, because the tip might look like markup and because only rich text is wrapped.
     const QString text = lines.isEmpty() ? QString() : Qt::convertFromPlainText(lines.join(QLatin1Char('\n')));
     QToolTip::showText(event.globalPos(), text, viewport(), cellRect(cell));

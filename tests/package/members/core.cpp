@@ -163,7 +163,7 @@ void UseFacets(PlanView& view) {
            &Recording::Keep);
     Calculation calculation = view.Calculation();
     UseAll(calculation, &Calculation::SetFormulas, &Calculation::Formulas, &Calculation::IsComputed,
-           &Calculation::FormulaOf, &Calculation::Problems);
+           &Calculation::FormulaOf, &Calculation::Explain, &Calculation::Problems);
     Diagnostics diagnostics = view.Diagnostics();
     UseAll(diagnostics, &Diagnostics::TraceIsOn, &Diagnostics::ShowTrace, &Diagnostics::LastBuild,
            &Diagnostics::AddFailureListener, &Diagnostics::RemoveFailureListener);

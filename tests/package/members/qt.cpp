@@ -65,7 +65,7 @@ void UseMembers(PlanViewWidget& view) {
         &PlanViewWidget::textScaleChanged, &PlanViewWidget::undoAvailable, &PlanViewWidget::redoAvailable,
         &PlanViewWidget::pendingChangesChanged, &PlanViewWidget::selectionSummaryChanged,
         &PlanViewWidget::recordingChanged, &PlanViewWidget::severalValuesAnnounced, &PlanViewWidget::failed,
-        &PlanViewWidget::cellText, &PlanViewWidget::cellValue, &PlanViewWidget::updateCells,
+        &PlanViewWidget::cellText, &PlanViewWidget::cellValue, &PlanViewWidget::cellFormula, &PlanViewWidget::updateCells,
         &PlanViewWidget::updateColumns, &PlanViewWidget::updateRows, &PlanViewWidget::saveState,
         &PlanViewWidget::restoreState);
     static_cast<void>(view.PlanViewWidget::sizeHint());
