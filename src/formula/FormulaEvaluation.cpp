@@ -454,14 +454,7 @@ void FormulaEvaluation::FoldIn(FormulaFolding& folding, const FormulaExpression&
 void FormulaEvaluation::FoldLine(FormulaFolding& folding, const FormulaExpression& argument, const Frame& frame,
                                  const Mask& mask) {
     if (argument.operation == Operation::Last) {
-        Frame before = frame;
-        before.keepEmpty = true;
-        // None is further back than all periods.
-        const int most = std::min(static_cast<int>(argument.number), periodCount_ + std::abs(frame.shift));
-        for (int back = 1; back <= most; ++back) {
-            before.shift = frame.shift - back;
-            FoldLine(folding, argument.arguments[0], before, mask);
-        }
+        FoldPeriodsBefore(folding, argument, frame, mask);
         return;
     }
     if (FoldSpan(folding, argument, frame, mask)) {
@@ -469,7 +462,32 @@ void FormulaEvaluation::FoldLine(FormulaFolding& folding, const FormulaExpressio
     }
     const Values values = Of(argument, frame, mask);
     for (std::size_t i = 0; i < values.Size(); ++i) {
-        folding.Take(i, values.At(i));
+        if (mask[i] != 0) {
+            folding.Take(i, values.At(i));
+        }
+    }
+}
+
+/// Where not all of them are in the table there is no value: a part of them would look like all.
+void FormulaEvaluation::FoldPeriodsBefore(FormulaFolding& folding, const FormulaExpression& last, const Frame& frame,
+                                          const Mask& mask) {
+    const int count = static_cast<int>(last.number);
+    Mask whole = mask;
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+        const int period = frame.periods[i] + frame.shift;
+        if (whole[i] != 0 && (period < count || period > periodCount_)) {
+            whole[i] = 0;
+            folding.Take(i, NoValue);
+        }
+    }
+    if (!NeedsAny(whole)) {
+        return;
+    }
+    Frame before = frame;
+    before.keepEmpty = true;
+    for (int back = 1; back <= count; ++back) {
+        before.shift = frame.shift - back;
+        FoldLine(folding, last.arguments[0], before, whole);
     }
 }
 

@@ -78,6 +78,8 @@ private:
                 FormulaOperation operation);
     /// Those of one line of the argument; of LAST those of all its periods.
     void FoldLine(FormulaFolding& folding, const FormulaExpression& argument, const Frame& frame, const Mask& mask);
+    void FoldPeriodsBefore(FormulaFolding& folding, const FormulaExpression& last, const Frame& frame,
+                           const Mask& mask);
     /// Takes the line's values as they stand there, where all of them are numbers; else nothing.
     [[nodiscard]] bool FoldSpan(FormulaFolding& folding, const FormulaExpression& operand, const Frame& frame,
                                 const Mask& mask);

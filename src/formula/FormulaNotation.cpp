@@ -47,7 +47,7 @@ std::size_t ReadParts(std::string_view text, std::vector<std::string>& parts) {
 
 bool IsKey(std::string_view text) {
     return !text.empty() && std::none_of(text.begin(), text.end(), [](char c) {
-        return static_cast<unsigned char>(c) <= ' ' || c == '{' || c == '}' || c == Escape;
+        return static_cast<unsigned char>(c) <= ' ' || std::string_view("{}|\\").find(c) != std::string_view::npos;
     });
 }
 

@@ -112,7 +112,7 @@ TEST_F(FormulaTest, ReferencesKnowTheirPlaceInTheText) {
 
 TEST_F(FormulaTest, ReferencesByKeysAreWholeOrNone) {
     for (const char* text : {"{}", "{/}", "{R/}", "{R:}", "{:R}", "{R:S:W}", "{R/P1/P2}", "{R/P1:}", "{R S}", "{R\t}",
-                             "{{R}", "{|x}", "{R|a|b}", "{R:S|a}", "{R", "{R|x"}) {
+                             "{R\\|S|x}", "{{R}", "{|x}", "{R|a|b}", "{R:S|a}", "{R", "{R|x"}) {
         FormulaError error;
         EXPECT_FALSE(ParseFormula(text, table, FormulaAxis::Lines, error)) << text;
         EXPECT_EQ(error.what, "This reference by keys is not complete.") << text;

@@ -53,8 +53,8 @@ constexpr RunCase Results[] = {
     {"RemainderAndWholeNumber", "ROW3 = MOD( ROW1 ; 7 ) + INT( ROW2 / 2 )", 3, "3 7 3 7 3 7"},
     {"RunningTotalOverTheChosenPeriods", "periods COL2:COL4\nROW3 = CUMULATE( ROW2 )", 3, "- 2 5 9 - -"},
     {"RunningTotalOfItself", "ROW2 = CUMULATE( ROW2 )", 2, "1 3 6 10 15 21"},
-    {"MeanOfThePeriodsBefore", "ROW3 = LAST( ROW1 ; 2 )", 3, "- 10 15 25 35 45"},
-    {"SumOfThePeriodsBefore", "ROW3 = SUM( LAST( ROW2 ; 3 ) )", 3, "- 1 3 6 9 12"},
+    {"MeanOfThePeriodsBefore", "ROW3 = LAST( ROW1 ; 2 )", 3, "- - 15 25 35 45"},
+    {"SumOfThePeriodsBefore", "ROW3 = SUM( LAST( ROW2 ; 3 ) )", 3, "- - - 6 9 12"},
     {"GoesOnFromWhatItHasComputed", "periods COL4:COL6\nROW2 = SUM( LAST( ROW2 ; 3 ) )", 2, "1 2 3 6 11 20"},
     {"GrowthOverTwoPeriods", "ROW3 = GROWTH( LAST( ROW1 ; 2 ) ) * 3", 3, "- - - 6 3 2"},
     // Shifts

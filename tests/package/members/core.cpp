@@ -156,7 +156,8 @@ void UseFacets(PlanView& view) {
     UseAll(exchange, &Exchange::SetOptions, &Exchange::Options, &Exchange::Download, &Exchange::Upload,
            &Exchange::DownloadTo, &Exchange::PreviewUpload, &Exchange::ApplyUpload);
     Macros macros = view.Macros();
-    UseAll(macros, &Macros::Run, &Macros::Replay, &Macros::Check, &Macros::MoveNode);
+    UseAll(macros, &Macros::Run, &Macros::Preview, &Macros::RunPreviewed, &Macros::Replay, &Macros::Check,
+           &Macros::MoveNode);
     Recording recording = view.Recording();
     UseAll(recording, &Recording::Start, &Recording::Pause, &Recording::Stop, &Recording::UndoStep, &Recording::IsOn,
            &Recording::IsPaused, &Recording::Steps, &Recording::AddListener, &Recording::RemoveListener,
