@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -8,6 +9,7 @@
 #include <planview/MemoryTable.h>
 #include <planview/PlanView.h>
 
+#include "automation/Numbers.h"
 #include "components/GridControl.h"
 #include "control/ControlParts.h"
 #include "support/SampleTables.h"
@@ -138,6 +140,54 @@ TEST_F(GridCalculationTest, WhatTheHostHasChangedIsFollowedToo) {
     EXPECT_EQ(Shown(), "90 60 150 | 60 20 80 | 30 40 70 | 2 0,5 1,14285714285714");
     EXPECT_EQ(InTab(1, 3), "150");
     EXPECT_EQ(tables.tabOld->RowCount(), 0);
+}
+
+/// Whatever is entered: totals are what their leaves make, an entered total is met, and undoing all gives the first
+/// plan.
+TEST_F(GridCalculationTest, AnyEditsKeepThePlanAPlan) {
+    std::mt19937 random(20);
+    const auto upTo = [&](int most) { return static_cast<int>(random() % static_cast<unsigned>(most)); };
+    const auto number = [&](const char* column, const char* row) {
+        return Grid().Number(At(column, row), Grid().Look(At(column, row))).value_or(0);
+    };
+    const char* columns[] = {"COL1", "COL2", "COL3"};
+    const char* rows[] = {"ROW1", "ROW2", "ROW3"};
+    int steps = 0;
+    for (int edit = 0; edit < 200; ++edit) {
+        const char* column = columns[upTo(3)];
+        const char* row = rows[upTo(3)];
+        const double entered = upTo(20000) / 100.0 - 20;
+        const std::string before = Shown();
+        switch (upTo(4)) {
+            case 0:
+                control->Editing().Undo();
+                steps -= steps > 0 ? 1 : 0;
+                break;
+            case 1: {
+                const ValueChange values[] = {{{"COL1", "ROW2"}, entered}, {{column, row}, entered * 2}};
+                control->Editing().ChangeValues(values, "Two values");
+                steps += Shown() != before ? 1 : 0;
+                break;
+            }
+            default:
+                Type(column, row, NumberText(entered, ',').c_str());
+                EXPECT_NEAR(number(column, row), entered, 1e-9) << "edit " << edit;
+                steps += Shown() != before ? 1 : 0;
+                break;
+        }
+        for (const char* each : rows) {
+            EXPECT_NEAR(number("COL3", each), number("COL1", each) + number("COL2", each), 1e-9);
+        }
+        for (const char* each : columns) {
+            EXPECT_NEAR(number(each, "ROW1"), number(each, "ROW2") + number(each, "ROW3"), 1e-9);
+        }
+        ASSERT_FALSE(HasFailure()) << "edit " << edit << ": " << before << " became " << Shown();
+    }
+    EXPECT_GT(steps, 20);
+    while (control->Editing().CanUndo()) {
+        control->Editing().Undo();
+    }
+    EXPECT_EQ(Shown(), AtFirst);
 }
 
 TEST_F(GridCalculationTest, RowsThatCannotBeComputedAreNamed) {

@@ -4,9 +4,9 @@
 #include <iostream>
 
 #include <planview/AutomationObject.h>
+#include <planview/Calculation.h>
 #include <planview/CellKey.h>
 #include <planview/Commands.h>
-#include <planview/Calculation.h>
 #include <planview/Diagnostics.h>
 #include <planview/Editing.h>
 #include <planview/Events.h>
@@ -14,6 +14,7 @@
 #include <planview/Export.h>
 #include <planview/Facet.h>
 #include <planview/Failure.h>
+#include <planview/FormulaProblem.h>
 #include <planview/Macros.h>
 #include <planview/MemoryTable.h>
 #include <planview/ObjectRegistry.h>
@@ -23,6 +24,7 @@
 #include <planview/SaveBeside.h>
 #include <planview/Spreadsheet.h>
 #include <planview/Trace.h>
+#include <planview/TypedNumber.h>
 #include <planview/Variant.h>
 #include <planview/Version.h>
 #include <planview/View.h>
@@ -145,7 +147,8 @@ void UseFacets(PlanView& view) {
     UseAll(editing, &Editing::Undo, &Editing::Redo, &Editing::CanUndo, &Editing::CanRedo, &Editing::Copy, &Editing::Cut,
            &Editing::Paste, &Editing::Fill, &Editing::DeleteContents, &Editing::RaiseSelected, &Editing::ChangeValues,
            &Editing::SetReadOnly, &Editing::IsReadOnly, &Editing::PendingCells, &Editing::AddBulkListener,
-           &Editing::RemoveBulkListener, &Editing::AddHintListener, &Editing::RemoveHintListener);
+           &Editing::RemoveBulkListener, &Editing::AddHintListener, &Editing::AddOutcomeListener,
+           &Editing::RemoveOutcomeListener, &Editing::RemoveHintListener);
     View shown = view.View();
     UseAll(shown, &View::SwitchChart, &View::ChartShown, &View::SwitchMacroTree, &View::MacroTreeShown,
            &View::ShowSelectedColumnsInChart, &View::ShowSelectedRowsInChart, &View::LeaveForecastView,
@@ -190,6 +193,7 @@ int main(int argc, char*[]) {
             WriteTraceLog(std::cout);
             static_cast<void>(TraceStream(std::cout).Error());
         }
+        static_cast<void>(ReadTypedNumber("1"));
         SaveBeside("saved", [](const std::filesystem::path&) {});
         SaveStream("saved", [](std::ostream&) {});
         ThrowCannotSave("saved", 0);

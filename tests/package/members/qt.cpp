@@ -65,9 +65,10 @@ void UseMembers(PlanViewWidget& view) {
         &PlanViewWidget::textScaleChanged, &PlanViewWidget::undoAvailable, &PlanViewWidget::redoAvailable,
         &PlanViewWidget::pendingChangesChanged, &PlanViewWidget::selectionSummaryChanged,
         &PlanViewWidget::recordingChanged, &PlanViewWidget::severalValuesAnnounced, &PlanViewWidget::failed,
-        &PlanViewWidget::cellText, &PlanViewWidget::cellValue, &PlanViewWidget::cellFormula, &PlanViewWidget::updateCells,
-        &PlanViewWidget::updateColumns, &PlanViewWidget::updateRows, &PlanViewWidget::saveState,
-        &PlanViewWidget::restoreState);
+        &PlanViewWidget::cellText, &PlanViewWidget::cellValue, &PlanViewWidget::cellFormula,
+        &PlanViewWidget::enterPanes, &PlanViewWidget::announce, &PlanViewWidget::panesLeft,
+        &PlanViewWidget::updateCells, &PlanViewWidget::updateColumns, &PlanViewWidget::updateRows,
+        &PlanViewWidget::saveState, &PlanViewWidget::restoreState);
     static_cast<void>(view.PlanViewWidget::sizeHint());
     static_cast<void>(view.PlanViewWidget::minimumSizeHint());
     static_cast<void>(view.PlanViewWidget::metaObject());
