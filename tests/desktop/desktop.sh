@@ -120,3 +120,17 @@ drag() {
     for ((i = 3; i < $#; i += 2)); do move_to "${!i}" "${@:i+1:1}"; done
     xdotool mouseup 1
 }
+
+# --- Workbooks ---
+
+is_alone() { [ "$(windows)" = "$window" ]; }
+corner() { move_to 70 60; xdotool click 3; }
+its_excel() { xdotool mousemove_relative 60 163 click 1; }
+excel() { # NUMBER TITLE: the popup of the corner, Microsoft Excel, its entry with this number, which opens this dialog
+    until_true "a window is still open" is_alone
+    with_popup "the popup of the corner" corner
+    with_popup "the submenu Microsoft Excel" its_excel
+    # shellcheck disable=SC2046  # several words
+    keys $(for _ in $(seq "$1"); do echo Down; done) Return
+    until_dialog "$2"
+}
