@@ -11,6 +11,13 @@ CellTable::CellTable(HostTable table, Lookup lookup) : table_(std::move(table)),
     }
 }
 
+void CellTable::UseIndex(bool isHeard) {
+    if (lookup_ == Lookup::Walk) {
+        lookup_ = isHeard ? Lookup::IndexedWatched : Lookup::Indexed;
+        BuildIndex();
+    }
+}
+
 HostTable::Row CellTable::Find(std::int16_t row, std::int16_t column) {
     if (lookup_ == Lookup::Walk) {
         return FirstMatch(row, column);

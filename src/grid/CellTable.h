@@ -23,6 +23,8 @@ public:
 
     CellTable(HostTable table, Lookup lookup);
 
+    /// From now on as Indexed, or as IndexedWatched where the host hears of values.
+    void UseIndex(bool isHeard);
     /// The first row of the cell, 0 when there is none.
     [[nodiscard]] HostTable::Row Find(std::int16_t row, std::int16_t column);
     [[nodiscard]] Variant Value(HostTable::Row tableRow) const { return table_.Value(tableRow, "V"); }

@@ -10,6 +10,7 @@
 #include "automation/Texts.h"
 #include "grid/CellText.h"
 #include "grid/SelectedCells.h"
+#include "grid/ValueEntryTransaction.h"
 #include "trace/ErrorTrap.h"
 #include "trace/TraceText.h"
 
@@ -19,9 +20,6 @@ using modPlan::TraceEnabled;
 using modPlan::TraceWrite;
 
 namespace {
-
-/// From this many cells on an index over TAB is built faster than the table is walked for each.
-constexpr std::size_t IndexedFrom = 4;
 
 void TraceStep(std::string_view method, std::string_view parameter) {
     TraceWrite("GRIDCTL", "", method, parameter);
@@ -65,51 +63,6 @@ std::string_view VerbOf(EditKind kind) {
 }
 
 }  // namespace
-
-/// What went wrong within an action.
-struct ValueEntry::Failures {
-    int notStored = 0;
-    int withoutOldValue = 0;  ///< stored, but TAB_OLD failed
-    CaughtError error;        ///< the first one
-
-    void Add(int& count, const CaughtError& caught, int cells = 1) {
-        if (error.text.empty()) {
-            error = caught;
-        }
-        count += cells;
-    }
-};
-
-/// What one user action needs of the tables, held for its length.
-class ValueEntry::Transaction {
-public:
-    Transaction(const ValueEntryParts& parts, std::size_t cells, Announce how, bool isHeard)
-        : announce(how),
-          heard(isHeard),
-          tab(parts.tables.TAB, LookupFor(cells, isHeard)),
-          tabOld(parts.tables.TAB_OLD, LookupFor(cells, isHeard)),
-          lookup(parts.tables),
-          history(parts.history.Generation()) {
-        step.reserve(cells);
-    }
-
-    Announce announce;
-    bool heard;  ///< the host hears of values before the action ends
-    CellTable tab;
-    CellTable tabOld;
-    KeyLookup lookup;
-    UndoStep step;
-    std::size_t followed = 0;  ///< as many changes of the step are in the computed cells
-    bool changed = false;
-    Failures failures;
-    std::uint64_t history;  ///< the generation of the history that the step belongs to
-
-private:
-    static CellTable::Lookup LookupFor(std::size_t cells, bool heard) noexcept {
-        using Lookup = CellTable::Lookup;
-        return cells < IndexedFrom ? Lookup::Walk : heard ? Lookup::IndexedWatched : Lookup::Indexed;
-    }
-};
 
 /// Brackets the events of an action that announces several values, also when it fails half-way.
 class ValueEntry::BulkAnnouncement {
@@ -255,77 +208,11 @@ void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> v
         }
     }
     FollowChanges(transaction);
+    const std::size_t entered = transaction.step.size();
     for (const NewValue& total : totals) {
         if (grid.BuildVersion() == built) {
-            SpreadTotal(transaction, total.cell, total.value, result);
+            SpreadTotal(transaction, total, entered, result);
         }
-    }
-}
-
-void ValueEntry::SpreadTotal(Transaction& transaction, Cell total, const Variant& value, BulkResult& result) {
-    const GridControl& grid = parts_.driver.Grid();
-    const CellKey key = grid.KeyOf(total);
-    const std::string* text = value.TextIf();
-    const std::optional<double> amount = text              ? TryParseNumber(*text)
-                                         : value.IsEmpty() ? std::nullopt
-                                                           : std::optional(value.AsDouble());
-    SpreadValues spread;
-    if (const Refusal refusal = RefusalOf(grid, total); refusal != Refusal::None) {
-        spread.refusal = RefusalText(refusal);
-    } else if (!amount) {
-        spread.refusal = "A total takes a number, which is spread over its cells.";
-    } else {
-        spread = parts_.computation->Spread(total, *amount);
-    }
-    // A block that has both a total and what it is made of means the latter.
-    const bool hasLeaf = std::any_of(spread.leaves.begin(), spread.leaves.end(), [&](const auto& leaf) {
-        return std::any_of(transaction.step.begin(), transaction.step.end(),
-                           [&](const CellChange& change) { return change.cell == grid.KeyOf(leaf.first); });
-    });
-    if (hasLeaf) {
-        return;
-    }
-    if (!spread.refusal.empty()) {
-        ++result.readOnly;
-        result.firstRefused = result.firstRefused ? result.firstRefused : key;
-        result.totalRefused = result.totalRefused.empty() ? spread.refusal : result.totalRefused;
-        return;
-    }
-    for (const auto& [cell, leaf] : spread.leaves) {
-        const CellKey leafKey = grid.KeyOf(cell);
-        const bool changed = ChangeOne(transaction, leafKey, grid.Contents(cell), leaf);
-        ++(changed ? result.changed : result.failed);
-    }
-    FollowChanges(transaction);
-}
-
-void ValueEntry::FollowChanges(Transaction& transaction) {
-    if (!parts_.computation || transaction.followed == transaction.step.size()) {
-        return;
-    }
-    std::vector<CellKey> changed;
-    for (std::size_t i = transaction.followed; i < transaction.step.size(); ++i) {
-        changed.push_back(transaction.step[i].cell);
-    }
-    transaction.followed = transaction.step.size();
-    for (const ComputedValue& computed : parts_.computation->Follow(changed)) {
-        StoreComputed(transaction, computed);
-    }
-}
-
-void ValueEntry::StoreComputed(Transaction& transaction, const ComputedValue& computed) {
-    const std::optional<CaughtError> error = CaughtErrorOf([&] {
-        const KeyPositions at = transaction.lookup.PositionsOf(computed.cell);
-        if (transaction.announce == Announce::EachValue) {
-            const std::array<Variant, 5> arguments{at.column, computed.cell.column, at.row, computed.cell.row,
-                                                   computed.value};
-            parts_.events.Raise(EventId::GridValueChanged, arguments);
-        }
-        StoreInTab(transaction.tab, at, computed.value);
-        parts_.driver.Contents(computed.cell, computed.shown, true);
-    });
-    if (error) {
-        transaction.failures.Add(transaction.failures.notStored, *error);
     }
 }
 

@@ -108,8 +108,8 @@ private:
     template <class Body>
     bool RunBulk(std::size_t count, bool withFixed, const Body& body);
     void ChangeAll(Transaction& transaction, std::span<const NewValue> values, BulkResult& result);
-    /// A computed cell that takes a number: its leaves do.
-    void SpreadTotal(Transaction& transaction, Cell total, const Variant& value, BulkResult& result);
+    /// A computed cell that takes a number: its leaves do, unless one of them is among the first `entered` changes.
+    void SpreadTotal(Transaction& transaction, const NewValue& total, std::size_t entered, BulkResult& result);
     /// Stores and shows what is computed from the values that the action has changed so far.
     void FollowChanges(Transaction& transaction);
     void StoreComputed(Transaction& transaction, const ComputedValue& computed);
