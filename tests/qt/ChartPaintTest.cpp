@@ -346,7 +346,7 @@ void ChartPaintTest::noLabelHidesALine() {
     const ChartPlot& plot = laid.layout.plot();
     const QImage image = pictureOf(state, GridTheme::light(), scale).image(Size, 1.0);
     for (int series = 1; series <= state.SeriesCount(); ++series) {
-        const QRgb color = markColor(state.series[static_cast<std::size_t>(series - 1)].look->color, 0xffffffff);
+        const QRgb color = seriesColor(*state.series[static_cast<std::size_t>(series - 1)].look, 0xffffffff);
         for (int category = 2; category <= state.CategoryCount(); ++category) {
             const ChartPoint from = plot.Point(series, category - 1);
             const ChartPoint to = plot.Point(series, category);
