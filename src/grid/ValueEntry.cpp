@@ -95,8 +95,11 @@ private:
 /// Brackets the events of an action that announces several values, also when it fails half-way.
 class ValueEntry::BulkAnnouncement {
 public:
+    /// What follows from a single value is announced with it.
     BulkAnnouncement(const ValueEntryParts& parts, Announce announce, std::size_t count)
-        : parts_(parts), running_(announce == Announce::EachValue && count > 1) {
+        : parts_(parts),
+          running_(announce == Announce::EachValue &&
+                   (count > 1 || (parts.computation && parts.computation->Computes()))) {
         Tell(true);
     }
     ~BulkAnnouncement() { Tell(false); }
@@ -133,6 +136,7 @@ void ValueEntry::Enter(CellKeyView keys, const std::string& text, EditKind kind)
     Transaction transaction(parts_, 1, Announce::EachValue, true);
     Done done;
     {
+        const BulkAnnouncement bulk(parts_, Announce::EachValue, 1);
         const BusyScope busy(parts_.busy);
         ChangeOne(transaction, cell, shown, text);
         FollowChanges(transaction);
@@ -230,6 +234,7 @@ void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> v
         ++(refusal == Refusal::NoNumber ? result.noNumber : result.readOnly);
         if (!result.firstRefused) {
             result.firstRefused = key;
+            result.reason = RefusalText(refusal);
         }
     }
     FollowChanges(transaction);
@@ -265,7 +270,10 @@ void ValueEntry::SpreadTotal(Transaction& transaction, Cell total, const Variant
     }
     if (!spread.refusal.empty()) {
         ++result.readOnly;
-        result.firstRefused = result.firstRefused ? result.firstRefused : key;
+        if (!result.firstRefused) {
+            result.firstRefused = key;
+            result.reason = spread.refusal;
+        }
         result.totalRefused = result.totalRefused.empty() ? spread.refusal : result.totalRefused;
         return;
     }
