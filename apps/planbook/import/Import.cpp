@@ -5,6 +5,7 @@
 #include <QString>
 #include <string>
 #include <system_error>
+#include <utility>
 
 #include <planview/AutomationObject.h>
 #include <planview/SaveBeside.h>
@@ -143,8 +144,15 @@ ImportResult ImportBook(const ImportRequest& request) {
     const SourceTable source =
         ReadSourceTable(ReadTextFile(request.source, "table of numbers"), request.decimalMark, faults);
     faults.Throw(request.source.string());
-    const Book book = BuildBook(source, ReadNames(request, source));
+    const NamesFile names = ReadNames(request, source);
+    const Book book = BuildBook(source, names);
     CheckTables(request, source, book);
+    Faults formulaFaults;
+    Contradictions contradictions = AddFormulaRows(book, source, names.formulas, formulaFaults);
+    if (request.names) {
+        formulaFaults.Throw(request.names->string());
+    }
+    CheckTables(request, source, book);  // a computed cell takes a row, too
     CheckReadable(request, book);
 
     const auto write = [&](const fs::path& beside) {
@@ -160,7 +168,7 @@ ImportResult ImportBook(const ImportRequest& request) {
     }
 
     return {static_cast<int>(source.periods.size()), static_cast<int>(source.lines.size()),
-            book[BookTable::Tab].RowCount()};
+            book[BookTable::Tab].RowCount(), std::move(contradictions)};
 }
 
 }  // namespace planbook

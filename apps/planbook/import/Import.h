@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "import/CsvNumbers.h"
+#include "import/FormulaRows.h"
 
 namespace planbook {
 
@@ -21,6 +22,7 @@ struct ImportResult {
     int periods = 0;
     int lines = 0;
     int cells = 0;
+    Contradictions contradictions;
 };
 
 /// Makes a book from a table of numbers. The book is written beside its place and moved there when it is complete.
