@@ -137,6 +137,8 @@ const CommandCase Commands[] = {
      1,
      "Cannot set \"Change on month\" in \"Feb 08\""},
     {"CheckAndFormulas", {"--check", "--formulas", "us.planbook"}, 2, "--formulas and --check do not go together"},
+    {"TotalsOfWeeks", {"--import", "bad.csv", "--totals", "quarter,week", "b"}, 2, "not \"quarter,week\""},
+    {"TotalsWithoutImport", {"--totals", "year", "us.planbook"}, 2, "--totals needs --import"},
     {"CheckWithoutBook", {"--check"}, 2, "--check needs a BOOK"},
     {"BadCsv", {"--import", "bad.csv", "b"}, 1, "line 2, column 2: \"x\" (a) is no number"},
     {"NoCsv", {"--import", "none.csv", "b"}, 1, "there is no such file"},

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "book/BookError.h"
+#include "book/BookSnapshot.h"
 #include "book/BookStore.h"
 #include "import/BookBuilder.h"
 #include "import/Import.h"
@@ -213,6 +214,56 @@ TEST(Import, FormulasOfTheNamesFileComputeWhatTheTableOfNumbersSays) {
               (std::vector<std::string>{"Sum, Feb 08: 10 in the table, 12 by its formula",
                                         "A, first, Feb 08: 4 in the table, 7 by its formula",
                                         "R, Jan 08: 4 in the table, 0.5 by its formula"}));
+}
+
+constexpr const char* FourMonths = "p,a,b,s\n2007-12,1,2,3\n2008-01,4,5,9\n2008-03,7,8,15\n2008-04,10,,10\n";
+
+TEST(Import, TotalsOverTimeStandBehindTheirMonths) {
+    const TestFolder folder;
+    ImportRequest request{folder.Write("plan.csv", FourMonths), folder.Path("book"), {}};
+    request.names = folder.Write("names",
+                                 "[book]\nopen-at = 2008-03\n[formulas]\nS = A + B | entry\n2008-04 = 2 * Mar 08 | -1\n"
+                                 "[macros]\nm = [a] = 1 | 2008-01 : 2008-04\n");
+    request.totals = {true, true};
+    const ImportResult result = ImportBook(request);
+    const Book book = LoadBook(request.book);
+    EXPECT_EQ(Show(book, BookTable::ColsIndex, {"PERDY", "SHOW_CHART"}),
+              "Dec 07|\nQ4 07|\n2007|\nJan 08|\nMar 08|X\nQ1 08|\nApr 08|X\nQ2 08|\n2008|\n");
+    EXPECT_EQ(Show(book, BookTable::Formulas, {"TARGET", "FORMULA", "SOLVE_ORDER", "ENTRY"}),
+              "ROW3|{ROW1|A} + {ROW2|B}|0|X\nCOL7|2 * {/COL5|Mar 08}|-1|\n"
+              "COL2|SUM({/COL1|Dec 07})|0|X\nCOL3|SUM({/COL1|Dec 07})|0|X\n"
+              "COL6|SUM({/COL4:COL5|Jan 08|Mar 08})|0|X\nCOL8|SUM({/COL7|Apr 08})|0|X\n"
+              "COL9|SUM({/COL4:COL5|Jan 08|Mar 08}; {/COL7|Apr 08})|0|X\n");
+    const BookSnapshot values(book);
+    const auto line = [&](int row) {
+        std::string text;
+        for (int column = 1; column <= 9; ++column) {
+            text += (column == 1 ? "" : " ") + values.ValueOf({row, column}).AsText();
+        }
+        return text;
+    };
+    EXPECT_EQ(line(1), "1 1 1 4 7 11 14 14 25");
+    EXPECT_EQ(line(3), "3 3 3 9 15 24 30 30 54") << "a total of totals";
+    EXPECT_EQ(result.contradictions.count, 2) << "A and S in April";
+    EXPECT_EQ(book[BookTable::GridAttr].Value(1, "FIRST_COL").AsInt32(), 5);
+    EXPECT_TRUE(Contains(Show(book, BookTable::FixedTab, {"VALUE", "COLUMN", "FLG_LINE_FIX"}), "2007|1|T\n2008|4|T\n"));
+    EXPECT_TRUE(Contains(Show(book, BookTable::MacroTree, {"NODEVALUE"}), "PERIODS=COL4:COL7\n"));
+}
+
+TEST(Import, WhatTotalsOverTimeDoNotGoWithIsRefused) {
+    const TestFolder folder;
+    ImportRequest request{folder.Write("plan.csv", FourMonths), folder.Path("book"), {}};
+    request.totals.years = true;
+    const auto message = [&] { return MessageOf<BookError>([&] { ImportBook(request); }); };
+    request.names = folder.Write("names",
+                                 "[formulas]\nB = \"LAST(A\" + 1\nA = B and shift (S; -1)\n[macros]\n"
+                                 "m = [a] = 2 * LAST([b] ; 2)\n");
+    EXPECT_TRUE(Contains(message(), "line 3: SHIFT counts columns")) << message();
+    EXPECT_TRUE(Contains(message(), "line 5: LAST counts columns")) << message();
+    EXPECT_FALSE(Contains(message(), "line 2")) << message();
+    request.names.reset();
+    request.source = folder.Write("plan.csv", "p,a\nfirst,1\n");
+    EXPECT_TRUE(Contains(message(), "are no dates or months")) << message();
 }
 
 TEST(Import, AMacroOfTheNamesFileBecomesNodes) {

@@ -15,6 +15,7 @@ namespace {
 constexpr const char* Import = "import";
 constexpr const char* Names = "names";
 constexpr const char* Decimal = "decimal";
+constexpr const char* Totals = "totals";
 constexpr const char* Force = "force";
 constexpr const char* Download = "download";
 constexpr const char* PrintSetup = "print-setup";
@@ -80,6 +81,20 @@ DecimalMark ReadDecimalMark(const QString& text) {
     Refuse(QString("--decimal takes point or comma, not \"%1\"").arg(text));
 }
 
+PeriodTotals ReadTotals(const QString& text) {
+    PeriodTotals totals;
+    for (const QString& part : text.split(',')) {
+        if (part == "quarter") {
+            totals.quarters = true;
+        } else if (part == "year") {
+            totals.years = true;
+        } else {
+            Refuse(QString("--totals takes quarter, year or both as quarter,year, not \"%1\"").arg(text));
+        }
+    }
+    return totals;
+}
+
 /// A number as it stands in a table of numbers, but without groups: there is nothing to tell "1.234" by.
 double ReadNumber(const QString& text) {
     static const QRegularExpression form("^[+-]?\\d+([.,]\\d+)?$");
@@ -122,7 +137,7 @@ void RefuseTogether(const QCommandLineParser& parser, const char* option, const 
 }
 
 void CheckCombination(const QCommandLineParser& parser) {
-    for (const char* option : {Names, Decimal}) {
+    for (const char* option : {Names, Decimal, Totals}) {
         RequireWith(parser, option, Import);
     }
     if (!parser.isSet(Upload)) {
@@ -171,6 +186,9 @@ ImportRequest ReadImport(const QCommandLineParser& parser) {
     }
     if (parser.isSet(Decimal)) {
         request.decimalMark = ReadDecimalMark(parser.value(Decimal));
+    }
+    if (parser.isSet(Totals)) {
+        request.totals = ReadTotals(parser.value(Totals));
     }
     request.force = parser.isSet(Force);
     return request;
@@ -225,7 +243,8 @@ ViewRequest ReadView(const QCommandLineParser& parser) {
 
 CommandLine ParseCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
-    for (const char* option : {Import, Names, Decimal, Download, Upload, Macro, Line, Screenshot, Size, Scale, Trace}) {
+    for (const char* option :
+         {Import, Names, Decimal, Totals, Download, Upload, Macro, Line, Screenshot, Size, Scale, Trace}) {
         parser.addOption(QCommandLineOption(option, QString(), "value"));
     }
     for (const char* option : {Formulas, Check, Set, Force, PrintSetup, DryRun, Light, Dark}) {
@@ -283,6 +302,7 @@ QString HelpText() {
 Import: the first column of DATA.csv holds the periods, every further one a line.
   --names FILE        how the lines are called, their order, totals, units, the title
   --decimal MARK      point or comma, where the numbers do not tell
+  --totals LIST       quarter, year or quarter,year: computed columns behind their months
   --force             replaces BOOK when it is a book; another file is never replaced
 
 Workbooks:

@@ -33,10 +33,14 @@ std::string LineKey(std::int32_t number) {
 /// What the names file means by the target of a formula.
 class Targets {
 public:
-    Targets(const Book& book, const SourceTable& source) : book_(book), source_(source) {}
+    Targets(const Book& book, const SourceTable& source, const std::vector<PlannedColumn>& columns)
+        : book_(book), source_(source), columns_(columns) {}
 
     /// Empty with a fault where there is none, or more than one.
     std::string KeyOf(const FormulaText& formula, Faults& faults) const {
+        if (!formula.key.empty()) {
+            return formula.key;
+        }
         const std::vector<std::string> found = Find(formula.target);
         if (found.size() == 1) {
             return found.front();
@@ -76,12 +80,11 @@ private:
     }
     /// By the caption, or as the table of numbers has it.
     [[nodiscard]] std::vector<std::string> Periods(std::string_view text) const {
-        const MemoryTable& periods = book_[BookTable::ColsIndex];
         std::vector<std::string> found;
-        for (std::int32_t row = 1; row <= periods.RowCount(); ++row) {
-            if (periods.Value(row, "PERDY").AsText() == text ||
-                source_.periods[static_cast<std::size_t>(row) - 1] == text) {
-                found.push_back("COL" + std::to_string(row));
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            const PlannedColumn& column = columns_[i];
+            if (column.caption == text || (column.period && source_.periods[*column.period] == text)) {
+                found.push_back("COL" + std::to_string(i + 1));
             }
         }
         return found;
@@ -89,6 +92,7 @@ private:
 
     const Book& book_;
     const SourceTable& source_;
+    const std::vector<PlannedColumn>& columns_;
 };
 
 Book CopyOf(const Book& book) {
@@ -157,13 +161,13 @@ void AddContradiction(Contradictions& found, const Book& book, const CellEdit& e
 
 }  // namespace
 
-Contradictions AddFormulaRows(const Book& book, const SourceTable& source, const std::vector<FormulaText>& formulas,
-                              Faults& faults) {
+Contradictions AddFormulaRows(const Book& book, const SourceTable& source, const std::vector<PlannedColumn>& columns,
+                              const std::vector<FormulaText>& formulas, Faults& faults) {
     Contradictions contradictions;
     if (formulas.empty()) {
         return contradictions;
     }
-    const Targets targets(book, source);
+    const Targets targets(book, source, columns);
     const Book copy = CopyOf(book);  // a view writes keys and computed values
     planview::PlanView view;
     GiveTables(view, copy);

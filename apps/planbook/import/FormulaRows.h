@@ -7,6 +7,7 @@
 #include "book/Book.h"
 #include "import/Faults.h"
 #include "import/FormulaText.h"
+#include "import/PlannedColumns.h"
 #include "import/SourceTable.h"
 
 namespace planbook {
@@ -21,6 +22,7 @@ struct Contradictions {
 /// Fills FORMULAS and gives the computed cells of the book what the formulas make of its leaves. The faults, of which
 /// there are none before, name the line of the names file; the book is then worth nothing.
 [[nodiscard]] Contradictions AddFormulaRows(const Book& book, const SourceTable& source,
+                                            const std::vector<PlannedColumn>& columns,
                                             const std::vector<FormulaText>& formulas, Faults& faults);
 
 }  // namespace planbook

@@ -8,7 +8,7 @@
 namespace planbook {
 
 FormulaText ReadFormulaText(const std::string& target, std::string_view text, int line, Faults& faults) {
-    FormulaText formula{target, std::string(Trimmed(text.substr(0, text.find('|')))), 0, false, line};
+    FormulaText formula{target, std::string(Trimmed(text.substr(0, text.find('|')))), 0, false, line, {}};
     if (formula.formula.empty()) {
         faults.Add(line, 0, Shown(target) + " has no formula; write one behind the \"=\"");
     }

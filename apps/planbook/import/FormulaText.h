@@ -15,7 +15,8 @@ struct FormulaText {
     std::string formula;
     std::int16_t solveOrder = 0;
     bool entry = false;
-    int line = 0;  ///< of the names file, for messages
+    int line = 0;       ///< of the names file, for messages
+    std::string key{};  ///< of the target, where it is known
 };
 
 /// Reads "formula | solve order | entry", of which the latter two may be left out.

@@ -6,6 +6,7 @@
 
 #include "import/CsvNumbers.h"
 #include "import/FormulaRows.h"
+#include "import/PlannedColumns.h"
 
 namespace planbook {
 
@@ -16,12 +17,13 @@ struct ImportRequest {
     DecimalMark decimalMark = DecimalMark::Automatic;
     /// Whether an existing book may be replaced. Any other existing file is never replaced.
     bool force = false;
+    PeriodTotals totals{};
 };
 
 struct ImportResult {
     int periods = 0;
     int lines = 0;
-    int cells = 0;
+    int cells = 0;  ///< of the table of numbers that are not empty
     Contradictions contradictions;
 };
 

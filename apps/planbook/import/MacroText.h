@@ -27,7 +27,8 @@ struct MacroText {
 
 /// Reads "target = expression | from : to". A target is SELECTED or a line of the source in square brackets; an
 /// expression holds these, numbers with a point, the operators + - * / and brackets, and the functions SUM, MIN, MAX,
-/// AVERAGE, COPY, SHIFT, ABS, ROUND, PRODUCT, COUNT, MOD, INT, LAST, GROWTH and CUMULATE with their arguments divided by
+/// AVERAGE, COPY, SHIFT, ABS, ROUND, PRODUCT, COUNT, MOD, INT, LAST, GROWTH and CUMULATE with their arguments divided
+/// by
 /// ";":
 ///
 ///     SELECTED = SELECTED * 1.05 | 2015-01-01 : 2015-12-01
