@@ -7,6 +7,7 @@
 #include <planview/Version.h>
 
 #include "app/CommandLine.h"
+#include "app/PlanCommands.h"
 #include "app/RunMacro.h"
 #include "app/RunView.h"
 #include "book/BookError.h"
@@ -30,6 +31,19 @@ void RunImport(int& argc, char** argv, const planbook::ImportRequest& request) {
     const planbook::ImportResult result = planbook::ImportBook(request);
     std::printf("%s: %d periods, %d lines, %d numbers\n", request.book.c_str(), result.periods, result.lines,
                 result.cells);
+    const planbook::Contradictions& found = result.contradictions;
+    if (found.count > 0) {
+        std::printf(
+            "%d numbers of the table are not what their formulas compute; the largest difference is %.6g. The book has "
+            "what is computed from its leaves:\n",
+            found.count, found.largest);
+        for (const std::string& line : found.first) {
+            std::printf("  %s\n", line.c_str());
+        }
+        if (const std::size_t more = static_cast<std::size_t>(found.count) - found.first.size(); more > 0) {
+            std::printf("  and %zu more\n", more);
+        }
+    }
 }
 
 ExitCode RunDownload(int& argc, char** argv, const planbook::ExchangeRequest& request) {
@@ -81,6 +95,11 @@ ExitCode Run(int& argc, char** argv) {
         return RunDownload(argc, argv, *commandLine.download);
     } else if (commandLine.upload) {
         return RunUpload(argc, argv, *commandLine.upload);
+    } else if (commandLine.formulas || commandLine.check || commandLine.set) {
+        const QCoreApplication application(argc, argv);
+        return commandLine.formulas ? planbook::ListFormulas(*commandLine.formulas)
+               : commandLine.check  ? planbook::CheckFormulas(*commandLine.check)
+                                    : planbook::SetNumbers(*commandLine.set);
     } else if (commandLine.macro) {
         return planbook::RunMacro(argc, argv, *commandLine.macro);
     } else {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <planview/AutomationObject.h>
@@ -9,6 +10,7 @@
 #include <planview/Export.h>
 #include <planview/Facet.h>
 #include <planview/FormulaProblem.h>
+#include <planview/FormulaReading.h>
 
 namespace planview {
 
@@ -43,6 +45,8 @@ public:
     /// What the cell is computed from, for the user: "= SUM(MEMBERS)", and in a second line why it has no value where it
     /// has none. Empty where no formula computes it.
     [[nodiscard]] std::string Explain(const CellKey& cell) const;
+    /// Reads a formula, by keys or captions, for a target as FORMULAS names it, without taking it over.
+    [[nodiscard]] FormulaReading Read(std::string_view target, std::string_view formula) const;
     /// What is wrong with rows of FORMULAS, in their order; cycles last.
     [[nodiscard]] std::vector<FormulaProblem> Problems() const;
 };

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -27,6 +28,7 @@ struct ChangeResult {
     int refused = 0;                      ///< read-only or unknown cells, texts that are no number
     int failed = 0;                       ///< not stored because a table failed; the user has been told
     std::optional<CellKey> firstRefused;  ///< to be named to the user
+    std::string reason;                   ///< why that was, a sentence
 };
 
 /// Changing values: what a host's Edit menu offers, and what a host that keeps the changes has to know.
@@ -82,7 +84,7 @@ public:
     /// @{
     /// Called when an action of the user begins (true) that announces several values by `GridValueChanged`, and when it
     /// has ended (false), so that a host can keep what it hears in between as one. A single value's event comes outside
-    /// of any. Called until it is removed.
+    /// of any, unless lines or columns are computed, which are announced with it. Called until it is removed.
     ListenerId AddBulkListener(std::function<void(bool running)> listener);
     void RemoveBulkListener(ListenerId listener) noexcept;
     /// @}

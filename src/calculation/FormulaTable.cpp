@@ -36,6 +36,14 @@ std::optional<Target> FindTarget(std::string_view text, const FormulaNames& name
     return period ? std::optional(Target{FormulaAxis::Periods, *period, std::nullopt}) : std::nullopt;
 }
 
+std::string NoTarget(std::string_view text) {
+    return "There is no line or column \"" + std::string(text) + "\".";
+}
+
+std::string MessageOf(const FormulaError& error) {
+    return error.what + (error.now.empty() ? "" : " " + error.now);
+}
+
 /// The number of an optional field.
 int OrderIn(const HostTable& table, HostTable::Row row) {
     int order = 0;
@@ -75,7 +83,7 @@ private:
         target_ = table_.Text(index, "TARGET");
         const std::optional<Target> target = FindTarget(target_, names_);
         if (!target) {
-            problems_.push_back({row, target_, "There is no line or column \"" + target_ + "\"."});
+            problems_.push_back({row, target_, NoTarget(target_)});
             return;
         }
         if (!taken_.emplace(target->axis, target->place, target->only.value_or(-1)).second) {
@@ -85,7 +93,7 @@ private:
         FormulaError error;
         std::optional<Formula> formula = ParseFormula(table_.Text(index, "FORMULA"), names_, target->axis, error);
         if (!formula) {
-            problems_.push_back({row, target_, error.what + (error.now.empty() ? "" : " " + error.now)});
+            problems_.push_back({row, target_, MessageOf(error)});
             return;
         }
         for (const std::string& gap : GapsOf(*formula, names_)) {
@@ -113,6 +121,25 @@ private:
 std::vector<FormulaRow> ReadFormulas(const HostTable& formulas, const FormulaNames& names,
                                      std::vector<FormulaProblem>& problems) {
     return Reader(formulas, names, problems).Rows();
+}
+
+FormulaReading ReadFormula(std::string_view target, std::string_view text, const FormulaNames& names) {
+    FormulaReading reading{std::string(target), std::string(text), std::string(text), {}};
+    const std::optional<Target> found = FindTarget(target, names);
+    if (!found) {
+        reading.error = NoTarget(target);
+        return reading;
+    }
+    reading.target = names.Caption(found->axis, found->place) +
+                     (found->only ? ", " + names.Caption(FormulaAxis::Periods, *found->only) : "");
+    FormulaError error;
+    if (const std::optional<Formula> formula = ParseFormula(text, names, found->axis, error)) {
+        reading.shown = PrintFormula(*formula, names);
+        reading.stored = StoredText(*formula, names);
+    } else {
+        reading.error = MessageOf(error);
+    }
+    return reading;
 }
 
 }  // namespace planview

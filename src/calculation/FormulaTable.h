@@ -2,9 +2,11 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <planview/FormulaProblem.h>
+#include <planview/FormulaReading.h>
 
 #include "automation/HostTable.h"
 #include "calculation/PlanFormula.h"
@@ -24,5 +26,8 @@ struct FormulaRow {
 /// not computed.
 [[nodiscard]] std::vector<FormulaRow> ReadFormulas(const HostTable& formulas, const FormulaNames& names,
                                                    std::vector<FormulaProblem>& problems);
+
+/// Reads one formula for a target.
+[[nodiscard]] FormulaReading ReadFormula(std::string_view target, std::string_view text, const FormulaNames& names);
 
 }  // namespace planview

@@ -151,6 +151,10 @@ void GridCalculation::TellCycles(const FormulaNames& names) {
     }
 }
 
+FormulaReading GridCalculation::Read(std::string_view target, std::string_view formula) const {
+    return ReadFormula(target, formula, GridNames(driver_.Grid(), tables_.LINE_INDEX));
+}
+
 std::string GridCalculation::FormulaText(Cell cell) const {
     const std::optional<PlanCell> place = PlaceOf(cell);
     const int formula = place ? plan_->Graph().FormulaOf(*place) : -1;

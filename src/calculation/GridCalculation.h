@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "automation/TableSlots.h"
@@ -29,12 +30,14 @@ public:
     void Build() noexcept;
     [[nodiscard]] const std::vector<FormulaProblem>& Problems() const noexcept { return problems_; }
 
+    [[nodiscard]] FormulaReading Read(std::string_view target, std::string_view formula) const;
     /// The formula of a computed cell by the captions of now; empty for a leaf.
     [[nodiscard]] std::string FormulaText(Cell cell) const;
     /// "= " and the formula, and in a second line why the cell has no value where it has none; empty for a leaf.
     [[nodiscard]] std::string Explain(Cell cell) const;
 
     // CellComputation
+    [[nodiscard]] bool Computes() const override { return plan_ && !plan_->Formulas().empty(); }
     [[nodiscard]] bool IsComputed(Cell cell) const override;
     [[nodiscard]] std::vector<ComputedValue> Follow(std::span<const CellKey> changed) override;
     [[nodiscard]] SpreadValues Spread(Cell total, double amount) const override;

@@ -52,6 +52,13 @@ std::string Calculation::Explain(const CellKey& cell) const {
     return text;
 }
 
+FormulaReading Calculation::Read(std::string_view target, std::string_view formula) const {
+    FormulaReading reading;
+    Asked(State(), Control, "Read",
+          [&](ControlContext& context) { reading = context.grid.calculation.Read(target, formula); });
+    return reading;
+}
+
 std::vector<FormulaProblem> Calculation::Problems() const {
     std::vector<FormulaProblem> problems;
     Asked(State(), Control, "Problems",

@@ -87,6 +87,7 @@ ChangeResult Editing::ChangeValues(std::span<const ValueChange> changes, std::st
             } else {
                 ++result.refused;
                 result.firstRefused = result.firstRefused.value_or(change.cell);
+                result.reason = "There is no such cell.";
             }
         }
         const BulkResult done = context.grid.valueEntry.ChangeCells(values);
@@ -95,6 +96,7 @@ ChangeResult Editing::ChangeValues(std::span<const ValueChange> changes, std::st
         result.refused += done.Refused();
         if (!result.firstRefused) {
             result.firstRefused = done.firstRefused;
+            result.reason = done.reason;
         }
     });
     return result;

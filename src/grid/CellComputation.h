@@ -29,6 +29,8 @@ struct SpreadValues {
 class CellComputation {
 public:
     virtual ~CellComputation() = default;
+    /// Whether there is any computed cell.
+    [[nodiscard]] virtual bool Computes() const = 0;
     [[nodiscard]] virtual bool IsComputed(Cell cell) const = 0;
     /// The grid shows new values in these cells. Answers the computed ones that are others now.
     [[nodiscard]] virtual std::vector<ComputedValue> Follow(std::span<const CellKey> changed) = 0;

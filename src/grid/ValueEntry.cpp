@@ -67,8 +67,11 @@ std::string_view VerbOf(EditKind kind) {
 /// Brackets the events of an action that announces several values, also when it fails half-way.
 class ValueEntry::BulkAnnouncement {
 public:
+    /// What follows from a single value is announced with it.
     BulkAnnouncement(const ValueEntryParts& parts, Announce announce, std::size_t count)
-        : parts_(parts), running_(announce == Announce::EachValue && count > 1) {
+        : parts_(parts),
+          running_(announce == Announce::EachValue &&
+                   (count > 1 || (parts.computation && parts.computation->Computes()))) {
         Tell(true);
     }
     ~BulkAnnouncement() { Tell(false); }
@@ -105,6 +108,7 @@ void ValueEntry::Enter(CellKeyView keys, const std::string& text, EditKind kind)
     Transaction transaction(parts_, 1, Announce::EachValue, true);
     Done done;
     {
+        const BulkAnnouncement bulk(parts_, Announce::EachValue, 1);
         const BusyScope busy(parts_.busy);
         ChangeOne(transaction, cell, shown, text);
         FollowChanges(transaction);
@@ -205,6 +209,7 @@ void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> v
         ++(refusal == Refusal::NoNumber ? result.noNumber : result.readOnly);
         if (!result.firstRefused) {
             result.firstRefused = key;
+            result.reason = RefusalText(refusal);
         }
     }
     FollowChanges(transaction);

@@ -64,6 +64,7 @@ struct BulkResult {
     std::string totalRefused;
     /// The first refused cell, to be named to the user.
     std::optional<CellKey> firstRefused;
+    std::string reason;  ///< why that was, a sentence
     [[nodiscard]] int Refused() const noexcept { return readOnly + noNumber; }
 };
 

@@ -39,7 +39,10 @@ void ValueEntry::SpreadTotal(Transaction& transaction, const NewValue& total, st
     }
     if (!spread.refusal.empty()) {
         ++result.readOnly;
-        result.firstRefused = result.firstRefused ? result.firstRefused : key;
+        if (!result.firstRefused) {
+            result.firstRefused = key;
+            result.reason = spread.refusal;
+        }
         result.totalRefused = result.totalRefused.empty() ? spread.refusal : result.totalRefused;
         return;
     }

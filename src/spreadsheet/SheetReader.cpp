@@ -387,7 +387,8 @@ std::optional<UploadChange> SheetReader::ChangeBy(const Entry& entry, const Trac
     if (IsSame(entry, contents)) {
         return std::nullopt;
     }
-    Refusal refusal = RefusalOf(grid_, cell);
+    // A total follows from its leaves in the workbook, too; only these are taken.
+    Refusal refusal = grid_.Look(cell).computed ? Refusal::Computed : RefusalOf(grid_, cell);
     if (refusal == Refusal::TextLine && entry.IsEmpty()) {
         return std::nullopt;  // the download leaves the cells of text lines empty
     }

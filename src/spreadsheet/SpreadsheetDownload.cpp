@@ -305,8 +305,10 @@ std::size_t SpreadsheetDownload::WriteColumn(SheetCells& cells, HostTable::Row c
     for (const Line& line : lines) {
         row = CheckedAdd<std::int16_t>(row, 1);
         cells.GoTo(row, BehindCaptions(column));
-        cells.SetInterior(line.locked ? Grey : White);
-        cells.SetLocked(line.locked);
+        const std::optional<Cell> cell = parts_.driver.Grid().FindCell({columnKey, line.key});
+        const bool locked = line.locked || (cell && parts_.driver.Grid().Look(*cell).computed);
+        cells.SetInterior(locked ? Grey : White);
+        cells.SetLocked(locked);
         std::string text;
         if (!line.textLine) {
             text = parts_.driver.CellText({columnKey, line.key});

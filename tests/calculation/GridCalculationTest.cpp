@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <memory>
 #include <random>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -121,6 +122,10 @@ TEST_F(GridCalculationTest, WhatCannotBeEnteredIsRefusedInWords) {
     EXPECT_EQ(Shown(), AtFirst);
     ASSERT_EQ(platform.messages.size(), 1U);
     EXPECT_EQ(platform.messages.front().text, "This cell is computed. Change the cells that it is computed from.");
+    const ValueChange ratio{{"COL1", "ROW4"}, 3.0};
+    const ChangeResult result = control->Editing().ChangeValues(std::span(&ratio, 1), "Test");
+    EXPECT_EQ(result.refused, 1);
+    EXPECT_EQ(result.reason, platform.messages.front().text);
 }
 
 TEST_F(GridCalculationTest, ADivisionByZeroShowsADashAndItsReason) {
@@ -188,6 +193,27 @@ TEST_F(GridCalculationTest, AnyEditsKeepThePlanAPlan) {
         control->Editing().Undo();
     }
     EXPECT_EQ(Shown(), AtFirst);
+}
+
+TEST_F(GridCalculationTest, AFormulaIsReadForItsTarget) {
+    const Calculation calculation = control->Calculation();
+    const FormulaReading line = calculation.Read("ROW1", "construction+ {ROW3|Old name}");
+    EXPECT_EQ(line.target + " = " + line.shown, "Goods = Construction + Manufacturing");
+    EXPECT_EQ(line.stored, "{ROW2|Construction} + {ROW3|Manufacturing}");
+    EXPECT_EQ(calculation.Read("ROW4/COL2", "Goods, Jan").target, "Ratio, Feb");
+    EXPECT_EQ(calculation.Read("COL3", "Jan + Feb").shown, "Jan + Feb");
+    EXPECT_EQ(calculation.Read("ROW9", "1").error, "There is no line or column \"ROW9\".");
+    EXPECT_NE(calculation.Read("ROW1", "Nonsense").error, "");
+    EXPECT_EQ(calculation.Read("ROW1", "Nonsense").stored, "Nonsense");
+}
+
+TEST_F(GridCalculationTest, WhatFollowsFromOneValueIsAnnouncedWithIt) {
+    std::string heard;
+    control->Editing().AddBulkListener([&](bool running) { heard += running ? "(" : ")"; });
+    Type("COL1", "ROW2", "60");
+    EXPECT_EQ(heard, "()");
+    Type("COL1", "ROW1", "70");
+    EXPECT_EQ(heard, "()()");
 }
 
 TEST_F(GridCalculationTest, RowsThatCannotBeComputedAreNamed) {

@@ -214,9 +214,9 @@ const Refusal Refusals[] = {
     {"NewerVersion",
      [](const TestFolder& f) {
          MakeFullBook(f);
-         ChangeBook(f.Path("book"), "PRAGMA user_version = 4");
+         ChangeBook(f.Path("book"), "PRAGMA user_version = 5");
      },
-     "it has the book version 4, this planbook reads versions up to 3. Open it with a newer planbook."},
+     "it has the book version 5, this planbook reads versions up to 4. Open it with a newer planbook."},
     {"NoVersion",
      [](const TestFolder& f) {
          MakeFullBook(f);

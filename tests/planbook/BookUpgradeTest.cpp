@@ -30,7 +30,7 @@ TEST(BookUpgrade, AVersion1BookGetsWhatCameSinceAndKeepsAllElse) {
     const std::filesystem::path old = MakeVersion1(folder);
     EXPECT_EQ(VersionIn(old), 1);
     const Book book = LoadBook(old);
-    EXPECT_EQ(VersionIn(old), 3);
+    EXPECT_EQ(VersionIn(old), 4);
     const MemoryTable& tree = book[BookTable::MacroTree];
     EXPECT_EQ(tree.Value(2, "NODETEXT").AsText(), "Recorded");
     EXPECT_TRUE(tree.Value(2, "NODETYPE").IsEmpty());
@@ -68,6 +68,7 @@ TEST(BookUpgrade, ABookThatCannotBeWrittenIsShownAsItIs) {
     const Book book = store.Load();
     EXPECT_EQ(book[BookTable::MacroTree].RowCount(), 2);
     EXPECT_TRUE(book[BookTable::MacroTree].Value(1, "NODETYPE").IsEmpty());
+    EXPECT_EQ(book[BookTable::Formulas].RowCount(), 0);
     EXPECT_EQ(ReadFile(old), before);
 }
 

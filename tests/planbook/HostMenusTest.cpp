@@ -126,6 +126,10 @@ TEST(PlanEdits, LeaveAloneWhatCannotBeEdited) {
     EXPECT_TRUE(SpreadTotal(book, 2, 5).empty());
     EXPECT_TRUE(CopyValueOn(book, {2, 1}).empty());
     EXPECT_EQ(CopyPeriod(book, 1, 2).size(), 1U);
+    book[BookTable::Formulas].AddRowWith({{"TARGET", "COL3"}});
+    EXPECT_EQ(PeriodBehind(book, 2), 4) << "a total over time is no period of its own";
+    EXPECT_EQ(TotalOf(book, 1), 1 + 2 + 4);
+    EXPECT_EQ(SpreadTotal(book, 1, 14).size(), 3U);
 }
 
 /// Typed key by key: the field refuses what no number begins with.

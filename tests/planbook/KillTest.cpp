@@ -23,21 +23,25 @@ using planbook::BookTable;
 using planview::Variant;
 
 constexpr int Edits = 200;
+constexpr int TotalLine = KillLines + 1;
 
 using Cells = std::map<std::pair<int, int>, Variant>;
 
 /// The book that is edited: every cell holds 1000 times its line plus its period.
+/// Its last line adds the others up.
 /// With `singleValue` each cell of a block is announced, else the block as a whole.
 std::filesystem::path MakeBook(const TestFolder& folder, bool singleValue) {
     std::string csv = "month";
     for (int line = 1; line <= KillLines; ++line) {
         csv += ",line" + std::to_string(line);
     }
+    csv += ",total";
     for (int period = 1; period <= KillPeriods; ++period) {
         csv += "\np" + std::to_string(period);
         for (int line = 1; line <= KillLines; ++line) {
             csv += "," + std::to_string(line * 1000 + period);
         }
+        csv += ",0";
     }
     planbook::ImportRequest request;
     request.source = folder.Write("kill.csv", csv + "\n");
@@ -45,6 +49,8 @@ std::filesystem::path MakeBook(const TestFolder& folder, bool singleValue) {
     planbook::ImportBook(request);
     ChangeBook(request.book,
                singleValue ? "UPDATE GRID_ATTR SET SINGLEVALUE = 'X'" : "UPDATE GRID_ATTR SET SINGLEVALUE = ''");
+    ChangeBook(request.book, "INSERT INTO FORMULAS VALUES (1, 'ROW" + std::to_string(TotalLine) + "', 'SUM({ROW1:ROW" +
+                                 std::to_string(KillLines) + "})', 0, '')");
     return request.book;
 }
 
@@ -55,6 +61,21 @@ Cells CellsOf(const planbook::Book& book, BookTable which) {
         cells.try_emplace({table.Value(row, "Z").AsInt32(), table.Value(row, "C").AsInt32()}, table.Value(row, "V"));
     }
     return cells;
+}
+
+/// Takes the totals out and compares them with the sums of the leaves.
+void ExpectTotals(Cells& cells) {
+    std::map<int, double> sums;
+    for (const auto& [place, value] : cells) {
+        if (place.first != TotalLine) {
+            sums[place.second] += planbook::NumberOf(value).value_or(0);
+        }
+    }
+    for (const auto& [period, sum] : sums) {
+        const auto total = cells.extract({TotalLine, period});
+        ASSERT_FALSE(total.empty());
+        EXPECT_EQ(planbook::NumberOf(total.mapped()), sum) << "the total of period " << period;
+    }
 }
 
 void Apply(const KillEdit& edit, Cells& cells, Cells& old) {
@@ -123,6 +144,7 @@ TEST_P(Kill, LosesNoEditWhoseEventWasHandled) {
     const TestFolder folder;
     const std::filesystem::path file = MakeBook(folder, seed % 2 == 0);
     Cells cells = CellsOf(planbook::LoadBook(file), BookTable::Tab);
+    std::erase_if(cells, [](const auto& cell) { return cell.first.first == TotalLine; });
     Cells old;
 
     const auto edits = static_cast<int>(random() % (Edits - 1)) + 1;
@@ -136,9 +158,9 @@ TEST_P(Kill, LosesNoEditWhoseEventWasHandled) {
         Apply(script[static_cast<std::size_t>(i)], cells, old);
     }
     const planbook::Book book = planbook::LoadBook(file);
-    const auto holds = [&] {
-        return Same(CellsOf(book, BookTable::Tab), cells) && Same(CellsOf(book, BookTable::TabOld), old);
-    };
+    Cells stored = CellsOf(book, BookTable::Tab);
+    ExpectTotals(stored);
+    const auto holds = [&] { return Same(stored, cells) && Same(CellsOf(book, BookTable::TabOld), old); };
     bool asReported = holds();
     if (!asReported && reported < Edits) {
         // The next one may have been written, and only its report was cut off.

@@ -5,6 +5,7 @@
 #include <QScopedValueRollback>
 #include <algorithm>
 #include <chrono>
+#include <map>
 #include <string>
 #include <utility>
 
@@ -12,6 +13,7 @@
 
 #include "app/Questions.h"
 #include "book/BookError.h"
+#include "book/BookFormulas.h"
 #include "book/CellValue.h"
 #include "book/FixedCell.h"
 #include "book/LineCaption.h"
@@ -46,6 +48,22 @@ Variant toVariant(const QVariant& value) {
 /// TAB notes an edit of a fixed cell at a place that no planning cell has.
 bool isOfFixedCell(const CellEdit& edit) {
     return edit.cell.row == 0 || edit.cell.column == 0;
+}
+
+/// A spread over several totals may change a cell more than once; another one's value would be in the way of the
+/// second.
+void KeepLastOfEach(std::vector<CellEdit>& edits) {
+    std::map<std::pair<std::int32_t, std::int32_t>, std::size_t> places;
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < edits.size(); ++i) {
+        const auto [found, isNew] = places.emplace(std::pair(edits[i].cell.row, edits[i].cell.column), kept);
+        if (!isNew) {
+            edits[found->second].after = edits[i].after;
+        } else if (kept++ != i) {
+            edits[kept - 1] = std::move(edits[i]);
+        }
+    }
+    edits.resize(kept);
 }
 
 QString toText(const Variant& value) {
@@ -98,9 +116,7 @@ void BookSession::open(const std::filesystem::path& file) {
 
 /// A build keeps the place in the table by keys, which mean something else in another book.
 void BookSession::leave() {
-    for (const TableDescription& table : BookSchema()) {
-        view_.control().SetTable(table.name, planview::MemoryTable::WithFieldsOf(table.name));
-    }
+    TakeTables(view_.control());
     view_.DP_Import_Create();
 }
 
@@ -116,28 +132,47 @@ void BookSession::reload() {
 }
 
 void BookSession::show() {
-    for (const TableDescription& table : BookSchema()) {
-        view_.control().SetTable(table.name, book_.Share(table.table));
-    }
+    GiveTables(view_.control(), book_);
     view_.plv_LayoutMode();  // or the tree pane could not be shown
     view_.DP_Import_Attribute();
     view_.DP_Import_Texts();
     view_.DP_Import_MacroTree();
     view_.DP_Import_PopupMenu();
     view_.DP_Import_Create();
+    AddFormulaFaults(view_.control(), report_);
+    findOutdated();
+}
+
+/// Whoever changed the leaves did not compute: the file is mended with the next change of values, not by looking at it.
+void BookSession::findOutdated() {
+    outdated_.clear();
+    if (book_[BookTable::Formulas].RowCount() > 0) {
+        BookChanges changes = changesInTables();
+        std::erase_if(changes.cells, [](const CellEdit& edit) { return !edit.computed; });
+        outdated_ = std::move(changes.cells);
+    }
+}
+
+BookChanges BookSession::changesInTables() {
+    BookChanges changes = snapshot_.ChangesIn(book_);
+    MarkComputed(view_.control(), changes);
+    return changes;
 }
 
 // --- Saving
 
 void BookSession::valueChanged(CellPosition cell, const QString& columnKey, const QString& rowKey,
                                const QVariant& value) {
-    if (!held_) {  // else the tables are compared at the end
-        const Variant before = snapshot_.ValueOf(cell);
-        announced_.cells.push_back({cell, before, toVariant(value)});
-        announced_.oldValues.push_back({cell, before});
-    }
     const std::string columnName = columnKey.toStdString();
     const std::string rowName = rowKey.toStdString();
+    if (!held_) {  // else the tables are compared at the end
+        const Variant before = snapshot_.ValueOf(cell);
+        const bool computed = view_.control().Calculation().IsComputed({columnName, rowName});
+        announced_.cells.push_back({cell, before, toVariant(value), computed});
+        if (!computed) {
+            announced_.oldValues.push_back({cell, before});
+        }
+    }
     if (IsFixedCell(columnName, rowName)) {
         PutFixedCell(book_, columnName, rowName, toVariant(value));
     }
@@ -151,6 +186,7 @@ void BookSession::severalAnnounced() {
     if (changes.IsEmpty()) {
         return;
     }
+    KeepLastOfEach(changes.cells);
     if (std::any_of(changes.cells.begin(), changes.cells.end(), isOfFixedCell)) {
         if (std::optional<TableEdits> texts = snapshot_.EditsOf(book_, BookTable::FixedTab)) {
             changes.tables.push_back(std::move(*texts));
@@ -163,22 +199,28 @@ void BookSession::tablesChanged() {
     if (!isOpen() || held_ || afterwards_ != Afterwards::Nothing) {
         return;  // the tables hold what the file refused
     }
-    BookChanges changes = snapshot_.ChangesIn(book_);
+    BookChanges changes = changesInTables();
     // Sizes and hidden lines of a book that cannot be written last as long as it is shown.
-    if (changes.IsEmpty() || (isReadOnly() && changes.cells.empty())) {
+    const bool entered =
+        std::any_of(changes.cells.begin(), changes.cells.end(), [](const CellEdit& edit) { return !edit.computed; });
+    if (changes.IsEmpty() || (isReadOnly() && !entered)) {
         return;
     }
     commit(changes);
 }
 
 bool BookSession::saveHeld() {
-    const BookChanges changes = snapshot_.ChangesIn(book_);
+    const BookChanges changes = changesInTables();
     return changes.IsEmpty() || store_->WriteUnlessChanged(changes);
 }
 
 bool BookSession::commit(BookChanges& changes) {
     if (!isOpen() || afterwards_ == Afterwards::ShowSnapshot) {
         return false;  // what follows a failure within one action of the user fails with it
+    }
+    if (!changes.cells.empty()) {
+        // Before those of the action, which may compute the same cells.
+        changes.cells.insert(changes.cells.begin(), outdated_.begin(), outdated_.end());
     }
     try {
         for (std::vector<CellConflict> conflicts; !(conflicts = store_->Write(changes)).empty();) {
@@ -189,6 +231,9 @@ bool BookSession::commit(BookChanges& changes) {
         return false;
     }
     snapshot_.Apply(changes);
+    if (!changes.cells.empty()) {
+        outdated_.clear();
+    }
     watch();
     return true;
 }

@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "book/Book.h"
 #include "book/BookChanges.h"
@@ -46,7 +47,7 @@ public:
     [[nodiscard]] const std::filesystem::path& file() const { return file_; }
     /// Its tables are those that the view shows.
     [[nodiscard]] const Book& book() const { return book_; }
-    /// What of the book could not be read and is missing in the view.
+    /// What of the book could not be read and is missing in the view, and the formulas that cannot be computed.
     [[nodiscard]] const BookReport& report() const { return report_; }
 
     /// From now on nothing is saved as it is done; to be called before a book is opened.
@@ -98,8 +99,10 @@ private:
     bool doAfterwards();
 
     void show();
-    /// Builds the view anew from the tables as they are now.
+    void findOutdated();
+    [[nodiscard]] BookChanges changesInTables();
     void leave();
+    /// Builds the view anew from the tables as they are now.
     void rebuild();
     void setChangedElsewhere(bool changed);
     [[nodiscard]] QString nameOf(CellPosition cell) const;
@@ -110,8 +113,9 @@ private:
     std::unique_ptr<BookStore> store_;
     Book book_;
     BookReport report_;
-    BookSnapshot snapshot_;  // what the file held when this window last read or wrote it
-    BookChanges announced_;  // of the action that is under way, cell by cell
+    BookSnapshot snapshot_;           // what the file held when this window last read or wrote it
+    std::vector<CellEdit> outdated_;  // computed cells whose value in the file is not that of the leaves
+    BookChanges announced_;           // of the action that is under way, cell by cell
     QTimer watch_;
     QTimer later_;
     bool changedElsewhere_ = false;

@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <array>
 #include <cstdio>
+#include <utility>
 
 namespace planbook {
 
@@ -14,6 +15,7 @@ namespace {
 constexpr const char* Import = "import";
 constexpr const char* Names = "names";
 constexpr const char* Decimal = "decimal";
+constexpr const char* Totals = "totals";
 constexpr const char* Force = "force";
 constexpr const char* Download = "download";
 constexpr const char* PrintSetup = "print-setup";
@@ -21,6 +23,9 @@ constexpr const char* Upload = "upload";
 constexpr const char* DryRun = "dry-run";
 constexpr const char* Macro = "macro";
 constexpr const char* Line = "line";
+constexpr const char* Formulas = "formulas";
+constexpr const char* Check = "check";
+constexpr const char* Set = "set";
 constexpr const char* Screenshot = "screenshot";
 constexpr const char* Size = "size";
 constexpr const char* Scale = "scale";
@@ -76,6 +81,48 @@ DecimalMark ReadDecimalMark(const QString& text) {
     Refuse(QString("--decimal takes point or comma, not \"%1\"").arg(text));
 }
 
+PeriodTotals ReadTotals(const QString& text) {
+    PeriodTotals totals;
+    for (const QString& part : text.split(',')) {
+        if (part == "quarter") {
+            totals.quarters = true;
+        } else if (part == "year") {
+            totals.years = true;
+        } else {
+            Refuse(QString("--totals takes quarter, year or both as quarter,year, not \"%1\"").arg(text));
+        }
+    }
+    return totals;
+}
+
+/// A number as it stands in a table of numbers, but without groups: there is nothing to tell "1.234" by.
+double ReadNumber(const QString& text) {
+    static const QRegularExpression form("^[+-]?\\d+([.,]\\d+)?$");
+    bool isNumber = form.match(text).hasMatch();
+    const double number = isNumber ? QString(text).replace(',', '.').toDouble(&isNumber) : 0;
+    if (!isNumber) {
+        Refuse(QString("--set takes a number such as 9000 or 9000.5, not \"%1\"").arg(text));
+    }
+    return number;
+}
+
+/// Takes the three arguments behind each --set out of the others; the option itself stays. Numbers may have a sign, by
+/// which a parser would take them for options.
+std::vector<PlanEntry> TakeEntries(QStringList& arguments) {
+    constexpr int Parts = 3;
+    std::vector<PlanEntry> entries;
+    const QString option = QString("--") + Set;
+    for (qsizetype i = arguments.indexOf(option); i >= 0; i = arguments.indexOf(option, i + 1)) {
+        if (arguments.size() - i - 1 < Parts) {
+            Refuse("--set needs a LINE, a PERIOD and a NUMBER");
+        }
+        entries.push_back(
+            {arguments[i + 1].toStdString(), arguments[i + 2].toStdString(), ReadNumber(arguments[i + Parts])});
+        arguments.remove(i + 1, Parts);
+    }
+    return entries;
+}
+
 /// Refuses an option that says nothing without another one.
 void RequireWith(const QCommandLineParser& parser, const char* option, const char* other) {
     if (parser.isSet(option) && !parser.isSet(other)) {
@@ -90,7 +137,7 @@ void RefuseTogether(const QCommandLineParser& parser, const char* option, const 
 }
 
 void CheckCombination(const QCommandLineParser& parser) {
-    for (const char* option : {Names, Decimal}) {
+    for (const char* option : {Names, Decimal, Totals}) {
         RequireWith(parser, option, Import);
     }
     if (!parser.isSet(Upload)) {
@@ -102,7 +149,7 @@ void CheckCombination(const QCommandLineParser& parser) {
     RequireWith(parser, PrintSetup, Download);
     RequireWith(parser, DryRun, Upload);
     RequireWith(parser, Line, Macro);
-    constexpr std::array Works{Import, Download, Upload, Macro};
+    constexpr std::array Works{Import, Download, Upload, Macro, Formulas, Check, Set};
     for (std::size_t i = 0; i < Works.size(); ++i) {
         for (const char* option : {Screenshot, Trace, Light, Dark}) {
             RefuseTogether(parser, Works[i], option);
@@ -123,7 +170,7 @@ void CheckCombination(const QCommandLineParser& parser) {
     if (parser.positionalArguments().contains(QString())) {
         Refuse("the name of the BOOK is empty");
     }
-    for (const char* option : {Import, Download, Upload, Macro, Screenshot, Trace}) {
+    for (const char* option : {Import, Download, Upload, Macro, Formulas, Check, Set, Screenshot, Trace}) {
         if (parser.isSet(option) && parser.positionalArguments().isEmpty()) {
             Refuse(QString("--%1 needs a BOOK").arg(option));
         }
@@ -139,6 +186,9 @@ ImportRequest ReadImport(const QCommandLineParser& parser) {
     }
     if (parser.isSet(Decimal)) {
         request.decimalMark = ReadDecimalMark(parser.value(Decimal));
+    }
+    if (parser.isSet(Totals)) {
+        request.totals = ReadTotals(parser.value(Totals));
     }
     request.force = parser.isSet(Force);
     return request;
@@ -193,15 +243,18 @@ ViewRequest ReadView(const QCommandLineParser& parser) {
 
 CommandLine ParseCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
-    for (const char* option : {Import, Names, Decimal, Download, Upload, Macro, Line, Screenshot, Size, Scale, Trace}) {
+    for (const char* option :
+         {Import, Names, Decimal, Totals, Download, Upload, Macro, Line, Screenshot, Size, Scale, Trace}) {
         parser.addOption(QCommandLineOption(option, QString(), "value"));
     }
-    for (const char* option : {Force, PrintSetup, DryRun, Light, Dark}) {
+    for (const char* option : {Formulas, Check, Set, Force, PrintSetup, DryRun, Light, Dark}) {
         parser.addOption(QCommandLineOption(option));
     }
     parser.addOption(QCommandLineOption(QStringList{"h", Help}));
     parser.addOption(QCommandLineOption(QStringList{"v", Version}));
-    if (!parser.parse(QStringList{"planbook"} + arguments)) {
+    QStringList others = arguments;
+    std::vector<PlanEntry> entries = TakeEntries(others);
+    if (!parser.parse(QStringList{"planbook"} + others)) {
         Refuse(parser.errorText());
     }
 
@@ -218,6 +271,12 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
         commandLine.download = ReadExchange(parser, Download);
     } else if (parser.isSet(Upload)) {
         commandLine.upload = ReadExchange(parser, Upload);
+    } else if (parser.isSet(Formulas)) {
+        commandLine.formulas = ToPath(parser.positionalArguments().first());
+    } else if (parser.isSet(Check)) {
+        commandLine.check = ToPath(parser.positionalArguments().first());
+    } else if (parser.isSet(Set)) {
+        commandLine.set = SetRequest{std::move(entries), ToPath(parser.positionalArguments().first())};
     } else if (parser.isSet(Macro)) {
         commandLine.macro = ReadMacro(parser);
     } else {
@@ -234,12 +293,16 @@ QString HelpText() {
   planbook --download PLAN.xlsx BOOK         writes the table as a workbook
   planbook --upload PLAN.xlsx BOOK           takes changed values from that workbook
   planbook --macro NAME BOOK                 runs a macro or replays a recording
+  planbook --formulas BOOK                   lists what is computed, and how
+  planbook --check BOOK                      computes everything again and compares
+  planbook --set LINE PERIOD NUMBER BOOK     enters a number
   planbook --screenshot PICTURE.png BOOK     writes a picture of the book
   planbook --trace FILE BOOK                 writes what the view did when it ends
 
 Import: the first column of DATA.csv holds the periods, every further one a line.
   --names FILE        how the lines are called, their order, totals, units, the title
   --decimal MARK      point or comma, where the numbers do not tell
+  --totals LIST       quarter, year or quarter,year: computed columns behind their months
   --force             replaces BOOK when it is a book; another file is never replaced
 
 Workbooks:
@@ -251,6 +314,11 @@ Macro: prints each cell that changed. With an unknown NAME it lists those of the
   --line CAPTION      on this line, where the macro is for the selected line or about one
                       line alone
 
+Formulas:
+  --check             names the first values that are not what the leaves give
+  --set               may stand several times; a number for a total is spread over its lines;
+                      all numbers are entered, or none; prints each cell that changed
+
 View:
   --light, --dark     the colours; else those of the desktop
   --size WIDTHxHEIGHT of the picture's window, 1440x900
@@ -258,13 +326,13 @@ View:
 
   --help, --version
 
-Macros, pictures, traces and workbooks need no display; a trace without a display ends by itself.
+Only windows need a display; a trace without a display ends by itself.
 
 Exit codes: 0 done; 1 failed, the message says what, where and what now; 2 a command
 line that cannot be understood; 3 done, but not with everything: an upload that some
-values were left out of, or would be, because they are refused or do not match, or a book
-of which something could not be read; the message names each place. A failure changes no
-file.
+values were left out of, or would be, because they are refused or do not match, a book
+of which something could not be read or computed, or one that --check finds other values
+in; the message names each place. A failure changes no file.
 )");
 }
 

@@ -8,8 +8,10 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "book/BookCheck.h"
+#include "book/BookPlan.h"
 #include "import/Import.h"
 
 namespace planbook {
@@ -53,6 +55,12 @@ struct MacroRequest {
     std::optional<std::string> line;  ///< the caption of the line that is the selected one
 };
 
+/// Numbers to be entered into a book, without a window.
+struct SetRequest {
+    std::vector<PlanEntry> entries;
+    std::filesystem::path book;
+};
+
 /// Exactly one of these is wanted.
 struct CommandLine {
     bool help = false;
@@ -61,6 +69,9 @@ struct CommandLine {
     std::optional<ExchangeRequest> download;
     std::optional<ExchangeRequest> upload;
     std::optional<MacroRequest> macro;
+    std::optional<std::filesystem::path> formulas;  ///< of this book
+    std::optional<std::filesystem::path> check;
+    std::optional<SetRequest> set;
     ViewRequest view;
 };
 

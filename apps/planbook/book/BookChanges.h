@@ -28,6 +28,8 @@ struct CellEdit {
     CellPosition cell;
     planview::Variant before;  ///< what was last read or written here
     planview::Variant after;
+    /// A formula has computed it. What is in the file gives way then: nobody has entered it.
+    bool computed = false;
 };
 
 /// A cell's value before its first change; kept unless TAB_OLD has a row for the cell.

@@ -110,6 +110,7 @@ bool IsIndex(BookTable table) {
 /// The texts that planners read as part of the plan, and what macros calculate by.
 bool IsContents(BookTable table, std::string_view field) {
     return (table == BookTable::MacroTree && (field == "NODETYPE" || field == "NODEVALUE")) ||
+           (table == BookTable::Formulas && (field == "TARGET" || field == "FORMULA")) ||
            (table == BookTable::FixedTab && field == "VALUE") || (table == BookTable::ColsIndex && field == "PERDY") ||
            (table == BookTable::LineIndex && (field == "FREET" || field == "DDICT" || field == "PLOBT"));
 }
@@ -351,17 +352,32 @@ bool BookReport::Concerns(BookTable table) const noexcept {
            std::any_of(faults_.begin(), faults_.end(), [&](const BookFault& fault) { return fault.table == table; });
 }
 
+void BookReport::AddFormulaFault(std::int32_t row, std::string what) {
+    faults_.push_back({BookTable::Formulas, row, "FORMULA", std::move(what), false});
+    ++formulaFaults_;
+}
+
 std::string BookReport::Headline() const {
-    return Counted(faults_.size(), "place") + " of the book cannot be read" +
-           (LosesValues() ? ", so that figures, captions or macros are missing." : ".");
+    const std::size_t places = faults_.size() - formulaFaults_;
+    std::string text;
+    if (places > 0 || formulaFaults_ == 0) {
+        text = Counted(places, "place") + " of the book cannot be read" +
+               (LosesValues() ? ", so that figures, captions or macros are missing." : ".");
+    }
+    if (formulaFaults_ > 0) {
+        text += (text.empty() ? "" : " ") + Counted(formulaFaults_, "formula") +
+                " of the book cannot be computed; the values stay as they are.";
+    }
+    return text;
 }
 
 std::string BookReport::List(std::size_t most) const {
     std::string list;
     for (std::size_t i = 0; i < std::min(most, faults_.size()); ++i) {
         const BookFault& fault = faults_[i];
-        list += (i == 0 ? "" : "\n") + std::string(Describe(fault.table).name) + ", row " + std::to_string(fault.row) +
-                ", field " + std::string(fault.field) + ": " + fault.what;
+        list += (i == 0 ? "" : "\n") + std::string(Describe(fault.table).name) +
+                (fault.row == 0 ? "" : ", row " + std::to_string(fault.row) + ", field " + std::string(fault.field)) +
+                ": " + fault.what;
     }
     return faults_.size() > most ? list + "\nand " + std::to_string(faults_.size() - most) + " more" : list;
 }

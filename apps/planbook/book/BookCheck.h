@@ -13,10 +13,10 @@
 
 namespace planbook {
 
-/// A field of a book that a view cannot read.
+/// A field of a book that a view cannot read, or a formula that cannot be computed.
 struct BookFault {
     BookTable table;
-    std::int32_t row;  ///< from 1, in the order of the file's rows
+    std::int32_t row;  ///< from 1, in the order of the file's rows; 0 where several are concerned
     std::string_view field;
     std::string what;  ///< what stands there and what becomes of it: "n/a" is no number; the cell is shown empty
     bool losesValues;  ///< figures or captions are missing, and not only a look
@@ -27,6 +27,8 @@ class BookReport {
 public:
     [[nodiscard]] bool IsWhole() const noexcept { return faults_.empty(); }
     [[nodiscard]] bool LosesValues() const noexcept;
+    /// A row of FORMULAS, from 1, that computes nothing or not what it should; 0 where several are concerned.
+    void AddFormulaFault(std::int32_t row, std::string what);
     /// Whether the file's rows of this table are other ones than those shown.
     [[nodiscard]] bool Concerns(BookTable table) const noexcept;
     [[nodiscard]] const std::vector<BookFault>& Faults() const noexcept { return faults_; }
@@ -44,6 +46,7 @@ public:
 private:
     friend class BookCheck;
     std::vector<BookFault> faults_;
+    std::size_t formulaFaults_ = 0;
     std::array<std::vector<std::size_t>, BookTableCount> leftOut_;
 };
 

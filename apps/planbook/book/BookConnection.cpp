@@ -207,6 +207,9 @@ void BookConnection::CheckKinds() const {
 }
 
 void BookConnection::CheckTable(const TableDescription& table, std::int32_t version) const {
+    if (table.since > version) {
+        return;
+    }
     const std::string name(table.name);
     const QSqlRecord columns = Database().record(ToQt(table.name));
     if (columns.isEmpty()) {
@@ -267,6 +270,14 @@ BookTransaction::~BookTransaction() {
 void BookTransaction::Commit() {
     connection_.Run(work_, "COMMIT");
     committed_ = true;
+}
+
+QString SqlTable(const TableDescription& table) {
+    QString columns = Quoted(RowNumberField) + " INTEGER PRIMARY KEY";
+    for (const FieldDescription& field : table.fields) {
+        columns += ", " + SqlColumn(field);
+    }
+    return "CREATE TABLE " + Quoted(table.name) + " (" + columns + ")";
 }
 
 QString SqlColumn(const FieldDescription& field) {

@@ -37,7 +37,7 @@ public:
     /// Throws unless the tables of the schema are ordinary tables or missing: a view in the place of one calculates for
     /// as long as its maker likes.
     void CheckKinds() const;
-    /// Throws unless the table is there with all the fields that a book of this version has.
+    /// Throws unless the table is there with all the fields that a book of this version has; that has no later tables.
     void CheckTable(const TableDescription& table, std::int32_t version) const;
 
     [[noreturn]] void Fail(Work work, const QSqlError& error) const;
@@ -91,6 +91,9 @@ private:
 
 /// A field as CREATE TABLE and ALTER TABLE name it.
 [[nodiscard]] QString SqlColumn(const FieldDescription& field);
+
+/// The statement that makes the table.
+[[nodiscard]] QString SqlTable(const TableDescription& table);
 
 /// A name in an SQL statement.
 [[nodiscard]] QString Quoted(std::string_view name);

@@ -95,6 +95,9 @@ constexpr Field MacroRec[] = {
     {"VALUE", Text, 2},   {"COLUMN_NAME", Text, 2}, {"LINE_NAME", Text, 2},
 };
 
+constexpr Field Formulas[] = {
+    {"TARGET", Text, 4}, {"FORMULA", Text, 4}, {"SOLVE_ORDER", Integer, 4}, {"ENTRY", Text, 4}};
+
 // GRID_TREE is held by the control, which reads no field of it.
 constexpr std::span<const Field> NoFields;
 
@@ -116,6 +119,7 @@ constexpr std::array<TableDescription, BookTableCount> Schema = {{
     {BookTable::GridMenu, "GRIDMENU", Menu},
     {BookTable::CellMenu, "CELLMENU", Menu},
     {BookTable::MacroRec, "MACROREC", MacroRec},
+    {BookTable::Formulas, "FORMULAS", Formulas, 4},
 }};
 
 constexpr std::array<BookTable, BookTableCount> TablesInOrder() {

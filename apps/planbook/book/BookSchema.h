@@ -9,7 +9,7 @@
 
 namespace planbook {
 
-/// The seventeen tables of a book, in the order of BookSchema().
+/// The tables of a book, in the order of BookSchema().
 enum class BookTable : std::uint8_t {
     GridAttr,
     ColsIndex,
@@ -27,10 +27,11 @@ enum class BookTable : std::uint8_t {
     RowMenu,
     GridMenu,
     CellMenu,
-    MacroRec
+    MacroRec,
+    Formulas
 };
 
-inline constexpr std::size_t BookTableCount = 17;
+inline constexpr std::size_t BookTableCount = 18;
 
 /// How a field is kept in the file. Text, Integer and Real are what the field normally holds; Any is kept exactly as
 /// it was put, because the user may enter numbers and texts there.
@@ -46,6 +47,7 @@ struct TableDescription {
     BookTable table;
     std::string_view name;
     std::span<const FieldDescription> fields;
+    std::int32_t since = 1;  ///< the book version that it came with
 };
 
 /// Every table has this field beside its own: the row's number, from 1. It orders the rows and is the primary key.
@@ -56,8 +58,9 @@ inline constexpr std::int32_t MaxTableRows = 32767;
 
 /// "PlBk" in the file's header tells a book from other SQLite files.
 inline constexpr std::int32_t BookApplicationId = 0x506C426B;
-/// Goes up with every change of the schema. 2: the fields of macros and of their recording.
-inline constexpr std::int32_t BookVersion = 3;
+/// Goes up with every change of the schema. 2: the fields of macros and of their recording; 3: the order of moved
+/// columns and rows; 4: FORMULAS.
+inline constexpr std::int32_t BookVersion = 4;
 
 [[nodiscard]] std::span<const TableDescription, BookTableCount> BookSchema() noexcept;
 [[nodiscard]] const TableDescription& Describe(BookTable table) noexcept;

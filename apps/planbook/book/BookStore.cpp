@@ -12,6 +12,7 @@
 
 #include "book/BookConnection.h"
 #include "book/BookError.h"
+#include "book/BookFormulas.h"
 #include "book/BookSnapshot.h"
 #include "book/BookUpgrade.h"
 #include "book/BookWriter.h"
@@ -25,14 +26,6 @@ using Access = BookConnection::Access;
 using Work = BookConnection::Work;
 
 namespace {
-
-QString CreateStatement(const TableDescription& table) {
-    QString columns = Quoted(RowNumberField) + " INTEGER PRIMARY KEY";
-    for (const FieldDescription& field : table.fields) {
-        columns += ", " + SqlColumn(field);
-    }
-    return "CREATE TABLE " + Quoted(table.name) + " (" + columns + ")";
-}
 
 /// Fields that came after the book's version hold nothing.
 QString SelectStatement(const TableDescription& table, std::int32_t version) {
@@ -134,7 +127,7 @@ BookStore BookStore::Create(const std::filesystem::path& file) {
     connection->Run(Work::Write, QString("PRAGMA application_id = %1").arg(BookApplicationId));
     connection->Run(Work::Write, QString("PRAGMA user_version = %1").arg(BookVersion));
     for (const TableDescription& table : BookSchema()) {
-        connection->Run(Work::Write, CreateStatement(table));
+        connection->Run(Work::Write, SqlTable(table));
     }
     transaction.Commit();
     newFile.Keep();
@@ -142,14 +135,21 @@ BookStore BookStore::Create(const std::filesystem::path& file) {
 }
 
 Book BookStore::Load() {
-    Book book;
     report_ = {};
     const BookConnection::StepLimit limit(*connection_);
     // One transaction, so that all tables are of the same moment.
     const BookTransaction moment(*connection_, Work::Read);
-    const std::int32_t version = VersionOf(*connection_);
     loaded_.counter = connection_->ChangeCounter();
+    return ReadTables();
+}
+
+Book BookStore::ReadTables() const {
+    Book book;
+    const std::int32_t version = VersionOf(*connection_);
     for (const TableDescription& description : BookSchema()) {
+        if (description.since > version) {
+            continue;
+        }
         MemoryTable& table = book[description.table];
         QSqlQuery rows = connection_->Run(Work::Read, SelectStatement(description, version));
         while (rows.next()) {
@@ -194,9 +194,25 @@ std::vector<CellConflict> BookStore::Write(const BookChanges& changes) {
     BookTransaction transaction(*connection_, Work::Write);
     std::vector<CellConflict> conflicts = WriteChanges(*connection_, ForFile(changes));
     if (conflicts.empty()) {
+        if (IsChangedElsewhere()) {
+            ComputeAgain();  // the computed values here do not know of the others' changes
+        }
         transaction.Commit();
     }
     return conflicts;
+}
+
+void BookStore::ComputeAgain() const {
+    QSqlQuery formulas = connection_->Run(Work::Write, "SELECT 1 FROM FORMULAS LIMIT 1");
+    if (!formulas.next()) {
+        return;
+    }
+    formulas.finish();
+    const Book book = ReadTables();
+    static_cast<void>(MakeReadable(book));
+    if (const std::vector<CellEdit> edits = Recompute(book); !edits.empty()) {
+        static_cast<void>(WriteChanges(*connection_, {edits, {}, {}}));
+    }
 }
 
 bool BookStore::WriteUnlessChanged(const BookChanges& changes) {
@@ -244,6 +260,7 @@ bool BookStore::EndPendingChanges(OldValues what) {
     }
     if (what == OldValues::PutBack) {
         PutOldValuesBack(*connection_);
+        ComputeAgain();
     } else {
         ForgetOldValues(*connection_);
     }

@@ -46,7 +46,8 @@ public:
     /// the rows that stay.
     void Save(const Book& book, std::span<const BookTable> tables);
 
-    /// Writes the changes in one transaction, or nothing when there are conflicts.
+    /// Writes the changes in one transaction, or nothing when there are conflicts. Where others have changed the book
+    /// since it was loaded, what its formulas compute is computed again from what the file holds then.
     [[nodiscard]] std::vector<CellConflict> Write(const BookChanges& changes);
     /// The same, but writes nothing and answers false when somebody else has changed the book since it was loaded.
     [[nodiscard]] bool WriteUnlessChanged(const BookChanges& changes);
@@ -69,6 +70,9 @@ public:
 private:
     BookStore(std::unique_ptr<BookConnection> connection, std::filesystem::path file, bool readOnly);
 
+    [[nodiscard]] Book ReadTables() const;
+    /// Part of a transaction: makes what formulas compute fit the leaves in the file.
+    void ComputeAgain() const;
     /// The changes by the rows of the file.
     [[nodiscard]] BookChanges ForFile(const BookChanges& changes) const;
 

@@ -22,8 +22,12 @@ struct NewEntry {
 constexpr std::array<NewEntry, 2> NewEntries = {{{BookTable::RowMenu, HostCommand::RaiseLine, RaiseText, 2},
                                                  {BookTable::CellMenu, HostCommand::RaiseCells, RaiseText, 2}}};
 
-void AddFields(const BookConnection& connection, std::int32_t version) {
+void AddTablesAndFields(const BookConnection& connection, std::int32_t version) {
     for (const TableDescription& table : BookSchema()) {
+        if (table.since > version) {
+            connection.Run(Work::Write, SqlTable(table));
+            continue;
+        }
         for (const FieldDescription& field : table.fields) {
             if (field.since > version) {
                 connection.Run(Work::Write, "ALTER TABLE " + Quoted(table.name) + " ADD COLUMN " + SqlColumn(field));
@@ -67,7 +71,7 @@ void BringUp(const BookConnection& connection) {
     if (version >= BookVersion) {
         return;
     }
-    AddFields(connection, version);
+    AddTablesAndFields(connection, version);
     AddEntries(connection, version);
     connection.Run(Work::Write, QString("PRAGMA user_version = %1").arg(BookVersion));
     transaction.Commit();

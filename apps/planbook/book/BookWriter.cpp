@@ -151,7 +151,7 @@ std::vector<CellConflict> WriteCells(const BookConnection& connection, const std
         if (isPlanned && !IsCellValue(found.value)) {
             found.value = Variant();  // as it was shown
         }
-        if (!SameValue(found.value, edit.before) && !SameValue(found.value, edit.after)) {
+        if (!edit.computed && !SameValue(found.value, edit.before) && !SameValue(found.value, edit.after)) {
             conflicts.push_back({edit.cell, edit.after, found.value});
         } else if (!found.row) {
             tab.Append(edit.cell, edit.after);

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <set>
+#include <string>
 #include <utility>
 
 #include "book/CellValue.h"
@@ -39,12 +41,19 @@ std::int32_t NumberIn(const MemoryTable& table, std::int32_t row, const char* fi
     return static_cast<std::int32_t>(NumberOf(table.Value(row, field)).value_or(0));
 }
 
+/// Without those that are computed: a total over time is no period of its own.
 std::vector<std::int32_t> PeriodsOf(const Book& book, bool hiddenToo) {
     const MemoryTable& table = book[BookTable::ColsIndex];
+    const MemoryTable& formulas = book[BookTable::Formulas];
+    std::set<std::string> computed;
+    for (std::int32_t row = 1; row <= formulas.RowCount(); ++row) {
+        computed.insert(formulas.Value(row, "TARGET").AsText());
+    }
     std::vector<std::int32_t> periods;
     for (std::int32_t row = 1; row <= table.RowCount(); ++row) {
-        if (hiddenToo || !IsSet(table, row, "COL_HIDDEN")) {
-            periods.push_back(NumberIn(table, row, "COLUMN"));
+        const std::int32_t period = NumberIn(table, row, "COLUMN");
+        if ((hiddenToo || !IsSet(table, row, "COL_HIDDEN")) && !computed.contains("COL" + std::to_string(period))) {
+            periods.push_back(period);
         }
     }
     return periods;

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "book/BookError.h"
+#include "book/BookFormulas.h"
 #include "exchange/SpreadsheetObject.h"
 
 namespace planbook {
@@ -19,14 +20,17 @@ std::string WorkbookMark(const BookReport& report) {
 }
 
 WorkbookExchange::WorkbookExchange(const std::filesystem::path& book)
-    : file_(std::filesystem::absolute(book)), store_(BookStore::Open(file_)), book_(store_.LoadReadable()) {
+    : file_(std::filesystem::absolute(book)),
+      store_(BookStore::Open(file_)),
+      book_(store_.LoadReadable()),
+      report_(store_.Report()),
+      asRead_(book_) {
     RegisterSpreadsheet(objects_);
     view_ = std::make_unique<PlanView>(planview::Platform{.objects = &objects_});
-    for (const TableDescription& table : BookSchema()) {
-        view_->SetTable(table.name, book_.Share(table.table));
-    }
+    GiveTables(*view_, book_);
     view_->DP_Import_Attribute();
     view_->DP_Import_Create();
+    AddFormulaFaults(*view_, report_);
 }
 
 int WorkbookExchange::Periods() const {
@@ -61,10 +65,13 @@ UploadPreview WorkbookExchange::Preview(const std::filesystem::path& workbook) {
 }
 
 UploadResult WorkbookExchange::Apply(const UploadPreview& preview) {
-    // Taken now: building the view has written keys into the tables, which is no change of the user's.
-    const BookSnapshot before(book_);
     const UploadResult result = view_->Exchange().ApplyUpload(preview);
-    BookChanges changes = before.ChangesIn(book_);
+    if (result.changed == 0) {
+        return result;
+    }
+    BookChanges changes = asRead_.ChangesIn(book_);
+    MarkComputed(*view_, changes);
+    // Building the view has written keys into the other tables, which is no change of the user's.
     std::erase_if(changes.tables, [](const TableEdits& edits) {
         return edits.table != BookTable::Tab && edits.table != BookTable::TabOld;
     });

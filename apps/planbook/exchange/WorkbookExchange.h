@@ -30,8 +30,9 @@ public:
     /// Applies what is not refused and writes it into the book, in one transaction.
     planview::UploadResult Apply(const planview::UploadPreview& preview);
 
-    /// What of the book could not be read and is missing in the view. A download carries a mark then.
-    [[nodiscard]] const BookReport& Report() const noexcept { return store_.Report(); }
+    /// What of the book could not be read and is missing in the view, and the formulas that cannot be computed. A
+    /// download carries a mark then.
+    [[nodiscard]] const BookReport& Report() const noexcept { return report_; }
 
     [[nodiscard]] int Periods() const;
     [[nodiscard]] int Lines() const;
@@ -40,6 +41,8 @@ private:
     std::filesystem::path file_;
     BookStore store_;
     Book book_;
+    BookReport report_;
+    BookSnapshot asRead_;
     planview::ObjectRegistry objects_;
     std::unique_ptr<planview::PlanView> view_;
 };

@@ -9,7 +9,6 @@
 
 #include "book/HostCommands.h"
 #include "import/MacroRows.h"
-#include "import/Periods.h"
 #include "import/PlannedLines.h"
 
 namespace planbook {
@@ -94,8 +93,13 @@ int NumberWidth(double number, int decimals) {
 /// Fills the tables of a book, one function per table or per side of the grid.
 class Builder {
 public:
-    Builder(const SourceTable& source, const NamesFile& names)
-        : source_(source), names_(names), axis_(DescribePeriods(source.periods)), lines_(PlanLines(source, names)) {
+    Builder(const SourceTable& source, const NamesFile& names, const std::vector<PlannedColumn>& columns)
+        : source_(source), names_(names), columns_(columns), lines_(PlanLines(source, names)) {
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            if (columns_[i].period) {
+                columnOf_.push_back(static_cast<std::int32_t>(i) + 1);
+            }
+        }
         for (const PlannedLine& line : lines_) {
             hasUnits_ = hasUnits_ || !line.name.unit.empty();
         }
@@ -164,36 +168,42 @@ private:
     /// 0 leaves the view at its beginning.
     [[nodiscard]] int FirstColumn() const {
         const auto found = std::find(source_.periods.begin(), source_.periods.end(), names_.openAt);
-        return found == source_.periods.end() ? 0 : static_cast<int>(found - source_.periods.begin()) + 1;
+        return found == source_.periods.end() ? 0
+                                              : columnOf_[static_cast<std::size_t>(found - source_.periods.begin())];
     }
 
     void AddColumns() {
         const int width = FittingWidth(WidestCell(), CellMargins, ColumnWidths);
-        for (std::size_t i = 0; i < axis_.captions.size(); ++i) {
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
             NewRow(book_[BookTable::ColsIndex])
                 .Put("GRID_ID", "")
                 .Put("COLUMN", static_cast<std::int32_t>(i) + 1)
-                .Put("PERDY", axis_.captions[i])
+                .Put("PERDY", columns_[i].caption)
                 .Put("COL_WIDTH", width)
                 .Put("COL_HEIGHT", HeadingHeight)
                 .Put("BITMAP", "")
                 .Put("BMP_ALIGN", Align::Right)
                 .Put("COL_HIDDEN", "")
                 .Put("COL_MARKED", "")
-                .Put("SHOW_CHART", IsCharted(i) ? Set : "")
+                .Put("SHOW_CHART", columns_[i].period && IsCharted(*columns_[i].period) ? Set : "")
                 .Put("CHART_ID", 0)
                 .Put("CHART_TYPE", 0);
         }
     }
 
     [[nodiscard]] int WidestCell() const {
+        constexpr double MostInTotal = 12;
         int widest = 0;
-        for (const std::string& caption : axis_.captions) {
-            widest = std::max(widest, TextWidth(caption));
+        bool totals = false;
+        for (const PlannedColumn& column : columns_) {
+            widest = std::max(widest, TextWidth(column.caption));
+            totals = totals || !column.period;
         }
         for (const PlannedLine& line : lines_) {
             for (const std::optional<double>& value : *line.values) {
                 widest = std::max(widest, value ? NumberWidth(*value, line.decimals) : 0);
+                // The total of a year has a digit or two more.
+                widest = std::max(widest, value && totals ? NumberWidth(*value * MostInTotal, line.decimals) : 0);
             }
         }
         return widest;
@@ -250,30 +260,30 @@ private:
 
     void AddCells() {
         for (std::size_t line = 0; line < lines_.size(); ++line) {
-            for (std::size_t column = 0; column < lines_[line].values->size(); ++column) {
-                if (const std::optional<double> value = (*lines_[line].values)[column]) {
+            for (std::size_t period = 0; period < lines_[line].values->size(); ++period) {
+                if (const std::optional<double> value = (*lines_[line].values)[period]) {
                     NewRow(book_[BookTable::Tab])
                         .Put("Z", static_cast<std::int32_t>(line) + 1)
-                        .Put("C", static_cast<std::int32_t>(column) + 1)
+                        .Put("C", columnOf_[period])
                         .Put("V", *value);
                     if (*value < 0) {
-                        AddNegative(line, column, *value);
+                        AddNegative(line, columnOf_[period], *value);
                     }
                 }
             }
         }
     }
 
-    void AddNegative(std::size_t line, std::size_t column, double value) {
+    void AddNegative(std::size_t line, std::int32_t column, double value) {
         NewRow(book_[BookTable::CellAttr])
-            .Put("COLUMN", static_cast<std::int32_t>(column) + 1)
+            .Put("COLUMN", column)
             .Put("LINE", static_cast<std::int32_t>(line) + 1)
             .Put("BGCOLOR", White)
             .Put("FGCOLOR", LightRed)
             .Put("BITMAP", "")
             .Put("BMP_ALIGN", Align::Right)
-            .Put("TOOLTIP",
-                 lines_[line].name.label + ", " + axis_.captions[column] + ": " + GridNumber(value) + " (negative)");
+            .Put("TOOLTIP", lines_[line].name.label + ", " + columns_[static_cast<std::size_t>(column) - 1].caption +
+                                ": " + GridNumber(value) + " (negative)");
     }
 
     /// A fixed cell; `columnSide` and `lineSide` say of which side its column and its row are.
@@ -321,13 +331,14 @@ private:
     void AddCorner() { AddFixedCell(LeftSide, 0, TopSide, 0, names_.title, Align::Left); }
 
     void AddYears() {
-        if (std::all_of(axis_.years.begin(), axis_.years.end(), [](const std::string& year) { return year.empty(); })) {
+        if (std::all_of(columns_.begin(), columns_.end(),
+                        [](const PlannedColumn& column) { return column.year.empty(); })) {
             return;
         }
         AddFixedLine(TopSide);
-        for (std::size_t i = 0; i < axis_.years.size(); ++i) {
-            if (!axis_.years[i].empty()) {
-                AddFixedCell(Planning, i + 1, TopSide, 1, axis_.years[i], Align::Left);
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            if (!columns_[i].year.empty()) {
+                AddFixedCell(Planning, i + 1, TopSide, 1, columns_[i].year, Align::Left);
             }
         }
     }
@@ -375,8 +386,8 @@ private:
         AddFixedLine(BottomSide);
         AddFixedCell(LeftSide, 0, BottomSide, 1, "Source", Align::Left).Put("TOOLTIP", names_.source);
         // Once per year, so that it can be read wherever the view stands.
-        for (std::size_t i = 0; i < axis_.years.size(); ++i) {
-            if (i == 0 || !axis_.years[i].empty()) {
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            if (i == 0 || !columns_[i].year.empty()) {
                 AddFixedCell(Planning, i + 1, BottomSide, 1, names_.source, Align::Left).Put("TOOLTIP", names_.source);
             }
         }
@@ -417,7 +428,10 @@ private:
     }
 
     void AddMacros() {
-        MacroPlaces places{{}, source_.periods, axis_.captions};
+        MacroPlaces places{{}, source_.periods, {}, columnOf_};
+        for (const std::int32_t column : columnOf_) {
+            places.captions.push_back(columns_[static_cast<std::size_t>(column) - 1].caption);
+        }
         for (const PlannedLine& line : lines_) {
             places.lines.push_back(line.name);
         }
@@ -444,7 +458,8 @@ private:
 
     const SourceTable& source_;
     const NamesFile& names_;
-    PeriodAxis axis_;
+    const std::vector<PlannedColumn>& columns_;
+    std::vector<std::int32_t> columnOf_;  // by period of the source
     std::vector<PlannedLine> lines_;
     bool hasUnits_ = false;
     Book book_;
@@ -452,8 +467,8 @@ private:
 
 }  // namespace
 
-Book BuildBook(const SourceTable& source, const NamesFile& names) {
-    return Builder(source, names).Build();
+Book BuildBook(const SourceTable& source, const NamesFile& names, const std::vector<PlannedColumn>& columns) {
+    return Builder(source, names, columns).Build();
 }
 
 }  // namespace planbook

@@ -3,8 +3,10 @@
 
 #include <QFileInfo>
 #include <QString>
+#include <iterator>
 #include <string>
 #include <system_error>
+#include <utility>
 
 #include <planview/AutomationObject.h>
 #include <planview/SaveBeside.h>
@@ -133,6 +135,28 @@ NamesFile ReadNames(const ImportRequest& request, const SourceTable& source) {
     return names;
 }
 
+/// Those of the names file, then the totals over time.
+std::vector<FormulaText> FormulasOf(const ImportRequest& request, const NamesFile& names,
+                                    const std::vector<PlannedColumn>& columns) {
+    std::vector<FormulaText> formulas = names.formulas;
+    if (!request.totals.Any()) {
+        return formulas;
+    }
+    if (request.names) {
+        Faults faults;
+        CheckTotalsAgainst(names, faults);
+        faults.Throw(request.names->string());
+    }
+    std::vector<FormulaText> totals = TotalFormulas(columns);
+    if (totals.empty()) {
+        throw BookError("Nothing was imported: the periods of \"" + request.source.string() +
+                        "\" are no dates or months such as 2008-01, so that there are no quarters and years to add "
+                        "up. Leave out --totals, or write the periods so.");
+    }
+    formulas.insert(formulas.end(), std::make_move_iterator(totals.begin()), std::make_move_iterator(totals.end()));
+    return formulas;
+}
+
 }  // namespace
 
 ImportResult ImportBook(const ImportRequest& request) {
@@ -143,8 +167,18 @@ ImportResult ImportBook(const ImportRequest& request) {
     const SourceTable source =
         ReadSourceTable(ReadTextFile(request.source, "table of numbers"), request.decimalMark, faults);
     faults.Throw(request.source.string());
-    const Book book = BuildBook(source, ReadNames(request, source));
+    const NamesFile names = ReadNames(request, source);
+    const std::vector<PlannedColumn> columns = PlanColumns(source.periods, request.totals);
+    const std::vector<FormulaText> formulas = FormulasOf(request, names, columns);
+    const Book book = BuildBook(source, names, columns);
     CheckTables(request, source, book);
+    const int numbers = book[BookTable::Tab].RowCount();
+    Faults formulaFaults;
+    Contradictions contradictions = AddFormulaRows(book, source, columns, formulas, formulaFaults);
+    if (request.names) {
+        formulaFaults.Throw(request.names->string());
+    }
+    CheckTables(request, source, book);  // a computed cell takes a row, too
     CheckReadable(request, book);
 
     const auto write = [&](const fs::path& beside) {
@@ -159,8 +193,8 @@ ImportResult ImportBook(const ImportRequest& request) {
         Refuse(request.book, error.what());
     }
 
-    return {static_cast<int>(source.periods.size()), static_cast<int>(source.lines.size()),
-            book[BookTable::Tab].RowCount()};
+    return {static_cast<int>(source.periods.size()), static_cast<int>(source.lines.size()), numbers,
+            std::move(contradictions)};
 }
 
 }  // namespace planbook

@@ -5,6 +5,8 @@
 #include <optional>
 
 #include "import/CsvNumbers.h"
+#include "import/FormulaRows.h"
+#include "import/PlannedColumns.h"
 
 namespace planbook {
 
@@ -15,12 +17,14 @@ struct ImportRequest {
     DecimalMark decimalMark = DecimalMark::Automatic;
     /// Whether an existing book may be replaced. Any other existing file is never replaced.
     bool force = false;
+    PeriodTotals totals{};
 };
 
 struct ImportResult {
     int periods = 0;
     int lines = 0;
-    int cells = 0;
+    int cells = 0;  ///< of the table of numbers that are not empty
+    Contradictions contradictions;
 };
 
 /// Makes a book from a table of numbers. The book is written beside its place and moved there when it is complete.

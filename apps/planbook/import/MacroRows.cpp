@@ -38,7 +38,8 @@ public:
             const std::string& from = places_.captions[first];
             const std::string& to = places_.captions[last];
             AddNode(key + "_" + std::to_string(++number), key,
-                    {"M_ATTRIBUTE", "PERIODS=COL" + std::to_string(first + 1) + ":COL" + std::to_string(last + 1)},
+                    {"M_ATTRIBUTE", "PERIODS=COL" + std::to_string(places_.columns[first]) + ":COL" +
+                                        std::to_string(places_.columns[last])},
                     "Periods " + from + " to " + to, from + "|" + to);
         }
         AddExpression(macro.target, key, key, number);

@@ -13,9 +13,10 @@ namespace planbook {
 
 /// What the names in a macro stand for in the book.
 struct MacroPlaces {
-    std::vector<LineName> lines;               ///< in the order of the book
-    const std::vector<std::string>& periods;   ///< as the source has them
-    const std::vector<std::string>& captions;  ///< as the book shows them
+    std::vector<LineName> lines;              ///< in the order of the book
+    const std::vector<std::string>& periods;  ///< as the source has them
+    std::vector<std::string> captions;        ///< as the book shows them
+    std::vector<std::int32_t> columns;        ///< their columns
 };
 
 /// Fills MACRO_TREE: the folder "Macros" with these macros and, last, the folder for recordings. Names that stand for

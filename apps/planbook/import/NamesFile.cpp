@@ -36,7 +36,7 @@ public:
     }
 
 private:
-    enum class Section { None, Book, Chart, Lines, Macros };
+    enum class Section { None, Book, Chart, Lines, Formulas, Macros };
 
     void ReadLine(std::string_view text) {
         if (text.empty() || text.front() == '#') {
@@ -67,12 +67,16 @@ private:
             case Section::Lines:
                 ReadLineName(name, value);
                 break;
+            case Section::Formulas:
+                names_.formulas.push_back(ReadFormulaText(name, value, line_, faults_));
+                break;
             case Section::Macros:
                 names_.macros.push_back(ReadMacroText(name, value, line_, faults_));
                 break;
             case Section::None:
                 faults_.Add(line_, 0,
-                            "this stands before the first section; begin with [book], [chart], [lines] or [macros]");
+                            "this stands before the first section; begin with [book], [chart], [lines], [formulas] or "
+                            "[macros]");
                 break;
         }
     }
@@ -85,11 +89,14 @@ private:
             names_.chart.shown = true;
         } else if (text == "[lines]") {
             section_ = Section::Lines;
+        } else if (text == "[formulas]") {
+            section_ = Section::Formulas;
         } else if (text == "[macros]") {
             section_ = Section::Macros;
         } else {
-            faults_.Add(line_, 0,
-                        "unknown section " + Shown(text) + "; there are [book], [chart], [lines] and [macros]");
+            faults_.Add(
+                line_, 0,
+                "unknown section " + Shown(text) + "; there are [book], [chart], [lines], [formulas] and [macros]");
         }
     }
 

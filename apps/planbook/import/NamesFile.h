@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "import/Faults.h"
+#include "import/FormulaText.h"
 #include "import/MacroText.h"
 #include "import/SourceTable.h"
 
@@ -43,7 +44,7 @@ struct ChartNames {
 
 /// What a names file says about a table of numbers. Texts that it leaves out are empty.
 ///
-/// The file is UTF-8 text with up to four sections; a line that begins with "#" is a comment:
+/// The file is UTF-8 text with up to five sections; a line that begins with "#" is a comment:
 ///
 ///     [book]
 ///     title = US employment
@@ -60,6 +61,8 @@ struct ChartNames {
 ///     [lines]
 ///     goods_producing = Goods producing | help
 ///     construction = Construction | line | thousand | 1 | column
+///     [formulas]
+///     Goods producing = SUM(MEMBERS) | entry
 ///     [macros]
 ///     Raise by 5 % = SELECTED = SELECTED * 1.05 | 2015-01-01 : 2015-12-01
 ///
@@ -68,7 +71,8 @@ struct ChartNames {
 /// A line of the section of lines is: name in the source = label | kind | unit | indent | chart. Kind is line, total or
 /// help; chart is column, line, stacked-line or stacked-line-100 for a line that is in the chart. What is left out
 /// takes line, the book's unit, 0 and no chart. The lines of the book stand in this order; those of the source that the
-/// file does not name follow in their own. A macro is what ReadMacroText() reads.
+/// file does not name follow in their own. A formula is what ReadFormulaText() reads, a macro what ReadMacroText()
+/// does.
 struct NamesFile {
     std::string title;
     std::string unit;
@@ -76,6 +80,7 @@ struct NamesFile {
     std::string openAt;
     ChartNames chart;
     std::vector<LineName> lines;
+    std::vector<FormulaText> formulas;
     std::vector<MacroText> macros;
 };
 

@@ -109,6 +109,9 @@ PeriodAxis DescribePeriods(const std::vector<std::string>& periods) {
     for (std::size_t i = 0; i < dates->size(); ++i) {
         const std::chrono::year year = (*dates)[i].date.year();
         axis.captions.push_back(Caption((*dates)[i], asMonths));
+        constexpr int MonthsOfYear = 12;
+        axis.months.push_back(static_cast<int>(year) * MonthsOfYear +
+                              static_cast<int>(static_cast<unsigned>((*dates)[i].date.month())) - 1);
         if (i == 0 || year != (*dates)[i - 1].date.year()) {
             axis.years[i] = std::to_string(static_cast<int>(year));
         }

@@ -12,6 +12,8 @@ struct PeriodAxis {
     std::vector<std::string> captions;
     /// One text per period: the year above the first column of each year. Empty where the periods carry no months.
     std::vector<std::string> years;
+    /// One number per period, the same within a month and one more in the next. Empty where the periods are no dates.
+    std::vector<int> months;
 };
 
 /// Reads the periods as dates (2008-01-31) or months (2008-01) when all of them are of one kind; dates of different
