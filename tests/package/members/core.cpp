@@ -15,6 +15,7 @@
 #include <planview/Facet.h>
 #include <planview/Failure.h>
 #include <planview/FormulaProblem.h>
+#include <planview/FormulaReading.h>
 #include <planview/Macros.h>
 #include <planview/MemoryTable.h>
 #include <planview/ObjectRegistry.h>
@@ -167,7 +168,7 @@ void UseFacets(PlanView& view) {
            &Recording::Keep);
     Calculation calculation = view.Calculation();
     UseAll(calculation, &Calculation::SetFormulas, &Calculation::Formulas, &Calculation::IsComputed,
-           &Calculation::FormulaOf, &Calculation::Explain, &Calculation::Problems);
+           &Calculation::FormulaOf, &Calculation::Explain, &Calculation::Read, &Calculation::Problems);
     Diagnostics diagnostics = view.Diagnostics();
     UseAll(diagnostics, &Diagnostics::TraceIsOn, &Diagnostics::ShowTrace, &Diagnostics::LastBuild,
            &Diagnostics::AddFailureListener, &Diagnostics::RemoveFailureListener);
