@@ -200,7 +200,7 @@ std::vector<ComputedValue> GridCalculation::Follow(std::span<const CellKey> chan
     return computed;
 }
 
-SpreadValues GridCalculation::Spread(Cell total, double amount) const {
+SpreadValues GridCalculation::Spread(Cell total, double amount, SpreadMethod method, std::string_view profile) const {
     SpreadValues spread;
     const std::optional<PlanCell> place = PlaceOf(total);
     const std::optional<std::vector<WeightedLeaf>> weighted = place ? LeavesOf(*plan_, *place) : std::nullopt;
@@ -212,17 +212,22 @@ SpreadValues GridCalculation::Spread(Cell total, double amount) const {
     }
     const GridControl& grid = driver_.Grid();
     std::vector<SpreadLeaf> leaves;
+    std::vector<double> sizes;
+    const std::optional<RowId> profileRow = grid.FindRow(profile);
     for (const WeightedLeaf& leaf : *weighted) {
         const Cell cell = CellAt(leaf.cell);
         const FormulaValue value = plan_->At(leaf.cell);
         leaves.push_back({value.IsNumber() ? std::optional(value.number) : std::nullopt, leaf.weight, DecimalsOf(cell),
                           RefusalOf(grid, cell) != Refusal::None});
+        sizes.push_back(profileRow ? ValueIn({cell.column, *profileRow}).number : 0);
     }
-    const SpreadResult result = planview::Spread(leaves, amount, SpreadMethod::Proportional);
+    const SpreadResult result = planview::Spread(leaves, amount, method, sizes);
     if (result.refusal == SpreadRefusal::AllFixed) {
         spread.refusal = leaves.size() == 1
                              ? "The cell below this total cannot be changed."
                              : "All " + std::to_string(leaves.size()) + " cells below this total are read-only.";
+    } else if (result.refusal == SpreadRefusal::NoProfile) {
+        spread.refusal = "The other line holds nothing in these columns that the number could be spread by.";
     } else if (result.refusal != SpreadRefusal::None) {
         spread.refusal = "The number is too large to be spread over the cells below this total.";
     }

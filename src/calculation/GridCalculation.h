@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/SpreadMethod.h>
+
 #include "automation/TableSlots.h"
 #include "calculation/FormulaTable.h"
 #include "calculation/PlanCalculation.h"
@@ -40,7 +42,12 @@ public:
     [[nodiscard]] bool Computes() const override { return plan_ && !plan_->Formulas().empty(); }
     [[nodiscard]] bool IsComputed(Cell cell) const override;
     [[nodiscard]] std::vector<ComputedValue> Follow(std::span<const CellKey> changed) override;
-    [[nodiscard]] SpreadValues Spread(Cell total, double amount) const override;
+    [[nodiscard]] SpreadValues Spread(Cell total, double amount) const override {
+        return Spread(total, amount, SpreadMethod::Proportional, {});
+    }
+
+    /// The same by a method. `profile`: the key of the line that SpreadMethod::Profile goes by.
+    [[nodiscard]] SpreadValues Spread(Cell total, double amount, SpreadMethod method, std::string_view profile) const;
 
 private:
     [[nodiscard]] std::optional<PlanCell> PlaceOf(Cell cell) const;

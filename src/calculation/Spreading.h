@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include <planview/SpreadMethod.h>
+
 namespace planview {
 
 /// A cell below a total, as spreading sees it. A total is the sum of `weight * value` over its leaves: 1 for a sum,
@@ -15,16 +17,6 @@ struct SpreadLeaf {
     double weight = 1;
     int decimals = 0;    ///< of the numbers that the leaf takes, 0 to 12
     bool fixed = false;  ///< held or read-only: keeps its value
-};
-
-/// How an amount is laid on leaves.
-enum class SpreadMethod {
-    Proportional,  ///< by the size of what the leaves hold, evenly where they hold nothing
-    Equal,         ///< the same for each, so that the total is met
-    Repeat,        ///< the amount itself in each leaf; the total follows
-    Percent,       ///< each leaf raised by the amount in percent; the total follows
-    StraightLine,  ///< from the first leaf's value in equal steps, so that the total is met
-    Profile        ///< by the size of another line's values
 };
 
 /// Why an amount cannot be laid on the leaves.

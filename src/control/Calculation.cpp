@@ -4,6 +4,7 @@
 #include <planview/Calculation.h>
 
 #include "control/Guarded.h"
+#include "grid/CellRules.h"
 
 namespace planview {
 
@@ -50,6 +51,30 @@ std::string Calculation::Explain(const CellKey& cell) const {
         text = found ? context.grid.calculation.Explain(*found) : std::string();
     });
     return text;
+}
+
+std::string Calculation::Spread(const CellKey& total, double number, SpreadMethod method, std::string_view profile) {
+    std::string refusal = "Nothing can be changed now.";
+    Guarded(State(), Control, "Spread", [&](ControlContext& context) {
+        GridPart& grid = context.grid;
+        const std::optional<Cell> found = grid.control.FindCell(total);
+        if (context.shared.busy || !found) {
+            refusal = found ? refusal : "There is no such cell.";
+            return;
+        }
+        if (grid.control.IsReadOnly()) {
+            refusal = RefusalText(Refusal::TableReadOnly);
+            return;
+        }
+        const SpreadValues spread = grid.calculation.Spread(*found, number, method, profile);
+        std::vector<NewValue> values;
+        for (const auto& [cell, value] : spread.leaves) {
+            values.push_back({cell, value});
+        }
+        const BulkResult done = grid.valueEntry.ChangeCells(values);
+        refusal = spread.refusal.empty() ? done.reason : spread.refusal;
+    });
+    return refusal;
 }
 
 FormulaReading Calculation::Read(std::string_view target, std::string_view formula) const {

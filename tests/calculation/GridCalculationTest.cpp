@@ -117,6 +117,28 @@ TEST_F(GridCalculationTest, ATotalThatIsEnteredIsSpreadOverBothAxes) {
     EXPECT_FALSE(control->Editing().CanUndo());
 }
 
+TEST_F(GridCalculationTest, AHostSpreadsByAnyMethod) {
+    struct Case {
+        SpreadMethod method;
+        double number;
+        const char* goods;  ///< both cells below, in January
+    };
+    const Case cases[] = {{SpreadMethod::Equal, 50, "50 60 110 | 25 20 45 | 25 40 65"},
+                          {SpreadMethod::Repeat, 7, "14 60 74 | 7 20 27 | 7 40 47"},
+                          {SpreadMethod::Percent, 10, "44 60 104 | 11 20 31 | 33 40 73"},
+                          {SpreadMethod::StraightLine, 50, "50 60 110 | 10 20 30 | 40 40 80"}};
+    for (const Case& c : cases) {
+        EXPECT_EQ(control->Calculation().Spread({"COL1", "ROW1"}, c.number, c.method), "");
+        EXPECT_EQ(Shown().substr(0, std::string(c.goods).size()), c.goods);
+        control->Editing().Undo();
+        EXPECT_EQ(Shown(), AtFirst);
+    }
+    EXPECT_EQ(control->Calculation().Spread({"COL3", "ROW1"}, 160, SpreadMethod::Profile, "ROW2"), "");
+    EXPECT_EQ(Shown().substr(0, 36), "53,34 106,66 160 | 26,67 53,33 80 | ") << "by the months of construction";
+    EXPECT_NE(control->Calculation().Spread({"COL1", "ROW4"}, 1), "") << "a ratio is no sum";
+    EXPECT_NE(control->Calculation().Spread({"COL9", "ROW4"}, 1), "");
+}
+
 TEST_F(GridCalculationTest, WhatCannotBeEnteredIsRefusedInWords) {
     Type("COL1", "ROW4", "3");
     EXPECT_EQ(Shown(), AtFirst);

@@ -168,7 +168,8 @@ void UseFacets(PlanView& view) {
            &Recording::Keep);
     Calculation calculation = view.Calculation();
     UseAll(calculation, &Calculation::SetFormulas, &Calculation::Formulas, &Calculation::IsComputed,
-           &Calculation::FormulaOf, &Calculation::Explain, &Calculation::Read, &Calculation::Problems);
+           &Calculation::FormulaOf, &Calculation::Explain, &Calculation::Read, &Calculation::Spread,
+           &Calculation::Problems);
     Diagnostics diagnostics = view.Diagnostics();
     UseAll(diagnostics, &Diagnostics::TraceIsOn, &Diagnostics::ShowTrace, &Diagnostics::LastBuild,
            &Diagnostics::AddFailureListener, &Diagnostics::RemoveFailureListener);
