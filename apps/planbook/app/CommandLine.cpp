@@ -95,9 +95,16 @@ PeriodTotals ReadTotals(const QString& text) {
     return totals;
 }
 
-/// A number as it stands in a table of numbers, but without groups: there is nothing to tell "1.234" by.
+/// A number as it stands in a table of numbers, but without groups, and refused where it may be meant to have them.
 double ReadNumber(const QString& text) {
     static const QRegularExpression form("^[+-]?\\d+([.,]\\d+)?$");
+    static const QRegularExpression grouped("^([+-]?[1-9]\\d{0,2})[.,](\\d{3})$");
+    if (const QRegularExpressionMatch parts = grouped.match(text); parts.hasMatch()) {
+        const QString whole = parts.captured(1) + parts.captured(2);
+        const QString decimal = parts.captured(1) + "." + parts.captured(2);
+        Refuse(QString("--set: \"%1\" can be read as %2 and as %3; write %2 or %4")
+                   .arg(text, whole, decimal, decimal + "0"));
+    }
     bool isNumber = form.match(text).hasMatch();
     const double number = isNumber ? QString(text).replace(',', '.').toDouble(&isNumber) : 0;
     if (!isNumber) {
