@@ -4,6 +4,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include "qt/AssistiveTools.h"
+
 namespace planview {
 
 namespace {
@@ -92,6 +94,9 @@ void MacroPane::follow() {
     view_->follow();
     const QString hint = hasMacro ? QString() : tr("Select a macro in the tree, or make a new one.");
     const QString text = QString::fromStdString(editor().Message());
+    if (!text.isEmpty() && text != message_->text()) {
+        announce(*this, text);
+    }
     message_->setText(text.isEmpty() ? hint : text);
     message_->setVisible(!message_->text().isEmpty());
     message_->setProperty("problem", !text.isEmpty() && editor().MessageIsProblem());
