@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include <planview/Export.h>
 #include <planview/Platform.h>
 
 #include "components/GridControl.h"
@@ -17,7 +18,7 @@
 namespace planview {
 
 /// The selected cells as Copy() gives them to other programs; none where they do not form one block.
-[[nodiscard]] std::optional<ClipboardContents> ContentsOfSelection(const GridControl& grid);
+[[nodiscard]] PLANVIEW_EXPORT std::optional<ClipboardContents> ContentsOfSelection(const GridControl& grid);
 
 /// Copying, cutting, pasting, filling, deleting and raising of what is selected, as a spreadsheet does it. Everything
 /// that changes values does so as one bulk change through value entry; what is refused, and what is changed although it

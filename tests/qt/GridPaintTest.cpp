@@ -409,6 +409,8 @@ private slots:
         const QRect lastColumn(end - 70, line.top(), 60, line.height());
         const QRect atTheEdge(end - 6, line.top(), 4, line.height());
         GridFonts fonts(screen.view().font(), geometry.unit);
+        const PendingMarks pending;
+        const RowDots dots;
         const struct {
             const char* text;
             bool cut;
@@ -419,8 +421,8 @@ private slots:
             const QRgb under = ground(image, lastColumn);
             QVERIFY2((countInk(image, lastColumn, under) > 60) == row.cut, row.text);
             QVERIFY2(countInk(image, atTheEdge, under) == 0, row.text);
-            GridPainter painter({screen.grid(), geometry, GridTheme::light(), fonts, screen.view().bitmaps(),
-                                 PendingMarks(), RowDots(), true});
+            GridPainter painter(
+                {screen.grid(), geometry, GridTheme::light(), fonts, screen.view().bitmaps(), pending, dots, true});
             QVERIFY2(painter.isCut(note) == row.cut, row.text);
         }
     }
