@@ -17,16 +17,19 @@ void ValueEntry::SpreadTotal(Transaction& transaction, const NewValue& total, st
     const CellKey key = grid.KeyOf(total.cell);
     const Variant& value = total.value;
     const std::string* text = value.TextIf();
-    const std::optional<double> amount = text              ? TryParseNumber(*text)
-                                         : value.IsEmpty() ? std::nullopt
-                                                           : std::optional(value.AsDouble());
+    std::optional<double> amount;
+    if (text) {
+        amount = TryParseNumber(*text);
+    } else if (!value.IsEmpty()) {
+        amount = value.AsDouble();
+    }
     SpreadValues spread;
     if (const Refusal refusal = RefusalOf(grid, total.cell); refusal != Refusal::None) {
         spread.refusal = RefusalText(refusal);
     } else if (!amount) {
         spread.refusal = "A total takes a number, which is spread over its cells.";
     } else {
-        spread = parts_.computation->Spread(total.cell, *amount);
+        spread = parts_.computation->Spread(total.cell, amount.value_or(0));
     }
     // A block that has both a total and what it is made of means the latter.
     const bool hasLeaf = std::any_of(spread.leaves.begin(), spread.leaves.end(), [&](const auto& leaf) {

@@ -165,8 +165,9 @@ void Show(Popups& popups, frmMenu& menu, MainMenu which, const UserMenu* user, P
 void ShowColors(Popups& popups, frmMenu& menu, const ColorQuestion& question, PopupPlace place) {
     menu.ForgetPending();
     PopupMenu popup = menu.PopupOf(MainMenu::Colors);
-    const std::optional<std::int16_t> own = question.own ? std::optional(PaletteIndexOf(*question.own)) : std::nullopt;
-    const bool isOwn = own && question.present == own;
+    constexpr std::int16_t NoEntry = -1;
+    const std::int16_t own = question.own ? PaletteIndexOf(*question.own) : NoEntry;
+    const bool isOwn = question.own && question.present == own;
     std::string ownName;
     for (std::size_t i = 0; i < popup.entries.size(); ++i) {
         const std::int16_t index = modGrid::PaletteIndexOf(static_cast<int>(i));
