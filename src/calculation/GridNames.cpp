@@ -6,10 +6,14 @@
 namespace planview {
 
 GridNames::GridNames(const GridControl& grid, const HostTable& lineIndex)
-    : grid_(grid),
-      lines_(grid, PlaceAxis::Lines),
-      periods_(grid, PlaceAxis::Columns),
-      levels_(LineLevels(grid, lineIndex)) {}
+    : grid_(grid), lines_(grid, PlaceAxis::Lines), periods_(grid, PlaceAxis::Columns), lineIndex_(lineIndex) {}
+
+int GridNames::Level(int line) const {
+    if (levels_.empty()) {
+        levels_ = LineLevels(grid_, lineIndex_);
+    }
+    return levels_[static_cast<std::size_t>(line)];
+}
 
 int GridNames::Count(FormulaAxis axis) const {
     const PlaceRange planning = Of(axis).Planning();

@@ -23,7 +23,7 @@ public:
     [[nodiscard]] std::string Caption(FormulaAxis axis, int place) const override;
     [[nodiscard]] std::optional<int> Find(FormulaAxis axis, std::string_view key) const override;
     [[nodiscard]] bool IsTextLine(int line) const override;
-    [[nodiscard]] int Level(int line) const override { return levels_[static_cast<std::size_t>(line)]; }
+    [[nodiscard]] int Level(int line) const override;
 
 private:
     [[nodiscard]] const GridPlaces& Of(FormulaAxis axis) const noexcept {
@@ -33,7 +33,8 @@ private:
     const GridControl& grid_;
     GridPlaces lines_;
     GridPlaces periods_;
-    std::vector<int> levels_;
+    HostTable lineIndex_;
+    mutable std::vector<int> levels_;  // empty until needed: a formula that is only shown asks for none
 };
 
 }  // namespace planview

@@ -95,9 +95,9 @@ void ValueEntry::Enter(CellKeyView keys, const std::string& text, EditKind kind)
     if (place && parts_.computation && parts_.computation->IsComputed(*place)) {
         const NewValue total{*place, text};
         const BulkResult result = ChangeCells(std::span(&total, 1), {kind});
-        if (!result.totalRefused.empty()) {
+        if (!result.reason.empty()) {
             parts_.messageBoxes.Show(
-                {result.totalRefused, "Grid", MessageButtons::Ok, MessageIcon::Information, MessageAnswer::Ok});
+                {result.reason, "Grid", MessageButtons::Ok, MessageIcon::Information, MessageAnswer::Ok});
         }
         return;
     }
@@ -213,7 +213,14 @@ void ValueEntry::ChangeAll(Transaction& transaction, std::span<const NewValue> v
         }
     }
     FollowChanges(transaction);
-    const std::size_t entered = transaction.step.size();
+    EnteredCells entered;
+    if (!totals.empty()) {
+        for (const CellChange& change : transaction.step) {
+            if (const std::optional<Cell> cell = grid.FindCell(change.cell)) {
+                entered.emplace(cell->column.value, cell->row.value);
+            }
+        }
+    }
     for (const NewValue& total : totals) {
         if (grid.BuildVersion() == built) {
             SpreadTotal(transaction, total, entered, result);

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
+#include <utility>
 
 #include <planview/Platform.h>
 
@@ -60,8 +63,6 @@ struct BulkResult {
     int failed = 0;    ///< not stored because a table failed; the user has been told
     int readOnly = 0;  ///< refused: read-only cells, text lines and headings
     int noNumber = 0;  ///< refused: a text that is no number
-    /// Why the first total that took nothing did not, a sentence; empty where all did.
-    std::string totalRefused;
     /// The first refused cell, to be named to the user.
     std::optional<CellKey> firstRefused;
     std::string reason;  ///< why that was, a sentence
@@ -109,8 +110,11 @@ private:
     template <class Body>
     bool RunBulk(std::size_t count, bool withFixed, const Body& body);
     void ChangeAll(Transaction& transaction, std::span<const NewValue> values, BulkResult& result);
-    /// A computed cell that takes a number: its leaves do, unless one of them is among the first `entered` changes.
-    void SpreadTotal(Transaction& transaction, const NewValue& total, std::size_t entered, BulkResult& result);
+    /// The cells that an action has changed by itself, by the ids of column and row.
+    using EnteredCells = std::set<std::pair<std::int32_t, std::int32_t>>;
+    /// A computed cell that takes a number: its leaves do, unless one of them is among the cells that the action names
+    /// itself.
+    void SpreadTotal(Transaction& transaction, const NewValue& total, const EnteredCells& entered, BulkResult& result);
     /// Stores and shows what is computed from the values that the action has changed so far.
     void FollowChanges(Transaction& transaction);
     void StoreComputed(Transaction& transaction, const ComputedValue& computed);

@@ -12,7 +12,8 @@
 
 namespace planview {
 
-void ValueEntry::SpreadTotal(Transaction& transaction, const NewValue& total, std::size_t entered, BulkResult& result) {
+void ValueEntry::SpreadTotal(Transaction& transaction, const NewValue& total, const EnteredCells& entered,
+                             BulkResult& result) {
     const GridControl& grid = parts_.driver.Grid();
     const CellKey key = grid.KeyOf(total.cell);
     const Variant& value = total.value;
@@ -33,9 +34,7 @@ void ValueEntry::SpreadTotal(Transaction& transaction, const NewValue& total, st
     }
     // A block that has both a total and what it is made of means the latter.
     const bool hasLeaf = std::any_of(spread.leaves.begin(), spread.leaves.end(), [&](const auto& leaf) {
-        const CellKey leafKey = grid.KeyOf(leaf.first);
-        return std::any_of(transaction.step.begin(), transaction.step.begin() + static_cast<std::ptrdiff_t>(entered),
-                           [&](const CellChange& change) { return change.cell == leafKey; });
+        return entered.contains({leaf.first.column.value, leaf.first.row.value});
     });
     if (hasLeaf) {
         return;
@@ -46,7 +45,6 @@ void ValueEntry::SpreadTotal(Transaction& transaction, const NewValue& total, st
             result.firstRefused = key;
             result.reason = spread.refusal;
         }
-        result.totalRefused = result.totalRefused.empty() ? spread.refusal : result.totalRefused;
         return;
     }
     for (const auto& [cell, leaf] : spread.leaves) {
